@@ -1,0 +1,62 @@
+# SPDX-FileCopyrightText: the common_interfaces authors
+# SPDX-License-Identifier: MIT
+#
+# How every target of the tree is compiled, and the three functions that make targets.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+find_program(CI_CCACHE ccache)
+if(CI_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CI_CCACHE})
+endif()
+
+add_library(ci_compile_rules INTERFACE)
+target_compile_options(ci_compile_rules INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2
+  $<$<BOOL:${CI_WARNINGS_AS_ERRORS}>:-Werror>)
+# Results must not depend on whether the compiler fuses a multiplication with an addition.
+target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
+if(CI_SANITIZE)
+  set(ci_sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+  target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -O1 -fno-omit-frame-pointer)
+  target_link_options(ci_compile_rules INTERFACE ${ci_sanitizers})
+endif()
+
+# ci_add_objects(NAME SOURCES...): the object library of one folder.
+function(ci_add_objects name)
+  add_library(${name} OBJECT ${ARGN})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE ci_compile_rules)
+endfunction()
+
+# ci_add_library_folder(FOLDER SOURCES...): a folder of the library itself, as target FOLDER_objects.
+function(ci_add_library_folder folder)
+  ci_add_objects(${folder}_objects ${ARGN})
+  target_compile_definitions(${folder}_objects PRIVATE COMMON_INTERFACES_BUILD)
+  target_include_directories(${folder}_objects PRIVATE ${PROJECT_SOURCE_DIR}/include)
+  target_link_libraries(${folder}_objects PRIVATE astro utils)
+endfunction()
+
+# ci_add_companion(NAME SOURCES...): a companion library as objects and as a shared library.
+function(ci_add_companion name)
+  string(TOUPPER ${name} upper)
+  ci_add_objects(${name}_objects ${ARGN})
+  target_compile_definitions(${name}_objects PRIVATE ${upper}_BUILD)
+  target_include_directories(${name}_objects PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/include)
+  add_library(${name} SHARED)
+  add_library(common_interfaces::${name} ALIAS ${name})
+  target_link_libraries(${name} PRIVATE ${name}_objects ci_compile_rules)
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Positions and angles. All angles are in radians unless a name says otherwise; longitudes count from the first
+// axis towards the second, latitudes towards the third, in right-handed axes.
+#pragma once
+
+#include "astro/api.h"
+
+// A position. The distance is in astronomical units in memory; `distUnits` chooses how it is shown.
+struct SphCoor {
+  double dist = 0.0;            // astronomical units
+  double lon = 0.0;             // radians
+  double lat = 0.0;             // radians, -pi/2 to pi/2
+  unsigned char distUnits = 0;  // unit code: 0 m, 1 km, 2 10^3 km, 3 10^6 km, 4 au, 5 light year, 6 pc, 7 kpc
+  unsigned char coorSys = 0;    // coordinate-system code
+};
+
+// A direction of view.
+struct SphViewCoor {
+  double lon = 0.0;    // radians
+  double lat = 0.0;    // radians
+  double slope = 0.0;  // radians, the roll about the view axis
+  unsigned char flag = 0;
+};
+
+// An angle as degrees (or hours), minutes and seconds. Only the first field that is not zero carries a sign.
+struct M_DMSTag {
+  short degrees = 0;
+  short minutes = 0;
+  float seconds = 0.0f;
+};
+
+// What Rad2GMS and GMS2Rad count in.
+enum AngleMode : int {
+  kAngleDegrees = 0,        // 0 to 360 degrees
+  kAngleSignedDegrees = 2,  // latitude, declination
+  kAngleHours = 3           // 0 to 24 hours
+};
+
+// Splits an angle, rounded to 0.01 second before splitting, so that neither 60 seconds nor 60 minutes appear.
+// Modes 0 and 3 reduce the angle to one turn first; any other mode keeps the sign, and a negative angle carries
+// it on the first field that is not zero: -0.5 degrees is 0, -30, 0. An angle that is not finite gives 0, 0, 0;
+// degrees saturate at the range of short.
+ASTRO_API M_DMSTag Rad2GMS(double angle, int mode);
+
+// The inverse: a negative sign on any field makes the whole angle negative.
+ASTRO_API double GMS2Rad(const M_DMSTag& angle, int mode);
+
+// Splits a longitude (east positive) and a latitude for display: magnitudes, and the letters 'E' or 'W' and 'N'
+// or 'S' (east and north for zero). The longitude is reduced to -180 to 180 degrees first.
+ASTRO_API void LonLatForObjects(double lon, double lat, M_DMSTag& lonOut, char& lonLetter, M_DMSTag& latOut,
+                                char& latLetter);
+
+// Spherical to rectangular: v = r (cos lat cos lon, cos lat sin lon, sin lat), in the unit of r.
+ASTRO_API void sfp(double r, double lon, double lat, double v[3]);
+
+// The same from one record of three doubles: r, lon, lat.
+ASTRO_API void sfp1(const double spherical[3], double v[3]);
+
+// Rectangular to spherical, for a vector whose length r the caller knows: lon in [0, 2 pi), lat in [-pi/2, pi/2].
+// At the poles, and for r of 0, lon is 0; the quotient v[2] / r is clamped to [-1, 1].
+ASTRO_API void psf(const double v[3], double r, double& lon, double& lat);
+
+// Geodetic to rectangular on an ellipsoid of revolution: height above the ellipsoid, longitude and geodetic
+// latitude; `height`, `equatorialRadius` and the result share one unit. The flattening of the reference
+// ellipsoid WGS 84 is 1/298.257223563, its equatorial radius 6378.137 km.
+ASTRO_API void Plg2Plc(double height, double lon, double lat, double equatorialRadius, double flattening,
+                       double xyz[3]);

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Files as the application reads and writes them: MFile for bytes, MTextFile for lines.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "utils/api.h"
+#include "utils/debug.h"
+
+// std::fopen for a path in UTF-8, on every platform. Null when the file cannot be opened; the caller closes it.
+UTILS_API std::FILE* mm_fopen(const char* path, const char* mode);
+
+// A binary file of at most 2 GiB - 1. Not copyable; closed by the destructor. An object belongs to one thread.
+// Every operation on a file that is not open fails: false, 0 or -1.
+class UTILS_API MFile {
+ public:
+  static constexpr int kRead = 34;   // the file must exist
+  static constexpr int kWrite = 68;  // creates the file, and keeps what it holds; may read as well
+
+  MFile();
+  ~MFile();
+  MFile(const MFile&) = delete;
+  MFile& operator=(const MFile&) = delete;
+
+  // Opens `path` (a resolved path, not a logical one) with the position at its start. An open file is closed
+  // first. False, without a message, for a missing file, a folder, an unknown mode, null and "".
+  bool Open(const char* path, int mode);
+  void Close();
+
+  // Bytes read or written, fewer than `size` at the end of the file or on an error.
+  unsigned Read(void* out, unsigned size);
+  unsigned Write(const void* in, unsigned size);
+
+  // origin 0: from the start, 1: from the position, 2: from the end. False when the place is before the start.
+  bool Seek(int origin, int offset);
+  int Tell() const;
+  int GetLength() const;
+  static int GetLength(const char* path);  // 0 when the file cannot be opened
+
+  // Looks for the bytes `key` from the position on and leaves the position right after the first match. When
+  // there is none it returns false and the position stays where it was. The file is read in blocks of fixed
+  // size, so its length costs no memory. An empty key is found at once.
+  bool Search(const void* key, unsigned keySize);
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  std::unique_ptr<std::FILE, Closer> m_File;
+  int m_LastOperation = 0;  // C streams want a seek between reading and writing
+};
+
+// A text file, read line by line or written whole.
+//
+// Reading: a line ends with LF, CR LF or the end of the file; a UTF-8 byte-order mark at the start of the file
+// is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped.
+// With `comments` set, a line whose first character is the comment character is skipped and a line that begins
+// with the end character ends the reading; without it neither character means anything.
+//
+// Writing: the text goes to a new file beside the target, which takes the target's place when Close succeeds.
+// A write that failed, or an object destroyed without Close, leaves the old file as it was and prints one line.
+//
+// Not copyable. An object belongs to one thread.
+class UTILS_API MTextFile {
+ public:
+  MTextFile(bool comments, char comment, char end, unsigned lineSize);
+  ~MTextFile();
+  MTextFile(const MTextFile&) = delete;
+  MTextFile& operator=(const MTextFile&) = delete;
+
+  // False when the file cannot be opened; no message.
+  bool Open(const char* path, bool write);
+
+  // Copies the next line without its end into `buffer`, zero-terminated, at most size - 1 and lineSize - 1
+  // characters. Returns how many bytes the line took in the file, its end included (so a blank line counts),
+  // and 0 when there is no further line: `buffer` is then "".
+  int Readln(char* buffer, unsigned size);
+
+  // Reads the next line as one decimal integer. False at the end of the file and for a line that does not begin
+  // with a number: `value` then stays as it was.
+  bool Readln(int& value);
+
+  // Writes a formatted text of any length; the caller supplies the line ends. False when writing failed.
+  bool Write(const char* format, ...) UTILS_PRINTF_FORMAT(2, 3);
+
+  // Ends reading, or puts the written file in place of the target. False, with one line, when any write failed:
+  // the target then still holds what it held before Open. True when nothing is open.
+  bool Close();
+
+ private:
+  struct State;
+  std::unique_ptr<State> m_State;
+};

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Everything the companion library utils exports.
+#pragma once
+
+#include "utils/bytes.h"
+#include "utils/clock.h"
+#include "utils/debug.h"
+#include "utils/file.h"
+#include "utils/geometry.h"
+#include "utils/locale.h"
+#include "utils/path.h"
+#include "utils/text.h"
+#include "utils/timezone.h"
+#include "utils/version.h"
