@@ -1,0 +1,39 @@
+# SPDX-FileCopyrightText: the common_interfaces authors
+# SPDX-License-Identifier: MIT
+#
+# The install tree: libraries, headers, a CMake package, a pkg-config file, the programs and their data root.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+install(TARGETS common_interfaces astro utils EXPORT common_interfaces_targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set_target_properties(common_interfaces astro utils PROPERTIES INSTALL_RPATH $ORIGIN)
+
+install(DIRECTORY include/common_interfaces companions/astro/include/astro companions/utils/include/utils
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
+
+set(ci_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/common_interfaces)
+install(EXPORT common_interfaces_targets NAMESPACE common_interfaces:: DESTINATION ${ci_package_dir})
+configure_package_config_file(cmake/common_interfacesConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/common_interfacesConfig.cmake INSTALL_DESTINATION ${ci_package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/common_interfacesConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/common_interfacesConfig.cmake
+  ${PROJECT_BINARY_DIR}/common_interfacesConfigVersion.cmake DESTINATION ${ci_package_dir})
+
+# The package may be moved: its prefix is found from where the .pc file lies.
+file(RELATIVE_PATH ci_prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" ci_prefix_from_pc ${ci_prefix_from_pc})
+configure_file(cmake/common_interfaces.pc.in ${PROJECT_BINARY_DIR}/common_interfaces.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/common_interfaces.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces)
+
+if(CI_BUILD_PROGRAMS AND TARGET skyview AND TARGET skydata)
+  install(TARGETS skyview skydata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  set_target_properties(skyview skydata PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/common_interfaces/data)
+endif()

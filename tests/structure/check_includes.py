@@ -1,0 +1,120 @@
+#!/usr/bin/env python3
+"""Checks who includes whom: lower storeys never include higher ones, and no circle runs through the files.
+
+usage: check_includes.py SOURCE_DIR
+"""
+import os
+import re
+import sys
+
+# From the ground up. A place may include its own storey and those below it that it names here.
+MAY_INCLUDE = {
+    "utils": set(),
+    "astro": {"utils"},
+    "text_base": {"utils", "astro"},
+    "settings": {"text_base", "utils", "astro"},
+    "output": {"settings", "text_base", "utils", "astro"},
+    "camera": {"output", "settings", "text_base", "utils", "astro"},
+    "umbrella": {"camera", "output", "settings", "text_base", "utils", "astro"},
+    "host": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "tools": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
+}
+
+# The storey of each public header of the library; a private file has that of its folder.
+PUBLIC = {
+    "api.h": None,
+    "string_table.h": "text_base",
+    "field_data.h": "settings", "settings_field.h": "settings", "queries.h": "settings",
+    "settings_data.h": "settings", "field_names.h": "settings",
+    "object_kinds.h": "output", "star_data.h": "output", "record_source.h": "output", "output_pool.h": "output",
+    "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
+    "date.h": "camera", "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
+    "camera.h": "camera",
+    "common_interfaces.h": "umbrella",
+}
+FOLDER = {"text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "host": "host",
+          "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
+
+
+def storey(path):
+    if path.startswith("include/common_interfaces/"):
+        name = os.path.basename(path)
+        if name not in PUBLIC:
+            raise SystemExit(f"{path}: not in the list of public headers of {__file__}")
+        return PUBLIC[name]
+    for folder, name in FOLDER.items():
+        if path.startswith(folder + "/"):
+            return name
+    return None
+
+
+def sources(root):
+    for top in ["include", *FOLDER]:
+        for folder, _, files in os.walk(os.path.join(root, top)):
+            for name in files:
+                if name.endswith((".h", ".cpp", ".inc")):
+                    yield os.path.relpath(os.path.join(folder, name), root)
+
+
+def resolve(root, path, include):
+    for base in ["", "include", "companions/utils/include", "companions/astro/include", "companions/utils",
+                 "companions/astro", os.path.dirname(path)]:
+        candidate = os.path.normpath(os.path.join(base, include))
+        if os.path.exists(os.path.join(root, candidate)):
+            return candidate
+    return None
+
+
+def find_circle(graph):
+    state, trail = {}, []
+
+    def visit(node):
+        state[node] = 1
+        trail.append(node)
+        for target in graph.get(node, ()):
+            if state.get(target) == 1:
+                return trail[trail.index(target):] + [target]
+            if target not in state:
+                circle = visit(target)
+                if circle:
+                    return circle
+        trail.pop()
+        state[node] = 2
+        return None
+
+    for node in graph:
+        if node not in state:
+            circle = visit(node)
+            if circle:
+                return circle
+    return None
+
+
+def main():
+    root = sys.argv[1]
+    graph, bad = {}, []
+    for path in sources(root):
+        own = storey(path)
+        graph[path] = []
+        with open(os.path.join(root, path), encoding="utf-8") as text:
+            for number, line in enumerate(text, 1):
+                match = re.match(r'\s*#\s*include\s*[<"]([^">]+)[">]', line)
+                target = match and resolve(root, path, match.group(1))
+                if not target:
+                    continue
+                graph[path].append(target)
+                other = storey(target)
+                if own and other and other != own and other not in MAY_INCLUDE[own]:
+                    bad.append(f"{path}:{number}: {own} must not include {other} ({target})")
+                if path.startswith(("include/", "companions/utils/include", "companions/astro/include")) and not (
+                        target.startswith(("include/", "companions/")) and "/include/" in "/" + target):
+                    bad.append(f"{path}:{number}: a public header includes the private {target}")
+    circle = find_circle(graph)
+    if circle:
+        bad.append("circle: " + " -> ".join(circle))
+    print("\n".join(bad) if bad else f"{len(graph)} files, no include out of order, no circle")
+    return 1 if bad else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
