@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Whether a segment of the screen can be seen in a rectangle, and the stretch of it that can.
+#pragma once
+
+#include "common_interfaces/api.h"
+#include "utils/geometry.h"
+
+namespace CommonInterfaces {
+
+// Both functions clip the segment p0 p1 in place to the rectangle's usable area, x from left to right - 1 and
+// y from top to bottom - 1, and return false when it is certainly invisible. What to expect of the result:
+// - False may leave a point already moved; draw nothing then.
+// - True is no promise: a segment that leaves the area through y alone may be reported visible though it
+// passes
+//   outside. Its points are then still finite, so that drawing it with the window's own clipping does no
+//   harm.
+// - A point exactly on an edge counts as outside for the two quick tests: a segment along an edge is
+// rejected. Neither allocates, fails or keeps anything. Any thread.
+
+// Pixels. A scale above 0.006457718232378999 (one hundredth of the field-of-view constant, 2 tan of the half
+// angle) computes in 16.16 fixed point, which is meant for coordinates whose differences stay below 32768 and
+// wraps to 32 bits beyond; any other scale computes in doubles and truncates towards zero, saturating at the
+// range of int.
+COMMON_INTERFACES_API bool line_in_rect(tPoint<int>* p0, tPoint<int>* p1, tRect<int> r, double scale);
+
+// The same in doubles throughout.
+COMMON_INTERFACES_API bool line_in_rectD(tPoint<double>* p0, tPoint<double>* p1, tRect<int> r);
+
+}  // namespace CommonInterfaces
