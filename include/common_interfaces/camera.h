@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "astro/coordinates.h"
+#include "astro/object_id.h"
+#include "common_interfaces/api.h"
+#include "common_interfaces/camera_state.h"
+#include "common_interfaces/date.h"
+#include "common_interfaces/daylight_savings.h"
+#include "common_interfaces/zoom_dependence.h"
+#include "utils/geometry.h"
+
+namespace CommonInterfaces {
+
+class SettingsData;
+
+// From where, when and in which direction the sky is seen: observer, location, time, time zone, viewing
+// direction, projection, zoom, and the limiting magnitudes that follow from the zoom.
+//
+// Usage: construct, CreateDefault, SetWinRect; then ReadSelf restores a saved view.
+//
+// A camera belongs to one thread at a time. Nothing throws. Angles are radians, vectors three doubles,
+// matrices nine doubles in row order. Pointers passed in are read or written during the call only.
+//
+// Matrices
+//
+// The view matrix V takes a vector of the frame that the view angles count in (the base plane's, for example
+// the horizon) into the frame of the picture: r = MV3prod(V, v). Its rows are orthonormal and right-handed.
+// Row 2 is the viewing direction; row 0 points to the left edge of the picture (longitudes grow to the left,
+// as on the sky seen from inside), row 1 to its upper edge. A positive slope turns the picture
+// counter-clockwise: what was up moves to the left.
+//
+// The reduction matrix R takes a catalogue (J2000) direction into the frame of V; its owner sets it. C = V R
+// takes a catalogue direction into the frame of the picture.
+//
+// Pixels
+//
+// The forward projection counts y UP from the bottom of the window, the back-projection takes y DOWN from the
+// top. The two are deliberately mirrored: a pixel (x, y) that Pix2Vec turned into v is projected back to (x,
+// H - y).
+class COMMON_INTERFACES_API Camera : private CameraState {
+ public:
+  // Where the limits and their corrections come from, row by row; filled before main and never changed.
+  static constexpr int s_ZoomDependDescSize = kZoomDependRows;
+  static const ZoomDependDesc s_ZoomDependDesc[s_ZoomDependDescSize];
+
+  // `owner` is the word under which this camera's own blocks stand in settings files. The camera owns a
+  // settings object over "filters.data"; CreateDefault reads it, the constructor does not.
+  explicit Camera(unsigned owner);
+
+  // Deliberately copies nothing: the new camera is empty (members at their initial values, not even the day
+  // of J2000) and has no settings object, so it can be neither read nor written. To copy a camera, construct
+  // and assign.
+  Camera(const Camera& other);
+
+  // Copies every member except the settings object: each camera keeps its own, or none.
+  Camera& operator=(const Camera& other);
+
+  virtual ~Camera();
+
+  // The camera file (docs/formats/camera_record.md)
+
+  // Restores the camera from the section `camr` of the settings file `file`, or, with a null `file`, from the
+  // defaults in "filters.data". `id` CAMR (0x43414D52) reads the camera's own record, the identifier of a
+  // moving type that type's. A named file that holds no record of that identifier is searched for a view that
+  // WriteSelf or WriteSelfAll saved as `id`, then for one saved under the camera's owner word.
+  //
+  // False when the file cannot be read or yields no section `camr`: then the camera is unchanged. A missing
+  // field, or one of another width or element count, leaves its member as it was; no message. The view matrix
+  // and the limiting magnitudes follow the restored values. The projection scale deliberately does not follow
+  // the restored zoom: until SetWinRect, SetZoom or CreateDefault computes it again it stays as it was. A
+  // null `file` restores no daylight-saving rule.
+  bool ReadSelf(const char* file, unsigned id);
+
+  // Appends the short record (time, location on the Earth, time step) to `file` under `id`, and switches the
+  // FST mode on. The record always names the Earth as observer, whoever the observer is: deliberate. Before
+  // the first ReadSelf or CreateDefault the settings object has no fields to write. `id` stays the id of the
+  // settings object.
+  //
+  // Two writes of one id to one file leave two records and the first is the one that is read: whoever saves
+  // again writes a new file and renames it over the old one.
+  void WriteSelf(const char* file, int id);
+
+  // The same with everything in the table of docs/formats/camera_record.md.
+  void WriteSelfAll(const char* file, int id);
+
+  // Reads the default record, ReadSelf(null, CAMR); when that fails sets the built-in defaults and computes
+  // the projection scale from them. See GetWinDiag for an oddity of these defaults.
+  void CreateDefault();
+
+  // Time. The camera's clock runs in Universal Time.
+
+  // Dynamical time (TT): the stored day and fraction plus delta T. `t.type` stays as the caller had it.
+  void GetTime(_Date& t) const;
+  // Day, fraction and type as stored.
+  void GetUniversalTime(_Date& t) const;
+  // Both store day, fraction (Universal Time) and type as given, compute delta T again and raise the
+  // time-changed flag. That SetTime does not take what GetTime gives is deliberate.
+  void SetTime(_Date t);
+  void SetUniversalTime(_Date t);
+  bool IsTimeChanged() const { return m_TimeChanged; }
+  void ClearTimeChanged() { m_TimeChanged = false; }
+
+  // The FST mode as files keep it: while it is not 0 the view follows the system's clock.
+  char GetFST_Mode() const { return static_cast<char>(m_FST); }
+  void SetFST_Mode(char mode) { m_FST = static_cast<signed char>(mode); }
+  // Whether the owner offers that mode to the user; the defaults do. The camera only keeps it.
+  bool IsFST_Offered() const { return m_FST_Offered != 0; }
+  void SetFST_Offered(bool offered) { m_FST_Offered = offered; }
+
+  // Time zone. Names are those of the IANA database, at most 63 characters.
+
+  const char* GetTimeZoneName() const { return m_TimeZoneName; }
+  // A null name empties the zone name, one of 64 or more characters is ignored. With `clearDisplay` the
+  // display name becomes empty too, even when `name` was ignored.
+  void SetTimeZoneName(const char* name, bool clearDisplay);
+  // A display name that is not empty takes precedence over the zone name, for the offset too. Null and long
+  // names as above.
+  void SetDisplayTimeZoneName(const char* name);
+  // The display name; when it is empty the zone name with `fallback`, null without. The pointer is the
+  // camera's, valid until the next setter.
+  const char* GetDisplayTimeZoneName(bool fallback) const;
+  // Local time minus Universal Time in days, as last computed.
+  double GetLocUTCdelta() const { return m_LocUTCDelta; }
+  // Computes it for the camera's time from the display name, else from the zone name; 0 when both are empty.
+  void UpdateLocUTCDeltaFromTimeZone();
+
+  // The daylight-saving rule: copies the record in (null: nothing happens); the embedded record, valid as
+  // long as the camera.
+  void SetDST(const DaylightSavingsData* dst);
+  DaylightSavingsData* GetDST() { return &m_DST; }
+
+  // Observer and location
+
+  // 0 to 11: how the observer moves; 0 stands on a surface.
+  char GetMovingType() const { return static_cast<char>(m_ObsMovingType); }
+
+  // The object on or around which the observer is; (-1, -1) until defaults or a file give one.
+  const SSO_ID& GetObserver() const { return m_Observer; }
+  // Does nothing when kind and number are the current observer's; else copies the whole identifier and raises
+  // the observer-changed flag.
+  void SetObserver(SSO_ID observer);
+  // Replaces the name in the observer's identifier (at most 79 bytes are kept; null empties it) and clears
+  // the observer-changed flag: the owner's answer to that flag.
+  void SetObserverName(const char* name);
+  bool IsObserverChanged() const { return m_ObserverChanged; }
+
+  unsigned char GetObsLocatType() const { return m_ObsLocatType; }  // 2 by default
+  void SetObsLocatType(unsigned char type) { m_ObsLocatType = type; }
+
+  // The place, about the observer object's centre: distance in au (the unit code only says how it is shown),
+  // longitude east positive, latitude, coordinate-system code.
+  const SphCoor& GetLocation() const { return m_Location; }
+  void SetLocation(SphCoor location) { m_Location = location; }
+  const std::string& GetLocationName() const { return m_LocationName; }
+  void SetLocationName(const char* name);  // null: empty
+  bool IsBelowSurface() const { return m_BelowSurface; }
+  void SetBelowSurface(bool below) { m_BelowSurface = below; }
+
+  // Viewing direction
+
+  // Stores the angles with a cleared flag byte, builds the view matrix from them and clears "first look".
+  void SetRA_Dec(SphViewCoor angles);
+  const SphViewCoor& GetViewAngles() const { return m_ViewAngles; }
+  // The view centre in J2000: kept for the owner, who computes it.
+  void SetRA_Dec2K(double ra, double dec);
+  void GetRA_Dec2K(double& ra, double& dec) const;
+
+  // The object that the view is centred on; (-1, -1) when there is none. SetCenterView copies it, marks it as
+  // set, clears "first look" and returns true; while the centre-view lock is set it returns false and changes
+  // nothing.
+  const SSO_ID& GetCenterObject() const { return m_CenterObject; }
+  bool SetCenterView(SSO_ID object);
+  void SetCenterViewLock(bool lock) { m_CenterViewLock = lock; }
+  bool IsCenterObjectSet() const { return m_CenterObjectSet; }
+  void ClearCenterObjectSet() { m_CenterObjectSet = false; }
+  // True after a file said that the view has yet to be turned to the centre object.
+  bool IsFirstLook() const { return m_FirstLook != 0; }
+  bool IsDirectionLocked() const { return m_DirLock != 0; }
+  void SetDirectionLock(bool lock) { m_DirLock = lock; }
+
+  unsigned char GetBasePlane() const {
+    return m_BasePlane;
+  }  // the plane that the angles count from; 1: horizon
+  void SetBasePlane(unsigned char plane) { m_BasePlane = plane; }
+  unsigned char GetAimingDispType() const {
+    return m_AimingDispType;
+  }  // how the direction is shown; 0 by default
+  void SetAimingDispType(unsigned char type) { m_AimingDispType = type; }
+
+  // Matrices (see the top of the class)
+
+  // angles = (longitude, latitude, slope).
+  static void InitCameraMatrix(const double* angles, double* matrix);
+  // The inverse: longitude and slope in [0, 2 pi), latitude in [-pi/2, pi/2]. At latitude +-pi/2, where only
+  // their sum or difference is defined, the slope is 0 and the longitude takes it all. The arrays may be the
+  // same.
+  static void CalcAnglesFromCameraMatrix(const double* matrix, double* angles);
+  // Sets R (copied) and computes C.
+  void SetReductionMatrix(const double matrix[9]);
+
+  // Projection, stereographic about the view axis. The per-object operations neither allocate nor fail.
+
+  // The pixel of a unit vector in the frame of V, y up from the bottom. Whole pixels are relative to the
+  // centre (W >> 1, H >> 1), doubles to (W * 0.5, H * 0.5): half a pixel apart in an odd window. Nothing is
+  // rejected: a direction behind the observer gives very large coordinates, which saturate in whole pixels.
+  // The one direction without a picture (exactly opposite, or a vector that is not finite) gives coordinates
+  // that are not numbers, and in whole pixels the lowest int; the caller culls.
+  void RA_Dec2Pix(const double* v, tPoint<int>* p) const;
+  void RA_Dec2PixD(const double* v, tPoint<double>* p) const;
+  // The same for a J2000 unit vector.
+  void RA_Dec2K2PixD(const double* v, tPoint<double>* p) const;
+
+  // The unit vector in the frame of V, or its longitude [0, 2 pi) and latitude, seen at a pixel whose y
+  // counts DOWN from the top. Not a number while the camera has no window.
+  void Pix2Vec(const tPoint<int>& p, double* v) const;
+  void Pix2RA_Dec(const tPoint<int>& p, double& ra, double& dec) const;
+
+  // The size in pixels, at the centre of the view, of an angular size in radians; VisRad2Pix is at least 1.
+  double VisRad2Pix(double angle) const;
+  double VisRad2PixD(double angle) const;
+
+  // A catalogue vector to the frame of the picture and back by V: out = (R in) V. Reduct2CamShort takes
+  // components in 1/32767 and scales them to length 1, Reduct2CamDouble does so unless `normalised`. That V
+  // is applied from the right, transposed compared with the projection, is deliberate. `in` and `out` may be
+  // the same array.
+  void Reduct2CamShort(const short* in, double* out) const;
+  void Reduct2CamDouble(const double* in, double* out, bool normalised) const;
+  // The unit vector, in the frame of V, of a J2000 position.
+  void ReductRADec2CamDouble(double ra, double dec, double* out) const;
+  // Longitude and latitude in the frame of V to J2000.
+  void RADec_RADec2K(double ra, double dec, double* ra2k, double* dec2k) const;
+
+  // Zoom
+
+  double GetZoom() const { return m_Zoom; }
+  // When it differs by more than 1e-10 from the current zoom: stores it, raises the zoom-changed flag,
+  // computes scale and limiting magnitudes. Any value is taken; only positive ones give a picture.
+  void SetZoom(double zoom);
+  bool IsZoomChanged() const { return m_ZoomChanged; }
+  void ClearZoomChanged() { m_ZoomChanged = false; }
+  // A second zoom kept for the owner, 10 by default; the camera does nothing with it.
+  double GetSecondZoom() const { return m_SecondZoom; }
+  void SetSecondZoom(double zoom) { m_SecondZoom = zoom; }
+  // The angle across GetWinDiag(), and across the finder, in radians.
+  double GetFieldOfView() const;
+  double GetFinderSizeAngle() const;
+  short GetFinderSize() const { return m_FinderSize; }  // pixels, 20 by default
+  void SetFinderSize(short size) { m_FinderSize = size; }
+
+  // Window
+
+  // left: width W, top: height H, right and bottom: reference width and height, pixels. The reference
+  // half-diagonal carries the zoom: at zoom 1 it spans 37 degrees from the view axis, whatever the window.
+  void SetWinRect(tRect<int> r);
+  void GetWinRect(tRect<int>* r) const;
+  tPoint<int> GetWinSize() const;
+  tPoint<int> GetWinCentre() const;  // (W >> 1, H >> 1)
+  // Half the diagonal of the window after SetWinRect, but the whole diagonal after the built-in defaults of
+  // CreateDefault until the next SetWinRect: a deliberate difference. Pixels.
+  double GetWinDiag() const { return m_WinDiagonal; }
+
+  // Limiting magnitudes (zoom_dependence.h). A class is a four-character code such as "star".
+
+  // The correction of a row, in codes. Setting one does not refresh the limits. Rows are 0 to 19; another row
+  // reads 0 and sets nothing.
+  void SetMagCorrection(int row, float correction);
+  float GetMagCorrection(int row) const;
+  // Takes all corrections from the sections and fields that the table names, 0 for a missing one or one that
+  // is not of 16 bits, and refreshes the limits. The current section of `settings` stays. Null: all 0.
+  void FillMagCorrectionsVector(SettingsData* settings);
+  // One correction changed: `value` points to its signed 16-bit value (null: none). The limits are refreshed
+  // in every case, also for an id that is not in the table.
+  void RefreshLimitMagnitude(int fieldId, int unused, const void* value);
+  void RefreshLimitingMagnitudes();
+
+  // The limit for objects and for labels: truncated to a whole code, or exact. 0 for an unknown class.
+  unsigned char GetDarkMagObject(int cls) const;
+  float GetDarkMagObjectF(int cls) const;
+  unsigned char GetDarkMagLabel(int cls) const;
+  float GetDarkMagLabelF(int cls) const;
+  // The drawing threshold: the limit without its correction, plus the draw offset of the class, at most 254.
+  // The whole code of a negative threshold wraps to a large byte (-1 gives 255): deliberate, callers rely on
+  // it. The exact form has no lower bound. 0 for an unknown class.
+  unsigned char GetDarkMagDraw(int cls) const;
+  float GetDarkMagDrawF(int cls) const;
+  // The zoom at which objects of that user type (object_kinds.h) and magnitude begin to be drawn, corrections
+  // left aside; -1 for an unknown type.
+  double CalcZoomForShowObject(int userType, double mag) const;
+
+  // What is shown far from the Sun, by moving type and distance.
+  bool IsShowStars() const;
+  bool IsShowClusters() const;
+  bool IsShowNebulae() const;
+  bool IsShowSSObjects() const;
+  bool IsShowOurGalaxy() const;
+  bool IsDeepSpace() const;
+  bool IsSkySectorsFiltration(int cls) const;
+
+  // Steps of the interactive controls. The unit of the zoom step is always 0.
+  CameraStepSize GetStep(CameraStep step) const;
+  void SetStep(CameraStep step, CameraStepSize size);
+
+ protected:
+  // C = V R. Whoever changes V or R calls it.
+  void UpdateComboMatrix();
+
+ private:
+  void UpdateScale();
+  void UpdateDeltaT();
+  void RebuildViewMatrix();
+  void SetBuiltInDefaults();
+  bool IsWithinShownRadius(double radius) const;
+
+  unsigned m_Owner = 0;
+  std::unique_ptr<SettingsData> m_Settings;
+};
+
+}  // namespace CommonInterfaces

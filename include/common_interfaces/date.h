@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace CommonInterfaces {
+
+// What the time that a user sees is counted in. Camera files keep these numbers.
+enum TimeKind : int { kLocalTime = 0, kUniversalTime = 1, kThirdTime = 2 };
+
+// A moment. The name is what every caller spells, though C++ reserves names of its form.
+struct _Date {
+  int day = 0;  // Julian day number; with fraction 0 it is noon of the civil day
+  double fraction =
+      0.0;  // of the day, added to `day`; any finite number (Adjust_JD brings it into [-0.5, 0.5))
+  int type =
+      kUniversalTime;  // TimeKind: how the moment is shown, not the scale that day and fraction count in
+};
+
+}  // namespace CommonInterfaces
