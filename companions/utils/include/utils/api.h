@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// UTILS_API marks what the companion library utils exports. UTILS_BUILD is defined while its own sources are compiled.
+// UTILS_API marks what the companion library utils exports. UTILS_BUILD is defined while its own sources are
+// compiled.
 #pragma once
 
 #if defined(_WIN32)

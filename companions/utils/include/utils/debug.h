@@ -8,7 +8,7 @@
 
 #if defined(__GNUC__)
 #define UTILS_PRINTF_FORMAT(formatIndex, firstArgument) \
-  __attribute__((format(printf, formatIndex, firstArgument)))
+  __attribute__((format(gnu_printf, formatIndex, firstArgument)))
 #else
 #define UTILS_PRINTF_FORMAT(formatIndex, firstArgument)
 #endif

@@ -11,11 +11,12 @@
 #include "utils/api.h"
 #include "utils/debug.h"
 
-// std::fopen for a path in UTF-8, on every platform. Null when the file cannot be opened; the caller closes it.
+// std::fopen for a path in UTF-8, on every platform. Null when the file cannot be opened; the caller closes
+// it.
 UTILS_API std::FILE* mm_fopen(const char* path, const char* mode);
 
-// A binary file of at most 2 GiB - 1. Not copyable; closed by the destructor. An object belongs to one thread.
-// Every operation on a file that is not open fails: false, 0 or -1.
+// A binary file of at most 2 GiB - 1. Not copyable; closed by the destructor. An object belongs to one
+// thread. Every operation on a file that is not open fails: false, 0 or -1.
 class UTILS_API MFile {
  public:
   static constexpr int kRead = 34;   // the file must exist
@@ -35,7 +36,8 @@ class UTILS_API MFile {
   unsigned Read(void* out, unsigned size);
   unsigned Write(const void* in, unsigned size);
 
-  // origin 0: from the start, 1: from the position, 2: from the end. False when the place is before the start.
+  // origin 0: from the start, 1: from the position, 2: from the end. False when the place is before the
+  // start.
   bool Seek(int origin, int offset);
   int Tell() const;
   int GetLength() const;
@@ -56,13 +58,14 @@ class UTILS_API MFile {
 
 // A text file, read line by line or written whole.
 //
-// Reading: a line ends with LF, CR LF or the end of the file; a UTF-8 byte-order mark at the start of the file
-// is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped.
-// With `comments` set, a line whose first character is the comment character is skipped and a line that begins
+// Reading: a line ends with LF, CR LF or the end of the file; a UTF-8 byte-order mark at the start of the
+// file is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped. With
+// `comments` set, a line whose first character is the comment character is skipped and a line that begins
 // with the end character ends the reading; without it neither character means anything.
 //
 // Writing: the text goes to a new file beside the target, which takes the target's place when Close succeeds.
-// A write that failed, or an object destroyed without Close, leaves the old file as it was and prints one line.
+// A write that failed, or an object destroyed without Close, leaves the old file as it was and prints one
+// line.
 //
 // Not copyable. An object belongs to one thread.
 class UTILS_API MTextFile {
@@ -80,15 +83,15 @@ class UTILS_API MTextFile {
   // and 0 when there is no further line: `buffer` is then "".
   int Readln(char* buffer, unsigned size);
 
-  // Reads the next line as one decimal integer. False at the end of the file and for a line that does not begin
-  // with a number: `value` then stays as it was.
+  // Reads the next line as one decimal integer. False at the end of the file and for a line that does not
+  // begin with a number: `value` then stays as it was.
   bool Readln(int& value);
 
   // Writes a formatted text of any length; the caller supplies the line ends. False when writing failed.
   bool Write(const char* format, ...) UTILS_PRINTF_FORMAT(2, 3);
 
-  // Ends reading, or puts the written file in place of the target. False, with one line, when any write failed:
-  // the target then still holds what it held before Open. True when nothing is open.
+  // Ends reading, or puts the written file in place of the target. False, with one line, when any write
+  // failed: the target then still holds what it held before Open. True when nothing is open.
   bool Close();
 
  private:

@@ -4,7 +4,7 @@
 
 #include "utils/api.h"
 
-// The language of the application's texts, a short code such as "en", "de" or "ru". Process-wide; "en" until it
-// is set. The pointer stays valid until the next SetSystemLocale; null sets "". One thread only.
+// The language of the application's texts, a short code such as "en", "de" or "ru". Process-wide; "en" until
+// it is set. The pointer stays valid until the next SetSystemLocale; null sets "". One thread only.
 UTILS_API const char* GetSystemLocale();
 UTILS_API void SetSystemLocale(const char* locale);

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Logical file names. "media:find:table.bin" names the file media/find/table.bin below a root; ':', '\' and
-// '/' all separate. There are two roots: the work area, which the user's own files live in, and the data root,
-// which ships with the application. A file of the work area hides the file of the same name in the data root.
+// '/' all separate. There are two roots: the work area, which the user's own files live in, and the data
+// root, which ships with the application. A file of the work area hides the file of the same name in the data
+// root.
 #pragma once
 
 #include <string>
@@ -17,11 +18,12 @@ class UTILS_API ZentharPath {
   // Both roots are copied; a null or empty root is no root: nothing is found below it.
   static void SetRoots(const char* dataRoot, const char* workRoot);
 
-  // The file or folder of that name for reading: work area first, then data root. "" when neither has it, when
-  // the name is null or empty, and for an absolute path where nothing is.
+  // The file or folder of that name for reading: work area first, then data root. "" when neither has it,
+  // when the name is null or empty, and for an absolute path where nothing is.
   static std::string GetPath(const char* logicalPath);
 
-  // The name of that file in the work area, for reading and writing. With `mustExist` "" when it is not there;
-  // with `create` the folders that lead to it are made ("" when that fails). "" when there is no work area.
+  // The name of that file in the work area, for reading and writing. With `mustExist` "" when it is not
+  // there; with `create` the folders that lead to it are made ("" when that fails). "" when there is no work
+  // area.
   static std::string GetWorkPath(const char* logicalPath, bool mustExist = false, bool create = true);
 };
