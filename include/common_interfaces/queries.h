@@ -101,10 +101,13 @@ class COMMON_INTERFACES_API BaseList {
 // a pointer to it, so a second list never holds the same one. A copy of the list does: then only one of the
 // two is treated so. Deleting any other query of the list would delete it twice.
 template <class T>
-class TBaseList : public std::vector<T>, public BaseList {
+class COMMON_INTERFACES_API TBaseList : public std::vector<T>, public BaseList {
  public:
   using std::vector<T>::vector;
 };
+
+// The only list there is.
+extern template class TBaseList<BaseQuery*>;
 
 // Whether a query of a list is the identifier query, by its name and condition.
 COMMON_INTERFACES_API bool IsIdentifierQuery(const BaseQuery& query);

@@ -130,12 +130,13 @@ class COMMON_INTERFACES_API SettingField {
   void Swap();
   BaseQuery* CreateLabelQuery(const FieldData* data, bool all);
   bool CheckCreateQuery(unsigned section, bool all);
-  BaseQuery* MakeValueQuery() const;
   unsigned GetDataSize() const;
+  bool Resize(const void* in, int count);
   bool ReplaceBytes(unsigned char* target, const void* in, unsigned size);
   void ReplaceRecord(FieldData* record, int recordSize);
   void DeleteQuery();
 
+  static constexpr unsigned kNoOffset = 0xFFFFFFFF;
   static bool m_sOldSettings;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "settings/field_record.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "utils/bytes.h"
+#include "utils/file.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+
+namespace {
+
+constexpr int kLengthSize = 4;
+constexpr int kOldNameSize = 32;
+constexpr int kTypeOffset = 8;  // where section and name end and both layouts are alike
+// An old record holds 32 bytes of name where a current one holds 4 bytes of name id.
+constexpr int kOldLayoutExcess = kOldNameSize - 4;
+
+bool ReadLength(MFile& file, int& length) {
+  unsigned char bytes[kLengthSize];
+  if (file.Read(bytes, kLengthSize) < kLengthSize) return false;
+  length = static_cast<int>(LoadLE32(bytes));
+  return length >= 0 && length <= kMaxFieldRecordSize;
+}
+
+// Reads the bytes of `data` from `offset` to its end, or releases it.
+bool ReadRest(MFile& file, FieldData* data, int size, int offset, FieldRecord& record) {
+  const auto count = static_cast<unsigned>(size - offset);
+  if (file.Read(reinterpret_cast<unsigned char*>(data) + offset, count) < count) {
+    FreeFieldData(data);
+    return false;
+  }
+  record = {data, size};
+  return true;
+}
+
+bool ReadCurrentLayout(MFile& file, int length, FieldRecord& record) {
+  if (length == 0) {
+    record = {nullptr, 0};
+    return true;
+  }
+  if (length < kFieldHeaderSize) return false;
+  return ReadRest(file, AllocateFieldData(length), length, 0, record);
+}
+
+bool ReadOldLayout(MFile& file, int length, FieldRecord& record) {
+  const int size = length - kOldLayoutExcess;
+  if (size < kFieldHeaderSize) return false;
+  // A short read of these two needs no test of its own: the rest of the record is then short as well.
+  unsigned char section[4] = {};
+  char name[kOldNameSize + 1] = {};  // the name may fill its 32 bytes without a terminator
+  file.Read(section, sizeof section);
+  file.Read(name, kOldNameSize);
+  if (!ReadRest(file, AllocateFieldData(size), size, kTypeOffset, record)) return false;
+  record.data->section = LoadLE32(section);
+  record.data->nameId = ::GetUniqueID(name);
+  return true;
+}
+
+}  // namespace
+
+FieldData* AllocateFieldData(int size) {
+  return reinterpret_cast<FieldData*>(new unsigned char[static_cast<std::size_t>(size)]);
+}
+
+void FreeFieldData(FieldData* data) { delete[] reinterpret_cast<unsigned char*>(data); }
+
+FieldData* CopyFieldData(const FieldData* data, int size) {
+  FieldData* const copy = AllocateFieldData(size);
+  std::memcpy(static_cast<void*>(copy), data, static_cast<std::size_t>(size));
+  return copy;
+}
+
+unsigned HeldElements(const FieldData& data, int recordSize) {
+  const unsigned width = FieldElementWidth(data.type);
+  const unsigned claimed = data.size;
+  return width == 0 ? claimed
+                    : std::min(claimed, static_cast<unsigned>(recordSize - kFieldHeaderSize) / width);
+}
+
+bool ReadFieldRecord(MFile& file, bool oldLayout, FieldRecord& record) {
+  record = {};
+  int length = 0;
+  if (!ReadLength(file, length)) return false;
+  return oldLayout ? ReadOldLayout(file, length, record) : ReadCurrentLayout(file, length, record);
+}
+
+bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
+  unsigned char length[kLengthSize];
+  StoreLE32(length, static_cast<unsigned>(record.size));
+  if (file.Write(length, kLengthSize) < kLengthSize) return false;
+  const auto size = static_cast<unsigned>(record.size);
+  return size == 0 || file.Write(record.data, size) == size;
+}
+
+}  // namespace CommonInterfaces

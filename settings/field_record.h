@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Packed records of settings fields: allocating them, and both layouts that files keep them in. File format:
+// docs/formats/field_record.md.
+#pragma once
+
+#include "common_interfaces/field_data.h"
+
+class MFile;
+
+namespace CommonInterfaces {
+
+// What reading a record yields.
+struct FieldRecord {
+  FieldData* data = nullptr;  // to be released with FreeFieldData; null when there is none
+  int size = -1;              // bytes at data; -1 when reading failed
+};
+
+// An uninitialised record of `size` bytes, header included; size >= kFieldHeaderSize. Null stands for none.
+FieldData* AllocateFieldData(int size);
+void FreeFieldData(FieldData* data);
+FieldData* CopyFieldData(const FieldData* data, int size);
+
+// How many elements a record of `recordSize` bytes really holds: `size` of the header, unless that claims
+// more. The values of an unknown type code have no length, so any number of them fits.
+unsigned HeldElements(const FieldData& data, int recordSize);
+
+// Reads a length and a record that is at least a whole header and at most kMaxFieldRecordSize long. False
+// when that fails: `record` is then {null, -1}. A length of 0 in the current layout is a record of no bytes,
+// {null, 0}.
+bool ReadFieldRecord(MFile& file, bool oldLayout, FieldRecord& record);
+
+// Writes a length and that many bytes. False when not all could be written.
+bool WriteFieldRecord(MFile& file, const FieldRecord& record);
+
+}  // namespace CommonInterfaces

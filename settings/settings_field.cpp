@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What a field holds: its life, its values, its file form. Undo is in field_undo.cpp, queries in
+// field_queries.cpp.
+#include "common_interfaces/settings_field.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "common_interfaces/string_table.h"
+#include "settings/field_record.h"
+#include "utils/debug.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+
+int GetUniqueID(const char* name) { return ::GetUniqueID(name ? name : ""); }
+
+bool SettingField::m_sOldSettings = false;
+
+SettingField::SettingField(MFile* file, const FieldData* data, unsigned size) {
+  if (!data) {
+    Read(file);
+  } else if (size >= kFieldHeaderSize && size <= kMaxFieldRecordSize) {
+    m_RecordSize = static_cast<int>(size);
+    m_pFieldData = CopyFieldData(data, m_RecordSize);
+  } else if (size == 0) {
+    m_RecordSize = 0;
+  } else {
+    // A shorter record has no header to work on; a longer one could be written, but no file with it be read
+    // again.
+    PrintDebugString("Bad parameter 'size = %u' in function SettingField::SettingField\n", size);
+  }
+}
+
+SettingField::SettingField(const SettingField& other) : m_RecordSize(0) {
+  if (!other.m_pFieldData) return;
+  m_RecordSize = other.m_RecordSize;
+  m_pFieldData = CopyFieldData(other.m_pFieldData, m_RecordSize);
+  m_bModified = other.m_bModified;
+}
+
+SettingField SettingField::operator=(const SettingField& other) {
+  DeleteQuery();
+  if (other.m_pFieldData) {
+    if (m_RecordSize != other.m_RecordSize) {
+      FieldData* const copy = CopyFieldData(other.m_pFieldData, other.m_RecordSize);
+      ReplaceRecord(copy, other.m_RecordSize);
+    } else if (this != &other) {
+      std::memcpy(static_cast<void*>(m_pFieldData), other.m_pFieldData,
+                  static_cast<std::size_t>(m_RecordSize));
+    }
+    m_bModified = other.m_bModified;
+  } else {
+    // The record is deliberately not released: callers may still hold what they got from it, and this path is
+    // the rare one. One would trip over it with a leak checker; see tests/support/lsan.supp.
+    m_pFieldData = nullptr;
+    m_RecordSize = 0;
+    m_bModified = false;
+  }
+  return *this;
+}
+
+// m_pSavedData is deliberately not released: an undo that nobody asked for outlives its field. Whoever stores
+// values restores them before the field dies; see tests/support/lsan.supp for those who do not.
+SettingField::~SettingField() {
+  FreeFieldData(m_pFieldData);
+  DeleteQuery();
+}
+
+void SettingField::SetNameId(int nameId) {
+  if (m_pFieldData) m_pFieldData->nameId = nameId;
+}
+
+unsigned SettingField::GetSize() const {
+  return m_pFieldData ? HeldElements(*m_pFieldData, m_RecordSize) : 0;
+}
+
+bool SettingField::Read(MFile* file) {
+  // The record goes, and a query of it would no longer answer to the modified flag.
+  DeleteQuery();
+  FieldRecord record;
+  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, record);
+  ReplaceRecord(record.data, record.size);
+  return ok;
+}
+
+bool SettingField::Write(MFile* file) const {
+  return file && m_RecordSize >= 0 && WriteFieldRecord(*file, {m_pFieldData, m_RecordSize});
+}
+
+bool SettingField::GetData(void* out) const {
+  const unsigned size = GetDataSize();
+  if (out && size > 0) std::memcpy(out, m_pFieldData->data, size);
+  return true;
+}
+
+bool SettingField::SetData(const void* in, int count) {
+  if (!m_pFieldData) return false;
+  if (count != -1) return Resize(in, count);
+  return ReplaceBytes(m_pFieldData->data, in, GetDataSize());
+}
+
+// Deliberately always false, with the modified flag untouched: whoever resizes marks the change.
+bool SettingField::Resize(const void* in, int count) {
+  const int width = GetTypeSize();
+  const long long length = m_RecordSize + (static_cast<long long>(count) - GetSize()) * width;
+  if (count < 0 || count > 0xFFFF || length > kMaxFieldRecordSize) {
+    PrintDebugString("Bad parameter 'count = %d' in function SettingField::SetData\n", count);
+    return false;
+  }
+  const auto bytes = static_cast<std::size_t>(count) * static_cast<std::size_t>(width);
+  if (!in && bytes > 0) return false;
+
+  const int newLength = static_cast<int>(length);
+  FieldData* const record = AllocateFieldData(newLength);
+  std::memcpy(static_cast<void*>(record), m_pFieldData,
+              static_cast<std::size_t>(std::min(m_RecordSize, newLength)));
+  if (bytes > 0) std::memcpy(record->data, in, bytes);
+  record->size = static_cast<unsigned short>(count);
+  ReplaceRecord(record, newLength);
+  return false;
+}
+
+bool SettingField::SetCompareStatus(unsigned char status) {
+  return m_pFieldData && ReplaceBytes(&m_pFieldData->compareStatus, &status, 1);
+}
+
+bool SettingField::GetElement(void* outData, unsigned inIndex) const {
+  const unsigned offset = GetOffset(inIndex);
+  if (offset == kNoOffset) return false;
+  const unsigned size = GetTypeSize();
+  if (outData && size > 0) std::memcpy(outData, m_pFieldData->data + offset, size);
+  return true;
+}
+
+bool SettingField::SetElement(const void* inData, unsigned inIndex) {
+  const unsigned offset = GetOffset(inIndex);
+  if (offset == kNoOffset) return false;
+  return ReplaceBytes(m_pFieldData->data + offset, inData, GetTypeSize());
+}
+
+unsigned char SettingField::GetTypeSize() const {
+  const unsigned char width = FieldElementWidth(GetType());
+  if (width == 0) {
+    QX4Strings strings;
+    const char* const message = QX4Strings::GetString(0, false);
+    if (message) PrintDebugString("%s", message);
+  }
+  return width;
+}
+
+unsigned SettingField::GetOffset(unsigned inIndex) const {
+  if (inIndex >= GetSize()) {
+    PrintDebugString("Bad parameter 'inIndex = %d' in function SettingField::GetOffset\n",
+                     static_cast<int>(inIndex));
+    return kNoOffset;
+  }
+  return GetTypeSize() * inIndex;
+}
+
+unsigned SettingField::GetDataSize() const { return m_pFieldData ? GetTypeSize() * GetSize() : 0; }
+
+// Every setter ends here: a change is reported only when a byte differs.
+bool SettingField::ReplaceBytes(unsigned char* target, const void* in, unsigned size) {
+  if (!in || size == 0 || std::memcmp(target, in, size) == 0) return false;
+  std::memmove(target, in, size);
+  m_bModified = true;
+  return true;
+}
+
+void SettingField::ReplaceRecord(FieldData* record, int recordSize) {
+  FreeFieldData(m_pFieldData);
+  m_pFieldData = record;
+  m_RecordSize = recordSize;
+}
+
+void SettingField::Swap() {
+  if (!m_pFieldData) return;
+  const auto reverse = [](void* bytes, std::size_t size) {
+    std::reverse(static_cast<unsigned char*>(bytes), static_cast<unsigned char*>(bytes) + size);
+  };
+  reverse(&m_pFieldData->section, 4);
+  reverse(&m_pFieldData->condition, 4);
+  reverse(&m_pFieldData->size, 2);
+  // The record's length says how many values there are: `size` is in the wrong order either before or after.
+  const unsigned width = GetTypeSize();
+  if (width < 2) return;
+  unsigned left = static_cast<unsigned>(m_RecordSize - kFieldHeaderSize) / width;
+  for (unsigned char* value = m_pFieldData->data; left > 0; --left, value += width) reverse(value, width);
+}
+
+}  // namespace CommonInterfaces
