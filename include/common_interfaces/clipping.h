@@ -12,17 +12,15 @@ namespace CommonInterfaces {
 // Both functions clip the segment p0 p1 in place to the rectangle's usable area, x from left to right - 1 and
 // y from top to bottom - 1, and return false when it is certainly invisible. What to expect of the result:
 // - False may leave a point already moved; draw nothing then.
-// - True is no promise: a segment that leaves the area through y alone may be reported visible though it
-// passes
-//   outside. Its points are then still finite, so that drawing it with the window's own clipping does no
-//   harm.
-// - A point exactly on an edge counts as outside for the two quick tests: a segment along an edge is
-// rejected. Neither allocates, fails or keeps anything. Any thread.
+// - True is no promise: nothing is tested after the clipping in y, and a slanting segment that crosses both
+//   the left and the right edge, or both the top and the bottom, ends beside its true crossing at one of
+//   them. The window's own clipping must stay on.
+// - A point exactly on an edge counts as outside for the two quick tests: a segment along an edge is refused.
+// Neither allocates, fails or keeps anything. Any thread.
 
-// Pixels. A scale above 0.006457718232378999 (one hundredth of the field-of-view constant, 2 tan of the half
-// angle) computes in 16.16 fixed point, which is meant for coordinates whose differences stay below 32768 and
-// wraps to 32 bits beyond; any other scale computes in doubles and truncates towards zero, saturating at the
-// range of int.
+// Pixels. A scale above 0.006457718232378999 (one hundredth of 37 degrees in radians) computes in 16.16 fixed
+// point, which is meant for coordinates whose differences stay below 32768 and wraps to 32 bits beyond. Any
+// other scale computes in doubles and truncates towards zero.
 COMMON_INTERFACES_API bool line_in_rect(tPoint<int>* p0, tPoint<int>* p1, tRect<int> r, double scale);
 
 // The same in doubles throughout.

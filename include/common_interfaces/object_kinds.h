@@ -18,7 +18,7 @@ namespace CommonInterfaces {
 COMMON_INTERFACES_API int GetFavoType(int kind);
 
 // The catalogue kind of a user-defined kind: "uSTR" gives "star", "uSCO" "scft", "uNEB" "nebu", "uCLS" "clst"
-// and "uGAL" "gala". Every other value, "uDSO" and the favourites kinds included, comes back unchanged. Any
+// and "uGAL" "gala". Every other value, "uDSO" and the favourites kinds included, comes back as it is. Any
 // thread.
 COMMON_INTERFACES_API int GetBaseTypeByUser(int kind);
 

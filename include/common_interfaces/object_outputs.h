@@ -7,7 +7,8 @@
 // are fixed, since modules built apart share them.
 //
 // Records live in an OutputPool, `new (pool) StarOutput`, or on the heap, `new StarOutput`. The pool form
-// gives null when the pool is exhausted. One thread, that of the pool.
+// cannot throw: it gives null, and no constructor runs, when the pool is exhausted. It has no matching delete
+// on purpose, because memory of a pool is given back only as a whole. One thread, that of the pool.
 #pragma once
 
 #include <cstddef>
@@ -26,14 +27,6 @@ struct ScreenPlace {
 };
 static_assert(sizeof(ScreenPlace) == 16);
 
-// Operators new of a record that may be placed in a pool. Declaring the placement form hides the usual one,
-// so both are spelled here. The placement form cannot throw: when it gives null, no constructor runs. It has
-// no matching delete on purpose, because memory of a pool is given back only as a whole.
-#define COMMON_INTERFACES_POOL_PLACEMENT                                  \
-  static void* operator new(std::size_t size);                            \
-  static void* operator new(std::size_t size, OutputPool& pool) noexcept; \
-  static void operator delete(void* memory) noexcept
-
 // The part that all objects share.
 class COMMON_INTERFACES_API BaseOutput {
  public:
@@ -48,6 +41,7 @@ class COMMON_INTERFACES_API BaseOutput {
   int m_LabelIndex = -1;     // index into the frame's labels; -1: no label
   bool m_Drawn = false;      // something was drawn for the object
 };
+static_assert(sizeof(void*) != 4 || sizeof(BaseOutput) == 36);
 
 class COMMON_INTERFACES_API StarOutput : public BaseOutput {
  public:
@@ -58,16 +52,18 @@ class COMMON_INTERFACES_API StarOutput : public BaseOutput {
   StarOutput& operator=(const StarOutput&);
   StarOutput& operator=(StarOutput&&) noexcept;
 
-  COMMON_INTERFACES_POOL_PLACEMENT;
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, OutputPool& pool) noexcept;
+  static void operator delete(void* memory) noexcept;
 
   unsigned char m_AsDisc;  // 1 drawn as a disc, 0 as a point; not set on construction: drawing writes it
   unsigned char m_Highlighted = 0;  // 1 when drawn with the mark of the chosen star
 };
+static_assert(sizeof(void*) != 4 || sizeof(StarOutput) == 36);
 
 // The picture of a deep-sky object as it was drawn. A plain record without construction defaults.
 struct COMMON_INTERFACES_API DeepskyImageDrawData {
-  double m_CornerX[4];  // window pixels from the left: the picture's top left, top right, bottom right,
-                        // bottom left
+  double m_CornerX[4];  // window pixels from the left: top left, top right, bottom right, bottom left corner
   double m_CornerY[4];  // window pixels from the bottom, same order
   double m_CenterX;     // window pixels, the catalogue position
   double m_CenterY;
@@ -75,7 +71,9 @@ struct COMMON_INTERFACES_API DeepskyImageDrawData {
   double m_PixelScale;  // window pixels per pixel of the picture
   double m_Opacity;     // 0 invisible to 1 opaque
 
-  COMMON_INTERFACES_POOL_PLACEMENT;
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, OutputPool& pool) noexcept;
+  static void operator delete(void* memory) noexcept;
 };
 static_assert(sizeof(DeepskyImageDrawData) == 13 * 8);
 static_assert(offsetof(DeepskyImageDrawData, m_Opacity) == 12 * 8);
@@ -86,7 +84,9 @@ struct COMMON_INTERFACES_API Deepsky3DDrawData {
   double m_Orientation[3];  // radians: longitude and latitude of the model's pole, turn about it, J2000 axes
   double m_Diameter;        // parsecs
 
-  COMMON_INTERFACES_POOL_PLACEMENT;
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, OutputPool& pool) noexcept;
+  static void operator delete(void* memory) noexcept;
 };
 static_assert(sizeof(Deepsky3DDrawData) == 7 * 8);
 static_assert(offsetof(Deepsky3DDrawData, m_Diameter) == 6 * 8);
@@ -100,7 +100,9 @@ class COMMON_INTERFACES_API DeepskyOutput : public BaseOutput {
   DeepskyOutput(const DeepskyOutput&);
   DeepskyOutput& operator=(const DeepskyOutput&);
 
-  COMMON_INTERFACES_POOL_PLACEMENT;
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, OutputPool& pool) noexcept;
+  static void operator delete(void* memory) noexcept;
 
   bool m_SymbolDrawn = false;                       // the object's symbol or outline was drawn
   float m_MajorSize = -1.0f;                        // pixels, the outline's long axis; -1: not computed
@@ -112,5 +114,6 @@ class COMMON_INTERFACES_API DeepskyOutput : public BaseOutput {
   DeepskyImageDrawData* m_ImageDrawData = nullptr;  // owned: made with `new`, never placed in a pool
   Deepsky3DDrawData* m_ModelDrawData = nullptr;     // not owned
 };
+static_assert(sizeof(void*) != 4 || sizeof(DeepskyOutput) == 68);
 
 }  // namespace CommonInterfaces

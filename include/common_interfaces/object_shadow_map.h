@@ -10,8 +10,7 @@
 
 namespace CommonInterfaces {
 
-// One shadow cast onto an object, as the drawing side shades it. A plain record without construction
-// defaults.
+// One shadow cast onto an object, as the drawing side shades it. A plain record.
 struct QX_ShadowParams {
   SSO_ID m_Caster;   // the body that casts the shadow
   double m_Axis[3];  // direction of the shadow's axis, away from the light: unit vector, J2000 axes
@@ -32,8 +31,7 @@ class COMMON_INTERFACES_API ObjectShadowMap {
   std::vector<QX_ShadowParams>* FindList(SSO_ID id);
 
   // Hands a list made with `new` over to the map. When the object has a list already nothing happens at all:
-  // the first list stays as it is and the new one stays the caller's. A null list is stored too and takes the
-  // place.
+  // the first list stays as it is and the new one stays the caller's. A null list takes the place too.
   void AddList(SSO_ID id, std::vector<QX_ShadowParams>* list);
 
   // Deletes every list and empties the map.

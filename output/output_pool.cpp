@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "common_interfaces/output_pool.h"
+
+#include <new>
+
+namespace CommonInterfaces {
+
+OutputPool::OutputPool(unsigned blockSize, unsigned blockCount)
+    : m_Blocks(blockCount ? new Block[blockCount]{} : nullptr),
+      m_BlockSize(blockSize),
+      m_BlockCount(blockCount) {}
+
+OutputPool::~OutputPool() {
+  clear(true);
+  delete[] m_Blocks;
+}
+
+void* OutputPool::getMem(unsigned size) {
+  // Blocks too small for their own reserved bytes are not even allocated: their free count would wrap around.
+  if (m_BlockSize < kReservedBytes) return nullptr;
+  for (unsigned i = m_Current; i < m_BlockCount; ++i) {
+    Block& block = m_Blocks[i];
+    if (block.base == 0 && !Allocate(block)) return nullptr;
+    if (block.free < size) continue;
+    void* memory = reinterpret_cast<void*>(block.next);
+    block.next += size;
+    block.free -= size;
+    // Blocks before this one are not looked at again until clear, whatever room they have left: one
+    // comparison a request, however full the pool is.
+    m_Current = i;
+    return memory;
+  }
+  return nullptr;
+}
+
+void OutputPool::clear(bool freeBlocks) {
+  for (unsigned i = 0; i < m_BlockCount; ++i) {
+    Block& block = m_Blocks[i];
+    if (freeBlocks && block.base != 0) {
+      ::operator delete(reinterpret_cast<void*>(block.base));
+      block = {};
+    } else {
+      // Blocks that are not allocated too: the values are harmless, since everyone looks at the base first.
+      Reset(block);
+    }
+  }
+  m_Current = 0;
+}
+
+bool OutputPool::isPoolMemory(void* p) {
+  const auto address = reinterpret_cast<std::uintptr_t>(p);
+  for (unsigned i = 0; i <= m_Current && i < m_BlockCount; ++i) {
+    const Block& block = m_Blocks[i];
+    if (block.base != 0 && block.base <= address && address < block.next) return true;
+  }
+  return false;
+}
+
+void OutputPool::Reset(Block& block) const {
+  block.next = block.base + kReservedBytes;
+  block.free = m_BlockSize < kReservedBytes ? 0 : m_BlockSize - kReservedBytes;
+}
+
+bool OutputPool::Allocate(Block& block) const {
+  void* memory = ::operator new(m_BlockSize, std::nothrow);
+  if (memory == nullptr) return false;
+  block.base = reinterpret_cast<std::uintptr_t>(memory);
+  Reset(block);
+  return true;
+}
+
+}  // namespace CommonInterfaces
