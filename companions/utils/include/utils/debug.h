@@ -6,9 +6,14 @@
 
 #include "utils/api.h"
 
-#if defined(__GNUC__)
+#if defined(__MINGW32__) && !defined(__clang__)
+// GCC's "printf" there means the conversions of the oldest C library of the system, not those of the C++
+// library.
 #define UTILS_PRINTF_FORMAT(formatIndex, firstArgument) \
   __attribute__((format(gnu_printf, formatIndex, firstArgument)))
+#elif defined(__GNUC__)
+#define UTILS_PRINTF_FORMAT(formatIndex, firstArgument) \
+  __attribute__((format(printf, formatIndex, firstArgument)))
 #else
 #define UTILS_PRINTF_FORMAT(formatIndex, firstArgument)
 #endif

@@ -11,8 +11,8 @@
 #include "utils/api.h"
 #include "utils/debug.h"
 
-// std::fopen for a path in UTF-8, on every platform. Null when the file cannot be opened; the caller closes
-// it.
+// std::fopen for a path in UTF-8, on every platform. Null when the file cannot be opened, for a null path and
+// a null mode; the caller closes it. Any thread.
 UTILS_API std::FILE* mm_fopen(const char* path, const char* mode);
 
 // A binary file of at most 2 GiB - 1. Not copyable; closed by the destructor. An object belongs to one
@@ -27,20 +27,26 @@ class UTILS_API MFile {
   MFile(const MFile&) = delete;
   MFile& operator=(const MFile&) = delete;
 
-  // Opens `path` (a resolved path, not a logical one) with the position at its start. An open file is closed
-  // first. False, without a message, for a missing file, a folder, an unknown mode, null and "".
+  // Opens `path` (a resolved path, not a logical one) with the position at its start, in both modes: what is
+  // written there goes over what the file holds, and Seek(2, 0) leads behind it. An open file is closed
+  // first. False, without a message, for a missing file, a folder, a longer file, an unknown mode, null and
+  // "".
   bool Open(const char* path, int mode);
+
+  // Prints one line when what was written did not all reach the file (a full disk).
   void Close();
 
-  // Bytes read or written, fewer than `size` at the end of the file or on an error.
+  // Bytes read or written, fewer than `size` at the end of the file or on an error. Read leaves the rest of
+  // `out` as it was. Write may hold bytes back until Close, and stops at the largest length a file may have.
   unsigned Read(void* out, unsigned size);
   unsigned Write(const void* in, unsigned size);
 
-  // origin 0: from the start, 1: from the position, 2: from the end. False when the place is before the
-  // start.
+  // origin 0: from the start, 1: from the position, 2: from the end. False, with the position where it was,
+  // for another origin and a place before the start or past the largest length. A place past the end is
+  // allowed: Read gives nothing there, and Write fills the gap with zeros.
   bool Seek(int origin, int offset);
   int Tell() const;
-  int GetLength() const;
+  int GetLength() const;                   // what is written and not yet in the file counts
   static int GetLength(const char* path);  // 0 when the file cannot be opened
 
   // Looks for the bytes `key` from the position on and leaves the position right after the first match. When
@@ -49,23 +55,34 @@ class UTILS_API MFile {
   bool Search(const void* key, unsigned keySize);
 
  private:
+  enum class Operation { kNone, kRead, kWrite };
+
   struct Closer {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
+
+  bool Prepare(Operation next);
+
   std::unique_ptr<std::FILE, Closer> m_File;
-  int m_LastOperation = 0;  // C streams want a seek between reading and writing
+  std::string m_Path;
+  int m_Position = 0;  // the stream is moved there when the next operation needs it
+  Operation m_Operation =
+      Operation::kNone;  // what the stream did last; kNone: its own position is another one
+  bool m_WriteFailed = false;
 };
 
 // A text file, read line by line or written whole.
 //
 // Reading: a line ends with LF, CR LF or the end of the file; a UTF-8 byte-order mark at the start of the
-// file is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped. With
-// `comments` set, a line whose first character is the comment character is skipped and a line that begins
-// with the end character ends the reading; without it neither character means anything.
+// file is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped. Bytes
+// are copied as they are, zero bytes included (a C string then ends early, the next line is not touched).
+// With `comments` set, a line whose first character is the comment character is skipped and a line that
+// begins with the end character ends the reading for good; without it neither character means anything.
 //
-// Writing: the text goes to a new file beside the target, which takes the target's place when Close succeeds.
-// A write that failed, or an object destroyed without Close, leaves the old file as it was and prints one
-// line.
+// Writing: the text goes to a new file beside the target ("name.<process>-<count>.tmp"), which takes the
+// target's place, its permissions and its owner when Close succeeds. When the target is a symbolic link, what
+// it leads to is replaced and the link stays. A write that failed, or an object destroyed without Close,
+// leaves the old file as it was, removes the new one and prints one line that names the target.
 //
 // Not copyable. An object belongs to one thread.
 class UTILS_API MTextFile {
@@ -75,7 +92,9 @@ class UTILS_API MTextFile {
   MTextFile(const MTextFile&) = delete;
   MTextFile& operator=(const MTextFile&) = delete;
 
-  // False when the file cannot be opened; no message.
+  // False when the file cannot be opened; no message. For writing the target's folder must exist, and a
+  // target that exists must be a regular file that the process may write. What is open already is closed
+  // first, as by Close.
   bool Open(const char* path, bool write);
 
   // Copies the next line without its end into `buffer`, zero-terminated, at most size - 1 and lineSize - 1
@@ -83,11 +102,13 @@ class UTILS_API MTextFile {
   // and 0 when there is no further line: `buffer` is then "".
   int Readln(char* buffer, unsigned size);
 
-  // Reads the next line as one decimal integer. False at the end of the file and for a line that does not
-  // begin with a number: `value` then stays as it was.
+  // Reads the next line as one decimal integer, blanks before it and any text behind it allowed. False at the
+  // end of the file, for a line that does not begin with a number and for a number that no int holds: `value`
+  // then stays as it was.
   bool Readln(int& value);
 
-  // Writes a formatted text of any length; the caller supplies the line ends. False when writing failed.
+  // Writes a formatted text of any length; the caller supplies the line ends, which are kept as given. False
+  // when writing failed or the file is not open for writing.
   bool Write(const char* format, ...) UTILS_PRINTF_FORMAT(2, 3);
 
   // Ends reading, or puts the written file in place of the target. False, with one line, when any write
