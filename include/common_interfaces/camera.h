@@ -16,6 +16,7 @@
 
 namespace CommonInterfaces {
 
+class RecordReader;
 class SettingsData;
 
 // From where, when and in which direction the sky is seen: observer, location, time, time zone, viewing
@@ -310,10 +311,20 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void UpdateComboMatrix();
 
  private:
-  void UpdateScale();
+  CameraState& State() { return *this; }
+  bool ReadFrom(SettingsData& settings, const char* file, unsigned id);
+  bool ReadSavedView(const char* file, unsigned viewId);
+  void ApplyRecord(SettingsData& settings, bool namedFile);
+  void ReadObserver(RecordReader& reader, bool namedFile);
+  void SetBuiltInDefaults();
+  void SetDefaultDirection();
+  void SetDefaultSteps();
+  void SetJ2000();
   void UpdateDeltaT();
   void RebuildViewMatrix();
-  void SetBuiltInDefaults();
+  void UpdateScale();
+  void UpdateDiagonalsOfDefaults();
+  float DrawThreshold(int row) const;
   bool IsWithinShownRadius(double radius) const;
 
   unsigned m_Owner = 0;

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "common_interfaces/camera.h"
+
+#include "astro/delta_t.h"
+#include "camera/camera_codes.h"
+#include "common_interfaces/settings_data.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+namespace {
+
+constexpr double kRadiansPerDegree = 0.017453292519943295;
+constexpr double kSecondsPerDay = 86400.0;
+constexpr int kDayOfJ2000 = 2451545;
+constexpr unsigned char kCoorSysOfLocation = 2;
+
+}  // namespace
+
+Camera::Camera(unsigned owner)
+    : m_Owner(owner), m_Settings(std::make_unique<SettingsData>(owner, kCameraSettingsId, kSettingsFile)) {
+  m_Location.coorSys = kCoorSysOfLocation;
+  m_DispCoorSysObserver = kCoorSysOfLocation;
+  SetJ2000();
+}
+
+Camera::Camera(const Camera&) : CameraState() {}
+
+Camera& Camera::operator=(const Camera& other) {
+  if (this == &other) return *this;
+  CameraState::operator=(other);
+  UpdateComboMatrix();
+  m_Owner = other.m_Owner;
+  return *this;
+}
+
+Camera::~Camera() = default;
+
+void Camera::CreateDefault() {
+  if (!ReadSelf(nullptr, kCameraSettingsId)) SetBuiltInDefaults();
+}
+
+void Camera::SetBuiltInDefaults() {
+  m_FinderSize = 20;
+  m_Zoom = 1.0;
+  m_SecondZoom = 10.0;
+  m_Location.lon = 37.0 * kRadiansPerDegree;
+  m_Location.lat = 57.0 * kRadiansPerDegree;
+  m_Location.dist = 0.0;
+  m_FST_Offered = 1;
+  SetJ2000();
+  m_Observer.kind = FourCC("plnt");
+  m_Observer.number = kEarth;
+  m_ObserverChanged = true;
+  m_ObsLocatType = 2;
+  m_DirLock = 0;
+  m_CenterObject.kind = -1;
+  m_CenterObject.number = -1;
+  m_AimingDispType = 0;
+  SetDefaultDirection();
+  SetDefaultSteps();
+  UpdateDiagonalsOfDefaults();
+  UpdateScale();
+  RefreshLimitingMagnitudes();
+}
+
+// Towards the centre of the Galaxy.
+void Camera::SetDefaultDirection() {
+  m_ViewAngles.lon = 265.6 * kRadiansPerDegree;
+  m_ViewAngles.lat = -28.92 * kRadiansPerDegree;
+  m_ViewAngles.slope = 0.0;
+  RebuildViewMatrix();
+}
+
+// The height step has no default: it stays.
+void Camera::SetDefaultSteps() {
+  SetStep(CameraStep::kTime, {0.1, 0});
+  for (CameraStep angular : {CameraStep::kRotate, CameraStep::kAimAlp, CameraStep::kAimBet,
+                             CameraStep::kPosLon, CameraStep::kPosLat})
+    SetStep(angular, {kRadiansPerDegree, 0});
+  SetStep(CameraStep::kZoom, {1.2, 0});
+  SetStep(CameraStep::k3DFlight, {100000.0, 4});
+}
+
+void Camera::SetJ2000() {
+  m_JT = kDayOfJ2000;
+  m_TJ = 0.0;
+  m_TimeType = kUniversalTime;
+  UpdateDeltaT();
+}
+
+void Camera::UpdateDeltaT() { m_DeltaT = ET_UT::Get(m_JT, m_TJ) / kSecondsPerDay; }
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <string>
+
+#include "camera/camera_codes.h"
+#include "camera/camera_record.h"
+#include "common_interfaces/camera.h"
+#include "common_interfaces/settings_data.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+namespace {
+
+constexpr signed char kAroundGalaxy = 9;
+// The object that moving type 9 travels around, whatever number a file names.
+constexpr int kGalaxyNumber = 0x3D000000;
+
+bool ReadRecord(SettingsData& settings, const char* file) {
+  if (!settings.Read(file)) return false;
+  settings.SetCurSection(kCameraSection);
+  return settings.GetCurSection() == kCameraSection;
+}
+
+// Whether a record of that identifier is what reading the file would look for and not find.
+bool LacksRecord(const SettingsData& settings, const char* file, unsigned id) {
+  return !SettingsData::HoldsBlock(file, id, settings.GetID()) &&
+         !SettingsData::HoldsBlock(file, id, kDefaultsId);
+}
+
+}  // namespace
+
+bool Camera::ReadSelf(const char* file, unsigned id) {
+  if (m_Settings == nullptr) return false;
+  if (id == kCameraSettingsId) return ReadFrom(*m_Settings, file, id);
+  SettingsData settings(m_Owner, id, kSettingsFile);
+  return ReadFrom(settings, file, id);
+}
+
+bool Camera::ReadFrom(SettingsData& settings, const char* file, unsigned id) {
+  if (ReadRecord(settings, file)) {
+    ApplyRecord(settings, file != nullptr);
+    return true;
+  }
+  if (file == nullptr || !LacksRecord(settings, file, id)) return false;
+  return ReadSavedView(file, id) || ReadSavedView(file, m_Owner);
+}
+
+// WriteSelf and WriteSelfAll save under the camera's identifier and the view's id, where a record of a moving
+// type is looked for under its own identifier: this finds them again. Never defaults, which would pass for
+// any view.
+bool Camera::ReadSavedView(const char* file, unsigned viewId) {
+  if (!SettingsData::HoldsBlock(file, kCameraSettingsId, viewId)) return false;
+  SettingsData settings(viewId, kCameraSettingsId, kSettingsFile);
+  if (!ReadRecord(settings, file)) return false;
+  ApplyRecord(settings, true);
+  return true;
+}
+
+void Camera::ApplyRecord(SettingsData& settings, bool namedFile) {
+  RecordReader reader(settings);
+  reader.Value("m_FinderSize", m_FinderSize);
+  ExchangeTime(reader, State());
+  UpdateDeltaT();
+  reader.Value("m_Zoom", m_Zoom);
+  RefreshLimitingMagnitudes();
+  ReadObserver(reader, namedFile);
+  reader.Value("m_ObsLocatType", m_ObsLocatType);
+  reader.Value("m_DispCoorSysObserver", m_DispCoorSysObserver);
+  ExchangePlace(reader, m_Location);
+  m_Location.coorSys = m_DispCoorSysObserver;
+  ExchangeDirection(reader, State(), m_FirstLook);
+  RebuildViewMatrix();
+  for (const StepKeys& keys : kStepKeys) ExchangeStep(reader, keys, m_Steps);
+  if (namedFile) ReadDaylightSavings(reader, m_DST);
+}
+
+void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
+  reader.Value("m_ObsMovingType", m_ObsMovingType);
+  ExchangeObserver(reader, m_Observer);
+  if (m_ObsMovingType == kAroundGalaxy && m_Observer.kind == FourCC("gala"))
+    m_Observer.number = kGalaxyNumber;
+  m_ObserverChanged = true;
+  m_Observer.name[0] = '\0';
+  if (namedFile) m_Observer.fourth = 1;
+}
+
+void Camera::WriteSelf(const char* file, int id) {
+  if (m_Settings == nullptr) return;
+  m_Settings->SetID(static_cast<unsigned>(id));
+  m_FST = 1;
+  RecordWriter writer(*m_Settings);
+  ExchangeTime(writer, State());
+  // Always the Earth: a short record is a place and a time on it, wherever the observer happens to be.
+  const SSO_ID earth(FourCC("plnt"), kEarth);
+  ExchangeObserver(writer, earth);
+  ExchangePlace(writer, m_Location);
+  ExchangeStep(writer, kStepKeys[0], m_Steps);
+  m_Settings->SetCurSection(kCameraSection);
+  m_Settings->Write(file);
+}
+
+void Camera::WriteSelfAll(const char* file, int id) {
+  if (m_Settings == nullptr) return;
+  m_Settings->SetID(static_cast<unsigned>(id));
+  m_DispCoorSysObserver = m_Location.coorSys;
+  RecordWriter writer(*m_Settings);
+  writer.Value("m_FinderSize", m_FinderSize);
+  ExchangeTime(writer, State());
+  writer.Value("m_Zoom", m_Zoom);
+  writer.Value("m_ObsMovingType", m_ObsMovingType);
+  ExchangeObserver(writer, m_Observer);
+  writer.Value("m_ObsLocatType", m_ObsLocatType);
+  writer.Value("m_DispCoorSysObserver", m_DispCoorSysObserver);
+  ExchangePlace(writer, m_Location);
+  // A restored view turns to its centre object first; the camera's own flag is not what a file keeps.
+  const unsigned char firstLook = m_CenterObject.number != -1 && m_CenterObject.kind != -1;
+  ExchangeDirection(writer, State(), firstLook);
+  for (const StepKeys& keys : kStepKeys) ExchangeStep(writer, keys, m_Steps);
+  WriteDaylightSavings(writer, m_DST);
+  m_Settings->Write(file);
+}
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "astro/coordinates.h"
+#include "astro/vectors.h"
+#include "common_interfaces/camera.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+namespace {
+
+constexpr double kAuPerParsec = 206264.8062470964;  // IAU 2015 Resolution B2: 648000 / pi
+
+// How far from the Sun each kind of object is still shown, au.
+constexpr double kStarsRadius = 8000 * kAuPerParsec;
+constexpr double kClustersRadius = 30000 * kAuPerParsec;
+constexpr double kNebulaeRadius = 6000 * kAuPerParsec;
+constexpr double kSolarSystemRadius = 1 * kAuPerParsec;
+
+constexpr double kGalaxySeenFrom = 4000 * kAuPerParsec;
+constexpr double kDeepSpaceFrom = 1000.0;  // au
+// Moving type 9 counts its location from the galactic centre; the Sun stands this far along its first axis,
+// au.
+constexpr double kSunFromGalacticCentre = -1753250853.1003191;  // 8500 parsec
+
+// The moving types that travel far; the names say what the tests below do with them.
+enum : signed char { kInSpace = 3, kAroundGalaxy = 9, kFlight = 10, kFreeFlight = 11 };
+
+}  // namespace
+
+bool Camera::IsDeepSpace() const {
+  switch (m_ObsMovingType) {
+    case kAroundGalaxy:
+      return true;
+    case kInSpace:
+    case kFlight:
+    case kFreeFlight:
+      return m_Location.dist > kDeepSpaceFrom;
+    default:
+      return false;
+  }
+}
+
+bool Camera::IsShowOurGalaxy() const {
+  switch (m_ObsMovingType) {
+    case kAroundGalaxy:
+    case kFlight:
+    case kFreeFlight:
+      return m_Location.dist > kGalaxySeenFrom;
+    default:
+      return false;
+  }
+}
+
+bool Camera::IsWithinShownRadius(double radius) const {
+  switch (m_ObsMovingType) {
+    case kFlight:
+    case kFreeFlight:
+      return radius > m_Location.dist;
+    case kAroundGalaxy: {
+      double v[3];
+      sfp(m_Location.dist, m_Location.lon, m_Location.lat, v);
+      const double fromSun[3] = {kSunFromGalacticCentre - v[0], -v[1], -v[2]};
+      return radius > Vmod(fromSun, 3);
+    }
+    default:
+      return true;
+  }
+}
+
+bool Camera::IsShowStars() const { return IsWithinShownRadius(kStarsRadius); }
+bool Camera::IsShowClusters() const { return IsWithinShownRadius(kClustersRadius); }
+bool Camera::IsShowNebulae() const { return IsWithinShownRadius(kNebulaeRadius); }
+bool Camera::IsShowSSObjects() const { return IsWithinShownRadius(kSolarSystemRadius); }
+
+// Seen from outside, our galaxy hides the sectors that the catalogue of galaxies is divided into.
+bool Camera::IsSkySectorsFiltration(int cls) const { return cls != FourCC("gala") || !IsShowOurGalaxy(); }
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "common_interfaces/moving_modes.h"
+
+namespace CommonInterfaces {
+namespace {
+
+constexpr int kModes = 12;
+constexpr signed char kBasePlanes[kModes] = {1, 1, -1, 2, 3, -1, -1, -1, -1, -1, 3, 3};
+constexpr signed char kCoordinateSystems[kModes] = {2, 2, -1, 0, 3, -1, -1, -1, -1, -1, 3, 7};
+
+char LookUp(const signed char (&table)[kModes], char mode) {
+  return static_cast<char>(mode >= 0 && mode < kModes ? table[static_cast<int>(mode)] : -1);
+}
+
+}  // namespace
+
+char GetBasePlaneForMode(char mode) { return LookUp(kBasePlanes, mode); }
+
+char GetSysCoorForMode(char mode) { return LookUp(kCoordinateSystems, mode); }
+
+}  // namespace CommonInterfaces
