@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// ASTRO_API marks what the companion library astro exports. ASTRO_BUILD is defined while its own sources are compiled.
+// ASTRO_API marks what the companion library astro exports. ASTRO_BUILD is defined while its own sources are
+// compiled.
 #pragma once
 
 #if defined(_WIN32)

@@ -1,33 +1,46 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The frames that an observer on the Earth needs. Matrices take components of the first frame into the second:
-// v2 = MV3prod(M, v1).
+// The frames that an observer on the Earth needs. Matrices take components of the first frame into the
+// second: v2 = MV3prod(M, v1). Nothing here fails or keeps state; every thread may call. Numbers that are not
+// finite give results that are not finite.
+//
+// Julian dates are in dynamical time (TT); a double holds them to 0.00004 second.
 #pragma once
 
 #include "astro/api.h"
 
-// Catalogue frame (J2000, ICRS axes) to true equator and equinox of date: frame bias, precession, nutation.
-// julianDateTT: Julian date in dynamical time.
+// Catalogue frame (J2000, ICRS axes) to true equator and equinox of date: frame bias and precession IAU 2006
+// (Hilton et al. 2006), nutation IAU 2000B (McCarthy & Luzum 2003, 77 terms). Within 0.003 arc second of the
+// full IAU 2006/2000A model over 1900 to 2100, 0.01 over 1700 to 2300. The polynomials drift from the
+// long-term theory of Vondrak, Capitaine & Wallace 2011 by 0.4 arc second in the year 0, 17 in -3000, 85 in
+// -5000; 4 in 5000, 245 in 10000.
 ASTRO_API void PrecessionNutationMatrix(double julianDateTT, double m[9]);
 
-// Mean obliquity of the ecliptic of date, radians.
+// Mean obliquity of the ecliptic of date, radians, IAU 2006 (Hilton et al. 2006): a polynomial of the fifth
+// degree, to be trusted for some thousands of years around 2000.
 ASTRO_API double MeanObliquity(double julianDateTT);
 
-// Greenwich apparent sidereal time in radians, [0, 2 pi). The moment is given in Universal Time (UT1) as day number
-// and fraction; deltaT is TT - UT1 in seconds (ET_UT::Get).
+// Greenwich apparent sidereal time in radians, [0, 2 pi), IAU 2006 with the nutation above. The moment is
+// given in Universal Time (UT1) as day number and fraction; deltaT is TT - UT1 in seconds (ET_UT::Get).
+// Within 0.0002 second of time of the full model over 1900 to 2100. Farther away it stays true to
+// PrecessionNutationMatrix, which is what keeps the sky in place: their sum of small errors is 0.2 arc second
+// from 0 to 4500, 16 in -5000, 50 in 10000.
 ASTRO_API double ApparentSiderealTime(int julianDay, double fraction, double deltaT);
 
-// True equator and equinox of date to the horizon frame of a place: x to the north point, y to the west point, z to
-// the zenith, so that the longitude is 2 pi - azimuth and the latitude the altitude. localSiderealTime is the
-// apparent one of Greenwich plus the longitude (east positive); latitude is geodetic.
+// True equator and equinox of date to the horizon frame of a place: x to the north point, y to the west
+// point, z to the zenith, so that the longitude is 2 pi - azimuth (azimuth from north by east) and the
+// latitude the altitude. localSiderealTime is the apparent one of Greenwich plus the longitude (east
+// positive); latitude is geodetic. Both in radians. Diurnal parallax, aberration and refraction are not part
+// of it.
 ASTRO_API void HorizonMatrix(double localSiderealTime, double latitude, double m[9]);
 
-// Velocity of the Earth's centre relative to the barycentre of the solar system, in units of the speed of light,
-// J2000 axes.
+// Velocity of the Earth's centre relative to the barycentre of the solar system, in units of the speed of
+// light, J2000 axes. Series of Ron & Vondrak 1986 (36 terms): directions are good to 0.001 arc second over
+// 1700 to 2300, and to some 0.1 in -5000 and 10000.
 ASTRO_API void EarthVelocity(double julianDateTT, double v[3]);
 
-// Annual aberration: the direction in which an observer moving with `velocity` (units of the speed of light) sees a
-// light source whose direction is the unit vector `direction`. The result is a unit vector; it may be the same
-// array.
+// Annual aberration: the direction in which an observer moving with `velocity` (units of the speed of light,
+// below 1) sees a light source whose direction is the unit vector `direction`, by the theory of relativity;
+// the bending of light by the Sun is not part of it. The result is a unit vector; it may be the same array.
 ASTRO_API void Aberration(const double direction[3], const double velocity[3], double apparent[3]);
