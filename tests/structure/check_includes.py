@@ -15,7 +15,8 @@ MAY_INCLUDE = {
     "settings": {"text_base", "utils", "astro"},
     "output": {"settings", "text_base", "utils", "astro"},
     "camera": {"output", "settings", "text_base", "utils", "astro"},
-    "umbrella": {"camera", "output", "settings", "text_base", "utils", "astro"},
+    "thread": set(),
+    "umbrella": {"thread", "camera", "output", "settings", "text_base", "utils", "astro"},
     "host": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
     "tools": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
@@ -30,9 +31,11 @@ PUBLIC = {
     "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
     "date.h": "camera", "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
     "camera.h": "camera",
+    "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }
-FOLDER = {"text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "host": "host",
+FOLDER = {"text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "thread": "thread",
+          "host": "host",
           "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
 
 

@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "common_interfaces/thread.h"
+#include "thread/child_process.h"
+#include "thread/message_of.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+using thread::Semaphore;
+using thread_tests::MessageOf;
+
+template <class Action>
+std::string Failure(Action action) {
+  return MessageOf<Semaphore::Error>(action);
+}
+
+ChildProcess Peer(const char* command, const char* name) {
+  return ChildProcess({THREAD_PEER, command, name});
+}
+
+TEST(Semaphore, DefaultCountIsOne) {
+  Semaphore semaphore;
+  EXPECT_EQ(semaphore.lock(0), thread::kSignalled);
+  EXPECT_EQ(semaphore.lock(0), thread::kTimedOut);
+}
+
+TEST(Semaphore, LockWithZeroTimeOutOnCountZeroReturnsAtOnce) {
+  Semaphore semaphore(0);
+  const auto start = steady_clock::now();
+  EXPECT_EQ(semaphore.lock(0), thread::kTimedOut);
+  EXPECT_LT(steady_clock::now() - start, milliseconds(500));
+}
+
+TEST(Semaphore, TimeOutLastsAsLongAsAsked) {
+  Semaphore semaphore(0);
+  const auto start = steady_clock::now();
+  EXPECT_EQ(semaphore.lock(50), thread::kTimedOut);
+  EXPECT_GE(steady_clock::now() - start, milliseconds(49));
+}
+
+TEST(Semaphore, UnlockOfZeroNegativeOrPastTheMaximumFailsAndChangesNothing) {
+  Semaphore semaphore(0x7FFFFFFE);
+  EXPECT_EQ(Failure([&] { semaphore.unlock(0); }), "Can't unlock semaphore.");
+  EXPECT_EQ(Failure([&] { semaphore.unlock(-1); }), "Can't unlock semaphore.");
+  EXPECT_EQ(Failure([&] { semaphore.unlock(2); }), "Can't unlock semaphore.");
+  EXPECT_EQ(Failure([&] { semaphore.unlock(1); }), "");
+  EXPECT_EQ(Failure([&] { semaphore.unlock(1); }), "Can't unlock semaphore.");
+}
+
+TEST(Semaphore, InitialCountPastTheMaximumIsRefused) {
+  EXPECT_EQ(Failure([] { Semaphore semaphore(0x80000000ul); }), "Can't create semaphore.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(0x7FFFFFFFul); }), "");
+}
+
+TEST(Semaphore, SecondOfTheSameNameThrows) {
+  Semaphore first(1, "ci semaphore twice");
+  EXPECT_EQ(Failure([] { Semaphore second(1, "ci semaphore twice"); }), "Semaphore already exists.");
+}
+
+TEST(Semaphore, NameTakenByAnEventCannotBeCreatedOrOpened) {
+  thread::SyncEvent event(false, false, "ci taken by an event");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci taken by an event"); }), "Can't create semaphore.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore("ci taken by an event"); }), "Can't open existing semaphore.");
+}
+
+TEST(Semaphore, OpeningAnUnknownNameThrows) {
+  EXPECT_EQ(Failure([] { Semaphore semaphore("ci nobody made this"); }), "Can't open existing semaphore.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(static_cast<const char*>(nullptr)); }),
+            "Can't open existing semaphore.");
+}
+
+TEST(Semaphore, OpenedOneSharesTheCount) {
+  Semaphore made(0, "ci shared count");
+  Semaphore opened("ci shared count");
+  opened.unlock(2);
+  EXPECT_EQ(made.lock(0), thread::kSignalled);
+  EXPECT_EQ(opened.lock(0), thread::kSignalled);
+  EXPECT_EQ(made.lock(0), thread::kTimedOut);
+}
+
+TEST(Semaphore, NameIsFreeOnceTheLastHolderIsGone) {
+  for (int i = 0; i < 3; ++i) {
+    auto made = std::make_unique<Semaphore>(1, "ci last holder");
+    const Semaphore opened("ci last holder");
+    made.reset();
+    EXPECT_EQ(Failure([] { Semaphore again(1, "ci last holder"); }), "Semaphore already exists.");
+  }
+  EXPECT_EQ(Failure([] { Semaphore again(1, "ci last holder"); }), "");
+}
+
+TEST(Semaphore, NameMayHoldAnyCharacterAndAnyLength) {
+  const std::string lengthy(1000, 'x');
+  for (const std::string& name : {std::string("a/b"), std::string("a\\b"), std::string("a%5Cb"),
+                                  std::string("50 % \xC3\xA4\x01\n"), lengthy}) {
+    Semaphore made(1, name.c_str());
+    Semaphore opened(name.c_str());
+    EXPECT_EQ(Failure([&] { Semaphore again(1, name.c_str()); }), "Semaphore already exists.") << name;
+  }
+  Semaphore one(1, "a\\b"), other(1, "a%5Cb");
+  Semaphore longer(1, (lengthy + "y").c_str()), longest(1, (lengthy + "z").c_str());
+}
+
+TEST(Semaphore, EveryUnlockLetsOneWaiterGo) {
+  constexpr int kWaiters = 8;
+  for (int round = 0; round < 1000 / kWaiters; ++round) {
+    Semaphore semaphore(0);
+    std::atomic<int> through{0};
+    std::vector<std::thread> waiters;
+    for (int i = 0; i < kWaiters; ++i) {
+      waiters.emplace_back([&] {
+        semaphore.lock();
+        ++through;
+      });
+    }
+    for (int i = 0; i < kWaiters; ++i) semaphore.unlock();
+    for (auto& waiter : waiters) waiter.join();
+    ASSERT_EQ(through, kWaiters);
+    ASSERT_EQ(semaphore.lock(0), thread::kTimedOut);
+  }
+}
+
+TEST(Semaphore, OrdersTheMemoryOfThoseItPassesBetween) {
+  Semaphore mine(0), yours(0);
+  int ball = 0;
+  std::thread other([&] {
+    for (int i = 0; i < 1000; ++i) {
+      yours.lock();
+      ++ball;
+      mine.unlock();
+    }
+  });
+  for (int i = 0; i < 1000; ++i) {
+    ++ball;
+    yours.unlock();
+    mine.lock();
+  }
+  other.join();
+  EXPECT_EQ(ball, 2000);
+}
+
+TEST(SemaphoreBetweenProcesses, UnlockReachesTheOtherProcess) {
+  Semaphore semaphore(0, "ci to the other process");
+  auto peer = Peer("wait-for-semaphore", "ci to the other process");
+  EXPECT_EQ(peer.ReadLine(), "waiting");
+  semaphore.unlock();
+  EXPECT_EQ(peer.ReadLine(), "got it");
+  EXPECT_EQ(peer.Wait(), 0);
+}
+
+TEST(SemaphoreBetweenProcesses, OtherProcessUnlocksThisOne) {
+  Semaphore semaphore(0, "ci from the other process");
+  auto peer = Peer("unlock-semaphore", "ci from the other process");
+  semaphore.lock();
+  EXPECT_EQ(peer.ReadLine(), "unlocked");
+}
+
+TEST(SemaphoreBetweenProcesses, NameTakenThereIsTakenHere) {
+  auto peer = Peer("hold-new-semaphore", "ci held there");
+  ASSERT_EQ(peer.ReadLine(), "holding");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci held there"); }), "Semaphore already exists.");
+  Semaphore opened("ci held there");
+  EXPECT_EQ(opened.lock(0), thread::kTimedOut);
+}
+
+TEST(SemaphoreBetweenProcesses, KilledHolderLeavesNoName) {
+  for (int round = 0; round < 10; ++round) {
+    auto peer = Peer("hold-new-semaphore", "ci killed holder");
+    ASSERT_EQ(peer.ReadLine(), "holding");
+    peer.Kill();
+    EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci killed holder"); }), "");
+  }
+}
+
+TEST(SemaphoreBetweenProcesses, NameLivesOnWithAnotherHolderWhenItsMakerIsKilled) {
+  auto peer = Peer("hold-new-semaphore", "ci maker killed");
+  ASSERT_EQ(peer.ReadLine(), "holding");
+  Semaphore opened("ci maker killed");
+  peer.Kill();
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci maker killed"); }), "Semaphore already exists.");
+  opened.unlock();
+  EXPECT_EQ(opened.lock(0), thread::kSignalled);
+}
+
+TEST(SemaphoreBetweenProcesses, KilledWaiterTakesNothingWithIt) {
+  Semaphore semaphore(0, "ci killed waiter");
+  auto peer = Peer("wait-for-semaphore", "ci killed waiter");
+  ASSERT_EQ(peer.ReadLine(), "waiting");
+  thread::sleep(50);
+  peer.Kill();
+  semaphore.unlock();
+  EXPECT_EQ(semaphore.lock(1000), thread::kSignalled);
+}
+
+}  // namespace

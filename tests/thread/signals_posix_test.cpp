@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <pthread.h>
+#include <signal.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "common_interfaces/thread.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+// Calls `action` on a thread that is sent a signal every millisecond; returns how long it took.
+template <class Action>
+steady_clock::duration UnderSignals(Action action) {
+  struct sigaction handler {};
+  handler.sa_handler = [](int) {};  // without SA_RESTART: system calls are interrupted
+  sigaction(SIGUSR1, &handler, nullptr);
+  std::atomic<bool> ended{false};
+  steady_clock::duration took{};
+  std::thread worker([&] {
+    const auto start = steady_clock::now();
+    action();
+    took = steady_clock::now() - start;
+    ended = true;
+  });
+  while (!ended) {
+    pthread_kill(worker.native_handle(), SIGUSR1);
+    std::this_thread::sleep_for(milliseconds(1));
+  }
+  worker.join();
+  return took;
+}
+
+TEST(Signals, DoNotShortenATimeOut) {
+  thread::Semaphore semaphore(0);
+  EXPECT_GE(UnderSignals([&] { EXPECT_EQ(semaphore.lock(60), thread::kTimedOut); }), milliseconds(59));
+}
+
+TEST(Signals, DoNotLengthenATimeOut) {
+  thread::SyncEvent event;
+  EXPECT_LT(UnderSignals([&] { EXPECT_EQ(event.wait(60), thread::kTimedOut); }), milliseconds(2000));
+}
+
+TEST(Signals, DoNotShortenASleep) {
+  EXPECT_GE(UnderSignals([] { thread::sleep(60); }), milliseconds(59));
+}
+
+}  // namespace

@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "common_interfaces/thread.h"
+#include "thread/child_process.h"
+#include "thread/message_of.h"
+
+namespace {
+
+using thread::SyncEvent;
+using thread_tests::MessageOf;
+
+template <class Action>
+std::string Failure(Action action) {
+  return MessageOf<SyncEvent::Error>(action);
+}
+
+TEST(SyncEvent, AutomaticOneIsResetByOneWait) {
+  SyncEvent event(true);
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+  EXPECT_EQ(event.wait(0), thread::kTimedOut);
+}
+
+TEST(SyncEvent, ManualOneStaysSetUntilReset) {
+  SyncEvent event(false, true);
+  EXPECT_EQ(event.wait(0), thread::kTimedOut);
+  event.set();
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+  event.reset();
+  EXPECT_EQ(event.wait(0), thread::kTimedOut);
+}
+
+TEST(SyncEvent, SetTwiceWithoutAWaiterReleasesOne) {
+  SyncEvent event;
+  event.set();
+  event.set();
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+  EXPECT_EQ(event.wait(0), thread::kTimedOut);
+}
+
+TEST(SyncEvent, SecondOfTheSameNameThrows) {
+  SyncEvent first(false, false, "ci event twice");
+  EXPECT_EQ(Failure([] { SyncEvent second(false, false, "ci event twice"); }), "Event already exists.");
+  EXPECT_EQ(Failure([] { SyncEvent second(false, true, "ci event twice"); }), "Event already exists.");
+}
+
+TEST(SyncEvent, NameTakenBySemaphoreCannotBeCreatedOrOpened) {
+  thread::Semaphore semaphore(1, "ci taken by a semaphore");
+  EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci taken by a semaphore"); }), "Can't create event.");
+  EXPECT_EQ(Failure([] { SyncEvent event("ci taken by a semaphore"); }), "Can't open existing event.");
+}
+
+TEST(SyncEvent, OpeningAnUnknownNameThrows) {
+  EXPECT_EQ(Failure([] { SyncEvent event("ci no such event"); }), "Can't open existing event.");
+}
+
+// Each set lets one of the waiting threads go, also when no thread has run between two sets.
+TEST(SyncEvent, EverySetOfAnAutomaticEventLetsOneWaiterGo) {
+  constexpr int kWaiters = 4;
+  for (int round = 0; round < 10; ++round) {
+    SyncEvent event;
+    std::atomic<int> waiting{0}, through{0};
+    std::vector<std::thread> waiters;
+    for (int i = 0; i < kWaiters; ++i) {
+      waiters.emplace_back([&] {
+        ++waiting;
+        if (event.wait(20'000) == thread::kSignalled) ++through;
+      });
+    }
+    while (waiting < kWaiters) std::this_thread::yield();
+    thread::sleep(60);  // all of them are asleep in the wait now
+    for (int i = 0; i < kWaiters; ++i) event.set();
+    for (auto& waiter : waiters) waiter.join();
+    ASSERT_EQ(through, kWaiters);
+    ASSERT_EQ(event.wait(0), thread::kTimedOut);
+  }
+}
+
+TEST(SyncEvent, ManualEventLetsEveryWaiterGoEvenWhenResetAtOnce) {
+  constexpr int kWaiters = 4;
+  for (int round = 0; round < 10; ++round) {
+    SyncEvent event(false, true);
+    std::atomic<int> waiting{0}, through{0};
+    std::vector<std::thread> waiters;
+    for (int i = 0; i < kWaiters; ++i) {
+      waiters.emplace_back([&] {
+        ++waiting;
+        if (event.wait(20'000) == thread::kSignalled) ++through;
+      });
+    }
+    while (waiting < kWaiters) std::this_thread::yield();
+    thread::sleep(60);
+    event.set();
+    event.reset();
+    for (auto& waiter : waiters) waiter.join();
+    ASSERT_EQ(through, kWaiters);
+  }
+}
+
+TEST(SyncEvent, ThousandRoundsOfPingPongDoNotHang) {
+  SyncEvent ping, pong;
+  int ball = 0;
+  std::thread other([&] {
+    for (int i = 0; i < 1000; ++i) {
+      ping.wait();
+      ++ball;
+      pong.set();
+    }
+  });
+  for (int i = 0; i < 1000; ++i) {
+    ping.set();
+    pong.wait();
+  }
+  other.join();
+  EXPECT_EQ(ball, 1000);
+}
+
+TEST(SyncEventBetweenProcesses, SetReachesTheOtherProcess) {
+  SyncEvent event(false, false, "ci event to the other");
+  ChildProcess peer({THREAD_PEER, "wait-for-event", "ci event to the other"});
+  EXPECT_EQ(peer.ReadLine(), "waiting");
+  event.set();
+  EXPECT_EQ(peer.ReadLine(), "got it");
+}
+
+TEST(SyncEventBetweenProcesses, KilledHolderLeavesNoName) {
+  for (int round = 0; round < 10; ++round) {
+    ChildProcess peer({THREAD_PEER, "hold-new-event", "ci killed event holder"});
+    ASSERT_EQ(peer.ReadLine(), "holding");
+    EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci killed event holder"); }),
+              "Event already exists.");
+    peer.Kill();
+    EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci killed event holder"); }), "");
+  }
+}
+
+TEST(SyncEventBetweenProcesses, KilledWaiterDoesNotSwallowTheSet) {
+  SyncEvent event(false, false, "ci killed event waiter");
+  ChildProcess peer({THREAD_PEER, "wait-for-event", "ci killed event waiter"});
+  ASSERT_EQ(peer.ReadLine(), "waiting");
+  thread::sleep(50);
+  peer.Kill();
+  event.set();
+  EXPECT_EQ(event.wait(1000), thread::kSignalled);
+}
+
+}  // namespace

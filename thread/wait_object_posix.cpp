@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "thread/wait_object_posix.h"
+
+#include <linux/futex.h>
+#include <pthread.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <ctime>
+#include <new>
+
+#include "thread/named_memory_linux.h"
+
+namespace thread {
+
+// Lies in memory that processes share, so it holds no pointer.
+struct WaitObject::State {
+  pthread_mutex_t mutex;  // robust: a holder that is killed does not keep it
+  Kind kind;
+  unsigned count;                // free slots of a semaphore; 1: the event is set
+  std::atomic<unsigned> turns;   // what waiters sleep on; moves whenever the count is raised
+  std::atomic<unsigned> handed;  // orders the memory of who released before the memory of who was handed it
+};
+
+namespace {
+
+constexpr unsigned kMaximumCount = 0x7FFFFFFFu;
+
+long Futex(std::atomic<unsigned>& word, int operation, unsigned value, const timespec* deadline) {
+  static_assert(sizeof word == 4);
+  return syscall(SYS_futex, &word, operation, value, deadline, nullptr, FUTEX_BITSET_MATCH_ANY);
+}
+
+// How many threads that slept on `word` were let go, at most `count`.
+unsigned Wake(std::atomic<unsigned>& word, unsigned count) {
+  const long woken = Futex(word, FUTEX_WAKE, count, nullptr);
+  return woken > 0 ? static_cast<unsigned>(woken) : 0;
+}
+
+timespec DeadlineAfter(unsigned long milliseconds) {
+  timespec deadline{};
+  clock_gettime(CLOCK_MONOTONIC, &deadline);
+  deadline.tv_sec += static_cast<time_t>(milliseconds / 1000);
+  deadline.tv_nsec += static_cast<long>(milliseconds % 1000) * 1'000'000;
+  if (deadline.tv_nsec >= 1'000'000'000) {
+    deadline.tv_nsec -= 1'000'000'000;
+    ++deadline.tv_sec;
+  }
+  return deadline;
+}
+
+bool InitMutex(pthread_mutex_t* mutex) {
+  pthread_mutexattr_t attributes;
+  if (pthread_mutexattr_init(&attributes) != 0) return false;
+  const bool done = pthread_mutexattr_setpshared(&attributes, PTHREAD_PROCESS_SHARED) == 0 &&
+                    pthread_mutexattr_setrobust(&attributes, PTHREAD_MUTEX_ROBUST) == 0 &&
+                    pthread_mutex_init(mutex, &attributes) == 0;
+  pthread_mutexattr_destroy(&attributes);
+  return done;
+}
+
+}  // namespace
+
+WaitObject::WaitObject() = default;
+
+WaitObject::~WaitObject() {
+  if (m_Private) pthread_mutex_destroy(&m_Private->mutex);
+}
+
+WaitObject::Creation WaitObject::Create(Kind kind, unsigned count, const char* name,
+                                        std::unique_ptr<WaitObject>& out) {
+  if (count > kMaximumCount) return Creation::kFailed;
+  const auto init = [kind, count](void* memory) {
+    auto* state = new (memory) State{};
+    state->kind = kind;
+    state->count = count;
+    return InitMutex(&state->mutex);
+  };
+  auto made = std::unique_ptr<WaitObject>(new WaitObject);
+  if (!name) {
+    made->m_Private = std::make_unique<State>();
+    if (!init(made->m_Private.get())) return Creation::kFailed;
+    made->m_State = made->m_Private.get();
+  } else {
+    const auto result = NamedMemory::Create(name, sizeof(State), made->m_Shared, init);
+    if (result == NamedMemory::Result::kFailed) return Creation::kFailed;
+    made->m_State = static_cast<State*>(made->m_Shared->Data());
+    if (result == NamedMemory::Result::kExists) {
+      const bool alike = (made->m_State->kind == Kind::kSemaphore) == (kind == Kind::kSemaphore);
+      return alike ? Creation::kExists : Creation::kFailed;
+    }
+  }
+  out = std::move(made);
+  return Creation::kDone;
+}
+
+std::unique_ptr<WaitObject> WaitObject::Open(bool semaphore, const char* name) {
+  if (!name) return nullptr;
+  auto opened = std::unique_ptr<WaitObject>(new WaitObject);
+  opened->m_Shared = NamedMemory::Open(name, sizeof(State));
+  if (!opened->m_Shared) return nullptr;
+  opened->m_State = static_cast<State*>(opened->m_Shared->Data());
+  return (opened->m_State->kind == Kind::kSemaphore) == semaphore ? std::move(opened) : nullptr;
+}
+
+// Every step under the lock leaves the state whole, so a lock whose holder was killed is simply taken over.
+bool WaitObject::Lock() {
+  const int result = pthread_mutex_lock(&m_State->mutex);
+  if (result == EOWNERDEAD) return pthread_mutex_consistent(&m_State->mutex) == 0;
+  return result == 0;
+}
+
+void WaitObject::Unlock() { pthread_mutex_unlock(&m_State->mutex); }
+
+WaitObject::Wait WaitObject::Acquire(unsigned long milliseconds) {
+  const bool forever = milliseconds >= kInfinite;
+  const timespec deadline = forever ? timespec{} : DeadlineAfter(milliseconds);
+  for (;;) {
+    if (!Lock()) return Wait::kFailed;
+    const bool free = m_State->count > 0;
+    if (free && m_State->kind != Kind::kManualEvent) --m_State->count;
+    const unsigned turn = m_State->turns.load();
+    Unlock();
+    if (free) return Wait::kAcquired;
+    // Sleeps only while nothing was released since the look above; to be woken is to be handed what was
+    // released.
+    if (Futex(m_State->turns, FUTEX_WAIT_BITSET, turn, forever ? nullptr : &deadline) == 0) {
+      m_State->handed.load(std::memory_order_acquire);
+      return Wait::kAcquired;
+    }
+    if (errno == ETIMEDOUT) return Wait::kTimedOut;
+    if (errno != EAGAIN && errno != EINTR) return Wait::kFailed;
+  }
+}
+
+bool WaitObject::Release(unsigned count) {
+  if (count == 0 || !Lock()) return false;
+  const bool fits = count <= kMaximumCount - m_State->count;
+  if (fits) {
+    m_State->handed.fetch_add(1, std::memory_order_release);
+    const unsigned kept = count - Wake(m_State->turns, count);
+    if (kept > 0) {
+      m_State->count += kept;
+      ++m_State->turns;  // a thread about to sleep looks again
+    }
+  }
+  Unlock();
+  return fits;
+}
+
+bool WaitObject::Set() {
+  if (!Lock()) return false;
+  const bool manual = m_State->kind == Kind::kManualEvent;
+  m_State->handed.fetch_add(1, std::memory_order_release);
+  const unsigned woken = Wake(m_State->turns, manual ? INT_MAX : 1u);
+  if (manual || woken == 0) {
+    m_State->count = 1;
+    ++m_State->turns;
+  }
+  Unlock();
+  return true;
+}
+
+bool WaitObject::Reset() {
+  if (!Lock()) return false;
+  m_State->count = 0;
+  Unlock();
+  return true;
+}
+
+}  // namespace thread

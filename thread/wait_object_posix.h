@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "common_interfaces/thread.h"
+
+namespace thread {
+
+class NamedMemory;
+
+// What a semaphore and an event have in common: a count, and threads that wait until they get one of it.
+//
+// Releasing hands over: as long as a thread waits, what is released goes to a waiter and never shows in the
+// count, so that a thread that comes later cannot take it away, and N releases let N waiters go even when
+// none of them has run in between. The kernel's own queue says whether a thread waits; a killed waiter leaves
+// that queue by itself.
+class WaitObject {
+ public:
+  enum class Kind : unsigned { kSemaphore = 1, kAutomaticEvent, kManualEvent };
+  enum class Creation { kDone, kExists, kFailed };
+  enum class Wait { kAcquired, kTimedOut, kFailed };
+
+  static Creation Create(Kind kind, unsigned count, const char* name, std::unique_ptr<WaitObject>& out);
+  static std::unique_ptr<WaitObject> Open(bool semaphore, const char* name);
+  ~WaitObject();
+
+  // kInfinite and above: no time-out.
+  Wait Acquire(unsigned long milliseconds);
+  bool Release(unsigned count);  // semaphore; false past the maximum
+  bool Set();                    // event
+  bool Reset();                  // event
+
+ private:
+  struct State;
+  WaitObject();
+  bool Lock();
+  void Unlock();
+
+  std::unique_ptr<NamedMemory> m_Shared;  // of a named object
+  std::unique_ptr<State> m_Private;       // of one without a name
+  State* m_State = nullptr;
+};
+
+}  // namespace thread
