@@ -7,11 +7,8 @@
 namespace CommonInterfaces {
 
 // Codes that camera files keep: never change them.
-inline constexpr unsigned kCameraSettingsId =
-    static_cast<unsigned>(FourCC("CAMR"));  // first key word of a block
+inline constexpr unsigned kCameraSettingsId = static_cast<unsigned>(FourCC("CAMR"));  // first word of a block
 inline constexpr unsigned kCameraSection = static_cast<unsigned>(FourCC("camr"));
-inline constexpr unsigned kDefaultsId =
-    0x44464C54;                   // second key word of a block of defaults: the bytes "TLFD"
 inline constexpr int kEarth = 3;  // number of the object kind "plnt"
 
 // The settings file whose defaults every camera record is laid over.

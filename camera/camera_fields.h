@@ -8,6 +8,7 @@
 
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/settings_data.h"
+#include "common_interfaces/settings_field.h"
 
 namespace CommonInterfaces {
 

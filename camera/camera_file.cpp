@@ -22,9 +22,9 @@ bool ReadRecord(SettingsData& settings, const char* file) {
 }
 
 // Whether a record of that identifier is what reading the file would look for and not find.
-bool LacksRecord(const SettingsData& settings, const char* file, unsigned id) {
+bool LacksRecord(SettingsData& settings, const char* file, unsigned id) {
   return !SettingsData::HoldsBlock(file, id, settings.GetID()) &&
-         !SettingsData::HoldsBlock(file, id, kDefaultsId);
+         !SettingsData::HoldsBlock(file, id, SettingsData::kDefaultsTag);
 }
 
 }  // namespace
