@@ -16,6 +16,7 @@ namespace CommonInterfaces {
 //   the left and the right edge, or both the top and the bottom, ends beside its true crossing at one of
 //   them. The window's own clipping must stay on.
 // - A point exactly on an edge counts as outside for the two quick tests: a segment along an edge is refused.
+// - The area is taken as it is: one whose right edge lies left of its left edge is not noticed.
 // Neither allocates, fails or keeps anything. Any thread.
 
 // Pixels. A scale above 0.006457718232378999 (one hundredth of 37 degrees in radians) computes in 16.16 fixed
