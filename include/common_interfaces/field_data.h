@@ -30,6 +30,10 @@ constexpr unsigned kLabelListCondition = 0x4000;
 // A query section of this value stands for "the field's own section". Kept in files.
 constexpr unsigned kOwnQuerySection = 0xFFFFFFFF;
 
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wc99-extensions"
+#endif
 #pragma pack(push, 1)
 // Little-endian, without gaps, at any address. A record of n elements is exactly 20 + n * width bytes long.
 struct FieldData {
@@ -45,6 +49,9 @@ struct FieldData {
   __extension__ unsigned char data[];
 };
 #pragma pack(pop)
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
 
 constexpr int kFieldHeaderSize = 20;
 // The longest record that can be read: 65535 bytes and the header.
