@@ -44,7 +44,7 @@ WaitResult Semaphore::lock(unsigned long milliseconds) {
 }
 
 void Semaphore::unlock(long count) {
-  if (!ReleaseSemaphore(m_Handle, count, nullptr)) throw Error("Can't unlock semaphore.");
+  if (count <= 0 || !ReleaseSemaphore(m_Handle, count, nullptr)) throw Error("Can't unlock semaphore.");
 }
 
 }  // namespace thread
