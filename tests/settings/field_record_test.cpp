@@ -280,6 +280,13 @@ TEST_F(FieldRecordFile, FileThatIsNotOpenFails) {
   EXPECT_FALSE(FieldOf(IntParts({1})).Write(&closed));
 }
 
+TEST_F(FieldRecordFile, FileOpenForReadingCannotBeWritten) {
+  ASSERT_TRUE(file.Open(dir.Write("field", "old").c_str(), MFile::kRead));
+  EXPECT_FALSE(FieldOf(IntParts({1})).Write(&file));
+  file.Close();
+  EXPECT_EQ(dir.Read("field"), "old");
+}
+
 TEST_F(FieldRecordFile, FailedFieldWritesNothing) {
   EXPECT_EQ(Write(SettingField(nullptr, nullptr, 0), false), "");
 }
