@@ -166,6 +166,22 @@ TEST_F(StringTable, CarriageReturnBelongsToTheLineEnd) {
   EXPECT_STREQ(QX4Strings::GetString(3, false), "three");
 }
 
+TEST_F(StringTable, ZeroByteEndsItsLine) {
+  LoadStrings(roots, std::string("1\tone\0two\n2\0\ttwo\n3\tthree\n", 25));
+  EXPECT_STREQ(QX4Strings::GetString(1, false), "one");
+  EXPECT_EQ(QX4Strings::GetString(2, true), nullptr);
+  EXPECT_STREQ(QX4Strings::GetString(3, false), "three");
+}
+
+// The example of docs/formats/strings.md, and how it lies in memory.
+TEST_F(StringTable, TextsStandOneAfterTheOtherInTheOrderOfTheFile) {
+  LoadStrings(roots, "07200\t Local time \nstar\tStar\tan object type\nno entry\n");
+  const char* const first = QX4Strings::GetString(7200, false);
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(std::string(first, 16), std::string("Local time\0Star\0", 16));
+  EXPECT_EQ(QX4Strings::GetString(0x73746172, false), first + 11);
+}
+
 TEST_F(StringTable, ByteOrderMarkIsSkipped) {
   LoadStrings(roots,
               "\xEF\xBB\xBF"
