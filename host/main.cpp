@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <iostream>
+
+#include "host/sky_roots.h"
+#include "host/skyview.h"
+
+int main(int argumentCount, char** arguments) {
+  return skyview::Run({arguments + 1, arguments + argumentCount}, skyview::GetProgramFolder(), std::cout,
+                      std::cerr);
+}

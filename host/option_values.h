@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The values of skyview's options, read from their text. Each reader answers nothing for a text that is not wholly
+// of the accepted form, and has no other effect. Numbers are written with a point, whatever the locale.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace skyview {
+
+// A view in a settings file: "FILE" or "FILE:ID".
+struct ViewFile {
+  std::string path;
+  int id = 1;  // 1 to 2147483647
+};
+
+// A place on the Earth, degrees: latitude north positive, longitude east positive.
+struct Place {
+  double latitude = 0.0;   // -90 to 90
+  double longitude = 0.0;  // -180 to 180
+};
+
+// A direction in the horizon frame, degrees.
+struct Look {
+  double azimuth = 0.0;   // from north over east, 0 to 360
+  double altitude = 0.0;  // -90 to 90
+};
+
+// Pixels.
+struct PictureSize {
+  int width = 1600;  // 64 to 16384
+  int height = 1000;
+};
+
+// A moment as written: Julian day number and fraction of the written date and time.
+struct WrittenTime {
+  int day = 0;
+  double fraction = 0.0;            // [-0.5, 0.5)
+  std::optional<double> utcOffset;  // local minus Universal Time in days, when the text names one ("Z" is 0)
+};
+
+inline constexpr double kMinZoom = 0.25;  // below, the picture would reach the point opposite to the view
+inline constexpr double kMaxZoom = 10000.0;
+
+// "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path may
+// hold colons.
+std::optional<ViewFile> ParseViewFile(std::string_view text);
+std::optional<Place> ParsePlace(std::string_view text);       // "52.52,13.405"
+std::optional<Look> ParseLook(std::string_view text);         // "180,30"
+std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
+std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
+
+// "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the T, and
+// a date alone is its midnight. Years -9999 to 9999, astronomical; the date must exist in the calendar.
+std::optional<WrittenTime> ParseTime(std::string_view text);
+
+// Ends in ".svg" or ".png" and has a name before that.
+bool IsPictureName(std::string_view text);
+
+}  // namespace skyview

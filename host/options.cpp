@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "host/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstring>
+
+namespace skyview {
+namespace {
+
+constexpr std::size_t kMaxPictures = 2;
+constexpr std::size_t kMaxZoneName = 63;  // what a camera keeps
+
+// An option as the command line names it, what its value looks like, and what it is for.
+struct OptionText {
+  const char* name;
+  const char* form;
+  const char* purpose;
+};
+
+constexpr OptionText kData = {"--data", "FOLDER", "data root (default: the one beside the program)"};
+constexpr OptionText kWork = {"--work", "FOLDER",
+                              "work area, whose files hide those of the data root (default: none)"};
+constexpr OptionText kView = {"--view", "FILE[:ID]", "restore the view with this number, 1 when left out"};
+constexpr OptionText kTime = {"--time", "YYYY-MM-DD[THH:MM[:SS]][Z|+HH:MM]",
+                              "moment, local in the zone unless Z or an offset stands behind it"};
+constexpr OptionText kZone = {"--zone", "NAME", "time zone of the IANA database, for example Europe/Berlin"};
+constexpr OptionText kPlace = {"--place", "LAT,LON",
+                               "degrees, north and east positive, for example 52.52,13.405"};
+constexpr OptionText kLook = {"--look", "AZ,ALT",
+                              "degrees, azimuth 0 to 360 from north over east, altitude -90 to 90"};
+constexpr OptionText kZoom = {"--zoom", "FACTOR",
+                              "0.25 to 10000; 1 shows 37 degrees from the centre to a corner"};
+constexpr OptionText kSize = {"--size", "WIDTHxHEIGHT", "pixels, each 64 to 16384 (default: 1600x1000)"};
+constexpr OptionText kOut = {"--out", "FILE.svg|FILE.png", "picture to write; may be given twice"};
+constexpr OptionText kSave = {"--save-view", "FILE[:ID]",
+                              "write the view shown to this file, in place of the one there"};
+
+// Stops the reading at the first value that is not of the accepted form.
+struct BadOption {
+  std::string message;
+};
+
+[[noreturn]] void ThrowBadValue(const OptionText& option, const std::string& value) {
+  throw BadOption{std::string(option.name) + " '" + value + "': wants " + option.form + " (" +
+                  option.purpose + ")"};
+}
+
+// The texts as they stand on the command line, before any is looked at.
+struct Texts {
+  std::string data, work, view, saveView, time, zone, place, look, zoom, size;
+  std::vector<std::string> out;
+};
+
+void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
+  const auto add = [&app](const OptionText& option, auto& text) {
+    return app.add_option(option.name, text, option.purpose)->type_name(option.form);
+  };
+  add(kData, texts.data);
+  add(kWork, texts.work);
+  add(kView, texts.view);
+  add(kTime, texts.time);
+  add(kZone, texts.zone);
+  add(kPlace, texts.place);
+  add(kLook, texts.look);
+  add(kZoom, texts.zoom);
+  add(kSize, texts.size);
+  add(kOut, texts.out)->expected(1)->take_all();
+  add(kSave, texts.saveView);
+  app.add_flag("--list-limits", listLimits,
+               "list the limiting magnitudes of each class by zoom, and draw nothing");
+}
+
+// Reads the value of an option that was given.
+template <class T, class Parser>
+void Take(const CLI::App& app, const OptionText& option, const std::string& text, std::optional<T>& value,
+          Parser parse) {
+  if (app.count(option.name) == 0) return;
+  value = parse(text);
+  if (!value) ThrowBadValue(option, text);
+}
+
+std::optional<std::string> ParseName(std::string_view text) {
+  if (text.empty()) return std::nullopt;
+  return std::string(text);
+}
+
+std::optional<std::string> ParseZone(std::string_view text) {
+  if (text.empty() || text.size() > kMaxZoneName) return std::nullopt;
+  return std::string(text);
+}
+
+void TakePictures(const std::vector<std::string>& names, Options& options) {
+  for (const auto& name : names) {
+    if (!IsPictureName(name)) ThrowBadValue(kOut, name);
+    if (std::find(options.out.begin(), options.out.end(), name) != options.out.end()) {
+      throw BadOption{"--out '" + name + "': given twice; wants two different files"};
+    }
+    options.out.push_back(name);
+  }
+  if (names.size() > kMaxPictures) throw BadOption{"--out: given more than twice; wants at most two files"};
+}
+
+Options Read(const CLI::App& app, const Texts& texts) {
+  Options options;
+  std::optional<PictureSize> size;
+  Take(app, kData, texts.data, options.data, ParseName);
+  Take(app, kWork, texts.work, options.work, ParseName);
+  Take(app, kView, texts.view, options.view, ParseViewFile);
+  Take(app, kTime, texts.time, options.time, ParseTime);
+  Take(app, kZone, texts.zone, options.zone, ParseZone);
+  Take(app, kPlace, texts.place, options.place, ParsePlace);
+  Take(app, kLook, texts.look, options.look, ParseLook);
+  Take(app, kZoom, texts.zoom, options.zoom, ParseZoom);
+  Take(app, kSize, texts.size, size, ParseSize);
+  Take(app, kSave, texts.saveView, options.saveView, ParseViewFile);
+  if (size) options.size = *size;
+  options.timeText = texts.time;
+  TakePictures(texts.out, options);
+  return options;
+}
+
+// The parser's own complaints (an unknown option, a missing value, an option given twice) as one line.
+std::string OneLine(const CLI::Error& error) {
+  std::string line = error.what();
+  std::replace(line.begin(), line.end(), '\n', ' ');
+  return line + " (skyview --help lists the options and their forms)";
+}
+
+}  // namespace
+
+ParseResult ParseOptions(const std::vector<std::string>& arguments) {
+  ParseResult result;
+  Texts texts;
+  CLI::App app("Restores a saved view of the sky, says what it restored and draws it.", "skyview");
+  bool listLimits = false;
+  Declare(app, texts, listLimits);
+  try {
+    // The parser takes its arguments from the back.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    result.options = Read(app, texts);
+    result.options.listLimits = listLimits;
+    result.outcome = ParseOutcome::kRun;
+  } catch (const CLI::CallForHelp&) {
+    result.outcome = ParseOutcome::kHelp;
+    result.message = app.help();
+  } catch (const CLI::Error& error) {
+    result.message = OneLine(error);
+  } catch (const BadOption& bad) {
+    result.message = bad.message;
+  }
+  return result;
+}
+
+}  // namespace skyview

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/option_values.h"
+
+namespace skyview {
+
+// What the command line asks for. An option that was not given stays empty: the restored view then decides.
+struct Options {
+  std::optional<std::string> data;  // folder of the data root
+  std::optional<std::string> work;  // folder of the work area
+  std::optional<ViewFile> view;
+  std::optional<ViewFile> saveView;
+  std::optional<WrittenTime> time;
+  std::string timeText;  // --time as written, for messages
+  std::optional<std::string> zone;
+  std::optional<Place> place;
+  std::optional<Look> look;
+  std::optional<double> zoom;
+  PictureSize size;
+  std::vector<std::string> out;  // at most two
+  bool listLimits = false;
+};
+
+enum class ParseOutcome { kRun, kHelp, kBad };
+
+struct ParseResult {
+  ParseOutcome outcome = ParseOutcome::kBad;
+  Options options;  // meaningful for kRun
+  std::string
+      message;  // kHelp: the help text; kBad: one line, without its end, that names the option and its form
+};
+
+// Reads the arguments, the program's name left aside.
+ParseResult ParseOptions(const std::vector<std::string>& arguments);
+
+}  // namespace skyview

@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "host/sky_frame.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common_interfaces/clipping.h"
+#include "host/horizon.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::DeepskyOutput;
+using CommonInterfaces::StarOutput;
+
+constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
+constexpr int kMilkyWayLevels = 5;
+constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
+
+// The north galactic pole (J2000; IAU 1958), far from every outline of the Milky Way.
+constexpr double kGalacticPoleRA = 192.85948 * kRadiansPerDegree;
+constexpr double kGalacticPoleDec = 27.12825 * kRadiansPerDegree;
+
+// Blocks enough for a record of every object of the catalogs; they are allocated when they are first needed.
+unsigned PoolBlockCount(const SkyCatalogs& catalogs) {
+  const std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
+  const auto blocks = [usable](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };
+  return static_cast<unsigned>(
+      blocks(static_cast<std::size_t>(catalogs.stars.GetCount()), sizeof(StarOutput)) +
+      blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));
+}
+
+// A dot of 0.45 pixels at the limit, growing by a quarter for each magnitude above it.
+double StarRadius(double magnitudesAboveLimit) { return 0.45 * std::pow(10.0, 0.1 * magnitudesAboveLimit); }
+
+double AngleFromAxis(const ViewGeometry& geometry, const tPoint<double>& p) {
+  return 2.0 *
+         std::atan(std::hypot(p.x - geometry.width * 0.5, p.y - geometry.height * 0.5) / geometry.scale);
+}
+
+CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoint<double>& p,
+                                        double radius) {
+  return {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(radius),
+          static_cast<float>(AngleFromAxis(geometry, p))};
+}
+
+}  // namespace
+
+SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
+    : m_Catalogs(catalogs),
+      m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)),
+      m_MilkyWay(kMilkyWayLevels),
+      m_Haze(kHazeAltitudes.size()) {
+  AppendAltitudeCircle(0.0, m_AltitudeCircles);
+  for (double altitude : kHazeAltitudes) AppendAltitudeCircle(altitude, m_AltitudeCircles);
+}
+
+void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
+                       const ShownKinds& shown) {
+  const ViewGeometry geometry(camera);
+  const ClassLimits starLimits(camera, FourCC("star"));
+  ++m_Number;
+  m_Width = geometry.width;
+  m_Height = geometry.height;
+  m_Unit = std::clamp(std::sqrt(static_cast<double>(m_Width) * m_Height / (1600.0 * 1000.0)), 0.4, 6.0);
+  m_HideBelowHorizon = shown.horizon;
+  m_PoolExhausted = false;
+  m_Pool.clear(false);
+  m_Stars.clear();
+  m_Deepsky.clear();
+  m_Lines.clear();
+  m_Compass.clear();
+  for (auto& level : m_MilkyWay) level.Clear();
+  for (auto& band : m_Haze) band.Clear();
+  m_Ground.Clear();
+  m_Labels.Begin(m_Width, m_Height);
+
+  AddCaption();
+  if (shown.milkyWay) AddMilkyWay(geometry);
+  if (shown.horizon) AddHorizon(geometry);
+  if (shown.compass) AddCompass(geometry);
+  if (shown.figures) AddFigures(geometry, observer);
+  if (shown.stars) AddStars(geometry, observer, starLimits);
+  AddDeepsky(geometry, observer, shown);
+  LabelStars(starLimits);
+  LabelDeepsky(camera);
+  if (shown.constellationNames) AddNames(geometry, observer);
+}
+
+void SkyFrame::AddCaption() {
+  const double size = 13.0 * m_Unit, left = 14.0 * m_Unit;
+  if (*m_Caption.where) m_Labels.PlaceAt(m_Caption.where, {left, 2.6 * size}, size, LabelKind::kCaption);
+  if (*m_Caption.how) m_Labels.PlaceAt(m_Caption.how, {left, 1.1 * size}, size, LabelKind::kCaption);
+}
+
+void SkyFrame::AddMilkyWay(const ViewGeometry& geometry) {
+  const Direction pole = MakeDirection(kGalacticPoleRA, kGalacticPoleDec);
+  for (int level = 1; level <= kMilkyWayLevels; ++level) {
+    RegionProjector projector(geometry, SkyFrameOf::kJ2000, pole, m_MilkyWay[level - 1]);
+    for (const auto& ring : m_Catalogs.milkyWay) {
+      if (ring.level != level) continue;
+      projector.AddRing(
+          {m_Catalogs.milkyWayPoints.data() + ring.first, static_cast<std::size_t>(ring.count)});
+    }
+  }
+}
+
+void SkyFrame::AddHorizon(const ViewGeometry& geometry) {
+  const Direction zenith = {{0.0, 0.0, 1.0}};
+  const auto circle = [this](std::size_t index) {
+    return std::span<const Direction>(m_AltitudeCircles.data() + index * kAltitudeCirclePoints,
+                                      kAltitudeCirclePoints);
+  };
+  RegionProjector(geometry, SkyFrameOf::kHorizon, zenith, m_Ground).AddRing(circle(0));
+  for (std::size_t band = 0; band < m_Haze.size(); ++band) {
+    RegionProjector(geometry, SkyFrameOf::kHorizon, zenith, m_Haze[band]).AddRing(circle(band + 1));
+  }
+}
+
+void SkyFrame::AddCompass(const ViewGeometry& geometry) {
+  constexpr int kMarks = 16;
+  const CompassLetters& letters = GetCompassLetters();
+  for (int i = 0; i < kMarks; ++i) {
+    const double azimuth = i * 2.0 * kPi / kMarks;
+    const auto p = geometry.Project(MakeDirection(-azimuth, 0.0), SkyFrameOf::kHorizon);
+    if (!geometry.IsInside(p, 0.0)) continue;
+    const auto below = geometry.Project(MakeDirection(-azimuth, -kRadiansPerDegree), SkyFrameOf::kHorizon);
+    const double length = std::hypot(below.x - p.x, below.y - p.y);
+    const CompassMark mark = {p, {(below.x - p.x) / length, (below.y - p.y) / length}, i % 4 == 0};
+    m_Compass.push_back(mark);
+    if (i % 2 != 0) continue;
+    const double away = (mark.main ? 26.0 : 20.0) * m_Unit;
+    m_Labels.PlaceCentred(letters.text[i / 2], {p.x + mark.down.x * away, p.y + mark.down.y * away},
+                          (mark.main ? 24.0 : 13.0) * m_Unit,
+                          mark.main ? LabelKind::kCompass : LabelKind::kCompassBetween);
+  }
+}
+
+void SkyFrame::AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer) {
+  for (const auto& stroke : m_Catalogs.figures) AddStroke(geometry, observer, stroke);
+}
+
+// The stroke leaves a gap at its stars. Pieces with an end more than a right angle from the view axis and outside the
+// window are left out: their straight picture may have nothing to do with the arc.
+void SkyFrame::AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer,
+                         const FigureStroke& stroke) {
+  constexpr double kGap = 7.0;  // pixels
+  const tRect<int> window = {0, 0, m_Width + 1, m_Height + 1};
+  const Direction* points = m_Catalogs.figurePoints.data() + stroke.first;
+  tPoint<double> last{};
+  bool lastUsable = false;
+  for (int i = 0; i < stroke.count; ++i) {
+    const Direction apparent = ApparentDirection(points[i], observer);
+    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
+    const bool usable =
+        Dot(apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal);
+    if (i > 0 && usable && lastUsable && IsAboveHorizon(apparent, observer)) {
+      tPoint<double> from = last, to = p;
+      const double length = std::hypot(to.x - from.x, to.y - from.y);
+      const double gap = std::min(kGap * m_Unit, 0.3 * length) / std::max(length, 1e-9);
+      if (i == 1) from = {last.x + gap * (p.x - last.x), last.y + gap * (p.y - last.y)};
+      if (i == stroke.count - 1) to = {p.x - gap * (p.x - last.x), p.y - gap * (p.y - last.y)};
+      if (CommonInterfaces::line_in_rectD(&from, &to, window)) m_Lines.push_back({from, to});
+    }
+    last = p;
+    lastUsable = usable;
+  }
+}
+
+// A first sieve compares catalogue directions, which cost no projection, with the angle of a corner; its margin covers
+// the largest proper motion to the date and the aberration.
+void SkyFrame::AddStars(const ViewGeometry& geometry, const ObserverFrame& observer,
+                        const ClassLimits& limits) {
+  constexpr double kAberration =
+      1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
+  const StarCatalog& stars = m_Catalogs.stars;
+  const double margin =
+      kAberration + stars.GetMaxMotion() * std::fabs(observer.years) + 2.0 * kMargin / geometry.scale;
+  const double reach = std::cos(std::min(geometry.cornerAngle + margin, kPi));
+  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
+    if (Dot(stars.GetDirection(i), geometry.centreJ2000) < reach) continue;
+    const Direction apparent = ApparentDirection(stars.GetDirection(i), stars.GetMotion(i), observer);
+    if (IsAboveHorizon(apparent, observer)) AddStar(geometry, apparent, i, limits);
+  }
+}
+
+void SkyFrame::AddStar(const ViewGeometry& geometry, const Direction& apparent, int star,
+                       const ClassLimits& limits) {
+  const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
+  const float code = m_Catalogs.stars.GetCode(star);
+  const double radius = m_Unit * StarRadius((limits.draw - code) * 0.1);
+  if (!geometry.IsInside(p, radius)) return;
+  auto* output = new (m_Pool) StarOutput;
+  if (!output) {
+    m_PoolExhausted = true;
+    return;
+  }
+  output->m_Frame = m_Number;
+  output->m_Place = MakePlace(geometry, p, radius);
+  output->m_OnScreen = geometry.IsInside(p, 0.0);
+  output->m_AsDisc = radius >= 1.0;
+  output->m_Drawn = true;
+  m_Stars.push_back({output, star, limits.Opacity(code)});
+}
+
+void SkyFrame::AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& observer,
+                          const ShownKinds& shown) {
+  for (std::size_t i = 0; i < m_Catalogs.deepsky.size(); ++i) {
+    const auto& object = m_Catalogs.deepsky[i];
+    const ClassLimits limits(geometry.camera, object.kind);
+    if (!shown.IsShown(object.kind) || object.code > limits.draw) continue;
+    const Direction apparent = ApparentDirection(object.direction, observer);
+    if (Dot(apparent, geometry.centreJ2000) < std::cos(std::min(1.05 * geometry.cornerAngle, kPi))) continue;
+    if (!IsAboveHorizon(apparent, observer)) continue;
+    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
+    if (geometry.IsInside(p, kMargin)) AddDeepskyObject(geometry, p, static_cast<int>(i), limits);
+  }
+}
+
+void SkyFrame::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+                                const ClassLimits& limits) {
+  constexpr double kLeast = 4.5, kMost = 160.0;  // radius of a symbol, pixels
+  const auto& entry = m_Catalogs.deepsky[object];
+  auto* output = new (m_Pool) DeepskyOutput;
+  if (!output) {
+    m_PoolExhausted = true;
+    return;
+  }
+  const double major =
+      std::clamp(0.5 * geometry.camera.VisRad2PixD(entry.largest), kLeast * m_Unit, kMost * m_Unit);
+  const double ratio = entry.largest > 0.0f && entry.smallest > 0.0f ? entry.smallest / entry.largest : 1.0;
+  output->m_Frame = m_Number;
+  output->m_Place = MakePlace(geometry, p, major);
+  output->m_OnScreen = geometry.IsInside(p, 0.0);
+  output->m_MajorSize = static_cast<float>(2.0 * major);
+  output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
+  output->m_SymbolDrawn = output->m_Drawn = true;
+  m_Deepsky.push_back({output, object, limits.Opacity(entry.code)});
+}
+
+void SkyFrame::LabelStars(const ClassLimits& limits) {
+  constexpr double kNotable = 2.0;  // pixels; larger discs keep labels of others away
+  const StarCatalog& stars = m_Catalogs.stars;
+  for (const auto& drawn : m_Stars) {
+    const auto& place = drawn.output->m_Place;
+    if (place.radius > kNotable * m_Unit) m_Labels.Reserve({place.x, place.y}, place.radius, place.radius);
+  }
+  for (const auto& drawn : m_Stars) {
+    if (stars.GetCode(drawn.star) > limits.label) break;
+    const auto& place = drawn.output->m_Place;
+    const bool proper = stars.HasProperName(drawn.star);
+    drawn.output->m_LabelIndex = m_Labels.PlaceBeside(stars.GetLabel(drawn.star), {place.x, place.y},
+                                                      place.radius, (proper ? 13.0 : 11.0) * m_Unit,
+                                                      proper ? LabelKind::kStarName : LabelKind::kStarLetter);
+  }
+}
+
+void SkyFrame::LabelDeepsky(const CommonInterfaces::Camera& camera) {
+  for (const auto& drawn : m_Deepsky) {
+    const auto& object = m_Catalogs.deepsky[drawn.object];
+    if (object.code > camera.GetDarkMagLabelF(object.kind)) continue;
+    const auto& place = drawn.output->m_Place;
+    drawn.output->m_LabelIndex = m_Labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius,
+                                                      11.0 * m_Unit, LabelKindOfDeepsky(object.kind));
+  }
+}
+
+void SkyFrame::AddNames(const ViewGeometry& geometry, const ObserverFrame& observer) {
+  for (const auto& constellation : m_Catalogs.constellations) {
+    const Direction apparent = ApparentDirection(constellation.direction, observer);
+    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
+    if (geometry.IsInside(p, 0.0) && IsAboveHorizon(apparent, observer)) {
+      m_Labels.PlaceCentred(constellation.name.c_str(), p, 15.0 * m_Unit, LabelKind::kConstellation);
+    }
+  }
+}
+
+// The third row of the reduction gives the sine of the altitude.
+bool SkyFrame::IsAboveHorizon(const Direction& apparent, const ObserverFrame& observer) const {
+  if (!m_HideBelowHorizon) return true;
+  const double* zenith = observer.reduction + 6;
+  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
+}
+
+}  // namespace skyview

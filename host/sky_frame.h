@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "common_interfaces/camera.h"
+#include "common_interfaces/object_outputs.h"
+#include "common_interfaces/output_pool.h"
+#include "host/class_limits.h"
+#include "host/labels.h"
+#include "host/observer_frame.h"
+#include "host/shown_kinds.h"
+#include "host/sky_catalogs.h"
+#include "host/sky_region.h"
+
+namespace skyview {
+
+// A star of the frame: its output record (in the frame's pool), its index in the catalogue, how it is drawn.
+struct DrawnStar {
+  CommonInterfaces::StarOutput* output;
+  int star;
+  float opacity;  // 0 to 1
+};
+
+struct DrawnDeepsky {
+  CommonInterfaces::DeepskyOutput* output;
+  int object;
+  float opacity;
+};
+
+// A stretch of a constellation figure inside the window, pixels, y up.
+struct DrawnLine {
+  tPoint<double> from, to;
+};
+
+// A mark on the horizon: where it stands and the direction of "down" there, a unit vector.
+struct CompassMark {
+  tPoint<double> place, down;
+  bool main;  // north, east, south or west
+};
+
+// The text in the lower left corner of the picture, zero-terminated UTF-8.
+struct Caption {
+  static constexpr int kSize = 256;
+  char where[kSize] = "";
+  char how[kSize] = "";
+};
+
+// Everything of one picture, computed and not yet painted. Coordinates are the camera's: pixels from the left and from
+// the bottom upwards. Objects below the horizon are left out while the horizon is shown.
+//
+// Compute allocates nothing once its lists and pool have grown to the size of the picture. The output records are
+// valid until the next Compute. `catalogs` is kept by reference. One thread.
+class SkyFrame {
+ public:
+  explicit SkyFrame(const SkyCatalogs& catalogs);
+
+  void SetCaption(const Caption& caption) { m_Caption = caption; }
+
+  // The camera must be prepared (PrepareObserver) for the same moment.
+  void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
+               const ShownKinds& shown);
+
+  int GetWidth() const { return m_Width; }
+  int GetHeight() const { return m_Height; }
+  double GetUnit() const { return m_Unit; }  // what one pixel of the standard picture of 1600 x 1000 is here
+  const SkyCatalogs& GetCatalogs() const { return m_Catalogs; }
+  const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
+  const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
+  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }
+  const std::vector<Label>& GetLabels() const { return m_Labels.GetLabels(); }
+  const std::vector<RegionPicture>& GetMilkyWay() const { return m_MilkyWay; }  // level 1 to 5
+  const std::vector<RegionPicture>& GetHaze() const { return m_Haze; }          // highest first
+  const RegionPicture& GetGround() const { return m_Ground; }
+  const std::vector<CompassMark>& GetCompass() const { return m_Compass; }
+  bool IsPoolExhausted() const { return m_PoolExhausted; }
+
+ private:
+  void AddCaption();
+  void AddMilkyWay(const ViewGeometry& geometry);
+  void AddHorizon(const ViewGeometry& geometry);
+  void AddCompass(const ViewGeometry& geometry);
+  void AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer);
+  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const FigureStroke& stroke);
+  void AddStars(const ViewGeometry& geometry, const ObserverFrame& observer, const ClassLimits& limits);
+  void AddStar(const ViewGeometry& geometry, const Direction& apparent, int star, const ClassLimits& limits);
+  void AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown);
+  void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+                        const ClassLimits& limits);
+  void AddNames(const ViewGeometry& geometry, const ObserverFrame& observer);
+  void LabelStars(const ClassLimits& limits);
+  void LabelDeepsky(const CommonInterfaces::Camera& camera);
+  bool IsAboveHorizon(const Direction& apparent, const ObserverFrame& observer) const;
+
+  const SkyCatalogs& m_Catalogs;
+  CommonInterfaces::OutputPool m_Pool;
+  bool m_PoolExhausted = false;
+  bool m_HideBelowHorizon = true;
+  unsigned m_Number = 0;  // of the frame
+  int m_Width = 0, m_Height = 0;
+  double m_Unit = 1.0;
+  std::vector<Direction> m_AltitudeCircles;  // the horizon first, then those of the haze
+  std::vector<DrawnStar> m_Stars;
+  std::vector<DrawnDeepsky> m_Deepsky;
+  std::vector<DrawnLine> m_Lines;
+  std::vector<RegionPicture> m_MilkyWay;
+  std::vector<RegionPicture> m_Haze;
+  RegionPicture m_Ground;
+  std::vector<CompassMark> m_Compass;
+  LabelPlacer m_Labels;
+  Caption m_Caption;
+};
+
+}  // namespace skyview

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "host/skyview.h"
+
+#include "common_interfaces/camera.h"
+#include "common_interfaces/settings_data.h"
+#include "common_interfaces/string_table.h"
+#include "host/diagnostics.h"
+#include "host/options.h"
+#include "host/picture_file.h"
+#include "host/report.h"
+#include "host/sky_frame.h"
+#include "host/sky_roots.h"
+#include "host/view_state.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::Camera;
+using CommonInterfaces::QX4Strings;
+using CommonInterfaces::SettingsData;
+
+constexpr int kDone = 0, kBadData = 1, kBadOption = 2;
+constexpr unsigned kOwner = 1;       // of the camera and of the settings
+constexpr int kProgramNameText = 1;  // in the string table
+
+int Fail(const std::string& message, int code, std::ostream& errors) {
+  errors << "skyview: " << message << "\n";
+  return code;
+}
+
+bool SetUpRoots(const Options& options, const std::string& programFolder, std::string& error) {
+  std::string data;
+  if (options.data) {
+    data = *options.data;
+  } else if (!FindDataRoot(programFolder, data, error)) {
+    return false;
+  }
+  return SetSkyRoots(data, options.work.value_or(""), error);
+}
+
+// What the session keeps for its whole life.
+struct Session {
+  SettingsData settings{kOwner, FourCC("FLTR"), "filters.data"};
+  Camera camera{kOwner};
+  SkyCatalogs catalogs;
+};
+
+bool Draw(const Options& options, Session& session, std::ostream& output, std::string& error) {
+  const ObserverFrame observer = PrepareObserver(session.camera);
+  SkyFrame frame(session.catalogs);
+  frame.SetCaption(MakeCaption(session.camera));
+  frame.Compute(session.camera, observer, ReadShownKinds(session.settings));
+  for (const auto& name : options.out) {
+    if (!WritePicture(frame, name, error)) return false;
+  }
+  if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
+  output << MakeReport(session.camera, frame);
+  return true;
+}
+
+int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
+  QX4Strings::SetProgrmaNameId(kProgramNameText);
+  const QX4Strings strings;
+  Session session;
+  std::string error;
+  if (!session.settings.Read(nullptr)) {
+    return Fail("filters.data: missing from the data root, or damaged", kBadData, errors);
+  }
+  session.camera.CreateDefault();
+  session.camera.FillMagCorrectionsVector(&session.settings);
+  const ViewResult view = ApplyOptions(options, diagnostics, session.camera);
+  if (view.failure != Failure::kNone) {
+    return Fail(view.message, view.failure == Failure::kBadOption ? kBadOption : kBadData, errors);
+  }
+  if (options.listLimits) {
+    output << MakeLimitsTable(session.camera);
+  } else {
+    if (!LoadSkyCatalogs(session.catalogs, error)) return Fail(error, kBadData, errors);
+    if (!Draw(options, session, output, error)) return Fail(error, kBadData, errors);
+  }
+  for (const auto& line : diagnostics.lines) errors << "skyview: " << line;
+  return kDone;
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, const std::string& programFolder, std::ostream& output,
+        std::ostream& errors) {
+  const ParseResult parsed = ParseOptions(arguments);
+  if (parsed.outcome == ParseOutcome::kHelp) {
+    output << parsed.message;
+    return kDone;
+  }
+  if (parsed.outcome == ParseOutcome::kBad) return Fail(parsed.message, kBadOption, errors);
+  Diagnostics diagnostics;
+  std::string error;
+  if (!SetUpRoots(parsed.options, programFolder, error)) return Fail(error, kBadData, errors);
+  return Show(parsed.options, diagnostics, output, errors);
+}
+
+}  // namespace skyview

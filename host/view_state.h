@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// From options to a camera that stands on the Earth and looks somewhere above or below its horizon.
+#pragma once
+
+#include <string>
+
+#include "common_interfaces/camera.h"
+#include "host/diagnostics.h"
+#include "host/options.h"
+
+namespace skyview {
+
+// Which exit code a failure asks for.
+enum class Failure { kNone, kBadOption, kBadData };
+
+struct ViewResult {
+  Failure failure = Failure::kNone;
+  std::string message;  // one line, without its end
+};
+
+// Restores the saved view, when one is asked for, and lays the other options over it. Afterwards the camera has its
+// window and local offset and its angles count from the horizon. On a failure the camera is of no use.
+ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
+
+// Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that fails:
+// `error` is then one line that names the file, and the file is as it was.
+bool SaveView(CommonInterfaces::Camera& camera, const ViewFile& view, std::string& error);
+
+}  // namespace skyview
