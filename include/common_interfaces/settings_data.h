@@ -46,6 +46,8 @@ static_assert(sizeof(SectionRecord) == 13);
 // Saving without losing anything: Write appends a block and never removes one, and of two blocks with one key
 // the first is read. So whoever saves again either calls Save, which replaces the container's own block and
 // keeps all others, or writes every container of the file to a fresh file and renames that over the old one.
+// Write makes a missing file in the work area, where it hides a file of the same name in the data root, defaults
+// included; Save takes its blocks along.
 class COMMON_INTERFACES_API SettingsData {
  public:
   static constexpr unsigned kNoSection = 0xFFFFFFFFu;  // "no section", "no alias", "every section"
@@ -214,9 +216,10 @@ class COMMON_INTERFACES_API SettingsData {
   // Whether a settings file has a block with exactly that key; the name is resolved as Read does.
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
-  // Writes the block so that the file then holds it once: a new file is written beside the old one, with this
-  // block first and all other bytes of the old file behind it, and takes its place. False, with one line,
-  // when anything failed: the old file is then as it was.
+  // Writes the block so that the file then holds it once: a new file is written beside the one of the work area,
+  // with this block in the place of the old ones, and takes its place. All other blocks stay, and bytes that are
+  // no block; of a file that so far exists in the data root only, the content is taken along. False, with one
+  // line, when anything failed: the file is then as it was.
   bool Save(const char* fileName);
 
   // For tools and whoever walks a container. Null for an index out of range.
@@ -253,12 +256,8 @@ class COMMON_INTERFACES_API SettingsData {
 
   bool OpenForReading(const char* fileName, MFile& file) const;
   bool ReadFrom(const char* fileName);
-  bool ReadDefaults();
+  void ReadDefaults();
   bool FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const;
-  bool ReadBlock(MFile& file);
-  bool ReadSections(MFile& file);
-  bool ReadFields(MFile& file);
-  void WriteBlock(MFile& file) const;
   void ReplaceDefaults(int fieldCount, int sectionCount);
   void Merge(int fieldCount, int sectionCount);
   void TakeOwnValues(int fieldCount);
@@ -266,6 +265,10 @@ class COMMON_INTERFACES_API SettingsData {
   void KeepOnlyStatuses(int sectionCount);
   void MarkAllSectionsChanged();
   void LoadCorrectionFields();
+
+  void RaiseVersion();
+  bool WriteHeader(MFile& file) const;
+  bool WriteBlock(MFile& file) const;
 
   unsigned m_Owner;
   unsigned m_Version = 0;

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The life of a settings container, its current section and its flags. The other operations are in the files
+// settings_*.cpp beside this one, by subject.
+#include "common_interfaces/settings_data.h"
+
+#include "common_interfaces/queries.h"
+#include "common_interfaces/settings_field.h"
+#include "settings/settings_block.h"
+#include "utils/file.h"
+#include "utils/path.h"
+#include "utils/version.h"
+
+namespace CommonInterfaces {
+
+bool SettingsData::s_ModifyFlag = false;
+unsigned SettingsData::s_WorkspaceVersion = 0;
+
+SettingsData::SettingsData(unsigned id, unsigned owner, const char* fileName)
+    : m_Owner(owner), m_FileName(ZentharPath::GetPath(fileName)), m_ID(id) {
+  s_WorkspaceVersion = GetWorkspaceVersion();
+  LoadCorrectionFields();
+}
+
+// The correction fields stay, deliberately: whoever took corrections from a container may keep them after it is
+// gone. One would trip over it with a leak checker; see tests/support/lsan.supp.
+SettingsData::~SettingsData() { DeleteFields(); }
+
+SettingsData& SettingsData::operator=(const SettingsData& other) {
+  if (this == &other) return *this;
+  DeleteFields();
+  m_Owner = other.m_Owner;
+  m_Sections = other.m_Sections;
+  m_Fields.reserve(other.m_Fields.size());
+  for (const SettingField* field : other.m_Fields) m_Fields.push_back(new SettingField(*field));
+  m_CurSection = other.m_CurSection;
+  m_FileName = other.m_FileName;
+  m_ID = other.m_ID;
+  return *this;
+}
+
+// Everything that depends on the fields goes with them.
+void SettingsData::DeleteFields() {
+  for (SettingField* field : m_Fields) delete field;
+  m_Fields.clear();
+  delete m_pAimQuery;
+  m_pAimQuery = nullptr;
+  m_Reserved.clear();
+  m_Sections.clear();
+  m_CurSection = -1;
+}
+
+void SettingsData::LoadCorrectionFields() {
+  const std::string path = ZentharPath::GetPath("FilterCorrection.data");
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return;
+  const CurrentLayout always;
+  std::vector<SectionRecord> skipped;
+  if (FindBlock(file, m_Owner, kDefaultsTag) && ReadSectionRecords(file, skipped))
+    ReadFieldRecords(file, m_CorrectionFields);
+}
+
+void SettingsData::SetID(unsigned id) { m_ID = id; }
+
+unsigned SettingsData::GetID() { return m_ID; }
+
+unsigned SettingsData::GetCurSection() const {
+  return m_CurSection < 0 ? 0 : m_Sections[static_cast<std::size_t>(m_CurSection)].id;
+}
+
+unsigned SettingsData::SetCurSection(unsigned section) {
+  const unsigned previous = GetCurSection();
+  m_CurSection = FindSection(section, false);
+  return previous;
+}
+
+void SettingsData::SetSectionChanged(unsigned section, bool changed) {
+  if (section != kNoSection) {
+    m_SectionChanged[section] = changed;
+  } else {
+    for (auto& entry : m_SectionChanged) entry.second = changed;
+  }
+}
+
+bool SettingsData::IsSectionChanged(unsigned section) const {
+  const auto found = m_SectionChanged.find(section);
+  return found == m_SectionChanged.end() || found->second;
+}
+
+bool SettingsData::GetModifyFlag() { return s_ModifyFlag; }
+
+void SettingsData::SetModifyFlag(bool modified) { s_ModifyFlag = modified; }
+
+SettingField* SettingsData::GetFieldAt(int index) const {
+  return index < 0 || index >= GetFieldCount() ? nullptr : m_Fields[static_cast<std::size_t>(index)];
+}
+
+const SectionRecord* SettingsData::GetSectionAt(int index) const {
+  return index < 0 || index >= GetSectionCount() ? nullptr : &m_Sections[static_cast<std::size_t>(index)];
+}
+
+const SettingField* SettingsData::GetCorrectionAt(int index) const {
+  return index < 0 || index >= GetCorrectionCount() ? nullptr
+                                                    : m_CorrectionFields[static_cast<std::size_t>(index)];
+}
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Reading settings files. What becomes of a block beside the defaults is in settings_merge.cpp.
+#include "common_interfaces/settings_data.h"
+#include "settings/settings_block.h"
+#include "utils/bytes.h"
+#include "utils/file.h"
+#include "utils/path.h"
+
+namespace CommonInterfaces {
+
+// Sections are known by their id across a read: indices mean something else afterwards.
+bool SettingsData::Read(const char* fileName) {
+  const bool hadCurrent = m_CurSection >= 0;
+  const unsigned current = GetCurSection();
+  const bool result = ReadFrom(fileName);
+  if (hadCurrent) SetCurSection(current);
+  return result;
+}
+
+bool SettingsData::ReadFrom(const char* fileName) {
+  DeleteFields();
+  if (!m_bLoadingDefaults) ReadDefaults();
+  const int fieldCount = GetFieldCount();
+  const int sectionCount = GetSectionCount();
+  if (!fileName && fieldCount > 0) return true;
+
+  MFile file;
+  if (!OpenForReading(fileName, file)) return false;
+  // Without a name the search starts at the tag: neither it nor the version looks like a key.
+  if (fileName) m_Version = ReadSettingsHeader(file).version;
+  bool isDefaults = false;
+  if (!FindOwnOrDefaultsBlock(file, isDefaults)) return false;
+  if (!ReadSectionRecords(file, m_Sections) || !ReadFieldRecords(file, m_Fields)) return false;
+
+  if (isDefaults) {
+    ReplaceDefaults(fieldCount, sectionCount);
+  } else {
+    Merge(fieldCount, sectionCount);
+  }
+  MarkAllSectionsChanged();
+  return true;
+}
+
+// Whatever happens while they are read, what was read of the defaults stays.
+void SettingsData::ReadDefaults() {
+  const CurrentLayout always;
+  m_bLoadingDefaults = true;
+  ReadFrom(nullptr);
+  m_bLoadingDefaults = false;
+}
+
+bool SettingsData::OpenForReading(const char* fileName, MFile& file) const {
+  const std::string path = fileName ? ZentharPath::GetPath(fileName) : m_FileName;
+  return !path.empty() && file.Open(path.c_str(), MFile::kRead) && file.GetLength() > 0;
+}
+
+bool SettingsData::FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const {
+  // Among the defaults the own block is not looked for: in the container's own file it would hide them.
+  if (!m_bLoadingDefaults && FindBlock(file, m_Owner, m_ID)) {
+    isDefaults = m_ID == kDefaultsTag;
+    return true;
+  }
+  isDefaults = true;
+  return FindBlock(file, m_Owner, kDefaultsTag);
+}
+
+void SettingsData::MarkAllSectionsChanged() {
+  if (!m_SectionChanged.empty()) return;
+  for (const SectionRecord& section : m_Sections) {
+    m_SectionChanged[section.id] = true;
+    if (section.alias != kNoSection) m_SectionChanged[section.alias] = true;
+  }
+}
+
+bool SettingsData::HoldsBlock(const char* fileName, unsigned owner, unsigned id) {
+  const std::string path = ZentharPath::GetPath(fileName);
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
+  ReadSettingsHeader(file);
+  return FindBlock(file, owner, id);
+}
+
+unsigned SettingsData::GetNumberParts(const char* fileName, unsigned code) const {
+  const std::string path = ZentharPath::GetPath(fileName);
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return 0;
+
+  // Byte by byte over blocks: a search from match to match would read the file again for each of them.
+  unsigned parts = 0, last = 0, since = 0;
+  unsigned char bytes[4096];
+  while (const unsigned size = file.Read(bytes, sizeof bytes)) {
+    for (unsigned i = 0; i < size; ++i) {
+      last = last >> 8 | static_cast<unsigned>(bytes[i]) << 24;
+      if (++since < sizeof code || last != code) continue;
+      ++parts;
+      since = 0;
+    }
+  }
+  return parts;
+}
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Taking the values of a saved block over into the fields that a container already has.
+#include <memory>
+
+#include "common_interfaces/settings_data.h"
+#include "settings/settings_block.h"
+#include "utils/file.h"
+
+namespace CommonInterfaces {
+
+bool SettingsData::Restore(const char* fileName) {
+  MFile file;
+  if (!fileName || !OpenForReading(fileName, file)) return false;
+  const SettingsHeader header = ReadSettingsHeader(file);
+  if (header.present && header.version != m_Version) return false;
+  if (!FindBlock(file, m_Owner, m_ID)) return false;
+
+  std::vector<SectionRecord> sections;
+  if (!ReadSectionRecords(file, sections)) return false;
+  for (const SectionRecord& section : sections) SetSectionStatus(section.id, section.status);
+
+  std::vector<SettingField*> fields;
+  const bool result = ReadFieldRecords(file, fields);
+  for (SettingField* field : fields) {
+    const std::unique_ptr<SettingField> saved(field);
+    SettingField* const counterpart = GetAtField(saved->GetSection(), saved->GetNameId(), false);
+    if (counterpart) *counterpart = *saved;
+  }
+  return result;
+}
+
+}  // namespace CommonInterfaces

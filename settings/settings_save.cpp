@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Replacing the container's block in a settings file, so that the file holds it once.
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "common_interfaces/settings_data.h"
+#include "settings/settings_block.h"
+#include "utils/bytes.h"
+#include "utils/debug.h"
+#include "utils/file.h"
+#include "utils/path.h"
+
+namespace CommonInterfaces {
+
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+// What stays of a file, to both sides of the place where the new block goes.
+struct KeptBytes {
+  Bytes before, behind;
+};
+
+void Append(Bytes& to, const Bytes& from, std::size_t begin, std::size_t end) {
+  to.insert(to.end(), from.begin() + static_cast<std::ptrdiff_t>(begin),
+            from.begin() + static_cast<std::ptrdiff_t>(end));
+}
+
+// False for a file that exists and cannot be read whole: what cannot be read cannot be kept.
+bool LoadFile(const std::string& path, Bytes& bytes) {
+  if (path.empty()) return true;
+  MFile file;
+  if (!file.Open(path.c_str(), MFile::kRead)) return false;
+  bytes.resize(static_cast<std::size_t>(file.GetLength()));
+  const auto size = static_cast<unsigned>(bytes.size());
+  return file.Read(bytes.data(), size) == size;
+}
+
+// Whether a whole block begins at `begin`, and where it ends. Both layouts of field records have one framing.
+bool FindEndOfBlock(const Bytes& bytes, std::size_t begin, std::size_t& end) {
+  std::size_t place = begin;
+  const auto has = [&](std::size_t count) { return bytes.size() - place >= count; };
+  if (!has(kBlockKeySize + 2)) return false;
+  const int sections = static_cast<short>(LoadLE16(bytes.data() + place + kBlockKeySize));
+  place += kBlockKeySize + 2;
+  if (sections < 0 || !has(static_cast<std::size_t>(sections) * kSectionRecordSize + 4)) return false;
+  place += static_cast<std::size_t>(sections) * kSectionRecordSize;
+  const int fields = static_cast<int>(LoadLE32(bytes.data() + place));
+  place += 4;
+  for (int i = 0; i < fields; ++i) {
+    if (!has(kFieldLengthSize)) return false;
+    const unsigned length = LoadLE32(bytes.data() + place);
+    place += kFieldLengthSize;
+    if (length > kMaxFieldRecordSize || !has(length)) return false;
+    place += length;
+  }
+  end = place;
+  return fields >= 0;
+}
+
+// Drops the header and every block with that key. The new block takes the place of the first one, or stands
+// behind the last whole block: bytes that are no block are kept, and never before one that is.
+KeptBytes DropBlock(const Bytes& bytes, unsigned owner, unsigned id) {
+  KeptBytes kept;
+  const bool hasHeader =
+      bytes.size() >= sizeof kSettingsFileTag && LoadLE32(bytes.data()) == LoadLE32(kSettingsFileTag);
+  std::size_t place = hasHeader ? std::min<std::size_t>(kSettingsHeaderSize, bytes.size()) : 0;
+  bool dropped = false;
+  for (std::size_t end = 0; FindEndOfBlock(bytes, place, end); place = end) {
+    if (LoadLE32(bytes.data() + place) == owner && LoadLE32(bytes.data() + place + 4) == id) {
+      dropped = true;
+    } else {
+      Append(dropped ? kept.behind : kept.before, bytes, place, end);
+    }
+  }
+  Append(kept.behind, bytes, place, bytes.size());
+  return kept;
+}
+
+bool WriteBytes(MFile& file, const Bytes& bytes) {
+  const auto size = static_cast<unsigned>(bytes.size());
+  return file.Write(bytes.data(), size) == size;
+}
+
+std::filesystem::path FromUtf8(const std::string& path) { return std::u8string(path.begin(), path.end()); }
+
+}  // namespace
+
+bool SettingsData::Save(const char* fileName) {
+  const std::string target = ZentharPath::GetWorkPath(fileName);
+  Bytes old;
+  if (target.empty() || !LoadFile(ZentharPath::GetPath(fileName), old)) {
+    PrintDebugString("Settings cannot be saved in file %s\n", fileName ? fileName : "");
+    return false;
+  }
+  RaiseVersion();
+  const KeptBytes kept = DropBlock(old, m_Owner, m_ID);
+  const std::string beside = target + ".new";
+  std::error_code error;
+  std::filesystem::remove(FromUtf8(beside), error);
+
+  MFile file;
+  bool written = file.Open(beside.c_str(), MFile::kWrite) && WriteHeader(file) &&
+                 WriteBytes(file, kept.before) && WriteBlock(file) && WriteBytes(file, kept.behind);
+  const int length = file.Tell();
+  file.Close();
+  // Only now is everything that was held back in the file, or lost.
+  written = written && MFile::GetLength(beside.c_str()) == length;
+  if (written) {
+    std::filesystem::rename(FromUtf8(beside), FromUtf8(target), error);
+    if (!error) return true;
+  }
+  PrintDebugString("Settings cannot be saved in file %s\n", fileName);
+  std::filesystem::remove(FromUtf8(beside), error);
+  return false;
+}
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Writing settings files: appending a block, and replacing it so that the file holds it once.
+#include <algorithm>
+
+#include "common_interfaces/settings_data.h"
+#include "settings/settings_block.h"
+#include "utils/bytes.h"
+#include "utils/file.h"
+#include "utils/path.h"
+
+namespace CommonInterfaces {
+
+// A block that is appended leaves every earlier one readable even when the writing stops in the middle.
+bool SettingsData::Write(const char* fileName) {
+  const std::string path = ZentharPath::GetWorkPath(fileName);
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kWrite)) return false;
+  RaiseVersion();
+  WriteHeader(file);
+  file.Seek(2, 0);
+  WriteBlock(file);
+  return true;
+}
+
+void SettingsData::RaiseVersion() { m_Version = std::max(m_Version, s_WorkspaceVersion); }
+
+bool SettingsData::WriteHeader(MFile& file) const {
+  unsigned char header[kSettingsHeaderSize];
+  std::copy_n(kSettingsFileTag, sizeof kSettingsFileTag, header);
+  StoreLE32(header + sizeof kSettingsFileTag, m_Version);
+  return file.Write(header, sizeof header) == sizeof header;
+}
+
+bool SettingsData::WriteBlock(MFile& file) const {
+  const int sectionCount = std::min(GetSectionCount(), kMaxFileSections);
+  std::vector<unsigned char> head(
+      static_cast<std::size_t>(kBlockKeySize + 2 + sectionCount * kSectionRecordSize + 4));
+  unsigned char* to = head.data();
+  StoreLE32(to, m_Owner);
+  StoreLE32(to + 4, m_ID);
+  StoreLE16(to + kBlockKeySize, static_cast<unsigned short>(sectionCount));
+  to += kBlockKeySize + 2;
+  for (int i = 0; i < sectionCount; ++i, to += kSectionRecordSize) StoreSectionRecord(to, *GetSectionAt(i));
+  StoreLE32(to, static_cast<unsigned>(m_Fields.size()));
+
+  const auto size = static_cast<unsigned>(head.size());
+  bool written = file.Write(head.data(), size) == size;
+  for (const SettingField* field : m_Fields) written = field->Write(&file) && written;
+  return written;
+}
+
+}  // namespace CommonInterfaces
