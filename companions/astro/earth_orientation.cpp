@@ -86,7 +86,7 @@ double ApparentSiderealTime(int julianDay, double fraction, double deltaT) {
                                      Evaluate(kSiderealTime, centuries) + EquationOfEquinoxes(centuries),
                                  kTurn);
   const double positive = angle < 0.0 ? angle + kTurn : angle;
-  return positive < kTurn ? positive : 0.0;
+  return positive >= kTurn ? 0.0 : positive;
 }
 
 void HorizonMatrix(double localSiderealTime, double latitude, double m[9]) {
