@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/queries.h"
 
+#include <cstring>
+
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -9,6 +11,23 @@ namespace CommonInterfaces {
 BaseQuery::~BaseQuery() = default;
 
 bool BaseQuery::Less(const BaseQuery& other) const { return m_NameId < other.m_NameId; }
+
+template <class T>
+TQuery<T>::TQuery(int nameId, unsigned condition, const void* values, unsigned count)
+    : BaseQuery(nameId, condition) {
+  const auto* from = static_cast<const unsigned char*>(values);
+  m_Values.reserve(count);
+  for (unsigned i = 0; i < count; ++i, from += sizeof(T)) {
+    T value;
+    std::memcpy(&value, from, sizeof value);
+    m_Values.push_back(value);
+  }
+}
+
+template <class T>
+const void* TQuery<T>::GetValue(unsigned index) const {
+  return index < m_Values.size() ? m_Values.data() + index : nullptr;
+}
 
 template class TQuery<char>;
 template class TQuery<unsigned char>;

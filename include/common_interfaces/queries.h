@@ -5,7 +5,6 @@
 // application matches its objects against them by name id, condition and values.
 #pragma once
 
-#include <cstring>
 #include <vector>
 
 #include "common_interfaces/api.h"
@@ -51,23 +50,14 @@ class COMMON_INTERFACES_API TQuery : public BaseQuery {
  public:
   // Copies `count` values, one by one, from `values`, which may stand at any address (the values of a packed
   // record do). Null only with a count of 0.
-  TQuery(int nameId, unsigned condition, const void* values, unsigned count) : BaseQuery(nameId, condition) {
-    const auto* from = static_cast<const unsigned char*>(values);
-    m_Values.reserve(count);
-    for (unsigned i = 0; i < count; ++i, from += sizeof(T)) {
-      T value;
-      std::memcpy(&value, from, sizeof value);
-      m_Values.push_back(value);
-    }
-  }
+  TQuery(int nameId, unsigned condition, const void* values, unsigned count);
 
-  const void* GetValue(unsigned index) const override {
-    return index < m_Values.size() ? m_Values.data() + index : nullptr;
-  }
+  const void* GetValue(unsigned index) const override;
 
   std::vector<T> m_Values;
 };
 
+// The only queries there are.
 extern template class TQuery<char>;
 extern template class TQuery<unsigned char>;
 extern template class TQuery<short>;
