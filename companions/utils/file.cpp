@@ -78,6 +78,7 @@ bool MFile::Open(const char* path, int mode) {
   }
   m_Path = path;
   m_Position = 0;
+  m_Moved = false;
   m_Operation = Operation::kNone;
   m_WriteFailed = false;
   return true;
@@ -92,12 +93,13 @@ void MFile::Close() {
 // Moves the stream to the position, which C streams also want between reading and writing.
 bool MFile::Prepare(Operation next) {
   if (!m_File) return false;
-  if (m_Operation == next) return true;
+  if (m_Operation == next && !m_Moved) return true;
   if (std::fseek(m_File.get(), m_Position, SEEK_SET) != 0) {
     if (m_Operation == Operation::kWrite) m_WriteFailed = true;  // what was held back went out with this call
     return false;
   }
   m_Operation = next;
+  m_Moved = false;
   return true;
 }
 
@@ -123,7 +125,7 @@ bool MFile::Seek(int origin, int offset) {
   const int base = origin == 0 ? 0 : origin == 1 ? m_Position : GetLength();
   const long long place = static_cast<long long>(base) + offset;
   if (base < 0 || place < 0 || place > INT_MAX) return false;
-  if (place != m_Position) m_Operation = Operation::kNone;
+  if (place != m_Position) m_Moved = true;
   m_Position = static_cast<int>(place);
   return true;
 }

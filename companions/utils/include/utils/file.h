@@ -65,9 +65,9 @@ class UTILS_API MFile {
 
   std::unique_ptr<std::FILE, Closer> m_File;
   std::string m_Path;
-  int m_Position = 0;  // the stream is moved there when the next operation needs it
-  Operation m_Operation =
-      Operation::kNone;  // what the stream did last; kNone: its own position is another one
+  int m_Position = 0;                        // where the next operation works
+  bool m_Moved = false;                      // the stream must be moved there first
+  Operation m_Operation = Operation::kNone;  // the stream's last one: after kWrite it may hold bytes back
   bool m_WriteFailed = false;
 };
 
