@@ -21,7 +21,7 @@ constexpr Calendar kGregorian = {1721120, 400, 146097, true};
 constexpr long long kFirstGregorianDay = 2299161;  // 1582-10-15
 
 constexpr long long kTenthsOfMillisecondPerDay = 86400LL * 10000;
-constexpr double kLargestFraction = 1e9;  // beyond this every day number saturates
+constexpr double kLargestFraction = 5e9;  // beyond this every day number saturates; in tenths it fits 64 bits
 
 constexpr long long FloorDivide(long long a, long long b) {
   const long long quotient = a / b;
@@ -58,10 +58,10 @@ void SplitDayNumber(long long dayNumber, CalendarDate& date) {
   const long long days = dayNumber - calendar.marchFirstOfYear0;
   const long long cycle = FloorDivide(days, calendar.daysPerCycle);
   const long long dayOfCycle = days - cycle * calendar.daysPerCycle;
-  // 366 days for each year never overshoots; at most one step short in four years, two in four hundred.
+  // 366 days for each year never overshoot, and in one cycle they stay less than a year behind.
   long long yearOfCycle = dayOfCycle / 366;
-  while (yearOfCycle + 1 < calendar.yearsPerCycle &&
-         DaysBeforeYearOfCycle(calendar, yearOfCycle + 1) <= dayOfCycle) {
+  if (yearOfCycle + 1 < calendar.yearsPerCycle &&
+      DaysBeforeYearOfCycle(calendar, yearOfCycle + 1) <= dayOfCycle) {
     ++yearOfCycle;
   }
   const long long dayOfYear = dayOfCycle - DaysBeforeYearOfCycle(calendar, yearOfCycle);

@@ -161,8 +161,8 @@ TEST(DeltaT, FractionCountsAndWhatIsNotFiniteDoesNot) {
   EXPECT_DOUBLE_EQ(ET_UT::Get(2451545, 10.25), ET_UT::Get(2451555, 0.25));
   EXPECT_DOUBLE_EQ(ET_UT::Get(0, 2451545.5), ET_UT::Get(2451545, 0.5));
   EXPECT_NE(ET_UT::Get(2451545, 10.25), ET_UT::Get(2451545, 0.0));
-  EXPECT_EQ(ET_UT::Get(2451545, std::numeric_limits<double>::quiet_NaN()), ET_UT::Get(2451545, 0.0));
-  EXPECT_EQ(ET_UT::Get(2451545, std::numeric_limits<double>::infinity()), ET_UT::Get(2451545, 0.0));
+  EXPECT_DOUBLE_EQ(ET_UT::Get(2451545, std::numeric_limits<double>::quiet_NaN()), ET_UT::Get(2451545, 0.0));
+  EXPECT_DOUBLE_EQ(ET_UT::Get(2451545, std::numeric_limits<double>::infinity()), ET_UT::Get(2451545, 0.0));
 }
 
 TEST(DeltaT, EveryDayNumberGivesANumber) {

@@ -195,6 +195,8 @@ TEST(JulianDate, WholeDateMayStandInTheFraction) {
   const CalendarDate date = ToDate(0, 2460374.75);
   ExpectDate(date, 2024, 3, 5);
   ExpectTime(date, 6, 0, 0.0);
+  ExpectDate(ToDate(INT_MIN, 2147483648.0 + 2451545.0), 2000, 1, 1);
+  ExpectDate(ToDate(INT_MAX, 2451545.0 - 2147483647.0), 2000, 1, 1);
   ExpectDate(ToDate(2460374, -10.0), 2024, 2, 23);  // ten days before 4 March
 }
 
