@@ -185,11 +185,14 @@ TEST(CLibrary, AgreesAtEveryChange) {
   }
 }
 
-// The folder "right" has the zones for clocks that count leap seconds.
+// The folder "right" has the zones for clocks that count leap seconds. They have no rule: the table is all they know.
 TEST(LeapSecondZones, GiveTheSameOffsets) {
   if (ReadBytes(std::string(kZoneFolder) + "right/Europe/Berlin").empty()) GTEST_SKIP() << "no such folder";
   const Zone plain = ParseSystemZone("Europe/Berlin"), leap = ParseSystemZone("right/Europe/Berlin");
+  ASSERT_FALSE(leap.changes.empty());
+  EXPECT_GT(leap.changes.back(), UnixTime(2017, 1, 1));  // the time of the last leap second so far
   for (long long change : plain.changes) {
+    if (change >= leap.changes.back()) break;
     for (long long time : {change - 1, change})
       EXPECT_EQ(leap.GetOffset(time), plain.GetOffset(time)) << time;
   }
