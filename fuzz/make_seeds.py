@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: the common_interfaces authors
+# SPDX-License-Identifier: MIT
+"""Writes the binary seeds of the fuzz targets into corpus/. The seeds are kept in the repository; run this after a
+change of a file format. Formats: docs/formats/settings_file.md; RFC 8536 for compiled time zones."""
+import struct
+from pathlib import Path
+
+CORPUS = Path(__file__).parent / "corpus"
+OWN = struct.pack("<II", int.from_bytes(b"FLTR", "big"), 1)
+DEFAULTS = struct.pack("<I", int.from_bytes(b"FLTR", "big")) + b"TLFD"
+NO_ALIAS = 0xFFFFFFFF
+
+
+def save(target, name, content):
+    folder = CORPUS / target
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / name).write_bytes(content)
+
+
+def code(text):
+    return int.from_bytes(text.encode(), "big")
+
+
+def name_id(name):
+    """The hash of field names: see GetUniqueID in utils/text.h."""
+    table = []
+    for value in range(256):
+        for _ in range(8):
+            value = value >> 1 ^ (0xEDB88320 if value & 1 else 0)
+        table.append(value)
+    h = 0
+    for byte in name.encode():
+        signed = h - (1 << 32) if h & 0x80000000 else h
+        h = (signed >> 8 & 0xFFFFFFFF) ^ table[(h ^ byte) & 0xFF]
+    return h & 0x7FFFFFFF
+
+
+def field(section, name, kind, values, condition=0, status=1):
+    formats = {0: "b", 1: "B", 2: "h", 3: "H", 4: "i", 5: "I", 6: "f", 7: "d", 8: "B"}
+    header = struct.pack("<IiBHIBI", code(section), name_id(name), kind, len(values), condition, status, NO_ALIAS)
+    return header + struct.pack(f"<{len(values)}{formats[kind]}", *values)
+
+
+def old_field(section, name, kind, values):
+    """The earlier layout: the name as 32 characters in place of its hash."""
+    record = field(section, name, kind, values)
+    return record[:4] + name.encode().ljust(32, b"\0") + record[8:]
+
+
+def block(key, sections, records):
+    """sections: (code, alias, first, last, status)"""
+    content = key + struct.pack("<h", len(sections))
+    for section, alias, first, last, status in sections:
+        content += struct.pack("<IIHHB", code(section), alias, first, last, status)
+    content += struct.pack("<i", len(records))
+    return content + b"".join(struct.pack("<i", len(r)) + r for r in records)
+
+
+def settings(version, *blocks):
+    return b"SREV" + struct.pack("<I", version) + b"".join(blocks)
+
+
+def settings_seeds():
+    every_type = [field("star", f"Type{k}", k, [1, 2, 3]) for k in range(8)]
+    switches = [field("star", "ShowLabel", 1, [1]), field("star", "Magnitude", 6, [6.5]),
+                field("star", "CatalogType", 1, [2, 10, 20, 30], condition=0x4000)]
+    favourites = [field("comt", "Favo", 8, [1, 0, 1, 0, 1, 7, 0, 0, 0])]
+    planet = [field("plnt", "Earth", 4, [code("plnt"), 3, 1, 0, 0, 0, 0, 0, 1])]
+    moon = [field("moon", "Moon", 4, [code("moon"), 301, 1, 0, 0, 0, 0, 0, 0])]
+    two = [("star", NO_ALIAS, 0, 2, 1), ("comt", code("cmt2"), 3, 3, 1)]
+    bodies = [("plnt", NO_ALIAS, 0, 0, 1), ("moon", NO_ALIAS, 1, 1, 0)]
+    save("settings_file", "empty_block", settings(1, block(OWN, [], [])))
+    save("settings_file", "every_type", settings(1, block(DEFAULTS, [("star", NO_ALIAS, 0, 7, 1)], every_type)))
+    save("settings_file", "defaults_and_own",
+         settings(3, block(DEFAULTS, two, switches + favourites), block(OWN, two, switches + favourites)))
+    save("settings_file", "bodies",
+         settings(3, block(DEFAULTS, bodies, planet + moon), block(OWN, bodies, planet + moon)))
+    save("settings_file", "no_header", block(DEFAULTS, two, switches + favourites))
+    old = [old_field("star", "ShowLabel", 1, [1]), old_field("star", "Magnitude", 6, [6.5])]
+    save("settings_file", "old_layout",
+         settings(0, block(DEFAULTS, [("star", NO_ALIAS, 0, 1, 1)], switches[:2]),
+                  block(OWN, [("star", NO_ALIAS, 0, 1, 1)], old)))
+    save("correction_file", "two_corrections",
+         block(DEFAULTS, [("star", NO_ALIAS, 0, 1, 1)],
+               [field("star", "StarZoomDependShow", 2, [-5]), field("star", "StarZoomDependLabel", 2, [12])]))
+    save("correction_file", "empty_block", block(DEFAULTS, [], []))
+    save("correction_file", "other_owner", block(struct.pack("<II", 1, 2), [], []) + block(DEFAULTS, [], [
+        field("gala", "GLZoomDependShow", 2, [3])]))
+
+
+def zone_block(version, width, changes, types, names, leaps=()):
+    header = b"TZif" + version + bytes(15) + struct.pack(">6I", 0, 0, len(leaps), len(changes), len(types), len(names))
+    letter = "q" if width == 8 else "i"
+    content = b"".join(struct.pack(">" + letter, time) for time, _ in changes)
+    content += bytes(kind for _, kind in changes)
+    content += b"".join(struct.pack(">iBB", *entry) for entry in types) + names
+    return header + content + b"".join(struct.pack(f">{letter}i", *leap) for leap in leaps)
+
+
+def zone_seeds():
+    types = [(3600, 0, 0), (7200, 1, 4)]
+    names = b"CET\0CEST\0"
+    changes = [(-1693706400, 1), (-1680483600, 0), (1711846800, 1), (1729990800, 0)]
+    first = zone_block(b"2", 4, changes, types, names)
+    second = zone_block(b"2", 8, changes, types, names)
+    save("time_zone", "version_1", zone_block(b"\0", 4, changes, types, names))
+    save("time_zone", "version_2_with_rule", first + second + b"\nCET-1CEST,M3.5.0,M10.5.0/3\n")
+    save("time_zone", "no_changes", zone_block(b"2", 4, [], types[:1], b"UTC\0") +
+         zone_block(b"2", 8, [], types[:1], b"UTC\0") + b"\nUTC0\n")
+    save("time_zone", "empty_rule", first + second + b"\n\n")
+    save("time_zone", "version_3_negative_rule", zone_block(b"3", 4, [], types, names) +
+         zone_block(b"3", 8, changes, types, names) + b"\n<-03>3<-02>,M3.5.0/-2,M10.5.0/-1\n")
+    save("time_zone", "julian_rules", first + second + b"\nAAA5BBB,J60/0,300/25:30:15\n")
+    save("time_zone", "leap_seconds",
+         first + zone_block(b"2", 8, changes, types, names, [(78796800, 1), (94694401, 2)]) + b"\nCET-1\n")
+
+
+if __name__ == "__main__":
+    settings_seeds()
+    zone_seeds()
