@@ -65,6 +65,11 @@ void SettingsData::SetID(unsigned id) { m_ID = id; }
 
 unsigned SettingsData::GetID() { return m_ID; }
 
+// Reserved slots of the binary interface.
+bool SettingsData::Read2(void* /*reserved*/) { return false; }
+
+bool SettingsData::Write2(void* /*reserved*/) { return false; }
+
 unsigned SettingsData::GetCurSection() const {
   return m_CurSection < 0 ? 0 : m_Sections[static_cast<std::size_t>(m_CurSection)].id;
 }
