@@ -22,7 +22,9 @@ double ClampedAsin(double x) {
 // The angle in [0, 2 pi) from its sine and the sign of its cosine.
 double AngleFromSine(double sine, double cosine) {
   const double angle = cosine < 0.0 ? kPi - ClampedAsin(sine) : ClampedAsin(sine);
-  return angle < 0.0 ? angle + 2 * kPi : angle;
+  if (angle >= 0.0) return angle;
+  const double turned = angle + 2 * kPi;
+  return turned < 2 * kPi ? turned : 0.0;  // the smallest negative angles round up to the full turn
 }
 
 }  // namespace
