@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "tools/data_root.h"
+
+#include <map>
+
+#include "tools/catalogs.h"
+#include "tools/files.h"
+#include "tools/settings_compiler.h"
+#include "tools/settings_parser.h"
+#include "tools/source_error.h"
+#include "tools/strings_check.h"
+
+namespace skydata {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Name below the data root, bytes; the order of the names is the order of writing.
+using Files = std::map<fs::path, std::string>;
+
+struct Catalog {
+  const char* name;
+  const char* folder;  // of its source, with the SOURCE.md
+  std::string (*make)(const fs::path& source);
+};
+constexpr Catalog kCatalogs[] = {{"stars", "stars", MakeStarCatalog},
+                                 {"deepsky", "deepsky", MakeDeepskyCatalog},
+                                 {"constellations", "constellations", MakeConstellationCatalog},
+                                 {"constellation_lines", "constellations", MakeConstellationLines},
+                                 {"milkyway", "milkyway", MakeMilkyWay}};
+
+void AddCatalogs(const fs::path& source, Files& files) {
+  for (const Catalog& catalog : kCatalogs) {
+    const fs::path base = fs::path("catalogs") / catalog.name;
+    files[base.string() + ".txt"] = catalog.make(source);
+    files[base.string() + ".source.md"] = ReadFile(source / catalog.folder / "SOURCE.md");
+  }
+}
+
+// Every settings text of a folder becomes the settings file of that name.
+void AddSettings(const fs::path& folder, const fs::path& to, const fs::path& scratch, Files& files) {
+  if (!fs::is_directory(folder)) throw SourceError(folder.string(), 0, "no such folder");
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() != ".ini") continue;
+    const fs::path name = entry.path().stem().string() + ".data";
+    files[to / name] = CompileSettings(ParseSettings(entry.path()), scratch);
+  }
+}
+
+}  // namespace
+
+int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string& language) {
+  std::error_code error;
+  if (!fs::is_directory(source)) throw SourceError(source.string(), 0, "no such folder");
+  fs::create_directories(out, error);
+  if (!fs::is_directory(out)) throw SourceError(out.string(), 0, "cannot be made");
+  Files files;
+  files["qxstrings.txt"] = CheckStrings(source / "strings" / language / "qxstrings.txt");
+  AddSettings(source / "settings", "", out, files);
+  AddSettings(source / "views", "views", out, files);
+  AddCatalogs(source, files);
+  for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
+  return static_cast<int>(files.size());
+}
+
+}  // namespace skydata

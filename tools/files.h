@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace skydata {
+
+// A line of a text file, without its end and the blanks at its own end.
+struct TextLine {
+  int number = 0;  // from 1 on
+  std::string text;
+};
+
+// The whole file. Throws SourceError when it cannot be read.
+std::string ReadFile(const std::filesystem::path& path);
+
+// The lines of a text file, blank ones included. A UTF-8 byte-order mark is left out; lines end in LF or CR LF.
+// Throws SourceError when the file cannot be read.
+std::vector<TextLine> ReadLines(const std::filesystem::path& path);
+
+// Puts a file with these bytes in the place of `path`, whole or not at all; makes the folders that lead to it. Throws
+// SourceError when that fails: what stood there before then still does.
+void ReplaceFile(const std::filesystem::path& path, const std::string& bytes);
+
+// A name in `folder` that no file has, for a file that this object removes when it goes.
+class ScratchFile {
+ public:
+  explicit ScratchFile(const std::filesystem::path& folder);
+  ~ScratchFile();
+  ScratchFile(const ScratchFile&) = delete;
+  ScratchFile& operator=(const ScratchFile&) = delete;
+
+  const std::filesystem::path& GetPath() const { return m_Path; }
+
+ private:
+  std::filesystem::path m_Path;
+};
+
+}  // namespace skydata

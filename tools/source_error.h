@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace skydata {
+
+// What is wrong with a source file, as one line: "file:line: message", or "file: message" where no line is to blame.
+class SourceError : public std::runtime_error {
+ public:
+  SourceError(const std::string& file, int line, const std::string& message)
+      : std::runtime_error(file + (line > 0 ? ":" + std::to_string(line) : "") + ": " + message) {}
+};
+
+}  // namespace skydata
