@@ -34,9 +34,14 @@ Scratch& Scratch::Get() {
 }
 
 Scratch::Scratch() {
+  // In memory where the system offers it: renaming over a file may wait for the disk, thousands of times here.
+  std::error_code ignored;
+  const std::filesystem::path memory = "/dev/shm";
+  const auto parent =
+      std::filesystem::is_directory(memory, ignored) ? memory : std::filesystem::temp_directory_path();
   // Programs that run at the same time must not share a folder.
   const auto tag = std::chrono::high_resolution_clock::now().time_since_epoch().count();
-  m_Folder = std::filesystem::temp_directory_path() / ("ci-fuzz-" + std::to_string(tag));
+  m_Folder = parent / ("ci-fuzz-" + std::to_string(tag));
   std::filesystem::create_directories(m_Folder / "data");
   std::filesystem::create_directories(m_Folder / "work");
   ZentharPath::SetRoots(Path("data").c_str(), Path("work").c_str());

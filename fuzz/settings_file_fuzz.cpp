@@ -41,7 +41,11 @@ void Walk(SettingsData& settings) {
     settings.GetAtField(field.GetSection(), field.GetNameId(), true);
   }
   std::vector<unsigned> sections;
-  for (int i = 0; i < settings.GetSectionCount(); ++i) sections.push_back(settings.GetSectionAt(i)->id);
+  for (int i = 0; i < settings.GetSectionCount(); ++i) {
+    const unsigned id =
+        settings.GetSectionAt(i)->id;  // a member of a packed record: no reference may bind to it
+    sections.push_back(id);
+  }
   for (unsigned section : sections) WalkSection(settings, section);
   SSO_ID planet;
   settings.GetIntegrPlnt(&planet);
