@@ -69,12 +69,16 @@ RecordFields RandomFields(unsigned seed) {
   return fields;
 }
 
+// A camera looks for the file of its defaults once, when it is made: the file has to be there before it.
+struct RootsWithDefaults : TempRoots {
+  RootsWithDefaults() { WriteCameraDefaults(*this); }
+};
+
 class CameraFileTest : public testing::Test {
  protected:
-  void SetUp() override { WriteCameraDefaults(roots); }
   std::string Path(const char* name) const { return roots.dir.Path(name); }
 
-  TempRoots roots;
+  RootsWithDefaults roots;
   Camera camera{kOwner};
 };
 
@@ -438,6 +442,18 @@ TEST_F(CameraFileTest, EveryKeyOfRandomRecordsComesBackThroughASecondCamera) {
           << field.key << " seed " << seed;
     }
   }
+}
+
+// The worked example of docs/formats/camera_record.md.
+TEST_F(CameraFileTest, SavedViewBeginsWithTheBytesOfTheWorkedExample) {
+  camera.CreateDefault();
+  camera.WriteSelfAll(Path("view.data").c_str(), 7);
+  const unsigned char expected[] = {
+      0x52, 0x4D, 0x41, 0x43, 7, 0,  0, 0, 1, 0,  0x72, 0x6D, 0x61, 0x63, 0xFF, 0xFF, 0xFF, 0xFF,
+      0,    0,    48,   0,    0, 49, 0, 0, 0, 22, 0,    0,    0,    0x72, 0x6D, 0x61, 0x63, 0x9D,
+      0x76, 0xB9, 0x10, 2,    1, 0,  0, 0, 0, 0,  0,    0xFF, 0xFF, 0xFF, 0xFF, 20,   0};
+  const std::string written = roots.dir.Read("view.data").substr(8, sizeof expected);
+  EXPECT_EQ(written, std::string(reinterpret_cast<const char*>(expected), sizeof expected));
 }
 
 TEST_F(CameraFileTest, IdOfAWriteStaysTheIdOfTheSettings) {
