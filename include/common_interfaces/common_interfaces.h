@@ -5,6 +5,7 @@
 #pragma once
 
 #include "common_interfaces/camera.h"
+#include "common_interfaces/camera_state.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/date.h"
 #include "common_interfaces/daylight_savings.h"

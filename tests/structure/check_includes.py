@@ -30,7 +30,7 @@ PUBLIC = {
     "object_kinds.h": "output", "star_data.h": "output", "record_source.h": "output", "output_pool.h": "output",
     "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
     "date.h": "camera", "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
-    "camera.h": "camera",
+    "camera.h": "camera", "camera_state.h": "camera",
     "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }
