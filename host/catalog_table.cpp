@@ -156,7 +156,6 @@ bool CatalogTable::ReadRecord(std::string_view line) {
 // Every column grows by one value, present or not, so that a record is found by its index.
 bool CatalogTable::AppendCell(Column& column, std::string_view cell) {
   column.present.push_back(!cell.empty());
-  const auto before = column.values.size();
   if (column.type == kText && !cell.empty()) {
     AppendBytes(column.values, static_cast<unsigned>(m_Texts.size()));
     m_Texts.append(cell);
@@ -164,14 +163,14 @@ bool CatalogTable::AppendCell(Column& column, std::string_view cell) {
     return true;
   }
   if (!cell.empty() && AppendTyped(column.type, column.values, cell)) return true;
-  column.values.resize(before + kTypes[column.type].width);
+  column.values.insert(column.values.end(), kTypes[column.type].width, 0);
   return cell.empty();
 }
 
 void CatalogTable::DropRecord() {
   for (auto& column : m_Columns) {
     column.present.pop_back();
-    column.values.resize(column.values.size() - kTypes[column.type].width);
+    column.values.erase(column.values.end() - kTypes[column.type].width, column.values.end());
   }
 }
 

@@ -21,7 +21,7 @@ Direction Normalised(const Direction& direction) {
   return {{direction.v[0] / length, direction.v[1] / length, direction.v[2] / length}};
 }
 
-void AppendArc(const Direction& a, const Direction& b, double maxAngle, std::vector<Direction>& points) {
+void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>& points) {
   const double angle = VectorsAngle(a.v, b.v);
   const int pieces = static_cast<int>(std::ceil(angle / maxAngle));
   for (int i = 1; i < pieces; ++i) {

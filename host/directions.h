@@ -25,7 +25,7 @@ Direction MakeDirection(double lon, double lat);
 Direction Normalised(const Direction& direction);
 
 // Appends the points of the great-circle arc from `a` to `b`, `a` left out and `b` put in, no two neighbours further
-// apart than `maxAngle` radians.
-void AppendArc(const Direction& a, const Direction& b, double maxAngle, std::vector<Direction>& points);
+// apart than `maxAngle` radians. The ends are taken by value because they may stand in `points` itself.
+void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>& points);
 
 }  // namespace skyview

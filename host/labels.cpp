@@ -21,12 +21,16 @@ LabelKind LabelKindOfDeepsky(int kind) {
   return kind == FourCC("nebu") ? LabelKind::kNebula : LabelKind::kOtherDeepsky;
 }
 
+LabelPlacer::LabelPlacer() {
+  m_Labels.reserve(kMaxLabels);
+  m_Boxes.reserve(kMaxBoxes);
+}
+
 void LabelPlacer::Begin(int width, int height) {
   m_Width = width;
   m_Height = height;
   m_Labels.clear();
   m_Boxes.clear();
-  m_Labels.reserve(kMaxLabels);
 }
 
 double LabelPlacer::EstimateWidth(const char* text, double size) {
@@ -55,12 +59,13 @@ bool LabelPlacer::IsFree(const Box& box) const {
 
 int LabelPlacer::Add(const char* text, const Box& box, double anchor, double baseline, double size,
                      LabelKind kind) {
-  m_Boxes.push_back(box);
+  if (m_Boxes.size() < kMaxBoxes) m_Boxes.push_back(box);
   m_Labels.push_back({text, {box.left + anchor * (box.right - box.left), baseline}, anchor, size, kind});
   return static_cast<int>(m_Labels.size()) - 1;
 }
 
 void LabelPlacer::Reserve(const tPoint<double>& centre, double halfWidth, double halfHeight) {
+  if (m_Boxes.size() >= kMaxBoxes) return;
   m_Boxes.push_back(
       {centre.x - halfWidth, centre.y - halfHeight, centre.x + halfWidth, centre.y + halfHeight});
 }

@@ -33,9 +33,10 @@ struct Label {
 };
 
 // Places labels so that they cover neither each other nor what was reserved. Widths are estimated from the number of
-// characters, so that placing needs no font. Allocates nothing once its lists have grown.
+// characters, so that placing needs no font. Allocates at its construction only.
 class LabelPlacer {
  public:
+  LabelPlacer();
   void Begin(int width, int height);
 
   // Nothing will be placed over this box around a point.
@@ -52,6 +53,7 @@ class LabelPlacer {
   const std::vector<Label>& GetLabels() const { return m_Labels; }
 
   static constexpr int kMaxLabels = 600;
+  static constexpr int kMaxBoxes = 2000;  // labels and reserved places; a later place is not kept free
   static double EstimateWidth(const char* text, double size);
 
  private:

@@ -99,9 +99,7 @@ void CloseRing(SkyCatalogs& catalogs) {
   if (catalogs.milkyWay.empty()) return;
   auto& ring = catalogs.milkyWay.back();
   auto& points = catalogs.milkyWayPoints;
-  // A copy: the vector grows while the arc is appended.
-  const Direction first = points[ring.first];
-  AppendArc(points.back(), first, kOutlineStep, points);
+  AppendArc(points.back(), points[ring.first], kOutlineStep, points);
   ring.count = static_cast<int>(points.size()) - ring.first;
 }
 
@@ -118,8 +116,7 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
       catalogs.milkyWay.push_back({level, static_cast<int>(catalogs.milkyWayPoints.size()), 1});
       catalogs.milkyWayPoints.push_back(vertex);
     } else {
-      const Direction last = catalogs.milkyWayPoints.back();
-      AppendArc(last, vertex, kOutlineStep, catalogs.milkyWayPoints);
+      AppendArc(catalogs.milkyWayPoints.back(), vertex, kOutlineStep, catalogs.milkyWayPoints);
     }
     lastLevel = level;
     lastRing = ring;

@@ -17,6 +17,7 @@ using CommonInterfaces::StarOutput;
 
 constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
 constexpr int kMilkyWayLevels = 5;
+constexpr int kCompassMarks = 16;
 constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
 
 // The north galactic pole (J2000; IAU 1958), far from every outline of the Milky Way.
@@ -55,6 +56,25 @@ SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
       m_Haze(kHazeAltitudes.size()) {
   AppendAltitudeCircle(0.0, m_AltitudeCircles);
   for (double altitude : kHazeAltitudes) AppendAltitudeCircle(altitude, m_AltitudeCircles);
+  ReserveLists();
+}
+
+void SkyFrame::ReserveLists() {
+  m_Stars.reserve(static_cast<std::size_t>(m_Catalogs.stars.GetCount()));
+  m_Deepsky.reserve(m_Catalogs.deepsky.size());
+  m_Lines.reserve(m_Catalogs.figurePoints.size());
+  m_Compass.reserve(kCompassMarks);
+  m_Ground.Reserve(1, kAltitudeCirclePoints);
+  for (auto& band : m_Haze) band.Reserve(1, kAltitudeCirclePoints);
+  for (int level = 1; level <= kMilkyWayLevels; ++level) {
+    std::size_t rings = 0, points = 0;
+    for (const auto& ring : m_Catalogs.milkyWay) {
+      if (ring.level != level) continue;
+      ++rings;
+      points += static_cast<std::size_t>(ring.count);
+    }
+    m_MilkyWay[level - 1].Reserve(rings, points);
+  }
 }
 
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
@@ -120,10 +140,9 @@ void SkyFrame::AddHorizon(const ViewGeometry& geometry) {
 }
 
 void SkyFrame::AddCompass(const ViewGeometry& geometry) {
-  constexpr int kMarks = 16;
   const CompassLetters& letters = GetCompassLetters();
-  for (int i = 0; i < kMarks; ++i) {
-    const double azimuth = i * 2.0 * kPi / kMarks;
+  for (int i = 0; i < kCompassMarks; ++i) {
+    const double azimuth = i * 2.0 * kPi / kCompassMarks;
     const auto p = geometry.Project(MakeDirection(-azimuth, 0.0), SkyFrameOf::kHorizon);
     if (!geometry.IsInside(p, 0.0)) continue;
     const auto below = geometry.Project(MakeDirection(-azimuth, -kRadiansPerDegree), SkyFrameOf::kHorizon);

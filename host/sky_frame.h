@@ -50,7 +50,8 @@ struct Caption {
 // Everything of one picture, computed and not yet painted. Coordinates are the camera's: pixels from the left and from
 // the bottom upwards. Objects below the horizon are left out while the horizon is shown.
 //
-// Compute allocates nothing once its lists and pool have grown to the size of the picture. The output records are
+// The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that Compute allocates
+// nothing but the pool's blocks, each when the first frame needs it. The output records are
 // valid until the next Compute. `catalogs` is kept by reference. One thread.
 class SkyFrame {
  public:
@@ -77,6 +78,7 @@ class SkyFrame {
   bool IsPoolExhausted() const { return m_PoolExhausted; }
 
  private:
+  void ReserveLists();
   void AddCaption();
   void AddMilkyWay(const ViewGeometry& geometry);
   void AddHorizon(const ViewGeometry& geometry);

@@ -22,6 +22,8 @@ struct RegionPicture {
   double rim = 0.0;                    // radius of the disc, pixels around the centre of the window
 
   void Clear();
+  // Makes room for rings of so many points in all.
+  void Reserve(std::size_t rings, std::size_t ringPoints);
 };
 
 // Adds rings to a picture. `outside` is any direction known to be outside the region, in the same frame; it must not
@@ -34,10 +36,11 @@ class RegionProjector {
   void AddRing(std::span<const Direction> ring);
 
  private:
-  void AddEdge(const tPoint<double>& a, const tPoint<double>& b, bool behind);
-  void CountCrossings(std::span<const Direction> ring);
+  void AddEdge(const tPoint<double>& a, const tPoint<double>& b, int turn);
+  bool CrossesPath(const Direction& a, const Direction& b) const;
   void LineTo(const tPoint<double>& p);
-  void AlongRim(const tPoint<double>& p, bool exact = false);
+  void AlongRim(const tPoint<double>& p, int turn, bool exact = false);
+  int TurnOf(const Direction& a, const Direction& b) const;
   tPoint<double> FromCentre(const Direction& direction) const;
 
   const ViewGeometry& m_Geometry;
@@ -47,6 +50,7 @@ class RegionProjector {
   Direction m_Outside;
   Direction m_Opposite;
   Direction m_PathNormal;  // of the great circle from m_Opposite to m_Outside
+  Direction m_PathMiddle;  // the middle of that arc, of any length; zero when there is no arc
   double m_Bearing = 0.0;  // radians, of the last point added, about the centre of the window
 };
 

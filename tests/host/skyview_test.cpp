@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The whole program through its run function: exit codes, the lines it prints, the files it writes.
+#include "host/skyview.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "small_sky.h"
+#include "xml_check.h"
+
+using host_test::SmallSky;
+
+namespace {
+
+bool StartsWith(const std::string& text, const std::string& start) { return text.rfind(start, 0) == 0; }
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+const std::vector<std::string> kOrion = {"--place", "52.52,13.405",     "--zone", "Europe/Berlin",
+                                         "--time",  "2026-01-15T22:00", "--look", "180,30"};
+
+std::vector<std::string> With(std::vector<std::string> arguments, const std::vector<std::string>& more) {
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return arguments;
+}
+
+}  // namespace
+
+TEST(Skyview, PrintsWhatItRestoredEachOnItsOwnLine) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(kOrion), 0) << sky.errors.str();
+  EXPECT_EQ(sky.errors.str(), "");
+  for (const char* line :
+       {"place: 52.5200° N, 13.4050° E\n", "local time: 2026-01-15 22:00:00 (Europe/Berlin, UT+01:00)\n",
+        "universal time: 2026-01-15 21:00:00\n", "direction: azimuth 180.0° (S), altitude 30.0°\n",
+        "zoom: 1\n", "deep-sky objects drawn: 1\n"}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
+  }
+  // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero.
+  EXPECT_TRUE(sky.Printed("magnitude limits: star draw 7.5, full 4.0, label 4.0\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("magnitude limits: gala draw 13.5, full -2.0, label -2.0\n"));
+  EXPECT_TRUE(sky.Printed("stars drawn: "));
+}
+
+// The picture is 1600 x 1000 pixels; its half-diagonal spans 37 degrees (0.6457718232379 radians) from the axis, so
+// the width is 4 atan(tan(0.32288...) * 800 / 943.398...) = 63.36 degrees.
+TEST(Skyview, FieldOfViewIsThatOfTheProjection) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(kOrion), 0);
+  EXPECT_TRUE(sky.Printed("field of view: 63.36° x 40.22°\n")) << sky.output.str();
+}
+
+TEST(Skyview, OffsetAndZInTheTimeOverrideTheZone) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run({"--time", "2026-01-15T21:00Z", "--zone", "Asia/Kolkata"}), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("local time: 2026-01-16 02:30:00 (Asia/Kolkata, UT+05:30)\n")) << sky.output.str();
+  ASSERT_EQ(sky.Run({"--time", "2026-01-15T13:00-08:00"}), 0);
+  EXPECT_TRUE(sky.Printed("universal time: 2026-01-15 21:00:00\n")) << sky.output.str();
+}
+
+TEST(Skyview, BadOptionIsExitTwoWithOneLineThatNamesItAndTheForm) {
+  SmallSky sky;
+  const std::vector<std::string> bad[] = {
+      {"--zoom", "0"}, {"--zone", "Not/AZone"}, {"--nonsense"}, {"--size", "9"}};
+  for (const auto& arguments : bad) {
+    EXPECT_EQ(sky.Run(arguments), 2) << arguments[0];
+    EXPECT_TRUE(StartsWith(sky.GetErrorLine(), "skyview: ")) << sky.errors.str();
+    EXPECT_TRUE(Contains(sky.GetErrorLine(), arguments.back())) << sky.errors.str();
+    EXPECT_EQ(sky.output.str(), "");
+  }
+}
+
+TEST(Skyview, TimeThatTheClocksSkipIsABadOption) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run({"--zone", "Europe/Berlin", "--time", "2026-03-29T02:30"}), 2);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "2026-03-29T02:30")) << sky.errors.str();
+}
+
+TEST(Skyview, HelpIsExitZero) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run({"--help"}), 0);
+  EXPECT_TRUE(sky.Printed("--save-view"));
+}
+
+TEST(Skyview, MissingDataRootIsExitOne) {
+  SmallSky sky;
+  std::ostringstream output, errors;
+  EXPECT_EQ(skyview::Run({"--data", sky.dir.Path("nowhere")}, "", output, errors), 1);
+  EXPECT_TRUE(Contains(errors.str(), "nowhere")) << errors.str();
+  EXPECT_TRUE(Contains(errors.str(), "qxstrings.txt")) << errors.str();
+  EXPECT_EQ(std::count(errors.view().begin(), errors.view().end(), '\n'), 1);
+}
+
+TEST(Skyview, DataRootBesideTheProgramIsFound) {
+  SmallSky sky;
+  std::filesystem::create_directories(sky.dir.Path("bin"));
+  std::ostringstream output, errors;
+  EXPECT_EQ(skyview::Run({}, sky.dir.Path("bin"), output, errors), 0) << errors.str();
+  std::filesystem::create_directories(sky.dir.Path("share/common_interfaces"));
+  std::filesystem::rename(sky.dir.Path("data"), sky.dir.Path("share/common_interfaces/data"));
+  EXPECT_EQ(skyview::Run({}, sky.dir.Path("bin"), output, errors), 0) << errors.str();
+}
+
+TEST(Skyview, EachMissingFileIsNamedAndNoPictureIsLeft) {
+  for (const char* file : {"filters.data", "qxstrings.txt", "catalogs/stars.txt", "catalogs/milkyway.txt"}) {
+    SmallSky sky;
+    std::filesystem::remove(sky.dir.Path(std::string("data/") + file));
+    EXPECT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg")})), 1) << file;
+    EXPECT_TRUE(Contains(sky.GetErrorLine(), std::filesystem::path(file).filename().string()))
+        << sky.errors.str();
+    EXPECT_FALSE(std::filesystem::exists(sky.dir.Path("sky.svg")));
+  }
+}
+
+TEST(Skyview, DamagedCatalogIsNamedWithItsLine) {
+  SmallSky sky;
+  sky.dir.Write("data/catalogs/stars.txt", "# comment\nRA:real\n");
+  EXPECT_EQ(sky.Run(kOrion), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "stars.txt:2:")) << sky.errors.str();
+}
+
+TEST(Skyview, BadCatalogLineIsReportedAndTheRestDrawn) {
+  SmallSky sky;
+  sky.dir.Write("data/catalogs/stars.txt", host_test::StarTable() + "x\ty\n");
+  EXPECT_EQ(sky.Run(kOrion), 0);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "stars.txt:13:")) << sky.errors.str();
+}
+
+TEST(Skyview, EmptySettingsFileIsExitOne) {
+  SmallSky sky;
+  sky.dir.Write("data/filters.data", "");
+  EXPECT_EQ(sky.Run(kOrion), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "filters.data")) << sky.errors.str();
+}
+
+TEST(Skyview, DrawsBothKindsOfPicture) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg"), "--out", sky.dir.Path("sky.png")})), 0);
+  EXPECT_EQ(host_test::FindXmlFault(sky.dir.Read("sky.svg")), "");
+  EXPECT_TRUE(Contains(sky.dir.Read("sky.svg"), ">Betelgeuse</text>"));
+  EXPECT_EQ(sky.dir.Read("sky.png").substr(1, 3), "PNG");
+}
+
+TEST(Skyview, PictureThatCannotBeWrittenIsExitOne) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("nowhere/sky.svg")})), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "nowhere/sky.svg")) << sky.errors.str();
+}
+
+TEST(Skyview, SavedViewIsRestoredAsItWas) {
+  SmallSky sky;
+  const std::string file = sky.dir.Path("my.data");
+  ASSERT_EQ(sky.Run({"--place", "-33.87,151.21", "--time", "2026-07-01T10:00Z", "--look", "215,41.5",
+                     "--zoom", "2.5", "--save-view", file + ":7"}),
+            0)
+      << sky.errors.str();
+  const std::string saved = sky.output.str();
+  ASSERT_EQ(sky.Run({"--view", file + ":7"}), 0) << sky.errors.str();
+  EXPECT_EQ(sky.output.str(), saved);
+}
+
+TEST(Skyview, SavingAgainReplacesTheViewAndKeepsTheOthers) {
+  SmallSky sky;
+  const std::string file = sky.dir.Path("my.data");
+  ASSERT_EQ(sky.Run({"--look", "90,10", "--save-view", file + ":1"}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"--look", "180,20", "--save-view", file + ":2"}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"--look", "270,30", "--save-view", file + ":1"}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"--view", file + ":1"}), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("azimuth 270.0° (W), altitude 30.0°")) << sky.output.str();
+  ASSERT_EQ(sky.Run({"--view", file + ":2"}), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("azimuth 180.0° (S), altitude 20.0°")) << sky.output.str();
+  EXPECT_FALSE(std::filesystem::exists(file + ".part"));
+}
+
+TEST(Skyview, ViewThatIsNotThereIsExitOne) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run({"--view", "absent.data"}), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "absent.data")) << sky.errors.str();
+  const std::string file = sky.dir.Path("my.data");
+  ASSERT_EQ(sky.Run({"--save-view", file + ":1"}), 0) << sky.errors.str();
+  EXPECT_EQ(sky.Run({"--view", file + ":2"}), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "no view 2")) << sky.errors.str();
+}
+
+TEST(Skyview, DamagedViewIsExitOne) {
+  SmallSky sky;
+  const std::string file = sky.dir.Path("my.data");
+  ASSERT_EQ(sky.Run({"--save-view", file}), 0) << sky.errors.str();
+  const std::string whole = sky.dir.Read("my.data");
+  sky.dir.Write("my.data", whole.substr(0, whole.size() / 2));
+  EXPECT_EQ(sky.Run({"--view", file}), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "my.data")) << sky.errors.str();
+}
+
+TEST(Skyview, ViewOfAnotherWorldIsRefused) {
+  SmallSky sky;
+  auto mars = test_support::CameraFields();
+  test_support::ReplaceField(mars, test_support::Int32("m_ObsObjID", 4));
+  const std::string file = sky.dir.Path("mars.data");
+  test_support::AppendBlock(file, test_support::kCAMR, 1, test_support::kCameraSection, mars);
+  EXPECT_EQ(sky.Run({"--view", file}), 1);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "not seen from the Earth")) << sky.errors.str();
+}
+
+// The direction of the galactic centre (265.6, -28.92 degrees, J2000) seen from 40 degrees south.
+TEST(Skyview, DirectionOnTheSkyBecomesAzimuthAndAltitude) {
+  SmallSky sky;
+  auto fields = test_support::CameraFields();
+  const std::string file = sky.dir.Path("sky.data");
+  test_support::AppendBlock(file, test_support::kCAMR, 1, test_support::kCameraSection, fields);
+  // Greenwich sidereal time is 18.61 h at 0 h UT of that day, so right ascension 17.71 h culminates at 23.04 h, north
+  // of the zenith by 40 - 28.92 degrees.
+  ASSERT_EQ(sky.Run({"--view", file, "--place", "-40,0", "--time", "2026-07-01T23:02Z"}), 0)
+      << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("(N), altitude 78.9")) << sky.output.str();
+}
+
+TEST(Skyview, ListedLimitsGrowWithTheZoomAndNothingIsDrawn) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run({"--list-limits", "--out", sky.dir.Path("sky.svg")}), 0) << sky.errors.str();
+  // log10(zoom) * 4 magnitudes for stars.
+  EXPECT_TRUE(sky.Printed("zoom 10:\n  star draw 11.5, full 8.0, label 8.0\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("zoom 100:\n  star draw 15.5, full 12.0, label 12.0\n")) << sky.output.str();
+  EXPECT_FALSE(std::filesystem::exists(sky.dir.Path("sky.svg")));
+}
+
+// In PNG, since an SVG names its parts by a counter of the process.
+TEST(Skyview, TheSameOptionsGiveTheSameOutput) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("a.png")})), 0);
+  const std::string first = sky.output.str(), picture = sky.dir.Read("a.png");
+  ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("a.png")})), 0);
+  EXPECT_EQ(sky.output.str(), first);
+  EXPECT_TRUE(sky.dir.Read("a.png") == picture);
+}
