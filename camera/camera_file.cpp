@@ -42,14 +42,16 @@ bool Camera::ReadFrom(SettingsData& settings, const char* file, unsigned id) {
     return true;
   }
   if (file == nullptr || !LacksRecord(settings, file, id)) return false;
-  return ReadSavedView(file, id) || ReadSavedView(file, m_Owner);
+  // The first that is there decides: a damaged view is not to be taken for another one.
+  for (const unsigned viewId : {id, m_Owner})
+    if (SettingsData::HoldsBlock(file, kCameraSettingsId, viewId)) return ReadSavedView(file, viewId);
+  return false;
 }
 
 // WriteSelf and WriteSelfAll save under the camera's identifier and the view's id, where a record of a moving
 // type is looked for under its own identifier: this finds them again. Never defaults, which would pass for
 // any view.
 bool Camera::ReadSavedView(const char* file, unsigned viewId) {
-  if (!SettingsData::HoldsBlock(file, kCameraSettingsId, viewId)) return false;
   SettingsData settings(viewId, kCameraSettingsId, kSettingsFile);
   if (!ReadRecord(settings, file)) return false;
   ApplyRecord(settings, true);

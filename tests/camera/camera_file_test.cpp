@@ -290,6 +290,18 @@ TEST_F(CameraFileTest, ViewSavedUnderTheOwnerIsTheLastResort) {
   EXPECT_FALSE(stranger.ReadSelf(Path("view.data").c_str(), 99));
 }
 
+TEST_F(CameraFileTest, DamagedViewIsNotReplacedByThatOfTheOwner) {
+  AppendBlock(Path("owner.data"), kCAMR, kOwner, kCameraSection, CameraFields());
+  AppendBlock(Path("damaged.data"), kCAMR, 99, kCameraSection, CameraFields());
+  const std::string damaged = roots.dir.Read("damaged.data");
+  roots.dir.Write("view.data", roots.dir.Read("owner.data") + damaged.substr(8, damaged.size() - 9));
+  camera.SetZoom(3.0);
+  EXPECT_FALSE(camera.ReadSelf(Path("view.data").c_str(), 99));
+  EXPECT_EQ(camera.GetZoom(), 3.0);
+  EXPECT_TRUE(camera.ReadSelf(Path("view.data").c_str(), 98));
+  EXPECT_EQ(camera.GetZoom(), 1.0);
+}
+
 TEST_F(CameraFileTest, DefaultsOfANamedFileAreNoSavedView) {
   AppendBlock(Path("view.data"), kCAMR, kDefaults, kCameraSection, CameraFields());
   camera.SetZoom(3.0);
@@ -465,12 +477,15 @@ TEST_F(CameraFileTest, IdOfAWriteStaysTheIdOfTheSettings) {
   EXPECT_EQ(camera.GetZoom(), 4.0);
 }
 
-TEST_F(CameraFileTest, WritingWithoutFieldsIsHarmlessAndQuiet) {
+TEST_F(CameraFileTest, WritingWithoutFieldsIsHarmlessAndQuietAndSavesNothing) {
   Camera fresh(kOwner);  // has read nothing yet, so its settings hold no fields
+  fresh.SetZoom(5.0);
   DebugCapture debug;
   fresh.WriteSelf(Path("view.data").c_str(), 7);
   fresh.WriteSelfAll(Path("view.data").c_str(), 7);
-  EXPECT_FALSE(fresh.ReadSelf(Path("view.data").c_str(), 7));
+  EXPECT_EQ(fresh.GetZoom(), 5.0);
+  EXPECT_TRUE(fresh.ReadSelf(Path("view.data").c_str(), 7));  // an empty block laid over the defaults
+  EXPECT_EQ(fresh.GetZoom(), 1.0);
   EXPECT_TRUE(debug.lines.empty());
 }
 

@@ -28,8 +28,8 @@ struct RecordField {
 template <class T>
 RecordField MakeField(std::string key, CommonInterfaces::FieldType type, std::initializer_list<T> values) {
   RecordField field{std::move(key), type, static_cast<unsigned short>(values.size()), {}};
-  field.bytes.resize(values.size() * sizeof(T));
-  std::memcpy(field.bytes.data(), values.begin(), field.bytes.size());
+  const auto* bytes = reinterpret_cast<const unsigned char*>(values.begin());
+  field.bytes.assign(bytes, bytes + values.size() * sizeof(T));
   return field;
 }
 inline RecordField Int8(std::string key, int value) {
