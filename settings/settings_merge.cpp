@@ -102,11 +102,15 @@ int SettingsData::InsertListedObjects(unsigned code, int fieldCount, int inserte
 
 void SettingsData::KeepOnlyStatuses(int sectionCount) {
   std::unordered_map<unsigned, unsigned char> statuses;
-  for (int i = sectionCount; i < GetSectionCount(); ++i)
-    statuses[GetSectionAt(i)->id] = GetSectionAt(i)->status;
+  for (int i = sectionCount; i < GetSectionCount(); ++i) {
+    const unsigned id =
+        GetSectionAt(i)->id;  // by copy: no reference may be bound to a member of a packed record
+    statuses[id] = GetSectionAt(i)->status;
+  }
   m_Sections.resize(static_cast<std::size_t>(sectionCount));
   for (SectionRecord& section : m_Sections) {
-    const auto found = statuses.find(section.id);
+    const unsigned id = section.id;
+    const auto found = statuses.find(id);
     if (found != statuses.end()) section.status = found->second;
   }
 }

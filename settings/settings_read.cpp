@@ -69,8 +69,10 @@ bool SettingsData::FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const {
 void SettingsData::MarkAllSectionsChanged() {
   if (!m_SectionChanged.empty()) return;
   for (const SectionRecord& section : m_Sections) {
-    m_SectionChanged[section.id] = true;
-    if (section.alias != kNoSection) m_SectionChanged[section.alias] = true;
+    // By copy: no reference may be bound to a member of a packed record.
+    const unsigned id = section.id, alias = section.alias;
+    m_SectionChanged[id] = true;
+    if (alias != kNoSection) m_SectionChanged[alias] = true;
   }
 }
 
