@@ -11,6 +11,14 @@ inline constexpr unsigned kCameraSettingsId = static_cast<unsigned>(FourCC("CAMR
 inline constexpr unsigned kCameraSection = static_cast<unsigned>(FourCC("camr"));
 inline constexpr int kEarth = 3;  // number of the object kind "plnt"
 
+// The moving types that travel far from the Sun, and so have rules of their own. Files keep the numbers.
+enum : signed char {
+  kMovingInSpace = 3,
+  kMovingAroundGalaxy = 9,
+  kMovingFlight = 10,
+  kMovingFreeFlight = 11
+};
+
 // The settings file whose defaults every camera record is laid over.
 inline constexpr char kSettingsFile[] = "filters.data";
 

@@ -11,7 +11,6 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr signed char kAroundGalaxy = 9;
 // The object that moving type 9 travels around, whatever number a file names.
 constexpr int kGalaxyNumber = 0x3D000000;
 
@@ -79,7 +78,7 @@ void Camera::ApplyRecord(SettingsData& settings, bool namedFile) {
 void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
   reader.Value("m_ObsMovingType", m_ObsMovingType);
   ExchangeObserver(reader, m_Observer);
-  if (m_ObsMovingType == kAroundGalaxy && m_Observer.kind == FourCC("gala"))
+  if (m_ObsMovingType == kMovingAroundGalaxy && m_Observer.kind == FourCC("gala"))
     m_Observer.number = kGalaxyNumber;
   m_ObserverChanged = true;
   m_Observer.name[0] = '\0';

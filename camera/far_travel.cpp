@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
+#include "camera/camera_codes.h"
 #include "common_interfaces/camera.h"
 #include "utils/text.h"
 
@@ -22,18 +23,15 @@ constexpr double kDeepSpaceFrom = 1000.0;  // au
 // au.
 constexpr double kSunFromGalacticCentre = -1753250853.1003191;  // 8500 parsec
 
-// The moving types that travel far; the names say what the tests below do with them.
-enum : signed char { kInSpace = 3, kAroundGalaxy = 9, kFlight = 10, kFreeFlight = 11 };
-
 }  // namespace
 
 bool Camera::IsDeepSpace() const {
   switch (m_ObsMovingType) {
-    case kAroundGalaxy:
+    case kMovingAroundGalaxy:
       return true;
-    case kInSpace:
-    case kFlight:
-    case kFreeFlight:
+    case kMovingInSpace:
+    case kMovingFlight:
+    case kMovingFreeFlight:
       return m_Location.dist > kDeepSpaceFrom;
     default:
       return false;
@@ -42,9 +40,9 @@ bool Camera::IsDeepSpace() const {
 
 bool Camera::IsShowOurGalaxy() const {
   switch (m_ObsMovingType) {
-    case kAroundGalaxy:
-    case kFlight:
-    case kFreeFlight:
+    case kMovingAroundGalaxy:
+    case kMovingFlight:
+    case kMovingFreeFlight:
       return m_Location.dist > kGalaxySeenFrom;
     default:
       return false;
@@ -53,10 +51,10 @@ bool Camera::IsShowOurGalaxy() const {
 
 bool Camera::IsWithinShownRadius(double radius) const {
   switch (m_ObsMovingType) {
-    case kFlight:
-    case kFreeFlight:
+    case kMovingFlight:
+    case kMovingFreeFlight:
       return radius > m_Location.dist;
-    case kAroundGalaxy: {
+    case kMovingAroundGalaxy: {
       double v[3];
       sfp(m_Location.dist, m_Location.lon, m_Location.lat, v);
       const double fromSun[3] = {kSunFromGalacticCentre - v[0], -v[1], -v[2]};
