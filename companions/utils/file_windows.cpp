@@ -93,10 +93,13 @@ bool FlushToDisk(std::FILE* file) { return std::fflush(file) == 0 && _commit(_fi
 
 bool MoveOver(const std::string& path, const std::string& target) {
   const std::wstring from = Widen(path), to = Widen(target);
-  // The first call keeps the access rights of the target; it needs one, and file systems without rights
-  // refuse it.
-  if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+  const PathKind kind = GetPathKind(target);
+  if (kind == PathKind::kFolder) return false;  // not every system of this interface refuses it by itself
+  // The first call keeps the access rights of the target; file systems without rights refuse it.
+  if (kind == PathKind::kFile &&
+      ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) {
     return true;
+  }
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 

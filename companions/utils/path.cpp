@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr std::size_t kMaxPathLength = 4095;  // no system opens a longer one
+
 using utils_internal::GetPathKind;
 using utils_internal::IsSeparator;
 using utils_internal::MakeFolder;
@@ -61,9 +63,13 @@ std::string ParentOf(const std::string& path) {
 
 bool MakeFolders(const std::string& folder) {
   if (folder.empty() || GetPathKind(folder) == PathKind::kFolder) return true;
-  // What fails on the way may be no more than the name of a drive or a server: the last folder decides.
+  // What fails at the beginning may be no more than the name of a drive or a server.
+  bool reached = false;
   for (std::size_t i = 1; i < folder.size(); ++i) {
-    if (IsSeparator(folder[i])) MakeFolder(folder.substr(0, i));
+    if (!IsSeparator(folder[i])) continue;
+    const bool made = MakeFolder(folder.substr(0, i));
+    if (reached && !made) return false;
+    reached = made;
   }
   return MakeFolder(folder);
 }
@@ -96,7 +102,7 @@ std::string ZentharPath::GetWorkPath(const char* logicalPath, bool mustExist, bo
   if (!logicalPath || !*logicalPath) return "";
   const std::string path =
       IsAbsolute(logicalPath) ? logicalPath : BelowRoot(GetRoots().work, GetRelativePath(logicalPath));
-  if (path.empty() || (mustExist && !Exists(path))) return "";
+  if (path.empty() || path.size() > kMaxPathLength || (mustExist && !Exists(path))) return "";
   if (create && !MakeFolders(ParentOf(path))) return "";
   return path;
 }

@@ -155,11 +155,12 @@ TEST(GetWorkPath, AbsolutePathStandsForItself) {
   EXPECT_EQ(ZentharPath::GetWorkPath(path.c_str()), path);
 }
 
-TEST(GetWorkPath, NameOfVeryManyFoldersGivesNothing) {
+TEST(GetWorkPath, NameOfVeryManyFoldersGivesNothingAndMakesNone) {
   TempRoots roots;
   std::string name;
   for (int i = 0; i < 3000; ++i) name += "f:";
   EXPECT_EQ(ZentharPath::GetWorkPath((name + "x.txt").c_str()), "");
+  EXPECT_TRUE(std::filesystem::is_empty(roots.dir.Path("work")));
 }
 
 }  // namespace

@@ -12,7 +12,9 @@
 #include "utils/api.h"
 
 // All operations are static; the roots are process-wide state, set once at start-up before other threads run.
-// An absolute path (leading '/' or '\', or a drive letter with ':' and a separator) stands for itself.
+// An absolute path (leading '/' or '\', or a drive letter with ':' and one of these) stands for itself. Any other
+// name stays below its root: one with a piece ".." names nothing. Names and results are UTF-8; the pieces behind a
+// root are joined with '/', which every system takes.
 class UTILS_API ZentharPath {
  public:
   // Both roots are copied; a null or empty root is no root: nothing is found below it.
@@ -24,6 +26,6 @@ class UTILS_API ZentharPath {
 
   // The name of that file in the work area, for reading and writing. With `mustExist` "" when it is not
   // there; with `create` the folders that lead to it are made ("" when that fails). "" when there is no work
-  // area.
+  // area, and for a name that makes a path of more than 4095 bytes.
   static std::string GetWorkPath(const char* logicalPath, bool mustExist = false, bool create = true);
 };
