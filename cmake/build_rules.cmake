@@ -60,3 +60,15 @@ function(ci_add_companion name)
   target_compile_features(${name} PUBLIC cxx_std_20)
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 endfunction()
+
+# ci_find_cli11(): the target CLI11::CLI11, headers only, also for a target whose system has no such package: then the
+# headers of the building system are taken, alone.
+function(ci_find_cli11)
+  find_package(CLI11 QUIET)
+  if(NOT TARGET CLI11::CLI11)
+    find_path(CI_CLI11_INCLUDE CLI/CLI.hpp PATHS /usr/include REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    file(CREATE_LINK ${CI_CLI11_INCLUDE}/CLI ${PROJECT_BINARY_DIR}/cli11/CLI SYMBOLIC)
+    add_library(CLI11::CLI11 INTERFACE IMPORTED GLOBAL)
+    target_include_directories(CLI11::CLI11 INTERFACE ${PROJECT_BINARY_DIR}/cli11)
+  endif()
+endfunction()
