@@ -4,6 +4,7 @@
 // Settings files that are cut or changed. Meant to run under the sanitizers: every operation is tried on what
 // was read, and what stands before the damage must have been read.
 #include <algorithm>
+#include <fstream>
 #include <memory>
 
 #include "common_interfaces/queries.h"
