@@ -18,8 +18,8 @@ namespace CommonInterfaces {
 COMMON_INTERFACES_API int GetFavoType(int kind);
 
 // The catalogue kind of a user-defined kind: "uSTR" gives "star", "uSCO" "scft", "uNEB" "nebu", "uCLS" "clst"
-// and "uGAL" "gala". Every other value, "uDSO" and the favourites kinds included, comes back as it is. Any
-// thread.
+// and "uGAL" "gala". Every other value, "uDSO" and the favourites kinds included, comes back as it is.
+// Any thread.
 COMMON_INTERFACES_API int GetBaseTypeByUser(int kind);
 
 // The localized name of an object's type, for example "galaxy"; `number` is the number of its SSO_ID, which
