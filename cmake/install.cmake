@@ -32,7 +32,7 @@ install(FILES ${PROJECT_BINARY_DIR}/common_interfaces.pc DESTINATION ${CMAKE_INS
 
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces)
 
-if(CI_BUILD_PROGRAMS AND TARGET skyview AND TARGET skydata)
+if(CI_BUILD_PROGRAMS)
   install(TARGETS skyview skydata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   set_target_properties(skyview skydata PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
   install(DIRECTORY ${PROJECT_BINARY_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/common_interfaces/data)

@@ -19,9 +19,6 @@ target_include_directories(common_interfaces_inside INTERFACE ${PROJECT_SOURCE_D
 target_link_libraries(common_interfaces_inside INTERFACE astro utils)
 
 foreach(folder IN LISTS CI_LIBRARY_FOLDERS)
-  if(NOT TARGET ${folder}_objects)
-    continue()
-  endif()
   target_link_libraries(common_interfaces PRIVATE ${folder}_objects)
   target_sources(common_interfaces_inside INTERFACE $<TARGET_OBJECTS:${folder}_objects>)
 endforeach()
