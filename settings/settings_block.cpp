@@ -57,7 +57,8 @@ bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields) {
   const int count = static_cast<int>(LoadLE32(bytes));
   if (count < 0) return false;
 
-  // A count that lies is not an error by itself: the fields that are there are read before the end of the file.
+  // A count that lies is not an error by itself: the fields that are there are read before the end of the
+  // file.
   fields.reserve(fields.size() +
                  static_cast<std::size_t>(std::min(count, RestOfFile(file) / kSmallestField)));
   for (int i = 0; i < count; ++i) {

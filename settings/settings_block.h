@@ -30,8 +30,8 @@ SettingsHeader ReadSettingsHeader(MFile& file);
 // Looks for the key from the position on and leaves the position behind it, else where it was.
 bool FindBlock(MFile& file, unsigned owner, unsigned id);
 
-// Reads the section records of a block and appends them. False, with none appended, for a count that is missing,
-// negative or larger than the rest of the file allows.
+// Reads the section records of a block and appends them. False, with none appended, for a count that is
+// missing, negative or larger than the rest of the file allows.
 bool ReadSectionRecords(MFile& file, std::vector<SectionRecord>& sections);
 
 // Reads the fields of a block and appends them; the caller owns them. False for a count that is missing or

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Adding and deleting fields. The fields of a section lie in one run, so both move the runs of later sections.
+// Adding and deleting fields. The fields of a section lie in one run, so both move the runs of later
+// sections.
 #include <algorithm>
 
 #include "common_interfaces/settings_data.h"

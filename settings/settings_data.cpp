@@ -23,8 +23,8 @@ SettingsData::SettingsData(unsigned id, unsigned owner, const char* fileName)
   LoadCorrectionFields();
 }
 
-// The correction fields stay, deliberately: whoever took corrections from a container may keep them after it is
-// gone. One would trip over it with a leak checker; see tests/support/lsan.supp.
+// The correction fields stay, deliberately: whoever took corrections from a container may keep them after it
+// is gone. One would trip over it with a leak checker; see tests/support/lsan.supp.
 SettingsData::~SettingsData() { DeleteFields(); }
 
 SettingsData& SettingsData::operator=(const SettingsData& other) {

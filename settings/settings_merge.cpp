@@ -53,8 +53,8 @@ void SettingsData::Merge(int fieldCount, int sectionCount) {
   KeepOnlyStatuses(sectionCount);
 }
 
-// Every default field takes the record of the first just-read field of its section and name, provided that type
-// and count are the same; otherwise it keeps its own, even if a later field would fit.
+// Every default field takes the record of the first just-read field of its section and name, provided that
+// type and count are the same; otherwise it keeps its own, even if a later field would fit.
 void SettingsData::TakeOwnValues(int fieldCount) {
   std::unordered_map<std::uint64_t, const SettingField*> own;
   own.reserve(m_Fields.size() - static_cast<std::size_t>(fieldCount));
@@ -69,9 +69,9 @@ void SettingsData::TakeOwnValues(int fieldCount) {
   }
 }
 
-// Copies go to the start of the first section of that code. Those of the defaults are copied as well, so that a
-// default favourite stands there twice after the merge and once more after each further save: deliberate, readers
-// of favourites take the first of equal keys.
+// Copies go to the start of the first section of that code. Those of the defaults are copied as well:
+// deliberate, so that a default favourite which the own block has too stands there three times, and twice
+// more after each further save. Readers of favourites take the first of equal keys.
 int SettingsData::InsertListedObjects(unsigned code, int fieldCount, int inserted, int sectionCount) {
   const int index = FindSection(code, false);
   if (index < 0) return 0;

@@ -22,8 +22,9 @@ class IdentifierCollection {
  public:
   explicit IdentifierCollection(int section) : m_Section(static_cast<unsigned>(section)) {}
 
-  // True for every field of favourites, whether it contributes or not: none makes a query of its own. The query
-  // section counts as it stands: a field that leaves it to its own section does not contribute, deliberately.
+  // True for every field of favourites, whether it contributes or not: none makes a query of its own. The
+  // query section counts as it stands: a field that leaves it to its own section does not contribute,
+  // deliberately.
   bool Takes(const SettingField& field) {
     if (!IsFavourite(field)) return false;
     Favourite favourite;

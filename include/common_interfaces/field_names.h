@@ -53,8 +53,8 @@
   X(EnglishName, "EnglishName") X(UsnoDownload, "UsnoDownload") X(Autofilters, "Autofilters")               \
   X(Draw, "Draw") X(ShowAsterBelt, "ShowAsterBelt") X(IntegrationFlag, "IntegrationFlag")
 
-// Corrections of the limiting magnitudes, one pair (objects, labels) for each class of objects; their order is
-// that of the rows of the camera's zoom-dependent table.
+// Corrections of the limiting magnitudes, one pair (objects, labels) for each class of objects; their order
+// is that of the rows of the camera's zoom-dependent table.
 #define COMMON_INTERFACES_ZOOM_FIELD_NAMES(X) \
   X(StarZoomDependShow, "StarZoomDependShow") X(StarZoomDependLabel, "StarZoomDependLabel")                 \
   X(SCZoomDependShow, "SCZoomDependShow") X(SCZoomDependLabel, "SCZoomDependLabel")                         \
@@ -97,8 +97,8 @@
 
 namespace CommonInterfaces {
 
-// The name ids, computed once in each program or library that uses them, at its start-up, and before any static
-// object defined below the inclusion of this header: tables of ids may be static objects.
+// The name ids, computed once in each program or library that uses them, at its start-up, and before any
+// static object defined below the inclusion of this header: tables of ids may be static objects.
 struct FieldIds {
 #define COMMON_INTERFACES_FIELD_ID(identifier, name) static inline const int identifier = ::GetUniqueID(name);
   COMMON_INTERFACES_DISPLAY_FIELD_NAMES(COMMON_INTERFACES_FIELD_ID)
@@ -120,7 +120,8 @@ struct FieldName {
   int id;  // GetUniqueID(name)
 };
 
-// All kFieldNames names in the order of the tables. The library owns them; any thread may call it. Cannot fail.
+// All kFieldNames names in the order of the tables. The library owns them; any thread may call it. Cannot
+// fail.
 COMMON_INTERFACES_API const FieldName* GetFieldNames();
 
 // The name with that id, "" for id 0; null for an id that is not in the vocabulary. No two names share an id.

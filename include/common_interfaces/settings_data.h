@@ -5,6 +5,7 @@
 // described in docs/formats/settings_file.md, a single field in settings_field.h.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -22,7 +23,8 @@ class SettingField;
 struct FieldData;
 
 #pragma pack(push, 1)
-// One section of a container, in memory as in the file. Stored numbers: frozen.
+// One section of a container, in memory as in the file. Stored numbers: frozen. The record is packed: copy a
+// member before a reference is bound to it (a map's key, an argument by reference).
 // `first` and `last` are unsigned 16-bit indices of fields, `last` inclusive; a `last` below `first`, and the
 // value 0xFFFF (-1: the section at the start of the container has lost its last field), is an empty section.
 struct SectionRecord {
@@ -33,7 +35,9 @@ struct SectionRecord {
   unsigned char status;  // 0: the section is off
 };
 #pragma pack(pop)
-static_assert(sizeof(SectionRecord) == 13);
+static_assert(sizeof(SectionRecord) == 13 && offsetof(SectionRecord, alias) == 4);
+static_assert(offsetof(SectionRecord, first) == 8 && offsetof(SectionRecord, last) == 10);
+static_assert(offsetof(SectionRecord, status) == 12);
 
 // A container of settings fields. It owns its fields, its aim query and its correction fields; pointers to
 // fields that it hands out live until the field is deleted, Read is called, the container is assigned to or
@@ -46,14 +50,16 @@ static_assert(sizeof(SectionRecord) == 13);
 // Saving without losing anything: Write appends a block and never removes one, and of two blocks with one key
 // the first is read. So whoever saves again either calls Save, which replaces the container's own block and
 // keeps all others, or writes every container of the file to a fresh file and renames that over the old one.
-// Write makes a missing file in the work area, where it hides a file of the same name in the data root, defaults
-// included; Save takes its blocks along.
+// Write makes a missing file in the work area, where it hides a file of the same name in the data root,
+// defaults included; Save takes its blocks along.
 class COMMON_INTERFACES_API SettingsData {
  public:
-  static constexpr unsigned kNoSection = 0xFFFFFFFFu;  // "no section", "no alias", "every section"
-  static constexpr unsigned kDefaultsTag =
-      0x44464C54u;                          // the file's bytes "TLFD": the id of a block of defaults
-  static constexpr int kMaxFields = 65535;  // what 16-bit section indices can reach
+  // "No section", "no alias", "every section".
+  static constexpr unsigned kNoSection = 0xFFFFFFFFu;
+  // The id of a block of defaults: the file's bytes "TLFD".
+  static constexpr unsigned kDefaultsTag = 0x44464C54u;
+  // What 16-bit section indices can reach.
+  static constexpr int kMaxFields = 65535;
 
   // An empty container for the block (owner, id); owner is the first key word in the file, id the second.
   // `fileName` is the logical name of the file that holds the defaults, for example "filters.data"; it is
@@ -216,10 +222,10 @@ class COMMON_INTERFACES_API SettingsData {
   // Whether a settings file has a block with exactly that key; the name is resolved as Read does.
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
-  // Writes the block so that the file then holds it once: a new file is written beside the one of the work area,
-  // with this block in the place of the old ones, and takes its place. All other blocks stay, and bytes that are
-  // no block; of a file that so far exists in the data root only, the content is taken along. False, with one
-  // line, when anything failed: the file is then as it was.
+  // Writes the block so that the file then holds it once: a new file is written beside the one of the work
+  // area, with this block in the place of the old ones, and takes its place. All other blocks stay, and bytes
+  // that are no block; of a file that so far exists in the data root only, the content is taken along. False,
+  // with one line, when anything failed: the file is then as it was.
   bool Save(const char* fileName);
 
   // For tools and whoever walks a container. Null for an index out of range.

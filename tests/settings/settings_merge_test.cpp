@@ -81,6 +81,20 @@ TEST_F(SettingsMerge, DefaultFavouritesAreCopiedTooDeliberately) {
   EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kAstr, 0, 4)});
 }
 
+// One default favourite: three of it after the first merge of a block that has it, two more after each save.
+TEST_F(SettingsMerge, DefaultFavouriteGrowsByTwoWithEachSaveDeliberately) {
+  const std::string favourite = Favo(kAstr, 2, {0, 0, 0, 0, 0}, 7);
+  Merge({Section(kAstr, 0, 0)}, {favourite}, {}, {favourite});
+  EXPECT_EQ(settings->GetFieldCount(), 3);
+  const std::string saved = roots.dir.Path("saved.data");
+  for (int count : {5, 7}) {
+    ASSERT_TRUE(settings->Save(saved.c_str()));
+    ASSERT_TRUE(settings->Read(saved.c_str()));
+    EXPECT_EQ(RecordsOf(*settings), std::vector(static_cast<std::size_t>(count), favourite));
+    EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kAstr, 0, count - 1)});
+  }
+}
+
 // For moons the kind in element 0 decides, and a favourite of that section is not copied.
 TEST_F(SettingsMerge, MoonsAreFieldsWhoseFirstElementIsTheCode) {
   Merge({Section(kMoon, 0, 0), Section(kStar, 1, 1)}, {Int(kMoon, 1, 5), Int(kStar, 2, 0)}, {},
