@@ -14,6 +14,7 @@ inline const int kType = GetUniqueID("Type");
 inline const int kNumber = GetUniqueID("Number");
 inline const int kLabel = GetUniqueID("Label");
 inline const int kProperName = GetUniqueID("ProperName");
+inline const int kEnglishName = GetUniqueID("EnglishName");
 inline const int kBayer = GetUniqueID("Bayer");
 inline const int kFlamsteed = GetUniqueID("Flamsteed");
 inline const int kVisMagnitude = GetUniqueID("VisMagnitude");

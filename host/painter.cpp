@@ -3,16 +3,15 @@
 #include "host/painter.h"
 
 #include <cmath>
+#include <iterator>
 
 #include "host/painter_parts.h"
 
 namespace skyview {
 namespace {
 
-// Points nearer than this to the last one add nothing to an outline, pixels.
-constexpr double kLeastStep = 0.8;
-
-void AddOutlines(const SkyFrame& frame, const RegionPicture& region, cairo_t* context) {
+// Points nearer than `leastStep` pixels to the last one are left out.
+void AddOutlines(const SkyFrame& frame, const RegionPicture& region, double leastStep, cairo_t* context) {
   std::size_t point = 0;
   for (const int end : region.ringEnds) {
     tPoint<double> last{};
@@ -21,7 +20,7 @@ void AddOutlines(const SkyFrame& frame, const RegionPicture& region, cairo_t* co
       const double y = frame.GetHeight() - p.y;
       if (first) {
         cairo_move_to(context, p.x, y);
-      } else if (std::hypot(p.x - last.x, p.y - last.y) < kLeastStep) {
+      } else if (std::hypot(p.x - last.x, p.y - last.y) < leastStep) {
         continue;
       } else {
         cairo_line_to(context, p.x, y);
@@ -33,25 +32,47 @@ void AddOutlines(const SkyFrame& frame, const RegionPicture& region, cairo_t* co
   }
 }
 
-// The outlines stroked, then the inside filled. `softness` is the width of the widest stroke, pixels.
-void PaintRegion(const SkyFrame& frame, const RegionPicture& region, const Colour& fill, double softness,
-                 const Colour& edge, cairo_t* context) {
+// The region as a path for the even-odd rule, or, with `inverted`, all that lies outside it.
+void AddRegion(const SkyFrame& frame, const RegionPicture& region, double leastStep, bool inverted,
+               cairo_t* context) {
   cairo_new_path(context);
-  AddOutlines(frame, region, context);
-  cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
-  for (double width = softness; width > 0.5; width *= 0.5) {
-    SetColour(edge, context);
-    cairo_set_line_width(context, width);
-    cairo_stroke_preserve(context);
-  }
-  if (region.holdsOutside) {
+  AddOutlines(frame, region, leastStep, context);
+  if (region.holdsOutside != inverted) {
     const double beyond = 2.0 * region.rim;
     cairo_rectangle(context, frame.GetWidth() * 0.5 - beyond, frame.GetHeight() * 0.5 - beyond, 2.0 * beyond,
                     2.0 * beyond);
   }
   cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
-  SetColour(fill, context);
+}
+
+void FillRegion(const SkyFrame& frame, const RegionPicture& region, double leastStep, cairo_t* context) {
+  AddRegion(frame, region, leastStep, false, context);
   cairo_fill(context);
+}
+
+// The region with an edge that fades outwards: the outside is clipped free and the outline stroked on it, broader and
+// broader. `colour` has the opacity of one layer; the inside gets as many layers as meet at its edge.
+void FillRegionSoftly(const SkyFrame& frame, const RegionPicture& region, const Colour& colour,
+                      cairo_t* context) {
+  constexpr double kWidths[] = {9.0, 21.0, 36.0, 56.0};  // pixels
+  constexpr double kLeastStep = 2.0;
+  Colour inside = colour;
+  inside.opacity = 1.0 - std::pow(1.0 - colour.opacity, std::size(kWidths) + 1.0);
+  SetColour(inside, context);
+  FillRegion(frame, region, kLeastStep, context);
+
+  cairo_save(context);
+  AddRegion(frame, region, kLeastStep, true, context);
+  cairo_clip(context);
+  AddOutlines(frame, region, kLeastStep, context);
+  SetColour(colour, context);
+  cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
+  for (const double width : kWidths) {
+    cairo_set_line_width(context, width * frame.GetUnit());
+    cairo_stroke_preserve(context);
+  }
+  cairo_new_path(context);
+  cairo_restore(context);
 }
 
 void PaintBackground(const SkyFrame& frame, cairo_t* context) {
@@ -64,24 +85,32 @@ void PaintBackground(const SkyFrame& frame, cairo_t* context) {
 }
 
 void PaintMilkyWay(const SkyFrame& frame, cairo_t* context) {
-  const Colour fill = {0.66, 0.74, 0.95, 0.050}, edge = {0.66, 0.74, 0.95, 0.010};
-  const double softness = 28.0 * frame.GetUnit();
-  for (const auto& level : frame.GetMilkyWay()) {
-    if (!level.ringEnds.empty()) PaintRegion(frame, level, fill, softness, edge, context);
+  // The outermost level is wide and faint; the inner ones lie on top of it.
+  constexpr Colour kLevels[] = {{0.62, 0.70, 0.92, 0.0100},
+                                {0.66, 0.73, 0.93, 0.0115},
+                                {0.72, 0.76, 0.92, 0.0130},
+                                {0.80, 0.80, 0.90, 0.0155},
+                                {0.88, 0.86, 0.90, 0.0180}};
+  std::size_t level = 0;
+  for (const auto& region : frame.GetMilkyWay()) {
+    if (!region.points.empty() || region.holdsOutside)
+      FillRegionSoftly(frame, region, kLevels[level], context);
+    ++level;
   }
 }
 
 void PaintHaze(const SkyFrame& frame, cairo_t* context) {
-  const Colour haze = {0.33, 0.47, 0.60, 0.022};
-  for (const auto& band : frame.GetHaze()) PaintRegion(frame, band, haze, 0.0, haze, context);
+  SetColour({0.33, 0.47, 0.60, 0.022}, context);
+  for (const auto& band : frame.GetHaze()) FillRegion(frame, band, 0.5, context);
 }
 
 void PaintGround(const SkyFrame& frame, cairo_t* context) {
+  constexpr double kLeastStep = 0.5;
   const auto& ground = frame.GetGround();
   if (ground.ringEnds.empty()) return;
-  PaintRegion(frame, ground, {0.034, 0.044, 0.048, 1.0}, 0.0, {}, context);
-  cairo_new_path(context);
-  AddOutlines(frame, ground, context);
+  SetColour({0.034, 0.044, 0.048, 1.0}, context);
+  FillRegion(frame, ground, kLeastStep, context);
+  AddOutlines(frame, ground, kLeastStep, context);
   SetColour({0.42, 0.58, 0.62, 0.75}, context);
   cairo_set_line_width(context, 1.3 * frame.GetUnit());
   cairo_stroke(context);
@@ -111,6 +140,19 @@ void PaintFigures(const SkyFrame& frame, cairo_t* context) {
   cairo_stroke(context);
 }
 
+// Darkens the foot of the picture so that the caption can be read whatever lies behind it.
+void PaintCaptionGround(const SkyFrame& frame, cairo_t* context) {
+  const double height = 80.0 * frame.GetUnit(), bottom = frame.GetHeight();
+  cairo_pattern_t* shade = cairo_pattern_create_linear(0.0, bottom - height, 0.0, bottom);
+  cairo_pattern_add_color_stop_rgba(shade, 0.0, 0.01, 0.015, 0.03, 0.0);
+  cairo_pattern_add_color_stop_rgba(shade, 0.5, 0.01, 0.015, 0.03, 0.6);
+  cairo_pattern_add_color_stop_rgba(shade, 1.0, 0.01, 0.015, 0.03, 0.8);
+  cairo_set_source(context, shade);
+  cairo_rectangle(context, 0.0, bottom - height, frame.GetWidth(), height);
+  cairo_fill(context);
+  cairo_pattern_destroy(shade);
+}
+
 }  // namespace
 
 void PaintFrame(const SkyFrame& frame, cairo_t* context) {
@@ -127,6 +169,7 @@ void PaintFrame(const SkyFrame& frame, cairo_t* context) {
   for (auto star = frame.GetStars().rbegin(); star != frame.GetStars().rend(); ++star) {
     PaintStar(frame, *star, context);
   }
+  if (frame.HasCaption()) PaintCaptionGround(frame, context);
   PaintCompassMarks(frame, context);
   for (const auto& label : frame.GetLabels()) PaintLabel(frame, label, context);
   cairo_restore(context);

@@ -68,9 +68,10 @@ std::string FormatOffset(double days) {
 std::string FormatLocalTime(const Camera& camera) {
   _Date time;
   camera.GetUniversalTime(time);
-  const char* zone = camera.GetDisplayTimeZoneName(true);
-  return FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta()) + " (" + (*zone ? zone : "no zone") +
-         ", " + FormatOffset(camera.GetLocUTCdelta()) + ")";
+  const std::string zone = camera.GetDisplayTimeZoneName(true);
+  const std::string offset =
+      zone.empty() ? "Universal Time" : zone + ", " + FormatOffset(camera.GetLocUTCdelta());
+  return FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta()) + " (" + offset + ")";
 }
 
 double Azimuth(const Camera& camera) {  // degrees

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/shown_kinds.h"
 
+#include "common_interfaces/field_data.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -16,9 +17,18 @@ bool HasSection(const SettingsData& settings, unsigned section) {
   return false;
 }
 
-// A class without a section is drawn: nobody switched it off.
-bool IsClassOn(SettingsData& settings, unsigned section) {
-  return !HasSection(settings, section) || settings.GetSectionStatus(section, false) != 0;
+bool IsOn(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
+  if (!HasSection(settings, section)) return otherwise;
+  if (settings.GetSectionStatus(section, false) == 0) return false;
+  const unsigned before = settings.SetCurSection(section);
+  const int nameId = GetUniqueID(name);
+  unsigned char value = otherwise;
+  if (settings.GetAtField(section, nameId, false) &&
+      settings.GetFieldType(nameId) == CommonInterfaces::kFieldUInt8) {
+    settings.GetFieldElement(nameId, &value, 0);
+  }
+  settings.SetCurSection(before);
+  return value != 0;
 }
 
 }  // namespace
@@ -33,11 +43,22 @@ bool ShownKinds::IsShown(int kind) const {
 
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
-  shown.stars = IsClassOn(settings, FourCC("star"));
-  shown.clusters = IsClassOn(settings, FourCC("clst"));
-  shown.galaxies = IsClassOn(settings, FourCC("gala"));
-  shown.nebulae = IsClassOn(settings, FourCC("nebu"));
-  shown.otherDeepsky = IsClassOn(settings, FourCC("dsnv"));
+  const struct {
+    bool& flag;
+    unsigned section;
+    const char* name;
+  } switches[] = {{shown.stars, FourCC("star"), "Draw"},
+                  {shown.clusters, FourCC("clst"), "ClusterDraw"},
+                  {shown.galaxies, FourCC("gala"), "GalaxyDraw"},
+                  {shown.nebulae, FourCC("nebu"), "CloudsDraw"},
+                  {shown.otherDeepsky, FourCC("dsnv"), "NonOpticDraw"},
+                  {shown.figures, FourCC("cnst"), "PatternsVisible"},
+                  {shown.constellationNames, FourCC("cnst"), "LabelsVisible"},
+                  {shown.englishNames, FourCC("cnst"), "EnglishName"},
+                  {shown.milkyWay, FourCC("grid"), "MilkyWayVisible"},
+                  {shown.horizon, FourCC("grid"), "HorizonDraw"},
+                  {shown.compass, FourCC("grid"), "Compass"}};
+  for (const auto& entry : switches) entry.flag = IsOn(settings, entry.section, entry.name, entry.flag);
   return shown;
 }
 

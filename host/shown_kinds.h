@@ -15,6 +15,7 @@ struct ShownKinds {
   bool otherDeepsky = true;  // "dsnv", the objects that are not seen in visible light
   bool figures = true;
   bool constellationNames = true;
+  bool englishNames = false;  // of the constellations
   bool milkyWay = true;
   bool horizon = true;
   bool compass = true;
@@ -22,8 +23,9 @@ struct ShownKinds {
   bool IsShown(int kind) const;  // of a class of objects, by its four-character code
 };
 
-// Reads the section of each class: a class is drawn while its section is on. The pictures of the sky itself follow
-// the switches of the sections that have them; a switch that the settings lack leaves its picture on.
+// Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example "Draw" of
+// the section "star" or "PatternsVisible" of "cnst". A section or a switch that the settings lack changes nothing, and
+// a switch is a field of one byte. The current section stays.
 ShownKinds ReadShownKinds(CommonInterfaces::SettingsData& settings);
 
 }  // namespace skyview

@@ -91,6 +91,8 @@ void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
     table.Select(record);
     ConstellationName entry;
     entry.name = FieldText(table, fields::kProperName);
+    entry.englishName = FieldText(table, fields::kEnglishName);
+    if (entry.englishName.empty()) entry.englishName = entry.name;
     if (TakePosition(table, entry.direction) && !entry.name.empty()) names.push_back(std::move(entry));
   }
 }

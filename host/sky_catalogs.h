@@ -25,8 +25,9 @@ struct FigureStroke {
 };
 
 struct ConstellationName {
-  Direction direction;  // J2000
-  std::string name;
+  Direction direction;      // J2000
+  std::string name;         // Latin
+  std::string englishName;  // the Latin one where there is no other
 };
 
 // A closed outline of the Milky Way: `count` points from `first` on, the last one joined to the first.

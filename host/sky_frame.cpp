@@ -33,8 +33,8 @@ unsigned PoolBlockCount(const SkyCatalogs& catalogs) {
       blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));
 }
 
-// A dot of 0.45 pixels at the limit, growing by a quarter for each magnitude above it.
-double StarRadius(double magnitudesAboveLimit) { return 0.45 * std::pow(10.0, 0.1 * magnitudesAboveLimit); }
+// A dot of 0.6 pixels at the limit, growing by a quarter for each magnitude above it.
+double StarRadius(double magnitudesAboveLimit) { return 0.6 * std::pow(10.0, 0.1 * magnitudesAboveLimit); }
 
 double AngleFromAxis(const ViewGeometry& geometry, const tPoint<double>& p) {
   return 2.0 *
@@ -106,7 +106,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   AddDeepsky(geometry, observer, shown);
   LabelStars(starLimits);
   LabelDeepsky(camera);
-  if (shown.constellationNames) AddNames(geometry, observer);
+  if (shown.constellationNames) AddNames(geometry, observer, shown);
 }
 
 void SkyFrame::AddCaption() {
@@ -150,10 +150,17 @@ void SkyFrame::AddCompass(const ViewGeometry& geometry) {
     const CompassMark mark = {p, {(below.x - p.x) / length, (below.y - p.y) / length}, i % 4 == 0};
     m_Compass.push_back(mark);
     if (i % 2 != 0) continue;
-    const double away = (mark.main ? 26.0 : 20.0) * m_Unit;
-    m_Labels.PlaceCentred(letters.text[i / 2], {p.x + mark.down.x * away, p.y + mark.down.y * away},
-                          (mark.main ? 24.0 : 13.0) * m_Unit,
-                          mark.main ? LabelKind::kCompass : LabelKind::kCompassBetween);
+    AddCompassLetter(mark, letters.text[i / 2]);
+  }
+}
+
+// Below the horizon, on the ground; above it where the picture ends there.
+void SkyFrame::AddCompassLetter(const CompassMark& mark, const char* letter) {
+  const double size = (mark.main ? 24.0 : 13.0) * m_Unit;
+  const LabelKind kind = mark.main ? LabelKind::kCompass : LabelKind::kCompassBetween;
+  for (const double away : {(mark.main ? 26.0 : 20.0) * m_Unit, (mark.main ? -20.0 : -14.0) * m_Unit}) {
+    const tPoint<double> place = {mark.place.x + mark.down.x * away, mark.place.y + mark.down.y * away};
+    if (m_Labels.PlaceCentred(letter, place, size, kind) >= 0) return;
   }
 }
 
@@ -286,12 +293,14 @@ void SkyFrame::LabelDeepsky(const CommonInterfaces::Camera& camera) {
   }
 }
 
-void SkyFrame::AddNames(const ViewGeometry& geometry, const ObserverFrame& observer) {
+void SkyFrame::AddNames(const ViewGeometry& geometry, const ObserverFrame& observer,
+                        const ShownKinds& shown) {
   for (const auto& constellation : m_Catalogs.constellations) {
     const Direction apparent = ApparentDirection(constellation.direction, observer);
     const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
     if (geometry.IsInside(p, 0.0) && IsAboveHorizon(apparent, observer)) {
-      m_Labels.PlaceCentred(constellation.name.c_str(), p, 15.0 * m_Unit, LabelKind::kConstellation);
+      const auto& name = shown.englishNames ? constellation.englishName : constellation.name;
+      m_Labels.PlaceCentred(name.c_str(), p, 15.0 * m_Unit, LabelKind::kConstellation);
     }
   }
 }

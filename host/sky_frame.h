@@ -58,6 +58,7 @@ class SkyFrame {
   explicit SkyFrame(const SkyCatalogs& catalogs);
 
   void SetCaption(const Caption& caption) { m_Caption = caption; }
+  bool HasCaption() const { return *m_Caption.where || *m_Caption.how; }
 
   // The camera must be prepared (PrepareObserver) for the same moment.
   void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
@@ -83,6 +84,7 @@ class SkyFrame {
   void AddMilkyWay(const ViewGeometry& geometry);
   void AddHorizon(const ViewGeometry& geometry);
   void AddCompass(const ViewGeometry& geometry);
+  void AddCompassLetter(const CompassMark& mark, const char* letter);
   void AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer);
   void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const FigureStroke& stroke);
   void AddStars(const ViewGeometry& geometry, const ObserverFrame& observer, const ClassLimits& limits);
@@ -90,7 +92,7 @@ class SkyFrame {
   void AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown);
   void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                         const ClassLimits& limits);
-  void AddNames(const ViewGeometry& geometry, const ObserverFrame& observer);
+  void AddNames(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown);
   void LabelStars(const ClassLimits& limits);
   void LabelDeepsky(const CommonInterfaces::Camera& camera);
   bool IsAboveHorizon(const Direction& apparent, const ObserverFrame& observer) const;

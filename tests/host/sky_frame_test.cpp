@@ -37,6 +37,20 @@ TEST(SkyFrame, FacingSouthEastIsOnTheLeftAndWestOnTheRight) {
   EXPECT_GT(west.x, south.x);
 }
 
+TEST(SkyFrame, CompassLetterStandsAboveTheHorizonWhereThereIsNoRoomBelow) {
+  FrameFixture f;
+  // The picture reaches 20.1 degrees below its centre, so the horizon lies just inside its lower edge.
+  f.SetLook(180.0, 20.0);
+  f.Compute();
+  const auto south = CompassPlace(f.frame, "S");
+  EXPECT_NEAR(south.x, 800.0, 1.0);
+  for (const auto& mark : f.frame.GetCompass()) {
+    if (mark.main) {
+      EXPECT_GT(south.y, mark.place.y);
+    }
+  }
+}
+
 TEST(SkyFrame, FacingNorthEastIsOnTheRight) {
   FrameFixture f;
   f.camera.SetZoom(0.35);
