@@ -27,7 +27,7 @@ target_compile_options(ci_compile_rules INTERFACE
 target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
 if(CI_SANITIZE)
   set(ci_sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
-  target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -O1 -fno-omit-frame-pointer)
+  target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -fno-omit-frame-pointer -g1)
   target_link_options(ci_compile_rules INTERFACE ${ci_sanitizers})
 endif()
 
@@ -35,6 +35,7 @@ endif()
 function(ci_add_objects name)
   add_library(${name} OBJECT ${ARGN})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_compile_options(${name} PRIVATE $<$<BOOL:${CI_SANITIZE}>:-O1>)
   target_link_libraries(${name} PRIVATE ci_compile_rules)
 endfunction()
 
