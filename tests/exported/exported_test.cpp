@@ -24,7 +24,7 @@ constexpr double kPi = std::numbers::pi;
 std::vector<unsigned char> ShortField(unsigned section, const char* name, short value) {
   std::vector<unsigned char> record(22);
   StoreLE32(&record[0], section);
-  StoreLE32(&record[4], static_cast<unsigned>(GetUniqueID(name)));
+  StoreLE32(&record[4], static_cast<unsigned>(::GetUniqueID(name)));
   record[8] = kFieldInt16;
   StoreLE16(&record[9], 1);
   record[15] = 1;
