@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 namespace CommonInterfaces {
 
 // What the time that a user sees is counted in. Camera files keep these numbers.
@@ -15,5 +17,8 @@ struct _Date {
   int type =
       kUniversalTime;  // TimeKind: how the moment is shown, not the scale that day and fraction count in
 };
+// The fraction is aligned as a double is: 4 bytes on 32-bit Linux, 8 elsewhere.
+static_assert(offsetof(_Date, day) == 0 && offsetof(_Date, fraction) == alignof(_Date));
+static_assert(offsetof(_Date, type) == alignof(_Date) + 8);
 
 }  // namespace CommonInterfaces

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 #include "common_interfaces/api.h"
 
 namespace CommonInterfaces {
@@ -14,6 +16,7 @@ struct DaylightSavingDate {
   int date[3] = {0, 0, 0};
   short time[2] = {0, 0};
 };
+static_assert(sizeof(DaylightSavingDate) == 16 && offsetof(DaylightSavingDate, time) == 12);
 
 // The user's daylight-saving rule, kept in the camera and its file. The rule does not enter the conversions
 // below: these use the camera's offset from UTC alone, which knows the daylight saving of its time zone.
@@ -39,5 +42,14 @@ struct COMMON_INTERFACES_API DaylightSavingsData {
   static void UTC2LocalTime(double& fraction, const Camera* camera);
   static void LocalTime2UTC(double& fraction, const Camera* camera);
 };
+static_assert(offsetof(DaylightSavingsData, IsDST) == 0 && offsetof(DaylightSavingsData, StartYear) == 4);
+static_assert(offsetof(DaylightSavingsData, Reserved) == 8 && offsetof(DaylightSavingsData, DateFrom) == 12);
+static_assert(offsetof(DaylightSavingsData, DateTo) == 28 && offsetof(DaylightSavingsData, DS_Shift) == 44);
+static_assert(offsetof(DaylightSavingsData, Reserved2) == 52);
+static_assert(offsetof(DaylightSavingsData, IsCalendarDate) == 56);
+static_assert(offsetof(DaylightSavingsData, TimeZone) == 60 && offsetof(DaylightSavingsData, IsNorth) == 64);
+// The days are aligned as a double is: 4 bytes on 32-bit Linux, 8 elsewhere.
+static_assert(offsetof(DaylightSavingsData, FirstDay) == 64 + alignof(DaylightSavingsData));
+static_assert(offsetof(DaylightSavingsData, LastDay) == 72 + alignof(DaylightSavingsData));
 
 }  // namespace CommonInterfaces

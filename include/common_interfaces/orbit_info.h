@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 #include "common_interfaces/api.h"
 
 namespace CommonInterfaces {
@@ -26,6 +28,10 @@ struct COMMON_INTERFACES_API OrbitInfo {
   // Any thread.
   void init(double invMu, const double* r, const double* v);
 };
-static_assert(sizeof(OrbitInfo) == 13 * 8);
+static_assert(sizeof(OrbitInfo) == 13 * 8 && offsetof(OrbitInfo, m_Center) == 0);
+static_assert(offsetof(OrbitInfo, m_Normal) == 3 * 8 && offsetof(OrbitInfo, m_Radius) == 6 * 8);
+static_assert(offsetof(OrbitInfo, m_CosAnomaly) == 9 * 8 && offsetof(OrbitInfo, m_SinAnomaly) == 10 * 8);
+static_assert(offsetof(OrbitInfo, m_Eccentricity) == 11 * 8 &&
+              offsetof(OrbitInfo, m_SemiLatusRectum) == 12 * 8);
 
 }  // namespace CommonInterfaces

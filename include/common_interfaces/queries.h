@@ -38,6 +38,7 @@ class COMMON_INTERFACES_API BaseQuery {
   int m_NameId;          // name id of the field, or GetUniqueID("QXid") for the identifier query
   unsigned m_Condition;  // condition of the field, or kIdentifierCondition
 };
+static_assert(sizeof(void*) != 4 || sizeof(BaseQuery) == 12);
 
 // Name and condition of the identifier query. No field may bear this name.
 constexpr char kIdentifierQueryName[] = "QXid";

@@ -101,6 +101,7 @@ class COMMON_INTERFACES_API Thread {
   Priority m_Priority = kNormal;
   void* m_Handle = nullptr;
 };
+static_assert(sizeof(void*) != 4 || sizeof(Thread) == 20);
 
 // A counting semaphore, count 0 to 0x7FFFFFFF.
 class COMMON_INTERFACES_API Semaphore {
@@ -137,6 +138,7 @@ class COMMON_INTERFACES_API Semaphore {
   void* m_Handle = nullptr;
   const char* m_Name;
 };
+static_assert(sizeof(void*) != 4 || sizeof(Semaphore) == 12);
 
 // A lock for the threads of one process, recursive: the thread that holds it may enter again and leaves as often as
 // it entered.
@@ -158,6 +160,7 @@ class COMMON_INTERFACES_API CritSect {
  private:
   void* m_Section;
 };
+static_assert(sizeof(void*) != 4 || sizeof(CritSect) == 4);
 
 // An event. An automatic one releases one waiter for each set() and is then reset; a manual one releases every
 // waiter and stays set until reset().
@@ -189,6 +192,7 @@ class COMMON_INTERFACES_API SyncEvent {
   void* m_Handle = nullptr;
   const char* m_Name;
 };
+static_assert(sizeof(void*) != 4 || sizeof(SyncEvent) == 12);
 
 // Sleeps for at least that long, whatever signals arrive. Always true.
 COMMON_INTERFACES_API bool sleep(unsigned long milliseconds);

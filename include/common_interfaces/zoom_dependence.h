@@ -7,6 +7,8 @@
 // Limits are magnitude codes, code = (magnitude + 2.0) * 10, from 0 (magnitude -2.0) to 254 (magnitude 23.4).
 #pragma once
 
+#include <cstddef>
+
 namespace CommonInterfaces {
 
 inline constexpr double kMagCodeOffset = 2.0;    // magnitudes added before scaling
@@ -24,5 +26,9 @@ struct ZoomDependDesc {
   int drawOffset;        // codes added to the limit by GetDarkMagDraw
   int reserved;          // -40 or 20; the camera does not use it
 };
+static_assert(sizeof(ZoomDependDesc) == 28 && offsetof(ZoomDependDesc, fieldId) == 4);
+static_assert(offsetof(ZoomDependDesc, row) == 8 && offsetof(ZoomDependDesc, base) == 12);
+static_assert(offsetof(ZoomDependDesc, slope) == 16 && offsetof(ZoomDependDesc, drawOffset) == 20);
+static_assert(offsetof(ZoomDependDesc, reserved) == 24);
 
 }  // namespace CommonInterfaces

@@ -6,6 +6,8 @@
 // every thread may call.
 #pragma once
 
+#include <cstddef>
+
 #include "astro/api.h"
 
 // A position. The distance is in astronomical units in memory; `distUnits` chooses how it is shown.
@@ -16,6 +18,10 @@ struct SphCoor {
   unsigned char distUnits = 0;  // unit code: 0 m, 1 km, 2 10^3 km, 3 10^6 km, 4 au, 5 light year, 6 pc, 7 kpc
   unsigned char coorSys = 0;    // coordinate-system code
 };
+// The bytes at the end are padded to the alignment of a double, which is 4 on 32-bit Linux and 8 elsewhere.
+static_assert(offsetof(SphCoor, dist) == 0 && offsetof(SphCoor, lon) == 8 && offsetof(SphCoor, lat) == 16);
+static_assert(offsetof(SphCoor, distUnits) == 24 && offsetof(SphCoor, coorSys) == 25);
+static_assert(sizeof(SphCoor) == 24 + alignof(SphCoor));
 
 // A direction of view.
 struct SphViewCoor {
@@ -24,6 +30,9 @@ struct SphViewCoor {
   double slope = 0.0;  // radians, the roll about the view axis
   unsigned char flag = 0;
 };
+static_assert(offsetof(SphViewCoor, lon) == 0 && offsetof(SphViewCoor, lat) == 8);
+static_assert(offsetof(SphViewCoor, slope) == 16 && offsetof(SphViewCoor, flag) == 24);
+static_assert(sizeof(SphViewCoor) == 24 + alignof(SphViewCoor));
 
 // An angle as degrees (or hours), minutes and seconds. Only the first field that is not zero carries a sign.
 struct M_DMSTag {
@@ -31,6 +40,7 @@ struct M_DMSTag {
   short minutes = 0;
   float seconds = 0.0f;
 };
+static_assert(sizeof(M_DMSTag) == 8 && offsetof(M_DMSTag, minutes) == 2 && offsetof(M_DMSTag, seconds) == 4);
 
 // What Rad2GMS and GMS2Rad count in.
 enum AngleMode : int {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 // The identifier of an object of the sky, passed by value and by reference. Files keep kind and number.
 struct SSO_ID {
   int kind =
@@ -24,4 +26,5 @@ struct SSO_ID {
     return a.kind != b.kind ? a.kind < b.kind : a.number < b.number;
   }
 };
-static_assert(sizeof(SSO_ID) == 96);
+static_assert(sizeof(SSO_ID) == 96 && offsetof(SSO_ID, kind) == 0 && offsetof(SSO_ID, number) == 4);
+static_assert(offsetof(SSO_ID, third) == 8 && offsetof(SSO_ID, name) == 12 && offsetof(SSO_ID, fourth) == 92);
