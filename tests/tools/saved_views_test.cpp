@@ -81,11 +81,17 @@ class SavedViews : public testing::Test {
   Camera m_Camera{1};
 };
 
-TEST_F(SavedViews, OrionStandsUprightInTheMiddle) {
+TEST_F(SavedViews, OrionStandsUprightAboveTheSouthernHorizon) {
   Restore("views:orion.data");
-  EXPECT_DOUBLE_EQ(m_Camera.GetZoom(), 1.2);
+  EXPECT_DOUBLE_EQ(m_Camera.GetZoom(), 0.68);
   EXPECT_NEAR(Lean(Middle(kBetelgeuse, kBellatrix), Middle(kRigel, kSaiph)), 0.0, 1.0);
-  EXPECT_LT(FromMiddle(Project(kAlnilam)), 1.0);
+  EXPECT_NEAR(Project(kAlnilam).x, kWidth * 0.5, 20.0);
+  EXPECT_GT(Project(kAlnilam).y, kHeight * 0.5);
+  const double south[3] = {-1.0, 0.0, 0.0};  // of the horizon frame
+  tPoint<double> foot{};
+  m_Camera.RA_Dec2PixD(south, &foot);
+  EXPECT_GT(foot.y, 0.0);
+  EXPECT_LT(foot.y, kHeight * 0.25);
   // As seen from inside the sphere, east is left: Betelgeuse stands left of Bellatrix.
   EXPECT_LT(Project(kBetelgeuse).x, Project(kBellatrix).x);
 }
