@@ -13,6 +13,21 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
+# The compiler's runtime as DLLs, beside the programs and in the package: an exception thrown in one module can only be
+# caught in another when both share the runtime that unwinds.
+if(MINGW)
+  foreach(dll libgcc_s_dw2-1.dll libstdc++-6.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${dll}
+      OUTPUT_VARIABLE dll_path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT EXISTS ${dll_path})
+      find_file(dll_path_${dll} ${dll} PATH_SUFFIXES lib bin REQUIRED)
+      set(dll_path ${dll_path_${dll}})
+    endif()
+    file(COPY ${dll_path} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    list(APPEND CI_RUNTIME_DLLS ${dll_path})
+  endforeach()
+endif()
+
 find_program(CI_CCACHE ccache)
 if(CI_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CI_CCACHE})
@@ -23,6 +38,10 @@ target_compile_options(ci_compile_rules INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2
   $<$<BOOL:${CI_WARNINGS_AS_ERRORS}>:-Werror>)
+# GCC 12 sees overlapping copies in the concatenation of strings where there are none (GCC bug 105651).
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  target_compile_options(ci_compile_rules INTERFACE -Wno-restrict)
+endif()
 # Results must not depend on whether the compiler fuses a multiplication with an addition.
 target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
 if(CI_SANITIZE)
@@ -68,6 +87,7 @@ function(ci_find_cli11)
   find_package(CLI11 QUIET)
   if(NOT TARGET CLI11::CLI11)
     find_path(CI_CLI11_INCLUDE CLI/CLI.hpp PATHS /usr/include REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/cli11)
     file(CREATE_LINK ${CI_CLI11_INCLUDE}/CLI ${PROJECT_BINARY_DIR}/cli11/CLI SYMBOLIC)
     add_library(CLI11::CLI11 INTERFACE IMPORTED GLOBAL)
     target_include_directories(CLI11::CLI11 INTERFACE ${PROJECT_BINARY_DIR}/cli11)

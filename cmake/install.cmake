@@ -30,6 +30,10 @@ string(REGEX REPLACE "/$" "" ci_prefix_from_pc ${ci_prefix_from_pc})
 configure_file(cmake/common_interfaces.pc.in ${PROJECT_BINARY_DIR}/common_interfaces.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/common_interfaces.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+if(MINGW)
+  install(FILES ${CI_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces)
 
 if(CI_BUILD_PROGRAMS)

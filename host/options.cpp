@@ -134,6 +134,7 @@ ParseResult ParseOptions(const std::vector<std::string>& arguments) {
   ParseResult result;
   Texts texts;
   CLI::App app("Restores a saved view of the sky, says what it restored and draws it.", "skyview");
+  app.allow_windows_style_options(false);  // a path may begin with a slash on every system
   bool listLimits = false;
   Declare(app, texts, listLimits);
   try {

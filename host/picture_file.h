@@ -8,6 +8,9 @@
 
 namespace skyview {
 
+// Whether this skyview draws at all; one built without the drawing library fails with one line that says so.
+bool CanDraw();
+
 // The frame as the bytes of an SVG or PNG file. Both are painted by the same calls. The SVG carries its labels a
 // second time as invisible text, so that they can be searched for and copied. False when the drawing library fails:
 // `error` then says how.

@@ -45,6 +45,7 @@ int Build(const Arguments& arguments, std::ostream& output, std::ostream& errors
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
   Arguments values;
   CLI::App app("Makes the data root that the library and its applications read.", "skydata");
+  app.allow_windows_style_options(false);  // a path may begin with a slash on every system
   Declare(app, values);
   try {
     // The parser takes its arguments from the back.

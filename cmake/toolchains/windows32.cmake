@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 #
-# i686 Windows with MinGW-w64 (posix threads, runtime linked statically). Arithmetic in SSE2 registers, so that
+# i686 Windows with MinGW-w64 (posix threads). Arithmetic in SSE2 registers, so that
 # doubles round as on the other targets. Programs run through script/wine32.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
@@ -10,8 +10,6 @@ set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -D_WIN32_WINNT=0x0601")
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
 set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -218,7 +218,9 @@ TEST_F(StringTable, LongerLineIsCutAndItsRestIsNotALineOfItsOwn) {
 // Its first line is "Name:", a tab and the program's name.
 TEST_F(StringTable, FileThatHoldsMoreThanItsLengthSaysIsReportedAndStaysInsideThePool) {
   if (!std::filesystem::exists("/proc/self/status")) GTEST_SKIP() << "needs /proc";
-  std::filesystem::create_symlink("/proc/self/status", roots.dir.Path("data/qxstrings.txt"));
+  std::error_code failure;
+  std::filesystem::create_symlink("/proc/self/status", roots.dir.Path("data/qxstrings.txt"), failure);
+  if (failure) GTEST_SKIP() << "needs symbolic links";
   QX4Strings strings;
   EXPECT_EQ(debug.lines, Lines{"File qxstrings.txt changed while it was read\n"});
   EXPECT_EQ(QX4Strings::GetString(static_cast<unsigned>(FourCC("Name")), true), nullptr);

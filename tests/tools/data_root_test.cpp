@@ -66,8 +66,8 @@ TEST_F(DataRoot, ObjectsAreNotCorrectedAndLabelsOfStarsAre) {
   camera.FillMagCorrectionsVector(&settings);
   for (int row = 0; row < Camera::s_ZoomDependDescSize; row += 2)
     EXPECT_EQ(camera.GetMagCorrection(row), 0.0f) << row;
-  EXPECT_EQ(camera.GetMagCorrection(1), -25.0f);
-  EXPECT_EQ(camera.GetDarkMagLabel(FourCC("star")), 35);  // magnitude 1.5 at zoom 1
+  EXPECT_EQ(camera.GetMagCorrection(1), -15.0f);
+  EXPECT_EQ(camera.GetDarkMagLabel(FourCC("star")), 45);  // magnitude 2.5 at zoom 1
   EXPECT_EQ(camera.GetDarkMagLabel(FourCC("nebu")), 60);  // magnitude 4.0
 }
 
