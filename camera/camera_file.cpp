@@ -96,7 +96,6 @@ void Camera::WriteSelf(const char* file, int id) {
   ExchangeObserver(writer, earth);
   ExchangePlace(writer, m_Location);
   ExchangeStep(writer, kStepKeys[0], m_Steps);
-  m_Settings->SetCurSection(kCameraSection);
   m_Settings->Write(file);
 }
 

@@ -103,7 +103,9 @@ void Thread::start() {
 void Thread::waitForEnd() {
   Handle& handle = *HandleOf(m_Handle);
   if (handle.joined) return;
-  if (pthread_join(handle.id, nullptr) != 0) throw Error("Waiting for thread termination failed.");
+  // A thread that waits for itself would wait for ever.
+  const bool itself = pthread_equal(handle.id, pthread_self()) != 0;
+  if (itself || pthread_join(handle.id, nullptr) != 0) throw Error("Waiting for thread termination failed.");
   handle.joined = true;
 }
 

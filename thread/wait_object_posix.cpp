@@ -21,9 +21,9 @@ namespace thread {
 struct WaitObject::State {
   pthread_mutex_t mutex;  // robust: a holder that is killed does not keep it
   Kind kind;
-  unsigned count;                // free slots of a semaphore; 1: the event is set
-  std::atomic<unsigned> turns;   // what waiters sleep on; moves whenever the count is raised
-  std::atomic<unsigned> handed;  // orders the memory of who released before the memory of who was handed it
+  unsigned count;               // free slots of a semaphore; 1: the event is set
+  unsigned handed;              // what was handed to sleeping threads that have not run since
+  std::atomic<unsigned> turns;  // what waiters sleep on; moves with every release
 };
 
 namespace {
@@ -116,38 +116,47 @@ bool WaitObject::Lock() {
 
 void WaitObject::Unlock() { pthread_mutex_unlock(&m_State->mutex); }
 
+// Takes one of the count, or, after having been woken, of what was handed over; false when there is none.
+bool WaitObject::TakeOne(bool woken) {
+  if (woken && m_State->handed > 0) {
+    --m_State->handed;
+    return true;
+  }
+  if (m_State->count == 0) return false;
+  if (m_State->kind != Kind::kManualEvent) --m_State->count;
+  return true;
+}
+
 WaitObject::Wait WaitObject::Acquire(unsigned long milliseconds) {
   const bool forever = milliseconds >= kInfinite;
   const timespec deadline = forever ? timespec{} : DeadlineAfter(milliseconds);
-  for (;;) {
+  for (bool woken = false;;) {
     if (!Lock()) return Wait::kFailed;
-    const bool free = m_State->count > 0;
-    if (free && m_State->kind != Kind::kManualEvent) --m_State->count;
+    const bool taken = TakeOne(woken);
     const unsigned turn = m_State->turns.load();
     Unlock();
-    if (free) return Wait::kAcquired;
-    // Sleeps only while nothing was released since the look above; to be woken is to be handed what was
-    // released.
-    if (Futex(m_State->turns, FUTEX_WAIT_BITSET, turn, forever ? nullptr : &deadline) == 0) {
-      m_State->handed.load(std::memory_order_acquire);
-      return Wait::kAcquired;
-    }
+    if (taken) return Wait::kAcquired;
+    // Sleeps only while nothing was released since the look above.
+    woken = Futex(m_State->turns, FUTEX_WAIT_BITSET, turn, forever ? nullptr : &deadline) == 0;
+    if (woken) continue;
     if (errno == ETIMEDOUT) return Wait::kTimedOut;
     if (errno != EAGAIN && errno != EINTR) return Wait::kFailed;
   }
 }
 
+// Hands over as much as there are sleeping threads; returns how much. The turn moves first: a thread that is about to
+// sleep then looks again instead, and what it looks at it can only see once the lock is free.
+unsigned WaitObject::HandOver(unsigned count) {
+  ++m_State->turns;
+  const unsigned woken = Wake(m_State->turns, count);
+  m_State->handed += woken;
+  return woken;
+}
+
 bool WaitObject::Release(unsigned count) {
   if (count == 0 || !Lock()) return false;
   const bool fits = count <= kMaximumCount - m_State->count;
-  if (fits) {
-    m_State->handed.fetch_add(1, std::memory_order_release);
-    const unsigned kept = count - Wake(m_State->turns, count);
-    if (kept > 0) {
-      m_State->count += kept;
-      ++m_State->turns;  // a thread about to sleep looks again
-    }
-  }
+  if (fits) m_State->count += count - HandOver(count);
   Unlock();
   return fits;
 }
@@ -155,12 +164,8 @@ bool WaitObject::Release(unsigned count) {
 bool WaitObject::Set() {
   if (!Lock()) return false;
   const bool manual = m_State->kind == Kind::kManualEvent;
-  m_State->handed.fetch_add(1, std::memory_order_release);
-  const unsigned woken = Wake(m_State->turns, manual ? INT_MAX : 1u);
-  if (manual || woken == 0) {
-    m_State->count = 1;
-    ++m_State->turns;
-  }
+  const unsigned woken = HandOver(manual ? INT_MAX : 1u);
+  if (manual || woken == 0) m_State->count = 1;
   Unlock();
   return true;
 }

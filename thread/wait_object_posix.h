@@ -37,6 +37,8 @@ class WaitObject {
   WaitObject();
   bool Lock();
   void Unlock();
+  bool TakeOne(bool woken);           // under the lock
+  unsigned HandOver(unsigned count);  // under the lock
 
   std::unique_ptr<NamedMemory> m_Shared;  // of a named object
   std::unique_ptr<State> m_Private;       // of one without a name

@@ -11,6 +11,7 @@
 #include "common_interfaces/thread.h"
 #include "thread/child_process.h"
 #include "thread/message_of.h"
+#include "thread/own_name.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 using thread::Semaphore;
 using thread_tests::MessageOf;
+using thread_tests::Own;
 
 template <class Action>
 std::string Failure(Action action) {
@@ -63,25 +65,25 @@ TEST(Semaphore, InitialCountPastTheMaximumIsRefused) {
 }
 
 TEST(Semaphore, SecondOfTheSameNameThrows) {
-  Semaphore first(1, "ci semaphore twice");
-  EXPECT_EQ(Failure([] { Semaphore second(1, "ci semaphore twice"); }), "Semaphore already exists.");
+  Semaphore first(1, Own("semaphore twice"));
+  EXPECT_EQ(Failure([] { Semaphore second(1, Own("semaphore twice")); }), "Semaphore already exists.");
 }
 
 TEST(Semaphore, NameTakenByAnEventCannotBeCreatedOrOpened) {
-  thread::SyncEvent event(false, false, "ci taken by an event");
-  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci taken by an event"); }), "Can't create semaphore.");
-  EXPECT_EQ(Failure([] { Semaphore semaphore("ci taken by an event"); }), "Can't open existing semaphore.");
+  thread::SyncEvent event(false, false, Own("taken by an event"));
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, Own("taken by an event")); }), "Can't create semaphore.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(Own("taken by an event")); }), "Can't open existing semaphore.");
 }
 
 TEST(Semaphore, OpeningAnUnknownNameThrows) {
-  EXPECT_EQ(Failure([] { Semaphore semaphore("ci nobody made this"); }), "Can't open existing semaphore.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(Own("nobody made this")); }), "Can't open existing semaphore.");
   EXPECT_EQ(Failure([] { Semaphore semaphore(static_cast<const char*>(nullptr)); }),
             "Can't open existing semaphore.");
 }
 
 TEST(Semaphore, OpenedOneSharesTheCount) {
-  Semaphore made(0, "ci shared count");
-  Semaphore opened("ci shared count");
+  Semaphore made(0, Own("shared count"));
+  Semaphore opened(Own("shared count"));
   opened.unlock(2);
   EXPECT_EQ(made.lock(0), thread::kSignalled);
   EXPECT_EQ(opened.lock(0), thread::kSignalled);
@@ -90,24 +92,25 @@ TEST(Semaphore, OpenedOneSharesTheCount) {
 
 TEST(Semaphore, NameIsFreeOnceTheLastHolderIsGone) {
   for (int i = 0; i < 3; ++i) {
-    auto made = std::make_unique<Semaphore>(1, "ci last holder");
-    const Semaphore opened("ci last holder");
+    auto made = std::make_unique<Semaphore>(1, Own("last holder"));
+    const Semaphore opened(Own("last holder"));
     made.reset();
-    EXPECT_EQ(Failure([] { Semaphore again(1, "ci last holder"); }), "Semaphore already exists.");
+    EXPECT_EQ(Failure([] { Semaphore again(1, Own("last holder")); }), "Semaphore already exists.");
   }
-  EXPECT_EQ(Failure([] { Semaphore again(1, "ci last holder"); }), "");
+  EXPECT_EQ(Failure([] { Semaphore again(1, Own("last holder")); }), "");
 }
 
 TEST(Semaphore, NameMayHoldAnyCharacterAndAnyLength) {
   const std::string lengthy(1000, 'x');
-  for (const std::string& name : {std::string("a/b"), std::string("a\\b"), std::string("a%5Cb"),
-                                  std::string("50 % \xC3\xA4\x01\n"), lengthy}) {
-    Semaphore made(1, name.c_str());
-    Semaphore opened(name.c_str());
-    EXPECT_EQ(Failure([&] { Semaphore again(1, name.c_str()); }), "Semaphore already exists.") << name;
+  for (const std::string& plain : {std::string("a/b"), std::string("a\\b"), std::string("a%5Cb"),
+                                   std::string("50 % \xC3\xA4\x01\n"), lengthy}) {
+    const char* name = Own(plain);
+    Semaphore made(1, name);
+    Semaphore opened(name);
+    EXPECT_EQ(Failure([&] { Semaphore again(1, name); }), "Semaphore already exists.") << name;
   }
-  Semaphore one(1, "a\\b"), other(1, "a%5Cb");
-  Semaphore longer(1, (lengthy + "y").c_str()), longest(1, (lengthy + "z").c_str());
+  Semaphore one(1, Own("a\\b")), other(1, Own("a%5Cb"));
+  Semaphore longer(1, Own(lengthy + "y")), longest(1, Own(lengthy + "z"));
 }
 
 TEST(Semaphore, EveryUnlockLetsOneWaiterGo) {
@@ -149,8 +152,8 @@ TEST(Semaphore, OrdersTheMemoryOfThoseItPassesBetween) {
 }
 
 TEST(SemaphoreBetweenProcesses, UnlockReachesTheOtherProcess) {
-  Semaphore semaphore(0, "ci to the other process");
-  auto peer = Peer("wait-for-semaphore", "ci to the other process");
+  Semaphore semaphore(0, Own("to the other process"));
+  auto peer = Peer("wait-for-semaphore", Own("to the other process"));
   EXPECT_EQ(peer.ReadLine(), "waiting");
   semaphore.unlock();
   EXPECT_EQ(peer.ReadLine(), "got it");
@@ -158,42 +161,42 @@ TEST(SemaphoreBetweenProcesses, UnlockReachesTheOtherProcess) {
 }
 
 TEST(SemaphoreBetweenProcesses, OtherProcessUnlocksThisOne) {
-  Semaphore semaphore(0, "ci from the other process");
-  auto peer = Peer("unlock-semaphore", "ci from the other process");
+  Semaphore semaphore(0, Own("from the other process"));
+  auto peer = Peer("unlock-semaphore", Own("from the other process"));
   semaphore.lock();
   EXPECT_EQ(peer.ReadLine(), "unlocked");
 }
 
 TEST(SemaphoreBetweenProcesses, NameTakenThereIsTakenHere) {
-  auto peer = Peer("hold-new-semaphore", "ci held there");
+  auto peer = Peer("hold-new-semaphore", Own("held there"));
   ASSERT_EQ(peer.ReadLine(), "holding");
-  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci held there"); }), "Semaphore already exists.");
-  Semaphore opened("ci held there");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, Own("held there")); }), "Semaphore already exists.");
+  Semaphore opened(Own("held there"));
   EXPECT_EQ(opened.lock(0), thread::kTimedOut);
 }
 
 TEST(SemaphoreBetweenProcesses, KilledHolderLeavesNoName) {
   for (int round = 0; round < 10; ++round) {
-    auto peer = Peer("hold-new-semaphore", "ci killed holder");
+    auto peer = Peer("hold-new-semaphore", Own("killed holder"));
     ASSERT_EQ(peer.ReadLine(), "holding");
     peer.Kill();
-    EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci killed holder"); }), "");
+    EXPECT_EQ(Failure([] { Semaphore semaphore(1, Own("killed holder")); }), "");
   }
 }
 
 TEST(SemaphoreBetweenProcesses, NameLivesOnWithAnotherHolderWhenItsMakerIsKilled) {
-  auto peer = Peer("hold-new-semaphore", "ci maker killed");
+  auto peer = Peer("hold-new-semaphore", Own("maker killed"));
   ASSERT_EQ(peer.ReadLine(), "holding");
-  Semaphore opened("ci maker killed");
+  Semaphore opened(Own("maker killed"));
   peer.Kill();
-  EXPECT_EQ(Failure([] { Semaphore semaphore(1, "ci maker killed"); }), "Semaphore already exists.");
+  EXPECT_EQ(Failure([] { Semaphore semaphore(1, Own("maker killed")); }), "Semaphore already exists.");
   opened.unlock();
   EXPECT_EQ(opened.lock(0), thread::kSignalled);
 }
 
 TEST(SemaphoreBetweenProcesses, KilledWaiterTakesNothingWithIt) {
-  Semaphore semaphore(0, "ci killed waiter");
-  auto peer = Peer("wait-for-semaphore", "ci killed waiter");
+  Semaphore semaphore(0, Own("killed waiter"));
+  auto peer = Peer("wait-for-semaphore", Own("killed waiter"));
   ASSERT_EQ(peer.ReadLine(), "waiting");
   thread::sleep(50);
   peer.Kill();

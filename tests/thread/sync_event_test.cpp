@@ -11,11 +11,13 @@
 #include "common_interfaces/thread.h"
 #include "thread/child_process.h"
 #include "thread/message_of.h"
+#include "thread/own_name.h"
 
 namespace {
 
 using thread::SyncEvent;
 using thread_tests::MessageOf;
+using thread_tests::Own;
 
 template <class Action>
 std::string Failure(Action action) {
@@ -47,19 +49,20 @@ TEST(SyncEvent, SetTwiceWithoutAWaiterReleasesOne) {
 }
 
 TEST(SyncEvent, SecondOfTheSameNameThrows) {
-  SyncEvent first(false, false, "ci event twice");
-  EXPECT_EQ(Failure([] { SyncEvent second(false, false, "ci event twice"); }), "Event already exists.");
-  EXPECT_EQ(Failure([] { SyncEvent second(false, true, "ci event twice"); }), "Event already exists.");
+  SyncEvent first(false, false, Own("event twice"));
+  EXPECT_EQ(Failure([] { SyncEvent second(false, false, Own("event twice")); }), "Event already exists.");
+  EXPECT_EQ(Failure([] { SyncEvent second(false, true, Own("event twice")); }), "Event already exists.");
 }
 
 TEST(SyncEvent, NameTakenBySemaphoreCannotBeCreatedOrOpened) {
-  thread::Semaphore semaphore(1, "ci taken by a semaphore");
-  EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci taken by a semaphore"); }), "Can't create event.");
-  EXPECT_EQ(Failure([] { SyncEvent event("ci taken by a semaphore"); }), "Can't open existing event.");
+  thread::Semaphore semaphore(1, Own("taken by a semaphore"));
+  EXPECT_EQ(Failure([] { SyncEvent event(false, false, Own("taken by a semaphore")); }),
+            "Can't create event.");
+  EXPECT_EQ(Failure([] { SyncEvent event(Own("taken by a semaphore")); }), "Can't open existing event.");
 }
 
 TEST(SyncEvent, OpeningAnUnknownNameThrows) {
-  EXPECT_EQ(Failure([] { SyncEvent event("ci no such event"); }), "Can't open existing event.");
+  EXPECT_EQ(Failure([] { SyncEvent event(Own("no such event")); }), "Can't open existing event.");
 }
 
 // Each set lets one of the waiting threads go, also when no thread has run between two sets.
@@ -124,8 +127,8 @@ TEST(SyncEvent, ThousandRoundsOfPingPongDoNotHang) {
 }
 
 TEST(SyncEventBetweenProcesses, SetReachesTheOtherProcess) {
-  SyncEvent event(false, false, "ci event to the other");
-  ChildProcess peer({THREAD_PEER, "wait-for-event", "ci event to the other"});
+  SyncEvent event(false, false, Own("event to the other"));
+  ChildProcess peer({THREAD_PEER, "wait-for-event", Own("event to the other")});
   EXPECT_EQ(peer.ReadLine(), "waiting");
   event.set();
   EXPECT_EQ(peer.ReadLine(), "got it");
@@ -133,18 +136,18 @@ TEST(SyncEventBetweenProcesses, SetReachesTheOtherProcess) {
 
 TEST(SyncEventBetweenProcesses, KilledHolderLeavesNoName) {
   for (int round = 0; round < 10; ++round) {
-    ChildProcess peer({THREAD_PEER, "hold-new-event", "ci killed event holder"});
+    ChildProcess peer({THREAD_PEER, "hold-new-event", Own("killed event holder")});
     ASSERT_EQ(peer.ReadLine(), "holding");
-    EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci killed event holder"); }),
+    EXPECT_EQ(Failure([] { SyncEvent event(false, false, Own("killed event holder")); }),
               "Event already exists.");
     peer.Kill();
-    EXPECT_EQ(Failure([] { SyncEvent event(false, false, "ci killed event holder"); }), "");
+    EXPECT_EQ(Failure([] { SyncEvent event(false, false, Own("killed event holder")); }), "");
   }
 }
 
 TEST(SyncEventBetweenProcesses, KilledWaiterDoesNotSwallowTheSet) {
-  SyncEvent event(false, false, "ci killed event waiter");
-  ChildProcess peer({THREAD_PEER, "wait-for-event", "ci killed event waiter"});
+  SyncEvent event(false, false, Own("killed event waiter"));
+  ChildProcess peer({THREAD_PEER, "wait-for-event", Own("killed event waiter")});
   ASSERT_EQ(peer.ReadLine(), "waiting");
   thread::sleep(50);
   peer.Kill();
