@@ -6,7 +6,7 @@ usage: count_tests.py MINIMUM_COUNTS BUILD_DIR...
 A test program reports its cases in test-results/NAME.xml; every other CTest test counts as one case. A program
 that ends badly without a failed case of its own (a crash, a leak, a time-out) adds one failure. MINIMUM_COUNTS
 names, a line each, a program and the least number of cases that it must run, so that tests cannot vanish; for a
-program that has fewer cases on one target, a line PROGRAM@TREE says how many there.
+program that has fewer cases on one target, a line PROGRAM@TREE says how many there (0: it is not built).
 """
 import os
 import sys
@@ -33,7 +33,8 @@ def program_cases(path):
 def minimum_in(tree, minimum):
     """The least counts for one build tree, by program."""
     own = {name.split("@")[0]: n for name, n in minimum.items() if name.endswith("@" + os.path.basename(tree))}
-    return {name: own.get(name, n) for name, n in minimum.items() if "@" not in name}
+    least = {name: own.get(name, n) for name, n in minimum.items() if "@" not in name}
+    return {name: n for name, n in least.items() if n > 0}
 
 
 def count_tree(tree, minimum):
@@ -56,7 +57,7 @@ def count_tree(tree, minimum):
             if not ended_well and failed == 0:
                 print(f"{tree}: {name} ended badly")
                 failed += 1
-            ran = passed + failed
+            ran = passed + failed + skipped
             if ran < minimum.get(name, 0):
                 print(f"{tree}: {name} ran {ran} cases, fewer than {minimum[name]}")
                 failed += 1

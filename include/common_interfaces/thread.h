@@ -31,7 +31,8 @@ namespace thread {
 // Base of every error of this namespace. Both texts are literals and live for ever.
 class COMMON_INTERFACES_API GenericError : public std::exception {
  public:
-  GenericError(const char* classText, const char* message) noexcept : m_Class(classText), m_Message(message) {}
+  GenericError(const char* classText, const char* message) noexcept
+      : m_Class(classText), m_Message(message) {}
 
   const char* GetClassText() const noexcept { return m_Class; }  // "class Thread", "class Semaphore", ...
   const char* what() const noexcept override { return m_Message; }

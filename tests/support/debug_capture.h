@@ -13,8 +13,9 @@ namespace test_support {
 class DebugCapture {
  public:
   DebugCapture() {
-    SetDebugSink([](const char* text, void* self) { static_cast<DebugCapture*>(self)->lines.emplace_back(text); },
-                 this);
+    SetDebugSink(
+        [](const char* text, void* self) { static_cast<DebugCapture*>(self)->lines.emplace_back(text); },
+        this);
   }
   ~DebugCapture() { SetDebugSink(nullptr, nullptr); }
   DebugCapture(const DebugCapture&) = delete;

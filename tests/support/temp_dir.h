@@ -24,8 +24,8 @@ class TempDir {
     std::string safe = "ci-test-";
     for (char c : name) safe += c == '/' ? '_' : c;
     static int counter = 0;
-    m_Path = std::filesystem::temp_directory_path() / (safe + "-" + std::to_string(ProcessTag()) + "-" +
-                                                       std::to_string(counter++));
+    m_Path = std::filesystem::temp_directory_path() /
+             (safe + "-" + std::to_string(ProcessTag()) + "-" + std::to_string(counter++));
     std::filesystem::remove_all(m_Path);
     std::filesystem::create_directories(m_Path);
   }

@@ -22,7 +22,8 @@ int main() {
   epoch.hour = 12;
   DJ(epoch, day, fraction);
 
-  const bool works = camera.GetDarkMagObject(FourCC("star")) == 100 && day == 2451545 && std::fabs(fraction) < 1e-12;
+  const bool works =
+      camera.GetDarkMagObject(FourCC("star")) == 100 && day == 2451545 && std::fabs(fraction) < 1e-12;
   std::printf("star limit at zoom 10: %d, J2000 day: %d\n", camera.GetDarkMagObject(FourCC("star")), day);
   return works ? 0 : 1;
 }
