@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
 #include <thread>
 
 #include "common_interfaces/thread.h"
+#include "thread/message_of.h"
 
 namespace {
 
@@ -49,6 +51,21 @@ TEST(Signals, DoNotLengthenATimeOut) {
 
 TEST(Signals, DoNotShortenASleep) {
   EXPECT_GE(UnderSignals([] { thread::sleep(60); }), milliseconds(59));
+}
+
+// In a process of its own, because it gives its privileges away.
+TEST(PriorityDeathTest, RaisingWithoutPrivilegeIsRefusedAndChangesNothing) {
+  const auto tryToRaise = [] {
+    constexpr uid_t kNobody = 65534;
+    const bool privileged = geteuid() == 0 && setuid(kNobody) != 0;
+    thread::Thread worker;
+    const std::string message =
+        thread_tests::MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kHighest); });
+    _exit(!privileged && message == "Can't set priority." && worker.getPriority() == thread::Thread::kNormal
+              ? 7
+              : 1);
+  };
+  EXPECT_EXIT(tryToRaise(), testing::ExitedWithCode(7), "");
 }
 
 }  // namespace
