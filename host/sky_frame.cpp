@@ -247,7 +247,8 @@ void SkyFrame::AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& obs
 
 void SkyFrame::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                                 const ClassLimits& limits) {
-  constexpr double kLeast = 4.5, kMost = 160.0;  // radius of a symbol, pixels
+  // Radius of a symbol in pixels: true to scale where it can be seen and ends somewhere.
+  constexpr double kLeast = 4.5, kMost = 2000.0;
   const auto& entry = m_Catalogs.deepsky[object];
   auto* output = new (m_Pool) DeepskyOutput;
   if (!output) {
