@@ -16,25 +16,28 @@ MAY_INCLUDE = {
     "output": {"settings", "text_base", "utils", "astro"},
     "camera": {"output", "settings", "text_base", "utils", "astro"},
     "thread": set(),
-    "umbrella": {"thread", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "host": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "tools": {"umbrella", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
+    "umbrella": {"text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "host": {"umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "tools": {"umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {
     "api.h": None,
-    "string_table.h": "text_base",
+    "string_table.h": "text_base", "text_formats.h": "text_base", "units.h": "text_base", "dates.h": "text_base",
+    "date.h": "text_base", "record_lines.h": "text_base", "refraction.h": "text_base",
+    "status_strings.h": "text_status",
     "field_data.h": "settings", "settings_field.h": "settings", "queries.h": "settings",
-    "settings_data.h": "settings", "field_names.h": "settings",
+    "settings_data.h": "settings", "field_names.h": "settings", "item_engine.h": "settings",
     "object_kinds.h": "output", "star_data.h": "output", "record_source.h": "output", "output_pool.h": "output",
     "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
-    "date.h": "camera", "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
+    "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
     "camera.h": "camera", "camera_state.h": "camera",
     "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }
-FOLDER = {"text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "thread": "thread",
+FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "thread": "thread",
           "host": "host",
           "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
 
@@ -46,7 +49,7 @@ def storey(path):
             raise SystemExit(f"{path}: not in the list of public headers of {__file__}")
         return PUBLIC[name]
     for folder, name in FOLDER.items():
-        if path.startswith(folder + "/"):
+        if path.startswith((folder + "/", folder + ".", folder + "_")):
             return name
     return None
 
