@@ -18,7 +18,7 @@ using utils_internal::PathKind;
 
 // Made on first use, so that static initialisers of other libraries find it whatever the order of loading.
 struct Roots {
-  std::string data, work;
+  std::string data, work, language;
 };
 Roots& GetRoots() {
   static Roots s_Roots;
@@ -84,14 +84,16 @@ std::string CopyRoot(const char* root) {
 }  // namespace
 
 void ZentharPath::SetRoots(const char* dataRoot, const char* workRoot) {
-  GetRoots() = {CopyRoot(dataRoot), CopyRoot(workRoot)};
+  GetRoots() = {CopyRoot(dataRoot), CopyRoot(workRoot), ""};
 }
+
+void ZentharPath::SetLanguageRoot(const char* folder) { GetRoots().language = CopyRoot(folder); }
 
 std::string ZentharPath::GetPath(const char* logicalPath) {
   if (!logicalPath || !*logicalPath) return "";
   if (IsAbsolute(logicalPath)) return Exists(logicalPath) ? logicalPath : "";
   const std::string relative = GetRelativePath(logicalPath);
-  for (const std::string* root : {&GetRoots().work, &GetRoots().data}) {
+  for (const std::string* root : {&GetRoots().work, &GetRoots().language, &GetRoots().data}) {
     std::string path = BelowRoot(*root, relative);
     if (!path.empty() && Exists(path)) return path;
   }

@@ -104,6 +104,54 @@ TEST(SetRoots, NamesInUtf8) {
   EXPECT_EQ(ZentharPath::GetPath(name), path);
 }
 
+TEST(SetLanguageRoot, IsLookedInBetweenTheWorkAreaAndTheDataRoot) {
+  TempRoots roots;
+  const std::string german = roots.dir.Path("data/languages/de");
+  roots.dir.Write("data/qxstrings.txt", "default");
+  roots.dir.Write("data/filters.data", "shipped");
+  roots.dir.Write("data/languages/de/qxstrings.txt", "German");
+  ZentharPath::SetLanguageRoot(german.c_str());
+  EXPECT_EQ(ZentharPath::GetPath("qxstrings.txt"), german + "/qxstrings.txt");
+  EXPECT_EQ(ZentharPath::GetPath("filters.data"), roots.dir.Path("data") + "/filters.data");
+  roots.dir.Write("work/qxstrings.txt", "own");
+  EXPECT_EQ(ZentharPath::GetPath("qxstrings.txt"), roots.dir.Path("work") + "/qxstrings.txt");
+}
+
+TEST(SetLanguageRoot, NullAndEmptyAreNoRoot) {
+  TempRoots roots;
+  roots.dir.Write("data/x.txt", "x");
+  roots.dir.Write("data/languages/de/x.txt", "x");
+  for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+    ZentharPath::SetLanguageRoot(roots.dir.Path("data/languages/de").c_str());
+    ZentharPath::SetLanguageRoot(none);
+    EXPECT_EQ(ZentharPath::GetPath("x.txt"), roots.dir.Path("data") + "/x.txt");
+  }
+}
+
+TEST(SetLanguageRoot, DoesNotMoveTheWorkArea) {
+  TempRoots roots;
+  roots.dir.Write("data/languages/de/x.txt", "x");
+  ZentharPath::SetLanguageRoot(roots.dir.Path("data/languages/de").c_str());
+  EXPECT_EQ(ZentharPath::GetWorkPath("x.txt"), roots.dir.Path("work") + "/x.txt");
+  EXPECT_EQ(ZentharPath::GetWorkPath("x.txt", true), "");
+}
+
+TEST(SetLanguageRoot, NamesThatLeaveItGiveNothing) {
+  TempRoots roots;
+  roots.dir.Write("data/languages/secret.txt", "x");
+  roots.dir.Write("data/languages/de/x.txt", "x");
+  ZentharPath::SetLanguageRoot(roots.dir.Path("data/languages/de").c_str());
+  EXPECT_EQ(ZentharPath::GetPath("..:secret.txt"), "");
+}
+
+TEST(SetLanguageRoot, GoesWithTheRootsItBelongsTo) {
+  TempRoots roots;
+  roots.dir.Write("data/languages/de/x.txt", "x");
+  ZentharPath::SetLanguageRoot(roots.dir.Path("data/languages/de").c_str());
+  ZentharPath::SetRoots(roots.dir.Path("data").c_str(), nullptr);
+  EXPECT_EQ(ZentharPath::GetPath("x.txt"), "");
+}
+
 TEST(GetWorkPath, NamesAFileThatIsNotThere) {
   TempRoots roots;
   EXPECT_EQ(ZentharPath::GetWorkPath("home_params.ini"), roots.dir.Path("work") + "/home_params.ini");
