@@ -6,6 +6,7 @@
 
 #include "utils/bytes.h"
 #include "utils/clock.h"
+#include "utils/code_page.h"
 #include "utils/debug.h"
 #include "utils/file.h"
 #include "utils/geometry.h"
