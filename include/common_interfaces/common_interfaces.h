@@ -8,6 +8,7 @@
 #include "common_interfaces/camera_state.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/date.h"
+#include "common_interfaces/dates.h"
 #include "common_interfaces/daylight_savings.h"
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/field_names.h"
