@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// How dates become texts. No state; any thread.
+#pragma once
+
+#include <string>
+
+#include "utils/debug.h"
+
+namespace CommonInterfaces {
+
+// std::printf into a string, of any length. For formats that stand in the code; texts of the string table are
+// arguments here, never formats.
+std::string FormatDate(const char* format, ...) UTILS_PRINTF_FORMAT(1, 2);
+
+// The short numeric forms in a given date format (GetDateFormat), "" for an unknown one and a null date.
+std::string FormatShortDate(int dateFormat, const short* date);
+std::string FormatDayMonth(int dateFormat, const short* date);
+
+// Copies a text that is not empty into a caller's buffer of 256 bytes, cut if need be. False, the buffer
+// untouched, for an empty text and a null buffer.
+bool CopyToBuffer(char* out, const std::string& text);
+
+}  // namespace CommonInterfaces

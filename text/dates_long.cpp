@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Dates that spell the month, in the order of the language.
+#include <string_view>
+
+#include "astro/julian_date.h"
+#include "common_interfaces/dates.h"
+#include "common_interfaces/string_table.h"
+#include "text/dates_format.h"
+#include "text/dates_months.h"
+
+namespace CommonInterfaces {
+
+namespace {
+
+constexpr unsigned kPatternId = 40830;
+
+}  // namespace
+
+std::string GetDateString(int year, int month, int day) {
+  const char* const name = GetMonthOfLongDate(month).c_str();
+  QX4Strings strings;
+  const char* const text = QX4Strings::GetString(kPatternId, true);
+  const std::string_view pattern = text ? text : "";
+  if (pattern == "dd/mm/yyyy" || pattern == "dd-mm-yyyy") return FormatDate("%2d %s %4d", day, name, year);
+  if (pattern == "dd.mm.yyyy") return FormatDate("%2d. %s %4d", day, name, year);
+  if (pattern == "d-m-yyyy") return FormatDate("%d %s %4d", day, name, year);
+  // The leading blank is deliberate.
+  if (pattern == "m/d/yyyy") return FormatDate(" %s %d, %4d", name, day, year);
+  if (pattern == "yyyy/m/d") return FormatDate("%4d %s %d", year, name, day);
+  return FormatDate("%4d %s %2d", year, name, day);
+}
+
+std::string GetDateString(_Date const& date) {
+  CalendarDate calendar;
+  JD(date.day, date.fraction, calendar);
+  return GetDateString(calendar.year, calendar.month, calendar.day);
+}
+
+}  // namespace CommonInterfaces
