@@ -52,7 +52,7 @@ void Camera::SetBuiltInDefaults() {
   m_Observer.kind = FourCC("plnt");
   m_Observer.number = kEarth;
   m_ObserverChanged = true;
-  m_ObsLocatType = 2;
+  m_ObsLocatType = kSurfaceLocation;
   m_DirLock = 0;
   m_CenterObject.kind = -1;
   m_CenterObject.number = -1;

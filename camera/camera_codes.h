@@ -11,13 +11,16 @@ inline constexpr unsigned kCameraSettingsId = static_cast<unsigned>(FourCC("CAMR
 inline constexpr unsigned kCameraSection = static_cast<unsigned>(FourCC("camr"));
 inline constexpr int kEarth = 3;  // number of the object kind "plnt"
 
-// The moving types that travel far from the Sun, and so have rules of their own. Files keep the numbers.
+// The moving types that have rules of their own: 4 circles a body, the others travel far from the Sun. Files keep the numbers.
 enum : signed char {
   kMovingInSpace = 3,
+  kMovingInOrbit = 4,
   kMovingAroundGalaxy = 9,
   kMovingFlight = 10,
   kMovingFreeFlight = 11
 };
+
+inline constexpr unsigned char kSurfaceLocation = 2;  // location type: a place on a surface
 
 // The settings file whose defaults every camera record is laid over.
 inline constexpr char kSettingsFile[] = "filters.data";

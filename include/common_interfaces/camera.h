@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "astro/coordinates.h"
 #include "astro/object_id.h"
@@ -140,6 +141,22 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // 0 to 11: how the observer moves; 0 stands on a surface.
   char GetMovingType() const { return static_cast<char>(m_ObsMovingType); }
 
+  // Changes it: the camera record of that type (docs/formats/camera_record.md) takes the place of the
+  // camera's state, where the settings hold one. Types 6, 7, 8 and 11 have no record: only the type changes.
+  // A type that is none is refused with one line.
+  //
+  // Whatever the record says, the time (and so delta T), the FST mode and the time zone stay. With `keep` so
+  // do zoom, longitude, latitude and unit of a place on a surface, and the view angles as they were last left
+  // in the plane that the record's angles count from. A locked direction stays locked on its object, with its
+  // zoom. Without a lock, types 1 and 3 name the planet or moon that was left as the centre object and raise
+  // "first look", so that the owner turns to it, and type 4 locks the direction on the observer object.
+  //
+  // Who comes back finds the view again: the camera remembers the planet or moon it was last at and the place
+  // on it. The planet is put back when the new record names the Earth, which stands for "where you were", the
+  // place when the new type is 0 or 1 on the same body; its distance too, when the type is the one it was
+  // left in. The observer-changed flag is raised; the zoom-changed flag when the zoom differs.
+  void SetMovingType(char type, bool keep);
+
   // The object on or around which the observer is; (-1, -1) until defaults or a file give one.
   const SSO_ID& GetObserver() const { return m_Observer; }
   // Does nothing when kind and number are the current observer's; else copies the whole identifier and raises
@@ -158,7 +175,8 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   const SphCoor& GetLocation() const { return m_Location; }
   void SetLocation(SphCoor location) { m_Location = location; }
   const std::string& GetLocationName() const { return m_LocationName; }
-  void SetLocationName(const char* name);  // null: empty
+  // Null: empty. The home of the observer, where there is one, takes the name too (at most 255 bytes).
+  void SetLocationName(const char* name);
   bool IsBelowSurface() const { return m_BelowSurface; }
   void SetBelowSurface(bool below) { m_BelowSurface = below; }
 
@@ -302,6 +320,74 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   bool IsDeepSpace() const;
   bool IsSkySectorsFiltration(int cls) const;
 
+  // Homes: for each observer object where one stood, where one looked and when. They are read from
+  // "home_params.ini" (docs/formats/home_params.md) by the constructor, which takes time zone and location
+  // name from the Earth's.
+
+  // Writes all homes to "home_params.ini" in the work area. A file that cannot be written whole stays as it
+  // was, with one line. A home without a location part names no observer in the file and is lost there.
+  void SaveHomeParams();
+  // Stores parts (HomeParts) of the current state in the home of the observer; other parts stay. Only while
+  // moving type is 0. The time is not stored, and an earlier one removed, while the FST mode is on: the view
+  // then follows the clock. The time zone is kept for the Earth alone.
+  void StoreParams(int mask);
+  // The home of that object, null for none; the camera's, valid until homes are stored or loaded.
+  const HomeParameters* FindHome(const SSO_ID& observer) const;
+
+  // The last state at each observer object in each moving type, in memory only. Stored under the pending
+  // moving type where there is one (not -1); found by object and by the moving type in obs.fourth.
+  void StoreTempParams();
+  bool FindTempParams(HomeParameters* out, const SSO_ID& obs) const;
+  bool ClearTempParams(const SSO_ID& obs);
+  int GetPendingMovingType() const { return m_PendingMovingType; }
+  void SetPendingMovingType(int type) { m_PendingMovingType = type; }
+
+  // Whether the observer stands on the Earth closer to its home than `tolerance` (km; so 0 is never close
+  // enough). Distances count as heights above the ellipsoid, converted by their unit codes: deliberate, they
+  // are au elsewhere. Without a home one line, and the place (0, 0) at height 0 counts as home.
+  bool IsHome(float tolerance) const;
+  // With true: back to the Earth's home, what it holds of place, view and time. The record's moment is
+  // restored when it holds one and the FST mode is off (else the clock decides), its time zone in any case.
+  // The flight object, the centre object and the lock are cleared first; a home that was locked on an object
+  // locks on it again. Without a home of the Earth one line, and nothing more changes than the flight object.
+  // Both: IsGoingHome answers `go` until the next call.
+  void GoHome(bool go);
+  bool IsGoingHome() const { return m_GoingHome; }
+
+  // Plays (play_desc.h). Setting one replaces the description of its type. Nothing here moves the camera.
+  void SetPlay(PlayTypes type, PlayAction action, double first);
+  void SetPlay(PlayTypes type, PlayAction action, double first, double second);
+  void SetPlay(PlayTypes type, PlayAction action, double first, double second, double third);
+  void SetPlay(PlayTypes type, PlayAction action, double first, double second, double third,
+               const SSO_ID& object);
+  // A default description for a type that was never set.
+  PlayDesc GetPlay(PlayTypes type) const;
+  bool IsPlay(PlayTypes type) const;
+  bool IsViewPlay() const;
+  bool IsLocationPlay() const;
+  bool IsAnyPlay() const;  // a time play counts while the FST mode is off
+  bool Is3DFlightPlay() const;
+  void StopAnyPlay();
+
+  void Set3DFlightObject(const SSO_ID& object) { m_FlightObject = object; }
+  // False, and `out` as it was, when there is none.
+  bool Get3DFlightObject(SSO_ID* out) const;
+  void SetQuickOI_id(const SSO_ID& object) { m_QuickOI = object; }
+  void GetQuickOI_id(SSO_ID& object) const { object = m_QuickOI; }
+
+  // Markers (marker_info.h). A marker with an identifier that is there replaces that one and goes to the end;
+  // finder markers (-1) are only ever added. Deleting takes the first with that identifier.
+  void AddOIMarker(const MARKER_INFO& marker);
+  void DeleteOIMarker(const MARKER_INFO& marker);
+  // Projects every marker but the finders to whole pixels; one outside the window, whose edges belong to it,
+  // gets (-1, -1). A marker's y is H minus the projection's y: deliberate, like that of the back-projection.
+  void UpdateOIMarkers();
+  void ClearOIMarkerList() { m_OIMarkers.clear(); }
+  // The camera's own list; its markers may be changed in place.
+  std::vector<MARKER_INFO>* GetOIMarkerList() { return &m_OIMarkers; }
+  // Whether a finder marker was added and not deleted since; clearing the list does not count.
+  bool IsOnScreenFinder() const { return m_OnScreenFinder; }
+
   // Steps of the interactive controls. The unit of the zoom step is always 0.
   CameraStepSize GetStep(CameraStep step) const;
   void SetStep(CameraStep step, CameraStepSize size);
@@ -326,6 +412,17 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void UpdateDiagonalsOfDefaults();
   float DrawThreshold(int row) const;
   bool IsWithinShownRadius(double radius) const;
+  void LoadHomes();
+  void StorePlace(HomeParameters& home) const;
+  void StoreView(HomeParameters& home) const;
+  void StoreTime(HomeParameters& home) const;
+  void ApplyHome(const HomeParameters& home);
+  void GoToPlace(const HomeParameters& home);
+  void LookAsAt(const HomeParameters& home);
+  unsigned GetMovingTypeRecord(int type) const;
+  void LeaveBehind(bool keep);
+  void PutBackObserverAndPlace(int type);
+  void TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn);
 
   unsigned m_Owner = 0;
   std::unique_ptr<SettingsData> m_Settings;

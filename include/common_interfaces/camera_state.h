@@ -7,11 +7,17 @@
 #pragma once
 
 #include <array>
+#include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "astro/coordinates.h"
 #include "astro/object_id.h"
 #include "common_interfaces/daylight_savings.h"
+#include "common_interfaces/home_parameters.h"
+#include "common_interfaces/marker_info.h"
+#include "common_interfaces/play_desc.h"
 #include "utils/geometry.h"
 
 namespace CommonInterfaces {
@@ -39,6 +45,18 @@ enum class CameraStep {
   k3DFlight,
 };
 inline constexpr int kCameraSteps = 9;
+
+// What a change of moving type remembers until a later one can put it back (Camera::SetMovingType).
+struct LeftBehind {
+  struct SurfacePlace {
+    SSO_ID observer;
+    SphCoor location;
+    signed char movingType = 0;
+  };
+  SSO_ID observer;                                  // the last planet or moon; empty: none yet
+  std::optional<SurfacePlace> place;                // the last one on or above its surface
+  std::map<unsigned char, SphViewCoor> directions;  // by the plane that they count from
+};
 
 struct CameraState {
   // Finder and window, pixels.
@@ -97,6 +115,21 @@ struct CameraState {
   double m_ComboMatrix[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
   std::array<CameraStepSize, kCameraSteps> m_Steps;
+
+  // Homes, by observer; the last state by observer and moving type, oldest first.
+  std::map<SSO_ID, HomeParameters> m_Homes;
+  HomeParameters m_EarthHome;  // as the file gave it
+  std::vector<HomeParameters> m_TempHomes;
+  bool m_GoingHome = false;
+  int m_PendingMovingType = -1;
+
+  // Motion and markers.
+  LeftBehind m_LeftBehind;
+  std::map<int, PlayDesc> m_Plays;  // by type
+  SSO_ID m_FlightObject;
+  SSO_ID m_QuickOI;
+  std::vector<MARKER_INFO> m_OIMarkers;
+  bool m_OnScreenFinder = false;
 
   // By row of Camera::s_ZoomDependDesc, magnitude codes.
   std::array<float, kZoomDependRows> m_MagCorrections = {};

@@ -33,7 +33,8 @@ PUBLIC = {
     "object_kinds.h": "output", "star_data.h": "output", "record_source.h": "output", "output_pool.h": "output",
     "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
     "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
-    "camera.h": "camera", "camera_state.h": "camera",
+    "camera.h": "camera", "camera_state.h": "camera", "home_parameters.h": "camera", "marker_info.h": "camera",
+    "play_desc.h": "camera",
     "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "camera/number_line.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <system_error>
+
+namespace CommonInterfaces {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// As long as the largest double with 8 decimals.
+constexpr int kLongestNumber = 330;
+
+}  // namespace
+
+template <class T>
+bool NumberLine::Take(T& value) {
+  const char* begin = m_Next;
+  while (IsBlank(*begin)) ++begin;
+  const char* const end = begin + std::strlen(begin);
+  if (*begin == '+' && begin[1] != '-') ++begin;
+  T number{};
+  const auto [next, error] = std::from_chars(begin, end, number);
+  if (error != std::errc() || (next != end && !IsBlank(*next))) return false;
+  if (!std::isfinite(static_cast<double>(number))) return false;
+  value = number;
+  m_Next = next;
+  return true;
+}
+
+bool NumberLine::Read(int& value) { return Take(value); }
+bool NumberLine::Read(double& value) { return Take(value); }
+
+std::string FormatGeneral(double value) {
+  char text[kLongestNumber];
+  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6).ptr;
+  return std::string(text, end);
+}
+
+std::string FormatFixed(double value, int width) {
+  char text[kLongestNumber];
+  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 8).ptr;
+  const std::string digits(text, end);
+  const auto wanted = static_cast<std::size_t>(width);
+  return digits.size() < wanted ? std::string(wanted - digits.size(), ' ') + digits : digits;
+}
+
+}  // namespace CommonInterfaces
