@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/camera.h"
+#include "common_interfaces/item_engine.h"
 #include "common_interfaces/object_outputs.h"
 #include "common_interfaces/object_shadow_map.h"
 #include "common_interfaces/output_pool.h"
@@ -93,6 +94,7 @@ TEST(SlotOrder, ClassesWithADestructorAlone) {
   ExpectOnlyADestructor<StarOutput>();
   ExpectOnlyADestructor<DeepskyOutput>();
   ExpectOnlyADestructor<BaseList>();
+  ExpectOnlyADestructor<ReferenceCounted>();
   ExpectOnlyADestructor<ObjectShadowMap>();
   ExpectOnlyADestructor<Camera>(1u);
   ExpectOnlyADestructor<thread::Semaphore>(1ul);
@@ -123,6 +125,54 @@ TEST(SlotOrder, BaseQuery) {
   Call<void>(query.Get(), 4);
   Call<void>(query.Get(), 0);
   EXPECT_EQ(g_Notes, (Names{"GetValue", "Less", "behind", "destructor"}));
+}
+
+class ItemNotes : public BaseItem {
+ public:
+  void SetUp(void*) override { Note("SetUp"); }
+  void SetObject(void*) override { Note("SetObject"); }
+  bool Init(void*) override { return Note("Init"), true; }
+  void Release() override { Note("Release"); }
+  BaseList* Run(BaseList*) override { return Note("Run"), nullptr; }
+};
+
+TEST(SlotOrder, BaseItem) {
+  Storage<Recorder<ItemNotes>> item;
+  for (std::size_t slot = 2; slot <= 3; ++slot) Call<void, void*>(item.Get(), slot, nullptr);
+  Call<bool, void*>(item.Get(), 4, nullptr);
+  Call<void>(item.Get(), 5);
+  Call<void*, BaseList*>(item.Get(), 6, nullptr);
+  Call<void>(item.Get(), 7);
+  Call<void>(item.Get(), 0);
+  EXPECT_EQ(g_Notes, (Names{"SetUp", "SetObject", "Init", "Release", "Run", "behind", "destructor"}));
+}
+
+class EngineNotes : public Engine {
+ public:
+  void Clear() override { Note("Clear"); }
+  int Add(int, BaseItem*) override { return Note("Add"), 0; }
+  int Remove(int) override { return Note("Remove"), 0; }
+  ErrFlag SetUp(void*) override { return Note("SetUp"), kSuccess; }
+  void SetObject(void*) override { Note("SetObject"); }
+  bool Init(void*) override { return Note("Init"), true; }
+  void Release() override { Note("Release"); }
+  BaseList* Run(int, BaseList*) override { return Note("Run"), nullptr; }
+};
+
+TEST(SlotOrder, Engine) {
+  Storage<Recorder<EngineNotes>> engine;
+  Call<void>(engine.Get(), 2);
+  Call<int, int, BaseItem*>(engine.Get(), 3, 0, nullptr);
+  Call<int, int>(engine.Get(), 4, 0);
+  Call<int, void*>(engine.Get(), 5, nullptr);
+  Call<void, void*>(engine.Get(), 6, nullptr);
+  Call<bool, void*>(engine.Get(), 7, nullptr);
+  Call<void>(engine.Get(), 8);
+  Call<void*, int, BaseList*>(engine.Get(), 9, 0, nullptr);
+  Call<void>(engine.Get(), 10);
+  Call<void>(engine.Get(), 0);
+  EXPECT_EQ(g_Notes, (Names{"Clear", "Add", "Remove", "SetUp", "SetObject", "Init", "Release", "Run",
+                            "behind", "destructor"}));
 }
 
 class RecordNotes : public BaseDB {
