@@ -3,8 +3,10 @@
 #include "host/horizon.h"
 
 #include <cstdio>
+#include <string>
 
 #include "common_interfaces/string_table.h"
+#include "host/host_texts.h"
 
 namespace skyview {
 namespace {
@@ -12,24 +14,9 @@ namespace {
 // Identifiers of the hemisphere letters.
 constexpr unsigned kWest = 965, kEast = 966, kNorth = 967, kSouth = 968;
 
-const char* GetLetter(unsigned id, const char* english) {
-  const char* letter = CommonInterfaces::QX4Strings::GetString(id, true);
-  return letter && *letter ? letter : english;
-}
-
-CompassLetters MakeCompassLetters() {
-  const CommonInterfaces::QX4Strings strings;
-  const char* north = GetLetter(kNorth, "N");
-  const char* east = GetLetter(kEast, "E");
-  const char* south = GetLetter(kSouth, "S");
-  const char* west = GetLetter(kWest, "W");
-  const char* const parts[8][2] = {{north, ""}, {north, east}, {east, ""}, {south, east},
-                                   {south, ""}, {south, west}, {west, ""}, {north, west}};
-  CompassLetters letters;
-  for (int i = 0; i < 8; ++i) {
-    std::snprintf(letters.text[i], sizeof letters.text[i], "%.7s%.7s", parts[i][0], parts[i][1]);
-  }
-  return letters;
+std::string GetLetter(unsigned id, const char* english) {
+  const char* text = CommonInterfaces::QX4Strings::GetString(id, true);
+  return text && *text ? ToUtf8(std::string(1, *text)) : english;
 }
 
 }  // namespace
@@ -40,8 +27,16 @@ void AppendAltitudeCircle(double altitude, std::vector<Direction>& points) {
   }
 }
 
-const CompassLetters& GetCompassLetters() {
-  static const CompassLetters letters = MakeCompassLetters();
+CompassLetters FetchCompassLetters() {
+  const CommonInterfaces::QX4Strings strings;
+  const std::string north = GetLetter(kNorth, "N"), east = GetLetter(kEast, "E"),
+                    south = GetLetter(kSouth, "S"), west = GetLetter(kWest, "W");
+  const std::string points[8] = {north, north + east, east, south + east,
+                                 south, south + west, west, north + west};
+  CompassLetters letters;
+  for (int i = 0; i < 8; ++i) {
+    std::snprintf(letters.text[i], sizeof letters.text[i], "%s", points[i].c_str());
+  }
   return letters;
 }
 

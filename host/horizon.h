@@ -20,11 +20,11 @@ void AppendAltitudeCircle(double altitude, std::vector<Direction>& points);
 
 // The letters of the eight directions from north over east: N, NE, E and so on.
 struct CompassLetters {
-  char text[8][16];
+  char text[8][16];  // zero-terminated UTF-8
 };
 
-// From the string table's hemisphere letters, the initials of the English names where it has none. Read from the
-// table once, at the first call.
-const CompassLetters& GetCompassLetters();
+// From the first characters of the string table's hemisphere letters, as UTF-8; the initials of the English names
+// where it has none.
+CompassLetters FetchCompassLetters();
 
 }  // namespace skyview

@@ -22,6 +22,9 @@ struct OptionText {
 constexpr OptionText kData = {"--data", "FOLDER", "data root (default: the one beside the program)"};
 constexpr OptionText kWork = {"--work", "FOLDER",
                               "work area, whose files hide those of the data root (default: none)"};
+constexpr OptionText kLanguage = {"--language", "LANG",
+                                  "language of all texts, one of those below languages in the data root "
+                                  "(default: en)"};
 constexpr OptionText kView = {"--view", "FILE[:ID]", "restore the view with this number, 1 when left out"};
 constexpr OptionText kTime = {"--time", "YYYY-MM-DD[THH:MM[:SS]][Z|+HH:MM]",
                               "moment, local in the zone unless Z or an offset stands behind it"};
@@ -49,7 +52,7 @@ struct BadOption {
 
 // The texts as they stand on the command line, before any is looked at.
 struct Texts {
-  std::string data, work, view, saveView, time, zone, place, look, zoom, size;
+  std::string data, work, language, view, saveView, time, zone, place, look, zoom, size;
   std::vector<std::string> out;
 };
 
@@ -59,6 +62,7 @@ void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
   };
   add(kData, texts.data);
   add(kWork, texts.work);
+  add(kLanguage, texts.language);
   add(kView, texts.view);
   add(kTime, texts.time);
   add(kZone, texts.zone);
@@ -105,8 +109,10 @@ void TakePictures(const std::vector<std::string>& names, Options& options) {
 Options Read(const CLI::App& app, const Texts& texts) {
   Options options;
   std::optional<PictureSize> size;
+  std::optional<std::string> language;
   Take(app, kData, texts.data, options.data, ParseName);
   Take(app, kWork, texts.work, options.work, ParseName);
+  Take(app, kLanguage, texts.language, language, ParseName);
   Take(app, kView, texts.view, options.view, ParseViewFile);
   Take(app, kTime, texts.time, options.time, ParseTime);
   Take(app, kZone, texts.zone, options.zone, ParseZone);
@@ -116,6 +122,7 @@ Options Read(const CLI::App& app, const Texts& texts) {
   Take(app, kSize, texts.size, size, ParseSize);
   Take(app, kSave, texts.saveView, options.saveView, ParseViewFile);
   if (size) options.size = *size;
+  if (language) options.language = *language;
   options.timeText = texts.time;
   TakePictures(texts.out, options);
   return options;

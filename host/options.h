@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/language.h"
 #include "host/option_values.h"
 
 namespace skyview {
@@ -14,6 +15,7 @@ namespace skyview {
 struct Options {
   std::optional<std::string> data;  // folder of the data root
   std::optional<std::string> work;  // folder of the work area
+  std::string language = kDefaultLanguage;
   std::optional<ViewFile> view;
   std::optional<ViewFile> saveView;
   std::optional<WrittenTime> time;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "host/caption.h"
 #include "host/painter_parts.h"
 
 namespace skyview {
@@ -142,10 +143,13 @@ void PaintFigures(const SkyFrame& frame, cairo_t* context) {
 
 // Darkens the foot of the picture so that the caption can be read whatever lies behind it.
 void PaintCaptionGround(const SkyFrame& frame, cairo_t* context) {
-  const double height = 80.0 * frame.GetUnit(), bottom = frame.GetHeight();
+  constexpr double kFade = 48.0;  // pixels of the standard picture above the text
+  const double text = frame.GetCaptionLineCount() * kCaptionLineStep;
+  const double height = (text + kFade) * frame.GetUnit();
+  const double bottom = frame.GetHeight();
   cairo_pattern_t* shade = cairo_pattern_create_linear(0.0, bottom - height, 0.0, bottom);
   cairo_pattern_add_color_stop_rgba(shade, 0.0, 0.01, 0.015, 0.03, 0.0);
-  cairo_pattern_add_color_stop_rgba(shade, 0.5, 0.01, 0.015, 0.03, 0.6);
+  cairo_pattern_add_color_stop_rgba(shade, kFade / (text + kFade), 0.01, 0.015, 0.03, 0.6);
   cairo_pattern_add_color_stop_rgba(shade, 1.0, 0.01, 0.015, 0.03, 0.8);
   cairo_set_source(context, shade);
   cairo_rectangle(context, 0.0, bottom - height, frame.GetWidth(), height);
@@ -169,7 +173,7 @@ void PaintFrame(const SkyFrame& frame, cairo_t* context) {
   for (auto star = frame.GetStars().rbegin(); star != frame.GetStars().rend(); ++star) {
     PaintStar(frame, *star, context);
   }
-  if (frame.HasCaption()) PaintCaptionGround(frame, context);
+  if (frame.GetCaptionLineCount() > 0) PaintCaptionGround(frame, context);
   PaintCompassMarks(frame, context);
   for (const auto& label : frame.GetLabels()) PaintLabel(frame, label, context);
   cairo_restore(context);

@@ -55,6 +55,7 @@ void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
     object.code = static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) *
                                      CommonInterfaces::kMagCodesPerMag);
     object.kind = GetFOURCC(FieldText(table, fields::kType));
+    object.number = static_cast<int>(FieldNumber(table, fields::kNumber, -1.0));
     object.largest = static_cast<float>(FieldNumber(table, fields::kLargestDimension, 0.0));
     object.smallest = static_cast<float>(FieldNumber(table, fields::kSmallestDimension, 0.0));
     object.label = DeepskyLabel(table);

@@ -14,6 +14,7 @@ struct DeepskyObject {
   Direction direction;  // J2000
   float code;           // magnitude code
   int kind;             // four-character code: "gala", "nebu", "clst", "dsnv"
+  int number;           // catalogue number, -1: none
   float largest;        // radians, 0 when unknown
   float smallest;       // radians, 0 when unknown
   std::string label;    // "M42", else the NGC or IC number, else the proper name

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "common_interfaces/clipping.h"
-#include "host/horizon.h"
+#include "host/caption.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -49,6 +49,10 @@ CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoi
 
 }  // namespace
 
+double GetPictureUnit(int width, int height) {
+  return std::clamp(std::sqrt(static_cast<double>(width) * height / (1600.0 * 1000.0)), 0.4, 6.0);
+}
+
 SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
     : m_Catalogs(catalogs),
       m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)),
@@ -57,6 +61,7 @@ SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
   AppendAltitudeCircle(0.0, m_AltitudeCircles);
   for (double altitude : kHazeAltitudes) AppendAltitudeCircle(altitude, m_AltitudeCircles);
   ReserveLists();
+  FetchTexts();
 }
 
 void SkyFrame::ReserveLists() {
@@ -84,7 +89,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   ++m_Number;
   m_Width = geometry.width;
   m_Height = geometry.height;
-  m_Unit = std::clamp(std::sqrt(static_cast<double>(m_Width) * m_Height / (1600.0 * 1000.0)), 0.4, 6.0);
+  m_Unit = GetPictureUnit(m_Width, m_Height);
   m_HideBelowHorizon = shown.horizon;
   m_PoolExhausted = false;
   m_Pool.clear(false);
@@ -110,9 +115,12 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
 }
 
 void SkyFrame::AddCaption() {
-  const double size = 13.0 * m_Unit, left = 14.0 * m_Unit;
-  if (*m_Caption.where) m_Labels.PlaceAt(m_Caption.where, {left, 2.6 * size}, size, LabelKind::kCaption);
-  if (*m_Caption.how) m_Labels.PlaceAt(m_Caption.how, {left, 1.1 * size}, size, LabelKind::kCaption);
+  double baseline = 1.1 * kCaptionFont * m_Unit;
+  for (auto line = m_Caption.rbegin(); line != m_Caption.rend(); ++line) {
+    m_Labels.PlaceAt(line->c_str(), {kCaptionLeft * m_Unit, baseline}, kCaptionFont * m_Unit,
+                     LabelKind::kCaption);
+    baseline += kCaptionLineStep * m_Unit;
+  }
 }
 
 void SkyFrame::AddMilkyWay(const ViewGeometry& geometry) {
@@ -140,7 +148,6 @@ void SkyFrame::AddHorizon(const ViewGeometry& geometry) {
 }
 
 void SkyFrame::AddCompass(const ViewGeometry& geometry) {
-  const CompassLetters& letters = GetCompassLetters();
   for (int i = 0; i < kCompassMarks; ++i) {
     const double azimuth = i * 2.0 * kPi / kCompassMarks;
     const auto p = geometry.Project(MakeDirection(-azimuth, 0.0), SkyFrameOf::kHorizon);
@@ -150,7 +157,7 @@ void SkyFrame::AddCompass(const ViewGeometry& geometry) {
     const CompassMark mark = {p, {(below.x - p.x) / length, (below.y - p.y) / length}, i % 4 == 0};
     m_Compass.push_back(mark);
     if (i % 2 != 0) continue;
-    AddCompassLetter(mark, letters.text[i / 2]);
+    AddCompassLetter(mark, m_CompassLetters.text[i / 2]);
   }
 }
 

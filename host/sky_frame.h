@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/object_outputs.h"
 #include "common_interfaces/output_pool.h"
 #include "host/class_limits.h"
+#include "host/horizon.h"
 #include "host/labels.h"
 #include "host/observer_frame.h"
 #include "host/shown_kinds.h"
@@ -40,12 +43,8 @@ struct CompassMark {
   bool main;  // north, east, south or west
 };
 
-// The text in the lower left corner of the picture, zero-terminated UTF-8.
-struct Caption {
-  static constexpr int kSize = 256;
-  char where[kSize] = "";
-  char how[kSize] = "";
-};
+// What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
+double GetPictureUnit(int width, int height);
 
 // Everything of one picture, computed and not yet painted. Coordinates are the camera's: pixels from the left and from
 // the bottom upwards. Objects below the horizon are left out while the horizon is shown.
@@ -57,8 +56,13 @@ class SkyFrame {
  public:
   explicit SkyFrame(const SkyCatalogs& catalogs);
 
-  void SetCaption(const Caption& caption) { m_Caption = caption; }
-  bool HasCaption() const { return *m_Caption.where || *m_Caption.how; }
+  // The lines of text in the lower left corner (MakeCaption), UTF-8, for the frames that follow.
+  void SetCaption(std::vector<std::string> lines) { m_Caption = std::move(lines); }
+  int GetCaptionLineCount() const { return static_cast<int>(m_Caption.size()); }
+
+  // Takes the letters of the compass from the string table, as the construction does. To be called when the language
+  // has changed.
+  void FetchTexts() { m_CompassLetters = FetchCompassLetters(); }
 
   // The camera must be prepared (PrepareObserver) for the same moment.
   void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
@@ -66,7 +70,7 @@ class SkyFrame {
 
   int GetWidth() const { return m_Width; }
   int GetHeight() const { return m_Height; }
-  double GetUnit() const { return m_Unit; }  // what one pixel of the standard picture of 1600 x 1000 is here
+  double GetUnit() const { return m_Unit; }  // GetPictureUnit of the window
   const SkyCatalogs& GetCatalogs() const { return m_Catalogs; }
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
   const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
@@ -113,7 +117,8 @@ class SkyFrame {
   RegionPicture m_Ground;
   std::vector<CompassMark> m_Compass;
   LabelPlacer m_Labels;
-  Caption m_Caption;
+  CompassLetters m_CompassLetters;
+  std::vector<std::string> m_Caption;
 };
 
 }  // namespace skyview

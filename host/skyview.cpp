@@ -5,12 +5,15 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/string_table.h"
+#include "host/caption.h"
 #include "host/diagnostics.h"
+#include "host/language.h"
 #include "host/options.h"
 #include "host/picture_file.h"
 #include "host/report.h"
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
+#include "host/status.h"
 #include "host/view_state.h"
 #include "utils/text.h"
 
@@ -30,8 +33,8 @@ int Fail(const std::string& message, int code, std::ostream& errors) {
   return code;
 }
 
-bool SetUpRoots(const Options& options, const std::string& programFolder, std::string& error) {
-  std::string data;
+bool SetUpRoots(const Options& options, const std::string& programFolder, std::string& data,
+                std::string& error) {
   if (options.data) {
     data = *options.data;
   } else if (!FindDataRoot(programFolder, data, error)) {
@@ -49,20 +52,20 @@ struct Session {
 
 bool Draw(const Options& options, Session& session, std::ostream& output, std::string& error) {
   const ObserverFrame observer = PrepareObserver(session.camera);
+  const auto status = MakeStatus(session.camera, session.catalogs);
   SkyFrame frame(session.catalogs);
-  frame.SetCaption(MakeCaption(session.camera));
+  frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
   frame.Compute(session.camera, observer, ReadShownKinds(session.settings));
   for (const auto& name : options.out) {
     if (!WritePicture(frame, name, error)) return false;
   }
   if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
-  output << MakeReport(session.camera, frame);
+  output << MakeReport(session.camera, status, frame);
   return true;
 }
 
 int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
   QX4Strings::SetProgrmaNameId(kProgramNameText);
-  const QX4Strings strings;
   Session session;
   std::string error;
   if (!session.settings.Read(nullptr)) {
@@ -95,8 +98,13 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   }
   if (parsed.outcome == ParseOutcome::kBad) return Fail(parsed.message, kBadOption, errors);
   Diagnostics diagnostics;
-  std::string error;
-  if (!SetUpRoots(parsed.options, programFolder, error)) return Fail(error, kBadData, errors);
+  std::string data, error;
+  if (!SetUpRoots(parsed.options, programFolder, data, error)) return Fail(error, kBadData, errors);
+  // Nobody has taken a text yet.
+  if (!SwitchLanguage(
+          data, parsed.options.language, [] {}, error)) {
+    return Fail("--language '" + parsed.options.language + "': " + error, kBadOption, errors);
+  }
   return Show(parsed.options, diagnostics, output, errors);
 }
 

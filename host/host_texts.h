@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// skyview's own texts in the string table, in the range of numbers that belongs to applications, and the way of all
+// texts to the outside: in memory they are in the code page of the language, printed and drawn they are UTF-8.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "common_interfaces/text_formats.h"
+
+namespace skyview {
+
+enum class HostText : int {
+  kPlace = 900001,
+  kCoordinates,
+  kDate,
+  kCentre,
+  kDirection,
+  kUniversalTime,
+  kLocalTime,
+  kRefraction,
+  kMagnitudeLimits,
+  kStarsDrawn,
+  kDeepskyDrawn,
+  kZoomOfView,
+  kZoom,
+  kLimitsOfClass,
+  kFirstClass = 900021,    // the classes of objects in the order of the report
+  kEarthAsPlace = 900100,  // the Earth as it follows the captions of the place
+  kFirstPlanet = 900101,   // names of the planets by number, Mercury to Pluto
+  kSun = 900110,
+  kMoon = 900111,
+};
+
+// What is done with each of them, ascending by identifier. Static data.
+const CommonInterfaces::TextUse* GetHostTexts(int* count);
+
+// The text, formatted with its arguments, which are in the code page of the language, as the result is. "" when the
+// table lacks it or it does not fit, with one diagnostic line.
+std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments);
+
+// From and to the code page of the current language. A character that the page lacks becomes '?'.
+std::string ToUtf8(const std::string& text);
+std::string ToCodePage(const std::string& utf8);
+
+}  // namespace skyview
