@@ -10,22 +10,26 @@ namespace CommonInterfaces {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 256;  // what callers are told to provide
+constexpr int kBufferSize = 256;  // what callers are told to provide
 
 }  // namespace
 
 std::string FormatDate(const char* format, ...) {
+  char text[kBufferSize];  // long enough but for a month's name of that size
   std::va_list arguments;
   va_start(arguments, format);
   std::va_list again;
   va_copy(again, arguments);
-  const int length = std::vsnprintf(nullptr, 0, format, arguments);
+  const int length = std::vsnprintf(text, sizeof text, format, arguments);
   va_end(arguments);
-  std::string text(static_cast<std::size_t>(std::max(length, 0)), '\0');
-  // One byte more than the text: the terminating zero goes where a string keeps its own.
-  std::vsnprintf(text.data(), text.size() + 1, format, again);
+  std::string result(text, static_cast<std::size_t>(std::clamp(length, 0, kBufferSize - 1)));
+  if (length >= kBufferSize) {
+    result.resize(static_cast<std::size_t>(length));
+    // One byte more than the text: the terminating zero goes where a string keeps its own.
+    std::vsnprintf(result.data(), result.size() + 1, format, again);
+  }
   va_end(again);
-  return text;
+  return result;
 }
 
 std::string FormatShortDate(int dateFormat, const short* date) {
