@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Numbers are converted here and not by the C library, whose decimal point is that of the process's locale.
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <system_error>
+
+#include "common_interfaces/record_lines.h"
+#include "text/record_lines_inside.h"
+
+namespace CommonInterfaces::record_lines {
+
+namespace {
+
+constexpr int kExactDigits = 15;  // every integer of so many digits is a double
+constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kExactPower = 22;  // and every power of ten up to this
+constexpr int kLargestExponent = 100000000;
+
+// The number at the start of a run: [begin, end) is its text, digits * 10^exponent its value.
+struct Decimal {
+  const char* begin;
+  const char* end;
+  unsigned long long digits;  // wrapped when there are more than kExactDigits
+  int digitCount;             // 0: no number; counts leading zeros, and no further than matters
+  int exponent;
+  bool isNegative;
+};
+
+inline const char* ScanDigits(const char* text, Decimal& number) {
+  const char* const start = text;
+  for (; Is(*text, kDigit); ++text) number.digits = number.digits * 10 + static_cast<unsigned>(*text - '0');
+  const auto count = text - start;
+  number.digitCount += count <= kExactDigits ? static_cast<int>(count) : kExactDigits + 1;
+  return text;
+}
+
+// An exponent counts only if it has a digit; one beyond any double stops growing.
+inline void ScanExponent(Decimal& number) {
+  const char* text = number.end;
+  if (*text != 'e' && *text != 'E') return;
+  ++text;
+  const bool isNegative = *text == '-';
+  if (isNegative) ++text;
+  if (!Is(*text, kDigit)) return;
+  int exponent = 0;
+  for (; Is(*text, kDigit); ++text) {
+    if (exponent < kLargestExponent) exponent = exponent * 10 + (*text - '0');
+  }
+  number.exponent += isNegative ? -exponent : exponent;
+  number.end = text;
+}
+
+inline Decimal Scan(const char* text) {
+  Decimal number = {text, text, 0, 0, 0, *text == '-'};
+  if (number.isNegative) ++text;
+  text = ScanDigits(text, number);
+  if (*text == '.') {
+    const char* const fraction = text + 1;
+    text = ScanDigits(fraction, number);
+    // Beyond the exact digits the exponent is not used, so a fraction of any length may be counted short.
+    number.exponent = text - fraction <= kExactDigits ? -static_cast<int>(text - fraction) : 0;
+  }
+  number.end = text;
+  if (number.digitCount != 0) ScanExponent(number);
+  return number;
+}
+
+// The power of ten of the first digit that is not 0, of a number of any length.
+long long FindMagnitude(const Decimal& number) {
+  const char* text = number.begin + (number.isNegative ? 1 : 0);
+  long long magnitude = 0;
+  while (*text == '0') ++text;
+  if (*text != '.') {
+    for (; Is(*text, kDigit); ++text) ++magnitude;
+  } else {
+    for (++text; *text == '0'; ++text) --magnitude;
+  }
+  while (text != number.end && *text != 'e' && *text != 'E') ++text;
+  if (text == number.end) return magnitude;
+  Decimal exponent = {text, text, 0, 0, 0, false};
+  ScanExponent(exponent);
+  return magnitude + exponent.exponent;
+}
+
+// Long numbers and far exponents; the library's own converter rounds them correctly but says only that a number is out
+// of range, not on which side.
+double ConvertSlowly(const Decimal& number) {
+  double value = 0.0;
+  const auto result = std::from_chars(number.begin, number.end, value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  return std::copysign(FindMagnitude(number) > 0 ? HUGE_VAL : 0.0, number.isNegative ? -1.0 : 1.0);
+}
+
+// Both operands of the quick way are exact, so its one operation rounds correctly (W. D. Clinger, "How to read
+// floating point numbers accurately", 1990).
+inline double Convert(const Decimal& number) {
+  if (number.digitCount == 0) return 0.0;
+  const int exponent = number.exponent;
+  if (number.digitCount > kExactDigits || exponent < -kExactPower || exponent > kExactPower) {
+    return ConvertSlowly(number);
+  }
+  const auto digits = static_cast<double>(static_cast<long long>(number.digits));
+  const double value = exponent < 0 ? digits / kExactPowers[-exponent] : digits * kExactPowers[exponent];
+  return number.isNegative ? -value : value;
+}
+
+inline int TakeInteger(char*& cursor) {
+  unsigned number = 0;
+  for (; Is(*cursor, kDigit); ++cursor) {
+    const auto digit = static_cast<unsigned>(*cursor - '0');
+    number = number > (INT_MAX - digit) / 10 ? static_cast<unsigned>(INT_MAX) : number * 10 + digit;
+  }
+  return static_cast<int>(number);
+}
+
+}  // namespace
+
+double TakeReal(char*& cursor) {
+  const Decimal number = Scan(cursor);
+  cursor += number.end - number.begin;
+  while (Is(*cursor, kNumberPart)) ++cursor;
+  return Convert(number);
+}
+
+}  // namespace CommonInterfaces::record_lines
+
+using namespace CommonInterfaces::record_lines;
+
+int GetSign(char*& cursor) { return TakeSign(cursor); }
+
+int GetLong1(char*& cursor, int& value) {
+  if (Is(*cursor, kNumberStop)) return 0;
+  value = TakeInteger(cursor);
+  return 1;
+}
+
+int GetDouble(char*& cursor, double& value) {
+  if (Is(*cursor, kNumberStop)) return 0;
+  value = TakeReal(cursor);
+  return 1;
+}
+
+int GetRGB(char* text, short& r, short& g, short& b) {
+  int colours[3];
+  for (int& colour : colours) {
+    SkipBlanks(text);
+    if (!GetLong1(text, colour)) return 0;
+  }
+  r = static_cast<short>(colours[0]);
+  g = static_cast<short>(colours[1]);
+  b = static_cast<short>(colours[2]);
+  return 1;
+}
