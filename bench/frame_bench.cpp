@@ -19,14 +19,15 @@
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
 #include "scratch_file.h"
+#include "utils/program.h"
 
 namespace {
 
 // The data root of the build tree, beside this program.
 bool LoadShippedCatalogs(skyview::SkyCatalogs& catalogs, std::string& error) {
   std::string root;
-  return skyview::FindDataRoot(skyview::GetProgramFolder(), root, error) &&
-         skyview::SetSkyRoots(root, "", error) && skyview::LoadSkyCatalogs(catalogs, error);
+  return skyview::FindDataRoot(GetProgramFolder(), root, error) && skyview::SetSkyRoots(root, "", error) &&
+         skyview::LoadSkyCatalogs(catalogs, error);
 }
 
 // Stars spread evenly over the sphere; their numbers grow threefold a magnitude, as on the sky, down to magnitude 12.

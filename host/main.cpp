@@ -4,8 +4,8 @@
 
 #include "host/sky_roots.h"
 #include "host/skyview.h"
+#include "utils/program.h"
 
 int main(int argumentCount, char** arguments) {
-  return skyview::Run({arguments + 1, arguments + argumentCount}, skyview::GetProgramFolder(), std::cout,
-                      std::cerr);
+  return skyview::Run({arguments + 1, arguments + argumentCount}, GetProgramFolder(), std::cout, std::cerr);
 }

@@ -6,11 +6,8 @@
 
 namespace skyview {
 
-// The folder that the running program lies in; "" when the system does not tell.
-std::string GetProgramFolder();
-
 // The data root beside the program: ../share/common_interfaces/data of an installed one, ../data of one in a build
-// tree. `programFolder` is where the program lies. False when neither is a data root: `root` is then unchanged and
+// tree. `programFolder`: GetProgramFolder of utils. False when neither is a data root: `root` is then unchanged and
 // `error` one line that names both.
 bool FindDataRoot(const std::string& programFolder, std::string& root, std::string& error);
 

@@ -12,6 +12,7 @@
 #include "utils/geometry.h"
 #include "utils/locale.h"
 #include "utils/path.h"
+#include "utils/program.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 #include "utils/version.h"
