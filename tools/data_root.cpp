@@ -10,6 +10,7 @@
 #include "tools/settings_parser.h"
 #include "tools/source_error.h"
 #include "tools/strings_check.h"
+#include "tools/year_limits.h"
 
 namespace skydata {
 namespace {
@@ -60,6 +61,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "settings", "", out, files);
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
+  files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
   return static_cast<int>(files.size());
 }

@@ -35,7 +35,7 @@ class DataRoot : public testing::Test {
 
 TEST_F(DataRoot, HasEveryFileOfTheLayout) {
   for (const char* name : {"qxstrings.txt", "filters.data", "FilterCorrection.data", "views/orion.data",
-                           "views/southern_cross.data", "views/pleiades.data"}) {
+                           "views/southern_cross.data", "views/pleiades.data", "media/time_interval.ini"}) {
     EXPECT_FALSE(m_Roots.dir.Read(std::string("data/") + name).empty()) << name;
   }
   for (const char* name : {"stars", "deepsky", "constellations", "constellation_lines", "milkyway"}) {
