@@ -57,8 +57,8 @@ void ForEveryDay(int step, Check check) {
   CountedDay counted;
   int days = 0;
   for (; counted.year <= 9999; counted.Advance(), ++days) {
-    if (days % step == 0)
-      ASSERT_TRUE(check(counted)) << counted.year << ' ' << counted.month << ' ' << counted.day;
+    if (days % step != 0) continue;
+    ASSERT_TRUE(check(counted)) << counted.year << ' ' << counted.month << ' ' << counted.day;
   }
   EXPECT_EQ(days, kDays);
   EXPECT_EQ(counted.number, 5373485);  // 1 January 10000
