@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "common_interfaces/settings_field.h"
 #include "utils/bytes.h"
-#include "utils/file.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -19,7 +19,8 @@ constexpr int kTypeOffset = 8;  // where section and name end and both layouts a
 // An old record holds 32 bytes of name where a current one holds 4 bytes of name id.
 constexpr int kOldLayoutExcess = kOldNameSize - 4;
 
-bool ReadLength(MFile& file, int& length) {
+template <class Source>
+bool ReadLength(Source& file, int& length) {
   unsigned char bytes[kLengthSize];
   if (file.Read(bytes, kLengthSize) < kLengthSize) return false;
   length = static_cast<int>(LoadLE32(bytes));
@@ -27,7 +28,8 @@ bool ReadLength(MFile& file, int& length) {
 }
 
 // Reads the bytes of `data` from `offset` to its end, or releases it.
-bool ReadRest(MFile& file, FieldData* data, int size, int offset, FieldRecord& record) {
+template <class Source>
+bool ReadRest(Source& file, FieldData* data, int size, int offset, FieldRecord& record) {
   const auto count = static_cast<unsigned>(size - offset);
   if (file.Read(reinterpret_cast<unsigned char*>(data) + offset, count) < count) {
     FreeFieldData(data);
@@ -37,7 +39,8 @@ bool ReadRest(MFile& file, FieldData* data, int size, int offset, FieldRecord& r
   return true;
 }
 
-bool ReadCurrentLayout(MFile& file, int length, FieldRecord& record) {
+template <class Source>
+bool ReadCurrentLayout(Source& file, int length, FieldRecord& record) {
   if (length == 0) {
     record = {nullptr, 0};
     return true;
@@ -46,7 +49,8 @@ bool ReadCurrentLayout(MFile& file, int length, FieldRecord& record) {
   return ReadRest(file, AllocateFieldData(length), length, 0, record);
 }
 
-bool ReadOldLayout(MFile& file, int length, FieldRecord& record) {
+template <class Source>
+bool ReadOldLayout(Source& file, int length, FieldRecord& record) {
   const int size = length - kOldLayoutExcess;
   if (size < kFieldHeaderSize) return false;
   // A short read of these two needs no test of its own: the rest of the record is then short as well.
@@ -77,16 +81,20 @@ FieldData* CopyFieldData(const FieldData* data, int size) {
 unsigned HeldElements(const FieldData& data, int recordSize) {
   const unsigned width = FieldElementWidth(data.type);
   const unsigned claimed = data.size;
-  return width == 0 ? claimed
-                    : std::min(claimed, static_cast<unsigned>(recordSize - kFieldHeaderSize) / width);
+  const auto room = static_cast<unsigned>(recordSize - kFieldHeaderSize);
+  return claimed * width <= room ? claimed : room / width;
 }
 
-bool ReadFieldRecord(MFile& file, bool oldLayout, FieldRecord& record) {
+template <class Source>
+bool ReadFieldRecord(Source& source, bool oldLayout, FieldRecord& record) {
   record = {};
   int length = 0;
-  if (!ReadLength(file, length)) return false;
-  return oldLayout ? ReadOldLayout(file, length, record) : ReadCurrentLayout(file, length, record);
+  if (!ReadLength(source, length)) return false;
+  return oldLayout ? ReadOldLayout(source, length, record) : ReadCurrentLayout(source, length, record);
 }
+
+template bool ReadFieldRecord(MFile& source, bool oldLayout, FieldRecord& record);
+template bool ReadFieldRecord(BufferedFile& source, bool oldLayout, FieldRecord& record);
 
 bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
   unsigned char length[kLengthSize];
@@ -95,5 +103,7 @@ bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
   const auto size = static_cast<unsigned>(record.size);
   return size == 0 || file.Write(record.data, size) == size;
 }
+
+SettingField* MakeField(const FieldRecord& record) { return new SettingField(record.data, record.size); }
 
 }  // namespace CommonInterfaces

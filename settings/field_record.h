@@ -6,10 +6,12 @@
 #pragma once
 
 #include "common_interfaces/field_data.h"
-
-class MFile;
+#include "settings/buffered_file.h"
+#include "utils/file.h"
 
 namespace CommonInterfaces {
+
+class SettingField;
 
 // What reading a record yields.
 struct FieldRecord {
@@ -28,10 +30,14 @@ unsigned HeldElements(const FieldData& data, int recordSize);
 
 // Reads a length and a record that is at least a whole header and at most kMaxFieldRecordSize long. False
 // when that fails: `record` is then {null, -1}. A length of 0 in the current layout is a record of no bytes,
-// {null, 0}.
-bool ReadFieldRecord(MFile& file, bool oldLayout, FieldRecord& record);
+// {null, 0}. Source: MFile or BufferedFile, which stands behind the bytes that were read, wherever that is.
+template <class Source>
+bool ReadFieldRecord(Source& source, bool oldLayout, FieldRecord& record);
 
 // Writes a length and that many bytes. False when not all could be written.
 bool WriteFieldRecord(MFile& file, const FieldRecord& record);
+
+// A field that takes the record over. The caller owns it.
+SettingField* MakeField(const FieldRecord& record);
 
 }  // namespace CommonInterfaces

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
 
+#include "settings/field_record.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
 
@@ -61,11 +61,11 @@ bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields) {
   // file.
   fields.reserve(fields.size() +
                  static_cast<std::size_t>(std::min(count, RestOfFile(file) / kSmallestField)));
+  BufferedFile source(file);
   for (int i = 0; i < count; ++i) {
-    auto field = std::make_unique<SettingField>(&file, nullptr, 0);
-    if (!field->IsOk()) return false;
-    fields.push_back(field.get());
-    field.release();
+    FieldRecord record;
+    if (!ReadFieldRecord(source, SettingField::IsOldSettings(), record) || !record.data) return false;
+    fields.push_back(MakeField(record));
   }
   return true;
 }

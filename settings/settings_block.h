@@ -35,7 +35,8 @@ bool FindBlock(MFile& file, unsigned owner, unsigned id);
 bool ReadSectionRecords(MFile& file, std::vector<SectionRecord>& sections);
 
 // Reads the fields of a block and appends them; the caller owns them. False for a count that is missing or
-// negative and at the first field that cannot be read; the fields before it are appended.
+// negative and at the first field that cannot be read; the fields before it are appended. The file then stands
+// somewhere behind what was read.
 bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields);
 
 SectionRecord LoadSectionRecord(const unsigned char* from);

@@ -8,6 +8,7 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
 #include "settings/settings_block.h"
+#include "settings/settings_tables.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -15,7 +16,7 @@ namespace CommonInterfaces {
 
 void SettingsData::Reserve(int count) {
   const int room = std::min(count, kMaxFields - GetFieldCount());
-  if (room > 0) m_Fields.reserve(m_Fields.size() + static_cast<std::size_t>(room));
+  if (room > 0) m_Fields.reserve(static_cast<std::size_t>(GetFieldCount() + room));
 }
 
 int SettingsData::CreateField(const FieldData* data, int size, bool allowExisting) {
@@ -24,10 +25,9 @@ int SettingsData::CreateField(const FieldData* data, int size, bool allowExistin
     return -1;
   }
   const int sectionIndex = FindSection(data->section, false);
-  const int existing = sectionIndex < 0 ? -1 : FindInRun(GetRunOf(sectionIndex), data->nameId);
-  if (existing >= 0) {
+  if (const SettingField* existing = sectionIndex < 0 ? nullptr : FindInSection(sectionIndex, data->nameId)) {
     // Minus zero is zero: the field at index 0 looks like a new one, deliberately. Callers take 0 as success.
-    if (allowExisting) return -existing;
+    if (allowExisting) return -FindPlace(sectionIndex, existing);
     PrintDebugString("Field %d in section %x already exist\n", data->nameId, data->section);
     return -1;
   }
@@ -35,38 +35,53 @@ int SettingsData::CreateField(const FieldData* data, int size, bool allowExistin
     PrintDebugString("No room for field %d in section %x\n", data->nameId, data->section);
     return -1;
   }
-  return sectionIndex < 0 ? AppendSection(data, size) : InsertIntoSection(sectionIndex, data, size);
+  auto* const field = new SettingField(nullptr, data, static_cast<unsigned>(size));
+  return sectionIndex < 0 ? AppendSection(field) : InsertIntoSection(sectionIndex, field);
 }
 
-int SettingsData::AppendSection(const FieldData* data, int size) {
-  const auto index = static_cast<unsigned short>(GetFieldCount());
-  m_Fields.push_back(new SettingField(nullptr, data, static_cast<unsigned>(size)));
-  m_Sections.push_back({data->section, kNoSection, index, index, 0});
-  return index;
+int SettingsData::AppendSection(SettingField* field) {
+  const int place = GetFieldCount();
+  const auto index = static_cast<unsigned short>(place);
+  m_Sections.push_back({field->GetSection(), kNoSection, index, index, 0});
+  m_Tables->waiting.Add(m_Fields, place, field);
+  m_Tables->index.NoteNewSection(field->GetSection(), GetSectionCount() - 1);
+  m_Tables->index.NoteNewField(GetSectionCount() - 1, field);
+  return place;
 }
 
-int SettingsData::InsertIntoSection(int sectionIndex, const FieldData* data, int size) {
-  if (m_Fields.size() == m_Fields.capacity()) m_Fields.reserve(m_Fields.size() + 100);
-  const Run run = GetRunOf(sectionIndex);
-  m_Fields.insert(m_Fields.begin() + run.end, new SettingField(nullptr, data, static_cast<unsigned>(size)));
+int SettingsData::InsertIntoSection(int sectionIndex, SettingField* field) {
+  const FieldRun run = GetRunOf(sectionIndex);
+  m_Tables->waiting.Add(m_Fields, run.end, field);
   // Setting both ends changes a whole run by one at its end, and mends one that a file gave wrong.
   SectionRecord& section = m_Sections[static_cast<std::size_t>(sectionIndex)];
   section.first = static_cast<unsigned short>(run.begin);
   section.last = static_cast<unsigned short>(run.end);
   ShiftSectionsAfter(sectionIndex, 1);
+  m_Tables->index.NoteNewField(sectionIndex, field);
   return run.end;
 }
 
 bool SettingsData::DeleteField(const char* name, int section) {
   const int sectionIndex = FindSection(static_cast<unsigned>(section), false);
-  const int index = sectionIndex < 0 ? -1 : FindInRun(GetRunOf(sectionIndex), ::GetUniqueID(name));
-  if (index < 0) return false;
-  delete GetFieldAt(index);
-  m_Fields.erase(m_Fields.begin() + index);
+  SettingField* const field = sectionIndex < 0 ? nullptr : FindInSection(sectionIndex, ::GetUniqueID(name));
+  if (!field) return false;
+  const int place = FindPlace(sectionIndex, field);
+  m_Tables->index.NoteDeletedField(sectionIndex, field->GetNameId(), FindNextOfName(sectionIndex, place));
+  delete field;
+  Fields().erase(Fields().begin() + place);
   SectionRecord& record = m_Sections[static_cast<std::size_t>(sectionIndex)];
   record.last = static_cast<unsigned short>(record.last - 1);
   ShiftSectionsAfter(sectionIndex, -1);
   return true;
+}
+
+// The next field of the section that has the name of the field at `place`: a file may hold several.
+SettingField* SettingsData::FindNextOfName(int sectionIndex, int place) const {
+  const int nameId = GetFieldAt(place)->GetNameId();
+  const FieldRun run = GetRunOf(sectionIndex);
+  for (int i = place + 1; i < run.end; ++i)
+    if (GetFieldAt(i)->GetNameId() == nameId) return GetFieldAt(i);
+  return nullptr;
 }
 
 // Modulo 2^16, so that an index that a file gave wrong comes back to itself.

@@ -8,6 +8,7 @@
 #include "common_interfaces/queries.h"
 #include "common_interfaces/settings_field.h"
 #include "settings/settings_block.h"
+#include "settings/settings_tables.h"
 #include "utils/file.h"
 #include "utils/path.h"
 #include "utils/version.h"
@@ -18,7 +19,10 @@ bool SettingsData::s_ModifyFlag = false;
 unsigned SettingsData::s_WorkspaceVersion = 0;
 
 SettingsData::SettingsData(unsigned id, unsigned owner, const char* fileName)
-    : m_Owner(owner), m_FileName(ZentharPath::GetPath(fileName)), m_ID(id) {
+    : m_Owner(owner),
+      m_FileName(ZentharPath::GetPath(fileName)),
+      m_ID(id),
+      m_Tables(std::make_unique<Tables>()) {
   s_WorkspaceVersion = GetWorkspaceVersion();
   LoadCorrectionFields();
 }
@@ -32,8 +36,8 @@ SettingsData& SettingsData::operator=(const SettingsData& other) {
   DeleteFields();
   m_Owner = other.m_Owner;
   m_Sections = other.m_Sections;
-  m_Fields.reserve(other.m_Fields.size());
-  for (const SettingField* field : other.m_Fields) m_Fields.push_back(new SettingField(*field));
+  m_Fields.reserve(other.Fields().size());
+  for (const SettingField* field : other.Fields()) m_Fields.push_back(new SettingField(*field));
   m_CurSection = other.m_CurSection;
   m_FileName = other.m_FileName;
   m_ID = other.m_ID;
@@ -42,8 +46,9 @@ SettingsData& SettingsData::operator=(const SettingsData& other) {
 
 // Everything that depends on the fields goes with them.
 void SettingsData::DeleteFields() {
-  for (SettingField* field : m_Fields) delete field;
+  for (SettingField* field : Fields()) delete field;
   m_Fields.clear();
+  m_Tables->index.Forget();
   delete m_pAimQuery;
   m_pAimQuery = nullptr;
   m_Reserved.clear();
@@ -98,7 +103,7 @@ bool SettingsData::GetModifyFlag() { return s_ModifyFlag; }
 void SettingsData::SetModifyFlag(bool modified) { s_ModifyFlag = modified; }
 
 SettingField* SettingsData::GetFieldAt(int index) const {
-  return index < 0 || index >= GetFieldCount() ? nullptr : m_Fields[static_cast<std::size_t>(index)];
+  return index < 0 || index >= GetFieldCount() ? nullptr : Fields()[static_cast<std::size_t>(index)];
 }
 
 const SectionRecord* SettingsData::GetSectionAt(int index) const {

@@ -18,10 +18,11 @@ namespace CommonInterfaces {
 int GetUniqueID(const char* name) { return ::GetUniqueID(name ? name : ""); }
 
 bool SettingField::m_sOldSettings = false;
+unsigned SettingField::m_sNameChanges = 0;
 
 SettingField::SettingField(MFile* file, const FieldData* data, unsigned size) {
   if (!data) {
-    Read(file);
+    ReadRecord(file);
   } else if (size >= kFieldHeaderSize && size <= kMaxFieldRecordSize) {
     m_RecordSize = static_cast<int>(size);
     m_pFieldData = CopyFieldData(data, m_RecordSize);
@@ -42,6 +43,12 @@ SettingField::SettingField(const SettingField& other) : m_RecordSize(0) {
 }
 
 SettingField SettingField::operator=(const SettingField& other) {
+  Assign(other);
+  return *this;
+}
+
+void SettingField::Assign(const SettingField& other) {
+  const int earlierName = GetNameId();
   DeleteQuery();
   if (other.m_pFieldData) {
     if (m_RecordSize != other.m_RecordSize) {
@@ -59,7 +66,7 @@ SettingField SettingField::operator=(const SettingField& other) {
     m_RecordSize = 0;
     m_bModified = false;
   }
-  return *this;
+  NoteNameChange(earlierName);
 }
 
 // m_pSavedData is deliberately not released: an undo that nobody asked for outlives its field. Whoever stores
@@ -70,7 +77,14 @@ SettingField::~SettingField() {
 }
 
 void SettingField::SetNameId(int nameId) {
+  const int earlier = GetNameId();
   if (m_pFieldData) m_pFieldData->nameId = nameId;
+  NoteNameChange(earlier);
+}
+
+// Everything that may leave another name ends here.
+void SettingField::NoteNameChange(int earlier) {
+  if (GetNameId() != earlier) ++m_sNameChanges;
 }
 
 unsigned SettingField::GetSize() const {
@@ -78,6 +92,13 @@ unsigned SettingField::GetSize() const {
 }
 
 bool SettingField::Read(MFile* file) {
+  const int earlierName = GetNameId();
+  const bool ok = ReadRecord(file);
+  NoteNameChange(earlierName);
+  return ok;
+}
+
+bool SettingField::ReadRecord(MFile* file) {
   // The record goes, and a query of it would no longer answer to the modified flag.
   DeleteQuery();
   FieldRecord record;

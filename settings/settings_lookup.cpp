@@ -7,6 +7,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "settings/field_values.h"
+#include "settings/settings_tables.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -18,36 +19,42 @@ void PrintNoCurrentSection() { PrintDebugString("Current section in file filters
 
 }  // namespace
 
+std::vector<SettingField*>& SettingsData::Fields() const {
+  if (!m_Tables->waiting.IsEmpty()) m_Tables->waiting.MakeIn(m_Fields);
+  return m_Fields;
+}
+
+int SettingsData::GetFieldCount() const {
+  return static_cast<int>(m_Fields.size()) + m_Tables->waiting.GetCount();
+}
+
 int SettingsData::FindSection(unsigned id, bool withAlias) const {
-  // "No alias" is not an alias that anything could be found by.
-  const bool alias = withAlias && id != kNoSection;
-  const auto found =
-      std::find_if(m_Sections.begin(), m_Sections.end(), [id, alias](const SectionRecord& section) {
-        return section.id == id || (alias && section.alias == id);
-      });
-  return found == m_Sections.end() ? -1 : static_cast<int>(found - m_Sections.begin());
+  FieldIndex& index = m_Tables->index;
+  if (!index.KnowsSections()) index.GatherSections(m_Sections);
+  return index.FindSection(id, withAlias);
 }
 
-// Indices come from files: the run is cut to the fields that exist.
-SettingsData::Run SettingsData::GetRun(const SectionRecord& section) const {
-  const int count = GetFieldCount();
-  const int begin = std::min<int>(section.first, count);
-  const int end = section.last == 0xFFFF ? 0 : section.last + 1;
-  return {begin, std::max(begin, std::min(end, count))};
+FieldRun SettingsData::GetRunOf(int sectionIndex) const {
+  return RunOf(m_Sections[static_cast<std::size_t>(sectionIndex)], GetFieldCount());
 }
 
-SettingsData::Run SettingsData::GetRunOf(int sectionIndex) const {
-  return GetRun(m_Sections[static_cast<std::size_t>(sectionIndex)]);
-}
-
-int SettingsData::FindInRun(Run run, int nameId) const {
-  for (int i = run.begin; i < run.end; ++i)
-    if (GetFieldAt(i)->GetNameId() == nameId) return i;
-  return -1;
+SettingField* SettingsData::FindInSection(int sectionIndex, int nameId) const {
+  FieldIndex& index = m_Tables->index;
+  if (!index.KnowsFields()) index.GatherFields(m_Sections, Fields());
+  return index.FindInSection(sectionIndex, nameId);
 }
 
 SettingField* SettingsData::FindAnywhere(int nameId) const {
-  return GetFieldAt(FindInRun({0, GetFieldCount()}, nameId));
+  FieldIndex& index = m_Tables->index;
+  if (!index.KnowsAllFields()) index.GatherAllFields(Fields());
+  return index.FindAnywhere(nameId);
+}
+
+// The index of a field that the section has.
+int SettingsData::FindPlace(int sectionIndex, const SettingField* field) const {
+  const FieldRun run = GetRunOf(sectionIndex);
+  const auto fields = Fields().begin();
+  return static_cast<int>(std::find(fields + run.begin, fields + run.end, field) - fields);
 }
 
 SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
@@ -59,7 +66,7 @@ SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
     return nullptr;
   }
   SettingField* last = nullptr;
-  const Run run = GetRunOf(m_CurSection);
+  const FieldRun run = GetRunOf(m_CurSection);
   for (int i = run.begin; i < run.end; ++i)
     if (Describes(*GetFieldAt(i), object)) last = GetFieldAt(i);
   if (previous != 0 && previous != kNoSection) SetCurSection(previous);
@@ -72,8 +79,7 @@ SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbos
     PrintNoCurrentSection();
     return nullptr;
   }
-  const int index = FindInRun(GetRunOf(m_CurSection), nameId);
-  if (index >= 0) return GetFieldAt(index);
+  if (SettingField* const field = FindInSection(m_CurSection, nameId)) return field;
   if (verbose)
     PrintDebugString("Bad field name id %d (section %x) in SettingsData::GetAtField\n", nameId,
                      GetCurSection());

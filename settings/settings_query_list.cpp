@@ -7,6 +7,7 @@
 
 #include "common_interfaces/queries.h"
 #include "common_interfaces/settings_data.h"
+#include "settings/field_index.h"
 #include "settings/field_values.h"
 #include "utils/text.h"
 
@@ -67,7 +68,7 @@ BaseList* SettingsData::CreateQueryList(int section, bool all) {
 
   auto list = std::make_unique<QueryList>();
   IdentifierCollection identifiers(section);
-  const Run run = GetRunOf(index);
+  const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     SettingField& field = *GetFieldAt(i);
     if (BaseQuery* const aim = field.CreateAimQuery(static_cast<unsigned>(section), m_AimObject)) {

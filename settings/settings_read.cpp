@@ -4,6 +4,7 @@
 // Reading settings files. What becomes of a block beside the defaults is in settings_merge.cpp.
 #include "common_interfaces/settings_data.h"
 #include "settings/settings_block.h"
+#include "settings/settings_tables.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
 #include "utils/path.h"
@@ -15,6 +16,7 @@ bool SettingsData::Read(const char* fileName) {
   const bool hadCurrent = m_CurSection >= 0;
   const unsigned current = GetCurSection();
   const bool result = ReadFrom(fileName);
+  m_Tables->index.Forget();
   if (hadCurrent) SetCurSection(current);
   return result;
 }

@@ -26,7 +26,7 @@ bool SettingsData::Restore(const char* fileName) {
   for (SettingField* field : fields) {
     const std::unique_ptr<SettingField> saved(field);
     SettingField* const counterpart = GetAtField(saved->GetSection(), saved->GetNameId(), false);
-    if (counterpart) *counterpart = *saved;
+    if (counterpart) counterpart->Assign(*saved);
   }
   return result;
 }

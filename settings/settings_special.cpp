@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "common_interfaces/settings_data.h"
+#include "settings/field_index.h"
 #include "settings/field_values.h"
 #include "utils/text.h"
 
@@ -37,7 +38,7 @@ bool SettingsData::GetFavoInfo(std::map<int, unsigned char>* favourites, int sec
   favourites->clear();
   const int index = FindSectionThatIsOn(section);
   if (index < 0) return false;
-  const Run run = GetRunOf(index);
+  const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     Favourite favourite;
     if (GetFieldAt(i)->GetCompareStatus() != 0 && LoadFavourite(*GetFieldAt(i), favourite))
@@ -51,7 +52,7 @@ bool SettingsData::GetObjectInfo(std::vector<int>& ids, int section, int type) {
   const int index = FindSectionThatIsOn(section);
   if (index < 0) return false;
   const int key = type != -1 ? type : section;
-  const Run run = GetRunOf(index);
+  const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     const SettingField& field = *GetFieldAt(i);
     int kind = 0, number = 0;
@@ -67,7 +68,7 @@ bool SettingsData::GetIntegrPlnt(SSO_ID* planet) {
   planet->kind = planet->number = -1;
   const int index = FindSectionThatIsOn(FourCC("plnt"));
   if (index < 0) return false;
-  const Run run = GetRunOf(index);
+  const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     const SettingField& field = *GetFieldAt(i);
     int flag = 0;
@@ -91,7 +92,7 @@ void SettingsData::ClearIntegrFlag() {
   for (const auto& flag : kFlags) {
     const int index = FindSection(static_cast<unsigned>(flag.section), true);
     if (index < 0) continue;
-    const Run run = GetRunOf(index);
+    const FieldRun run = GetRunOf(index);
     for (int i = run.begin; i < run.end; ++i)
       if (GetFieldAt(i)->GetSize() == kFlagElements) GetFieldAt(i)->SetElement(kZero, flag.element);
   }
@@ -106,7 +107,7 @@ void SettingsData::SetAimObject(const SSO_ID& object) {
   m_AimObject = object;
   const int index = FindSection(static_cast<unsigned>(object.kind), false);
   if (index < 0) return;
-  const Run run = GetRunOf(index);
+  const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     SettingField& field = *GetFieldAt(i);
     if (field.GetType() != kFieldInt32 || field.GetSize() < kAimElements || !Describes(field, object))

@@ -4,6 +4,7 @@
 // Values and statuses of fields and sections. A missing field has already been reported by the lookup.
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "settings/settings_tables.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -85,6 +86,7 @@ bool SettingsData::SetSectionAlias(unsigned section, unsigned alias) {
   const int index = FindSection(section, false);
   if (index < 0) return false;
   m_Sections[static_cast<std::size_t>(index)].alias = alias;
+  m_Tables->index.ForgetSections();
   return true;
 }
 

@@ -43,11 +43,11 @@ bool SettingsData::WriteBlock(MFile& file) const {
   StoreLE16(to + kBlockKeySize, static_cast<unsigned short>(sectionCount));
   to += kBlockKeySize + 2;
   for (int i = 0; i < sectionCount; ++i, to += kSectionRecordSize) StoreSectionRecord(to, *GetSectionAt(i));
-  StoreLE32(to, static_cast<unsigned>(m_Fields.size()));
+  StoreLE32(to, static_cast<unsigned>(GetFieldCount()));
 
   const auto size = static_cast<unsigned>(head.size());
   bool written = file.Write(head.data(), size) == size;
-  for (const SettingField* field : m_Fields) written = field->Write(&file) && written;
+  for (const SettingField* field : Fields()) written = field->Write(&file) && written;
   return written;
 }
 

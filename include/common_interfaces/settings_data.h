@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@ class BaseList;
 class BaseQuery;
 class SettingField;
 struct FieldData;
+struct FieldRun;
 
 #pragma pack(push, 1)
 // One section of a container, in memory as in the file. Stored numbers: frozen. The record is packed: copy a
@@ -46,6 +48,14 @@ static_assert(offsetof(SectionRecord, status) == 12);
 //
 // Many lookups use the current section, and some change it: this is state, described with each operation.
 // An operation on a field that the container does not have prints a line; what else it does is said below.
+//
+// What it costs: a section is found by id or alias, and a field by name id in a section or anywhere, in the same
+// time however many there are. The first such question after a Read or an assignment, or after a field that
+// the caller holds got another name id, goes over all fields once. Adding a field takes a time in
+// proportion to the sections behind its own, adding many and reading them grows with their number, and deleting
+// one goes over the fields behind it. What looks at the values of a section (objects, favourites, queries, the
+// aim) goes over its fields. Where the section records of a damaged file overlap, the answers are the
+// same, found with a binary search, and adding a field goes over all fields.
 //
 // Saving without losing anything: Write appends a block and never removes one, and of two blocks with one key
 // the first is read. So whoever saves again either calls Save, which replaces the container's own block and
@@ -231,7 +241,7 @@ class COMMON_INTERFACES_API SettingsData {
   // For tools and whoever walks a container. Null for an index out of range.
   unsigned GetOwner() const { return m_Owner; }
   unsigned GetVersion() const { return m_Version; }
-  int GetFieldCount() const { return static_cast<int>(m_Fields.size()); }
+  int GetFieldCount() const;
   SettingField* GetFieldAt(int index) const;
   int GetSectionCount() const { return static_cast<int>(m_Sections.size()); }
   const SectionRecord* GetSectionAt(int index) const;
@@ -242,21 +252,21 @@ class COMMON_INTERFACES_API SettingsData {
   bool SetSectionAlias(unsigned section, unsigned alias);
 
  private:
-  struct Run {
-    int begin, end;  // fields [begin, end), always inside m_Fields
-  };
+  struct Tables;  // settings/settings_tables.h
 
+  std::vector<SettingField*>& Fields() const;
   int FindSection(unsigned id, bool withAlias) const;
-  Run GetRun(const SectionRecord& section) const;
-  Run GetRunOf(int sectionIndex) const;
-  int FindInRun(Run run, int nameId) const;
+  FieldRun GetRunOf(int sectionIndex) const;
+  SettingField* FindInSection(int sectionIndex, int nameId) const;
   SettingField* FindAnywhere(int nameId) const;
+  int FindPlace(int sectionIndex, const SettingField* field) const;
   SettingField* FindKeepingCurrent(unsigned section, int nameId);
   int FindSectionThatIsOn(int section) const;
   void NoteChange(bool changed, unsigned section);
 
-  int AppendSection(const FieldData* data, int size);
-  int InsertIntoSection(int sectionIndex, const FieldData* data, int size);
+  int AppendSection(SettingField* field);
+  int InsertIntoSection(int sectionIndex, SettingField* field);
+  SettingField* FindNextOfName(int sectionIndex, int place) const;
   void ShiftSectionsAfter(int sectionIndex, int count);
   void DeleteFields();
 
@@ -267,7 +277,8 @@ class COMMON_INTERFACES_API SettingsData {
   void ReplaceDefaults(int fieldCount, int sectionCount);
   void Merge(int fieldCount, int sectionCount);
   void TakeOwnValues(int fieldCount);
-  int InsertListedObjects(unsigned code, int fieldCount, int inserted, int sectionCount);
+  int InsertCopies(unsigned code, const std::vector<const SettingField*>& sources, int fieldCount,
+                   int inserted, int sectionCount);
   void KeepOnlyStatuses(int sectionCount);
   void MarkAllSectionsChanged();
   void LoadCorrectionFields();
@@ -282,7 +293,7 @@ class COMMON_INTERFACES_API SettingsData {
   std::vector<SectionRecord> m_Sections;
   int m_CurSection = -1;
   std::map<unsigned, bool> m_SectionChanged;
-  std::vector<SettingField*> m_Fields;
+  mutable std::vector<SettingField*> m_Fields;  // Fields() is what to ask: insertions may still wait
   std::map<int, int>
       m_Reserved;  // emptied with the fields and used for nothing else; it keeps the members' places
   std::string m_FileName;
@@ -290,6 +301,7 @@ class COMMON_INTERFACES_API SettingsData {
   SSO_ID m_AimObject;
   BaseQuery* m_pAimQuery = nullptr;
   std::vector<SettingField*> m_CorrectionFields;
+  std::unique_ptr<Tables> m_Tables;
 
   static bool s_ModifyFlag;
   static unsigned s_WorkspaceVersion;  // taken by every constructor, the version that Write writes at least

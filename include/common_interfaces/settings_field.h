@@ -14,6 +14,8 @@ class MFile;
 namespace CommonInterfaces {
 
 class BaseQuery;
+class FieldIndex;
+struct FieldRecord;
 struct SettingFieldTestAccess;
 
 // The name id of a field: the same 31-bit hash as the global GetUniqueID of utils/text.h. Null counts as "".
@@ -122,7 +124,11 @@ class COMMON_INTERFACES_API SettingField {
 
  private:
   friend struct SettingFieldTestAccess;  // defined by tests only
+  friend class FieldIndex;               // reads m_sNameChanges
+  friend class SettingsData;             // assigns without the copy that operator= returns
+  friend SettingField* MakeField(const FieldRecord& record);
 
+  SettingField(FieldData* record, int recordSize) : m_pFieldData(record), m_RecordSize(recordSize) {}
   unsigned char GetTypeSize() const;
   unsigned GetOffset(unsigned inIndex) const;
   // Reverses the byte order of section, condition, size and of every value, to bring a record from a machine
@@ -134,10 +140,15 @@ class COMMON_INTERFACES_API SettingField {
   bool Resize(const void* in, int count);
   bool ReplaceBytes(unsigned char* target, const void* in, unsigned size);
   void ReplaceRecord(FieldData* record, int recordSize);
+  bool ReadRecord(MFile* file);
+  void NoteNameChange(int earlier);
+  void Assign(const SettingField& other);
   void DeleteQuery();
 
   static constexpr unsigned kNoOffset = 0xFFFFFFFF;
   static bool m_sOldSettings;
+  // How often a field got another name id after it was made: containers find fields by name and cannot see it.
+  static unsigned m_sNameChanges;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record
   int m_RecordSize = -1;     // bytes of header and values; -1 after a failed read, 0 for an empty copy

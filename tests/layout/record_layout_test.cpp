@@ -199,6 +199,7 @@ struct SettingsDataMembers {
   SSO_ID aimObject;
   BaseQuery* aimQuery;
   std::vector<SettingField*> correctionFields;
+  void* tables;  // the container's own
 };
 static_assert(sizeof(SettingsDataMembers) == sizeof(SettingsData));
 

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+#include "utils/file.h"
+
+namespace CommonInterfaces {
+
+// Reads a file from its position on in large pieces: the records of a block are small, and there are many. While
+// it is used the file stands somewhere behind what has been read.
+class BufferedFile {
+ public:
+  explicit BufferedFile(MFile& file) : m_File(file) {}
+
+  // As MFile::Read.
+  unsigned Read(void* out, unsigned size) {
+    auto* to = static_cast<unsigned char*>(out);
+    unsigned read = 0;
+    while (read < size && (m_Begin < m_End || Fill())) {
+      const unsigned piece = std::min(size - read, m_End - m_Begin);
+      std::memcpy(to + read, m_Bytes.get() + m_Begin, piece);
+      m_Begin += piece;
+      read += piece;
+    }
+    return read;
+  }
+
+ private:
+  static constexpr unsigned kSize = 65536;
+
+  bool Fill() {
+    m_Begin = 0;
+    m_End = m_File.Read(m_Bytes.get(), kSize);
+    return m_End > 0;
+  }
+
+  MFile& m_File;
+  const std::unique_ptr<unsigned char[]> m_Bytes{new unsigned char[kSize]};
+  unsigned m_Begin = 0, m_End = 0;  // bytes that wait
+};
+
+}  // namespace CommonInterfaces

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What a container keeps beside its sections and fields, so that using them stays quick.
+#pragma once
+
+#include "settings/field_index.h"
+#include "settings/field_insertions.h"
+
+namespace CommonInterfaces {
+
+struct SettingsData::Tables {
+  FieldIndex index;
+  FieldInsertions waiting;  // fields that m_Fields does not hold yet: Fields() puts them there
+};
+
+}  // namespace CommonInterfaces
