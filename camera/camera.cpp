@@ -22,6 +22,7 @@ Camera::Camera(unsigned owner)
   m_Location.coorSys = kCoorSysOfLocation;
   m_DispCoorSysObserver = kCoorSysOfLocation;
   SetJ2000();
+  LoadHomes();
 }
 
 Camera::Camera(const Camera&) : CameraState() {}

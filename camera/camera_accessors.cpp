@@ -45,10 +45,6 @@ void Camera::SetObserverName(const char* name) {
   m_ObserverChanged = false;
 }
 
-void Camera::SetLocationName(const char* name) {
-  m_LocationName = name != nullptr ? std::string(name) : std::string();
-}
-
 bool Camera::SetCenterView(SSO_ID object) {
   if (m_CenterViewLock) return false;
   m_CenterObject = object;

@@ -33,11 +33,19 @@ unsigned Camera::GetMovingTypeRecord(int type) const {
 }
 
 void Camera::LeaveBehind(bool keep) {
-  if (m_Observer.kind == FourCC("plnt") || m_Observer.kind == FourCC("moon"))
-    m_LeftBehind.observer = m_Observer;
-  if (IsOnBody(m_ObsMovingType) && m_Location.coorSys == kSurfaceCoordinates)
-    m_LeftBehind.place = LeftBehind::SurfacePlace{m_Observer, m_Location, m_ObsMovingType};
-  if (keep) m_LeftBehind.directions[m_BasePlane] = m_ViewAngles;
+  const bool onPlanet = m_Observer.kind == FourCC("plnt") || m_Observer.kind == FourCC("moon");
+  // The Sun is where one travels in space; it must not stand for the planet that one set out from.
+  const bool onSun = m_Observer == SSO_ID(FourCC("plnt"), kSun);
+  if (onPlanet && (!onSun || m_LeftBehind.observer.IsEmpty())) m_LeftBehind.observer = m_Observer;
+  if (IsOnSurface()) {
+    m_LeftBehind.places[m_ObsMovingType] = {m_Observer, m_Location};
+    m_LeftBehind.lastPlace = m_ObsMovingType;
+  }
+  if (keep) m_LeftBehind.directions[m_ObsMovingType] = {m_BasePlane, m_ViewAngles};
+}
+
+bool Camera::IsOnSurface() const {
+  return IsOnBody(m_ObsMovingType) && m_Location.coorSys == kSurfaceCoordinates;
 }
 
 void Camera::PutBackObserverAndPlace(int type) {
@@ -45,14 +53,27 @@ void Camera::PutBackObserverAndPlace(int type) {
     if (m_Observer.number == kEarth) m_Observer = m_LeftBehind.observer;
     m_ObserverChanged = true;
   }
-  const auto& place = m_LeftBehind.place;
-  if (!IsOnBody(type) || !place || !(place->observer == m_Observer)) return;
-  m_Location.lon = place->location.lon;
-  m_Location.lat = place->location.lat;
+  const auto last = m_LeftBehind.places.find(m_LeftBehind.lastPlace);
+  if (!IsOnBody(type) || last == m_LeftBehind.places.end() || !(last->second.observer == m_Observer)) return;
+  m_Location.lon = last->second.location.lon;
+  m_Location.lat = last->second.location.lat;
   m_Location.coorSys = kSurfaceCoordinates;
-  if (place->movingType != type) return;
-  m_Location.dist = place->location.dist;
-  m_Location.distUnits = place->location.distUnits;
+  const auto own = m_LeftBehind.places.find(static_cast<signed char>(type));
+  if (own == m_LeftBehind.places.end() || !(own->second.observer == m_Observer)) return;
+  m_Location.dist = own->second.location.dist;
+  m_Location.distUnits = own->second.location.distUnits;
+}
+
+void Camera::PutBackDirection(int type, const CameraState& before) {
+  const auto left = m_LeftBehind.directions.find(static_cast<signed char>(type));
+  const bool wasThere = left != m_LeftBehind.directions.end();
+  if (wasThere && left->second.plane != before.m_BasePlane) {
+    m_BasePlane = left->second.plane;
+    m_ViewAngles = left->second.angles;
+  } else if (wasThere || m_BasePlane == before.m_BasePlane) {
+    m_BasePlane = before.m_BasePlane;
+    m_ViewAngles = before.m_ViewAngles;
+  }
 }
 
 void Camera::TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn) {
@@ -76,7 +97,7 @@ void Camera::SetMovingType(char type, bool keep) {
     return;
   }
   const CameraState before = *this;
-  const bool wasOnSurface = IsOnBody(m_ObsMovingType) && m_Location.coorSys == kSurfaceCoordinates;
+  const bool wasOnSurface = IsOnSurface();
   LeaveBehind(keep);
   const unsigned record = GetMovingTypeRecord(next);
   if (record != kNoRecord) ReadSelf(nullptr, record);
@@ -95,8 +116,7 @@ void Camera::SetMovingType(char type, bool keep) {
   TurnAfterChange(next, before.m_DirLock != 0, before.m_CenterObject);
   if (keep || before.m_DirLock != 0) m_Zoom = before.m_Zoom;
   if (m_Zoom != before.m_Zoom) m_ZoomChanged = true;
-  const auto direction = m_LeftBehind.directions.find(m_BasePlane);
-  if (keep && direction != m_LeftBehind.directions.end()) m_ViewAngles = direction->second;
+  if (keep) PutBackDirection(next, before);
   RebuildViewMatrix();
   UpdateDeltaT();
   UpdateScale();

@@ -146,15 +146,17 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // A type that is none is refused with one line.
   //
   // Whatever the record says, the time (and so delta T), the FST mode and the time zone stay. With `keep` so
-  // do zoom, longitude, latitude and unit of a place on a surface, and the view angles as they were last left
-  // in the plane that the record's angles count from. A locked direction stays locked on its object, with its
-  // zoom. Without a lock, types 1 and 3 name the planet or moon that was left as the centre object and raise
-  // "first look", so that the owner turns to it, and type 4 locks the direction on the observer object.
+  // do zoom, longitude, latitude and unit of a place on a surface, and the view angles where the new record
+  // counts them from the same plane. A locked direction stays locked on its object, with its zoom. Without a
+  // lock, types 1 and 3 name the planet or moon that was left as the centre object and raise "first look", so
+  // that the owner turns to it, and type 4 locks the direction on the observer object.
   //
-  // Who comes back finds the view again: the camera remembers the planet or moon it was last at and the place
-  // on it. The planet is put back when the new record names the Earth, which stands for "where you were", the
-  // place when the new type is 0 or 1 on the same body; its distance too, when the type is the one it was
-  // left in. The observer-changed flag is raised; the zoom-changed flag when the zoom differs.
+  // Who comes back finds the view again: the camera remembers the planet or moon it was last at (the Sun only
+  // when there was no other), the place on it, and with `keep` the direction in which each type was left. The
+  // planet is put back when the new record names the Earth, which stands for "where you were", the place when
+  // the new type is 0 or 1 on the same body, with the distance it was left at in that type. With `keep` the
+  // direction comes back, with its plane, unless the present one counts from that plane anyway. The
+  // observer-changed flag is raised; the zoom-changed flag when the zoom differs.
   void SetMovingType(char type, bool keep);
 
   // The object on or around which the observer is; (-1, -1) until defaults or a file give one.
@@ -420,8 +422,10 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void GoToPlace(const HomeParameters& home);
   void LookAsAt(const HomeParameters& home);
   unsigned GetMovingTypeRecord(int type) const;
+  bool IsOnSurface() const;
   void LeaveBehind(bool keep);
   void PutBackObserverAndPlace(int type);
+  void PutBackDirection(int type, const CameraState& before);
   void TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn);
 
   unsigned m_Owner = 0;

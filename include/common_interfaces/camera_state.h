@@ -8,7 +8,6 @@
 
 #include <array>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,11 +50,15 @@ struct LeftBehind {
   struct SurfacePlace {
     SSO_ID observer;
     SphCoor location;
-    signed char movingType = 0;
   };
-  SSO_ID observer;                                  // the last planet or moon; empty: none yet
-  std::optional<SurfacePlace> place;                // the last one on or above its surface
-  std::map<unsigned char, SphViewCoor> directions;  // by the plane that they count from
+  struct Direction {
+    unsigned char plane = 0;
+    SphViewCoor angles;
+  };
+  SSO_ID observer;                              // the last planet or moon; empty: none yet
+  std::map<signed char, SurfacePlace> places;   // by moving type, 0 and 1
+  signed char lastPlace = -1;                   // which of them was left last; -1: none yet
+  std::map<signed char, Direction> directions;  // by moving type
 };
 
 struct CameraState {
