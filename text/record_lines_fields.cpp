@@ -51,7 +51,7 @@ std::string_view TakeUntilSemicolon(char*& cursor) {
 
 std::string_view TakeUntilDelimiter(char delimiter, char*& cursor) {
   // At a line end nothing is taken, not even a line end that is the delimiter.
-  if (IsLineEnd(*cursor)) return {};
+  if (IsLineEnd(*cursor)) return {cursor, 0};
   const std::string_view field =
       TakeUntil(cursor, [delimiter](char c) { return c == delimiter || IsLineEnd(c); });
   if (*cursor == delimiter && *cursor != '\0') ++cursor;

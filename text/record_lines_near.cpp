@@ -12,10 +12,9 @@ namespace CommonInterfaces::record_lines {
 
 namespace {
 
+// The first of four texts: characters, the replacement of each, further characters, and two for each of them.
 constexpr unsigned kSingle = 14000;
-constexpr unsigned kSingleNear = 14001;
 constexpr unsigned kFurther = 14002;
-constexpr unsigned kFurtherNear = 14003;
 
 // A missing text is reported by the string table, which has no empty ones to compare then.
 void ReportUnequal(unsigned identifier, const char* characters, const char* replacements, std::size_t width) {
@@ -36,8 +35,9 @@ std::optional<NearTable> s_NearTable;
 const NearTable& GetNearTable() {
   if (!s_NearTable) {
     const QX4Strings load;
-    const auto fetch = [](unsigned identifier) { return QX4Strings::GetString(identifier, false); };
-    s_NearTable.emplace(fetch(kSingle), fetch(kSingleNear), fetch(kFurther), fetch(kFurtherNear));
+    const char* texts[4];
+    for (unsigned i = 0; i < 4; ++i) texts[i] = QX4Strings::GetString(kSingle + i, false);
+    s_NearTable.emplace(texts[0], texts[1], texts[2], texts[3]);
   }
   return *s_NearTable;
 }

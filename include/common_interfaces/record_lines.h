@@ -95,11 +95,12 @@ COMMON_INTERFACES_API int CopyClippedByChar(char delimiter, char*& cursor, std::
 //     seconds. The sign of the value is not written.
 //   any other mode, a signed angle: "%c%3d%c%2d%c%2d%c" with "-" or a blank, degrees, the byte 0xB0, minutes, "'",
 //     whole seconds and a double quote, 11 characters; or 7, up to the minutes, when the seconds are 0.
-// Computed in single precision, cut and not rounded but for a small excess (0.009 s, 0.01"). Deliberate: 60 minutes
-// are written as 0 and nothing is carried, so 29.9999 in mode 1 is " 1h 0m". Meant for hours below 100 and degrees
-// below 1000: the lengths 6, 7 and 11 hold for larger ones too, whose text is cut. Magnitudes above 2147483520 are
-// written as that, a value that is not a number as 0. Numbers below 10 have blanks before them, so GetRaOrDec does not
-// read every such text back. `out`: at least 32 bytes.
+// Computed in single precision; degrees, hours, minutes and whole seconds are cut, not rounded, with a small excess
+// (0.001 minutes, 0.009 s, 0.01 arc seconds) against values just below. Deliberate: 60 minutes are written as 0 and
+// nothing is carried, so 29.9999 in mode 1 is " 1h 0m". Meant for hours below 100 and degrees below 1000: the lengths
+// 6, 7 and 11 hold for larger ones too, whose text is cut. Magnitudes above 2147483520 are written as that, a value
+// that is not a number as 0. Numbers below 10 have a blank before them, where GetRaOrDec ends an angle: not every such
+// text is read back whole. `out`: at least 32 bytes.
 COMMON_INTERFACES_API short SetRadOrDec(double value, short mode, char* out);
 COMMON_INTERFACES_API std::string SetRadOrDec(double value, short mode);
 
