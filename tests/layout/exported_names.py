@@ -6,9 +6,9 @@
 usage: exported_names.py [--update] LIBRARY FILE
 
 LIBRARY is common_interfaces, astro or utils; FILE is its .so, or its .dll, of any word size. Fails with a diff when
-a name was lost or has leaked, and when a name belongs to no namespace of the library: the library exports the
-namespaces CommonInterfaces and thread, a companion the global names that its public headers declare. --update
-rewrites the list from FILE, a .so.
+a name was lost or has leaked, and when a name has no place in the library: the library exports the namespaces
+CommonInterfaces and thread, and the global names that its public headers mark with COMMON_INTERFACES_API outside any
+namespace; a companion the global names that its public headers declare. --update rewrites the list from FILE, a .so.
 
 The list holds demangled names with their parameters; std::size_t is written so for both word sizes. What a compiler
 adds for itself is left out: instantiations of std, the names inside type information, and the second and third form
@@ -61,17 +61,35 @@ def readable(mangled):
     return [sized.sub(r"operator \1\2(\3std::size_t", name.replace("[abi:cxx11]", "")) for name in names]
 
 
+def public_headers(folder):
+    """The texts of the public headers of a folder, without comments."""
+    for header in glob.glob(os.path.join(ROOT, folder, "include", "*", "*.h")):
+        with open(header, encoding="utf-8") as file:
+            yield re.sub(r"//[^\n]*", "", file.read())
+
+
 def declared_names(library):
     """Every word of the public headers of a companion."""
-    words = set()
-    for header in glob.glob(os.path.join(ROOT, "companions", library, "include", "*", "*.h")):
-        with open(header, encoding="utf-8") as file:
-            words |= set(re.findall(r"\w+", re.sub(r"//[^\n]*", "", file.read())))
-    return words
+    return {word for text in public_headers(f"companions/{library}") for word in re.findall(r"\w+", text)}
+
+
+def global_names(macro):
+    """What the library's public headers mark with the export macro outside any namespace and class."""
+    names = set()
+    for text in public_headers("."):
+        text = re.sub(r"^\s*#[^\n]*", "", text, flags=re.MULTILINE)
+        while "{" in text:
+            text, count = re.subn(r"\{[^{}]*\}", "", text)
+            if count == 0:
+                break
+        # A function's name stands before its parameters, a variable's before the end of its declaration.
+        names |= set(re.findall(rf"\b{macro}\s[^;()]*?(\w+)(?:\[[^]]*\])?\s*[(;]", text))
+    return names
 
 
 def misplaced(library, mangled):
-    places = NAMESPACES[library] or declared_names(library)
+    places = NAMESPACES[library] | (global_names("COMMON_INTERFACES_API") if library == "common_interfaces" else
+                                    declared_names(library))
     return [m for m in mangled if outermost(m) not in places]
 
 

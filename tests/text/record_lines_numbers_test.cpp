@@ -330,6 +330,29 @@ TEST(GetRGB, LowSixteenBitsAreStored) {
   ExpectColours("99999999999 0 0", 1, -1, 0, 0);
 }
 
+// docs/formats/record_lines.md
+TEST(RecordLines, WorkedExampleOfTheFormatPage) {
+  Line line(
+      "4565C 15.9 12h36m20.8s 25\xB0"
+      "59'16\" 135.5 2 0.15\r");
+  int number = 0, flags = 0;
+  double size = 0, ra = 0, dec = 0, rotation = 0, ratio = 0;
+  const auto at = [&] { return line.cursor - line.GetText(); };
+  EXPECT_TRUE(GetLong1(line.cursor, number) && at() == 4 && number == 4565);
+  EXPECT_EQ(*line.cursor++, 'C');
+  EXPECT_TRUE(RemoveLeading(line.cursor) && GetDouble(line.cursor, size) && at() == 10 && size == 15.9);
+  EXPECT_TRUE(GetRaOrDec(line.cursor, ra) && at() == 22);
+  EXPECT_DOUBLE_EQ(ra, (12 + 36 / 60.0 + 20.8 / 3600) * 15);
+  EXPECT_TRUE(GetRaOrDec(line.cursor, dec) && at() == 32);
+  EXPECT_DOUBLE_EQ(dec, 25 + 59 / 60.0 + 16 / 3600.0);
+  EXPECT_TRUE(RemoveLeading(line.cursor) && GetDouble(line.cursor, rotation) && at() == 38 &&
+              rotation == 135.5);
+  EXPECT_TRUE(RemoveLeading(line.cursor) && GetLong1(line.cursor, flags) && at() == 40 && flags == 2);
+  EXPECT_TRUE(RemoveLeading(line.cursor) && GetDouble(line.cursor, ratio) && at() == 45 && ratio == 0.15);
+  EXPECT_FALSE(RemoveLeading(line.cursor));
+  EXPECT_EQ(at(), 46);
+}
+
 int GetMonthLength(int year, int month) {
   if (month == 2) return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 29 : 28;
   return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
