@@ -13,7 +13,7 @@ inline constexpr double kCaptionLeft = 14.0;
 inline constexpr double kCaptionLineStep = 1.5 * kCaptionFont;
 
 // The lines of the caption of a picture of that size, pixels: as many of the texts beside each other as fit, broken
-// between texts, and inside a text between words where one alone is too wide. Lines that would reach higher than a
+// between texts; one that alone is too wide begins a line of its own and is broken between words. Lines that would reach higher than a
 // third of the picture are left out, and so is a word wider than the picture. Texts are UTF-8.
 std::vector<std::string> MakeCaption(const std::vector<std::string>& texts, int width, int height);
 

@@ -7,6 +7,7 @@
 
 #include "astro/julian_date.h"
 #include "host/diagnostics.h"
+#include "host/language.h"
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
 #include "small_sky.h"
@@ -72,7 +73,10 @@ class FrameFixture {
  private:
   bool Load() {
     std::string error;
-    return skyview::SetSkyRoots(sky.dir.Path("data"), "", error) && skyview::LoadSkyCatalogs(catalogs, error);
+    return skyview::SetSkyRoots(sky.dir.Path("data"), "", error) &&
+           skyview::SwitchLanguage(
+               sky.dir.Path("data"), "en", [] {}, error) &&
+           skyview::LoadSkyCatalogs(catalogs, error);
   }
   bool m_Loaded;
 

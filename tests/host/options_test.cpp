@@ -21,18 +21,22 @@ TEST(Options, NothingGivenLeavesTheViewToDecide) {
   EXPECT_EQ(parsed.options.size.width, 1600);
   EXPECT_EQ(parsed.options.size.height, 1000);
   EXPECT_TRUE(parsed.options.out.empty());
+  EXPECT_EQ(parsed.options.language, "en");
 }
 
 TEST(Options, EveryOptionIsRead) {
-  const auto parsed = ParseOptions({"--data",  "d",           "--work",           "w",      "--view",
-                                    "v:2",     "--time",      "2026-01-15T22:00", "--zone", "Europe/Berlin",
-                                    "--place", "-33.9,151.2", "--look",           "180,30", "--zoom",
-                                    "2.5",     "--size",      "640x480",          "--out",  "a.svg",
-                                    "--out",   "b.png",       "--save-view",      "s:3",    "--list-limits"});
+  const auto parsed =
+      ParseOptions({"--data",     "d",           "--work",           "w",      "--view",
+                    "v:2",        "--time",      "2026-01-15T22:00", "--zone", "Europe/Berlin",
+                    "--place",    "-33.9,151.2", "--look",           "180,30", "--zoom",
+                    "2.5",        "--size",      "640x480",          "--out",  "a.svg",
+                    "--out",      "b.png",       "--save-view",      "s:3",    "--list-limits",
+                    "--language", "de"});
   ASSERT_EQ(parsed.outcome, ParseOutcome::kRun) << parsed.message;
   const Options& o = parsed.options;
   EXPECT_EQ(o.data.value_or(""), "d");
   EXPECT_EQ(o.work.value_or(""), "w");
+  EXPECT_EQ(o.language, "de");
   EXPECT_EQ(o.view->id, 2);
   EXPECT_EQ(o.saveView->id, 3);
   EXPECT_EQ(o.timeText, "2026-01-15T22:00");
@@ -58,7 +62,8 @@ TEST(Options, EachBadValueNamesItselfItsOptionAndTheForm) {
                {"--out", "sky.jpg", "FILE.svg|FILE.png"},
                {"--save-view", ":1", "FILE[:ID]"},
                {"--data", "", "FOLDER"},
-               {"--work", "", "FOLDER"}};
+               {"--work", "", "FOLDER"},
+               {"--language", "", "LANG"}};
   for (const auto& c : cases) {
     const auto parsed = ParseOptions({c.option, c.value});
     EXPECT_EQ(parsed.outcome, ParseOutcome::kBad) << c.option;
@@ -97,7 +102,7 @@ TEST(Options, HelpListsEveryOption) {
   const auto parsed = ParseOptions({"--help"});
   ASSERT_EQ(parsed.outcome, ParseOutcome::kHelp);
   for (const char* option : {"--data", "--work", "--view", "--time", "--zone", "--place", "--look", "--zoom",
-                             "--size", "--out", "--save-view", "--list-limits"}) {
+                             "--size", "--out", "--language", "--save-view", "--list-limits"}) {
     EXPECT_TRUE(Contains(parsed.message, option)) << option;
   }
 }

@@ -34,9 +34,7 @@ TEST_F(PictureFile, SvgIsWellFormedAndHoldsItsLabelsAsText) {
 }
 
 TEST_F(PictureFile, TextInTheSvgIsEscaped) {
-  Caption caption;
-  std::snprintf(caption.where, sizeof caption.where, "<a & b>");
-  f.frame.SetCaption(caption);
+  f.frame.SetCaption({"<a & b>"});
   f.Compute();
   std::string svg;
   ASSERT_TRUE(MakeSvg(f.frame, svg, error)) << error;

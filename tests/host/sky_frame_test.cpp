@@ -164,16 +164,19 @@ TEST(SkyFrame, FigureLinesStayInsideTheWindow) {
 
 TEST(SkyFrame, CaptionStandsInTheLowerLeftCorner) {
   FrameFixture f;
-  Caption caption;
-  std::snprintf(caption.where, sizeof caption.where, "somewhere");
-  f.frame.SetCaption(caption);
+  f.frame.SetCaption({"somewhere", "sometime"});
   f.Compute();
-  ASSERT_TRUE(f.HasLabel("somewhere"));
-  EXPECT_LT(f.frame.GetLabels()[0].place.y, 60.0);
+  ASSERT_TRUE(f.HasLabel("somewhere") && f.HasLabel("sometime"));
+  const auto& lower = f.frame.GetLabels()[0];
+  const auto& upper = f.frame.GetLabels()[1];
+  EXPECT_STREQ(lower.text, "sometime");
+  EXPECT_LT(upper.place.y, 60.0);
+  EXPECT_GE(upper.place.y - lower.place.y, lower.size);
 }
 
 TEST(SkyFrame, NothingIsAllocatedAfterTheFirstFrame) {
   FrameFixture f;
+  f.frame.SetCaption({"Место: На поверхности — Земля", "Зона"});
   f.SetLook(180.0, 30.0);
   f.Compute();
   const unsigned long long before = host_test::GetAllocationCount();

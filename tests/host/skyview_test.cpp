@@ -37,32 +37,36 @@ TEST(Skyview, PrintsWhatItRestoredEachOnItsOwnLine) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(kOrion), 0) << sky.errors.str();
   EXPECT_EQ(sky.errors.str(), "");
-  for (const char* line :
-       {"place: 52.5200° N, 13.4050° E\n", "local time: 2026-01-15 22:00:00 (Europe/Berlin, UT+01:00)\n",
-        "universal time: 2026-01-15 21:00:00\n", "direction: azimuth 180.0° (S), altitude 30.0°\n",
-        "zoom: 1\n", "deep-sky objects drawn: 1\n"}) {
+  for (const char* line : {"Coordinates: 13°24'18.00\" E, 52°31'12.00\" N\n",
+                           "Local time: 22:00, 15/01/2026 AD (Europe/Berlin, UT+01:00)\n",
+                           "Universal Time: 21:00, 15/01/2026 AD\n",
+                           "Direction: azimuth 180°00'00.00\", altitude 30°00'00.00\" (S)\n", "Zoom: 1.00\n",
+                           "Deep-sky objects drawn: 1\n"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
   }
   // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero.
-  EXPECT_TRUE(sky.Printed("magnitude limits: star draw 7.5, full 4.0, label 4.0\n")) << sky.output.str();
-  EXPECT_TRUE(sky.Printed("magnitude limits: gala draw 13.5, full -2.0, label -2.0\n"));
-  EXPECT_TRUE(sky.Printed("stars drawn: "));
+  EXPECT_TRUE(
+      sky.Printed("Magnitude limits, stars: drawn to 7.5, at full brightness to 4.0, labelled to 4.0\n"))
+      << sky.output.str();
+  EXPECT_TRUE(sky.Printed(
+      "Magnitude limits, galaxies: drawn to 13.5, at full brightness to -2.0, labelled to -2.0\n"));
+  EXPECT_TRUE(sky.Printed("Stars drawn: "));
 }
 
 // The picture is 1600 x 1000 pixels; its half-diagonal spans 37 degrees (0.6457718232379 radians) from the axis, so
-// the width is 4 atan(tan(0.32288...) * 800 / 943.398...) = 63.36 degrees.
+// the width is 4 atan(tan(0.32288...) * 800 / 943.398...) = 63.36 degrees, the height likewise 40.22.
 TEST(Skyview, FieldOfViewIsThatOfTheProjection) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(kOrion), 0);
-  EXPECT_TRUE(sky.Printed("field of view: 63.36° x 40.22°\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Field of view: 63° x 40°\n")) << sky.output.str();
 }
 
 TEST(Skyview, OffsetAndZInTheTimeOverrideTheZone) {
   SmallSky sky;
   ASSERT_EQ(sky.Run({"--time", "2026-01-15T21:00Z", "--zone", "Asia/Kolkata"}), 0) << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("local time: 2026-01-16 02:30:00 (Asia/Kolkata, UT+05:30)\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Local time: 02:30, 16/01/2026 AD (Asia/Kolkata, UT+05:30)\n")) << sky.output.str();
   ASSERT_EQ(sky.Run({"--time", "2026-01-15T13:00-08:00"}), 0);
-  EXPECT_TRUE(sky.Printed("universal time: 2026-01-15 21:00:00\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Universal Time: 21:00, 15/01/2026 AD\n")) << sky.output.str();
 }
 
 TEST(Skyview, BadOptionIsExitTwoWithOneLineThatNamesItAndTheForm) {
@@ -174,9 +178,9 @@ TEST(Skyview, SavingAgainReplacesTheViewAndKeepsTheOthers) {
   ASSERT_EQ(sky.Run({"--look", "180,20", "--save-view", file + ":2"}), 0) << sky.errors.str();
   ASSERT_EQ(sky.Run({"--look", "270,30", "--save-view", file + ":1"}), 0) << sky.errors.str();
   ASSERT_EQ(sky.Run({"--view", file + ":1"}), 0) << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("azimuth 270.0° (W), altitude 30.0°")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("azimuth 270°00'00.00\", altitude 30°00'00.00\" (W)")) << sky.output.str();
   ASSERT_EQ(sky.Run({"--view", file + ":2"}), 0) << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("azimuth 180.0° (S), altitude 20.0°")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("azimuth 180°00'00.00\", altitude 20°00'00.00\" (S)")) << sky.output.str();
   EXPECT_FALSE(std::filesystem::exists(file + ".part"));
 }
 
@@ -220,16 +224,62 @@ TEST(Skyview, DirectionOnTheSkyBecomesAzimuthAndAltitude) {
   // of the zenith by 40 - 28.92 degrees.
   ASSERT_EQ(sky.Run({"--view", file, "--place", "-40,0", "--time", "2026-07-01T23:02Z"}), 0)
       << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("(N), altitude 78.9")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("altitude 78°5")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("\" (N)\n")) << sky.output.str();
 }
 
 TEST(Skyview, ListedLimitsGrowWithTheZoomAndNothingIsDrawn) {
   SmallSky sky;
   ASSERT_EQ(sky.Run({"--list-limits", "--out", sky.dir.Path("sky.svg")}), 0) << sky.errors.str();
   // log10(zoom) * 4 magnitudes for stars.
-  EXPECT_TRUE(sky.Printed("zoom 10:\n  star draw 11.5, full 8.0, label 8.0\n")) << sky.output.str();
-  EXPECT_TRUE(sky.Printed("zoom 100:\n  star draw 15.5, full 12.0, label 12.0\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Zoom 10\n  stars: drawn to 11.5, at full brightness to 8.0, labelled to 8.0\n"))
+      << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Zoom 100\n  stars: drawn to 15.5, at full brightness to 12.0, labelled to 12.0\n"))
+      << sky.output.str();
   EXPECT_FALSE(std::filesystem::exists(sky.dir.Path("sky.svg")));
+}
+
+TEST(Skyview, SpeaksTheLanguageAskedFor) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--language", "de"})), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Ortszeit: 22:00, 15/01/2026 n. Chr. (Europe/Berlin, UT+01:00)\n"))
+      << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Gezeichnete Deep-Sky-Objekte: 1\n"));
+  ASSERT_EQ(sky.Run(With(kOrion, {"--language", "ru"})), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Местное время: 22:00, 15/01/2026 н. э. (Europe/Berlin, UT+01:00)\n"))
+      << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Показано объектов глубокого космоса: 1\n"));
+  ASSERT_EQ(sky.Run(kOrion), 0);
+  EXPECT_TRUE(sky.Printed("Local time: 22:00"));
+  EXPECT_EQ(sky.errors.str(), "");
+}
+
+TEST(Skyview, UnknownLanguageIsExitTwoWithOneLineThatNamesThoseThatExist) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run(With(kOrion, {"--language", "fr"})), 2);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: --language 'fr': wants one of de, en, ru");
+  EXPECT_EQ(sky.output.str(), "");
+}
+
+TEST(Skyview, PictureIsLabelledInTheLanguage) {
+  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  const std::string file = sky.dir.Path("sky.svg");
+  // Low, so that the horizon with its letters is in the picture.
+  ASSERT_EQ(sky.Run({"--look", "180,10", "--language", "ru", "--out", file}), 0) << sky.errors.str();
+  const std::string svg = sky.dir.Read("sky.svg");
+  EXPECT_EQ(host_test::FindXmlFault(svg), "");
+  EXPECT_TRUE(Contains(svg, ">Ю</text>"));
+  EXPECT_TRUE(Contains(svg, "Место: На поверхности — Земля"));
+  EXPECT_TRUE(Contains(svg, "Поле зрения: 63° на 40°"));
+}
+
+// A view is for every language: what is shown for the place that has no name is not kept.
+TEST(Skyview, SavedViewHoldsNoTextOfTheLanguage) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--language", "ru", "--save-view", sky.dir.Path("ru.data")})), 0);
+  ASSERT_EQ(sky.Run(With(kOrion, {"--save-view", sky.dir.Path("en.data")})), 0);
+  EXPECT_TRUE(sky.dir.Read("ru.data") == sky.dir.Read("en.data"));
 }
 
 // In PNG, since an SVG names its parts by a counter of the process.

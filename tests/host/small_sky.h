@@ -8,6 +8,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "host/skyview.h"
+#include "language_files.h"
 #include "support/camera_settings.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"
@@ -56,7 +57,10 @@ inline std::string StarTable() {
 class SmallSky {
  public:
   SmallSky() {
-    dir.Write("data/qxstrings.txt", "1\tskyview\n965\tW\n966\tE\n967\tN\n968\tS\n");
+    dir.Write("data/qxstrings.txt", ShippedStrings("en"));
+    for (const char* language : {"en", "de", "ru"}) {
+      dir.Write(std::string("data/languages/") + language + "/qxstrings.txt", ShippedStrings(language));
+    }
     dir.Write("data/catalogs/stars.txt", StarTable());
     dir.Write("data/catalogs/deepsky.txt",
               "Type:text\tNumber:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tLargestDimension:"
