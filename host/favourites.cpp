@@ -35,7 +35,8 @@ void CreateField(const FieldData& header, const std::vector<unsigned char>& valu
   std::vector<unsigned char> record(CommonInterfaces::kFieldHeaderSize + values.size());
   std::memcpy(record.data(), &header, CommonInterfaces::kFieldHeaderSize);
   std::memcpy(record.data() + CommonInterfaces::kFieldHeaderSize, values.data(), values.size());
-  settings.CreateField(reinterpret_cast<const FieldData*>(record.data()), static_cast<int>(record.size()), true);
+  settings.CreateField(reinterpret_cast<const FieldData*>(record.data()), static_cast<int>(record.size()),
+                       true);
   if (!existed) settings.SetSectionStatus(section, 1);
   settings.SetSectionChanged(section, true);
 }
@@ -68,8 +69,7 @@ bool FindFields(MFile& file, const SettingsData& settings, unsigned id) {
   StoreLE32(key + 4, id);
   if (!file.Search(key, sizeof key) || file.Read(count, sizeof count) != sizeof count) return false;
   const int sections = static_cast<short>(LoadLE16(count));
-  return sections >= 0 &&
-         file.Seek(1, sections * static_cast<int>(sizeof(CommonInterfaces::SectionRecord)));
+  return sections >= 0 && file.Seek(1, sections * static_cast<int>(sizeof(CommonInterfaces::SectionRecord)));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <memory>
 
 #include "common_interfaces/field_data.h"
@@ -63,16 +64,27 @@ std::vector<double> GetValues(const BaseQuery& query) {
   return values;
 }
 
+// Within what a float holds; a bound beyond it bounds nothing.
+float ToFloat(double value) {
+  constexpr double kMost = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(value, -kMost, kMost));
+}
+
 bool TakeRange(const std::vector<double>& values, FilterRule& rule) {
   if (values.size() < 2 || std::isnan(values[0]) || std::isnan(values[1])) return false;
   // Computed as the catalogs compute their codes, so that a bound that equals a magnitude includes it.
   const auto bound = [&rule](double value) {
-    return static_cast<float>(rule.quantity == Quantity::kMagnitude
-                                  ? (value + CommonInterfaces::kMagCodeOffset) * CommonInterfaces::kMagCodesPerMag
-                                  : value);
+    if (rule.quantity != Quantity::kMagnitude) return ToFloat(value);
+    return ToFloat((value + CommonInterfaces::kMagCodeOffset) * CommonInterfaces::kMagCodesPerMag);
   };
   rule.least = bound(values[0]);
   rule.most = bound(values[1]);
+  return true;
+}
+
+bool TakeClass(double value, FilterRule& rule) {
+  if (!(value >= 0.0 && value <= 255.0)) return false;
+  rule.wanted = static_cast<unsigned>(value);
   return true;
 }
 
@@ -153,13 +165,18 @@ bool ObjectFilter::MakeRule(const BaseQuery& query, FilterRule& rule) {
       rule.unknownPasses = values[0] != 0.0;
       return true;
     case kLabelListCondition:
-      rule.wanted = static_cast<unsigned char>(values[0]);
-      return true;
+      return TakeClass(values[0], rule);
     default:
-      for (const double value : values) m_Numbers.push_back(static_cast<int>(value));
-      std::sort(m_Numbers.begin(), m_Numbers.end());
-      return true;
+      return TakeNumbers(query);
   }
+}
+
+bool ObjectFilter::TakeNumbers(const BaseQuery& query) {
+  const auto* numbers = dynamic_cast<const TQuery<int>*>(&query);
+  if (!numbers) return false;
+  m_Numbers = numbers->m_Values;
+  std::sort(m_Numbers.begin(), m_Numbers.end());
+  return true;
 }
 
 // A field that lets unknown objects pass says so for all rules about its quantity.
@@ -167,7 +184,8 @@ void ObjectFilter::LetUnknownPass() {
   for (const auto& undefined : m_Rules) {
     if (undefined.condition != kUndefinedCondition || !undefined.unknownPasses) continue;
     for (auto& rule : m_Rules) {
-      if (rule.quantity == undefined.quantity && rule.condition != kUndefinedCondition) rule.unknownPasses = true;
+      if (rule.quantity == undefined.quantity && rule.condition != kUndefinedCondition)
+        rule.unknownPasses = true;
     }
   }
 }
@@ -182,7 +200,8 @@ void ObjectFilter::Compile(const QueryList& queries, int section) {
       m_Rules.push_back(rule);
     } else {
       PrintDebugString("Filter %s of the section %s is not one that can be applied (condition %u)\n",
-                       GetFieldTitle(query->m_NameId).c_str(), GetCodeText(section).c_str(), query->m_Condition);
+                       GetFieldTitle(query->m_NameId).c_str(), GetCodeText(section).c_str(),
+                       query->m_Condition);
     }
   }
   LetUnknownPass();

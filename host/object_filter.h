@@ -73,6 +73,7 @@ class ObjectFilter {
 
  private:
   bool MakeRule(const CommonInterfaces::BaseQuery& query, FilterRule& rule);
+  bool TakeNumbers(const CommonInterfaces::BaseQuery& query);
   void LetUnknownPass();
 
   std::vector<FilterRule> m_Rules;

@@ -8,12 +8,12 @@ namespace skyview {
 struct ObjectTraits {
   static constexpr unsigned char kNoClass = 255;
 
-  float code = 0.0f;            // magnitude code, (magnitude + 2) * 10
-  float colour = 0.0f;          // colour index B-V, magnitudes; not a number when unknown
-  float size = 0.0f;            // largest dimension, radians; not a number when unknown
-  unsigned char cls = kNoClass; // spectral class of a star (GetSpectrType), sub-type of a deep-sky object
-  unsigned char catalogs = 0;   // the catalogues that list it, one bit each: StarCatalogBit, DeepskyCatalogBit
-  int number = -1;              // its number in lists of favourites; -1 for an object without one
+  float code = 0.0f;             // magnitude code, (magnitude + 2) * 10
+  float colour = 0.0f;           // colour index B-V, magnitudes; not a number when unknown
+  float size = 0.0f;             // largest dimension, radians; not a number when unknown
+  unsigned char cls = kNoClass;  // spectral class of a star (GetSpectrType), sub-type of a deep-sky object
+  unsigned char catalogs = 0;  // the catalogues that list it, one bit each: StarCatalogBit, DeepskyCatalogBit
+  int number = -1;             // its number in lists of favourites; -1 for an object without one
 };
 
 // Bit i answers to element i of the field "CatalogType" of the section. Settings files keep their order: frozen.

@@ -40,6 +40,17 @@ constexpr OptionText kOut = {"--out", "FILE.svg|FILE.png", "picture to write; ma
 constexpr OptionText kSave = {"--save-view", "FILE[:ID]",
                               "write the view shown to this file, in place of the one there"};
 
+constexpr OptionText kSettings = {"--settings", "FILE", "own settings kept in this file, over the defaults"};
+constexpr OptionText kSet = {"--set", "SECTION.FIELD=VALUE",
+                             "change a setting for this run, for example star.VisMagnitude=-2,3:on; may be "
+                             "given again"};
+constexpr OptionText kFavourite = {"--favourite", "NAME",
+                                   "show only favourites of the kind of this object; may be given again"};
+constexpr OptionText kSaveSettings = {"--save-settings", "FILE",
+                                      "keep the settings of this run in this file, in place of those there"};
+constexpr OptionText kWhy = {"--why", "NAME",
+                             "say why this object is or is not drawn, for example M31 or \"alpha CMa\""};
+
 // Stops the reading at the first value that is not of the accepted form.
 struct BadOption {
   std::string message;
@@ -53,7 +64,8 @@ struct BadOption {
 // The texts as they stand on the command line, before any is looked at.
 struct Texts {
   std::string data, work, language, view, saveView, time, zone, place, look, zoom, size;
-  std::vector<std::string> out;
+  std::string settings, saveSettings, why;
+  std::vector<std::string> out, set, favourites;
 };
 
 void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
@@ -72,6 +84,11 @@ void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
   add(kSize, texts.size);
   add(kOut, texts.out)->expected(1)->take_all();
   add(kSave, texts.saveView);
+  add(kSettings, texts.settings);
+  add(kSet, texts.set)->expected(1)->take_all();
+  add(kFavourite, texts.favourites)->expected(1)->take_all();
+  add(kSaveSettings, texts.saveSettings);
+  add(kWhy, texts.why);
   app.add_flag("--list-limits", listLimits,
                "list the limiting magnitudes of each class by zoom, and draw nothing");
 }
@@ -121,6 +138,11 @@ Options Read(const CLI::App& app, const Texts& texts) {
   Take(app, kZoom, texts.zoom, options.zoom, ParseZoom);
   Take(app, kSize, texts.size, size, ParseSize);
   Take(app, kSave, texts.saveView, options.saveView, ParseViewFile);
+  Take(app, kSettings, texts.settings, options.settings, ParseName);
+  Take(app, kSaveSettings, texts.saveSettings, options.saveSettings, ParseName);
+  Take(app, kWhy, texts.why, options.why, ParseName);
+  options.set = texts.set;
+  options.favourites = texts.favourites;
   if (size) options.size = *size;
   if (language) options.language = *language;
   options.timeText = texts.time;

@@ -25,7 +25,12 @@ struct Options {
   std::optional<Look> look;
   std::optional<double> zoom;
   PictureSize size;
-  std::vector<std::string> out;  // at most two
+  std::vector<std::string> out;             // at most two
+  std::optional<std::string> settings;      // file with own settings
+  std::optional<std::string> saveSettings;  // file to keep them in
+  std::vector<std::string> set;             // changes of settings, in their order
+  std::vector<std::string> favourites;      // names of objects
+  std::optional<std::string> why;           // name of an object
   bool listLimits = false;
 };
 

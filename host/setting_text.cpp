@@ -78,7 +78,8 @@ bool TakeField(std::string_view text, SettingText& change) {
   const auto bracket = text.find('[');
   if (bracket != std::string_view::npos) {
     unsigned index = 0;
-    if (!text.ends_with(']') || !ReadNumber(text.substr(bracket + 1, text.size() - bracket - 2), index)) return false;
+    if (!text.ends_with(']') || !ReadNumber(text.substr(bracket + 1, text.size() - bracket - 2), index))
+      return false;
     change.index = index;
     text = text.substr(0, bracket);
   }

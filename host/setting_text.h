@@ -11,8 +11,9 @@
 
 namespace skyview {
 
-inline constexpr char kSettingForm[] = "SECTION.FIELD=VALUE[,VALUE...], SECTION.FIELD[INDEX]=VALUE, "
-                                       "SECTION.FIELD:on|off or SECTION:on|off";
+inline constexpr char kSettingForm[] =
+    "SECTION.FIELD=VALUE[,VALUE...], SECTION.FIELD[INDEX]=VALUE, "
+    "SECTION.FIELD:on|off or SECTION:on|off";
 
 struct SettingText {
   std::string section;

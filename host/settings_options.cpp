@@ -48,7 +48,8 @@ std::vector<std::string> ListFields(const SettingsData& settings, unsigned secti
 unsigned FindSection(const std::string& name, const SettingsData& settings) {
   const int code = GetFOURCC(name.c_str());
   for (int i = 0; i < settings.GetSectionCount(); ++i) {
-    if (code != -1 && settings.GetSectionAt(i)->id == static_cast<unsigned>(code)) return static_cast<unsigned>(code);
+    if (code != -1 && settings.GetSectionAt(i)->id == static_cast<unsigned>(code))
+      return static_cast<unsigned>(code);
   }
   const std::vector<std::string> all = ListSections(settings), near = FindNearNames(name, all);
   throw BadSetting{"there is no section '" + name + "', wants " +
@@ -61,7 +62,8 @@ SettingField& FindField(unsigned section, const std::string& name, int nameId, S
   settings.SetCurSection(before);
   if (field) return *field;
   const std::vector<std::string> all = ListFields(settings, section), near = FindNearNames(name, all);
-  throw BadSetting{"the section " + GetCodeText(static_cast<int>(section)) + " has no field '" + name + "', wants " +
+  throw BadSetting{"the section " + GetCodeText(static_cast<int>(section)) + " has no field '" + name +
+                   "', wants " +
                    (near.empty() ? "one of " + JoinNames(all) : "for example " + JoinNames(near))};
 }
 
@@ -86,7 +88,8 @@ std::vector<unsigned char> ReadValues(const SettingText& change, const SettingFi
 void ChangeField(const SettingText& change, unsigned section, SettingsData& settings) {
   const int nameId = change.GetNameId();
   SettingField& field = FindField(section, change.field, nameId, settings);
-  const bool canFilter = field.GetCondition() != kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
+  const bool canFilter =
+      field.GetCondition() != kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
   if (change.on && !canFilter) {
     throw BadSetting{"the field is a plain setting, no filter; wants its values, " + change.field + "=VALUE"};
   }

@@ -17,18 +17,38 @@ bool HasSection(const SettingsData& settings, unsigned section) {
   return false;
 }
 
-bool IsOn(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
-  if (!HasSection(settings, section)) return otherwise;
-  if (settings.GetSectionStatus(section, false) == 0) return false;
-  const unsigned before = settings.SetCurSection(section);
-  const int nameId = GetUniqueID(name);
+struct Switch {
+  bool ShownKinds::*flag;
+  unsigned section;
+  const char* name;
+};
+constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
+                                {&ShownKinds::clusters, FourCC("clst"), "ClusterDraw"},
+                                {&ShownKinds::galaxies, FourCC("gala"), "GalaxyDraw"},
+                                {&ShownKinds::nebulae, FourCC("nebu"), "CloudsDraw"},
+                                {&ShownKinds::otherDeepsky, FourCC("dsnv"), "NonOpticDraw"},
+                                {&ShownKinds::constellationNames, FourCC("cnst"), "LabelsVisible"},
+                                {&ShownKinds::figures, FourCC("cnst"), "PatternsVisible"},
+                                {&ShownKinds::englishNames, FourCC("cnst"), "EnglishName"},
+                                {&ShownKinds::milkyWay, FourCC("grid"), "MilkyWayVisible"},
+                                {&ShownKinds::horizon, FourCC("grid"), "HorizonDraw"},
+                                {&ShownKinds::compass, FourCC("grid"), "Compass"}};
+
+// What the settings lack counts as `otherwise`, a whole section as on.
+KindState ReadState(SettingsData& settings, const Switch& entry, bool otherwise) {
+  KindState state = {entry.name, true, otherwise};
+  if (!HasSection(settings, entry.section)) return state;
+  state.sectionOn = settings.GetSectionStatus(entry.section, false) != 0;
+  const unsigned before = settings.SetCurSection(entry.section);
+  const int nameId = GetUniqueID(entry.name);
   unsigned char value = otherwise;
-  if (settings.GetAtField(section, nameId, false) &&
+  if (settings.GetAtField(entry.section, nameId, false) &&
       settings.GetFieldType(nameId) == CommonInterfaces::kFieldUInt8) {
     settings.GetFieldElement(nameId, &value, 0);
   }
   settings.SetCurSection(before);
-  return value != 0;
+  state.switchOn = value != 0;
+  return state;
 }
 
 }  // namespace
@@ -41,24 +61,19 @@ bool ShownKinds::IsShown(int kind) const {
   return kind == FourCC("dsnv") && otherDeepsky;
 }
 
+KindState ReadKindState(SettingsData& settings, int kind) {
+  for (const auto& entry : kSwitches) {
+    if (entry.section == static_cast<unsigned>(kind)) return ReadState(settings, entry, true);
+  }
+  return {nullptr, true, false};
+}
+
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
-  const struct {
-    bool& flag;
-    unsigned section;
-    const char* name;
-  } switches[] = {{shown.stars, FourCC("star"), "Draw"},
-                  {shown.clusters, FourCC("clst"), "ClusterDraw"},
-                  {shown.galaxies, FourCC("gala"), "GalaxyDraw"},
-                  {shown.nebulae, FourCC("nebu"), "CloudsDraw"},
-                  {shown.otherDeepsky, FourCC("dsnv"), "NonOpticDraw"},
-                  {shown.figures, FourCC("cnst"), "PatternsVisible"},
-                  {shown.constellationNames, FourCC("cnst"), "LabelsVisible"},
-                  {shown.englishNames, FourCC("cnst"), "EnglishName"},
-                  {shown.milkyWay, FourCC("grid"), "MilkyWayVisible"},
-                  {shown.horizon, FourCC("grid"), "HorizonDraw"},
-                  {shown.compass, FourCC("grid"), "Compass"}};
-  for (const auto& entry : switches) entry.flag = IsOn(settings, entry.section, entry.name, entry.flag);
+  for (const auto& entry : kSwitches) {
+    const KindState state = ReadState(settings, entry, shown.*entry.flag);
+    shown.*entry.flag = state.sectionOn && state.switchOn;
+  }
   return shown;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "common_interfaces/zoom_dependence.h"
 #include "host/field_ids.h"
@@ -45,6 +46,15 @@ std::string DeepskyLabel(const CatalogTable& table) {
   return *ngc ? ngc : FieldText(table, fields::kProperName);
 }
 
+unsigned char CatalogBits(const CatalogTable& table) {
+  const std::string_view designation = FieldText(table, fields::kNGC_ICnumber);
+  unsigned bits = 0;
+  if (FieldNumber(table, fields::kMessierNumber, 0.0) > 0.0) bits |= kInMessier;
+  if (designation.starts_with("NGC")) bits |= kInNgc;
+  if (designation.starts_with("IC")) bits |= kInIc;
+  return bits == 0 ? static_cast<unsigned char>(kInNoCatalog) : static_cast<unsigned char>(bits);
+}
+
 void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
@@ -59,10 +69,19 @@ void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
     object.largest = static_cast<float>(FieldNumber(table, fields::kLargestDimension, 0.0));
     object.smallest = static_cast<float>(FieldNumber(table, fields::kSmallestDimension, 0.0));
     object.label = DeepskyLabel(table);
+    object.catalogs = CatalogBits(table);
+    object.record = record;
     objects.push_back(std::move(object));
   }
   std::stable_sort(objects.begin(), objects.end(),
                    [](const auto& a, const auto& b) { return a.code < b.code; });
+}
+
+int FindConstellation(const std::string& abbreviation, const std::vector<ConstellationName>& names) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (names[i].abbreviation == abbreviation) return static_cast<int>(i);
+  }
+  return -1;
 }
 
 // Neighbouring vertices of one polyline become a stroke.
@@ -79,7 +98,8 @@ void FillFigures(CatalogTable& table, SkyCatalogs& catalogs) {
       const int first = static_cast<int>(catalogs.figurePoints.size());
       catalogs.figurePoints.push_back(last);
       AppendArc(last, vertex, kFigureStep, catalogs.figurePoints);
-      catalogs.figures.push_back({first, static_cast<int>(catalogs.figurePoints.size()) - first});
+      catalogs.figures.push_back({first, static_cast<int>(catalogs.figurePoints.size()) - first,
+                                  FindConstellation(figure, catalogs.constellations)});
     }
     last = vertex;
     lastFigure = figure;
@@ -91,6 +111,7 @@ void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     ConstellationName entry;
+    entry.abbreviation = FieldText(table, fields::kLabel);
     entry.name = FieldText(table, fields::kProperName);
     entry.englishName = FieldText(table, fields::kEnglishName);
     if (entry.englishName.empty()) entry.englishName = entry.name;
@@ -131,16 +152,34 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
 
 }  // namespace
 
+ObjectTraits GetTraits(const DeepskyObject& object) {
+  constexpr unsigned kSubTypeShift = 24;  // the number of a deep-sky object carries its sub-type on top
+  const auto subType = static_cast<unsigned char>(static_cast<unsigned>(object.number) >> kSubTypeShift);
+  constexpr float kUnknown = std::numeric_limits<float>::quiet_NaN();
+  return {object.code,
+          kUnknown,
+          object.largest > 0.0f ? object.largest : kUnknown,
+          subType == 0 ? ObjectTraits::kNoClass : subType,
+          object.catalogs,
+          object.number};
+}
+
+ObjectTraits GetTraits(const ConstellationName& constellation) {
+  ObjectTraits traits;
+  traits.number = GetUniqueID(constellation.abbreviation.c_str());
+  return traits;
+}
+
 bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   CatalogTable table;
-  if (!LoadTable("catalogs:stars.txt", table, error)) return false;
-  catalogs.stars.Fill(table);
-  if (!LoadTable("catalogs:deepsky.txt", table, error)) return false;
-  FillDeepsky(table, catalogs.deepsky);
-  if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
-  FillFigures(table, catalogs);
+  if (!LoadTable("catalogs:stars.txt", catalogs.starTable, error)) return false;
+  catalogs.stars.Fill(catalogs.starTable);
+  if (!LoadTable("catalogs:deepsky.txt", catalogs.deepskyTable, error)) return false;
+  FillDeepsky(catalogs.deepskyTable, catalogs.deepsky);
   if (!LoadTable("catalogs:constellations.txt", table, error)) return false;
   FillNames(table, catalogs.constellations);
+  if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
+  FillFigures(table, catalogs);
   if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
   FillMilkyWay(table, catalogs);
   return true;

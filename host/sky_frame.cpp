@@ -18,7 +18,6 @@ using CommonInterfaces::StarOutput;
 constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
 constexpr int kMilkyWayLevels = 5;
 constexpr int kCompassMarks = 16;
-constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
 
 // The north galactic pole (J2000; IAU 1958), far from every outline of the Milky Way.
 constexpr double kGalacticPoleRA = 192.85948 * kRadiansPerDegree;
@@ -32,9 +31,6 @@ unsigned PoolBlockCount(const SkyCatalogs& catalogs) {
       blocks(static_cast<std::size_t>(catalogs.stars.GetCount()), sizeof(StarOutput)) +
       blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));
 }
-
-// A dot of 0.6 pixels at the limit, growing by a quarter for each magnitude above it.
-double StarRadius(double magnitudesAboveLimit) { return 0.6 * std::pow(10.0, 0.1 * magnitudesAboveLimit); }
 
 double AngleFromAxis(const ViewGeometry& geometry, const tPoint<double>& p) {
   return 2.0 *
@@ -83,14 +79,12 @@ void SkyFrame::ReserveLists() {
 }
 
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
-                       const ShownKinds& shown) {
+                       const ShownKinds& shown, const ObjectFilters& filters) {
   const ViewGeometry geometry(camera);
-  const ClassLimits starLimits(camera, FourCC("star"));
   ++m_Number;
   m_Width = geometry.width;
   m_Height = geometry.height;
   m_Unit = GetPictureUnit(m_Width, m_Height);
-  m_HideBelowHorizon = shown.horizon;
   m_PoolExhausted = false;
   m_Pool.clear(false);
   m_Stars.clear();
@@ -102,16 +96,17 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   m_Ground.Clear();
   m_Labels.Begin(m_Width, m_Height);
 
+  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, m_Unit);
   AddCaption();
   if (shown.milkyWay) AddMilkyWay(geometry);
   if (shown.horizon) AddHorizon(geometry);
   if (shown.compass) AddCompass(geometry);
-  if (shown.figures) AddFigures(geometry, observer);
-  if (shown.stars) AddStars(geometry, observer, starLimits);
-  AddDeepsky(geometry, observer, shown);
-  LabelStars(starLimits);
-  LabelDeepsky(camera);
-  if (shown.constellationNames) AddNames(geometry, observer, shown);
+  AddFigures(geometry, observer, tests);
+  AddStars(geometry, tests);
+  AddDeepsky(geometry, tests);
+  LabelStars(tests.GetStarLimits());
+  LabelDeepsky(tests);
+  AddNames(tests, shown);
 }
 
 void SkyFrame::AddCaption() {
@@ -171,14 +166,17 @@ void SkyFrame::AddCompassLetter(const CompassMark& mark, const char* letter) {
   }
 }
 
-void SkyFrame::AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer) {
-  for (const auto& stroke : m_Catalogs.figures) AddStroke(geometry, observer, stroke);
+void SkyFrame::AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer,
+                          const ObjectTests& tests) {
+  for (const auto& stroke : m_Catalogs.figures) {
+    if (tests.IsFigureDrawn(stroke.constellation)) AddStroke(geometry, observer, tests, stroke);
+  }
 }
 
 // The stroke leaves a gap at its stars. Pieces with an end more than a right angle from the view axis and outside the
 // window are left out: their straight picture may have nothing to do with the arc.
 void SkyFrame::AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer,
-                         const FigureStroke& stroke) {
+                         const ObjectTests& tests, const FigureStroke& stroke) {
   constexpr double kGap = 7.0;  // pixels
   const tRect<int> window = {0, 0, m_Width + 1, m_Height + 1};
   const Direction* points = m_Catalogs.figurePoints.data() + stroke.first;
@@ -189,7 +187,7 @@ void SkyFrame::AddStroke(const ViewGeometry& geometry, const ObserverFrame& obse
     const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
     const bool usable =
         Dot(apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal);
-    if (i > 0 && usable && lastUsable && IsAboveHorizon(apparent, observer)) {
+    if (i > 0 && usable && lastUsable && tests.IsAboveHorizon(apparent)) {
       tPoint<double> from = last, to = p;
       const double length = std::hypot(to.x - from.x, to.y - from.y);
       const double gap = std::min(kGap * m_Unit, 0.3 * length) / std::max(length, 1e-9);
@@ -202,53 +200,36 @@ void SkyFrame::AddStroke(const ViewGeometry& geometry, const ObserverFrame& obse
   }
 }
 
-// A first sieve compares catalogue directions, which cost no projection, with the angle of a corner; its margin covers
-// the largest proper motion to the date and the aberration.
-void SkyFrame::AddStars(const ViewGeometry& geometry, const ObserverFrame& observer,
-                        const ClassLimits& limits) {
-  constexpr double kAberration =
-      1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
+// The catalog begins with the brightest star: behind the first one that is too faint there is no other.
+void SkyFrame::AddStars(const ViewGeometry& geometry, const ObjectTests& tests) {
   const StarCatalog& stars = m_Catalogs.stars;
-  const double margin =
-      kAberration + stars.GetMaxMotion() * std::fabs(observer.years) + 2.0 * kMargin / geometry.scale;
-  const double reach = std::cos(std::min(geometry.cornerAngle + margin, kPi));
+  const ClassLimits& limits = tests.GetStarLimits();
+  ObjectPlace place;
   for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
-    if (Dot(stars.GetDirection(i), geometry.centreJ2000) < reach) continue;
-    const Direction apparent = ApparentDirection(stars.GetDirection(i), stars.GetMotion(i), observer);
-    if (IsAboveHorizon(apparent, observer)) AddStar(geometry, apparent, i, limits);
+    if (tests.IsStarDrawn(i, place)) AddStar(geometry, place, i, limits);
   }
 }
 
-void SkyFrame::AddStar(const ViewGeometry& geometry, const Direction& apparent, int star,
+void SkyFrame::AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
                        const ClassLimits& limits) {
-  const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
-  const float code = m_Catalogs.stars.GetCode(star);
-  const double radius = m_Unit * StarRadius((limits.draw - code) * 0.1);
-  if (!geometry.IsInside(p, radius)) return;
   auto* output = new (m_Pool) StarOutput;
   if (!output) {
     m_PoolExhausted = true;
     return;
   }
   output->m_Frame = m_Number;
-  output->m_Place = MakePlace(geometry, p, radius);
-  output->m_OnScreen = geometry.IsInside(p, 0.0);
-  output->m_AsDisc = radius >= 1.0;
+  output->m_Place = MakePlace(geometry, place.pixel, place.radius);
+  output->m_OnScreen = geometry.IsInside(place.pixel, 0.0);
+  output->m_AsDisc = place.radius >= 1.0;
   output->m_Drawn = true;
-  m_Stars.push_back({output, star, limits.Opacity(code)});
+  m_Stars.push_back({output, star, limits.Opacity(m_Catalogs.stars.GetCode(star))});
 }
 
-void SkyFrame::AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& observer,
-                          const ShownKinds& shown) {
-  for (std::size_t i = 0; i < m_Catalogs.deepsky.size(); ++i) {
-    const auto& object = m_Catalogs.deepsky[i];
-    const ClassLimits limits(geometry.camera, object.kind);
-    if (!shown.IsShown(object.kind) || object.code > limits.draw) continue;
-    const Direction apparent = ApparentDirection(object.direction, observer);
-    if (Dot(apparent, geometry.centreJ2000) < std::cos(std::min(1.05 * geometry.cornerAngle, kPi))) continue;
-    if (!IsAboveHorizon(apparent, observer)) continue;
-    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
-    if (geometry.IsInside(p, kMargin)) AddDeepskyObject(geometry, p, static_cast<int>(i), limits);
+void SkyFrame::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests) {
+  ObjectPlace place;
+  for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
+    if (!tests.IsDeepskyDrawn(i, place)) continue;
+    AddDeepskyObject(geometry, place.pixel, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
   }
 }
 
@@ -291,33 +272,23 @@ void SkyFrame::LabelStars(const ClassLimits& limits) {
   }
 }
 
-void SkyFrame::LabelDeepsky(const CommonInterfaces::Camera& camera) {
+void SkyFrame::LabelDeepsky(const ObjectTests& tests) {
   for (const auto& drawn : m_Deepsky) {
     const auto& object = m_Catalogs.deepsky[drawn.object];
-    if (object.code > camera.GetDarkMagLabelF(object.kind)) continue;
+    if (object.code > tests.GetDeepskyLimits(object.kind).label) continue;
     const auto& place = drawn.output->m_Place;
     drawn.output->m_LabelIndex = m_Labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius,
                                                       11.0 * m_Unit, LabelKindOfDeepsky(object.kind));
   }
 }
 
-void SkyFrame::AddNames(const ViewGeometry& geometry, const ObserverFrame& observer,
-                        const ShownKinds& shown) {
-  for (const auto& constellation : m_Catalogs.constellations) {
-    const Direction apparent = ApparentDirection(constellation.direction, observer);
-    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
-    if (geometry.IsInside(p, 0.0) && IsAboveHorizon(apparent, observer)) {
-      const auto& name = shown.englishNames ? constellation.englishName : constellation.name;
-      m_Labels.PlaceCentred(name.c_str(), p, 15.0 * m_Unit, LabelKind::kConstellation);
-    }
+void SkyFrame::AddNames(const ObjectTests& tests, const ShownKinds& shown) {
+  ObjectPlace place;
+  for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
+    if (!tests.IsConstellationNamed(i, place)) continue;
+    m_Labels.PlaceCentred(m_Catalogs.constellations[i].GetShownName(shown.englishNames).c_str(), place.pixel,
+                          15.0 * m_Unit, LabelKind::kConstellation);
   }
-}
-
-// The third row of the reduction gives the sine of the altitude.
-bool SkyFrame::IsAboveHorizon(const Direction& apparent, const ObserverFrame& observer) const {
-  if (!m_HideBelowHorizon) return true;
-  const double* zenith = observer.reduction + 6;
-  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
 }
 
 }  // namespace skyview

@@ -12,6 +12,8 @@
 #include "host/class_limits.h"
 #include "host/horizon.h"
 #include "host/labels.h"
+#include "host/object_filter.h"
+#include "host/object_tests.h"
 #include "host/observer_frame.h"
 #include "host/shown_kinds.h"
 #include "host/sky_catalogs.h"
@@ -65,8 +67,8 @@ class SkyFrame {
   void FetchTexts() { m_CompassLetters = FetchCompassLetters(); }
 
   // The camera must be prepared (PrepareObserver) for the same moment.
-  void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
-               const ShownKinds& shown);
+  void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer, const ShownKinds& shown,
+               const ObjectFilters& filters = ObjectFilters::None());
 
   int GetWidth() const { return m_Width; }
   int GetHeight() const { return m_Height; }
@@ -89,22 +91,21 @@ class SkyFrame {
   void AddHorizon(const ViewGeometry& geometry);
   void AddCompass(const ViewGeometry& geometry);
   void AddCompassLetter(const CompassMark& mark, const char* letter);
-  void AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer);
-  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const FigureStroke& stroke);
-  void AddStars(const ViewGeometry& geometry, const ObserverFrame& observer, const ClassLimits& limits);
-  void AddStar(const ViewGeometry& geometry, const Direction& apparent, int star, const ClassLimits& limits);
-  void AddDeepsky(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown);
+  void AddFigures(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
+  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+                 const FigureStroke& stroke);
+  void AddStars(const ViewGeometry& geometry, const ObjectTests& tests);
+  void AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star, const ClassLimits& limits);
+  void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
   void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                         const ClassLimits& limits);
-  void AddNames(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown);
+  void AddNames(const ObjectTests& tests, const ShownKinds& shown);
   void LabelStars(const ClassLimits& limits);
-  void LabelDeepsky(const CommonInterfaces::Camera& camera);
-  bool IsAboveHorizon(const Direction& apparent, const ObserverFrame& observer) const;
+  void LabelDeepsky(const ObjectTests& tests);
 
   const SkyCatalogs& m_Catalogs;
   CommonInterfaces::OutputPool m_Pool;
   bool m_PoolExhausted = false;
-  bool m_HideBelowHorizon = true;
   unsigned m_Number = 0;  // of the frame
   int m_Width = 0, m_Height = 0;
   double m_Unit = 1.0;

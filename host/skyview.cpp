@@ -7,14 +7,18 @@
 #include "common_interfaces/string_table.h"
 #include "host/caption.h"
 #include "host/diagnostics.h"
+#include "host/favourites.h"
 #include "host/language.h"
+#include "host/object_search.h"
 #include "host/options.h"
 #include "host/picture_file.h"
 #include "host/report.h"
+#include "host/settings_options.h"
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
 #include "host/status.h"
 #include "host/view_state.h"
+#include "host/why.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -48,19 +52,73 @@ struct Session {
   SettingsData settings{kOwner, FourCC("FLTR"), "filters.data"};
   Camera camera{kOwner};
   SkyCatalogs catalogs;
+  ObjectFilters filters;
 };
 
-bool Draw(const Options& options, Session& session, std::ostream& output, std::string& error) {
+// The object that --why asks about.
+struct Question {
+  FoundObject object;
+  std::string title;
+};
+
+int CodeOf(Failure failure) { return failure == Failure::kBadOption ? kBadOption : kBadData; }
+
+// Defaults, own settings, the changes of this run.
+ViewResult SetUpSettings(const Options& options, SettingsData& settings) {
+  ViewResult result = LoadSettings(options.settings, settings);
+  for (const auto& change : options.set) {
+    if (result.failure == Failure::kNone) result = ChangeSetting(change, settings);
+  }
+  return result;
+}
+
+// Loads the catalogs and finds the objects that the options name.
+bool FindNamedObjects(const Options& options, Session& session, std::optional<Question>& question,
+                      std::string& error) {
+  if (!LoadSkyCatalogs(session.catalogs, error)) return false;
+  if (options.favourites.empty() && !options.why) return true;
+  const ObjectSearch search(session.catalogs);
+  for (const auto& name : options.favourites) {
+    const auto found = search.FindOne(name, error);
+    if (!found) {
+      error = "--favourite " + error;
+      return false;
+    }
+    AddFavourite(session.settings, GetKind(*found, session.catalogs), GetNumber(*found, session.catalogs));
+  }
+  if (!options.why) return true;
+  if (const auto found = search.FindOne(*options.why, error)) {
+    question = {*found, search.GetTitle(*found)};
+    return true;
+  }
+  error = "--why " + error;
+  return false;
+}
+
+bool KeepSettings(const Options& options, Session& session, std::string& error) {
+  return !options.saveSettings || SaveSettings(session.settings, *options.saveSettings, error);
+}
+
+bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
+          std::ostream& output, std::string& error) {
   const ObserverFrame observer = PrepareObserver(session.camera);
   const auto status = MakeStatus(session.camera, session.catalogs);
   SkyFrame frame(session.catalogs);
   frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
-  frame.Compute(session.camera, observer, ReadShownKinds(session.settings));
+  const ShownKinds shown = ReadShownKinds(session.settings);
+  session.filters.Refresh(session.settings);
+  frame.Compute(session.camera, observer, shown, session.filters);
   for (const auto& name : options.out) {
     if (!WritePicture(frame, name, error)) return false;
   }
   if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
-  output << MakeReport(session.camera, status, frame);
+  if (!KeepSettings(options, session, error)) return false;
+  if (question) {
+    const ShownView view = {frame, session.camera, observer, shown, session.filters, session.settings};
+    output << FormatExplanation(question->title, Explain(question->object, view));
+  } else {
+    output << MakeReport(session.camera, status, frame);
+  }
   return true;
 }
 
@@ -68,20 +126,23 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
   QX4Strings::SetProgrmaNameId(kProgramNameText);
   Session session;
   std::string error;
-  if (!session.settings.Read(nullptr)) {
-    return Fail("filters.data: missing from the data root, or damaged", kBadData, errors);
-  }
+  const ViewResult set = SetUpSettings(options, session.settings);
+  if (set.failure != Failure::kNone) return Fail(set.message, CodeOf(set.failure), errors);
   session.camera.CreateDefault();
   session.camera.FillMagCorrectionsVector(&session.settings);
   const ViewResult view = ApplyOptions(options, diagnostics, session.camera);
   if (view.failure != Failure::kNone) {
-    return Fail(view.message, view.failure == Failure::kBadOption ? kBadOption : kBadData, errors);
+    return Fail(view.message, CodeOf(view.failure), errors);
   }
+  std::optional<Question> question;
+  const bool wantsCatalogs = !options.listLimits || !options.favourites.empty();
+  if (wantsCatalogs && !FindNamedObjects(options, session, question, error))
+    return Fail(error, kBadData, errors);
   if (options.listLimits) {
+    if (!KeepSettings(options, session, error)) return Fail(error, kBadData, errors);
     output << MakeLimitsTable(session.camera);
-  } else {
-    if (!LoadSkyCatalogs(session.catalogs, error)) return Fail(error, kBadData, errors);
-    if (!Draw(options, session, output, error)) return Fail(error, kBadData, errors);
+  } else if (!Draw(options, session, question, output, error)) {
+    return Fail(error, kBadData, errors);
   }
   for (const auto& line : diagnostics.lines) errors << "skyview: " << line;
   return kDone;

@@ -17,6 +17,7 @@ namespace skyview {
 namespace {
 
 constexpr double kMissing = std::numeric_limits<double>::infinity();
+constexpr double kMostColour = 100.0;                   // magnitudes, far beyond any star
 constexpr double kRadiansPerMas = 4.84813681109536e-9;  // pi / (180 * 3600 * 1000)
 
 // The change of the unit vector per year: the motion in right ascension includes cos Dec, as catalogues give it.
@@ -34,9 +35,20 @@ std::pair<std::string_view, bool> ChooseLabel(const CatalogTable& table) {
   return {flamsteed.substr(0, flamsteed.find(' ')), false};
 }
 
+unsigned char CatalogBits(const CatalogTable& table) {
+  const auto bit = [](bool listed, StarCatalogBit value) {
+    return listed ? static_cast<unsigned>(value) : 0u;
+  };
+  return static_cast<unsigned char>(bit(FieldNumber(table, fields::kNumber, 0.0) > 0.0, kInBrightStars) |
+                                    bit(FieldNumber(table, fields::kHipparcosID, 0.0) > 0.0, kInHipparcos) |
+                                    bit(*FieldText(table, fields::kBayer) != 0, kInBayer) |
+                                    bit(*FieldText(table, fields::kFlamsteed) != 0, kInFlamsteed));
+}
+
 }  // namespace
 
-void StarCatalog::Append(CatalogTable& table) {
+void StarCatalog::Append(CatalogTable& table, int record) {
+  table.Select(record);
   const double ra = FieldNumber(table, fields::kRA, 0.0), dec = FieldNumber(table, fields::kDec, 0.0);
   const double east = FieldNumber(table, fields::kPropMotionRA, 0.0) * kRadiansPerMas;
   const double north = FieldNumber(table, fields::kPropMotionDec, 0.0) * kRadiansPerMas;
@@ -48,6 +60,11 @@ void StarCatalog::Append(CatalogTable& table) {
   m_MaxMotion = std::max(m_MaxMotion, std::hypot(east, north));
   m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, fields::kSpectrType)));
   m_Numbers.push_back(static_cast<int>(FieldNumber(table, fields::kNumber, -1.0)));
+  const double colour = FieldNumber(table, fields::kColorIndexBV, kMissing);
+  m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
+                                                       : std::numeric_limits<float>::quiet_NaN());
+  m_Catalogs.push_back(CatalogBits(table));
+  m_Records.push_back(record);
   const auto [label, proper] = ChooseLabel(table);
   m_ProperNames.push_back(proper);
   m_Labels.push_back(label.empty() ? 0 : static_cast<unsigned>(m_Texts.size()));
@@ -69,8 +86,7 @@ void StarCatalog::Fill(CatalogTable& table) {
   }
   std::sort(order.begin(), order.end());
   for (const auto& [magnitude, record] : order) {
-    table.Select(record);
-    Append(table);
+    Append(table, record);
   }
 }
 

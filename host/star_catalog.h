@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "host/catalog_table.h"
 #include "host/directions.h"
+#include "host/object_traits.h"
 
 namespace skyview {
 
@@ -30,15 +32,23 @@ class StarCatalog {
   // Proper name, else Bayer letter, else Flamsteed number; "" when it has none of these. The catalog's.
   const char* GetLabel(int star) const { return m_Texts.c_str() + m_Labels[star]; }
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
+  int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
+  ObjectTraits GetTraits(int star) const {
+    return {m_Codes[star],   m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
+            m_Spectra[star], m_Catalogs[star], m_Numbers[star]};
+  }
 
  private:
-  void Append(CatalogTable& table);
+  void Append(CatalogTable& table, int record);
 
   std::vector<float> m_Codes;
   std::vector<Direction> m_Directions;
   std::vector<Direction> m_Motions;
   std::vector<unsigned char> m_Spectra;
   std::vector<int> m_Numbers;
+  std::vector<float> m_Colours;           // colour index B-V, magnitudes; not a number when unknown
+  std::vector<unsigned char> m_Catalogs;  // StarCatalogBit
+  std::vector<int> m_Records;
   std::vector<unsigned> m_Labels;  // offsets in m_Texts
   std::vector<unsigned char> m_ProperNames;
   std::string m_Texts = std::string(1, '\0');

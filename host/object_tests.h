@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Which objects one frame draws. The frame asks for every object whether it is drawn, the explanation asks for one
+// object what keeps it from being drawn; both get their answer from the same tests, in the same order.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "host/class_limits.h"
+#include "host/object_filter.h"
+#include "host/observer_frame.h"
+#include "host/shown_kinds.h"
+#include "host/sky_catalogs.h"
+#include "host/view_geometry.h"
+
+namespace skyview {
+
+// What keeps an object from being drawn; several may be true at once.
+enum Obstacle : unsigned {
+  kKindOff = 1,       // its section or its kind is switched off
+  kFiltered = 2,      // a filter of its section rejects it
+  kTooFaint = 4,      // fainter than the drawing limit of its class
+  kBelowHorizon = 8,  // while the horizon is shown
+  kOutside = 16       // its disc or symbol does not reach into the window
+};
+
+// Where an object stands. Whole once all tests were made; IsDrawn makes them all for what is drawn.
+struct ObjectPlace {
+  Direction apparent{};    // J2000
+  tPoint<double> pixel{};  // y up
+  double radius = 0.0;     // of a star's disc, pixels
+};
+
+// Everything is kept by reference. Makes no allocation.
+class ObjectTests {
+ public:
+  // `unit`: pixels of this picture for one of the standard picture.
+  ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
+              const ShownKinds& shown, const ObjectFilters& filters, double unit);
+
+  bool IsStarDrawn(int star, ObjectPlace& place) const { return TestStar<true>(star, place) == 0; }
+  bool IsDeepskyDrawn(int object, ObjectPlace& place) const { return TestDeepsky<true>(object, place) == 0; }
+  bool IsConstellationNamed(int constellation, ObjectPlace& place) const {
+    return TestConstellation<true>(constellation, place) == 0;
+  }
+  // Whether its figure is drawn where it stands in the window.
+  bool IsFigureDrawn(int constellation) const;
+
+  // All obstacles, a combination of Obstacle.
+  unsigned FindStarObstacles(int star, ObjectPlace& place) const { return TestStar<false>(star, place); }
+  unsigned FindDeepskyObstacles(int object, ObjectPlace& place) const {
+    return TestDeepsky<false>(object, place);
+  }
+  unsigned FindConstellationObstacles(int constellation, ObjectPlace& place) const {
+    return TestConstellation<false>(constellation, place);
+  }
+
+  bool IsAboveHorizon(const Direction& apparent) const;
+  const ClassLimits& GetStarLimits() const { return m_StarLimits; }
+  const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
+
+ private:
+  // The obstacles found so far; with kFirst the first one is enough.
+  template <bool kFirst>
+  struct Found {
+    unsigned obstacles = 0;
+    bool EndsWith(bool failed, Obstacle obstacle) {
+      if (failed) obstacles |= obstacle;
+      return kFirst && failed;
+    }
+  };
+
+  template <bool kFirst>
+  unsigned TestStar(int star, ObjectPlace& place) const;
+  template <bool kFirst>
+  unsigned TestDeepsky(int object, ObjectPlace& place) const;
+  template <bool kFirst>
+  unsigned TestConstellation(int constellation, ObjectPlace& place) const;
+
+  struct Deepsky {
+    int kind;
+    ClassLimits limits;
+    const ObjectFilter& filter;
+  };
+  const Deepsky& FindKind(int kind) const;
+  double StarRadius(float code) const;
+
+  const SkyCatalogs& m_Catalogs;
+  const ViewGeometry& m_Geometry;
+  const ObserverFrame& m_Observer;
+  const ShownKinds& m_Shown;
+  double m_Unit;
+  ClassLimits m_StarLimits;
+  const ObjectFilter& m_StarFilter;
+  const ObjectFilter& m_ConstellationFilter;
+  std::array<Deepsky, 4> m_Deepsky;
+  double
+      m_StarReach;  // cosines of the angles from the view axis, in the catalogue for stars, of the apparent
+  double m_DeepskyReach;  // direction for deep-sky objects, beyond which nothing reaches into the window
+};
+
+// Costs least first; the catalogue's direction needs no projection.
+template <bool kFirst>
+unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
+  const StarCatalog& stars = m_Catalogs.stars;
+  const float code = stars.GetCode(star);
+  Found<kFirst> found;
+  if (found.EndsWith(!m_Shown.stars, kKindOff)) return found.obstacles;
+  if (found.EndsWith(code > m_StarLimits.draw, kTooFaint)) return found.obstacles;
+  if (found.EndsWith(Dot(stars.GetDirection(star), m_Geometry.centreJ2000) < m_StarReach, kOutside)) {
+    return found.obstacles;
+  }
+  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(stars.GetTraits(star)), kFiltered)) {
+    return found.obstacles;
+  }
+  place.apparent = ApparentDirection(stars.GetDirection(star), stars.GetMotion(star), m_Observer);
+  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  place.radius = StarRadius(code);
+  found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
+  return found.obstacles;
+}
+
+}  // namespace skyview
