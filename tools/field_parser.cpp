@@ -94,6 +94,8 @@ class FieldParser {
       isGood = Store(ParseUnsigned(value, 65535), m_Field.size);
     } else if (key == "tail") {
       isGood = AppendHexBytes(value, m_Field.values);
+    } else if (attribute == "again") {
+      isGood = m_Field.isAgain = true;
     }
     if (!isGood) Fail("'" + std::string(attribute) + "' is no attribute of a field");
   }

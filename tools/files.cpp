@@ -24,13 +24,14 @@ std::string MakeUniqueName() {
 std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw SourceError(path.string(), 0, "cannot be opened");
-  std::string bytes{std::istreambuf_iterator<char>(in), {}};
-  if (in.bad()) throw SourceError(path.string(), 0, "cannot be read");
-  return bytes;
+  try {
+    return {std::istreambuf_iterator<char>(in), {}};
+  } catch (const std::ios_base::failure&) {  // a folder
+    throw SourceError(path.string(), 0, "cannot be read");
+  }
 }
 
-std::vector<TextLine> ReadLines(const std::filesystem::path& path) {
-  const std::string bytes = ReadFile(path);
+std::vector<TextLine> SplitLines(const std::string& bytes) {
   std::vector<TextLine> lines;
   std::size_t begin = bytes.compare(0, 3, kByteOrderMark) == 0 ? 3 : 0;
   while (begin < bytes.size()) {
@@ -43,7 +44,14 @@ std::vector<TextLine> ReadLines(const std::filesystem::path& path) {
   return lines;
 }
 
+std::vector<TextLine> ReadLines(const std::filesystem::path& path) { return SplitLines(ReadFile(path)); }
+
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes) {
+  ReplaceFile(path, bytes, [](const std::filesystem::path&) {});
+}
+
+void ReplaceFile(const std::filesystem::path& path, const std::string& bytes,
+                 const std::function<void(const std::filesystem::path& beside)>& finish) {
   std::error_code error;
   std::filesystem::create_directories(path.parent_path(), error);
   const ScratchFile beside(path.parent_path());
@@ -51,6 +59,7 @@ void ReplaceFile(const std::filesystem::path& path, const std::string& bytes) {
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   out.close();
   if (!out) throw SourceError(path.string(), 0, "cannot be written");
+  finish(beside.GetPath());
   std::filesystem::rename(beside.GetPath(), path, error);
   if (error) throw SourceError(path.string(), 0, "cannot be replaced: " + error.message());
 }

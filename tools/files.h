@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,13 +18,19 @@ struct TextLine {
 // The whole file. Throws SourceError when it cannot be read.
 std::string ReadFile(const std::filesystem::path& path);
 
-// The lines of a text file, blank ones included. A UTF-8 byte-order mark is left out; lines end in LF or CR LF.
-// Throws SourceError when the file cannot be read.
+// The lines of a text, blank ones included. A UTF-8 byte-order mark is left out; lines end in LF or CR LF.
+std::vector<TextLine> SplitLines(const std::string& bytes);
+
+// The same of a text file. Throws SourceError when it cannot be read.
 std::vector<TextLine> ReadLines(const std::filesystem::path& path);
 
 // Puts a file with these bytes in the place of `path`, whole or not at all; makes the folders that lead to it. Throws
 // SourceError when that fails: what stood there before then still does.
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes);
+
+// The same, with a last look at the new file before it takes its place: whatever `finish` throws keeps it from that.
+void ReplaceFile(const std::filesystem::path& path, const std::string& bytes,
+                 const std::function<void(const std::filesystem::path& beside)>& finish);
 
 // A name in `folder` that no file has, for a file that this object removes when it goes.
 class ScratchFile {

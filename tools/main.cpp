@@ -4,7 +4,9 @@
 #include <iostream>
 
 #include "tools/command_line.h"
+#include "tools/standard_streams.h"
 
 int main(int argc, char** argv) {
+  skydata::KeepStreamBytes();
   return skydata::Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), std::cout, std::cerr);
 }

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/settings_compiler.h"
 
-#include <cstring>
+#include <algorithm>
+#include <set>
 
 #include "common_interfaces/settings_data.h"
+#include "common_interfaces/settings_field.h"
 #include "tools/files.h"
 #include "tools/source_error.h"
 #include "utils/version.h"
@@ -44,10 +46,39 @@ int CreateField(SettingsData& settings, unsigned section, const FieldText& field
                               static_cast<int>(record.size()), false);
 }
 
+// A container makes no second field of one name: it is made under an id that the section does not have, and renamed.
+class SpareNames {
+ public:
+  explicit SpareNames(const SectionText& section) {
+    const auto& fields = section.fields;
+    if (std::none_of(fields.begin(), fields.end(), [](const FieldText& field) { return field.isAgain; }))
+      return;
+    for (const FieldText& field : fields) m_Taken.insert(field.nameId);
+  }
+  int Take() {
+    while (!m_Taken.insert(m_Next).second) --m_Next;
+    return m_Next;
+  }
+
+ private:
+  std::set<int> m_Taken;
+  int m_Next = -1;
+};
+
+int CreateAgain(SettingsData& settings, unsigned section, FieldText field, SpareNames& spareNames) {
+  const int nameId = field.nameId;
+  field.nameId = spareNames.Take();
+  const int index = CreateField(settings, section, field);
+  if (index >= 0) settings.GetFieldAt(index)->SetNameId(nameId);
+  return index;
+}
+
 void AddSection(SettingsData& settings, const SectionText& section) {
+  SpareNames spareNames(section);
   for (const FieldText& field : section.fields) {
-    if (CreateField(settings, section.id, field) < 0)
-      Fail(field.place, "field " + field.name + " cannot be created");
+    const int index = field.isAgain ? CreateAgain(settings, section.id, field, spareNames)
+                                    : CreateField(settings, section.id, field);
+    if (index < 0) Fail(field.place, "field " + field.name + " cannot be created");
   }
   if (section.fields.empty()) {
     // A container makes a section with its first field, and keeps it when the field goes.

@@ -26,7 +26,8 @@ struct FieldText {
   unsigned condition = 0;
   unsigned char compareStatus = 0;
   unsigned querySection = CommonInterfaces::kOwnQuerySection;
-  std::string values;  // the bytes behind the header
+  std::string values;    // the bytes behind the header
+  bool isAgain = false;  // stands in its section a second time: only the first is ever found
 };
 
 struct SectionText {

@@ -38,9 +38,9 @@ std::string_view WithoutComment(std::string_view line) {
 
 class SettingsParser {
  public:
-  SettingsDocument Parse(const std::filesystem::path& path) {
+  SettingsDocument Parse(const std::string& text, const std::filesystem::path& path) {
     m_Document.place.file = path.string();
-    ParseFile(path, 1);
+    ParseText(text, path, 1);
     m_Place = m_Document.place;
     if (!m_HasHeaderLine) Fail("has no 'header' line");
     if (m_Document.blocks.empty()) Fail("has no block");
@@ -52,8 +52,8 @@ class SettingsParser {
     throw SourceError(m_Place.file, m_Place.line, message);
   }
 
-  void ParseFile(const std::filesystem::path& path, int depth) {
-    for (const TextLine& line : ReadLines(path)) {
+  void ParseText(const std::string& bytes, const std::filesystem::path& path, int depth) {
+    for (const TextLine& line : SplitLines(bytes)) {
       m_Place = {path.string(), line.number};
       const std::string_view text = WithoutComment(line.text);
       if (!text.empty()) ParseLine(path, text, depth);
@@ -98,7 +98,7 @@ class SettingsParser {
     if (!std::filesystem::is_regular_file(path))
       Fail("'" + path.string() + "' cannot be included: no such file");
     const TextPlace place = m_Place;
-    ParseFile(path, depth + 1);
+    ParseText(ReadFile(path), path, depth + 1);
     m_Place = place;
     m_Block = nullptr;
     m_Section = nullptr;
@@ -127,13 +127,17 @@ class SettingsParser {
     return base->second.sections;
   }
 
-  void OpenBlock(const std::vector<std::string>& words) {
+  void OpenBlock(std::vector<std::string> words) {
     if (words.size() < 3) Fail("wants '[block OWNER ID]'");
+    const bool isAgain = words.size() > 3 && words[3] == "again";
+    if (isAgain) words.erase(words.begin() + 3);
     const auto owner = ParseWord(words[1]), id = ParseWord(words[2]);
     if (!owner || !id) Fail("'" + words[owner ? 2 : 1] + "' is no word");
-    for (const BlockText& block : m_Document.blocks) {
-      if (block.owner == *owner && block.id == *id) Fail("a second block with this key");
-    }
+    const bool stands =
+        std::any_of(m_Document.blocks.begin(), m_Document.blocks.end(),
+                    [&](const BlockText& block) { return block.owner == *owner && block.id == *id; });
+    if (stands != isAgain)
+      Fail(stands ? "a second block with this key" : "'again' without a block with this key above");
     m_Document.blocks.push_back({m_Place, *owner, *id, TakeBase(words, 3)});
     Open(m_Document.blocks.back());
   }
@@ -185,12 +189,14 @@ class SettingsParser {
   // A field that the template has keeps its place there and takes everything else from this line.
   void AddField(FieldText field) {
     if (!m_Section) Fail("field " + field.name + " stands in no section");
-    if (!m_Written.insert({m_Section->id, field.nameId}).second)
-      Fail("field " + field.name + " stands in this section already");
     auto& fields = m_Section->fields;
     const auto found = std::find_if(fields.begin(), fields.end(),
                                     [&field](const auto& other) { return other.nameId == field.nameId; });
-    if (found == fields.end()) {
+    if (field.isAgain && found == fields.end())
+      Fail("field " + field.name + ": 'again' without a field of this name above");
+    if (!m_Written.insert({m_Section->id, field.nameId}).second && !field.isAgain)
+      Fail("field " + field.name + " stands in this section already");
+    if (found == fields.end() || field.isAgain) {
       fields.push_back(std::move(field));
     } else {
       *found = std::move(field);
@@ -209,6 +215,12 @@ class SettingsParser {
 
 }  // namespace
 
-SettingsDocument ParseSettings(const std::filesystem::path& path) { return SettingsParser().Parse(path); }
+SettingsDocument ParseSettings(const std::filesystem::path& path) {
+  return ParseSettingsText(ReadFile(path), path);
+}
+
+SettingsDocument ParseSettingsText(const std::string& text, const std::filesystem::path& name) {
+  return SettingsParser().Parse(text, name);
+}
 
 }  // namespace skydata

@@ -141,6 +141,10 @@ std::optional<unsigned char> ParseType(std::string_view text) {
   return static_cast<unsigned char>(*code);
 }
 
+std::string FormatType(unsigned char type) {
+  return type < std::size(kTypeNames) ? std::string(kTypeNames[type]) : "type" + std::to_string(type);
+}
+
 bool AppendValue(unsigned char type, std::string_view text, std::string& bytes) {
   using namespace CommonInterfaces;
   switch (type) {

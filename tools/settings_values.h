@@ -22,6 +22,9 @@ std::optional<unsigned> ParseWord(std::string_view text);
 // The code of an element type: i8 u8 i16 u16 i32 u32 f32 f64 byte, or "type" and a number up to 255.
 std::optional<unsigned char> ParseType(std::string_view text);
 
+// The name that ParseType takes for the code, "type" and the number for one that is no element type.
+std::string FormatType(unsigned char type);
+
 // Appends the bytes of one value, little-endian. False when the text is no value of that type.
 bool AppendValue(unsigned char type, std::string_view text, std::string& bytes);
 
