@@ -32,7 +32,12 @@ constexpr TextUse kHostTexts[] = {
 
 CodePage GetPage() { return GetCodePageOf(GetSystemLocale()); }
 
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool IsUtf8(const std::string& text) {
+  for (int at = 0, length = 0; at < static_cast<int>(text.size()); at += length) {
+    if (DecodeUtf8(text, at, &length) < 0) return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -48,15 +53,15 @@ std::string Localize(HostText text, std::initializer_list<CommonInterfaces::Form
 std::string ToUtf8(const std::string& text) { return CodePageToUtf8(GetPage(), text); }
 
 std::string ToCodePage(const std::string& utf8) {
-  std::string rest = utf8, text;
-  int bad = 0;
-  while (!Utf8ToCodePage(GetPage(), rest, &text, &bad)) {
-    const auto begin = static_cast<std::size_t>(bad);
-    std::size_t end = begin + 1;
-    while (end < rest.size() && IsContinuation(rest[end])) ++end;
-    rest.replace(begin, end - begin, "?");
+  std::string text, character;
+  for (int at = 0, length = 0; at < static_cast<int>(utf8.size()); at += length) {
+    DecodeUtf8(utf8, at, &length);
+    const std::string one = utf8.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length));
+    text += Utf8ToCodePage(GetPage(), one, &character, nullptr) ? character : "?";
   }
   return text;
 }
+
+std::string NameToCodePage(const std::string& name) { return IsUtf8(name) ? ToCodePage(name) : name; }
 
 }  // namespace skyview

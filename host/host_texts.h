@@ -41,8 +41,11 @@ const CommonInterfaces::TextUse* GetHostTexts(int* count);
 // table lacks it or it does not fit, with one diagnostic line.
 std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments);
 
-// From and to the code page of the current language. A character that the page lacks becomes '?'.
+// From and to the code page of the current language. A character that the page lacks becomes '?', and so does each
+// byte that is no UTF-8.
 std::string ToUtf8(const std::string& text);
 std::string ToCodePage(const std::string& utf8);
+// A name from a file that a user may have edited: UTF-8 goes to the code page; what is none is taken to be there.
+std::string NameToCodePage(const std::string& name);
 
 }  // namespace skyview

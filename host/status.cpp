@@ -67,9 +67,9 @@ class StatusWriter {
 };
 
 void StatusWriter::AddPlace() {
-  if (m_Camera.GetLocationName().empty()) {
-    m_Shown.SetLocationName(Localize(HostText::kEarthAsPlace, {}).c_str());
-  }
+  const std::string& name = m_Camera.GetLocationName();
+  m_Shown.SetLocationName(
+      (name.empty() ? Localize(HostText::kEarthAsPlace, {}) : NameToCodePage(name)).c_str());
   Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
   Add(Localize(
       HostText::kCoordinates,

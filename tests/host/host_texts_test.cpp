@@ -84,6 +84,12 @@ TEST(CodePages, CharacterThatThePageLacksIsAQuestionMark) {
   EXPECT_EQ(ToCodePage("Земля é"), "????? \xE9");
 }
 
+TEST(CodePages, NameOfAFileIsInUtf8OrInThePageAlready) {
+  LocaleGuard german("de");
+  EXPECT_EQ(NameToCodePage("Köln"), "K\xF6ln");
+  EXPECT_EQ(NameToCodePage("K\xF6ln"), "K\xF6ln");
+}
+
 TEST(CodePages, BytesThatAreNoUtf8AreQuestionMarks) {
   LocaleGuard english("en");
   EXPECT_EQ(ToCodePage("a\xFF z"), "a? z");

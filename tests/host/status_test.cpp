@@ -118,6 +118,11 @@ TEST_F(Status, RefractionIsLeftOutDeepBelowTheHorizon) {
 TEST_F(Status, PlaceWithANameSaysTheName) {
   f.camera.SetLocationName("Berlin");
   EXPECT_TRUE(Says("Place: On the surface of Berlin"));
+  f.camera.SetLocationName("Köln");
+  EXPECT_TRUE(Says("Place: On the surface of Köln"));
+  Use("ru");
+  f.camera.SetLocationName("Пулково");
+  EXPECT_TRUE(Says("Место: На поверхности — Пулково"));
 }
 
 TEST_F(Status, CentredObjectHasItsNameInTheLanguage) {
