@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""Runs benchmark programs and prints, for every subject, the time of one item and its ratio to the peer's.
+"""Runs benchmark programs and prints, for every subject, the time of one item and its ratio to each peer's.
 
   bench/ratios.py build/release/bin/bench_*
   bench/ratios.py build/release/bin/bench_pool -- --benchmark_min_time=1
 
-The peer of Name/args is NamePeer/args, measured in the same run."""
+The peers of Name/args are NamePeer/args and NamePeerOther/args, measured in the same run."""
 import json
 import subprocess
 import sys
@@ -28,14 +28,16 @@ def main():
     split = arguments.index("--") if "--" in arguments else len(arguments)
     if not arguments[:split]:
         sys.exit(__doc__)
-    print(f"{'subject':<40}{'ns/item':>12}{'peer':>12}{'ratio':>9}")
+    print(f"{'subject':<32}{'peer':<10}{'ns/item':>10}{'peer':>12}{'ratio':>9}")
     for program in arguments[:split]:
         times = measure(program, arguments[split + 1:])
         for name, seconds in times.items():
             base, _, shape = name.partition("/")
-            peer = times.get(f"{base}Peer" + (f"/{shape}" if shape else ""))
-            if peer is not None:
-                print(f"{name:<40}{seconds * 1e9:>12.2f}{peer * 1e9:>12.2f}{seconds / peer:>9.2f}")
+            for other, peer in times.items():
+                peer_base, _, peer_shape = other.partition("/")
+                if peer_base.startswith(f"{base}Peer") and peer_shape == shape:
+                    kind = peer_base.removeprefix(f"{base}Peer")
+                    print(f"{name:<32}{kind:<10}{seconds * 1e9:>10.2f}{peer * 1e9:>12.2f}{seconds / peer:>9.2f}")
 
 
 if __name__ == "__main__":

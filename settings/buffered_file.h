@@ -14,7 +14,10 @@ namespace CommonInterfaces {
 // it is used the file stands somewhere behind what has been read.
 class BufferedFile {
  public:
-  explicit BufferedFile(MFile& file) : m_File(file) {}
+  explicit BufferedFile(MFile& file)
+      : m_File(file),
+        m_Size(static_cast<unsigned>(std::clamp(file.GetLength() - file.Tell(), 1, kMostHeld))),
+        m_Bytes(new unsigned char[m_Size]) {}
 
   // As MFile::Read.
   unsigned Read(void* out, unsigned size) {
@@ -30,16 +33,17 @@ class BufferedFile {
   }
 
  private:
-  static constexpr unsigned kSize = 65536;
+  static constexpr int kMostHeld = 65536;
 
   bool Fill() {
     m_Begin = 0;
-    m_End = m_File.Read(m_Bytes.get(), kSize);
+    m_End = m_File.Read(m_Bytes.get(), m_Size);
     return m_End > 0;
   }
 
   MFile& m_File;
-  const std::unique_ptr<unsigned char[]> m_Bytes{new unsigned char[kSize]};
+  const unsigned m_Size;
+  const std::unique_ptr<unsigned char[]> m_Bytes;
   unsigned m_Begin = 0, m_End = 0;  // bytes that wait
 };
 

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <tuple>
 
-#include "common_interfaces/settings_field.h"
-
 namespace CommonInterfaces {
 
 namespace {
@@ -35,14 +33,6 @@ FieldRun RunOf(const SectionRecord& section, int count) {
 }
 
 void FieldIndex::Forget() { m_SectionsKnown = m_FieldsKnown = m_AllKnown = false; }
-
-// Callers hold fields and may give them other names. They do so rarely enough to gather again.
-bool FieldIndex::IsStale() {
-  if (m_NameChanges == SettingField::m_sNameChanges) return false;
-  m_NameChanges = SettingField::m_sNameChanges;
-  m_FieldsKnown = m_AllKnown = false;
-  return true;
-}
 
 void FieldIndex::GatherSections(const std::vector<SectionRecord>& sections) {
   m_ById.Clear();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
+#include "common_interfaces/settings_field.h"
 #include "settings/flat_table.h"
 
 namespace CommonInterfaces {
@@ -72,7 +73,13 @@ class FieldIndex {
   static std::uint64_t Key(int section, int nameId) {
     return static_cast<std::uint64_t>(section) << 32 | static_cast<unsigned>(nameId);
   }
-  bool IsStale();
+  // Callers hold fields and may give them other names. They do so rarely enough to gather again.
+  bool IsStale() {
+    if (m_NameChanges == SettingField::m_sNameChanges) return false;
+    m_NameChanges = SettingField::m_sNameChanges;
+    m_FieldsKnown = m_AllKnown = false;
+    return true;
+  }
   SettingField* FindInRun(int section, int nameId) const;
 
   bool m_SectionsKnown = false, m_FieldsKnown = false, m_AllKnown = false;

@@ -78,13 +78,6 @@ FieldData* CopyFieldData(const FieldData* data, int size) {
   return copy;
 }
 
-unsigned HeldElements(const FieldData& data, int recordSize) {
-  const unsigned width = FieldElementWidth(data.type);
-  const unsigned claimed = data.size;
-  const auto room = static_cast<unsigned>(recordSize - kFieldHeaderSize);
-  return claimed * width <= room ? claimed : room / width;
-}
-
 template <class Source>
 bool ReadFieldRecord(Source& source, bool oldLayout, FieldRecord& record) {
   record = {};

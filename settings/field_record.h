@@ -26,7 +26,12 @@ FieldData* CopyFieldData(const FieldData* data, int size);
 
 // How many elements a record of `recordSize` bytes really holds: `size` of the header, unless that claims
 // more. The values of an unknown type code have no length, so any number of them fits.
-unsigned HeldElements(const FieldData& data, int recordSize);
+inline unsigned HeldElements(const FieldData& data, int recordSize) {
+  const unsigned width = FieldElementWidth(data.type);
+  const unsigned claimed = data.size;
+  const auto room = static_cast<unsigned>(recordSize - kFieldHeaderSize);
+  return claimed * width <= room ? claimed : room / width;
+}
 
 // Reads a length and a record that is at least a whole header and at most kMaxFieldRecordSize long. False
 // when that fails: `record` is then {null, -1}. A length of 0 in the current layout is a record of no bytes,
