@@ -64,4 +64,6 @@ std::string ToCodePage(const std::string& utf8) {
 
 std::string NameToCodePage(const std::string& name) { return IsUtf8(name) ? ToCodePage(name) : name; }
 
+std::string MessageToUtf8(const std::string& message) { return IsUtf8(message) ? message : ToUtf8(message); }
+
 }  // namespace skyview

@@ -47,5 +47,7 @@ std::string ToUtf8(const std::string& text);
 std::string ToCodePage(const std::string& utf8);
 // A name from a file that a user may have edited: UTF-8 goes to the code page; what is none is taken to be there.
 std::string NameToCodePage(const std::string& name);
+// A message of the libraries, which quotes paths in UTF-8 or texts in the code page.
+std::string MessageToUtf8(const std::string& message);
 
 }  // namespace skyview

@@ -8,6 +8,7 @@
 #include "host/caption.h"
 #include "host/diagnostics.h"
 #include "host/favourites.h"
+#include "host/host_texts.h"
 #include "host/language.h"
 #include "host/object_search.h"
 #include "host/options.h"
@@ -144,7 +145,7 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
   } else if (!Draw(options, session, question, output, error)) {
     return Fail(error, kBadData, errors);
   }
-  for (const auto& line : diagnostics.lines) errors << "skyview: " << line;
+  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
   return kDone;
 }
 
@@ -161,9 +162,8 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   Diagnostics diagnostics;
   std::string data, error;
   if (!SetUpRoots(parsed.options, programFolder, data, error)) return Fail(error, kBadData, errors);
-  // Nobody has taken a text yet.
-  if (!SwitchLanguage(
-          data, parsed.options.language, [] {}, error)) {
+  const auto fetchNothing = [] {};  // nobody has taken a text yet
+  if (!SwitchLanguage(data, parsed.options.language, fetchNothing, error)) {
     return Fail("--language '" + parsed.options.language + "': " + error, kBadOption, errors);
   }
   return Show(parsed.options, diagnostics, output, errors);

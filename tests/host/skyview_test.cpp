@@ -254,6 +254,15 @@ TEST(Skyview, SpeaksTheLanguageAskedFor) {
   EXPECT_EQ(sky.errors.str(), "");
 }
 
+TEST(Skyview, DiagnosticsThatQuoteATextAreUtf8) {
+  SmallSky sky;
+  sky.dir.Write("data/languages/ru/qxstrings.txt",
+                host_test::ShippedStrings("ru") + "7227\t\xCF\xEE\xEB\xE5\n");
+  ASSERT_EQ(sky.Run(With(kOrion, {"--language", "ru"})), 0);
+  EXPECT_TRUE(Contains(sky.errors.str(), "New: Поле\n")) << sky.errors.str();
+  EXPECT_TRUE(Contains(sky.errors.str(), "Old: Поле зрения: %s на %s\n")) << sky.errors.str();
+}
+
 TEST(Skyview, UnknownLanguageIsExitTwoWithOneLineThatNamesThoseThatExist) {
   SmallSky sky;
   EXPECT_EQ(sky.Run(With(kOrion, {"--language", "fr"})), 2);
