@@ -21,5 +21,6 @@ using Action = std::function<int(std::ostream& output, std::ostream& errors)>;
 // is to be done into `action`, which outlives the parser.
 void DeclareBuild(CLI::App& app, Action& action);
 void DeclareSettings(CLI::App& app, Action& action);
+void DeclareStrings(CLI::App& app, Action& action);
 
 }  // namespace skydata

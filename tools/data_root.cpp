@@ -9,7 +9,7 @@
 #include "tools/settings_compiler.h"
 #include "tools/settings_parser.h"
 #include "tools/source_error.h"
-#include "tools/strings_check.h"
+#include "tools/strings_table.h"
 #include "tools/year_limits.h"
 
 namespace skydata {
@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 
 // Name below the data root, bytes; the order of the names is the order of writing.
 using Files = std::map<fs::path, std::string>;
+
+constexpr char kStringTable[] = "qxstrings.txt";
 
 struct Catalog {
   const char* name;
@@ -36,6 +38,16 @@ void AddCatalogs(const fs::path& source, Files& files) {
     const fs::path base = fs::path("catalogs") / catalog.name;
     files[base.string() + ".txt"] = catalog.make(source);
     files[base.string() + ".source.md"] = ReadFile(source / catalog.folder / "SOURCE.md");
+  }
+}
+
+// The string table of every language, and that of the default one where programs without a language look.
+void AddStrings(const fs::path& folder, const std::string& language, Files& files) {
+  files[kStringTable] = MakeStringTable(folder / language / kStringTable);
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (!entry.is_directory()) continue;
+    files[fs::path("languages") / entry.path().filename() / kStringTable] =
+        MakeStringTable(entry.path() / kStringTable);
   }
 }
 
@@ -57,7 +69,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   fs::create_directories(out, error);
   if (!fs::is_directory(out)) throw SourceError(out.string(), 0, "cannot be made");
   Files files;
-  files["qxstrings.txt"] = CheckStrings(source / "strings" / language / "qxstrings.txt");
+  AddStrings(source / "strings", language, files);
   AddSettings(source / "settings", "", out, files);
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <filesystem>
-#include <string>
+#include <vector>
+
+#include "tools/strings_findings.h"
+#include "tools/strings_source.h"
 
 namespace skydata {
 
-// The bytes of a string table after a check that the library reads it as it is meant: no identifier twice, no line
-// longer than the library reads, no line with a tab that is no entry. Throws SourceError otherwise.
-std::string CheckStrings(const std::filesystem::path& path);
+// What keeps the library from reading one table as it is meant: its lines, its texts beside their uses
+// (CommonInterfaces::GetTextUses), what is missing, double or unused. By line.
+StringsFindings CheckStrings(const StringsSource& source);
+
+// What several tables do not have in common: identifiers that one of them lacks (unless the library requires them:
+// then CheckStrings says so), data of meteor showers, and the formats of applications, whose arguments are those of
+// the English table. By file and line.
+StringsFindings CompareStrings(const std::vector<StringsSource>& sources);
 
 }  // namespace skydata

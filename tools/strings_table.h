@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "tools/strings_source.h"
+
+namespace skydata {
+
+// The string table that the library reads, of a source in UTF-8: its entries in the code page of the language, comments
+// and notes left out. Throws SourceError for the first thing that CheckStrings calls an error.
+std::string MakeStringTable(const std::filesystem::path& path);
+
+// The same of a table that was read already, whatever its encoding.
+std::string MakeStringTable(const StringsSource& source);
+
+}  // namespace skydata
