@@ -13,7 +13,7 @@ namespace {
 
 // Pairs of letters: plain, with an accent that the code page has.
 constexpr char kWesternPairs[] = "AÅCÇDÐEÉIÎNÑOÖSŠUÛYÝZŽaácçdðeéfƒiînñoösšuûyýzž";
-constexpr char kCyrillicPairs[] = "АДГҐЕЁИЙКЌУЎІЇаэгґеёийкќуўії";
+constexpr char kCyrillicPairs[] = "ГҐЕЁИЙКЌУЎІЇгґеёийкќуўії";
 constexpr char kGreekPairs[] = "ΑΆΕΈΗΉΙΊΟΌΥΎΩΏαάεέηήιίοόυύωώ";
 
 const char* GetPairs(CodePage page) {

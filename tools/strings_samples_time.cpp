@@ -10,8 +10,8 @@ namespace {
 
 using CommonInterfaces::Camera;
 
-// Julian day numbers, at noon: 5 March 2024, and 15 March of the astronomical years 0 and -43.
-constexpr int kMarch2024 = 2460375, kMarchOfYear0 = 1721134, kMarchOfYear43BeforeIt = 1705428;
+// Julian day numbers, at noon: 5 March 2024, and 17 March of the astronomical years 0 and -43.
+constexpr int kMarch2024 = 2460375, kMarchOfYear0 = 1721134, kMarchOfYearMinus43 = 1705428;
 
 void AddClock(const std::string& identifiers, const std::string& use, int day, int timeKind, bool isSummer,
               TextSamples& samples) {
@@ -58,7 +58,7 @@ void AddTimeSamples(TextSamples& samples) {
   AddClock("7200 7203 7228", "local time with daylight saving", kMarch2024, kLocalTime, true, samples);
   AddClock("7201 7203", "Universal Time", kMarch2024, kUniversalTime, false, samples);
   AddClock("7201 7203", "Universal Time, year 0", kMarchOfYear0, kUniversalTime, false, samples);
-  AddClock("7201 7204", "Universal Time, year -43", kMarchOfYear43BeforeIt, kUniversalTime, false, samples);
+  AddClock("7201 7204", "Universal Time, year -43", kMarchOfYearMinus43, kUniversalTime, false, samples);
   AddClock("7202 7207", "third kind of time", kMarch2024, kThirdTime, false, samples);
   AddMonths(samples);
   samples.push_back({"20560", "date in digits", getDate(kMarch2024)});
