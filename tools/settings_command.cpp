@@ -23,7 +23,8 @@ namespace {
 constexpr char kStandardStream[] = "-";
 
 struct SettingsArguments {
-  std::vector<std::string> files;
+  std::string file, other;         // what most commands work on
+  std::vector<std::string> files;  // what check works on
   std::string out, defaults, names, field, block, from;
   bool asJson = false, inPlace = false;
 };
@@ -41,7 +42,7 @@ std::string ReadInput(const std::string& path) {
 
 int Dump(const SettingsArguments& arguments, std::ostream& output, std::ostream& errors) {
   const FieldNames names = LoadNames(arguments);
-  const std::string& path = arguments.files[0];
+  const std::string& path = arguments.file;
   const std::string bytes = ReadInput(path);
   const SettingsFile file = ReadSettingsFile(bytes, names);
   WriteSettingsText(file, output);
@@ -55,7 +56,7 @@ int Dump(const SettingsArguments& arguments, std::ostream& output, std::ostream&
 }
 
 int BuildSettings(const SettingsArguments& arguments, std::ostream& output) {
-  const std::string& path = arguments.files[0];
+  const std::string& path = arguments.file;
   const SettingsDocument document = ParseSettingsText(ReadInput(path), path);
   const std::string bytes = CompileSettings(document, std::filesystem::temp_directory_path());
   if (arguments.out == kStandardStream) {
@@ -110,8 +111,8 @@ int Diff(const SettingsArguments& arguments, std::ostream& output, std::ostream&
   try {
     const FieldNames names = LoadNames(arguments);
     bool isDamaged = false;
-    const SettingsFile first = LoadFile(arguments.files[0], names, errors, isDamaged);
-    const SettingsFile second = LoadFile(arguments.files[1], names, errors, isDamaged);
+    const SettingsFile first = LoadFile(arguments.file, names, errors, isDamaged);
+    const SettingsFile second = LoadFile(arguments.other, names, errors, isDamaged);
     const bool isDifferent = DiffSettings(first, second, output);
     return isDamaged ? kBadUsage : isDifferent ? kBadData : kDone;
   } catch (const std::exception& error) {
@@ -122,7 +123,7 @@ int Diff(const SettingsArguments& arguments, std::ostream& output, std::ostream&
 
 int Convert(const SettingsArguments& arguments, std::ostream& output) {
   ConvertRequest request;
-  request.file = arguments.files[0];
+  request.file = arguments.file;
   if (!arguments.from.empty()) request.undecided = RecordLayout::kOld;
   if (arguments.inPlace) {
     // What a link leads to is replaced, not the link.
@@ -150,8 +151,8 @@ std::pair<unsigned, unsigned> ParseKey(const std::string& text) {
 
 ExplainRequest MakeRequest(const SettingsArguments& arguments) {
   ExplainRequest request;
-  request.fileName = arguments.files[0];
-  request.defaultsName = arguments.defaults.empty() ? arguments.files[0] : arguments.defaults;
+  request.fileName = arguments.file;
+  request.defaultsName = arguments.defaults.empty() ? arguments.file : arguments.defaults;
   const auto dot = arguments.field.find('.');
   const auto section = ParseWord(arguments.field.substr(0, dot));
   if (dot == std::string::npos || !section || dot + 1 == arguments.field.size())
@@ -179,10 +180,8 @@ CLI::App* AddCommand(CLI::App& settings, const char* name, const char* what, std
   return command;
 }
 
-void AddFile(CLI::App& command, SettingsArguments& arguments, const char* name = "FILE", int count = 1) {
-  CLI::Option* const option =
-      command.add_option(name, arguments.files, "settings file; - is standard input")->required();
-  if (count > 0) option->expected(count);
+void AddFile(CLI::App& command, const char* name, std::string& file) {
+  command.add_option(name, file, "settings file; - is standard input")->required();
 }
 
 void AddNames(CLI::App& command, SettingsArguments& arguments) {
@@ -196,7 +195,7 @@ void DeclareDumpAndBuild(CLI::App& settings, const Shared& arguments, Action& ac
       return Dump(*arguments, output, errors);
     };
   });
-  AddFile(*dump, *arguments);
+  AddFile(*dump, "FILE", arguments->file);
   AddNames(*dump, *arguments);
   CLI::App* const build =
       AddCommand(settings, "build", "make a settings file of a text", [arguments, &action] {
@@ -204,7 +203,7 @@ void DeclareDumpAndBuild(CLI::App& settings, const Shared& arguments, Action& ac
           return BuildSettings(*arguments, output);
         };
       });
-  build->add_option("TEXT", arguments->files, "settings text; - is standard input")->required()->expected(1);
+  build->add_option("TEXT", arguments->file, "settings text; - is standard input")->required();
   build->add_option("OUT", arguments->out, "file to make or to replace; - is standard output")->required();
 }
 
@@ -213,7 +212,7 @@ void DeclareCheckAndDiff(CLI::App& settings, const Shared& arguments, Action& ac
       AddCommand(settings, "check", "say what is wrong with settings files", [arguments, &action] {
         action = [arguments](std::ostream& output, std::ostream&) { return Check(*arguments, output); };
       });
-  AddFile(*check, *arguments, "FILES", 0);
+  check->add_option("FILES", arguments->files, "settings files; - is standard input")->required();
   AddNames(*check, *arguments);
   check->add_flag("--json", arguments->asJson, "an array of objects: file, offset, code, severity, text");
   CLI::App* const diff = AddCommand(settings, "diff", "compare two settings files", [arguments, &action] {
@@ -221,7 +220,8 @@ void DeclareCheckAndDiff(CLI::App& settings, const Shared& arguments, Action& ac
       return Diff(*arguments, output, errors);
     };
   });
-  AddFile(*diff, *arguments, "FILES", 2);
+  AddFile(*diff, "A", arguments->file);
+  AddFile(*diff, "B", arguments->other);
   AddNames(*diff, *arguments);
 }
 
@@ -230,7 +230,7 @@ void DeclareConvert(CLI::App& settings, const Shared& arguments, Action& action)
       settings, "convert", "bring a file of an earlier version to the current layout", [arguments, &action] {
         action = [arguments](std::ostream& output, std::ostream&) { return Convert(*arguments, output); };
       });
-  AddFile(*convert, *arguments);
+  convert->add_option("FILE", arguments->file, "settings file")->required();
   CLI::Option_group* const target = convert->add_option_group("target");
   target->add_option("--out", arguments->out, "file to make, which must not exist")->type_name("NEW");
   target->add_flag("--in-place", arguments->inPlace, "put the new file in the place of the old one");
@@ -247,7 +247,7 @@ void DeclareExplain(CLI::App& settings, const Shared& arguments, Action& action)
           return Explain(*arguments, request, output, errors);
         };
       });
-  AddFile(*explain, *arguments);
+  AddFile(*explain, "FILE", arguments->file);
   explain->add_option("FIELD", arguments->field, "SECTION.NAME, for example star.Draw")->required();
   explain->add_option("--block", arguments->block, "the container, where several have the field")
       ->type_name("OWNER,ID");
