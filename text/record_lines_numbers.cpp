@@ -5,6 +5,7 @@
 #include <charconv>
 #include <climits>
 #include <cmath>
+#include <cstddef>
 #include <system_error>
 
 #include "common_interfaces/record_lines.h"
@@ -14,27 +15,27 @@ namespace CommonInterfaces::record_lines {
 
 namespace {
 
-constexpr int kExactDigits = 15;  // every integer of so many digits is a double
+constexpr int kCountedDigits = 19;  // so many digits fit 64 bits, whichever they are
+constexpr unsigned long long kLargestExact = 9007199254740992;  // every integer up to 2^53 is a double
 constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int kExactPower = 22;  // and every power of ten up to this
+constexpr int kExactPower = 22;  // so is every power of ten up to this
 constexpr int kLargestExponent = 100000000;
 
 // The number at the start of a run: [begin, end) is its text, digits * 10^exponent its value.
 struct Decimal {
   const char* begin;
   const char* end;
-  unsigned long long digits;  // wrapped when there are more than kExactDigits
-  int digitCount;             // 0: no number; counts leading zeros, and no further than matters
-  int exponent;
+  unsigned long long digits;  // wrapped where more than kCountedDigits of them count
+  std::ptrdiff_t digitCount;  // leading zeros included; 0: no number
+  long long exponent;
   bool isNegative;
 };
 
 inline const char* ScanDigits(const char* text, Decimal& number) {
   const char* const start = text;
   for (; Is(*text, kDigit); ++text) number.digits = number.digits * 10 + static_cast<unsigned>(*text - '0');
-  const auto count = text - start;
-  number.digitCount += count <= kExactDigits ? static_cast<int>(count) : kExactDigits + 1;
+  number.digitCount += text - start;
   return text;
 }
 
@@ -61,8 +62,7 @@ inline Decimal Scan(const char* text) {
   if (*text == '.') {
     const char* const fraction = text + 1;
     text = ScanDigits(fraction, number);
-    // Beyond the exact digits the exponent is not used, so a fraction of any length may be counted short.
-    number.exponent = text - fraction <= kExactDigits ? -static_cast<int>(text - fraction) : 0;
+    number.exponent = fraction - text;
   }
   number.end = text;
   if (number.digitCount != 0) ScanExponent(number);
@@ -95,16 +95,32 @@ double ConvertSlowly(const Decimal& number) {
   return std::copysign(FindMagnitude(number) > 0 ? HUGE_VAL : 0.0, number.isNegative ? -1.0 : 1.0);
 }
 
+std::ptrdiff_t CountLeadingZeros(const Decimal& number) {
+  std::ptrdiff_t count = 0;
+  for (const char* text = number.begin + (number.isNegative ? 1 : 0); *text == '0' || *text == '.'; ++text) {
+    if (*text == '0') ++count;
+  }
+  return count;
+}
+
+// Whether the digits and the power of ten are doubles both. Deliberately no narrower than the test that the library's
+// converter makes for itself: on 32-bit systems that converter may have been compiled for registers of 80 bits, where
+// the one operation would round twice.
+inline bool IsExact(const Decimal& number) {
+  if (number.digits > kLargestExact || number.exponent < -kExactPower || number.exponent > kExactPower)
+    return false;
+  return number.digitCount <= kCountedDigits ||
+         number.digitCount - CountLeadingZeros(number) <= kCountedDigits;
+}
+
 // Both operands of the quick way are exact, so its one operation rounds correctly (W. D. Clinger, "How to read
 // floating point numbers accurately", 1990).
 inline double Convert(const Decimal& number) {
   if (number.digitCount == 0) return 0.0;
-  const int exponent = number.exponent;
-  if (number.digitCount > kExactDigits || exponent < -kExactPower || exponent > kExactPower) {
-    return ConvertSlowly(number);
-  }
+  if (!IsExact(number)) return ConvertSlowly(number);
   const auto digits = static_cast<double>(static_cast<long long>(number.digits));
-  const double value = exponent < 0 ? digits / kExactPowers[-exponent] : digits * kExactPowers[exponent];
+  const auto power = static_cast<int>(number.exponent);
+  const double value = power < 0 ? digits / kExactPowers[-power] : digits * kExactPowers[power];
   return number.isNegative ? -value : value;
 }
 

@@ -231,6 +231,13 @@ TEST(GetDouble, SixteenAndMoreDigitsAreRoundedCorrectly) {
   EXPECT_EQ(Double("1e23").value, 1e23);
 }
 
+TEST(GetDouble, ProductWithAPowerOfTenIsRoundedOnce) {
+  // In registers of 80 bits the product is rounded twice, and wrong.
+  EXPECT_EQ(Double("82098987075e13").value, 82098987075e13);
+  EXPECT_EQ(Double("0000901992162e22").value, 901992162e22);
+  EXPECT_EQ(Double("00000000000000087144378352187e12").value, 87144378352187e12);
+}
+
 TEST(GetDouble, EveryByteAsFirstCharacter) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string text = std::string(1, static_cast<char>(byte)) + "5x";
