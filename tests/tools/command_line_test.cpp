@@ -59,7 +59,7 @@ TEST(CommandLine, BuildSaysHowManyFilesItWrote) {
   const test_support::TempDir dir;
   const Result result = RunWith({"build", CI_DATA_SOURCE, dir.Path("out")});
   EXPECT_EQ(result.code, kDone) << result.errors;
-  EXPECT_EQ(result.output, dir.Path("out") + ": 17 files\n");
+  EXPECT_EQ(result.output, dir.Path("out") + ": 20 files\n");
 }
 
 TEST(CommandLine, ALanguageWithoutTextsIsExitCodeOne) {
