@@ -50,11 +50,17 @@ TEST(FormatRender, IntsAreWrittenAsTheCLibraryWritesThem) {
   for (const std::string& specification : MakeSpecifications()) {
     for (const char letter : std::string("diuxXo")) {
       for (const int value : {0, 1, -1, 7, 42, -305, INT_MAX, INT_MIN}) {
+        if (letter == 'o' && value == 0) continue;  // MinGW's library writes %#.0o of 0 against the standard
         const std::string format = "<" + specification + letter + ">";
         ASSERT_EQ(RenderFormat(format.c_str(), {value}), Printed(format, value)) << format << ' ' << value;
       }
     }
   }
+}
+
+// C17 7.21.6.1: "if the value and precision are both 0, a single 0 is printed".
+TEST(FormatRender, OctalZeros) {
+  EXPECT_EQ(RenderFormat("%o|%#o|%.0o|%#.0o|%#.3o|%3o", {0, 0, 0, 0, 0, 0}), "0|0||0|000|  0");
 }
 
 TEST(FormatRender, DoublesAreWrittenAsTheCLibraryWritesThem) {
