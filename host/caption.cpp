@@ -12,8 +12,6 @@ namespace skyview {
 namespace {
 
 constexpr const char* kBetweenTexts = "    ";
-// The estimate holds for names; texts of many wide letters and digits are a little wider, in some fonts.
-constexpr double kAllowance = 1.1;
 
 class LineBreaker {
  public:
@@ -30,7 +28,7 @@ class LineBreaker {
 
  private:
   bool Fits(const std::string& line) const {
-    return kAllowance * LabelPlacer::EstimateWidth(line.c_str(), 1.0) <= m_MaxEms;
+    return LabelPlacer::EstimateWidth(line.c_str(), 1.0) <= m_MaxEms;
   }
 
   void Append(const std::string& piece, const char* between) {

@@ -17,12 +17,13 @@ const std::string kLong(60, 'a');
 
 }  // namespace
 
-// The standard picture is 1600 pixels wide, 28 of which are margins, and a character is taken for 0.62 of 13 pixels and
-// a tenth more: 177 characters fit.
+// The standard picture is 1600 pixels wide, 28 of which are margins, and a character is taken for 0.62 of 13 pixels:
+// 195 characters fit.
 TEST(Caption, TextsStandBesideEachOtherWhileTheyFit) {
   EXPECT_EQ(skyview::MakeCaption({"one", "two", "three"}, 1600, 1000), (Lines{"one    two    three"}));
   EXPECT_EQ(skyview::MakeCaption({kLong, kLong, "b"}, 1600, 1000), (Lines{kLong + "    " + kLong + "    b"}));
-  EXPECT_EQ(skyview::MakeCaption({kLong, kLong, kLong}, 1600, 1000), (Lines{kLong + "    " + kLong, kLong}));
+  EXPECT_EQ(skyview::MakeCaption({kLong, kLong, kLong, kLong}, 1600, 1000),
+            (Lines{kLong + "    " + kLong + "    " + kLong, kLong}));
 }
 
 TEST(Caption, CharactersCountAndNotBytes) {
@@ -31,10 +32,10 @@ TEST(Caption, CharactersCountAndNotBytes) {
   EXPECT_EQ(skyview::MakeCaption({cyrillic, cyrillic}, 1600, 1000).size(), 1u);
 }
 
-// At 300 x 1200 pixels a pixel is worth 0.474 of one of the standard picture, and 68 characters fit.
+// At 300 x 1200 pixels a pixel is worth 0.474 of one of the standard picture, and 75 characters fit.
 TEST(Caption, TextWiderThanThePictureIsBrokenBetweenWords) {
-  EXPECT_EQ(skyview::MakeCaption({"one", kLong + " four five six"}, 300, 1200),
-            (Lines{"one", kLong + " four", "five six"}));
+  EXPECT_EQ(skyview::MakeCaption({"one", kLong + " four five six seven"}, 300, 1200),
+            (Lines{"one", kLong + " four five six", "seven"}));
 }
 
 TEST(Caption, WordWiderThanThePictureIsLeftOut) {
