@@ -1,149 +1,230 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The settings container: getting, setting and loading. The first argument is the number of fields, the second how
-// many of them a section has; look-ups walk the sections and then the fields of one section.
+// The settings container beside a std::unordered_map that holds values of any length, as fields do. Further peers
+// are in settings_keyfile_bench.cpp and settings_sqlite_bench.cpp.
+#include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <map>
 #include <memory>
-#include <random>
-#include <string>
 #include <unordered_map>
 #include <utility>
-#include <vector>
-
-#include <benchmark/benchmark.h>
 
 #include "bench/scratch_file.h"
-#include "common_interfaces/field_data.h"
+#include "bench/settings_work.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "utils/bytes.h"
 #include "utils/path.h"
-#include "utils/text.h"
 
+namespace bench {
 namespace {
 
 using CommonInterfaces::FieldData;
-using CommonInterfaces::SettingField;
 using CommonInterfaces::SettingsData;
 
 constexpr unsigned kOwner = 7;
 
-struct Key {
-  unsigned section;
-  int nameId;
-};
-
-Key MakeKey(int field, int perSection) {
-  const std::string name = "Field" + std::to_string(field);
-  return {0x73000000u + static_cast<unsigned>(field / perSection), GetUniqueID(name.c_str())};
+// Adds the fields section by section, or one to each section in turn: then nearly all go into the middle.
+void Fill(SettingsData& settings, const std::vector<FieldKey>& keys, int perSection, bool inTurn) {
+  const int count = static_cast<int>(keys.size());
+  const int step = inTurn ? perSection : 1;
+  for (int start = 0; start < step; ++start) {
+    for (int i = start; i < count; i += step) {
+      const auto record = MakeRecord(keys[static_cast<std::size_t>(i)], i);
+      settings.CreateField(reinterpret_cast<const FieldData*>(record.data()), static_cast<int>(record.size()),
+                           true);
+    }
+  }
 }
 
-// One int field.
-std::vector<unsigned char> MakeRecord(const Key& key, int value) {
-  FieldData header{};
-  header.section = key.section;
-  header.nameId = key.nameId;
-  header.type = 4;
-  header.size = 1;
-  header.compareStatus = 1;
-  header.querySection = CommonInterfaces::kOwnQuerySection;
-  std::vector<unsigned char> record(CommonInterfaces::kFieldHeaderSize + sizeof value);
-  std::memcpy(record.data(), &header, CommonInterfaces::kFieldHeaderSize);
-  std::memcpy(record.data() + CommonInterfaces::kFieldHeaderSize, &value, sizeof value);
-  return record;
-}
-
-// A container of that shape, made once: adding 20,000 fields takes longer than most measurements.
-SettingsData& Container(int fields, int perSection) {
+// A container of that shape, made once.
+SettingsData& Container(const benchmark::State& state) {
   static std::map<std::pair<int, int>, std::unique_ptr<SettingsData>> s_Made;
-  auto& made = s_Made[{fields, perSection}];
+  auto& made = s_Made[{FieldCount(state), PerSection(state)}];
   if (made == nullptr) {
     made = std::make_unique<SettingsData>(SettingsData::kDefaultsTag, kOwner, "absent.data");
-    made->Reserve(fields);
-    for (int i = 0; i < fields; ++i) {
-      const auto record = MakeRecord(MakeKey(i, perSection), i);
-      made->CreateField(reinterpret_cast<const FieldData*>(record.data()), static_cast<int>(record.size()),
-                        true);
-    }
+    Fill(*made, MakeKeys(state), PerSection(state), false);
   }
   return *made;
 }
 
-std::vector<Key> MakeQuestions(const benchmark::State& state) {
-  const int fields = static_cast<int>(state.range(0)), perSection = static_cast<int>(state.range(1));
-  std::mt19937 random(5);
-  std::vector<Key> keys;
-  for (int i = 0; i < 512; ++i) {
-    keys.push_back(MakeKey(static_cast<int>(random() % static_cast<unsigned>(fields)), perSection));
-  }
-  return keys;
+using Values = std::vector<unsigned char>;
+using Table = std::unordered_map<std::uint64_t, Values>;
+
+std::uint64_t Join(const FieldKey& key) {
+  return std::uint64_t{key.section} << 32 | static_cast<unsigned>(key.nameId);
 }
 
-unsigned long long Join(const Key& key) {
-  return static_cast<unsigned long long>(key.section) << 32 | static_cast<unsigned>(key.nameId);
+Values ToValues(int value) {
+  Values bytes(sizeof value);
+  std::memcpy(bytes.data(), &value, sizeof value);
+  return bytes;
 }
-
-using Table = std::unordered_map<unsigned long long, int>;
 
 Table MakeTable(const benchmark::State& state) {
   Table table;
-  for (int i = 0; i < state.range(0); ++i) table[Join(MakeKey(i, static_cast<int>(state.range(1))))] = i;
+  int value = 0;
+  for (const FieldKey& key : MakeKeys(state)) table.emplace(Join(key), ToValues(value++));
   return table;
 }
 
+// Whether the value changed, as the container knows too.
+bool Replace(Values& values, const void* in) {
+  if (std::memcmp(values.data(), in, values.size()) == 0) return false;
+  std::memcpy(values.data(), in, values.size());
+  return true;
+}
+
+// By section and name id.
 void SettingsGet(benchmark::State& state) {
-  SettingsData& settings = Container(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+  SettingsData& settings = Container(state);
   const auto keys = MakeQuestions(state);
   for (auto _ : state) {
-    for (const Key& key : keys) {
+    for (const FieldKey& key : keys) {
       int value = 0;
-      settings.GetAtField(key.section, key.nameId, true)->GetElement(&value, 0);
+      settings.GetAtField(key.section, key.nameId, true)->GetData(&value);
       benchmark::DoNotOptimize(value);
     }
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(keys.size()));
+  CountQuestions(state);
 }
 
 void SettingsGetPeer(benchmark::State& state) {
   const Table table = MakeTable(state);
   const auto keys = MakeQuestions(state);
   for (auto _ : state) {
-    for (const Key& key : keys) benchmark::DoNotOptimize(table.find(Join(key))->second);
+    for (const FieldKey& key : keys) {
+      int value = 0;
+      const Values& values = table.find(Join(key))->second;
+      std::memcpy(&value, values.data(), values.size());
+      benchmark::DoNotOptimize(value);
+    }
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(keys.size()));
+  CountQuestions(state);
 }
 
 void SettingsSet(benchmark::State& state) {
-  SettingsData& settings = Container(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+  SettingsData& settings = Container(state);
   const auto keys = MakeQuestions(state);
   int value = 0;
   for (auto _ : state) {
     ++value;
-    for (const Key& key : keys) settings.SetFieldElement(key.section, key.nameId, &value, 0);
+    for (const FieldKey& key : keys) settings.SetFieldElement(key.section, key.nameId, &value, 0);
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(keys.size()));
+  CountQuestions(state);
 }
 
 void SettingsSetPeer(benchmark::State& state) {
   Table table = MakeTable(state);
   const auto keys = MakeQuestions(state);
   int value = 0;
+  bool modified = false;
   for (auto _ : state) {
     ++value;
-    for (const Key& key : keys) table.find(Join(key))->second = value;
-    benchmark::ClobberMemory();
+    for (const FieldKey& key : keys) {
+      modified = Replace(table.find(Join(key))->second, &value);
+      benchmark::DoNotOptimize(modified);
+    }
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(keys.size()));
+  CountQuestions(state);
+}
+
+// By name id alone, in the current section.
+std::vector<FieldKey> QuestionsOfOneSection(const benchmark::State& state, SettingsData& settings) {
+  auto keys = MakeQuestions(state);
+  settings.SetCurSection(keys.front().section);
+  const auto in = static_cast<int>(keys.front().section - 0x73000000u) * PerSection(state);
+  std::mt19937 random(6);
+  for (FieldKey& key : keys)
+    key = MakeKey(in + static_cast<int>(random() % static_cast<unsigned>(PerSection(state))),
+                  PerSection(state));
+  return keys;
+}
+
+void SettingsGetById(benchmark::State& state) {
+  SettingsData& settings = Container(state);
+  const auto keys = QuestionsOfOneSection(state, settings);
+  for (auto _ : state) {
+    for (const FieldKey& key : keys) {
+      int value = 0;
+      settings.GetField(key.nameId, &value);
+      benchmark::DoNotOptimize(value);
+    }
+  }
+  CountQuestions(state);
+}
+
+void SettingsGetByIdPeer(benchmark::State& state) {
+  const Table table = MakeTable(state);
+  const auto keys = QuestionsOfOneSection(state, Container(state));
+  for (auto _ : state) {
+    for (const FieldKey& key : keys) {
+      int value = 0;
+      const Values& values = table.find(Join(key))->second;
+      std::memcpy(&value, values.data(), values.size());
+      benchmark::DoNotOptimize(value);
+    }
+  }
+  CountQuestions(state);
+}
+
+void SettingsSetById(benchmark::State& state) {
+  SettingsData& settings = Container(state);
+  const auto keys = QuestionsOfOneSection(state, settings);
+  int value = 0;
+  for (auto _ : state) {
+    ++value;
+    for (const FieldKey& key : keys) settings.SetField(key.nameId, &value);
+  }
+  CountQuestions(state);
+}
+
+void SettingsSetByIdPeer(benchmark::State& state) {
+  Table table = MakeTable(state);
+  const auto keys = QuestionsOfOneSection(state, Container(state));
+  int value = 0;
+  bool modified = false;
+  for (auto _ : state) {
+    ++value;
+    for (const FieldKey& key : keys) {
+      modified = Replace(table.find(Join(key))->second, &value);
+      benchmark::DoNotOptimize(modified);
+    }
+  }
+  CountQuestions(state);
+}
+
+// Making all fields, one to each section in turn.
+void SettingsCreate(benchmark::State& state) {
+  const auto keys = MakeKeys(state);
+  for (auto _ : state) {
+    SettingsData settings(1, kOwner, "absent.data");
+    Fill(settings, keys, PerSection(state), true);
+    benchmark::DoNotOptimize(settings.GetFieldAt(0));
+  }
+  CountFields(state);
+}
+
+void SettingsCreatePeer(benchmark::State& state) {
+  const auto keys = MakeKeys(state);
+  for (auto _ : state) {
+    Table table;
+    for (const FieldKey& key : keys) {
+      const auto record = MakeRecord(key, 1);
+      table.try_emplace(Join(key), record.begin(), record.end());
+    }
+    benchmark::DoNotOptimize(table.size());
+  }
+  CountFields(state);
 }
 
 // A file with a block of defaults; with `own` also one of the container's own, which is merged into it.
 std::string MakeFile(const benchmark::State& state, bool own) {
-  const std::string path = bench::ScratchPath(own ? "own.data" : "defaults.data");
-  ZentharPath::SetRoots(nullptr, bench::ScratchPath("").c_str());
+  const std::string path = ScratchPath(own ? "own.data" : "defaults.data");
+  ZentharPath::SetRoots(nullptr, ScratchPath("").c_str());
   std::remove(path.c_str());
-  SettingsData& settings = Container(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+  SettingsData& settings = Container(state);
   settings.Write(path.c_str());
   if (own) {
     settings.SetID(1);
@@ -153,37 +234,61 @@ std::string MakeFile(const benchmark::State& state, bool own) {
   return path;
 }
 
+// Into a new container, until its first value is there.
 void Load(benchmark::State& state, bool own) {
   const std::string path = MakeFile(state, own);
-  SettingsData settings(1, kOwner, path.c_str());
+  const FieldKey key = MakeKey(1, PerSection(state));
   for (auto _ : state) {
+    SettingsData settings(1, kOwner, path.c_str());
     if (!settings.Read(own ? path.c_str() : nullptr)) state.SkipWithError("the settings file cannot be read");
+    int value = 0;
+    settings.GetAtField(key.section, key.nameId, true)->GetData(&value);
+    benchmark::DoNotOptimize(value);
   }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+  CountFields(state);
 }
 
+// The last block of the file, each field checked against what is left, into a table.
 void LoadPeer(benchmark::State& state, bool own) {
   const std::string path = MakeFile(state, own);
-  for (auto _ : state) benchmark::DoNotOptimize(bench::ReadWhole(path).size());
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+  const std::size_t fieldSize = 4 + MakeRecord(MakeKey(0, 1), 0).size();
+  for (auto _ : state) {
+    const std::string file = ReadWhole(path);
+    const auto* bytes = reinterpret_cast<const unsigned char*>(file.data());
+    Table table;
+    std::size_t place = file.size() - static_cast<std::size_t>(state.range(0)) * fieldSize;
+    while (file.size() - place >= fieldSize) {
+      const unsigned length = LoadLE32(bytes + place);
+      const unsigned char* record = bytes + place + 4;
+      if (length > file.size() - place - 4) break;
+      table.try_emplace(std::uint64_t{LoadLE32(record)} << 32 | LoadLE32(record + 4), record,
+                        record + length);
+      place += 4 + length;
+    }
+    benchmark::DoNotOptimize(table.size());
+  }
+  CountFields(state);
 }
 
-void SettingsLoadDefaults(benchmark::State& state) { Load(state, false); }
-void SettingsLoadDefaultsPeer(benchmark::State& state) { LoadPeer(state, false); }
+void SettingsLoad(benchmark::State& state) { Load(state, false); }
+void SettingsLoadPeer(benchmark::State& state) { LoadPeer(state, false); }
 void SettingsLoadOwn(benchmark::State& state) { Load(state, true); }
 void SettingsLoadOwnPeer(benchmark::State& state) { LoadPeer(state, true); }
 
-void Shapes(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Args({200, 100})->Args({20000, 100})->Args({20000, 20000});
-}
-
-BENCHMARK(SettingsGet)->Apply(Shapes);
-BENCHMARK(SettingsGetPeer)->Apply(Shapes);
-BENCHMARK(SettingsSet)->Apply(Shapes);
-BENCHMARK(SettingsSetPeer)->Apply(Shapes);
-BENCHMARK(SettingsLoadDefaults)->Args({20000, 100})->Unit(benchmark::kMillisecond);
-BENCHMARK(SettingsLoadDefaultsPeer)->Args({20000, 100})->Unit(benchmark::kMillisecond);
-BENCHMARK(SettingsLoadOwn)->Args({20000, 100})->Unit(benchmark::kMillisecond);
-BENCHMARK(SettingsLoadOwnPeer)->Args({20000, 100})->Unit(benchmark::kMillisecond);
+BENCHMARK(SettingsGet)->Apply(AllShapes);
+BENCHMARK(SettingsGetPeer)->Apply(AllShapes);
+BENCHMARK(SettingsGetById)->Apply(AllShapes);
+BENCHMARK(SettingsGetByIdPeer)->Apply(AllShapes);
+BENCHMARK(SettingsSet)->Apply(AllShapes);
+BENCHMARK(SettingsSetPeer)->Apply(AllShapes);
+BENCHMARK(SettingsSetById)->Apply(AllShapes);
+BENCHMARK(SettingsSetByIdPeer)->Apply(AllShapes);
+BENCHMARK(SettingsCreate)->Apply(Loads);
+BENCHMARK(SettingsCreatePeer)->Apply(Loads);
+BENCHMARK(SettingsLoad)->Apply(Loads);
+BENCHMARK(SettingsLoadPeer)->Apply(Loads);
+BENCHMARK(SettingsLoadOwn)->Apply(Loads);
+BENCHMARK(SettingsLoadOwnPeer)->Apply(Loads);
 
 }  // namespace
+}  // namespace bench

@@ -9,6 +9,10 @@ target_include_directories(common_interfaces PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
 target_compile_features(common_interfaces PUBLIC cxx_std_20)
 target_link_libraries(common_interfaces PUBLIC astro utils PRIVATE ci_compile_rules)
+# Calls inside the library go straight to their functions.
+if(NOT WIN32 AND NOT APPLE)
+  target_link_options(common_interfaces PRIVATE -Wl,-Bsymbolic-functions)
+endif()
 set_target_properties(common_interfaces PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 

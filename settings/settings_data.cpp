@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The life of a settings container, its current section and its flags. The other operations are in the files
+// The life of a settings container and its flags. The other operations are in the files
 // settings_*.cpp beside this one, by subject.
 #include "common_interfaces/settings_data.h"
 
@@ -75,19 +75,11 @@ bool SettingsData::Read2(void* /*reserved*/) { return false; }
 
 bool SettingsData::Write2(void* /*reserved*/) { return false; }
 
-unsigned SettingsData::GetCurSection() const {
-  return m_CurSection < 0 ? 0 : m_Sections[static_cast<std::size_t>(m_CurSection)].id;
-}
-
-unsigned SettingsData::SetCurSection(unsigned section) {
-  const unsigned previous = GetCurSection();
-  m_CurSection = FindSection(section, false);
-  return previous;
-}
-
 void SettingsData::SetSectionChanged(unsigned section, bool changed) {
   if (section != kNoSection) {
-    m_SectionChanged[section] = changed;
+    bool* flag = m_Tables->changedFlags.Find(section);
+    if (!flag) m_Tables->changedFlags.Insert(section, flag = &m_SectionChanged[section]);
+    *flag = changed;
   } else {
     for (auto& entry : m_SectionChanged) entry.second = changed;
   }

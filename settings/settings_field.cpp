@@ -17,6 +17,46 @@ namespace CommonInterfaces {
 
 int GetUniqueID(const char* name) { return ::GetUniqueID(name ? name : ""); }
 
+namespace {
+
+// Most fields hold one number: the compiler knows how to copy and compare those.
+void CopyValues(void* to, const void* from, unsigned size) {
+  switch (size) {
+    case 1:
+      std::memcpy(to, from, 1);
+      break;
+    case 4:
+      std::memcpy(to, from, 4);
+      break;
+    case 8:
+      std::memcpy(to, from, 8);
+      break;
+    default:
+      std::memcpy(to, from, size);
+  }
+}
+
+bool AreEqual(const void* a, const void* b, unsigned size) {
+  switch (size) {
+    case 1:
+      return std::memcmp(a, b, 1) == 0;
+    case 4:
+      return std::memcmp(a, b, 4) == 0;
+    case 8:
+      return std::memcmp(a, b, 8) == 0;
+    default:
+      return std::memcmp(a, b, size) == 0;
+  }
+}
+
+void PrintUnknownType() {
+  QX4Strings strings;
+  const char* const message = QX4Strings::GetString(0, false);
+  if (message) PrintDebugString("%s", message);
+}
+
+}  // namespace
+
 bool SettingField::m_sOldSettings = false;
 unsigned SettingField::m_sNameChanges = 0;
 
@@ -113,7 +153,7 @@ bool SettingField::Write(MFile* file) const {
 
 bool SettingField::GetData(void* out) const {
   const unsigned size = GetDataSize();
-  if (out && size > 0) std::memcpy(out, m_pFieldData->data, size);
+  if (out && size > 0) CopyValues(out, m_pFieldData->data, size);
   return true;
 }
 
@@ -152,7 +192,7 @@ bool SettingField::GetElement(void* outData, unsigned inIndex) const {
   const unsigned offset = GetOffset(inIndex);
   if (offset == kNoOffset) return false;
   const unsigned size = GetTypeSize();
-  if (outData && size > 0) std::memcpy(outData, m_pFieldData->data + offset, size);
+  if (outData && size > 0) CopyValues(outData, m_pFieldData->data + offset, size);
   return true;
 }
 
@@ -164,11 +204,7 @@ bool SettingField::SetElement(const void* inData, unsigned inIndex) {
 
 unsigned char SettingField::GetTypeSize() const {
   const unsigned char width = FieldElementWidth(GetType());
-  if (width == 0) {
-    QX4Strings strings;
-    const char* const message = QX4Strings::GetString(0, false);
-    if (message) PrintDebugString("%s", message);
-  }
+  if (width == 0) PrintUnknownType();
   return width;
 }
 
@@ -181,11 +217,13 @@ unsigned SettingField::GetOffset(unsigned inIndex) const {
   return GetTypeSize() * inIndex;
 }
 
-unsigned SettingField::GetDataSize() const { return m_pFieldData ? GetTypeSize() * GetSize() : 0; }
+unsigned SettingField::GetDataSize() const {
+  return m_pFieldData ? GetTypeSize() * HeldElements(*m_pFieldData, m_RecordSize) : 0;
+}
 
 // Every setter ends here: a change is reported only when a byte differs.
 bool SettingField::ReplaceBytes(unsigned char* target, const void* in, unsigned size) {
-  if (!in || size == 0 || std::memcmp(target, in, size) == 0) return false;
+  if (!in || size == 0 || AreEqual(target, in, size)) return false;
   std::memmove(target, in, size);
   m_bModified = true;
   return true;

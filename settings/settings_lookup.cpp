@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Finding sections and fields. Each kind of search stands here once: every other operation goes through
+// Finding sections and fields, and the current section. Each kind of search stands here once: every other operation goes through
 // these.
 #include <algorithm>
 
@@ -28,6 +28,14 @@ int SettingsData::GetFieldCount() const {
   return static_cast<int>(m_Fields.size()) + m_Tables->waiting.GetCount();
 }
 
+// The index, which knows sections and fields.
+inline const FieldIndex& SettingsData::Index() const {
+  FieldIndex& index = m_Tables->index;
+  if (!index.KnowsSections()) index.GatherSections(m_Sections);
+  if (!index.KnowsFields()) index.GatherFields(m_Sections, Fields());
+  return index;
+}
+
 int SettingsData::FindSection(unsigned id, bool withAlias) const {
   FieldIndex& index = m_Tables->index;
   if (!index.KnowsSections()) index.GatherSections(m_Sections);
@@ -39,9 +47,7 @@ FieldRun SettingsData::GetRunOf(int sectionIndex) const {
 }
 
 SettingField* SettingsData::FindInSection(int sectionIndex, int nameId) const {
-  FieldIndex& index = m_Tables->index;
-  if (!index.KnowsFields()) index.GatherFields(m_Sections, Fields());
-  return index.FindInSection(sectionIndex, nameId);
+  return Index().FindInSection(sectionIndex, nameId);
 }
 
 SettingField* SettingsData::FindAnywhere(int nameId) const {
@@ -55,6 +61,16 @@ int SettingsData::FindPlace(int sectionIndex, const SettingField* field) const {
   const FieldRun run = GetRunOf(sectionIndex);
   const auto fields = Fields().begin();
   return static_cast<int>(std::find(fields + run.begin, fields + run.end, field) - fields);
+}
+
+unsigned SettingsData::GetCurSection() const {
+  return m_CurSection < 0 ? 0 : m_Sections[static_cast<std::size_t>(m_CurSection)].id;
+}
+
+unsigned SettingsData::SetCurSection(unsigned section) {
+  const unsigned previous = GetCurSection();
+  m_CurSection = FindSection(section, false);
+  return previous;
 }
 
 SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
@@ -74,12 +90,13 @@ SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
 }
 
 SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbose) {
-  if (section != kNoSection) SetCurSection(section);
+  const FieldIndex& index = Index();
+  if (section != kNoSection) m_CurSection = index.FindSection(section, false);
   if (m_CurSection < 0) {
     PrintNoCurrentSection();
     return nullptr;
   }
-  if (SettingField* const field = FindInSection(m_CurSection, nameId)) return field;
+  if (SettingField* const field = index.FindInSection(m_CurSection, nameId)) return field;
   if (verbose)
     PrintDebugString("Bad field name id %d (section %x) in SettingsData::GetAtField\n", nameId,
                      GetCurSection());

@@ -16,7 +16,7 @@ void SettingsData::NoteChange(bool changed, unsigned section) {
 }
 
 bool SettingsData::GetField(int nameId, void* outData) {
-  const SettingField* const field = GetAtField(kNoSection, nameId, true);
+  const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field && field->GetData(outData);
 }
 
@@ -25,14 +25,14 @@ bool SettingsData::GetField(const char* name, void* outData) {
 }
 
 void SettingsData::SetField(int nameId, const void* inData) {
-  SettingField* const field = GetAtField(kNoSection, nameId, true);
+  SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetData(inData), GetCurSection());
 }
 
 void SettingsData::SetField(const char* name, const void* inData) { SetField(::GetUniqueID(name), inData); }
 
 unsigned SettingsData::GetFieldType(int nameId) {
-  const SettingField* const field = GetAtField(kNoSection, nameId, true);
+  const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field ? field->GetType() : 0xFFFFFFFFu;
 }
 
@@ -42,12 +42,12 @@ void SettingsData::SetFieldElement(unsigned section, int nameId, const void* inD
 }
 
 void SettingsData::SetFieldElement(int nameId, const void* inData, int index) {
-  SettingField* const field = GetAtField(kNoSection, nameId, true);
+  SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetElement(inData, static_cast<unsigned>(index)), GetCurSection());
 }
 
 bool SettingsData::GetFieldElement(int nameId, void* outData, int index) {
-  const SettingField* const field = GetAtField(kNoSection, nameId, true);
+  const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field && field->GetElement(outData, static_cast<unsigned>(index));
 }
 
@@ -57,12 +57,12 @@ void SettingsData::SetFieldStatus(unsigned section, int nameId, unsigned char st
 }
 
 void SettingsData::SetFieldStatus(int nameId, unsigned char status) {
-  SettingField* const field = GetAtField(kNoSection, nameId, true);
+  SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetCompareStatus(status), GetCurSection());
 }
 
 unsigned char SettingsData::GetFieldStatus(int nameId) {
-  const SettingField* const field = GetAtField(kNoSection, nameId, true);
+  const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field ? field->GetCompareStatus() : static_cast<unsigned char>(0);
 }
 

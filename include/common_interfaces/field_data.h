@@ -65,8 +65,23 @@ static_assert(offsetof(FieldData, querySection) == 16);
 
 // Bytes of one element of that type code, 0 for a code that is none. Cannot fail, prints nothing.
 constexpr unsigned char FieldElementWidth(unsigned type) {
-  constexpr unsigned char kWidths[] = {1, 1, 2, 2, 4, 4, 4, 8, 1};
-  return type < sizeof kWidths ? kWidths[type] : 0;
+  switch (type) {
+    case kFieldInt8:
+    case kFieldUInt8:
+    case kFieldBytes:
+      return 1;
+    case kFieldInt16:
+    case kFieldUInt16:
+      return 2;
+    case kFieldInt32:
+    case kFieldUInt32:
+    case kFieldFloat:
+      return 4;
+    case kFieldDouble:
+      return 8;
+    default:
+      return 0;
+  }
 }
 
 }  // namespace CommonInterfaces

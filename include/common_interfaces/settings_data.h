@@ -20,6 +20,7 @@ namespace CommonInterfaces {
 
 class BaseList;
 class BaseQuery;
+class FieldIndex;
 class SettingField;
 struct FieldData;
 struct FieldRun;
@@ -255,6 +256,7 @@ class COMMON_INTERFACES_API SettingsData {
   struct Tables;  // settings/settings_tables.h
 
   std::vector<SettingField*>& Fields() const;
+  const FieldIndex& Index() const;
   int FindSection(unsigned id, bool withAlias) const;
   FieldRun GetRunOf(int sectionIndex) const;
   SettingField* FindInSection(int sectionIndex, int nameId) const;
