@@ -56,10 +56,14 @@ std::string AccentAll(const std::string& text, CodePage page) {
   return accented;
 }
 
-// The end of a text that its users count on to be the end: escapes such as \n, and a no-break blank.
+// Where the end of a text begins that its users count on to be the end: escapes such as \n, and a no-break blank.
 std::size_t FindTail(const std::string& text) {
-  std::size_t tail = text.size();
-  while (tail >= 2 && (text[tail - 2] == '\\' || text.compare(tail - 2, 2, kNoBreakBlank) == 0)) tail -= 2;
+  std::size_t tail = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::string piece = TakePiece(text, at);
+    at += piece.size();
+    if (piece != "\\n" && piece != "\\t" && piece != kNoBreakBlank) tail = at;
+  }
   return tail;
 }
 

@@ -8,17 +8,17 @@
 namespace skydata {
 namespace {
 
-// ASCII, so that it stands in any code page.
-std::string MakeBanner(const StringsSource& source) {
-  return "SPDX-FileCopyrightText: the common_interfaces authors\nSPDX-License-Identifier: MIT\nMade by "
-         "skydata, in " +
-         NameCodePage(source.page) + ", from the source of the language.\n";
-}
-
-std::string TrimBlanks(const std::string& text) {
-  const std::size_t begin = text.find_first_not_of(" \r");
-  if (begin == std::string::npos) return " ";  // an entry whose text is empty
-  return text.substr(begin, text.find_last_not_of(" \r") + 1 - begin);
+// The line in the code page; "?" for a character that the page lacks, which only a comment or a note may hold.
+std::string EncodeLine(CodePage page, const std::string& utf8) {
+  std::string line;
+  for (int at = 0, length = 1; at < static_cast<int>(utf8.size()); at += length) {
+    DecodeUtf8(utf8, at, &length);
+    std::string byte;
+    const bool isOnPage = Utf8ToCodePage(
+        page, utf8.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length)), &byte, nullptr);
+    line += isOnPage ? byte : "?";
+  }
+  return line;
 }
 
 }  // namespace
@@ -31,13 +31,9 @@ std::string MakeStringTable(const StringsSource& source) {
   for (const StringsFinding& finding : CheckStrings(source)) {
     if (finding.isError) throw SourceError(finding.file, finding.line, finding.text);
   }
-  std::string table = MakeBanner(source);
-  for (const StringsEntry& entry : source.entries) {
-    std::string text;
-    Utf8ToCodePage(source.page, TrimBlanks(entry.written), &text, nullptr);  // checked above
-    table += NameIdentifier(entry.identifier) + "\t" + text + "\n";
-  }
-  return table;
+  std::string table;
+  for (const StringsLine& line : source.lines) table += EncodeLine(source.page, line.text) + '\n';
+  return table + "Made by skydata, in " + NameCodePage(source.page) + ", from the source of the language.\n";
 }
 
 }  // namespace skydata
