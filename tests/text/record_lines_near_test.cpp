@@ -144,7 +144,9 @@ TEST_F(StringToNearTest, LongReplacementsAreReportedAndTheirExcessIgnored) {
 
 TEST_F(StringToNearTest, CharacterWithoutItsSingleReplacementMayHaveAFurtherOne) {
   LoadStrings(m_Roots, "14000\t\xE9\xE4\n14001\te\n14002\t\xE4\n14003\tae\n");
+  const DebugCapture debug;
   EXPECT_EQ(Near("\xE4"), "ae");
+  EXPECT_EQ(debug.lines.size(), 1u);
 }
 
 TEST_F(StringToNearTest, MissingTablesAreReportedOnceAndReplaceNothing) {
