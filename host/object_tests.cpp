@@ -29,6 +29,9 @@ ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geomet
       m_Observer(observer),
       m_Shown(shown),
       m_Unit(unit),
+      m_Stars(catalogs.stars),
+      m_Centre(geometry.centreJ2000),
+      m_StarsShown(shown.stars),
       m_StarLimits(geometry.camera, FourCC("star")),
       m_StarFilter(filters.Get(FourCC("star"))),
       m_ConstellationFilter(filters.Get(FourCC("cnst"))),
@@ -60,6 +63,19 @@ bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
   if (!m_Shown.horizon) return true;
   const double* zenith = m_Observer.reduction + 6;
   return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
+}
+
+template <bool kFirst>
+unsigned ObjectTests::TestStarPlace(int star, Found<kFirst> found, ObjectPlace& place) const {
+  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(m_Stars.GetTraits(star)), kFiltered)) {
+    return found.obstacles;
+  }
+  place.apparent = ApparentDirection(m_Stars.GetDirection(star), m_Stars.GetMotion(star), m_Observer);
+  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  place.radius = StarRadius(m_Stars.GetCode(star));
+  found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
+  return found.obstacles;
 }
 
 template <bool kFirst>
@@ -100,6 +116,8 @@ unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
   return found.obstacles;
 }
 
+template unsigned ObjectTests::TestStarPlace<true>(int, Found<true>, ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(int, Found<false>, ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<true>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<false>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestConstellation<true>(int, ObjectPlace&) const;

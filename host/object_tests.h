@@ -76,6 +76,8 @@ class ObjectTests {
   template <bool kFirst>
   unsigned TestStar(int star, ObjectPlace& place) const;
   template <bool kFirst>
+  unsigned TestStarPlace(int star, Found<kFirst> found, ObjectPlace& place) const;
+  template <bool kFirst>
   unsigned TestDeepsky(int object, ObjectPlace& place) const;
   template <bool kFirst>
   unsigned TestConstellation(int constellation, ObjectPlace& place) const;
@@ -93,6 +95,9 @@ class ObjectTests {
   const ObserverFrame& m_Observer;
   const ShownKinds& m_Shown;
   double m_Unit;
+  const StarCatalog& m_Stars;
+  Direction m_Centre;  // the view axis, J2000
+  bool m_StarsShown;
   ClassLimits m_StarLimits;
   const ObjectFilter& m_StarFilter;
   const ObjectFilter& m_ConstellationFilter;
@@ -102,26 +107,16 @@ class ObjectTests {
   double m_DeepskyReach;  // direction for deep-sky objects, beyond which nothing reaches into the window
 };
 
-// Costs least first; the catalogue's direction needs no projection.
+// Costs least first: the direction in the catalogue needs no projection. Most stars of a frame end here, so that this
+// part is worth inlining and the rest is not.
 template <bool kFirst>
 unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
-  const StarCatalog& stars = m_Catalogs.stars;
-  const float code = stars.GetCode(star);
   Found<kFirst> found;
-  if (found.EndsWith(!m_Shown.stars, kKindOff)) return found.obstacles;
-  if (found.EndsWith(code > m_StarLimits.draw, kTooFaint)) return found.obstacles;
-  if (found.EndsWith(Dot(stars.GetDirection(star), m_Geometry.centreJ2000) < m_StarReach, kOutside)) {
+  if (found.EndsWith(!m_StarsShown, kKindOff)) return found.obstacles;
+  if (found.EndsWith(m_Stars.GetCode(star) > m_StarLimits.draw, kTooFaint)) return found.obstacles;
+  if (found.EndsWith(Dot(m_Stars.GetDirection(star), m_Centre) < m_StarReach, kOutside))
     return found.obstacles;
-  }
-  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(stars.GetTraits(star)), kFiltered)) {
-    return found.obstacles;
-  }
-  place.apparent = ApparentDirection(stars.GetDirection(star), stars.GetMotion(star), m_Observer);
-  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = StarRadius(code);
-  found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
-  return found.obstacles;
+  return TestStarPlace<kFirst>(star, found, place);
 }
 
 }  // namespace skyview
