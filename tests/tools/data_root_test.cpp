@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "common_interfaces/camera.h"
@@ -11,6 +12,7 @@
 #include "common_interfaces/settings_field.h"
 #include "support/camera_settings.h"
 #include "tests/tools/source_text.h"
+#include "tools/strings_check.h"
 
 namespace skydata {
 namespace {
@@ -43,6 +45,21 @@ TEST_F(DataRoot, HasEveryFileOfTheLayout) {
     EXPECT_EQ(m_Roots.dir.Read(base + ".txt")[0], '#') << name;
     EXPECT_NE(m_Roots.dir.Read(base + ".source.md").find("Licence"), std::string::npos) << name;
   }
+}
+
+TEST_F(DataRoot, EveryLanguageHasItsTableAndEnglishIsTheDefault) {
+  for (const std::string language : {"en", "de", "ru"}) {
+    const std::string name = "data/languages/" + language + "/qxstrings.txt";
+    const StringsSource table = ReadStrings(m_Roots.dir.Path(name));
+    EXPECT_FALSE(table.isUtf8) << language;
+    EXPECT_EQ(FormatFindings(CheckStrings(table)), "");
+  }
+  EXPECT_EQ(m_Roots.dir.Read("data/qxstrings.txt"), m_Roots.dir.Read("data/languages/en/qxstrings.txt"));
+}
+
+TEST_F(DataRoot, AnotherLanguageMayBeTheDefault) {
+  BuildDataRoot(CI_DATA_SOURCE, m_Roots.dir.Path("russian"), "ru");
+  EXPECT_EQ(m_Roots.dir.Read("russian/qxstrings.txt"), m_Roots.dir.Read("data/languages/ru/qxstrings.txt"));
 }
 
 TEST_F(DataRoot, EveryClassHasItsZoomDependentFields) {
@@ -144,6 +161,20 @@ TEST_F(DamagedSource, AnEarlierDataRootStaysAsItWas) {
   EXPECT_EQ(BuildMessage(),
             "source/views/orion.ini:2: 'nonsense' is no heading, no field, no 'header' and no 'include'");
   EXPECT_EQ(m_Dir.Read("out/filters.data"), before);
+}
+
+TEST_F(DamagedSource, ATextThatItsCodePageLacksIsNamed) {
+  const std::string table = m_Dir.Read("source/strings/de/qxstrings.txt");
+  const std::string line = std::to_string(std::count(table.begin(), table.end(), '\n') + 1);
+  m_Dir.Write("source/strings/de/qxstrings.txt", table + "900500\t\u2605\n");
+  EXPECT_EQ(BuildMessage(), "source/strings/de/qxstrings.txt:" + line +
+                                ": U+2605 '\u2605' is not in windows-1252, the code page of the language");
+  EXPECT_TRUE(std::filesystem::is_empty(m_Dir.Path("out")));
+}
+
+TEST_F(DamagedSource, ALanguageWithoutATableIsNamed) {
+  std::filesystem::remove(m_Dir.Path("source/strings/ru/qxstrings.txt"));
+  EXPECT_EQ(BuildMessage(), "source/strings/ru/qxstrings.txt: cannot be opened");
 }
 
 TEST_F(DamagedSource, AFileOfAnotherNameInTheDataRootStays) {
