@@ -89,6 +89,21 @@ def settings_seeds():
         field("gala", "GLZoomDependShow", 2, [3])]))
 
 
+def settings_tool_seeds():
+    draw, band = field("star", "Draw", 1, [1]), field("star", "Band", 7, [1.5, float("nan"), 0.5235987755982988])
+    star = ("star", NO_ALIAS, 0, 1, 1)
+    whole = block(DEFAULTS, [star, ("gala", code("star"), 2, 1, 0)], [draw, band])
+    save("settings_tool", "whole", settings(1, whole, block(OWN, [], [])))
+    save("settings_tool", "twice", settings(1, block(OWN, [star], [draw, draw]), block(OWN, [star], [band, band])))
+    save("settings_tool", "damaged_then_whole", settings(1, whole[:-5], whole, b"stray", whole))
+    save("settings_tool", "runs", settings(1, block(OWN, [star, star, ("gala", NO_ALIAS, 1, 9, 1), ("nebu", 1, 7, 2, 1)],
+                                                    [draw, band, field("nebu", "Grid", 4, [code("plnt")]), draw])))
+    save("settings_tool", "odd_values", settings(1, block(OWN, [star], [draw[:9] + b"\x07\0" + draw[11:] + b"tail",
+                                                                       band[:8] + b"\xc8" + band[9:]])))
+    old = [old_field("star", "Draw", 1, [1]), old_field("star", "an = odd name", 6, [6.5])]
+    save("settings_tool", "old_layout", settings(0, whole, block(OWN, [star], old)))
+
+
 def zone_block(version, width, changes, types, names, leaps=()):
     header = b"TZif" + version + bytes(15) + struct.pack(">6I", 0, 0, len(leaps), len(changes), len(types), len(names))
     letter = "q" if width == 8 else "i"
@@ -118,4 +133,5 @@ def zone_seeds():
 
 if __name__ == "__main__":
     settings_seeds()
+    settings_tool_seeds()
     zone_seeds()

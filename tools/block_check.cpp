@@ -23,7 +23,7 @@ class BlockChecker {
   void Check() {
     CheckLayout();
     CheckSections();
-    CheckRuns();
+    if (m_Block.isWhole) CheckRuns();  // else they end at fields that were lost
     CheckPlaces();
     CheckNames();
     for (const FileField& field : m_Block.fields) CheckRecord(field);

@@ -74,7 +74,7 @@ class FileChecker {
 
   void CheckAgainstDefaults(const FileBlock& own) {
     const auto found = m_First.find(std::uint64_t{SettingsData::kDefaultsTag} << 32 | own.owner);
-    if (found == m_First.end()) return;
+    if (found == m_First.end() || !found->second->isWhole) return;
     std::map<std::pair<unsigned, int>, const FileField*> defaults;
     for (const FileField& field : found->second->fields) defaults.emplace(Id(field), &field);
     std::set<std::pair<unsigned, int>> seen;

@@ -187,6 +187,7 @@ class FileReader {
       field.text = DecodeRecord(record.bytes, block.layout, m_Names, field.section);
       block.fields.push_back(std::move(field));
     }
+    block.isWhole = !scan.damage;
     AssignRuns(block);
     if (scan.damage) m_File.damage.push_back(*scan.damage);
     m_Owners.insert(block.owner);

@@ -36,6 +36,7 @@ struct FileBlock {
   std::size_t offset = 0, end = 0;
   unsigned owner = 0, id = 0;
   RecordLayout layout = RecordLayout::kCurrent;
+  bool isWhole = true;          // all fields that it counts were read
   bool isLayoutCertain = true;  // every record has exactly the length that its header asks for in this layout
   std::vector<FileSection> sections;
   std::vector<FileField> fields;

@@ -129,6 +129,25 @@ TEST_F(SettingsText, AnIncludedFileIsFoundBesideTheOneThatNamesIt) {
   EXPECT_EQ(Parse("header 1\ninclude parts/a.inc\n[block FLTR 1 : base]\n").blocks[0].sections.size(), 1u);
 }
 
+TEST_F(SettingsText, WhatStandsTwiceIsMarkedAgain) {
+  const auto document = Parse(
+      "header 1\n[block FLTR 1]\n[section star]\nDraw = u8 1\nBand = u8 2\nDraw = u8 3 | again\n[block FLTR "
+      "1 again]\n");
+  ASSERT_EQ(document.blocks.size(), 2u);
+  EXPECT_EQ(document.blocks[1].owner, document.blocks[0].owner);
+  const auto& fields = document.blocks[0].sections[0].fields;
+  ASSERT_EQ(fields.size(), 3u);
+  EXPECT_EQ(fields[2].nameId, fields[0].nameId);
+  EXPECT_EQ(fields[2].values, "\x03");
+  EXPECT_TRUE(fields[2].isAgain);
+}
+
+TEST_F(SettingsText, AgainWithoutAFirstIsAMistake) {
+  EXPECT_EQ(Message("[section star]\nDraw = u8 1 | again"),
+            "test.ini:4: field Draw: 'again' without a field of this name above");
+  EXPECT_EQ(Message("[block FLTR 9 again]"), "test.ini:3: 'again' without a block with this key above");
+}
+
 TEST_F(SettingsText, HeaderNoneLeavesTagAndVersionOut) {
   EXPECT_FALSE(Parse("header none\n[block FLTR defaults]\n").hasHeader);
 }
