@@ -46,6 +46,15 @@ TEST_F(SettingsCompiler, WorkedExampleIsWorkedOutByHand) {
   EXPECT_EQ(Compile("header 1\n[block FLTR defaults]\n[section star]\nDraw = u8 1\n"), kWorkedExample);
 }
 
+// The example of docs/formats/correction_file.md. The name id of "VisMagnitude" is 0x6B36CC75, computed by the rule apart
+// from this code; -2 and 23.4 are 0xC0000000 and 0x41BB3333 (IEEE 754).
+TEST_F(SettingsCompiler, CorrectionFileIsWorkedOutByHand) {
+  EXPECT_EQ(Compile("header none\n[block FLTR defaults]\n[section star]\nVisMagnitude = f32 -2, 23.4\n"),
+            "RTLFTLFD\x01\x00rats\xFF\xFF\xFF\xFF\x00\x00\x00\x00\x01\x01\x00\x00\x00"
+            "\x1C\x00\x00\x00rats\x75\xCC\x36\x6B\x06\x02\x00\x00\x00\x00\x00\x00\xFF\xFF\xFF\xFF"
+            "\x00\x00\x00\xC0\x33\x33\xBB\x41"s);
+}
+
 TEST_F(SettingsCompiler, EveryByteOfAFieldRecordCanBeWritten) {
   const std::string bytes = Compile(
       "header 1\n[block FLTR defaults]\n[section star status=3 alias=gala]\n"
