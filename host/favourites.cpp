@@ -7,6 +7,7 @@
 
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/settings_field.h"
+#include "host/shown_kinds.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
 #include "utils/text.h"
@@ -20,13 +21,6 @@ using CommonInterfaces::SettingsData;
 
 constexpr unsigned kFavouriteSize = 9;  // five flags and the number
 constexpr int kNumberOffset = 5;
-
-bool HasSection(const SettingsData& settings, unsigned section) {
-  for (int i = 0; i < settings.GetSectionCount(); ++i) {
-    if (settings.GetSectionAt(i)->id == section) return true;
-  }
-  return false;
-}
 
 // Makes a field of that header and `values`, in a section that is on when it did not exist.
 void CreateField(const FieldData& header, const std::vector<unsigned char>& values, SettingsData& settings) {

@@ -12,7 +12,6 @@
 #include "host/near_names.h"
 #include "host/object_filter.h"
 #include "host/setting_text.h"
-#include "utils/path.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -106,19 +105,12 @@ void ChangeField(const SettingText& change, unsigned section, SettingsData& sett
   if (change.on) settings.SetFieldStatus(section, nameId, *change.on);
 }
 
-// A file of the current folder, else a logical name below the roots.
-std::string Resolve(const std::string& name) {
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(name, ignored)) return std::filesystem::absolute(name).string();
-  return ZentharPath::GetPath(name.c_str());
-}
-
 }  // namespace
 
 ViewResult LoadSettings(const std::optional<std::string>& file, SettingsData& settings) {
   if (!settings.Read(nullptr)) return BadFile("filters.data: missing from the data root, or damaged");
   if (!file) return {};
-  const std::string path = Resolve(*file);
+  const std::string path = ResolveInput(*file);
   if (path.empty()) return BadFile(*file + ": not found, neither here nor in the data root");
   if (!SettingsData::HoldsBlock(path.c_str(), settings.GetOwner(), settings.GetID())) {
     return BadFile(path + ": holds no settings");

@@ -10,13 +10,6 @@ namespace {
 
 using CommonInterfaces::SettingsData;
 
-bool HasSection(const SettingsData& settings, unsigned section) {
-  for (int i = 0; i < settings.GetSectionCount(); ++i) {
-    if (settings.GetSectionAt(i)->id == section) return true;
-  }
-  return false;
-}
-
 struct Switch {
   bool ShownKinds::*flag;
   unsigned section;
@@ -52,6 +45,13 @@ KindState ReadState(SettingsData& settings, const Switch& entry, bool otherwise)
 }
 
 }  // namespace
+
+bool HasSection(const SettingsData& settings, unsigned section) {
+  for (int i = 0; i < settings.GetSectionCount(); ++i) {
+    if (settings.GetSectionAt(i)->id == section) return true;
+  }
+  return false;
+}
 
 bool ShownKinds::IsShown(int kind) const {
   if (kind == FourCC("star")) return stars;

@@ -23,6 +23,8 @@ struct ShownKinds {
   bool IsShown(int kind) const;  // of a class of objects, by its four-character code
 };
 
+bool HasSection(const CommonInterfaces::SettingsData& settings, unsigned section);
+
 // What a kind of objects depends on: its section, and a switch there.
 struct KindState {
   const char* switchName;  // null for a kind that is never drawn

@@ -25,15 +25,8 @@ constexpr unsigned char kEquator = 0, kHorizon = 1;  // base planes
 ViewResult BadData(const std::string& message) { return {Failure::kBadData, message}; }
 ViewResult BadOption(const std::string& message) { return {Failure::kBadOption, message}; }
 
-// A file of the current folder, else a logical name below the roots.
-std::string ResolveView(const std::string& name) {
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(name, ignored)) return std::filesystem::absolute(name).string();
-  return ZentharPath::GetPath(name.c_str());
-}
-
 ViewResult RestoreView(const ViewFile& view, Camera& camera) {
-  const std::string path = ResolveView(view.path);
+  const std::string path = ResolveInput(view.path);
   if (path.empty()) return BadData(view.path + ": not found, neither here nor in the data root");
   const std::string number = std::to_string(view.id);
   if (!SettingsData::HoldsBlock(path.c_str(), kCameraRecord, static_cast<unsigned>(view.id))) {
@@ -114,6 +107,12 @@ void CountFromHorizon(Camera& camera) {
 }
 
 }  // namespace
+
+std::string ResolveInput(const std::string& name) {
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(name, ignored)) return std::filesystem::absolute(name).string();
+  return ZentharPath::GetPath(name.c_str());
+}
 
 ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera& camera) {
   if (options.view) {

@@ -20,6 +20,10 @@ struct ViewResult {
   std::string message;  // one line, without its end
 };
 
+// The path of a file that an option names: in the current folder, else a logical name below the roots; "" when there
+// is neither.
+std::string ResolveInput(const std::string& name);
+
 // Restores the saved view, when one is asked for, and lays the other options over it. Afterwards the camera has its
 // window and local offset and its angles count from the horizon. On a failure the camera is of no use.
 ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);

@@ -98,11 +98,25 @@ TEST(Options, ThreePicturesOrTheSameTwiceAreRefused) {
   EXPECT_TRUE(Contains(twice.message, "a.svg")) << twice.message;
 }
 
+TEST(Options, ChangesOfSettingsKeepTheirOrder) {
+  const auto parsed = ParseOptions({"--set", "star.VisMagnitude=-2,3:on", "--favourite", "M 31", "--set",
+                                    "star.SpectrType[0]=6", "--set", "star:off", "--settings", "a",
+                                    "--save-settings", "b", "--why", "Sirius"});
+  ASSERT_EQ(parsed.outcome, ParseOutcome::kRun) << parsed.message;
+  EXPECT_EQ(parsed.options.set,
+            (std::vector<std::string>{"star.VisMagnitude=-2,3:on", "star.SpectrType[0]=6", "star:off"}));
+  EXPECT_EQ(parsed.options.favourites, (std::vector<std::string>{"M 31"}));
+  EXPECT_EQ(parsed.options.settings.value_or(""), "a");
+  EXPECT_EQ(parsed.options.saveSettings.value_or(""), "b");
+  EXPECT_EQ(parsed.options.why.value_or(""), "Sirius");
+}
+
 TEST(Options, HelpListsEveryOption) {
   const auto parsed = ParseOptions({"--help"});
   ASSERT_EQ(parsed.outcome, ParseOutcome::kHelp);
   for (const char* option : {"--data", "--work", "--view", "--time", "--zone", "--place", "--look", "--zoom",
-                             "--size", "--out", "--language", "--save-view", "--list-limits"}) {
+                             "--size", "--out", "--language", "--save-view", "--list-limits", "--set",
+                             "--favourite", "--settings", "--save-settings", "--why"}) {
     EXPECT_TRUE(Contains(parsed.message, option)) << option;
   }
 }
