@@ -47,6 +47,24 @@ TEST(SourceFiles, AFileWhereAFolderShouldBeIsAnError) {
   EXPECT_EQ(tools_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("a/b.bin"), "x"); }),
             "a/b.bin: cannot be written");
 }
+TEST(SourceFiles, AFolderCannotBeReadAsAFile) {
+  const test_support::TempDir dir;
+  dir.Write("folder/file", "x");
+  const std::string message = tools_test::MessageOf(dir, [&] { ReadFile(dir.Path("folder")); });
+  EXPECT_EQ(message.substr(0, 15), "folder: cannot ");  // be opened, or be read: that is the system's choice
+}
+TEST(SourceFiles, WhatTheLastLookThrowsKeepsTheFileAsItWas) {
+  const test_support::TempDir dir;
+  dir.Write("c.bin", "old");
+  const auto refuse = [&dir](const std::filesystem::path& beside) {
+    EXPECT_EQ(ReadFile(beside), "new");
+    throw SourceError(dir.Path("c.bin"), 0, "refused");
+  };
+  EXPECT_EQ(tools_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("c.bin"), "new", refuse); }),
+            "c.bin: refused");
+  EXPECT_EQ(dir.Read("c.bin"), "old");
+  EXPECT_EQ(CountFiles(dir.Path()), 1);
+}
 TEST(SourceFiles, AScratchFileIsRemoved) {
   const test_support::TempDir dir;
   std::filesystem::path path;
