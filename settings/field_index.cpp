@@ -48,6 +48,7 @@ void FieldIndex::GatherSections(const std::vector<SectionRecord>& sections) {
 
 void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
                               const std::vector<SettingField*>& fields) {
+  IsStale();  // what is gathered now is up to date
   const int count = static_cast<int>(fields.size());
   m_InSections.Clear();
   m_Runs.clear();
@@ -76,6 +77,7 @@ void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
 }
 
 void FieldIndex::GatherAllFields(const std::vector<SettingField*>& fields) {
+  IsStale();
   m_All.Clear();
   m_All.Reserve(fields.size());
   for (SettingField* field : fields) m_All.Insert(static_cast<unsigned>(field->GetNameId()), field);
