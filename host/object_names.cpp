@@ -16,9 +16,12 @@ std::string GetPlanetName(int number) {
   return Localize(static_cast<HostText>(static_cast<int>(HostText::kFirstPlanet) + number - 1), {});
 }
 
+// A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without a proper
+// name goes by its number in the Bright Star Catalogue.
 std::string GetStarName(int number, const StarCatalog& stars) {
   for (int i = 0; i < stars.GetCount(); ++i) {
-    if (stars.GetNumber(i) == number) return ToCodePage(stars.GetLabel(i));
+    if (stars.GetNumber(i) != number) continue;
+    return stars.HasProperName(i) ? ToCodePage(stars.GetLabel(i)) : "HR " + std::to_string(number);
   }
   return "";
 }

@@ -143,6 +143,16 @@ TEST_F(Status, CentredObjectOfTheCatalogsHasItsLabel) {
   EXPECT_TRUE(Says("Centred on: M31"));
 }
 
+TEST_F(Status, CentredStarWithoutAProperNameHasItsNumber) {
+  f.sky.dir.Write("data/catalogs/stars.txt",
+                  "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\tBayer:text\n"
+                  "617\t1.0\t0.1\t2.0\t\tα Ari\n");
+  std::string error;
+  ASSERT_TRUE(skyview::LoadSkyCatalogs(f.catalogs, error)) << error;
+  f.camera.SetCenterView(SSO_ID(FourCC("star"), 617));
+  EXPECT_TRUE(Says("Centred on: HR 617"));
+}
+
 TEST_F(Status, CentredObjectThatNobodyKnowsIsLeftOut) {
   const std::size_t before = Make().size();
   for (const SSO_ID& unknown : {SSO_ID(FourCC("star"), 1), SSO_ID(FourCC("plnt"), 0),
