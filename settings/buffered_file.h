@@ -21,7 +21,16 @@ class BufferedFile {
 
   // As MFile::Read.
   unsigned Read(void* out, unsigned size) {
-    auto* to = static_cast<unsigned char*>(out);
+    if (size > m_End - m_Begin) return ReadPieces(static_cast<unsigned char*>(out), size);
+    std::memcpy(out, m_Bytes.get() + m_Begin, size);
+    m_Begin += size;
+    return size;
+  }
+
+ private:
+  static constexpr int kMostHeld = 65536;
+
+  unsigned ReadPieces(unsigned char* to, unsigned size) {
     unsigned read = 0;
     while (read < size && (m_Begin < m_End || Fill())) {
       const unsigned piece = std::min(size - read, m_End - m_Begin);
@@ -31,9 +40,6 @@ class BufferedFile {
     }
     return read;
   }
-
- private:
-  static constexpr int kMostHeld = 65536;
 
   bool Fill() {
     m_Begin = 0;

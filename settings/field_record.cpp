@@ -19,6 +19,20 @@ constexpr int kTypeOffset = 8;  // where section and name end and both layouts a
 // An old record holds 32 bytes of name where a current one holds 4 bytes of name id.
 constexpr int kOldLayoutExcess = kOldNameSize - 4;
 
+FieldData* Allocate(RecordPlace place, int size) {
+  if (place == RecordPlace::kAlone) return AllocateFieldData(size);
+  void* const block = ::operator new(sizeof(SettingField) + static_cast<std::size_t>(size));
+  return reinterpret_cast<FieldData*>(static_cast<unsigned char*>(block) + sizeof(SettingField));
+}
+
+void Free(RecordPlace place, FieldData* data) {
+  if (place == RecordPlace::kAlone) {
+    FreeFieldData(data);
+  } else {
+    ::operator delete(reinterpret_cast<unsigned char*>(data) - sizeof(SettingField));
+  }
+}
+
 template <class Source>
 bool ReadLength(Source& file, int& length) {
   unsigned char bytes[kLengthSize];
@@ -27,12 +41,13 @@ bool ReadLength(Source& file, int& length) {
   return length >= 0 && length <= kMaxFieldRecordSize;
 }
 
-// Reads the bytes of `data` from `offset` to its end, or releases it.
+// Makes a record and reads its bytes from `offset` to its end, or releases it.
 template <class Source>
-bool ReadRest(Source& file, FieldData* data, int size, int offset, FieldRecord& record) {
+bool ReadRest(Source& file, RecordPlace place, int size, int offset, FieldRecord& record) {
+  FieldData* const data = Allocate(place, size);
   const auto count = static_cast<unsigned>(size - offset);
   if (file.Read(reinterpret_cast<unsigned char*>(data) + offset, count) < count) {
-    FreeFieldData(data);
+    Free(place, data);
     return false;
   }
   record = {data, size};
@@ -40,17 +55,17 @@ bool ReadRest(Source& file, FieldData* data, int size, int offset, FieldRecord& 
 }
 
 template <class Source>
-bool ReadCurrentLayout(Source& file, int length, FieldRecord& record) {
+bool ReadCurrentLayout(Source& file, RecordPlace place, int length, FieldRecord& record) {
   if (length == 0) {
     record = {nullptr, 0};
     return true;
   }
   if (length < kFieldHeaderSize) return false;
-  return ReadRest(file, AllocateFieldData(length), length, 0, record);
+  return ReadRest(file, place, length, 0, record);
 }
 
 template <class Source>
-bool ReadOldLayout(Source& file, int length, FieldRecord& record) {
+bool ReadOldLayout(Source& file, RecordPlace place, int length, FieldRecord& record) {
   const int size = length - kOldLayoutExcess;
   if (size < kFieldHeaderSize) return false;
   // A short read of these two needs no test of its own: the rest of the record is then short as well.
@@ -58,7 +73,7 @@ bool ReadOldLayout(Source& file, int length, FieldRecord& record) {
   char name[kOldNameSize + 1] = {};  // the name may fill its 32 bytes without a terminator
   file.Read(section, sizeof section);
   file.Read(name, kOldNameSize);
-  if (!ReadRest(file, AllocateFieldData(size), size, kTypeOffset, record)) return false;
+  if (!ReadRest(file, place, size, kTypeOffset, record)) return false;
   record.data->section = LoadLE32(section);
   record.data->nameId = ::GetUniqueID(name);
   return true;
@@ -79,15 +94,16 @@ FieldData* CopyFieldData(const FieldData* data, int size) {
 }
 
 template <class Source>
-bool ReadFieldRecord(Source& source, bool oldLayout, FieldRecord& record) {
+bool ReadFieldRecord(Source& source, bool oldLayout, RecordPlace place, FieldRecord& record) {
   record = {};
   int length = 0;
   if (!ReadLength(source, length)) return false;
-  return oldLayout ? ReadOldLayout(source, length, record) : ReadCurrentLayout(source, length, record);
+  return oldLayout ? ReadOldLayout(source, place, length, record)
+                   : ReadCurrentLayout(source, place, length, record);
 }
 
-template bool ReadFieldRecord(MFile& source, bool oldLayout, FieldRecord& record);
-template bool ReadFieldRecord(BufferedFile& source, bool oldLayout, FieldRecord& record);
+template bool ReadFieldRecord(MFile& source, bool oldLayout, RecordPlace place, FieldRecord& record);
+template bool ReadFieldRecord(BufferedFile& source, bool oldLayout, RecordPlace place, FieldRecord& record);
 
 bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
   unsigned char length[kLengthSize];
@@ -97,6 +113,14 @@ bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
   return size == 0 || file.Write(record.data, size) == size;
 }
 
-SettingField* MakeField(const FieldRecord& record) { return new SettingField(record.data, record.size); }
+SettingField* MakeField(FieldData* record, int size) {
+  return ::new (reinterpret_cast<unsigned char*>(record) - sizeof(SettingField)) SettingField(record, size);
+}
+
+SettingField* MakeFieldOfCopy(const FieldData* data, int size) {
+  FieldData* const copy = Allocate(RecordPlace::kBehindField, size);
+  std::memcpy(static_cast<void*>(copy), data, static_cast<std::size_t>(size));
+  return MakeField(copy, size);
+}
 
 }  // namespace CommonInterfaces

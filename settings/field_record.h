@@ -15,9 +15,14 @@ class SettingField;
 
 // What reading a record yields.
 struct FieldRecord {
-  FieldData* data = nullptr;  // to be released with FreeFieldData; null when there is none
+  FieldData* data = nullptr;  // the caller's to release; null when there is none
   int size = -1;              // bytes at data; -1 when reading failed
 };
+
+// Where a record is to stand: alone, to be released with FreeFieldData, or with room for its field right before
+// it, to be made a field of with MakeField. Containers hold many fields: with one block for each they are loaded
+// and found sooner.
+enum class RecordPlace { kAlone, kBehindField };
 
 // An uninitialised record of `size` bytes, header included; size >= kFieldHeaderSize. Null stands for none.
 FieldData* AllocateFieldData(int size);
@@ -37,12 +42,15 @@ inline unsigned HeldElements(const FieldData& data, int recordSize) {
 // when that fails: `record` is then {null, -1}. A length of 0 in the current layout is a record of no bytes,
 // {null, 0}. Source: MFile or BufferedFile, which stands behind the bytes that were read, wherever that is.
 template <class Source>
-bool ReadFieldRecord(Source& source, bool oldLayout, FieldRecord& record);
+bool ReadFieldRecord(Source& source, bool oldLayout, RecordPlace place, FieldRecord& record);
 
 // Writes a length and that many bytes. False when not all could be written.
 bool WriteFieldRecord(MFile& file, const FieldRecord& record);
 
-// A field that takes the record over. The caller owns it.
-SettingField* MakeField(const FieldRecord& record);
+// The field of a record that was made kBehindField; the caller owns it, and the record with it.
+SettingField* MakeField(FieldData* record, int size);
+
+// The same of a copy of a record.
+SettingField* MakeFieldOfCopy(const FieldData* data, int size);
 
 }  // namespace CommonInterfaces

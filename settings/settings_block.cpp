@@ -64,8 +64,10 @@ bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields) {
   BufferedFile source(file);
   for (int i = 0; i < count; ++i) {
     FieldRecord record;
-    if (!ReadFieldRecord(source, SettingField::IsOldSettings(), record) || !record.data) return false;
-    fields.push_back(MakeField(record));
+    if (!ReadFieldRecord(source, SettingField::IsOldSettings(), RecordPlace::kBehindField, record) ||
+        !record.data)
+      return false;
+    fields.push_back(MakeField(record.data, record.size));
   }
   return true;
 }

@@ -7,6 +7,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "settings/field_record.h"
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
 #include "utils/debug.h"
@@ -35,7 +36,7 @@ int SettingsData::CreateField(const FieldData* data, int size, bool allowExistin
     PrintDebugString("No room for field %d in section %x\n", data->nameId, data->section);
     return -1;
   }
-  auto* const field = new SettingField(nullptr, data, static_cast<unsigned>(size));
+  SettingField* const field = MakeFieldOfCopy(data, size);
   return sectionIndex < 0 ? AppendSection(field) : InsertIntoSection(sectionIndex, field);
 }
 

@@ -32,7 +32,7 @@ void CopyValues(void* to, const void* from, unsigned size) {
       std::memcpy(to, from, 8);
       break;
     default:
-      std::memcpy(to, from, size);
+      std::memmove(to, from, size);
   }
 }
 
@@ -49,10 +49,16 @@ bool AreEqual(const void* a, const void* b, unsigned size) {
   }
 }
 
-void PrintUnknownType() {
+[[gnu::cold, gnu::noinline]] void PrintUnknownType() {
   QX4Strings strings;
   const char* const message = QX4Strings::GetString(0, false);
   if (message) PrintDebugString("%s", message);
+}
+
+unsigned char WidthOf(unsigned type) {
+  const unsigned char width = FieldElementWidth(type);
+  if (width == 0) PrintUnknownType();
+  return width;
 }
 
 }  // namespace
@@ -101,8 +107,10 @@ void SettingField::Assign(const SettingField& other) {
     m_bModified = other.m_bModified;
   } else {
     // The record is deliberately not released: callers may still hold what they got from it, and this path is
-    // the rare one. One would trip over it with a leak checker; see tests/support/lsan.supp.
+    // the rare one. One would trip over it with a leak checker; see tests/support/lsan.supp. A record in the
+    // field's own block stays until the field goes.
     m_pFieldData = nullptr;
+    m_bRecordBehind = false;
     m_RecordSize = 0;
     m_bModified = false;
   }
@@ -112,7 +120,7 @@ void SettingField::Assign(const SettingField& other) {
 // m_pSavedData is deliberately not released: an undo that nobody asked for outlives its field. Whoever stores
 // values restores them before the field dies; see tests/support/lsan.supp for those who do not.
 SettingField::~SettingField() {
-  FreeFieldData(m_pFieldData);
+  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
   DeleteQuery();
 }
 
@@ -142,7 +150,7 @@ bool SettingField::ReadRecord(MFile* file) {
   // The record goes, and a query of it would no longer answer to the modified flag.
   DeleteQuery();
   FieldRecord record;
-  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, record);
+  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, RecordPlace::kAlone, record);
   ReplaceRecord(record.data, record.size);
   return ok;
 }
@@ -202,11 +210,7 @@ bool SettingField::SetElement(const void* inData, unsigned inIndex) {
   return ReplaceBytes(m_pFieldData->data + offset, inData, GetTypeSize());
 }
 
-unsigned char SettingField::GetTypeSize() const {
-  const unsigned char width = FieldElementWidth(GetType());
-  if (width == 0) PrintUnknownType();
-  return width;
-}
+unsigned char SettingField::GetTypeSize() const { return WidthOf(GetType()); }
 
 unsigned SettingField::GetOffset(unsigned inIndex) const {
   if (inIndex >= GetSize()) {
@@ -218,19 +222,20 @@ unsigned SettingField::GetOffset(unsigned inIndex) const {
 }
 
 unsigned SettingField::GetDataSize() const {
-  return m_pFieldData ? GetTypeSize() * HeldElements(*m_pFieldData, m_RecordSize) : 0;
+  return m_pFieldData ? WidthOf(m_pFieldData->type) * HeldElements(*m_pFieldData, m_RecordSize) : 0;
 }
 
 // Every setter ends here: a change is reported only when a byte differs.
 bool SettingField::ReplaceBytes(unsigned char* target, const void* in, unsigned size) {
   if (!in || size == 0 || AreEqual(target, in, size)) return false;
-  std::memmove(target, in, size);
+  CopyValues(target, in, size);
   m_bModified = true;
   return true;
 }
 
 void SettingField::ReplaceRecord(FieldData* record, int recordSize) {
-  FreeFieldData(m_pFieldData);
+  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
+  m_bRecordBehind = false;
   m_pFieldData = record;
   m_RecordSize = recordSize;
 }

@@ -105,7 +105,7 @@ SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbos
 
 SettingField* SettingsData::FindKeepingCurrent(unsigned section, int nameId) {
   const int current = m_CurSection;
-  SettingField* const field = GetAtField(section, nameId, true);
+  SettingField* const field = SettingsData::GetAtField(section, nameId, true);
   m_CurSection = current;
   return field;
 }

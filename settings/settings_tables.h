@@ -12,7 +12,7 @@ namespace CommonInterfaces {
 struct SettingsData::Tables {
   FieldIndex index;
   FlatTable<bool*> changedFlags;  // into m_SectionChanged, which never loses an entry
-  FieldInsertions waiting;  // fields that m_Fields does not hold yet: Fields() puts them there
+  FieldInsertions waiting;        // fields that m_Fields does not hold yet: Fields() puts them there
 };
 
 }  // namespace CommonInterfaces

@@ -5,6 +5,8 @@
 // reading and writing, and the query last made from it (queries.h).
 #pragma once
 
+#include <new>
+
 #include "astro/object_id.h"
 #include "common_interfaces/api.h"
 #include "common_interfaces/field_data.h"
@@ -50,6 +52,9 @@ class COMMON_INTERFACES_API SettingField {
 
   // Releases the record and the query, deliberately not the values saved by SetDataAndStore.
   ~SettingField();
+
+  // A field of a container and its record are one block of memory, of any length.
+  static void operator delete(void* memory) { ::operator delete(memory); }
 
   bool IsOk() const { return m_RecordSize > 0; }
 
@@ -126,9 +131,11 @@ class COMMON_INTERFACES_API SettingField {
   friend struct SettingFieldTestAccess;  // defined by tests only
   friend class FieldIndex;               // reads m_sNameChanges
   friend class SettingsData;             // assigns without the copy that operator= returns
-  friend SettingField* MakeField(const FieldRecord& record);
+  friend SettingField* MakeField(FieldData* record, int size);
 
-  SettingField(FieldData* record, int recordSize) : m_pFieldData(record), m_RecordSize(recordSize) {}
+  // For a record that stands right behind the field, in the same block of memory.
+  SettingField(FieldData* record, int recordSize)
+      : m_pFieldData(record), m_RecordSize(recordSize), m_bRecordBehind(true) {}
   unsigned char GetTypeSize() const;
   unsigned GetOffset(unsigned inIndex) const;
   // Reverses the byte order of section, condition, size and of every value, to bring a record from a machine
@@ -151,8 +158,9 @@ class COMMON_INTERFACES_API SettingField {
   static unsigned m_sNameChanges;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record
-  int m_RecordSize = -1;     // bytes of header and values; -1 after a failed read, 0 for an empty copy
-  bool m_bModified = false;  // a value or the compare status changed since the query was made
+  int m_RecordSize = -1;         // bytes of header and values; -1 after a failed read, 0 for an empty copy
+  bool m_bModified = false;      // a value or the compare status changed since the query was made
+  bool m_bRecordBehind = false;  // the record is part of the field's block (settings/field_record.h)
   unsigned char* m_pSavedData = nullptr;  // owned: what SetDataAndStore saved (settings/field_undo.cpp)
   unsigned char m_SavedCompareStatus = 0;
   int m_StoreState = 0;           // 0 nothing saved, 1 values saved, 2 compare status saved
