@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "common_interfaces/record_lines.h"
@@ -25,7 +26,9 @@ struct WrittenValue {
     length = static_cast<std::size_t>(std::to_chars(text, text + sizeof text, number).ptr - text);
     value = static_cast<float>(number);
   }
+  // What is not a number has no sign: which one it gets differs between processors.
   void SetReal(double number) {
+    if (std::isnan(number)) number = std::abs(number);
     const auto end = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 6).ptr;
     length = static_cast<std::size_t>(end - text);
     value = static_cast<float>(number);

@@ -8,7 +8,8 @@ namespace {
 constexpr double kKilometresPerAu = 149597870.7;
 constexpr double kAuPerParsec = 206264.80624709636;
 
-// One light year in kilometres, twice: users compare distances with those of older versions, to the last digit.
+// One light year in kilometres, written in two ways, one for each direction. They round to one double,
+// though the figures as written are a metre apart.
 constexpr double kKilometresPerLightYear = 9460730472580.799;
 constexpr double kLightYearFromDays = 365.25 * 86400 * 299792.458;
 

@@ -108,7 +108,7 @@ COMMON_INTERFACES_API std::string SetRadOrDec(double value, short mode);
 // fields (field_data.h) with deliberate exceptions: 3 is read as a signed number, and the text of 5 is that of the
 // signed number, while the float is that of the unsigned one.
 //   0 signed 8 bits; 1 and 8 unsigned 8 bits; 2 and 3 signed 16 bits; 4 and 5 32 bits: as "%d"
-//   6 float, 7 double: as "%f", six decimals; "inf", "nan"
+//   6 float, 7 double: as "%f", six decimals; "inf", "-inf", "nan" without a sign
 // Any other type: 0, and `out` is left alone.
 COMMON_INTERFACES_API float MakeCorrectString(char* out, unsigned int type, void const* value);
 COMMON_INTERFACES_API float MakeCorrectString(std::string& out, unsigned int type, void const* value);

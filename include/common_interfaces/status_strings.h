@@ -80,7 +80,8 @@ COMMON_INTERFACES_API std::string GetDirectionString(Camera* camera, int hoursFo
 COMMON_INTERFACES_API bool GetRefPlane(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetRefPlane(Camera* camera);
 
-// The slope of the view in whole degrees (int), towards zero, with its sign and not reduced to one turn.
+// The slope of the view in whole degrees (int), towards zero, with its sign and not reduced to one turn; at most
+// 32767, and 0 for one that is not finite.
 COMMON_INTERFACES_API void GetSlopeString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetSlopeString(Camera* camera);
 

@@ -27,9 +27,10 @@ enum DistanceUnit : char {
 //   ConvertUnitFromAU(1.0, kKilometre)  ->  149597870.7
 //   ConvertUnitToAU(1.0, kParsec)       ->  206264.80624709636
 //
-// The light year deliberately has two factors: from astronomical units a fixed count of kilometres
-// (9460730472580.799), to astronomical units the product of days, seconds and the speed of light. There and
-// back again can therefore differ from where it began in the last digits.
+// The light year is deliberately written in two ways: from astronomical units as a count of kilometres
+// (9460730472580.799), to astronomical units as the product of days, seconds and the speed of light (365.25 *
+// 86400 * 299792.458). Rounded to a double both are the same length. There and back again may differ from where
+// it began in the last digit, in this unit as in the others.
 COMMON_INTERFACES_API double ConvertUnitFromAU(double distance, char unit);
 COMMON_INTERFACES_API double ConvertUnitToAU(double distance, char unit);
 

@@ -231,6 +231,11 @@ TEST(GetDouble, SixteenAndMoreDigitsAreRoundedCorrectly) {
   EXPECT_EQ(Double("1e23").value, 1e23);
 }
 
+TEST(GetDouble, DigitsThatWrapSixtyFourBitsAreNotTakenForASmallNumber) {
+  EXPECT_EQ(Double("18446744073709551617").value, 18446744073709551616.0);  // 2^64 + 1
+  EXPECT_EQ(Double("000018446744073709551623e-3").value, 18446744073709552.0);
+}
+
 TEST(GetDouble, ProductWithAPowerOfTenIsRoundedOnce) {
   // In registers of 80 bits the product is rounded twice, and wrong.
   EXPECT_EQ(Double("82098987075e13").value, 82098987075e13);

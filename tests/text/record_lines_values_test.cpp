@@ -98,6 +98,11 @@ TEST(MakeCorrectString, InfinityAndNotANumber) {
   EXPECT_EQ(written.text, "nan");
 }
 
+TEST(MakeCorrectString, WhatIsNotANumberHasNoSign) {
+  EXPECT_EQ(Write(7, std::copysign(std::numeric_limits<double>::quiet_NaN(), -1.0)).text, "nan");
+  EXPECT_EQ(Write(6, std::copysign(std::numeric_limits<float>::quiet_NaN(), -1.0f)).text, "nan");
+}
+
 TEST(MakeCorrectString, DoubleBeyondFloatIsReturnedInfinite) {
   const Written written = Write(7, 1e100);
   EXPECT_EQ(written.value, std::numeric_limits<float>::infinity());

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <cmath>
+#include <limits>
 
 #include "text/status_strings_fixture.h"
 #include "utils/text.h"
@@ -195,6 +196,19 @@ TEST_F(StatusView, SlopeInWholeDegreesTowardsZero) {
   for (const auto& [slope, wanted] : slopes) {
     LookAt(0, 0, slope);
     EXPECT_EQ(Slope(), wanted);
+  }
+}
+
+TEST_F(StatusView, SlopeBeyondTheRecordStaysAtItsEndAndNoNumberIsZero) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  const std::pair<double, const char*> slopes[] = {{1e9, "Slope 32767"},
+                                                   {-1e300, "Slope -32767"},
+                                                   {infinity, "Slope 0"},
+                                                   {-infinity, "Slope 0"},
+                                                   {std::numeric_limits<double>::quiet_NaN(), "Slope 0"}};
+  for (const auto& [slope, wanted] : slopes) {
+    LookAt(0, 0, slope);
+    EXPECT_EQ(Slope(), wanted) << slope;
   }
 }
 
