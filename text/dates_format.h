@@ -6,13 +6,7 @@
 
 #include <string>
 
-#include "utils/debug.h"
-
 namespace CommonInterfaces {
-
-// std::printf into a string, of any length. For formats that stand in the code; texts of the string table are
-// arguments here, never formats.
-std::string FormatDate(const char* format, ...) UTILS_PRINTF_FORMAT(1, 2);
 
 // The short numeric forms in a given date format (GetDateFormat), "" for an unknown one and a null date.
 std::string FormatShortDate(int dateFormat, const short* date);

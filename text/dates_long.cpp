@@ -7,8 +7,8 @@
 #include "astro/julian_date.h"
 #include "common_interfaces/dates.h"
 #include "common_interfaces/string_table.h"
-#include "text/dates_format.h"
 #include "text/dates_months.h"
+#include "text/format_render.h"
 
 namespace CommonInterfaces {
 
@@ -23,13 +23,14 @@ std::string GetDateString(int year, int month, int day) {
   QX4Strings strings;
   const char* const text = QX4Strings::GetString(kPatternId, true);
   const std::string_view pattern = text ? text : "";
-  if (pattern == "dd/mm/yyyy" || pattern == "dd-mm-yyyy") return FormatDate("%2d %s %4d", day, name, year);
-  if (pattern == "dd.mm.yyyy") return FormatDate("%2d. %s %4d", day, name, year);
-  if (pattern == "d-m-yyyy") return FormatDate("%d %s %4d", day, name, year);
+  if (pattern == "dd/mm/yyyy" || pattern == "dd-mm-yyyy")
+    return RenderFormat("%2d %s %4d", {day, name, year});
+  if (pattern == "dd.mm.yyyy") return RenderFormat("%2d. %s %4d", {day, name, year});
+  if (pattern == "d-m-yyyy") return RenderFormat("%d %s %4d", {day, name, year});
   // The leading blank is deliberate.
-  if (pattern == "m/d/yyyy") return FormatDate(" %s %d, %4d", name, day, year);
-  if (pattern == "yyyy/m/d") return FormatDate("%4d %s %d", year, name, day);
-  return FormatDate("%4d %s %2d", year, name, day);
+  if (pattern == "m/d/yyyy") return RenderFormat(" %s %d, %4d", {name, day, year});
+  if (pattern == "yyyy/m/d") return RenderFormat("%4d %s %d", {year, name, day});
+  return RenderFormat("%4d %s %2d", {year, name, day});
 }
 
 std::string GetDateString(_Date const& date) {

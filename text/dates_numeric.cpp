@@ -10,6 +10,7 @@
 #include "common_interfaces/dates.h"
 #include "common_interfaces/string_table.h"
 #include "text/dates_format.h"
+#include "text/format_render.h"
 #include "utils/debug.h"
 #include "utils/locale.h"
 
@@ -74,11 +75,11 @@ std::string getDate(double jd) {
   const char separator = std::strcmp(GetSystemLocale(), "de") == 0 ? '.' : '/';
   switch (format) {
     case kDayFirst:
-      return FormatDate("%02d%c%02d%c%04d", date.day, separator, date.month, separator, date.year);
+      return RenderFormat("%02d%c%02d%c%04d", {date.day, separator, date.month, separator, date.year});
     case kMonthFirst:
-      return FormatDate("%02d%c%02d%c%04d", date.month, separator, date.day, separator, date.year);
+      return RenderFormat("%02d%c%02d%c%04d", {date.month, separator, date.day, separator, date.year});
     default:
-      return FormatDate("%04d%c%02d%c%02d", date.year, separator, date.month, separator, date.day);
+      return RenderFormat("%04d%c%02d%c%02d", {date.year, separator, date.month, separator, date.day});
   }
 }
 

@@ -50,12 +50,5 @@ TEST(DatesFormat, BufferGetsAtMost256BytesAndIsTerminated) {
   }
 }
 
-TEST(DatesFormat, TextsOfAnyLengthAreFormattedWhole) {
-  for (const unsigned length : {0u, 252u, 253u, 254u, 255u, 256u, 4095u}) {
-    const std::string name(length, 'x');
-    EXPECT_EQ(FormatDate("%d %s", 7, name.c_str()), "7 " + name) << length;
-  }
-}
-
 }  // namespace
 }  // namespace CommonInterfaces
