@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "common_interfaces/field_data.h"
-#include "common_interfaces/settings_field.h"
 #include "host/shown_kinds.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
@@ -86,6 +85,14 @@ void AddFavourite(SettingsData& settings, int kind, int number) {
   CreateField(header, values, settings);
 }
 
+std::optional<int> GetFavouriteNumber(const SettingField& field) {
+  if (field.GetType() != CommonInterfaces::kFieldBytes || field.GetSize() < kFavouriteSize)
+    return std::nullopt;
+  std::vector<unsigned char> values(field.GetSize());
+  field.GetData(values.data());
+  return static_cast<int>(LoadLE32(values.data() + kNumberOffset));
+}
+
 int TakeFavourites(const std::string& path, SettingsData& settings) {
   MFile file;
   unsigned char count[4];
@@ -97,7 +104,7 @@ int TakeFavourites(const std::string& path, SettingsData& settings) {
   for (int left = static_cast<int>(LoadLE32(count)); left > 0; --left) {
     const SettingField field(&file, nullptr, 0);
     if (!field.IsOk()) break;
-    if (field.GetType() != CommonInterfaces::kFieldBytes || field.GetSize() < kFavouriteSize) continue;
+    if (!GetFavouriteNumber(field)) continue;
     if (HasField(field.GetSection(), field.GetNameId(), settings)) continue;
     Copy(field, settings);
     ++taken;

@@ -6,15 +6,20 @@
 // star, the number of a deep-sky object, for a constellation the name id of its abbreviation.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "common_interfaces/settings_data.h"
+#include "common_interfaces/settings_field.h"
 
 namespace skyview {
 
 // Adds the object to the favourites of its kind, or switches on the favourite that is there already. The field is
 // called "Favourite" and the number, for example "Favourite2491".
 void AddFavourite(CommonInterfaces::SettingsData& settings, int kind, int number);
+
+// The number of the object that the field is a favourite of; nothing for any other field.
+std::optional<int> GetFavouriteNumber(const CommonInterfaces::SettingField& field);
 
 // Takes the favourites that the container's own block of that file holds. Reading the file alone leaves them out: of an
 // own block only the fields count that the defaults have as well. What cannot be read ends the search; what came before

@@ -18,7 +18,8 @@ enum class LabelKind {
   kConstellation,
   kCompass,
   kCompassBetween,
-  kCaption
+  kCaption,
+  kMarker
 };
 
 LabelKind LabelKindOfDeepsky(int kind);  // by four-character code

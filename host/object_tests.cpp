@@ -60,7 +60,7 @@ double ObjectTests::StarRadius(float code) const {
 
 // The third row of the reduction gives the sine of the altitude.
 bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
-  if (!m_Shown.horizon) return true;
+  if (!m_Shown.horizon || !m_Observer.horizon) return true;
   const double* zenith = m_Observer.reduction + 6;
   return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
 }

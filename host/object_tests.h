@@ -23,7 +23,7 @@ enum Obstacle : unsigned {
   kKindOff = 1,       // its section or its kind is switched off
   kFiltered = 2,      // a filter of its section rejects it
   kTooFaint = 4,      // fainter than the drawing limit of its class
-  kBelowHorizon = 8,  // while the horizon is shown
+  kBelowHorizon = 8,  // while a horizon is shown
   kOutside = 16       // its disc or symbol does not reach into the window
 };
 

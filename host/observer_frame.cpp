@@ -5,6 +5,7 @@
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
+#include "host/base_plane.h"
 
 namespace skyview {
 namespace {
@@ -12,23 +13,32 @@ namespace {
 constexpr double kJ2000 = 2451545.0;  // Julian date, dynamical time
 constexpr double kDaysPerJulianYear = 365.25;
 
-}  // namespace
-
-ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
-  CommonInterfaces::_Date universal, dynamical;
+void HorizonReduction(const CommonInterfaces::Camera& camera, double julianDateTT, double reduction[9]) {
+  CommonInterfaces::_Date universal;
   camera.GetUniversalTime(universal);
-  camera.GetTime(dynamical);
-  const double julianDateTT = dynamical.day + dynamical.fraction;
   const double deltaT = ET_UT::Get(universal.day, universal.fraction);
   const SphCoor& location = camera.GetLocation();
-
-  ObserverFrame observer;
   double orientation[9], horizon[9];
   PrecessionNutationMatrix(julianDateTT, orientation);
   HorizonMatrix(ApparentSiderealTime(universal.day, universal.fraction, deltaT) + location.lon, location.lat,
                 horizon);
-  M3prod(horizon, orientation, observer.reduction);
-  EarthVelocity(julianDateTT, observer.earthVelocity);
+  M3prod(horizon, orientation, reduction);
+}
+
+}  // namespace
+
+ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
+  CommonInterfaces::_Date dynamical;
+  camera.GetTime(dynamical);
+  const double julianDateTT = dynamical.day + dynamical.fraction;
+  ObserverFrame observer = {};
+  observer.horizon = camera.GetBasePlane() == kHorizonPlane;
+  if (observer.horizon) {
+    HorizonReduction(camera, julianDateTT, observer.reduction);
+  } else {
+    PlaneMatrix(camera.GetBasePlane(), observer.reduction);
+  }
+  if (MovesWithEarth(camera)) EarthVelocity(julianDateTT, observer.velocity);
   observer.years = (dynamical.day - kJ2000 + dynamical.fraction) / kDaysPerJulianYear;
 
   camera.SetReductionMatrix(observer.reduction);
@@ -40,7 +50,7 @@ ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
 
 Direction ApparentDirection(const Direction& direction, const ObserverFrame& observer) {
   Direction apparent;
-  Aberration(direction.v, observer.earthVelocity, apparent.v);
+  Aberration(direction.v, observer.velocity, apparent.v);
   return apparent;
 }
 

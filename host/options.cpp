@@ -51,6 +51,29 @@ constexpr OptionText kSaveSettings = {"--save-settings", "FILE",
 constexpr OptionText kWhy = {"--why", "NAME",
                              "say why this object is or is not drawn, for example M31 or \"alpha CMa\""};
 
+constexpr OptionText kMovingTypeOption = {
+    "--moving-type", "N[,keep]",
+    "change to this way of moving, 0 to 11, before the other view options; keep: "
+    "with zoom and place"};
+constexpr OptionText kHome = {"--home", "show|store|go",
+                              "list the homes, make the view the home of its observer, or go to the Earth's"};
+constexpr OptionText kPlay = {
+    "--play", "time=STEP|view=STEP[,view=STEP...]",
+    "draw a sequence; STEP of time: 30s, 10m, 1h, 1d; of the view: degrees of azimuth, "
+    "altitude, slope"};
+constexpr OptionText kFrames = {"--frames", "N", "number of frames of the sequence, 1 to 10000"};
+constexpr OptionText kContactSheet = {"--contact-sheet", "FILE.png",
+                                      "all frames of the sequence in one picture"};
+constexpr OptionText kMarker = {
+    "--marker", "RA,DEC[,ID]",
+    "mark this place of the sky, degrees J2000, or hours with h behind RA; may be given "
+    "again"};
+constexpr OptionText kSession = {"--session", "FILE", "restore the session that is kept in this file"};
+constexpr OptionText kSaveSession = {"--save-session", "FILE",
+                                     "keep all that the picture is drawn from in this small text file"};
+constexpr OptionText kPatterns = {"--out", "NAME%03d.svg|NAME%03d.png",
+                                  "with --play one number, %d or %01d to %09d, and no other %"};
+
 // Stops the reading at the first value that is not of the accepted form.
 struct BadOption {
   std::string message;
@@ -65,7 +88,8 @@ struct BadOption {
 struct Texts {
   std::string data, work, language, view, saveView, time, zone, place, look, zoom, size;
   std::string settings, saveSettings, why;
-  std::vector<std::string> out, set, favourites;
+  std::string movingType, home, play, frames, contactSheet, session, saveSession;
+  std::vector<std::string> out, set, favourites, markers;
 };
 
 void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
@@ -89,6 +113,14 @@ void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
   add(kFavourite, texts.favourites)->expected(1)->take_all();
   add(kSaveSettings, texts.saveSettings);
   add(kWhy, texts.why);
+  add(kMovingTypeOption, texts.movingType);
+  add(kHome, texts.home);
+  add(kPlay, texts.play);
+  add(kFrames, texts.frames);
+  add(kContactSheet, texts.contactSheet);
+  add(kMarker, texts.markers)->expected(1)->take_all();
+  add(kSession, texts.session);
+  add(kSaveSession, texts.saveSession);
   app.add_flag("--list-limits", listLimits,
                "list the limiting magnitudes of each class by zoom, and draw nothing");
 }
@@ -115,12 +147,57 @@ std::optional<std::string> ParseZone(std::string_view text) {
 void TakePictures(const std::vector<std::string>& names, Options& options) {
   for (const auto& name : names) {
     if (!IsPictureName(name)) ThrowBadValue(kOut, name);
+    if (options.play && !FrameNames::Parse(name)) ThrowBadValue(kPatterns, name);
     if (std::find(options.out.begin(), options.out.end(), name) != options.out.end()) {
       throw BadOption{"--out '" + name + "': given twice; wants two different files"};
     }
     options.out.push_back(name);
   }
   if (names.size() > kMaxPictures) throw BadOption{"--out: given more than twice; wants at most two files"};
+}
+
+std::optional<std::string> ParseSheetName(std::string_view text) {
+  if (!IsPictureName(text) || !text.ends_with(".png")) return std::nullopt;
+  return std::string(text);
+}
+
+void TakeMarkers(const std::vector<std::string>& texts, Options& options) {
+  for (const auto& text : texts) {
+    const auto mark = ParseMark(text);
+    if (!mark) ThrowBadValue(kMarker, text);
+    options.markers.push_back(*mark);
+  }
+  if (options.markers.size() > static_cast<std::size_t>(kMaxMarks)) {
+    throw BadOption{"--marker: given more than " + std::to_string(kMaxMarks) + " times"};
+  }
+}
+
+void TakeMotion(const CLI::App& app, const Texts& texts, Options& options) {
+  Take(app, kMovingTypeOption, texts.movingType, options.movingType, ParseMovingType);
+  Take(app, kHome, texts.home, options.home, ParseHomeAction);
+  Take(app, kPlay, texts.play, options.play, ParsePlay);
+  Take(app, kFrames, texts.frames, options.frames, ParseFrameCount);
+  Take(app, kContactSheet, texts.contactSheet, options.contactSheet, ParseSheetName);
+  Take(app, kSession, texts.session, options.session, ParseName);
+  Take(app, kSaveSession, texts.saveSession, options.saveSession, ParseName);
+  TakeMarkers(texts.markers, options);
+}
+
+// Options that make no sense with or without each other.
+void CheckTogether(const Options& options) {
+  if (options.play.has_value() != options.frames.has_value()) {
+    throw BadOption{options.play ? "--play: wants --frames N beside it" : "--frames: wants --play beside it"};
+  }
+  if (options.contactSheet && !options.play) throw BadOption{"--contact-sheet: wants --play beside it"};
+  if (options.play && options.out.empty() && !options.contactSheet) {
+    throw BadOption{"--play: wants --out NAME%03d.png or --contact-sheet FILE.png beside it"};
+  }
+  if (options.play && options.listLimits) throw BadOption{"--play: draws, which --list-limits does not"};
+  if (options.session && options.view) throw BadOption{"--session: holds a view, wants no --view beside it"};
+  if (options.session && options.settings)
+    throw BadOption{"--session: holds settings, wants no --settings beside it"};
+  if (options.home == HomeAction::kStore && !options.work)
+    throw BadOption{"--home store: wants --work FOLDER, where homes are kept"};
 }
 
 Options Read(const CLI::App& app, const Texts& texts) {
@@ -145,7 +222,10 @@ Options Read(const CLI::App& app, const Texts& texts) {
   options.favourites = texts.favourites;
   if (size) options.size = *size;
   if (language) options.language = *language;
+  options.sizeGiven = size.has_value();
+  options.languageGiven = language.has_value();
   options.timeText = texts.time;
+  TakeMotion(app, texts, options);
   TakePictures(texts.out, options);
   return options;
 }
@@ -171,6 +251,7 @@ ParseResult ParseOptions(const std::vector<std::string>& arguments) {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     result.options = Read(app, texts);
     result.options.listLimits = listLimits;
+    CheckTogether(result.options);
     result.outcome = ParseOutcome::kRun;
   } catch (const CLI::CallForHelp&) {
     result.outcome = ParseOutcome::kHelp;

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "host/language.h"
+#include "host/motion_values.h"
 #include "host/option_values.h"
+#include "host/session_file.h"
 
 namespace skyview {
 
@@ -16,6 +18,7 @@ struct Options {
   std::optional<std::string> data;  // folder of the data root
   std::optional<std::string> work;  // folder of the work area
   std::string language = kDefaultLanguage;
+  bool languageGiven = false;
   std::optional<ViewFile> view;
   std::optional<ViewFile> saveView;
   std::optional<WrittenTime> time;
@@ -25,6 +28,7 @@ struct Options {
   std::optional<Look> look;
   std::optional<double> zoom;
   PictureSize size;
+  bool sizeGiven = false;
   std::vector<std::string> out;             // at most two
   std::optional<std::string> settings;      // file with own settings
   std::optional<std::string> saveSettings;  // file to keep them in
@@ -32,6 +36,15 @@ struct Options {
   std::vector<std::string> favourites;      // names of objects
   std::optional<std::string> why;           // name of an object
   bool listLimits = false;
+  std::optional<MovingType> movingType;
+  std::optional<HomeAction> home;
+  std::optional<PlayRequest> play;  // then the names in `out` are patterns
+  std::optional<int> frames;        // with `play`
+  std::optional<std::string> contactSheet;
+  std::vector<SkyMark> markers;
+  std::optional<std::string> session;      // file to restore from
+  std::optional<std::string> saveSession;  // file to keep it in
+  std::optional<SessionCapsule> capsule;   // what `session` holds, once it was read
 };
 
 enum class ParseOutcome { kRun, kHelp, kBad };

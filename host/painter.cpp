@@ -130,6 +130,24 @@ void PaintCompassMarks(const SkyFrame& frame, cairo_t* context) {
   cairo_stroke(context);
 }
 
+// Crosses that leave what they mark free.
+void PaintMarkers(const SkyFrame& frame, cairo_t* context) {
+  const double arm = 9.0 * frame.GetUnit(), gap = 3.0 * frame.GetUnit();
+  cairo_new_path(context);
+  for (const auto& marker : frame.GetMarkers()) {
+    const double x = marker.place.x, y = frame.GetHeight() - marker.place.y;
+    for (const double side : {-1.0, 1.0}) {
+      cairo_move_to(context, x + side * gap, y);
+      cairo_line_to(context, x + side * arm, y);
+      cairo_move_to(context, x, y + side * gap);
+      cairo_line_to(context, x, y + side * arm);
+    }
+  }
+  SetColour(kMark, context);
+  cairo_set_line_width(context, 1.3 * frame.GetUnit());
+  cairo_stroke(context);
+}
+
 void PaintFigures(const SkyFrame& frame, cairo_t* context) {
   cairo_new_path(context);
   for (const auto& line : frame.GetLines()) {
@@ -175,6 +193,7 @@ void PaintFrame(const SkyFrame& frame, cairo_t* context) {
   }
   if (frame.GetCaptionLineCount() > 0) PaintCaptionGround(frame, context);
   PaintCompassMarks(frame, context);
+  if (!frame.GetMarkers().empty()) PaintMarkers(frame, context);
   for (const auto& label : frame.GetLabels()) PaintLabel(frame, label, context);
   cairo_restore(context);
 }

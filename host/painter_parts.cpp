@@ -84,6 +84,8 @@ Colour LabelColour(LabelKind kind) {
       return kAccent;
     case LabelKind::kCompassBetween:
       return WithOpacity(kAccent, 0.75);
+    case LabelKind::kMarker:
+      return kMark;
     case LabelKind::kCaption:
       return {0.72, 0.77, 0.84, 0.95};
     default:

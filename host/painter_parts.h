@@ -15,6 +15,7 @@ struct Colour {
   double red, green, blue, opacity;
 };
 
+inline constexpr Colour kMark = {0.56, 0.93, 0.62, 0.95};   // of the user's markers
 inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};  // of the compass points
 
 inline void SetColour(const Colour& colour, cairo_t* context) {

@@ -112,6 +112,10 @@ bool WritePicture(const SkyFrame& frame, const std::string& path, std::string& e
     error = path + ": cannot be drawn: " + error;
     return false;
   }
+  return WritePictureBytes(path, bytes, error);
+}
+
+bool WritePictureBytes(const std::string& path, const std::string& bytes, std::string& error) {
   const std::string beside = path + ".part";
   std::error_code failure;
   if (WriteBytes(beside, bytes)) {

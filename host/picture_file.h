@@ -22,4 +22,7 @@ bool MakePng(const SkyFrame& frame, std::string& bytes, std::string& error);
 // left behind.
 bool WritePicture(const SkyFrame& frame, const std::string& path, std::string& error);
 
+// The same with the bytes of a picture.
+bool WritePictureBytes(const std::string& path, const std::string& bytes, std::string& error);
+
 }  // namespace skyview

@@ -21,6 +21,10 @@ bool MakeSvg(const SkyFrame&, std::string&, std::string& error) { return Refuse(
 bool MakePng(const SkyFrame&, std::string&, std::string& error) { return Refuse(error); }
 
 bool WritePicture(const SkyFrame&, const std::string& path, std::string& error) {
+  return WritePictureBytes(path, "", error);
+}
+
+bool WritePictureBytes(const std::string& path, const std::string&, std::string& error) {
   Refuse(error);
   error = path + ": " + error;
   return false;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 #include "common_interfaces/clipping.h"
 #include "host/caption.h"
@@ -98,9 +99,10 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
 
   const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, m_Unit);
   AddCaption();
+  AddMarkers();
   if (shown.milkyWay) AddMilkyWay(geometry);
-  if (shown.horizon) AddHorizon(geometry);
-  if (shown.compass) AddCompass(geometry);
+  if (shown.horizon && observer.horizon) AddHorizon(geometry);
+  if (shown.compass && observer.horizon) AddCompass(geometry);
   AddFigures(geometry, observer, tests);
   AddStars(geometry, tests);
   AddDeepsky(geometry, tests);
@@ -115,6 +117,23 @@ void SkyFrame::AddCaption() {
     m_Labels.PlaceAt(line->c_str(), {kCaptionLeft * m_Unit, baseline}, kCaptionFont * m_Unit,
                      LabelKind::kCaption);
     baseline += kCaptionLineStep * m_Unit;
+  }
+}
+
+// A marker's y counts from the top. The finder has no place on the sky.
+void SkyFrame::AddMarkers() {
+  constexpr double kArm = 9.0;  // pixels
+  m_Markers.clear();
+  m_Markers.reserve(m_CameraMarkers.size());  // the labels point into the list
+  for (const auto& marker : m_CameraMarkers) {
+    if (marker.id == CommonInterfaces::kOnScreenFinderMarker || marker.x < 0) continue;
+    DrawnMarker drawn = {{static_cast<double>(marker.x), static_cast<double>(m_Height - marker.y)}, ""};
+    std::snprintf(drawn.text, sizeof drawn.text, "%d", marker.id);
+    m_Markers.push_back(drawn);
+    m_Labels.Reserve(drawn.place, kArm * m_Unit, kArm * m_Unit);
+  }
+  for (const auto& drawn : m_Markers) {
+    m_Labels.PlaceBeside(drawn.text, drawn.place, kArm * m_Unit, 12.0 * m_Unit, LabelKind::kMarker);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common_interfaces/camera.h"
+#include "common_interfaces/marker_info.h"
 #include "common_interfaces/object_outputs.h"
 #include "common_interfaces/output_pool.h"
 #include "host/class_limits.h"
@@ -45,6 +46,12 @@ struct CompassMark {
   bool main;  // north, east, south or west
 };
 
+// A marker of the camera that is on screen, with its identifier as text.
+struct DrawnMarker {
+  tPoint<double> place;
+  char text[12];
+};
+
 // What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
 double GetPictureUnit(int width, int height);
 
@@ -66,6 +73,9 @@ class SkyFrame {
   // has changed.
   void FetchTexts() { m_CompassLetters = FetchCompassLetters(); }
 
+  // The camera's markers, placed by UpdateOIMarkers, for the next frame. Allocates only for more markers than before.
+  void SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& markers) { m_CameraMarkers = markers; }
+
   // The camera must be prepared (PrepareObserver) for the same moment.
   void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer, const ShownKinds& shown,
                const ObjectFilters& filters = ObjectFilters::None());
@@ -82,11 +92,13 @@ class SkyFrame {
   const std::vector<RegionPicture>& GetHaze() const { return m_Haze; }          // highest first
   const RegionPicture& GetGround() const { return m_Ground; }
   const std::vector<CompassMark>& GetCompass() const { return m_Compass; }
+  const std::vector<DrawnMarker>& GetMarkers() const { return m_Markers; }
   bool IsPoolExhausted() const { return m_PoolExhausted; }
 
  private:
   void ReserveLists();
   void AddCaption();
+  void AddMarkers();
   void AddMilkyWay(const ViewGeometry& geometry);
   void AddHorizon(const ViewGeometry& geometry);
   void AddCompass(const ViewGeometry& geometry);
@@ -117,6 +129,8 @@ class SkyFrame {
   std::vector<RegionPicture> m_Haze;
   RegionPicture m_Ground;
   std::vector<CompassMark> m_Compass;
+  std::vector<CommonInterfaces::MARKER_INFO> m_CameraMarkers;
+  std::vector<DrawnMarker> m_Markers;
   LabelPlacer m_Labels;
   CompassLetters m_CompassLetters;
   std::vector<std::string> m_Caption;

@@ -8,12 +8,16 @@
 #include "host/caption.h"
 #include "host/diagnostics.h"
 #include "host/favourites.h"
+#include "host/frame_maker.h"
+#include "host/homes.h"
 #include "host/host_texts.h"
 #include "host/language.h"
 #include "host/object_search.h"
 #include "host/options.h"
 #include "host/picture_file.h"
 #include "host/report.h"
+#include "host/sequence.h"
+#include "host/session.h"
 #include "host/settings_options.h"
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
@@ -54,6 +58,7 @@ struct Session {
   Camera camera{kOwner};
   SkyCatalogs catalogs;
   ObjectFilters filters;
+  SkyMarkers markers;
 };
 
 // The object that --why asks about.
@@ -64,9 +69,18 @@ struct Question {
 
 int CodeOf(Failure failure) { return failure == Failure::kBadOption ? kBadOption : kBadData; }
 
+// Restores what the session keeps of the settings; what the data of today cannot follow becomes a diagnostic line.
+void TakeCapsule(const Options& options, SettingsData& settings, Diagnostics& diagnostics) {
+  if (!options.capsule) return;
+  std::vector<std::string> lines = FindChangedData(*options.capsule, options.language);
+  RestoreSettings(*options.capsule, settings, lines);
+  for (const auto& line : lines) diagnostics.lines.push_back(line + "\n");
+}
+
 // Defaults, own settings, the changes of this run.
-ViewResult SetUpSettings(const Options& options, SettingsData& settings) {
+ViewResult SetUpSettings(const Options& options, SettingsData& settings, Diagnostics& diagnostics) {
   ViewResult result = LoadSettings(options.settings, settings);
+  if (result.failure == Failure::kNone) TakeCapsule(options, settings, diagnostics);
   for (const auto& change : options.set) {
     if (result.failure == Failure::kNone) result = ChangeSetting(change, settings);
   }
@@ -100,40 +114,71 @@ bool KeepSettings(const Options& options, Session& session, std::string& error) 
   return !options.saveSettings || SaveSettings(session.settings, *options.saveSettings, error);
 }
 
-bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
-          std::ostream& output, std::string& error) {
-  const ObserverFrame observer = PrepareObserver(session.camera);
-  const auto status = MakeStatus(session.camera, session.catalogs);
-  SkyFrame frame(session.catalogs);
-  frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
-  const ShownKinds shown = ReadShownKinds(session.settings);
-  session.filters.Refresh(session.settings);
-  frame.Compute(session.camera, observer, shown, session.filters);
+// Files that keep what the options say, once it could be drawn.
+bool KeepView(const Options& options, Session& session, Diagnostics& diagnostics, std::string& error) {
+  if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
+  if (options.home == HomeAction::kStore && !StoreHome(session.camera, diagnostics, error)) return false;
+  if (options.saveSession &&
+      !SaveSession(*options.saveSession, options, session.settings, session.markers, session.camera, error)) {
+    return false;
+  }
+  return KeepSettings(options, session, error);
+}
+
+bool WritePictures(const Options& options, const SkyFrame& frame, std::string& error) {
+  if (options.play) return true;
   for (const auto& name : options.out) {
     if (!WritePicture(frame, name, error)) return false;
   }
-  if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
-  if (!KeepSettings(options, session, error)) return false;
-  if (question) {
-    const ShownView view = {frame, session.camera, observer, shown, session.filters, session.settings};
-    output << FormatExplanation(question->title, Explain(question->object, view));
-  } else {
-    output << MakeReport(session.camera, status, frame);
-  }
   return true;
+}
+
+bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
+          Diagnostics& diagnostics, std::ostream& output, std::string& error) {
+  const ShownKinds shown = ReadShownKinds(session.settings);
+  session.filters.Refresh(session.settings);
+  for (const auto& mark : options.markers) session.markers.Add(mark, session.camera);
+  FrameMaker maker(session.camera, session.catalogs, shown, session.filters, session.markers);
+  maker.Prepare();
+  const auto status = MakeStatus(session.camera, session.catalogs);
+  SkyFrame& frame = maker.GetFrame();
+  frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
+  maker.Compute();
+  if (!WritePictures(options, frame, error)) return false;
+  if (!KeepView(options, session, diagnostics, error)) return false;
+  std::string text;
+  if (question) {
+    const ShownView view = {frame, session.camera,  maker.GetObserver(),
+                            shown, session.filters, session.settings};
+    text = FormatExplanation(question->title, Explain(question->object, view));
+  } else {
+    text = MakeReport(session.camera, status, frame);
+  }
+  if (options.play && !DrawSequence(options, session.camera, maker, error)) return false;
+  output << text;
+  return true;
+}
+
+int FinishShow(const Diagnostics& diagnostics, std::ostream& errors) {
+  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
+  return kDone;
 }
 
 int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
   QX4Strings::SetProgrmaNameId(kProgramNameText);
   Session session;
   std::string error;
-  const ViewResult set = SetUpSettings(options, session.settings);
+  const ViewResult set = SetUpSettings(options, session.settings, diagnostics);
   if (set.failure != Failure::kNone) return Fail(set.message, CodeOf(set.failure), errors);
   session.camera.CreateDefault();
   session.camera.FillMagCorrectionsVector(&session.settings);
   const ViewResult view = ApplyOptions(options, diagnostics, session.camera);
   if (view.failure != Failure::kNone) {
     return Fail(view.message, CodeOf(view.failure), errors);
+  }
+  if (options.home == HomeAction::kShow) {
+    output << FormatHomes(session.camera);
+    return FinishShow(diagnostics, errors);
   }
   std::optional<Question> question;
   const bool wantsCatalogs = !options.listLimits || !options.favourites.empty();
@@ -142,18 +187,17 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
   if (options.listLimits) {
     if (!KeepSettings(options, session, error)) return Fail(error, kBadData, errors);
     output << MakeLimitsTable(session.camera);
-  } else if (!Draw(options, session, question, output, error)) {
+  } else if (!Draw(options, session, question, diagnostics, output, error)) {
     return Fail(error, kBadData, errors);
   }
-  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
-  return kDone;
+  return FinishShow(diagnostics, errors);
 }
 
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, const std::string& programFolder, std::ostream& output,
         std::ostream& errors) {
-  const ParseResult parsed = ParseOptions(arguments);
+  ParseResult parsed = ParseOptions(arguments);
   if (parsed.outcome == ParseOutcome::kHelp) {
     output << parsed.message;
     return kDone;
@@ -161,6 +205,7 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   if (parsed.outcome == ParseOutcome::kBad) return Fail(parsed.message, kBadOption, errors);
   Diagnostics diagnostics;
   std::string data, error;
+  if (parsed.options.session && !LoadSession(parsed.options, error)) return Fail(error, kBadData, errors);
   if (!SetUpRoots(parsed.options, programFolder, data, error)) return Fail(error, kBadData, errors);
   const auto fetchNothing = [] {};  // nobody has taken a text yet
   if (!SwitchLanguage(data, parsed.options.language, fetchNothing, error)) {

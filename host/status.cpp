@@ -10,9 +10,12 @@
 #include "common_interfaces/dates.h"
 #include "common_interfaces/refraction.h"
 #include "common_interfaces/status_strings.h"
+#include "common_interfaces/string_table.h"
+#include "host/base_plane.h"
 #include "host/horizon.h"
 #include "host/host_texts.h"
 #include "host/object_names.h"
+#include "utils/text.h"
 
 namespace skyview {
 namespace {
@@ -26,7 +29,8 @@ constexpr int kLocalTime = 0, kUniversalTime = 1;  // kinds of time
 // plane.
 constexpr int kSurfacePosition = 7208, kSpacePosition = 7209;
 constexpr int kHours = 7216, kHorizonDegrees = 7217, kOtherDegrees = 7218;
-constexpr unsigned char kByHours = 0, kByDegrees = 1;  // direction modes
+constexpr unsigned char kByHours = 0, kByDegrees = 1, kOtherDirection = 2;  // direction modes
+constexpr unsigned kFirstPlaneName = 5011;                                  // by base plane
 
 // The texts of one view, in the code page of the language until they are taken. The library's functions ask a camera
 // for what they show, so each text sets up a copy of the camera that shows it.
@@ -58,6 +62,7 @@ class StatusWriter {
   void AddTime(int kind);
   void AddCentredObject();
   void AddDirection();
+  std::string GetEarthOrObserver() const;
   void AddRefraction();
 
   const Camera& m_Camera;
@@ -66,10 +71,14 @@ class StatusWriter {
   std::vector<std::string> m_Texts;
 };
 
+std::string StatusWriter::GetEarthOrObserver() const {
+  if (m_Camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return Localize(HostText::kEarthAsPlace, {});
+  return GetObjectName(m_Camera.GetObserver(), m_Catalogs);
+}
+
 void StatusWriter::AddPlace() {
   const std::string& name = m_Camera.GetLocationName();
-  m_Shown.SetLocationName(
-      (name.empty() ? Localize(HostText::kEarthAsPlace, {}) : NameToCodePage(name)).c_str());
+  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : NameToCodePage(name)).c_str());
   Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
   Add(Localize(
       HostText::kCoordinates,
@@ -134,6 +143,12 @@ double GetAzimuth(const Camera& camera) {
   return azimuth < 0.0 ? azimuth + 2.0 * kPi : azimuth;
 }
 
+std::string GetPlaneName(unsigned char plane) {
+  const CommonInterfaces::QX4Strings strings;
+  const char* const name = CommonInterfaces::QX4Strings::GetString(kFirstPlaneName + plane, true);
+  return name ? name : "";
+}
+
 // Longitudes of the horizon frame grow over west; the user reads azimuths, which grow over east.
 void StatusWriter::AddDirection() {
   SphViewCoor angles = m_Camera.GetViewAngles();
@@ -142,11 +157,16 @@ void StatusWriter::AddDirection() {
     m_Shown.SetAimingDispType(mode);
     return CommonInterfaces::GetDirectionString(&m_Shown, kHours, kHorizonDegrees, kOtherDegrees);
   };
-  angles.lon = GetAzimuth(m_Camera);
-  const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * kPi))) % 8;
-  const std::string compassPoint = ToCodePage(FetchCompassLetters().text[eighth]);
-  Add(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
-  AddRefraction();
+  if (m_Camera.GetBasePlane() == kHorizonPlane) {
+    angles.lon = GetAzimuth(m_Camera);
+    const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * kPi))) % 8;
+    const std::string compassPoint = ToCodePage(FetchCompassLetters().text[eighth]);
+    Add(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
+    AddRefraction();
+  } else if (m_Camera.GetBasePlane() != kEquatorPlane) {
+    const std::string plane = GetPlaneName(m_Camera.GetBasePlane());
+    Add(Localize(HostText::kDirection, {format(kOtherDirection).c_str(), plane.c_str()}));
+  }
   m_Camera.GetRA_Dec2K(angles.lon, angles.lat);
   Add(Localize(HostText::kCentre, {format(kByHours).c_str()}));
 }

@@ -7,7 +7,10 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
+#include "host/base_plane.h"
+#include "host/homes.h"
 #include "host/observer_frame.h"
+#include "host/session.h"
 #include "host/zone_time.h"
 #include "utils/path.h"
 #include "utils/text.h"
@@ -20,7 +23,6 @@ using CommonInterfaces::Camera;
 using CommonInterfaces::SettingsData;
 
 constexpr unsigned kCameraRecord = FourCC("CAMR");
-constexpr unsigned char kEquator = 0, kHorizon = 1;  // base planes
 
 ViewResult BadData(const std::string& message) { return {Failure::kBadData, message}; }
 ViewResult BadOption(const std::string& message) { return {Failure::kBadOption, message}; }
@@ -44,7 +46,8 @@ const char* FindFault(const Camera& camera) {
   const SphViewCoor& angles = camera.GetViewAngles();
   _Date time;
   camera.GetUniversalTime(time);
-  if (!(camera.GetObserver() == SSO_ID(FourCC("plnt"), 3))) return "is not seen from the Earth";
+  if (camera.GetBasePlane() > kGalacticPlane) return "has a direction that counts from an unknown plane";
+  if (const char* fault = FindObserverFault(camera)) return fault;
   if (!(std::fabs(place.lat) <= 0.5 * kPi) || !(std::fabs(place.lon) <= 4.0 * kPi))
     return "has no usable place";
   if (!(std::fabs(time.fraction) <= 2.0)) return "has no usable time";
@@ -53,7 +56,6 @@ const char* FindFault(const Camera& camera) {
   }
   if (!(camera.GetZoom() >= kMinZoom && camera.GetZoom() <= kMaxZoom))
     return "has a zoom outside 0.25 to 10000";
-  if (camera.GetBasePlane() > kHorizon) return "has a direction that counts from neither equator nor horizon";
   return nullptr;
 }
 
@@ -70,7 +72,7 @@ void ApplyLook(const Look& look, Camera& camera) {
   SphViewCoor angles;
   angles.lon = (360.0 - look.azimuth) * kRadiansPerDegree;
   angles.lat = look.altitude * kRadiansPerDegree;
-  camera.SetBasePlane(kHorizon);
+  camera.SetBasePlane(kHorizonPlane);
   camera.SetRA_Dec(angles);
 }
 
@@ -95,15 +97,59 @@ ViewResult ApplyTime(const WrittenTime& written, const std::string& text, Camera
 
 // A direction on the sky becomes the direction in which it stands at this time and place.
 void CountFromHorizon(Camera& camera) {
-  if (camera.GetBasePlane() == kHorizon) return;
+  if (camera.GetBasePlane() == kHorizonPlane || !CountsFromHorizon(camera)) return;
   const SphViewCoor sky = camera.GetViewAngles();
+  camera.SetBasePlane(kHorizonPlane);
   PrepareObserver(camera);
   Direction there;
   camera.ReductRADec2CamDouble(sky.lon, sky.lat, there.v);
   SphViewCoor angles;
   psf(there.v, 1.0, angles.lon, angles.lat);
-  camera.SetBasePlane(kHorizon);
   camera.SetRA_Dec(angles);
+}
+
+// A direction that is locked on the object travelled around turns to it. Any other object's place is not known here: it
+// is not what the view is centred on.
+void TurnToObserver(Camera& camera) {
+  const SphCoor& place = camera.GetLocation();
+  const bool around =
+      camera.GetCenterObject() == camera.GetObserver() && place.coorSys == camera.GetBasePlane();
+  if (!camera.IsDirectionLocked() || !around) {
+    camera.SetCenterView(SSO_ID());
+    camera.SetDirectionLock(false);
+    return;
+  }
+  SphViewCoor angles;
+  angles.lon = std::fmod(place.lon + kPi, 2.0 * kPi);
+  angles.lat = -place.lat;
+  camera.SetRA_Dec(angles);
+}
+
+void Move(const MovingType& moving, Camera& camera) {
+  camera.SetMovingType(static_cast<char>(moving.type), moving.keep);
+  if (moving.type != 0) TurnToObserver(camera);
+}
+
+ViewResult RestoreSession(const SessionCapsule& capsule, Diagnostics& diagnostics, Camera& camera) {
+  std::vector<std::string> lost;
+  std::string error;
+  if (!RestoreCamera(capsule, camera, lost, error)) return BadData(error);
+  for (const auto& line : lost) diagnostics.lines.push_back(line + "\n");
+  return {};
+}
+
+// What places and directions on the Earth cannot be told to.
+ViewResult CheckEarth(const Options& options, const Camera& camera) {
+  if (camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return {};
+  if (options.place) return BadOption("--place: wants a view from the Earth");
+  if (options.look) return BadOption("--look: wants a view from the Earth, whose horizon it counts from");
+  return {};
+}
+
+std::string NameView(const Options& options) {
+  if (options.movingType) return "--moving-type " + std::to_string(options.movingType->type) + ": the view ";
+  if (options.session) return *options.session + ": the view ";
+  return options.view ? options.view->path + ": the view " : "filters.data: the default view ";
 }
 
 }  // namespace
@@ -119,6 +165,16 @@ ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera
     if (auto restored = RestoreView(*options.view, camera); restored.failure != Failure::kNone)
       return restored;
   }
+  if (options.capsule) {
+    if (auto restored = RestoreSession(*options.capsule, diagnostics, camera);
+        restored.failure != Failure::kNone)
+      return restored;
+  }
+  if (options.home == HomeAction::kGo) {
+    if (auto gone = GoHome(camera); gone.failure != Failure::kNone) return gone;
+  }
+  if (options.movingType) Move(*options.movingType, camera);
+  if (auto checked = CheckEarth(options, camera); checked.failure != Failure::kNone) return checked;
   if (options.zone) {
     if (!IsKnownZone(*options.zone, diagnostics)) {
       return BadOption("--zone '" + *options.zone +
@@ -133,11 +189,7 @@ ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera
     if (auto set = ApplyTime(*options.time, options.timeText, camera); set.failure != Failure::kNone)
       return set;
   }
-  if (const char* fault = FindFault(camera)) {
-    return BadData(
-        (options.view ? options.view->path + ": the view " : std::string("filters.data: the default view ")) +
-        fault);
-  }
+  if (const char* fault = FindFault(camera)) return BadData(NameView(options) + fault);
   camera.SetWinRect({options.size.width, options.size.height, options.size.width, options.size.height});
   camera.UpdateLocUTCDeltaFromTimeZone();
   CountFromHorizon(camera);

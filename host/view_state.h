@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// From options to a camera that stands on the Earth and looks somewhere above or below its horizon.
+// From options to a camera that stands on the Earth and looks somewhere above or below its horizon, or that travels
+// where the stars look as they do from the Earth.
 #pragma once
 
 #include <string>
@@ -25,7 +26,7 @@ struct ViewResult {
 std::string ResolveInput(const std::string& name);
 
 // Restores the saved view, when one is asked for, and lays the other options over it. Afterwards the camera has its
-// window and local offset and its angles count from the horizon. On a failure the camera is of no use.
+// window and local offset, and near a surface its angles count from the horizon. On a failure the camera is of no use.
 ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
 
 // Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that fails:

@@ -89,7 +89,7 @@ std::string DescribeFaintness(const Case& object, const ClassLimits& limits, con
          DescribeZoom(object, LimitOf::kDrawing, view.camera);
 }
 
-// Where an object stands, degrees: azimuth from north over east.
+// Where an object stands, degrees: azimuth from north over east, without a horizon the longitude along the plane.
 struct Standing {
   double azimuth, altitude;
 };
@@ -99,13 +99,18 @@ Standing FindStanding(const Direction& apparent, const ObserverFrame& observer) 
   MV3prod(observer.reduction, apparent.v, v);
   psf(v, 1.0, longitude, latitude);
   // A hair below the full turn would be printed as 360.0.
-  const double azimuth = std::fmod(2.0 * kPi - longitude, 2.0 * kPi) / kRadiansPerDegree;
+  const double turned = observer.horizon ? std::fmod(2.0 * kPi - longitude, 2.0 * kPi) : longitude;
+  const double azimuth = turned / kRadiansPerDegree;
   return {azimuth >= 359.95 ? 0.0 : azimuth, latitude / kRadiansPerDegree};
 }
 
 std::string DescribeOutside(const Case& object, const ViewGeometry& geometry, const ShownView& view) {
   const Standing standing = FindStanding(object.place.apparent, view.observer);
   const double away = VectorsAngle(object.place.apparent.v, geometry.centreJ2000.v) / kRadiansPerDegree;
+  if (!view.observer.horizon) {
+    return Format("%s, %.1f\u00B0 from its centre", away > 90.0 ? "behind the view" : "outside the picture",
+                  away);
+  }
   return Format(
       "%s, %.1f\u00B0 from its centre: to see it look at azimuth %.1f\u00B0, altitude %.1f\u00B0 (--look "
       "%.1f,%.1f)",
@@ -174,7 +179,9 @@ Explanation Explain(const FoundObject& found, const ShownView& view) {
   explanation.drawn = explanation.reasons.empty();
   const Standing standing = FindStanding(object.place.apparent, view.observer);
   explanation.facts.push_back(
-      Format("azimuth %.1f\u00B0, altitude %.1f\u00B0", standing.azimuth, standing.altitude));
+      Format(view.observer.horizon ? "azimuth %.1f\u00B0, altitude %.1f\u00B0"
+                                   : "longitude %.1f\u00B0, latitude %.1f\u00B0 along the plane of the view",
+             standing.azimuth, standing.altitude));
   if (explanation.drawn) AddFacts(object, tests, view, explanation.facts);
   return explanation;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -335,6 +336,8 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void StoreParams(int mask);
   // The home of that object, null for none; the camera's, valid until homes are stored or loaded.
   const HomeParameters* FindHome(const SSO_ID& observer) const;
+  // All of them, by observer; likewise.
+  const std::map<SSO_ID, HomeParameters>& GetHomes() const { return m_Homes; }
 
   // The last state at each observer object in each moving type, in memory only. Stored under the pending
   // moving type where there is one (not -1); found by object and by the moving type in obs.fourth.
