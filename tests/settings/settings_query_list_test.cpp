@@ -51,6 +51,27 @@ TEST_F(SettingsQueryList, FieldsThatTakePartComeInTheirOrder) {
   EXPECT_EQ(SettingFieldTestAccess::Query(*settings.GetFieldAt(0)), (*list)[0]);
 }
 
+// Under AddressSanitizer: the fields keep their queries, and delete each once.
+TEST_F(SettingsQueryList, QueriesOutliveTheirListAndAreTheSameUntilTheirFieldChanges) {
+  Create(settings, Int(kPlnt, 1, 10));
+  Create(settings, Int(kPlnt, 2, 20));
+  settings.SetSectionStatus(kPlnt, 1);
+  auto* const list = static_cast<QueryList*>(settings.CreateQueryList(static_cast<int>(kPlnt), false));
+  const BaseQuery* const first = (*list)[0];
+  const BaseQuery* const second = (*list)[1];
+  delete list;
+  EXPECT_EQ(*static_cast<const int*>(first->GetValue(0)), 10);
+
+  const int equal = 20, changed = 21;
+  settings.SetFieldElement(kPlnt, 2, &equal, 0);
+  ASSERT_EQ(Ask(kPlnt)->size(), 2u);
+  EXPECT_EQ((*Ask(kPlnt))[1], second);
+  settings.SetFieldElement(kPlnt, 2, &changed, 0);
+  const QueryList* const next = Ask(kPlnt);
+  EXPECT_EQ((*next)[0], first);
+  EXPECT_EQ(*static_cast<const int*>((*next)[1]->GetValue(0)), 21);
+}
+
 TEST_F(SettingsQueryList, MissingSectionAndSectionThatIsOffGiveNull) {
   Create(settings, Int(kPlnt, 1, 10));
   EXPECT_EQ(Ask(kMoon), nullptr);
