@@ -6,6 +6,7 @@
 #include <climits>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -50,12 +51,19 @@ TEST(FormatRender, IntsAreWrittenAsTheCLibraryWritesThem) {
   for (const std::string& specification : MakeSpecifications()) {
     for (const char letter : std::string("diuxXo")) {
       for (const int value : {0, 1, -1, 7, 42, -305, INT_MAX, INT_MIN}) {
-        if (letter == 'o' && value == 0) continue;  // MinGW's library writes %#.0o of 0 against the standard
+        // Where MinGW's library goes its own way: %#.0o of 0, and a blank before what has no sign.
+        if (letter == 'o' && value == 0) continue;
+        if (std::strchr("uxXo", letter) && specification.find(' ') != std::string::npos) continue;
         const std::string format = "<" + specification + letter + ">";
         ASSERT_EQ(RenderFormat(format.c_str(), {value}), Printed(format, value)) << format << ' ' << value;
       }
     }
   }
+}
+
+// C17 7.21.6.1: the flag speaks of signed conversions only.
+TEST(FormatRender, BlankStandsBeforeSignedNumbersOnly) {
+  EXPECT_EQ(RenderFormat("[% d|% i|% u|% x|% X|% o]", {1, 1, 1, 1, 1, 1}), "[ 1| 1|1|1|1|1]");
 }
 
 // C17 7.21.6.1: "if the value and precision are both 0, a single 0 is printed".
