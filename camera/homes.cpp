@@ -183,25 +183,28 @@ bool Camera::IsHome(float tolerance) const {
 void Camera::GoHome(bool go) {
   m_GoingHome = go;
   if (!go) return;
-  m_FlightObject.kind = -1;
+  m_FlightObject = SSO_ID();
   const HomeParameters* const earth = FindHome(kEarthObject);
   if (!earth) {
     PrintDebugString("Camera::GoHome - home params for Earth not found\n");
     return;
   }
+  ReleaseDirection();
+  ApplyHome(HomeParameters(*earth));  // a copy: setting the location name writes to the stored home
+}
+
+void Camera::ReleaseDirection() {
   m_CenterObject = SSO_ID();
   m_DirLock = 0;
   m_FirstLook = 0;
-  ApplyHome(HomeParameters(*earth));  // a copy: setting the location name writes to the stored home
 }
 
 void Camera::ApplyHome(const HomeParameters& home) {
   if ((home.flags & kHomeLocation) != 0) {
     GoToPlace(home);
   } else {
-    SetMovingType(0, false);
+    ChangeTypeAndObserver(0, kEarthObject);
     m_ObsLocatType = kSurfaceLocation;
-    SetObserver(kEarthObject);
   }
   if ((home.flags & kHomeView) != 0) LookAsAt(home);
   if ((home.flags & kHomeTime) == 0) return;
@@ -212,7 +215,10 @@ void Camera::ApplyHome(const HomeParameters& home) {
 
 void Camera::GoToPlace(const HomeParameters& home) {
   // The record of the type gives what a home does not hold, above all the plane that the angles count from.
-  if (home.movingType != m_ObsMovingType) SetMovingType(static_cast<char>(home.movingType), false);
+  if (home.movingType != m_ObsMovingType || m_Observer.kind != FourCC("plnt")) {
+    ChangeTypeAndObserver(home.movingType, home.observer);
+    ReleaseDirection();  // types 1 and 4 turn to the body that was left
+  }
   m_ObsLocatType = static_cast<unsigned char>(home.locationType);
   SetObserver(home.observer);
   SetLocation(home.location);

@@ -34,9 +34,9 @@ unsigned Camera::GetMovingTypeRecord(int type) const {
 
 void Camera::LeaveBehind(bool keep) {
   const bool onPlanet = m_Observer.kind == FourCC("plnt") || m_Observer.kind == FourCC("moon");
-  // The Sun is where one travels in space; it must not stand for the planet that one set out from.
-  const bool onSun = m_Observer == SSO_ID(FourCC("plnt"), kSun);
-  if (onPlanet && (!onSun || m_LeftBehind.observer.IsEmpty())) m_LeftBehind.observer = m_Observer;
+  // The Sun is where one travels in space; there it must not stand for the planet that one set out from.
+  const bool aroundSun = m_Observer == SSO_ID(FourCC("plnt"), kSun) && !IsOnBody(m_ObsMovingType);
+  if (onPlanet && (!aroundSun || m_LeftBehind.observer.IsEmpty())) m_LeftBehind.observer = m_Observer;
   if (IsOnSurface()) {
     m_LeftBehind.places[m_ObsMovingType] = {m_Observer, m_Location};
     m_LeftBehind.lastPlace = m_ObsMovingType;
@@ -121,6 +121,15 @@ void Camera::SetMovingType(char type, bool keep) {
   UpdateDeltaT();
   UpdateScale();
   RefreshLimitingMagnitudes();
+}
+
+// The change itself needs the observer that is left, to remember it. But which record the types on a body have
+// depends on the observer: where it was no planet, the record that was read first is the wrong one.
+void Camera::ChangeTypeAndObserver(int type, const SSO_ID& observer) {
+  const bool wasOnPlanet = m_Observer.kind == FourCC("plnt");
+  SetMovingType(static_cast<char>(type), false);
+  SetObserver(observer);
+  if (!wasOnPlanet && IsOnBody(type)) SetMovingType(static_cast<char>(type), false);
 }
 
 }  // namespace CommonInterfaces

@@ -15,6 +15,8 @@ bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 // As long as the largest double with 8 decimals.
 constexpr int kLongestNumber = 330;
 
+double Finite(double value) { return std::isfinite(value) ? value : 0.0; }
+
 }  // namespace
 
 template <class T>
@@ -37,13 +39,13 @@ bool NumberLine::Read(double& value) { return Take(value); }
 
 std::string FormatGeneral(double value) {
   char text[kLongestNumber];
-  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6).ptr;
+  const auto end = std::to_chars(text, text + sizeof text, Finite(value), std::chars_format::general, 6).ptr;
   return std::string(text, end);
 }
 
 std::string FormatFixed(double value, int width) {
   char text[kLongestNumber];
-  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 8).ptr;
+  const auto end = std::to_chars(text, text + sizeof text, Finite(value), std::chars_format::fixed, 8).ptr;
   const std::string digits(text, end);
   const auto wanted = static_cast<std::size_t>(width);
   return digits.size() < wanted ? std::string(wanted - digits.size(), ' ') + digits : digits;

@@ -26,6 +26,7 @@ class NumberLine {
   const char* m_Next;
 };
 
+// What is not finite is written as 0: no reader would take the line, nor what follows it.
 std::string FormatGeneral(double value);           // 6 significant digits
 std::string FormatFixed(double value, int width);  // 8 decimals, blanks before it up to the width
 

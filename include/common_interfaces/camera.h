@@ -152,12 +152,13 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // lock, types 1 and 3 name the planet or moon that was left as the centre object and raise "first look", so
   // that the owner turns to it, and type 4 locks the direction on the observer object.
   //
-  // Who comes back finds the view again: the camera remembers the planet or moon it was last at (the Sun only
-  // when there was no other), the place on it, and with `keep` the direction in which each type was left. The
-  // planet is put back when the new record names the Earth, which stands for "where you were", the place when
-  // the new type is 0 or 1 on the same body, with the distance it was left at in that type. With `keep` the
-  // direction comes back, with its plane, unless the present one counts from that plane anyway. The
-  // observer-changed flag is raised; the zoom-changed flag when the zoom differs.
+  // Who comes back finds the view again: the camera remembers the planet or moon it was last at (the Sun
+  // only by types 0 and 1 or when there was no other), the place on it, and with `keep` the direction in
+  // which each type was left. The planet is put back when the new record names the Earth, which stands for
+  // "where you were", the place when the new type is 0 or 1 on the same body, with the distance it was left
+  // at in that type. With `keep` the direction comes back, with its plane, unless the present one counts
+  // from that plane anyway. The observer-changed flag is raised; the zoom-changed flag when the zoom
+  // differs.
   void SetMovingType(char type, bool keep);
 
   // The object on or around which the observer is; (-1, -1) until defaults or a file give one.
@@ -353,8 +354,8 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   bool IsHome(float tolerance) const;
   // With true: back to the Earth's home, what it holds of place, view and time. The record's moment is
   // restored when it holds one and the FST mode is off (else the clock decides), its time zone in any case.
-  // The flight object, the centre object and the lock are cleared first; a home that was locked on an object
-  // locks on it again. Without a home of the Earth one line, and nothing more changes than the flight object.
+  // The flight object, the centre object and the lock are cleared; a home that was locked on an object locks
+  // on it again. Without a home of the Earth one line, and nothing more changes than the flight object.
   // Both: IsGoingHome answers `go` until the next call.
   void GoHome(bool go);
   bool IsGoingHome() const { return m_GoingHome; }
@@ -422,11 +423,13 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void StoreView(HomeParameters& home) const;
   void StoreTime(HomeParameters& home) const;
   void ApplyHome(const HomeParameters& home);
+  void ReleaseDirection();
   void GoToPlace(const HomeParameters& home);
   void LookAsAt(const HomeParameters& home);
   unsigned GetMovingTypeRecord(int type) const;
   bool IsOnSurface() const;
   void LeaveBehind(bool keep);
+  void ChangeTypeAndObserver(int type, const SSO_ID& observer);
   void PutBackObserverAndPlace(int type);
   void PutBackDirection(int type, const CameraState& before);
   void TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn);

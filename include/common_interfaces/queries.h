@@ -12,14 +12,12 @@
 namespace CommonInterfaces {
 
 // Who owns a query:
-//   made by SettingField::CreateQuery      the field; it dies with the field, with an assignment to the
-//   field, and
-//                                          with the first CreateQuery after a change
-//   the aim query in a query list          the settings container; it dies with the container and with the
-//   next aim
-//                                          query that the container makes
-//   made by SettingField::CreateAimQuery   the caller
-//   the identifier query in a query list   nobody: the library makes it and never deletes it (see TBaseList)
+//   made by SettingField::CreateQuery     the field; it dies with the field, with an assignment to the field,
+//                                         and with the first CreateQuery after a change
+//   the aim query in a query list         the settings container; it dies with the container and with the
+//                                         next aim query that the container makes
+//   made by SettingField::CreateAimQuery  the caller
+//   the identifier query in a query list  nobody: the library makes it and never deletes it (see TBaseList)
 // Queries are used from the thread that uses their container.
 class COMMON_INTERFACES_API BaseQuery {
  public:

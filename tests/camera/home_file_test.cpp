@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <filesystem>
+#include <limits>
 #include <string>
 
 #include "camera/home_fixture.h"
@@ -216,6 +217,24 @@ TEST_F(HomeFileTest, TheEarthsHomeGivesZoneAndNameToANewCamera) {
   const Camera camera(1);
   EXPECT_STREQ(camera.GetTimeZoneName(), "Europe/Berlin");
   EXPECT_EQ(camera.GetLocationName(), "Home town");
+}
+
+// A line that the reader refuses would cost the homes behind it.
+TEST_F(HomeFileTest, APlaceThatIsNoNumberDoesNotCostTheHomesBehindIt) {
+  Camera camera(1);
+  StandOn(camera, kMoonId);
+  SphCoor place;
+  place.lat = std::numeric_limits<double>::quiet_NaN();
+  camera.SetLocation(place);
+  camera.StoreParams(kHomeLocation);
+  StandOn(camera, kMarsId);
+  camera.StoreParams(kHomeLocation);
+  camera.SaveHomeParams();
+  const Camera later(1);
+  ASSERT_NE(later.FindHome(kMoonId), nullptr);
+  EXPECT_EQ(later.FindHome(kMoonId)->location.lat, 0.0);
+  EXPECT_NE(later.FindHome(kMarsId), nullptr);
+  EXPECT_TRUE(debug.lines.empty());
 }
 
 struct Damage {

@@ -156,6 +156,50 @@ TEST_F(HomesTest, TemporaryStatesAreFoundByObserverAndMovingType) {
   EXPECT_FALSE(camera.FindTempParams(&state, wanted));
 }
 
+TEST_F(HomesTest, ATemporaryStateHoldsPlaceViewAndTime) {
+  camera.SetLocation(Place(13.4, 52.5, 0.25));
+  camera.SetLocationName("Berlin");
+  camera.SetObsLocatType(7);
+  camera.SetTimeZoneName("Europe/Berlin", true);
+  camera.SetRA_Dec({0.5, -0.25, 0.125, 0});
+  camera.SetDirectionLock(true);
+  camera.SetUniversalTime({2460000, 0.25, 1});
+  camera.StoreTempParams();
+  HomeParameters state;
+  ASSERT_TRUE(camera.FindTempParams(&state, kEarthId));
+  EXPECT_EQ(state.locationType, 7);
+  EXPECT_EQ(state.observer, kEarthId);
+  EXPECT_EQ(state.location.lat, 52.5 * kDegree);
+  EXPECT_EQ(state.location.dist, 0.25);
+  EXPECT_STREQ(state.locationName, "Berlin");
+  EXPECT_STREQ(state.timeZoneName, "Europe/Berlin");
+  EXPECT_EQ(state.alp, 0.5);
+  EXPECT_EQ(state.bet, -0.25);
+  EXPECT_EQ(state.slp, 0.125);
+  EXPECT_TRUE(state.directionLocked);
+  EXPECT_EQ(state.day, 2460000);
+  EXPECT_EQ(state.fraction, 0.25);
+  EXPECT_EQ(state.timeType, 1);
+  camera.SetObserver(kMarsId);
+  camera.StoreTempParams();
+  ASSERT_TRUE(camera.FindTempParams(&state, kMarsId));
+  EXPECT_STREQ(state.timeZoneName, "");
+}
+
+TEST_F(HomesTest, TheTemporaryStateOfAnotherTypeOrObserverStays) {
+  camera.StoreTempParams();
+  camera.SetPendingMovingType(4);
+  camera.StoreTempParams();
+  camera.SetObserver(kMarsId);
+  camera.StoreTempParams();
+  SSO_ID inOrbit = kEarthId, aroundMars = kMarsId;
+  inOrbit.fourth = aroundMars.fourth = 4;
+  EXPECT_TRUE(camera.ClearTempParams(inOrbit));
+  EXPECT_FALSE(camera.FindTempParams(nullptr, inOrbit));
+  EXPECT_TRUE(camera.FindTempParams(nullptr, kEarthId));
+  EXPECT_TRUE(camera.FindTempParams(nullptr, aroundMars));
+}
+
 TEST_F(HomesTest, ALaterTemporaryStateReplacesTheEarlier) {
   camera.SetZoom(4.0);
   camera.StoreTempParams();

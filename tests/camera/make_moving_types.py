@@ -35,7 +35,8 @@ def record(number):
 def change(state, memory, to, keep):
     before = dict(state)
     on_body = before["type"] in (0, 1) and before["coor"] == 2
-    if before["observer"][0] in ("plnt", "moon") and (before["observer"] != SUN or not memory["observer"]):
+    around_sun = before["observer"] == SUN and before["type"] not in (0, 1)
+    if before["observer"][0] in ("plnt", "moon") and (not around_sun or not memory["observer"]):
         memory["observer"] = before["observer"]
     if on_body:
         memory["places"][before["type"]] = memory["last"] = before

@@ -232,4 +232,61 @@ TEST_F(MovingTypeTest, WithoutRecordsOnlyTheTypeChanges) {
   }
 }
 
+TEST_F(MovingTypeTest, WhoStandsOnTheSunStaysThere) {
+  SetStart(camera, 0);
+  camera.SetObserver(kSunId);
+  camera.SetMovingType(1, false);
+  EXPECT_EQ(camera.GetObserver(), kSunId);
+}
+
+// Away from the planets the types on a body have the camera's own record, which counts from another plane than
+// the home on the Earth did.
+TEST_F(MovingTypeTest, GoingHomeTakesThePlaneOfAPlanetsRecord) {
+  for (const int from : {0, 1, 2, 9}) {
+    Camera own(1);
+    own.CreateDefault();
+    own.SetMovingType(0, false);
+    ASSERT_EQ(own.GetBasePlane(), 1);
+    SphCoor place = own.GetLocation();
+    place.lat = 0.25;
+    own.SetLocation(place);
+    own.SetRA_Dec({0.5, -0.125, 0.0, 0});
+    own.StoreParams(kHomeLocation | kHomeView);
+    own.SetObserver(from == 9 ? kOtherGalaxy : kMoonId);
+    own.SetMovingType(static_cast<char>(from), false);
+    ASSERT_NE(own.GetBasePlane(), 1) << from;
+    own.GoHome(true);
+    EXPECT_EQ(own.GetBasePlane(), 1) << from;
+    EXPECT_EQ(own.GetMovingType(), 0) << from;
+    EXPECT_EQ(own.GetObserver(), kEarthId) << from;
+    EXPECT_EQ(own.GetLocation().lat, 0.25) << from;
+    EXPECT_EQ(own.GetViewAngles().lon, 0.5) << from;
+  }
+}
+
+TEST_F(MovingTypeTest, AHomeWithoutAPlaceTakesThePlaneOfAPlanetsRecordToo) {
+  camera.CreateDefault();
+  camera.StoreParams(kHomeView);
+  camera.SetObserver(kMoonId);
+  camera.GoHome(true);
+  EXPECT_EQ(camera.GetObserver(), kEarthId);
+  EXPECT_EQ(camera.GetBasePlane(), 1);
+}
+
+TEST_F(MovingTypeTest, GoingHomeDoesNotTurnToTheBodyThatWasLeft) {
+  for (const char* const type : {"1", "4"}) {
+    roots.dir.Write("work/home_params.ini", std::string("3\n") + type +
+                                                " 2 0 0.15 0.87 1 2 1886154356 3\n"
+                                                "0.5 0.25 0 -1\n2\n0 -1 -1\n");
+    Camera own(1);
+    SetStart(own, 0);
+    own.GoHome(true);
+    EXPECT_EQ(own.GetMovingType(), type[0] - '0');
+    EXPECT_EQ(own.GetObserver(), kEarthId);
+    EXPECT_TRUE(own.GetCenterObject().IsEmpty()) << type;
+    EXPECT_FALSE(own.IsDirectionLocked()) << type;
+    EXPECT_FALSE(own.IsFirstLook()) << type;
+  }
+}
+
 }  // namespace

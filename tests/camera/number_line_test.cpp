@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "camera/number_line.h"
 
+#include <limits>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -52,6 +53,14 @@ TEST(NumberLineTest, FixedHasEightDecimalsAndBlanksInFront) {
   EXPECT_EQ(FormatFixed(-0.123456789, 14), "   -0.12345679");
   EXPECT_EQ(FormatFixed(1e10, 14), "10000000000.00000000");
   EXPECT_EQ(FormatFixed(1e308, 18).size(), 318u);
+}
+
+TEST(NumberLineTest, WhatIsNotFiniteIsWrittenAsZero) {
+  using Limits = std::numeric_limits<double>;
+  for (const double value : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity()}) {
+    EXPECT_EQ(FormatGeneral(value), "0");
+    EXPECT_EQ(FormatFixed(value, 14), "    0.00000000");
+  }
 }
 
 }  // namespace
