@@ -72,6 +72,8 @@ TEST_F(HomeFileTest, AnEarthRecordAlwaysHasZoom065) {
   const Camera camera(1);
   EXPECT_EQ(camera.FindHome(kEarthId)->zoom, 0.65);
   EXPECT_EQ(camera.FindHome(kMarsId)->zoom, 12.5);
+  WriteHomes("1\n" + LocationLine(kEarthInFile));  // one without a view, too
+  EXPECT_EQ(Camera(1).FindHome(kEarthId)->zoom, 0.65);
 }
 
 TEST_F(HomeFileTest, AnUnnamedPlaceIsWrittenInOneUnitAndReadInAnother) {

@@ -358,6 +358,32 @@ TEST_F(HomesTest, TheClockKeepsItsTimeWhileItIsFollowed) {
   EXPECT_EQ(time.day, 2470000);
 }
 
+TEST_F(HomesTest, GoingHomeGivesTheHomesOffsetFromUniversalTime) {
+  camera.SetTimeZoneName("Europe/Berlin", true);
+  camera.SetUniversalTime({2460000, 0.25, 1});  // February 2023: Central European Time, an hour ahead
+  camera.StoreParams(7);
+  camera.SetTimeZoneName("Asia/Tokyo", true);
+  camera.SetDisplayTimeZoneName("Asia/Tokyo");
+  camera.UpdateLocUTCDeltaFromTimeZone();
+  ASSERT_NEAR(camera.GetLocUTCdelta(), 9.0 / 24, 1e-12);
+  camera.GoHome(true);
+  EXPECT_STREQ(camera.GetDisplayTimeZoneName(true), "Europe/Berlin");
+  EXPECT_NEAR(camera.GetLocUTCdelta(), 1.0 / 24, 1e-12);
+}
+
+TEST_F(HomesTest, GoingHomeTurnsThePictureToTheHomesDirection) {
+  camera.SetWinRect({800, 600, 800, 600});
+  camera.SetRA_Dec({0.5, 0.0, 0.0, 0});
+  camera.StoreParams(3);
+  camera.SetRA_Dec({2.0, 1.0, 0.5, 0});
+  camera.GoHome(true);
+  const double direction[3] = {std::cos(0.5), std::sin(0.5), 0.0};
+  tPoint<double> centre;
+  camera.RA_Dec2PixD(direction, &centre);
+  EXPECT_NEAR(centre.x, 400, 1e-9);
+  EXPECT_NEAR(centre.y, 300, 1e-9);
+}
+
 TEST_F(HomesTest, ALockedHomeLocksOnItsObjectAgain) {
   camera.SetCenterView(kMoonId);
   camera.SetDirectionLock(true);
@@ -388,10 +414,14 @@ TEST_F(HomesTest, TheAimingDisplayIsLeftAloneUnlessTheFileNamesOne) {
   camera.SetAimingDispType(1);
   camera.GoHome(true);
   EXPECT_EQ(camera.GetAimingDispType(), 1);
-  WriteHomes("3\n0 2 0 0 0 0 2 1886154356 3\n0 0 0 2\n1\n0 -1 -1\n");
-  Camera later(1);
-  later.GoHome(true);
-  EXPECT_EQ(later.GetAimingDispType(), 2);
+  for (const int named : {2, 0}) {
+    WriteHomes("3\n0 2 0 0 0 0 2 1886154356 3\n0 0 0 " + std::to_string(named) + "\n1\n0 -1 -1\n");
+    Camera later(1);
+    StandOn(later, kEarthId);
+    later.SetAimingDispType(1);
+    later.GoHome(true);
+    EXPECT_EQ(later.GetAimingDispType(), named);
+  }
 }
 
 TEST_F(HomesTest, AHomeOfTheFileIsTheStartOfWhatIsStored) {

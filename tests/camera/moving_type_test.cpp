@@ -220,6 +220,20 @@ TEST_F(MovingTypeTest, ScaleMatrixAndLimitsFollowTheNewState) {
   EXPECT_EQ(a.y, b.y);
 }
 
+TEST_F(MovingTypeTest, WhatIsKeptGivesThePictureAndTheLimitsItGaveBefore) {
+  SetStart(camera, 0);
+  camera.SetWinRect(Window(800, 600));
+  const Direction direction(72 * kDegree, -18 * kDegree);
+  tPoint<double> before, after;
+  camera.RA_Dec2PixD(direction.v, &before);
+  const float limit = camera.GetDarkMagObjectF(FourCC("star"));
+  camera.SetMovingType(1, true);  // the record has zoom 3 and looks to (31, 5) degrees
+  camera.RA_Dec2PixD(direction.v, &after);
+  EXPECT_EQ(after.x, before.x);
+  EXPECT_EQ(after.y, before.y);
+  EXPECT_EQ(camera.GetDarkMagObjectF(FourCC("star")), limit);
+}
+
 TEST_F(MovingTypeTest, WithoutRecordsOnlyTheTypeChanges) {
   ZentharPath::SetRoots(nullptr, nullptr);
   Camera bare(1);
