@@ -89,21 +89,50 @@ TEST_F(DataRoot, ObjectsAreNotCorrectedAndLabelsOfStarsAre) {
 }
 
 TEST_F(DataRoot, EveryCameraRecordHasItsDefaults) {
+  using namespace test_support;
   struct Record {
     unsigned identifier;
-    int movingType, basePlane;
+    RecordFields changes;  // to what every record holds
   };
-  // Base planes: those that a way of moving has of its own, 0 where it has none.
+  constexpr double kDegree = 0.017453292519943295;
+  const auto type = [](int movingType) { return Int8("m_ObsMovingType", movingType); };
+  const auto plane = [](int basePlane) { return UInt8("m_BasePlane", basePlane); };
+  const auto place = [](int coordinates, double longitude, double distance, int unit) {
+    return RecordFields{UInt8("m_DispCoorSysObserver", coordinates), Double("m_fi", 0.0),
+                        Double("m_lam", longitude), Double("m_dist", distance), UInt8("m_distUnits", unit)};
+  };
+  const auto look = [](double longitude, double latitude) {
+    return RecordFields{Double("m_alp", longitude), Double("m_bet", latitude)};
+  };
+  const auto sun = Int32("m_ObsObjID", 10);
+  const auto together = [](std::initializer_list<RecordFields> parts) {
+    RecordFields all;
+    for (const RecordFields& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+  };
+  const auto south = look(180 * kDegree, 30 * kDegree);
   const Record records[] = {
-      {MemoryOrder("RMAC"), 0, 0}, {MemoryOrder("QXSC"), 0, 1}, {MemoryOrder("QXMC"), 1, 1},
-      {MemoryOrder("VOHC"), 2, 0}, {MemoryOrder("NCFC"), 3, 2}, {MemoryOrder("LOSC"), 4, 3},
-      {MemoryOrder("STSC"), 5, 0}, {MemoryOrder("LAGC"), 9, 0}, {MemoryOrder("TLFC"), 10, 3}};
+      {MemoryOrder("RMAC"), {}},
+      {MemoryOrder("QXSC"), together({south, {plane(1)}})},
+      {MemoryOrder("QXMC"), together({south, {type(1), plane(1)}})},
+      {MemoryOrder("VOHC"), {type(2)}},
+      {MemoryOrder("NCFC"),
+       together({{type(3), sun, plane(2)}, place(0, 0.0, 1.0, 4), look(266.84 * kDegree, -5.54 * kDegree)})},
+      // A million kilometres before the galactic centre.
+      {MemoryOrder("LOSC"),
+       together({{type(4), plane(3)}, place(3, 180 * kDegree, 1e6 / 149597870.7, 3), look(0.0, 0.0)})},
+      {MemoryOrder("STSC"), {type(5)}},
+      // 8500 parsec from the centre of our Galaxy.
+      {MemoryOrder("LAGC"),
+       together({{type(9), UInt32("m_ObsObjType", 0x67616C61), Int32("m_ObsObjID", 0x3D000000), plane(3)},
+                 place(3, 180 * kDegree, 8500 * 206264.8062470964, 7),
+                 look(0.0, 0.0)})},
+      {MemoryOrder("TLFC"), together({{type(10), sun, plane(3)}, place(3, 0.0, 1.0, 4), look(0.0, 0.0)})}};
   for (const Record& record : records) {
     SettingsData settings(1, record.identifier, "filters.data");
     ASSERT_TRUE(settings.Read(nullptr)) << record.identifier;
-    auto expected = test_support::CameraFields();
-    test_support::ReplaceField(expected, test_support::Int8("m_ObsMovingType", record.movingType));
-    test_support::ReplaceField(expected, test_support::UInt8("m_BasePlane", record.basePlane));
+    auto expected = CameraFields();
+    for (const RecordField& change : record.changes) ReplaceField(expected, change);
     ASSERT_EQ(settings.GetFieldCount(), static_cast<int>(expected.size()));
     ASSERT_EQ(settings.GetSectionCount(), 1);
     EXPECT_EQ(settings.GetSectionAt(0)->id, 0x63616D72u);  // "camr"
