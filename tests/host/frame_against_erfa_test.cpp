@@ -11,6 +11,7 @@
 
 #include "astro/astro.h"
 #include "frame_helpers.h"
+#include "host/base_plane.h"
 
 using namespace skyview;
 
@@ -106,4 +107,24 @@ TEST(FrameAgainstErfa, TheBrightestStarsAreWithinTwoArcSeconds) {
   EXPECT_GT(compared, 50);
   std::printf("%d places of bright stars against erfa: largest difference %.2f arcseconds\n", compared,
               largest);
+}
+
+// The ecliptic of erfa counts from axes that the frame bias has turned by 0.02 seconds of arc.
+TEST(FrameAgainstErfa, PlanesOfTheSkyAreTheSame) {
+  double galactic[9], ecliptic[9];
+  PlaneMatrix(kGalacticPlane, galactic);
+  PlaneMatrix(kEclipticPlane, ecliptic);
+  for (int ra = 0; ra < 360; ra += 15) {
+    for (int dec = -75; dec <= 75; dec += 15) {
+      const Direction sky = MakeDirection(ra * kRadiansPerDegree, dec * kRadiansPerDegree);
+      double lon = 0.0, lat = 0.0;
+      Direction ours;
+      eraIcrs2g(ra * kRadiansPerDegree, dec * kRadiansPerDegree, &lon, &lat);
+      MV3prod(galactic, sky.v, ours.v);
+      EXPECT_LT(VectorsAngle(ours.v, MakeDirection(lon, lat).v), 1e-6 * kArcSecond) << ra << " " << dec;
+      eraEqec06(2451545.0, 0.0, ra * kRadiansPerDegree, dec * kRadiansPerDegree, &lon, &lat);
+      MV3prod(ecliptic, sky.v, ours.v);
+      EXPECT_LT(VectorsAngle(ours.v, MakeDirection(lon, lat).v), 0.03 * kArcSecond) << ra << " " << dec;
+    }
+  }
 }

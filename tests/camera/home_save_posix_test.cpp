@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Homes that cannot be saved: what only this kind of system can bring about.
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "camera/home_fixture.h"
+
+namespace {
+
+using namespace test_support;
+using namespace CommonInterfaces;
+
+constexpr char kOldHomes[] = "1\n0 2 0 0.15 0.87 1 2 1886154356 3\n";
+
+// Files of this process grow no further than `bytes` while it lives, as on a full disk.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : m_OldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &m_Old);
+    const rlimit limit{bytes, m_Old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &m_Old);
+    std::signal(SIGXFSZ, m_OldHandler);
+  }
+
+ private:
+  rlimit m_Old;
+  void (*m_OldHandler)(int);
+};
+
+class HomeSaveTest : public HomeTest {
+ protected:
+  // A camera that has another home to save than the file's.
+  void StoreAnother(Camera& camera) {
+    StandOn(camera, kMarsId);
+    camera.StoreParams(kHomeLocation | kHomeView | kHomeTime);
+  }
+  // Besides the homes themselves nothing may be left.
+  int CountFiles() const {
+    const auto files = std::filesystem::directory_iterator(roots.dir.Path("work"));
+    return static_cast<int>(std::distance(begin(files), end(files)));
+  }
+};
+
+TEST_F(HomeSaveTest, FullDiskKeepsTheOldFileAndOneLineSaysSo) {
+  WriteHomes(kOldHomes);
+  Camera camera(1);
+  StoreAnother(camera);
+  {
+    const FileSizeLimit full(20);
+    camera.SaveHomeParams();
+  }
+  EXPECT_EQ(ReadHomes(), kOldHomes);
+  EXPECT_EQ(CountFiles(), 1);
+  ASSERT_EQ(debug.lines.size(), 1u);
+  EXPECT_NE(debug.lines[0].find("home_params.ini"), std::string::npos) << debug.lines[0];
+}
+
+TEST_F(HomeSaveTest, HomesInMemoryStayAndCanBeSavedLater) {
+  WriteHomes(kOldHomes);
+  Camera camera(1);
+  StoreAnother(camera);
+  {
+    const FileSizeLimit full(20);
+    camera.SaveHomeParams();
+  }
+  camera.SaveHomeParams();
+  EXPECT_NE(Camera(1).FindHome(kMarsId), nullptr);
+  EXPECT_NE(Camera(1).FindHome(kEarthId), nullptr);
+}
+
+TEST_F(HomeSaveTest, FolderInThePlaceOfTheFileIsOneLine) {
+  std::filesystem::create_directories(roots.dir.Path("work/home_params.ini"));
+  Camera camera(1);
+  StoreAnother(camera);
+  camera.SaveHomeParams();
+  EXPECT_TRUE(std::filesystem::is_directory(roots.dir.Path("work/home_params.ini")));
+  EXPECT_EQ(CountFiles(), 1);
+  ASSERT_EQ(debug.lines.size(), 1u);
+  EXPECT_NE(debug.lines[0].find("homes not saved"), std::string::npos) << debug.lines[0];
+}
+
+// In a child that is no privileged user, whom no permission would stop. It answers 0 when the old file is there and one
+// line was printed.
+TEST_F(HomeSaveTest, WriteProtectedFolderKeepsTheOldFileAndOneLineSaysSo) {
+  WriteHomes(kOldHomes);
+  const std::string folder = roots.dir.Path("work");
+  ASSERT_EQ(chmod(roots.dir.Path().c_str(), 0755), 0);
+  ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
+  const auto save = [this] {
+    if (geteuid() == 0 && setuid(65534) != 0) _exit(2);
+    Camera camera(1);
+    StoreAnother(camera);
+    camera.SaveHomeParams();
+    _exit(ReadHomes() == kOldHomes && debug.lines.size() == 1 && CountFiles() == 1 ? 0 : 1);
+  };
+  EXPECT_EXIT(save(), testing::ExitedWithCode(0), "");
+  ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
+}
+
+}  // namespace
