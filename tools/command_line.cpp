@@ -11,7 +11,8 @@
 namespace skydata {
 namespace {
 
-constexpr void (*kCommands[])(CLI::App& app, Action& action) = {DeclareBuild, DeclareSettings, DeclareStrings};
+constexpr void (*kCommands[])(CLI::App& app, Action& action) = {DeclareBuild, DeclareSettings,
+                                                                DeclareStrings};
 
 int RunAction(const Action& action, std::ostream& output, std::ostream& errors) {
   try {
