@@ -2,15 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "text/dates_format.h"
 
+#include "text/bounded_copy.h"
 #include "text/format_render.h"
 
 namespace CommonInterfaces {
-
-namespace {
-
-constexpr int kBufferSize = 256;  // what callers are told to provide
-
-}  // namespace
 
 std::string FormatShortDate(int dateFormat, const short* date) {
   if (!date) return "";
@@ -43,7 +38,7 @@ std::string FormatDayMonth(int dateFormat, const short* date) {
 
 bool CopyToBuffer(char* out, const std::string& text) {
   if (!out || text.empty()) return false;
-  out[text.copy(out, kBufferSize - 1)] = '\0';
+  CopyBounded(text, out);
   return true;
 }
 

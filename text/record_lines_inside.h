@@ -51,12 +51,6 @@ inline int TakeSign(char*& cursor) {
 // of the first character.
 double TakeReal(char*& cursor);
 
-inline constexpr int kLongestText = 255;  // of a caller's buffer of 256 bytes
-
-// Writes the text into a buffer of 256 bytes and returns the length kept; a longer one is cut with one line. The text
-// may stand in the buffer.
-int CopyBounded(std::string_view text, char* out);
-
 // Seconds that reach 60 become 0 and carry into the minutes; 60 minutes become 0. Deliberately nothing is carried from
 // there: angles are written that way.
 template <class Seconds>

@@ -5,6 +5,7 @@
 
 #include "common_interfaces/record_lines.h"
 #include "common_interfaces/string_table.h"
+#include "text/bounded_copy.h"
 #include "text/record_lines_inside.h"
 #include "utils/debug.h"
 
@@ -84,6 +85,8 @@ void ForgetNearTableForTests() { s_NearTable.reset(); }
 
 using namespace CommonInterfaces::record_lines;
 
-void StringToNear(char* out, char const* in) { CopyBounded(GetNearTable().Convert(in ? in : ""), out); }
+void StringToNear(char* out, char const* in) {
+  CommonInterfaces::CopyBounded(GetNearTable().Convert(in ? in : ""), out);
+}
 
 std::string StringToNear(std::string const& in) { return GetNearTable().Convert(in); }

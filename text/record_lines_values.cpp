@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "common_interfaces/record_lines.h"
+#include "text/bounded_copy.h"
 #include "text/record_lines_inside.h"
 
 namespace {
@@ -72,7 +73,7 @@ bool Write(unsigned type, const void* value, WrittenValue& written) {
 float MakeCorrectString(char* out, unsigned int type, void const* value) {
   WrittenValue written;
   if (Write(type, value, written)) {
-    CommonInterfaces::record_lines::CopyBounded({written.text, written.length}, out);
+    CommonInterfaces::CopyBounded({written.text, written.length}, out);
   }
   return written.value;
 }

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "text/status_strings_text.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "common_interfaces/status_strings.h"
 #include "common_interfaces/string_table.h"
+#include "text/bounded_copy.h"
 
 namespace CommonInterfaces {
 
@@ -22,10 +20,8 @@ const char* FindOptionalText(int identifier) {
 }
 
 void CopyStatusText(const std::string& text, char* out) {
-  if (out == nullptr) return;
-  const auto length = std::min(text.size(), std::size_t{kStatusTextSize - 1});
-  std::memcpy(out, text.data(), length);
-  out[length] = '\0';
+  static_assert(kStatusTextSize == kLongestText + 1);
+  if (out != nullptr) CopyBounded(text, out);
 }
 
 PlaceKind GetPlaceKind(char movingType) {

@@ -5,8 +5,8 @@
 // the string table (docs/status_texts.md lists them); texts are in the code page of the table.
 //
 // Every text has two forms. One returns a std::string of any length. The other writes into the caller's buffer
-// of kStatusTextSize bytes: never more than that, always terminated, a longer text cut at the end. A null
-// buffer does nothing at all, a null camera gives the empty text.
+// of kStatusTextSize bytes: never more than that, always terminated, a longer text cut at the end with one
+// line. A null buffer does nothing at all, a null camera gives the empty text.
 //
 // The functions load the string table when it is not loaded, so they belong to the thread that uses it. A text
 // that the table lacks counts as empty, unless said otherwise, and a format that does not fit its arguments

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 //
 // Homes that cannot be saved: what only this kind of system can bring about.
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 
 #include "camera/home_fixture.h"
+#include "support/file_size_limit_posix.h"
 
 namespace {
 
@@ -17,24 +16,6 @@ using namespace test_support;
 using namespace CommonInterfaces;
 
 constexpr char kOldHomes[] = "1\n0 2 0 0.15 0.87 1 2 1886154356 3\n";
-
-// Files of this process grow no further than `bytes` while it lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : m_OldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_Old);
-    const rlimit limit{bytes, m_Old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_Old);
-    std::signal(SIGXFSZ, m_OldHandler);
-  }
-
- private:
-  rlimit m_Old;
-  void (*m_OldHandler)(int);
-};
 
 class HomeSaveTest : public HomeTest {
  protected:

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // What only this kind of system has: file size limits, permissions, links, devices.
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <string>
 #include <vector>
 
@@ -14,31 +12,15 @@
 
 #include "companions/utils/file_platform.h"
 #include "support/debug_capture.h"
+#include "support/file_size_limit_posix.h"
 #include "support/temp_dir.h"
 #include "utils/file.h"
 
 namespace {
 
 using test_support::DebugCapture;
+using test_support::FileSizeLimit;
 using test_support::TempDir;
-
-// Files of this process grow no further than `bytes` while it lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : m_OldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_Old);
-    const rlimit limit{bytes, m_Old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_Old);
-    std::signal(SIGXFSZ, m_OldHandler);
-  }
-
- private:
-  rlimit m_Old;
-  void (*m_OldHandler)(int);
-};
 
 bool WriteWhole(const std::string& path, const std::string& text) {
   MTextFile file(false, '!', '}', 4096);
