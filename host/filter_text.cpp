@@ -10,7 +10,7 @@
 #include "host/class_limits.h"
 #include "host/directions.h"
 #include "host/host_texts.h"
-#include "host/near_names.h"
+#include "host/name_list.h"
 #include "host/text_format.h"
 #include "utils/text.h"
 

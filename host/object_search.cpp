@@ -6,7 +6,8 @@
 
 #include "host/field_ids.h"
 #include "host/name_key.h"
-#include "host/near_names.h"
+#include "host/name_list.h"
+#include "utils/near_names.h"
 #include "utils/text.h"
 
 namespace skyview {

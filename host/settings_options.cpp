@@ -9,9 +9,10 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
 #include "host/favourites.h"
-#include "host/near_names.h"
+#include "host/name_list.h"
 #include "host/object_filter.h"
 #include "host/setting_text.h"
+#include "utils/near_names.h"
 #include "utils/text.h"
 
 namespace skyview {

@@ -8,10 +8,10 @@
 #include <set>
 
 #include "common_interfaces/settings_data.h"
-#include "tools/near_names.h"
 #include "tools/settings_check.h"
 #include "tools/settings_format.h"
 #include "tools/settings_values.h"
+#include "utils/near_names.h"
 #include "utils/text.h"
 
 namespace skydata {

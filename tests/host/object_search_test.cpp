@@ -6,7 +6,7 @@
 
 #include "frame_helpers.h"
 #include "host/name_key.h"
-#include "host/near_names.h"
+#include "host/name_list.h"
 
 using namespace skyview;
 
@@ -41,14 +41,9 @@ TEST(NameKey, ShortGreekLettersAreExpandedOnlyBeforeSomething) {
   EXPECT_EQ(ExpandGreekLetter("M 31"), "M 31");
 }
 
-TEST(NearNames, NearestComesFirstAndStrangersNever) {
-  const std::vector<std::string> names = {"VisMagnitude", "Draw", "MagnitudeOn", "Drawn"};
-  EXPECT_EQ(FindNearNames("drew", names), (std::vector<std::string>{"Draw"}));
-  EXPECT_EQ(FindNearNames("Dra", names), (std::vector<std::string>{"Draw", "Drawn"}));
-  EXPECT_TRUE(FindNearNames("Compass", names).empty());
-  EXPECT_TRUE(FindNearNames("", names).empty());
-  EXPECT_EQ(FindNearNames("visMag", names, 1), (std::vector<std::string>{"VisMagnitude"}));
+TEST(NameList, IsSetApartByCommas) {
   EXPECT_EQ(JoinNames({"A", "B"}), "A, B");
+  EXPECT_EQ(JoinNames({}), "");
 }
 
 class ObjectSearchTest : public testing::Test {

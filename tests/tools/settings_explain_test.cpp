@@ -9,7 +9,6 @@
 #include "common_interfaces/settings_data.h"
 #include "tests/tools/settings_bytes.h"
 #include "tests/tools/source_text.h"
-#include "tools/near_names.h"
 #include "utils/text.h"
 
 namespace skydata {
@@ -150,13 +149,6 @@ TEST(SettingsExplain, AnUnknownSectionNamesThoseThatThereAre) {
   request.section = FourCC("gala");
   EXPECT_EQ(Explain(kHeader1 + SmallBlock(), request).errors,
             "own.data: has no field gala.Draw; its sections are star\n");
-}
-
-TEST(NearNames, AreThoseWithAThirdOfTheLettersWrongOrOneTheBeginningOfTheOther) {
-  EXPECT_EQ(FindNearNames("drow", {"Draw", "Grid", "Drow"}), (std::vector<std::string>{"Drow", "Draw"}));
-  EXPECT_EQ(FindNearNames("Show", {"ShowLabel", "Sound"}), (std::vector<std::string>{"ShowLabel"}));
-  EXPECT_EQ(FindNearNames("ShowLabelX", {"ShowLabel"}), (std::vector<std::string>{"ShowLabel"}));
-  EXPECT_TRUE(FindNearNames("xyz", {"Draw", ""}).empty());
 }
 
 }  // namespace

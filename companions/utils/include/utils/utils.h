@@ -11,6 +11,7 @@
 #include "utils/file.h"
 #include "utils/geometry.h"
 #include "utils/locale.h"
+#include "utils/near_names.h"
 #include "utils/path.h"
 #include "utils/program.h"
 #include "utils/text.h"

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "host/near_names.h"
+#include "utils/near_names.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace skyview {
 namespace {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -33,7 +32,7 @@ std::size_t CountDifferences(const std::string& a, const std::string& b) {
 }  // namespace
 
 std::vector<std::string> FindNearNames(const std::string& wanted, const std::vector<std::string>& names,
-                                       std::size_t most) {
+                                       int most) {
   const std::string lower = Lower(wanted);
   const std::size_t allowed = std::max<std::size_t>(1, lower.size() / 3);
   std::vector<std::pair<std::size_t, const std::string*>> near;
@@ -45,14 +44,9 @@ std::vector<std::string> FindNearNames(const std::string& wanted, const std::vec
   }
   std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<std::string> found;
-  for (std::size_t i = 0; i < std::min(most, near.size()); ++i) found.push_back(*near[i].second);
+  for (const auto& [differences, name] : near) {
+    if (static_cast<int>(found.size()) >= most) break;
+    if (std::find(found.begin(), found.end(), *name) == found.end()) found.push_back(*name);
+  }
   return found;
 }
-
-std::string JoinNames(const std::vector<std::string>& names) {
-  std::string joined;
-  for (const auto& name : names) joined += (joined.empty() ? "" : ", ") + name;
-  return joined;
-}
-
-}  // namespace skyview

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "utils/near_names.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(NearNames, NearestComesFirstAndStrangersNever) {
+  const Names names = {"VisMagnitude", "Draw", "MagnitudeOn", "Drawn"};
+  EXPECT_EQ(FindNearNames("drew", names), (Names{"Draw"}));
+  EXPECT_EQ(FindNearNames("drow", {"Draw", "Grid", "Drow"}), (Names{"Drow", "Draw"}));
+  EXPECT_TRUE(FindNearNames("Compass", names).empty());
+  EXPECT_TRUE(FindNearNames("xyz", {"Draw", ""}).empty());
+}
+
+TEST(NearNames, NamesThatBeginWithItAreNear) {
+  const Names names = {"VisMagnitude", "Draw", "MagnitudeOn", "Drawn"};
+  EXPECT_EQ(FindNearNames("Dra", names), (Names{"Draw", "Drawn"}));
+  EXPECT_EQ(FindNearNames("Show", {"ShowLabel", "Sound"}), (Names{"ShowLabel"}));
+  EXPECT_TRUE(FindNearNames("V", {"VisMagnitude"}).empty());
+}
+
+TEST(NearNames, AThirdOfTheLettersMayDiffer) {
+  EXPECT_EQ(FindNearNames("ShowLabelX", {"ShowLabel"}), (Names{"ShowLabel"}));
+  EXPECT_EQ(FindNearNames("abcdef", {"abcdxy", "abcxyz"}), (Names{"abcdxy"}));
+}
+
+TEST(NearNames, AtMostSoManyAndEachOnce) {
+  EXPECT_EQ(FindNearNames("visMag", {"VisMagnitude", "VisMagA"}, 1), (Names{"VisMagnitude"}));
+  EXPECT_EQ(FindNearNames("Draw", {"Draw", "Drew", "Draw", "Drow", "Drawn"}),
+            (Names{"Draw", "Drawn", "Drew"}));
+  EXPECT_TRUE(FindNearNames("Draw", {"Draw"}, 0).empty());
+  EXPECT_TRUE(FindNearNames("Draw", {"Draw"}, -1).empty());
+}
+
+TEST(NearNames, AnEmptyNameIsLikeNone) { EXPECT_TRUE(FindNearNames("", {"Draw", "Grid"}).empty()); }
+
+}  // namespace
