@@ -90,9 +90,9 @@ void SettingsGet(benchmark::State& state) {
   CountQuestions(state);
 }
 
-void SettingsGetPeer(benchmark::State& state) {
+// What the peers do with the questions, whichever they are.
+void GetFromTable(benchmark::State& state, const std::vector<FieldKey>& keys) {
   const Table table = MakeTable(state);
-  const auto keys = MakeQuestions(state);
   for (auto _ : state) {
     for (const FieldKey& key : keys) {
       int value = 0;
@@ -103,6 +103,22 @@ void SettingsGetPeer(benchmark::State& state) {
   }
   CountQuestions(state);
 }
+
+void SetInTable(benchmark::State& state, const std::vector<FieldKey>& keys) {
+  Table table = MakeTable(state);
+  int value = 0;
+  bool modified = false;
+  for (auto _ : state) {
+    ++value;
+    for (const FieldKey& key : keys) {
+      modified = Replace(table.find(Join(key))->second, &value);
+      benchmark::DoNotOptimize(modified);
+    }
+  }
+  CountQuestions(state);
+}
+
+void SettingsGetPeer(benchmark::State& state) { GetFromTable(state, MakeQuestions(state)); }
 
 void SettingsSet(benchmark::State& state) {
   SettingsData& settings = Container(state);
@@ -115,20 +131,7 @@ void SettingsSet(benchmark::State& state) {
   CountQuestions(state);
 }
 
-void SettingsSetPeer(benchmark::State& state) {
-  Table table = MakeTable(state);
-  const auto keys = MakeQuestions(state);
-  int value = 0;
-  bool modified = false;
-  for (auto _ : state) {
-    ++value;
-    for (const FieldKey& key : keys) {
-      modified = Replace(table.find(Join(key))->second, &value);
-      benchmark::DoNotOptimize(modified);
-    }
-  }
-  CountQuestions(state);
-}
+void SettingsSetPeer(benchmark::State& state) { SetInTable(state, MakeQuestions(state)); }
 
 // By name id alone, in the current section.
 std::vector<FieldKey> QuestionsOfOneSection(const benchmark::State& state, SettingsData& settings) {
@@ -156,17 +159,7 @@ void SettingsGetById(benchmark::State& state) {
 }
 
 void SettingsGetByIdPeer(benchmark::State& state) {
-  const Table table = MakeTable(state);
-  const auto keys = QuestionsOfOneSection(state, Container(state));
-  for (auto _ : state) {
-    for (const FieldKey& key : keys) {
-      int value = 0;
-      const Values& values = table.find(Join(key))->second;
-      std::memcpy(&value, values.data(), values.size());
-      benchmark::DoNotOptimize(value);
-    }
-  }
-  CountQuestions(state);
+  GetFromTable(state, QuestionsOfOneSection(state, Container(state)));
 }
 
 void SettingsSetById(benchmark::State& state) {
@@ -181,18 +174,7 @@ void SettingsSetById(benchmark::State& state) {
 }
 
 void SettingsSetByIdPeer(benchmark::State& state) {
-  Table table = MakeTable(state);
-  const auto keys = QuestionsOfOneSection(state, Container(state));
-  int value = 0;
-  bool modified = false;
-  for (auto _ : state) {
-    ++value;
-    for (const FieldKey& key : keys) {
-      modified = Replace(table.find(Join(key))->second, &value);
-      benchmark::DoNotOptimize(modified);
-    }
-  }
-  CountQuestions(state);
+  SetInTable(state, QuestionsOfOneSection(state, Container(state)));
 }
 
 // Making all fields, one to each section in turn.
