@@ -14,12 +14,14 @@ MAY_INCLUDE = {
     "text_base": {"utils", "astro"},
     "settings": {"text_base", "utils", "astro"},
     "output": {"settings", "text_base", "utils", "astro"},
+    "catalogs": {"output", "settings", "text_base", "utils", "astro"},
+    "render": {"output", "settings", "text_base", "utils", "astro"},
     "camera": {"output", "settings", "text_base", "utils", "astro"},
     "thread": set(),
     "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
-    "umbrella": {"text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "host": {"umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "tools": {"umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "umbrella": {"catalogs", "render", "text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "host": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "tools": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
 
 # The storey of each public header of the library; a private file has that of its folder.
@@ -32,13 +34,19 @@ PUBLIC = {
     "settings_data.h": "settings", "field_names.h": "settings", "item_engine.h": "settings",
     "object_kinds.h": "output", "star_data.h": "output", "record_source.h": "output", "output_pool.h": "output",
     "object_outputs.h": "output", "orbit_info.h": "output", "object_shadow_map.h": "output", "clipping.h": "output",
+    "record_conversion.h": "output", "variable_stars.h": "output", "star_download.h": "output",
+    "object_lists.h": "catalogs", "planets_and_moons.h": "catalogs", "sky_images.h": "catalogs",
+    "object_articles.h": "catalogs", "flight_objects.h": "catalogs", "panoramas.h": "catalogs",
+    "gazetteers.h": "catalogs", "meteor_showers.h": "catalogs", "observation_times.h": "catalogs",
+    "render_settings.h": "render", "path_line.h": "render", "fading_value.h": "render",
     "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
     "camera.h": "camera", "camera_state.h": "camera", "home_parameters.h": "camera", "marker_info.h": "camera",
     "play_desc.h": "camera",
     "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }
-FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "camera": "camera", "thread": "thread",
+FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
+          "thread": "thread",
           "host": "host",
           "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
 
