@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <cstring>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "catalogs/deepsky_line.h"
+#include "common_interfaces/sky_images.h"
+#include "utils/debug.h"
+#include "utils/file.h"
+#include "utils/path.h"
+
+namespace CommonInterfaces {
+namespace {
+
+constexpr char kImageFile[] = "media:skyobjects:dso_images:dsoimagestrue.txt";
+
+using Key = std::pair<unsigned, unsigned>;  // the low 24 bits of the number, the letter
+using Catalog = std::map<Key, DSOImageDesc>;
+
+Key KeyOf(unsigned number) { return {number & 0xFFFFFFu, number >> 28 & 7u}; }
+
+// Process-wide; the one thread that has instances.
+Catalog s_Images;
+Catalog::iterator s_Cursor = s_Images.end();  // of the walk
+DSOImageDesc* s_Current = nullptr;            // into s_Images
+int s_Instances = 0;
+
+void Clear() {
+  s_Images.clear();
+  s_Cursor = s_Images.end();
+  s_Current = nullptr;
+  DSOImages::s_IndependentImages.clear();
+}
+
+void AddLine(char* line) {
+  DSOImageDesc image;
+  if (!ParseDeepskyImage(line, image)) return;
+  if (image.flags & DSOImageDesc::kIndependent) DSOImages::s_IndependentImages.push_back(image);
+  s_Images.emplace(KeyOf(image.number), image);
+}
+
+// The whole file, ended by a zero byte. False when it cannot be read.
+bool ReadWhole(const std::string& path, std::string& text) {
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
+  text.resize(static_cast<std::size_t>(file.GetLength()));
+  text.resize(file.Read(text.data(), static_cast<unsigned>(text.size())));
+  return true;
+}
+
+const DSOImageDesc* Visit(Catalog::iterator at) {
+  if (at == s_Images.end()) return nullptr;
+  s_Current = &at->second;
+  return s_Current;
+}
+
+}  // namespace
+
+std::vector<DSOImageDesc> DSOImages::s_IndependentImages;
+
+DSOImages::DSOImages() {
+  if (s_Instances++ == 0) Reload();
+}
+
+DSOImages::DSOImages(const DSOImages&) : DSOImages() {}
+
+DSOImages::~DSOImages() {
+  if (--s_Instances == 0) Clear();
+}
+
+void DSOImages::Reload() {
+  Clear();
+  std::string text;
+  if (!ReadWhole(ZentharPath::GetPath(kImageFile), text)) {
+    PrintDebugString("File %s not found\n", kImageFile);
+    return;
+  }
+  char* line = text.data();
+  if (text.starts_with("\xEF\xBB\xBF")) line += 3;
+  char* const end = text.data() + text.size();
+  while (line < end) {
+    auto* next = static_cast<char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+    if (!next) next = end;  // the zero byte of the string is there
+    *next = '\0';
+    AddLine(line);
+    line = next + 1;
+  }
+}
+
+const DSOImageDesc* DSOImages::GetFirst() {
+  s_Cursor = s_Images.begin();
+  return Visit(s_Cursor);
+}
+
+const DSOImageDesc* DSOImages::GetNext() {
+  if (s_Cursor != s_Images.end()) ++s_Cursor;
+  return Visit(s_Cursor);
+}
+
+const DSOImageDesc* DSOImages::Find(int, int number) {
+  const Key key = KeyOf(static_cast<unsigned>(number));
+  const auto found = s_Images.lower_bound(key);
+  const bool hit =
+      found != s_Images.end() && found->first.first == key.first && (key.second == 0 || found->first == key);
+  return hit ? Visit(found) : nullptr;
+}
+
+void DSOImages::AddData(float largestDimension, float magnitude, float smallestDimension,
+                        unsigned short positionAngle) {
+  if (!s_Current) return;
+  s_Current->magnitude = magnitude;
+  s_Current->largestDimension = largestDimension;
+  s_Current->smallestDimension = smallestDimension;
+  s_Current->positionAngle = positionAngle;
+}
+
+}  // namespace CommonInterfaces
