@@ -19,8 +19,8 @@ struct FadingValue {
   T GetCurrent(double time) const {
     const bool moving = time < m_EndTime && m_StartValue != m_EndValue && m_EndTime != m_StartTime;
     if (!moving) return m_EndValue;
-    const double part = (time - m_StartTime) / (m_EndTime - m_StartTime);
-    return static_cast<T>(m_StartValue + (m_EndValue - m_StartValue) * part);
+    return static_cast<T>(m_StartValue +
+                          (m_EndValue - m_StartValue) * (time - m_StartTime) / (m_EndTime - m_StartTime));
   }
 
   // Starts a fade from where the value stands at that time, over `duration` seconds; 0 is at once.
