@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/labels.h"
-#include "host/sky_frame.h"
+#include "host/view_geometry.h"
 
 namespace skyview {
 namespace {
@@ -68,6 +67,14 @@ std::vector<std::string> MakeCaption(const std::vector<std::string>& texts, int 
   const auto room = static_cast<std::size_t>(height / unit / 3.0 / kCaptionLineStep);
   if (lines.size() > room) lines.resize(room);
   return lines;
+}
+
+void CaptionBlock::Place(double unit, LabelPlacer& labels) const {
+  double baseline = 1.1 * kCaptionFont * unit;
+  for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {
+    labels.PlaceAt(line->c_str(), {kCaptionLeft * unit, baseline}, kCaptionFont * unit, LabelKind::kCaption);
+    baseline += kCaptionLineStep * unit;
+  }
 }
 
 }  // namespace skyview

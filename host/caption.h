@@ -3,7 +3,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "host/labels.h"
 
 namespace skyview {
 
@@ -16,5 +19,18 @@ inline constexpr double kCaptionLineStep = 1.5 * kCaptionFont;
 // between texts; one that alone is too wide begins a line of its own and is broken between words. Lines that would reach higher than a
 // third of the picture are left out, and so is a word wider than the picture. Texts are UTF-8.
 std::vector<std::string> MakeCaption(const std::vector<std::string>& texts, int width, int height);
+
+// The caption of a frame.
+class CaptionBlock {
+ public:
+  void SetLines(std::vector<std::string> lines) { m_Lines = std::move(lines); }
+  int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+
+  // Puts the lines into the corner, whatever is there. `unit`: GetPictureUnit. The labels point into the block.
+  void Place(double unit, LabelPlacer& labels) const;
+
+ private:
+  std::vector<std::string> m_Lines;
+};
 
 }  // namespace skyview

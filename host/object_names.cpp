@@ -28,9 +28,14 @@ std::string GetStarName(int number, const StarCatalog& stars) {
 
 }  // namespace
 
-std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {
+std::string GetPlanetOrMoonName(const SSO_ID& object) {
   if (object.kind == FourCC("plnt")) return GetPlanetName(object.number);
   if (object.kind == FourCC("moon") && object.number == kMoon) return Localize(HostText::kMoon, {});
+  return "";
+}
+
+std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {
+  if (const std::string name = GetPlanetOrMoonName(object); !name.empty()) return name;
   if (object.kind == FourCC("star")) return GetStarName(object.number, catalogs.stars);
   for (const auto& entry : catalogs.deepsky) {
     if (entry.kind == object.kind && entry.number == object.number) return ToCodePage(entry.label);

@@ -22,13 +22,11 @@ double CosineOfStarReach(const StarCatalog& stars, const ViewGeometry& geometry,
 }  // namespace
 
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
-                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters,
-                         double unit)
+                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters)
     : m_Catalogs(catalogs),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
-      m_Unit(unit),
       m_Stars(catalogs.stars),
       m_Centre(geometry.centreJ2000),
       m_StarsShown(shown.stars),
@@ -55,7 +53,7 @@ const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKi
 
 // A dot of 0.6 pixels at the limit, growing by a quarter for each magnitude above it.
 double ObjectTests::StarRadius(float code) const {
-  return m_Unit * (0.6 * std::pow(10.0, 0.1 * ((m_StarLimits.draw - code) * 0.1)));
+  return m_Geometry.unit * (0.6 * std::pow(10.0, 0.1 * ((m_StarLimits.draw - code) * 0.1)));
 }
 
 // The third row of the reduction gives the sine of the altitude.

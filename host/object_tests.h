@@ -37,9 +37,8 @@ struct ObjectPlace {
 // Everything is kept by reference. Makes no allocation.
 class ObjectTests {
  public:
-  // `unit`: pixels of this picture for one of the standard picture.
   ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
-              const ShownKinds& shown, const ObjectFilters& filters, double unit);
+              const ShownKinds& shown, const ObjectFilters& filters);
 
   bool IsStarDrawn(int star, ObjectPlace& place) const { return TestStar<true>(star, place) == 0; }
   bool IsDeepskyDrawn(int object, ObjectPlace& place) const { return TestDeepsky<true>(object, place) == 0; }
@@ -94,7 +93,6 @@ class ObjectTests {
   const ViewGeometry& m_Geometry;
   const ObserverFrame& m_Observer;
   const ShownKinds& m_Shown;
-  double m_Unit;
   const StarCatalog& m_Stars;
   Direction m_Centre;  // the view axis, J2000
   bool m_StarsShown;

@@ -2,14 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "host/view_geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace skyview {
+
+double GetPictureUnit(int width, int height) {
+  return std::clamp(std::sqrt(static_cast<double>(width) * height / (1600.0 * 1000.0)), 0.4, 6.0);
+}
 
 ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) {
   const tPoint<int> size = camera.GetWinSize();
   width = size.x;
   height = size.y;
+  unit = GetPictureUnit(width, height);
   halfDiagonal = std::hypot(width * 0.5, height * 0.5);
   // The camera tells the scale as the size of a small angle: below 0.35 radians it is scale * angle / 2.
   constexpr double kSmallAngle = 0.1;

@@ -7,6 +7,9 @@
 
 namespace skyview {
 
+// What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
+double GetPictureUnit(int width, int height);
+
 // Which frame directions are given in: the catalogue's or the one that the view angles count in.
 enum class SkyFrameOf { kJ2000, kHorizon };
 
@@ -26,6 +29,7 @@ struct ViewGeometry {
 
   const CommonInterfaces::Camera& camera;
   int width, height;
+  double unit;              // GetPictureUnit of the window
   double halfDiagonal;      // pixels from the centre to a corner
   double scale;             // pixels, see above
   double cornerAngle;       // radians from the view axis to a corner

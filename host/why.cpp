@@ -168,8 +168,7 @@ void AddFacts(const Case& object, const ObjectTests& tests, const ShownView& vie
 
 Explanation Explain(const FoundObject& found, const ShownView& view) {
   const ViewGeometry geometry(view.camera);
-  const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters,
-                          view.frame.GetUnit());
+  const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters);
   const Case object = found.group == ObjectGroup::kStar ? MakeStarCase(found.index, tests, view.frame)
                       : found.group == ObjectGroup::kDeepsky
                           ? MakeDeepskyCase(found.index, tests, view.frame)

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "host/labels.h"
+#include "host/object_tests.h"
+#include "host/sky_catalogs.h"
+
+namespace skyview {
+
+// A straight stretch inside the window, pixels, y up.
+struct DrawnLine {
+  tPoint<double> from, to;
+};
+
+// The constellations of one frame: the lines of their figures and their names. Allocates at its construction only;
+// `catalogs` is kept by reference.
+class SkyFigures {
+ public:
+  explicit SkyFigures(const SkyCatalogs& catalogs);
+
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
+  // Names take the room that other labels leave.
+  void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
+
+  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }
+
+ private:
+  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+                 const FigureStroke& stroke);
+
+  const SkyCatalogs& m_Catalogs;
+  std::vector<DrawnLine> m_Lines;
+};
+
+}  // namespace skyview
