@@ -26,6 +26,7 @@ inline const int kSmallestDimension = GetUniqueID("SmallestDimension");
 inline const int kMessierNumber = GetUniqueID("MessierNumber");
 inline const int kNGC_ICnumber = GetUniqueID("NGC_ICnumber");
 inline const int kColorIndexBV = GetUniqueID("ColorIndexBV");
+inline const int kParallax = GetUniqueID("Parallax");
 inline const int kHipparcosID = GetUniqueID("HipparcosID");
 
 }  // namespace skyview::fields

@@ -19,7 +19,11 @@ enum class LabelKind {
   kCompass,
   kCompassBetween,
   kCaption,
-  kMarker
+  kMarker,
+  kPlanet,     // the Sun and the Moon too
+  kSmallBody,  // asteroid or comet
+  kSatellite,
+  kPassTime  // along the path of a satellite
 };
 
 LabelKind LabelKindOfDeepsky(int kind);  // by four-character code

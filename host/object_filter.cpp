@@ -208,7 +208,8 @@ void ObjectFilter::Compile(const QueryList& queries, int section) {
 }
 
 ObjectFilters::ObjectFilters() {
-  for (const char* kind : {"star", "clst", "gala", "nebu", "dsnv", "cnst"}) {
+  for (const char* kind :
+       {"star", "clst", "gala", "nebu", "dsnv", "cnst", "plnt", "moon", "astr", "comt", "scft"}) {
     m_Entries.push_back({GetFOURCC(kind), ObjectFilter()});
   }
 }

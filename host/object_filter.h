@@ -90,7 +90,8 @@ class ObjectFilters {
   // of this class follows one container.
   void Refresh(CommonInterfaces::SettingsData& settings);
 
-  // By four-character code: "star", "clst", "gala", "nebu", "dsnv", "cnst"; other kinds have an empty filter.
+  // By four-character code: "star", "clst", "gala", "nebu", "dsnv", "cnst", "plnt", "moon", "astr", "comt", "scft";
+  // other kinds have an empty filter.
   const ObjectFilter& Get(int kind) const;
 
   static const ObjectFilters& None();  // lets everything pass

@@ -24,7 +24,8 @@ enum Obstacle : unsigned {
   kFiltered = 2,      // a filter of its section rejects it
   kTooFaint = 4,      // fainter than the drawing limit of its class
   kBelowHorizon = 8,  // while a horizon is shown
-  kOutside = 16       // its disc or symbol does not reach into the window
+  kOutside = 16,      // its disc or symbol does not reach into the window
+  kNoPlace = 32       // nobody can tell where the body is at that moment
 };
 
 // Where an object stands. Whole once all tests were made; IsDrawn makes them all for what is drawn.

@@ -86,6 +86,14 @@ Colour LabelColour(LabelKind kind) {
       return WithOpacity(kAccent, 0.75);
     case LabelKind::kMarker:
       return kMark;
+    case LabelKind::kPlanet:
+      return {1.00, 0.90, 0.68, 0.98};
+    case LabelKind::kSmallBody:
+      return {0.80, 0.84, 0.72, 0.92};
+    case LabelKind::kSatellite:
+      return {0.62, 0.90, 0.96, 0.95};
+    case LabelKind::kPassTime:
+      return {0.62, 0.90, 0.96, 0.75};
     case LabelKind::kCaption:
       return {0.72, 0.77, 0.84, 0.95};
     default:

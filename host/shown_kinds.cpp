@@ -25,7 +25,14 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::englishNames, FourCC("cnst"), "EnglishName"},
                                 {&ShownKinds::milkyWay, FourCC("grid"), "MilkyWayVisible"},
                                 {&ShownKinds::horizon, FourCC("grid"), "HorizonDraw"},
-                                {&ShownKinds::compass, FourCC("grid"), "Compass"}};
+                                {&ShownKinds::compass, FourCC("grid"), "Compass"},
+                                {&ShownKinds::planets, FourCC("plnt"), "Draw"},
+                                {&ShownKinds::planetPhases, FourCC("plnt"), "PlanetPhases"},
+                                {&ShownKinds::moons, FourCC("moon"), "Draw"},
+                                {&ShownKinds::moonPhases, FourCC("moon"), "MoonPhases"},
+                                {&ShownKinds::asteroids, FourCC("astr"), "Draw"},
+                                {&ShownKinds::comets, FourCC("comt"), "Draw"},
+                                {&ShownKinds::spacecraft, FourCC("scft"), "Draw"}};
 
 // What the settings lack counts as `otherwise`, a whole section as on.
 KindState ReadState(SettingsData& settings, const Switch& entry, bool otherwise) {
@@ -58,6 +65,11 @@ bool ShownKinds::IsShown(int kind) const {
   if (kind == FourCC("clst")) return clusters;
   if (kind == FourCC("gala")) return galaxies;
   if (kind == FourCC("nebu")) return nebulae;
+  if (kind == FourCC("plnt")) return planets;
+  if (kind == FourCC("moon")) return moons;
+  if (kind == FourCC("astr")) return asteroids;
+  if (kind == FourCC("comt")) return comets;
+  if (kind == FourCC("scft")) return spacecraft;
   return kind == FourCC("dsnv") && otherDeepsky;
 }
 

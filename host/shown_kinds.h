@@ -19,6 +19,13 @@ struct ShownKinds {
   bool milkyWay = true;
   bool horizon = true;
   bool compass = true;
+  bool planets = true;  // and the Sun
+  bool moons = true;
+  bool asteroids = true;
+  bool comets = true;
+  bool spacecraft = true;
+  bool planetPhases = true;  // else their discs are drawn wholly lit
+  bool moonPhases = true;
 
   bool IsShown(int kind) const;  // of a class of objects, by its four-character code
 };
@@ -31,7 +38,8 @@ struct KindState {
   bool sectionOn, switchOn;
 };
 
-// Of "star", "clst", "gala", "nebu", "dsnv" and, for the names of the constellations, "cnst".
+// Of "star", "clst", "gala", "nebu", "dsnv", "plnt", "moon", "astr", "comt", "scft" and, for the names of the
+// constellations, "cnst".
 KindState ReadKindState(CommonInterfaces::SettingsData& settings, int kind);
 
 // Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example "Draw" of
