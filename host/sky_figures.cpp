@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "common_interfaces/clipping.h"
-
 namespace skyview {
 
 SkyFigures::SkyFigures(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
@@ -21,30 +19,22 @@ void SkyFigures::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
   }
 }
 
-// The stroke leaves a gap at its stars. Pieces with an end more than a right angle from the view axis and outside the
-// window are left out: their straight picture may have nothing to do with the arc.
+// The stroke leaves a gap at its stars.
 void SkyFigures::AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer,
                            const ObjectTests& tests, const FigureStroke& stroke) {
   constexpr double kGap = 7.0;  // pixels
-  const tRect<int> window = {0, 0, geometry.width + 1, geometry.height + 1};
   const Direction* points = m_Catalogs.figurePoints.data() + stroke.first;
-  tPoint<double> last{};
-  bool lastUsable = false;
+  SkyPath path(geometry);
   for (int i = 0; i < stroke.count; ++i) {
     const Direction apparent = ApparentDirection(points[i], observer);
-    const auto p = geometry.Project(apparent, SkyFrameOf::kJ2000);
-    const bool usable =
-        Dot(apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal);
-    if (i > 0 && usable && lastUsable && tests.IsAboveHorizon(apparent)) {
-      tPoint<double> from = last, to = p;
-      const double length = std::hypot(to.x - from.x, to.y - from.y);
-      const double gap = std::min(kGap * geometry.unit, 0.3 * length) / std::max(length, 1e-9);
-      if (i == 1) from = {last.x + gap * (p.x - last.x), last.y + gap * (p.y - last.y)};
-      if (i == stroke.count - 1) to = {p.x - gap * (p.x - last.x), p.y - gap * (p.y - last.y)};
-      if (CommonInterfaces::line_in_rectD(&from, &to, window)) m_Lines.push_back({from, to});
-    }
-    last = p;
-    lastUsable = usable;
+    DrawnLine line;
+    if (!path.GoTo(apparent, line) || !tests.IsAboveHorizon(apparent)) continue;
+    const auto [from, to] = line;
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    const double gap = std::min(kGap * geometry.unit, 0.3 * length) / std::max(length, 1e-9);
+    if (i == 1) line.from = {from.x + gap * (to.x - from.x), from.y + gap * (to.y - from.y)};
+    if (i == stroke.count - 1) line.to = {to.x - gap * (to.x - from.x), to.y - gap * (to.y - from.y)};
+    if (path.Clip(line)) m_Lines.push_back(line);
   }
 }
 

@@ -7,13 +7,9 @@
 #include "host/labels.h"
 #include "host/object_tests.h"
 #include "host/sky_catalogs.h"
+#include "host/sky_path.h"
 
 namespace skyview {
-
-// A straight stretch inside the window, pixels, y up.
-struct DrawnLine {
-  tPoint<double> from, to;
-};
 
 // The constellations of one frame: the lines of their figures and their names. Allocates at its construction only;
 // `catalogs` is kept by reference.
@@ -25,7 +21,7 @@ class SkyFigures {
   // Names take the room that other labels leave.
   void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
 
-  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }
+  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }  // inside the window
 
  private:
   void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,

@@ -23,7 +23,8 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   m_MilkyWay.Compute(geometry, shown.milkyWay);
   m_Horizon.Compute(geometry, shown.horizon && observer.horizon, shown.compass && observer.horizon, m_Labels);
   m_Figures.Compute(geometry, observer, tests);
-  m_Objects.Compute(geometry, tests, m_Labels);
+  m_Objects.Compute(geometry, tests);
+  m_Objects.PlaceLabels(geometry, tests, m_Labels);
   m_Figures.PlaceNames(geometry, tests, shown.englishNames, m_Labels);
 }
 

@@ -35,13 +35,19 @@ CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoi
 
 }  // namespace
 
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry) {
+  constexpr double kLeast = 4.5, kMost = 2000.0;
+  return std::clamp(0.5 * geometry.camera.VisRad2PixD(object.largest), kLeast * geometry.unit,
+                    kMost * geometry.unit);
+}
+
 SkyObjects::SkyObjects(const SkyCatalogs& catalogs)
     : m_Catalogs(catalogs), m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)) {
   m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()));
   m_Deepsky.reserve(catalogs.deepsky.size());
 }
 
-void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests) {
   ++m_Number;
   m_PoolExhausted = false;
   m_Pool.clear(false);
@@ -49,6 +55,9 @@ void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests,
   m_Deepsky.clear();
   AddStars(geometry, tests);
   AddDeepsky(geometry, tests);
+}
+
+void SkyObjects::PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
   LabelStars(geometry, tests.GetStarLimits(), labels);
   LabelDeepsky(geometry, tests, labels);
 }
@@ -88,16 +97,13 @@ void SkyObjects::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tes
 
 void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                                   const ClassLimits& limits) {
-  // Radius of a symbol in pixels: true to scale where it can be seen and ends somewhere.
-  constexpr double kLeast = 4.5, kMost = 2000.0;
   const auto& entry = m_Catalogs.deepsky[object];
   auto* output = new (m_Pool) DeepskyOutput;
   if (!output) {
     m_PoolExhausted = true;
     return;
   }
-  const double major = std::clamp(0.5 * geometry.camera.VisRad2PixD(entry.largest), kLeast * geometry.unit,
-                                  kMost * geometry.unit);
+  const double major = GetSymbolRadius(entry, geometry);
   const double ratio = entry.largest > 0.0f && entry.smallest > 0.0f ? entry.smallest / entry.largest : 1.0;
   output->m_Frame = m_Number;
   output->m_Place = MakePlace(geometry, p, major);

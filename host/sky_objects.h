@@ -26,6 +26,10 @@ struct DrawnDeepsky {
   float opacity;
 };
 
+// Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and ends
+// somewhere.
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry);
+
 // The stars and deep-sky objects of one frame and their records.
 //
 // The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that nothing is allocated
@@ -35,7 +39,9 @@ class SkyObjects {
  public:
   explicit SkyObjects(const SkyCatalogs& catalogs);
 
-  void Compute(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+  void Compute(const ViewGeometry& geometry, const ObjectTests& tests);
+  // Labels what Compute has found.
+  void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
   const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
