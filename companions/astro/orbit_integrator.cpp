@@ -21,7 +21,8 @@ constexpr int kMostSweeps = 12;
 constexpr double kLeastRatio =
     0.7;  // a step is done again when it should have been shorter than this part of it
 constexpr double kGreatestRatio = 3.0;  // how much longer the next step may be
-constexpr double kFirstStep = 0.02;     // of the time that the body takes for its distance
+constexpr double kSweepShare = 0.1;  // the sweeps end when they change less than this part of the tolerance
+constexpr double kFirstStep = 0.02;  // of the time that the body takes for its distance
 
 // Gauss-Radau spacings of the eight points (Everhart 1985, table 2; the nodes of the quadrature with a fixed first point).
 constexpr double kSpacing[kDegree + 1] = {0.0,
@@ -74,6 +75,9 @@ struct Sum {
   }
 };
 
+// The local error of a step grows with the sixteenth power of its length, the last term with the seventh.
+double LastTermTarget(double tolerance) { return std::pow(tolerance, 7.0 / 16.0); }
+
 class Integration {
  public:
   Integration(const OrbitState& state, double t, OrbitAcceleration acceleration, void* context)
@@ -104,11 +108,11 @@ class Integration {
     return kFirstStep * std::fmin(distance / speed, std::sqrt(distance / pull));
   }
 
-  // Tries a step. `ratio` becomes the length that keeps the error at `target`, in steps of this one.
-  Outcome Try(double step, double target, double& ratio) {
+  // Tries a step. `ratio` becomes the length that keeps the error at the tolerance, in steps of this one.
+  Outcome Try(double step, double tolerance, double& ratio) {
     Predict(step);
-    if (!Sweep(step)) return Outcome::kStopped;
-    ratio = std::pow(target / LastTermShare(), 1.0 / kDegree);
+    if (!Sweep(step, std::fmax(kSweepShare * tolerance, 1e-16))) return Outcome::kStopped;
+    ratio = std::pow(LastTermTarget(tolerance) / LastTermShare(), 1.0 / kDegree);
     if (!std::isfinite(m_B[kDegree - 1][0] + m_B[kDegree - 1][1] + m_B[kDegree - 1][2])) ratio = 0.0;
     ratio = std::clamp(ratio, 0.1, kGreatestRatio);
     return ratio < kLeastRatio ? Outcome::kTooLong : Outcome::kGood;
@@ -186,7 +190,7 @@ class Integration {
   }
 
   // Sweeps over the points until the polynomial stands. False: the acceleration said stop.
-  bool Sweep(double step) {
+  bool Sweep(double step, double sufficient) {
     double lastChange = HUGE_VAL;
     for (int sweep = 0; sweep < kMostSweeps; ++sweep) {
       m_Largest = 0.0;
@@ -201,7 +205,7 @@ class Integration {
           if (point == kDegree) change = std::fmax(change, std::fabs(difference));
         }
       }
-      if (!(change > 1e-16 * m_Largest) || (sweep > 2 && change >= lastChange)) break;
+      if (!(change > sufficient * m_Largest) || (sweep > 2 && change >= lastChange)) break;
       lastChange = change;
     }
     return true;
@@ -233,12 +237,6 @@ class Integration {
   Coefficients m_B = {}, m_Newton = {}, m_Predicted = {}, m_LastB = {}, m_LastPredicted = {};
 };
 
-// The local error of a step grows with the sixteenth power of its length, the last term with the seventh.
-double LastTermTarget(double tolerance) {
-  const double usable = tolerance >= 1e-16 ? std::fmin(tolerance, 1e-3) : 1e-16;
-  return std::pow(usable, 7.0 / 16.0);
-}
-
 }  // namespace
 
 bool IntegrateOrbit(OrbitState& state, double& t, double t1, const IntegrationLimits& limits,
@@ -247,7 +245,7 @@ bool IntegrateOrbit(OrbitState& state, double& t, double t1, const IntegrationLi
   if (!std::isfinite(t1 - t)) return false;
   Integration integration(state, t, acceleration, context);
   if (!integration.Begin()) return false;
-  const double target = LastTermTarget(limits.tolerance);
+  const double tolerance = limits.tolerance >= 1e-16 ? std::fmin(limits.tolerance, 1e-3) : 1e-16;
   const double direction = t1 > t ? 1.0 : -1.0;
   double length = integration.FirstStep();
   if (!(length > 0.0)) length = std::fabs(t1 - t);  // at rest, at the origin, or not a number
@@ -258,7 +256,7 @@ bool IntegrateOrbit(OrbitState& state, double& t, double t1, const IntegrationLi
     const double step = direction * (isLast ? left : length);
     if (t + step == t) return false;
     double ratio = 0.0;
-    const auto outcome = integration.Try(step, target, ratio);
+    const auto outcome = integration.Try(step, tolerance, ratio);
     if (outcome == Integration::Outcome::kStopped) return false;
     length = std::fabs(step) * ratio;
     if (outcome == Integration::Outcome::kTooLong) continue;
