@@ -57,11 +57,11 @@ TEST(DeepskyImages, LineIsReadFieldByField) {
   const DSOImageDesc& image = Only(catalog);
   EXPECT_EQ(image.number, 224u);
   EXPECT_NEAR(image.size, 0.02763437982, 2e-9);  // 95 arc minutes
-  EXPECT_NEAR(image.reciprocalSize, 36.18681046, 4e-6);
-  const double ra = 0.18648045, dec = 0.72025233;  // 10.684583 and 41.269167 degrees
-  EXPECT_NEAR(image.direction[0], std::cos(dec) * std::cos(ra), 2e-8);
-  EXPECT_NEAR(image.direction[1], std::cos(dec) * std::sin(ra), 2e-8);
-  EXPECT_NEAR(image.direction[2], std::sin(dec), 2e-8);
+  EXPECT_NEAR(image.reciprocalSize, 36.18680811, 4e-6);
+  const double ra = 0.18648115837, dec = 0.72028283789;  // 10.684583 and 41.269167 degrees
+  EXPECT_NEAR(image.direction[0], std::cos(dec) * std::cos(ra), 2e-11);
+  EXPECT_NEAR(image.direction[1], std::cos(dec) * std::sin(ra), 2e-11);
+  EXPECT_NEAR(image.direction[2], std::sin(dec), 2e-11);
   EXPECT_EQ(image.rotation, -35.0);
   EXPECT_EQ(image.flags, 2);
   EXPECT_EQ(image.aspectRatio, 0.5);
