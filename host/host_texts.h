@@ -32,6 +32,39 @@ enum class HostText : int {
   kFirstPlanet = 900101,   // names of the planets by number, Mercury to Pluto
   kSun = 900110,
   kMoon = 900111,
+  kBodiesDrawn = 900300,
+  kSunSeen,
+  kBodySeen,
+  kSecondsAcross,
+  kMinutesAcross,
+  kDegreesAcross,
+  kLunarEclipse,
+  kSolarEclipse,
+  kSolarEclipseElsewhere,
+  kSatelliteSeen,
+  kSatelliteSunlit,
+  kSatelliteInShadow,
+  kFirstLunarEclipse = 900315,  // penumbral, partial, total
+  kFirstSolarEclipse = 900318,  // partial, annular, total
+  kFirstMoonPhase = 900321,     // new moon, then each eighth of the way around
+  kFirstPlanetPhase = 900331,   // evening: crescent, half, gibbous, full; then the same in the morning
+  kWhereJ2000 = 900341,
+  kWhereOfDate,
+  kWhereDirection,
+  kWhereRefraction,
+  kWhereMagnitude,
+  kWhereSizeAndPhase,
+  kWhereSize,
+  kWhereRises,
+  kWhereTransit,
+  kWhereSets,
+  kWhereNoRise,
+  kWhereNoTransit,
+  kWhereNoSet,
+  kWhereStaysUp,
+  kWhereStaysDown,
+  kCurveDate = 900361,
+  kCurveMagnitude,
 };
 
 // What is done with each of them, ascending by identifier. Static data.

@@ -41,7 +41,7 @@ TEST(HostTexts, StandInEveryLanguageAndFitTheirArguments) {
       }
     }
   }
-  EXPECT_EQ(seen, 3 * 36);
+  EXPECT_EQ(seen, 3 * 87);
 }
 
 TEST(HostTexts, AreAscendingInTheRangeOfApplications) {
