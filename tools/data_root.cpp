@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "tools/catalog_files.h"
 #include "tools/catalogs.h"
 #include "tools/files.h"
 #include "tools/settings_compiler.h"
@@ -41,6 +42,29 @@ void AddCatalogs(const fs::path& source, Files& files) {
   }
 }
 
+// The files that the library's own readers open, each beside the origin of its data.
+struct CatalogFile {
+  const char* folder;  // below the data root
+  const char* name;
+  const char* extension;
+  std::string (*make)(const fs::path& source);
+  const char* origin;  // below the source folder
+};
+constexpr CatalogFile kCatalogFiles[] = {
+    {"catalogs/planets&moons", "planets&moons", ".txt", MakePlanetsAndMoons, "bodies/SOURCE.md"},
+    {"media/skyobjects/constell_images", "constell", ".dat", MakeConstellationImages, "skyobjects/SOURCE.md"},
+    {"media/skyobjects/mway_images", "mway", ".dat", MakeMilkyWayImages, "skyobjects/SOURCE.md"},
+    {"media/skyobjects/dso_images", "dsoimagestrue", ".txt", MakeDeepskyImages,
+     "skyobjects/dso_images.source.md"}};
+
+void AddCatalogFiles(const fs::path& source, Files& files) {
+  for (const CatalogFile& file : kCatalogFiles) {
+    const std::string base = std::string(file.folder) + "/" + file.name;
+    files[base + file.extension] = file.make(source);
+    files[base + ".source.md"] = ReadFile(source / file.origin);
+  }
+}
+
 // The string table of every language, and that of the default one where programs without a language look.
 void AddStrings(const fs::path& folder, const std::string& language, Files& files) {
   files[kStringTable] = MakeStringTable(folder / language / kStringTable);
@@ -73,6 +97,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "settings", "", out, files);
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
+  AddCatalogFiles(source, files);
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
   return static_cast<int>(files.size());
