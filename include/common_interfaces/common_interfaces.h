@@ -40,6 +40,7 @@
 #include "common_interfaces/render_settings.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "common_interfaces/sky_images.h"
 #include "common_interfaces/star_data.h"
 #include "common_interfaces/star_download.h"
 #include "common_interfaces/status_strings.h"
