@@ -20,6 +20,7 @@ using Action = std::function<int(std::ostream& output, std::ostream& errors)>;
 // Each declares a command, with its own subcommands and arguments, on `app`. When that command is parsed, it puts what
 // is to be done into `action`, which outlives the parser.
 void DeclareBuild(CLI::App& app, Action& action);
+void DeclareLint(CLI::App& app, Action& action);
 void DeclareSettings(CLI::App& app, Action& action);
 void DeclareStrings(CLI::App& app, Action& action);
 

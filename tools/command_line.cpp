@@ -11,7 +11,7 @@
 namespace skydata {
 namespace {
 
-constexpr void (*kCommands[])(CLI::App& app, Action& action) = {DeclareBuild, DeclareSettings,
+constexpr void (*kCommands[])(CLI::App& app, Action& action) = {DeclareBuild, DeclareLint, DeclareSettings,
                                                                 DeclareStrings};
 
 int RunAction(const Action& action, std::ostream& output, std::ostream& errors) {

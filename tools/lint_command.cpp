@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <ostream>
+
+#include "tools/command.h"
+#include "tools/command_line.h"
+#include "tools/lint.h"
+#include "tools/strings_show.h"
+
+namespace skydata {
+namespace {
+
+struct LintArguments {
+  std::string root;
+  bool isJson = false, isStrict = false;
+};
+
+int RunLint(const LintArguments& arguments, std::ostream& output, std::ostream& errors) {
+  const std::filesystem::path root =
+      arguments.root.empty() ? FindDataRoot() : std::filesystem::path(arguments.root);
+  if (!std::filesystem::is_directory(root)) {
+    errors << root.string() << ": no such folder\n";
+    return kBadUsage;
+  }
+  const LintFindings findings = Lint(root);
+  const std::string name = root.generic_string();
+  if (arguments.isJson) {
+    output << FormatFindingsAsJson(name, findings);
+  } else {
+    for (const LintFinding& finding : findings) output << FormatFinding(name, finding);
+  }
+  const bool isBad = std::any_of(findings.begin(), findings.end(), [&arguments](const LintFinding& finding) {
+    return arguments.isStrict || finding.severity == Severity::kError;
+  });
+  return isBad ? kBadData : kDone;
+}
+
+}  // namespace
+
+void DeclareLint(CLI::App& app, Action& action) {
+  const auto arguments = std::make_shared<LintArguments>();
+  CLI::App* const lint = app.add_subcommand("lint", "say what is wrong with the files of a data root");
+  lint->add_option("ROOT", arguments->root, "data root or work area; else the data root beside this program");
+  lint->add_flag("--json", arguments->isJson, "one JSON array in place of lines");
+  lint->add_flag("--strict", arguments->isStrict, "exit code 1 for warnings too");
+  lint->callback([arguments, &action] {
+    action = [arguments](std::ostream& output, std::ostream& errors) {
+      return RunLint(*arguments, output, errors);
+    };
+  });
+}
+
+}  // namespace skydata

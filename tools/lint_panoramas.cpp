@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "common_interfaces/panoramas.h"
+#include "tools/lint_rules.h"
+
+namespace skydata {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kFields = 7;
+constexpr int kMaxShort = 65535, kMaxAzimuth = 359, kNotGiven = 65535;
+
+using Bodies = std::map<std::pair<int, int>, int>;  // how many landscapes each has
+
+void CheckPicture(const LintLine& line, const TextField& field, const LintFile& file, LintReport& report) {
+  std::error_code error;
+  const fs::path folder = fs::path(file.path).parent_path();
+  if (!IsBlank(field.text) && fs::is_regular_file(folder / field.text, error)) return;
+  report.Add(LintCode::kMissingFile, line.number, field.column, "there is no file '" + field.text + "'");
+}
+
+void CheckAzimuth(const LintLine& line, const TextField& field, LintReport& report) {
+  const auto azimuth = ReadInteger({line, field, "azimuth", report});
+  if (!azimuth || *azimuth == kNotGiven || (*azimuth >= 0 && *azimuth <= kMaxAzimuth)) return;
+  report.Add(LintCode::kOutOfRange, line.number, field.column,
+             "azimuth " + std::to_string(*azimuth) + " is not from 0 to 359");
+}
+
+void CheckLine(const LintLine& line, const LintFile& file, const LintRun& run, Bodies& bodies,
+               FirstLines<std::vector<int>>& ids, LintReport& report) {
+  const auto fields = SplitAtTabs(line);
+  if (IsBlank(line.text) || !HasFields(line, fields, kFields, kFields, report)) return;
+  const auto kind = ReadKind({line, fields[0], "kind", report});
+  const auto number = ReadInteger({line, fields[1], "number", report});
+  CheckPicture(line, fields[2], file, report);
+  ReadInteger({line, fields[3], "flag", report}, 0, 1);
+  const auto id = ReadInteger({line, fields[4], "identifier", report}, 0, kMaxShort);
+  CheckAzimuth(line, fields[6], report);
+  if (!kind || !number) return;
+  ++bodies[{*kind, *number}];
+  CheckReference(run, *kind, *number, line.number, fields[1].column, report);
+  if (!id) return;
+  if (const int first = ids.Note({*kind, *number, *id}, line.number)) {
+    report.Add(LintCode::kDuplicate, line.number, fields[4].column,
+               "identifier " + std::to_string(*id) + " of " + NameObject(*kind, *number) +
+                   " stands in line " + std::to_string(first) + " already");
+  }
+}
+
+}  // namespace
+
+void LintPanoramas(const LintFile& file, LintRun& run) {
+  LintReport report(file.name, run.findings);
+  Bodies bodies;
+  FirstLines<std::vector<int>> ids;
+  for (const LintLine& line : ReadLintLines(file.bytes, {}, report)) {
+    CheckLine(line, file, run, bodies, ids, report);
+  }
+  const ReaderWatch watch;
+  const CommonInterfaces::PanoramaDesc reader(file.path.c_str());
+  AddMessages(watch, {}, report);
+  for (const auto& [body, count] : bodies) {
+    const auto* const panoramas = reader.GetPanoramas({body.first, body.second});
+    CompareCounts(panoramas ? static_cast<int>(panoramas->size()) : 0, count, report);
+  }
+}
+
+}  // namespace skydata
