@@ -15,5 +15,10 @@ std::string MakeDeepskyCatalog(const std::filesystem::path& source);
 std::string MakeConstellationCatalog(const std::filesystem::path& source);
 std::string MakeConstellationLines(const std::filesystem::path& source);
 std::string MakeMilkyWay(const std::filesystem::path& source);
+std::string MakeAsteroidCatalog(const std::filesystem::path& source);
+std::string MakeCometCatalog(const std::filesystem::path& source);
+
+// Two-line elements, as they stand in the source: docs/formats/two_line_elements.md.
+std::string MakeSatellites(const std::filesystem::path& source);
 
 }  // namespace skydata

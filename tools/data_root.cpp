@@ -32,7 +32,9 @@ constexpr Catalog kCatalogs[] = {{"stars", "stars", MakeStarCatalog},
                                  {"deepsky", "deepsky", MakeDeepskyCatalog},
                                  {"constellations", "constellations", MakeConstellationCatalog},
                                  {"constellation_lines", "constellations", MakeConstellationLines},
-                                 {"milkyway", "milkyway", MakeMilkyWay}};
+                                 {"milkyway", "milkyway", MakeMilkyWay},
+                                 {"asteroids", "orbits", MakeAsteroidCatalog},
+                                 {"comets", "orbits", MakeCometCatalog}};
 
 void AddCatalogs(const fs::path& source, Files& files) {
   for (const Catalog& catalog : kCatalogs) {
@@ -51,6 +53,7 @@ struct CatalogFile {
   const char* origin;  // below the source folder
 };
 constexpr CatalogFile kCatalogFiles[] = {
+    {"catalogs", "satellites", ".tle", MakeSatellites, "orbits/SOURCE.md"},
     {"catalogs/planets&moons", "planets&moons", ".txt", MakePlanetsAndMoons, "bodies/SOURCE.md"},
     {"media/skyobjects/constell_images", "constell", ".dat", MakeConstellationImages, "skyobjects/SOURCE.md"},
     {"media/skyobjects/mway_images", "mway", ".dat", MakeMilkyWayImages, "skyobjects/SOURCE.md"},

@@ -26,8 +26,8 @@ STATION = ("ISS (ZARYA)",
 
 # Sets that are there to go wrong: on their way down, or with elements that no satellite has.
 UNHEALTHY = {"22312", "23333", "28872", "29141", "33333", "33334", "33335"}
-# The two invented satellites of the first report on the model (1980).
-NAMES = {"5": "VANGUARD 1", "4632": "TITAN 3C TRANSTAGE DEB", "11801": "REPORT 3 TEST SDP4", "88888": "REPORT 3 TEST SGP4"}
+# Where the comment is no name. The last two are the invented satellites of the first report on the model (1980).
+NAMES = {"5": "VANGUARD 1", "4632": "1970-093B", "11801": "REPORT 3 TEST SDP4", "88888": "REPORT 3 TEST SGP4"}
 
 
 def plain(text):
