@@ -20,6 +20,8 @@ enum class LabelKind {
   kCompassBetween,
   kCaption,
   kMarker,
+  kImageFrame,
+  kRadiant,
   kPlanet,     // the Sun and the Moon too
   kSmallBody,  // asteroid or comet
   kSatellite,

@@ -121,6 +121,12 @@ std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
   return names;
 }
 
+std::string ObjectSearch::GetName(const FoundObject& object) const {
+  const auto name =
+      std::find_if(m_Names.begin(), m_Names.end(), [&object](const Name& n) { return n.object == object; });
+  return name == m_Names.end() ? "" : name->written;
+}
+
 std::string ObjectSearch::GetTitle(const FoundObject& object) const {
   std::string title, others;
   for (const auto& name : m_Names) {

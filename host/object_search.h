@@ -39,6 +39,8 @@ class ObjectSearch {
   std::optional<FoundObject> FindOne(const std::string& name, std::string& error) const;
   // Names like that one, for a name that nothing has.
   std::vector<std::string> FindNear(const std::string& name) const;
+  // Its best known name, "Sirius".
+  std::string GetName(const FoundObject& object) const;
   // "Sirius (α CMa, 9 CMa, HR 2491, HIP 32349)"
   std::string GetTitle(const FoundObject& object) const;
 

@@ -100,6 +100,11 @@ bool ObjectTests::IsFigureDrawn(int constellation) const {
                                    m_Catalogs.constellations[static_cast<std::size_t>(constellation)]));
 }
 
+bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {
+  const unsigned obstacles = FindConstellationObstacles(constellation, place) & ~static_cast<unsigned>(kKindOff);
+  return obstacles == 0 && (m_Shown.figures || m_Shown.constellationNames);
+}
+
 template <bool kFirst>
 unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
   const ConstellationName& constellation = m_Catalogs.constellations[static_cast<std::size_t>(index)];

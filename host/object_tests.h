@@ -46,6 +46,8 @@ class ObjectTests {
   bool IsConstellationNamed(int constellation, ObjectPlace& place) const {
     return TestConstellation<true>(constellation, place) == 0;
   }
+  // Whether its figure or its name is switched on and the place of the name lies in the window.
+  bool IsConstellationShown(int constellation, ObjectPlace& place) const;
   // Whether its figure is drawn where it stands in the window.
   bool IsFigureDrawn(int constellation) const;
 

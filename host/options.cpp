@@ -46,6 +46,13 @@ constexpr OptionText kSet = {"--set", "SECTION.FIELD=VALUE",
                              "given again"};
 constexpr OptionText kFavourite = {"--favourite", "NAME",
                                    "show only favourites of the kind of this object; may be given again"};
+constexpr OptionText kFavourites = {"--favourites", "show|add=NAME|remove=NAME",
+                                    "the list of favourites in the work area, whose objects the picture marks: "
+                                    "print it and draw nothing, or change it; may be given again"};
+constexpr OptionText kFramesOf = {"--frames-of", "constellations|deepsky|milkyway[,...]",
+                                  "draw the outlines of these images of the sky; may be given again"};
+constexpr OptionText kBody = {"--body", "NAME",
+                              "print what is known of this planet or moon, and draw nothing"};
 constexpr OptionText kSaveSettings = {"--save-settings", "FILE",
                                       "keep the settings of this run in this file, in place of those there"};
 constexpr OptionText kWhy = {"--why", "NAME",
@@ -87,9 +94,10 @@ struct BadOption {
 // The texts as they stand on the command line, before any is looked at.
 struct Texts {
   std::string data, work, language, view, saveView, time, zone, place, look, zoom, size;
-  std::string settings, saveSettings, why;
+  std::string settings, saveSettings, why, body;
   std::string movingType, home, play, frames, contactSheet, session, saveSession;
-  std::vector<std::string> out, set, favourites, markers;
+  std::vector<std::string> out, set, favourites, markers, favouriteActions, framesOf;
+  bool showers = false;
 };
 
 void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
@@ -111,6 +119,11 @@ void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
   add(kSettings, texts.settings);
   add(kSet, texts.set)->expected(1)->take_all();
   add(kFavourite, texts.favourites)->expected(1)->take_all();
+  add(kFavourites, texts.favouriteActions)->expected(1)->take_all();
+  add(kFramesOf, texts.framesOf)->expected(1)->take_all();
+  add(kBody, texts.body);
+  app.add_flag("--showers", texts.showers,
+               "list the meteor showers active on the day of the view, and draw their radiants");
   add(kSaveSettings, texts.saveSettings);
   add(kWhy, texts.why);
   add(kMovingTypeOption, texts.movingType);
@@ -183,6 +196,21 @@ void TakeMotion(const CLI::App& app, const Texts& texts, Options& options) {
   TakeMarkers(texts.markers, options);
 }
 
+void TakeCatalogRequests(const CLI::App& app, const Texts& texts, Options& options) {
+  for (const auto& text : texts.favouriteActions) {
+    const auto action = ParseFavouriteAction(text);
+    if (!action) ThrowBadValue(kFavourites, text);
+    options.favouriteActions.push_back(*action);
+  }
+  for (const auto& text : texts.framesOf) {
+    const auto groups = ParseImageGroups(text);
+    if (!groups) ThrowBadValue(kFramesOf, text);
+    options.framesOf |= *groups;
+  }
+  Take(app, kBody, texts.body, options.body, ParseName);
+  options.showers = texts.showers;
+}
+
 // Options that make no sense with or without each other.
 void CheckTogether(const Options& options) {
   if (options.play.has_value() != options.frames.has_value()) {
@@ -193,6 +221,12 @@ void CheckTogether(const Options& options) {
     throw BadOption{"--play: wants --out NAME%03d.png or --contact-sheet FILE.png beside it"};
   }
   if (options.play && options.listLimits) throw BadOption{"--play: draws, which --list-limits does not"};
+  if (options.play && (options.body || WantsFavouritesShown(options.favouriteActions))) {
+    throw BadOption{std::string("--play: draws, which ") +
+                    (options.body ? "--body" : "--favourites show") + " does not"};
+  }
+  if (!options.favouriteActions.empty() && !options.work)
+    throw BadOption{"--favourites: wants --work FOLDER, where the list is kept"};
   if (options.session && options.view) throw BadOption{"--session: holds a view, wants no --view beside it"};
   if (options.session && options.settings)
     throw BadOption{"--session: holds settings, wants no --settings beside it"};
@@ -225,6 +259,7 @@ Options Read(const CLI::App& app, const Texts& texts) {
   options.sizeGiven = size.has_value();
   options.languageGiven = language.has_value();
   options.timeText = texts.time;
+  TakeCatalogRequests(app, texts, options);
   TakeMotion(app, texts, options);
   TakePictures(texts.out, options);
   return options;

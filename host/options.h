@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/catalog_requests.h"
 #include "host/language.h"
 #include "host/motion_values.h"
 #include "host/option_values.h"
@@ -33,7 +34,11 @@ struct Options {
   std::optional<std::string> settings;      // file with own settings
   std::optional<std::string> saveSettings;  // file to keep them in
   std::vector<std::string> set;             // changes of settings, in their order
-  std::vector<std::string> favourites;      // names of objects
+  std::vector<std::string> favourites;      // names of objects that the filters let pass
+  std::vector<FavouriteAction> favouriteActions;  // on the user's list, in their order
+  unsigned framesOf = 0;                    // a combination of ImageGroup
+  bool showers = false;
+  std::optional<std::string> body;          // name of a planet or moon
   std::optional<std::string> why;           // name of an object
   bool listLimits = false;
   std::optional<MovingType> movingType;

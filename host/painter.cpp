@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "host/caption.h"
+#include "host/painter_overlays.h"
 #include "host/painter_parts.h"
 
 namespace skyview {
@@ -185,12 +186,15 @@ void PaintFrame(const SkyFrame& frame, cairo_t* context) {
   PaintMilkyWay(frame, context);
   PaintHaze(frame, context);
   PaintFigures(frame, context);
+  PaintImageFrames(frame, context);
   PaintGround(frame, context);
   for (const auto& drawn : frame.GetDeepsky()) PaintDeepskySymbol(frame, drawn, context);
   // The faintest first, so that a bright star lies over its neighbours.
   for (auto star = frame.GetStars().rbegin(); star != frame.GetStars().rend(); ++star) {
     PaintStar(frame, *star, context);
   }
+  PaintRadiants(frame, context);
+  PaintFavouriteMarks(frame, context);
   if (frame.GetCaptionLineCount() > 0) PaintCaptionGround(frame, context);
   PaintCompassMarks(frame, context);
   if (!frame.GetMarkers().empty()) PaintMarkers(frame, context);

@@ -86,6 +86,10 @@ Colour LabelColour(LabelKind kind) {
       return WithOpacity(kAccent, 0.75);
     case LabelKind::kMarker:
       return kMark;
+    case LabelKind::kImageFrame:
+      return {0.70, 0.80, 0.90, 0.90};
+    case LabelKind::kRadiant:
+      return kRadiantColour;
     case LabelKind::kPlanet:
       return {1.00, 0.90, 0.68, 0.98};
     case LabelKind::kSmallBody:

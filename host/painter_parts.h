@@ -17,6 +17,7 @@ struct Colour {
 
 inline constexpr Colour kMark = {0.56, 0.93, 0.62, 0.95};   // of the user's markers
 inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};  // of the compass points
+inline constexpr Colour kRadiantColour = {1.00, 0.72, 0.62, 0.95};  // of meteor showers
 
 inline void SetColour(const Colour& colour, cairo_t* context) {
   cairo_set_source_rgba(context, colour.red, colour.green, colour.blue, colour.opacity);

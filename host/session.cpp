@@ -40,7 +40,10 @@ constexpr const char* kDataFiles[] = {kSettingsFile,
                                       "catalogs:constellations.txt",
                                       "catalogs:constellation_lines.txt",
                                       "catalogs:milkyway.txt",
-                                      "media:time_interval.ini"};
+                                      "media:time_interval.ini",
+                                      "media:skyobjects:constell_images:constell.dat",
+                                      "media:skyobjects:dso_images:dsoimagestrue.txt",
+                                      "media:skyobjects:mway_images:mway.dat"};
 
 // The keys of the camera record (docs/formats/camera_record.md), to show them by name.
 constexpr const char* kCameraKeys[] = {"m_FinderSize",
@@ -192,6 +195,8 @@ bool LoadSession(Options& options, std::string& error) {
   if (!options.languageGiven) options.language = capsule.language;
   if (!options.sizeGiven) options.size = capsule.size;
   options.markers.insert(options.markers.begin(), capsule.markers.begin(), capsule.markers.end());
+  options.framesOf |= capsule.framesOf;
+  options.showers |= capsule.showers;
   options.capsule = std::move(capsule);
   return true;
 }
@@ -242,7 +247,8 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
 }
 
 bool SaveSession(const std::string& path, const Options& options, SettingsData& settings,
-                 const SkyMarkers& markers, Camera& camera, std::string& error) {
+                 const SkyMarkers& markers, const std::vector<SSO_ID>& marks, Camera& camera,
+                 std::string& error) {
   SessionCapsule capsule;
   capsule.language = options.language;
   capsule.size = options.size;
@@ -256,6 +262,11 @@ bool SaveSession(const std::string& path, const Options& options, SettingsData& 
   capsule.settings = FindChanges(settings, defaults);
   capsule.favourites = FindFavourites(settings);
   capsule.markers = markers.GetMarks();
+  for (const auto& mark : marks) {
+    if (IsNameableKind(mark.kind)) capsule.marks.push_back({mark.kind, mark.number});
+  }
+  capsule.framesOf = options.framesOf;
+  capsule.showers = options.showers;
   for (const char* name : kDataFiles) {
     if (const auto checksum = FindChecksum(name)) capsule.data.push_back({name, *checksum});
   }

@@ -14,8 +14,8 @@
 
 namespace skyview {
 
-// Reads the session that the options name into them: language, size and markers where no option says otherwise, the
-// rest as `capsule`. False when the file cannot be read or is damaged: `options` are then unchanged and `error` is one
+// Reads the session that the options name into them: language, size, markers, outlines and showers where no option says
+// otherwise, the rest as `capsule`. False when the file cannot be read or is damaged: `options` are then unchanged and `error` is one
 // line that names the file.
 bool LoadSession(Options& options, std::string& error);
 
@@ -33,8 +33,9 @@ bool RestoreCamera(const SessionCapsule& capsule, CommonInterfaces::Camera& came
 std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const std::string& language);
 
 // Saves the session that is shown, in place of the file. The roots and language are those of the run. False when that
-// fails: `error` is then one line that names the file, and the file is as it was.
+// fails: `error` is then one line that names the file, and the file is as it was. `marks`: the objects that are marked.
 bool SaveSession(const std::string& path, const Options& options, CommonInterfaces::SettingsData& settings,
-                 const SkyMarkers& markers, CommonInterfaces::Camera& camera, std::string& error);
+                 const SkyMarkers& markers, const std::vector<SSO_ID>& marks,
+                 CommonInterfaces::Camera& camera, std::string& error);
 
 }  // namespace skyview

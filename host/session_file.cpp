@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/session_file.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "host/checksum.h"
@@ -46,7 +47,10 @@ class SessionReader {
     if (word == "size") return TakeSize(value);
     if (word == "view") return TakeView(value);
     if (word == "set") return TakeInto(value, m_Capsule.settings);
-    if (word == "favourite") return TakeFavourite(value);
+    if (word == "favourite") return TakeFavourite(value, m_Capsule.favourites);
+    if (word == "mark") return TakeFavourite(value, m_Capsule.marks);
+    if (word == "frames-of") return TakeFrames(value);
+    if (word == "showers") return TakeShowers(value);
     if (word == "marker") return TakeMarker(value);
     return word == "data" && TakeData(value);
   }
@@ -76,7 +80,19 @@ class SessionReader {
     return value.find('=') != std::string_view::npos && TakeInto(value, m_Capsule.view);
   }
 
-  bool TakeFavourite(std::string_view value) {
+  bool TakeFrames(std::string_view value) {
+    const auto groups = ParseImageGroups(value);
+    if (!groups || m_Capsule.framesOf != 0) return false;
+    m_Capsule.framesOf = *groups;
+    return true;
+  }
+
+  bool TakeShowers(std::string_view value) {
+    if (value != "on" || m_Capsule.showers) return false;
+    return m_Capsule.showers = true;
+  }
+
+  static bool TakeFavourite(std::string_view value, std::vector<SessionFavourite>& list) {
     const auto blank = value.find(' ');
     if (blank == std::string_view::npos) return false;
     SessionFavourite favourite;
@@ -84,7 +100,7 @@ class SessionReader {
     const auto number = value.substr(blank + 1);
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), favourite.number);
     if (favourite.kind == -1 || error != std::errc() || end != number.data() + number.size()) return false;
-    m_Capsule.favourites.push_back(favourite);
+    list.push_back(favourite);
     return true;
   }
 
@@ -116,11 +132,21 @@ std::string WithoutControls(std::string text) {
   return text;
 }
 
+std::string FormatFavourite(const SessionFavourite& favourite) {
+  return GetCodeText(favourite.kind) + " " + std::to_string(favourite.number);
+}
+
 void AppendLine(const char* word, const std::string& value, std::string& text) {
   if (!value.empty()) text += std::string(word) + " " + WithoutControls(value) + "\n";
 }
 
 }  // namespace
+
+bool IsNameableKind(int kind) {
+  const std::string text = GetCodeText(kind);
+  return GetFOURCC(text.c_str()) == kind && kind != -1 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) > ' '; });
+}
 
 std::string FormatSession(const SessionCapsule& capsule) {
   std::string text(kFirstLine);
@@ -132,8 +158,11 @@ std::string FormatSession(const SessionCapsule& capsule) {
   for (const auto& value : capsule.view) AppendLine("view", value, text);
   for (const auto& change : capsule.settings) AppendLine("set", change, text);
   for (const auto& favourite : capsule.favourites) {
-    AppendLine("favourite", GetCodeText(favourite.kind) + " " + std::to_string(favourite.number), text);
+    AppendLine("favourite", FormatFavourite(favourite), text);
   }
+  for (const auto& mark : capsule.marks) AppendLine("mark", FormatFavourite(mark), text);
+  AppendLine("frames-of", FormatImageGroups(capsule.framesOf), text);
+  AppendLine("showers", capsule.showers ? "on" : "", text);
   for (const auto& marker : capsule.markers) {
     AppendLine(
         "marker",

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/catalog_requests.h"
 #include "host/motion_values.h"
 #include "host/option_values.h"
 
@@ -17,6 +18,9 @@ struct SessionFavourite {
   int kind = 0;  // four-character code
   int number = 0;
 };
+
+// Whether a line can name the kind: four characters without a blank or a control character among them.
+bool IsNameableKind(int kind);
 
 // A file of the data root, by its logical name, and the checksum of its bytes.
 struct DataVersion {
@@ -32,7 +36,10 @@ struct SessionCapsule {
   std::vector<std::string> view;      // of the camera record, each KEY=VALUE[,VALUE...]
   std::vector<std::string> settings;  // what differs from the defaults, as --set takes it
   std::vector<SessionFavourite> favourites;
-  std::vector<SkyMark> markers;  // each with its identifier
+  std::vector<SkyMark> markers;         // each with its identifier
+  std::vector<SessionFavourite> marks;  // objects that the picture marks as favourites
+  unsigned framesOf = 0;                // a combination of ImageGroup
+  bool showers = false;
   std::vector<DataVersion> data;
 };
 

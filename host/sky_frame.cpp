@@ -7,7 +7,7 @@
 namespace skyview {
 
 SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
-    : m_Catalogs(catalogs), m_MilkyWay(catalogs), m_Figures(catalogs), m_Objects(catalogs) {}
+    : m_Catalogs(catalogs), m_MilkyWay(catalogs), m_Figures(catalogs), m_Objects(catalogs), m_FavouriteMarks(catalogs) {}
 
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
@@ -24,6 +24,9 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   m_Horizon.Compute(geometry, shown.horizon && observer.horizon, shown.compass && observer.horizon, m_Labels);
   m_Figures.Compute(geometry, observer, tests);
   m_Objects.Compute(geometry, tests);
+  m_FavouriteMarks.Compute(geometry, tests, m_Labels);
+  m_Radiants.Compute(geometry, observer, tests, m_Labels);
+  m_ImageFrames.Compute(geometry, observer, m_Labels);
   m_Objects.PlaceLabels(geometry, tests, m_Labels);
   m_Figures.PlaceNames(geometry, tests, shown.englishNames, m_Labels);
 }

@@ -9,11 +9,14 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/marker_info.h"
 #include "host/caption.h"
+#include "host/favourite_marks.h"
+#include "host/image_frames.h"
 #include "host/labels.h"
 #include "host/marker_marks.h"
 #include "host/milky_way_picture.h"
 #include "host/object_filter.h"
 #include "host/observer_frame.h"
+#include "host/shower_radiants.h"
 #include "host/shown_kinds.h"
 #include "host/sky_catalogs.h"
 #include "host/sky_figures.h"
@@ -39,12 +42,18 @@ class SkyFrame {
 
   // Takes the letters of the compass from the string table, as the construction does. To be called when the language
   // has changed.
-  void FetchTexts() { m_Horizon.FetchTexts(); }
+  void FetchTexts() { m_Horizon.FetchTexts();
+    m_Radiants.FetchTexts(); }
 
   // The camera's markers, placed by UpdateOIMarkers, for the next frame. Allocates only for more markers than before.
   void SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& markers) {
     m_Markers.SetMarkers(markers);
   }
+
+  // What is shown besides the catalogs' objects, for the frames that follow. Nothing at first.
+  FavouriteMarks& GetFavouriteMarks() { return m_FavouriteMarks; }
+  ImageFrames& GetImageFrames() { return m_ImageFrames; }
+  ShowerRadiants& GetRadiants() { return m_Radiants; }
 
   // The camera must be prepared (PrepareObserver) for the same moment.
   void Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer, const ShownKinds& shown,
@@ -63,6 +72,9 @@ class SkyFrame {
   const RegionPicture& GetGround() const { return m_Horizon.GetGround(); }
   const std::vector<CompassMark>& GetCompass() const { return m_Horizon.GetCompass(); }
   const std::vector<DrawnMarker>& GetMarkers() const { return m_Markers.GetDrawn(); }
+  const FavouriteMarks& GetFavouriteMarks() const { return m_FavouriteMarks; }
+  const ImageFrames& GetImageFrames() const { return m_ImageFrames; }
+  const ShowerRadiants& GetRadiants() const { return m_Radiants; }
   bool IsPoolExhausted() const { return m_Objects.IsPoolExhausted(); }
 
  private:
@@ -76,6 +88,9 @@ class SkyFrame {
   SkyHorizon m_Horizon;
   SkyFigures m_Figures;
   SkyObjects m_Objects;
+  FavouriteMarks m_FavouriteMarks;
+  ImageFrames m_ImageFrames;
+  ShowerRadiants m_Radiants;
 };
 
 }  // namespace skyview

@@ -5,8 +5,10 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/string_table.h"
+#include "host/body_report.h"
 #include "host/caption.h"
 #include "host/diagnostics.h"
+#include "host/favourite_list.h"
 #include "host/favourites.h"
 #include "host/frame_maker.h"
 #include "host/homes.h"
@@ -14,11 +16,13 @@
 #include "host/language.h"
 #include "host/object_search.h"
 #include "host/options.h"
+#include "host/picture_extras.h"
 #include "host/picture_file.h"
 #include "host/report.h"
 #include "host/sequence.h"
 #include "host/session.h"
 #include "host/settings_options.h"
+#include "host/shower_report.h"
 #include "host/sky_frame.h"
 #include "host/sky_roots.h"
 #include "host/status.h"
@@ -59,6 +63,7 @@ struct Session {
   SkyCatalogs catalogs;
   ObjectFilters filters;
   SkyMarkers markers;
+  std::vector<SSO_ID> marks;  // objects that the picture marks
 };
 
 // The object that --why asks about.
@@ -87,12 +92,9 @@ ViewResult SetUpSettings(const Options& options, SettingsData& settings, Diagnos
   return result;
 }
 
-// Loads the catalogs and finds the objects that the options name.
-bool FindNamedObjects(const Options& options, Session& session, std::optional<Question>& question,
-                      std::string& error) {
-  if (!LoadSkyCatalogs(session.catalogs, error)) return false;
-  if (options.favourites.empty() && !options.why) return true;
-  const ObjectSearch search(session.catalogs);
+// Finds the objects of --favourite and --why.
+bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, Session& session,
+                            std::optional<Question>& question, std::string& error) {
   for (const auto& name : options.favourites) {
     const auto found = search.FindOne(name, error);
     if (!found) {
@@ -110,6 +112,18 @@ bool FindNamedObjects(const Options& options, Session& session, std::optional<Qu
   return false;
 }
 
+// Loads the catalogs and finds the objects that the options name. The user's list is changed last, when nothing else is
+// wrong with them.
+bool FindNamedObjects(const Options& options, Session& session, std::optional<Question>& question,
+                      std::string& error) {
+  if (!LoadSkyCatalogs(session.catalogs, error)) return false;
+  std::optional<ObjectSearch> search;
+  if (!options.favourites.empty() || options.why || !options.favouriteActions.empty())
+    search.emplace(session.catalogs);
+  if (search && !FindFiltersAndQuestion(options, *search, session, question, error)) return false;
+  return FindMarks(options, search ? &*search : nullptr, session.catalogs, session.marks, error);
+}
+
 bool KeepSettings(const Options& options, Session& session, std::string& error) {
   return !options.saveSettings || SaveSettings(session.settings, *options.saveSettings, error);
 }
@@ -119,7 +133,8 @@ bool KeepView(const Options& options, Session& session, Diagnostics& diagnostics
   if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
   if (options.home == HomeAction::kStore && !StoreHome(session.camera, diagnostics, error)) return false;
   if (options.saveSession &&
-      !SaveSession(*options.saveSession, options, session.settings, session.markers, session.camera, error)) {
+      !SaveSession(*options.saveSession, options, session.settings, session.markers, session.marks, session.camera,
+                   error)) {
     return false;
   }
   return KeepSettings(options, session, error);
@@ -142,6 +157,7 @@ bool Draw(const Options& options, Session& session, const std::optional<Question
   maker.Prepare();
   const auto status = MakeStatus(session.camera, session.catalogs);
   SkyFrame& frame = maker.GetFrame();
+  if (!SetUpExtras(options, session.marks, frame, error)) return false;
   frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
   maker.Compute();
   if (!WritePictures(options, frame, error)) return false;
@@ -153,6 +169,7 @@ bool Draw(const Options& options, Session& session, const std::optional<Question
     text = FormatExplanation(question->title, Explain(question->object, view));
   } else {
     text = MakeReport(session.camera, status, frame);
+    if (options.showers) text += MakeShowerReport(session.camera, maker.GetObserver(), LoadShowers());
   }
   if (options.play && !DrawSequence(options, session.camera, maker, error)) return false;
   output << text;
@@ -166,8 +183,14 @@ int FinishShow(const Diagnostics& diagnostics, std::ostream& errors) {
 
 int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
   QX4Strings::SetProgrmaNameId(kProgramNameText);
-  Session session;
   std::string error;
+  if (options.body) {
+    const auto text = DescribeBody(*options.body, diagnostics, error);
+    if (!text) return Fail(error, kBadData, errors);
+    output << *text;
+    return FinishShow(diagnostics, errors);
+  }
+  Session session;
   const ViewResult set = SetUpSettings(options, session.settings, diagnostics);
   if (set.failure != Failure::kNone) return Fail(set.message, CodeOf(set.failure), errors);
   session.camera.CreateDefault();
@@ -181,9 +204,14 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
     return FinishShow(diagnostics, errors);
   }
   std::optional<Question> question;
-  const bool wantsCatalogs = !options.listLimits || !options.favourites.empty();
+  const bool wantsCatalogs =
+      !options.listLimits || !options.favourites.empty() || !options.favouriteActions.empty();
   if (wantsCatalogs && !FindNamedObjects(options, session, question, error))
     return Fail(error, kBadData, errors);
+  if (WantsFavouritesShown(options.favouriteActions)) {
+    output << FormatFavourites(ReadFavourites());
+    return FinishShow(diagnostics, errors);
+  }
   if (options.listLimits) {
     if (!KeepSettings(options, session, error)) return Fail(error, kBadData, errors);
     output << MakeLimitsTable(session.camera);

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/why.h"
 
-#include <cmath>
 #include <optional>
 
 #include "astro/vectors.h"
 #include "host/filter_text.h"
 #include "host/object_tests.h"
 #include "host/option_values.h"
+#include "host/standing.h"
 #include "host/text_format.h"
 #include "host/zoom_search.h"
 #include "utils/text.h"
@@ -87,21 +87,6 @@ std::string DescribeFaintness(const Case& object, const ClassLimits& limits, con
   return Format("too faint at zoom %.4g: the limit is magnitude %.2f, its magnitude %.2f; ",
                 view.camera.GetZoom(), MagnitudeOfCode(limits.draw), MagnitudeOfCode(*object.code)) +
          DescribeZoom(object, LimitOf::kDrawing, view.camera);
-}
-
-// Where an object stands, degrees: azimuth from north over east, without a horizon the longitude along the plane.
-struct Standing {
-  double azimuth, altitude;
-};
-
-Standing FindStanding(const Direction& apparent, const ObserverFrame& observer) {
-  double v[3], longitude = 0.0, latitude = 0.0;
-  MV3prod(observer.reduction, apparent.v, v);
-  psf(v, 1.0, longitude, latitude);
-  // A hair below the full turn would be printed as 360.0.
-  const double turned = observer.horizon ? std::fmod(2.0 * kPi - longitude, 2.0 * kPi) : longitude;
-  const double azimuth = turned / kRadiansPerDegree;
-  return {azimuth >= 359.95 ? 0.0 : azimuth, latitude / kRadiansPerDegree};
 }
 
 std::string DescribeOutside(const Case& object, const ViewGeometry& geometry, const ShownView& view) {
