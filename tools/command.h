@@ -22,6 +22,7 @@ using Action = std::function<int(std::ostream& output, std::ostream& errors)>;
 void DeclareBuild(CLI::App& app, Action& action);
 void DeclareLint(CLI::App& app, Action& action);
 void DeclareSettings(CLI::App& app, Action& action);
+void DeclareShow(CLI::App& app, Action& action);
 void DeclareStrings(CLI::App& app, Action& action);
 
 }  // namespace skydata

@@ -12,7 +12,7 @@ namespace skydata {
 namespace {
 
 constexpr void (*kCommands[])(CLI::App& app, Action& action) = {DeclareBuild, DeclareLint, DeclareSettings,
-                                                                DeclareStrings};
+                                                                DeclareShow, DeclareStrings};
 
 int RunAction(const Action& action, std::ostream& output, std::ostream& errors) {
   try {

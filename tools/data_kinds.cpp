@@ -58,7 +58,7 @@ bool IsOfOthers(const std::string& name) {
 
 const std::vector<DataKindName>& GetDataKindNames() {
   static const std::vector<DataKindName> kNames = {
-      {DataKind::kStrings, "strings"},
+      {DataKind::kStrings, "showers"},
       {DataKind::kSettings, "settings"},
       {DataKind::kYearLimits, "year-limits"},
       {DataKind::kCatalogTable, "catalog"},

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+#include <ostream>
+
+#include "tools/command.h"
+#include "tools/command_line.h"
+#include "tools/files.h"
+#include "tools/settings_text_writer.h"
+#include "tools/show_files.h"
+
+namespace skydata {
+namespace {
+
+struct ShowArguments {
+  std::string file;
+  DataKind kind = DataKind::kUnknown;
+  bool isJson = false;
+};
+
+ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string& bytes) {
+  using Show = ShownTable (*)(const std::string&);
+  static const std::map<DataKind, Show> kShows = {
+      {DataKind::kSettings, ShowSettings},     {DataKind::kYearLimits, ShowYearLimits},
+      {DataKind::kCatalogTable, ShowCatalog},  {DataKind::kTwoLineElements, ShowTwoLineElements},
+      {DataKind::kPlanets, ShowPlanets},       {DataKind::kObservationTimes, ShowObservationTimes},
+      {DataKind::kArticles, ShowArticles},     {DataKind::kDistances, ShowDistances},
+      {DataKind::kFlightList, ShowFlightList}, {DataKind::kConstellationImages, ShowImages},
+      {DataKind::kMilkyWayImages, ShowImages}, {DataKind::kDeepskyImages, ShowDeepskyImages},
+      {DataKind::kPanoramas, ShowPanoramas},   {DataKind::kFavourites, ShowList},
+      {DataKind::kChosen, ShowList},           {DataKind::kSelection, ShowList}};
+  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(bytes);
+}
+
+bool CanShow(DataKind kind) {
+  for (const DataKindName& known : GetDataKindNames()) {
+    if (known.kind == kind) return true;
+  }
+  return false;
+}
+
+int RunShow(const ShowArguments& arguments, std::ostream& output, std::ostream& errors) {
+  const std::string name = std::filesystem::path(arguments.file).generic_string();
+  const DataKind kind = arguments.kind == DataKind::kUnknown ? KindOfName(name) : arguments.kind;
+  if (!CanShow(kind)) {
+    errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
+    return kBadUsage;
+  }
+  const std::string bytes = ReadFile(arguments.file);
+  if (kind == DataKind::kSettings && !arguments.isJson) {
+    WriteSettingsText(ReadSettingsFile(bytes, FieldNames()), output);
+    return kDone;
+  }
+  const ShownTable table = ShowFileOf(kind, arguments.file, bytes);
+  output << (arguments.isJson ? FormatTableAsJson(table) : FormatTable(table));
+  if (table.unreadable == 0) return kDone;
+  errors << arguments.file << ": " << table.unreadable << " records cannot be read (skydata lint says why)\n";
+  return kBadData;
+}
+
+}  // namespace
+
+void DeclareShow(CLI::App& app, Action& action) {
+  const auto arguments = std::make_shared<ShowArguments>();
+  std::map<std::string, DataKind> kinds;
+  std::string names;
+  for (const DataKindName& known : GetDataKindNames()) {
+    kinds[known.name] = known.kind;
+    names += (names.empty() ? "" : "|") + std::string(known.name);
+  }
+  CLI::App* const show = app.add_subcommand("show", "print a data file, one line a record");
+  show->add_option("FILE", arguments->file, "file of a data root or a work area")->required();
+  show->add_option("--as", arguments->kind, "what the file is; else its name says it")
+      ->transform(CLI::CheckedTransformer(kinds))
+      ->type_name(names);
+  show->add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
+  show->callback([arguments, &action] {
+    action = [arguments](std::ostream& output, std::ostream& errors) {
+      return RunShow(*arguments, output, errors);
+    };
+  });
+}
+
+}  // namespace skydata
