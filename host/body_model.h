@@ -14,7 +14,8 @@ namespace skyview {
 struct BodyState {
   bool known = false;  // the model tells where it is; else nothing below holds
   ObservedBody seen;
-  float code = 0.0f;  // magnitude code, (magnitude + 2) * 10; that of kUnknownStarMagnitude when there is none
+  float code =
+      0.0f;  // magnitude code, (magnitude + 2) * 10; that of kUnknownStarMagnitude when there is none
 };
 
 // The bodies of one moment as an observer on the Earth sees them. The elements of all bodies are handed to the model

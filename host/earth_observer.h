@@ -10,9 +10,9 @@ namespace skyview {
 
 // A moment with what the models ask for.
 struct SkyMoment {
-  int day = 2451545;         // Julian day number and fraction, Universal Time
-  double fraction = 0.0;     // [-0.5, 0.5)
-  double deltaT = 0.0;       // TT - UT1, seconds
+  int day = 2451545;      // Julian day number and fraction, Universal Time
+  double fraction = 0.0;  // [-0.5, 0.5)
+  double deltaT = 0.0;    // TT - UT1, seconds
   double julianDateTT = 0.0;
 };
 

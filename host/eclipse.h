@@ -10,7 +10,13 @@
 namespace skyview {
 
 enum class LunarEclipse { kNone, kPenumbral, kPartial, kTotal };
-enum class SolarEclipse { kNone, kElsewhere, kPartial, kAnnular, kTotal };  // kElsewhere: not seen from the place
+enum class SolarEclipse {
+  kNone,
+  kElsewhere,
+  kPartial,
+  kAnnular,
+  kTotal
+};  // kElsewhere: not seen from the place
 
 // Fills the shadow lists of the Moon and the Earth for each frame. The lists are made once and stay in the map, empty
 // while no shadow falls; a frame allocates nothing.

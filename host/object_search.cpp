@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "common_interfaces/planets_and_moons.h"
 #include "host/field_ids.h"
 #include "host/name_key.h"
 #include "host/name_list.h"
@@ -23,6 +24,8 @@ std::string Numbered(const char* catalog, const CatalogTable& table, int field) 
 int GetKind(const FoundObject& object, const SkyCatalogs& catalogs) {
   if (object.group == ObjectGroup::kStar) return FourCC("star");
   if (object.group == ObjectGroup::kConstellation) return FourCC("cnst");
+  if (object.group == ObjectGroup::kBody)
+    return catalogs.bodies[static_cast<std::size_t>(object.index)].id.kind;
   return catalogs.deepsky[static_cast<std::size_t>(object.index)].kind;
 }
 
@@ -30,12 +33,14 @@ int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs) {
   const auto index = static_cast<std::size_t>(object.index);
   if (object.group == ObjectGroup::kStar) return catalogs.stars.GetNumber(object.index);
   if (object.group == ObjectGroup::kConstellation) return GetTraits(catalogs.constellations[index]).number;
+  if (object.group == ObjectGroup::kBody) return catalogs.bodies[index].id.number;
   return catalogs.deepsky[index].number;
 }
 
 ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) {
   AddStars(catalogs);
   AddDeepsky(catalogs);
+  AddBodies(catalogs);
   for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
     const auto& constellation = catalogs.constellations[i];
     for (const auto& name : {constellation.name, constellation.abbreviation, constellation.englishName}) {
@@ -64,6 +69,18 @@ void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
     Add(Numbered("M ", table, fields::kMessierNumber), object);
     Add(FieldText(table, fields::kNGC_ICnumber), object);
     Add(FieldText(table, fields::kProperName), object);
+  }
+}
+
+// The list of planets and moons has English names; its moons other than ours have no place in the model.
+void ObjectSearch::AddBodies(const SkyCatalogs& catalogs) {
+  const CommonInterfaces::PlanetMoonDescription description;
+  for (int i = 0; i < static_cast<int>(catalogs.bodies.size()); ++i) {
+    const SkyBody& body = catalogs.bodies[i];
+    for (const auto& name : body.names) Add(name, {ObjectGroup::kBody, i});
+    if (body.hasElements) continue;
+    Add(GetBodyLabel(body), {ObjectGroup::kBody, i});
+    if (const char* name = description.GetObjectName(body.id)) Add(name, {ObjectGroup::kBody, i});
   }
 }
 

@@ -10,7 +10,7 @@
 
 namespace skyview {
 
-enum class ObjectGroup { kStar, kDeepsky, kConstellation };
+enum class ObjectGroup { kStar, kDeepsky, kConstellation, kBody };
 
 // An object of the catalogs by its index there.
 struct FoundObject {
@@ -25,8 +25,9 @@ int GetKind(const FoundObject& object, const SkyCatalogs& catalogs);
 int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
 
 // Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491", "HIP
-// 32349", "M 31", "NGC 224", constellations in Latin and English. Upper and lower case, accents, blanks and
-// punctuation do not matter.
+// 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as the list of
+// bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or catalogue number. Upper
+// and lower case, accents, blanks and punctuation do not matter.
 class ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
@@ -53,6 +54,7 @@ class ObjectSearch {
   void Add(const std::string& written, const FoundObject& object);
   void AddStars(SkyCatalogs& catalogs);
   void AddDeepsky(SkyCatalogs& catalogs);
+  void AddBodies(const SkyCatalogs& catalogs);
   std::vector<FoundObject> FindKey(const std::string& key) const;
 
   std::vector<Name> m_Names;  // those of one object together, the best known first

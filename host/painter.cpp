@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "host/caption.h"
+#include "host/painter_bodies.h"
 #include "host/painter_overlays.h"
 #include "host/painter_parts.h"
 
@@ -187,12 +188,14 @@ void PaintFrame(const SkyFrame& frame, cairo_t* context) {
   PaintHaze(frame, context);
   PaintFigures(frame, context);
   PaintImageFrames(frame, context);
-  PaintGround(frame, context);
+  PaintOrbits(frame, context);
   for (const auto& drawn : frame.GetDeepsky()) PaintDeepskySymbol(frame, drawn, context);
   // The faintest first, so that a bright star lies over its neighbours.
   for (auto star = frame.GetStars().rbegin(); star != frame.GetStars().rend(); ++star) {
     PaintStar(frame, *star, context);
   }
+  PaintBodies(frame, context);
+  PaintGround(frame, context);
   PaintRadiants(frame, context);
   PaintFavouriteMarks(frame, context);
   if (frame.GetCaptionLineCount() > 0) PaintCaptionGround(frame, context);

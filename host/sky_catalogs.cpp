@@ -182,6 +182,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   FillFigures(table, catalogs);
   if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
   FillMilkyWay(table, catalogs);
+  catalogs.bodies = LoadBodies();
   return true;
 }
 

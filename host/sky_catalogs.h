@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/bodies.h"
 #include "host/catalog_table.h"
 #include "host/directions.h"
 #include "host/object_traits.h"
@@ -57,12 +58,13 @@ struct SkyCatalogs {
   std::vector<FigureStroke> figures;
   std::vector<ConstellationName> constellations;
   std::vector<Direction> milkyWayPoints;
-  std::vector<MilkyWayRing> milkyWay;    // by level
+  std::vector<MilkyWayRing> milkyWay;  // by level
+  BodyList bodies;
   CatalogTable starTable, deepskyTable;  // for what no frame needs, such as all the names of an object
 };
 
-// Reads the five tables below "catalogs:". False when one is missing or is no table: `error` is then one line that
-// names the file.
+// Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies). False when one of the five
+// is missing or is no table: `error` is then one line that names the file.
 bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace skyview

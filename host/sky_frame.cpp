@@ -7,7 +7,12 @@
 namespace skyview {
 
 SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
-    : m_Catalogs(catalogs), m_MilkyWay(catalogs), m_Figures(catalogs), m_Objects(catalogs), m_FavouriteMarks(catalogs) {}
+    : m_Catalogs(catalogs),
+      m_MilkyWay(catalogs),
+      m_Figures(catalogs),
+      m_SolarSystem(catalogs.bodies),
+      m_Objects(catalogs),
+      m_FavouriteMarks(catalogs) {}
 
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
@@ -27,6 +32,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   m_FavouriteMarks.Compute(geometry, tests, m_Labels);
   m_Radiants.Compute(geometry, observer, tests, m_Labels);
   m_ImageFrames.Compute(geometry, observer, m_Labels);
+  m_SolarSystem.Compute(geometry, observer, shown, filters, m_Labels);
   m_Objects.PlaceLabels(geometry, tests, m_Labels);
   m_Figures.PlaceNames(geometry, tests, shown.englishNames, m_Labels);
 }

@@ -22,6 +22,7 @@
 #include "host/sky_figures.h"
 #include "host/sky_horizon.h"
 #include "host/sky_objects.h"
+#include "host/solar_system_part.h"
 
 namespace skyview {
 
@@ -40,10 +41,13 @@ class SkyFrame {
   void SetCaption(std::vector<std::string> lines) { m_Caption.SetLines(std::move(lines)); }
   int GetCaptionLineCount() const { return m_Caption.GetLineCount(); }
 
-  // Takes the letters of the compass from the string table, as the construction does. To be called when the language
+  // Takes the letters of the compass and the names of planets from the string table, as the construction does. To be called when the language
   // has changed.
-  void FetchTexts() { m_Horizon.FetchTexts();
-    m_Radiants.FetchTexts(); }
+  void FetchTexts() {
+    m_Horizon.FetchTexts();
+    m_Radiants.FetchTexts();
+    m_SolarSystem.FetchTexts();
+  }
 
   // The camera's markers, placed by UpdateOIMarkers, for the next frame. Allocates only for more markers than before.
   void SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& markers) {
@@ -75,6 +79,8 @@ class SkyFrame {
   const FavouriteMarks& GetFavouriteMarks() const { return m_FavouriteMarks; }
   const ImageFrames& GetImageFrames() const { return m_ImageFrames; }
   const ShowerRadiants& GetRadiants() const { return m_Radiants; }
+  const SolarSystemPart& GetSolarSystem() const { return m_SolarSystem; }
+  OrbitPaths& GetOrbits() { return m_SolarSystem.GetOrbits(); }
   bool IsPoolExhausted() const { return m_Objects.IsPoolExhausted(); }
 
  private:
@@ -87,6 +93,7 @@ class SkyFrame {
   MilkyWayPicture m_MilkyWay;
   SkyHorizon m_Horizon;
   SkyFigures m_Figures;
+  SolarSystemPart m_SolarSystem;
   SkyObjects m_Objects;
   FavouriteMarks m_FavouriteMarks;
   ImageFrames m_ImageFrames;
