@@ -76,6 +76,7 @@ bool ConvertUserElements(const SSO_ID& id, const CQXSolSys& solSys, OrbitalEleme
     elements.tag = kTwoLineTag;
     elements.n *= kRadiansPerMinute;
   } else {
+    elements.tag = 0;
     if (!(elements.a > 0.0) || !(elements.e >= 0.0)) return Refuse(id, "its elements are no orbit");
     const double mu = solSys.GetGravity(SSO_ID(elements.centralKind, elements.centralNumber));
     if (!(mu > 0.0)) return Refuse(id, "the body that it goes around is not known");
