@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "catalogs/key_blocks.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <random>
+
+#include "catalogs/object_key.h"
+
+namespace {
+
+using CommonInterfaces::KeyBlocks;
+using CommonInterfaces::ObjectKey;
+
+constexpr int kSmallest = std::numeric_limits<int>::min(), kLargest = std::numeric_limits<int>::max();
+
+template <class Key>
+int PositionOf(const std::vector<Key>& keys, Key wanted) {
+  const auto found = std::lower_bound(keys.begin(), keys.end(), wanted);
+  return found != keys.end() && *found == wanted ? static_cast<int>(found - keys.begin()) : -1;
+}
+
+template <class Key>
+void ExpectLikeLowerBound(const std::vector<Key>& keys, const std::vector<Key>& wanted) {
+  const KeyBlocks<Key> blocks(keys);
+  for (const Key key : wanted)
+    ASSERT_EQ(blocks.Find(key), PositionOf(keys, key)) << key << " of " << keys.size();
+}
+
+// Every key of the table and both its neighbours, and the ends of the range.
+std::vector<int> AroundEach(const std::vector<int>& keys) {
+  std::vector<int> wanted = {kSmallest, -1, 0, 1, kLargest};
+  for (const int key : keys) {
+    if (key > kSmallest) wanted.push_back(key - 1);
+    wanted.push_back(key);
+    if (key < kLargest) wanted.push_back(key + 1);
+  }
+  return wanted;
+}
+
+TEST(KeyBlocks, EmptyHasNothing) {
+  const KeyBlocks<int> none, empty{std::vector<int>()};
+  for (const int key : {kSmallest, 0, kLargest}) {
+    EXPECT_EQ(none.Find(key), -1);
+    EXPECT_EQ(empty.Find(key), -1);
+  }
+}
+
+TEST(KeyBlocks, EveryCountUpTo600) {
+  std::vector<int> keys;
+  for (int count = 0; count <= 600; ++count) {
+    ExpectLikeLowerBound(keys, AroundEach(keys));
+    keys.push_back(count * 3 - 900);
+  }
+}
+
+TEST(KeyBlocks, CountsAroundWholeBlocksAndLevels) {
+  for (const int count : {4095, 4096, 4097, 65535, 65536, 65537, 70000}) {
+    std::vector<int> keys;
+    for (int i = 0; i < count; ++i) keys.push_back(i * 2);
+    ExpectLikeLowerBound(keys, AroundEach(keys));
+  }
+}
+
+TEST(KeyBlocks, TheFirstOfEqualKeysIsFound) {
+  for (const int run : {2, 15, 16, 17, 40, 300}) {
+    std::vector<int> keys;
+    for (int i = 0; i < 1000; ++i) keys.push_back(i / run);
+    ExpectLikeLowerBound(keys, AroundEach(keys));
+  }
+}
+
+TEST(KeyBlocks, TheEndsOfTheRangeAreOrdinaryKeys) {
+  for (const int count : {1, 3, 15, 16, 17, 31, 32, 33, 257}) {
+    std::vector<int> keys(static_cast<std::size_t>(count), 5);
+    keys.front() = kSmallest;
+    keys.back() = count > 1 ? kLargest : kSmallest;
+    ExpectLikeLowerBound(keys, AroundEach(keys));
+    ExpectLikeLowerBound(std::vector<int>(keys.size(), kLargest), AroundEach(keys));
+    ExpectLikeLowerBound(std::vector<int>(keys.size(), kSmallest), AroundEach(keys));
+  }
+}
+
+TEST(KeyBlocks, TheLargestKeyIsNotFoundInTheFilling) {
+  for (int count = 1; count <= 40; ++count) {
+    EXPECT_EQ(KeyBlocks<int>(std::vector<int>(static_cast<std::size_t>(count), 7)).Find(kLargest), -1)
+        << count;
+  }
+}
+
+// What is found of keys out of order depends on the steps: they are those of the standard library.
+TEST(KeyBlocks, KeysOutOfOrderAreFoundAsByAPlainBisection) {
+  std::mt19937 random(20240229);
+  int found = 0, missed = 0;
+  for (int round = 0; round < 200; ++round) {
+    std::vector<int> keys(random() % 100);
+    for (int& key : keys) key = static_cast<int>(random() % 100);
+    const KeyBlocks<int> blocks(keys);
+    for (int wanted = -1; wanted <= 100; ++wanted) {
+      ASSERT_EQ(blocks.Find(wanted), PositionOf(keys, wanted));
+      ASSERT_EQ(blocks.Find(wanted) >= 0, std::binary_search(keys.begin(), keys.end(), wanted));
+    }
+    for (const int key : keys) ++(blocks.Find(key) >= 0 ? found : missed);
+  }
+  EXPECT_GT(found, 0);
+  EXPECT_GT(missed, 0);
+}
+
+TEST(KeyBlocks, WideKeys) {
+  std::mt19937_64 random(7);
+  std::vector<std::uint64_t> keys;
+  for (int i = 0; i < 5000; ++i) keys.push_back(random() >> (random() % 60));
+  keys.push_back(0);
+  keys.push_back(~std::uint64_t{0});
+  std::sort(keys.begin(), keys.end());
+  std::vector<std::uint64_t> wanted = keys;
+  for (int i = 0; i < 5000; ++i) wanted.push_back(random() >> (random() % 60));
+  ExpectLikeLowerBound(keys, wanted);
+}
+
+TEST(ObjectKey, OrderIsThatOfSignedKindThenSignedNumber) {
+  const std::uint64_t inOrder[] = {ObjectKey(kSmallest, kSmallest),
+                                   ObjectKey(kSmallest, kLargest),
+                                   ObjectKey(-1, -1),
+                                   ObjectKey(-1, 0),
+                                   ObjectKey(0, -1),
+                                   ObjectKey(0, 0),
+                                   ObjectKey(0, 1),
+                                   ObjectKey(1, kSmallest),
+                                   ObjectKey(kLargest, 5)};
+  EXPECT_TRUE(std::is_sorted(std::begin(inOrder), std::end(inOrder), std::less_equal<>()));
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Lists on a full disk.
+#include <gtest/gtest.h>
+
+#include "common_interfaces/object_lists.h"
+#include "support/debug_capture.h"
+#include "support/file_size_limit_posix.h"
+#include "support/temp_dir.h"
+
+namespace {
+
+using CommonInterfaces::ChoosingObjectsFile;
+using CommonInterfaces::FavouriteObjectsFile;
+using CommonInterfaces::SelectedObjectsFile;
+using test_support::FileSizeLimit;
+
+constexpr int kMany = 1000;  // lines of at least 4 bytes
+
+class ListsOnAFullDisk : public testing::Test {
+ protected:
+  std::string LeftAsItWas(const std::string& name) const {
+    return "File " + roots.dir.Path("work") + "/catalogs/" + name +
+           " could not be written and is left as it was\n";
+  }
+
+  test_support::TempRoots roots;
+  test_support::DebugCapture debug;
+};
+
+TEST_F(ListsOnAFullDisk, FavouritesKeepTheOldFile) {
+  roots.dir.Write("work/catalogs/favourites.txt", "old\t1\t2\n");
+  FavouriteObjectsFile favourites;
+  for (int number = 0; number < kMany; ++number) favourites.AddObject({1, number});
+  {
+    const FileSizeLimit full(1000);
+    favourites.Write();
+  }
+  EXPECT_EQ(roots.dir.Read("work/catalogs/favourites.txt"), "old\t1\t2\n");
+  EXPECT_EQ(debug.lines, std::vector<std::string>{LeftAsItWas("favourites.txt")});
+  favourites.Write();
+  FavouriteObjectsFile again;
+  again.Read();
+  EXPECT_EQ(again.GetSize(), kMany) << "with room on the disk the list is written";
+}
+
+TEST_F(ListsOnAFullDisk, SaveOfASelectionFailsAndKeepsTheOldFile) {
+  roots.dir.Write("work/catalogs/selection.txt", "old\t1\t2\n");
+  SelectedObjectsFile selection("catalogs:selection.txt");
+  selection.SetObjects(std::vector<CommonInterfaces::ObjectDesc>(kMany, {"name", 3, 4}));
+  {
+    const FileSizeLimit full(1000);
+    EXPECT_FALSE(selection.Save());
+  }
+  EXPECT_EQ(roots.dir.Read("work/catalogs/selection.txt"), "old\t1\t2\n");
+  EXPECT_TRUE(selection.Save());
+}
+
+TEST_F(ListsOnAFullDisk, SaveOfChosenObjectsFailsAndKeepsTheOldFile) {
+  roots.dir.Write("work/catalogs/observationobjects.txt", "old\t1\t2\t3\n");
+  ChoosingObjectsFile chosen;
+  chosen.SetObjects(std::vector<SSO_ID>(kMany, SSO_ID(3, 4)));
+  {
+    const FileSizeLimit full(1000);
+    EXPECT_FALSE(chosen.Save());
+  }
+  EXPECT_EQ(roots.dir.Read("work/catalogs/observationobjects.txt"), "old\t1\t2\t3\n");
+  EXPECT_EQ(debug.lines, std::vector<std::string>{LeftAsItWas("observationobjects.txt")});
+}
+
+}  // namespace
