@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "astro/object_id.h"
+
+namespace astro_internal {
+
+// What the model does with an object; object_records.h lists the kinds.
+enum class ObjectFamily { kUnknown, kPlanet, kStar, kDeepsky, kConstellation, kOrbit };
+
+// kPlanet for the planets, the Sun and the Moon only: of other moons the model knows nothing.
+ObjectFamily FamilyOf(const SSO_ID& id);
+
+bool IsComet(int kind);
+bool IsAsteroid(int kind);
+
+}  // namespace astro_internal
