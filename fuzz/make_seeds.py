@@ -2,7 +2,8 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 """Writes the binary seeds of the fuzz targets into corpus/. The seeds are kept in the repository; run this after a
-change of a file format. Formats: docs/formats/settings_file.md; RFC 8536 for compiled time zones."""
+change of a file format. Formats: docs/formats/settings_file.md; RFC 8536 for compiled time zones; the inputs of
+record_conversion: its source."""
 import struct
 from pathlib import Path
 
@@ -131,7 +132,55 @@ def zone_seeds():
          first + zone_block(b"2", 8, changes, types, names, [(78796800, 1), (94694401, 2)]) + b"\nCET-1\n")
 
 
+def conversion(kind, number, fields=(), record=b"", mode=0, flags=0, gravity=2.9591220828559093e-04):
+    """The input of the target record_conversion; fields: (name, type code, values)."""
+    formats = {0: "b", 1: "B", 2: "h", 3: "H", 4: "i", 5: "I", 6: "f", 7: "d", 8: "B"}
+    content = struct.pack("<hIiBdB", mode, code(kind), number, flags, gravity, len(fields))
+    for name, encoding, values in fields:
+        content += struct.pack("<iB", name_id(name), encoding)
+        content += struct.pack(f"<{len(values)}{formats[encoding]}", *values).ljust(24, b"\0")
+    return content + record
+
+
+def elements(a, e, n=0.0, element_set=0, central=10):
+    return struct.pack("<B3xiIi8d2f3d", element_set, 0, code("plnt"), central, 2459000.5, a, e, 10.5, 80.0, 73.5, 120.25,
+                       n, 3.5, 0.15, 1e-5, 0.0, 3e-5)
+
+
+def conversion_seeds():
+    place = [("RA", 7, [1.75]), ("Dec", 7, [-0.29])]
+    star = place + [("RadialVelocity", 6, [-5.5]), ("Parallax", 6, [379.2]), ("Radius", 6, [1.7]), ("Magnitude", 2, [-1]),
+                    ("VisMagnitude", 6, [-1.46]), ("BlueMagnitude", 6, [0.5]), ("AbsMagnitude", 7, [1.42])]
+    motion = [("PropMotionRA", 2, [-546]), ("PropMotionDec", 2, [-1223])]
+    motion_floats = [("PropMotionRA", 6, [-546.01]), ("PropMotionDec", 6, [-1223.07])]
+    size = [("LargestDimension", 6, [0.01]), ("VisMagnitude", 6, [4.5])]
+    orbit = [(name, 7, [value]) for name, value in (("a", 2.77), ("e", 0.08), ("i", 0.18), ("om", 1.4), ("w", 1.28),
+                                                    ("M0", 5.1), ("n", 0.0037), ("JulianDate_d", 2460200.5))]
+    orbit += [("JulianDate", 4, [2460200]), ("Hy", 6, [3.3]), ("SlopeParam", 6, [0.12]), ("y", 6, [10.0])]
+    target = "record_conversion"
+    save(target, "star_integers", conversion("star", 2491, star + motion))
+    save(target, "star_floats", conversion("uSTR", 2491, star + motion_floats, mode=1))
+    save(target, "not_numbers", conversion("star", 1, [("RA", 7, [float("nan")]), ("Dec", 6, [float("inf")]),
+                                                       ("VisMagnitude", 7, [1e300])]))
+    save(target, "cluster_parsecs", conversion("clst", 40 << 24 | 45, place + size + [("Distance", 2, [135])], mode=2))
+    save(target, "galaxy_kiloparsecs", conversion("gala", 50 << 24 | 31, place + size + [("Distance", 6, [778.0])]))
+    save(target, "no_distance", conversion("uDSO", 50 << 24, size + [("Distance", 6, [0.0])]))
+    save(target, "constellation", conversion("cnst", 3, [("CenterVector", 2, [-20000, 10000, 20000])]))
+    save(target, "constellation_zero", conversion("cnst", 3, [("CenterVector", 2, [0, 0, 0])]))
+    save(target, "asteroid", conversion("astr", 1, orbit, mode=3))
+    save(target, "comet_as_it_is", conversion("comt", 1, record=elements(0.59, 0.967), mode=2))
+    save(target, "user_ellipse", conversion("fAST", 4, record=elements(2.36, 0.09)))
+    save(target, "user_parabola", conversion("fCOM", 1001, record=elements(0.9, 1.0), mode=2))
+    save(target, "user_hyperbola", conversion("uSCO", 1, record=elements(0.25, 1.2), mode=1))
+    save(target, "user_two_lines", conversion("fSCO", 25544, record=elements(0.0, 0.0005, 15.5, 9, 3), mode=2))
+    save(target, "spacecraft", conversion("scft", 25544, record=elements(0.0, 0.0005, 0.0676, 9, 3), flags=8))
+    save(target, "real_model", conversion("fCOM", 1003, record=elements(1.0, 0.995), mode=3, flags=8))
+    save(target, "nothing_given", conversion("fCOM", 1, flags=7))
+    save(target, "unknown_kind", conversion("uGAL", 50 << 24, size))
+
+
 if __name__ == "__main__":
+    conversion_seeds()
     settings_seeds()
     settings_tool_seeds()
     zone_seeds()
