@@ -3,6 +3,7 @@
 //
 // Every reader of the binary catalog files, given the same bytes. Tables are compared with the bytes themselves.
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "common_interfaces/flight_objects.h"
@@ -17,6 +18,7 @@ namespace {
 using fuzz::Require;
 
 constexpr int kStar = FourCC("star"), kGalaxy = FourCC("gala"), kMesh = FourCC("mesh");
+constexpr int kBodies[] = {FourCC("plnt"), FourCC("moon"), FourCC("astr"), FourCC("comt"), FourCC("scft")};
 
 class Words {
  public:
@@ -66,15 +68,16 @@ std::vector<int> FindGroup(const Words& words, int kind) {
 
 void CheckDistances(const char* path, const Words& words) {
   CommonInterfaces::General3DFlightObjectsList list(path);
-  Require(list.objectInList(FourCC("plnt"), -1), "bodies are always in reach");
+  for (const int kind : kBodies) Require(list.objectInList(kind, -1), "bodies are always in reach");
   std::vector<int> kinds = {kStar, kGalaxy};
   if (words.GetCount() > 0) kinds.push_back(words[0]);
   for (const int kind : kinds) {
-    if (list.objectInList(kind, -1) && list.objectInList(kind, 0x12345678)) continue;  // a body
+    if (std::find(std::begin(kBodies), std::end(kBodies), kind) != std::end(kBodies)) continue;
     const std::vector<int> numbers = FindGroup(words, kind);
     for (std::size_t i = 0; i < words.GetCount(); ++i) {
-      Require(list.objectInList(kind, words[i]) == std::binary_search(numbers.begin(), numbers.end(), words[i]),
-              "numbers are found by bisection");
+      Require(
+          list.objectInList(kind, words[i]) == std::binary_search(numbers.begin(), numbers.end(), words[i]),
+          "numbers are found by bisection");
     }
   }
 }
@@ -84,10 +87,11 @@ void CheckImages(std::size_t size) {
   const Images images;
   std::size_t count = 0;
   for (auto image = images.GetBegin(); image != images.GetEnd(); ++image) {
-    for (const auto& corner : (*image)->corners) Require(corner.ra == corner.ra && corner.dec == corner.dec, "corners");
+    for (const auto& corner : (*image)->corners)
+      Require(corner.ra == corner.ra && corner.dec == corner.dec, "corners");
     ++count;
   }
-  Require(count * 36 + 2 <= size + 2, "images are pieces of the file");
+  Require(count == 0 || count * 36 + 2 <= size, "images are pieces of the file");
 }
 
 }  // namespace
@@ -100,10 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckDistances(path.c_str(), words);
   static const char* const kImageFiles[] = {"data/media/skyobjects/constell_images/constell.dat",
                                             "data/media/skyobjects/mway_images/mway.dat"};
-  for (const char* file : kImageFiles) {
-    std::filesystem::create_directories(std::filesystem::path(scratch.Path(file)).parent_path());
-    scratch.Write(file, data, size);
-  }
+  for (const char* file : kImageFiles) scratch.Write(file, data, size);
   CheckImages<CommonInterfaces::CSTLImages>(size);
   CheckImages<CommonInterfaces::MWayImages>(size);
   return 0;

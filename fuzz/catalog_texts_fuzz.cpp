@@ -39,7 +39,8 @@ bool IsSame(const CommonInterfaces::ObjectDesc& a, const CommonInterfaces::Objec
 template <class Entry>
 void RequireSame(const std::vector<Entry>& a, const std::vector<Entry>& b) {
   Require(a.size() == b.size(), "a list that was written has as many entries");
-  for (std::size_t i = 0; i < a.size(); ++i) Require(IsSame(a[i], b[i]), "a list that was written is the same");
+  for (std::size_t i = 0; i < a.size(); ++i)
+    Require(IsSame(a[i], b[i]), "a list that was written is the same");
 }
 
 void CheckFavourites() {
@@ -54,7 +55,8 @@ void CheckFavourites() {
   again.Read();
   RequireSame(read.GetObjects(), again.GetObjects());
   const std::vector<SSO_ID> all = again.GetObjects();
-  for (const SSO_ID& object : all) Require(again.RemoveObject(object) == again.GetSize(), "entries can be removed");
+  for (const SSO_ID& object : all)
+    Require(again.RemoveObject(object) == again.GetSize(), "entries can be removed");
   Require(again.GetSize() == 0, "all of them");
 }
 
@@ -101,9 +103,10 @@ void CheckPanoramas() {
     for (int i = 0; i < count; ++i) {
       const auto* info = panoramas.GetPanorama(body, i);
       Require(info == &(*all)[static_cast<std::size_t>(i)], "the index counts in the list");
-      Require(info->GetPath().size() >= folder.size() - 1, "a path has its folder");
+      Require(info->GetPath().rfind(folder, 0) == 0, "a picture lies in the folder of the description");
     }
-    Require(!panoramas.GetPanorama(body, count) && !panoramas.GetPanorama(body, -1), "an index ends with the list");
+    Require(!panoramas.GetPanorama(body, count) && !panoramas.GetPanorama(body, -1),
+            "an index ends with the list");
   }
 }
 
@@ -124,9 +127,11 @@ void CheckShowers() {
   std::vector<CommonInterfaces::SHOWER> showers;
   Require(CommonInterfaces::ReadMeteorShowers(&showers) == !showers.empty(), "the answer tells of showers");
   for (const auto& shower : showers) {
-    Require(IsTerminated(shower.name) && IsTerminated(shower.code) && IsTerminated(shower.parentBody), "texts end");
+    Require(IsTerminated(shower.name) && IsTerminated(shower.code) && IsTerminated(shower.parentBody),
+            "texts end");
     Require(std::isfinite(shower.ra) && std::isfinite(shower.dec), "a radiant is finite");
-    Require(shower.decDegrees >= 0 && (shower.decSign == '+' || shower.decSign == '-'), "the sign stands alone");
+    Require(shower.decDegrees >= 0 && (shower.decSign == '+' || shower.decSign == '-'),
+            "the sign stands alone");
     Require(shower.decSign == '-' ? shower.dec <= 0.0 : shower.dec >= 0.0, "and is that of the declination");
   }
   CommonInterfaces::QX4Strings::FinishLocaleUpdate();
@@ -143,7 +148,7 @@ void CheckDeepskyImages() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Scratch& scratch = Scratch::Get();
+  const Scratch& scratch = Scratch::Get();
   static const char* const kFiles[] = {"work/catalogs/favourites.txt",
                                        "work/catalogs/selection.txt",
                                        "work/catalogs/observationobjects.txt",
@@ -153,10 +158,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                        "data/media/skyobjects/dso_images/dsoimagestrue.txt",
                                        "data/panoramas/panoramas.ini",
                                        "data/qxstrings.txt"};
-  for (const char* file : kFiles) {
-    std::filesystem::create_directories(std::filesystem::path(scratch.Path(file)).parent_path());
-    scratch.Write(file, data, size);
-  }
+  for (const char* file : kFiles) scratch.Write(file, data, size);
   CheckFavourites();
   CheckList<CommonInterfaces::SelectedObjectsFile, CommonInterfaces::ObjectDesc>("catalogs:selection.txt");
   CheckList<CommonInterfaces::ChoosingObjectsFile, SSO_ID>("catalogs:observationobjects.txt");

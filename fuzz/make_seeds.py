@@ -105,6 +105,34 @@ def settings_tool_seeds():
     save("settings_tool", "old_layout", settings(0, whole, block(OWN, [star], old)))
 
 
+def words(*values):
+    return b"".join(struct.pack("<i", code(v) if isinstance(v, str) else v) for v in values)
+
+
+def images(count, *identifiers):
+    """Records of constellation and Milky Way images: four corners of right ascension and declination, big-endian."""
+    corners = struct.pack(">8i", 8300000, 1000000, 8400000, 1000000, 8400000, -500000, 8300000, -500000)
+    return struct.pack(">H", count) + b"".join(identifier + corners for identifier in identifiers)
+
+
+def catalog_table_seeds():
+    save("catalog_tables", "articles", words("star", 2491, 1, "gala", 0x3C00001F, 2, "nebu", 42, 3))
+    save("catalog_tables", "articles_in_no_order", words("star", 9, 1, "gala", 31, 2, "star", 3, 3, "mesh", 1, 4))
+    save("catalog_tables", "articles_twice", words("star", 5, 1, "star", 5, 2, "star", 4, 3, "star", 5, 4))
+    save("catalog_tables", "articles_extreme", words(-1, -1, 1, 2**31 - 1, 2**31 - 1, 2, -2**31, -2**31, 3))
+    save("catalog_tables", "articles_of_13_bytes", words("star", 5, 1) + b"x")
+    save("catalog_tables", "distances", words("star", 3, -5, 8, 2491, "gala", 2, 31, 51))
+    save("catalog_tables", "distances_in_no_order", words("star", 5, 9, 1, 5, 3, 7))
+    save("catalog_tables", "distances_kind_twice", words("star", 1, 4, "gala", 0, "star", 1, 5, "gala", 1, 6))
+    save("catalog_tables", "distances_count_lies", words("star", 0x7FFFFFFF, 4, 5) + b"\1\2")
+    save("catalog_tables", "distances_count_cut", words("star", 1, 4, "gala") + b"\1\0")
+    save("catalog_tables", "distances_of_40", words("star", 40, *range(0, 120, 3)))
+    save("catalog_tables", "images", images(2, b"Ori ", b"MW01"))
+    save("catalog_tables", "images_count_lies", images(500, b"Ori "))
+    save("catalog_tables", "images_cut", images(2, b"Ori ", b"UMa ")[:-7])
+    save("catalog_tables", "empty", b"")
+
+
 def zone_block(version, width, changes, types, names, leaps=()):
     header = b"TZif" + version + bytes(15) + struct.pack(">6I", 0, 0, len(leaps), len(changes), len(types), len(names))
     letter = "q" if width == 8 else "i"
@@ -183,4 +211,5 @@ if __name__ == "__main__":
     conversion_seeds()
     settings_seeds()
     settings_tool_seeds()
+    catalog_table_seeds()
     zone_seeds()
