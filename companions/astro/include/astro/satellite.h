@@ -10,8 +10,9 @@
 #include "astro/object_records.h"
 
 // Reads the two lines of an element set into a record that is ready for the model: radians, radians per minute, the epoch
-// as a Julian date, the tag. `number` is the catalogue number. False when a line is too short, a number cannot be read, or
-// the lines do not belong together: `error` is then one line that says which column. A wrong checksum is an error too.
+// as a Julian date, the tag. `number` is the catalogue number (A0001 is 100001). False when a line is too short, a number
+// cannot be read, the checksum is wrong, or the lines do not belong together: `error` is then one line that says which
+// column of which line, the other results are untouched. Format: docs/formats/two_line_elements.md.
 ASTRO_API bool ParseTwoLineElements(const std::string& line1, const std::string& line2,
                                     OrbitalElements& elements, int& number, std::string& error);
 
@@ -22,20 +23,22 @@ enum class SatelliteFault {
   kMeanMotion = 2,    // mean motion below zero
   kPerturbedEccentricity = 3,
   kSemiLatusRectum = 4,
-  kDecayed = 6  // below the surface
+  kDecayed = 6,         // below the surface
+  kTooFarFromEpoch = 7  // more than 200 years from it, or the moment is not a number
 };
 
-// One satellite, made ready once and then asked for many moments. SGP4/SDP4 in the form of Vallado, Crawford, Hujsak &
+// One satellite, made ready once and then asked for many moments: what was asked before has no influence on the answer,
+// but near it a resonant satellite is answered faster. SGP4/SDP4 in the form of Vallado, Crawford, Hujsak &
 // Kelso 2006 (AIAA 2006-6753), constants WGS 72. One thread at a time.
 class ASTRO_API SatelliteModel {
  public:
-  // `elements` must carry the tag kTwoLineTag.
+  // `elements` must carry the tag kTwoLineTag; without it the fault is kMeanMotion, whose unit would be another.
   explicit SatelliteModel(const OrbitalElements& elements);
   ~SatelliteModel();
   SatelliteModel(SatelliteModel&& other) noexcept;
   SatelliteModel& operator=(SatelliteModel&& other) noexcept;
 
-  // What is wrong with the elements themselves.
+  // What is wrong with the elements themselves, at their epoch.
   SatelliteFault GetFault() const;
 
   // Position (km) and velocity (km/s) relative to the Earth's centre, `minutes` after the epoch: true equator, mean
