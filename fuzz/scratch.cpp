@@ -63,7 +63,7 @@ std::string Scratch::Write(const std::string& name, const std::uint8_t* data, st
     file = mm_fopen(path.c_str(), "wb");
   }
   Require(file != nullptr, "the scratch file can be made");
-  Require(std::fwrite(data, 1, size, file) == size, "the scratch file can be written");
+  Require(size == 0 || std::fwrite(data, 1, size, file) == size, "the scratch file can be written");
   std::fclose(file);
   return path;
 }
