@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/light_curve.h"
+#include "host/name_list.h"
+
 namespace skyview {
 namespace {
 
@@ -46,9 +49,10 @@ constexpr OptionText kSet = {"--set", "SECTION.FIELD=VALUE",
                              "given again"};
 constexpr OptionText kFavourite = {"--favourite", "NAME",
                                    "show only favourites of the kind of this object; may be given again"};
-constexpr OptionText kFavourites = {"--favourites", "show|add=NAME|remove=NAME",
-                                    "the list of favourites in the work area, whose objects the picture marks: "
-                                    "print it and draw nothing, or change it; may be given again"};
+constexpr OptionText kFavourites = {
+    "--favourites", "show|add=NAME|remove=NAME",
+    "the list of favourites in the work area, whose objects the picture marks: "
+    "print it and draw nothing, or change it; may be given again"};
 constexpr OptionText kFramesOf = {"--frames-of", "constellations|deepsky|milkyway[,...]",
                                   "draw the outlines of these images of the sky; may be given again"};
 constexpr OptionText kBody = {"--body", "NAME",
@@ -58,6 +62,15 @@ constexpr OptionText kSaveSettings = {"--save-settings", "FILE",
 constexpr OptionText kWhy = {"--why", "NAME",
                              "say why this object is or is not drawn, for example M31 or \"alpha CMa\""};
 
+constexpr OptionText kTle = {"--tle", "FILE", "draw the satellites of this file of two-line elements"};
+constexpr OptionText kOrbits = {"--orbits", "planets|all|NAME[,NAME...]",
+                                "draw the orbits of the planets, of all bodies, or of these"};
+constexpr OptionText kWhere = {"--where", "NAME",
+                               "say where this object is and when it rises and sets, for example Jupiter"};
+constexpr OptionText kLightCurve = {"--light-curve", "ID|NAME",
+                                    "draw the light curve of this variable star to --out in place of the "
+                                    "sky: an identifier such as 0x48780B23, or "
+                                    "a name such as Algol"};
 constexpr OptionText kMovingTypeOption = {
     "--moving-type", "N[,keep]",
     "change to this way of moving, 0 to 11, before the other view options; keep: "
@@ -94,7 +107,7 @@ struct BadOption {
 // The texts as they stand on the command line, before any is looked at.
 struct Texts {
   std::string data, work, language, view, saveView, time, zone, place, look, zoom, size;
-  std::string settings, saveSettings, why, body;
+  std::string settings, saveSettings, why, body, tle, orbits, where, lightCurve;
   std::string movingType, home, play, frames, contactSheet, session, saveSession;
   std::vector<std::string> out, set, favourites, markers, favouriteActions, framesOf;
   bool showers = false;
@@ -122,6 +135,10 @@ void Declare(CLI::App& app, Texts& texts, bool& listLimits) {
   add(kFavourites, texts.favouriteActions)->expected(1)->take_all();
   add(kFramesOf, texts.framesOf)->expected(1)->take_all();
   add(kBody, texts.body);
+  add(kTle, texts.tle);
+  add(kOrbits, texts.orbits);
+  add(kWhere, texts.where);
+  add(kLightCurve, texts.lightCurve);
   app.add_flag("--showers", texts.showers,
                "list the meteor showers active on the day of the view, and draw their radiants");
   add(kSaveSettings, texts.saveSettings);
@@ -196,6 +213,17 @@ void TakeMotion(const CLI::App& app, const Texts& texts, Options& options) {
   TakeMarkers(texts.markers, options);
 }
 
+void TakeBodyRequests(const CLI::App& app, const Texts& texts, Options& options) {
+  Take(app, kTle, texts.tle, options.tle, ParseName);
+  Take(app, kOrbits, texts.orbits, options.orbits, ParseOrbits);
+  Take(app, kWhere, texts.where, options.where, ParseName);
+  if (app.count(kLightCurve.name) > 0 && !FindVariableStar(texts.lightCurve)) {
+    throw BadOption{std::string(kLightCurve.name) + " '" + texts.lightCurve + "': wants " + kLightCurve.form +
+                    ", one of " + JoinNames(ListVariableStars())};
+  }
+  Take(app, kLightCurve, texts.lightCurve, options.lightCurve, ParseName);
+}
+
 void TakeCatalogRequests(const CLI::App& app, const Texts& texts, Options& options) {
   for (const auto& text : texts.favouriteActions) {
     const auto action = ParseFavouriteAction(text);
@@ -222,8 +250,13 @@ void CheckTogether(const Options& options) {
   }
   if (options.play && options.listLimits) throw BadOption{"--play: draws, which --list-limits does not"};
   if (options.play && (options.body || WantsFavouritesShown(options.favouriteActions))) {
-    throw BadOption{std::string("--play: draws, which ") +
-                    (options.body ? "--body" : "--favourites show") + " does not"};
+    throw BadOption{std::string("--play: draws, which ") + (options.body ? "--body" : "--favourites show") +
+                    " does not"};
+  }
+  if (options.why && options.where)
+    throw BadOption{"--where: prints in place of the report, and so does --why"};
+  if (options.lightCurve && (options.out.empty() || options.play)) {
+    throw BadOption{"--light-curve: wants --out FILE.svg or --out FILE.png beside it, and no --play"};
   }
   if (!options.favouriteActions.empty() && !options.work)
     throw BadOption{"--favourites: wants --work FOLDER, where the list is kept"};
@@ -260,6 +293,7 @@ Options Read(const CLI::App& app, const Texts& texts) {
   options.languageGiven = language.has_value();
   options.timeText = texts.time;
   TakeCatalogRequests(app, texts, options);
+  TakeBodyRequests(app, texts, options);
   TakeMotion(app, texts, options);
   TakePictures(texts.out, options);
   return options;

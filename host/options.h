@@ -10,6 +10,7 @@
 #include "host/language.h"
 #include "host/motion_values.h"
 #include "host/option_values.h"
+#include "host/orbit_paths.h"
 #include "host/session_file.h"
 
 namespace skyview {
@@ -30,16 +31,20 @@ struct Options {
   std::optional<double> zoom;
   PictureSize size;
   bool sizeGiven = false;
-  std::vector<std::string> out;             // at most two
-  std::optional<std::string> settings;      // file with own settings
-  std::optional<std::string> saveSettings;  // file to keep them in
-  std::vector<std::string> set;             // changes of settings, in their order
-  std::vector<std::string> favourites;      // names of objects that the filters let pass
+  std::vector<std::string> out;                   // at most two
+  std::optional<std::string> settings;            // file with own settings
+  std::optional<std::string> saveSettings;        // file to keep them in
+  std::vector<std::string> set;                   // changes of settings, in their order
+  std::vector<std::string> favourites;            // names of objects that the filters let pass
   std::vector<FavouriteAction> favouriteActions;  // on the user's list, in their order
-  unsigned framesOf = 0;                    // a combination of ImageGroup
+  unsigned framesOf = 0;                          // a combination of ImageGroup
   bool showers = false;
-  std::optional<std::string> body;          // name of a planet or moon
-  std::optional<std::string> why;           // name of an object
+  std::optional<std::string> tle;  // file of two-line elements
+  std::optional<OrbitRequest> orbits;
+  std::optional<std::string> where;       // name of an object
+  std::optional<std::string> lightCurve;  // of this variable star
+  std::optional<std::string> body;        // name of a planet or moon
+  std::optional<std::string> why;         // name of an object
   bool listLimits = false;
   std::optional<MovingType> movingType;
   std::optional<HomeAction> home;

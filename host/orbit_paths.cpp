@@ -96,6 +96,15 @@ std::optional<OrbitRequest> ParseOrbits(std::string_view text) {
   return request;
 }
 
+std::string FormatOrbits(const OrbitRequest& request) {
+  std::string text;
+  const auto add = [&text](const std::string& piece) { text += (text.empty() ? "" : ",") + piece; };
+  if (request.all) add("all");
+  if (request.planets) add("planets");
+  for (const auto& name : request.names) add(name);
+  return text;
+}
+
 OrbitPaths::OrbitPaths(const BodyModel& model) : m_Model(model) {}
 
 bool OrbitPaths::Show(int body, double duration) {

@@ -26,6 +26,9 @@ struct OrbitRequest {
 // "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text or name.
 std::optional<OrbitRequest> ParseOrbits(std::string_view text);
 
+// The text that ParseOrbits reads as the same.
+std::string FormatOrbits(const OrbitRequest& request);
+
 // A stretch of an orbit inside the window, pixels, y up.
 struct DrawnOrbitLine {
   tPoint<double> from, to;

@@ -2,41 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "host/picture_file.h"
 
-#include <cairo-svg.h>
-#include <cairo.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <memory>
 
 #include "host/painter.h"
+#include "host/painter_light_curve.h"
+#include "host/picture_canvas.h"
 #include "utils/file.h"
 
 namespace skyview {
 namespace {
-
-using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
-
-cairo_status_t Append(void* bytes, const unsigned char* data, unsigned length) {
-  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
-  return CAIRO_STATUS_SUCCESS;
-}
-
-bool Succeeded(cairo_status_t status, std::string& error) {
-  if (status == CAIRO_STATUS_SUCCESS) return true;
-  error = cairo_status_to_string(status);
-  return false;
-}
-
-bool PaintOn(const SkyFrame& frame, cairo_surface_t* surface, std::string& error) {
-  cairo_t* context = cairo_create(surface);
-  PaintFrame(frame, context);
-  const cairo_status_t status = cairo_status(context);
-  cairo_destroy(context);
-  return Succeeded(status, error);
-}
 
 void AppendEscaped(const char* text, std::string& to) {
   for (; *text; ++text) {
@@ -84,25 +61,28 @@ bool WriteBytes(const std::string& path, const std::string& bytes) {
 bool CanDraw() { return true; }
 
 bool MakeSvg(const SkyFrame& frame, std::string& bytes, std::string& error) {
-  bytes.clear();
-  const Surface surface(
-      cairo_svg_surface_create_for_stream(Append, &bytes, frame.GetWidth(), frame.GetHeight()),
-      cairo_surface_destroy);
-  cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
-  if (!PaintOn(frame, surface.get(), error)) return false;
-  cairo_surface_finish(surface.get());
-  if (!Succeeded(cairo_surface_status(surface.get()), error)) return false;
+  const Paint paint = [&frame](cairo_t* context) { PaintFrame(frame, context); };
+  if (!PaintSvg(frame.GetWidth(), frame.GetHeight(), paint, bytes, error)) return false;
   const auto end = bytes.rfind("</svg>");
   if (end != std::string::npos) bytes.insert(end, MakeTextLayer(frame));
   return true;
 }
 
 bool MakePng(const SkyFrame& frame, std::string& bytes, std::string& error) {
-  bytes.clear();
-  const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, frame.GetWidth(), frame.GetHeight()),
-                        cairo_surface_destroy);
-  return PaintOn(frame, surface.get(), error) &&
-         Succeeded(cairo_surface_write_to_png_stream(surface.get(), Append, &bytes), error);
+  const Paint paint = [&frame](cairo_t* context) { PaintFrame(frame, context); };
+  return PaintPng(frame.GetWidth(), frame.GetHeight(), paint, bytes, error);
+}
+
+bool WriteCurve(const LightCurve& curve, int width, int height, const std::string& path, std::string& error) {
+  std::string bytes;
+  const Paint paint = [&](cairo_t* context) { PaintLightCurve(curve, width, height, context); };
+  const bool made = path.ends_with(".svg") ? PaintSvg(width, height, paint, bytes, error)
+                                           : PaintPng(width, height, paint, bytes, error);
+  if (!made) {
+    error = path + ": cannot be drawn: " + error;
+    return false;
+  }
+  return WritePictureBytes(path, bytes, error);
 }
 
 bool WritePicture(const SkyFrame& frame, const std::string& path, std::string& error) {

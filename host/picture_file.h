@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "host/light_curve.h"
 #include "host/sky_frame.h"
 
 namespace skyview {
@@ -21,6 +22,9 @@ bool MakePng(const SkyFrame& frame, std::string& bytes, std::string& error);
 // either the old one or whole. False when that fails: `error` is then one line that names the file, and nothing new is
 // left behind.
 bool WritePicture(const SkyFrame& frame, const std::string& path, std::string& error);
+
+// The same with the picture of a light curve, of that size in pixels.
+bool WriteCurve(const LightCurve& curve, int width, int height, const std::string& path, std::string& error);
 
 // The same with the bytes of a picture.
 bool WritePictureBytes(const std::string& path, const std::string& bytes, std::string& error);

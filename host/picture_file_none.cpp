@@ -24,6 +24,10 @@ bool WritePicture(const SkyFrame&, const std::string& path, std::string& error) 
   return WritePictureBytes(path, "", error);
 }
 
+bool WriteCurve(const LightCurve&, int, int, const std::string& path, std::string& error) {
+  return WritePictureBytes(path, "", error);
+}
+
 bool WritePictureBytes(const std::string& path, const std::string&, std::string& error) {
   Refuse(error);
   error = path + ": " + error;

@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 
+#include "host/body_texts.h"
 #include "host/host_texts.h"
 #include "utils/text.h"
 
@@ -41,6 +42,7 @@ std::string MakeReport(const Camera& camera, const std::vector<std::string>& sta
   report += FormatLimits(camera, HostText::kMagnitudeLimits, "");
   report += Line(HostText::kStarsDrawn, {static_cast<int>(frame.GetStars().size())});
   report += Line(HostText::kDeepskyDrawn, {static_cast<int>(frame.GetDeepsky().size())});
+  report += DescribeBodies(frame.GetSolarSystem());
   return report;
 }
 

@@ -10,6 +10,7 @@
 #include "host/picture_file.h"
 #include "host/playback.h"
 #include "host/status.h"
+#include "utils/clock.h"
 
 namespace skyview {
 namespace {
@@ -41,6 +42,11 @@ bool WriteFrame(const std::vector<FrameNames>& names, int number, const SkyFrame
 
 }  // namespace
 
+void SetAnimationClock(int frame) {
+  constexpr double kFramesPerSecond = 10.0;
+  AnimationInterval::m_CurrentTime = frame / kFramesPerSecond;
+}
+
 bool DrawSequence(const Options& options, Camera& camera, FrameMaker& maker, std::string& error) {
   const int count = options.frames.value_or(1);
   std::vector<FrameNames> names;
@@ -50,6 +56,7 @@ bool DrawSequence(const Options& options, Camera& camera, FrameMaker& maker, std
   StartPlays(*options.play, camera);
   for (int number = 1; number <= count; ++number) {
     if (number > 1) AdvancePlays(camera);
+    SetAnimationClock(number);
     ComputeFrame(options, camera, maker);
     if (!WriteFrame(names, number, maker.GetFrame(), error)) return false;
     if (sheet && !sheet->Add(maker.GetFrame(), GetMomentText(camera), error)) return false;

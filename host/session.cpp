@@ -40,6 +40,8 @@ constexpr const char* kDataFiles[] = {kSettingsFile,
                                       "catalogs:constellations.txt",
                                       "catalogs:constellation_lines.txt",
                                       "catalogs:milkyway.txt",
+                                      "catalogs:asteroids.txt",
+                                      "catalogs:comets.txt",
                                       "media:time_interval.ini",
                                       "media:skyobjects:constell_images:constell.dat",
                                       "media:skyobjects:dso_images:dsoimagestrue.txt",
@@ -172,6 +174,13 @@ std::vector<SessionFavourite> FindFavourites(SettingsData& settings) {
   return favourites;
 }
 
+// A name that means the same file from every folder: a file of the current one by its whole path, a logical name as it
+// is.
+std::string FindLasting(const std::string& name) {
+  std::error_code failure;
+  return fs::exists(name, failure) ? fs::absolute(name).string() : name;
+}
+
 bool Write(const std::string& path, const std::string& text) {
   constexpr unsigned kLineSize = 4096;
   MTextFile file(false, '!', '}', kLineSize);
@@ -197,6 +206,8 @@ bool LoadSession(Options& options, std::string& error) {
   options.markers.insert(options.markers.begin(), capsule.markers.begin(), capsule.markers.end());
   options.framesOf |= capsule.framesOf;
   options.showers |= capsule.showers;
+  if (!options.tle && !capsule.tle.empty()) options.tle = capsule.tle;
+  if (!options.orbits && !capsule.orbits.empty()) options.orbits = ParseOrbits(capsule.orbits);
   options.capsule = std::move(capsule);
   return true;
 }
@@ -267,9 +278,12 @@ bool SaveSession(const std::string& path, const Options& options, SettingsData& 
   }
   capsule.framesOf = options.framesOf;
   capsule.showers = options.showers;
+  if (options.orbits) capsule.orbits = FormatOrbits(*options.orbits);
+  if (options.tle) capsule.tle = FindLasting(*options.tle);
   for (const char* name : kDataFiles) {
     if (const auto checksum = FindChecksum(name)) capsule.data.push_back({name, *checksum});
   }
+  if (const auto checksum = FindChecksum(capsule.tle)) capsule.data.push_back({capsule.tle, *checksum});
   if (Write(path, FormatSession(capsule))) return true;
   error = path + ": the session cannot be saved there";
   return false;

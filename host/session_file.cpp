@@ -7,6 +7,7 @@
 
 #include "host/checksum.h"
 #include "host/object_filter.h"
+#include "host/orbit_paths.h"
 #include "host/setting_values.h"
 #include "utils/text.h"
 
@@ -51,6 +52,8 @@ class SessionReader {
     if (word == "mark") return TakeFavourite(value, m_Capsule.marks);
     if (word == "frames-of") return TakeFrames(value);
     if (word == "showers") return TakeShowers(value);
+    if (word == "tle") return TakeText(value, m_HasTle, m_Capsule.tle);
+    if (word == "orbits") return ParseOrbits(value) && TakeText(value, m_HasOrbits, m_Capsule.orbits);
     if (word == "marker") return TakeMarker(value);
     return word == "data" && TakeData(value);
   }
@@ -122,6 +125,7 @@ class SessionReader {
 
   SessionCapsule m_Capsule;
   bool m_HasLanguage = false, m_HasSize = false, m_HasZone = false, m_HasPlace = false;
+  bool m_HasTle = false, m_HasOrbits = false;
 };
 
 // Control characters would end the line or hide in it.
@@ -163,6 +167,8 @@ std::string FormatSession(const SessionCapsule& capsule) {
   for (const auto& mark : capsule.marks) AppendLine("mark", FormatFavourite(mark), text);
   AppendLine("frames-of", FormatImageGroups(capsule.framesOf), text);
   AppendLine("showers", capsule.showers ? "on" : "", text);
+  AppendLine("tle", capsule.tle, text);
+  AppendLine("orbits", capsule.orbits, text);
   for (const auto& marker : capsule.markers) {
     AppendLine(
         "marker",

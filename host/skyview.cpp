@@ -6,6 +6,7 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/string_table.h"
 #include "host/body_report.h"
+#include "host/body_requests.h"
 #include "host/caption.h"
 #include "host/diagnostics.h"
 #include "host/favourite_list.h"
@@ -27,6 +28,7 @@
 #include "host/sky_roots.h"
 #include "host/status.h"
 #include "host/view_state.h"
+#include "host/where.h"
 #include "host/why.h"
 #include "utils/text.h"
 
@@ -64,9 +66,10 @@ struct Session {
   ObjectFilters filters;
   SkyMarkers markers;
   std::vector<SSO_ID> marks;  // objects that the picture marks
+  std::vector<int> orbits;    // bodies whose orbits it shows
 };
 
-// The object that --why asks about.
+// The object that --why or --where asks about.
 struct Question {
   FoundObject object;
   std::string title;
@@ -92,7 +95,7 @@ ViewResult SetUpSettings(const Options& options, SettingsData& settings, Diagnos
   return result;
 }
 
-// Finds the objects of --favourite and --why.
+// Finds the objects of --favourite, and of --why or --where.
 bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, Session& session,
                             std::optional<Question>& question, std::string& error) {
   for (const auto& name : options.favourites) {
@@ -103,12 +106,13 @@ bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, 
     }
     AddFavourite(session.settings, GetKind(*found, session.catalogs), GetNumber(*found, session.catalogs));
   }
-  if (!options.why) return true;
-  if (const auto found = search.FindOne(*options.why, error)) {
+  const auto& asked = options.why ? options.why : options.where;
+  if (!asked) return true;
+  if (const auto found = search.FindOne(*asked, error)) {
     question = {*found, search.GetTitle(*found)};
     return true;
   }
-  error = "--why " + error;
+  error = (options.why ? "--why " : "--where ") + error;
   return false;
 }
 
@@ -117,9 +121,14 @@ bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, 
 bool FindNamedObjects(const Options& options, Session& session, std::optional<Question>& question,
                       std::string& error) {
   if (!LoadSkyCatalogs(session.catalogs, error)) return false;
+  if (!AddSatellites(options, session.camera, session.catalogs.bodies, error)) return false;
   std::optional<ObjectSearch> search;
-  if (!options.favourites.empty() || options.why || !options.favouriteActions.empty())
+  const bool wantsOrbits = options.orbits && !options.orbits->names.empty();
+  if (!options.favourites.empty() || options.why || options.where || wantsOrbits ||
+      !options.favouriteActions.empty())
     search.emplace(session.catalogs);
+  if (!FindOrbits(options, search ? &*search : nullptr, session.catalogs.bodies, session.orbits, error))
+    return false;
   if (search && !FindFiltersAndQuestion(options, *search, session, question, error)) return false;
   return FindMarks(options, search ? &*search : nullptr, session.catalogs, session.marks, error);
 }
@@ -132,9 +141,8 @@ bool KeepSettings(const Options& options, Session& session, std::string& error) 
 bool KeepView(const Options& options, Session& session, Diagnostics& diagnostics, std::string& error) {
   if (options.saveView && !SaveView(session.camera, *options.saveView, error)) return false;
   if (options.home == HomeAction::kStore && !StoreHome(session.camera, diagnostics, error)) return false;
-  if (options.saveSession &&
-      !SaveSession(*options.saveSession, options, session.settings, session.markers, session.marks, session.camera,
-                   error)) {
+  if (options.saveSession && !SaveSession(*options.saveSession, options, session.settings, session.markers,
+                                          session.marks, session.camera, error)) {
     return false;
   }
   return KeepSettings(options, session, error);
@@ -158,12 +166,20 @@ bool Draw(const Options& options, Session& session, const std::optional<Question
   const auto status = MakeStatus(session.camera, session.catalogs);
   SkyFrame& frame = maker.GetFrame();
   if (!SetUpExtras(options, session.marks, frame, error)) return false;
+  if (options.play) SetAnimationClock(0);
+  ShowOrbits(options, session.orbits, frame);
+  if (options.play) SetAnimationClock(1);
   frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
   maker.Compute();
   if (!WritePictures(options, frame, error)) return false;
   if (!KeepView(options, session, diagnostics, error)) return false;
   std::string text;
-  if (question) {
+  if (question && options.where) {
+    if (!DescribeWhere(question->object, question->title, session.catalogs, session.camera, text, error)) {
+      error = "--where " + error;
+      return false;
+    }
+  } else if (question) {
     const ShownView view = {frame, session.camera,  maker.GetObserver(),
                             shown, session.filters, session.settings};
     text = FormatExplanation(question->title, Explain(question->object, view));
@@ -201,6 +217,12 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
   }
   if (options.home == HomeAction::kShow) {
     output << FormatHomes(session.camera);
+    return FinishShow(diagnostics, errors);
+  }
+  if (options.lightCurve) {
+    std::string text;
+    if (!DrawLightCurve(options, session.camera, text, error)) return Fail(error, kBadData, errors);
+    output << text;
     return FinishShow(diagnostics, errors);
   }
   std::optional<Question> question;
