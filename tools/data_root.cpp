@@ -54,7 +54,12 @@ struct CatalogFile {
 };
 constexpr CatalogFile kCatalogFiles[] = {
     {"catalogs", "satellites", ".tle", MakeSatellites, "orbits/SOURCE.md"},
+    {"catalogs/comets", "best_observation_time", ".ini", MakeObservationTimes, "comets/SOURCE.md"},
     {"catalogs/planets&moons", "planets&moons", ".txt", MakePlanetsAndMoons, "bodies/SOURCE.md"},
+    {"media/find", "object_articles_table", ".bin", MakeArticles, "find/SOURCE.md"},
+    {"media/find", "object_distances_table", ".bin", MakeDistances, "find/SOURCE.md"},
+    {"media/find", "3d_flight_to_objects", ".txt", MakeFlightObjects, "find/SOURCE.md"},
+    {"media/surface", "panoramas", ".ini", MakePanoramas, "surface/SOURCE.md"},
     {"media/skyobjects/constell_images", "constell", ".dat", MakeConstellationImages, "skyobjects/SOURCE.md"},
     {"media/skyobjects/mway_images", "mway", ".dat", MakeMilkyWayImages, "skyobjects/SOURCE.md"},
     {"media/skyobjects/dso_images", "dsoimagestrue", ".txt", MakeDeepskyImages,
@@ -65,6 +70,14 @@ void AddCatalogFiles(const fs::path& source, Files& files) {
     const std::string base = std::string(file.folder) + "/" + file.name;
     files[base + file.extension] = file.make(source);
     files[base + ".source.md"] = ReadFile(source / file.origin);
+  }
+}
+
+// The pictures of the landscapes, as they stand.
+void AddPanoramaPictures(const fs::path& folder, Files& files) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() == ".svg")
+      files[fs::path("media/surface") / entry.path().filename()] = ReadFile(entry.path());
   }
 }
 
@@ -101,6 +114,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
   AddCatalogFiles(source, files);
+  AddPanoramaPictures(source / "surface", files);
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
   return static_cast<int>(files.size());
