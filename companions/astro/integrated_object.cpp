@@ -65,7 +65,7 @@ constexpr IntegrationLimits kLimits = {1e-13, 20000};
 
 std::optional<IntegratedObject> IntegratedObject::Begin(const ModelObject& object) {
   const ReadyOrbit* orbit = std::get_if<ReadyOrbit>(&object.record);
-  if (orbit == nullptr) return std::nullopt;
+  if (orbit == nullptr || orbit->satellite.has_value()) return std::nullopt;
   const OrbitalElements& elements = orbit->elements;
   if (!(SSO_ID(elements.centralKind, elements.centralNumber) == SSO_ID(FourCC("plnt"), 10)))
     return std::nullopt;

@@ -47,11 +47,25 @@ bool KeepRecord(const void* data, ModelObject& object) {
 
 bool IsTwoLine(const OrbitalElements& elements) { return elements.elementSet == kTwoLineElements; }
 
+bool KeepSatellite(const OrbitalElements& elements, ModelObject& object) {
+  if (elements.tag != kTwoLineTag) return false;
+  if (!AreFinite(elements.epoch, elements.e, elements.i, elements.om, elements.w, elements.M0, elements.n,
+                 elements.dragTerm)) {
+    return false;
+  }
+  SatelliteModel model(elements);
+  if (model.GetFault() != SatelliteFault::kNone) return false;
+  ReadyOrbit& orbit = object.record.emplace<ReadyOrbit>();
+  orbit.elements = elements;
+  orbit.satellite.emplace(std::move(model));
+  return true;
+}
+
 // Whether there is an orbit is what the two-body motion says at the epoch.
 bool KeepOrbit(const void* data, ModelObject& object) {
   const OrbitalElements& elements = *static_cast<const OrbitalElements*>(data);
   if (!AreFinite(elements.absMagnitude, elements.slope)) return false;
-  if (IsTwoLine(elements)) return false;
+  if (IsTwoLine(elements)) return KeepSatellite(elements, object);
   if (BodyGravity(SSO_ID(elements.centralKind, elements.centralNumber)) == 0.0) return false;
   const OrbitPlane plane = MakeOrbitPlane(elements);
   double position[3], velocity[3];
@@ -78,6 +92,7 @@ MovingObject ViewOf(const ModelObject& object) {
   if (const ReadyOrbit* orbit = std::get_if<ReadyOrbit>(&object.record)) {
     view.elements = &orbit->elements;
     view.plane = orbit->plane;
+    if (orbit->satellite.has_value()) view.satellite = &*orbit->satellite;
   }
   return view;
 }
@@ -86,8 +101,8 @@ bool IsSun(const SSO_ID& id) { return id == SSO_ID(FourCC("plnt"), 10); }
 
 double MagnitudeOf(const MovingObject& view, const Illumination& light) {
   if (view.elements == nullptr) return PlanetMagnitude(view.id, light);
-  if (IsAsteroid(view.id.kind)) return AsteroidMagnitude(*view.elements, light);
-  if (IsComet(view.id.kind)) return CometMagnitude(*view.elements, light);
+  if (view.satellite == nullptr && IsAsteroid(view.id.kind)) return AsteroidMagnitude(*view.elements, light);
+  if (view.satellite == nullptr && IsComet(view.id.kind)) return CometMagnitude(*view.elements, light);
   return static_cast<double>(kUnknownStarMagnitude);
 }
 

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <variant>
 
 #include "astro/object_records.h"
+#include "astro/satellite.h"
 #include "astro/solar_system.h"
 #include "astro/two_body.h"
 #include "moment.h"
@@ -15,6 +17,7 @@ namespace astro_internal {
 struct ReadyOrbit {
   OrbitalElements elements;
   OrbitPlane plane = {};
+  std::optional<SatelliteModel> satellite;  // of two-line elements
 };
 
 // An object with a copy of its record, checked and made ready. Of an orbit of elements it allocates nothing.
