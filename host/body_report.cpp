@@ -98,7 +98,7 @@ class BodyReport {
         moons.push_back(GetTitle(body));
       }
     }
-    return moons.empty() ? "" : std::to_string(moons.size()) + ", " + JoinNames(moons);
+    return moons.empty() ? "" : std::to_string(moons.size()) + ": " + JoinNames(moons);
   }
 
   static std::string FindGazetteer(const SSO_ID& id, Diagnostics& diagnostics) {

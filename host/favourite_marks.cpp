@@ -50,9 +50,10 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
   }
   for (const int constellation : m_Constellations) {
     if (!tests.IsConstellationShown(constellation, place)) continue;
-    const double radius = GetRadius(geometry.unit);
-    m_Places.push_back({place.pixel.x, place.pixel.y + kNameHeight * geometry.unit + radius});
-    labels.Reserve(m_Places.back(), radius, radius);
+    const double away = kNameHeight * geometry.unit + GetRadius(geometry.unit);
+    if (!Add(geometry, {place.pixel.x, place.pixel.y + away}, labels)) {
+      Add(geometry, {place.pixel.x, place.pixel.y - away}, labels);
+    }
   }
 }
 
@@ -66,12 +67,16 @@ void FavouriteMarks::AddBeside(const ViewGeometry& geometry, const tPoint<double
   const double most = 0.2 * std::min(geometry.width, geometry.height);
   const double away = (std::min(radius, most) + kGap * geometry.unit + own) * kDiagonal;
   for (const auto& side : kSides) {
-    const tPoint<double> place = {p.x + side[0] * away, p.y + side[1] * away};
-    if (!geometry.IsInside(place, -own)) continue;
-    m_Places.push_back(place);
-    labels.Reserve(place, own, own);
-    return;
+    if (Add(geometry, {p.x + side[0] * away, p.y + side[1] * away}, labels)) return;
   }
+}
+
+bool FavouriteMarks::Add(const ViewGeometry& geometry, const tPoint<double>& place, LabelPlacer& labels) {
+  const double radius = GetRadius(geometry.unit);
+  if (!geometry.IsInside(place, -radius)) return false;
+  m_Places.push_back(place);
+  labels.Reserve(place, radius, radius);
+  return true;
 }
 
 }  // namespace skyview

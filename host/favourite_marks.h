@@ -12,7 +12,8 @@
 namespace skyview {
 
 // The marks beside the favourites that are drawn in one frame: small stars of five points, which nothing else in a
-// picture is. A constellation has its mark above the place of its name. Allocates when objects are set only; `catalogs`
+// picture is. A constellation has its mark above the place of its name, or below
+// it where the picture ends. Allocates when objects are set only; `catalogs`
 // is kept by reference.
 class FavouriteMarks {
  public:
@@ -30,6 +31,8 @@ class FavouriteMarks {
   static double GetRadius(double unit);
 
  private:
+  // False where the mark would not lie wholly in the window.
+  bool Add(const ViewGeometry& geometry, const tPoint<double>& place, LabelPlacer& labels);
   void AddBeside(const ViewGeometry& geometry, const tPoint<double>& p, double radius, LabelPlacer& labels);
 
   const SkyCatalogs& m_Catalogs;

@@ -45,11 +45,12 @@ std::string GetLabel(unsigned id) {
 // The catalog's label of the object, or its number, and the letter of the part.
 std::string GetLabel(const DSOImageDesc& image, const SkyCatalogs& catalogs) {
   constexpr unsigned kNumberBits = 0xFFFFFF, kLetterShift = 28, kLetters = 7;
-  const int number = static_cast<int>(image.number & kNumberBits);
+  const unsigned number = image.number & kNumberBits;
   const unsigned letter = image.number >> kLetterShift & kLetters;
   std::string label = std::to_string(number);
   for (const auto& object : catalogs.deepsky) {
-    if (object.number == number) label = object.label;
+    // The catalog's top byte is the sub-type.
+    if ((static_cast<unsigned>(object.number) & kNumberBits) == number) label = object.label;
   }
   return letter == 0 ? label : label + static_cast<char>('A' + letter - 1);
 }
@@ -149,34 +150,38 @@ bool ImageFrames::Load(unsigned groups, const SkyCatalogs& catalogs, std::string
   return true;
 }
 
-void ImageFrames::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, LabelPlacer& labels) {
+void ImageFrames::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                          const ObjectTests& tests, LabelPlacer& labels) {
   constexpr double kMargin = 0.001;  // radians; covers the aberration
   m_Lines.clear();
   for (const auto& frame : m_Frames) {
     const double away = VectorsAngle(frame.centre.v, geometry.centreJ2000.v);
     if (away > geometry.cornerAngle + frame.reach + kMargin) continue;
     Edge edges[4] = {};
-    if (AddLines(geometry, observer, frame, edges)) PlaceLabel(geometry, observer, frame, edges, labels);
+    if (AddLines(geometry, observer, tests, frame, edges))
+      PlaceLabel(geometry, observer, frame, edges, labels);
   }
 }
 
 // True when anything is visible.
-bool ImageFrames::AddLines(const ViewGeometry& geometry, const ObserverFrame& observer, const Frame& frame,
-                           Edge (&edges)[4]) {
+bool ImageFrames::AddLines(const ViewGeometry& geometry, const ObserverFrame& observer,
+                           const ObjectTests& tests, const Frame& frame, Edge (&edges)[4]) {
   const std::size_t before = m_Lines.size();
   SkyPath path(geometry);
   DrawnLine line;
   path.GoTo(ApparentDirection(m_Points[frame.first], observer), line);
   int point = frame.first + 1;
   for (int edge = 0; edge < 4; ++edge) {
-    const std::size_t first = m_Lines.size();
+    std::size_t first = 0, count = 0;  // of the stretches above the horizon, which follow one another
     for (; point < frame.edgeEnds[edge]; ++point) {
-      if (path.GoTo(ApparentDirection(m_Points[point], observer), line) && path.Clip(line)) {
-        m_Lines.push_back({line, frame.group});
-      }
+      const Direction apparent = ApparentDirection(m_Points[point], observer);
+      if (!path.GoTo(apparent, line) || !path.Clip(line)) continue;
+      m_Lines.push_back({line, frame.group});
+      if (!tests.IsAboveHorizon(apparent)) continue;
+      if (count++ == 0) first = m_Lines.size() - 1;
     }
-    edges[edge].visible = m_Lines.size() > first;
-    if (edges[edge].visible) edges[edge].middle = m_Lines[(first + m_Lines.size()) / 2].line;
+    edges[edge].visible = count > 0;
+    if (count > 0) edges[edge].middle = m_Lines[first + count / 2].line;
   }
   return m_Lines.size() > before;
 }

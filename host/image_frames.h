@@ -7,6 +7,7 @@
 
 #include "host/catalog_requests.h"
 #include "host/labels.h"
+#include "host/object_tests.h"
 #include "host/observer_frame.h"
 #include "host/sky_catalogs.h"
 #include "host/sky_path.h"
@@ -28,7 +29,8 @@ class ImageFrames {
   bool Load(unsigned groups, const SkyCatalogs& catalogs, std::string& error);
 
   // Labels each outline beside one of its visible edges, the uppermost first, where there is room.
-  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, LabelPlacer& labels);
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+               LabelPlacer& labels);
 
   int GetCount() const { return static_cast<int>(m_Frames.size()); }
   const std::vector<DrawnFrameLine>& GetLines() const { return m_Lines; }
@@ -42,7 +44,7 @@ class ImageFrames {
     int first;         // of its points: a corner, and behind it the points of the four edges
     int edgeEnds[4];   // index behind the last point of each edge
   };
-  // The visible stretch in the middle of an edge.
+  // The stretch in the middle of what can be seen of an edge.
   struct Edge {
     DrawnLine middle;
     bool visible;
@@ -53,8 +55,8 @@ class ImageFrames {
   void AddCorners(ImageGroup group, const Images& images);
   void AddDeepsky(const SkyCatalogs& catalogs);
   bool AddGroup(ImageGroup group, const SkyCatalogs& catalogs, std::string& error);
-  bool AddLines(const ViewGeometry& geometry, const ObserverFrame& observer, const Frame& frame,
-                Edge (&edges)[4]);
+  bool AddLines(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+                const Frame& frame, Edge (&edges)[4]);
   static void PlaceLabel(const ViewGeometry& geometry, const ObserverFrame& observer, const Frame& frame,
                          const Edge (&edges)[4], LabelPlacer& labels);
 

@@ -31,7 +31,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   m_Objects.Compute(geometry, tests);
   m_FavouriteMarks.Compute(geometry, tests, m_Labels);
   m_Radiants.Compute(geometry, observer, tests, m_Labels);
-  m_ImageFrames.Compute(geometry, observer, m_Labels);
+  m_ImageFrames.Compute(geometry, observer, tests, m_Labels);
   m_SolarSystem.Compute(geometry, observer, shown, filters, m_Labels);
   m_Objects.PlaceLabels(geometry, tests, m_Labels);
   m_Figures.PlaceNames(geometry, tests, shown.englishNames, m_Labels);
