@@ -59,7 +59,12 @@ bool ReadNumbers(const BaseDB& record, int fieldId, double* values, int count) {
 }
 
 bool ReadNumber(const BaseDB& record, int fieldId, double& value) {
-  return ReadNumbers(record, fieldId, &value, 1);
+  const auto* field = static_cast<const unsigned char*>(record.GetField(fieldId));
+  if (field == nullptr) return false;
+  const double number = Load(field, record.GetFieldType(fieldId));
+  if (!std::isfinite(number)) return false;
+  value = number;
+  return true;
 }
 
 bool ReadNumber(const BaseDB& record, int fieldId, float& value) {

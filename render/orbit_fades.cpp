@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The orbits that are shown, and how they come and go.
+#include <algorithm>
+
 #include "common_interfaces/render_settings.h"
 #include "utils/clock.h"
 #include "utils/text.h"
@@ -11,6 +13,7 @@ namespace CommonInterfaces {
 namespace {
 
 constexpr double kOrbitsOffFade = 0.15;  // seconds
+constexpr float kLeastOpacity = 1.0f / 255.0f;
 
 // On, or being faded in, and not of a planet or a moon, whose orbits have switches of their own.
 bool IsNPMOrbit(const SSO_ID& id, const OrbitFade& fade) {
@@ -56,6 +59,8 @@ void RenderSettings::ShowOrbit(const SSO_ID& id, bool show, double duration) {
   if (found == m_Orbits.end() && !show) return;
   OrbitFade& fade = found == m_Orbits.end() ? m_Orbits[id] : found->second;
   fade.FadeTo(show ? 1.0f : 0.0f, AnimationInterval::m_CurrentTime, duration);
+  // From nothing it would be forgotten by the first isObjectWithOrbit of the same frame.
+  if (show) fade.m_StartValue = std::max(fade.m_StartValue, kLeastOpacity);
 }
 
 float RenderSettings::GetOrbitAlpha(const SSO_ID& id) const {

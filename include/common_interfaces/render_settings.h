@@ -78,8 +78,8 @@ class COMMON_INTERFACES_API RenderSettings {
   void clearNPMOrbits(bool immediately);
   // Sets the fade of an object's orbit, in place of an earlier one.
   void SetOrbit(const SSO_ID& id, const OrbitFade& fade);
-  // Fades an orbit in or out from where it stands, over `duration` seconds. Switching off what is not there does
-  // nothing.
+  // Fades an orbit in or out from where it stands, over `duration` seconds. One that fades in begins at an opacity of
+  // 1/255 at least, so that isObjectWithOrbit finds it in the same frame. Switching off what is not there does nothing.
   void ShowOrbit(const SSO_ID& id, bool show, double duration);
   // The opacity now, 0 for an object without an orbit. Erases nothing.
   float GetOrbitAlpha(const SSO_ID& id) const;

@@ -171,13 +171,24 @@ TEST(OrbitFadesTest, ShownOrbitsFadeInAndOutFromWhereTheyStand) {
   RenderSettings settings;
   settings.ShowOrbit(kComet, false, 1.0);
   EXPECT_TRUE(settings.GetOrbits().empty());
+  settings.SetOrbit(kComet, OrbitFade{0.0, 0.0, 0.0f, 0.25f});
   settings.ShowOrbit(kComet, true, 1.0);
   clock.Set(0.5);
-  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 0.5f);
+  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 0.625f);
   settings.ShowOrbit(kComet, false, 1.0);
   clock.Set(1.0);
-  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 0.25f);
+  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 0.3125f);
   settings.ShowOrbit(kComet, true, 0.0);
+  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 1.0f);
+}
+
+TEST(OrbitFadesTest, AnOrbitShownFromNothingIsThereInTheSameFrame) {
+  AnimationClock clock(3.0);
+  RenderSettings settings;
+  settings.ShowOrbit(kComet, true, 1.0);
+  EXPECT_TRUE(settings.isObjectWithOrbit(kComet));
+  EXPECT_EQ(settings.GetOrbitAlpha(kComet), 1.0f / 255.0f);
+  clock.Set(4.0);
   EXPECT_EQ(settings.GetOrbitAlpha(kComet), 1.0f);
 }
 
