@@ -54,7 +54,7 @@ class Fields {
   template <class Parse>
   bool Field(Parse parse) {
     m_NumberEnd = nullptr;
-    if (!RemoveLeading(m_Cursor) || *m_Cursor == '!') return false;
+    if (!RemoveLeading(m_Cursor) || *m_Cursor == '!') return false;  // a comment, to the end of the line
     if (*m_Cursor == '+' && (IsDigit(m_Cursor[1]) || m_Cursor[1] == '.')) ++m_Cursor;
     char* const start = m_Cursor;
     const bool read = parse(m_Cursor) == 1 && m_Cursor != start;
@@ -99,7 +99,6 @@ void SetBounds(DSOImageDesc& image) {
 }  // namespace
 
 bool ParseDeepskyImage(char* line, DSOImageDesc& image) {
-  if (*line == '!') return false;
   image = DSOImageDesc();
   Fields fields(line);
   ReadNumber(fields, image);

@@ -317,6 +317,16 @@ TEST(DeepskyImages, FieldThatIsNoNumberKeepsItsDefaultAndTheNextOnesTheirColumns
   EXPECT_EQ(image.brightness, 2.0);
 }
 
+TEST(DeepskyImages, WhatClingsToANumberGoesWithIt) {
+  Catalog catalog("31 10x5 90.0y 0 7.5z7 2,3 0.5\n");
+  const DSOImageDesc& image = Only(catalog);
+  EXPECT_NEAR(image.size, 0.00290888209, 1e-9);
+  EXPECT_NEAR(image.direction[1], 1.0, 1e-15);
+  EXPECT_EQ(image.rotation, 7.5);
+  EXPECT_EQ(image.flags, 2);
+  EXPECT_EQ(image.aspectRatio, 0.5);
+}
+
 TEST(DeepskyImages, LineWithoutAReadableFieldIsNoPicture) {
   Catalog catalog("no picture at all\n");
   EXPECT_EQ(catalog.images().GetFirst(), nullptr);
@@ -347,7 +357,9 @@ TEST(DeepskyImages, NumbersBeyondTheRangeOfDoublesKeepTheirDefaults) {
 }
 
 TEST(DeepskyImages, RemarkBehindTheFieldsIsNoField) {
-  Catalog catalog("1 10 0 0 0 0 1 0 0.5 ! 7 8 9\n");
+  Catalog catalog("1 10 0 0 0 0 1 ! 7 0.25 9\n");
+  EXPECT_EQ(Only(catalog).layer, 0);
+  EXPECT_EQ(Only(catalog).blackPoint, 0.0);
   EXPECT_EQ(Only(catalog).brightness, 1.0);
 }
 

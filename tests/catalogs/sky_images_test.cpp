@@ -156,6 +156,7 @@ TEST(SkyImages, InstancesShareOneListUntilTheLastGoes) {
   EXPECT_EQ(CountOf(*second), 1);
   first.reset();
   second.reset();
+  ASSERT_EQ(CountOf(*copy), 1);
   EXPECT_EQ(*copy->GetBegin(), image);
   copy.reset();
   const CSTLImages again;
