@@ -228,14 +228,6 @@ void CollectBodies(const LintFile& file, LintRun& run) {
   }
 }
 
-void CollectSatellites(const LintFile& file, LintRun& run) {
-  constexpr std::size_t kNumber = 2, kNumberLength = 5;  // columns 3 to 7 of a first line
-  for (const LintLine& line : ReadPlainLines(file.bytes)) {
-    if (!line.text.starts_with("1 ") || line.text.size() < kNumber + kNumberLength) continue;
-    run.objects.Add(FourCC("scft"), std::atoi(line.text.substr(kNumber, kNumberLength).c_str()));
-  }
-}
-
 }  // namespace
 
 void LintCatalog(const LintFile& file, LintRun& run) {

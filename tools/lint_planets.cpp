@@ -50,12 +50,16 @@ void AddBody(const LintLine& line, Bodies& bodies, LintReport& report) {
 
 bool HasBody(const Bodies& bodies, int kind, int number) { return bodies.count({kind, number}) > 0; }
 
+bool IsInRange(int kind, int number) {
+  return kind == kPlanet ? number >= 1 : kind == kMoon && number >= kFirstMoon;
+}
+
 // Enumerations end at the first missing number.
 void CheckGaps(const Bodies& bodies, LintReport& report) {
   for (const auto& [key, body] : bodies) {
     const auto [kind, number] = key;
     const bool isFirst = kind == kPlanet ? number == 1 : number % kMoonsOfPlanet == 1;
-    if ((kind != kPlanet && kind != kMoon) || isFirst || HasBody(bodies, kind, number - 1)) continue;
+    if (!IsInRange(kind, number) || isFirst || HasBody(bodies, kind, number - 1)) continue;
     report.Add(
         LintCode::kGap, body.line, body.column,
         NameObject(kind, number) + " is never reached: " + NameObject(kind, number - 1) + " is missing");
@@ -65,7 +69,7 @@ void CheckGaps(const Bodies& bodies, LintReport& report) {
 void CheckParents(const Bodies& bodies, LintReport& report) {
   for (const auto& [key, body] : bodies) {
     const int planet = key.second / kMoonsOfPlanet;
-    if (key.first != kMoon || HasBody(bodies, kPlanet, planet)) continue;
+    if (key.first != kMoon || key.second < kFirstMoon || HasBody(bodies, kPlanet, planet)) continue;
     report.Add(LintCode::kDanglingReference, body.line, body.column,
                NameObject(key.first, key.second) + " goes around " + NameObject(kPlanet, planet) +
                    ", which is not here");

@@ -58,6 +58,7 @@ void LintGazetteers(LintRun& run);
 
 // Puts the objects and labels of a catalog into the run, for those that refer to them.
 void CollectObjects(const LintFile& file, LintRun& run);
+void CollectSatellites(const LintFile& file, LintRun& run);
 
 // A finding when a catalog of that kind is there and has no such object.
 void CheckReference(const LintRun& run, int kind, int number, int line, int column, LintReport& report);

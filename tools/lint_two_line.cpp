@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Two-line elements of satellites: sets of two lines, a line with the name before them where there is one.
+#include <cstdio>
+
 #include "astro/satellite.h"
 #include "tools/lint_rules.h"
 #include "utils/text.h"
@@ -36,12 +38,21 @@ struct SatelliteReader {
   }
 
  private:
+  // "line 2, column 69: what is wrong", "line 1, columns 3 to 7: ...".
+  void AddError(const LintLine& second, const std::string& error) {
+    int line = 1, column = 0;
+    if (std::sscanf(error.c_str(), "line %d, column %d", &line, &column) < 2) {
+      std::sscanf(error.c_str(), "line %d, columns %d", &line, &column);
+    }
+    report.Add(LintCode::kTwoLineElements, line == 2 ? second.number : first.number, column, error);
+  }
+
   void TakeSet(const LintLine& second) {
     OrbitalElements elements;
     int number = 0;
     std::string error;
     if (!ParseTwoLineElements(first.text, second.text, elements, number, error)) {
-      report.Add(LintCode::kTwoLineElements, first.number, 0, error);
+      AddError(second, error);
       return;
     }
     if (SatelliteModel(elements).GetFault() != SatelliteFault::kNone) {
@@ -56,6 +67,17 @@ struct SatelliteReader {
 };
 
 }  // namespace
+
+void CollectSatellites(const LintFile& file, LintRun& run) {
+  std::string first;
+  for (const LintLine& line : ReadPlainLines(file.bytes)) {
+    OrbitalElements elements;
+    int number = 0;
+    std::string error;
+    if (ParseTwoLineElements(first, line.text, elements, number, error)) run.objects.Add(kSatellite, number);
+    first = line.text;
+  }
+}
 
 void LintTwoLineElements(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);

@@ -54,7 +54,7 @@ ShownTable ShowImages(const std::string& bytes) {
     table.rows.push_back(std::move(row));
   }
   table.unreadable = list.count - static_cast<int>(list.images.size());
-  if (!list.hasCount || list.restSize > 0) ++table.unreadable;
+  if (!list.hasCount || (list.restSize > 0 && table.unreadable == 0)) ++table.unreadable;
   return table;
 }
 

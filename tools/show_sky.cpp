@@ -43,7 +43,7 @@ const ShownUnit* FindUnit(const std::string& column) {
 }
 
 ShownCell ShowCell(const CatalogColumn& column, const TextField* cell) {
-  if (!cell) return "";
+  if (!cell) return column.type == "text" ? ShownCell("") : ShownCell::Missing();
   const auto value = column.type == "text" ? std::nullopt : ParseCatalogNumber(column.type, cell->text);
   if (!value) return cell->text;
   const ShownUnit* const unit = FindUnit(column.name);

@@ -19,6 +19,35 @@ std::string Printable(std::string text) {
   return text;
 }
 
+std::size_t SkipDigits(const std::string& text, std::size_t at) {
+  return std::min(text.find_first_not_of("0123456789", at), text.size());
+}
+
+// Digits of JSON: no "+" before them, no 0 before another digit, digits on both sides of the point.
+bool IsJsonNumber(const std::string& text) {
+  const std::size_t begin = text.starts_with('-') ? 1 : 0;
+  std::size_t at = SkipDigits(text, begin);
+  if (at == begin || (text[begin] == '0' && at > begin + 1)) return false;
+  if (at < text.size() && text[at] == '.') {
+    const std::size_t point = at++;
+    at = SkipDigits(text, at);
+    if (at == point + 1) return false;
+  }
+  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    ++at;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+    const std::size_t exponent = at;
+    at = SkipDigits(text, at);
+    if (at == exponent) return false;
+  }
+  return at == text.size();
+}
+
+std::string FormatCellAsJson(const ShownCell& cell) {
+  if (!cell.isNumber) return JsonString(cell.text);
+  return cell.text.empty() ? "null" : cell.text;
+}
+
 std::vector<int> MeasureColumns(const ShownTable& table) {
   std::vector<int> widths;
   for (const std::string& column : table.columns) widths.push_back(CountCharacters(column));
@@ -51,6 +80,12 @@ ShownCell ShownCell::Real(double value, int decimals) {
 
 ShownCell ShownCell::Number(std::string digits) {
   ShownCell cell(std::move(digits));
+  cell.isNumber = IsJsonNumber(cell.text);
+  return cell;
+}
+
+ShownCell ShownCell::Missing() {
+  ShownCell cell("");
   cell.isNumber = true;
   return cell;
 }
@@ -77,8 +112,7 @@ std::string FormatTableAsJson(const ShownTable& table) {
   for (const auto& row : table.rows) {
     json += json.size() > 1 ? ",\n {" : "\n {";
     for (std::size_t i = 0; i < row.size(); ++i) {
-      json += (i > 0 ? ", " : "") + JsonString(table.columns[i]) + ": " +
-              (row[i].isNumber ? row[i].text : JsonString(row[i].text));
+      json += (i > 0 ? ", " : "") + JsonString(table.columns[i]) + ": " + FormatCellAsJson(row[i]);
     }
     json += '}';
   }

@@ -17,8 +17,10 @@ struct ShownCell {
 
   // With as many decimals; what is not finite as text.
   static ShownCell Real(double value, int decimals);
-  // A text that is a number of JSON already.
+  // Digits as they stand in a file; a text where JSON has no such number.
   static ShownCell Number(std::string digits);
+  // A number that the record lacks: blank, null in JSON.
+  static ShownCell Missing();
 };
 
 // The records of a file, ready to be printed. The unit of a column stands in brackets behind its name.
