@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
@@ -44,6 +45,19 @@ TEST_F(DataRoot, HasEveryFileOfTheLayout) {
     const std::string base = std::string("data/catalogs/") + name;
     EXPECT_EQ(m_Roots.dir.Read(base + ".txt")[0], '#') << name;
     EXPECT_NE(m_Roots.dir.Read(base + ".source.md").find("Licence"), std::string::npos) << name;
+  }
+  for (const auto& [base, extension] :
+       std::map<std::string, std::string>{{"catalogs/comets/best_observation_time", ".ini"},
+                                          {"catalogs/planets&moons/planets&moons", ".txt"},
+                                          {"media/find/3d_flight_to_objects", ".txt"},
+                                          {"media/find/object_articles_table", ".bin"},
+                                          {"media/find/object_distances_table", ".bin"},
+                                          {"media/skyobjects/constell_images/constell", ".dat"},
+                                          {"media/skyobjects/dso_images/dsoimagestrue", ".txt"},
+                                          {"media/skyobjects/mway_images/mway", ".dat"},
+                                          {"media/surface/panoramas", ".ini"}}) {
+    EXPECT_FALSE(m_Roots.dir.Read("data/" + base + extension).empty()) << base;
+    EXPECT_NE(m_Roots.dir.Read("data/" + base + ".source.md").find("icence"), std::string::npos) << base;
   }
 }
 
