@@ -60,11 +60,9 @@ void AddCometNames(const std::string& name, std::vector<std::string>& names) {
 
 void AddNames(const CatalogTable& table, SkyBody& body) {
   const std::string name = FieldText(table, fields::kProperName);
-  if (!name.empty()) body.names.push_back(name);
-  const std::string label = FieldText(table, fields::kLabel);
-  if (!label.empty() && label != name) body.names.push_back(label);
+  body.names.push_back(name.empty() ? std::to_string(body.id.number) : name);
   if (body.id.kind == FourCC("astr")) {
-    if (!name.empty()) body.names.push_back(std::to_string(body.id.number) + " " + name);
+    body.names.push_back(std::to_string(body.id.number) + " " + name);
   } else {
     AddCometNames(name, body.names);
   }

@@ -9,7 +9,7 @@ namespace skyview {
 namespace {
 
 // Pixels of the standard picture.
-constexpr double kSunRadius = 11.0, kMoonRadius = 9.0;
+constexpr double kSunRadius = 13.0, kMoonRadius = 12.0;
 constexpr double kLeastPlanet = 2.4, kLeastSmallBody = 1.5, kLargestDot = 7.0;
 constexpr double kMargin = 40.0;  // where the tail of a comet may still reach in
 

@@ -91,7 +91,7 @@ void PaintShadow(const SkyFrame& frame, const DrawnBody& moon, const DrawnShadow
   cairo_arc(context, moon.place.x, frame.GetHeight() - moon.place.y, moon.radius, 0.0, 2.0 * kPi);
   cairo_clip(context);
   cairo_pattern_t* shade = cairo_pattern_create_radial(x, y, shadow.umbra, x, y, shadow.penumbra);
-  cairo_pattern_add_color_stop_rgba(shade, 0.0, 0.10, 0.06, 0.05, 0.80);
+  cairo_pattern_add_color_stop_rgba(shade, 0.0, 0.10, 0.06, 0.05, 0.70);
   cairo_pattern_add_color_stop_rgba(shade, 0.25, 0.08, 0.06, 0.05, 0.48);
   cairo_pattern_add_color_stop_rgba(shade, 1.0, 0.05, 0.05, 0.05, 0.0);
   cairo_set_source(context, shade);
@@ -100,11 +100,10 @@ void PaintShadow(const SkyFrame& frame, const DrawnBody& moon, const DrawnShadow
   cairo_pattern_destroy(shade);
   if (shadow.umbra > 0.0) {
     cairo_pattern_t* umbra = cairo_pattern_create_radial(x, y, 0.0, x, y, shadow.umbra);
-    cairo_pattern_add_color_stop_rgba(umbra, 0.0, kUmbra.red * 0.55, kUmbra.green * 0.5, kUmbra.blue * 0.5,
-                                      0.93);
-    cairo_pattern_add_color_stop_rgba(umbra, 0.75, kUmbra.red, kUmbra.green, kUmbra.blue, 0.90);
-    cairo_pattern_add_color_stop_rgba(umbra, 1.0, kUmbra.red * 1.35, kUmbra.green * 1.9, kUmbra.blue * 2.2,
-                                      0.84);
+    cairo_pattern_add_color_stop_rgba(umbra, 0.0, 0.5 * kUmbra.red, 0.5 * kUmbra.green, 0.5 * kUmbra.blue,
+                                      0.94);
+    cairo_pattern_add_color_stop_rgba(umbra, 0.8, kUmbra.red, kUmbra.green, kUmbra.blue, 0.92);
+    cairo_pattern_add_color_stop_rgba(umbra, 1.0, kUmbra.red, 1.4 * kUmbra.green, 1.6 * kUmbra.blue, 0.88);
     cairo_set_source(context, umbra);
     cairo_arc(context, x, y, shadow.umbra, 0.0, 2.0 * kPi);
     cairo_fill(context);

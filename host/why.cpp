@@ -25,6 +25,7 @@ struct Case {
   ObjectPlace place;
   const char* label;
   std::optional<int> labelIndex;  // of what is drawn
+  ClassLimits limits;
 };
 
 template <class List, class Is>
@@ -37,7 +38,9 @@ std::optional<int> FindLabelIndex(const List& drawn, Is is) {
 
 Case MakeStarCase(int star, const ObjectTests& tests, const SkyFrame& frame) {
   const StarCatalog& stars = frame.GetCatalogs().stars;
-  Case made = {FourCC("star"), stars.GetCode(star), stars.GetTraits(star), 0, {}, stars.GetLabel(star), {}};
+  Case made = {
+      FourCC("star"),       stars.GetCode(star), stars.GetTraits(star), 0, {}, stars.GetLabel(star), {},
+      tests.GetStarLimits()};
   made.obstacles = tests.FindStarObstacles(star, made.place);
   made.labelIndex =
       FindLabelIndex(frame.GetStars(), [star](const DrawnStar& drawn) { return drawn.star == star; });
@@ -46,7 +49,14 @@ Case MakeStarCase(int star, const ObjectTests& tests, const SkyFrame& frame) {
 
 Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame) {
   const auto& object = frame.GetCatalogs().deepsky[static_cast<std::size_t>(index)];
-  Case made = {object.kind, object.code, GetTraits(object), 0, {}, object.label.c_str(), {}};
+  Case made = {object.kind,
+               object.code,
+               GetTraits(object),
+               0,
+               {},
+               object.label.c_str(),
+               {},
+               tests.GetDeepskyLimits(object.kind)};
   made.obstacles = tests.FindDeepskyObstacles(index, made.place);
   made.labelIndex = FindLabelIndex(frame.GetDeepsky(),
                                    [index](const DrawnDeepsky& drawn) { return drawn.object == index; });
@@ -56,12 +66,38 @@ Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame)
 Case MakeConstellationCase(int index, const ObjectTests& tests, const ShownView& view) {
   const auto& constellation = view.frame.GetCatalogs().constellations[static_cast<std::size_t>(index)];
   const char* name = constellation.GetShownName(view.shown.englishNames).c_str();
-  Case made = {FourCC("cnst"), {}, GetTraits(constellation), 0, {}, name, {}};
+  Case made = {FourCC("cnst"),
+               {},
+               GetTraits(constellation),
+               0,
+               {},
+               name,
+               {},
+               ClassLimits(view.camera, FourCC("cnst"))};
   made.obstacles = tests.FindConstellationObstacles(index, made.place);
   const auto& labels = view.frame.GetLabels();
   for (std::size_t i = 0; i < labels.size(); ++i) {
     if (labels[i].text == name) made.labelIndex = static_cast<int>(i);
   }
+  return made;
+}
+
+Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view) {
+  const SolarSystemPart& part = view.frame.GetSolarSystem();
+  const BodyTests tests(part.GetModel(), geometry, view.observer, view.shown, view.filters);
+  const SkyBody& body = part.GetModel().GetBodies()[static_cast<std::size_t>(index)];
+  const BodyState& state = part.GetModel().GetStates()[static_cast<std::size_t>(index)];
+  Case made = {body.id.kind,
+               state.code,
+               GetTraits(body, state.code),
+               0,
+               {},
+               part.GetMarks().GetLabel(index).c_str(),
+               {},
+               tests.GetLimits(body.id.kind)};
+  if (!tests.HasMagnitude(index)) made.code.reset();
+  made.obstacles = part.IsSeenFromEarth() ? tests.FindObstacles(index, made.place) : unsigned{kNoPlace};
+  if (const DrawnBody* drawn = part.GetMarks().Find(index)) made.labelIndex = drawn->labelIndex;
   return made;
 }
 
@@ -103,19 +139,18 @@ std::string DescribeOutside(const Case& object, const ViewGeometry& geometry, co
       standing.azimuth, standing.altitude);
 }
 
-void AddReasons(const Case& object, const ObjectTests& tests, const ViewGeometry& geometry,
-                const ShownView& view, std::vector<std::string>& reasons) {
+void AddReasons(const Case& object, const ViewGeometry& geometry, const ShownView& view,
+                std::vector<std::string>& reasons) {
+  if (object.obstacles & kNoPlace) {
+    reasons.push_back("nobody can tell where it is for this observer at this moment");
+  }
   if (object.obstacles & kKindOff) AddSwitches(object, view, reasons);
   if (object.obstacles & kFiltered) {
     for (auto& reason : DescribeRejections(view.filters.Get(object.kind), object.kind, object.traits)) {
       reasons.push_back(std::move(reason));
     }
   }
-  if (object.obstacles & kTooFaint) {
-    const bool star = object.kind == FourCC("star");
-    const ClassLimits& limits = star ? tests.GetStarLimits() : tests.GetDeepskyLimits(object.kind);
-    reasons.push_back(DescribeFaintness(object, limits, view));
-  }
+  if (object.obstacles & kTooFaint) reasons.push_back(DescribeFaintness(object, object.limits, view));
   if (object.obstacles & kBelowHorizon) {
     reasons.push_back(Format("below the horizon: altitude %.1f\u00B0",
                              FindStanding(object.place.apparent, view.observer).altitude));
@@ -137,16 +172,13 @@ std::string DescribeLabel(const Case& object, const ClassLimits& limits, const S
   return "label hidden: no free place beside it";
 }
 
-void AddFacts(const Case& object, const ObjectTests& tests, const ShownView& view,
-              std::vector<std::string>& facts) {
+void AddFacts(const Case& object, const ShownView& view, std::vector<std::string>& facts) {
   facts.push_back(Format("pixel %.0f, %.0f from the upper left corner", object.place.pixel.x,
                          view.frame.GetHeight() - object.place.pixel.y));
   if (!object.code) return;
-  const bool star = object.kind == FourCC("star");
-  const ClassLimits& limits = star ? tests.GetStarLimits() : tests.GetDeepskyLimits(object.kind);
   facts.push_back(Format("magnitude %.2f: ", MagnitudeOfCode(*object.code)) +
                   DescribeZoom(object, LimitOf::kDrawing, view.camera));
-  facts.push_back(DescribeLabel(object, limits, view));
+  facts.push_back(DescribeLabel(object, object.limits, view));
 }
 
 }  // namespace
@@ -154,19 +186,20 @@ void AddFacts(const Case& object, const ObjectTests& tests, const ShownView& vie
 Explanation Explain(const FoundObject& found, const ShownView& view) {
   const ViewGeometry geometry(view.camera);
   const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters);
-  const Case object = found.group == ObjectGroup::kStar ? MakeStarCase(found.index, tests, view.frame)
-                      : found.group == ObjectGroup::kDeepsky
-                          ? MakeDeepskyCase(found.index, tests, view.frame)
-                          : MakeConstellationCase(found.index, tests, view);
+  const Case object = found.group == ObjectGroup::kStar      ? MakeStarCase(found.index, tests, view.frame)
+                      : found.group == ObjectGroup::kDeepsky ? MakeDeepskyCase(found.index, tests, view.frame)
+                      : found.group == ObjectGroup::kBody    ? MakeBodyCase(found.index, geometry, view)
+                                                          : MakeConstellationCase(found.index, tests, view);
   Explanation explanation;
-  AddReasons(object, tests, geometry, view, explanation.reasons);
+  AddReasons(object, geometry, view, explanation.reasons);
   explanation.drawn = explanation.reasons.empty();
+  if (object.obstacles & kNoPlace) return explanation;
   const Standing standing = FindStanding(object.place.apparent, view.observer);
   explanation.facts.push_back(
       Format(view.observer.horizon ? "azimuth %.1f\u00B0, altitude %.1f\u00B0"
                                    : "longitude %.1f\u00B0, latitude %.1f\u00B0 along the plane of the view",
              standing.azimuth, standing.altitude));
-  if (explanation.drawn) AddFacts(object, tests, view, explanation.facts);
+  if (explanation.drawn) AddFacts(object, view, explanation.facts);
   return explanation;
 }
 
