@@ -126,4 +126,46 @@ TEST(Exported, AViewOfTheSkyHasTheZenithAboveAndEastToTheLeftOfSouth) {
   EXPECT_GT(higher.y, 300.0);
 }
 
+TEST(Exported, AStarOfAnOwnDatabaseReachesAnOwnModel) {
+  class OneField : public BaseDB {
+   public:
+    const void* GetField(int id) const override {
+      return id == ::GetUniqueID("Parallax") ? &parallax : nullptr;
+    }
+    unsigned GetFieldType(int) const override { return kFieldInt16; }
+    short parallax = 768;  // milliarcseconds
+  };
+  class OwnModel : public CQXSolSys {
+   public:
+    bool SetLocateObject(const SSO_ID&, const void* data) override {
+      star = *static_cast<const StarRecord*>(data);
+      return true;
+    }
+    StarRecord star;
+  };
+  OneField database;
+  OwnModel model;
+  SSO_ID id(FourCC("star"), 1);
+  EXPECT_EQ(ConvertDBRecord(id, &database, nullptr, &model, kConvertLocateObject), kConversionDone);
+  EXPECT_DOUBLE_EQ(model.star.parallax, 0.768 * 4.84813681109536e-06);
+  EXPECT_EQ(model.star.visMagnitude, 999999.0f);
+}
+
+TEST(Exported, PathsMadeHereAreKeptAndReleasedThere) {
+  const SSO_ID sun(FourCC("plnt"), 10);
+  for (int kind = 0; kind < 3; ++kind) {
+    auto* path = new PathLine;
+    path->m_Object = SSO_ID(FourCC("comt"), 1);
+    path->m_Reference = sun;
+    path->m_Kind = kind == 0 ? 0 : 1;  // the last replaces the second
+    path->m_Points.resize(100);
+    RenderSettings::movePathToCache(path);
+  }
+  EXPECT_EQ(RenderSettings::s_PathLineCache.size(), 2u);
+  const std::unique_ptr<PathLine> path(RenderSettings::takePathFromCache(SSO_ID(FourCC("comt"), 1), &sun, 1));
+  ASSERT_NE(path, nullptr);
+  EXPECT_EQ(path->m_Points.size(), 100u);
+  EXPECT_EQ(RenderSettings::s_PathLineCache.size(), 1u);  // which goes with the process
+}
+
 }  // namespace

@@ -18,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include "astro/solar_system.h"
 #include "common_interfaces/camera.h"
 #include "common_interfaces/item_engine.h"
 #include "common_interfaces/object_outputs.h"
@@ -25,6 +26,7 @@
 #include "common_interfaces/output_pool.h"
 #include "common_interfaces/queries.h"
 #include "common_interfaces/record_source.h"
+#include "common_interfaces/render_settings.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
 #include "common_interfaces/thread.h"
@@ -96,6 +98,7 @@ TEST(SlotOrder, ClassesWithADestructorAlone) {
   ExpectOnlyADestructor<BaseList>();
   ExpectOnlyADestructor<ReferenceCounted>();
   ExpectOnlyADestructor<ObjectShadowMap>();
+  ExpectOnlyADestructor<RenderSettings>();
   ExpectOnlyADestructor<Camera>(1u);
   ExpectOnlyADestructor<thread::Semaphore>(1ul);
   ExpectOnlyADestructor<thread::SyncEvent>();
@@ -188,6 +191,28 @@ TEST(SlotOrder, BaseDB) {
   Call<void>(record.Get(), 4);
   Call<void>(record.Get(), 0);
   EXPECT_EQ(g_Notes, (Names{"GetField", "GetFieldType", "behind", "destructor"}));
+}
+
+class ModelNotes : public CQXSolSys {
+ public:
+  bool SetAimObject(const SSO_ID&, const void*) override { return Note("SetAimObject"), true; }
+  bool SetLocateObject(const SSO_ID&, const void*) override { return Note("SetLocateObject"), true; }
+  bool SetAdditionalObject(const SSO_ID&, const void*) override { return Note("SetAdditionalObject"), true; }
+  bool InitIntegr(const SSO_ID&, const void*) override { return Note("InitIntegr"), true; }
+  double GetGravity(const SSO_ID&) const override { return Note("GetGravity"), 0.0; }
+};
+
+TEST(SlotOrder, CQXSolSys) {
+  Storage<Recorder<ModelNotes>> model;
+  const SSO_ID object;
+  for (std::size_t slot = 2; slot <= 5; ++slot) {
+    Call<bool, const SSO_ID*, const void*>(model.Get(), slot, &object, nullptr);
+  }
+  Call<double, const SSO_ID*>(model.Get(), 6, &object);
+  Call<void>(model.Get(), 7);
+  Call<void>(model.Get(), 0);
+  EXPECT_EQ(g_Notes, (Names{"SetAimObject", "SetLocateObject", "SetAdditionalObject", "InitIntegr",
+                            "GetGravity", "behind", "destructor"}));
 }
 
 template <class Base>
