@@ -207,7 +207,35 @@ def conversion_seeds():
     save(target, "unknown_kind", conversion("uGAL", 50 << 24, size))
 
 
+def orbit_seeds():
+    """e, n, a, i, om, w, M0, epoch, drag term as doubles behind a byte that is not "t"; or "t" and two lines;
+    "c": the checksums are put right before they are read."""
+    target = "orbits"
+    numbers = lambda *values: b"n" + struct.pack("<9d", *values)
+    save(target, "asteroid", numbers(0.0786, 0.00374, 2.7666, 0.1848, 1.4009, 1.2834, 5.8351, 2459800.5, 0.0))
+    save(target, "parabola", numbers(1.0, 0.0122, 1.0, 1.83, 0.545, 4.46, 0.5, 2451545.0, 0.0))
+    save(target, "near_parabola", numbers(1.0000005, 0.0122, 1.0, 1.83, 0.545, 4.46, -3.0, 2451545.0, 0.0))
+    save(target, "hyperbola", numbers(1.2, 0.0123, 0.25, 2.1, 0.4, 4.2, 7.0, 2458000.5, 0.0))
+    save(target, "satellite_near", numbers(0.003, 0.0679, 0.0, 1.0133, 0.943, 2.428, 3.86, 2453911.3, 1.28e-4))
+    save(target, "satellite_half_day", numbers(0.69, 0.00875, 0.0, 1.12, 4.87, 4.62, 0.353, 2453910.8, 1.2e-4))
+    save(target, "satellite_one_day", numbers(0.0003, 0.004375, 0.0, 0.0002, 5.0, 0.24, 0.97, 2453911.0, 1e-4))
+    save(target, "satellite_flat_backwards", numbers(0.1, 0.01, 0.0, 3.14159265358979, 0.0, 0.0, 0.0, 2453911.0, 0.0))
+    lines = {
+        "station": ("1 25544U 98067A   14020.93268519  .00009878  00000-0  18200-3 0  5082",
+                    "2 25544  51.6498 109.4756 0003572  55.9686 274.8005 15.49815350868473"),
+        "letter_number": ("1 A0001U 98067A   14020.93268519  .00009878  00000-0  18200-3 0  5063",
+                          "2 A0001  51.6498 109.4756 0003572  55.9686 274.8005 15.49815350868454"),
+        "wrong_checksum": ("1 25544U 98067A   14020.93268519  .00009878  00000-0  18200-3 0  5083",
+                           "2 25544  51.6498 109.4756 0003572  55.9686 274.8005 15.49815350868473"),
+        "deep_space": ("1 08195U 75081A   06176.33215444  .00000099  00000-0  11873-3 0   813",
+                       "2 08195  64.1586 279.0717 6877146 264.7651  20.2257  2.00491383225656")}
+    for name, (first, second) in lines.items():
+        save(target, name, f"t{first}\n{second}".encode())
+        save(target, name + "_repaired", f"c{first}\n{second}".encode())
+
+
 if __name__ == "__main__":
+    orbit_seeds()
     conversion_seeds()
     settings_seeds()
     settings_tool_seeds()
