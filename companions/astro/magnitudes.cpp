@@ -64,7 +64,7 @@ double SineOfLatitude(const double from[3], double poleRA, double poleDec) {
 // With the rings, whose opening is the geometric mean of the latitudes of Sun and observer; they stay dark where the two
 // stand on different sides. Beyond what the Earth can see of phases the globe alone.
 double Saturn(double phase, const Illumination& light) {
-  if (phase > 6.5) return Polynomial({-8.94, 2.446e-4, 2.672e-4, -1.505e-6, 4.767e-9}, phase);
+  if (phase > 6.5) return Polynomial({-8.94, 2.446e-4, 2.672e-4, -1.506e-6, 4.767e-9}, phase);
   const double centuries = (light.dateTT - 2451545.0) / 36525.0;
   const double ra = 40.589 - 0.036 * centuries, dec = 83.537 - 0.004 * centuries;
   const double sun = std::asin(std::clamp(SineOfLatitude(light.fromSun, ra, dec), -1.0, 1.0));
@@ -81,16 +81,18 @@ double UranusLatitude(const double from[3]) {
   return std::atan(std::tan(latitude) / ((1.0 - kFlattening) * (1.0 - kFlattening))) / kDegree;
 }
 
+// Its poles are brighter than its equator.
 double Uranus(double phase, const Illumination& light) {
   const double latitude = (UranusLatitude(light.fromSun) + UranusLatitude(light.fromObserver)) / 2.0;
-  return Polynomial({-7.110, 6.587e-3, 1.045e-4}, phase) - 8.4e-04 * latitude;
+  const double base = -7.110 - 8.4e-04 * latitude;
+  return phase > 3.1 ? base + Polynomial({0.0, 6.587e-3, 1.045e-4}, phase) : base;
 }
 
 // It brightened from 1980 to 2000.
 double Neptune(double phase, double dateTT) {
   const double year = 2000.0 + (dateTT - 2451545.0) / 365.25;
   const double base = year > 2000.0 ? -7.00 : -6.89 - 0.0054 * std::max(year - 1980.0, 0.0);
-  return phase > 1.9 ? base + 7.944e-3 * phase + 9.617e-5 * phase * phase : base;
+  return phase > 1.9 ? base + Polynomial({0.0, 7.944e-3, 9.617e-5}, phase) : base;
 }
 
 // C. W. Allen, Astrophysical Quantities, as K. Krisciunas & B. E. Schaefer 1991 (PASP 103, 1033) give it: at the mean
