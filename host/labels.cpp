@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/labels.h"
 
+#include <cstring>
+
 #include "utils/text.h"
 
 namespace skyview {
@@ -95,6 +97,13 @@ int LabelPlacer::PlaceCentred(const char* text, const tPoint<double>& p, double 
   const double baseline = p.y - (kAscent - kDescent) * 0.5 * size;
   const Box box = BoxAt(p.x - width * 0.5, baseline, width, size);
   return IsFree(box) ? Add(text, box, 0.5, baseline, size, kind) : -1;
+}
+
+int LabelPlacer::Find(const char* text, LabelKind kind) const {
+  for (std::size_t i = 0; i < m_Labels.size(); ++i) {
+    if (m_Labels[i].kind == kind && std::strcmp(m_Labels[i].text, text) == 0) return static_cast<int>(i);
+  }
+  return -1;
 }
 
 void LabelPlacer::PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind) {

@@ -57,6 +57,9 @@ class LabelPlacer {
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 
+  // The index of the first label of that kind with that text, -1 when there is none.
+  int Find(const char* text, LabelKind kind) const;
+
   const std::vector<Label>& GetLabels() const { return m_Labels; }
 
   static constexpr int kMaxLabels = 600;

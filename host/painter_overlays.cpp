@@ -16,7 +16,7 @@ Colour FrameColour(ImageGroup group) {
     case kConstellationImages:
       return {0.45, 0.66, 0.90, 0.75};
     case kDeepskyImages:
-      return {0.55, 0.86, 0.80, 0.85};
+      return {0.90, 0.91, 0.94, 0.75};
     default:
       return {0.80, 0.72, 0.92, 0.75};
   }

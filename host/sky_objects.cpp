@@ -136,9 +136,13 @@ void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& t
   for (const auto& drawn : m_Deepsky) {
     const auto& object = m_Catalogs.deepsky[drawn.object];
     if (object.code > tests.GetDeepskyLimits(object.kind).label) continue;
+    // The outline of its image may name it already.
+    int& label = drawn.output->m_LabelIndex;
+    label = labels.Find(object.label.c_str(), LabelKind::kImageFrame);
+    if (label >= 0) continue;
     const auto& place = drawn.output->m_Place;
-    drawn.output->m_LabelIndex = labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius,
-                                                    11.0 * geometry.unit, LabelKindOfDeepsky(object.kind));
+    label = labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
+                               LabelKindOfDeepsky(object.kind));
   }
 }
 
