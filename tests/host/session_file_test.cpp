@@ -23,6 +23,9 @@ SessionCapsule MakeCapsule() {
   capsule.settings = {"star:off", "grid.Compass=0"};
   capsule.favourites = {{FourCC("nebu"), -42}};
   capsule.markers = {{0.1, -1.0 / 3.0, 7}};
+  capsule.marks = {{FourCC("star"), 2491}, {FourCC("cnst"), 7}};
+  capsule.framesOf = kDeepskyImages | kMilkyWayImages;
+  capsule.showers = true;
   capsule.data = {{"catalogs:stars.txt", 0x0123456789ABCDEFu}};
   return capsule;
 }
@@ -64,6 +67,11 @@ TEST(SessionFile, EverythingComesBack) {
   EXPECT_EQ(back.markers[0].ra, 0.1);
   EXPECT_EQ(back.markers[0].dec, -1.0 / 3.0);
   EXPECT_EQ(back.markers[0].id, 7);
+  ASSERT_EQ(back.marks.size(), 2u);
+  EXPECT_EQ(back.marks[0].kind, FourCC("star"));
+  EXPECT_EQ(back.marks[0].number, 2491);
+  EXPECT_EQ(back.framesOf, unsigned{kDeepskyImages | kMilkyWayImages});
+  EXPECT_TRUE(back.showers);
   ASSERT_EQ(back.data.size(), 1u);
   EXPECT_EQ(back.data[0].name, "catalogs:stars.txt");
   EXPECT_EQ(back.data[0].checksum, 0x0123456789ABCDEFu);
@@ -87,6 +95,21 @@ TEST(SessionFile, EveryCutAndEveryChangedByteIsNoticed) {
   EXPECT_TRUE(capsule.view.empty());
 }
 
+TEST(SessionFile, OutlinesAndShowersAreSaidOnce) {
+  const std::string start = "skyview session 1\nlanguage en\nsize 800x500\nview m_Zoom=1\n";
+  SessionCapsule capsule;
+  std::string error;
+  for (const std::string line : {"frames-of deepsky\n", "showers on\n"}) {
+    EXPECT_TRUE(ParseSession(Sealed(start + line), capsule, error)) << error;
+    EXPECT_FALSE(ParseSession(Sealed(start + line + line), capsule, error)) << line;
+  }
+}
+
+TEST(SessionFile, KindThatALineCannotNameIsTold) {
+  EXPECT_TRUE(IsNameableKind(FourCC("star")));
+  for (const int kind : {-1, 0, 12, FourCC("a b "), FourCC("ab\nc")}) EXPECT_FALSE(IsNameableKind(kind)) << kind;
+}
+
 TEST(SessionFile, LinesThatAreNotUnderstoodAreNamed) {
   const std::string start = "skyview session 1\nlanguage en\nsize 800x500\nview m_Zoom=1\n";
   SessionCapsule capsule;
@@ -94,7 +117,8 @@ TEST(SessionFile, LinesThatAreNotUnderstoodAreNamed) {
   ASSERT_TRUE(ParseSession(Sealed(start), capsule, error)) << error;
   for (const char* bad : {"", "colour red", "size 800x500", "language de", "view", "view m_Zoom",
                           "favourite star", "favourite star x", "marker 1,2", "marker 400,0,1",
-                          "data 12 stars.txt", "data 0123456789abcdef", "zone ", "end 0123456789abcdef"}) {
+                          "data 12 stars.txt", "data 0123456789abcdef", "zone ", "end 0123456789abcdef",
+                          "mark star", "mark star x", "frames-of stars", "showers off", "showers"}) {
     EXPECT_FALSE(ParseSession(Sealed(start + bad + "\n"), capsule, error)) << bad;
     EXPECT_EQ(error, "line 5 '" + std::string(bad) + "' is not understood");
   }

@@ -9,6 +9,7 @@
 
 #include "host/checksum.h"
 #include "host/picture_file.h"
+#include "sky_images_files.h"
 #include "small_sky.h"
 #include "support/comma_locale.h"
 
@@ -73,6 +74,39 @@ TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
     SCOPED_TRACE(view.empty() ? "default" : view[1]);
     ExpectSamePictures(sky, view);
   }
+}
+
+TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
+  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  host_test::WriteSkyImages(sky.dir);
+  ASSERT_EQ(sky.Run({"--work", sky.dir.Path("work"), "--favourites", "add=Sirius", "--favourites", "add=M42",
+                     "--favourites", "add=Orion"}),
+            0)
+      << sky.errors.str();
+  const Arguments view = {"--place",     "52.5,13.4",   "--time",      "2026-01-15T21:00Z",
+                          "--look",      "185,32",      "--frames-of", "constellations,deepsky",
+                          "--frames-of", "milkyway",    "--showers",   "--work",
+                          sky.dir.Path("work")};
+  ExpectSamePictures(sky, view);
+  const std::string text = sky.dir.Read("it.session");
+  EXPECT_NE(text.find("mark star 2491\nmark nebu 42\nmark cnst "), std::string::npos) << text;
+  EXPECT_NE(text.find("frames-of constellations,deepsky,milkyway\nshowers on\n"), std::string::npos) << text;
+  const std::string marked = sky.dir.Read("saved.png");
+  ASSERT_EQ(sky.Run(With(view, {"--favourites", "remove=Sirius", "--out", sky.dir.Path("saved.png")})), 0);
+  EXPECT_FALSE(sky.dir.Read("saved.png") == marked) << "marks can be seen";
+}
+
+TEST(Session, ListIsChangedAndTheMarksOfTheSessionFollow) {
+  SmallSky sky;
+  const std::string work = sky.dir.Path("work"), first = sky.dir.Path("a"), second = sky.dir.Path("b");
+  ASSERT_EQ(sky.Run({"--work", work, "--favourites", "add=Sirius", "--save-session", first}), 0);
+  ASSERT_EQ(sky.Run({"--session", first, "--work", sky.dir.Path("other"), "--favourites", "add=Rigel",
+                     "--save-session", second}),
+            0)
+      << sky.errors.str();
+  EXPECT_NE(sky.dir.Read("b").find("mark star 2491\nmark star 1713\n"), std::string::npos);
+  EXPECT_EQ(sky.dir.Read("other/catalogs/favourites.txt"), "Rigel\t1937006962\t1713\n");
 }
 
 TEST(Session, CommaLocaleChangesNothing) {
