@@ -7,7 +7,7 @@
 
 #include "catalogs/key_blocks.h"
 #include "catalogs/line_fields.h"
-#include "catalogs/object_key.h"
+#include "catalogs/object_table.h"
 #include "utils/bytes.h"
 #include "utils/debug.h"
 #include "utils/file.h"
@@ -18,11 +18,11 @@ namespace CommonInterfaces {
 
 struct DistanceGroup {
   int kind;
-  std::unique_ptr<const KeyBlocks<int>> numbers;  // null: the group is empty
+  std::unique_ptr<const KeyBlocks> numbers;  // null: the group is empty
 };
 
 struct FlightObjects {
-  KeyBlocks<std::uint64_t> keys;
+  ObjectTable table;
 };
 
 namespace {
@@ -55,17 +55,17 @@ std::vector<int> ReadNumbers(MFile& file, unsigned count) {
 }
 
 FlightObjects LoadFlightList() {
-  std::vector<std::uint64_t> keys;
+  std::vector<KindAndNumber> objects;
   const std::string path = ZentharPath::GetPath(kFlightList);
-  const bool opened = !path.empty() && ForEachLine(path, [&keys](const char* line) {
+  const bool opened = !path.empty() && ForEachLine(path, [&objects](const char* line) {
     const auto fields = GetTokens(line, kFieldDelimiter);
     int kind = 0, number = 0;
     if (fields.size() < 2 || !ReadKind(fields[0], kind) || !ReadNumber(fields[1], number)) return;
-    keys.push_back(ObjectKey(kind, number));
+    objects.emplace_back(kind, number);
   });
   if (!opened) PrintDebugString("File with 3d flight information (%s) not found\n", kFlightList);
-  std::sort(keys.begin(), keys.end());
-  return {KeyBlocks<std::uint64_t>(keys)};
+  std::sort(objects.begin(), objects.end());
+  return {ObjectTable(objects)};
 }
 
 }  // namespace
@@ -88,7 +88,7 @@ void General3DFlightObjectsList::Load(const char* path) {
     ReadWord(file, count);
     const std::vector<int> numbers = ReadNumbers(file, count);
     DistanceGroup group{static_cast<int>(kind), nullptr};
-    if (!numbers.empty()) group.numbers = std::make_unique<const KeyBlocks<int>>(numbers);
+    if (!numbers.empty()) group.numbers = std::make_unique<const KeyBlocks>(numbers);
     m_Groups.push_back(std::move(group));
   }
 }
@@ -105,7 +105,7 @@ Voyvane3DFlightObjectsList::Voyvane3DFlightObjectsList()
 Voyvane3DFlightObjectsList::~Voyvane3DFlightObjectsList() = default;
 
 bool Voyvane3DFlightObjectsList::objectInList(int kind, int number) {
-  return kind == kStar || m_Objects->keys.Find(ObjectKey(kind, number)) >= 0;
+  return kind == kStar || m_Objects->table.Find(kind, number) >= 0;
 }
 
 }  // namespace CommonInterfaces

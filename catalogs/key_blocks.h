@@ -18,11 +18,10 @@ namespace CommonInterfaces {
 //
 // Keys that are not in order are searched by the plain bisection of std::lower_bound, whose steps decide what is found.
 // Not changed after the constructor: every thread may search.
-template <class Key>
 class KeyBlocks {
  public:
   KeyBlocks() = default;
-  explicit KeyBlocks(const std::vector<Key>& keys)
+  explicit KeyBlocks(const std::vector<int>& keys)
       : m_Count(static_cast<int>(keys.size())), m_InOrder(std::is_sorted(keys.begin(), keys.end())) {
     if (keys.empty()) return;
     m_Levels.push_back(MakeLevel(keys));
@@ -30,54 +29,57 @@ class KeyBlocks {
   }
 
   // The position of the key, the first of several equal ones; -1 when there is none.
-  int Find(Key wanted) const {
+  int Find(int wanted) const {
     if (m_Count == 0) return -1;
     const int position = m_InOrder ? Descend(wanted) : Bisect(wanted);
-    return position < m_Count && At(position) == wanted ? position : -1;
+    if (position == m_Count) return -1;
+    // All bits where the key is another one: whether it is there is as good as random, a jump would be wrong often.
+    return position | -static_cast<int>(At(position) != wanted);
   }
 
  private:
   static constexpr int kBlockSize = 16;
 
   struct alignas(64) Block {
-    Key keys[kBlockSize];
+    int keys[kBlockSize];
   };
   using Level = std::vector<Block>;
 
   // The last block is filled up with the largest key, which is below no wanted one.
-  static Level MakeLevel(const std::vector<Key>& keys) {
+  static Level MakeLevel(const std::vector<int>& keys) {
     Level level((keys.size() + kBlockSize - 1) / kBlockSize);
     std::size_t next = 0;
     for (Block& block : level) {
-      for (Key& key : block.keys) {
-        key = next < keys.size() ? keys[next] : std::numeric_limits<Key>::max();
+      for (int& key : block.keys) {
+        key = next < keys.size() ? keys[next] : std::numeric_limits<int>::max();
         ++next;
       }
     }
     return level;
   }
 
-  static std::vector<Key> LastKeys(const Level& level) {
-    std::vector<Key> keys;
+  static std::vector<int> LastKeys(const Level& level) {
+    std::vector<int> keys;
     keys.reserve(level.size());
     for (const Block& block : level) keys.push_back(block.keys[kBlockSize - 1]);
     return keys;
   }
 
-  static unsigned CountBelow(const Block& block, Key wanted) {
+  // Compilers make vector instructions of it.
+  static unsigned CountBelow(const Block& block, int wanted) {
     unsigned count = 0;
-    for (const Key key : block.keys) count += key < wanted;
+    for (const int key : block.keys) count += key < wanted;
     return count;
   }
 
-  Key At(int position) const {
+  int At(int position) const {
     const auto at = static_cast<unsigned>(position);
     return m_Levels[0][at / kBlockSize].keys[at % kBlockSize];
   }
 
   // The position of the first key that is not below the wanted one. One exists in every level, since each ends with
   // the largest key or with the last key of all; only in front of a last block that is full can there be none.
-  int Descend(Key wanted) const {
+  int Descend(int wanted) const {
     if (m_Levels[0].back().keys[kBlockSize - 1] < wanted) return m_Count;
     unsigned position = 0;
     for (std::size_t level = m_Levels.size(); level-- > 0;) {
@@ -86,7 +88,7 @@ class KeyBlocks {
     return static_cast<int>(position);
   }
 
-  int Bisect(Key wanted) const {
+  int Bisect(int wanted) const {
     int first = 0;
     for (int length = m_Count; length > 0;) {
       const int half = length / 2;

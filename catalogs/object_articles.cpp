@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "catalogs/key_blocks.h"
-#include "catalogs/object_key.h"
+#include "catalogs/object_table.h"
 #include "utils/bytes.h"
 #include "utils/debug.h"
 #include "utils/file.h"
@@ -15,22 +14,25 @@
 
 namespace CommonInterfaces {
 
+static constexpr int kNoArticle = -1;
+
 struct ArticleTable {
-  KeyBlocks<std::uint64_t> objects;
-  std::vector<int> articles;  // at the same positions
+  ObjectTable objects;
+  // Behind one that says there is none: the article at position p follows at p + 1. Position -1 so needs no question,
+  // which a processor would guess wrong as often as right.
+  std::vector<int> articles = {kNoArticle};
 };
 
 namespace {
 
 constexpr int kRecordSize = 12;
-constexpr int kNoArticle = -1;
 constexpr int kGalaxy = FourCC("gala");
 constexpr int kMesh = FourCC("mesh");
 constexpr int kGalaxyNumberMask = 0xFFFFFF;
 constexpr int kGalaxyArticles = 0x3C000000;
 
 struct Record {
-  std::uint64_t object;
+  KindAndNumber object;
   int article;
 };
 
@@ -41,7 +43,7 @@ std::vector<Record> ReadRecords(MFile& file, int count) {
   unsigned char bytes[kRecordSize];
   while (count-- > 0 && file.Read(bytes, kRecordSize) == kRecordSize) {
     const int kind = static_cast<int>(LoadLE32(bytes)), number = static_cast<int>(LoadLE32(bytes + 4));
-    records.push_back({ObjectKey(kind, number), static_cast<int>(LoadLE32(bytes + 8))});
+    records.push_back({{kind, number}, static_cast<int>(LoadLE32(bytes + 8))});
   }
   return records;
 }
@@ -50,15 +52,15 @@ ArticleTable MakeTable(std::vector<Record> records) {
   // Stable: the first record of an object stays in front of its others.
   std::stable_sort(records.begin(), records.end(),
                    [](const Record& a, const Record& b) { return a.object < b.object; });
-  std::vector<std::uint64_t> objects;
+  std::vector<KindAndNumber> objects;
   ArticleTable table;
   objects.reserve(records.size());
-  table.articles.reserve(records.size());
+  table.articles.reserve(records.size() + 1);
   for (const Record& record : records) {
     objects.push_back(record.object);
     table.articles.push_back(record.article);
   }
-  table.objects = KeyBlocks<std::uint64_t>(objects);
+  table.objects = ObjectTable(objects);
   return table;
 }
 
@@ -87,8 +89,7 @@ ArticlesInformation::~ArticlesInformation() = default;
 int ArticlesInformation::GetArticleId(int kind, int number) const {
   if (kind == kMesh) return kNoArticle;
   if (kind == kGalaxy) number = (number & kGalaxyNumberMask) + kGalaxyArticles;
-  const int position = m_Table->objects.Find(ObjectKey(kind, number));
-  return position >= 0 ? m_Table->articles[static_cast<std::size_t>(position)] : kNoArticle;
+  return m_Table->articles[static_cast<std::size_t>(m_Table->objects.Find(kind, number) + 1)];
 }
 
 }  // namespace CommonInterfaces

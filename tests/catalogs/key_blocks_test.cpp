@@ -4,28 +4,22 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <random>
-
-#include "catalogs/object_key.h"
 
 namespace {
 
 using CommonInterfaces::KeyBlocks;
-using CommonInterfaces::ObjectKey;
 
 constexpr int kSmallest = std::numeric_limits<int>::min(), kLargest = std::numeric_limits<int>::max();
 
-template <class Key>
-int PositionOf(const std::vector<Key>& keys, Key wanted) {
+int PositionOf(const std::vector<int>& keys, int wanted) {
   const auto found = std::lower_bound(keys.begin(), keys.end(), wanted);
   return found != keys.end() && *found == wanted ? static_cast<int>(found - keys.begin()) : -1;
 }
 
-template <class Key>
-void ExpectLikeLowerBound(const std::vector<Key>& keys, const std::vector<Key>& wanted) {
-  const KeyBlocks<Key> blocks(keys);
-  for (const Key key : wanted)
+void ExpectLikeLowerBound(const std::vector<int>& keys, const std::vector<int>& wanted) {
+  const KeyBlocks blocks(keys);
+  for (const int key : wanted)
     ASSERT_EQ(blocks.Find(key), PositionOf(keys, key)) << key << " of " << keys.size();
 }
 
@@ -41,7 +35,7 @@ std::vector<int> AroundEach(const std::vector<int>& keys) {
 }
 
 TEST(KeyBlocks, EmptyHasNothing) {
-  const KeyBlocks<int> none, empty{std::vector<int>()};
+  const KeyBlocks none, empty{std::vector<int>()};
   for (const int key : {kSmallest, 0, kLargest}) {
     EXPECT_EQ(none.Find(key), -1);
     EXPECT_EQ(empty.Find(key), -1);
@@ -85,8 +79,7 @@ TEST(KeyBlocks, TheEndsOfTheRangeAreOrdinaryKeys) {
 
 TEST(KeyBlocks, TheLargestKeyIsNotFoundInTheFilling) {
   for (int count = 1; count <= 40; ++count) {
-    EXPECT_EQ(KeyBlocks<int>(std::vector<int>(static_cast<std::size_t>(count), 7)).Find(kLargest), -1)
-        << count;
+    EXPECT_EQ(KeyBlocks(std::vector<int>(static_cast<std::size_t>(count), 7)).Find(kLargest), -1) << count;
   }
 }
 
@@ -97,7 +90,7 @@ TEST(KeyBlocks, KeysOutOfOrderAreFoundAsByAPlainBisection) {
   for (int round = 0; round < 200; ++round) {
     std::vector<int> keys(random() % 100);
     for (int& key : keys) key = static_cast<int>(random() % 100);
-    const KeyBlocks<int> blocks(keys);
+    const KeyBlocks blocks(keys);
     for (int wanted = -1; wanted <= 100; ++wanted) {
       ASSERT_EQ(blocks.Find(wanted), PositionOf(keys, wanted));
       ASSERT_EQ(blocks.Find(wanted) >= 0, std::binary_search(keys.begin(), keys.end(), wanted));
@@ -106,31 +99,6 @@ TEST(KeyBlocks, KeysOutOfOrderAreFoundAsByAPlainBisection) {
   }
   EXPECT_GT(found, 0);
   EXPECT_GT(missed, 0);
-}
-
-TEST(KeyBlocks, WideKeys) {
-  std::mt19937_64 random(7);
-  std::vector<std::uint64_t> keys;
-  for (int i = 0; i < 5000; ++i) keys.push_back(random() >> (random() % 60));
-  keys.push_back(0);
-  keys.push_back(~std::uint64_t{0});
-  std::sort(keys.begin(), keys.end());
-  std::vector<std::uint64_t> wanted = keys;
-  for (int i = 0; i < 5000; ++i) wanted.push_back(random() >> (random() % 60));
-  ExpectLikeLowerBound(keys, wanted);
-}
-
-TEST(ObjectKey, OrderIsThatOfSignedKindThenSignedNumber) {
-  const std::uint64_t inOrder[] = {ObjectKey(kSmallest, kSmallest),
-                                   ObjectKey(kSmallest, kLargest),
-                                   ObjectKey(-1, -1),
-                                   ObjectKey(-1, 0),
-                                   ObjectKey(0, -1),
-                                   ObjectKey(0, 0),
-                                   ObjectKey(0, 1),
-                                   ObjectKey(1, kSmallest),
-                                   ObjectKey(kLargest, 5)};
-  EXPECT_TRUE(std::is_sorted(std::begin(inOrder), std::end(inOrder), std::less_equal<>()));
 }
 
 }  // namespace
