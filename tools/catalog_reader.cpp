@@ -51,6 +51,13 @@ const TextField* CatalogData::FindCell(const CatalogRecord& record, int column) 
   return cell.text.empty() ? nullptr : &cell;
 }
 
+std::optional<double> CatalogData::FindNumber(const CatalogRecord& record, const char* name) const {
+  const int column = FindColumn(name);
+  const TextField* const cell = FindCell(record, column);
+  if (!cell) return std::nullopt;
+  return ParseCatalogNumber(columns[static_cast<std::size_t>(column)].type, cell->text);
+}
+
 CatalogData ReadCatalog(const LintLines& lines) {
   CatalogData data;
   for (const LintLine& line : lines) {

@@ -31,6 +31,8 @@ struct CatalogData {
   int FindColumn(const std::string& name) const;  // -1: none
   // The cell of a record, null where the record lacks it or it is empty.
   const TextField* FindCell(const CatalogRecord& record, int column) const;
+  // The number in the column of that name; none where there is no such number.
+  std::optional<double> FindNumber(const CatalogRecord& record, const char* name) const;
 };
 
 CatalogData ReadCatalog(const LintLines& lines);

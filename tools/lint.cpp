@@ -65,7 +65,7 @@ void AddFile(const fs::path& path, LintRun& run) {
 
 void CollectFiles(LintRun& run) {
   for (const auto& entry : fs::recursive_directory_iterator(run.root)) {
-    if (entry.is_regular_file()) AddFile(entry.path(), run);
+    if (entry.is_regular_file() || (entry.is_symlink() && !entry.exists())) AddFile(entry.path(), run);
   }
   std::sort(run.files.begin(), run.files.end(),
             [](const LintFile& a, const LintFile& b) { return a.name < b.name; });

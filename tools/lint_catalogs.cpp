@@ -34,6 +34,7 @@ constexpr ColumnRange kRanges[] = {
     {"AbsMagnitude", -30.0, 60.0, 0.0},
     {"LargestDimension", 0.0, kLargeSize, 1e9},
     {"SmallestDimension", 0.0, kLargeSize, 1e9},
+    {"a", 1e-3, 1e6, 0.0},
     {"e", 0.0, 100.0, 0.0},
     {"i", 0.0, kPi, 180.0},
     {"om", -2.0 * kPi, 2.0 * kPi, kDegreesPerTurn},
@@ -47,13 +48,14 @@ struct CatalogRule {
   const char* kind;  // of the objects; "": that in the column Type; null: they are none
 };
 const CatalogRule* FindRule(const std::string& name) {
-  static const CatalogRule kRules[] = {{"stars", {"Number", "RA", "Dec"}, "star"},
-                                       {"deepsky", {"Type", "Number", "RA", "Dec"}, ""},
-                                       {"constellations", {"Label", "RA", "Dec"}, nullptr},
-                                       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
-                                       {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
-                                       {"asteroids", {"Number"}, "astr"},
-                                       {"comets", {"Number"}, "comt"}};
+  static const CatalogRule kRules[] = {
+      {"stars", {"Number", "RA", "Dec"}, "star"},
+      {"deepsky", {"Type", "Number", "RA", "Dec"}, ""},
+      {"constellations", {"Label", "RA", "Dec"}, nullptr},
+      {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
+      {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
+      {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},
+      {"comets", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "comt"}};
   const auto found = std::find_if(std::begin(kRules), std::end(kRules),
                                   [&name](const CatalogRule& rule) { return name == rule.name; });
   return found == std::end(kRules) ? nullptr : found;
@@ -104,6 +106,7 @@ class CatalogChecker {
       CheckCell(m_Data.columns[i], record.line, record.cells[i]);
     }
     CheckSizes(record);
+    CheckOrbit(m_Data, record, m_Report);
     CheckRequired(record);
     CheckNumber(record);
     CheckName(record);
@@ -128,16 +131,9 @@ class CatalogChecker {
                      ToText(range->most) + (isUnit ? ", wants radians" : ""));
   }
 
-  std::optional<double> GetNumber(const CatalogRecord& record, const char* name) const {
-    const int column = m_Data.FindColumn(name);
-    const TextField* const cell = m_Data.FindCell(record, column);
-    if (!cell) return std::nullopt;
-    return ParseCatalogNumber(m_Data.columns[static_cast<std::size_t>(column)].type, cell->text);
-  }
-
   void CheckSizes(const CatalogRecord& record) {
-    const auto largest = GetNumber(record, "LargestDimension"),
-               smallest = GetNumber(record, "SmallestDimension");
+    const auto largest = m_Data.FindNumber(record, "LargestDimension"),
+               smallest = m_Data.FindNumber(record, "SmallestDimension");
     if (!largest || !smallest || *smallest <= *largest) return;
     m_Report.Add(LintCode::kOutOfRange, record.line,
                  m_Data.FindCell(record, m_Data.FindColumn("SmallestDimension"))->column,

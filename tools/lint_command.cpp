@@ -8,6 +8,7 @@
 #include "tools/command.h"
 #include "tools/command_line.h"
 #include "tools/lint.h"
+#include "tools/source_error.h"
 #include "tools/strings_show.h"
 
 namespace skydata {
@@ -19,8 +20,13 @@ struct LintArguments {
 };
 
 int RunLint(const LintArguments& arguments, std::ostream& output, std::ostream& errors) {
-  const std::filesystem::path root =
-      arguments.root.empty() ? FindDataRoot() : std::filesystem::path(arguments.root);
+  std::filesystem::path root = arguments.root;
+  try {
+    if (root.empty()) root = FindDataRoot();
+  } catch (const SourceError&) {
+    errors << "there is no data root beside this program; ROOT names one\n";
+    return kBadUsage;
+  }
   if (!std::filesystem::is_directory(root)) {
     errors << root.string() << ": no such folder\n";
     return kBadUsage;

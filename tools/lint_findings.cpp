@@ -111,6 +111,14 @@ bool LintReport::HasErrors() const {
              [](const LintFinding& finding) { return finding.severity == Severity::kError; });
 }
 
+std::set<int> LintReport::GetLines() const {
+  std::set<int> lines;
+  for (const LintFinding& finding : m_Findings) {
+    if (finding.file == m_File) lines.insert(finding.line);
+  }
+  return lines;
+}
+
 bool LintReport::HasFindingAt(int line) const {
   return Any(m_Findings, m_File, [line](const LintFinding& finding) { return finding.line == line; });
 }

@@ -5,6 +5,7 @@
 // each and how to mend it. Settings files and string tables also have the codes of their own commands.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,7 @@ class LintReport {
   bool HasFindings() const;
   bool HasErrors() const;
   bool HasFindingAt(int line) const;
+  std::set<int> GetLines() const;  // that findings are about
 
  private:
   std::string m_File;

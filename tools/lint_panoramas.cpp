@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/panoramas.h"
 #include "tools/lint_rules.h"
+#include "utils/file.h"
 
 namespace skydata {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr int kFields = 7;
 constexpr int kMaxShort = 65535, kMaxAzimuth = 359, kNotGiven = 65535;
@@ -14,9 +13,8 @@ constexpr int kMaxShort = 65535, kMaxAzimuth = 359, kNotGiven = 65535;
 using Bodies = std::map<std::pair<int, int>, int>;  // how many landscapes each has
 
 void CheckPicture(const LintLine& line, const TextField& field, const LintFile& file, LintReport& report) {
-  std::error_code error;
-  const fs::path folder = fs::path(file.path).parent_path();
-  if (!IsBlank(field.text) && fs::is_regular_file(folder / field.text, error)) return;
+  const std::string folder = file.path.substr(0, file.path.find_last_of("/\\") + 1);
+  if (!IsBlank(field.text) && MFile().Open((folder + field.text).c_str(), MFile::kRead)) return;
   report.Add(LintCode::kMissingFile, line.number, field.column, "there is no file '" + field.text + "'");
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/catalog_reader.h"
 #include "tools/data_kinds.h"
 #include "tools/lint_fields.h"
 #include "tools/object_index.h"
@@ -51,6 +52,9 @@ void LintSettings(const LintFile& file, LintRun& run);
 void LintYearLimits(const LintFile& file, LintRun& run);
 void LintHomes(const LintFile& file, LintRun& run);
 void LintText(const LintFile& file, LintRun& run);  // for people, and gazetteers: nothing but text
+
+// The elements of an orbit around the Sun, where the record has them: units, and that they fit one another.
+void CheckOrbit(const CatalogData& data, const CatalogRecord& record, LintReport& report);
 
 // Of the string tables as a whole: languages that differ. Of the gazetteers: those that are missing.
 void CompareLanguages(LintRun& run);

@@ -83,7 +83,9 @@ void LintTwoLineElements(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
   const ReaderWatch watch;
   SatelliteReader reader{report};
-  for (const LintLine& line : ReadLintLines(file.bytes, {}, report)) {
+  TextRules rules;
+  rules.maxLine = 0;
+  for (const LintLine& line : ReadLintLines(file.bytes, rules, report)) {
     if (!IsBlank(line.text) && line.text[0] != '#') reader.Take(line);
   }
   reader.Finish();

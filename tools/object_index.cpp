@@ -18,11 +18,14 @@ bool IsDeepskyKind(int kind) {
   return std::find(std::begin(kDeepskyKinds), std::end(kDeepskyKinds), kind) != std::end(kDeepskyKinds);
 }
 
+void ObjectIndex::Add(int kind, int number) {
+  m_Numbers[kind].insert(number);
+  m_LowNumbers[kind].insert(number & kLowNumberBits);
+}
+
 bool ObjectIndex::HasLowNumber(int kind, int number) const {
-  const auto found = m_Numbers.find(kind);
-  if (found == m_Numbers.end()) return false;
-  return std::any_of(found->second.begin(), found->second.end(),
-                     [number](int known) { return (known & kLowNumberBits) == (number & kLowNumberBits); });
+  const auto found = m_LowNumbers.find(kind);
+  return found != m_LowNumbers.end() && found->second.count(number & kLowNumberBits) > 0;
 }
 
 bool ObjectIndex::IsMissing(int kind, int number) const {

@@ -10,7 +10,7 @@ namespace skydata {
 // The objects that the catalogs of a data root have. Files that name others point nowhere.
 class ObjectIndex {
  public:
-  void Add(int kind, int number) { m_Numbers[kind].insert(number); }
+  void Add(int kind, int number);
 
   // A further number by which pictures name a deep-sky object: that of a general catalog.
   void AddDesignation(int number) { m_Designations.insert(number); }
@@ -25,7 +25,7 @@ class ObjectIndex {
  private:
   bool HasLowNumber(int kind, int number) const;
 
-  std::map<int, std::set<int>> m_Numbers;
+  std::map<int, std::set<int>> m_Numbers, m_LowNumbers;
   std::set<int> m_Designations;
 };
 

@@ -3,20 +3,38 @@
 #include "tools/reader_watch.h"
 
 #include <algorithm>
+#include <set>
 
 #include "utils/debug.h"
 
 namespace skydata {
 namespace {
 
-bool IsTold(const std::string& message, const LintLines& lines, const LintReport& report) {
-  if (report.HasFindingAt(0)) return true;
-  if (lines.empty()) return report.HasFindings();
-  return std::any_of(lines.begin(), lines.end(), [&](const LintLine& line) {
-    const std::string quoted = line.text.empty() ? "()" : line.text;
-    return report.HasFindingAt(line.number) && message.find(quoted) != std::string::npos;
-  });
-}
+// The lines that a finding is about. Readers complain in the order of the lines, so each search begins where the one
+// before found its line.
+class ToldLines {
+ public:
+  ToldLines(const LintLines& lines, const LintReport& report) {
+    const std::set<int> numbers = report.GetLines();
+    for (const LintLine& line : lines) {
+      if (numbers.count(line.number)) m_Quotes.push_back(line.text.empty() ? "()" : line.text);
+    }
+  }
+
+  bool Has(const std::string& message) {
+    for (std::size_t i = 0; i < m_Quotes.size(); ++i) {
+      const std::size_t at = (m_Next + i) % m_Quotes.size();
+      if (message.find(m_Quotes[at]) == std::string::npos) continue;
+      m_Next = at + 1;
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  std::vector<std::string> m_Quotes;
+  std::size_t m_Next = 0;
+};
 
 }  // namespace
 
@@ -29,9 +47,11 @@ ReaderWatch::ReaderWatch() {
 ReaderWatch::~ReaderWatch() { SetDebugSink(nullptr, nullptr); }
 
 void AddMessages(const ReaderWatch& watch, const LintLines& lines, LintReport& report) {
+  if (report.HasFindingAt(0) || (lines.empty() && report.HasFindings())) return;
+  ToldLines told(lines, report);
   std::vector<std::string> untold;
   for (const std::string& message : watch.GetMessages()) {
-    if (!IsTold(message, lines, report)) untold.push_back(message);
+    if (!told.Has(message)) untold.push_back(message);
   }
   for (std::string& message : untold) {
     std::replace(message.begin(), message.end(), '\n', ' ');
