@@ -11,10 +11,11 @@ ORIGINALS is a folder that holds the data sets as tables separated by tabs:
 SOURCE is the folder to write to, data/source of this tree. The SOURCE.md beside each table says what was taken and
 what was changed. Nothing needs to run this script to build the data root: its results are kept, and edited, here.
 """
-import csv
 import os
 import re
 import sys
+
+from tables import rows
 
 GREEK = dict(zip(
     "Alp Bet Gam Del Eps Zet Eta The Iot Kap Lam Mu Nu Xi Omi Pi Rho Sig Tau Ups Phi Chi Psi Ome".split(),
@@ -36,11 +37,6 @@ MESSIER_NAMES = {
 
 CONSTELLATION_NAMES = {"CrA": "Corona Australis"}
 CONSTELLATION_ENGLISH = {"UMa": "Great Bear", "UMi": "Little Bear"}
-
-
-def rows(folder, name):
-    with open(os.path.join(folder, name), encoding="utf-8", newline="") as table:
-        yield from csv.DictReader(table, delimiter="\t", quoting=csv.QUOTE_NONE)
 
 
 def write(folder, name, header, lines):
