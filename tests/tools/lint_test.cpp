@@ -42,6 +42,31 @@ TEST(LintRoot, AnEmptyFolderHasNoFinding) {
   EXPECT_EQ(FindingsOf(dir), "");
 }
 
+TEST(LintRoot, DamagedHomesAreToldInTheWordsOfTheirReader) {
+  const test_support::TempDir dir;
+  dir.Write("root/home_params.ini", "1\n0 2 0\n");
+  const std::string findings = FindingsOf(dir);
+  EXPECT_EQ(findings.find("home_params.ini:0:0: error: reader-message: its reader says: File "), 0u)
+      << findings;
+  EXPECT_NE(findings.find("home 1 is damaged"), std::string::npos) << findings;
+  EXPECT_EQ(std::count(findings.begin(), findings.end(), '\n'), 1);
+}
+
+TEST(LintRoot, AHomeThatIsWholeHasNoFinding) {
+  const test_support::TempDir dir;
+  dir.Write("root/home_params.ini", "1\n0 2 0 0.151844 0.87441 1 2 1886154356 3 1\nFrankfurt\n");
+  EXPECT_EQ(FindingsOf(dir), "");
+}
+
+#ifndef _WIN32
+TEST(LintRoot, ALinkThatLeadsNowhereCannotBeRead) {
+  const test_support::TempDir dir;
+  std::filesystem::create_directories(dir.Path("root/catalogs"));
+  std::filesystem::create_symlink("none", dir.Path("root/catalogs/stars.txt"));
+  EXPECT_EQ(FindingsOf(dir), "catalogs/stars.txt:0:0: error: unreadable: the file cannot be read\n");
+}
+#endif
+
 // The text in the code page of English, "?" for what it lacks.
 std::string Encode(const std::string& utf8) {
   std::string bytes;
