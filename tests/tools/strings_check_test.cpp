@@ -221,8 +221,8 @@ TEST_F(StringsCheck, AMeteorShowerHasTwelveFields) {
 }
 
 TEST_F(StringsCheck, AMeteorShowerBehindAGapIsNotRead) {
-  EXPECT_EQ(CheckLine("6109\tUrsids;17;12;22;12;26;12;URS;8P/Tuttle;14;28;+75"),
-            Strings{"error shower: 6109 is not read: 6108 is missing"});
+  EXPECT_EQ(CheckLine("6301\tUrsids;17;12;22;12;26;12;URS;8P/Tuttle;14;28;+75"),
+            Strings{"error shower: 6301 is not read: 6300 is missing"});
 }
 
 }  // namespace
