@@ -9,6 +9,7 @@
 #include "common_interfaces/settings_data.h"
 #include "host/skyview.h"
 #include "language_files.h"
+#include "orbit_tables.h"
 #include "support/camera_settings.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"
@@ -78,6 +79,11 @@ class SmallSky {
     dir.Write("data/catalogs/milkyway.txt",
               "Type:i32\tNumber:i32\tRA:f64\tDec:f64\n1\t0\t1.6\t-0.2\n1\t0\t1.9\t-0.2\n1\t0\t1.9\t0.3\n"
               "1\t0\t1.6\t0.3\n");
+    dir.Write("data/catalogs/asteroids.txt", OrbitTable(kAsteroids, 2, false));
+    dir.Write("data/catalogs/comets.txt", OrbitTable(kComets, 1, true));
+    dir.Write(
+        "data/catalogs/planets&moons/planets&moons.txt",
+        "plnt\t4\tMars\t0\nplnt\t5\tJupiter\t0\nplnt\t10\tSun\t0\nmoon\t301\tMoon\t0\nmoon\t501\tIo\t0\n");
     WriteSettings();
   }
   ~SmallSky() { ZentharPath::SetRoots(nullptr, nullptr); }
