@@ -10,6 +10,12 @@ namespace {
 
 constexpr double kPi = std::numbers::pi;
 
+// One turn in two parts: the first has so few digits that its product with a number of turns is exact while the angle stays
+// below kMostExactTurns. The library's remainder would take longer than Kepler's equation.
+constexpr double kTurnHigh = 6.283185307169333;
+constexpr double kTurnLow = 1.0253376606378076e-11;
+constexpr double kMostExactTurns = 1e6;
+
 // Below this the difference of an angle and its sine comes from the series: the difference itself would lose digits.
 constexpr double kSeriesBelow = 1.0;
 
@@ -157,7 +163,9 @@ double SolveParabola(double meanAnomaly) {
 
 double ReduceToOneTurn(double angle) {
   if (std::fabs(angle) <= kPi) return angle;
-  return std::remainder(angle, 2.0 * kPi);
+  if (!(std::fabs(angle) < kMostExactTurns)) return std::remainder(angle, 2.0 * kPi);
+  const int turns = static_cast<int>(angle * (0.5 / kPi) + std::copysign(0.5, angle));
+  return (angle - turns * kTurnHigh) - turns * kTurnLow;
 }
 
 }  // namespace astro_internal
