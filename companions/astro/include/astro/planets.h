@@ -5,7 +5,8 @@
 // are in dynamical time (TT); positions in astronomical units and velocities in au/day on J2000 (ICRS) equatorial axes,
 // geometric: no light time, no aberration. docs/solar_system.md has the accuracy as measured.
 //
-//   Mercury to Neptune   VSOP87B (Bretagnon & Francou 1988), shortened: within 4 arc seconds of DE405 as the Sun sees them
+//   Mercury to Neptune   VSOP87B (Bretagnon & Francou 1988), shortened: within 4 arc seconds of DE405 from 1900 to 2100
+//                        and 8 from 1600 to 2200 (Mercury to Mars: within 1), as the Sun sees them
 //   Moon                 ELP 2000-82B (Chapront-Touze & Chapront 1983), shortened: within 2 arc seconds
 //   Pluto                a numerical integration fitted to DE405: within 1 arc second; 1600 to 2200 only
 #pragma once
@@ -13,8 +14,9 @@
 #include "astro/api.h"
 #include "astro/object_id.h"
 
-// The range of the series: the Julian years -3000 to 3000. Up to 2000 years from J2000.0 the accuracy stays that of the
-// theories; farther off Jupiter to Neptune drift by arc minutes.
+// The range of the series: the Julian years -3000 to 3000. What was cut off the series stays below 25 arc seconds even at
+// the ends; the theories themselves are stated to be good to 1 arc second over 2000 (Jupiter, Saturn) to 4000 years from
+// J2000.0, and drift beyond.
 inline constexpr double kFirstPlanetDate = 625295.0;
 inline constexpr double kLastPlanetDate = 2816795.0;
 
