@@ -69,7 +69,7 @@ struct Table {
   std::vector<Entry> entries;  // by object, then year
 };
 
-// Process-wide; made with the library's other statics, freed with them.
+// Process-wide; made by the first question, freed at the end of the process.
 std::unique_ptr<Table>& GetTable() {
   static auto s_Table = std::make_unique<Table>();
   return s_Table;

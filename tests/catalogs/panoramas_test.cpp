@@ -148,10 +148,12 @@ TEST_F(Panoramas, PicturesLieInTheFolderOfTheDescription) {
 }
 
 TEST_F(Panoramas, TheFolderEndsAtTheLastSeparatorOfEitherKind) {
-  const std::string path = roots.dir.Write("mixed/own.ini", "plnt\t4\ta.png\t0\t1\tA\t1\n");
-  const PanoramaDesc panoramas(path.c_str());
-  ASSERT_NE(panoramas.GetPanorama(kMars, 0), nullptr);
-  EXPECT_EQ(panoramas.GetPanorama(kMars, 0)->GetPath(), path.substr(0, path.size() - 7) + "a.png");
+  for (const char* name : {"mixed/own.ini", "mixed/other\\own.ini"}) {
+    const std::string path = roots.dir.Write(name, "plnt\t4\ta.png\t0\t1\tA\t1\n");
+    const PanoramaDesc panoramas(path.c_str());
+    ASSERT_NE(panoramas.GetPanorama(kMars, 0), nullptr);
+    EXPECT_EQ(panoramas.GetPanorama(kMars, 0)->GetPath(), path.substr(0, path.size() - 7) + "a.png");
+  }
 }
 
 TEST_F(Panoramas, MarkLineEndsAndEmptyLines) {
