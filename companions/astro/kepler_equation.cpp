@@ -42,24 +42,30 @@ double SolveCubic(double p, double s) {
   return 2.0 * s / (w * w + p + ratio * ratio);
 }
 
-// The correction of the fifth order from the value of a function and its derivatives (Markley 1995, equations 21 to 27).
+// The correction of the fifth order from the value of a function and its derivatives: the series of its inverse, which
+// costs one division.
 double FifthOrderStep(double f0, double f1, double f2, double f3, double f4) {
-  const double d3 = -f0 / (f1 - 0.5 * f0 * f2 / f1);
-  const double d4 = -f0 / (f1 + 0.5 * d3 * f2 + d3 * d3 * f3 / 6.0);
-  return -f0 / (f1 + d4 * (0.5 * f2 + d4 * (f3 / 6.0 + d4 * f4 / 24.0)));
+  const double inverse = 1.0 / f1;
+  const double h = f0 * inverse;
+  const double a = f2 * inverse / 2.0;
+  const double b = f3 * inverse / 6.0;
+  const double c = f4 * inverse / 24.0;
+  return -h * (1.0 + h * (a + h * ((2.0 * a * a - b) + h * (5.0 * a * (a * a - b) + c))));
 }
 
 // A first guess whose error is below 0.0004 for every e and M: the root of a cubic that replaces the sine by a Pade
 // approximation (F. L. Markley, Kepler equation solver, Celestial Mechanics and Dynamical Astronomy 63, 101, 1995,
 // equations 5, 9, 10, 14, 15 and 20). 0 < mean <= pi.
 double GuessEllipse(double e, double mean) {
-  const double alpha = (3.0 * kPi * kPi + 1.6 * kPi * (kPi - mean) / (1.0 + e)) / (kPi * kPi - 6.0);
+  constexpr double kScale = 1.0 / (kPi * kPi - 6.0);
+  const double alpha = 3.0 * kPi * kPi * kScale + 1.6 * kPi * kScale * (kPi - mean) / (1.0 + e);
   const double d = 3.0 * (1.0 - e) + alpha * e;
   const double q = 2.0 * alpha * d * (1.0 - e) - mean * mean;
   const double r = (3.0 * alpha * d * (d - 1.0 + e) + mean * mean) * mean;
   const double root = std::cbrt(r + std::sqrt(q * q * q + r * r));
   const double w = root * root;
-  return (2.0 * r * w / (w * w + w * q + q * q) + mean) / d;
+  const double divisor = w * w + w * q + q * q;
+  return (2.0 * r * w + mean * divisor) / (d * divisor);
 }
 
 // sin and cos of `angle` + `step` from those of `angle`, for a step below 0.001: no further call of the functions.
@@ -72,7 +78,7 @@ EllipticAnomaly Advance(double angle, double sine, double cosine, double step) {
   result.sine = sine + (cosine * stepSine - sine * stepVersine);
   result.cosine = cosine - (sine * stepSine + cosine * stepVersine);
   result.versine =
-      result.cosine > 0.0 ? result.sine * result.sine / (1.0 + result.cosine) : 1.0 - result.cosine;
+      result.cosine > 0.5 ? result.sine * result.sine / (1.0 + result.cosine) : 1.0 - result.cosine;
   return result;
 }
 
@@ -122,7 +128,7 @@ EllipticAnomaly SolveEllipse(double e, double meanAnomaly) {
   const double sine = std::sin(guess);
   const double cosine = std::cos(guess);
   const double rest = guess < kSeriesBelow ? guess * guess * guess * CubicRest(-guess * guess) : guess - sine;
-  const double versine = cosine > 0.0 ? sine * sine / (1.0 + cosine) : 1.0 - cosine;
+  const double versine = cosine > 0.5 ? sine * sine / (1.0 + cosine) : 1.0 - cosine;
   const double f0 = ((1.0 - e) * guess - mean) + e * rest;
   const double f1 = (1.0 - e) + e * versine;
   const double step = FifthOrderStep(f0, f1, e * sine, e * cosine, -e * sine);
