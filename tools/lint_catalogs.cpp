@@ -230,6 +230,7 @@ void LintCatalog(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
   TextRules rules;
   rules.maxLine = 0;
+  rules.mayBeginWithMark = false;
   const LintLines lines = ReadLintLines(file.bytes, rules, report);
   if (report.HasFindingAt(0)) return;  // empty
   const CatalogData data = ReadCatalog(lines);

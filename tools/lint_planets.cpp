@@ -93,9 +93,7 @@ void CompareWithReader(const Bodies& bodies, const LintLines& lines, LintReport&
 
 void LintPlanets(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  TextRules rules;
-  rules.mayBeginWithMark = true;
-  const LintLines lines = ReadLintLines(file.bytes, rules, report);
+  const LintLines lines = ReadLintLines(file.bytes, {}, report);
   Bodies bodies;
   for (const LintLine& line : lines) AddBody(line, bodies, report);
   CheckGaps(bodies, report);

@@ -133,7 +133,6 @@ void CompareWithReader(const StringsSource& source, const LintFile& file, LintRu
 void CheckText(const LintFile& file, const StringsSource& source, LintReport& report) {
   TextRules rules;
   rules.maxLine = 0;  // the check of string tables knows the encoding and counts its characters
-  rules.mayBeginWithMark = true;
   rules.isUtf8 = false;
   ReadLintLines(file.bytes, rules, report);
   const bool isPlain = std::all_of(file.bytes.begin(), file.bytes.end(), [](char c) { return c > 0; });

@@ -26,8 +26,8 @@ struct LintLine {
 using LintLines = std::vector<LintLine>;
 
 struct TextRules {
-  int maxLine = 255;              // bytes that the reader takes of a line, its end left aside; 0: any number
-  bool mayBeginWithMark = false;  // the format has a place for a byte-order mark
+  int maxLine = 255;             // bytes that the reader takes of a line, its end left aside; 0: any number
+  bool mayBeginWithMark = true;  // the reader passes over a byte-order mark
   bool mayBeEmpty = false;
   bool isUtf8 = true;
 };

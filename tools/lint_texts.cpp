@@ -28,9 +28,7 @@ TextRules AnyLength() {
 
 void LintYearLimits(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  TextRules rules = AnyLength();
-  rules.mayBeginWithMark = true;
-  ReadLintLines(file.bytes, rules, report);
+  ReadLintLines(file.bytes, AnyLength(), report);
   try {
     CheckYearLimits(file.path);
   } catch (const SourceError& error) {
@@ -46,7 +44,6 @@ void LintHomes(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
   TextRules rules = AnyLength();
   rules.mayBeEmpty = true;
-  rules.mayBeginWithMark = true;
   rules.isUtf8 = false;  // names of places are in the code page of the language
   const LintLines lines = ReadLintLines(file.bytes, rules, report);
   const ReaderWatch watch;
@@ -56,7 +53,9 @@ void LintHomes(const LintFile& file, LintRun& run) {
 
 void LintText(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  ReadLintLines(file.bytes, AnyLength(), report);
+  TextRules rules = AnyLength();
+  rules.mayBeginWithMark = false;
+  ReadLintLines(file.bytes, rules, report);
 }
 
 void LintGazetteers(LintRun& run) {

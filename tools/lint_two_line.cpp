@@ -85,6 +85,7 @@ void LintTwoLineElements(const LintFile& file, LintRun& run) {
   SatelliteReader reader{report};
   TextRules rules;
   rules.maxLine = 0;
+  rules.mayBeginWithMark = false;
   for (const LintLine& line : ReadLintLines(file.bytes, rules, report)) {
     if (!IsBlank(line.text) && line.text[0] != '#') reader.Take(line);
   }

@@ -62,7 +62,7 @@ TEST(LintMutations, RulesAndReadersAgreeOnWhateverAFileHolds) {
   Random random(20260117);  // the same changes each time
   for (const tools_test::DamagedCase& one : tools_test::ReadAllCases(CI_DAMAGED_FILES)) {
     if (!one.wanted.empty()) continue;
-    for (int round = 0; round < 40; ++round) {
+    for (int round = 0; round < 20; ++round) {
       const test_support::TempDir dir;
       std::string shown;
       for (const auto& [name, original] : one.files) {
