@@ -135,8 +135,8 @@ void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
   const CQXSolSys& model = m_Model.GetModel();
   const bool aboutEarth = IsAboutEarth(body.id);
   double r[3], v[3], centre[3] = {0.0, 0.0, 0.0}, centreVelocity[3] = {0.0, 0.0, 0.0};
-  const void* data = body.hasElements ? &body.elements : nullptr;
-  if (!model.GetHeliocentricState(body.id, data, r, v)) return;
+  // The model has the elements already, and made them ready.
+  if (!model.GetHeliocentricState(body.id, nullptr, r, v)) return;
   if (aboutEarth && !model.GetHeliocentricState(kEarth, nullptr, centre, centreVelocity)) return;
   for (int i = 0; i < 3; ++i) {
     r[i] -= centre[i];

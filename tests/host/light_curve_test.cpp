@@ -24,7 +24,7 @@ TEST(LightCurve, StarsAreFoundByIdentifierAndName) {
   EXPECT_EQ(FindVariableStar("Mira")->id, 0x44781255u);
   EXPECT_EQ(FindVariableStar("delta Cephei")->id, 0x45C70F9Bu);
   EXPECT_EQ(FindVariableStar("S And")->id, 0x46FA33D6u);
-  for (const char* name : {"", "Sirius", "0x", "0x48780B2", "99999999999", "-1", "Algol,"}) {
+  for (const char* name : {"", "Sirius", "0x", "0x48780B2", "99999999999", "-1", "Algo"}) {
     EXPECT_EQ(FindVariableStar(name), nullptr) << name;
   }
   EXPECT_EQ(ListVariableStars().size(), 15u);
@@ -68,7 +68,7 @@ TEST(LightCurve, TicksAreRound) {
 TEST(LightCurve, OptionDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
-  const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15Z", "--out", svg});
+  const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
   EXPECT_EQ(code, CanDraw() ? 0 : 1) << sky.errors.str();
   EXPECT_EQ(std::filesystem::exists(svg), CanDraw());
   if (CanDraw()) {

@@ -113,6 +113,7 @@ TEST(OrbitPaths, FadeInByTheAnimationClock) {
     const Clock clock(10.0 + passed);
     f.Compute();
     ASSERT_FALSE(lines.empty()) << passed;
-    EXPECT_NEAR(lines.front().opacity, std::min(passed, 1.0), 1e-6);
+    // A fade begins at the least opacity that can be seen, 1/255.
+    EXPECT_NEAR(lines.front().opacity, std::min(passed, 1.0), 1.0 / 255.0);
   }
 }

@@ -41,8 +41,8 @@ TEST_F(Report, BeginsWithTheStatusAndEndsEachLine) {
   const std::string report = skyview::MakeReport(f.camera, {"one", "two"}, f.frame);
   EXPECT_EQ(report.rfind("one\ntwo\nMagnitude limits, stars: ", 0), 0u) << report;
   EXPECT_EQ(report.back(), '\n');
-  // Two of the status, ten classes, two numbers.
-  EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 14);
+  // Two of the status, ten classes, three numbers.
+  EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 15);
 }
 
 TEST_F(Report, InEnglish) {

@@ -58,6 +58,7 @@ TEST_F(ShownKindsTest, SwitchOfAnotherTypeIsNotRead) {
 }
 
 TEST_F(ShownKindsTest, KindsThatArePicturesOfNothingAreNotShown) {
-  EXPECT_FALSE(ShownKinds().IsShown(FourCC("plnt")));
+  EXPECT_FALSE(ShownKinds().IsShown(FourCC("camr")));
+  EXPECT_TRUE(ShownKinds().IsShown(FourCC("plnt")));
   EXPECT_FALSE(ShownKinds().IsShown(-1));
 }
