@@ -137,7 +137,7 @@ bool MakeModelObject(const SSO_ID& id, const void* data, ModelObject& object) {
 }
 
 bool ObserveObject(const ModelObject& object, const Moment& moment, ObservedBody& result) {
-  if (!std::isfinite(moment.dateTT) || !std::isfinite(moment.deltaT)) return false;
+  if (!moment.usable) return false;
   if (const auto* star = std::get_if<StarRecord>(&object.record)) return ObserveStar(moment, *star, result);
   if (const auto* deepsky = std::get_if<DeepskyRecord>(&object.record)) {
     return ObserveDeepsky(moment, *deepsky, result);
@@ -152,7 +152,7 @@ bool StateOfObject(const ModelObject& object, const Moment& moment, double posit
   const bool moves = std::holds_alternative<std::monostate>(object.record) ||
                      std::holds_alternative<ReadyOrbit>(object.record);
   double there[3], speed[3];
-  if (!moves || !std::isfinite(moment.dateTT)) return false;
+  if (!moves || !moment.usable) return false;
   if (!StateOf(ViewOf(object), moment, 0.0, there, velocity != nullptr ? speed : nullptr)) return false;
   for (int i = 0; i < 3; ++i) {
     position[i] = there[i];

@@ -59,6 +59,8 @@ Moment MomentAt(double dateTT, double deltaT, const Place& place) {
   Moment moment;
   moment.dateTT = dateTT;
   moment.deltaT = deltaT;
+  moment.usable = std::fabs(dateTT - 2451545.0) <= kFarthestDays && std::fabs(deltaT) <= kLargestDeltaT;
+  if (!moment.usable) return moment;
   moment.earthKnown =
       ComputePlanetState(SSO_ID(FourCC("plnt"), 3), dateTT, moment.earth, moment.earthVelocity);
   EarthVelocity(dateTT, moment.observerVelocity);

@@ -63,8 +63,9 @@ class ASTRO_API CQXSolSys {
   // that is not known. The Sun's is the square of kGaussianConstant; the others are those of DE440 (Park et al. 2021).
   virtual double GetGravity(const SSO_ID& body) const;
 
-  // The moment for everything below: Julian date in dynamical time (TT), and TT - UT1 in seconds (ET_UT::Get). For a moment
-  // that is not finite nothing is seen.
+  // The moment for everything below: Julian date in dynamical time (TT), and TT - UT1 in seconds (ET_UT::Get). At a
+  // moment more than 100000 years from J2000.0, with a difference above 1e7 seconds, or one that is not finite nothing is
+  // seen.
   void SetMoment(double julianDateTT, double deltaT);
 
   // The observer: on the Earth's surface at a geodetic place (WGS 84; radians, east and north positive; metres), or at
