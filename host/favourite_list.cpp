@@ -128,6 +128,8 @@ std::vector<SSO_ID> ReadFavourites() {
 
 bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const ObjectSearch& search,
                       const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error) {
+  const auto shows = [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; };
+  if (std::all_of(actions.begin(), actions.end(), shows)) return true;  // opening the file would create it
   std::vector<SSO_ID> changedMarks = marks;
   ListEditor editor(search, catalogs, changedMarks);
   for (const auto& action : actions) {
