@@ -201,7 +201,7 @@ TEST(TwoBody, ConicsMeetAtTheParabola) {
   }
 }
 
-// The bound of the rule, from both sides: n jumps there by a factor of 700, the place does not.
+// The bound of the rule, from both sides: n jumps there by a factor of 7e8, the place does not.
 TEST(TwoBody, MeanMotionOfTheParabolaIsReadUpToItsBound) {
   const double below = 1.0 + 0.9999e-6;
   const double above = 1.0 + 1.0001e-6;

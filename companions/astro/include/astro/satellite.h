@@ -35,6 +35,7 @@ class ASTRO_API SatelliteModel {
   // `elements` must carry the tag kTwoLineTag; without it the fault is kMeanMotion, whose unit would be another.
   explicit SatelliteModel(const OrbitalElements& elements);
   ~SatelliteModel();
+  // What was moved from can be assigned to or destroyed, nothing else.
   SatelliteModel(SatelliteModel&& other) noexcept;
   SatelliteModel& operator=(SatelliteModel&& other) noexcept;
 
