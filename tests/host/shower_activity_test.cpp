@@ -90,5 +90,6 @@ TEST(ShowerActivity, DayIsThatOfTheClocks) {
   f.SetTime(2026, 8, 11, 23, 30);
   EXPECT_EQ(GetCivilDay(f.camera), DayOf(2026, 8, 11));
   f.camera.SetTimeZoneName("Europe/Berlin", true);
+  f.camera.UpdateLocUTCDeltaFromTimeZone();
   EXPECT_EQ(GetCivilDay(f.camera), DayOf(2026, 8, 12));
 }
