@@ -101,7 +101,8 @@ bool ObjectTests::IsFigureDrawn(int constellation) const {
 }
 
 bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {
-  const unsigned obstacles = FindConstellationObstacles(constellation, place) & ~static_cast<unsigned>(kKindOff);
+  const unsigned obstacles =
+      FindConstellationObstacles(constellation, place) & ~static_cast<unsigned>(kKindOff);
   return obstacles == 0 && (m_Shown.figures || m_Shown.constellationNames);
 }
 

@@ -15,8 +15,8 @@ struct Colour {
   double red, green, blue, opacity;
 };
 
-inline constexpr Colour kMark = {0.56, 0.93, 0.62, 0.95};   // of the user's markers
-inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};  // of the compass points
+inline constexpr Colour kMark = {0.56, 0.93, 0.62, 0.95};           // of the user's markers
+inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};          // of the compass points
 inline constexpr Colour kRadiantColour = {1.00, 0.72, 0.62, 0.95};  // of meteor showers
 
 inline void SetColour(const Colour& colour, cairo_t* context) {

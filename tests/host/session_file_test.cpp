@@ -107,7 +107,8 @@ TEST(SessionFile, OutlinesAndShowersAreSaidOnce) {
 
 TEST(SessionFile, KindThatALineCannotNameIsTold) {
   EXPECT_TRUE(IsNameableKind(FourCC("star")));
-  for (const int kind : {-1, 0, 12, FourCC("a b "), FourCC("ab\nc")}) EXPECT_FALSE(IsNameableKind(kind)) << kind;
+  for (const int kind : {-1, 0, 12, FourCC("a b "), FourCC("ab\nc")})
+    EXPECT_FALSE(IsNameableKind(kind)) << kind;
 }
 
 TEST(SessionFile, LinesThatAreNotUnderstoodAreNamed) {

@@ -84,9 +84,18 @@ TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
                      "--favourites", "add=Orion"}),
             0)
       << sky.errors.str();
-  const Arguments view = {"--place",     "52.5,13.4",   "--time",      "2026-01-15T21:00Z",
-                          "--look",      "185,32",      "--frames-of", "constellations,deepsky",
-                          "--frames-of", "milkyway",    "--showers",   "--work",
+  const Arguments view = {"--place",
+                          "52.5,13.4",
+                          "--time",
+                          "2026-01-15T21:00Z",
+                          "--look",
+                          "185,32",
+                          "--frames-of",
+                          "constellations,deepsky",
+                          "--frames-of",
+                          "milkyway",
+                          "--showers",
+                          "--work",
                           sky.dir.Path("work")};
   ExpectSamePictures(sky, view);
   const std::string text = sky.dir.Read("it.session");
