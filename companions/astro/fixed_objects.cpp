@@ -49,7 +49,8 @@ bool ObserveStar(const Moment& moment, const StarRecord& star, ObservedBody& res
   result.magnitude =
       static_cast<double>(star.visMagnitude != kUnknownStarMagnitude ? star.visMagnitude : star.magnitude);
   const double radius = static_cast<double>(star.radius) * kSunRadius;
-  result.angularRadius = result.distance > radius ? std::asin(radius / result.distance) : 0.0;
+  const bool hasSize = radius > 0.0 && result.distance > radius;
+  result.angularRadius = hasSize ? std::asin(radius / result.distance) : 0.0;
   return true;
 }
 
@@ -60,7 +61,7 @@ bool ObserveDeepsky(const Moment& moment, const DeepskyRecord& object, ObservedB
   result.magnitude = object.visMagnitude != kUnknownDeepskyMagnitude
                          ? static_cast<double>(object.visMagnitude)
                          : static_cast<double>(kUnknownStarMagnitude);
-  result.angularRadius = object.angularSize / 2.0;
+  result.angularRadius = std::max(object.angularSize, 0.0) / 2.0;
   return true;
 }
 

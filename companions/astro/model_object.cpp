@@ -3,6 +3,7 @@
 #include "model_object.h"
 
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include "astro/planets.h"
@@ -39,7 +40,8 @@ bool IsUsable(const ConstellationRecord& r) {
 
 template <class Record>
 bool KeepRecord(const void* data, ModelObject& object) {
-  const Record& record = *static_cast<const Record*>(data);
+  Record record;
+  std::memcpy(&record, data, sizeof record);  // it may stand at any address
   if (!IsUsable(record)) return false;
   object.record = record;
   return true;
@@ -63,7 +65,8 @@ bool KeepSatellite(const OrbitalElements& elements, ModelObject& object) {
 
 // Whether there is an orbit is what the two-body motion says at the epoch.
 bool KeepOrbit(const void* data, ModelObject& object) {
-  const OrbitalElements& elements = *static_cast<const OrbitalElements*>(data);
+  OrbitalElements elements;
+  std::memcpy(&elements, data, sizeof elements);
   if (!AreFinite(elements.absMagnitude, elements.slope)) return false;
   if (IsTwoLine(elements)) return KeepSatellite(elements, object);
   if (BodyGravity(SSO_ID(elements.centralKind, elements.centralNumber)) == 0.0) return false;

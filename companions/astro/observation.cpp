@@ -69,7 +69,9 @@ bool ObserveFixed(const Moment& moment, const double place[3], double parallax, 
   const double length = Vmod(sight.fromObserver, 3);
   if (!(length > 0.0) || !std::isfinite(length)) return false;
   const double toSun[3] = {-moment.observer[0], -moment.observer[1], -moment.observer[2]};
-  result.distance = parallax > 0.0 ? length / parallax : 0.0;
+  // A parallax so small that the distance is no number is none.
+  const double distance = parallax > 0.0 ? length / parallax : 0.0;
+  result.distance = std::isfinite(distance) ? distance : 0.0;
   result.lightTime = 0.0;
   result.sunDistance = 0.0;
   result.phaseAngle = 0.0;

@@ -18,6 +18,13 @@ using astro_internal::ModelObject;
 using astro_internal::Moment;
 using astro_internal::Place;
 
+namespace {
+
+// Metres: who turns with the Earth at 27 au would be as fast as light.
+constexpr double kFarthestHeight = 1e9;
+
+}  // namespace
+
 struct CQXSolSys::Inside {
   Place place;
   Moment moment = astro_internal::MomentAt(2451545.0, 63.83, Place());
@@ -108,7 +115,9 @@ void CQXSolSys::SetMoment(double julianDateTT, double deltaT) {
 
 void CQXSolSys::SetObserverOnEarth(double lon, double lat, double height) {
   Place place;
-  if (std::isfinite(lon) && std::isfinite(lat) && std::isfinite(height)) place = {true, lon, lat, height};
+  if (std::isfinite(lon) && std::isfinite(lat) && std::fabs(height) <= kFarthestHeight) {
+    place = {true, lon, lat, height};
+  }
   m_Inside->place = place;
   SetMoment(m_Inside->moment.dateTT, m_Inside->moment.deltaT);
 }

@@ -127,6 +127,26 @@ TEST(Stars, NegativeParallaxIsInfinitelyFar) {
   EXPECT_EQ(VectorsAngle(seen.apparent, farther.apparent), 0.0);
 }
 
+TEST(Stars, SizeBelowZeroIsNone) {
+  StarRecord star = Barnard();
+  star.radius = -1e30f;
+  EXPECT_EQ(See(kStar, &star, 2451545.0).angularRadius, 0.0);
+  star.parallax = 0.0;
+  EXPECT_EQ(See(kStar, &star, 2451545.0).angularRadius, 0.0);
+  DeepskyRecord galaxy;
+  galaxy.angularSize = -0.01;
+  EXPECT_EQ(See(SSO_ID(FourCC("gala"), 1), &galaxy, 2451545.0).angularRadius, 0.0);
+}
+
+TEST(Stars, DistanceBeyondAllNumbersIsNone) {
+  StarRecord star;
+  star.parallax = 5e-324;
+  EXPECT_EQ(See(kStar, &star, 2451545.0).distance, 0.0);
+  DeepskyRecord galaxy;
+  galaxy.parallax = 1e-310;
+  EXPECT_EQ(See(SSO_ID(FourCC("gala"), 1), &galaxy, 2451545.0).distance, 0.0);
+}
+
 TEST(Deepsky, SizeMagnitudeAndDistance) {
   DeepskyRecord galaxy;
   galaxy.ra = 1.0;

@@ -99,8 +99,6 @@ TEST(SolarSystem, AdditionalObjectIsReplaced) {
   EXPECT_GT(VectorsAngle(first.apparent, second.apparent), 0.1);
 }
 
-// Every number of every record in turn: not a number, infinite.
-// Whatever bytes a record holds: nothing but false or numbers comes out.
 TEST(SolarSystem, NothingIsSeenAtNoTime) {
   CQXSolSys model;
   const StarRecord star;
@@ -160,6 +158,76 @@ TEST(SolarSystem, PlaceThatIsNotFiniteIsTheEarthsCentre) {
   ASSERT_TRUE(centre.Observe(Moon(), nullptr, a));
   ASSERT_TRUE(nowhere.Observe(Moon(), nullptr, b));
   EXPECT_TRUE(SameBytes(a, b));
+}
+
+// At 27 au the turning Earth would carry an observer as fast as light.
+TEST(SolarSystem, PlaceFarAboveTheSurfaceIsTheEarthsCentre) {
+  CQXSolSys centre, high;
+  ObservedBody a, b;
+  ASSERT_TRUE(centre.Observe(Moon(), nullptr, a));
+  for (const double height : {1.001e9, -1.001e9, 1e13, 1e300}) {
+    high.SetObserverOnEarth(0.3, 0.2, height);
+    ASSERT_TRUE(high.Observe(Moon(), nullptr, b));
+    EXPECT_TRUE(SameBytes(a, b)) << height;
+  }
+  high.SetObserverOnEarth(0.3, 0.2, 1e9);
+  ASSERT_TRUE(high.Observe(Moon(), nullptr, b));
+  EXPECT_FALSE(SameBytes(a, b));
+  EXPECT_NEAR(Vmod(b.apparent, 3), 1.0, 1e-12);
+}
+
+TEST(SolarSystem, RecordsNeedNotBeAligned) {
+  CQXSolSys model;
+  model.SetMoment(2459900.5, 69.2);
+  const OrbitalElements elements = Ceres();
+  const StarRecord star;
+  unsigned char bytes[sizeof elements + sizeof star + 1];
+  std::memcpy(bytes + 1, &elements, sizeof elements);
+  ObservedBody aligned, seen;
+  ASSERT_TRUE(model.Observe(kCeresId, &elements, aligned));
+  ASSERT_TRUE(model.Observe(kCeresId, bytes + 1, seen));
+  EXPECT_TRUE(SameBytes(aligned, seen));
+  std::memcpy(bytes + 1, &star, sizeof star);
+  ASSERT_TRUE(model.Observe(SSO_ID(FourCC("star"), 1), &star, aligned));
+  ASSERT_TRUE(model.Observe(SSO_ID(FourCC("star"), 1), bytes + 1, seen));
+  EXPECT_TRUE(SameBytes(aligned, seen));
+}
+
+// The aim object is asked first, then the locate object, then the additional ones.
+TEST(SolarSystem, RecordOfTheFirstSlotThatKnowsTheObjectCounts) {
+  CQXSolSys model;
+  model.SetMoment(2459900.5, 69.2);
+  const auto turned = [](double angle) {
+    OrbitalElements elements = Ceres();
+    elements.M0 += angle;
+    return elements;
+  };
+  const OrbitalElements additional = turned(0.5), locate = turned(1.0), aim = turned(1.5);
+  ObservedBody expected, seen;
+  const auto expectRecord = [&](const OrbitalElements& elements) {
+    ASSERT_TRUE(model.Observe(kCeresId, &elements, expected));
+    ASSERT_TRUE(model.Observe(kCeresId, nullptr, seen));
+    EXPECT_TRUE(SameBytes(expected, seen));
+  };
+  ASSERT_TRUE(model.SetAdditionalObject(kCeresId, &additional));
+  expectRecord(additional);
+  ASSERT_TRUE(model.SetLocateObject(kCeresId, &locate));
+  expectRecord(locate);
+  ASSERT_TRUE(model.SetAimObject(kCeresId, &aim));
+  expectRecord(aim);
+}
+
+// Where the planets are not known nobody on the Earth can observe; an undisturbed orbit about the Sun goes on.
+TEST(SolarSystem, OrbitsAboutTheSunGoOnOutsideTheRangeOfThePlanets) {
+  CQXSolSys model;
+  const OrbitalElements elements = Ceres();
+  ObservedBody seen;
+  double position[3];
+  model.SetMoment(kLastPlanetDate + 1000.0, 69.0);
+  EXPECT_FALSE(model.Observe(kCeresId, &elements, seen));
+  EXPECT_FALSE(model.GetHeliocentricState(Planet(5), nullptr, position, nullptr));
+  ASSERT_TRUE(model.GetHeliocentricState(kCeresId, &elements, position, nullptr));
+  EXPECT_NEAR(Vmod(position, 3), elements.a, elements.a * elements.e + 1e-12);
 }
 
 // From its own centre the Earth is nowhere; from its surface it is below.

@@ -33,7 +33,8 @@ struct ObservedBody {
 // numerically. An application may put its own class in its place: the virtual operations are those that the
 // application's library calls, in this slot order.
 //
-// `data` of every operation is the converted record of the object's kind (object_records.h), which is copied; null for
+// `data` of every operation is the converted record of the object's kind (object_records.h), at any address, which is
+// copied; null for
 // "plnt" and "moon", and for an object that was given before to any of the operations that keep one (the aim object is
 // asked first, then the locate object, then the additional ones). Two-line elements must carry the tag kTwoLineTag.
 //
@@ -69,7 +70,8 @@ class ASTRO_API CQXSolSys {
   void SetMoment(double julianDateTT, double deltaT);
 
   // The observer: on the Earth's surface at a geodetic place (WGS 84; radians, east and north positive; metres), or at
-  // the Earth's centre. A place that is not finite is the Earth's centre.
+  // the Earth's centre. A place that is not finite, or more than a million kilometres above or below the surface, is
+  // the Earth's centre.
   void SetObserverOnEarth(double lon, double lat, double height);
   void SetObserverAtEarthCentre();
 
@@ -87,7 +89,8 @@ class ASTRO_API CQXSolSys {
 
   // Where a body is at the moment itself, without light time: position (au) and velocity (au/day) relative to the Sun,
   // J2000 equatorial axes. The velocity may be null. Bodies of the solar system only: false for others, and where Observe
-  // is false, but for the observer at the centre; the results are then untouched.
+  // is false, but for the observer at the centre and for orbits about the Sun outside the range of the planets; the
+  // results are then untouched.
   bool GetHeliocentricState(const SSO_ID& id, const void* data, double position[3], double velocity[3]) const;
 
   void ClearAdditionalObjects();
