@@ -177,13 +177,39 @@ TEST(Satellite, AnglesThatAreNoNumbersGiveAFault) {
 TEST(Satellite, MomentsTooFarFromTheEpochAreRefused) {
   for (int number : {5, 8195}) {
     const SatelliteModel model(Sets().at(number));
-    for (double minutes : {2e8, -2e8, 1e300, std::numeric_limits<double>::infinity(),
+    // 200 Julian years are 105192000 minutes.
+    for (double minutes : {105192001.0, -105192001.0, 1e300, std::numeric_limits<double>::infinity(),
                            std::numeric_limits<double>::quiet_NaN()}) {
       EXPECT_EQ(At(model, minutes).fault, SatelliteFault::kTooFarFromEpoch);
       EXPECT_EQ(At(model, minutes).position[0], kUntouched);
     }
     At(model, 1.05e8);  // 199 years: whatever it says, it says it soon
   }
+}
+
+// Sun and Moon tilt an orbit of 225 minutes and more, and nothing tilts a faster one for good: the mean inclination of a
+// revolution stays.
+TEST(Satellite, SunAndMoonCountFromAPeriodOf225MinutesOn) {
+  const auto change = [](double period) {
+    OrbitalElements elements = Sets().at(5);
+    elements.n = astro_test::kTurn / period;
+    elements.e = 0.01;
+    elements.dragTerm = 0.0;
+    const SatelliteModel model(elements);
+    const auto inclination = [&](double from) {
+      double sum = 0.0;
+      for (int k = 0; k < 64; ++k) {
+        const State state = At(model, from + period * k / 64.0);
+        double normal[3];
+        Vprod(state.position, state.velocity, normal);
+        sum += std::acos(normal[2] / Vmod(normal, 3));
+      }
+      return sum / 64.0;
+    };
+    return std::fabs(inclination(100.0 * 1440.0) - inclination(0.0));
+  };
+  EXPECT_LT(change(224.5), 1e-6);
+  EXPECT_GT(change(225.5), 1e-5);
 }
 
 TEST(Satellite, MovesFromOneOwnerToAnother) {

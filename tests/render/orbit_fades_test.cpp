@@ -89,6 +89,18 @@ TEST(OrbitFadesTest, PlanetsAndMoonsAreNotAmongTheOtherOrbits) {
   EXPECT_TRUE(settings.isNPMOrbits());
 }
 
+// What counts is that the end is not 0, whatever its sign.
+TEST(OrbitFadesTest, AnOrbitWithANegativeEndIsOnAndCleared) {
+  AnimationClock clock(2.0);
+  RenderSettings settings;
+  settings.SetOrbit(kComet, OrbitFade{0.0, 0.0, 1.0f, -0.5f});
+  EXPECT_TRUE(settings.isNPMOrbits());
+  settings.clearNPMOrbits(false);
+  EXPECT_EQ(settings.GetOrbits().at(kComet).m_StartValue, -0.5f);
+  EXPECT_EQ(settings.GetOrbits().at(kComet).m_EndValue, 0.0f);
+  EXPECT_FALSE(settings.isNPMOrbits());
+}
+
 TEST(OrbitFadesTest, AnOrbitThatIsFadingOutIsNotOn) {
   AnimationClock clock(0.5);
   RenderSettings settings;
