@@ -3,6 +3,7 @@
 #include "integrated_object.h"
 
 #include <cmath>
+#include <limits>
 
 #include "astro/planets.h"
 #include "gravity.h"
@@ -28,32 +29,75 @@ void Disturb(double gravity, const double planet[3], const double position[3], d
   for (int i = 0; i < 3; ++i) acceleration[i] -= direct * away[i] + indirect * planet[i];
 }
 
-// The Earth is computed once for itself and the Moon.
-bool DisturbByEarthAndMoon(double date, const double position[3], double acceleration[3]) {
+// The planets and the Moon about the Sun; those that are not known at that time are left out.
+struct Disturbers {
+  double t = std::numeric_limits<double>::quiet_NaN();  // days from the epoch; not a number: none yet
+  int count = 0;
+  double place[10][3];
+  double gravity[10];
+
+  void Add(const double where[3], double strength) {
+    for (int i = 0; i < 3; ++i) place[count][i] = where[i];
+    gravity[count++] = strength;
+  }
+};
+
+// The Earth is computed once for itself and the Moon. False outside the range of the planets.
+bool Fill(double date, Disturbers& disturbers) {
   double earth[3], moon[3];
+  disturbers.count = 0;
   if (!ComputePlanetState(SSO_ID(FourCC("plnt"), 3), date, earth, nullptr)) return false;
   if (!ComputeMoonState(date, moon, nullptr)) return false;
   for (int i = 0; i < 3; ++i) moon[i] += earth[i];
-  Disturb(SystemGravity(3), earth, position, acceleration);
-  Disturb(BodyGravity(SSO_ID(FourCC("moon"), 301)), moon, position, acceleration);
+  disturbers.Add(earth, SystemGravity(3));
+  disturbers.Add(moon, BodyGravity(SSO_ID(FourCC("moon"), 301)));
+  for (int number = 1; number <= 9; ++number) {
+    double planet[3];
+    if (number == 3) continue;
+    if (!ComputePlanetState(SSO_ID(FourCC("plnt"), number), date, planet, nullptr)) continue;
+    disturbers.Add(planet, SystemGravity(number));
+  }
   return true;
 }
+
+// The integrator asks for the same few times again in every sweep over a step, and the planets are nearly all the work:
+// they are kept for the last times.
+class Surroundings {
+ public:
+  explicit Surroundings(double epoch) : m_Epoch(epoch) {}
+
+  // Null outside the range of the planets.
+  const Disturbers* At(double t) {
+    for (const Disturbers& kept : m_Kept) {
+      if (kept.t == t) return &kept;
+    }
+    Disturbers& oldest = m_Kept[m_Next];
+    m_Next = (m_Next + 1) % kKept;
+    oldest.t = std::numeric_limits<double>::quiet_NaN();
+    if (!Fill(m_Epoch + t, oldest)) return nullptr;
+    oldest.t = t;
+    return &oldest;
+  }
+
+ private:
+  static constexpr int kKept = 8;  // the points of a step
+  double m_Epoch;                  // Julian date
+  int m_Next = 0;
+  Disturbers m_Kept[kKept];
+};
 
 void Attract(double gravity, const double position[3], double acceleration[3]) {
   const double factor = -gravity / Cube(position);
   for (int i = 0; i < 3; ++i) acceleration[i] = factor * position[i];
 }
 
-// `context`: the epoch, a Julian date.
+// `context`: the Surroundings.
 bool Acceleration(double t, const double position[3], double acceleration[3], void* context) {
-  const double date = *static_cast<const double*>(context) + t;
+  const Disturbers* disturbers = static_cast<Surroundings*>(context)->At(t);
+  if (disturbers == nullptr) return false;
   Attract(SystemGravity(10), position, acceleration);
-  if (!DisturbByEarthAndMoon(date, position, acceleration)) return false;
-  for (int number = 1; number <= 9; ++number) {
-    double planet[3];
-    if (number == 3) continue;
-    if (!ComputePlanetState(SSO_ID(FourCC("plnt"), number), date, planet, nullptr)) continue;
-    Disturb(SystemGravity(number), planet, position, acceleration);
+  for (int k = 0; k < disturbers->count; ++k) {
+    Disturb(disturbers->gravity[k], disturbers->place[k], position, acceleration);
   }
   return true;
 }
@@ -80,8 +124,8 @@ std::optional<IntegratedObject> IntegratedObject::Begin(const ModelObject& objec
 
 bool IntegratedObject::Advance(double dateTT) {
   if (!(dateTT >= kFirstPlanetDate && dateTT <= kLastPlanetDate)) return false;
-  double epoch = m_Elements.epoch;
-  return IntegrateOrbit(m_State, m_Days, dateTT - epoch, kLimits, Acceleration, &epoch);
+  Surroundings surroundings(m_Elements.epoch);
+  return IntegrateOrbit(m_State, m_Days, dateTT - m_Elements.epoch, kLimits, Acceleration, &surroundings);
 }
 
 // The light time is small against the period of the orbit: the body's way since the light left is a piece of a parabola
