@@ -62,12 +62,13 @@ bool CreateEmpty(const std::string& path) {
   return file.Open(path.c_str(), true) && file.Close();
 }
 
-bool Exists(const std::string& path) { return !ZentharPath::GetWorkPath(path.c_str(), true).empty(); }
+// Asked by the logical path: a resolved one is relative where the root is, and would be resolved a second time.
+bool Exists(const char* logicalPath) { return !ZentharPath::GetWorkPath(logicalPath, true).empty(); }
 
 // A file that is there and cannot be read is not usable: a list that starts empty would take its place.
-bool MakeUsable(const std::string& path) {
+bool MakeUsable(const char* logicalPath, const std::string& path) {
   if (path.empty()) return false;
-  if (!Exists(path)) return CreateEmpty(path);
+  if (!Exists(logicalPath)) return CreateEmpty(path);
   MTextFile file(false, '\0', '\0', kLineBuffer);
   return file.Open(path.c_str(), false);
 }
@@ -84,7 +85,7 @@ bool HandOut(const std::vector<Entry>& list, std::vector<Entry>& out) {
 
 FavouriteObjectsFile::FavouriteObjectsFile() {
   const std::string path = ZentharPath::GetWorkPath(kFavourites);
-  if (MakeUsable(path)) {
+  if (MakeUsable(kFavourites, path)) {
     m_Path = CopyToHeap(path);
   } else {
     PrintDebugString("FavouriteObjectsFile(): cannot open the file\n \"%s\"\n",
@@ -148,7 +149,7 @@ bool SelectedObjectsFile::Save() {
 }
 
 ChoosingObjectsFile::ChoosingObjectsFile(const char* path) : m_Path(ZentharPath::GetWorkPath(path)) {
-  if (!m_Path.empty() && !Exists(m_Path)) CreateEmpty(m_Path);
+  if (!m_Path.empty() && !Exists(path)) CreateEmpty(m_Path);
   ReadList(m_Path, 3, [this](const std::string& name, const int* numbers) {
     SSO_ID object(numbers[0], numbers[1]);
     SetName(name, object);
