@@ -93,11 +93,11 @@ TEST_F(Articles, OrderIsThatOfSignedNumbers) {
 TEST_F(Articles, OfTwoRecordsTheFirstInTheFileCounts) {
   std::string table;
   for (int article = 1; article <= 40; ++article)
-    table += Table({kStar, 5, article, kStar, 4, 1000 + article});
+    table += Table({kStar, 5, article, kStar, 4, 1000 - article});
   Write(table);
   const ArticlesInformation articles;
   EXPECT_EQ(articles.GetArticleId(kStar, 5), 1);
-  EXPECT_EQ(articles.GetArticleId(kStar, 4), 1001);
+  EXPECT_EQ(articles.GetArticleId(kStar, 4), 999);
 }
 
 TEST_F(Articles, ManyRecordsInAnyOrder) {

@@ -122,7 +122,7 @@ TEST_F(ObservationTimes, WithoutAnEntryOfTheYearTheNearestEarlierOneAnswers) {
 }
 
 TEST_F(ObservationTimes, BeforeTheFirstEntryThereIsNone) {
-  Write("comt\t1\t9/2/1986 12\ncomt\t0\t1/4/1980 0\nastr\t1\t1/4/1980 0\n");
+  Write("comt\t1\t9/2/1986 12\ncomt\t0\t1/4/1980 0\ncomt\t0\t1/4/1986 0\nastr\t1\t1/4/1980 0\n");
   for (const int year : {1985, 0, -1, std::numeric_limits<int>::min()})
     EXPECT_EQ(Ask(kComet, year), -1.0) << year;
 }

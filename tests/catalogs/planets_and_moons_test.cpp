@@ -129,6 +129,15 @@ TEST_F(PlanetsAndMoons, AnEnumerationThatHasEndedStaysEnded) {
   EXPECT_TRUE(bodies.GetFirstPlanet(body)) << "begun again";
 }
 
+TEST_F(PlanetsAndMoons, AnEnumerationThatFindsNothingEndsTheOneBefore) {
+  auto bodies = Load("moon\t101\ta\nmoon\t102\tb\n");
+  SSO_ID moon;
+  ASSERT_TRUE(bodies.GetFirstMoon(moon, {kPlanet, 1}));
+  EXPECT_FALSE(bodies.GetFirstMoon(moon, {kPlanet, 2}));
+  EXPECT_FALSE(bodies.GetNextMoon(moon)) << "moon 102 belongs to the one before";
+  EXPECT_EQ(moon.number, 101);
+}
+
 TEST_F(PlanetsAndMoons, PlanetsAndMoonsAreEnumeratedSideBySide) {
   auto bodies = Load("plnt\t1\ta\nplnt\t2\tb\nmoon\t101\tc\nmoon\t102\td\nmoon\t201\te\n");
   SSO_ID planet, moon;
