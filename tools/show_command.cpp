@@ -4,6 +4,8 @@
 #include <map>
 #include <memory>
 #include <ostream>
+#include <string>
+#include <vector>
 
 #include "tools/command.h"
 #include "tools/command_line.h"
@@ -16,7 +18,7 @@ namespace {
 
 struct ShowArguments {
   std::string file;
-  DataKind kind = DataKind::kUnknown;
+  std::string kindName;  // "": the file's name says it
   bool isJson = false;
 };
 
@@ -34,6 +36,13 @@ ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string&
   return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(bytes);
 }
 
+DataKind FindKind(const ShowArguments& arguments) {
+  for (const DataKindName& known : GetDataKindNames()) {
+    if (known.name == arguments.kindName) return known.kind;
+  }
+  return KindOfName(std::filesystem::path(arguments.file).generic_string());
+}
+
 bool CanShow(DataKind kind) {
   for (const DataKindName& known : GetDataKindNames()) {
     if (known.kind == kind) return true;
@@ -42,8 +51,7 @@ bool CanShow(DataKind kind) {
 }
 
 int RunShow(const ShowArguments& arguments, std::ostream& output, std::ostream& errors) {
-  const std::string name = std::filesystem::path(arguments.file).generic_string();
-  const DataKind kind = arguments.kind == DataKind::kUnknown ? KindOfName(name) : arguments.kind;
+  const DataKind kind = FindKind(arguments);
   if (!CanShow(kind)) {
     errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
     return kBadUsage;
@@ -64,17 +72,12 @@ int RunShow(const ShowArguments& arguments, std::ostream& output, std::ostream& 
 
 void DeclareShow(CLI::App& app, Action& action) {
   const auto arguments = std::make_shared<ShowArguments>();
-  std::map<std::string, DataKind> kinds;
-  std::string names;
-  for (const DataKindName& known : GetDataKindNames()) {
-    kinds[known.name] = known.kind;
-    names += (names.empty() ? "" : "|") + std::string(known.name);
-  }
+  std::vector<std::string> names;
+  for (const DataKindName& known : GetDataKindNames()) names.emplace_back(known.name);
   CLI::App* const show = app.add_subcommand("show", "print a data file, one line a record");
   show->add_option("FILE", arguments->file, "file of a data root or a work area")->required();
-  show->add_option("--as", arguments->kind, "what the file is; else its name says it")
-      ->transform(CLI::CheckedTransformer(kinds))
-      ->type_name(names);
+  show->add_option("--as", arguments->kindName, "what the file is; else its name says it")
+      ->check(CLI::IsMember(names));
   show->add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
   show->callback([arguments, &action] {
     action = [arguments](std::ostream& output, std::ostream& errors) {

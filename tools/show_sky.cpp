@@ -105,6 +105,12 @@ ShownTable ShowDeepskyImages(const std::string& bytes) {
     if (line.text.starts_with('!')) continue;
     const auto fields = SplitAtBlanks(line);
     if (fields.empty()) continue;
+    int number = 0;
+    char letter = '\0';
+    if (!ParsePictureNumber(fields[kPictureNumber].text, number, letter)) {
+      ++table.unreadable;
+      continue;
+    }
     std::vector<ShownCell> row;
     for (int column = 0; column < kPictureColumns; ++column) {
       const bool isThere = column < static_cast<int>(fields.size());
@@ -124,8 +130,11 @@ ShownTable ShowTwoLineElements(const std::string& bytes) {
   for (const LintLine& line : ReadPlainLines(bytes)) {
     if (IsBlank(line.text) || line.text[0] == '#') continue;
     if (line.text.starts_with("1 ")) {
+      if (!first.empty()) ++table.unreadable;
       first = line.text;
     } else if (!line.text.starts_with("2 ")) {
+      if (!name.empty() || !first.empty()) ++table.unreadable;
+      first = "";
       name = Piece(line.text, line.text.starts_with("0 ") ? 3 : 1, line.text.size());
     } else if (first.empty()) {
       ++table.unreadable;
@@ -138,6 +147,7 @@ ShownTable ShowTwoLineElements(const std::string& bytes) {
       name = first = "";
     }
   }
+  if (!name.empty() || !first.empty()) ++table.unreadable;
   return table;
 }
 

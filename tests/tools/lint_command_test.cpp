@@ -97,6 +97,8 @@ TEST_F(ShowCommand, ANameThatSaysNothingNeedsAKind) {
             "kind  number  name   fourth\n"
             "star    1713  Rigel\n");
   EXPECT_EQ(RunIt({"show", "--as", "selektion", path}), kBadUsage);
+  EXPECT_EQ(m_Errors.find("skydata: --as: selektion not in {showers,settings,year-limits,catalog,"), 0u)
+      << m_Errors;
 }
 
 TEST_F(ShowCommand, RecordsThatCannotBeReadAreCounted) {

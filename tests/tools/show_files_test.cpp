@@ -79,6 +79,12 @@ TEST(ShowFiles, DeepskyImagesAreInHoursAndDegrees) {
       "42A                 5  5.50000    -5.5000              10      2     1.5      0      0\n");
 }
 
+TEST(ShowFiles, LinesThatAreNoPictureAreCounted) {
+  const ShownTable shown = ShowDeepskyImages("plnt\t1\tMercury\n\n! comment\n42H 5 5h 6g 0 0 1 0 0\n42 5\n");
+  EXPECT_EQ(shown.rows.size(), 1u);
+  EXPECT_EQ(shown.unreadable, 2);
+}
+
 // pi / 2 radians are 6 hours, pi / 6 radians 30 degrees.
 TEST(ShowFiles, CatalogsAreInHoursAndDegrees) {
   EXPECT_EQ(FormatTable(ShowCatalog("# made\nNumber:i32\tRA:f64\tDec:f64\tName:text\n"
@@ -97,6 +103,22 @@ TEST(ShowFiles, ElementsOfSatellitesAreInDegrees) {
   std::string row;
   for (const ShownCell& cell : shown.rows[0]) row += cell.text + "|";
   EXPECT_EQ(row, "5|VANGUARD 1|00179.78495062|34.2682|348.7242|0.1859667|331.7664|19.3264|10.82419157|");
+}
+
+TEST(ShowFiles, LinesThatAreNoPairOfElementsAreCounted) {
+  const std::string first = "1 00005U 58002B   00179.78495062  .00000023  00000-0  28098-4 0  4753\n";
+  const std::string second = "2 00005  34.2682 348.7242 1859667 331.7664  19.3264 10.82419157413667\n";
+  const auto count = [](const std::string& lines) {
+    const ShownTable shown = ShowTwoLineElements(lines);
+    return std::pair(static_cast<int>(shown.rows.size()), shown.unreadable);
+  };
+  EXPECT_EQ(count(first + second + "A\n" + first + second), std::pair(2, 0));
+  EXPECT_EQ(count("plnt\t1\tMercury\n"), std::pair(0, 1)) << "a name of nothing";
+  EXPECT_EQ(count("A\nB\n" + first + second), std::pair(1, 1)) << "a name of nothing before another";
+  EXPECT_EQ(count(first), std::pair(0, 1)) << "cut";
+  EXPECT_EQ(count(first + first + second), std::pair(1, 1)) << "the second line is missing";
+  EXPECT_EQ(count(first + "A\n" + first + second), std::pair(1, 1)) << "the same before a name";
+  EXPECT_EQ(count(second), std::pair(0, 1)) << "the first line is missing";
 }
 
 TEST(ShowFiles, LinesOfTheOtherLists) {
