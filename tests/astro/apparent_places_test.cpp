@@ -158,3 +158,24 @@ TEST(ApparentPlaces, LightIsBentAtTheSun) {
     EXPECT_GT(VectorsAngle(seen.apparent, sun.apparent), VectorsAngle(unbent, sun.apparent));
   }
 }
+
+// Where no light comes through there is no deflection to be right about; none grows beyond 2 arc seconds.
+TEST(ApparentPlaces, BehindTheSunTheBendingStaysSmall) {
+  CQXSolSys model;
+  model.SetMoment(2451545.0, 63.83);
+  ObservedBody sun;
+  ASSERT_TRUE(model.Observe(Planet(10), nullptr, sun));
+  const SkyPlace place = PlaceOf(sun.astrometric);
+  double velocity[3];
+  EarthVelocity(2451545.0, velocity);
+  for (const double radii : {0.0, 0.001, 0.01, 0.1, 0.5, 0.9}) {
+    StarRecord star;
+    star.ra = place.ra;
+    star.dec = place.dec + radii * sun.angularRadius;
+    ObservedBody seen;
+    ASSERT_TRUE(model.Observe(SSO_ID(FourCC("star"), 1), &star, seen));
+    double unbent[3];
+    Aberration(seen.astrometric, velocity, unbent);
+    EXPECT_LT(VectorsAngle(unbent, seen.apparent) / astro_test::kArcSecond, 1.98) << radii;
+  }
+}

@@ -83,6 +83,27 @@ TEST(Stars, ProperMotionWithoutParallaxIsStraight) {
   EXPECT_EQ(seen.distance, 0.0);
 }
 
+// The light that reaches the Earth on the near side of its orbit left the star later than what the barycentre sees: with
+// 1000 arc seconds a year, 8 minutes are 0.016 arc second.
+TEST(Stars, ProperMotionCountsFromWhenTheLightPassesTheBarycentre) {
+  const double date = 2451545.0 + 3652.5;
+  CQXSolSys model;
+  model.SetMoment(date, 66.0);
+  double earth[3];
+  ASSERT_TRUE(model.GetHeliocentricState(astro_test::Planet(3), nullptr, earth, nullptr));
+  const double distance = Vmod(earth, 3);
+  StarRecord star;
+  star.ra = std::atan2(earth[1], earth[0]);
+  star.dec = std::asin(earth[2] / distance);
+  star.properMotionDec = 1000.0 * kArcSecond;
+  ObservedBody seen;
+  ASSERT_TRUE(model.Observe(kStar, &star, seen));
+  const double years = 10.0 + distance * 499.004784 / 86400.0 / 365.25;  // 1 au is 499 light seconds
+  // The barycentre lies up to 0.01 au from the Sun.
+  EXPECT_NEAR(VectorsAngle(seen.astrometric, earth) / kArcSecond,
+              std::atan(star.properMotionDec * years) / kArcSecond, 0.0003);
+}
+
 // Barnard's star passes the Sun at 3.76 light years about the year 11800 (Bobylev 2010); until 9800 it comes nearer and
 // its motion grows.
 TEST(Stars, ApproachingStarGrowsFasterAndNearer) {

@@ -122,6 +122,18 @@ TEST(Magnitudes, Sun) {
   EXPECT_NEAR(Magnitude(10, 0.0, 10.0, 0.0), -21.74, 1e-12);
 }
 
+// The formulas of Mallama & Hilton 2018 worked out by hand on both sides of 50 degrees, and well beyond.
+TEST(Magnitudes, MarsOnBothSidesOfTheBoundary) {
+  EXPECT_NEAR(Magnitude(4, 1.0, 1.0, 49.99), -0.7930965, 1e-6);
+  EXPECT_NEAR(Magnitude(4, 1.0, 1.0, 50.01), -0.7921628, 1e-6);
+  EXPECT_NEAR(Magnitude(4, 1.0, 1.0, 59.0), -0.6858655, 1e-6);
+}
+
+// Beyond the phases that the Earth can see, the globe alone, worked out by hand.
+TEST(Magnitudes, SaturnAtLargePhasesIsItsGlobe) {
+  EXPECT_NEAR(Magnitude(6, 1.0, 1.0, 7.0), -8.9257001, 1e-6);
+}
+
 TEST(Magnitudes, MarsAtItsOppositionOf2003) {
   // Observed -2.88 (Mallama 2007); the part that turns with the planet is left out here: 0.1.
   CQXSolSys model;

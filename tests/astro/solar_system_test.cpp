@@ -268,6 +268,24 @@ TEST(SolarSystem, SatelliteIsWhereItsModelSays) {
   EXPECT_LT(VectorsAngle(seen.apparent, expected) / kArcSecond, 6.0);
 }
 
+// The Earth carries both ends of the way that the light takes: in no direction is the yearly aberration left.
+TEST(SolarSystem, SatelliteHasNoYearlyAberration) {
+  CQXSolSys model;
+  const OrbitalElements elements = Vanguard();
+  const SatelliteModel satellite(elements);
+  const double deltaT = 64.0;
+  for (double minutes = 0.0; minutes < 400.0; minutes += 10.0) {
+    const double dateTT = elements.epoch + minutes / 1440.0 + deltaT / 86400.0;
+    double teme[3], velocity[3], towards[3];
+    ASSERT_EQ(satellite.GetState(minutes, teme, velocity), SatelliteFault::kNone);
+    TemeToJ2000(dateTT, teme, towards);
+    model.SetMoment(dateTT, deltaT);
+    ObservedBody seen;
+    ASSERT_TRUE(model.Observe(SSO_ID(FourCC("scft"), 5), &elements, seen));
+    EXPECT_LT(VectorsAngle(seen.apparent, towards) / kArcSecond, 6.0) << minutes;
+  }
+}
+
 TEST(SolarSystem, FallenSatelliteIsNotSeen) {
   CQXSolSys model;
   const OrbitalElements elements = FallingStage();
