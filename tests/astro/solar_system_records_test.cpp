@@ -150,3 +150,46 @@ TEST(SolarSystemRecords, RandomBytesGiveFalseOrNumbers) {
     }
   }
 }
+
+// The same for what stands beyond the solar system, with numbers from one end of the range to the other.
+TEST(SolarSystemRecords, WildFixedObjectsGiveFalseOrNumbers) {
+  constexpr double kWild[] = {0.0, 5e-324, -1e-310, 1e-9, -1.0, 1e10, -1e38, 1e150, -1e300, 1.7e308};
+  CQXSolSys model;
+  model.SetObserverOnEarth(0.3, 0.7, 100.0);
+  unsigned state = 4321;
+  const auto wild = [&] {
+    state = state * 1664525u + 1013904223u;
+    return kWild[(state >> 16) % 10];
+  };
+  const auto wildFloat = [&] { return static_cast<float>(std::fmod(wild(), 3e38)); };
+  const auto expectNumbers = [&](const SSO_ID& id, const void* record) {
+    ObservedBody seen;
+    if (!model.Observe(id, record, seen)) return false;
+    for (const double number : {seen.distance, seen.elongation, seen.magnitude, seen.angularRadius,
+                                Vmod(seen.apparent, 3), Vmod(seen.astrometric, 3)}) {
+      EXPECT_TRUE(std::isfinite(number));
+    }
+    return true;
+  };
+  int seenCount = 0;
+  for (int round = 0; round < 5000; ++round) {
+    StarRecord star;
+    star.ra = wild();
+    star.dec = wild();
+    star.properMotionRA = wild();
+    star.properMotionDec = wild();
+    star.parallax = wild();
+    star.radialVelocity = wildFloat();
+    star.radius = wildFloat();
+    seenCount += expectNumbers(SSO_ID(FourCC("star"), 1), &star) ? 1 : 0;
+    DeepskyRecord object;
+    object.ra = wild();
+    object.parallax = wild();
+    object.angularSize = wild();
+    seenCount += expectNumbers(SSO_ID(FourCC("gala"), 1), &object) ? 1 : 0;
+    ConstellationRecord constellation;
+    for (double& component : constellation.center) component = wild();
+    seenCount += expectNumbers(SSO_ID(FourCC("cnst"), 1), &constellation) ? 1 : 0;
+  }
+  EXPECT_GT(seenCount, 1000);
+}
