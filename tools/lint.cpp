@@ -63,8 +63,22 @@ void AddFile(const fs::path& path, LintRun& run) {
   }
 }
 
+bool CanLookInto(const fs::path& folder) {
+  std::error_code error;
+  const fs::directory_iterator entries(folder, error);
+  return !error;
+}
+
+void CheckFolder(const fs::path& path, LintRun& run) {
+  if (CanLookInto(path)) return;
+  const std::string name = path.lexically_relative(run.root).generic_string() + "/";
+  LintReport(name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the folder cannot be read");
+}
+
 void CollectFiles(LintRun& run) {
-  for (const auto& entry : fs::recursive_directory_iterator(run.root)) {
+  const auto options = fs::directory_options::skip_permission_denied;
+  for (const auto& entry : fs::recursive_directory_iterator(run.root, options)) {
+    if (entry.is_directory() && !entry.is_symlink()) CheckFolder(entry.path(), run);
     if (entry.is_regular_file() || (entry.is_symlink() && !entry.exists())) AddFile(entry.path(), run);
   }
   std::sort(run.files.begin(), run.files.end(),
@@ -89,6 +103,7 @@ void LintFileOf(const LintFile& file, LintRun& run) {
 
 LintFindings Lint(const fs::path& root) {
   if (!fs::is_directory(root)) throw SourceError(root.string(), 0, "no such folder");
+  if (!CanLookInto(root)) throw SourceError(root.string(), 0, "the folder cannot be read");
   LintRun run;
   run.root = fs::absolute(root).lexically_normal();
   const RootPaths paths(run.root);
