@@ -82,9 +82,8 @@ void General3DFlightObjectsList::Load(const char* path) {
     PrintDebugString("File with distance information (%s) not found\n", path ? path : "");
     return;
   }
-  // A group that has its kind is a group, even when its count is cut off: it hides later ones of that kind.
   for (unsigned kind; ReadWord(file, kind);) {
-    unsigned count = 0;
+    unsigned count = 0;  // stays when the file ends within it
     ReadWord(file, count);
     const std::vector<int> numbers = ReadNumbers(file, count);
     DistanceGroup group{static_cast<int>(kind), nullptr};
