@@ -93,6 +93,11 @@ void ObjectNumbers::AddConstellations(const std::filesystem::path& source) {
   }
 }
 
+bool ObjectNumbers::Has(const std::string& kind, const std::string& object) const {
+  const auto objects = m_Numbers.find(kind);
+  return objects != m_Numbers.end() && objects->second.count(object) > 0;
+}
+
 ObjectNumbers::Object ObjectNumbers::Resolve(const SourceTable& table, int row, int kindColumn,
                                              int objectColumn) const {
   const std::string &kind = table.GetText(row, kindColumn), &object = table.GetText(row, objectColumn);

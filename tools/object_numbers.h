@@ -32,6 +32,8 @@ class ObjectNumbers {
   // The object that the cells name. Throws SourceError, naming line and column, when the other sources have none.
   Object Resolve(const SourceTable& table, int row, int kindColumn, int objectColumn) const;
 
+  bool Has(const std::string& kind, const std::string& object) const;
+
   // The HR numbers of the stars whose parallax is known and positive, ascending.
   const std::vector<int>& GetStarsWithParallax() const { return m_StarsWithParallax; }
 

@@ -25,6 +25,9 @@ int CountDays(int year, int month) {
   return month == 2 && (isLeap || year == kEveryYear) ? 29 : kDays[month - 1];
 }
 
+// The calendar went from 4 to 15 October.
+bool IsLeftOut(int year, int month, int day) { return year == 1582 && month == 10 && day > 4 && day < 15; }
+
 }  // namespace
 
 std::string MakeObservationTimes(const std::filesystem::path& source) {
@@ -39,6 +42,7 @@ std::string MakeObservationTimes(const std::filesystem::path& source) {
     const int year = table.GetInteger(row, kYear, kFirstYear, kLastYear);
     const int month = table.GetInteger(row, kMonth, 1, 12);
     const int day = table.GetInteger(row, kDay, 1, CountDays(year, month));
+    if (IsLeftOut(year, month, day)) table.Fail(row, kDay, "October 1582 has no day " + std::to_string(day));
     const double hour = table.GetNumber(row, kHour, 0.0, kHours);
     if (hour >= kHours) table.Fail(row, kHour, "24 hours are the next day");
     if (!seen.emplace(number, year).second)

@@ -7,6 +7,7 @@
 
 #include "tools/byte_text.h"
 #include "tools/catalog_files.h"
+#include "tools/object_numbers.h"
 #include "tools/source_table.h"
 
 namespace skydata {
@@ -44,7 +45,8 @@ void AddCorners(const SourceTable& table, int row, std::string& bytes) {
   }
 }
 
-std::string MakeImages(const std::filesystem::path& path) {
+// With `constellations` each identifier must be that of one.
+std::string MakeImages(const std::filesystem::path& path, const ObjectNumbers* constellations) {
   const SourceTable table(path, kColumns);
   std::string bytes;
   AppendBE16(bytes, table.GetRowCount());
@@ -54,6 +56,8 @@ std::string MakeImages(const std::filesystem::path& path) {
     const std::string identifier = ReadIdentifier(table, row);
     if (!identifiers.insert(identifier).second)
       table.Fail(row, kIdentifier, "'" + table.GetText(row, kIdentifier) + "' stands above already");
+    if (constellations && !constellations->Has("cnst", table.GetText(row, kIdentifier)))
+      table.Fail(row, kIdentifier, "no constellation '" + table.GetText(row, kIdentifier) + "' is known");
     bytes += identifier;
     AddCorners(table, row, bytes);
   }
@@ -63,11 +67,12 @@ std::string MakeImages(const std::filesystem::path& path) {
 }  // namespace
 
 std::string MakeConstellationImages(const std::filesystem::path& source) {
-  return MakeImages(source / "skyobjects" / "constellation_images.tsv");
+  const ObjectNumbers numbers(source);
+  return MakeImages(source / "skyobjects" / "constellation_images.tsv", &numbers);
 }
 
 std::string MakeMilkyWayImages(const std::filesystem::path& source) {
-  return MakeImages(source / "skyobjects" / "milkyway_images.tsv");
+  return MakeImages(source / "skyobjects" / "milkyway_images.tsv", nullptr);
 }
 
 }  // namespace skydata

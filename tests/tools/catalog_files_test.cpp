@@ -112,6 +112,12 @@ TEST_F(TimesSource, DatesMustBePossible) {
   EXPECT_EQ(Message("comt\t1\t\t2000\t2\t29\t0\n"), "");
   EXPECT_EQ(Message("comt\t1\t\t1986\t4\t31\t0\n"),
             "comets/observation_times.tsv:2: Day: 31 is out of range");
+  EXPECT_EQ(Message("comt\t1\t\t1582\t10\t4\t0\ncomt\t1\t\t1583\t10\t5\t0\n"), "");
+  EXPECT_EQ(Message("comt\t1\t\t1582\t10\t15\t0\n"), "");
+  for (const int day : {5, 14}) {
+    EXPECT_EQ(Message("comt\t1\t\t1582\t10\t" + std::to_string(day) + "\t0\n"),
+              "comets/observation_times.tsv:2: Day: October 1582 has no day " + std::to_string(day));
+  }
   EXPECT_EQ(Message("comt\t1\t\t99999\t4\t1\t0\n"),
             "comets/observation_times.tsv:2: Year: 99999 is out of range");
 }

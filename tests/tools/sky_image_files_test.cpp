@@ -37,7 +37,8 @@ TEST_F(ImageSource, ATableWithoutRowsIsACountOfZero) { EXPECT_EQ(Make(""), "\0\0
 TEST_F(ImageSource, TheCountHasTwoBytes) {
   std::string rows;
   for (int i = 0; i < 300; ++i) rows += "I" + std::to_string(i) + "\t0\t0\t0\t0\t0\t0\t0\t0\n";
-  const std::string bytes = Make(rows);
+  m_Source.Write("skyobjects/milkyway_images.tsv", kImageColumns + rows);
+  const std::string bytes = m_Source.Make(MakeMilkyWayImages);
   EXPECT_EQ(bytes.substr(0, 6), "\x01\x2CI0  "s);
   EXPECT_EQ(bytes.size(), 2u + 300u * 36u);
 }
@@ -53,6 +54,10 @@ TEST_F(ImageSource, AnIdentifierHasOneToFourLettersOrDigits) {
 TEST_F(ImageSource, AnIdentifierStandsOnce) {
   EXPECT_EQ(Message("Ori\t0\t0\t0\t0\t0\t0\t0\t0\nOri\t0\t0\t0\t0\t0\t0\t0\t0\n"),
             "skyobjects/constellation_images.tsv:3: Identifier: 'Ori' stands above already");
+}
+TEST_F(ImageSource, AnIdentifierIsThatOfAConstellation) {
+  EXPECT_EQ(Message("Ori\t0\t0\t0\t0\t0\t0\t0\t0\nOrx\t0\t0\t0\t0\t0\t0\t0\t0\n"),
+            "skyobjects/constellation_images.tsv:3: Identifier: no constellation 'Orx' is known");
 }
 TEST_F(ImageSource, CornersMustLieOnTheSky) {
   EXPECT_EQ(Message("Ori\t0\t0\t0\t0\t0\t0\t361\t0\n"),
