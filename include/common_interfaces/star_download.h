@@ -11,16 +11,16 @@ namespace CommonInterfaces {
 #pragma pack(push, 1)
 // The field of sky for which stars are asked of a download service. Packed: no gaps, at any address.
 struct StarDownloadDesc {
-  unsigned m_Id = 0;            // the service
-  double m_Lon = 0.0;           // radians: right ascension of the field's centre
-  double m_Lat = 0.0;           // radians: its declination
-  double m_FieldSize = 0.0;     // radians, across
-  unsigned char m_Level = 0;    // level of detail
-  unsigned char m_Step = 0;     // resolution step
-  double m_Rotation = 0.0;      // degrees
-  bool m_bDirection = false;    // the field is compared by the direction below instead of by its centre
-  double m_DirectionLon = 0.0;  // radians
-  double m_DirectionLat = 0.0;  // radians
+  unsigned m_Id = 0;               // the service
+  double m_Lon = 0.0;              // radians: right ascension of the field's centre
+  double m_Lat = 0.0;              // radians: its declination
+  double m_FieldSize = 0.0;        // radians, across
+  unsigned char m_Level = 0;       // level of detail
+  unsigned char m_Step = 0;        // resolution step
+  double m_Rotation = 0.0;         // degrees
+  unsigned char m_bDirection = 0;  // not 0: compared by the direction below instead of by the centre
+  double m_DirectionLon = 0.0;     // radians
+  double m_DirectionLat = 0.0;     // radians
 };
 #pragma pack(pop)
 static_assert(sizeof(StarDownloadDesc) == 55 && alignof(StarDownloadDesc) == 1);

@@ -62,6 +62,13 @@ TEST(StarDownloadDescTest, AFieldEqualsItself) {
   EXPECT_TRUE(ByDirection() == ByDirection());
 }
 
+TEST(StarDownloadDescTest, AnyDirectionFlagButZeroIsSet) {
+  StarDownloadDesc field = ByDirection();
+  field.m_bDirection = 0x80;
+  field.m_Lon += 1.0;  // the centre does not count
+  EXPECT_TRUE(field == ByDirection());
+}
+
 TEST(StarDownloadDescTest, IdentifiersMustBeEqual) {
   ExpectDifferent(ByCentre(), [](auto& field) { field.m_Id = 8; });
   ExpectDifferent(ByDirection(), [](auto& field) { field.m_Id = 0x80000007; });
