@@ -57,22 +57,20 @@ struct CQXSolSys::Inside {
   }
 
   // The record of an object that comes without one is that of a slot, which may be the one to be filled.
-  const void* RecordOf(const SSO_ID& id, const void* data) const;
+  const void* RecordOf(const SSO_ID& id, const void* data) const {
+    const ModelObject* known = NeedsRecord(id, data) ? Find(id) : nullptr;
+    if (known == nullptr) return data;
+    if (const auto* star = std::get_if<StarRecord>(&known->record)) return star;
+    if (const auto* deepsky = std::get_if<DeepskyRecord>(&known->record)) return deepsky;
+    if (const auto* constellation = std::get_if<ConstellationRecord>(&known->record)) return constellation;
+    const auto* orbit = std::get_if<astro_internal::ReadyOrbit>(&known->record);
+    return orbit != nullptr ? &orbit->elements : nullptr;
+  }
 
   bool Make(const SSO_ID& id, const void* data, ModelObject& object) const {
     return astro_internal::MakeModelObject(id, RecordOf(id, data), object);
   }
 };
-
-const void* CQXSolSys::Inside::RecordOf(const SSO_ID& id, const void* data) const {
-  const ModelObject* known = NeedsRecord(id, data) ? Find(id) : nullptr;
-  if (known == nullptr) return data;
-  if (const auto* star = std::get_if<StarRecord>(&known->record)) return star;
-  if (const auto* deepsky = std::get_if<DeepskyRecord>(&known->record)) return deepsky;
-  if (const auto* constellation = std::get_if<ConstellationRecord>(&known->record)) return constellation;
-  const auto* orbit = std::get_if<astro_internal::ReadyOrbit>(&known->record);
-  return orbit != nullptr ? &orbit->elements : nullptr;
-}
 
 CQXSolSys::CQXSolSys() : m_Inside(new Inside) {}
 CQXSolSys::~CQXSolSys() { delete m_Inside; }

@@ -58,7 +58,9 @@ def readable(mangled):
     """Demangled names, one each, in the order given."""
     names = run("c++filt", "--no-strip-underscore", text="".join(m + "\n" for m in mangled)).splitlines()
     sized = re.compile(r"operator (new|delete)(\[\])?\((.*?)unsigned (?:int|long)\b")
-    return [sized.sub(r"operator \1\2(\3std::size_t", name.replace("[abi:cxx11]", "")) for name in names]
+    file = re.compile(r"\b(_IO_FILE|_iobuf)\b")  # what the C libraries call FILE
+    return [file.sub("FILE", sized.sub(r"operator \1\2(\3std::size_t", name.replace("[abi:cxx11]", "")))
+            for name in names]
 
 
 def public_headers(folder):
