@@ -156,91 +156,102 @@ bool WritePictures(const Options& options, const SkyFrame& frame, std::string& e
   return true;
 }
 
-bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
-          Diagnostics& diagnostics, std::ostream& output, std::string& error) {
-  const ShownKinds shown = ReadShownKinds(session.settings);
-  session.filters.Refresh(session.settings);
-  for (const auto& mark : options.markers) session.markers.Add(mark, session.camera);
-  FrameMaker maker(session.camera, session.catalogs, shown, session.filters, session.markers);
-  maker.Prepare();
-  const auto status = MakeStatus(session.camera, session.catalogs);
+// The frame as the options want it, ready to be computed for the first time.
+bool SetUpFrame(const Options& options, Session& session, const std::vector<std::string>& status,
+                FrameMaker& maker, std::string& error) {
   SkyFrame& frame = maker.GetFrame();
   if (!SetUpExtras(options, session.marks, frame, error)) return false;
   if (options.play) SetAnimationClock(0);
   ShowOrbits(options, session.orbits, frame);
   if (options.play) SetAnimationClock(1);
   frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
-  maker.Compute();
-  if (!WritePictures(options, frame, error)) return false;
-  if (!KeepView(options, session, diagnostics, error)) return false;
-  std::string text;
-  if (question && options.where) {
-    if (!DescribeWhere(question->object, question->title, session.catalogs, session.camera, text, error)) {
-      error = "--where " + error;
-      return false;
-    }
-  } else if (question) {
-    const ShownView view = {frame, session.camera,  maker.GetObserver(),
-                            shown, session.filters, session.settings};
-    text = FormatExplanation(question->title, Explain(question->object, view));
-  } else {
-    text = MakeReport(session.camera, status, frame);
-    if (options.showers) text += MakeShowerReport(session.camera, maker.GetObserver(), LoadShowers());
-  }
-  if (options.play && !DrawSequence(options, session.camera, maker, error)) return false;
-  output << text;
   return true;
 }
 
-int FinishShow(const Diagnostics& diagnostics, std::ostream& errors) {
-  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
-  return kDone;
+// What is said of the first frame: the answer to the question, else the report.
+bool Describe(const Options& options, Session& session, const std::optional<Question>& question,
+              const ShownKinds& shown, const std::vector<std::string>& status, FrameMaker& maker,
+              std::string& text, std::string& error) {
+  if (question && options.where) {
+    if (DescribeWhere(question->object, question->title, session.catalogs, session.camera, text, error))
+      return true;
+    error = "--where " + error;
+    return false;
+  }
+  if (question) {
+    const ShownView view = {maker.GetFrame(), session.camera,  maker.GetObserver(), shown,
+                            session.filters,  session.settings};
+    text = FormatExplanation(question->title, Explain(question->object, view));
+    return true;
+  }
+  text = MakeReport(session.camera, status, maker.GetFrame());
+  if (options.showers) text += MakeShowerReport(session.camera, maker.GetObserver(), LoadShowers());
+  return true;
+}
+
+bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
+          Diagnostics& diagnostics, std::string& text, std::string& error) {
+  const ShownKinds shown = ReadShownKinds(session.settings);
+  session.filters.Refresh(session.settings);
+  for (const auto& mark : options.markers) session.markers.Add(mark, session.camera);
+  FrameMaker maker(session.camera, session.catalogs, shown, session.filters, session.markers);
+  maker.Prepare();
+  const auto status = MakeStatus(session.camera, session.catalogs);
+  if (!SetUpFrame(options, session, status, maker, error)) return false;
+  maker.Compute();
+  return WritePictures(options, maker.GetFrame(), error) && KeepView(options, session, diagnostics, error) &&
+         Describe(options, session, question, shown, status, maker, text, error) &&
+         (!options.play || DrawSequence(options, session.camera, maker, error));
+}
+
+// Settings and view, as the options say.
+ViewResult SetUpSession(const Options& options, Session& session, Diagnostics& diagnostics) {
+  ViewResult set = SetUpSettings(options, session.settings, diagnostics);
+  if (set.failure != Failure::kNone) return set;
+  session.camera.CreateDefault();
+  session.camera.FillMagCorrectionsVector(&session.settings);
+  return ApplyOptions(options, diagnostics, session.camera);
+}
+
+// What the options ask of a session that is set up: the text for the user, and the files they name.
+bool Answer(const Options& options, Session& session, Diagnostics& diagnostics, std::string& text,
+            std::string& error) {
+  if (options.home == HomeAction::kShow) {
+    text = FormatHomes(session.camera);
+    return true;
+  }
+  if (options.lightCurve) return DrawLightCurve(options, session.camera, text, error);
+  std::optional<Question> question;
+  const bool wantsCatalogs =
+      !options.listLimits || !options.favourites.empty() || !options.favouriteActions.empty();
+  if (wantsCatalogs && !FindNamedObjects(options, session, question, error)) return false;
+  if (WantsFavouritesShown(options.favouriteActions)) {
+    text = FormatFavourites(ReadFavourites());
+    return true;
+  }
+  if (options.listLimits) {
+    text = MakeLimitsTable(session.camera);
+    return KeepSettings(options, session, error);
+  }
+  return Draw(options, session, question, diagnostics, text, error);
 }
 
 int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
   QX4Strings::SetProgrmaNameId(kProgramNameText);
-  std::string error;
+  std::string text, error;
   if (options.body) {
-    const auto text = DescribeBody(*options.body, diagnostics, error);
-    if (!text) return Fail(error, kBadData, errors);
-    output << *text;
-    return FinishShow(diagnostics, errors);
+    const auto description = DescribeBody(*options.body, diagnostics, error);
+    if (!description) return Fail(error, kBadData, errors);
+    text = *description;
+  } else {
+    Session session;
+    const ViewResult view = SetUpSession(options, session, diagnostics);
+    if (view.failure != Failure::kNone) return Fail(view.message, CodeOf(view.failure), errors);
+    if (!Answer(options, session, diagnostics, text, error)) return Fail(error, kBadData, errors);
   }
-  Session session;
-  const ViewResult set = SetUpSettings(options, session.settings, diagnostics);
-  if (set.failure != Failure::kNone) return Fail(set.message, CodeOf(set.failure), errors);
-  session.camera.CreateDefault();
-  session.camera.FillMagCorrectionsVector(&session.settings);
-  const ViewResult view = ApplyOptions(options, diagnostics, session.camera);
-  if (view.failure != Failure::kNone) {
-    return Fail(view.message, CodeOf(view.failure), errors);
-  }
-  if (options.home == HomeAction::kShow) {
-    output << FormatHomes(session.camera);
-    return FinishShow(diagnostics, errors);
-  }
-  if (options.lightCurve) {
-    std::string text;
-    if (!DrawLightCurve(options, session.camera, text, error)) return Fail(error, kBadData, errors);
-    output << text;
-    return FinishShow(diagnostics, errors);
-  }
-  std::optional<Question> question;
-  const bool wantsCatalogs =
-      !options.listLimits || !options.favourites.empty() || !options.favouriteActions.empty();
-  if (wantsCatalogs && !FindNamedObjects(options, session, question, error))
-    return Fail(error, kBadData, errors);
-  if (WantsFavouritesShown(options.favouriteActions)) {
-    output << FormatFavourites(ReadFavourites());
-    return FinishShow(diagnostics, errors);
-  }
-  if (options.listLimits) {
-    if (!KeepSettings(options, session, error)) return Fail(error, kBadData, errors);
-    output << MakeLimitsTable(session.camera);
-  } else if (!Draw(options, session, question, diagnostics, output, error)) {
-    return Fail(error, kBadData, errors);
-  }
-  return FinishShow(diagnostics, errors);
+  output << text;
+  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
+  return kDone;
 }
 
 }  // namespace
