@@ -20,8 +20,8 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/sky_images.h"
 #include "common_interfaces/string_table.h"
-#include "host/sky_catalogs.h"
-#include "host/sky_roots.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "skyview/session/sky_roots.h"
 #include "utils/program.h"
 #include "utils/text.h"
 

@@ -14,10 +14,10 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
-#include "host/catalog_table.h"
-#include "host/observer_frame.h"
-#include "host/sky_frame.h"
-#include "host/sky_roots.h"
+#include "scene/catalogs/catalog_table.h"
+#include "scene/view/observer_frame.h"
+#include "scene/frame/sky_frame.h"
+#include "skyview/session/sky_roots.h"
 #include "scratch_file.h"
 #include "utils/program.h"
 

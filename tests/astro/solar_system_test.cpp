@@ -9,7 +9,7 @@
 
 #include "known_orbits.h"
 #include "sky_place.h"
-#include "tests/host/allocation_counter.h"
+#include "tests/support/allocation_counter.h"
 
 using astro_test::Ceres;
 using astro_test::FallingStage;

@@ -20,7 +20,9 @@ MAY_INCLUDE = {
     "thread": set(),
     "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
     "umbrella": {"catalogs", "render", "text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "host": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "scene": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "paint": {"scene", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "skyview": {"scene", "paint", "catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
     "tools": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
 
@@ -47,7 +49,7 @@ PUBLIC = {
 }
 FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
           "thread": "thread",
-          "host": "host",
+          "scene": "scene", "paint": "paint", "skyview": "skyview",
           "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
 
 

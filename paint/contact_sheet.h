@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "scene/frame/sky_frame.h"
+
+namespace skyview {
+
+// One picture of many: small copies of frames of one size in rows, each with a line of text below it.
+class ContactSheet {
+ public:
+  // `count` frames of that size in pixels. A copy is as wide as lets a row of them fill some 1600 pixels, but 80 to 400
+  // wide; there are as many columns as make the sheet about 1.6 times as wide as high.
+  ContactSheet(int count, int width, int height);
+  ~ContactSheet();
+  ContactSheet(const ContactSheet&) = delete;
+  ContactSheet& operator=(const ContactSheet&) = delete;
+
+  // Puts the frame in the next place. False when the drawing library fails or all places are taken: `error` says why.
+  bool Add(const SkyFrame& frame, const std::string& text, std::string& error);
+  // Writes the sheet as a PNG file, as WritePicture does.
+  bool Write(const std::string& path, std::string& error) const;
+
+ private:
+  struct Sheet;
+  std::unique_ptr<Sheet> m_Sheet;
+};
+
+}  // namespace skyview

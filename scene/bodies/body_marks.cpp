@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/bodies/body_marks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kStep = 1e-4;  // radians towards the Sun, to see which way that is in the picture
+
+LabelKind LabelKindOfBody(int kind) {
+  if (kind == FourCC("scft")) return LabelKind::kSatellite;
+  return kind == FourCC("astr") || kind == FourCC("comt") ? LabelKind::kSmallBody : LabelKind::kPlanet;
+}
+
+// The direction in the picture from a body towards the Sun along the great circle: where its bright limb is. Up when
+// the two stand in one place.
+tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], const double sun[3],
+                           const tPoint<double>& place) {
+  double along = 0.0;
+  for (int i = 0; i < 3; ++i) along += body[i] * sun[i];
+  Direction aside;
+  for (int i = 0; i < 3; ++i) aside.v[i] = sun[i] - along * body[i];
+  aside = Normalised(aside);
+  for (int i = 0; i < 3; ++i) aside.v[i] = body[i] + kStep * aside.v[i];
+  const auto p = geometry.Project(Normalised(aside), SkyFrameOf::kJ2000);
+  const double length = std::hypot(p.x - place.x, p.y - place.y);
+  if (!(length > 0.0)) return {0.0, 1.0};
+  return {(p.x - place.x) / length, (p.y - place.y) / length};
+}
+
+}  // namespace
+
+BodyMarks::BodyMarks(const BodyModel& model) : m_Model(model), m_Labels(model.GetBodies().size()) {
+  m_Drawn.reserve(m_Labels.size());
+  FetchTexts();
+}
+
+void BodyMarks::FetchTexts() {
+  for (std::size_t i = 0; i < m_Labels.size(); ++i) m_Labels[i] = GetBodyLabel(m_Model.GetBodies()[i]);
+}
+
+void BodyMarks::Clear() {
+  m_Drawn.clear();
+  m_Shadow = DrawnShadow();
+}
+
+void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
+                        const EclipseShadows& shadows, LabelPlacer& labels) {
+  Clear();
+  ObjectPlace place;
+  for (int body = 0; body < static_cast<int>(m_Labels.size()); ++body) {
+    if (tests.IsDrawn(body, place)) Add(geometry, tests, shown, body, place);
+  }
+  PlaceLabels(geometry, tests, labels);
+  AddMoonShadow(geometry, shadows);
+  std::sort(m_Drawn.begin(), m_Drawn.end(),
+            [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });
+}
+
+void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
+                    const ObjectPlace& place) {
+  const SkyBody& entry = m_Model.GetBodies()[static_cast<std::size_t>(body)];
+  const BodyState& state = m_Model.GetStates()[static_cast<std::size_t>(body)];
+  const bool moon = entry.id.kind == FourCC("moon");
+  DrawnBody drawn = {};
+  drawn.body = body;
+  drawn.place = place.pixel;
+  drawn.radius = place.radius;
+  drawn.asDisc = body == kSunBody || moon || tests.GetTrueRadius(state) > tests.GetSymbolRadius(body);
+  drawn.opacity = tests.HasMagnitude(body) ? tests.GetLimits(entry.id.kind).Opacity(state.code) : 1.0f;
+  drawn.cosPhase = (moon ? shown.moonPhases : shown.planetPhases) ? std::cos(state.seen.phaseAngle) : 1.0;
+  drawn.toSun = m_Model.GetSun().known
+                    ? FindSunward(geometry, state.seen.apparent, m_Model.GetSun().seen.apparent, place.pixel)
+                    : tPoint<double>{0.0, 1.0};
+  drawn.distance = state.seen.distance;
+  drawn.labelIndex = -1;
+  m_Drawn.push_back(drawn);
+}
+
+// The Sun, the Moon and the planets come first and so have the choice of places.
+void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, LabelPlacer& labels) {
+  for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
+  for (auto& drawn : m_Drawn) {
+    const auto body = static_cast<std::size_t>(drawn.body);
+    const int kind = m_Model.GetBodies()[body].id.kind;
+    if (tests.HasMagnitude(drawn.body) && m_Model.GetStates()[body].code > tests.GetLimits(kind).label) {
+      continue;
+    }
+    const LabelKind labelKind = LabelKindOfBody(kind);
+    const double size = (labelKind == LabelKind::kPlanet ? 14.0 : 11.0) * geometry.unit;
+    drawn.labelIndex = labels.PlaceBeside(m_Labels[body].c_str(), drawn.place, drawn.radius, size, labelKind);
+  }
+}
+
+void BodyMarks::AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows) {
+  const auto* shadow = shadows.GetMoonShadow();
+  const DrawnBody* moon = Find(kMoonBody);
+  if (!shadow || !moon) return;
+  const ObservedBody& seen = m_Model.GetMoon().seen;
+  Direction foot;
+  for (int i = 0; i < 3; ++i) foot.v[i] = seen.apparent[i] * seen.distance + shadow->m_Foot[i];
+  const auto centre = geometry.Project(Normalised(foot), SkyFrameOf::kJ2000);
+  // A Moon drawn larger than it is takes its shadow with it.
+  const double scale = moon->radius / geometry.camera.VisRad2PixD(seen.angularRadius);
+  const auto pixels = [&](double radius) {
+    return radius > 0.0 ? scale * geometry.camera.VisRad2PixD(radius / seen.distance) : 0.0;
+  };
+  m_Shadow.falls = true;
+  m_Shadow.centre = {moon->place.x + scale * (centre.x - moon->place.x),
+                     moon->place.y + scale * (centre.y - moon->place.y)};
+  m_Shadow.umbra = pixels(shadow->m_UmbraRadius);
+  m_Shadow.penumbra = pixels(shadow->m_PenumbraRadius);
+}
+
+const DrawnBody* BodyMarks::Find(int body) const {
+  for (const auto& drawn : m_Drawn) {
+    if (drawn.body == body) return &drawn;
+  }
+  return nullptr;
+}
+
+}  // namespace skyview

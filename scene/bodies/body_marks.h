@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "scene/visibility/body_tests.h"
+#include "scene/bodies/eclipse.h"
+#include "scene/frame/labels.h"
+
+namespace skyview {
+
+// A body of the frame and how it is drawn. Pixels, y up.
+struct DrawnBody {
+  int body;  // index in the list of bodies
+  tPoint<double> place;
+  double radius;
+  bool asDisc;           // drawn at its true size, or with a phase as the Sun and the Moon always are
+  float opacity;         // 0 to 1
+  double cosPhase;       // cosine of the phase angle: 1 wholly lit, -1 wholly dark
+  tPoint<double> toSun;  // unit vector from the middle of the disc to that of its bright limb
+  double distance;       // au
+  int labelIndex;        // -1: none
+};
+
+// The Earth's shadow on the Moon's disc. Pixels, y up.
+struct DrawnShadow {
+  bool falls = false;
+  tPoint<double> centre{};
+  double umbra = 0.0, penumbra = 0.0;  // radii; the umbra's is 0 when it does not reach so far
+};
+
+// The bodies of one frame. The lists have room for all from the start; nothing is allocated later.
+class BodyMarks {
+ public:
+  explicit BodyMarks(const BodyModel& model);
+
+  // Takes the names of the planets from the string table. To be called when the language has changed.
+  void FetchTexts();
+
+  void Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
+               const EclipseShadows& shadows, LabelPlacer& labels);
+
+  void Clear();
+
+  const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
+  const DrawnBody* Find(int body) const;                              // null when it is not drawn
+  const DrawnShadow& GetMoonShadow() const { return m_Shadow; }
+  const std::string& GetLabel(int body) const { return m_Labels[static_cast<std::size_t>(body)]; }
+
+ private:
+  void Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
+           const ObjectPlace& place);
+  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, LabelPlacer& labels);
+  void AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
+
+  const BodyModel& m_Model;
+  std::vector<std::string> m_Labels;
+  std::vector<DrawnBody> m_Drawn;
+  DrawnShadow m_Shadow;
+};
+
+}  // namespace skyview

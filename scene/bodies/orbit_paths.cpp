@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/bodies/orbit_paths.h"
+
+#include <cmath>
+
+#include "astro/vectors.h"
+#include "common_interfaces/clipping.h"
+#include "common_interfaces/orbit_info.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::OrbitInfo;
+
+constexpr double kKmPerAu = 149597870.7;                 // IAU 2012 resolution B2
+constexpr int kArcs = 180;                               // of a whole orbit
+constexpr int kMaxHalvings = 5;                          // of an arc that comes near
+constexpr double kLongestArc = 3.0 * kRadiansPerDegree;  // as it is seen
+constexpr double kFarthest = 200.0;  // au: open and long orbits are drawn as far as this from the Sun
+
+const SSO_ID kSun(FourCC("plnt"), kSunNumber), kEarth(FourCC("plnt"), kEarthNumber);
+
+bool IsAboutEarth(const SSO_ID& id) {
+  return id.kind == FourCC("scft") || (id.kind == FourCC("moon") && id.number == kMoonNumber);
+}
+
+}  // namespace
+
+// A place on an orbit as it is seen.
+struct OrbitPaths::Point {
+  double anomaly;  // true anomaly, radians
+  Direction apparent;
+};
+
+struct OrbitPaths::View {
+  const ViewGeometry& geometry;
+  const ObserverFrame& observer;
+  bool hideBelowHorizon;
+  double from[3];   // the observer relative to the Sun, au
+  OrbitInfo orbit;  // the one that is being drawn; its centre relative to the Sun
+
+  Point FindPoint(double anomaly) const;
+};
+
+namespace {
+
+// Where the orbit is at a true anomaly, relative to its central body.
+void FindPlace(const OrbitInfo& orbit, double anomaly, double at[3]) {
+  const double turn = anomaly - std::atan2(orbit.m_SinAnomaly, orbit.m_CosAnomaly);
+  double ahead[3];
+  Vprod(orbit.m_Normal, orbit.m_Radius, ahead);
+  const double distance = orbit.m_SemiLatusRectum / (1.0 + orbit.m_Eccentricity * std::cos(anomaly));
+  for (int i = 0; i < 3; ++i) {
+    at[i] = orbit.m_Center[i] + distance * (std::cos(turn) * orbit.m_Radius[i] + std::sin(turn) * ahead[i]);
+  }
+}
+
+// Up to this anomaly on both sides the orbit stays within `farthest`.
+double FindAnomalyLimit(const OrbitInfo& orbit, double farthest) {
+  const double cosine = (orbit.m_SemiLatusRectum / farthest - 1.0) / orbit.m_Eccentricity;
+  return orbit.m_Eccentricity > 0.0 && cosine > -1.0 ? std::acos(cosine < 1.0 ? cosine : 1.0) : kPi;
+}
+
+bool IsUsable(const OrbitInfo& orbit) {
+  return std::isfinite(orbit.m_SemiLatusRectum) && orbit.m_SemiLatusRectum > 0.0 &&
+         std::isfinite(orbit.m_Normal[0] + orbit.m_Radius[0] + orbit.m_SinAnomaly);
+}
+
+}  // namespace
+
+OrbitPaths::Point OrbitPaths::View::FindPoint(double anomaly) const {
+  Direction direction;
+  FindPlace(orbit, anomaly, direction.v);
+  for (int i = 0; i < 3; ++i) direction.v[i] -= from[i];
+  return {anomaly, ApparentDirection(Normalised(direction), observer)};
+}
+
+std::optional<OrbitRequest> ParseOrbits(std::string_view text) {
+  OrbitRequest request;
+  for (bool more = true; more;) {
+    const auto comma = text.find(',');
+    const std::string_view name = text.substr(0, comma);
+    if (name.find_first_not_of(' ') == std::string_view::npos) return std::nullopt;
+    if (name == "planets") {
+      request.planets = true;
+    } else if (name == "all") {
+      request.all = true;
+    } else {
+      request.names.emplace_back(name);
+    }
+    more = comma != std::string_view::npos;
+    if (more) text.remove_prefix(comma + 1);
+  }
+  return request;
+}
+
+std::string FormatOrbits(const OrbitRequest& request) {
+  std::string text;
+  const auto add = [&text](const std::string& piece) { text += (text.empty() ? "" : ",") + piece; };
+  if (request.all) add("all");
+  if (request.planets) add("planets");
+  for (const auto& name : request.names) add(name);
+  return text;
+}
+
+OrbitPaths::OrbitPaths(const BodyModel& model) : m_Model(model) {}
+
+bool OrbitPaths::Show(int body, double duration) {
+  const SkyBody& entry = m_Model.GetBodies()[static_cast<std::size_t>(body)];
+  if (entry.id == kSun) return false;
+  m_Settings.ShowOrbit(entry.id, true, duration);
+  constexpr std::size_t kUsualLines = 2 * kArcs;  // room for them now, so that frames need none
+  m_Lines.reserve(m_Settings.GetOrbits().size() * kUsualLines);
+  return true;
+}
+
+void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const EarthPlace& place,
+                         bool hideBelowHorizon) {
+  m_Lines.clear();
+  if (m_Settings.GetOrbits().empty()) return;
+  View view = {geometry, observer, hideBelowHorizon, {0.0, 0.0, 0.0}, {}};
+  double velocity[3], onEarth[3];
+  if (!m_Model.GetModel().GetHeliocentricState(kEarth, nullptr, view.from, velocity)) return;
+  GetPlaceVector(m_Model.GetMoment(), place, onEarth);
+  for (int i = 0; i < 3; ++i) view.from[i] += onEarth[i] / kKmPerAu;
+  for (const auto& body : m_Model.GetBodies()) {
+    if (!m_Settings.isObjectWithOrbit(body.id)) continue;
+    AddOrbit(view, body, m_Settings.GetOrbitAlpha(body.id));
+  }
+}
+
+void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
+  const CQXSolSys& model = m_Model.GetModel();
+  const bool aboutEarth = IsAboutEarth(body.id);
+  double r[3], v[3], centre[3] = {0.0, 0.0, 0.0}, centreVelocity[3] = {0.0, 0.0, 0.0};
+  // The model has the elements already, and made them ready.
+  if (!model.GetHeliocentricState(body.id, nullptr, r, v)) return;
+  if (aboutEarth && !model.GetHeliocentricState(kEarth, nullptr, centre, centreVelocity)) return;
+  for (int i = 0; i < 3; ++i) {
+    r[i] -= centre[i];
+    v[i] -= centreVelocity[i];
+  }
+  for (int i = 0; i < 3; ++i) view.orbit.m_Center[i] = centre[i];
+  // The Moon pulls at the Earth too.
+  const double mu = model.GetGravity(aboutEarth ? kEarth : kSun) +
+                    (body.id.kind == FourCC("moon") ? model.GetGravity(body.id) : 0.0);
+  view.orbit.init(1.0 / mu, r, v);
+  if (!IsUsable(view.orbit)) return;
+  const double limit = FindAnomalyLimit(view.orbit, kFarthest);
+  Point last = view.FindPoint(-limit);
+  for (int i = 1; i <= kArcs; ++i) {
+    const Point point = view.FindPoint(limit * (2.0 * i / kArcs - 1.0));
+    AddArc(view, last, point, 0, {{}, {}, opacity, body.id.kind});
+    last = point;
+  }
+}
+
+// An arc that is seen under a large angle, because it comes near, is halved.
+void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int depth, DrawnOrbitLine line) {
+  if (depth < kMaxHalvings && VectorsAngle(a.apparent.v, b.apparent.v) > kLongestArc) {
+    const Point middle = view.FindPoint(0.5 * (a.anomaly + b.anomaly));
+    AddArc(view, a, middle, depth + 1, line);
+    AddArc(view, middle, b, depth + 1, line);
+    return;
+  }
+  const ViewGeometry& geometry = view.geometry;
+  for (const Point* point : {&a, &b}) {
+    const double* zenith = view.observer.reduction + 6;
+    const double* u = point->apparent.v;
+    if (view.hideBelowHorizon && zenith[0] * u[0] + zenith[1] * u[1] + zenith[2] * u[2] < 0.0) return;
+  }
+  line.from = geometry.Project(a.apparent, SkyFrameOf::kJ2000);
+  line.to = geometry.Project(b.apparent, SkyFrameOf::kJ2000);
+  const auto usable = [&geometry](const Point& point, const tPoint<double>& p) {
+    return Dot(point.apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal);
+  };
+  const tRect<int> window = {0, 0, geometry.width + 1, geometry.height + 1};
+  if (usable(a, line.from) && usable(b, line.to) &&
+      CommonInterfaces::line_in_rectD(&line.from, &line.to, window)) {
+    m_Lines.push_back(line);
+  }
+}
+
+}  // namespace skyview

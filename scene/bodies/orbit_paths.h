@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The orbits of bodies as lines across the sky.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common_interfaces/render_settings.h"
+#include "scene/bodies/body_model.h"
+#include "scene/view/observer_frame.h"
+#include "scene/view/view_geometry.h"
+
+namespace skyview {
+
+// Whose orbits are drawn.
+struct OrbitRequest {
+  bool planets = false;            // Mercury to Pluto
+  bool all = false;                // those, asteroids, comets and satellites
+  std::vector<std::string> names;  // of single bodies, as the user wrote them
+};
+
+// "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text or name.
+std::optional<OrbitRequest> ParseOrbits(std::string_view text);
+
+// The text that ParseOrbits reads as the same.
+std::string FormatOrbits(const OrbitRequest& request);
+
+// A stretch of an orbit inside the window, pixels, y up.
+struct DrawnOrbitLine {
+  tPoint<double> from, to;
+  float opacity;  // 0 to 1
+  int kind;       // of the body, four-character code
+};
+
+// Each orbit is the ellipse, or the piece of a parabola or hyperbola, in which the body moves at the moment
+// (OrbitInfo), about the Sun, or about the Earth for the Moon and satellites. It is drawn where an observer sees it:
+// points of the orbit as bodies that stand still, with the aberration of light. The path leads through the body but
+// for what it moves while its light travels.
+//
+// Which orbits are on, and how they fade, stands in the render settings: an orbit appears over kFadeIn seconds of the
+// animation clock. Nothing is allocated after the construction but when an orbit is switched on.
+class OrbitPaths {
+ public:
+  static constexpr double kFadeIn = 1.0;  // seconds
+
+  explicit OrbitPaths(const BodyModel& model);
+
+  // Switches an orbit on, over `duration` seconds from now. False for a body that has none: the Sun.
+  bool Show(int body, double duration);
+
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const EarthPlace& place,
+               bool hideBelowHorizon);
+  void Clear() { m_Lines.clear(); }
+
+  const std::vector<DrawnOrbitLine>& GetLines() const { return m_Lines; }
+  CommonInterfaces::RenderSettings& GetSettings() { return m_Settings; }
+  bool IsAnyShown() const { return !m_Settings.GetOrbits().empty(); }
+
+ private:
+  struct View;
+  struct Point;
+  void AddOrbit(View& view, const SkyBody& body, float opacity);
+  void AddArc(const View& view, const Point& a, const Point& b, int depth, DrawnOrbitLine line);
+
+  const BodyModel& m_Model;
+  CommonInterfaces::RenderSettings m_Settings;
+  std::vector<DrawnOrbitLine> m_Lines;
+};
+
+}  // namespace skyview

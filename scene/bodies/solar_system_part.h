@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "scene/bodies/body_marks.h"
+#include "scene/visibility/body_tests.h"
+#include "scene/bodies/eclipse.h"
+#include "scene/bodies/orbit_paths.h"
+#include "scene/bodies/satellite_pass.h"
+
+namespace skyview {
+
+// What moves among the stars, for one frame: bodies, the shadows between them, orbits, passes of satellites. Only for
+// observers near the Earth's surface: elsewhere there is nothing of it. `bodies` is kept by reference and must not grow.
+class SolarSystemPart {
+ public:
+  explicit SolarSystemPart(const BodyList& bodies)
+      : m_Model(bodies), m_Marks(m_Model), m_Orbits(m_Model), m_Passes(m_Model) {}
+
+  void FetchTexts() { m_Marks.FetchTexts(); }
+
+  // Allocates nothing.
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
+               const ObjectFilters& filters, LabelPlacer& labels);
+
+  // Whether the last frame was seen from the Earth, so that the model stands at its moment.
+  bool IsSeenFromEarth() const { return m_FromEarth; }
+  const BodyModel& GetModel() const { return m_Model; }
+  const BodyMarks& GetMarks() const { return m_Marks; }
+  const EclipseShadows& GetShadows() const { return m_Shadows; }
+  OrbitPaths& GetOrbits() { return m_Orbits; }
+  const OrbitPaths& GetOrbits() const { return m_Orbits; }
+  const SatellitePasses& GetPasses() const { return m_Passes; }
+
+ private:
+  BodyModel m_Model;
+  EclipseShadows m_Shadows;
+  BodyMarks m_Marks;
+  OrbitPaths m_Orbits;
+  SatellitePasses m_Passes;
+  bool m_FromEarth = false;
+};
+
+}  // namespace skyview

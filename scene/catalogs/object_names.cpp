@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/catalogs/object_names.h"
+
+#include "skyview/reports/host_texts.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr int kPluto = 9, kSun = 10, kMoon = 301;  // numbers of identifiers
+
+std::string GetPlanetName(int number) {
+  if (number == kSun) return Localize(HostText::kSun, {});
+  if (number < 1 || number > kPluto) return "";
+  return Localize(static_cast<HostText>(static_cast<int>(HostText::kFirstPlanet) + number - 1), {});
+}
+
+// A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without a proper
+// name goes by its number in the Bright Star Catalogue.
+std::string GetStarName(int number, const StarCatalog& stars) {
+  for (int i = 0; i < stars.GetCount(); ++i) {
+    if (stars.GetNumber(i) != number) continue;
+    return stars.HasProperName(i) ? ToCodePage(stars.GetLabel(i)) : "HR " + std::to_string(number);
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string GetPlanetOrMoonName(const SSO_ID& object) {
+  if (object.kind == FourCC("plnt")) return GetPlanetName(object.number);
+  if (object.kind == FourCC("moon") && object.number == kMoon) return Localize(HostText::kMoon, {});
+  return "";
+}
+
+std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {
+  if (const std::string name = GetPlanetOrMoonName(object); !name.empty()) return name;
+  if (object.kind == FourCC("star")) return GetStarName(object.number, catalogs.stars);
+  for (const auto& entry : catalogs.deepsky) {
+    if (entry.kind == object.kind && entry.number == object.number) return ToCodePage(entry.label);
+  }
+  return "";
+}
+
+}  // namespace skyview

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/catalogs/satellites.h"
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+#include "astro/satellite.h"
+#include "utils/debug.h"
+#include "utils/file.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kMinutesPerDay = 1440.0;
+
+const char* Describe(SatelliteFault fault) {
+  switch (fault) {
+    case SatelliteFault::kEccentricity:
+      return "its eccentricity is out of range";
+    case SatelliteFault::kMeanMotion:
+      return "its mean motion is not above zero";
+    case SatelliteFault::kPerturbedEccentricity:
+      return "its perturbed eccentricity is out of range";
+    case SatelliteFault::kSemiLatusRectum:
+      return "its semi-latus rectum is negative";
+    default:
+      return "it has decayed";
+  }
+}
+
+bool ReadWhole(const std::string& path, std::string& content) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(mm_fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) return false;
+  char block[65536];
+  for (std::size_t got; (got = std::fread(block, 1, sizeof block, file.get())) > 0;)
+    content.append(block, got);
+  return std::ferror(file.get()) == 0;
+}
+
+// Takes the lines of a file one after the other.
+class SatelliteReader {
+ public:
+  SatelliteReader(const std::string& path, BodyList& bodies) : m_Path(path), m_Bodies(bodies) {}
+
+  void TakeLine(std::string_view line, int number) {
+    while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.remove_suffix(1);
+    if (line.empty() || line.front() == '#') return;
+    const bool first = line.starts_with("1 "), second = line.starts_with("2 ");
+    if (second && !m_First.empty()) {
+      TakeSet(std::string(line), number);
+    } else if (second || (first && !m_First.empty()) || (!first && !m_First.empty())) {
+      Complain(number, "the second line of a set is missing or has lost its first one");
+    }
+    if (second) return Forget();
+    if (first) {
+      m_First = line;
+    } else {
+      Forget();
+      m_Name = line.starts_with("0 ") ? line.substr(2) : line;
+    }
+  }
+
+  void Finish(int number) {
+    if (!m_First.empty()) Complain(number, "the file ends within a set");
+  }
+
+  int GetCount() const { return m_Count; }
+
+ private:
+  void Forget() {
+    m_Name.clear();
+    m_First.clear();
+  }
+  void Complain(int number, const std::string& what) const {
+    PrintDebugString("%s:%d: %s, left out\n", m_Path.c_str(), number, what.c_str());
+  }
+  void TakeSet(const std::string& second, int line) {
+    SkyBody body;
+    int number = 0;
+    std::string error;
+    if (!ParseTwoLineElements(m_First, second, body.elements, number, error)) return Complain(line, error);
+    const std::string name = m_Name.empty() ? std::to_string(number) : m_Name;
+    const SatelliteFault fault = SatelliteModel(body.elements).GetFault();
+    if (fault != SatelliteFault::kNone) return Complain(line, name + ": " + Describe(fault));
+    body.id = SSO_ID(FourCC("scft"), number);
+    if (FindBody(m_Bodies, body.id) >= 0) {
+      return Complain(line, name + ": another set of the number " + std::to_string(number));
+    }
+    body.hasElements = true;
+    body.names = {name};
+    if (!m_Name.empty()) body.names.push_back(std::to_string(number));
+    const auto bracket = name.find(" (");
+    if (bracket != std::string::npos && name.ends_with(")")) {
+      body.names.push_back(name.substr(0, bracket));
+      body.names.push_back(name.substr(bracket + 2, name.size() - bracket - 3));
+    }
+    m_Bodies.push_back(std::move(body));
+    ++m_Count;
+  }
+
+  const std::string& m_Path;
+  BodyList& m_Bodies;
+  std::string m_Name, m_First;
+  int m_Count = 0;
+};
+
+}  // namespace
+
+bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& error) {
+  std::string content;
+  if (!ReadWhole(path, content)) {
+    error = path + ": cannot be read";
+    return false;
+  }
+  std::string_view rest = content;
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
+  SatelliteReader reader(path, bodies);
+  int number = 0;
+  while (!rest.empty()) {
+    const auto end = rest.find('\n');
+    reader.TakeLine(rest.substr(0, end), ++number);
+    rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+  }
+  reader.Finish(number);
+  if (reader.GetCount() > 0) return true;
+  error = path + ": holds no two-line elements that can be used";
+  return false;
+}
+
+void ReportLostSatellites(const BodyList& bodies, const SkyMoment& moment) {
+  constexpr double kFresh = 30.0;  // days
+  for (const auto& body : bodies) {
+    if (body.id.kind != FourCC("scft") || !body.hasElements) continue;
+    const double age = moment.day - body.elements.epoch + moment.fraction;
+    double position[3], velocity[3];
+    const SatelliteFault fault =
+        SatelliteModel(body.elements).GetState(age * kMinutesPerDay, position, velocity);
+    const char* name = body.names.front().c_str();
+    if (fault != SatelliteFault::kNone) {
+      PrintDebugString("%s: nobody can tell where it is, %s\n", name, Describe(fault));
+    } else if (std::fabs(age) > kFresh) {
+      PrintDebugString("%s: its elements are %.0f days %s, its place is a guess\n", name, std::fabs(age),
+                       age > 0.0 ? "old" : "ahead of the moment");
+    }
+  }
+}
+
+}  // namespace skyview

@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/catalogs/sky_catalogs.h"
+
+#include <algorithm>
+#include <limits>
+#include <string_view>
+
+#include "common_interfaces/zoom_dependence.h"
+#include "scene/catalogs/field_ids.h"
+#include "utils/path.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends by less than a pixel over it
+constexpr double kOutlineStep = 1.0 * kRadiansPerDegree;
+constexpr int kMilkyWayLevels = 5;
+
+bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
+  const std::string path = ZentharPath::GetPath(name);
+  if (path.empty()) {
+    error = std::string(name) + ": not found in the data root";
+    return false;
+  }
+  if (table.Load(path.c_str())) return true;
+  error = table.GetError();
+  return false;
+}
+
+// False when the current record lacks its position.
+bool TakePosition(const CatalogTable& table, Direction& direction) {
+  constexpr double kMissing = std::numeric_limits<double>::infinity();
+  const double ra = FieldNumber(table, fields::kRA, kMissing),
+               dec = FieldNumber(table, fields::kDec, kMissing);
+  if (!(ra + dec < kMissing)) return false;
+  direction = MakeDirection(ra, dec);
+  return true;
+}
+
+std::string DeepskyLabel(const CatalogTable& table) {
+  const int messier = static_cast<int>(FieldNumber(table, fields::kMessierNumber, 0.0));
+  if (messier > 0) return "M" + std::to_string(messier);
+  const char* ngc = FieldText(table, fields::kNGC_ICnumber);
+  return *ngc ? ngc : FieldText(table, fields::kProperName);
+}
+
+unsigned char CatalogBits(const CatalogTable& table) {
+  const std::string_view designation = FieldText(table, fields::kNGC_ICnumber);
+  unsigned bits = 0;
+  if (FieldNumber(table, fields::kMessierNumber, 0.0) > 0.0) bits |= kInMessier;
+  if (designation.starts_with("NGC")) bits |= kInNgc;
+  if (designation.starts_with("IC")) bits |= kInIc;
+  return bits == 0 ? static_cast<unsigned char>(kInNoCatalog) : static_cast<unsigned char>(bits);
+}
+
+void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    DeepskyObject object;
+    const double magnitude =
+        FieldNumber(table, fields::kVisMagnitude, std::numeric_limits<double>::infinity());
+    if (!TakePosition(table, object.direction) || magnitude > 99.0) continue;
+    object.code = static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) *
+                                     CommonInterfaces::kMagCodesPerMag);
+    object.kind = GetFOURCC(FieldText(table, fields::kType));
+    object.number = static_cast<int>(FieldNumber(table, fields::kNumber, -1.0));
+    object.largest = static_cast<float>(FieldNumber(table, fields::kLargestDimension, 0.0));
+    object.smallest = static_cast<float>(FieldNumber(table, fields::kSmallestDimension, 0.0));
+    object.label = DeepskyLabel(table);
+    object.catalogs = CatalogBits(table);
+    object.record = record;
+    objects.push_back(std::move(object));
+  }
+  std::stable_sort(objects.begin(), objects.end(),
+                   [](const auto& a, const auto& b) { return a.code < b.code; });
+}
+
+int FindConstellation(const std::string& abbreviation, const std::vector<ConstellationName>& names) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (names[i].abbreviation == abbreviation) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+// Neighbouring vertices of one polyline become a stroke.
+void FillFigures(CatalogTable& table, SkyCatalogs& catalogs) {
+  std::string figure, lastFigure;
+  double polyline = 0.0, lastPolyline = 0.0;
+  Direction vertex{}, last{};
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    if (!TakePosition(table, vertex)) continue;
+    figure = FieldText(table, fields::kLabel);
+    polyline = FieldNumber(table, fields::kNumber, 0.0);
+    if (record > 0 && figure == lastFigure && polyline == lastPolyline) {
+      const int first = static_cast<int>(catalogs.figurePoints.size());
+      catalogs.figurePoints.push_back(last);
+      AppendArc(last, vertex, kFigureStep, catalogs.figurePoints);
+      catalogs.figures.push_back({first, static_cast<int>(catalogs.figurePoints.size()) - first,
+                                  FindConstellation(figure, catalogs.constellations)});
+    }
+    last = vertex;
+    lastFigure = figure;
+    lastPolyline = polyline;
+  }
+}
+
+void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    ConstellationName entry;
+    entry.abbreviation = FieldText(table, fields::kLabel);
+    entry.name = FieldText(table, fields::kProperName);
+    entry.englishName = FieldText(table, fields::kEnglishName);
+    if (entry.englishName.empty()) entry.englishName = entry.name;
+    if (TakePosition(table, entry.direction) && !entry.name.empty()) names.push_back(std::move(entry));
+  }
+}
+
+void CloseRing(SkyCatalogs& catalogs) {
+  if (catalogs.milkyWay.empty()) return;
+  auto& ring = catalogs.milkyWay.back();
+  auto& points = catalogs.milkyWayPoints;
+  AppendArc(points.back(), points[ring.first], kOutlineStep, points);
+  ring.count = static_cast<int>(points.size()) - ring.first;
+}
+
+void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
+  int lastLevel = 0, lastRing = -1;
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    Direction vertex;
+    const int level = static_cast<int>(FieldNumber(table, fields::kType, 0.0));
+    const int ring = static_cast<int>(FieldNumber(table, fields::kNumber, -1.0));
+    if (level < 1 || level > kMilkyWayLevels || !TakePosition(table, vertex)) continue;
+    if (level != lastLevel || ring != lastRing) {
+      CloseRing(catalogs);
+      catalogs.milkyWay.push_back({level, static_cast<int>(catalogs.milkyWayPoints.size()), 1});
+      catalogs.milkyWayPoints.push_back(vertex);
+    } else {
+      AppendArc(catalogs.milkyWayPoints.back(), vertex, kOutlineStep, catalogs.milkyWayPoints);
+    }
+    lastLevel = level;
+    lastRing = ring;
+  }
+  CloseRing(catalogs);
+  std::stable_sort(catalogs.milkyWay.begin(), catalogs.milkyWay.end(),
+                   [](const auto& a, const auto& b) { return a.level < b.level; });
+}
+
+}  // namespace
+
+ObjectTraits GetTraits(const DeepskyObject& object) {
+  constexpr unsigned kSubTypeShift = 24;  // the number of a deep-sky object carries its sub-type on top
+  const auto subType = static_cast<unsigned char>(static_cast<unsigned>(object.number) >> kSubTypeShift);
+  constexpr float kUnknown = std::numeric_limits<float>::quiet_NaN();
+  return {object.code,
+          kUnknown,
+          object.largest > 0.0f ? object.largest : kUnknown,
+          subType == 0 ? ObjectTraits::kNoClass : subType,
+          object.catalogs,
+          object.number};
+}
+
+ObjectTraits GetTraits(const ConstellationName& constellation) {
+  ObjectTraits traits;
+  traits.number = GetUniqueID(constellation.abbreviation.c_str());
+  return traits;
+}
+
+bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
+  CatalogTable table;
+  if (!LoadTable("catalogs:stars.txt", catalogs.starTable, error)) return false;
+  catalogs.stars.Fill(catalogs.starTable);
+  if (!LoadTable("catalogs:deepsky.txt", catalogs.deepskyTable, error)) return false;
+  FillDeepsky(catalogs.deepskyTable, catalogs.deepsky);
+  if (!LoadTable("catalogs:constellations.txt", table, error)) return false;
+  FillNames(table, catalogs.constellations);
+  if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
+  FillFigures(table, catalogs);
+  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
+  FillMilkyWay(table, catalogs);
+  catalogs.bodies = LoadBodies();
+  return true;
+}
+
+}  // namespace skyview

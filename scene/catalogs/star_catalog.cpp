@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/catalogs/star_catalog.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "common_interfaces/star_data.h"
+#include "common_interfaces/zoom_dependence.h"
+#include "scene/catalogs/field_ids.h"
+#include "utils/debug.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kMissing = std::numeric_limits<double>::infinity();
+constexpr double kMostColour = 100.0;                   // magnitudes, far beyond any star
+constexpr double kRadiansPerMas = 4.84813681109536e-9;  // pi / (180 * 3600 * 1000)
+
+// The change of the unit vector per year: the motion in right ascension includes cos Dec, as catalogues give it.
+Direction MakeMotion(double ra, double dec, double east, double north) {
+  const double sa = std::sin(ra), ca = std::cos(ra), sd = std::sin(dec), cd = std::cos(dec);
+  return {{-sa * east - ca * sd * north, ca * east - sa * sd * north, cd * north}};
+}
+
+// The label and whether it is a proper name.
+std::pair<std::string_view, bool> ChooseLabel(const CatalogTable& table) {
+  if (const std::string_view name = FieldText(table, fields::kProperName); !name.empty()) return {name, true};
+  const std::string_view bayer = FieldText(table, fields::kBayer);
+  if (!bayer.empty()) return {bayer.substr(0, bayer.find(' ')), false};
+  const std::string_view flamsteed = FieldText(table, fields::kFlamsteed);
+  return {flamsteed.substr(0, flamsteed.find(' ')), false};
+}
+
+unsigned char CatalogBits(const CatalogTable& table) {
+  const auto bit = [](bool listed, StarCatalogBit value) {
+    return listed ? static_cast<unsigned>(value) : 0u;
+  };
+  return static_cast<unsigned char>(bit(FieldNumber(table, fields::kNumber, 0.0) > 0.0, kInBrightStars) |
+                                    bit(FieldNumber(table, fields::kHipparcosID, 0.0) > 0.0, kInHipparcos) |
+                                    bit(*FieldText(table, fields::kBayer) != 0, kInBayer) |
+                                    bit(*FieldText(table, fields::kFlamsteed) != 0, kInFlamsteed));
+}
+
+}  // namespace
+
+void StarCatalog::Append(CatalogTable& table, int record) {
+  table.Select(record);
+  const double ra = FieldNumber(table, fields::kRA, 0.0), dec = FieldNumber(table, fields::kDec, 0.0);
+  const double east = FieldNumber(table, fields::kPropMotionRA, 0.0) * kRadiansPerMas;
+  const double north = FieldNumber(table, fields::kPropMotionDec, 0.0) * kRadiansPerMas;
+  const double magnitude = FieldNumber(table, fields::kVisMagnitude, 0.0);
+  m_Codes.push_back(
+      static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) * CommonInterfaces::kMagCodesPerMag));
+  m_Directions.push_back(MakeDirection(ra, dec));
+  m_Motions.push_back(MakeMotion(ra, dec, east, north));
+  m_MaxMotion = std::max(m_MaxMotion, std::hypot(east, north));
+  m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, fields::kSpectrType)));
+  m_Numbers.push_back(static_cast<int>(FieldNumber(table, fields::kNumber, -1.0)));
+  const double colour = FieldNumber(table, fields::kColorIndexBV, kMissing);
+  m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
+                                                       : std::numeric_limits<float>::quiet_NaN());
+  m_Catalogs.push_back(CatalogBits(table));
+  m_Records.push_back(record);
+  const auto [label, proper] = ChooseLabel(table);
+  m_ProperNames.push_back(proper);
+  m_Labels.push_back(label.empty() ? 0 : static_cast<unsigned>(m_Texts.size()));
+  if (!label.empty()) m_Texts.append(label).push_back('\0');
+}
+
+void StarCatalog::Fill(CatalogTable& table) {
+  *this = StarCatalog();
+  std::vector<std::pair<double, int>> order;  // magnitude and record
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    const double magnitude = FieldNumber(table, fields::kVisMagnitude, kMissing);
+    const bool placed =
+        FieldNumber(table, fields::kRA, kMissing) + FieldNumber(table, fields::kDec, kMissing) < kMissing;
+    if (placed && magnitude < kMissing) order.emplace_back(magnitude, record);
+  }
+  if (const int left = table.GetCount() - static_cast<int>(order.size()); left > 0) {
+    PrintDebugString("Stars: %d records without position or magnitude left out\n", left);
+  }
+  std::sort(order.begin(), order.end());
+  for (const auto& [magnitude, record] : order) {
+    Append(table, record);
+  }
+}
+
+}  // namespace skyview

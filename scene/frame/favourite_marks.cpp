@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/favourite_marks.h"
+
+#include <algorithm>
+
+#include "scene/frame/sky_objects.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kGap = 2.5;  // pixels between an object and its mark
+
+}  // namespace
+
+double FavouriteMarks::GetRadius(double unit) { return std::max(5.5 * unit, 4.0); }
+
+void FavouriteMarks::SetObjects(const std::vector<SSO_ID>& objects) {
+  std::vector<SSO_ID> sorted = objects;
+  std::sort(sorted.begin(), sorted.end());
+  const auto holds = [&sorted](int kind, int number) {
+    return std::binary_search(sorted.begin(), sorted.end(), SSO_ID(kind, number));
+  };
+  m_Stars.clear();
+  m_Deepsky.clear();
+  m_Constellations.clear();
+  for (int i = 0; i < m_Catalogs.stars.GetCount(); ++i) {
+    if (holds(FourCC("star"), m_Catalogs.stars.GetNumber(i))) m_Stars.push_back(i);
+  }
+  for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
+    if (holds(m_Catalogs.deepsky[i].kind, m_Catalogs.deepsky[i].number)) m_Deepsky.push_back(i);
+  }
+  for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
+    if (holds(FourCC("cnst"), GetTraits(m_Catalogs.constellations[i]).number)) m_Constellations.push_back(i);
+  }
+  m_Places.reserve(m_Stars.size() + m_Deepsky.size() + m_Constellations.size());
+}
+
+void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+  constexpr double kNameHeight = 12.0;  // pixels from the place of a constellation's name to above it
+  m_Places.clear();
+  ObjectPlace place;
+  for (const int star : m_Stars) {
+    if (tests.IsStarDrawn(star, place)) AddBeside(geometry, place.pixel, place.radius, labels);
+  }
+  for (const int object : m_Deepsky) {
+    if (!tests.IsDeepskyDrawn(object, place)) continue;
+    AddBeside(geometry, place.pixel, GetSymbolRadius(m_Catalogs.deepsky[object], geometry), labels);
+  }
+  for (const int constellation : m_Constellations) {
+    if (!tests.IsConstellationShown(constellation, place)) continue;
+    const double away = kNameHeight * geometry.unit + GetRadius(geometry.unit);
+    if (!Add(geometry, {place.pixel.x, place.pixel.y + away}, labels)) {
+      Add(geometry, {place.pixel.x, place.pixel.y - away}, labels);
+    }
+  }
+}
+
+// On the first of the four sides where the mark lies wholly in the window. An object that fills the picture has it
+// inside.
+void FavouriteMarks::AddBeside(const ViewGeometry& geometry, const tPoint<double>& p, double radius,
+                               LabelPlacer& labels) {
+  constexpr double kSides[][2] = {{-1.0, 1.0}, {1.0, 1.0}, {1.0, -1.0}, {-1.0, -1.0}};
+  constexpr double kDiagonal = 0.70710678118654752;
+  const double own = GetRadius(geometry.unit);
+  const double most = 0.2 * std::min(geometry.width, geometry.height);
+  const double away = (std::min(radius, most) + kGap * geometry.unit + own) * kDiagonal;
+  for (const auto& side : kSides) {
+    if (Add(geometry, {p.x + side[0] * away, p.y + side[1] * away}, labels)) return;
+  }
+}
+
+bool FavouriteMarks::Add(const ViewGeometry& geometry, const tPoint<double>& place, LabelPlacer& labels) {
+  const double radius = GetRadius(geometry.unit);
+  if (!geometry.IsInside(place, -radius)) return false;
+  m_Places.push_back(place);
+  labels.Reserve(place, radius, radius);
+  return true;
+}
+
+}  // namespace skyview

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/frame_maker.h"
+
+namespace skyview {
+
+void FrameMaker::Prepare() {
+  m_Observer = PrepareObserver(m_Camera);
+  m_Markers.Update(m_Observer, m_Camera);
+  m_Frame.SetMarkers(*m_Camera.GetOIMarkerList());
+}
+
+}  // namespace skyview

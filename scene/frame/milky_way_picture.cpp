@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/milky_way_picture.h"
+
+namespace skyview {
+namespace {
+
+constexpr int kLevels = 5;
+
+// The north galactic pole (J2000; IAU 1958), far from every outline of the Milky Way.
+constexpr double kGalacticPoleRA = 192.85948 * kRadiansPerDegree;
+constexpr double kGalacticPoleDec = 27.12825 * kRadiansPerDegree;
+
+}  // namespace
+
+MilkyWayPicture::MilkyWayPicture(const SkyCatalogs& catalogs) : m_Catalogs(catalogs), m_Levels(kLevels) {
+  for (int level = 1; level <= kLevels; ++level) {
+    std::size_t rings = 0, points = 0;
+    for (const auto& ring : m_Catalogs.milkyWay) {
+      if (ring.level != level) continue;
+      ++rings;
+      points += static_cast<std::size_t>(ring.count);
+    }
+    m_Levels[level - 1].Reserve(rings, points);
+  }
+}
+
+void MilkyWayPicture::Compute(const ViewGeometry& geometry, bool shown) {
+  for (auto& level : m_Levels) level.Clear();
+  if (!shown) return;
+  const Direction pole = MakeDirection(kGalacticPoleRA, kGalacticPoleDec);
+  for (int level = 1; level <= kLevels; ++level) {
+    RegionProjector projector(geometry, SkyFrameOf::kJ2000, pole, m_Levels[level - 1]);
+    for (const auto& ring : m_Catalogs.milkyWay) {
+      if (ring.level != level) continue;
+      projector.AddRing(
+          {m_Catalogs.milkyWayPoints.data() + ring.first, static_cast<std::size_t>(ring.count)});
+    }
+  }
+}
+
+}  // namespace skyview

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/view/sky_region.h"
+
+namespace skyview {
+
+// The Milky Way of one frame. Allocates at its construction only; `catalogs` is kept by reference.
+class MilkyWayPicture {
+ public:
+  explicit MilkyWayPicture(const SkyCatalogs& catalogs);
+
+  // Empties the picture and, where it is shown, fills it in.
+  void Compute(const ViewGeometry& geometry, bool shown);
+
+  const std::vector<RegionPicture>& GetLevels() const { return m_Levels; }  // 1 to 5, faintest first
+
+ private:
+  const SkyCatalogs& m_Catalogs;
+  std::vector<RegionPicture> m_Levels;
+};
+
+}  // namespace skyview

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/sky_figures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace skyview {
+
+SkyFigures::SkyFigures(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
+  m_Lines.reserve(catalogs.figurePoints.size());
+}
+
+void SkyFigures::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                         const ObjectTests& tests) {
+  m_Lines.clear();
+  for (const auto& stroke : m_Catalogs.figures) {
+    if (tests.IsFigureDrawn(stroke.constellation)) AddStroke(geometry, observer, tests, stroke);
+  }
+}
+
+// The stroke leaves a gap at its stars.
+void SkyFigures::AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer,
+                           const ObjectTests& tests, const FigureStroke& stroke) {
+  constexpr double kGap = 7.0;  // pixels
+  const Direction* points = m_Catalogs.figurePoints.data() + stroke.first;
+  SkyPath path(geometry);
+  for (int i = 0; i < stroke.count; ++i) {
+    const Direction apparent = ApparentDirection(points[i], observer);
+    DrawnLine line;
+    if (!path.GoTo(apparent, line) || !tests.IsAboveHorizon(apparent)) continue;
+    const auto [from, to] = line;
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    const double gap = std::min(kGap * geometry.unit, 0.3 * length) / std::max(length, 1e-9);
+    if (i == 1) line.from = {from.x + gap * (to.x - from.x), from.y + gap * (to.y - from.y)};
+    if (i == stroke.count - 1) line.to = {to.x - gap * (to.x - from.x), to.y - gap * (to.y - from.y)};
+    if (path.Clip(line)) m_Lines.push_back(line);
+  }
+}
+
+void SkyFigures::PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english,
+                            LabelPlacer& labels) {
+  ObjectPlace place;
+  for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
+    if (!tests.IsConstellationNamed(i, place)) continue;
+    labels.PlaceCentred(m_Catalogs.constellations[i].GetShownName(english).c_str(), place.pixel,
+                        15.0 * geometry.unit, LabelKind::kConstellation);
+  }
+}
+
+}  // namespace skyview

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "scene/frame/labels.h"
+#include "scene/visibility/object_tests.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/view/sky_path.h"
+
+namespace skyview {
+
+// The constellations of one frame: the lines of their figures and their names. Allocates at its construction only;
+// `catalogs` is kept by reference.
+class SkyFigures {
+ public:
+  explicit SkyFigures(const SkyCatalogs& catalogs);
+
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
+  // Names take the room that other labels leave.
+  void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
+
+  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }  // inside the window
+
+ private:
+  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+                 const FigureStroke& stroke);
+
+  const SkyCatalogs& m_Catalogs;
+  std::vector<DrawnLine> m_Lines;
+};
+
+}  // namespace skyview

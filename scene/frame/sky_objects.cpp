@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/sky_objects.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::DeepskyOutput;
+using CommonInterfaces::StarOutput;
+
+constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
+
+// Blocks enough for a record of every object of the catalogs; they are allocated when they are first needed.
+unsigned PoolBlockCount(const SkyCatalogs& catalogs) {
+  const std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
+  const auto blocks = [usable](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };
+  return static_cast<unsigned>(
+      blocks(static_cast<std::size_t>(catalogs.stars.GetCount()), sizeof(StarOutput)) +
+      blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));
+}
+
+double AngleFromAxis(const ViewGeometry& geometry, const tPoint<double>& p) {
+  return 2.0 *
+         std::atan(std::hypot(p.x - geometry.width * 0.5, p.y - geometry.height * 0.5) / geometry.scale);
+}
+
+CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoint<double>& p,
+                                        double radius) {
+  return {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(radius),
+          static_cast<float>(AngleFromAxis(geometry, p))};
+}
+
+}  // namespace
+
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry) {
+  constexpr double kLeast = 4.5, kMost = 2000.0;
+  return std::clamp(0.5 * geometry.camera.VisRad2PixD(object.largest), kLeast * geometry.unit,
+                    kMost * geometry.unit);
+}
+
+SkyObjects::SkyObjects(const SkyCatalogs& catalogs)
+    : m_Catalogs(catalogs), m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)) {
+  m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()));
+  m_Deepsky.reserve(catalogs.deepsky.size());
+}
+
+void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests) {
+  ++m_Number;
+  m_PoolExhausted = false;
+  m_Pool.clear(false);
+  m_Stars.clear();
+  m_Deepsky.clear();
+  AddStars(geometry, tests);
+  AddDeepsky(geometry, tests);
+}
+
+void SkyObjects::PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+  LabelStars(geometry, tests.GetStarLimits(), labels);
+  LabelDeepsky(geometry, tests, labels);
+}
+
+// The catalog begins with the brightest star: behind the first one that is too faint there is no other.
+void SkyObjects::AddStars(const ViewGeometry& geometry, const ObjectTests& tests) {
+  const StarCatalog& stars = m_Catalogs.stars;
+  const ClassLimits& limits = tests.GetStarLimits();
+  ObjectPlace place;
+  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
+    if (tests.IsStarDrawn(i, place)) AddStar(geometry, place, i, limits);
+  }
+}
+
+void SkyObjects::AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
+                         const ClassLimits& limits) {
+  auto* output = new (m_Pool) StarOutput;
+  if (!output) {
+    m_PoolExhausted = true;
+    return;
+  }
+  output->m_Frame = m_Number;
+  output->m_Place = MakePlace(geometry, place.pixel, place.radius);
+  output->m_OnScreen = geometry.IsInside(place.pixel, 0.0);
+  output->m_AsDisc = place.radius >= 1.0;
+  output->m_Drawn = true;
+  m_Stars.push_back({output, star, limits.Opacity(m_Catalogs.stars.GetCode(star))});
+}
+
+void SkyObjects::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests) {
+  ObjectPlace place;
+  for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
+    if (!tests.IsDeepskyDrawn(i, place)) continue;
+    AddDeepskyObject(geometry, place.pixel, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
+  }
+}
+
+void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+                                  const ClassLimits& limits) {
+  const auto& entry = m_Catalogs.deepsky[object];
+  auto* output = new (m_Pool) DeepskyOutput;
+  if (!output) {
+    m_PoolExhausted = true;
+    return;
+  }
+  const double major = GetSymbolRadius(entry, geometry);
+  const double ratio = entry.largest > 0.0f && entry.smallest > 0.0f ? entry.smallest / entry.largest : 1.0;
+  output->m_Frame = m_Number;
+  output->m_Place = MakePlace(geometry, p, major);
+  output->m_OnScreen = geometry.IsInside(p, 0.0);
+  output->m_MajorSize = static_cast<float>(2.0 * major);
+  output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
+  output->m_SymbolDrawn = output->m_Drawn = true;
+  m_Deepsky.push_back({output, object, limits.Opacity(entry.code)});
+}
+
+void SkyObjects::LabelStars(const ViewGeometry& geometry, const ClassLimits& limits, LabelPlacer& labels) {
+  constexpr double kNotable = 2.0;  // pixels; larger discs keep labels of others away
+  const StarCatalog& stars = m_Catalogs.stars;
+  for (const auto& drawn : m_Stars) {
+    const auto& place = drawn.output->m_Place;
+    if (place.radius > kNotable * geometry.unit)
+      labels.Reserve({place.x, place.y}, place.radius, place.radius);
+  }
+  for (const auto& drawn : m_Stars) {
+    if (stars.GetCode(drawn.star) > limits.label) break;
+    const auto& place = drawn.output->m_Place;
+    const bool proper = stars.HasProperName(drawn.star);
+    drawn.output->m_LabelIndex = labels.PlaceBeside(stars.GetLabel(drawn.star), {place.x, place.y},
+                                                    place.radius, (proper ? 13.0 : 11.0) * geometry.unit,
+                                                    proper ? LabelKind::kStarName : LabelKind::kStarLetter);
+  }
+}
+
+void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+  for (const auto& drawn : m_Deepsky) {
+    const auto& object = m_Catalogs.deepsky[drawn.object];
+    if (object.code > tests.GetDeepskyLimits(object.kind).label) continue;
+    // The outline of its image may name it already.
+    int& label = drawn.output->m_LabelIndex;
+    label = labels.Find(object.label.c_str(), LabelKind::kImageFrame);
+    if (label >= 0) continue;
+    const auto& place = drawn.output->m_Place;
+    label = labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
+                               LabelKindOfDeepsky(object.kind));
+  }
+}
+
+}  // namespace skyview

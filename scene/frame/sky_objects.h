@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "common_interfaces/object_outputs.h"
+#include "common_interfaces/output_pool.h"
+#include "scene/visibility/class_limits.h"
+#include "scene/frame/labels.h"
+#include "scene/visibility/object_tests.h"
+#include "scene/catalogs/sky_catalogs.h"
+
+namespace skyview {
+
+// A star of the frame: its output record (in the frame's pool), its index in the catalogue, how it is drawn.
+struct DrawnStar {
+  CommonInterfaces::StarOutput* output;
+  int star;
+  float opacity;  // 0 to 1
+};
+
+struct DrawnDeepsky {
+  CommonInterfaces::DeepskyOutput* output;
+  int object;
+  float opacity;
+};
+
+// Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and ends
+// somewhere.
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry);
+
+// The stars and deep-sky objects of one frame and their records.
+//
+// The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that nothing is allocated
+// but the pool's blocks, each when the first frame needs it. The records are valid until the next Compute. `catalogs`
+// is kept by reference.
+class SkyObjects {
+ public:
+  explicit SkyObjects(const SkyCatalogs& catalogs);
+
+  void Compute(const ViewGeometry& geometry, const ObjectTests& tests);
+  // Labels what Compute has found.
+  void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+
+  const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
+  const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
+  bool IsPoolExhausted() const { return m_PoolExhausted; }
+
+ private:
+  void AddStars(const ViewGeometry& geometry, const ObjectTests& tests);
+  void AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star, const ClassLimits& limits);
+  void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
+  void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+                        const ClassLimits& limits);
+  void LabelStars(const ViewGeometry& geometry, const ClassLimits& limits, LabelPlacer& labels);
+  void LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+
+  const SkyCatalogs& m_Catalogs;
+  CommonInterfaces::OutputPool m_Pool;
+  bool m_PoolExhausted = false;
+  unsigned m_Number = 0;  // of the frame
+  std::vector<DrawnStar> m_Stars;
+  std::vector<DrawnDeepsky> m_Deepsky;
+};
+
+}  // namespace skyview

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/view/sky_region.h"
+
+#include <cmath>
+
+#include "astro/vectors.h"
+
+namespace skyview {
+namespace {
+
+// The rim must stay clear of the window although the outline runs along it in straight steps.
+constexpr double kRimFactor = 1.3;
+constexpr double kRimStep = 10.0 * kRadiansPerDegree;
+constexpr double kLeastRimStep = 3.0 * kRadiansPerDegree;
+
+double Length(const tPoint<double>& p) { return std::hypot(p.x, p.y); }
+
+double Wrapped(double angle) { return std::remainder(angle, 2.0 * kPi); }
+
+}  // namespace
+
+void RegionPicture::Clear() {
+  points.clear();
+  ringEnds.clear();
+  holdsOutside = false;
+}
+
+void RegionPicture::Reserve(std::size_t rings, std::size_t ringPoints) {
+  // An edge that enters or leaves the disc makes more points than one, a ring along the whole rim two turns of steps.
+  constexpr std::size_t kRimPoints = 80;
+  points.reserve(ringPoints + ringPoints / 4 + rings * kRimPoints);
+  ringEnds.reserve(rings);
+}
+
+RegionProjector::RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame, const Direction& outside,
+                                 RegionPicture& picture)
+    : m_Geometry(geometry), m_Frame(frame), m_Picture(picture), m_Outside(outside) {
+  m_Axis = frame == SkyFrameOf::kJ2000 ? geometry.centreJ2000 : geometry.centreHorizon;
+  m_Opposite = {{-m_Axis.v[0], -m_Axis.v[1], -m_Axis.v[2]}};
+  Vprod(m_Opposite.v, m_Outside.v, m_PathNormal.v);
+  for (int i = 0; i < 3; ++i) m_PathMiddle.v[i] = m_Opposite.v[i] + m_Outside.v[i];
+  if (Vmod(m_PathNormal.v, 3) < 1e-9) {
+    // Looking straight away from the outside point there is no way to go; looking at it, any great circle will do.
+    const Direction aside = std::fabs(m_Axis.v[2]) < 0.9 ? Direction{{0, 0, 1}} : Direction{{1, 0, 0}};
+    Vprod(m_Opposite.v, aside.v, m_PathNormal.v);
+    const bool there = Dot(m_Opposite, m_Outside) > 0.0;
+    Vprod(m_PathNormal.v, m_Opposite.v, m_PathMiddle.v);
+    if (there) m_PathMiddle = {};
+  }
+  m_Picture.rim = kRimFactor * geometry.halfDiagonal;
+}
+
+tPoint<double> RegionProjector::FromCentre(const Direction& direction) const {
+  const tPoint<double> p = m_Geometry.Project(direction, m_Frame);
+  return {p.x - m_Geometry.width * 0.5, p.y - m_Geometry.height * 0.5};
+}
+
+void RegionProjector::LineTo(const tPoint<double>& p) {
+  m_Picture.points.push_back({p.x + m_Geometry.width * 0.5, p.y + m_Geometry.height * 0.5});
+  m_Bearing = std::atan2(p.y, p.x);
+}
+
+// Runs along the rim to the bearing of `p`: a great circle that stays outside sweeps less than half a turn. Beside the
+// opposite point it sweeps nearly that much, and which way is a question for `turn`, not for rounding. Unless `exact`,
+// small movements wait until they add up.
+void RegionProjector::AlongRim(const tPoint<double>& p, int turn, bool exact) {
+  const double bearing = std::atan2(p.y, p.x);
+  if (!std::isfinite(bearing)) return;
+  const double start = m_Bearing;
+  double sweep = Wrapped(bearing - start);
+  if (turn * sweep < -0.5 * kPi) sweep += turn * 2.0 * kPi;
+  if (!exact && std::fabs(sweep) < kLeastRimStep) return;
+  const int steps = 1 + static_cast<int>(std::fabs(sweep) / kRimStep);
+  for (int i = 1; i <= steps; ++i) {
+    const double b = start + sweep * i / steps;
+    LineTo({m_Picture.rim * std::cos(b), m_Picture.rim * std::sin(b)});
+  }
+}
+
+// `turn` is not 0 when both ends lie more than a right angle from the view axis. The straight line between their
+// pictures then says nothing about the way between them, but the way cannot enter the disc.
+void RegionProjector::AddEdge(const tPoint<double>& a, const tPoint<double>& b, int turn) {
+  const double rim = m_Picture.rim;
+  const bool aInside = Length(a) <= rim, bInside = Length(b) <= rim;
+  if (aInside && bInside) return LineTo(b);
+  if (!aInside && !bInside && turn != 0) return AlongRim(b, turn);
+  // Where the line a + t (b - a) meets the rim.
+  const tPoint<double> d = {b.x - a.x, b.y - a.y};
+  const double dd = d.x * d.x + d.y * d.y, ad = a.x * d.x + a.y * d.y, aa = a.x * a.x + a.y * a.y;
+  const double root = ad * ad - dd * (aa - rim * rim);
+  if (!(root > 0.0)) return AlongRim(b, 0);
+  const double enter = (-ad - std::sqrt(root)) / dd, leave = (-ad + std::sqrt(root)) / dd;
+  if (!aInside && (leave <= 0.0 || enter >= 1.0)) return AlongRim(b, 0);
+  if (!aInside) AlongRim({a.x + enter * d.x, a.y + enter * d.y}, 0, true);
+  if (bInside) return LineTo(b);
+  LineTo({a.x + leave * d.x, a.y + leave * d.y});
+  AlongRim(b, 0);
+}
+
+// The sense in which the edge turns about the centre of the picture, counterclockwise 1, clockwise -1. An edge through
+// the opposite point, where both are true, gets one of them; CrossesPath asks the same question in the same words, so
+// that the two agree whatever the rounding.
+int RegionProjector::TurnOf(const Direction& a, const Direction& b) const {
+  Direction normal;
+  Vprod(a.v, b.v, normal.v);
+  return Dot(normal, m_Opposite) > 0.0 ? 1 : -1;
+}
+
+// Whether the edge crosses the way from the point opposite to the view to the point known to be outside: each outline
+// crossed changes sides.
+bool RegionProjector::CrossesPath(const Direction& a, const Direction& b) const {
+  const double aSide = Dot(m_PathNormal, a), bSide = Dot(m_PathNormal, b);
+  if ((aSide > 0.0) == (bSide > 0.0)) return false;
+  Direction normal, meeting;
+  Vprod(a.v, b.v, normal.v);
+  if ((TurnOf(a, b) > 0) == (Dot(normal, m_Outside) > 0.0)) return false;
+  for (int i = 0; i < 3; ++i) meeting.v[i] = a.v[i] * std::fabs(bSide) + b.v[i] * std::fabs(aSide);
+  return Dot(meeting, m_PathMiddle) > 0.0;
+}
+
+void RegionProjector::AddRing(std::span<const Direction> ring) {
+  if (ring.empty()) return;
+  const Direction* last = &ring.back();
+  tPoint<double> lastPlace = FromCentre(*last);
+  bool lastBehind = Dot(m_Axis, *last) < 0.0;
+  m_Bearing = std::isfinite(lastPlace.x) ? std::atan2(lastPlace.y, lastPlace.x) : 0.0;
+  for (const Direction& point : ring) {
+    if (CrossesPath(*last, point)) m_Picture.holdsOutside = !m_Picture.holdsOutside;
+    const tPoint<double> place = FromCentre(point);
+    const bool behind = Dot(m_Axis, point) < 0.0;
+    AddEdge(lastPlace, place, behind && lastBehind ? TurnOf(*last, point) : 0);
+    last = &point;
+    lastPlace = place;
+    lastBehind = behind;
+  }
+  m_Picture.ringEnds.push_back(static_cast<int>(m_Picture.points.size()));
+}
+
+}  // namespace skyview

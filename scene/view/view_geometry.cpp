@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/view/view_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace skyview {
+
+double GetPictureUnit(int width, int height) {
+  return std::clamp(std::sqrt(static_cast<double>(width) * height / (1600.0 * 1000.0)), 0.4, 6.0);
+}
+
+ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) {
+  const tPoint<int> size = camera.GetWinSize();
+  width = size.x;
+  height = size.y;
+  unit = GetPictureUnit(width, height);
+  halfDiagonal = std::hypot(width * 0.5, height * 0.5);
+  // The camera tells the scale as the size of a small angle: below 0.35 radians it is scale * angle / 2.
+  constexpr double kSmallAngle = 0.1;
+  scale = camera.VisRad2PixD(kSmallAngle) * 2.0 / kSmallAngle;
+  cornerAngle = 2.0 * std::atan(halfDiagonal / scale);
+  double ra = 0.0, dec = 0.0;
+  camera.GetRA_Dec2K(ra, dec);
+  centreJ2000 = MakeDirection(ra, dec);
+  centreHorizon = MakeDirection(camera.GetViewAngles().lon, camera.GetViewAngles().lat);
+}
+
+tPoint<double> ViewGeometry::Project(const Direction& direction, SkyFrameOf frame) const {
+  double v[3] = {direction.v[0], direction.v[1], direction.v[2]};
+  tPoint<double> p;
+  if (frame == SkyFrameOf::kJ2000) {
+    camera.RA_Dec2K2PixD(v, &p);
+  } else {
+    camera.RA_Dec2PixD(v, &p);
+  }
+  return p;
+}
+
+bool ViewGeometry::IsInside(const tPoint<double>& p, double margin) const {
+  return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+}
+
+double ViewGeometry::GetWidthAngle() const { return 4.0 * std::atan(width * 0.5 / scale); }
+
+double ViewGeometry::GetHeightAngle() const { return 4.0 * std::atan(height * 0.5 / scale); }
+
+}  // namespace skyview

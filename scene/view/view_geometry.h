@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common_interfaces/camera.h"
+#include "scene/view/directions.h"
+
+namespace skyview {
+
+// What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
+double GetPictureUnit(int width, int height);
+
+// Which frame directions are given in: the catalogue's or the one that the view angles count in.
+enum class SkyFrameOf { kJ2000, kHorizon };
+
+// The figures of the camera's projection that every drawn thing asks for, taken once a frame. Pixels count from the
+// left and from the bottom upwards. The projection is stereographic: the angle theta from the view axis lies
+// scale * tan(theta / 2) pixels from the centre.
+struct ViewGeometry {
+  explicit ViewGeometry(const CommonInterfaces::Camera& camera);
+
+  tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const;
+  // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are not
+  // finite.
+  bool IsInside(const tPoint<double>& p, double margin) const;
+  // The angles across the picture's width and height through its centre, radians.
+  double GetWidthAngle() const;
+  double GetHeightAngle() const;
+
+  const CommonInterfaces::Camera& camera;
+  int width, height;
+  double unit;              // GetPictureUnit of the window
+  double halfDiagonal;      // pixels from the centre to a corner
+  double scale;             // pixels, see above
+  double cornerAngle;       // radians from the view axis to a corner
+  Direction centreJ2000;    // the view axis on J2000 axes
+  Direction centreHorizon;  // the view axis in the horizon frame
+};
+
+}  // namespace skyview

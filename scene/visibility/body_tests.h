@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Which bodies one frame draws, as object_tests.h says it for what stands still.
+#pragma once
+
+#include <array>
+
+#include "scene/bodies/body_model.h"
+#include "scene/visibility/object_tests.h"
+
+namespace skyview {
+
+// Everything is kept by reference. Makes no allocation.
+class BodyTests {
+ public:
+  BodyTests(const BodyModel& model, const ViewGeometry& geometry, const ObserverFrame& observer,
+            const ShownKinds& shown, const ObjectFilters& filters);
+
+  // On true the place is whole; its radius is that of the disc or symbol.
+  bool IsDrawn(int body, ObjectPlace& place) const { return Test<true>(body, place) == 0; }
+  // All obstacles, a combination of Obstacle.
+  unsigned FindObstacles(int body, ObjectPlace& place) const { return Test<false>(body, place); }
+
+  const ClassLimits& GetLimits(int kind) const;  // "plnt", "moon", "astr", "comt", "scft"
+  // The radius of a body's disc at its true size, pixels.
+  double GetTrueRadius(const BodyState& state) const;
+  // The radius of the dot that stands for a body whose disc is smaller, pixels: as large as a star of its magnitude,
+  // within bounds; the Sun's and the Moon's are always large enough to show what they are.
+  double GetSymbolRadius(int body) const;
+  // Satellites are drawn whatever their magnitude, which nobody knows.
+  bool HasMagnitude(int body) const;
+
+ private:
+  template <bool kFirst>
+  unsigned Test(int body, ObjectPlace& place) const;
+  bool IsAboveHorizon(const BodyState& state) const;
+
+  struct Kind {
+    int kind;
+    ClassLimits limits;
+    const ObjectFilter& filter;
+  };
+  const Kind& FindKind(int kind) const;
+
+  const BodyModel& m_Model;
+  const ViewGeometry& m_Geometry;
+  const ObserverFrame& m_Observer;
+  const ShownKinds& m_Shown;
+  ClassLimits m_StarLimits;
+  std::array<Kind, 5> m_Kinds;
+};
+
+}  // namespace skyview

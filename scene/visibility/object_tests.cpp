@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/visibility/object_tests.h"
+
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
+
+// The margin covers the largest proper motion to the date and the aberration.
+double CosineOfStarReach(const StarCatalog& stars, const ViewGeometry& geometry,
+                         const ObserverFrame& observer) {
+  constexpr double kAberration =
+      1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
+  const double margin =
+      kAberration + stars.GetMaxMotion() * std::fabs(observer.years) + 2.0 * kMargin / geometry.scale;
+  return std::cos(std::min(geometry.cornerAngle + margin, kPi));
+}
+
+}  // namespace
+
+ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
+                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters)
+    : m_Catalogs(catalogs),
+      m_Geometry(geometry),
+      m_Observer(observer),
+      m_Shown(shown),
+      m_Stars(catalogs.stars),
+      m_Centre(geometry.centreJ2000),
+      m_StarsShown(shown.stars),
+      m_StarLimits(geometry.camera, FourCC("star")),
+      m_StarFilter(filters.Get(FourCC("star"))),
+      m_ConstellationFilter(filters.Get(FourCC("cnst"))),
+      m_Deepsky{
+          {{FourCC("clst"), ClassLimits(geometry.camera, FourCC("clst")), filters.Get(FourCC("clst"))},
+           {FourCC("gala"), ClassLimits(geometry.camera, FourCC("gala")), filters.Get(FourCC("gala"))},
+           {FourCC("nebu"), ClassLimits(geometry.camera, FourCC("nebu")), filters.Get(FourCC("nebu"))},
+           {FourCC("dsnv"), ClassLimits(geometry.camera, FourCC("dsnv")), filters.Get(FourCC("dsnv"))}}},
+      m_StarReach(CosineOfStarReach(catalogs.stars, geometry, observer)),
+      m_DeepskyReach(std::cos(std::min(1.05 * geometry.cornerAngle, kPi))) {}
+
+// An unknown kind is never shown, so that it matters little whose limits it gets.
+const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
+  for (const auto& entry : m_Deepsky) {
+    if (entry.kind == kind) return entry;
+  }
+  return m_Deepsky.back();
+}
+
+const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
+
+// A dot of 0.6 pixels at the limit, growing by a quarter for each magnitude above it.
+double ObjectTests::StarRadius(float code) const {
+  return m_Geometry.unit * (0.6 * std::pow(10.0, 0.1 * ((m_StarLimits.draw - code) * 0.1)));
+}
+
+// The third row of the reduction gives the sine of the altitude.
+bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
+  if (!m_Shown.horizon || !m_Observer.horizon) return true;
+  const double* zenith = m_Observer.reduction + 6;
+  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
+}
+
+template <bool kFirst>
+unsigned ObjectTests::TestStarPlace(int star, Found<kFirst> found, ObjectPlace& place) const {
+  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(m_Stars.GetTraits(star)), kFiltered)) {
+    return found.obstacles;
+  }
+  place.apparent = ApparentDirection(m_Stars.GetDirection(star), m_Stars.GetMotion(star), m_Observer);
+  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  place.radius = StarRadius(m_Stars.GetCode(star));
+  found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
+  return found.obstacles;
+}
+
+template <bool kFirst>
+unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
+  const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(index)];
+  const Deepsky& kind = FindKind(object.kind);
+  Found<kFirst> found;
+  if (found.EndsWith(!m_Shown.IsShown(object.kind), kKindOff)) return found.obstacles;
+  if (found.EndsWith(object.code > kind.limits.draw, kTooFaint)) return found.obstacles;
+  if (found.EndsWith(!kind.filter.Passes(GetTraits(object)), kFiltered)) return found.obstacles;
+  place.apparent = ApparentDirection(object.direction, m_Observer);
+  if (found.EndsWith(Dot(place.apparent, m_Geometry.centreJ2000) < m_DeepskyReach, kOutside)) {
+    return found.obstacles;
+  }
+  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside);
+  return found.obstacles;
+}
+
+bool ObjectTests::IsFigureDrawn(int constellation) const {
+  if (!m_Shown.figures || m_ConstellationFilter.IsEmpty()) return m_Shown.figures;
+  return constellation >= 0 && m_ConstellationFilter.Passes(GetTraits(
+                                   m_Catalogs.constellations[static_cast<std::size_t>(constellation)]));
+}
+
+bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {
+  const unsigned obstacles =
+      FindConstellationObstacles(constellation, place) & ~static_cast<unsigned>(kKindOff);
+  return obstacles == 0 && (m_Shown.figures || m_Shown.constellationNames);
+}
+
+template <bool kFirst>
+unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
+  const ConstellationName& constellation = m_Catalogs.constellations[static_cast<std::size_t>(index)];
+  Found<kFirst> found;
+  if (found.EndsWith(!m_Shown.constellationNames, kKindOff)) return found.obstacles;
+  if (found.EndsWith(!m_ConstellationFilter.Passes(GetTraits(constellation)), kFiltered))
+    return found.obstacles;
+  place.apparent = ApparentDirection(constellation.direction, m_Observer);
+  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  found.EndsWith(!m_Geometry.IsInside(place.pixel, 0.0), kOutside);
+  return found.obstacles;
+}
+
+template unsigned ObjectTests::TestStarPlace<true>(int, Found<true>, ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(int, Found<false>, ObjectPlace&) const;
+template unsigned ObjectTests::TestDeepsky<true>(int, ObjectPlace&) const;
+template unsigned ObjectTests::TestDeepsky<false>(int, ObjectPlace&) const;
+template unsigned ObjectTests::TestConstellation<true>(int, ObjectPlace&) const;
+template unsigned ObjectTests::TestConstellation<false>(int, ObjectPlace&) const;
+
+}  // namespace skyview

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/options/catalog_requests.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace skyview {
+namespace {
+
+struct GroupName {
+  ImageGroup group;
+  std::string_view name;
+};
+constexpr GroupName kGroupNames[] = {
+    {kConstellationImages, "constellations"}, {kDeepskyImages, "deepsky"}, {kMilkyWayImages, "milkyway"}};
+
+unsigned FindGroup(std::string_view name) {
+  for (const auto& entry : kGroupNames) {
+    if (entry.name == name) return entry.group;
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::optional<FavouriteAction> ParseFavouriteAction(std::string_view text) {
+  if (text == "show") return FavouriteAction{FavouriteVerb::kShow, ""};
+  const auto equals = text.find('=');
+  if (equals == std::string_view::npos || equals + 1 == text.size()) return std::nullopt;
+  const auto verb = text.substr(0, equals);
+  const std::string name(text.substr(equals + 1));
+  if (verb == "add") return FavouriteAction{FavouriteVerb::kAdd, name};
+  if (verb == "remove") return FavouriteAction{FavouriteVerb::kRemove, name};
+  return std::nullopt;
+}
+
+bool WantsFavouritesShown(const std::vector<FavouriteAction>& actions) {
+  return std::any_of(actions.begin(), actions.end(),
+                     [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; });
+}
+
+std::optional<unsigned> ParseImageGroups(std::string_view text) {
+  unsigned groups = 0;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const auto end = std::min(text.find(',', begin), text.size());
+    const unsigned group = FindGroup(text.substr(begin, end - begin));
+    if (group == 0 || (groups & group) != 0) return std::nullopt;
+    groups |= group;
+    begin = end + 1;
+  }
+  return groups;
+}
+
+std::string FormatImageGroups(unsigned groups) {
+  std::string text;
+  for (const auto& entry : kGroupNames) {
+    if ((groups & entry.group) == 0) continue;
+    if (!text.empty()) text += ",";
+    text += entry.name;
+  }
+  return text;
+}
+
+}  // namespace skyview

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/options/motion_values.h"
+
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace skyview {
+namespace {
+
+constexpr std::size_t kMaxViewSteps = 3;
+
+// The whole text as a number within [low, high].
+template <class T>
+std::optional<T> ParseNumber(std::string_view text, T low, T high) {
+  T value{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || !(value >= low && value <= high)) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+// What stands before the next comma, which goes too; `more` says whether there was one.
+std::string_view TakePart(std::string_view& text, bool& more) {
+  const auto comma = text.find(',');
+  const auto part = text.substr(0, comma);
+  more = comma != std::string_view::npos;
+  text = more ? text.substr(comma + 1) : std::string_view();
+  return part;
+}
+
+std::optional<double> ParseTimeStep(std::string_view text) {
+  constexpr double kMaxStep = 100000.0;  // days
+  constexpr std::pair<char, double> kUnitsPerDay[] = {{'s', 86400.0}, {'m', 1440.0}, {'h', 24.0}, {'d', 1.0}};
+  for (const auto& [unit, perDay] : kUnitsPerDay) {
+    if (text.empty() || text.back() != unit) continue;
+    text.remove_suffix(1);
+    const auto steps = ParseNumber(text, -kMaxStep * perDay, kMaxStep * perDay);
+    if (!steps || *steps == 0.0) return std::nullopt;
+    return *steps / perDay;
+  }
+  return std::nullopt;
+}
+
+bool TakeStep(std::string_view step, PlayRequest& play) {
+  const auto equals = step.find('=');
+  if (equals == std::string_view::npos) return false;
+  const auto what = step.substr(0, equals), value = step.substr(equals + 1);
+  if (what == "time" && !play.time) {
+    play.time = ParseTimeStep(value);
+    return play.time.has_value();
+  }
+  const auto angle = ParseNumber(value, -360.0, 360.0);
+  if (what != "view" || !angle || play.view.size() == kMaxViewSteps) return false;
+  play.view.push_back(*angle);
+  return true;
+}
+
+std::optional<double> ParseRightAscension(std::string_view text) {
+  if (!text.ends_with('h')) return ParseNumber(text, 0.0, 360.0);
+  text.remove_suffix(1);
+  const auto hours = ParseNumber(text, 0.0, 24.0);
+  if (!hours) return std::nullopt;
+  return *hours * 15.0;
+}
+
+}  // namespace
+
+std::optional<MovingType> ParseMovingType(std::string_view text) {
+  MovingType moving;
+  bool more = false;
+  const auto type = ParseNumber(TakePart(text, more), 0, 11);
+  if (!type || (more && text != "keep")) return std::nullopt;
+  moving.type = *type;
+  moving.keep = more;
+  return moving;
+}
+
+std::optional<HomeAction> ParseHomeAction(std::string_view text) {
+  if (text == "show") return HomeAction::kShow;
+  if (text == "store") return HomeAction::kStore;
+  if (text == "go") return HomeAction::kGo;
+  return std::nullopt;
+}
+
+std::optional<PlayRequest> ParsePlay(std::string_view text) {
+  PlayRequest play;
+  for (bool more = true; more;) {
+    if (!TakeStep(TakePart(text, more), play)) return std::nullopt;
+  }
+  bool moves = play.time.has_value();
+  for (const double step : play.view) moves = moves || step != 0.0;
+  if (!moves) return std::nullopt;
+  return play;
+}
+
+std::optional<int> ParseFrameCount(std::string_view text) { return ParseNumber(text, 1, kMaxFrames); }
+
+std::optional<SkyMark> ParseMark(std::string_view text) {
+  SkyMark mark;
+  bool more = false;
+  const auto ra = ParseRightAscension(TakePart(text, more));
+  if (!ra || !more) return std::nullopt;
+  const auto dec = ParseNumber(TakePart(text, more), -90.0, 90.0);
+  if (!dec) return std::nullopt;
+  mark.ra = *ra;
+  mark.dec = *dec;
+  if (!more) return mark;
+  mark.id = ParseNumber(text, 0, 2147483647);
+  if (!mark.id) return std::nullopt;
+  return mark;
+}
+
+std::optional<FrameNames> FrameNames::Parse(std::string_view pattern) {
+  FrameNames names;
+  const auto percent = pattern.find('%');
+  if (percent == std::string_view::npos) return std::nullopt;
+  names.m_Before = pattern.substr(0, percent);
+  auto rest = pattern.substr(percent + 1);
+  if (rest.size() >= 2 && rest[0] == '0' && rest[1] >= '1' && rest[1] <= '9') {
+    names.m_Digits = static_cast<std::size_t>(rest[1] - '0');
+    rest.remove_prefix(2);
+  }
+  if (rest.empty() || rest.front() != 'd' || rest.find('%') != std::string_view::npos) return std::nullopt;
+  names.m_After = rest.substr(1);
+  return names;
+}
+
+std::string FrameNames::Get(int number) const {
+  std::string digits = std::to_string(number);
+  if (digits.size() < m_Digits) digits.insert(0, m_Digits - digits.size(), '0');
+  return m_Before + digits + m_After;
+}
+
+}  // namespace skyview

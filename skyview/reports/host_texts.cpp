@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/reports/host_texts.h"
+
+#include <cstddef>
+#include <iterator>
+
+#include "utils/code_page.h"
+#include "utils/locale.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::TextUse;
+
+constexpr int kMaxLength = 200;  // bytes; a line of the report stays readable
+
+constexpr TextUse kHostTexts[] = {
+    {900001, 900002, "s", kMaxLength, true, "skyview: place, coordinates"},
+    {900003, 900004, "s", kMaxLength, true, "skyview: date, centre of the view"},
+    {900005, 900005, "ss", kMaxLength, true, "skyview: direction, compass point"},
+    {900006, 900006, "sss", kMaxLength, true, "skyview: Universal Time, its caption, clock time and date"},
+    {900007, 900007, "sssss", kMaxLength, true, "skyview: local time likewise, zone and offset"},
+    {900008, 900008, "f", kMaxLength, true, "skyview: refraction at the centre, degrees"},
+    {900009, 900009, "sfff", kMaxLength, true, "skyview: class and its magnitude limits"},
+    {900010, 900011, "d", kMaxLength, true, "skyview: numbers of objects drawn"},
+    {900012, 900013, "f", kMaxLength, true, "skyview: zoom of a list of limits"},
+    {900014, 900014, "sfff", kMaxLength, true, "skyview: class and its limits in that list"},
+    {900021, 900030, "", kMaxLength, true, "skyview: classes of objects"},
+    {900100, 900111, "", kMaxLength, true, "skyview: the Earth as a place, names of bodies"},
+    {900201, 900201, "d", kMaxLength, true, "skyview: heading of the favourites"},
+    {900211, 900211, "sd", kMaxLength, true, "skyview: heading of the meteor showers"},
+    {900212, 900212, "ssddcd", kMaxLength, true, "skyview: meteor shower and its radiant"},
+    {900213, 900213, "ff", kMaxLength, true, "skyview: azimuth and altitude of a radiant"},
+    {900214, 900214, "", kMaxLength, true, "skyview: that a shower has its maximum"},
+    {900215, 900216, "d", kMaxLength, true, "skyview: days from the maximum of a shower"},
+    {900221, 900226, "", kMaxLength, true, "skyview: captions of what is known of a body"},
+    {900300, 900300, "d", kMaxLength, true, "skyview: number of bodies drawn"},
+    {900301, 900301, "sfs", kMaxLength, true, "skyview: the Sun, magnitude and size"},
+    {900302, 900302, "sfsds", kMaxLength, true, "skyview: body, magnitude, size, percent lit, phase"},
+    {900303, 900305, "f", kMaxLength, true, "skyview: sizes of discs"},
+    {900306, 900306, "sff", kMaxLength, true, "skyview: lunar eclipse, magnitudes in umbra and penumbra"},
+    {900307, 900307, "sf", kMaxLength, true, "skyview: solar eclipse, its magnitude"},
+    {900308, 900308, "", kMaxLength, true, "skyview: solar eclipse that is not seen"},
+    {900309, 900309, "sfs", kMaxLength, true, "skyview: satellite, distance, whether it is lit"},
+    {900310, 900311, "", kMaxLength, true, "skyview: whether a satellite is lit"},
+    {900315, 900320, "", kMaxLength, true, "skyview: kinds of eclipses"},
+    {900321, 900328, "", kMaxLength, true, "skyview: phases of the Moon"},
+    {900331, 900338, "", kMaxLength, true, "skyview: phases of planets"},
+    {900341, 900343, "s", kMaxLength, true, "skyview: where an object is"},
+    {900344, 900345, "f", kMaxLength, true, "skyview: its altitude with refraction, its magnitude"},
+    {900346, 900346, "sd", kMaxLength, true, "skyview: its size and percent lit"},
+    {900347, 900347, "s", kMaxLength, true, "skyview: its size"},
+    {900348, 900350, "sf", kMaxLength, true, "skyview: its rise, transit and set"},
+    {900351, 900355, "", kMaxLength, true, "skyview: that it does none of these"},
+    {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
+};
+
+CodePage GetPage() { return GetCodePageOf(GetSystemLocale()); }
+
+bool IsUtf8(const std::string& text) {
+  for (int at = 0, length = 0; at < static_cast<int>(text.size()); at += length) {
+    if (DecodeUtf8(text, at, &length) < 0) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+const TextUse* GetHostTexts(int* count) {
+  *count = static_cast<int>(std::size(kHostTexts));
+  return kHostTexts;
+}
+
+std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments) {
+  return CommonInterfaces::FormatLocalizedText(static_cast<unsigned>(text), arguments);
+}
+
+std::string ToUtf8(const std::string& text) { return CodePageToUtf8(GetPage(), text); }
+
+std::string ToCodePage(const std::string& utf8) {
+  std::string text, character;
+  for (int at = 0, length = 0; at < static_cast<int>(utf8.size()); at += length) {
+    DecodeUtf8(utf8, at, &length);
+    const std::string one = utf8.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length));
+    text += Utf8ToCodePage(GetPage(), one, &character, nullptr) ? character : "?";
+  }
+  return text;
+}
+
+std::string NameToCodePage(const std::string& name) { return IsUtf8(name) ? ToCodePage(name) : name; }
+
+std::string MessageToUtf8(const std::string& message) { return IsUtf8(message) ? message : ToUtf8(message); }
+
+}  // namespace skyview

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/reports/moment_text.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "astro/julian_date.h"
+#include "skyview/reports/text_format.h"
+
+namespace skyview {
+
+std::string FormatMoment(int day, double fraction) {
+  constexpr double kMinutesPerDay = 1440.0;
+  Adjust_JD(day, fraction);
+  CalendarDate date;
+  JD(day, std::round(fraction * kMinutesPerDay) / kMinutesPerDay, date);
+  return Format("%s%04d-%02d-%02d %02d:%02d", date.year < 0 ? "-" : "", std::abs(date.year), date.month,
+                date.day, date.hour, date.minute);
+}
+
+}  // namespace skyview

@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/reports/status.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "astro/julian_date.h"
+#include "common_interfaces/dates.h"
+#include "common_interfaces/refraction.h"
+#include "common_interfaces/status_strings.h"
+#include "common_interfaces/string_table.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/horizon.h"
+#include "skyview/reports/host_texts.h"
+#include "scene/catalogs/object_names.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::_Date;
+using CommonInterfaces::Camera;
+
+constexpr int kLocalTime = 0, kUniversalTime = 1;  // kinds of time
+
+// Formats of the string table: near a surface and in space; by hours, by degrees along the horizon, along another
+// plane.
+constexpr int kSurfacePosition = 7208, kSpacePosition = 7209;
+constexpr int kHours = 7216, kHorizonDegrees = 7217, kOtherDegrees = 7218;
+constexpr unsigned char kByHours = 0, kByDegrees = 1, kOtherDirection = 2;  // direction modes
+constexpr unsigned kFirstPlaneName = 5011;                                  // by base plane
+
+// The texts of one view, in the code page of the language until they are taken. The library's functions ask a camera
+// for what they show, so each text sets up a copy of the camera that shows it.
+class StatusWriter {
+ public:
+  StatusWriter(const Camera& camera, const SkyCatalogs& catalogs)
+      : m_Camera(camera), m_Shown(camera), m_Catalogs(catalogs) {
+    m_Shown = camera;  // constructing from a camera copies nothing
+  }
+
+  std::vector<std::string> Write() {
+    AddPlace();
+    AddTimes();
+    AddCentredObject();
+    AddDirection();
+    Add(CommonInterfaces::GetRefPlane(&m_Shown));
+    Add(CommonInterfaces::GetSlopeString(&m_Shown));
+    Add(CommonInterfaces::GetZoomString(&m_Shown));
+    Add(CommonInterfaces::GetFoV(&m_Shown));
+    return std::move(m_Texts);
+  }
+
+ private:
+  void Add(const std::string& text) {
+    if (!text.empty()) m_Texts.push_back(ToUtf8(text));
+  }
+  void AddPlace();
+  void AddTimes();
+  void AddTime(int kind);
+  void AddCentredObject();
+  void AddDirection();
+  std::string GetEarthOrObserver() const;
+  void AddRefraction();
+
+  const Camera& m_Camera;
+  Camera m_Shown;
+  const SkyCatalogs& m_Catalogs;
+  std::vector<std::string> m_Texts;
+};
+
+std::string StatusWriter::GetEarthOrObserver() const {
+  if (m_Camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return Localize(HostText::kEarthAsPlace, {});
+  return GetObjectName(m_Camera.GetObserver(), m_Catalogs);
+}
+
+void StatusWriter::AddPlace() {
+  const std::string& name = m_Camera.GetLocationName();
+  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : NameToCodePage(name)).c_str());
+  Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
+  Add(Localize(
+      HostText::kCoordinates,
+      {CommonInterfaces::GetPositionCoordString(&m_Shown, kSurfacePosition, kSpacePosition).c_str()}));
+  Add(CommonInterfaces::GetDistanceString(&m_Shown));
+}
+
+// "UT+05:30"
+std::string FormatOffset(double days) {
+  const int minutes = static_cast<int>(std::lround(days * 1440.0));
+  char text[32];
+  std::snprintf(text, sizeof text, "UT%c%02d:%02d", minutes < 0 ? '-' : '+', std::abs(minutes) / 60,
+                std::abs(minutes) % 60);
+  return text;
+}
+
+// Some texts begin with a blank, for a caption to stand before them.
+std::string WithoutBlanks(const std::string& text) {
+  const auto begin = text.find_first_not_of(' ');
+  return begin == std::string::npos ? "" : text.substr(begin);
+}
+
+void StatusWriter::AddTime(int kind) {
+  _Date time;
+  m_Camera.GetUniversalTime(time);
+  time.type = kind;
+  m_Shown.SetUniversalTime(time);
+  std::string caption;
+  const std::string clock = WithoutBlanks(CommonInterfaces::GetTimeString(&m_Shown, caption));
+  const std::string date = CommonInterfaces::GetDateString(&m_Shown);
+  if (kind == kUniversalTime) {
+    Add(Localize(HostText::kUniversalTime, {caption.c_str(), clock.c_str(), date.c_str()}));
+  } else {
+    Add(Localize(HostText::kLocalTime,
+                 {caption.c_str(), clock.c_str(), date.c_str(), m_Camera.GetDisplayTimeZoneName(true),
+                  FormatOffset(m_Camera.GetLocUTCdelta()).c_str()}));
+  }
+}
+
+void StatusWriter::AddTimes() {
+  if (*m_Camera.GetDisplayTimeZoneName(true)) AddTime(kLocalTime);
+  AddTime(kUniversalTime);
+  _Date local;
+  m_Camera.GetUniversalTime(local);
+  local.fraction += m_Camera.GetLocUTCdelta();
+  Add(Localize(HostText::kDate, {WithoutBlanks(CommonInterfaces::GetDateString(local)).c_str()}));
+}
+
+void StatusWriter::AddCentredObject() {
+  SSO_ID object = m_Camera.GetCenterObject();
+  if (object.IsEmpty()) return;
+  if (!*object.name) {
+    std::snprintf(object.name, sizeof object.name, "%s", GetObjectName(object, m_Catalogs).c_str());
+  }
+  m_Shown.SetCenterViewLock(false);
+  m_Shown.SetCenterView(object);
+  Add(CommonInterfaces::GetCenterOnString(&m_Shown));
+}
+
+double GetAzimuth(const Camera& camera) {
+  const double azimuth = std::fmod(-camera.GetViewAngles().lon, 2.0 * kPi);
+  return azimuth < 0.0 ? azimuth + 2.0 * kPi : azimuth;
+}
+
+std::string GetPlaneName(unsigned char plane) {
+  const CommonInterfaces::QX4Strings strings;
+  const char* const name = CommonInterfaces::QX4Strings::GetString(kFirstPlaneName + plane, true);
+  return name ? name : "";
+}
+
+// Longitudes of the horizon frame grow over west; the user reads azimuths, which grow over east.
+void StatusWriter::AddDirection() {
+  SphViewCoor angles = m_Camera.GetViewAngles();
+  const auto format = [&](unsigned char mode) {
+    m_Shown.SetRA_Dec(angles);
+    m_Shown.SetAimingDispType(mode);
+    return CommonInterfaces::GetDirectionString(&m_Shown, kHours, kHorizonDegrees, kOtherDegrees);
+  };
+  if (m_Camera.GetBasePlane() == kHorizonPlane) {
+    angles.lon = GetAzimuth(m_Camera);
+    const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * kPi))) % 8;
+    const std::string compassPoint = ToCodePage(FetchCompassLetters().text[eighth]);
+    Add(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
+    AddRefraction();
+  } else if (m_Camera.GetBasePlane() != kEquatorPlane) {
+    const std::string plane = GetPlaneName(m_Camera.GetBasePlane());
+    Add(Localize(HostText::kDirection, {format(kOtherDirection).c_str(), plane.c_str()}));
+  }
+  m_Camera.GetRA_Dec2K(angles.lon, angles.lat);
+  Add(Localize(HostText::kCentre, {format(kByHours).c_str()}));
+}
+
+void StatusWriter::AddRefraction() {
+  const double altitude = m_Camera.GetViewAngles().lat;
+  double apparent = altitude;
+  CommonInterfaces::ShiftAltOnEarthRefraction(&apparent);
+  if (apparent > altitude) {
+    Add(Localize(HostText::kRefraction, {(apparent - altitude) / kRadiansPerDegree}));
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> MakeStatus(const Camera& camera, const SkyCatalogs& catalogs) {
+  return StatusWriter(camera, catalogs).Write();
+}
+
+}  // namespace skyview

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/session/favourite_list.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+
+#include "common_interfaces/object_lists.h"
+#include "skyview/reports/host_texts.h"
+#include "scene/search/name_key.h"
+#include "skyview/options/name_list.h"
+#include "scene/visibility/object_filter.h"
+#include "utils/near_names.h"
+#include "utils/path.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::FavouriteObjectsFile;
+
+constexpr const char* kFile = "catalogs:favourites.txt";
+
+// The whole characters of the name that an identifier has room for.
+void SetName(const std::string& name, SSO_ID& id) {
+  std::size_t length = std::min(name.size(), sizeof id.name - 1);
+  while (length < name.size() && length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80) {
+    --length;  // not in the middle of a character
+  }
+  std::memcpy(id.name, name.data(), length);
+  id.name[length] = '\0';
+}
+
+// The changes of one run.
+class ListEditor {
+ public:
+  ListEditor(const ObjectSearch& search, const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks)
+      : m_Search(search), m_Catalogs(catalogs), m_Marks(marks) {
+    m_File.Read();
+  }
+
+  bool Do(const FavouriteAction& action, std::string& error) {
+    if (action.verb == FavouriteVerb::kAdd) return Add(action.name, error);
+    return action.verb == FavouriteVerb::kShow || Remove(action.name, error);
+  }
+
+  // Whether what was written reads back; the file itself says nothing of a failure.
+  bool Save(std::string& error) {
+    if (!m_Changed) return true;
+    m_File.Write();
+    if (ReadFavourites() == m_File.GetObjects()) return true;
+    error =
+        ZentharPath::GetWorkPath(kFile, false, false) + ": the list of favourites cannot be written there";
+    return false;
+  }
+
+ private:
+  bool Add(const std::string& name, std::string& error) {
+    const auto id = Identify(name, error);
+    if (!id) {
+      error = "--favourites add: " + error;
+      return false;
+    }
+    const int before = m_File.GetSize();
+    m_Changed |= m_File.AddObject(*id) != before;
+    if (std::find(m_Marks.begin(), m_Marks.end(), *id) == m_Marks.end()) m_Marks.push_back(*id);
+    return true;
+  }
+
+  bool Remove(const std::string& name, std::string& error) {
+    auto id = Identify(name, error);
+    if (!id) id = FindInList(name);
+    if (!id) {
+      error = "--favourites remove: " + error;
+      return false;
+    }
+    if (m_File.RemoveObject(*id) < 0) {
+      error = "--favourites remove: '" + name + "': not in the list" + DescribeNear(name);
+      return false;
+    }
+    std::erase(m_Marks, *id);
+    return m_Changed = true;
+  }
+
+  std::optional<SSO_ID> Identify(const std::string& name, std::string& error) const {
+    const auto found = m_Search.FindOne(name, error);
+    if (!found) return std::nullopt;
+    SSO_ID id(GetKind(*found, m_Catalogs), GetNumber(*found, m_Catalogs));
+    if (id.number == -1) {
+      error = "'" + name + "': has no number in its catalog, by which the list knows objects";
+      return std::nullopt;
+    }
+    SetName(m_Search.GetName(*found), id);
+    return id;
+  }
+
+  // What the list holds need not be in the catalogs of today.
+  std::optional<SSO_ID> FindInList(const std::string& name) const {
+    const std::string key = MakeNameKey(name);
+    for (const auto& entry : m_File.GetObjects()) {
+      if (MakeNameKey(MessageToUtf8(entry.name)) == key) return entry;
+    }
+    return std::nullopt;
+  }
+
+  std::string DescribeNear(const std::string& name) const {
+    std::vector<std::string> names;
+    for (const auto& entry : m_File.GetObjects()) names.push_back(MessageToUtf8(entry.name));
+    const std::string near = JoinNames(FindNearNames(name, names));
+    return near.empty() ? "" : "; similar there: " + near;
+  }
+
+  const ObjectSearch& m_Search;
+  const SkyCatalogs& m_Catalogs;
+  std::vector<SSO_ID>& m_Marks;
+  FavouriteObjectsFile m_File;
+  bool m_Changed = false;
+};
+
+}  // namespace
+
+std::vector<SSO_ID> ReadFavourites() {
+  if (ZentharPath::GetWorkPath(kFile, true, false).empty()) return {};
+  FavouriteObjectsFile file;
+  file.Read();
+  return file.GetObjects();
+}
+
+bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const ObjectSearch& search,
+                      const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error) {
+  const auto shows = [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; };
+  if (std::all_of(actions.begin(), actions.end(), shows)) return true;  // opening the file would create it
+  std::vector<SSO_ID> changedMarks = marks;
+  ListEditor editor(search, catalogs, changedMarks);
+  for (const auto& action : actions) {
+    if (!editor.Do(action, error)) return false;
+  }
+  if (!editor.Save(error)) return false;
+  marks = std::move(changedMarks);
+  return true;
+}
+
+std::string FormatFavourites(const std::vector<SSO_ID>& favourites) {
+  std::string text = ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
+  for (const auto& entry : favourites) {
+    text += "  " + MessageToUtf8(entry.name) + " (" + GetCodeText(entry.kind) + " " +
+            std::to_string(entry.number) + ")\n";
+  }
+  return text;
+}
+
+}  // namespace skyview

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/session/homes.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "scene/view/base_plane.h"
+#include "scene/view/directions.h"
+#include "skyview/reports/host_texts.h"
+#include "skyview/reports/moment_text.h"
+#include "skyview/reports/text_format.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::Camera;
+using CommonInterfaces::HomeParameters;
+
+const SSO_ID kEarth(FourCC("plnt"), 3);
+
+std::string FormatCode(int kind) {
+  std::string text;
+  for (int shift = 24; shift >= 0; shift -= 8) {
+    const char c = static_cast<char>(kind >> shift & 0xFF);
+    text += c >= ' ' && c < '\x7F' ? c : '?';
+  }
+  return text;
+}
+
+std::string FormatObject(const SSO_ID& object) {
+  return object.IsEmpty() ? "none" : FormatCode(object.kind) + " " + std::to_string(object.number);
+}
+
+std::string FormatPlace(const HomeParameters& home) {
+  const int located = CommonInterfaces::kHomeLocation | CommonInterfaces::kHomeLocationOnly;
+  if ((home.flags & located) == 0) return "none";
+  std::string text = Format("latitude %.6g\u00B0, longitude %.6g\u00B0, distance %.6g au",
+                            home.location.lat / kRadiansPerDegree, home.location.lon / kRadiansPerDegree,
+                            home.location.dist);
+  text += Format(", moving type %d, location type %d", home.movingType, home.locationType);
+  if (*home.locationName) text += ", " + ToUtf8(NameToCodePage(home.locationName));
+  return text;
+}
+
+std::string FormatView(const HomeParameters& home) {
+  if ((home.flags & CommonInterfaces::kHomeView) == 0) return "none";
+  const double azimuth = std::fmod(2.0 * kPi - std::fmod(home.alp, 2.0 * kPi), 2.0 * kPi);
+  std::string text = Format("azimuth %.4f\u00B0, altitude %.4f\u00B0, slope %.4f\u00B0, zoom %.6g",
+                            azimuth / kRadiansPerDegree, home.bet / kRadiansPerDegree,
+                            home.slp / kRadiansPerDegree, home.zoom);
+  if (home.directionLocked) text += ", locked on " + FormatObject(home.centerObject);
+  return text;
+}
+
+std::string FormatTime(const HomeParameters& home) {
+  if ((home.flags & CommonInterfaces::kHomeTime) == 0) return "none";
+  std::string text = home.day == -1 ? "that of the clock" : FormatMoment(home.day, home.fraction) + " UT";
+  if (*home.timeZoneName) text += std::string(", zone ") + home.timeZoneName;
+  return text;
+}
+
+}  // namespace
+
+std::string FormatHomes(const Camera& camera) {
+  std::string text;
+  for (const auto& [observer, home] : camera.GetHomes()) {
+    text += "Home of " + FormatObject(observer) + "\n";
+    text += "  place: " + FormatPlace(home) + "\n";
+    text += "  view: " + FormatView(home) + "\n";
+    text += "  time: " + FormatTime(home) + "\n";
+  }
+  return text.empty() ? "No homes\n" : text;
+}
+
+bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
+  if (camera.GetMovingType() != 0) {
+    error = "--home store: wants an observer who stands on a surface (moving type 0)";
+    return false;
+  }
+  const std::size_t before = diagnostics.lines.size();
+  camera.StoreParams(CommonInterfaces::kHomeLocation | CommonInterfaces::kHomeView |
+                     CommonInterfaces::kHomeTime);
+  camera.SaveHomeParams();
+  if (diagnostics.lines.size() == before) return true;
+  error = "home_params.ini: " + MessageToUtf8(diagnostics.lines[before]);
+  error.erase(error.find_last_not_of('\n') + 1);
+  diagnostics.lines.resize(before);
+  return false;
+}
+
+ViewResult GoHome(Camera& camera) {
+  if (!camera.FindHome(kEarth)) {
+    return {Failure::kBadData, "--home go: there is no home on the Earth (--home store makes one)"};
+  }
+  camera.GoHome(true);
+  if (IsNearSurface(camera)) {
+    camera.SetBasePlane(kHorizonPlane);
+    camera.SetRA_Dec(camera.GetViewAngles());
+  }
+  return {};
+}
+
+}  // namespace skyview

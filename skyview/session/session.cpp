@@ -1,0 +1,292 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/session/session.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <random>
+
+#include "common_interfaces/settings_field.h"
+#include "skyview/session/checksum.h"
+#include "skyview/session/favourites.h"
+#include "skyview/options/setting_values.h"
+#include "skyview/options/settings_options.h"
+#include "utils/bytes.h"
+#include "utils/file.h"
+#include "utils/path.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+namespace fs = std::filesystem;
+using CommonInterfaces::Camera;
+using CommonInterfaces::SettingField;
+using CommonInterfaces::SettingsData;
+
+constexpr unsigned kCameraRecord = FourCC("CAMR");
+constexpr unsigned kViewId = 1;
+constexpr const char* kSettingsFile = "filters.data";
+constexpr const char* kTextFile = "qxstrings.txt";
+
+// What a picture depends on.
+constexpr const char* kDataFiles[] = {kSettingsFile,
+                                      "FilterCorrection.data",
+                                      kTextFile,
+                                      "catalogs:stars.txt",
+                                      "catalogs:deepsky.txt",
+                                      "catalogs:constellations.txt",
+                                      "catalogs:constellation_lines.txt",
+                                      "catalogs:milkyway.txt",
+                                      "catalogs:asteroids.txt",
+                                      "catalogs:comets.txt",
+                                      "media:time_interval.ini",
+                                      "media:skyobjects:constell_images:constell.dat",
+                                      "media:skyobjects:dso_images:dsoimagestrue.txt",
+                                      "media:skyobjects:mway_images:mway.dat"};
+
+// The keys of the camera record (docs/formats/camera_record.md), to show them by name.
+constexpr const char* kCameraKeys[] = {"m_FinderSize",
+                                       "m_JT",
+                                       "m_TJ",
+                                       "timeType",
+                                       "FST",
+                                       "m_Zoom",
+                                       "m_ObsMovingType",
+                                       "m_ObsObjType",
+                                       "m_ObsObjID",
+                                       "m_ObsLocatType",
+                                       "m_DispCoorSysObserver",
+                                       "m_fi",
+                                       "m_lam",
+                                       "m_dist",
+                                       "m_distUnits",
+                                       "m_dirLock",
+                                       "m_FirstLook",
+                                       "m_dirObjType",
+                                       "m_dirObjID",
+                                       "m_AimingDispType",
+                                       "m_alp",
+                                       "m_bet",
+                                       "m_slp",
+                                       "m_BasePlane",
+                                       "m_TimeStep",
+                                       "m_TimeStepUnits",
+                                       "m_RotateStep",
+                                       "m_RotStepUnits",
+                                       "m_AimStepAlp",
+                                       "m_AimStepAlpUnits",
+                                       "m_AimStepBet",
+                                       "m_AimStepBetUnits",
+                                       "m_PosStepLon",
+                                       "m_PosStepLonUnits",
+                                       "m_PosStepLat",
+                                       "m_PosStepLatUnits",
+                                       "m_HeightStep",
+                                       "m_DistStepUnits",
+                                       "m_ZoomStep",
+                                       "m_3DFlightStep",
+                                       "m_3DFlightStepUnits",
+                                       "StartYear",
+                                       "IsDST",
+                                       "DateFrom",
+                                       "DateTo",
+                                       "DS_Shift",
+                                       "IsCalendarDate",
+                                       "TimeZone",
+                                       "IsNorth"};
+
+std::string GetKey(int nameId) {
+  for (const char* key : kCameraKeys) {
+    if (GetUniqueID(key) == nameId) return key;
+  }
+  char text[16];
+  std::snprintf(text, sizeof text, "@%X", static_cast<unsigned>(nameId));
+  return text;
+}
+
+// A settings file of a moment. Cameras are read from and written to files only.
+class TemporaryFile {
+ public:
+  TemporaryFile() {
+    std::error_code failure;
+    const fs::path folder = fs::temp_directory_path(failure);
+    std::random_device random;
+    char name[48];
+    std::snprintf(name, sizeof name, "skyview-%08x%08x.data", random(), random());
+    if (!failure) m_Path = (folder / name).string();
+  }
+  ~TemporaryFile() {
+    std::error_code ignored;
+    if (!m_Path.empty()) fs::remove(m_Path, ignored);
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  const char* GetPath() const { return m_Path.c_str(); }
+
+ private:
+  std::string m_Path;
+};
+
+std::optional<std::string> ReadFile(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(mm_fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) return std::nullopt;
+  std::string bytes;
+  char block[1 << 16];
+  for (std::size_t count; (count = std::fread(block, 1, sizeof block, file.get())) > 0;)
+    bytes.append(block, count);
+  if (std::ferror(file.get()) != 0) return std::nullopt;
+  return bytes;
+}
+
+std::optional<unsigned long long> FindChecksum(const std::string& name) {
+  const std::string path = ZentharPath::GetPath(name.c_str());
+  if (path.empty()) return std::nullopt;
+  const auto bytes = ReadFile(path);
+  if (!bytes) return std::nullopt;
+  return Checksum(*bytes);
+}
+
+bool DescribeView(Camera& camera, std::vector<std::string>& view) {
+  const TemporaryFile file;
+  camera.WriteSelfAll(file.GetPath(), static_cast<int>(kViewId));
+  SettingsData record(kViewId, kCameraRecord, kSettingsFile);
+  if (!record.Read(file.GetPath())) return false;
+  for (int i = 0; i < record.GetFieldCount(); ++i) {
+    const SettingField& field = *record.GetFieldAt(i);
+    const std::string values = FormatValues(field);
+    if (!values.empty()) view.push_back(GetKey(field.GetNameId()) + "=" + values);
+  }
+  return !view.empty();
+}
+
+// Favourites that the defaults lack, as AddFavourite made them.
+std::vector<SessionFavourite> FindFavourites(SettingsData& settings) {
+  std::vector<SessionFavourite> favourites;
+  for (int i = 0; i < settings.GetFieldCount(); ++i) {
+    const SettingField& field = *settings.GetFieldAt(i);
+    const auto number = GetFavouriteNumber(field);
+    if (number && field.GetCompareStatus() != 0)
+      favourites.push_back({static_cast<int>(field.GetSection()), *number});
+  }
+  return favourites;
+}
+
+// A name that means the same file from every folder: a file of the current one by its whole path, a logical name as it
+// is.
+std::string FindLasting(const std::string& name) {
+  std::error_code failure;
+  return fs::exists(name, failure) ? fs::absolute(name).string() : name;
+}
+
+bool Write(const std::string& path, const std::string& text) {
+  constexpr unsigned kLineSize = 4096;
+  MTextFile file(false, '!', '}', kLineSize);
+  return file.Open(fs::absolute(path).string().c_str(), true) && file.Write("%s", text.c_str()) &&
+         file.Close();
+}
+
+}  // namespace
+
+bool LoadSession(Options& options, std::string& error) {
+  const auto text = ReadFile(*options.session);
+  if (!text) {
+    error = *options.session + ": cannot be read";
+    return false;
+  }
+  SessionCapsule capsule;
+  if (!ParseSession(*text, capsule, error)) {
+    error = *options.session + ": " + error;
+    return false;
+  }
+  if (!options.languageGiven) options.language = capsule.language;
+  if (!options.sizeGiven) options.size = capsule.size;
+  options.markers.insert(options.markers.begin(), capsule.markers.begin(), capsule.markers.end());
+  options.framesOf |= capsule.framesOf;
+  options.showers |= capsule.showers;
+  if (!options.tle && !capsule.tle.empty()) options.tle = capsule.tle;
+  if (!options.orbits && !capsule.orbits.empty()) options.orbits = ParseOrbits(capsule.orbits);
+  options.capsule = std::move(capsule);
+  return true;
+}
+
+void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std::vector<std::string>& lost) {
+  for (const auto& change : capsule.settings) {
+    const ViewResult result = ChangeSetting(change, settings);
+    if (result.failure != Failure::kNone)
+      lost.push_back("the session's setting no longer fits: " + result.message);
+  }
+  for (const auto& favourite : capsule.favourites) AddFavourite(settings, favourite.kind, favourite.number);
+}
+
+bool RestoreCamera(const SessionCapsule& capsule, Camera& camera, std::vector<std::string>& lost,
+                   std::string& error) {
+  SettingsData record(kViewId, kCameraRecord, kSettingsFile);
+  if (!record.Read(nullptr)) {
+    error = std::string(kSettingsFile) + ": holds no defaults of the camera, which the session needs";
+    return false;
+  }
+  for (const auto& value : capsule.view) {
+    const ViewResult result = ChangeSetting("camr." + value, record);
+    if (result.failure != Failure::kNone)
+      lost.push_back("the session's view no longer fits: " + result.message);
+  }
+  const TemporaryFile file;
+  if (!record.Save(file.GetPath()) || !camera.ReadSelf(file.GetPath(), kViewId)) {
+    error = std::string(file.GetPath()) + ": the session's view cannot be passed on through this file";
+    return false;
+  }
+  camera.SetTimeZoneName(capsule.zone.c_str(), true);
+  camera.SetLocationName(capsule.place.c_str());
+  return true;
+}
+
+std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const std::string& language) {
+  std::vector<std::string> lines;
+  for (const auto& file : capsule.data) {
+    if (file.name == kTextFile && language != capsule.language) continue;
+    const auto now = FindChecksum(file.name);
+    if (!now) {
+      lines.push_back(file.name + ": missing, it was there when the session was saved");
+    } else if (*now != file.checksum) {
+      lines.push_back(file.name + ": changed since the session was saved");
+    }
+  }
+  return lines;
+}
+
+bool SaveSession(const std::string& path, const Options& options, SettingsData& settings,
+                 const SkyMarkers& markers, const std::vector<SSO_ID>& marks, Camera& camera,
+                 std::string& error) {
+  SessionCapsule capsule;
+  capsule.language = options.language;
+  capsule.size = options.size;
+  capsule.zone = camera.GetDisplayTimeZoneName(true);
+  capsule.place = camera.GetLocationName();
+  SettingsData defaults(settings.GetID(), settings.GetOwner(), kSettingsFile);
+  if (!defaults.Read(nullptr) || !DescribeView(camera, capsule.view)) {
+    error = path + ": the session cannot be saved without the defaults in filters.data";
+    return false;
+  }
+  capsule.settings = FindChanges(settings, defaults);
+  capsule.favourites = FindFavourites(settings);
+  capsule.markers = markers.GetMarks();
+  for (const auto& mark : marks) {
+    if (IsNameableKind(mark.kind)) capsule.marks.push_back({mark.kind, mark.number});
+  }
+  capsule.framesOf = options.framesOf;
+  capsule.showers = options.showers;
+  if (options.orbits) capsule.orbits = FormatOrbits(*options.orbits);
+  if (options.tle) capsule.tle = FindLasting(*options.tle);
+  for (const char* name : kDataFiles) {
+    if (const auto checksum = FindChecksum(name)) capsule.data.push_back({name, *checksum});
+  }
+  if (const auto checksum = FindChecksum(capsule.tle)) capsule.data.push_back({capsule.tle, *checksum});
+  if (Write(path, FormatSession(capsule))) return true;
+  error = path + ": the session cannot be saved there";
+  return false;
+}
+
+}  // namespace skyview

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/session/view_state.h"
+
+#include <cmath>
+#include <filesystem>
+
+#include "astro/julian_date.h"
+#include "common_interfaces/settings_data.h"
+#include "scene/view/base_plane.h"
+#include "skyview/session/homes.h"
+#include "scene/view/observer_frame.h"
+#include "skyview/session/session.h"
+#include "skyview/session/zone_time.h"
+#include "utils/path.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+using CommonInterfaces::_Date;
+using CommonInterfaces::Camera;
+using CommonInterfaces::SettingsData;
+
+constexpr unsigned kCameraRecord = FourCC("CAMR");
+
+ViewResult BadData(const std::string& message) { return {Failure::kBadData, message}; }
+ViewResult BadOption(const std::string& message) { return {Failure::kBadOption, message}; }
+
+ViewResult RestoreView(const ViewFile& view, Camera& camera) {
+  const std::string path = ResolveInput(view.path);
+  if (path.empty()) return BadData(view.path + ": not found, neither here nor in the data root");
+  const std::string number = std::to_string(view.id);
+  if (!SettingsData::HoldsBlock(path.c_str(), kCameraRecord, static_cast<unsigned>(view.id))) {
+    return BadData(path + ": holds no view " + number);
+  }
+  if (!camera.ReadSelf(path.c_str(), static_cast<unsigned>(view.id))) {
+    return BadData(path + ": view " + number + " is damaged");
+  }
+  return {};
+}
+
+// What a file may say and the sky of a place on the Earth cannot show.
+const char* FindFault(const Camera& camera) {
+  const SphCoor& place = camera.GetLocation();
+  const SphViewCoor& angles = camera.GetViewAngles();
+  _Date time;
+  camera.GetUniversalTime(time);
+  if (camera.GetBasePlane() > kGalacticPlane) return "has a direction that counts from an unknown plane";
+  if (const char* fault = FindObserverFault(camera)) return fault;
+  if (!(std::fabs(place.lat) <= 0.5 * kPi) || !(std::fabs(place.lon) <= 4.0 * kPi))
+    return "has no usable place";
+  if (!(std::fabs(time.fraction) <= 2.0)) return "has no usable time";
+  if (!std::isfinite(angles.lon + angles.slope) || !(std::fabs(angles.lat) <= 0.5 * kPi)) {
+    return "has no usable direction";
+  }
+  if (!(camera.GetZoom() >= kMinZoom && camera.GetZoom() <= kMaxZoom))
+    return "has a zoom outside 0.25 to 10000";
+  return nullptr;
+}
+
+void ApplyPlace(const Place& place, Camera& camera) {
+  SphCoor location = camera.GetLocation();
+  location.lat = place.latitude * kRadiansPerDegree;
+  location.lon = place.longitude * kRadiansPerDegree;
+  location.dist = 0.0;
+  camera.SetLocation(location);
+  camera.SetLocationName("");
+}
+
+void ApplyLook(const Look& look, Camera& camera) {
+  SphViewCoor angles;
+  angles.lon = (360.0 - look.azimuth) * kRadiansPerDegree;
+  angles.lat = look.altitude * kRadiansPerDegree;
+  camera.SetBasePlane(kHorizonPlane);
+  camera.SetRA_Dec(angles);
+}
+
+ViewResult ApplyTime(const WrittenTime& written, const std::string& text, Camera& camera) {
+  _Date time;
+  camera.GetUniversalTime(time);
+  const std::string zone = camera.GetDisplayTimeZoneName(true);
+  UniversalMoment moment = {written.day, written.fraction - written.utcOffset.value_or(0.0)};
+  Adjust_JD(moment.day, moment.fraction);
+  if (!written.utcOffset) {
+    const auto found = LocalToUniversal(zone, written.day, written.fraction);
+    if (!found)
+      return BadOption("--time '" + text + "': the clocks of " + zone +
+                       " skip that time; wants one they show");
+    moment = *found;
+  }
+  time.day = moment.day;
+  time.fraction = moment.fraction;
+  camera.SetUniversalTime(time);
+  return {};
+}
+
+// A direction on the sky becomes the direction in which it stands at this time and place.
+void CountFromHorizon(Camera& camera) {
+  if (camera.GetBasePlane() == kHorizonPlane || !CountsFromHorizon(camera)) return;
+  const SphViewCoor sky = camera.GetViewAngles();
+  camera.SetBasePlane(kHorizonPlane);
+  PrepareObserver(camera);
+  Direction there;
+  camera.ReductRADec2CamDouble(sky.lon, sky.lat, there.v);
+  SphViewCoor angles;
+  psf(there.v, 1.0, angles.lon, angles.lat);
+  camera.SetRA_Dec(angles);
+}
+
+// A direction that is locked on the object travelled around turns to it. Any other object's place is not known here: it
+// is not what the view is centred on.
+void TurnToObserver(Camera& camera) {
+  const SphCoor& place = camera.GetLocation();
+  const bool around =
+      camera.GetCenterObject() == camera.GetObserver() && place.coorSys == camera.GetBasePlane();
+  if (!camera.IsDirectionLocked() || !around) {
+    camera.SetCenterView(SSO_ID());
+    camera.SetDirectionLock(false);
+    return;
+  }
+  SphViewCoor angles;
+  angles.lon = std::fmod(place.lon + kPi, 2.0 * kPi);
+  angles.lat = -place.lat;
+  camera.SetRA_Dec(angles);
+}
+
+void Move(const MovingType& moving, Camera& camera) {
+  camera.SetMovingType(static_cast<char>(moving.type), moving.keep);
+  if (moving.type != 0) TurnToObserver(camera);
+}
+
+ViewResult RestoreSession(const SessionCapsule& capsule, Diagnostics& diagnostics, Camera& camera) {
+  std::vector<std::string> lost;
+  std::string error;
+  if (!RestoreCamera(capsule, camera, lost, error)) return BadData(error);
+  for (const auto& line : lost) diagnostics.lines.push_back(line + "\n");
+  return {};
+}
+
+// What places and directions on the Earth cannot be told to.
+ViewResult CheckEarth(const Options& options, const Camera& camera) {
+  if (camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return {};
+  if (options.place) return BadOption("--place: wants a view from the Earth");
+  if (options.look) return BadOption("--look: wants a view from the Earth, whose horizon it counts from");
+  return {};
+}
+
+std::string NameView(const Options& options) {
+  if (options.movingType) return "--moving-type " + std::to_string(options.movingType->type) + ": the view ";
+  if (options.session) return *options.session + ": the view ";
+  return options.view ? options.view->path + ": the view " : "filters.data: the default view ";
+}
+
+}  // namespace
+
+std::string ResolveInput(const std::string& name) {
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(name, ignored)) return std::filesystem::absolute(name).string();
+  return ZentharPath::GetPath(name.c_str());
+}
+
+ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera& camera) {
+  if (options.view) {
+    if (auto restored = RestoreView(*options.view, camera); restored.failure != Failure::kNone)
+      return restored;
+  }
+  if (options.capsule) {
+    if (auto restored = RestoreSession(*options.capsule, diagnostics, camera);
+        restored.failure != Failure::kNone)
+      return restored;
+  }
+  if (options.home == HomeAction::kGo) {
+    if (auto gone = GoHome(camera); gone.failure != Failure::kNone) return gone;
+  }
+  if (options.movingType) Move(*options.movingType, camera);
+  if (auto checked = CheckEarth(options, camera); checked.failure != Failure::kNone) return checked;
+  if (options.zone) {
+    if (!IsKnownZone(*options.zone, diagnostics)) {
+      return BadOption("--zone '" + *options.zone +
+                       "': wants NAME (time zone of the IANA database, for example " + "Europe/Berlin)");
+    }
+    camera.SetTimeZoneName(options.zone->c_str(), true);
+  }
+  if (options.place) ApplyPlace(*options.place, camera);
+  if (options.look) ApplyLook(*options.look, camera);
+  if (options.zoom) camera.SetZoom(*options.zoom);
+  if (options.time) {
+    if (auto set = ApplyTime(*options.time, options.timeText, camera); set.failure != Failure::kNone)
+      return set;
+  }
+  if (const char* fault = FindFault(camera)) return BadData(NameView(options) + fault);
+  camera.SetWinRect({options.size.width, options.size.height, options.size.width, options.size.height});
+  camera.UpdateLocUTCDeltaFromTimeZone();
+  CountFromHorizon(camera);
+  return {};
+}
+
+bool SaveView(Camera& camera, const ViewFile& view, std::string& error) {
+  namespace fs = std::filesystem;
+  const std::string target = fs::absolute(view.path).string(), beside = target + ".part";
+  std::error_code ignored;
+  fs::remove(beside, ignored);
+  // The camera appends to files; the block it writes into a fresh one then takes its place in the target.
+  camera.WriteSelfAll(beside.c_str(), view.id);
+  SettingsData record(static_cast<unsigned>(view.id), kCameraRecord, "filters.data");
+  const bool saved =
+      SettingsData::HoldsBlock(beside.c_str(), kCameraRecord, static_cast<unsigned>(view.id)) &&
+      record.Read(beside.c_str()) && record.Save(target.c_str());
+  fs::remove(beside, ignored);
+  if (!saved) error = view.path + ": the view cannot be saved there";
+  return saved;
+}
+
+}  // namespace skyview

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "paint/picture_file.h"
+
+#include <cairo.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "scene/frame_helpers.h"
+#include "scene/frame/caption.h"
+#include "skyview/reports/status.h"
+#include "paint/xml_check.h"
+
+using namespace skyview;
+
+namespace {
+
+// As the painter sets captions, pixels.
+double MeasureWidth(const std::string& text, double size) {
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1);
+  cairo_t* context = cairo_create(surface);
+  cairo_select_font_face(context, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_set_font_size(context, size);
+  cairo_text_extents_t extents;
+  cairo_text_extents(context, text.c_str(), &extents);
+  cairo_destroy(context);
+  cairo_surface_destroy(surface);
+  return extents.x_advance;
+}
+
+}  // namespace
+
+class PictureFile : public testing::Test {
+ protected:
+  PictureFile() { f.Compute(); }
+  std::size_t CountFiles() const {
+    const std::filesystem::directory_iterator files(f.sky.dir.Path());
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+  }
+
+  host_test::FrameFixture f;
+  std::string error;
+};
+
+TEST_F(PictureFile, SvgIsWellFormedAndHoldsItsLabelsAsText) {
+  std::string svg;
+  ASSERT_TRUE(MakeSvg(f.frame, svg, error)) << error;
+  EXPECT_EQ(host_test::FindXmlFault(svg), "");
+  for (const char* label : {"Sirius", "Betelgeuse", "Rigel", "M42", "Orion"}) {
+    EXPECT_NE(svg.find(">" + std::string(label) + "</text>"), std::string::npos) << label;
+  }
+  EXPECT_NE(svg.find("width=\"1600px\""), std::string::npos);
+}
+
+TEST_F(PictureFile, TextInTheSvgIsEscaped) {
+  f.frame.SetCaption({"<a & b>"});
+  f.Compute();
+  std::string svg;
+  ASSERT_TRUE(MakeSvg(f.frame, svg, error)) << error;
+  EXPECT_EQ(host_test::FindXmlFault(svg), "");
+  EXPECT_NE(svg.find(">&lt;a &amp; b&gt;</text>"), std::string::npos);
+}
+
+TEST_F(PictureFile, CaptionFitsInTheWidthInEveryLanguage) {
+  f.camera.SetTimeZoneName("America/Argentina/Buenos_Aires", true);
+  f.camera.SetCenterView(SSO_ID(FourCC("star"), 5459));
+  for (const char* language : {"de", "ru", "en"}) {
+    ASSERT_TRUE(SwitchLanguage(
+        f.sky.dir.Path("data"), language, [] {}, error))
+        << error;
+    const auto status = MakeStatus(f.camera, f.catalogs);
+    for (const auto& [width, height] : {std::pair(1600, 1000), std::pair(640, 480), std::pair(500, 1500)}) {
+      const double unit = GetPictureUnit(width, height);
+      const auto lines = MakeCaption(status, width, height);
+      EXPECT_GE(lines.size(), 2u);
+      for (const auto& line : lines) {
+        EXPECT_LE(kCaptionLeft * unit + MeasureWidth(line, kCaptionFont * unit), width) << line;
+      }
+    }
+  }
+}
+
+// PNG specification: eight bytes of signature, then the header chunk with width and height, most significant first.
+TEST_F(PictureFile, PngHasTheSizeOfTheWindow) {
+  std::string png;
+  ASSERT_TRUE(MakePng(f.frame, png, error)) << error;
+  ASSERT_GT(png.size(), 24u);
+  EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1a\n");
+  EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x06\x40\0\0\x03\xE8", 8));
+}
+
+TEST_F(PictureFile, WritingReplacesTheOldPictureWhole) {
+  const std::string path = f.sky.dir.Write("sky.svg", "old");
+  ASSERT_TRUE(WritePicture(f.frame, path, error)) << error;
+  EXPECT_EQ(host_test::FindXmlFault(f.sky.dir.Read("sky.svg")), "");
+  EXPECT_FALSE(std::filesystem::exists(path + ".part"));
+}
+
+TEST_F(PictureFile, MissingFolderIsOneLineThatNamesTheFile) {
+  const std::string path = f.sky.dir.Path("nowhere/sky.png");
+  EXPECT_FALSE(WritePicture(f.frame, path, error));
+  EXPECT_EQ(error.find(path), 0u) << error;
+  EXPECT_EQ(error.find('\n'), std::string::npos);
+}
+
+TEST_F(PictureFile, FailureLeavesNothingBehind) {
+  // A folder of the picture's name cannot be replaced by a file.
+  std::filesystem::create_directories(f.sky.dir.Path("sky.png/inside"));
+  const std::size_t before = CountFiles();
+  EXPECT_FALSE(WritePicture(f.frame, f.sky.dir.Path("sky.png"), error));
+  EXPECT_EQ(CountFiles(), before);
+}

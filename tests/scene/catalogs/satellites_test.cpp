@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/catalogs/satellites.h"
+
+#include <gtest/gtest.h>
+
+#include "astro/julian_date.h"
+#include "scene/frame_helpers.h"
+#include "scene/bodies/rise_set.h"
+#include "scene/bodies/satellite_pass.h"
+
+using namespace skyview;
+
+namespace {
+
+class Satellites : public testing::Test {
+ protected:
+  bool Load(const std::string& text) {
+    bodies.clear();
+    return LoadSatellites(f.sky.dir.Write("sets.tle", text), bodies, error);
+  }
+  std::size_t CountLines() const { return f.diagnostics.lines.size(); }
+
+  host_test::FrameFixture f;
+  BodyList bodies;
+  std::string error;
+};
+
+const std::string kSet = std::string(host_test::kStationLine1) + "\n" + host_test::kStationLine2 + "\n";
+
+}  // namespace
+
+TEST_F(Satellites, NamedAndNamelessSetsAreRead) {
+  ASSERT_TRUE(Load("# comment\n\n" + host_test::StationSet())) << error;
+  ASSERT_EQ(bodies.size(), 1u);
+  EXPECT_EQ(bodies[0].id, SSO_ID(FourCC("scft"), 25544));
+  EXPECT_EQ(bodies[0].names.front(), "ISS (ZARYA)");
+  EXPECT_EQ(bodies[0].elements.tag, kTwoLineTag);
+  ASSERT_TRUE(Load("0 ISS\n" + kSet));
+  EXPECT_EQ(bodies[0].names.front(), "ISS");
+  ASSERT_TRUE(Load(kSet));
+  EXPECT_EQ(bodies[0].names.front(), "25544");
+  EXPECT_EQ(CountLines(), 0u);
+}
+
+TEST_F(Satellites, ByteOrderMarkAndCrLfAreUnderstood) {
+  ASSERT_TRUE(
+      Load(std::string("\xEF\xBB\xBFISS\r\n") + host_test::kStationLine1 + "\r\n" + host_test::kStationLine2))
+      << error;
+  EXPECT_EQ(bodies[0].names.front(), "ISS");
+}
+
+TEST_F(Satellites, SetWithAWrongChecksumIsOneLineAndTheNextIsKept) {
+  std::string damaged = kSet;
+  damaged[20] = damaged[20] == '1' ? '2' : '1';
+  ASSERT_TRUE(Load("BAD\n" + damaged + host_test::StationSet()));
+  EXPECT_EQ(bodies.size(), 1u);
+  ASSERT_EQ(CountLines(), 1u);
+  EXPECT_NE(f.diagnostics.lines[0].find("sets.tle:3: "), std::string::npos) << f.diagnostics.lines[0];
+}
+
+TEST_F(Satellites, SecondLineThatIsMissingIsOneLine) {
+  ASSERT_TRUE(Load(std::string("A\n") + host_test::kStationLine1 + "\n" + host_test::StationSet()));
+  EXPECT_EQ(bodies.size(), 1u);
+  EXPECT_EQ(CountLines(), 1u);
+}
+
+TEST_F(Satellites, FileThatEndsWithinASetIsOneLine) {
+  ASSERT_TRUE(Load(host_test::StationSet() + "X\n" + host_test::kStationLine1));
+  EXPECT_EQ(bodies.size(), 1u);
+  EXPECT_EQ(CountLines(), 1u);
+}
+
+TEST_F(Satellites, RepeatedNumberIsOneLine) {
+  ASSERT_TRUE(Load(host_test::StationSet() + host_test::StationSet()));
+  EXPECT_EQ(bodies.size(), 1u);
+  EXPECT_EQ(CountLines(), 1u);
+}
+
+TEST_F(Satellites, FileWithoutASetFails) {
+  EXPECT_FALSE(Load("nothing\n"));
+  EXPECT_NE(error.find("sets.tle: holds no two-line elements"), std::string::npos);
+  EXPECT_FALSE(LoadSatellites(f.sky.dir.Path("absent.tle"), bodies, error));
+  EXPECT_NE(error.find("cannot be read"), std::string::npos);
+}
+
+TEST_F(Satellites, OldElementsAndDecayedSatellitesAreReportedInOneLineEach) {
+  ASSERT_TRUE(Load(host_test::StationSet()));
+  int day = 0;
+  double fraction = 0.0;
+  DJ({2014, 1, 25, 0, 0, 0.0}, day, fraction);
+  ReportLostSatellites(bodies, MakeMoment(day, fraction));
+  EXPECT_EQ(CountLines(), 0u);
+  DJ({2014, 4, 1, 0, 0, 0.0}, day, fraction);
+  ReportLostSatellites(bodies, MakeMoment(day, fraction));
+  ASSERT_EQ(CountLines(), 1u);
+  EXPECT_NE(f.diagnostics.lines[0].find("ISS (ZARYA): its elements are 70 days old"), std::string::npos)
+      << f.diagnostics.lines[0];
+}
+
+// Berlin, 2014 January 21, 05:07:12 UT: azimuth 190.8, altitude 69.0, 449 km away, sunlit; 03:30:30 UT: azimuth 169.9,
+// altitude 69.9, in the Earth's shadow (PyEphem 4.1.4 from the same elements).
+TEST_F(Satellites, StationStandsAndShinesWhereAnotherLibrarySeesIt) {
+  ASSERT_TRUE(LoadSatellites(f.sky.dir.Write("s.tle", host_test::StationSet()), f.catalogs.bodies, error));
+  BodyModel model(f.catalogs.bodies);
+  const SatellitePasses passes(model);
+  const int station = FindBody(f.catalogs.bodies, SSO_ID(FourCC("scft"), 25544));
+  const EarthPlace berlin = GetPlace(f.camera);
+  const struct {
+    int hour, minute, second;
+    double azimuth, altitude, distance;
+    bool sunlit;
+  } expected[] = {{5, 7, 12, 190.823, 69.022, 449.2, true}, {3, 30, 30, 169.896, 69.939, 446.4, false}};
+  for (const auto& entry : expected) {
+    int day = 0;
+    double fraction = 0.0, axes[9];
+    DJ({2014, 1, 21, entry.hour, entry.minute, static_cast<double>(entry.second)}, day, fraction);
+    const SkyMoment moment = MakeMoment(day, fraction);
+    model.Compute(moment, berlin);
+    const BodyState& state = model.GetStates()[static_cast<std::size_t>(station)];
+    ASSERT_TRUE(state.known);
+    HorizonAxes(moment, berlin, axes);
+    const HorizonPlace place = MakeHorizonPlace(axes, state.seen.apparent, 0.0);
+    // The station crosses half a degree in half a second.
+    EXPECT_NEAR(place.altitude / kRadiansPerDegree, entry.altitude, 0.7);
+    EXPECT_NEAR(place.azimuth / kRadiansPerDegree, entry.azimuth, 2.0);
+    EXPECT_NEAR(state.seen.distance * 149597870.7, entry.distance, 3.0);
+    EXPECT_EQ(passes.IsSunlitNow(station), entry.sunlit);
+  }
+}
+
+TEST_F(Satellites, PassHasAPathWithAMarkEachMinute) {
+  ASSERT_TRUE(LoadSatellites(f.sky.dir.Write("s.tle", host_test::StationSet()), f.catalogs.bodies, error));
+  SkyFrame frame(f.catalogs);
+  f.SetTime(2014, 1, 21, 5, 7);
+  f.camera.SetZoom(0.3);
+  f.SetLook(190.0, 60.0);
+  frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
+  const SatellitePasses& passes = frame.GetSolarSystem().GetPasses();
+  ASSERT_GE(passes.GetMarks().size(), 5u);
+  EXPECT_GT(passes.GetLines().size(), 4u * passes.GetMarks().size());
+  bool now = false;
+  for (const auto& mark : passes.GetMarks()) now = now || std::string(mark.text) == "05:07";
+  EXPECT_TRUE(now);
+  // The path leads through the satellite.
+  const DrawnBody* station = frame.GetSolarSystem().GetMarks().Find(13);
+  ASSERT_NE(station, nullptr);
+  double least = 1e9;
+  for (const auto& line : passes.GetLines())
+    least = std::min(least, std::hypot(line.from.x - station->place.x, line.from.y - station->place.y));
+  EXPECT_LT(least, 3.0);
+  f.SetTime(2014, 1, 21, 5, 40);
+  frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
+  EXPECT_TRUE(passes.GetLines().empty()) << "far below the horizon by now";
+}
+
+TEST(SatelliteLight, IsHiddenWhereTheEarthHidesTheSun) {
+  const double sun[3] = {1.0, 0.0, 0.0};
+  const double day[3] = {7000.0, 0.0, 0.0}, night[3] = {-7000.0, 0.0, 0.0}, side[3] = {0.0, 7000.0, 0.0},
+               beyond[3] = {-7000.0, 6400.0, 0.0}, grazing[3] = {-7000.0, 6300.0, 0.0};
+  EXPECT_TRUE(IsSunlit(day, sun));
+  EXPECT_FALSE(IsSunlit(night, sun));
+  EXPECT_TRUE(IsSunlit(side, sun));
+  EXPECT_TRUE(IsSunlit(beyond, sun));
+  EXPECT_FALSE(IsSunlit(grazing, sun));
+}

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/search/object_search.h"
+
+#include <gtest/gtest.h>
+
+#include "scene/frame_helpers.h"
+#include "scene/search/name_key.h"
+#include "skyview/options/name_list.h"
+
+using namespace skyview;
+
+TEST(NameKey, CaseBlanksPunctuationAndAccentsDoNotMatter) {
+  EXPECT_EQ(MakeNameKey("NGC 224"), "ngc224");
+  EXPECT_EQ(MakeNameKey("Boötes"), "bootes");
+  EXPECT_EQ(MakeNameKey("Boo\xCC\x88tes"), "bootes") << "a combining diaeresis";
+  EXPECT_EQ(MakeNameKey("Citalá"), "citala");
+  EXPECT_EQ(MakeNameKey("Bird's  Head-3"), "birdshead3");
+  EXPECT_EQ(MakeNameKey("Łódź Straße ŒŸ"), "lodzstrasseoey");
+  EXPECT_EQ(MakeNameKey(""), "");
+}
+
+TEST(NameKey, GreekLettersAreWrittenOut) {
+  EXPECT_EQ(MakeNameKey("α CMa"), "alphacma");
+  EXPECT_EQ(MakeNameKey("Ω2 Aqr"), "omega2aqr");
+  EXPECT_EQ(MakeNameKey("θ¹ Ori"), "theta1ori");
+  EXPECT_EQ(MakeNameKey("σς"), "sigmasigma");
+}
+
+TEST(NameKey, OtherScriptsAndBrokenUtf8Stay) {
+  EXPECT_EQ(MakeNameKey("Орион"), "Орион");
+  EXPECT_EQ(MakeNameKey("a\xCE"), "a\xCE");
+  EXPECT_EQ(MakeNameKey("\xFF\x80z"), "\xFF\x80z");
+}
+
+TEST(NameKey, ShortGreekLettersAreExpandedOnlyBeforeSomething) {
+  EXPECT_EQ(ExpandGreekLetter("alp CMa"), "alpha CMa");
+  EXPECT_EQ(ExpandGreekLetter("Eps1 Lyr"), "epsilon1 Lyr");
+  EXPECT_EQ(ExpandGreekLetter("alp"), "alp");
+  EXPECT_EQ(ExpandGreekLetter("alpha CMa"), "alpha CMa");
+  EXPECT_EQ(ExpandGreekLetter("M 31"), "M 31");
+}
+
+TEST(NameList, IsSetApartByCommas) {
+  EXPECT_EQ(JoinNames({"A", "B"}), "A, B");
+  EXPECT_EQ(JoinNames({}), "");
+}
+
+class ObjectSearchTest : public testing::Test {
+ protected:
+  std::string TitleOf(const std::string& name) {
+    std::string error;
+    const auto found = search.FindOne(name, error);
+    return found ? search.GetTitle(*found) : "? " + error;
+  }
+  host_test::FrameFixture f;
+  ObjectSearch search{f.catalogs};
+};
+
+TEST_F(ObjectSearchTest, EveryNameOfAnObjectFindsIt) {
+  for (const char* name :
+       {"Betelgeuse", "betelgeuse", "α Ori", "alpha Ori", "ALP ORI", "HR 2061", "hr2061"}) {
+    EXPECT_EQ(TitleOf(name), "Betelgeuse (α Ori, HR 2061)") << name;
+  }
+  for (const char* name : {"M31", "m 31", "Messier 31", "NGC 224", "ngc224", "andromeda galaxy"}) {
+    EXPECT_EQ(TitleOf(name), "M 31 (NGC 224, Andromeda Galaxy)") << name;
+  }
+  for (const char* name : {"Orion", "ori", "HUNTER"}) EXPECT_EQ(TitleOf(name), "Orion (Ori, Hunter)") << name;
+}
+
+TEST_F(ObjectSearchTest, UnknownNameNamesSimilarOnes) {
+  EXPECT_EQ(TitleOf("Rigl"), "? 'Rigl': no such object; similar: Rigel");
+  EXPECT_EQ(TitleOf("Xyzzy"), "? 'Xyzzy': no such object");
+  EXPECT_EQ(TitleOf(""), "? '': no such object");
+}
+
+TEST_F(ObjectSearchTest, AmbiguousNameListsItsObjects) {
+  f.sky.dir.Write(
+      "data/catalogs/stars.txt",
+      "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tBayer:text\n1948\t1.4\t0\t2\tζ Ori\n1949\t1.4\t0\t4\tζ "
+      "Ori\n");
+  SkyCatalogs catalogs;
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(catalogs, error));
+  EXPECT_FALSE(ObjectSearch(catalogs).FindOne("zeta Ori", error));
+  EXPECT_EQ(error, "'zeta Ori': ambiguous, wants one of ζ Ori (HR 1948); ζ Ori (HR 1949)");
+}
+
+TEST_F(ObjectSearchTest, KindAndNumberAreThoseOfTheCatalogs) {
+  std::string error;
+  const auto star = search.FindOne("Sirius", error), nebula = search.FindOne("M42", error);
+  ASSERT_TRUE(star && nebula);
+  EXPECT_EQ(GetKind(*star, f.catalogs), FourCC("star"));
+  EXPECT_EQ(GetNumber(*star, f.catalogs), 2491);
+  EXPECT_EQ(GetKind(*nebula, f.catalogs), FourCC("nebu"));
+  EXPECT_EQ(GetNumber(*nebula, f.catalogs), 42);
+}

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/visibility/shown_kinds.h"
+
+#include <gtest/gtest.h>
+
+#include "skyview/session/diagnostics.h"
+#include "support/camera_settings.h"
+#include "utils/text.h"
+
+using namespace skyview;
+
+class ShownKindsTest : public testing::Test {
+ protected:
+  void Add(const char* section, const char* name, int value) {
+    const auto id = static_cast<unsigned>(GetFOURCC(section));
+    test_support::AddField(settings, id, test_support::UInt8(name, value));
+    settings.SetSectionStatus(id, 1);
+  }
+
+  Diagnostics diagnostics;
+  test_support::TempRoots roots;
+  CommonInterfaces::SettingsData settings{1, FourCC("FLTR"), "filters.data"};
+};
+
+TEST_F(ShownKindsTest, EmptySettingsShowEverythingUnderLatinNames) {
+  const ShownKinds shown = ReadShownKinds(settings);
+  for (const char* kind : {"star", "clst", "gala", "nebu", "dsnv"})
+    EXPECT_TRUE(shown.IsShown(GetFOURCC(kind))) << kind;
+  EXPECT_TRUE(shown.figures && shown.constellationNames && shown.milkyWay && shown.horizon && shown.compass);
+  EXPECT_FALSE(shown.englishNames);
+  EXPECT_TRUE(diagnostics.lines.empty());
+}
+
+TEST_F(ShownKindsTest, SwitchOfZeroHidesAndTheCurrentSectionStays) {
+  Add("gala", "GalaxyDraw", 0);
+  Add("clst", "ClusterDraw", 1);
+  Add("grid", "Compass", 0);
+  Add("cnst", "EnglishName", 1);
+  settings.SetCurSection(FourCC("clst"));
+  const ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.galaxies || shown.compass);
+  EXPECT_TRUE(shown.clusters && shown.horizon && shown.englishNames);
+  EXPECT_EQ(settings.GetCurSection(), static_cast<unsigned>(FourCC("clst")));
+  EXPECT_TRUE(diagnostics.lines.empty());
+}
+
+TEST_F(ShownKindsTest, SectionThatIsOffHidesWhateverItsSwitchesSay) {
+  Add("star", "Draw", 1);
+  settings.SetSectionStatus(FourCC("star"), 0);
+  EXPECT_FALSE(ReadShownKinds(settings).stars);
+}
+
+TEST_F(ShownKindsTest, SwitchOfAnotherTypeIsNotRead) {
+  test_support::AddField(settings, FourCC("nebu"), test_support::Int32("CloudsDraw", 0));
+  settings.SetSectionStatus(FourCC("nebu"), 1);
+  EXPECT_TRUE(ReadShownKinds(settings).nebulae);
+}
+
+TEST_F(ShownKindsTest, KindsThatArePicturesOfNothingAreNotShown) {
+  EXPECT_FALSE(ShownKinds().IsShown(FourCC("camr")));
+  EXPECT_TRUE(ShownKinds().IsShown(FourCC("plnt")));
+  EXPECT_FALSE(ShownKinds().IsShown(-1));
+}

@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The options that move the camera, mark the sky, keep homes and draw sequences, through the whole program.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "paint/picture_file.h"
+#include "scene/small_sky.h"
+
+using host_test::SmallSky;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Arguments = std::vector<std::string>;
+
+const Arguments kOrion = {"--place", "52.52,13.405", "--zone",           "Europe/Berlin", "--size",
+                          "320x200", "--time",       "2026-01-15T22:00", "--look",        "180,30"};
+
+Arguments With(Arguments arguments, const Arguments& more) {
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return arguments;
+}
+
+// A record of a moving type in the defaults: the ecliptic seen from 1 au beside the Sun.
+void AddSpaceRecord(SmallSky& sky, int observer) {
+  auto fields = test_support::CameraFields();
+  using namespace test_support;
+  ReplaceField(fields, Int8("m_ObsMovingType", 3));
+  ReplaceField(fields, Int32("m_ObsObjID", observer));
+  ReplaceField(fields, Double("m_dist", 1.0));
+  ReplaceField(fields, UInt8("m_distUnits", 4));
+  ReplaceField(fields, Double("m_alp", 1.0));
+  ReplaceField(fields, Double("m_bet", 0.0));
+  ReplaceField(fields, UInt8("m_BasePlane", 2));
+  AppendBlock(sky.dir.Path("data/filters.data"), FourCC("CFCN"), CommonInterfaces::SettingsData::kDefaultsTag,
+              kCameraSection, fields);
+}
+
+int CountFiles(const SmallSky& sky, const std::string& ending) {
+  int count = 0;
+  for (const auto& entry : fs::directory_iterator(sky.dir.Path())) {
+    count += entry.path().extension() == ending ? 1 : 0;
+  }
+  return count;
+}
+
+}  // namespace
+
+TEST(MovingTypeOption, StatusAndPlaneFollow) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 10);
+  ASSERT_EQ(sky.Run({"--moving-type", "3", "--time", "2026-01-15T22:00Z"}), 0) << sky.errors.str();
+  for (
+      const char* line :
+      {"Place: In free flight near Sun\n", "Distance: 1 au\n", "Reference plane:\u00A0ecliptic\n",
+       "Universal Time: 22:00, 15/01/2026 AD\n",
+       // One radian along the ecliptic: tan RA = tan 1 cos e, sin Dec = sin 1 sin e with e = 23.4393 degrees.
+       "Centre (J2000): RA 3h40m03", "Dec 19°33'19",
+       "Direction: longitude 57°17'44.81\", latitude 0°00'00.00\" (ecliptic)\n"}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
+  }
+}
+
+TEST(MovingTypeOption, OtherObserversAreRefusedWithOneLine) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 4);
+  EXPECT_EQ(sky.Run({"--moving-type", "3"}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("--moving-type 3: the view is not seen from"), std::string::npos)
+      << sky.errors.str();
+}
+
+TEST(MovingTypeOption, PlacesAndDirectionsOfTheEarthAreRefusedElsewhere) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 10);
+  for (const auto& [option, value] : {std::pair("--place", "50,8"), std::pair("--look", "180,30")}) {
+    EXPECT_EQ(sky.Run({"--moving-type", "3", option, value}), 2) << option;
+    EXPECT_EQ(sky.GetErrorLine().rfind(std::string("skyview: ") + option, 0), 0u) << sky.errors.str();
+  }
+}
+
+TEST(HomeOption, StoredHomeIsShownAndGoneToInTheNextRun) {
+  SmallSky sky;
+  const Arguments work = {"--work", sky.dir.Path("work")};
+  ASSERT_EQ(sky.Run(With(kOrion, With(work, {"--home", "store"}))), 0) << sky.errors.str();
+  ASSERT_TRUE(fs::exists(sky.dir.Path("work/home_params.ini")));
+  ASSERT_EQ(sky.Run(With(work, {"--home", "show"})), 0);
+  for (const char* line : {"Home of plnt 3\n", "azimuth 180.0000°, altitude 30.0000°",
+                           "time: 2026-01-15 21:00 UT, zone Europe/Berlin\n"}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
+  }
+  ASSERT_EQ(sky.Run(With(work, {"--home", "go"})), 0) << sky.errors.str();
+  for (const char* line : {"Local time: 22:00, 15/01/2026 AD (Europe/Berlin, UT+01:00)\n",
+                           "azimuth 180°00'00.00\", altitude 30°00'00.00\" (S)\n", "Zoom: 0.65\n"}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
+  }
+}
+
+TEST(HomeOption, WithoutHomesThereIsNothingToShowOrGoTo) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run({"--home", "show"}), 0);
+  EXPECT_EQ(sky.output.str(), "No homes\n");
+  EXPECT_EQ(sky.Run({"--home", "go"}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("--home go"), std::string::npos);
+}
+
+TEST(HomeOption, StoringWantsAWorkArea) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run({"--home", "store"}), 2);
+  EXPECT_NE(sky.GetErrorLine().find("--work"), std::string::npos) << sky.errors.str();
+}
+
+TEST(HomeOption, TravellersHaveNoHome) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 10);
+  EXPECT_EQ(sky.Run({"--moving-type", "3", "--home", "store", "--work", sky.dir.Path("work")}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("stands on a surface"), std::string::npos) << sky.errors.str();
+  EXPECT_FALSE(fs::exists(sky.dir.Path("work/home_params.ini")));
+}
+
+TEST(HomeOption, UnwritableFileIsOneLine) {
+  SmallSky sky;
+  fs::create_directories(sky.dir.Path("work/home_params.ini"));
+  EXPECT_EQ(sky.Run({"--home", "store", "--work", sky.dir.Path("work")}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("home_params.ini"), std::string::npos) << sky.errors.str();
+}
+
+TEST(PlayOption, FramesAndContactSheetAreWritten) {
+  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h,view=2", "--frames", "3", "--out",
+                                  sky.dir.Path("f-%02d.png"), "--contact-sheet", sky.dir.Path("all.png")})),
+            0)
+      << sky.errors.str();
+  EXPECT_EQ(CountFiles(sky, ".png"), 4);
+  EXPECT_TRUE(fs::exists(sky.dir.Path("f-03.png")));
+  EXPECT_TRUE(sky.Printed("Local time: 22:00")) << "the report is that of the first frame";
+}
+
+// The last frame is the picture that the moved view gives by itself.
+TEST(PlayOption, FrameIsThePictureOfItsMoment) {
+  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "3", "--out", sky.dir.Path("f-%d.png")})),
+            0);
+  Arguments later = kOrion;
+  later[7] = "2026-01-16T00:00";
+  ASSERT_EQ(sky.Run(With(later, {"--out", sky.dir.Path("later.png")})), 0);
+  EXPECT_TRUE(sky.dir.Read("f-3.png") == sky.dir.Read("later.png"));
+  EXPECT_FALSE(sky.dir.Read("f-1.png") == sky.dir.Read("f-3.png"));
+}
+
+TEST(PlayOption, WhatIsMissingOrWrongIsNamed) {
+  SmallSky sky;
+  const std::pair<Arguments, const char*> bad[] = {
+      {{"--play", "time=1h"}, "--frames"},
+      {{"--frames", "3"}, "--play"},
+      {{"--contact-sheet", "a.png"}, "--play"},
+      {{"--play", "time=1h", "--frames", "3"}, "--out"},
+      {{"--play", "time=1h", "--frames", "3", "--out", "a.png"}, "a.png"},
+      {{"--play", "time=1h", "--frames", "3", "--out", "%s%d.png"}, "%s%d.png"},
+      {{"--play", "time=1h", "--frames", "10001", "--out", "%d.png"}, "10001"},
+      {{"--play", "time=1h", "--frames", "3", "--contact-sheet", "a.svg"}, "a.svg"},
+      {{"--play", "time=1", "--frames", "3", "--out", "%d.png"}, "time=1"},
+      {{"--marker", "400,0"}, "400,0"},
+      {{"--moving-type", "12"}, "12"},
+      {{"--home", "sweet"}, "sweet"}};
+  for (const auto& [arguments, part] : bad) {
+    EXPECT_EQ(sky.Run(arguments), 2) << part;
+    EXPECT_NE(sky.GetErrorLine().find(part), std::string::npos) << sky.errors.str();
+  }
+}
+
+TEST(PlayOption, FrameThatCannotBeWrittenIsExitOne) {
+  SmallSky sky;
+  EXPECT_EQ(
+      sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "2", "--out", sky.dir.Path("no/f%d.png")})), 1);
+  EXPECT_NE(sky.GetErrorLine().find("f1.png"), std::string::npos) << sky.errors.str();
+}
+
+TEST(MarkerOption, MarkersAreDrawn) {
+  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--marker", "5.9195h,7.407,4711", "--out", sky.dir.Path("m.svg")})), 0)
+      << sky.errors.str();
+  EXPECT_NE(sky.dir.Read("m.svg").find(">4711</text>"), std::string::npos);
+}
