@@ -92,7 +92,7 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
 
 ViewResult GoHome(Camera& camera) {
   if (!camera.FindHome(kEarth)) {
-    return {Failure::kBadData, "--home go: there is no home on the Earth (--home store makes one)"};
+    return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);
   if (IsNearSurface(camera)) {

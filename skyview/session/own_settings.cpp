@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/settings_options.h"
+#include "skyview/session/own_settings.h"
 
 #include <filesystem>
 #include <vector>

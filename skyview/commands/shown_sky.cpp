@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/commands/shown_sky.h"
+
+#include <algorithm>
+
+#include "scene/frame/caption.h"
+#include "scene/search/why.h"
+#include "skyview/commands/start.h"
+#include "skyview/reports/report.h"
+#include "skyview/reports/shower_report.h"
+#include "skyview/reports/status.h"
+#include "skyview/session/favourite_list.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+// Those of a group of bodies.
+std::vector<int> FindOrbits(const OrbitRequest& request, const BodyList& bodies) {
+  std::vector<int> orbits;
+  for (int i = 0; i < static_cast<int>(bodies.size()); ++i) {
+    const bool planet = bodies[static_cast<std::size_t>(i)].id.kind == FourCC("plnt");
+    if (i != kSunBody && (request.all || (request.planets && planet))) orbits.push_back(i);
+  }
+  return orbits;
+}
+
+// The bodies whose orbits --orbits asks for, each once.
+std::vector<int> FindOrbits(const ExtraOptions& options, const BodyList& bodies, ObjectFinder& finder) {
+  if (!options.orbits) return {};
+  std::vector<int> orbits = FindOrbits(*options.orbits, bodies);
+  for (const auto& name : options.orbits->names) {
+    const FoundObject found = finder.Find("--orbits", name);
+    Require(found.group == ObjectGroup::kBody && found.index != kSunBody,
+            "--orbits '" + name + "': has no orbit that can be drawn");
+    if (std::find(orbits.begin(), orbits.end(), found.index) == orbits.end()) orbits.push_back(found.index);
+  }
+  return orbits;
+}
+
+// The objects that are marked: those of the session, else the user's favourites.
+std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
+  if (!session) return ReadFavourites();
+  std::vector<SSO_ID> marks;
+  for (const auto& mark : session->marks) marks.emplace_back(mark.kind, mark.number);
+  return marks;
+}
+
+}  // namespace
+
+ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
+                   Diagnostics& diagnostics)
+    : m_View(options.view, options.settings, session, diagnostics),
+      m_Finder(m_Catalogs),
+      m_WithShowers(options.extras.showers) {
+  LoadCatalogs(options.satellites, m_View.camera, m_Catalogs);
+  m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
+  AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
+  m_Marks = FindMarks(session);
+  m_Shown = ReadShownKinds(m_View.settings);
+  m_Filters.Refresh(m_View.settings);
+  for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
+  m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);
+  m_Maker->Prepare();
+  m_Status = MakeStatus(m_View.camera, m_Catalogs);
+  SetUpFrame(options);
+}
+
+void ShownSky::SetUpFrame(const SkyOptions& options) {
+  SkyFrame& frame = m_Maker->GetFrame();
+  const PictureSize size = options.view.GetSize();
+  std::string error;
+  frame.GetFavouriteMarks().SetObjects(m_Marks);
+  if (options.extras.showers) frame.GetRadiants().SetShowers(LoadShowers());
+  Require(frame.GetImageFrames().Load(options.extras.framesOf, m_Catalogs, error), error);
+  frame.SetCaption(MakeCaption(m_Status, size.width, size.height));
+}
+
+void ShownSky::ShowOrbits(double fadeIn) {
+  for (const int body : m_Orbits) m_Maker->GetFrame().GetOrbits().Show(body, fadeIn);
+}
+
+std::string ShownSky::MakeReport() {
+  std::string report = skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame());
+  if (m_WithShowers) report += MakeShowerReport(m_View.camera, m_Maker->GetObserver(), LoadShowers());
+  return report;
+}
+
+std::string ShownSky::Explain(const std::string& asker, const std::string& name) {
+  const FoundObject object = m_Finder.Find(asker, name);
+  const ShownView view = {m_Maker->GetFrame(), m_View.camera, m_Maker->GetObserver(), m_Shown, m_Filters,
+                          m_View.settings};
+  return FormatExplanation(m_Finder.GetSearch().GetTitle(object), skyview::Explain(object, view));
+}
+
+}  // namespace skyview

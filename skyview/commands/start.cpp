@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/commands/start.h"
+
+#include "common_interfaces/string_table.h"
+#include "skyview/options/stop.h"
+#include "skyview/session/language.h"
+#include "skyview/session/sky_roots.h"
+
+namespace skyview {
+namespace {
+
+constexpr int kProgramNameText = 1;  // in the string table
+
+std::string FindData(const RootOptions& root, const std::string& programFolder) {
+  if (root.data) return *root.data;
+  std::string data, error;
+  Require(FindDataRoot(programFolder, data, error), error);
+  return data;
+}
+
+}  // namespace
+
+void Require(bool done, const std::string& error) {
+  if (!done) throw Stop{kBadData, error};
+}
+
+void Require(const ViewResult& result) {
+  if (result.failure == Failure::kNone) return;
+  throw Stop{result.failure == Failure::kBadOption ? kBadOption : kBadData, result.message};
+}
+
+std::string EnterRoots(const RootOptions& root, const std::string& programFolder) {
+  const std::string data = FindData(root, programFolder), language = root.GetLanguage();
+  std::string error;
+  Require(SetSkyRoots(data, root.work.value_or(""), error), error);
+  const auto fetchNothing = [] {};  // nobody has taken a text yet
+  if (!SwitchLanguage(data, language, fetchNothing, error))
+    throw Stop{kBadOption, "--language '" + language + "': " + error};
+  CommonInterfaces::QX4Strings::SetProgrmaNameId(kProgramNameText);
+  return data;
+}
+
+std::optional<SessionCapsule> ReadSession(const ViewOptions& view) {
+  if (!view.session) return std::nullopt;
+  SessionCapsule session;
+  std::string error;
+  Require(LoadSession(*view.session, session, error), error);
+  return session;
+}
+
+void ReportChangedData(const SessionCapsule& session, const std::string& language, Diagnostics& diagnostics) {
+  for (const auto& line : FindChangedData(session, language)) diagnostics.lines.push_back(line + "\n");
+}
+
+}  // namespace skyview
