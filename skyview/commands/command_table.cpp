@@ -20,7 +20,8 @@ constexpr Command kCommands[] = {
     {"limits", "List the limiting magnitudes of each class by zoom.", RunLimits},
     {"homes show", "List the homes. What homes alone does.", RunHomesShow},
     {"homes store", "Make the view the home of its observer, and say what it shows.", RunHomesStore},
-    {"favourites show", "List the favourites of the work area. What favourites alone does.", RunFavouritesShow},
+    {"favourites show", "List the favourites of the work area. What favourites alone does.",
+     RunFavouritesShow},
     {"favourites add", "Add objects to the favourites, and list them.", RunFavouritesAdd},
     {"favourites remove", "Remove objects from the favourites, and list them.", RunFavouritesRemove},
     {"languages", "List the languages that the data root has.", RunLanguages}};

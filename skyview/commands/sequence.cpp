@@ -4,13 +4,13 @@
 
 #include <optional>
 
-#include "scene/frame/caption.h"
 #include "paint/contact_sheet.h"
-#include "skyview/reports/moment_text.h"
 #include "paint/picture_file.h"
-#include "skyview/session/playback.h"
-#include "skyview/reports/status.h"
+#include "scene/frame/caption.h"
 #include "skyview/commands/start.h"
+#include "skyview/reports/moment_text.h"
+#include "skyview/reports/status.h"
+#include "skyview/session/playback.h"
 #include "utils/clock.h"
 
 namespace skyview {

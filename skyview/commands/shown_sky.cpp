@@ -89,8 +89,8 @@ std::string ShownSky::MakeReport() {
 
 std::string ShownSky::Explain(const std::string& asker, const std::string& name) {
   const FoundObject object = m_Finder.Find(asker, name);
-  const ShownView view = {m_Maker->GetFrame(), m_View.camera, m_Maker->GetObserver(), m_Shown, m_Filters,
-                          m_View.settings};
+  const ShownView view = {m_Maker->GetFrame(), m_View.camera,  m_Maker->GetObserver(), m_Shown,
+                          m_Filters,           m_View.settings};
   return FormatExplanation(m_Finder.GetSearch().GetTitle(object), skyview::Explain(object, view));
 }
 

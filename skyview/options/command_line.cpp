@@ -10,12 +10,19 @@
 namespace skyview {
 namespace {
 
-constexpr int kMostNames = 1000;
+constexpr int kAnyNumber = -1;
 
 // What is wrong with the arguments themselves (one that is not taken, a missing value, an option given twice).
 [[noreturn]] void Refuse(std::string line, const std::string& command) {
   std::replace(line.begin(), line.end(), '\n', ' ');
   throw Stop{kBadOption, line + " (skyview " + command + " --help lists the options and their forms)"};
+}
+
+// The first argument that is not taken; the mark before names is left over too, though it is taken.
+std::optional<std::string> FindExtra(const std::vector<std::string>& remaining) {
+  const auto isExtra = [](const std::string& word) { return word != "--"; };
+  const auto extra = std::find_if(remaining.begin(), remaining.end(), isExtra);
+  return extra == remaining.end() ? std::nullopt : std::optional(*extra);
 }
 
 }  // namespace
@@ -28,7 +35,6 @@ void ThrowBadValue(const OptionText& option, const std::string& value) {
 CommandLine::CommandLine(const std::string& command, const std::string& purpose)
     : m_Command(command), m_App(std::make_unique<CLI::App>(purpose, "skyview " + command)) {
   m_App->allow_windows_style_options(false);  // a path may begin with a slash on every system
-  m_App->allow_extras();                      // Parse names the first of them, the parser all from the back
 }
 
 CommandLine::~CommandLine() = default;
@@ -53,7 +59,7 @@ void CommandLine::TakeName(const char* form, const char* purpose, std::string& n
 
 void CommandLine::TakeNames(const char* form, const char* purpose, std::vector<std::string>& names) {
   CLI::Option* const option = m_App->add_option(form, CLI::callback_t(), purpose);
-  option->type_name("")->expected(1, kMostNames)->required();
+  option->type_name("")->expected(1, kAnyNumber)->allow_extra_args()->required();
   m_Entries.push_back({{m_Command.c_str(), form, purpose}, option, [&names](const std::string& value) {
                          names.push_back(value);
                          return !value.empty();
@@ -73,10 +79,9 @@ void CommandLine::Parse(const std::vector<std::string>& arguments) {
   } catch (const CLI::CallForHelp&) {
     throw Stop{kDone, m_App->help()};
   } catch (const CLI::Error& error) {
-    Refuse(error.what(), m_Command);
+    const auto extra = FindExtra(m_App->remaining());
+    Refuse(extra ? "The following argument was not expected: " + *extra : error.what(), m_Command);
   }
-  const auto extras = m_App->remaining();
-  if (!extras.empty()) Refuse("The following argument was not expected: " + extras[0], m_Command);
   for (const auto& entry : m_Entries) Read(entry);
   for (const auto& check : m_Checks) check();
 }

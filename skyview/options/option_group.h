@@ -34,7 +34,8 @@ template <class Group>
 struct OptionGroup {
   const char* title;  // above them in the help
   std::span<const OptionRow<Group>> rows;
-  void (*check)(const Group& group);  // throws Stop where they make no sense with each other; null: they always do
+  void (*check)(
+      const Group& group);  // throws Stop where they make no sense with each other; null: they always do
 };
 
 // What most readers do: a parser's answer, when there is one, goes to its place.

@@ -66,8 +66,7 @@ constexpr OptionRow<ViewOptions> kRows[] = {
 void Check(const ViewOptions& view) {
   if (view.markers.size() > static_cast<std::size_t>(kMaxMarks))
     throw Stop{kBadOption, "--marker: given more than " + std::to_string(kMaxMarks) + " times"};
-  if (view.session && view.view)
-    throw Stop{kBadOption, "--session: holds a view, wants no --view beside it"};
+  if (view.session && view.view) throw Stop{kBadOption, "--session: holds a view, wants no --view beside it"};
 }
 
 }  // namespace

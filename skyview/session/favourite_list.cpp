@@ -7,10 +7,10 @@
 #include <optional>
 
 #include "common_interfaces/object_lists.h"
-#include "skyview/reports/host_texts.h"
 #include "scene/search/name_key.h"
-#include "skyview/options/name_list.h"
 #include "scene/visibility/object_filter.h"
+#include "skyview/options/name_list.h"
+#include "skyview/reports/host_texts.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 

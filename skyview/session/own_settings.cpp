@@ -8,10 +8,10 @@
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
-#include "skyview/session/favourites.h"
-#include "skyview/options/name_list.h"
 #include "scene/visibility/object_filter.h"
+#include "skyview/options/name_list.h"
 #include "skyview/options/setting_text.h"
+#include "skyview/session/favourites.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 

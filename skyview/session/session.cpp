@@ -9,9 +9,9 @@
 #include <random>
 
 #include "common_interfaces/settings_field.h"
+#include "skyview/options/setting_values.h"
 #include "skyview/session/checksum.h"
 #include "skyview/session/favourites.h"
-#include "skyview/options/setting_values.h"
 #include "skyview/session/own_settings.h"
 #include "utils/bytes.h"
 #include "utils/file.h"

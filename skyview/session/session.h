@@ -9,10 +9,10 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
+#include "scene/frame/sky_markers.h"
 #include "skyview/options/root_group.h"
 #include "skyview/options/sky_group.h"
 #include "skyview/session/session_file.h"
-#include "scene/frame/sky_markers.h"
 
 namespace skyview {
 

@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "scene/small_sky.h"
 #include "paint/xml_check.h"
+#include "scene/small_sky.h"
 
 using host_test::SmallSky;
 
@@ -89,7 +89,7 @@ TEST(Skyview, TimeThatTheClocksSkipIsABadOption) {
 
 TEST(Skyview, HelpIsExitZero) {
   SmallSky sky;
-  EXPECT_EQ(sky.Run({"--help"}), 0);
+  EXPECT_EQ(sky.Run({"draw", "--help"}), 0);
   EXPECT_TRUE(sky.Printed("--save-view"));
 }
 
@@ -230,7 +230,8 @@ TEST(Skyview, DirectionOnTheSkyBecomesAzimuthAndAltitude) {
 
 TEST(Skyview, ListedLimitsGrowWithTheZoomAndNothingIsDrawn) {
   SmallSky sky;
-  ASSERT_EQ(sky.Run({"--list-limits", "--out", sky.dir.Path("sky.svg")}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"limits", "--out", sky.dir.Path("sky.svg")}), 2);
+  ASSERT_EQ(sky.Run({"limits"}), 0) << sky.errors.str();
   // log10(zoom) * 4 magnitudes for stars.
   EXPECT_TRUE(sky.Printed("Zoom 10\n  stars: drawn to 11.5, at full brightness to 8.0, labelled to 8.0\n"))
       << sky.output.str();

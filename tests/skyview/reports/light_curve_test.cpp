@@ -65,10 +65,10 @@ TEST(LightCurve, TicksAreRound) {
   EXPECT_DOUBLE_EQ(ChooseTick(8.0, 8), 1.0);
 }
 
-TEST(LightCurve, OptionDrawsTheCurve) {
+TEST(LightCurve, CommandDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
-  const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
+  const int code = sky.Run({"curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
   EXPECT_EQ(code, CanDraw() ? 0 : 1) << sky.errors.str();
   EXPECT_EQ(std::filesystem::exists(svg), CanDraw());
   if (CanDraw()) {
@@ -77,10 +77,10 @@ TEST(LightCurve, OptionDrawsTheCurve) {
   }
 }
 
-TEST(LightCurve, OptionSaysWhatItWants) {
+TEST(LightCurve, CommandSaysWhatItWants) {
   SmallSky sky;
-  EXPECT_EQ(sky.Run({"--light-curve", "Algol"}), 2);
-  EXPECT_NE(sky.GetErrorLine().find("--light-curve: wants --out"), std::string::npos);
-  EXPECT_EQ(sky.Run({"--light-curve", "Sirius", "--out", "a.svg"}), 2);
+  EXPECT_EQ(sky.Run({"curve", "Algol"}), 2);
+  EXPECT_NE(sky.GetErrorLine().find("curve: wants --out"), std::string::npos);
+  EXPECT_EQ(sky.Run({"curve", "Sirius", "--out", "a.svg"}), 2);
   EXPECT_NE(sky.GetErrorLine().find("one of Algol, Sheliak"), std::string::npos) << sky.errors.str();
 }
