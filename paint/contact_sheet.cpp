@@ -10,7 +10,7 @@
 #include "paint/painter.h"
 #include "paint/picture_file.h"
 
-namespace skyview {
+namespace paint {
 namespace {
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -89,13 +89,13 @@ ContactSheet::ContactSheet(int count, int width, int height)
     : m_Sheet(std::make_unique<Sheet>(count, width, height)) {}
 ContactSheet::~ContactSheet() = default;
 
-bool ContactSheet::Add(const SkyFrame& frame, const std::string& text, std::string& error) {
+bool ContactSheet::Add(const scene::DisplayList& list, const std::string& text, std::string& error) {
   if (m_Sheet->added == m_Sheet->count) {
     error = "the contact sheet is full";
     return false;
   }
   const Context whole(cairo_create(m_Sheet->frame.get()), cairo_destroy);
-  PaintFrame(frame, whole.get());
+  PaintDisplayList(list, whole.get());
   const int row = m_Sheet->added / m_Sheet->columns, column = m_Sheet->added % m_Sheet->columns;
   const double x = kGap + column * (m_Sheet->copyWidth + kGap);
   const double y = kGap + row * (m_Sheet->copyHeight + kTextHeight + kGap);
@@ -114,4 +114,4 @@ bool ContactSheet::Write(const std::string& path, std::string& error) const {
   return WritePictureBytes(path, bytes, error);
 }
 
-}  // namespace skyview
+}  // namespace paint

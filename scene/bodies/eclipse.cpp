@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies/eclipse.h"
+#include "scene/eclipse.h"
 
 #include <cmath>
 #include <memory>
@@ -9,7 +9,7 @@
 #include "astro/vectors.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::QX_ShadowParams;
@@ -111,4 +111,4 @@ void EclipseShadows::ComputeSolar(const BodyModel& model) {
   }
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "astro/vectors.h"
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kRefractionAtHorizon = 34.0 / 60.0 * kRadiansPerDegree;
@@ -76,4 +76,4 @@ RiseTransitSet FindRiseTransitSet(const FindHorizonPlace& find, const SkyMoment&
   return result;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,9 +5,9 @@
 #include <functional>
 #include <optional>
 
-#include "scene/view/earth_observer.h"
+#include "scene/earth_observer.h"
 
-namespace skyview {
+namespace scene {
 
 // Where an object stands over the horizon of a place. Refraction is not part of the direction but of `riseAltitude`.
 struct HorizonPlace {
@@ -24,10 +24,10 @@ using FindHorizonPlace = std::function<std::optional<HorizonPlace>(const SkyMome
 // 1998, Astronomical Algorithms, chapter 15), and the upper limb comes first. With the usual radius of the Sun, 16
 // minutes, this is -50 minutes. Places must be as seen from the Earth's surface, so that the Moon's parallax is in
 // them.
-double GetRiseAltitude(double angularRadius);
+SCENE_API double GetRiseAltitude(double angularRadius);
 
 // From the reduction to the horizon frame (HorizonAxes).
-HorizonPlace MakeHorizonPlace(const double axes[9], const double apparent[3], double angularRadius);
+SCENE_API HorizonPlace MakeHorizonPlace(const double axes[9], const double apparent[3], double angularRadius);
 
 // What happens to an object within a stretch of time.
 struct RiseTransitSet {
@@ -39,7 +39,7 @@ struct RiseTransitSet {
 // Looks at the object every `step` days over `length` days from `start`, and from there by halving to a tenth of a
 // second. What rises and sets again between two looks is not noticed. The transit is the upper one: from the east to
 // the west side of the meridian.
-RiseTransitSet FindRiseTransitSet(const FindHorizonPlace& find, const SkyMoment& start, double length,
+SCENE_API RiseTransitSet FindRiseTransitSet(const FindHorizonPlace& find, const SkyMoment& start, double length,
                                   double step);
 
-}  // namespace skyview
+}  // namespace scene

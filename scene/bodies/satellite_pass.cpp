@@ -11,7 +11,7 @@
 #include "common_interfaces/clipping.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kMinutesPerDay = 1440.0;
@@ -48,7 +48,10 @@ SatellitePasses::SatellitePasses(const BodyModel& model) : m_Model(model) {
   for (std::size_t i = 0; i < bodies.size(); ++i) {
     const auto& body = bodies[i];
     if (body.id.kind != FourCC("scft") || !body.hasElements) continue;
-    m_Satellites.push_back({static_cast<int>(i), body.elements.epoch, 2.0 * kPi / body.elements.n * kMinute,
+    m_Satellites.push_back({static_cast<int>(i),
+                            {body.id.kind, body.id.number},
+                            body.elements.epoch,
+                            2.0 * kPi / body.elements.n * kMinute,
                             SatelliteModel(body.elements)});
   }
   const int paths = std::min<int>(kAllUpTo, static_cast<int>(m_Satellites.size()));
@@ -70,7 +73,8 @@ void SatellitePasses::Compute(const ViewGeometry& geometry, const EarthPlace& pl
     AddPath(geometry, place, localOffset, *nearest);
   }
   for (const auto& mark : m_Marks) {
-    labels.PlaceBeside(mark.text, mark.place, 2.0 * geometry.unit, 9.0 * geometry.unit, LabelKind::kPassTime);
+    labels.PlaceBeside(mark.text, mark.place, 2.0 * geometry.unit, 9.0 * geometry.unit, LabelKind::kPassTime,
+                       mark.satellite);
   }
 }
 
@@ -110,10 +114,12 @@ void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& pl
         (Dot(sample.direction, geometry.centreHorizon) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal));
     if (usable && lastSample.known) {
       tPoint<double> from = last, to = p;
-      if (CommonInterfaces::line_in_rectD(&from, &to, window)) m_Lines.push_back({from, to, sample.sunlit});
+      if (CommonInterfaces::line_in_rectD(&from, &to, window)) {
+        m_Lines.push_back({from, to, sample.sunlit, satellite.object});
+      }
     }
     if (usable && i % kSamplesPerMark == 0 && geometry.IsInside(p, 0.0)) {
-      DrawnPassMark mark = {p, ""};
+      DrawnPassMark mark = {p, "", satellite.object};
       FormatClock(moment, localOffset, mark.text);
       m_Marks.push_back(mark);
     }
@@ -150,4 +156,4 @@ bool SatellitePasses::IsSunlitNow(int body) const {
   return true;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,22 +5,24 @@
 #include <vector>
 
 #include "astro/satellite.h"
-#include "scene/bodies/body_model.h"
-#include "scene/frame/labels.h"
+#include "scene/body_model.h"
+#include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 
 // A stretch of the path of a satellite over the sky, pixels, y up.
 struct DrawnPassLine {
   tPoint<double> from, to;
   bool sunlit;  // else the satellite is in the Earth's shadow there
+  ObjectRef satellite;
 };
 
 // Where it is at a full minute, with the clock time beside it.
 struct DrawnPassMark {
   tPoint<double> place;
   char text[8];
+  ObjectRef satellite;
 };
 
 // Whether sunlight reaches a satellite: the Earth does not hide the Sun's centre from it.
@@ -38,6 +40,8 @@ class SatellitePasses {
   void Compute(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
                LabelPlacer& labels);
   void Clear();
+  // Fainter where the satellite is in the Earth's shadow and not seen.
+  void Draw(DisplayList& list) const;
 
   const std::vector<DrawnPassLine>& GetLines() const { return m_Lines; }
   const std::vector<DrawnPassMark>& GetMarks() const { return m_Marks; }
@@ -48,6 +52,7 @@ class SatellitePasses {
  private:
   struct Satellite {
     int body;
+    ObjectRef object;
     double epoch;   // Julian date, Universal Time
     double period;  // days
     SatelliteModel model;
@@ -67,4 +72,4 @@ class SatellitePasses {
   std::vector<DrawnPassMark> m_Marks;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/earth_observer.h"
+#include "scene/earth_observer.h"
 
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "astro/julian_date.h"
 #include "astro/vectors.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kSecondsPerDay = 86400.0;
@@ -63,4 +63,4 @@ void GetPlaceVector(const SkyMoment& moment, const EarthPlace& place, double km[
   V3Mprod(equatorial, orientation, km);
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/observer_frame.h"
+#include "scene/observer_frame.h"
 
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kJ2000 = 2451545.0;  // Julian date, dynamical time
@@ -61,4 +61,4 @@ Direction ApparentDirection(const Direction& direction, const Direction& motion,
   return ApparentDirection(Normalised(moved), observer);
 }
 
-}  // namespace skyview
+}  // namespace scene

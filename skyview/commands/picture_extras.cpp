@@ -6,7 +6,7 @@
 
 namespace skyview {
 
-bool FindMarks(const Options& options, const ObjectSearch* search, const SkyCatalogs& catalogs,
+bool FindMarks(const Options& options, const scene::ObjectSearch* search, const scene::SkyCatalogs& catalogs,
                std::vector<SSO_ID>& marks, std::string& error) {
   if (options.capsule) {
     for (const auto& mark : options.capsule->marks) marks.emplace_back(mark.kind, mark.number);
@@ -17,11 +17,15 @@ bool FindMarks(const Options& options, const ObjectSearch* search, const SkyCata
          ChangeFavourites(options.favouriteActions, *search, catalogs, marks, error);
 }
 
-bool SetUpExtras(const Options& options, const std::vector<SSO_ID>& marks, SkyFrame& frame,
+bool SetUpExtras(const Options& options, const std::vector<SSO_ID>& marks, scene::SkyFrame& frame,
                  std::string& error) {
-  frame.GetFavouriteMarks().SetObjects(marks);
-  if (options.showers) frame.GetRadiants().SetShowers(LoadShowers());
-  return frame.GetImageFrames().Load(options.framesOf, frame.GetCatalogs(), error);
+  frame.SetFavourites(marks);
+  if (options.showers) frame.SetShowers(scene::LoadShowers());
+  const auto missing = frame.SetImageFrames(options.framesOf);
+  if (!missing) return true;
+  error = std::string(scene::GetImageCatalogName(*missing)) + ": not found, which --frames-of " +
+          FormatImageGroups(*missing) + " wants";
+  return false;
 }
 
 }  // namespace skyview

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 #include "paint/contact_sheet.h"
 #include "skyview/reports/moment_text.h"
 #include "paint/picture_file.h"
@@ -24,18 +24,18 @@ std::string GetMomentText(const Camera& camera) {
   return FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta());
 }
 
-void ComputeFrame(const Options& options, Camera& camera, FrameMaker& maker) {
+void ComputeFrame(const Options& options, Camera& camera, scene::FrameMaker& maker) {
   camera.UpdateLocUTCDeltaFromTimeZone();
   maker.Prepare();
-  SkyFrame& frame = maker.GetFrame();
+  scene::SkyFrame& frame = maker.GetFrame();
   frame.SetCaption(
-      MakeCaption(MakeStatus(camera, frame.GetCatalogs()), options.size.width, options.size.height));
+      scene::MakeCaption(MakeStatus(camera, frame.GetCatalogs()), options.size.width, options.size.height));
   maker.Compute();
 }
 
-bool WriteFrame(const std::vector<FrameNames>& names, int number, const SkyFrame& frame, std::string& error) {
+bool WriteFrame(const std::vector<FrameNames>& names, int number, const scene::SkyFrame& frame, std::string& error) {
   for (const auto& name : names) {
-    if (!WritePicture(frame, name.Get(number), error)) return false;
+    if (!paint::WritePicture(frame.GetDisplayList(), name.Get(number), error)) return false;
   }
   return true;
 }
@@ -47,11 +47,11 @@ void SetAnimationClock(int frame) {
   AnimationInterval::m_CurrentTime = frame / kFramesPerSecond;
 }
 
-bool DrawSequence(const Options& options, Camera& camera, FrameMaker& maker, std::string& error) {
+bool DrawSequence(const Options& options, Camera& camera, scene::FrameMaker& maker, std::string& error) {
   const int count = options.frames.value_or(1);
   std::vector<FrameNames> names;
   for (const auto& pattern : options.out) names.push_back(*FrameNames::Parse(pattern));
-  std::optional<ContactSheet> sheet;
+  std::optional<paint::ContactSheet> sheet;
   if (options.contactSheet) sheet.emplace(count, options.size.width, options.size.height);
   StartPlays(*options.play, camera);
   for (int number = 1; number <= count; ++number) {
@@ -59,7 +59,7 @@ bool DrawSequence(const Options& options, Camera& camera, FrameMaker& maker, std
     SetAnimationClock(number);
     ComputeFrame(options, camera, maker);
     if (!WriteFrame(names, number, maker.GetFrame(), error)) return false;
-    if (sheet && !sheet->Add(maker.GetFrame(), GetMomentText(camera), error)) return false;
+    if (sheet && !sheet->Add(maker.GetFrame().GetDisplayList(), GetMomentText(camera), error)) return false;
   }
   camera.StopAnyPlay();
   return !sheet || sheet->Write(*options.contactSheet, error);

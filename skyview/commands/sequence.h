@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/frame/frame_maker.h"
+#include "scene/frame_maker.h"
 #include "skyview/options/options.h"
 
 namespace skyview {
@@ -17,7 +17,7 @@ void SetAnimationClock(int frame);
 // one where it stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera stands
 // at the last frame. False, with one line in `error`, at the
 // first picture that cannot be written; those before it are there.
-bool DrawSequence(const Options& options, CommonInterfaces::Camera& camera, FrameMaker& maker,
+bool DrawSequence(const Options& options, CommonInterfaces::Camera& camera, scene::FrameMaker& maker,
                   std::string& error);
 
 }  // namespace skyview

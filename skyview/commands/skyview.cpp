@@ -7,15 +7,15 @@
 #include "common_interfaces/string_table.h"
 #include "skyview/reports/body_report.h"
 #include "skyview/commands/body_requests.h"
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 #include "skyview/session/diagnostics.h"
 #include "skyview/session/favourite_list.h"
-#include "skyview/session/favourites.h"
-#include "scene/frame/frame_maker.h"
+#include "scene/favourites.h"
+#include "scene/frame_maker.h"
 #include "skyview/session/homes.h"
 #include "skyview/reports/host_texts.h"
-#include "skyview/session/language.h"
-#include "scene/search/object_search.h"
+#include "scene/language.h"
+#include "scene/object_search.h"
 #include "skyview/options/options.h"
 #include "skyview/commands/picture_extras.h"
 #include "paint/picture_file.h"
@@ -24,12 +24,12 @@
 #include "skyview/session/session.h"
 #include "skyview/options/settings_options.h"
 #include "skyview/reports/shower_report.h"
-#include "scene/frame/sky_frame.h"
-#include "skyview/session/sky_roots.h"
+#include "scene/sky_frame.h"
+#include "scene/data_root.h"
 #include "skyview/reports/status.h"
 #include "skyview/session/view_state.h"
-#include "scene/search/where.h"
-#include "scene/search/why.h"
+#include "skyview/reports/where.h"
+#include "skyview/reports/explanation.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -52,26 +52,26 @@ bool SetUpRoots(const Options& options, const std::string& programFolder, std::s
                 std::string& error) {
   if (options.data) {
     data = *options.data;
-  } else if (!FindDataRoot(programFolder, data, error)) {
+  } else if (!scene::FindDataRoot(programFolder, data, error)) {
     return false;
   }
-  return SetSkyRoots(data, options.work.value_or(""), error);
+  return scene::SetSkyRoots(data, options.work.value_or(""), error);
 }
 
 // What the session keeps for its whole life.
 struct Session {
   SettingsData settings{kOwner, FourCC("FLTR"), "filters.data"};
   Camera camera{kOwner};
-  SkyCatalogs catalogs;
-  ObjectFilters filters;
-  SkyMarkers markers;
+  scene::SkyCatalogs catalogs;
+  scene::ObjectFilters filters;
+  scene::SkyMarkers markers;
   std::vector<SSO_ID> marks;  // objects that the picture marks
   std::vector<int> orbits;    // bodies whose orbits it shows
 };
 
 // The object that --why or --where asks about.
 struct Question {
-  FoundObject object;
+  scene::FoundObject object;
   std::string title;
 };
 
@@ -96,7 +96,7 @@ ViewResult SetUpSettings(const Options& options, SettingsData& settings, Diagnos
 }
 
 // Finds the objects of --favourite, and of --why or --where.
-bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, Session& session,
+bool FindFiltersAndQuestion(const Options& options, const scene::ObjectSearch& search, Session& session,
                             std::optional<Question>& question, std::string& error) {
   for (const auto& name : options.favourites) {
     const auto found = search.FindOne(name, error);
@@ -104,7 +104,7 @@ bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, 
       error = "--favourite " + error;
       return false;
     }
-    AddFavourite(session.settings, GetKind(*found, session.catalogs), GetNumber(*found, session.catalogs));
+    scene::AddFavourite(session.settings, scene::GetKind(*found, session.catalogs), scene::GetNumber(*found, session.catalogs));
   }
   const auto& asked = options.why ? options.why : options.where;
   if (!asked) return true;
@@ -120,9 +120,9 @@ bool FindFiltersAndQuestion(const Options& options, const ObjectSearch& search, 
 // wrong with them.
 bool FindNamedObjects(const Options& options, Session& session, std::optional<Question>& question,
                       std::string& error) {
-  if (!LoadSkyCatalogs(session.catalogs, error)) return false;
+  if (!scene::LoadSkyCatalogs(session.catalogs, error)) return false;
   if (!AddSatellites(options, session.camera, session.catalogs.bodies, error)) return false;
-  std::optional<ObjectSearch> search;
+  std::optional<scene::ObjectSearch> search;
   const bool wantsOrbits = options.orbits && !options.orbits->names.empty();
   if (!options.favourites.empty() || options.why || options.where || wantsOrbits ||
       !options.favouriteActions.empty())
@@ -148,29 +148,29 @@ bool KeepView(const Options& options, Session& session, Diagnostics& diagnostics
   return KeepSettings(options, session, error);
 }
 
-bool WritePictures(const Options& options, const SkyFrame& frame, std::string& error) {
+bool WritePictures(const Options& options, const scene::SkyFrame& frame, std::string& error) {
   if (options.play) return true;
   for (const auto& name : options.out) {
-    if (!WritePicture(frame, name, error)) return false;
+    if (!paint::WritePicture(frame.GetDisplayList(), name, error)) return false;
   }
   return true;
 }
 
 // The frame as the options want it, ready to be computed for the first time.
 bool SetUpFrame(const Options& options, Session& session, const std::vector<std::string>& status,
-                FrameMaker& maker, std::string& error) {
-  SkyFrame& frame = maker.GetFrame();
+                scene::FrameMaker& maker, std::string& error) {
+  scene::SkyFrame& frame = maker.GetFrame();
   if (!SetUpExtras(options, session.marks, frame, error)) return false;
   if (options.play) SetAnimationClock(0);
   ShowOrbits(options, session.orbits, frame);
   if (options.play) SetAnimationClock(1);
-  frame.SetCaption(MakeCaption(status, options.size.width, options.size.height));
+  frame.SetCaption(scene::MakeCaption(status, options.size.width, options.size.height));
   return true;
 }
 
 // What is said of the first frame: the answer to the question, else the report.
 bool Describe(const Options& options, Session& session, const std::optional<Question>& question,
-              const ShownKinds& shown, const std::vector<std::string>& status, FrameMaker& maker,
+              const scene::ShownKinds& shown, const std::vector<std::string>& status, scene::FrameMaker& maker,
               std::string& text, std::string& error) {
   if (question && options.where) {
     if (DescribeWhere(question->object, question->title, session.catalogs, session.camera, text, error))
@@ -179,22 +179,22 @@ bool Describe(const Options& options, Session& session, const std::optional<Ques
     return false;
   }
   if (question) {
-    const ShownView view = {maker.GetFrame(), session.camera,  maker.GetObserver(), shown,
+    const scene::ShownView view = {maker.GetFrame(), session.camera,  maker.GetObserver(), shown,
                             session.filters,  session.settings};
-    text = FormatExplanation(question->title, Explain(question->object, view));
+    text = FormatExplanation(question->title, scene::Explain(question->object, view), view);
     return true;
   }
   text = MakeReport(session.camera, status, maker.GetFrame());
-  if (options.showers) text += MakeShowerReport(session.camera, maker.GetObserver(), LoadShowers());
+  if (options.showers) text += MakeShowerReport(session.camera, maker.GetObserver(), scene::LoadShowers());
   return true;
 }
 
 bool Draw(const Options& options, Session& session, const std::optional<Question>& question,
           Diagnostics& diagnostics, std::string& text, std::string& error) {
-  const ShownKinds shown = ReadShownKinds(session.settings);
+  const scene::ShownKinds shown = scene::ReadShownKinds(session.settings);
   session.filters.Refresh(session.settings);
   for (const auto& mark : options.markers) session.markers.Add(mark, session.camera);
-  FrameMaker maker(session.camera, session.catalogs, shown, session.filters, session.markers);
+  scene::FrameMaker maker(session.camera, session.catalogs, shown, session.filters, session.markers);
   maker.Prepare();
   const auto status = MakeStatus(session.camera, session.catalogs);
   if (!SetUpFrame(options, session, status, maker, error)) return false;
@@ -250,7 +250,7 @@ int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output,
     if (!Answer(options, session, diagnostics, text, error)) return Fail(error, kBadData, errors);
   }
   output << text;
-  for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
+  for (const auto& line : diagnostics.lines) errors << "skyview: " << scene::MessageToUtf8(line);
   return kDone;
 }
 
@@ -269,7 +269,7 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   if (parsed.options.session && !LoadSession(parsed.options, error)) return Fail(error, kBadData, errors);
   if (!SetUpRoots(parsed.options, programFolder, data, error)) return Fail(error, kBadData, errors);
   const auto fetchNothing = [] {};  // nobody has taken a text yet
-  if (!SwitchLanguage(data, parsed.options.language, fetchNothing, error)) {
+  if (!scene::SwitchLanguage(data, parsed.options.language, fetchNothing, error)) {
     return Fail("--language '" + parsed.options.language + "': " + error, kBadOption, errors);
   }
   return Show(parsed.options, diagnostics, output, errors);

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "scene/image_groups.h"
+
 namespace skyview {
 
 enum class FavouriteVerb { kShow, kAdd, kRemove };
@@ -22,10 +24,6 @@ struct FavouriteAction {
 std::optional<FavouriteAction> ParseFavouriteAction(std::string_view text);
 
 bool WantsFavouritesShown(const std::vector<FavouriteAction>& actions);
-
-// Groups of images, to be combined.
-enum ImageGroup : unsigned { kConstellationImages = 1, kDeepskyImages = 2, kMilkyWayImages = 4 };
-inline constexpr ImageGroup kImageGroups[] = {kConstellationImages, kDeepskyImages, kMilkyWayImages};
 
 // "constellations,deepsky,milkyway", in any order and each at most once. FormatImageGroups writes what the reader
 // takes, in that order.

@@ -153,7 +153,7 @@ std::optional<PictureSize> ParseSize(std::string_view text) {
   return PictureSize{*width, *height};
 }
 
-std::optional<double> ParseZoom(std::string_view text) { return ParseNumber(text, kMinZoom, kMaxZoom); }
+std::optional<double> ParseZoom(std::string_view text) { return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom); }
 
 std::optional<WrittenTime> ParseTime(std::string_view text) {
   CalendarDate date;

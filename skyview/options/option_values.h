@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "scene/zoom_range.h"
+
 namespace skyview {
 
 // A view in a settings file: "FILE" or "FILE:ID".
@@ -42,8 +44,6 @@ struct WrittenTime {
   std::optional<double> utcOffset;  // local minus Universal Time in days, when the text names one ("Z" is 0)
 };
 
-inline constexpr double kMinZoom = 0.25;  // below, the picture would reach the point opposite to the view
-inline constexpr double kMaxZoom = 10000.0;
 
 // "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path may
 // hold colons.

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "skyview/reports/light_curve.h"
-#include "skyview/options/name_list.h"
+#include "scene/light_curve.h"
+#include "utils/messages.h"
 
 namespace skyview {
 namespace {
@@ -217,9 +217,9 @@ void TakeBodyRequests(const CLI::App& app, const Texts& texts, Options& options)
   Take(app, kTle, texts.tle, options.tle, ParseName);
   Take(app, kOrbits, texts.orbits, options.orbits, ParseOrbits);
   Take(app, kWhere, texts.where, options.where, ParseName);
-  if (app.count(kLightCurve.name) > 0 && !FindVariableStar(texts.lightCurve)) {
+  if (app.count(kLightCurve.name) > 0 && !scene::FindVariableStar(texts.lightCurve)) {
     throw BadOption{std::string(kLightCurve.name) + " '" + texts.lightCurve + "': wants " + kLightCurve.form +
-                    ", one of " + JoinNames(ListVariableStars())};
+                    ", one of " + JoinNames(scene::ListVariableStars())};
   }
   Take(app, kLightCurve, texts.lightCurve, options.lightCurve, ParseName);
 }

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "skyview/options/catalog_requests.h"
-#include "skyview/session/language.h"
+#include "scene/language.h"
 #include "skyview/options/motion_values.h"
 #include "skyview/options/option_values.h"
-#include "scene/bodies/orbit_paths.h"
+#include "skyview/options/orbit_request.h"
 #include "skyview/session/session_file.h"
 
 namespace skyview {
@@ -19,7 +19,7 @@ namespace skyview {
 struct Options {
   std::optional<std::string> data;  // folder of the data root
   std::optional<std::string> work;  // folder of the work area
-  std::string language = kDefaultLanguage;
+  std::string language = scene::kDefaultLanguage;
   bool languageGiven = false;
   std::optional<ViewFile> view;
   std::optional<ViewFile> saveView;
@@ -51,7 +51,7 @@ struct Options {
   std::optional<PlayRequest> play;  // then the names in `out` are patterns
   std::optional<int> frames;        // with `play`
   std::optional<std::string> contactSheet;
-  std::vector<SkyMark> markers;
+  std::vector<scene::SkyMark> markers;
   std::optional<std::string> session;      // file to restore from
   std::optional<std::string> saveSession;  // file to keep it in
   std::optional<SessionCapsule> capsule;   // what `session` holds, once it was read

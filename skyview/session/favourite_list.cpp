@@ -8,9 +8,9 @@
 
 #include "common_interfaces/object_lists.h"
 #include "skyview/reports/host_texts.h"
-#include "scene/search/name_key.h"
-#include "skyview/options/name_list.h"
-#include "scene/visibility/object_filter.h"
+#include "scene/name_key.h"
+#include "utils/messages.h"
+#include "scene/object_filter.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 
@@ -34,7 +34,7 @@ void SetName(const std::string& name, SSO_ID& id) {
 // The changes of one run.
 class ListEditor {
  public:
-  ListEditor(const ObjectSearch& search, const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks)
+  ListEditor(const scene::ObjectSearch& search, const scene::SkyCatalogs& catalogs, std::vector<SSO_ID>& marks)
       : m_Search(search), m_Catalogs(catalogs), m_Marks(marks) {
     m_File.Read();
   }
@@ -85,7 +85,7 @@ class ListEditor {
   std::optional<SSO_ID> Identify(const std::string& name, std::string& error) const {
     const auto found = m_Search.FindOne(name, error);
     if (!found) return std::nullopt;
-    SSO_ID id(GetKind(*found, m_Catalogs), GetNumber(*found, m_Catalogs));
+    SSO_ID id(scene::GetKind(*found, m_Catalogs), scene::GetNumber(*found, m_Catalogs));
     if (id.number == -1) {
       error = "'" + name + "': has no number in its catalog, by which the list knows objects";
       return std::nullopt;
@@ -96,22 +96,22 @@ class ListEditor {
 
   // What the list holds need not be in the catalogs of today.
   std::optional<SSO_ID> FindInList(const std::string& name) const {
-    const std::string key = MakeNameKey(name);
+    const std::string key = scene::MakeNameKey(name);
     for (const auto& entry : m_File.GetObjects()) {
-      if (MakeNameKey(MessageToUtf8(entry.name)) == key) return entry;
+      if (scene::MakeNameKey(scene::MessageToUtf8(entry.name)) == key) return entry;
     }
     return std::nullopt;
   }
 
   std::string DescribeNear(const std::string& name) const {
     std::vector<std::string> names;
-    for (const auto& entry : m_File.GetObjects()) names.push_back(MessageToUtf8(entry.name));
+    for (const auto& entry : m_File.GetObjects()) names.push_back(scene::MessageToUtf8(entry.name));
     const std::string near = JoinNames(FindNearNames(name, names));
     return near.empty() ? "" : "; similar there: " + near;
   }
 
-  const ObjectSearch& m_Search;
-  const SkyCatalogs& m_Catalogs;
+  const scene::ObjectSearch& m_Search;
+  const scene::SkyCatalogs& m_Catalogs;
   std::vector<SSO_ID>& m_Marks;
   FavouriteObjectsFile m_File;
   bool m_Changed = false;
@@ -126,8 +126,8 @@ std::vector<SSO_ID> ReadFavourites() {
   return file.GetObjects();
 }
 
-bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const ObjectSearch& search,
-                      const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error) {
+bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const scene::ObjectSearch& search,
+                      const scene::SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error) {
   const auto shows = [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; };
   if (std::all_of(actions.begin(), actions.end(), shows)) return true;  // opening the file would create it
   std::vector<SSO_ID> changedMarks = marks;
@@ -141,9 +141,9 @@ bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const ObjectS
 }
 
 std::string FormatFavourites(const std::vector<SSO_ID>& favourites) {
-  std::string text = ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
+  std::string text = scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
   for (const auto& entry : favourites) {
-    text += "  " + MessageToUtf8(entry.name) + " (" + GetCodeText(entry.kind) + " " +
+    text += "  " + scene::MessageToUtf8(entry.name) + " (" + scene::GetCodeText(entry.kind) + " " +
             std::to_string(entry.number) + ")\n";
   }
   return text;

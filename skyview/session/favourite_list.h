@@ -10,7 +10,7 @@
 
 #include "astro/object_id.h"
 #include "skyview/options/catalog_requests.h"
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
 namespace skyview {
 
@@ -22,8 +22,8 @@ std::vector<SSO_ID> ReadFavourites();
 // there changes nothing. `marks` are objects that the picture marks: they follow. False when a name is not that of one
 // object, an object to be removed is not in the list, or the file cannot be written: `error` is then one line, and file
 // and marks are as they were.
-bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const ObjectSearch& search,
-                      const SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error);
+bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const scene::ObjectSearch& search,
+                      const scene::SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error);
 
 // The list for the user, UTF-8: a heading, and a line with name, kind and number for each entry.
 std::string FormatFavourites(const std::vector<SSO_ID>& favourites);

@@ -10,7 +10,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "skyview/options/options.h"
-#include "scene/frame/sky_markers.h"
+#include "scene/sky_markers.h"
 
 namespace skyview {
 
@@ -35,7 +35,7 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
 // Saves the session that is shown, in place of the file. The roots and language are those of the run. False when that
 // fails: `error` is then one line that names the file, and the file is as it was. `marks`: the objects that are marked.
 bool SaveSession(const std::string& path, const Options& options, CommonInterfaces::SettingsData& settings,
-                 const SkyMarkers& markers, const std::vector<SSO_ID>& marks,
+                 const scene::SkyMarkers& markers, const std::vector<SSO_ID>& marks,
                  CommonInterfaces::Camera& camera, std::string& error);
 
 }  // namespace skyview

@@ -8,11 +8,12 @@
 #include <filesystem>
 
 #include "scene/frame_helpers.h"
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 #include "skyview/reports/status.h"
-#include "paint/xml_check.h"
+#include "support/xml_check.h"
 
-using namespace skyview;
+using namespace paint;
+using namespace scene;
 
 namespace {
 

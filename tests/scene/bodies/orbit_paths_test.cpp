@@ -9,7 +9,7 @@
 #include "scene/frame_helpers.h"
 #include "utils/clock.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {

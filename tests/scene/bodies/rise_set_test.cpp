@@ -7,11 +7,11 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
-#include "scene/catalogs/bodies.h"
-#include "scene/view/directions.h"
+#include "scene/bodies.h"
+#include "scene/directions.h"
 #include "utils/text.h"
 
-using namespace skyview;
+using namespace scene;
 
 namespace {
 

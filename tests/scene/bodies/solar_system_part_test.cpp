@@ -13,9 +13,9 @@
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/report.h"
 #include "scene/bodies/rise_set.h"
-#include "scene/catalogs/satellites.h"
+#include "scene/satellites.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -49,8 +49,8 @@ TEST(SolarSystemPart, BodiesStandWhereAnotherLibrarySeesThem) {
     ASSERT_TRUE(StateOf(f, entry.body).known) << entry.body;
     const HorizonPlace place =
         MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
-    const Direction seen = skyview::MakeDirection(place.azimuth, place.altitude),
-                    other = skyview::MakeDirection(entry.azimuth * kRadiansPerDegree,
+    const Direction seen = scene::MakeDirection(place.azimuth, place.altitude),
+                    other = scene::MakeDirection(entry.azimuth * kRadiansPerDegree,
                                                    entry.altitude * kRadiansPerDegree);
     EXPECT_LT(VectorsAngle(seen.v, other.v), 0.5 * kArcMinute) << entry.body;
   }
@@ -131,16 +131,6 @@ TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   EXPECT_EQ(Drawn(f, kMoonBody)->cosPhase, 1.0);
 }
 
-TEST(SolarSystemPart, ObserversElsewhereSeeNoBodies) {
-  FrameFixture f;
-  f.camera.SetMovingType(11, false);
-  f.shown.horizon = false;
-  f.Compute();
-  EXPECT_FALSE(f.frame.GetSolarSystem().IsSeenFromEarth());
-  EXPECT_TRUE(f.frame.GetSolarSystem().GetMarks().GetDrawn().empty());
-  EXPECT_EQ(DescribeBodies(f.frame.GetSolarSystem()), "");
-}
-
 TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   FrameFixture f;
   const std::string path = f.sky.dir.Write("station.tle", host_test::StationSet());
@@ -167,35 +157,3 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   EXPECT_GT(drawn, 0u);
 }
 
-// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem has it).
-TEST(SolarSystemPart, ReportSaysPhasesAndSizesInWords) {
-  FrameFixture f;
-  f.camera.SetZoom(0.25);
-  f.SetTime(2020, 5, 3, 19, 30);
-  f.SetLook(290.0, 20.0);
-  f.Compute();
-  const std::string report = DescribeBodies(f.frame.GetSolarSystem());
-  EXPECT_NE(report.find("Venus: magnitude -4."), std::string::npos) << report;
-  EXPECT_NE(report.find(" arcsec, 22 % lit, evening crescent\n"), std::string::npos) << report;
-  std::string error;
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "de", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("zu 22 % beleuchtet, am Abend, Sichel\n"),
-            std::string::npos);
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "ru", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("освещено 22 %, вечером, серп\n"),
-            std::string::npos);
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "en", [] {}, error));
-}
-
-TEST(BodyTexts, SizesAreInTheUnitThatReadsBest) {
-  host_test::FrameFixture f;
-  EXPECT_EQ(FormatSize(23.14 / 3600.0 * kRadiansPerDegree), "23.1 arcsec");
-  EXPECT_EQ(FormatSize(31.0 * kArcMinute), "31.0 arcmin");
-  EXPECT_EQ(ToUtf8(FormatSize(2.5 * kRadiansPerDegree)), "2.5°");
-  EXPECT_EQ(GetLitPercent(0.0), 100);
-  EXPECT_EQ(GetLitPercent(0.5 * kPi), 50);
-  EXPECT_EQ(GetLitPercent(kPi), 0);
-}

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/satellites.h"
+#include "scene/satellites.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include "scene/bodies/rise_set.h"
 #include "scene/bodies/satellite_pass.h"
 
-using namespace skyview;
+using namespace scene;
 
 namespace {
 

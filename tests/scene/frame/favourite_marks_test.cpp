@@ -6,9 +6,9 @@
 
 #include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {

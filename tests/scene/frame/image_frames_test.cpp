@@ -13,7 +13,7 @@
 #include "scene/view/view_geometry.h"
 #include "scene/sky_images_files.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -201,27 +201,6 @@ TEST_F(ImageFramesTest, TinyOutlineHasNoName) {
   f.Compute();
   EXPECT_FALSE(GetLines().empty());
   for (const auto& label : f.frame.GetLabels()) EXPECT_NE(label.kind, LabelKind::kImageFrame) << label.text;
-}
-
-TEST_F(ImageFramesTest, EachMissingCatalogIsNamed) {
-  const struct {
-    ImageGroup group;
-    const char *file, *line;
-  } cases[] = {
-      {kConstellationImages, host_test::kConstellationFile,
-       "media:skyobjects:constell_images:constell.dat: not found, which --frames-of constellations wants"},
-      {kDeepskyImages, host_test::kDeepskyFile,
-       "media:skyobjects:dso_images:dsoimagestrue.txt: not found, which --frames-of deepsky wants"},
-      {kMilkyWayImages, host_test::kMilkyWayFile,
-       "media:skyobjects:mway_images:mway.dat: not found, which --frames-of milkyway wants"}};
-  for (const auto& c : cases) {
-    std::filesystem::remove(f.sky.dir.Path(c.file));
-    EXPECT_FALSE(f.frame.GetImageFrames().Load(c.group, f.catalogs, error));
-    EXPECT_EQ(error, c.line);
-    EXPECT_EQ(f.frame.GetImageFrames().GetCount(), 0);
-  }
-  EXPECT_EQ(f.sky.Run({"--frames-of", "deepsky"}), 1);
-  EXPECT_EQ(f.sky.GetErrorLine(), std::string("skyview: ") + cases[1].line);
 }
 
 TEST_F(ImageFramesTest, DamagedCatalogsDrawWhatIsWhole) {

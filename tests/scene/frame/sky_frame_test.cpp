@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_frame.h"
+#include "scene/sky_frame.h"
 
 #include <gtest/gtest.h>
 
 #include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
 #include <gtest/gtest.h>
 
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {

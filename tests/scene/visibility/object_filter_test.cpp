@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/object_filter.h"
+#include "scene/object_filter.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +9,10 @@
 #include "support/allocation_counter.h"
 #include "scene/filter_fields.h"
 #include "scene/frame_helpers.h"
-#include "skyview/session/favourites.h"
-#include "skyview/options/filter_text.h"
+#include "scene/favourites.h"
+#include "scene/visibility/filter_text.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::AddBytes;
 using host_test::AddFilter;
 using host_test::AddRange;
@@ -37,7 +37,7 @@ class ObjectFilterTest : public testing::Test {
     return traits;
   }
 
-  Diagnostics diagnostics;
+  test_support::DebugCapture diagnostics;
   test_support::TempRoots roots;
   CommonInterfaces::SettingsData settings{1, FourCC("FLTR"), "filters.data"};
   ObjectFilters filters;

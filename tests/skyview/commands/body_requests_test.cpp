@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 

@@ -6,6 +6,7 @@
 
 #include "skyview/options/options.h"
 
+using namespace scene;
 using namespace skyview;
 
 namespace {

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "paint/picture_file.h"
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 

@@ -7,10 +7,11 @@
 #include "common_interfaces/settings_field.h"
 #include "scene/filter_fields.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/session/favourites.h"
+#include "scene/favourites.h"
 #include "skyview/options/setting_text.h"
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
+using namespace scene;
 using namespace skyview;
 using CommonInterfaces::SettingsData;
 

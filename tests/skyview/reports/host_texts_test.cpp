@@ -9,6 +9,7 @@
 #include "utils/locale.h"
 
 using CommonInterfaces::QX4Strings;
+using namespace scene;
 using namespace skyview;
 
 namespace {

@@ -10,7 +10,7 @@
 #include "skyview/session/checksum.h"
 #include "paint/picture_file.h"
 #include "scene/sky_images_files.h"
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 #include "support/comma_locale.h"
 
 using host_test::SmallSky;
