@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "paint/font.h"
 #include "paint/painter.h"
 #include "paint/picture_file.h"
 
@@ -75,12 +76,9 @@ void ContactSheet::Sheet::PaintCopy(double x, double y) {
 }
 
 void ContactSheet::Sheet::PaintText(const std::string& text, double x, double y) {
-  cairo_select_font_face(context.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-  cairo_set_font_size(context.get(), kFont);
-  cairo_text_extents_t extents;
-  cairo_text_extents(context.get(), text.c_str(), &extents);
+  SelectFont(kFont, 0, context.get());
   cairo_set_source_rgb(context.get(), 0.72, 0.77, 0.84);
-  cairo_move_to(context.get(), x + 0.5 * (copyWidth - extents.x_advance),
+  cairo_move_to(context.get(), x + 0.5 * (copyWidth - GetAdvance(text.c_str(), context.get())),
                 y + copyHeight + 0.75 * kTextHeight);
   cairo_show_text(context.get(), text.c_str());
 }

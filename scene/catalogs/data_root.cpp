@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "scene/language.h"
 #include "utils/path.h"
 
 namespace scene {
@@ -42,6 +43,17 @@ bool SetSkyRoots(const std::string& data, const std::string& work, std::string& 
   ZentharPath::SetRoots(fs::absolute(data).string().c_str(),
                         work.empty() ? "" : fs::absolute(work).string().c_str());
   return true;
+}
+
+bool OpenDataRoot(const std::string& data, const std::string& work, const std::string& language,
+                  SkyCatalogs& catalogs, std::string& error) {
+  if (!SetSkyRoots(data, work, error)) return false;
+  const auto fetchNothing = [] {};  // nobody has taken a text yet
+  if (!SwitchLanguage(data, language, fetchNothing, error)) {
+    error = "language '" + language + "': " + error;
+    return false;
+  }
+  return LoadSkyCatalogs(catalogs, error);
 }
 
 }  // namespace scene

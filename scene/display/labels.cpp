@@ -12,7 +12,6 @@ namespace scene {
 namespace {
 
 // Of common sans-serif fonts, in units of the font size.
-constexpr double kCharacterWidth = 0.62;
 constexpr double kAscent = 0.76;
 constexpr double kDescent = 0.22;
 constexpr double kGap = 3.0;  // pixels between an object and its label
@@ -77,15 +76,6 @@ void LabelPlacer::Begin(int width, int height) {
   m_Boxes.clear();
 }
 
-double LabelPlacer::EstimateWidth(const char* text, double size) {
-  int characters = 0;
-  for (const char* c = text; *c; ++c) {
-    if ((static_cast<unsigned char>(*c) & 0xC0) != 0x80)
-      ++characters;  // continuation bytes of UTF-8 do not count
-  }
-  return characters * size * kCharacterWidth;
-}
-
 LabelPlacer::Box LabelPlacer::BoxAt(double left, double baseline, double width, double size) {
   return {left, baseline - kDescent * size, left + width, baseline + kAscent * size};
 }
@@ -117,7 +107,7 @@ void LabelPlacer::Reserve(const tPoint<double>& centre, double halfWidth, double
 int LabelPlacer::PlaceBeside(const char* text, const tPoint<double>& p, double radius, double size,
                              LabelKind kind, ObjectRef object) {
   if (!*text || static_cast<int>(m_Labels.size()) >= kMaxLabels) return -1;
-  const double width = EstimateWidth(text, size);
+  const double width = m_Extents->GetWidth(text, size, GetStyle(kind));
   const double away = radius + kGap;
   const double middle = (kAscent - kDescent) * 0.5 * size;  // from the baseline to the middle of the text
   const struct {
@@ -136,7 +126,7 @@ int LabelPlacer::PlaceBeside(const char* text, const tPoint<double>& p, double r
 int LabelPlacer::PlaceCentred(const char* text, const tPoint<double>& p, double size, LabelKind kind,
                               ObjectRef object) {
   if (!*text || static_cast<int>(m_Labels.size()) >= kMaxLabels) return -1;
-  const double width = EstimateWidth(text, size);
+  const double width = m_Extents->GetWidth(text, size, GetStyle(kind));
   const double baseline = p.y - (kAscent - kDescent) * 0.5 * size;
   const Box box = BoxAt(p.x - width * 0.5, baseline, width, size);
   return IsFree(box) ? Add(text, box, 0.5, baseline, size, kind, object) : -1;
@@ -164,7 +154,7 @@ int LabelPlacer::Find(const char* text, LabelKind kind) const {
 }
 
 void LabelPlacer::PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind) {
-  Add(text, BoxAt(p.x, p.y, EstimateWidth(text, size), size), 0.0, p.y, size, kind, {});
+  Add(text, BoxAt(p.x, p.y, m_Extents->GetWidth(text, size, GetStyle(kind)), size), 0.0, p.y, size, kind, {});
 }
 
 }  // namespace scene

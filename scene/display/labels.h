@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "scene/display_list.h"
+#include "scene/text_extents.h"
 #include "utils/geometry.h"
 
 namespace scene {
@@ -41,11 +42,12 @@ struct Label {
   ObjectRef object;  // which it names
 };
 
-// Places labels so that they cover neither each other nor what was reserved. Widths are estimated from the number of
-// characters, so that placing needs no font. Allocates at its construction only.
+// Places labels so that they cover neither each other nor what was reserved. Allocates at its construction only.
 class LabelPlacer {
  public:
   LabelPlacer();
+  // Who tells how wide texts are; kept by reference. An estimate until then.
+  void SetExtents(const TextExtents& extents) { m_Extents = &extents; }
   void Begin(int width, int height);
 
   // Nothing will be placed over this box around a point.
@@ -68,7 +70,6 @@ class LabelPlacer {
 
   static constexpr int kMaxLabels = 600;
   static constexpr int kMaxBoxes = 2000;  // labels and reserved places; a later place is not kept free
-  static double EstimateWidth(const char* text, double size);
 
  private:
   struct Box {
@@ -79,6 +80,8 @@ class LabelPlacer {
   int Add(const char* text, const Box& box, double anchor, double baseline, double size, LabelKind kind,
           ObjectRef object);
 
+  TextExtents m_Estimate;
+  const TextExtents* m_Extents = &m_Estimate;
   double m_Width = 0.0, m_Height = 0.0;
   std::vector<Label> m_Labels;
   std::vector<Box> m_Boxes;

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "scene/display/labels.h"
+#include "scene/text_extents.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {
@@ -28,7 +28,7 @@ class LineBreaker {
 
  private:
   bool Fits(const std::string& line) const {
-    return LabelPlacer::EstimateWidth(line.c_str(), 1.0) <= m_MaxEms;
+    return TextExtents().GetWidth(line.c_str(), 1.0, 0) <= m_MaxEms;
   }
 
   void Append(const std::string& piece, const char* between) {

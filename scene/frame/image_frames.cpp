@@ -75,7 +75,7 @@ bool PlaceBesideEdge(const char* text, const DrawnLine& edge, const tPoint<doubl
   if (out.x * (middle.x - centre.x) + out.y * (middle.y - centre.y) < 0.0) out = {-out.x, -out.y};
   // How far the box of the text reaches along that direction.
   const double reach =
-      0.5 * (std::fabs(out.x) * LabelPlacer::EstimateWidth(text, size) + std::fabs(out.y) * size) + kGap;
+      0.5 * (std::fabs(out.x) * TextExtents().GetWidth(text, size, 0) + std::fabs(out.y) * size) + kGap;
   for (const double side : {reach, -reach}) {
     const tPoint<double> place = {middle.x + side * out.x, middle.y + side * out.y};
     if (labels.PlaceCentred(text, place, size, LabelKind::kImageFrame) >= 0) return true;

@@ -94,6 +94,8 @@ std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
 
 bool SkyFrame::ShowOrbit(int body, double fadeIn) { return m_Parts->solarSystem.GetOrbits().Show(body, fadeIn); }
 
+void SkyFrame::SetTextExtents(const TextExtents& extents) { m_Parts->labels.SetExtents(extents); }
+
 void SkyFrame::FetchTexts() {
   m_Parts->horizon.FetchTexts();
   m_Parts->radiants.FetchTexts();

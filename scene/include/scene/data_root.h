@@ -5,6 +5,7 @@
 #include <string>
 
 #include "scene/api.h"
+#include "scene/sky_catalogs.h"
 
 namespace scene {
 
@@ -16,5 +17,11 @@ SCENE_API bool FindDataRoot(const std::string& programFolder, std::string& root,
 // Points the logical paths at the two roots ("": none). False when `data` is no data root, that is, holds no
 // qxstrings.txt: `error` is then one line that names the file.
 SCENE_API bool SetSkyRoots(const std::string& data, const std::string& work, std::string& error);
+
+// All that a program needs before its first frame: points the logical paths at the roots (SetSkyRoots), switches the
+// language (language.h) and loads the catalogs (sky_catalogs.h). False when one of them fails: `error` is then one line
+// that names the file or the language.
+SCENE_API bool OpenDataRoot(const std::string& data, const std::string& work, const std::string& language,
+                            SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene

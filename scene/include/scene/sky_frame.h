@@ -21,6 +21,7 @@
 #include "scene/showers.h"
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
+#include "scene/text_extents.h"
 
 namespace scene {
 
@@ -55,6 +56,9 @@ class SCENE_API SkyFrame {
   // Switches the orbit of a body on, by its index in the catalogs' list; it appears over `fadeIn` seconds of the
   // animation clock (utils/clock.h). False for a body that has none: the Sun.
   bool ShowOrbit(int body, double fadeIn);
+
+  // Who tells how much room texts take; kept by reference. Until then they are estimated.
+  void SetTextExtents(const TextExtents& extents);
 
   // Takes the letters of the compass, the names of planets and showers from the string table, as the construction does.
   // To be called when the language has changed.

@@ -27,11 +27,11 @@ int Planet(const FrameFixture& f, int number) {
 }
 
 const BodyState& StateOf(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetModel().GetStates()[static_cast<std::size_t>(body)];
+  return f.frame.GetParts().solarSystem.GetModel().GetStates()[static_cast<std::size_t>(body)];
 }
 
 const DrawnBody* Drawn(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetMarks().Find(body);
+  return f.frame.GetParts().solarSystem.GetMarks().Find(body);
 }
 
 }  // namespace
@@ -138,7 +138,7 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   ASSERT_TRUE(LoadSatellites(path, f.catalogs.bodies, error)) << error;
   SkyFrame frame(f.catalogs);
   for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
-    frame.GetOrbits().Show(body, 0.0);
+    frame.ShowOrbit(body, 0.0);
   // The fixture's sky has stars in it, so that the pool of their records gets its block now.
   frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
   ASSERT_FALSE(frame.GetStars().empty());
@@ -150,8 +150,8 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
     if (i < 24) f.SetTime(2014, 1, 21, i, 7);
     if (i >= 24) f.SetTime(2025, 3, 14, 6, 2 * i);  // a lunar eclipse
     frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
-    drawn += frame.GetSolarSystem().GetMarks().GetDrawn().size() +
-             frame.GetSolarSystem().GetOrbits().GetLines().size();
+    drawn += frame.GetParts().solarSystem.GetMarks().GetDrawn().size() +
+             frame.GetParts().solarSystem.GetOrbits().GetLines().size();
   }
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(drawn, 0u);

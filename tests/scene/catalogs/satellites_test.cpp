@@ -136,14 +136,14 @@ TEST_F(Satellites, PassHasAPathWithAMarkEachMinute) {
   f.camera.SetZoom(0.3);
   f.SetLook(190.0, 60.0);
   frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
-  const SatellitePasses& passes = frame.GetSolarSystem().GetPasses();
+  const SatellitePasses& passes = frame.GetParts().solarSystem.GetPasses();
   ASSERT_GE(passes.GetMarks().size(), 5u);
   EXPECT_GT(passes.GetLines().size(), 4u * passes.GetMarks().size());
   bool now = false;
   for (const auto& mark : passes.GetMarks()) now = now || std::string(mark.text) == "05:07";
   EXPECT_TRUE(now);
   // The path leads through the satellite.
-  const DrawnBody* station = frame.GetSolarSystem().GetMarks().Find(13);
+  const DrawnBody* station = frame.GetParts().solarSystem.GetMarks().Find(13);
   ASSERT_NE(station, nullptr);
   double least = 1e9;
   for (const auto& line : passes.GetLines())

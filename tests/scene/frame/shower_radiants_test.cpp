@@ -60,9 +60,9 @@ class ShowerRadiantsTest : public testing::Test {
     f.SetTime(2026, 8, 12, 22, 0);
     f.SetLook(40.0, 40.0);
     f.camera.SetZoom(0.5);
-    f.frame.GetRadiants().SetShowers({MakePerseids()});
+    f.frame.SetShowers({MakePerseids()});
   }
-  const std::vector<DrawnRadiant>& GetDrawn() const { return f.frame.GetRadiants().GetDrawn(); }
+  const std::vector<DrawnRadiant>& GetDrawn() const { return f.frame.GetParts().radiants.GetDrawn(); }
 
   FrameFixture f;
 };

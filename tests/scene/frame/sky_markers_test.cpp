@@ -16,7 +16,7 @@ namespace {
 constexpr SkyMark kBetelgeuse = {88.79292, 7.40694, 2061};
 
 const DrawnMarker* FindMarker(const SkyFrame& frame, const std::string& id) {
-  for (const auto& marker : frame.GetMarkers()) {
+  for (const auto& marker : frame.GetParts().markers.GetDrawn()) {
     if (id == marker.text) return &marker;
   }
   return nullptr;

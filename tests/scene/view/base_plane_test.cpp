@@ -67,8 +67,8 @@ TEST(PlaneFrame, ViewAlongThePlaneLooksAtItsPlaceOnTheSky) {
               0.1 * kArcsecond)
         << "plane " << static_cast<int>(plane);
     EXPECT_FALSE(f.observer.horizon);
-    EXPECT_TRUE(f.frame.GetGround().ringEnds.empty());
-    EXPECT_TRUE(f.frame.GetCompass().empty());
+    EXPECT_TRUE(f.frame.GetParts().horizon.GetGround().ringEnds.empty());
+    EXPECT_TRUE(f.frame.GetParts().horizon.GetCompass().empty());
   }
 }
 

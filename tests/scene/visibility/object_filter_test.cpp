@@ -10,7 +10,7 @@
 #include "scene/filter_fields.h"
 #include "scene/frame_helpers.h"
 #include "scene/favourites.h"
-#include "scene/visibility/filter_text.h"
+#include "skyview/reports/filter_text.h"
 
 using namespace scene;
 using host_test::AddBytes;
@@ -269,17 +269,17 @@ TEST(ObjectFilterFrame, ConstellationThatIsNoFavouriteLosesNameAndFigure) {
   host_test::FrameFixture f;
   CommonInterfaces::SettingsData settings(1, FourCC("FLTR"), "filters.data");
   f.Compute();
-  ASSERT_FALSE(f.frame.GetLines().empty());
+  ASSERT_FALSE(f.frame.GetParts().figures.GetLines().empty());
   ObjectFilters filters;
   AddFavourite(settings, FourCC("cnst"), GetUniqueID("Ori"));
   filters.Refresh(settings);
   f.frame.Compute(f.camera, f.observer, f.shown, filters);
-  EXPECT_FALSE(f.frame.GetLines().empty());
+  EXPECT_FALSE(f.frame.GetParts().figures.GetLines().empty());
   settings.SetFieldStatus(FourCC("cnst"),
                           GetUniqueID(("Favourite" + std::to_string(GetUniqueID("Ori"))).c_str()), 0);
   AddFavourite(settings, FourCC("cnst"), GetUniqueID("Lyr"));
   filters.Refresh(settings);
   f.frame.Compute(f.camera, f.observer, f.shown, filters);
-  EXPECT_TRUE(f.frame.GetLines().empty());
+  EXPECT_TRUE(f.frame.GetParts().figures.GetLines().empty());
   EXPECT_FALSE(f.HasLabel("Orion"));
 }

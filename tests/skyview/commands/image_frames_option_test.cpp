@@ -26,7 +26,7 @@ class ImageFramesTest : public testing::Test {
     f.SetLook(190.0, 35.0);  // Orion
   }
   void Load(unsigned groups) {
-    ASSERT_TRUE(f.frame.GetImageFrames().Load(groups, f.catalogs, error)) << error;
+    ASSERT_TRUE(f.!frame.SetImageFrames(groups)) << error;
   }
   // Turns the view to a place of the sky, degrees J2000.
   void LookAt(double ra, double dec) {
@@ -37,7 +37,7 @@ class ImageFramesTest : public testing::Test {
     psf(there, 1.0, angles.lon, angles.lat);
     f.camera.SetRA_Dec(angles);
   }
-  const std::vector<DrawnFrameLine>& GetLines() const { return f.frame.GetImageFrames().GetLines(); }
+  const std::vector<DrawnFrameLine>& GetLines() const { return f.frame.GetParts().imageFrames.GetLines(); }
   // Where the picture shows a place of the sky, degrees J2000.
   tPoint<double> PixelOf(double ra, double dec) const {
     const ViewGeometry geometry(f.camera);
@@ -77,9 +77,9 @@ TEST_F(ImageFramesTest, EachMissingCatalogIsNamed) {
        "media:skyobjects:mway_images:mway.dat: not found, which --frames-of milkyway wants"}};
   for (const auto& c : cases) {
     std::filesystem::remove(f.sky.dir.Path(c.file));
-    EXPECT_FALSE(f.frame.GetImageFrames().Load(c.group, f.catalogs, error));
+    EXPECT_FALSE(f.!frame.SetImageFrames(c.group));
     EXPECT_EQ(error, c.line);
-    EXPECT_EQ(f.frame.GetImageFrames().GetCount(), 0);
+    EXPECT_EQ(f.frame.GetParts().imageFrames.GetCount(), 0);
   }
   EXPECT_EQ(f.sky.Run({"--frames-of", "deepsky"}), 1);
   EXPECT_EQ(f.sky.GetErrorLine(), std::string("skyview: ") + cases[1].line);

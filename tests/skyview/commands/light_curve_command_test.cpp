@@ -19,9 +19,9 @@ TEST(LightCurve, OptionDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
   const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
-  EXPECT_EQ(code, CanDraw() ? 0 : 1) << sky.errors.str();
-  EXPECT_EQ(std::filesystem::exists(svg), CanDraw());
-  if (CanDraw()) {
+  EXPECT_EQ(code, paint::CanDraw() ? 0 : 1) << sky.errors.str();
+  EXPECT_EQ(std::filesystem::exists(svg), paint::CanDraw());
+  if (paint::CanDraw()) {
     EXPECT_TRUE(sky.Printed("Algol (0x48780B23): JD 2461052.633 to 2461058.367, magnitude 2.11 to 3.49\n"))
         << sky.output.str();
   }

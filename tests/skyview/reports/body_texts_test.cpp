@@ -28,11 +28,11 @@ int Planet(const FrameFixture& f, int number) {
 }
 
 const BodyState& StateOf(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetModel().GetStates()[static_cast<std::size_t>(body)];
+  return f.frame.GetParts().solarSystem.GetModel().GetStates()[static_cast<std::size_t>(body)];
 }
 
 const DrawnBody* Drawn(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetMarks().Find(body);
+  return f.frame.GetParts().solarSystem.GetMarks().Find(body);
 }
 
 }  // namespace
@@ -42,9 +42,9 @@ TEST(SolarSystemPart, ObserversElsewhereSeeNoBodies) {
   f.camera.SetMovingType(11, false);
   f.shown.horizon = false;
   f.Compute();
-  EXPECT_FALSE(f.frame.GetSolarSystem().IsSeenFromEarth());
-  EXPECT_TRUE(f.frame.GetSolarSystem().GetMarks().GetDrawn().empty());
-  EXPECT_EQ(DescribeBodies(f.frame.GetSolarSystem()), "");
+  EXPECT_FALSE(f.frame.GetParts().solarSystem.IsSeenFromEarth());
+  EXPECT_TRUE(f.frame.GetParts().solarSystem.GetMarks().GetDrawn().empty());
+  EXPECT_EQ(DescribeBodies(f.frame.GetParts().solarSystem), "");
 }
 
 // Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem has it).
@@ -54,17 +54,17 @@ TEST(SolarSystemPart, ReportSaysPhasesAndSizesInWords) {
   f.SetTime(2020, 5, 3, 19, 30);
   f.SetLook(290.0, 20.0);
   f.Compute();
-  const std::string report = DescribeBodies(f.frame.GetSolarSystem());
+  const std::string report = DescribeBodies(f.frame.GetParts().solarSystem);
   EXPECT_NE(report.find("Venus: magnitude -4."), std::string::npos) << report;
   EXPECT_NE(report.find(" arcsec, 22 % lit, evening crescent\n"), std::string::npos) << report;
   std::string error;
   ASSERT_TRUE(SwitchLanguage(
       f.sky.dir.Path("data"), "de", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("zu 22 % beleuchtet, am Abend, Sichel\n"),
+  EXPECT_NE(DescribeBodies(f.frame.GetParts().solarSystem).find("zu 22 % beleuchtet, am Abend, Sichel\n"),
             std::string::npos);
   ASSERT_TRUE(SwitchLanguage(
       f.sky.dir.Path("data"), "ru", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("освещено 22 %, вечером, серп\n"),
+  EXPECT_NE(DescribeBodies(f.frame.GetParts().solarSystem).find("освещено 22 %, вечером, серп\n"),
             std::string::npos);
   ASSERT_TRUE(SwitchLanguage(
       f.sky.dir.Path("data"), "en", [] {}, error));

@@ -37,13 +37,13 @@ TEST(EclipsePicture, ShadowLiesOnTheMoonAndInTheReport) {
   f.SetTime(2025, 3, 14, 5, 40);  // half an hour into the umbra
   f.camera.SetZoom(60.0);
   f.Compute();
-  const auto& moon = f.frame.GetSolarSystem().GetModel().GetMoon().seen;
+  const auto& moon = f.frame.GetParts().solarSystem.GetModel().GetMoon().seen;
   double v[3], longitude = 0.0, latitude = 0.0;
   MV3prod(f.observer.reduction, moon.apparent, v);
   psf(v, 1.0, longitude, latitude);
   f.SetLook(360.0 - longitude / kRadiansPerDegree, latitude / kRadiansPerDegree);
   f.Compute();
-  const auto& marks = f.frame.GetSolarSystem().GetMarks();
+  const auto& marks = f.frame.GetParts().solarSystem.GetMarks();
   const DrawnBody* drawn = marks.Find(kMoonBody);
   ASSERT_NE(drawn, nullptr);
   const DrawnShadow& shadow = marks.GetMoonShadow();
@@ -54,6 +54,6 @@ TEST(EclipsePicture, ShadowLiesOnTheMoonAndInTheReport) {
   EXPECT_NEAR(shadow.umbra / drawn->radius, 2.65, 0.15);
   // The Moon moves to the east and meets the umbra with its eastern limb, which is left while it stands in the south.
   EXPECT_LT(shadow.centre.x, drawn->place.x);
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("Lunar eclipse: partial, magnitude 0."),
+  EXPECT_NE(DescribeBodies(f.frame.GetParts().solarSystem).find("Lunar eclipse: partial, magnitude 0."),
             std::string::npos);
 }
