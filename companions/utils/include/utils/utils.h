@@ -14,6 +14,7 @@
 #include "utils/near_names.h"
 #include "utils/path.h"
 #include "utils/program.h"
+#include "utils/replace_file.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 #include "utils/version.h"
