@@ -15,8 +15,8 @@ constexpr double kRadiansPerDegree = 0.017453292519943295;
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// The fields of a line. A field that is no number is passed over, so that those behind it stay in their columns: the
-// record-line parsers would stop in front of it for good.
+// The fields of a line. A field that is no number is passed over, so that those behind it stay in their
+// columns: the record-line parsers would stop in front of it for good.
 class Fields {
  public:
   explicit Fields(char* line) : m_Cursor(line) {}
@@ -33,7 +33,8 @@ class Fields {
     if (good) value = read;
     return good;
   }
-  // Degrees become radians. The parser of angles takes one character behind a number without a mark: it is a blank.
+  // Degrees become radians. The parser of angles takes one character behind a number without a mark: it is a
+  // blank.
   bool Angle(double& radians) {
     double degrees = 0.0;
     const bool good =

@@ -8,8 +8,8 @@
 
 namespace CommonInterfaces {
 
-// Writes the field's first value to `value`. False, and `value` untouched, when the record lacks the field, its
-// type code is none, or the value is not a finite number.
+// Writes the field's first value to `value`. False, and `value` untouched, when the record lacks the field,
+// its type code is none, or the value is not a finite number.
 bool ReadNumber(const BaseDB& record, int fieldId, double& value);
 
 // The same for `count` values that stand one behind the other: all of them or none.

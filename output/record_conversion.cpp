@@ -20,8 +20,8 @@ namespace {
 
 constexpr double kRadiansPerArcsecond = 4.84813681109536e-06;
 constexpr double kAuPerParsec = 206264.8062470964;
-// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them: deliberately
-// not the digits of kRadiansPerArcsecond.
+// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them:
+// deliberately not the digits of kRadiansPerArcsecond.
 constexpr double kParallaxOfParsec = 4.848137e-06;
 constexpr double kParallaxOfKiloparsec = 4.848137e-09;
 
@@ -53,8 +53,8 @@ StarRecord ReadStar(const BaseDB& record) {
   return star;
 }
 
-// A distance that is not positive is none: it would put the object into the Sun. Neither is one so small or so large
-// that the parallax or the size are no numbers any more.
+// A distance that is not positive is none: it would put the object into the Sun. Neither is one so small or
+// so large that the parallax or the size are no numbers any more.
 void ReadDeepskyDistance(const BaseDB& record, int subType, DeepskyRecord& object) {
   double distance = 0.0;
   if (!ReadNumber(record, FieldIds::Distance, distance) || !(distance > 0.0)) return;
