@@ -47,23 +47,23 @@ bool Refuse(const SSO_ID& id, const char* reason) {
 
 OrbitalElements ReadElements(const SSO_ID& id, const BaseDB& record) {
   OrbitalElements elements;
-  ReadNumber(record, FieldIds::a, elements.a);
-  ReadNumber(record, FieldIds::e, elements.e);
-  ReadNumber(record, FieldIds::i, elements.i);
-  ReadNumber(record, FieldIds::om, elements.om);
-  ReadNumber(record, FieldIds::w, elements.w);
-  ReadNumber(record, FieldIds::M0, elements.M0);
-  ReadNumber(record, FieldIds::n, elements.n);
+  GetFieldNumber(record, FieldIds::a, elements.a);
+  GetFieldNumber(record, FieldIds::e, elements.e);
+  GetFieldNumber(record, FieldIds::i, elements.i);
+  GetFieldNumber(record, FieldIds::om, elements.om);
+  GetFieldNumber(record, FieldIds::w, elements.w);
+  GetFieldNumber(record, FieldIds::M0, elements.M0);
+  GetFieldNumber(record, FieldIds::n, elements.n);
   // JulianDate_d is the one with the fraction of the day, where a record has both.
-  if (!ReadNumber(record, FieldIds::JulianDate_d, elements.epoch)) {
-    ReadNumber(record, FieldIds::JulianDate, elements.epoch);
+  if (!GetFieldNumber(record, FieldIds::JulianDate_d, elements.epoch)) {
+    GetFieldNumber(record, FieldIds::JulianDate, elements.epoch);
   }
-  ReadNumber(record, FieldIds::Hy, elements.absMagnitude);
+  GetFieldNumber(record, FieldIds::Hy, elements.absMagnitude);
   // Comets have y, asteroids the slope parameter; a record that has only the other's is understood too.
   const bool isComet = id.kind == FourCC("comt");
   const int own = isComet ? FieldIds::y : FieldIds::SlopeParam;
   const int other = isComet ? FieldIds::SlopeParam : FieldIds::y;
-  if (!ReadNumber(record, own, elements.slope)) ReadNumber(record, other, elements.slope);
+  if (!GetFieldNumber(record, own, elements.slope)) GetFieldNumber(record, other, elements.slope);
   return elements;
 }
 
