@@ -15,8 +15,6 @@
 
 namespace CommonInterfaces {
 
-int GetUniqueID(const char* name) { return ::GetUniqueID(name ? name : ""); }
-
 namespace {
 
 // Most fields hold one number: the compiler knows how to copy and compare those.
