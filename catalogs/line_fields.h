@@ -4,6 +4,7 @@
 // What the readers of text lines with fields between tabs share.
 #pragma once
 
+#include <climits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,8 +35,8 @@ bool ForEachLine(const std::string& path, Take take) {
 bool ScanNumber(const char*& text, int& value);
 bool ScanNumber(const char*& text, double& value);
 
-// The number at the start of a field.
-bool ReadNumber(const std::string& field, int& value);
+// The number at the start of a field, as ScanNumber takes it, if it lies within the bounds.
+bool ReadNumber(std::string_view field, int& value, int least = INT_MIN, int most = INT_MAX);
 
 // The kind that a field names: a number, else a four-character code. A code that begins with a digit is
 // therefore taken for a number, deliberately.

@@ -112,8 +112,7 @@ bool FileReplacement::FailByErrno() noexcept {
 
 bool ReplaceFileContent(const char* path, std::string_view content, std::string& reason) noexcept {
   FileReplacement file;
-  const bool replaced =
-      file.Open(path) && file.Write(content) && file.Commit();
+  const bool replaced = file.Open(path) && file.Write(content) && file.Commit();
   if (!replaced) SetReason(reason, file.GetReason().c_str());
   return replaced;
 }

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cerrno>
-#include <climits>
 #include <cstdarg>
-#include <cstdlib>
+#include <cstdio>
 #include <exception>
 #include <string_view>
 
 #include "companions/utils/file_platform.h"
 #include "companions/utils/line_reader.h"
+#include "utils/characters.h"
 #include "utils/file.h"
+#include "utils/numbers.h"
 #include "utils/replace_file.h"
 
 using utils_internal::LineInfo;
@@ -109,12 +109,9 @@ int MTextFile::Readln(char* buffer, unsigned size) {
 bool MTextFile::Readln(int& value) {
   char text[64];
   if (Readln(text, sizeof text) == 0) return false;
-  char* end;
-  errno = 0;
-  const long number = std::strtol(text, &end, 10);
-  if (end == text || errno != 0 || number < INT_MIN || number > INT_MAX) return false;
-  value = static_cast<int>(number);
-  return true;
+  std::string_view rest = text;
+  SkipWhiteSpace(rest);
+  return TakeNumber(rest, value);
 }
 
 bool MTextFile::Write(const char* format, ...) {
