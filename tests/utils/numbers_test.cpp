@@ -59,8 +59,9 @@ TEST(TakeNumber, TakesAnIntegerAndLeavesTheRest) {
 }
 
 TEST(TakeNumber, WhatIsNoIntegerStays) {
-  for (const char* text : {"", "x", "-", "+", "+-1", "-+1", "++1", "- 1", " 1", ".5", "\xC2\xA0"
-                                                                                      "1"}) {
+  for (const char* text : {"", "x", "-", "+", "+-1", "-+1", "++1", "- 1", " 1", ".5",
+                           "\xC2\xA0"
+                           "1"}) {
     EXPECT_EQ(Integer(text), (Int{std::nullopt, text}));
   }
 }
@@ -96,8 +97,8 @@ TEST(TakeNumber, TakesARealNumberAndLeavesTheRest) {
 }
 
 TEST(TakeNumber, WhatIsNoFiniteRealNumberStays) {
-  for (const char* text : {"", ".", "e5", "+-1", "--1", " 1", "nan", "inf", "-inf", "infinity", "1e999",
-                           "-1e999", "1e-999"}) {
+  for (const char* text :
+       {"", ".", "e5", "+-1", "--1", " 1", "nan", "inf", "-inf", "infinity", "1e999", "-1e999", "1e-999"}) {
     EXPECT_EQ(Real(text), (Double{std::nullopt, text}));
   }
 }
