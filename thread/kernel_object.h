@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What semaphores and events are made of: kernel_object_posix.cpp and kernel_object_windows.cpp. A handle belongs to
-// who made or opened it and may be used by any thread until it is closed.
+// What semaphores and events are made of: kernel_object_posix.cpp and kernel_object_windows.cpp. A handle
+// belongs to who made or opened it and may be used by any thread until it is closed.
 #pragma once
 
 #include "common_interfaces/thread.h"
@@ -15,8 +15,8 @@ enum class WaitEnd { kAcquired, kTimedOut, kFailed };
 
 inline constexpr unsigned kMaximumCount = 0x7FFFFFFF;
 
-// A new object with that count, at most kMaximumCount; an event that is set has 1. A name of null is none. kExists
-// where an object of like kind has the name: semaphores are alike, and so are events.
+// A new object with that count, at most kMaximumCount; an event that is set has 1. A name of null is none.
+// kExists where an object of like kind has the name: semaphores are alike, and so are events.
 Creation MakeObject(ObjectKind kind, unsigned count, const char* name, void*& handle);
 
 // An existing object of that name and kind, of whichever event; null when there is none.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Real numbers, in a source of their own: the one place that needs the standard library's converter to double, which
-// not every standard library has.
+// Real numbers, in a source of their own: the one place that needs the standard library's converter to
+// double, which not every standard library has.
 #include <charconv>
 #include <cmath>
 #include <system_error>
