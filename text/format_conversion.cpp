@@ -8,6 +8,7 @@ namespace CommonInterfaces {
 namespace {
 
 constexpr int kMaxDigits = 3;
+constexpr int kCharBits = 8, kShortBits = 16, kIntBits = 32;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -41,14 +42,24 @@ bool TakeNumber(const char*& text, int& number) {
   return true;
 }
 
+// How many of an int's bits the length takes: an int and a long have 32 on every target.
+int TakeLength(const char*& text) {
+  if (*text == 'l') return ++text, kIntBits;
+  if (*text != 'h') return kIntBits;
+  if (*++text != 'h') return kShortBits;
+  ++text;
+  return kCharBits;
+}
+
 const char* TakeLetter(const char*& text, FormatConversion& conversion) {
-  const bool isLong = *text == 'l';
-  if (isLong) ++text;
+  const char length = *text;
+  conversion.bits = TakeLength(text);
   if (*text == '\0') return "is cut off";
   conversion.letter = *text++;
   const char type = GetArgumentType(conversion.letter);
-  // A long double counts as another type, a long int too: it has another width on every target.
-  return type == '\0' || (isLong && type != 'f') ? "is not allowed" : nullptr;
+  // What a length is for; an l means nothing in front of a double.
+  const bool isAllowed = length == 'h' ? type == 'd' : length == 'l' ? type == 'd' || type == 'f' : type != '\0';
+  return isAllowed ? nullptr : "is not allowed";
 }
 
 }  // namespace
