@@ -108,10 +108,11 @@ class COMMON_INTERFACES_API DSOImages {
   const DSOImageDesc* GetFirst();
   const DSOImageDesc* GetNext();
 
-  // The picture of the object with this number: bits 0 to 23, and the letter in bits 28 to 30. A number without a
-  // letter finds the picture without one, else that with the lowest. The kind does not matter, deliberately: the
-  // numbers tell deep-sky objects of all kinds apart. A hit becomes the current picture; the walk goes on where it was.
-  // Null when there is none, and the current picture stays.
+  // The picture of the object with this number: bits 0 to 23, and the letter in bits 28 to 30. Where that letter has no
+  // picture the one without a letter is found, else that with the lowest: so an object is found by its own number, whose
+  // top byte is the sub-type (deepsky.txt). The kind does not matter, deliberately: the numbers tell deep-sky objects of
+  // all kinds apart. A hit becomes the current picture; the walk goes on where it was. Null when there is none, and the
+  // current picture stays.
   const DSOImageDesc* Find(int kind, int number);
 
   // Stores what the caller knows of the object in the current picture, until the catalog is read again. The order is
