@@ -128,23 +128,22 @@ TEST_F(SettingsMerge, SectionThatOnlyTheOwnBlockHasLeavesItsCopiesBehindTheDefau
 
 TEST_F(SettingsMerge, CopiesOfSectionsThatOnlyTheOwnBlockHasKeepItsOrder) {
   Merge({Section(kPlnt, 0, 0)}, {Int(kPlnt, 1, 0)},
-        {Section(kScft, 0, 1), Section(kComt, 2, 3), Section(kMoon, 4, 5), Section(kAstr, 6, 7)},
-        {Favo(kScft, 41, {1, 0, 0, 0, 0}, 1), Favo(kScft, 42, {1, 0, 0, 0, 0}, 2),
-         Favo(kComt, 31, {1, 0, 0, 0, 0}, 1), Favo(kComt, 32, {1, 0, 0, 0, 0}, 2),
-         Ints(kMoon, 51, {kSatellite, 301}), Ints(kMoon, 52, {kSatellite, 401}),
-         Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1), Favo(kAstr, 22, {1, 0, 0, 0, 0}, 2)});
-  EXPECT_EQ(NamesOf(*settings), (std::vector{1, 41, 42, 31, 32, 51, 52, 21, 22}));
+        {Section(kAstr, 0, 0), Section(kComt, 1, 1), Section(kMoon, 2, 2), Section(kScft, 3, 4)},
+        {Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1), Favo(kComt, 31, {1, 0, 0, 0, 0}, 1),
+         Ints(kMoon, 51, {kSatellite, 301}), Favo(kScft, 41, {1, 0, 0, 0, 0}, 1),
+         Favo(kScft, 42, {1, 0, 0, 0, 0}, 2)});
+  EXPECT_EQ(NamesOf(*settings), (std::vector{1, 21, 31, 51, 41, 42}));
   EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kPlnt, 0, 0)});
 }
 
 // What is inserted into a section of the defaults moves the block as a whole, once.
 TEST_F(SettingsMerge, CopiesIntoDefaultsDoNotMixThoseOfTheOwnBlocksSections) {
-  Merge({Section(kAstr, 0, 0)}, {Int(kAstr, 2, 0)}, {Section(kScft, 0, 1), Section(kComt, 2, 3)},
-        {Favo(kScft, 41, {1, 0, 0, 0, 0}, 1), Favo(kScft, 42, {1, 0, 0, 0, 0}, 2),
-         Favo(kComt, 31, {1, 0, 0, 0, 0}, 1), Favo(kComt, 32, {1, 0, 0, 0, 0}, 2),
-         Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1)});
-  EXPECT_EQ(NamesOf(*settings), (std::vector{21, 2, 41, 42, 31, 32}));
-  EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kAstr, 0, 1)});
+  Merge({Section(kAstr, 0, 0)}, {Int(kAstr, 2, 0)}, {Section(kScft, 0, 0), Section(kComt, 1, 2)},
+        {Favo(kScft, 41, {1, 0, 0, 0, 0}, 1), Favo(kComt, 31, {1, 0, 0, 0, 0}, 1),
+         Favo(kComt, 32, {1, 0, 0, 0, 0}, 2), Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1),
+         Favo(kAstr, 22, {1, 0, 0, 0, 0}, 2), Favo(kAstr, 23, {1, 0, 0, 0, 0}, 3)});
+  EXPECT_EQ(NamesOf(*settings), (std::vector{21, 22, 23, 2, 41, 31, 32}));
+  EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kAstr, 0, 3)});
 }
 
 TEST_F(SettingsMerge, WithoutDefaultsOnlyTheCopiesStay) {
