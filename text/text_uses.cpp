@@ -27,8 +27,7 @@ constexpr TextUse TypeName(const char (&code)[5], const char* use) {
 
 constexpr TextUse kUses[] = {
     {0, 0, kNoFormat, kMessage, true, "message: a settings field has an unknown element type"},
-    {1, 1, kNoFormat, kText, false, "name of the program skyview"},
-    {2, 29, kNoFormat, kText, false, "type of a deep-sky object, by sub-type code"},
+    {1, 29, kNoFormat, kText, false, "type of a deep-sky object, by sub-type code"},
     {30, 33, kNoFormat, kText, true, "type of a nebula, by sub-type code"},
     {34, 39, kNoFormat, kText, false, "type of a deep-sky object, by sub-type code"},
     {40, 44, kNoFormat, kText, true, "type of a star cluster or group, by sub-type code"},
@@ -96,6 +95,7 @@ constexpr TextUse kUses[] = {
     TypeName("scft", "type name: spacecraft"),
     TypeName("star", "type name: star"),
     TypeName("uCLS", "type name: star cluster of the user"),
+    TypeName("uDSO", "type name: deep-sky object of the user"),
     TypeName("uGAL", "type name: galaxy of the user"),
     TypeName("uNEB", "type name: nebula of the user"),
 };

@@ -24,7 +24,7 @@ COMMON_INTERFACES_API int GetBaseTypeByUser(int kind);
 
 // The localized name of an object's type, for example "galaxy"; `number` is the number of its SSO_ID, which
 // chooses between star, planet and dwarf planet for the kind "plnt" and carries the sub-type of deep-sky
-// objects in its top byte. The text belongs to the string table (QX4Strings, loaded here when it is not yet)
+// objects in its top byte; with 0 there the name is that of the kind, "uGAL", "uNEB", "uCLS" or "uDSO". The text belongs to the string table (QX4Strings, loaded here when it is not yet)
 // and lives as long as the table says; null, with the table's diagnostic line, when the table has no such
 // text. One thread.
 COMMON_INTERFACES_API char* GetObjectTypeName(int kind, int number);
