@@ -19,8 +19,8 @@ constexpr double kRadiansPerMinute = 6.283185307179586 / 1440.0;
 // So near to 1 an eccentricity counts as that of a parabola.
 constexpr double kParabolicRange = 1e-6;
 
-// Radians per day for elements in au and a gravitational parameter in au^3 / day^2. For e >= 1 the element `a` is the
-// perihelion distance q; q / (1 - e) is then the semi-major axis, negative.
+// Radians per day for elements in au and a gravitational parameter in au^3 / day^2. For e >= 1 the element
+// `a` is the perihelion distance q; q / (1 - e) is then the semi-major axis, negative.
 double MeanMotion(double mu, double a, double e) {
   if (e < 1.0) return std::sqrt(mu / (a * a * a));
   const double q = a;
@@ -29,12 +29,13 @@ double MeanMotion(double mu, double a, double e) {
   return std::sqrt(mu / (axis * axis * axis));
 }
 
-// Of all that the model of the element set uses. What it does not, the record of a list may hold anything in: Kepler's
-// orbits have no drag, two-line elements no axis, and SGP4 leaves the derivatives of the mean motion aside.
+// Of all that the model of the element set uses. What it does not, the record of a list may hold anything in:
+// Kepler's orbits have no drag, two-line elements no axis, and SGP4 leaves the derivatives of the mean motion
+// aside.
 bool AreFinite(const OrbitalElements& elements) {
   const double own = elements.elementSet == kTwoLineElements ? elements.dragTerm : elements.a;
-  for (const double value : {elements.epoch, elements.e, elements.i, elements.om, elements.w, elements.M0,
-                             elements.n, own}) {
+  for (const double value :
+       {elements.epoch, elements.e, elements.i, elements.om, elements.w, elements.M0, elements.n, own}) {
     if (!std::isfinite(value)) return false;
   }
   return true;

@@ -51,15 +51,19 @@ int TakeLength(const char*& text) {
   return kCharBits;
 }
 
+// An l means nothing in front of a double, but C allows it; a letter without a type is none.
+bool MayHaveLength(char type, char length) {
+  if (length == 'h') return type == 'd';
+  if (length == 'l') return type == 'd' || type == 'f';
+  return type != '\0';
+}
+
 const char* TakeLetter(const char*& text, FormatConversion& conversion) {
   const char length = *text;
   conversion.bits = TakeLength(text);
   if (*text == '\0') return "is cut off";
   conversion.letter = *text++;
-  const char type = GetArgumentType(conversion.letter);
-  // What a length is for; an l means nothing in front of a double.
-  const bool isAllowed = length == 'h' ? type == 'd' : length == 'l' ? type == 'd' || type == 'f' : type != '\0';
-  return isAllowed ? nullptr : "is not allowed";
+  return MayHaveLength(GetArgumentType(conversion.letter), length) ? nullptr : "is not allowed";
 }
 
 }  // namespace

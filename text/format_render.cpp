@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Writes conversions itself instead of handing them to printf: the C library's decimal mark follows the locale
-// that a host happens to set, its exponents differ between platforms, and a format that came from a file never
-// gets near it.
+// Writes conversions itself instead of handing them to printf: the C library's decimal mark follows the
+// locale that a host happens to set, its exponents differ between platforms, and a format that came from a
+// file never gets near it.
 #include "text/format_render.h"
 
 #include <algorithm>

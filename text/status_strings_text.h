@@ -13,8 +13,8 @@ std::string GetTableText(int identifier);
 // The text, or null without a message: for texts that a table may leave out. It stays the table's.
 const char* FindOptionalText(int identifier);
 
-// Copies to a caller's buffer of kStatusTextSize bytes, always terminated; null does nothing. What is longer is
-// cut: texts are in a single-byte code page, so a cut never leaves a piece of a character.
+// Copies to a caller's buffer of kStatusTextSize bytes, always terminated; null does nothing. What is longer
+// is cut: texts are in a single-byte code page, so a cut never leaves a piece of a character.
 void CopyStatusText(const std::string& text, char* out);
 
 // How the formats of a place are chosen: by whether the observer's moving type stands near a surface.

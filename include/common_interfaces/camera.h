@@ -155,11 +155,11 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // Who comes back finds the view again: the camera remembers the planet or moon it was last at (the Sun
   // only by types 0 and 1 or when there was no other), the place on it, and with `keep` the direction in
   // which each type was left. The planet is put back when the new record names the Earth, which stands for
-  // "where you were". The place is put back when the new type is 0 or 1: longitude and latitude of one that is
-  // left in this very call on whatever body the record names, one of an earlier call on its own body only; the
-  // distance and its unit when an earlier call left that body in that type. With `keep` the direction comes
-  // back, with its plane, unless the present one counts from that plane anyway. The observer-changed flag is
-  // raised; the zoom-changed flag when the zoom differs.
+  // "where you were". The place is put back when the new type is 0 or 1: longitude and latitude of one that
+  // is left in this very call on whatever body the record names, one of an earlier call on its own body only;
+  // the distance and its unit when an earlier call left that body in that type. With `keep` the direction
+  // comes back, with its plane, unless the present one counts from that plane anyway. The observer-changed
+  // flag is raised; the zoom-changed flag when the zoom differs.
   void SetMovingType(char type, bool keep);
 
   // The object on or around which the observer is; (-1, -1) until defaults or a file give one.

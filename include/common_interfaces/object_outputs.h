@@ -10,8 +10,8 @@
 // cannot throw: it gives null, and no constructor runs, when the pool is exhausted. It has no matching delete
 // on purpose, because memory of a pool is given back only as a whole. One thread, that of the pool. A class
 // with an `operator new` of its own hides the language's, so the usual forms stand beside it and do what they
-// always do: `new (std::nothrow) StarOutput` gives null without memory, `new (place) StarOutput` constructs in
-// memory of the caller's.
+// always do: `new (std::nothrow) StarOutput` gives null without memory, `new (place) StarOutput` constructs
+// in memory of the caller's.
 #pragma once
 
 #include <cstddef>

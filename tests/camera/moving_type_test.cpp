@@ -171,7 +171,8 @@ TEST_F(MovingTypeTest, ThePlaceIsOnlyPutBackOnItsOwnBody) {
 TEST_F(MovingTypeTest, APlaceLeftInThisCallComesBackWhicheverBodyTheRecordNames) {
   SetStart(camera, 0);
   camera.SetObserver(kOtherGalaxy);
-  camera.SetMovingType(1, false);  // by the camera's own record, which names the Earth and lies at 119 degrees
+  // By the camera's own record, which names the Earth and lies at 119 degrees.
+  camera.SetMovingType(1, false);
   EXPECT_NE(camera.GetObserver(), kOtherGalaxy);
   EXPECT_NEAR(camera.GetLocation().lon / kDegree, -50, 1e-12);
   EXPECT_NEAR(camera.GetLocation().lat / kDegree, 40, 1e-12);
@@ -280,8 +281,8 @@ TEST_F(MovingTypeTest, WhoStandsOnTheSunStaysThere) {
   EXPECT_EQ(camera.GetObserver(), kSunId);
 }
 
-// Away from the planets the types on a body have the camera's own record, which counts from another plane than
-// the home on the Earth did.
+// Away from the planets the types on a body have the camera's own record, which counts from another plane
+// than the home on the Earth did.
 TEST_F(MovingTypeTest, GoingHomeTakesThePlaneOfAPlanetsRecord) {
   for (const int from : {0, 1, 2, 9}) {
     Camera own(1);

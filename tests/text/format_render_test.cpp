@@ -63,7 +63,8 @@ TEST(FormatRender, IntsAreWrittenAsTheCLibraryWritesThem) {
 
 // The C library gets the value in the type that the length names: a long has 64 bits on some hosts.
 TEST(FormatRender, AnIntWithALengthIsConvertedAsCDoes) {
-  for (const int value : {0, 1, -1, 127, 128, 255, 256, -129, 32767, 32768, 65535, 65536, -32769, INT_MAX, INT_MIN}) {
+  for (const int value :
+       {0, 1, -1, 127, 128, 255, 256, -129, 32767, 32768, 65535, 65536, -32769, INT_MAX, INT_MIN}) {
     for (const char* format : {"%hhd", "%hhu", "%hd", "%hu", "%hx", "%hho", "%#hhX", "%+6hhi", "%-8.4hd|"})
       EXPECT_EQ(RenderFormat(format, {value}), Printed(format, value)) << format << ' ' << value;
     EXPECT_EQ(RenderFormat("%ld", {value}), Printed("%d", value));

@@ -143,8 +143,8 @@ TEST(FormatFault, LengthsOfOtherTypesAreNotAllowed) {
   EXPECT_EQ(FindFormatFault("%hld", "d"), "conversion 1, %hl, is not allowed");
   EXPECT_EQ(FindFormatFault("%ls", "s"), "conversion 1, %ls, is not allowed");
   EXPECT_EQ(FindFormatFault("%lc", "c"), "conversion 1, %lc, is not allowed");
-  for (const char* format : {"%lld", "%llf", "%Lf", "%zd", "%jd", "%td", "%I64d", "%p", "%S",
-                             "%C", "%m", "%'d", "%l%", "%5%", "% %", "%b"}) {
+  for (const char* format : {"%lld", "%llf", "%Lf", "%zd", "%jd", "%td", "%I64d", "%p", "%S", "%C", "%m",
+                             "%'d", "%l%", "%5%", "% %", "%b"}) {
     EXPECT_NE(FindFormatFault(format, "d"), "") << format;
     EXPECT_NE(FindFormatFault(format, "f"), "") << format;
   }
