@@ -26,19 +26,19 @@ DeepskyOutput::DeepskyOutput(const DeepskyOutput&) = default;
 DeepskyOutput& DeepskyOutput::operator=(const DeepskyOutput&) = default;
 
 // Here and not in the header: what the library's heap gave goes back to it.
-#define DEFINE_MEMORY(Class)                                                                      \
-  void* Class::operator new(std::size_t size) { return ::operator new(size); }                    \
-  void* Class::operator new(std::size_t size, const std::nothrow_t& tag) noexcept {               \
-    return ::operator new(size, tag);                                                             \
-  }                                                                                               \
-  void* Class::operator new(std::size_t, void* place) noexcept { return place; }                  \
-  void* Class::operator new(std::size_t size, OutputPool& pool) noexcept {                        \
-    return pool.getMem(static_cast<unsigned>(size));                                              \
-  }                                                                                               \
-  void Class::operator delete(void* memory) noexcept { ::operator delete(memory); }               \
-  void Class::operator delete(void* memory, const std::nothrow_t& tag) noexcept {                 \
-    ::operator delete(memory, tag);                                                               \
-  }                                                                                               \
+#define DEFINE_MEMORY(Class)                                                        \
+  void* Class::operator new(std::size_t size) { return ::operator new(size); }      \
+  void* Class::operator new(std::size_t size, const std::nothrow_t& tag) noexcept { \
+    return ::operator new(size, tag);                                               \
+  }                                                                                 \
+  void* Class::operator new(std::size_t, void* place) noexcept { return place; }    \
+  void* Class::operator new(std::size_t size, OutputPool& pool) noexcept {          \
+    return pool.getMem(static_cast<unsigned>(size));                                \
+  }                                                                                 \
+  void Class::operator delete(void* memory) noexcept { ::operator delete(memory); } \
+  void Class::operator delete(void* memory, const std::nothrow_t& tag) noexcept {   \
+    ::operator delete(memory, tag);                                                 \
+  }                                                                                 \
   void Class::operator delete(void*, void*) noexcept {}
 
 DEFINE_MEMORY(StarOutput)

@@ -168,8 +168,9 @@ TEST(DeepskyImages, NumberWhoseLetterHasNoPictureFindsTheLowestLetter) {
   EXPECT_EQ(find(0x400000E0), 0x200000E0u);  // 224D: B is the lowest there is
   EXPECT_EQ(find(0x300000E0), 0x300000E0u);  // 224C is there itself
   EXPECT_EQ(find(62u << 24 | 31), 31u);
-  EXPECT_EQ(find(62u << 24 | 32), 32u);           // no letter comes before all letters
-  EXPECT_EQ(find(64u << 24 | 32), 0x40000020u);   // where a picture has the sub-type's bits as its letter, that
+  EXPECT_EQ(find(62u << 24 | 32), 32u);  // no letter comes before all letters
+  EXPECT_EQ(find(64u << 24 | 32),
+            0x40000020u);  // where a picture has the sub-type's bits as its letter, that
   EXPECT_EQ(find(62u << 24 | 33), 0u);
 }
 

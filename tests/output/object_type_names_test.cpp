@@ -22,7 +22,8 @@ class ObjectTypeNamesTest : public testing::Test {
     roots.dir.Write(
         "data/qxstrings.txt",
         "star\tStar\nplnt\tPlanet\npldw\tDwarf\nmoon\tMoon\nscft\tCraft\ncomt\tComet\nastr\tAsteroid\n"
-        "gala\twrong\nuGAL\tUser galaxy\nuNEB\tUser nebula\nuCLS\tUser cluster\nuDSO\tUser object\n0\tSub 0\n40\tSub 40\n255\tSub 255\n"
+        "gala\twrong\nuGAL\tUser galaxy\nuNEB\tUser nebula\nuCLS\tUser cluster\nuDSO\tUser object\n0\tSub "
+        "0\n40\tSub 40\n255\tSub 255\n"
         "20261\tM4\n20262\tM5\n20263\tM6\n20264\tM7\n20265\tM8\n20266\tM9\n");
     const QX4Strings load;
     QX4Strings::FinishLocaleUpdate();
