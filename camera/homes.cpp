@@ -203,8 +203,7 @@ void Camera::ApplyHome(const HomeParameters& home) {
   if ((home.flags & kHomeLocation) != 0) {
     GoToPlace(home);
   } else {
-    ChangeTypeAndObserver(0, kEarthObject);
-    m_ObsLocatType = kSurfaceLocation;
+    ChangeTypeAndObserver(0, kSurfaceLocation, kEarthObject);
   }
   if ((home.flags & kHomeView) != 0) LookAsAt(home);
   if ((home.flags & kHomeTime) == 0) return;
@@ -213,14 +212,18 @@ void Camera::ApplyHome(const HomeParameters& home) {
   UpdateLocUTCDeltaFromTimeZone();
 }
 
+// The record of the type gives what a home does not hold, above all the plane that the angles count from. So
+// it is read whatever the type is now, and chosen for the body to go to: the types on a body have another one
+// away from the planets.
+void Camera::ChangeTypeAndObserver(int type, int locationType, const SSO_ID& observer) {
+  ChangeMovingType(type, false, observer);
+  ReleaseDirection();  // types 1 and 4 turn to the body that was left
+  m_ObsLocatType = static_cast<unsigned char>(locationType);
+  SetObserver(observer);
+}
+
 void Camera::GoToPlace(const HomeParameters& home) {
-  // The record of the type gives what a home does not hold, above all the plane that the angles count from.
-  if (home.movingType != m_ObsMovingType || m_Observer.kind != FourCC("plnt")) {
-    ChangeTypeAndObserver(home.movingType, home.observer);
-    ReleaseDirection();  // types 1 and 4 turn to the body that was left
-  }
-  m_ObsLocatType = static_cast<unsigned char>(home.locationType);
-  SetObserver(home.observer);
+  ChangeTypeAndObserver(home.movingType, home.locationType, home.observer);
   SetLocation(home.location);
   SetLocationName(home.locationName);
 }

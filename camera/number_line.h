@@ -10,8 +10,8 @@
 
 namespace CommonInterfaces {
 
-// Takes the numbers off a line from the left. Blanks may stand before a number, an end of text or a blank must
-// follow it.
+// Takes the numbers off a line from the left. Blanks may stand before a number, an end of text or a blank
+// must follow it.
 class NumberLine {
  public:
   explicit NumberLine(const char* text) : m_Rest(text) {}

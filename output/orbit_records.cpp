@@ -29,10 +29,13 @@ double MeanMotion(double mu, double a, double e) {
   return std::sqrt(mu / (axis * axis * axis));
 }
 
+// Of all that the model of the element set uses. What it does not, the record of a list may hold anything in:
+// Kepler's orbits have no drag, two-line elements no axis, and SGP4 leaves the derivatives of the mean motion
+// aside.
 bool AreFinite(const OrbitalElements& elements) {
+  const double own = elements.elementSet == kTwoLineElements ? elements.dragTerm : elements.a;
   for (const double value :
-       {elements.epoch, elements.a, elements.e, elements.i, elements.om, elements.w, elements.M0, elements.n,
-        elements.meanMotionDot, elements.meanMotionDotDot, elements.dragTerm}) {
+       {elements.epoch, elements.e, elements.i, elements.om, elements.w, elements.M0, elements.n, own}) {
     if (!std::isfinite(value)) return false;
   }
   return true;

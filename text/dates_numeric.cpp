@@ -10,6 +10,7 @@
 #include "common_interfaces/string_table.h"
 #include "text/dates_format.h"
 #include "text/format_render.h"
+#include "text/text_ids.h"
 #include "utils/characters.h"
 #include "utils/debug.h"
 #include "utils/locale.h"
@@ -23,8 +24,6 @@ constexpr int kMonthFirst = 0;
 constexpr int kDayFirst = 1;
 constexpr int kYearFirst = 2;
 
-constexpr unsigned kNumericFormatId = 20560;
-
 int s_DateFormat = kYearFirst;  // for the thread that uses the string table; lives as long as the process
 
 // Counted from 1, so that a letter at the start is behind a missing one (0).
@@ -34,7 +33,7 @@ static_assert(std::string_view::npos + 1 == 0);
 // The order that text 20560 asks for. Any number but the two means the year first, one that no int holds too.
 int GetLocalizedFormat() {
   QX4Strings strings;
-  const char* const text = QX4Strings::GetString(kNumericFormatId, true);
+  const char* const text = QX4Strings::GetString(TextIds::kDateOrder, true);
   std::string_view rest = text ? text : "";
   SkipWhiteSpace(rest);
   int number = kYearFirst;

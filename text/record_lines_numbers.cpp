@@ -103,9 +103,9 @@ std::ptrdiff_t CountLeadingZeros(const Decimal& number) {
   return count;
 }
 
-// Whether the digits and the power of ten are doubles both. Deliberately no narrower than the test that the library's
-// converter makes for itself: on 32-bit systems that converter may have been compiled for registers of 80 bits, where
-// the one operation would round twice.
+// Whether the digits and the power of ten are doubles both. Deliberately no narrower than the test that the
+// library's converter makes for itself: on 32-bit systems that converter may have been compiled for registers
+// of 80 bits, where the one operation would round twice.
 inline bool IsExact(const Decimal& number) {
   if (number.digits > kLargestExact || number.exponent < -kExactPower || number.exponent > kExactPower)
     return false;
@@ -113,8 +113,8 @@ inline bool IsExact(const Decimal& number) {
          number.digitCount - CountLeadingZeros(number) <= kCountedDigits;
 }
 
-// Both operands of the quick way are exact, so its one operation rounds correctly (W. D. Clinger, "How to read
-// floating point numbers accurately", 1990).
+// Both operands of the quick way are exact, so its one operation rounds correctly (W. D. Clinger, "How to
+// read floating point numbers accurately", 1990).
 inline double Convert(const Decimal& number) {
   if (number.digitCount == 0) return 0.0;
   if (!IsExact(number)) return ConvertSlowly(number);

@@ -154,7 +154,8 @@ class COMMON_INTERFACES_API SettingField {
 
   static constexpr unsigned kNoOffset = 0xFFFFFFFF;
   static bool m_sOldSettings;
-  // How often a field got another name id after it was made: containers find fields by name and cannot see it.
+  // How often a field got another name id after it was made: containers find fields by name and cannot see
+  // it.
   static unsigned m_sNameChanges;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record

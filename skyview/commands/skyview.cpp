@@ -40,8 +40,7 @@ using CommonInterfaces::QX4Strings;
 using CommonInterfaces::SettingsData;
 
 constexpr int kDone = 0, kBadData = 1, kBadOption = 2;
-constexpr unsigned kOwner = 1;       // of the camera and of the settings
-constexpr int kProgramNameText = 1;  // in the string table
+constexpr unsigned kOwner = 1;  // of the camera and of the settings
 
 int Fail(const std::string& message, int code, std::ostream& errors) {
   errors << "skyview: " << message << "\n";
@@ -237,7 +236,7 @@ bool Answer(const Options& options, Session& session, Diagnostics& diagnostics, 
 }
 
 int Show(const Options& options, Diagnostics& diagnostics, std::ostream& output, std::ostream& errors) {
-  QX4Strings::SetProgrmaNameId(kProgramNameText);
+  QX4Strings::SetProgrmaNameId(static_cast<int>(HostText::kProgramName));
   std::string text, error;
   if (options.body) {
     const auto description = DescribeBody(*options.body, diagnostics, error);

@@ -16,6 +16,7 @@ using CommonInterfaces::TextUse;
 constexpr int kMaxLength = 200;  // bytes; a line of the report stays readable
 
 constexpr TextUse kHostTexts[] = {
+    {900000, 900000, "", kMaxLength, true, "skyview: name of the program"},
     {900001, 900002, "s", kMaxLength, true, "skyview: place, coordinates"},
     {900003, 900004, "s", kMaxLength, true, "skyview: date, centre of the view"},
     {900005, 900005, "ss", kMaxLength, true, "skyview: direction, compass point"},

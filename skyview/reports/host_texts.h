@@ -13,7 +13,8 @@
 namespace skyview {
 
 enum class HostText : int {
-  kPlace = 900001,
+  kProgramName = 900000,
+  kPlace,
   kCoordinates,
   kDate,
   kCentre,
