@@ -9,7 +9,7 @@
 #include <random>
 
 #include "astro/astro.h"
-#include "companions/astro/nutation.h"
+#include "companions/astro/earth/nutation.h"
 #include "measure.h"
 
 using astro_test::JulianDateOfYear;

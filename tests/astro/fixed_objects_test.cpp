@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/fixed_objects.h"
+#include "companions/astro/model/fixed_objects.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/integrated_object.h"
+#include "companions/astro/model/integrated_object.h"
 
 #include <gtest/gtest.h>
 

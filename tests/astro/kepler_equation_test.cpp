@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/kepler_equation.h"
+#include "companions/astro/orbits/kepler_equation.h"
 
 #include <gtest/gtest.h>
 

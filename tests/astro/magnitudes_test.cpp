@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/magnitudes.h"
+#include "companions/astro/model/magnitudes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/nutation.h"
+#include "companions/astro/earth/nutation.h"
 
 #include <gtest/gtest.h>
 

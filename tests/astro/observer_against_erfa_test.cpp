@@ -7,7 +7,7 @@
 
 #include <random>
 
-#include "companions/astro/moment.h"
+#include "companions/astro/model/moment.h"
 #include "sky_place.h"
 
 using astro_test::JulianDateOfYear;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/orbit_integrator.h"
+#include "companions/astro/orbits/orbit_integrator.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Gravitational parameters of DE440: R. S. Park, W. M. Folkner, J. G. Williams & D. H. Boggs 2021, "The JPL planetary and
+// lunar ephemerides DE440 and DE441", Astronomical Journal 161, 105, table 2; of the planets without their moons as
+// published with it by NAIF (gm_de440.tpc). The Sun's is the square of the Gaussian constant, which published elements and
+// the mean motions of two-body orbits here rest on; that of DE440 is 5e-12 smaller.
+#include "companions/astro/planets/gravity.h"
+
+#include "astro/two_body.h"
+#include "companions/astro/model/moment.h"
+#include "utils/text.h"
+
+namespace astro_internal {
+
+namespace {
+
+struct Gravity {
+  double system;  // km^3 / s^2
+  double body;
+};
+
+constexpr Gravity kPlanets[9] = {
+    {22031.868551, 22031.868551},    {324858.592, 324858.592},           {398600.435507, 398600.435507},
+    {42828.375816, 42828.373620699}, {126712764.1, 126686531.9003704},   {37940584.8418, 37931206.23436167},
+    {5794556.4, 5793951.256527211},  {6836527.10058, 6835103.145462294}, {975.5, 869.6138177608748},
+};
+constexpr double kMoon = 4902.800118;
+constexpr double kSecondsPerDay = 86400.0;
+constexpr double kUnit = kSecondsPerDay * kSecondsPerDay / (kKmPerAu * kKmPerAu * kKmPerAu);
+
+}  // namespace
+
+double SystemGravity(int planet) {
+  return planet == 10 ? kGaussianConstant * kGaussianConstant : kPlanets[planet - 1].system * kUnit;
+}
+
+double BodyGravity(const SSO_ID& body) {
+  if (body.kind == FourCC("moon") && body.number == 301) return kMoon * kUnit;
+  if (body.kind != FourCC("plnt") || body.number < 1 || body.number > 10) return 0.0;
+  return body.number == 10 ? SystemGravity(10) : kPlanets[body.number - 1].body * kUnit;
+}
+
+}  // namespace astro_internal
