@@ -4,13 +4,14 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "common_interfaces/record_lines.h"
 
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using astro::kRadiansPerDegree;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }

@@ -109,7 +109,7 @@ TEST(ObserverAgainstErfa, MotionOfSunAndEarthAboutTheBarycentre) {
     for (int i = 0; i < 3; ++i) {
       barycentre.Note(moment.barycentre[i] - (heliocentric[0][i] - barycentric[0][i]), date);
       speed.Note(
-          (moment.observerVelocity[i] - barycentric[1][i] / astro_internal::kLightPerDay) * 299792458.0,
+          (moment.observerVelocity[i] - barycentric[1][i] / astro::kLightAuPerDay) * 299792458.0,
           date);
     }
   }

@@ -11,7 +11,7 @@
 void Aberration(const double direction[3], const double velocity[3], double apparent[3]) {
   const double speed = Vmod(velocity, 3);
   const double inverseLorentzFactor = std::sqrt(1.0 - speed * speed);
-  const double along = direction[0] * velocity[0] + direction[1] * velocity[1] + direction[2] * velocity[2];
+  const double along = astro::Dot(direction, velocity);
   const double share = 1.0 + along / (1.0 + inverseLorentzFactor);
   double seen[3];
   for (int i = 0; i < 3; ++i) seen[i] = inverseLorentzFactor * direction[i] + share * velocity[i];

@@ -3,17 +3,18 @@
 #include "astro/earth_orientation.h"
 
 #include <cmath>
-#include <numbers>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
 #include "companions/astro/earth/nutation.h"
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
-constexpr double kRadiansPerArcSecond = std::numbers::pi / 648000.0;
-constexpr double kJ2000 = 2451545.0;
-constexpr double kDaysPerCentury = 36525.0;
+using astro::kDaysPerJulianCentury;
+using astro::kJ2000;
+using astro::kRadiansPerArcsecond;
+using astro::kSecondsPerDay;
+using astro::kTurn;
 
 // Polynomials in Julian centuries of dynamical time from J2000.0, arc seconds.
 using Polynomial = double[6];
@@ -34,7 +35,7 @@ constexpr Polynomial kSiderealTime = {0.014506,    4612.156534,  1.3915817,
 double Evaluate(const Polynomial& coefficients, double centuries) {
   double sum = 0.0;
   for (int i = 5; i >= 0; --i) sum = sum * centuries + coefficients[i];
-  return sum * kRadiansPerArcSecond;
+  return sum * kRadiansPerArcsecond;
 }
 
 // m = R m, where R turns the axes by `angle` about axis 0 (x) or 2 (z), counterclockwise seen from its tip.
@@ -61,10 +62,10 @@ double EquationOfEquinoxes(double centuries) {
   const double complementary =
       0.00264096 * std::sin(nutation.ascendingNode) + 0.00006352 * std::sin(2.0 * nutation.ascendingNode);
   return nutation.longitude * std::cos(Evaluate(kObliquity, centuries)) +
-         complementary * kRadiansPerArcSecond;
+         complementary * kRadiansPerArcsecond;
 }
 
-double Centuries(double julianDateTT) { return (julianDateTT - kJ2000) / kDaysPerCentury; }
+double Centuries(double julianDateTT) { return (julianDateTT - kJ2000) / kDaysPerJulianCentury; }
 
 }  // namespace
 
@@ -81,7 +82,8 @@ void PrecessionNutationMatrix(double julianDateTT, double m[9]) {
 double MeanObliquity(double julianDateTT) { return Evaluate(kObliquity, Centuries(julianDateTT)); }
 
 double ApparentSiderealTime(int julianDay, double fraction, double deltaT) {
-  const double centuries = ((julianDay - kJ2000) + fraction + deltaT / 86400.0) / kDaysPerCentury;
+  const double centuries =
+      ((julianDay - kJ2000) + fraction + deltaT / kSecondsPerDay) / kDaysPerJulianCentury;
   const double angle = std::fmod(EarthRotationAngle(julianDay, fraction) +
                                      Evaluate(kSiderealTime, centuries) + EquationOfEquinoxes(centuries),
                                  kTurn);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "astro/constants.h"
 #include "astro/earth_orientation.h"
 
 namespace {
@@ -82,8 +83,7 @@ constexpr double kArguments[11][2] = {
 };
 constexpr int kEarth = 1;
 
-constexpr double kLightPerDay = 173.144632674;  // astronomical units a day
-constexpr double kUnit = 1e-8 / kLightPerDay;
+constexpr double kUnit = 1e-8 / astro::kLightAuPerDay;
 
 template <class Row>
 void Add(const Row& row, double argument, double factor, double v[3]) {
@@ -97,7 +97,7 @@ void Add(const Row& row, double argument, double factor, double v[3]) {
 }  // namespace
 
 void EarthVelocity(double julianDateTT, double v[3]) {
-  const double centuries = (julianDateTT - 2451545.0) / 36525.0;
+  const double centuries = (julianDateTT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   double arguments[11];
   for (int i = 0; i < 11; ++i) arguments[i] = kArguments[i][0] + kArguments[i][1] * centuries;
   double sum[3] = {0.0, 0.0, 0.0};

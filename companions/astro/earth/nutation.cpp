@@ -4,12 +4,13 @@
 
 #include <cmath>
 #include <iterator>
-#include <numbers>
+
+#include "astro/constants.h"
 
 namespace astro_internal {
 namespace {
 
-constexpr double kRadiansPerArcSecond = std::numbers::pi / 648000.0;
+using astro::kRadiansPerArcsecond;
 
 struct Term {
   signed char multiples[5];  // of the Delaunay arguments l, l', F, D, node
@@ -117,7 +118,7 @@ constexpr double kPlanetaryObliquity = 0.388;
 Nutation NutationAt(double centuries) {
   double delaunay[5];
   for (int i = 0; i < 5; ++i) {
-    delaunay[i] = (kDelaunay[i][0] + kDelaunay[i][1] * centuries) * kRadiansPerArcSecond;
+    delaunay[i] = (kDelaunay[i][0] + kDelaunay[i][1] * centuries) * kRadiansPerArcsecond;
   }
   double longitude = 0.0;
   double obliquity = 0.0;
@@ -131,8 +132,8 @@ Nutation NutationAt(double centuries) {
     obliquity += (term->obliquity[0] + term->obliquity[1] * centuries) * cosine + term->obliquity[2] * sine;
   }
   Nutation nutation;
-  nutation.longitude = (longitude * 1e-7 + kPlanetaryLongitude * 1e-3) * kRadiansPerArcSecond;
-  nutation.obliquity = (obliquity * 1e-7 + kPlanetaryObliquity * 1e-3) * kRadiansPerArcSecond;
+  nutation.longitude = (longitude * 1e-7 + kPlanetaryLongitude * 1e-3) * kRadiansPerArcsecond;
+  nutation.obliquity = (obliquity * 1e-7 + kPlanetaryObliquity * 1e-3) * kRadiansPerArcsecond;
   nutation.ascendingNode = delaunay[4];
   return nutation;
 }

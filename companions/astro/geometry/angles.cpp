@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+using astro::kTurn;
 // Angles are split as whole hundredths of a second, so that rounding happens once, before the split.
 constexpr long long kHundredthsPerMinute = 60LL * 100;
 constexpr long long kHundredthsPerUnit = 60 * kHundredthsPerMinute;  // unit: a degree or an hour

@@ -4,11 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+
+#include "astro/constants.h"
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+using astro::kTurn;
 
 }  // namespace
 

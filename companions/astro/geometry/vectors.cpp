@@ -4,11 +4,7 @@
 
 #include <cmath>
 
-namespace {
-
-double Dot(const double a[3], const double b[3]) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-}  // namespace
+using astro::Dot;
 
 double Vmod(const double* v, int n) {
   double sum = 0.0;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "companions/astro/model/observation.h"
 
@@ -12,10 +13,11 @@ namespace astro_internal {
 
 namespace {
 
-constexpr double kDaysPerYear = 365.25;
-constexpr double kJ2000 = 2451545.0;
-constexpr double kAuPerYearPerKmPerSecond = 86400.0 * kDaysPerYear / kKmPerAu;
-constexpr double kSunRadius = 695700.0 / kKmPerAu;  // au, IAU 2015 Resolution B3
+using astro::kDaysPerJulianYear;
+using astro::kKilometresPerAu;
+
+constexpr double kAuPerYearPerKmPerSecond = astro::kSecondsPerDay * kDaysPerJulianYear / kKilometresPerAu;
+constexpr double kSunRadius = 695700.0 / kKilometresPerAu;  // au, IAU 2015 Resolution B3
 
 // The motion through space, straight and even, in units of the distance at the epoch: nothing is divided by the parallax,
 // so that a star without one keeps every digit of its proper motion. Explanatory Supplement to the Astronomical Almanac
@@ -29,7 +31,7 @@ void StarPlace(const Moment& moment, const StarRecord& star, double parallax, do
                            std::cos(star.dec)};
   double nearer = 0.0;  // au
   for (int i = 0; i < 3; ++i) nearer += towards[i] * (moment.observer[i] - moment.barycentre[i]);
-  const double years = (moment.dateTT - kJ2000 + nearer / kLightPerDay) / kDaysPerYear;
+  const double years = (moment.dateTT - astro::kJ2000 + nearer / astro::kLightAuPerDay) / kDaysPerJulianYear;
   const double receding = static_cast<double>(star.radialVelocity) * kAuPerYearPerKmPerSecond * parallax;
   for (int i = 0; i < 3; ++i) {
     const double motion =

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <limits>
 
+#include "astro/constants.h"
 #include "astro/planets.h"
 #include "companions/astro/model/magnitudes.h"
 #include "companions/astro/model/object_kinds.h"
 #include "companions/astro/model/observation.h"
 #include "companions/astro/planets/gravity.h"
-#include "utils/text.h"
 
 namespace astro_internal {
 
@@ -46,15 +46,15 @@ struct Disturbers {
 bool Fill(double date, Disturbers& disturbers) {
   double earth[3], moon[3];
   disturbers.count = 0;
-  if (!ComputePlanetState(SSO_ID(FourCC("plnt"), 3), date, earth, nullptr)) return false;
+  if (!ComputePlanetState(astro::kEarth, date, earth, nullptr)) return false;
   if (!ComputeMoonState(date, moon, nullptr)) return false;
   for (int i = 0; i < 3; ++i) moon[i] += earth[i];
-  disturbers.Add(earth, SystemGravity(3));
-  disturbers.Add(moon, BodyGravity(SSO_ID(FourCC("moon"), 301)));
+  disturbers.Add(earth, SystemGravity(astro::kEarthNumber));
+  disturbers.Add(moon, BodyGravity(astro::kMoon));
   for (int number = 1; number <= 9; ++number) {
     double planet[3];
-    if (number == 3) continue;
-    if (!ComputePlanetState(SSO_ID(FourCC("plnt"), number), date, planet, nullptr)) continue;
+    if (number == astro::kEarthNumber) continue;
+    if (!ComputePlanetState(SSO_ID(astro::kPlanetKind, number), date, planet, nullptr)) continue;
     disturbers.Add(planet, SystemGravity(number));
   }
   return true;
@@ -95,7 +95,7 @@ void Attract(double gravity, const double position[3], double acceleration[3]) {
 bool Acceleration(double t, const double position[3], double acceleration[3], void* context) {
   const Disturbers* disturbers = static_cast<Surroundings*>(context)->At(t);
   if (disturbers == nullptr) return false;
-  Attract(SystemGravity(10), position, acceleration);
+  Attract(SystemGravity(astro::kSunNumber), position, acceleration);
   for (int k = 0; k < disturbers->count; ++k) {
     Disturb(disturbers->gravity[k], disturbers->place[k], position, acceleration);
   }
@@ -111,8 +111,7 @@ std::optional<IntegratedObject> IntegratedObject::Begin(const ModelObject& objec
   const ReadyOrbit* orbit = std::get_if<ReadyOrbit>(&object.record);
   if (orbit == nullptr || orbit->satellite.has_value()) return std::nullopt;
   const OrbitalElements& elements = orbit->elements;
-  if (!(SSO_ID(elements.centralKind, elements.centralNumber) == SSO_ID(FourCC("plnt"), 10)))
-    return std::nullopt;
+  if (!(SSO_ID(elements.centralKind, elements.centralNumber) == astro::kSun)) return std::nullopt;
   if (!(elements.epoch >= kFirstPlanetDate && elements.epoch <= kLastPlanetDate)) return std::nullopt;
   IntegratedObject begun(object.id, elements);
   if (!ComputeTwoBodyState(elements, orbit->plane, elements.epoch, begun.m_State.position,
@@ -133,7 +132,7 @@ bool IntegratedObject::Advance(double dateTT) {
 bool IntegratedObject::Observe(const Moment& moment, ObservedBody& result) {
   if (!moment.earthKnown || !Advance(moment.dateTT)) return false;
   double acceleration[3];
-  Attract(SystemGravity(10), m_State.position, acceleration);
+  Attract(SystemGravity(astro::kSunNumber), m_State.position, acceleration);
   const auto stateBefore = [this, &acceleration](double days, double position[3]) {
     for (int i = 0; i < 3; ++i) {
       position[i] = m_State.position[i] - days * m_State.velocity[i] + 0.5 * days * days * acceleration[i];

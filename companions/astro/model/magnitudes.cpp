@@ -8,17 +8,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
-#include "utils/text.h"
 
 namespace astro_internal {
 
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
+constexpr double kDegree = astro::kRadiansPerDegree;
 constexpr double kUnknown = static_cast<double>(kUnknownStarMagnitude);
 
 // sum of coefficients[i] x^i
@@ -58,14 +57,14 @@ double SineOfLatitude(const double from[3], double poleRA, double poleDec) {
   double pole[3];
   sfp(1.0, poleRA * kDegree, poleDec * kDegree, pole);
   const double length = Vmod(from, 3);
-  return -(from[0] * pole[0] + from[1] * pole[1] + from[2] * pole[2]) / length;
+  return -astro::Dot(from, pole) / length;
 }
 
 // With the rings, whose opening is the geometric mean of the latitudes of Sun and observer; they stay dark where the two
 // stand on different sides. Beyond what the Earth can see of phases the globe alone.
 double Saturn(double phase, const Illumination& light) {
   if (phase > 6.5) return Polynomial({-8.94, 2.446e-4, 2.672e-4, -1.506e-6, 4.767e-9}, phase);
-  const double centuries = (light.dateTT - 2451545.0) / 36525.0;
+  const double centuries = (light.dateTT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   const double ra = 40.589 - 0.036 * centuries, dec = 83.537 - 0.004 * centuries;
   const double sun = std::asin(std::clamp(SineOfLatitude(light.fromSun, ra, dec), -1.0, 1.0));
   const double observer = std::asin(std::clamp(SineOfLatitude(light.fromObserver, ra, dec), -1.0, 1.0));
@@ -90,7 +89,7 @@ double Uranus(double phase, const Illumination& light) {
 
 // It brightened from 1980 to 2000.
 double Neptune(double phase, double dateTT) {
-  const double year = 2000.0 + (dateTT - 2451545.0) / 365.25;
+  const double year = 2000.0 + (dateTT - astro::kJ2000) / astro::kDaysPerJulianYear;
   const double base = year > 2000.0 ? -7.00 : -6.89 - 0.0054 * std::max(year - 1980.0, 0.0);
   return phase > 1.9 ? base + Polynomial({0.0, 7.944e-3, 9.617e-5}, phase) : base;
 }
@@ -98,7 +97,7 @@ double Neptune(double phase, double dateTT) {
 // C. W. Allen, Astrophysical Quantities, as K. Krisciunas & B. E. Schaefer 1991 (PASP 103, 1033) give it: at the mean
 // distance of 384400 km, 1 au from the Sun.
 double Moon(double phase) {
-  constexpr double kMeanDistance = 384400.0 / 149597870.7;
+  constexpr double kMeanDistance = 384400.0 / astro::kKilometresPerAu;
   return -12.73 + 0.026 * phase + 4e-9 * std::pow(phase, 4) - 5.0 * std::log10(kMeanDistance);
 }
 
@@ -135,8 +134,8 @@ double PlanetMagnitude(const SSO_ID& body, const Illumination& light) {
   constexpr double kSun = -26.74;  // at 1 au: NASA, Sun Fact Sheet
   const double distances = 5.0 * std::log10(light.sunDistance * light.distance);
   const double phase = light.phaseAngle / kDegree;
-  if (body.kind == FourCC("moon")) return Known(Moon(phase) + distances);
-  if (body.number == 10) return Known(kSun + 5.0 * std::log10(light.distance));
+  if (body == astro::kMoon) return Known(Moon(phase) + distances);
+  if (body == astro::kSun) return Known(kSun + 5.0 * std::log10(light.distance));
   return Known(AbsoluteMagnitude(body.number, phase, light) + distances);
 }
 

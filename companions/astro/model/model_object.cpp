@@ -100,7 +100,7 @@ MovingObject ViewOf(const ModelObject& object) {
   return view;
 }
 
-bool IsSun(const SSO_ID& id) { return id == SSO_ID(FourCC("plnt"), 10); }
+bool IsSun(const SSO_ID& id) { return id == astro::kSun; }
 
 double MagnitudeOf(const MovingObject& view, const Illumination& light) {
   if (view.elements == nullptr) return PlanetMagnitude(view.id, light);
@@ -111,7 +111,7 @@ double MagnitudeOf(const MovingObject& view, const Illumination& light) {
 
 double AngularRadiusOf(const MovingObject& view, double distance) {
   if (view.elements != nullptr) return 0.0;
-  const double radius = GetBodyRadius(view.id) / kKmPerAu;
+  const double radius = GetBodyRadius(view.id) / astro::kKilometresPerAu;
   return radius < distance ? std::asin(radius / distance) : 0.0;
 }
 

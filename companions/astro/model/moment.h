@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "astro/constants.h"
+
 namespace astro_internal {
 
 // What is farther off is no moment: the days before and after J2000.0 (100000 years; the series of the Earth's velocity
@@ -12,7 +14,7 @@ inline constexpr double kLargestDeltaT = 1e7;
 // What every object has in common at one moment for one observer. Vectors are on J2000 (ICRS) axes, au and au/day.
 struct Moment {
   bool usable = false;  // else nothing is seen, and nothing below counts
-  double dateTT = 2451545.0;
+  double dateTT = astro::kJ2000;
   double deltaT = 0.0;      // TT - UT1, seconds
   bool earthKnown = false;  // false outside the range of the series: the vectors about the Sun are then zero
   double earth[3] = {};     // the Earth's centre about the Sun
@@ -29,9 +31,6 @@ struct Place {
   double longitude = 0.0, latitude = 0.0;  // radians, geodetic (WGS 84), east and north positive
   double height = 0.0;                     // metres
 };
-
-inline constexpr double kKmPerAu = 149597870.7;        // IAU 2012 Resolution B2
-inline constexpr double kLightPerDay = 173.144632674;  // au a day: 299792.458 km/s
 
 Moment MomentAt(double dateTT, double deltaT, const Place& place);
 

@@ -4,15 +4,16 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/planets.h"
-#include "utils/text.h"
 
 namespace astro_internal {
 
 namespace {
 
-constexpr double kSecondsPerDay = 86400.0;
-constexpr double kMinutesPerDay = 1440.0;
+using astro::kKilometresPerAu;
+using astro::kMinutesPerDay;
+using astro::kSecondsPerDay;
 
 bool IsFinite(const double v[3]) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
 
@@ -24,7 +25,7 @@ bool OrbitState(const OrbitalElements& elements, const OrbitPlane& plane, double
                 double velocity[3]) {
   if (!ComputeTwoBodyState(elements, plane, date, position, velocity)) return false;
   const SSO_ID centre(elements.centralKind, elements.centralNumber);
-  if (centre == SSO_ID(FourCC("plnt"), 10)) return true;
+  if (centre == astro::kSun) return true;
   double centrePosition[3], centreVelocity[3];
   if (!ComputePlanetState(centre, date, centrePosition, velocity != nullptr ? centreVelocity : nullptr))
     return false;
@@ -44,10 +45,11 @@ bool SatelliteState(const MovingObject& object, const Moment& moment, double bef
     return false;
   TemeToJ2000(date, teme, position);
   for (int i = 0; i < 3; ++i)
-    position[i] = position[i] / kKmPerAu + moment.earth[i] - before * moment.earthVelocity[i];
+    position[i] = position[i] / kKilometresPerAu + moment.earth[i] - before * moment.earthVelocity[i];
   if (velocity == nullptr) return true;
   TemeToJ2000(date, temeVelocity, velocity);
-  for (int i = 0; i < 3; ++i) velocity[i] = velocity[i] * kSecondsPerDay / kKmPerAu + moment.earthVelocity[i];
+  for (int i = 0; i < 3; ++i)
+    velocity[i] = velocity[i] * kSecondsPerDay / kKilometresPerAu + moment.earthVelocity[i];
   return true;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "companions/astro/model/object_kinds.h"
 
+#include "astro/constants.h"
 #include "utils/text.h"
 
 namespace astro_internal {
@@ -28,8 +29,8 @@ constexpr KindOfFamily kFamilies[] = {
 }  // namespace
 
 ObjectFamily FamilyOf(const SSO_ID& id) {
-  if (id.kind == FourCC("plnt") && id.number >= 1 && id.number <= 10) return ObjectFamily::kPlanet;
-  if (id.kind == FourCC("moon") && id.number == 301) return ObjectFamily::kPlanet;
+  const bool isPlanet = id.kind == astro::kPlanetKind && id.number >= 1 && id.number <= astro::kSunNumber;
+  if (isPlanet || id == astro::kMoon) return ObjectFamily::kPlanet;
   for (const KindOfFamily& row : kFamilies) {
     if (row.kind == id.kind) return row.family;
   }

@@ -14,8 +14,6 @@ namespace {
 // Twice the Sun's gravitational radius: 2 G M / c^2, au.
 constexpr double kBending = 2.0 * 9.870628e-9;
 
-double Dot(const double a[3], const double b[3]) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
 bool Normalize(const double v[3], double unit[3]) {
   const double length = Vmod(v, 3);
   if (!(length > 0.0) || !std::isfinite(length)) return false;
@@ -31,9 +29,9 @@ void Bend(const Moment& moment, const double fromSun[3], double towards[3]) {
   if (!Normalize(moment.observer, observer)) return;
   const double distance = Vmod(moment.observer, 3);
   const double limit = 1e-5 / std::max(1.0, distance * distance);
-  const double factor = kBending / distance / std::max(1.0 + Dot(fromSun, observer), limit);
-  const double along = Dot(towards, fromSun);
-  const double across = Dot(observer, towards);
+  const double factor = kBending / distance / std::max(1.0 + astro::Dot(fromSun, observer), limit);
+  const double along = astro::Dot(towards, fromSun);
+  const double across = astro::Dot(observer, towards);
   double bent[3];
   for (int i = 0; i < 3; ++i) bent[i] = towards[i] + factor * (along * observer[i] - across * fromSun[i]);
   Normalize(bent, towards);
@@ -51,7 +49,7 @@ void FillDirections(const Moment& moment, const Sight& sight, bool isSun, Observ
 
 void FillGeometry(const Moment& moment, const Sight& sight, double lightTime, ObservedBody& result) {
   result.lightTime = lightTime;
-  result.distance = lightTime * kLightPerDay;
+  result.distance = lightTime * astro::kLightAuPerDay;
   result.sunDistance = Vmod(sight.fromSun, 3);
   const double toSun[3] = {-moment.observer[0], -moment.observer[1], -moment.observer[2]};
   const bool isSun = result.sunDistance == 0.0;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/solar_system.h"
 #include "companions/astro/model/moment.h"
 
@@ -44,7 +45,7 @@ bool ObserveMoving(const Moment& moment, bool isSun, StateBefore stateBefore, Si
       sight.fromObserver[i] = sight.fromSun[i] - lightTime * moment.sunVelocity[i] - moment.observer[i];
       square += sight.fromObserver[i] * sight.fromObserver[i];
     }
-    const double next = std::sqrt(square) / kLightPerDay;
+    const double next = std::sqrt(square) / astro::kLightAuPerDay;
     const bool settled = next - lightTime < kLightTimeTolerance && lightTime - next < kLightTimeTolerance;
     lightTime = next;
     if (settled) break;

@@ -27,7 +27,7 @@ constexpr double kFarthestHeight = 1e9;
 
 struct CQXSolSys::Inside {
   Place place;
-  Moment moment = astro_internal::MomentAt(2451545.0, 63.83, Place());
+  Moment moment = astro_internal::MomentAt(astro::kJ2000, 63.83, Place());
   std::optional<ModelObject> aim;
   std::optional<ModelObject> locate;
   std::map<SSO_ID, ModelObject> additional;

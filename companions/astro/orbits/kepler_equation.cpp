@@ -3,12 +3,13 @@
 #include "companions/astro/orbits/kepler_equation.h"
 
 #include <cmath>
-#include <numbers>
+
+#include "astro/constants.h"
 
 namespace astro_internal {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using astro::kPi;
 
 // One turn in two parts: the first has so few digits that its product with a number of turns is exact while the angle stays
 // below kMostExactTurns. The library's remainder would take longer than Kepler's equation.

@@ -6,6 +6,7 @@
 #include <limits>
 #include <numbers>
 
+#include "astro/constants.h"
 #include "companions/astro/orbits/kepler_equation.h"
 
 namespace {
@@ -15,7 +16,7 @@ using astro_internal::HyperbolicAnomaly;
 
 // Obliquity of the ecliptic J2000 (IAU 1976; Lieske et al. 1977): the one that published osculating elements count from.
 // Later ones differ by 0.04 arc second, and are not meant by "ecliptic J2000" in a list of elements.
-constexpr double kObliquity = 84381.448 / 3600.0 * std::numbers::pi / 180.0;
+constexpr double kObliquity = 84381.448 / 3600.0 * astro::kPi / 180.0;
 
 // Up to here the mean motion of an orbit with e >= 1 is that of a parabola of the same pericentre.
 constexpr double kParabolicMotionBelow = 1e-6;

@@ -7,9 +7,8 @@
 // the mean motions of two-body orbits here rest on; that of DE440 is 5e-12 smaller.
 #include "companions/astro/planets/gravity.h"
 
+#include "astro/constants.h"
 #include "astro/two_body.h"
-#include "companions/astro/model/moment.h"
-#include "utils/text.h"
 
 namespace astro_internal {
 
@@ -25,20 +24,23 @@ constexpr Gravity kPlanets[9] = {
     {42828.375816, 42828.373620699}, {126712764.1, 126686531.9003704},   {37940584.8418, 37931206.23436167},
     {5794556.4, 5793951.256527211},  {6836527.10058, 6835103.145462294}, {975.5, 869.6138177608748},
 };
-constexpr double kMoon = 4902.800118;
-constexpr double kSecondsPerDay = 86400.0;
-constexpr double kUnit = kSecondsPerDay * kSecondsPerDay / (kKmPerAu * kKmPerAu * kKmPerAu);
+constexpr double kMoonGravity = 4902.800118;
+using astro::kKilometresPerAu;
+using astro::kSecondsPerDay;
+using astro::kSunNumber;
+constexpr double kUnit =
+    kSecondsPerDay * kSecondsPerDay / (kKilometresPerAu * kKilometresPerAu * kKilometresPerAu);
 
 }  // namespace
 
 double SystemGravity(int planet) {
-  return planet == 10 ? kGaussianConstant * kGaussianConstant : kPlanets[planet - 1].system * kUnit;
+  return planet == kSunNumber ? kGaussianConstant * kGaussianConstant : kPlanets[planet - 1].system * kUnit;
 }
 
 double BodyGravity(const SSO_ID& body) {
-  if (body.kind == FourCC("moon") && body.number == 301) return kMoon * kUnit;
-  if (body.kind != FourCC("plnt") || body.number < 1 || body.number > 10) return 0.0;
-  return body.number == 10 ? SystemGravity(10) : kPlanets[body.number - 1].body * kUnit;
+  if (body == astro::kMoon) return kMoonGravity * kUnit;
+  if (body.kind != astro::kPlanetKind || body.number < 1 || body.number > kSunNumber) return 0.0;
+  return body.number == kSunNumber ? SystemGravity(kSunNumber) : kPlanets[body.number - 1].body * kUnit;
 }
 
 }  // namespace astro_internal

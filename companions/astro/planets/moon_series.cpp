@@ -9,8 +9,8 @@
 // 14 in 1600. The terms that are kept and the thresholds are in tables/SOURCE.md.
 #include <cmath>
 #include <iterator>
-#include <numbers>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
 #include "companions/astro/planets/series.h"
 #include "companions/astro/planets/spherical_state.h"
@@ -31,9 +31,8 @@ struct PoissonTerm {
 
 #include "companions/astro/planets/moon_tables.inc"
 
-constexpr double kDaysPerCentury = 36525.0;
-constexpr double kRadiansPerArcSecond = std::numbers::pi / 648000.0;
-constexpr double kKmPerAu = 149597870.7;
+using astro::kDaysPerJulianCentury;
+using astro::kRadiansPerArcsecond;
 
 // What the distances of the series are multiplied with: the theory's mean distance for the masses of its constants over
 // the one of its main problem.
@@ -61,7 +60,7 @@ ValueAndRate Evaluate(const Polynomial& coefficients, double t) {
     sum.rate = sum.rate * t + sum.value;
     sum.value = sum.value * t + coefficients[i];
   }
-  return {sum.value * kRadiansPerArcSecond, sum.rate * kRadiansPerArcSecond};
+  return {sum.value * kRadiansPerArcsecond, sum.rate * kRadiansPerArcsecond};
 }
 
 ValueAndRate operator-(const ValueAndRate& a, const ValueAndRate& b) {
@@ -77,7 +76,7 @@ struct Arguments {
 Arguments ArgumentsAt(double t) {
   const ValueAndRate moon = Evaluate(kMeanLongitude, t);
   const ValueAndRate earth = Evaluate(kEarth, t);
-  const ValueAndRate halfTurn = {std::numbers::pi, 0.0};
+  const ValueAndRate halfTurn = {astro::kPi, 0.0};
   return {moon,
           {moon - earth - halfTurn, earth - Evaluate(kPerihelion, t), moon - Evaluate(kPerigee, t),
            moon - Evaluate(kNode, t)}};
@@ -121,15 +120,14 @@ astro_internal::SphericalState StateAt(double t) {
   const Arguments arguments = ArgumentsAt(t);
   const ValueAndRate lon = SumMain(kLongitudeMain, arguments, 0.0) + SumOther(kLongitudeOther, t);
   const ValueAndRate lat = SumMain(kLatitudeMain, arguments, 0.0) + SumOther(kLatitudeOther, t);
-  const ValueAndRate dist =
-      SumMain(kDistanceMain, arguments, std::numbers::pi / 2.0) + SumOther(kDistanceOther, t);
-  constexpr double kLength = kDistanceScale / kKmPerAu;
-  return {arguments.meanLongitude.value + lon.value * kRadiansPerArcSecond,
-          lat.value * kRadiansPerArcSecond,
+  const ValueAndRate dist = SumMain(kDistanceMain, arguments, astro::kPi / 2.0) + SumOther(kDistanceOther, t);
+  constexpr double kLength = kDistanceScale / astro::kKilometresPerAu;
+  return {arguments.meanLongitude.value + lon.value * kRadiansPerArcsecond,
+          lat.value * kRadiansPerArcsecond,
           dist.value * kLength,
-          (arguments.meanLongitude.rate + lon.rate * kRadiansPerArcSecond) / kDaysPerCentury,
-          lat.rate * kRadiansPerArcSecond / kDaysPerCentury,
-          dist.rate * kLength / kDaysPerCentury};
+          (arguments.meanLongitude.rate + lon.rate * kRadiansPerArcsecond) / kDaysPerJulianCentury,
+          lat.rate * kRadiansPerArcsecond / kDaysPerJulianCentury,
+          dist.rate * kLength / kDaysPerJulianCentury};
 }
 
 // From the mean ecliptic of date with the departure point of the theory to the ecliptic J2000.0: J. Laskar 1986,
@@ -156,7 +154,7 @@ constexpr double kToEquator[9] = {
 // The plane of the ecliptic turns by half an arc second a year: that is 7e-12 au/day of the Moon's velocity, a
 // hundred-millionth of it, and left out.
 void astro_internal::MoonSeriesState(double julianDateTT, double position[3], double velocity[3]) {
-  const double t = (julianDateTT - 2451545.0) / kDaysPerCentury;
+  const double t = (julianDateTT - astro::kJ2000) / kDaysPerJulianCentury;
   ToRectangular(StateAt(t), position, velocity);
   double turn[9];
   EclipticMatrix(t, turn);

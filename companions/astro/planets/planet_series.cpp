@@ -8,6 +8,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
 #include "companions/astro/planets/series.h"
 #include "companions/astro/planets/spherical_state.h"
@@ -29,7 +30,7 @@ struct PlanetSeries {
 
 static_assert(std::size(kPlanetSeries) == 8);
 
-constexpr double kDaysPerMillennium = 365250.0;
+constexpr double kDaysPerMillennium = 10.0 * astro::kDaysPerJulianCentury;
 
 // From the dynamical ecliptic and equinox J2000.0 to the equator and equinox of FK5, as the notice of VSOP87 gives it. The
 // FK5 axes lie within 0.03 arc second of the ICRS.
@@ -73,7 +74,7 @@ ValueAndRate SumVariable(const SeriesTerm*& terms, const short counts[6], double
 
 void astro_internal::PlanetSeriesState(int planet, double julianDateTT, double position[3],
                                        double velocity[3]) {
-  const double t = (julianDateTT - 2451545.0) / kDaysPerMillennium;
+  const double t = (julianDateTT - astro::kJ2000) / kDaysPerMillennium;
   const PlanetSeries& series = kPlanetSeries[planet - 1];
   const SeriesTerm* terms = series.terms;
   const bool wantsRate = velocity != nullptr;

@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "astro/planets.h"
 
+#include "astro/constants.h"
 #include "companions/astro/planets/series.h"
-#include "utils/text.h"
 
 namespace {
 
-constexpr int kPlanetKind = FourCC("plnt");
-constexpr int kMoonKind = FourCC("moon");
-constexpr int kEarth = 3;
-constexpr int kPluto = 9;
-constexpr int kSun = 10;
-constexpr int kEarthsMoon = 301;
+using astro::kPlanetKind;
+using astro::kSunNumber;
 
 // A date that is not a number is outside as well.
 bool IsInRange(double date) { return date >= kFirstPlanetDate && date <= kLastPlanetDate; }
@@ -23,7 +19,7 @@ void SetZero(double v[3]) {
 
 void HeliocentricMoon(double date, double position[3], double velocity[3]) {
   double fromEarth[3], speed[3];
-  astro_internal::PlanetSeriesState(kEarth, date, position, velocity);
+  astro_internal::PlanetSeriesState(astro::kEarthNumber, date, position, velocity);
   astro_internal::MoonSeriesState(date, fromEarth, velocity != nullptr ? speed : nullptr);
   for (int i = 0; i < 3; ++i) position[i] += fromEarth[i];
   if (velocity == nullptr) return;
@@ -34,13 +30,13 @@ void HeliocentricMoon(double date, double position[3], double velocity[3]) {
 
 bool ComputePlanetState(const SSO_ID& body, double julianDateTT, double position[3], double velocity[3]) {
   if (!IsInRange(julianDateTT)) return false;
-  if (body.kind == kMoonKind && body.number == kEarthsMoon) {
+  if (body == astro::kMoon) {
     HeliocentricMoon(julianDateTT, position, velocity);
     return true;
   }
-  if (body.kind != kPlanetKind || body.number < 1 || body.number > kSun) return false;
-  if (body.number == kPluto) return astro_internal::PlutoState(julianDateTT, position, velocity);
-  if (body.number == kSun) {
+  if (body.kind != kPlanetKind || body.number < 1 || body.number > kSunNumber) return false;
+  if (body.number == astro::kPlutoNumber) return astro_internal::PlutoState(julianDateTT, position, velocity);
+  if (body.number == kSunNumber) {
     SetZero(position);
     SetZero(velocity);
   } else {
@@ -56,10 +52,10 @@ bool ComputeMoonState(double julianDateTT, double position[3], double velocity[3
 }
 
 double GetBodyRadius(const SSO_ID& body) {
-  static constexpr double kRadii[kSun] = {2439.4,  6051.8,  6371.0084, 3389.50, 69911.0,
-                                          58232.0, 25362.0, 24622.0,   1188.3,  695700.0};
+  static constexpr double kRadii[kSunNumber] = {2439.4,  6051.8,  6371.0084, 3389.50, 69911.0,
+                                                58232.0, 25362.0, 24622.0,   1188.3,  695700.0};
   constexpr double kMoonRadius = 1737.4;
-  if (body.kind == kMoonKind && body.number == kEarthsMoon) return kMoonRadius;
-  if (body.kind != kPlanetKind || body.number < 1 || body.number > kSun) return 0.0;
+  if (body == astro::kMoon) return kMoonRadius;
+  if (body.kind != kPlanetKind || body.number < 1 || body.number > kSunNumber) return 0.0;
   return kRadii[body.number - 1];
 }

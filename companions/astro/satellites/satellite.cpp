@@ -3,9 +3,9 @@
 #include "astro/satellite.h"
 
 #include <cmath>
-#include <numbers>
 #include <utility>
 
+#include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
 #include "companions/astro/earth/nutation.h"
@@ -15,11 +15,10 @@ using astro_internal::MeanOrbit;
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+using astro::kTurn;
+
 constexpr double kDeepSpacePeriod = 225.0;       // minutes
 constexpr double kJulianDateOf1950 = 2433281.5;  // 31 December 1949, 0 h
-constexpr double kJ2000 = 2451545.0;
-constexpr double kDaysPerCentury = 36525.0;
 
 // The least eccentricity that drag leaves, and what is still taken for a rounding of 0.
 constexpr double kLeastEccentricity = 1e-6;
@@ -30,9 +29,9 @@ constexpr double kFarthestMinutes = 525960.0 * 200.0;
 
 // Greenwich mean sidereal time of 1982 (Aoki et al.), radians, 0 to one turn: the model's own, whatever the frames of today.
 double SiderealTime1982(double julianDateUT) {
-  const double t = (julianDateUT - kJ2000) / kDaysPerCentury;
+  const double t = (julianDateUT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   const double seconds = 67310.54841 + t * (876600.0 * 3600.0 + 8640184.812866 + t * (0.093104 - t * 6.2e-6));
-  const double angle = std::fmod(seconds * (kTurn / 86400.0), kTurn);
+  const double angle = std::fmod(seconds * (kTurn / astro::kSecondsPerDay), kTurn);
   return angle < 0.0 ? angle + kTurn : angle;
 }
 
@@ -117,7 +116,7 @@ SatelliteFault SatelliteModel::GetState(double minutes, double position[3], doub
 // The equinox of TEME is that of sidereal time as the model knows it, without the terms of 1994 that equal 0.003 arc second
 // at most; so the equation of the equinoxes is without them too.
 void TemeToJ2000(double julianDateTT, const double teme[3], double j2000[3]) {
-  const double centuries = (julianDateTT - kJ2000) / kDaysPerCentury;
+  const double centuries = (julianDateTT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   const double turn = astro_internal::NutationAt(centuries).longitude * std::cos(MeanObliquity(julianDateTT));
   const double c = std::cos(turn), s = std::sin(turn);
   const double ofDate[3] = {c * teme[0] - s * teme[1], s * teme[0] + c * teme[1], teme[2]};

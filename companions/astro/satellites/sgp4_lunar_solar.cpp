@@ -4,15 +4,17 @@
 // Perturbations by Sun and Moon: the deep-space initialization of the report (Hujsak 1979), its lunar-solar secular and
 // periodic effects. The symbols a, X and Z are those of Spacetrack Report No. 3, section 10.
 #include <cmath>
-#include <numbers>
+
+#include "astro/constants.h"
 
 #include "companions/astro/satellites/sgp4.h"
 
 namespace astro_internal {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-constexpr double kTurn = 2.0 * kPi;
+using astro::kPi;
+using astro::kTurn;
+
 constexpr double kSunRate = 1.19459e-5;  // mean motion, radians per minute
 constexpr double kMoonRate = 1.5835218e-4;
 constexpr double kSunEccentricity = 0.01675;

@@ -4,14 +4,16 @@
 // From mean elements to a place: the report's long-period periodics, solution of Kepler's equation, short-period
 // preliminary quantities, their application, and unit vectors.
 #include <cmath>
-#include <numbers>
+
+#include "astro/constants.h"
 
 #include "companions/astro/satellites/sgp4.h"
 
 namespace astro_internal {
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+using astro::kTurn;
+
 constexpr double kSecondsPerMinute = 60.0;
 
 // The long-period term of the longitude has a pole at an inclination of 180 degrees.

@@ -5,14 +5,16 @@
 // of the resonant longitude. The symbols G and F are the eccentricity and inclination functions of Spacetrack Report No. 3,
 // section 10, with the indices that they have there.
 #include <cmath>
-#include <numbers>
+
+#include "astro/constants.h"
 
 #include "companions/astro/satellites/sgp4.h"
 
 namespace astro_internal {
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+using astro::kTurn;
+
 constexpr double kEarthTurn = 4.37526908801129966e-3;  // radians per minute
 constexpr double kStep = 720.0;                        // minutes of the integration
 

@@ -6,17 +6,17 @@
 #include <cmath>
 #include <cstring>
 #include <initializer_list>
-#include <numbers>
 #include <string_view>
 
+#include "astro/constants.h"
 #include "astro/satellite.h"
 
 namespace {
 
-constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
-constexpr double kRadiansPerMinute = 2.0 * std::numbers::pi / 1440.0;  // for each revolution per day
+using astro::kRadiansPerDegree;
+
+constexpr double kRadiansPerMinute = astro::kTurn / astro::kMinutesPerDay;  // for each revolution per day
 constexpr std::size_t kLineLength = 69;
-constexpr int kEarth = 3;
 constexpr int kFirstYear = 57;  // 57 to 99 are 1957 to 1999
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -175,7 +175,7 @@ bool ParseTwoLineElements(const std::string& line1, const std::string& line2, Or
   OrbitalElements read;
   read.elementSet = kTwoLineElements;
   read.tag = kTwoLineTag;
-  read.centralNumber = kEarth;
+  read.centralNumber = astro::kEarthNumber;
   const int catalogueNumber = first.GetCatalogueNumber();
   ReadFirst(first, read);
   if (found.empty() && second.GetCatalogueNumber() != catalogueNumber)

@@ -6,7 +6,11 @@
 #include <cmath>
 #include <iterator>
 
+#include "astro/constants.h"
+
 namespace {
+
+using astro::kDaysPerJulianYear;
 
 struct Observation {
   double julianDate;
@@ -32,7 +36,7 @@ constexpr double kFadeBeforeObservationsYears = 100.0;
 constexpr double kFadeAfterObservationsYears = 300.0;
 constexpr double kSlopeYears = 10.0;
 
-double YearOf(double julianDate) { return 2000.0 + (julianDate - 2451545.0) / 365.25; }
+double YearOf(double julianDate) { return 2000.0 + (julianDate - astro::kJ2000) / kDaysPerJulianYear; }
 
 // Stephenson, Morrison & Hohenkerk 2016, Proc. R. Soc. A 472, 20160404: the mean lengthening of the day.
 ValueAndSlope LongTermParabola(double year) {
@@ -105,7 +109,7 @@ class Fade {
 // taken.
 ValueAndSlope ObservedAtEnd(double julianDate, double years) {
   const double seconds = Observed(julianDate);
-  return {seconds, (Observed(julianDate + years * 365.25) - seconds) / years};
+  return {seconds, (Observed(julianDate + years * kDaysPerJulianYear) - seconds) / years};
 }
 
 double BeforeSpline(double year) {

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "astro/constants.h"
+
 namespace {
 
 // Both calendars are counted in years that begin on 1 March, so that the leap day is the last day of a year,
@@ -110,7 +112,7 @@ void DJ(const CalendarDate& date, int& day, double& fraction) {
   const Calendar& calendar = IsGregorian(year, month, date.day) ? kGregorian : kJulian;
   // Counted from noon before the division: that keeps the digits of moments close to midnight.
   const double sinceNoon = date.hour * 3600.0 + date.minute * 60.0 - 43200.0 + second;
-  fraction = sinceNoon / 86400.0;
+  fraction = sinceNoon / astro::kSecondsPerDay;
   // A moment too close to midnight for a double rounds to the next day; what is promised is less than half.
   if (IsTimeOfDay(date, second)) fraction = std::min(fraction, std::nextafter(0.5, 0.0));
   day = SaturateToInt(DayNumber(year, month, date.day, calendar));

@@ -4,6 +4,7 @@
 // Everything the companion library astro exports.
 #pragma once
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"

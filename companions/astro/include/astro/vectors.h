@@ -9,6 +9,13 @@
 
 #include "astro/api.h"
 
+namespace astro {
+
+// The scalar product, summed from the first component to the last.
+inline double Dot(const double a[3], const double b[3]) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+
+}  // namespace astro
+
 ASTRO_API double Vmod(const double* v, int n);                            // length of a vector of n numbers
 ASTRO_API void Vprod(const double a[3], const double b[3], double r[3]);  // a x b
 
