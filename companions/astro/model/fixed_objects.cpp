@@ -19,10 +19,10 @@ using astro::kKilometresPerAu;
 constexpr double kAuPerYearPerKmPerSecond = astro::kSecondsPerDay * kDaysPerJulianYear / kKilometresPerAu;
 constexpr double kSunRadius = 695700.0 / kKilometresPerAu;  // au, IAU 2015 Resolution B3
 
-// The motion through space, straight and even, in units of the distance at the epoch: nothing is divided by the parallax,
-// so that a star without one keeps every digit of its proper motion. Explanatory Supplement to the Astronomical Almanac
-// (3rd edition, 2013), chapter 7. The light that arrives on one side of the Earth's orbit left up to 8 minutes
-// earlier than that on the other: the time counts from the barycentre.
+// The motion through space, straight and even, in units of the distance at the epoch: nothing is divided by
+// the parallax, so that a star without one keeps every digit of its proper motion. Explanatory Supplement to
+// the Astronomical Almanac (3rd edition, 2013), chapter 7. The light that arrives on one side of the Earth's
+// orbit left up to 8 minutes earlier than that on the other: the time counts from the barycentre.
 void StarPlace(const Moment& moment, const StarRecord& star, double parallax, double place[3]) {
   double towards[3];
   sfp(1.0, star.ra, star.dec, towards);

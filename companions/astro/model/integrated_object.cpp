@@ -60,8 +60,8 @@ bool Fill(double date, Disturbers& disturbers) {
   return true;
 }
 
-// The integrator asks for the same few times again in every sweep over a step, and the planets are nearly all the work:
-// they are kept for the last times.
+// The integrator asks for the same few times again in every sweep over a step, and the planets are nearly all
+// the work: they are kept for the last times.
 class Surroundings {
  public:
   explicit Surroundings(double epoch) : m_Epoch(epoch) {}
@@ -127,8 +127,8 @@ bool IntegratedObject::Advance(double dateTT) {
   return IntegrateOrbit(m_State, m_Days, dateTT - m_Elements.epoch, kLimits, Acceleration, &surroundings);
 }
 
-// The light time is small against the period of the orbit: the body's way since the light left is a piece of a parabola
-// about the state at the moment, with the Sun's attraction alone.
+// The light time is small against the period of the orbit: the body's way since the light left is a piece of
+// a parabola about the state at the moment, with the Sun's attraction alone.
 bool IntegratedObject::Observe(const Moment& moment, ObservedBody& result) {
   if (!moment.earthKnown || !Advance(moment.dateTT)) return false;
   double acceleration[3];

@@ -12,15 +12,16 @@
 
 namespace astro_internal {
 
-// A body whose orbit about the Sun is integrated numerically, disturbed by the eight planets, Pluto while its place is
-// known, and the Moon. It goes on from where it stands: moments that follow one another cost little.
+// A body whose orbit about the Sun is integrated numerically, disturbed by the eight planets, Pluto while its
+// place is known, and the Moon. It goes on from where it stands: moments that follow one another cost little.
 class IntegratedObject {
  public:
-  // At the epoch of the elements. Nothing for an object that has no elements about the Sun, or whose epoch is out of range.
+  // At the epoch of the elements. Nothing for an object that has no elements about
+  // the Sun, or whose epoch is out of range.
   static std::optional<IntegratedObject> Begin(const ModelObject& object);
 
-  // Integrates to the moment, then observes. False, and the result untouched, when that fails; the integration then stands
-  // where it came to.
+  // Integrates to the moment, then observes. False, and the result untouched, when that fails; the
+  // integration then stands where it came to.
   bool Observe(const Moment& moment, ObservedBody& result);
 
   // Integrates to a date (TT): position and velocity about the Sun.

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Planets: A. Mallama & J. L. Hilton 2018, "Computing apparent planetary magnitudes for the Astronomical Almanac",
-// Astronomy and Computing 25, 10; phase angles in degrees. The part of Mars that depends on its turning and its season (up
-// to 0.1) is left out.
+// Planets: A. Mallama & J. L. Hilton 2018, "Computing apparent planetary magnitudes for the Astronomical
+// Almanac", Astronomy and Computing 25, 10; phase angles in degrees. The part of Mars that depends on its
+// turning and its season (up to 0.1) is left out.
 #include "companions/astro/model/magnitudes.h"
 
 #include <algorithm>
@@ -51,8 +51,8 @@ double Jupiter(double phase) {
   return -9.428 - 2.5 * std::log10(light);
 }
 
-// The sine of the latitude where the line that leads `from` afar to a body's centre meets it. The pole, in degrees: IAU
-// Working Group on Cartographic Coordinates (Archinal et al. 2018).
+// The sine of the latitude where the line that leads `from` afar to a body's centre meets it. The pole, in
+// degrees: IAU Working Group on Cartographic Coordinates (Archinal et al. 2018).
 double SineOfLatitude(const double from[3], double poleRA, double poleDec) {
   double pole[3];
   sfp(1.0, poleRA * kDegree, poleDec * kDegree, pole);
@@ -60,8 +60,8 @@ double SineOfLatitude(const double from[3], double poleRA, double poleDec) {
   return -astro::Dot(from, pole) / length;
 }
 
-// With the rings, whose opening is the geometric mean of the latitudes of Sun and observer; they stay dark where the two
-// stand on different sides. Beyond what the Earth can see of phases the globe alone.
+// With the rings, whose opening is the geometric mean of the latitudes of Sun and observer; they stay dark
+// where the two stand on different sides. Beyond what the Earth can see of phases the globe alone.
 double Saturn(double phase, const Illumination& light) {
   if (phase > 6.5) return Polynomial({-8.94, 2.446e-4, 2.672e-4, -1.506e-6, 4.767e-9}, phase);
   const double centuries = (light.dateTT - astro::kJ2000) / astro::kDaysPerJulianCentury;
@@ -94,8 +94,8 @@ double Neptune(double phase, double dateTT) {
   return phase > 1.9 ? base + Polynomial({0.0, 7.944e-3, 9.617e-5}, phase) : base;
 }
 
-// C. W. Allen, Astrophysical Quantities, as K. Krisciunas & B. E. Schaefer 1991 (PASP 103, 1033) give it: at the mean
-// distance of 384400 km, 1 au from the Sun.
+// C. W. Allen, Astrophysical Quantities, as K. Krisciunas & B. E. Schaefer 1991 (PASP 103, 1033) give it: at
+// the mean distance of 384400 km, 1 au from the Sun.
 double Moon(double phase) {
   constexpr double kMeanDistance = 384400.0 / astro::kKilometresPerAu;
   return -12.73 + 0.026 * phase + 4e-9 * std::pow(phase, 4) - 5.0 * std::log10(kMeanDistance);
@@ -139,7 +139,8 @@ double PlanetMagnitude(const SSO_ID& body, const Illumination& light) {
   return Known(AbsoluteMagnitude(body.number, phase, light) + distances);
 }
 
-// E. Bowell et al. 1989, "Application of photometric models to asteroids", Asteroids II, 524: the simple form.
+// E. Bowell et al. 1989, "Application of photometric models to asteroids",
+// Asteroids II, 524: the simple form.
 double AsteroidMagnitude(const OrbitalElements& elements, const Illumination& light) {
   if (elements.absMagnitude == kUnknownStarMagnitude) return kUnknown;
   const double half = std::tan(light.phaseAngle / 2.0);

@@ -26,15 +26,16 @@ struct ModelObject {
   std::variant<std::monostate, StarRecord, DeepskyRecord, ConstellationRecord, ReadyOrbit> record;
 };
 
-// Checks the record and makes the object ready. False, and `object` untouched, for a kind that the model does not know and
-// a record that is missing or unusable. `data` of the planets, the Sun and the Moon is not looked at.
+// Checks the record and makes the object ready. False, and `object` untouched, for a kind
+// that the model does not know and a record that is missing or unusable. `data` of the
+// planets, the Sun and the Moon is not looked at.
 bool MakeModelObject(const SSO_ID& id, const void* data, ModelObject& object);
 
 // As the observer sees it at the moment; false, and the result untouched, where it cannot be seen.
 bool ObserveObject(const ModelObject& object, const Moment& moment, ObservedBody& result);
 
-// Position and velocity (may be null) about the Sun at the moment; false, and the results untouched, for what stands beyond
-// the solar system and for what is nowhere.
+// Position and velocity (may be null) about the Sun at the moment; false, and the results untouched, for what
+// stands beyond the solar system and for what is nowhere.
 bool StateOfObject(const ModelObject& object, const Moment& moment, double position[3], double velocity[3]);
 
 }  // namespace astro_internal

@@ -6,12 +6,14 @@
 
 namespace astro_internal {
 
-// What is farther off is no moment: the days before and after J2000.0 (100000 years; the series of the Earth's velocity
-// would pass that of light), the difference of dynamical and universal time (seconds; 75000 is what -3000 has).
+// What is farther off is no moment: the days before and after J2000.0 (100000 years; the
+// series of the Earth's velocity would pass that of light), the difference of dynamical and
+// universal time (seconds; 75000 is what -3000 has).
 inline constexpr double kFarthestDays = 36525000.0;
 inline constexpr double kLargestDeltaT = 1e7;
 
-// What every object has in common at one moment for one observer. Vectors are on J2000 (ICRS) axes, au and au/day.
+// What every object has in common at one moment for one observer. Vectors are
+// on J2000 (ICRS) axes, au and au/day.
 struct Moment {
   bool usable = false;  // else nothing is seen, and nothing below counts
   double dateTT = astro::kJ2000;

@@ -21,9 +21,10 @@ bool Normalize(const double v[3], double unit[3]) {
   return true;
 }
 
-// Bends the light at the Sun: Explanatory Supplement to the Astronomical Almanac (3rd edition, 2013), chapter 7.
-// `towards`: unit vector from the observer to the body, changed; `fromSun`: unit vector from the Sun to it. Behind the
-// Sun's disc, where no light comes through, the denominator is held at what it is near the limb.
+// Bends the light at the Sun: Explanatory Supplement to the Astronomical Almanac (3rd edition, 2013), chapter
+// 7. `towards`: unit vector from the observer to the body, changed; `fromSun`: unit vector from the Sun to
+// it. Behind the Sun's disc, where no light comes through, the denominator is held at what it is near the
+// limb.
 void Bend(const Moment& moment, const double fromSun[3], double towards[3]) {
   double observer[3];
   if (!Normalize(moment.observer, observer)) return;

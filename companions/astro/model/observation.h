@@ -10,8 +10,9 @@
 
 namespace astro_internal {
 
-// A direction from beyond the solar system: fills everything but magnitude and size. `place`: towards the object from the
-// barycentre, of length 1 at the epoch. `parallax`: radians, 0 for infinitely far. False when the place is no direction.
+// A direction from beyond the solar system: fills everything but magnitude and size. `place`: towards
+// the object from the barycentre, of length 1 at the epoch. `parallax`: radians, 0 for infinitely
+// far. False when the place is no direction.
 bool ObserveFixed(const Moment& moment, const double place[3], double parallax, ObservedBody& result);
 
 // Where an object is seen, au; only the directions count for what stands beyond the solar system.
@@ -29,9 +30,9 @@ void FillGeometry(const Moment& moment, const Sight& sight, double lightTime, Ob
 inline constexpr double kLightTimeTolerance = 1e-8;  // days: what the fastest body moves in it is 1e-9 au
 inline constexpr int kMaxLightTimeSteps = 10;
 
-// A body of the solar system as the observer sees it, but for magnitude and size. `stateBefore(days, position)` tells its
-// position about the Sun some days before the moment. False, and the result untouched, when it cannot, or the observer is
-// at the body's centre.
+// A body of the solar system as the observer sees it, but for magnitude and size.
+// `stateBefore(days, position)` tells its position about the Sun some days before the moment. False, and the
+// result untouched, when it cannot, or the observer is at the body's centre.
 template <class StateBefore>
 bool ObserveMoving(const Moment& moment, bool isSun, StateBefore stateBefore, Sight& sight,
                    ObservedBody& result) {

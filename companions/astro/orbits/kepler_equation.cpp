@@ -11,20 +11,21 @@ namespace {
 
 using astro::kPi;
 
-// One turn in two parts: the first has so few digits that its product with a number of turns is exact while the angle stays
-// below kMostExactTurns. The library's remainder would take longer than Kepler's equation.
+// One turn in two parts: the first has so few digits that its product with a number of turns is exact while
+// the angle stays below kMostExactTurns. The library's remainder would take longer than Kepler's equation.
 constexpr double kTurnHigh = 6.283185307169333;
 constexpr double kTurnLow = 1.0253376606378076e-11;
 constexpr double kMostExactTurns = 1e6;
 
-// Below this the difference of an angle and its sine comes from the series: the difference itself would lose digits.
+// Below this the difference of an angle and its sine comes from the series: the
+// difference itself would lose digits.
 constexpr double kSeriesBelow = 1.0;
 
 // Where the largest term of a cubic would overflow when squared.
 constexpr double kHuge = 1e100;
 
-// (x - sin x) / x^3 and, with the opposite sign of x^2, (sinh x - x) / x^3: the sum of (-x^2)^k / (2k + 3)! for
-// |x| <= 1; the first term left out is 4e-20 of the first.
+// (x - sin x) / x^3 and, with the opposite sign of x^2, (sinh x - x) / x^3: the sum of (-x^2)^k / (2k + 3)!
+// for |x| <= 1; the first term left out is 4e-20 of the first.
 double CubicRest(double minusSquare) {
   constexpr double kInverseFactorials[] = {
       1.0 / 6.0,        1.0 / 120.0,        1.0 / 5040.0,          1.0 / 362880.0,
@@ -34,7 +35,8 @@ double CubicRest(double minusSquare) {
   return sum;
 }
 
-// The real root of t^3 + 3 p t = 2 s for p >= 0, |s| < kHuge, without the difference that Cardano's formula has.
+// The real root of t^3 + 3 p t = 2 s for p >= 0, |s| < kHuge, without the
+// difference that Cardano's formula has.
 double SolveCubic(double p, double s) {
   const double size = std::fabs(s);
   if (size == 0.0) return s;
@@ -43,8 +45,8 @@ double SolveCubic(double p, double s) {
   return 2.0 * s / (w * w + p + ratio * ratio);
 }
 
-// The correction of the fifth order from the value of a function and its derivatives: the series of its inverse, which
-// costs one division.
+// The correction of the fifth order from the value of a function and its derivatives: the
+// series of its inverse, which costs one division.
 double FifthOrderStep(double f0, double f1, double f2, double f3, double f4) {
   const double inverse = 1.0 / f1;
   const double h = f0 * inverse;
@@ -54,9 +56,9 @@ double FifthOrderStep(double f0, double f1, double f2, double f3, double f4) {
   return -h * (1.0 + h * (a + h * ((2.0 * a * a - b) + h * (5.0 * a * (a * a - b) + c))));
 }
 
-// A first guess whose error is below 0.0004 for every e and M: the root of a cubic that replaces the sine by a Pade
-// approximation (F. L. Markley, Kepler equation solver, Celestial Mechanics and Dynamical Astronomy 63, 101, 1995,
-// equations 5, 9, 10, 14, 15 and 20). 0 < mean <= pi.
+// A first guess whose error is below 0.0004 for every e and M: the root of a cubic that replaces the sine by
+// a Pade approximation (F. L. Markley, Kepler equation solver, Celestial Mechanics and Dynamical Astronomy
+// 63, 101, 1995, equations 5, 9, 10, 14, 15 and 20). 0 < mean <= pi.
 double GuessEllipse(double e, double mean) {
   constexpr double kScale = 1.0 / (kPi * kPi - 6.0);
   const double alpha = 3.0 * kPi * kPi * kScale + 1.6 * kPi * kScale * (kPi - mean) / (1.0 + e);
@@ -69,7 +71,8 @@ double GuessEllipse(double e, double mean) {
   return (2.0 * r * w + mean * divisor) / (d * divisor);
 }
 
-// sin and cos of `angle` + `step` from those of `angle`, for a step below 0.001: no further call of the functions.
+// sin and cos of `angle` + `step` from those of `angle`, for a step below
+// 0.001: no further call of the functions.
 EllipticAnomaly Advance(double angle, double sine, double cosine, double step) {
   const double square = step * step;
   const double stepSine = step * (1.0 - square / 6.0 * (1.0 - square / 20.0));
@@ -103,7 +106,8 @@ HyperbolicAnomaly MakeHyperbolicAnomaly(double h) {
   return {h, 0.5 * (power - 1.0 / power), cosine, cosine - 1.0};
 }
 
-// The same for the solution, where the equation itself gives the sine without the digits that an exponential loses.
+// The same for the solution, where the equation itself gives the sine without
+// the digits that an exponential loses.
 HyperbolicAnomaly MakeSolution(double e, double mean, double h) {
   if (h < kSeriesBelow) return MakeSmallAnomaly(h);
   const double sine = (mean + h) / e;
@@ -111,8 +115,8 @@ HyperbolicAnomaly MakeSolution(double e, double mean, double h) {
   return {h, sine, cosine, cosine - 1.0};
 }
 
-// Never below the solution. The cubic leaves out terms that are all positive, so its root is too large; one step of
-// H = asinh((M + H) / e) keeps that and makes the guess good for large M too. mean > 0.
+// Never below the solution. The cubic leaves out terms that are all positive, so its root is too large; one
+// step of H = asinh((M + H) / e) keeps that and makes the guess good for large M too. mean > 0.
 double GuessHyperbola(double e, double mean) {
   const double size = mean / e;
   if (size > kHuge) return std::asinh(size);
@@ -145,7 +149,8 @@ HyperbolicAnomaly SolveHyperbola(double e, double meanAnomaly) {
   const double mean = std::fabs(meanAnomaly);
   if (!(mean > 0.0)) return {meanAnomaly, meanAnomaly, 1.0, meanAnomaly * meanAnomaly};
   double h = GuessHyperbola(e, mean);
-  // Two rounds are the rule. Past the range of double the step is not a number, and the guess is as good as can be.
+  // Two rounds are the rule. Past the range of double the step is not a number,
+  // and the guess is as good as can be.
   for (int round = 0; round < 8; ++round) {
     const HyperbolicAnomaly at = MakeHyperbolicAnomaly(h);
     const double f1 = (e - 1.0) + e * at.versine;

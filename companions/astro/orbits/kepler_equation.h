@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Kepler's equation with what follows from its solution at no cost. The relative error of the anomaly stays at a few
-// units of the last place for every eccentricity, also where the conic is all but a parabola and the anomaly tiny: whoever
-// then forms positions without differences of like numbers keeps all digits.
+// Kepler's equation with what follows from its solution at no cost. The relative error of the anomaly stays
+// at a few units of the last place for every eccentricity, also where the conic is all but a parabola and the
+// anomaly tiny: whoever then forms positions without differences of like numbers keeps all digits.
 #pragma once
 
 namespace astro_internal {

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// E. Everhart, An efficient integrator that uses Gauss-Radau spacings, in Dynamics of Comets: Their Origin and Evolution
-// (Carusi & Valsecchi, editors), 185, 1985. Within a step of length T the acceleration is a polynomial of the seventh
-// degree of h = 0 to 1, a(h) = a0 + b0 h + b1 h^2 + ... + b6 h^7, found from its values at eight spacings that make the
-// state at the end of the step right to the fifteenth order. The control of the step is that of Rein & Spiegel 2015
-// (Monthly Notices of the Royal Astronomical Society 446, 1424), which needs no unit of length or time.
+// E. Everhart, An efficient integrator that uses Gauss-Radau spacings, in Dynamics of Comets: Their Origin
+// and Evolution (Carusi & Valsecchi, editors), 185, 1985. Within a step of length T the acceleration is a
+// polynomial of the seventh degree of h = 0 to 1, a(h) = a0 + b0 h + b1 h^2 + ... + b6 h^7, found from its
+// values at eight spacings that make the state at the end of the step right to the fifteenth order. The
+// control of the step is that of Rein & Spiegel 2015 (Monthly Notices of the Royal Astronomical Society 446,
+// 1424), which needs no unit of length or time.
 #include "companions/astro/orbits/orbit_integrator.h"
 
 #include <algorithm>
@@ -24,7 +25,8 @@ constexpr double kGreatestRatio = 3.0;  // how much longer the next step may be
 constexpr double kSweepShare = 0.1;  // the sweeps end when they change less than this part of the tolerance
 constexpr double kFirstStep = 0.02;  // of the time that the body takes for its distance
 
-// Gauss-Radau spacings of the eight points (Everhart 1985, table 2; the nodes of the quadrature with a fixed first point).
+// Gauss-Radau spacings of the eight points (Everhart 1985, table 2; the nodes
+// of the quadrature with a fixed first point).
 constexpr double kSpacing[kDegree + 1] = {0.0,
                                           0.0562625605369221464656521910318,
                                           0.180240691736892364987579942780,
@@ -152,7 +154,8 @@ class Integration {
     return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
   }
 
-  // The polynomial of the last step, continued into this one, with the correction that the last prediction needed.
+  // The polynomial of the last step, continued into this one, with the
+  // correction that the last prediction needed.
   void Predict(double step) {
     const double ratio = m_LastStep == 0.0 ? 0.0 : step / m_LastStep;
     for (int axis = 0; axis < kAxes; ++axis) {
@@ -211,7 +214,8 @@ class Integration {
     return true;
   }
 
-  // Takes the acceleration found at a point into the polynomial; by how much the last divided difference changed.
+  // Takes the acceleration found at a point into the polynomial; by how much
+  // the last divided difference changed.
   double Correct(int point, int axis, double pull) {
     double value = (pull - m_Start[axis]) / kSpacing[point];
     for (int k = 1; k < point; ++k) value = (value - m_Newton[k - 1][axis]) / (kSpacing[point] - kSpacing[k]);

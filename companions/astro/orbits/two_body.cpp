@@ -14,8 +14,9 @@ namespace {
 using astro_internal::EllipticAnomaly;
 using astro_internal::HyperbolicAnomaly;
 
-// Obliquity of the ecliptic J2000 (IAU 1976; Lieske et al. 1977): the one that published osculating elements count from.
-// Later ones differ by 0.04 arc second, and are not meant by "ecliptic J2000" in a list of elements.
+// Obliquity of the ecliptic J2000 (IAU 1976; Lieske et al. 1977): the one that published
+// osculating elements count from. Later ones differ by 0.04 arc second, and are not meant
+// by "ecliptic J2000" in a list of elements.
 constexpr double kObliquity = 84381.448 / 3600.0 * astro::kPi / 180.0;
 
 // Up to here the mean motion of an orbit with e >= 1 is that of a parabola of the same pericentre.
@@ -49,7 +50,8 @@ PlaneState OnParabola(const OrbitalElements& elements, double meanAnomaly) {
 PlaneState OnHyperbola(const OrbitalElements& elements, double meanAnomaly) {
   const double excess = elements.e - 1.0;
   const double axis = elements.a / excess;  // the size of the semi-major axis
-  // From the motion of the parabola with this pericentre, mu = 2 q^3 n^2, to that of the hyperbola, mu = axis^3 n^2.
+  // From the motion of the parabola with this pericentre, mu = 2 q^3 n^2, to
+  // that of the hyperbola, mu = axis^3 n^2.
   const double factor =
       excess < kParabolicMotionBelow ? std::numbers::sqrt2 * excess * std::sqrt(excess) : 1.0;
   const HyperbolicAnomaly anomaly = astro_internal::SolveHyperbola(elements.e, factor * meanAnomaly);

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Gravitational parameters of DE440: R. S. Park, W. M. Folkner, J. G. Williams & D. H. Boggs 2021, "The JPL planetary and
-// lunar ephemerides DE440 and DE441", Astronomical Journal 161, 105, table 2; of the planets without their moons as
-// published with it by NAIF (gm_de440.tpc). The Sun's is the square of the Gaussian constant, which published elements and
-// the mean motions of two-body orbits here rest on; that of DE440 is 5e-12 smaller.
+// Gravitational parameters of DE440: R. S. Park, W. M. Folkner, J. G. Williams & D. H. Boggs 2021, "The JPL
+// planetary and lunar ephemerides DE440 and DE441", Astronomical Journal 161, 105, table 2; of the planets
+// without their moons as published with it by NAIF (gm_de440.tpc). The Sun's is the square of the Gaussian
+// constant, which published elements and the mean motions of two-body orbits here rest on; that of DE440 is
+// 5e-12 smaller.
 #include "companions/astro/planets/gravity.h"
 
 #include "astro/constants.h"

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// ELP 2000-82B: M. Chapront-Touze & J. Chapront 1983, "The lunar ephemeris ELP 2000", Astronomy and Astrophysics 124, 50,
-// and 1988, "ELP 2000-85: a semi-analytical lunar ephemeris adequate for historical times", ibid. 190, 342. Longitude,
-// latitude and distance as sums of sines of the multiples of four arguments (the main problem) and of sums of linear
-// arguments (all that disturbs it). The mean longitude is the one fitted to DE405: J. Chapront & G. Francou 2003, "The
-// lunar theory ELP revisited", ibid. 404, 735; with the older constants the Moon would be 0.7 arc second off in 2060 and
-// 14 in 1600. The terms that are kept and the thresholds are in tables/SOURCE.md.
+// ELP 2000-82B: M. Chapront-Touze & J. Chapront 1983, "The lunar ephemeris ELP 2000", Astronomy and
+// Astrophysics 124, 50, and 1988, "ELP 2000-85: a semi-analytical lunar ephemeris adequate for historical
+// times", ibid. 190, 342. Longitude, latitude and distance as sums of sines of the multiples of four
+// arguments (the main problem) and of sums of linear arguments (all that disturbs it). The mean longitude is
+// the one fitted to DE405: J. Chapront & G. Francou 2003, "The lunar theory ELP revisited", ibid. 404, 735;
+// with the older constants the Moon would be 0.7 arc second off in 2060 and 14 in 1600. The terms that are
+// kept and the thresholds are in tables/SOURCE.md.
 #include <cmath>
 #include <iterator>
 
@@ -34,8 +35,8 @@ struct PoissonTerm {
 using astro::kDaysPerJulianCentury;
 using astro::kRadiansPerArcsecond;
 
-// What the distances of the series are multiplied with: the theory's mean distance for the masses of its constants over
-// the one of its main problem.
+// What the distances of the series are multiplied with: the theory's mean distance for the masses of its
+// constants over the one of its main problem.
 constexpr double kDistanceScale = 384747.9806743165 / 384747.9806448954;
 
 // Polynomials in Julian centuries of TDB from J2000.0, arc seconds.
@@ -67,7 +68,8 @@ ValueAndRate operator-(const ValueAndRate& a, const ValueAndRate& b) {
   return {a.value - b.value, a.rate - b.rate};
 }
 
-// The arguments of the main problem: elongation D, the Sun's anomaly l', the Moon's anomaly l, argument of latitude F.
+// The arguments of the main problem: elongation D, the Sun's anomaly l', the
+// Moon's anomaly l, argument of latitude F.
 struct Arguments {
   ValueAndRate meanLongitude;
   ValueAndRate delaunay[4];
@@ -130,8 +132,8 @@ astro_internal::SphericalState StateAt(double t) {
           dist.rate * kLength / kDaysPerJulianCentury};
 }
 
-// From the mean ecliptic of date with the departure point of the theory to the ecliptic J2000.0: J. Laskar 1986,
-// Astronomy and Astrophysics 157, 59, as the theory's notice gives it.
+// From the mean ecliptic of date with the departure point of the theory to the ecliptic J2000.0: J. Laskar
+// 1986, Astronomy and Astrophysics 157, 59, as the theory's notice gives it.
 void EclipticMatrix(double t, double m[9]) {
   const double p = t * (0.10180391e-4 +
                         t * (0.47020439e-6 + t * (-0.5417367e-9 + t * (-0.2507948e-11 + t * 0.463486e-14))));
@@ -144,15 +146,16 @@ void EclipticMatrix(double t, double m[9]) {
   for (int i = 0; i < 9; ++i) m[i] = rows[i];
 }
 
-// From the inertial mean ecliptic and equinox J2000.0 to the equator and equinox of FK5, as the theory's notice gives it.
+// From the inertial mean ecliptic and equinox J2000.0 to the equator and
+// equinox of FK5, as the theory's notice gives it.
 constexpr double kToEquator[9] = {
     1.0, 0.000000437913, -0.000000189859, -0.000000477299, 0.917482137607, -0.397776981701,
     0.0, 0.397776981701, 0.917482137607};
 
 }  // namespace
 
-// The plane of the ecliptic turns by half an arc second a year: that is 7e-12 au/day of the Moon's velocity, a
-// hundred-millionth of it, and left out.
+// The plane of the ecliptic turns by half an arc second a year: that is 7e-12 au/day of the Moon's
+// velocity, a hundred-millionth of it, and left out.
 void astro_internal::MoonSeriesState(double julianDateTT, double position[3], double velocity[3]) {
   const double t = (julianDateTT - astro::kJ2000) / kDaysPerJulianCentury;
   ToRectangular(StateAt(t), position, velocity);

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// VSOP87B: P. Bretagnon & G. Francou 1988, "Planetary theories in rectangular and spherical variables. VSOP87 solutions",
-// Astronomy and Astrophysics 202, 309. Heliocentric longitude, latitude and radius in the dynamical ecliptic and equinox
-// J2000.0, each a sum of A cos(B + C t) and its products with powers of t, Julian millennia from J2000.0. The terms that
-// are kept and the thresholds are in tables/SOURCE.md.
+// VSOP87B: P. Bretagnon & G. Francou 1988, "Planetary theories in rectangular and spherical variables. VSOP87
+// solutions", Astronomy and Astrophysics 202, 309. Heliocentric longitude, latitude and radius in the
+// dynamical ecliptic and equinox J2000.0, each a sum of A cos(B + C t) and its products with powers of t,
+// Julian millennia from J2000.0. The terms that are kept and the thresholds are in tables/SOURCE.md.
 #include <cmath>
 #include <iterator>
 
@@ -32,8 +32,8 @@ static_assert(std::size(kPlanetSeries) == 8);
 
 constexpr double kDaysPerMillennium = 10.0 * astro::kDaysPerJulianCentury;
 
-// From the dynamical ecliptic and equinox J2000.0 to the equator and equinox of FK5, as the notice of VSOP87 gives it. The
-// FK5 axes lie within 0.03 arc second of the ICRS.
+// From the dynamical ecliptic and equinox J2000.0 to the equator and equinox of FK5, as the notice of VSOP87
+// gives it. The FK5 axes lie within 0.03 arc second of the ICRS.
 constexpr double kToEquator[9] = {
     1.0, 0.000000440360, -0.000000190919, -0.000000479966, 0.917482137087, -0.397776982902,
     0.0, 0.397776982902, 0.917482137087};

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Pluto has no theory of its kind. Its orbit was integrated numerically from 1600 to 2200, disturbed by Jupiter to Neptune
-// on the full VSOP87B, with starting values fitted to DE405 (Standish 1998) over 1960 to 2059, and is kept as Chebyshev
-// polynomials: tables/SOURCE.md. It agrees with the test points that JPL published of DE405.
+// Pluto has no theory of its kind. Its orbit was integrated numerically from 1600 to 2200, disturbed by
+// Jupiter to Neptune on the full VSOP87B, with starting values fitted to DE405 (Standish 1998) over 1960 to
+// 2059, and is kept as Chebyshev polynomials: tables/SOURCE.md. It agrees with the test points that JPL
+// published of DE405.
 #include "companions/astro/planets/series.h"
 
 namespace {

@@ -27,7 +27,8 @@ constexpr double kStillRound = -0.001;
 // A resonant orbit is integrated from its epoch in steps of half a day: this bounds how long that may take.
 constexpr double kFarthestMinutes = 525960.0 * 200.0;
 
-// Greenwich mean sidereal time of 1982 (Aoki et al.), radians, 0 to one turn: the model's own, whatever the frames of today.
+// Greenwich mean sidereal time of 1982 (Aoki et al.), radians, 0 to one turn: the
+// model's own, whatever the frames of today.
 double SiderealTime1982(double julianDateUT) {
   const double t = (julianDateUT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   const double seconds = 67310.54841 + t * (876600.0 * 3600.0 + 8640184.812866 + t * (0.093104 - t * 6.2e-6));
@@ -113,8 +114,8 @@ SatelliteFault SatelliteModel::GetState(double minutes, double position[3], doub
   return m_Constants->GetState(minutes, position, velocity);
 }
 
-// The equinox of TEME is that of sidereal time as the model knows it, without the terms of 1994 that equal 0.003 arc second
-// at most; so the equation of the equinoxes is without them too.
+// The equinox of TEME is that of sidereal time as the model knows it, without the terms of 1994 that equal
+// 0.003 arc second at most; so the equation of the equinoxes is without them too.
 void TemeToJ2000(double julianDateTT, const double teme[3], double j2000[3]) {
   const double centuries = (julianDateTT - astro::kJ2000) / astro::kDaysPerJulianCentury;
   const double turn = astro_internal::NutationAt(centuries).longitude * std::cos(MeanObliquity(julianDateTT));

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The parts of the SGP4/SDP4 model, after F. R. Hoots & R. L. Roehrich, Spacetrack Report No. 3 (1980) and D. Vallado,
-// P. Crawford, R. Hujsak & T. S. Kelso, Revisiting Spacetrack Report #3 (AIAA 2006-6753), called "the report" below. Units:
-// radians, minutes, Earth radii.
+// The parts of the SGP4/SDP4 model, after F. R. Hoots & R. L. Roehrich, Spacetrack Report No. 3 (1980) and D.
+// Vallado, P. Crawford, R. Hujsak & T. S. Kelso, Revisiting Spacetrack Report #3 (AIAA 2006-6753), called
+// "the report" below. Units: radians, minutes, Earth radii.
 #pragma once
 
 #include "astro/satellite.h"
@@ -13,8 +13,8 @@ namespace astro_internal {
 // WGS 72, as the report's table 2 has it: element sets are made with these constants.
 inline constexpr double kEarthRadius = 6378.135;  // km
 inline constexpr double kGravity = 398600.8;      // km^3 / s^2
-inline constexpr double kKe =
-    0.07436691613317342;  // 60 / sqrt(kEarthRadius^3 / kGravity), Earth radii^1.5 / minute
+// 60 / sqrt(kEarthRadius^3 / kGravity), Earth radii^1.5 / minute.
+inline constexpr double kKe = 0.07436691613317342;
 inline constexpr double kJ2 = 0.001082616;
 inline constexpr double kJ3 = -0.00000253881;
 inline constexpr double kJ4 = -0.00000165597;
@@ -95,15 +95,16 @@ struct Resonance {
   double epochLongitude, epochMotion, longitudeRate;
   double perigee, perigeeRate;
   double siderealEpoch;
-  // How far the integration has come; it always goes in whole steps from the epoch, so what was asked before has no
-  // influence on the result.
+  // How far the integration has come; it always goes in whole steps from the epoch, so what was
+  // asked before has no influence on the result.
   double t = 0.0, longitude, motion;
 };
 
 Resonance MakeResonance(const NearEarth& model, const LunarSolar& lunarSolar, double siderealEpoch);
 void ApplyResonance(Resonance& resonance, double t, MeanOrbit& orbit);
 
-// Long-period and short-period terms of the Earth's flattening: from mean elements and semi-major axis to kilometres.
+// Long-period and short-period terms of the Earth's flattening: from mean
+// elements and semi-major axis to kilometres.
 SatelliteFault ComputePlace(const MeanOrbit& orbit, double axis, double position[3], double velocity[3]);
 
 }  // namespace astro_internal

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Perturbations by Sun and Moon: the deep-space initialization of the report (Hujsak 1979), its lunar-solar secular and
-// periodic effects. The symbols a, X and Z are those of Spacetrack Report No. 3, section 10.
+// Perturbations by Sun and Moon: the deep-space initialization of the report (Hujsak 1979), its lunar-solar
+// secular and periodic effects. The symbols a, X and Z are those of Spacetrack Report No. 3, section 10.
 #include <cmath>
 
 #include "astro/constants.h"
@@ -148,8 +148,8 @@ void AddPeriodics(const LunarSolarTerms& terms, double t, Periodics& sum) {
   sum.h += terms.h2 * f2 + terms.h3 * f3;
 }
 
-// R. H. Lyddane 1963 (Astronomical Journal 68, 555): the changes applied to sin i sin node and sin i cos node, which stay
-// good where the node itself does not.
+// R. H. Lyddane 1963 (Astronomical Journal 68, 555): the changes applied to sin i sin node and sin i cos
+// node, which stay good where the node itself does not.
 void ApplyLyddane(const Periodics& change, MeanOrbit& orbit) {
   const double s = std::sin(orbit.i), c = std::cos(orbit.i);
   const double sn = std::sin(orbit.node), cn = std::cos(orbit.node);

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Secular effects of the zonal harmonics and of the drag of the air: the report's initialization for SGP4 and its
-// section on secular effects of gravity and drag; the symbols of the drag coefficients (C, D, eta, xi) are its own.
+// Secular effects of the zonal harmonics and of the drag of the air: the report's
+// initialization for SGP4 and its section on secular effects of gravity and drag; the symbols
+// of the drag coefficients (C, D, eta, xi) are its own.
 #include <cmath>
 
 #include "companions/astro/satellites/sgp4.h"
@@ -15,7 +16,8 @@ constexpr double kSmallEccentricity = 1e-4;  // below it the terms with 1 / e ar
 double Square(double x) { return x * x; }
 double Cube(double x) { return x * x * x; }
 
-// The height of the atmosphere's reference level and the density that goes with it, by the height of the perigee.
+// The height of the atmosphere's reference level and the density that goes with
+// it, by the height of the perigee.
 struct Atmosphere {
   double level;    // s, Earth radii from the centre
   double density;  // (q0 - s)^4

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// From mean elements to a place: the report's long-period periodics, solution of Kepler's equation, short-period
-// preliminary quantities, their application, and unit vectors.
+// From mean elements to a place: the report's long-period periodics, solution of Kepler's equation,
+// short-period preliminary quantities, their application, and unit vectors.
 #include <cmath>
 
 #include "astro/constants.h"
@@ -42,8 +42,8 @@ struct SineCosine {
   double sine, cosine;
 };
 
-// Kepler's equation in these elements, for the eccentric anomaly counted from the node: Newton's steps, none longer than
-// 0.95, at most ten, as the report's run had them: that is part of the model.
+// Kepler's equation in these elements, for the eccentric anomaly counted from the node: Newton's steps, none
+// longer than 0.95, at most ten, as the report's run had them: that is part of the model.
 SineCosine SolveKepler(const NodalOrbit& orbit) {
   double angle = orbit.latitude;
   SineCosine at = {std::sin(angle), std::cos(angle)};

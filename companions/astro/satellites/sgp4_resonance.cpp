@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Resonance with the tesseral harmonics of the Earth: the report's deep-space initialization and its numerical integration
-// of the resonant longitude. The symbols G and F are the eccentricity and inclination functions of Spacetrack Report No. 3,
-// section 10, with the indices that they have there.
+// Resonance with the tesseral harmonics of the Earth: the report's deep-space initialization and its
+// numerical integration of the resonant longitude. The symbols G and F are the eccentricity and inclination
+// functions of Spacetrack Report No. 3, section 10, with the indices that they have there.
 #include <cmath>
 
 #include "astro/constants.h"
@@ -27,7 +27,8 @@ double Cubic(double c0, double c1, double c2, double c3, double e) {
   return c0 + e * (c1 + e * (c2 + e * c3));
 }
 
-// The eccentricity functions of the half-day resonance as polynomials, which change at certain eccentricities.
+// The eccentricity functions of the half-day resonance as polynomials, which
+// change at certain eccentricities.
 struct EccentricityFunctions {
   double g201, g211, g310, g322, g410, g422, g520, g521, g532, g533;
 };

@@ -27,7 +27,8 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
-// Reads the columns of one line. After the first thing that is wrong it stays failed, with the message of that.
+// Reads the columns of one line. After the first thing that is wrong it stays
+// failed, with the message of that.
 class Line {
  public:
   Line(const std::string& text, char number, std::string& error)

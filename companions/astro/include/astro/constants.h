@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Numbers of astronomy that many places need. Each is the one double that all of them compute with: another way of
-// writing the same quantity may differ in the last digit, and with it what is drawn or stored.
+// Numbers of astronomy that many places need. Each is the one double that all of them compute with: another
+// way of writing the same quantity may differ in the last digit, and with it what is drawn or stored.
 #pragma once
 
 #include <numbers>
@@ -29,16 +29,16 @@ inline constexpr double kDaysPerJulianCentury = 36525.0;
 inline constexpr double kKilometresPerAu = 149597870.7;
 inline constexpr double kMetresPerAu = 149597870700.0;
 
-// The parsec is 648000 / pi astronomical units: IAU 2015 Resolution B2. Two neighbouring doubles stand for it, and
-// each has results that rest on it: the nearer one in the conversion of units that users read, the one above it in
-// the radii and sizes of far objects.
+// The parsec is 648000 / pi astronomical units: IAU 2015 Resolution B2. Two neighbouring doubles stand for
+// it, and each has results that rest on it: the nearer one in the conversion of units that users read, the
+// one above it in the radii and sizes of far objects.
 inline constexpr double kAuPerParsec = 206264.80624709636;
 inline constexpr double kAuPerParsecAbove = 206264.8062470964;
 
 // Light.
 inline constexpr double kLightSpeed = 299792.458;  // km/s, exact: the definition of the metre
-// The same in astronomical units a day, rounded to nine decimals: what the model has always computed with. The quotient
-// of the exact numbers is larger by 1.4e-12 of it.
+// The same in astronomical units a day, rounded to nine decimals: what the model has always computed with.
+// The quotient of the exact numbers is larger by 1.4e-12 of it.
 inline constexpr double kLightAuPerDay = 173.144632674;
 
 // The Earth's ellipsoid, WGS 84.
