@@ -8,6 +8,7 @@
 #include "astro/coordinates.h"
 #include "astro/earth_orientation.h"
 #include "astro/julian_date.h"
+#include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "common_interfaces/object_kinds.h"
 #include "common_interfaces/record_conversion.h"
@@ -18,13 +19,16 @@
 #include "host/body_texts.h"
 #include "host/host_texts.h"
 #include "host/moment_text.h"
-#include "host/rise_set.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 
 namespace skyview {
 namespace {
 
+using astro::FindHorizonPlace;
+using astro::HorizonPlace;
+using astro::MakeHorizonPlace;
+using astro::RiseTransitSet;
 using CommonInterfaces::Camera;
 using CommonInterfaces::FormatLocalizedText;
 
@@ -135,8 +139,8 @@ std::optional<HorizonPlace> WhereWriter::Find(const SkyMoment& moment) const {
   double axes[9];
   HorizonAxes(moment, m_Place, axes);
   // Stars and deep-sky objects rise with their centres.
-  return MakeHorizonPlace(axes, seen.apparent,
-                          seen.sunDistance > 0.0 || seen.lightTime > 0.0 ? seen.angularRadius : 0.0);
+  const double radius = seen.sunDistance > 0.0 || seen.lightTime > 0.0 ? seen.angularRadius : 0.0;
+  return MakeHorizonPlace(axes, seen.apparent, astro::GetRiseAltitude(radius));
 }
 
 // The midnight before the moment by the clocks of the place; of satellites the moment itself.
