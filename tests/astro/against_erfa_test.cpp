@@ -10,7 +10,7 @@
 
 #include "astro/astro.h"
 #include "companions/astro/earth/nutation.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::JulianDateOfYear;
 using astro_test::kArcSecond;

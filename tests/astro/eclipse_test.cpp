@@ -8,7 +8,7 @@
 #include "astro/constants.h"
 #include "astro/solar_system.h"
 #include "astro/vectors.h"
-#include "midnight.h"
+#include "helpers/midnight.h"
 
 using namespace astro;
 using astro_test::At;

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "sky_place.h"
+#include "helpers/sky_place.h"
 
 using astro_test::ApparentPlace;
 using astro_test::ArcSecondsBetween;

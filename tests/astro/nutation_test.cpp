@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::kArcSecond;
 

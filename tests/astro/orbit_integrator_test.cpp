@@ -9,7 +9,7 @@
 
 #include "astro/two_body.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_internal::IntegrateOrbit;
 using astro_internal::IntegrationLimits;

@@ -7,7 +7,7 @@
 #include "astro/rise_set.h"
 #include "astro/solar_system.h"
 #include "astro/vectors.h"
-#include "midnight.h"
+#include "helpers/midnight.h"
 
 using namespace astro;
 

@@ -12,8 +12,8 @@
 #include "astro/solar_system.h"
 #include "astro/twilight.h"
 #include "astro/vectors.h"
-#include "measure.h"
-#include "midnight.h"
+#include "helpers/measure.h"
+#include "helpers/midnight.h"
 
 using namespace astro;
 using astro_test::At;

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "astro/planets.h"
-#include "midnight.h"
+#include "helpers/midnight.h"
 
 using namespace astro;
 using astro_test::At;

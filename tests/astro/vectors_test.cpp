@@ -8,7 +8,7 @@
 #include <numbers>
 
 #include "astro/coordinates.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::kDegree;
 

@@ -33,7 +33,7 @@ def constants(header):
     """Constants at namespace scope: they may have rows, and a row must not outlive its constant."""
     with open(header, encoding="utf-8") as file:
         text = strip_class_bodies(re.sub(r"//[^\n]*", "", file.read()))
-    return set(re.findall(r"\binline\s+constexpr\s+[\w:]+\s+(\w+)(?:\[[^]]*\])?\s*=", text))
+    return set(re.findall(r"\binline\s+constexpr\s+[\w: ]+?\s+(\w+)(?:\[[^]]*\])?\s*=", text))
 
 
 def strip_class_bodies(text):
