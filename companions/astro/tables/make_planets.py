@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""Writes planet_tables.inc, moon_tables.inc and pluto_table.inc in ../planets from the tables beside this script (origin and
-licence: SOURCE.md).
+"""Writes planet_tables.inc, moon_tables.inc and pluto_table.inc in ../planets from the tables beside this
+script (origin and licence: SOURCE.md).
 
 Usage: make_planets.py           writes the files
        make_planets.py --check   exits with 1 when a file is not what would be written

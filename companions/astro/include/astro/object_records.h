@@ -11,6 +11,7 @@
 #pragma once
 
 #include "astro/api.h"
+#include "astro/constants.h"
 #include "utils/text.h"
 
 inline constexpr float kUnknownStarMagnitude = 999999.0f;
@@ -55,10 +56,10 @@ inline constexpr int kTwoLineTag = FourCC("TLE_");
 // mean motion of two-line elements in revolutions per day (see ConvertDBRecord of the application's library).
 struct OrbitalElements {
   unsigned char elementSet = kKeplerElements;
-  int tag = 0;                       // kTwoLineTag, else 0
-  int centralKind = FourCC("plnt");  // the body that it goes around: "plnt" ...
-  int centralNumber = 10;            // ... 10, the Sun
-  double epoch = 2451545.0;          // Julian date: dynamical time (TT); of two-line elements Universal Time
+  int tag = 0;                            // kTwoLineTag, else 0
+  int centralKind = astro::kPlanetKind;   // the body that it goes around: "plnt" ...
+  int centralNumber = astro::kSunNumber;  // ... 10, the Sun
+  double epoch = astro::kJ2000;  // Julian date: dynamical time (TT); of two-line elements Universal Time
   // au: the semi-major axis for e < 1, the perihelion distance for e >= 1; two-line elements: unused.
   double a = 0.0;
   double e = 0.0;   // eccentricity
