@@ -20,8 +20,8 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/sky_images.h"
 #include "common_interfaces/string_table.h"
-#include "scene/catalogs/sky_catalogs.h"
-#include "skyview/session/sky_roots.h"
+#include "scene/sky_catalogs.h"
+#include "scene/data_root.h"
 #include "utils/program.h"
 #include "utils/text.h"
 
@@ -30,7 +30,7 @@ namespace {
 namespace ci = CommonInterfaces;
 
 bool FindShippedData(std::string& root, std::string& error) {
-  return skyview::FindDataRoot(GetProgramFolder(), root, error) && skyview::SetSkyRoots(root, "", error);
+  return scene::FindDataRoot(GetProgramFolder(), root, error) && scene::SetSkyRoots(root, "", error);
 }
 
 void ReloadTexts() {
@@ -45,9 +45,9 @@ bool LoadEverything() {
   ci::SettingsData settings(1, FourCC("FLTR"), "filters.data");
   ci::Camera camera(1);
   camera.CreateDefault();
-  skyview::SkyCatalogs catalogs;
+  scene::SkyCatalogs catalogs;
   std::string error;
-  if (!skyview::LoadSkyCatalogs(catalogs, error)) return false;
+  if (!scene::LoadSkyCatalogs(catalogs, error)) return false;
   const ci::PlanetMoonDescription bodies;
   const ci::CSTLImages constellations;
   const ci::MWayImages milkyWay;

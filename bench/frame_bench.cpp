@@ -14,20 +14,20 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
-#include "scene/catalogs/catalog_table.h"
-#include "scene/view/observer_frame.h"
-#include "scene/frame/sky_frame.h"
-#include "skyview/session/sky_roots.h"
+#include "scene/catalog_table.h"
+#include "scene/observer_frame.h"
+#include "scene/sky_frame.h"
+#include "scene/data_root.h"
 #include "scratch_file.h"
 #include "utils/program.h"
 
 namespace {
 
 // The data root of the build tree, beside this program.
-bool LoadShippedCatalogs(skyview::SkyCatalogs& catalogs, std::string& error) {
+bool LoadShippedCatalogs(scene::SkyCatalogs& catalogs, std::string& error) {
   std::string root;
-  return skyview::FindDataRoot(GetProgramFolder(), root, error) && skyview::SetSkyRoots(root, "", error) &&
-         skyview::LoadSkyCatalogs(catalogs, error);
+  return scene::FindDataRoot(GetProgramFolder(), root, error) && scene::SetSkyRoots(root, "", error) &&
+         scene::LoadSkyCatalogs(catalogs, error);
 }
 
 // Stars spread evenly over the sphere; their numbers grow threefold a magnitude, as on the sky, down to magnitude 12.
@@ -37,7 +37,7 @@ std::string MakeStarTable(int count) {
   std::string table = "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tPropMotionRA:f32\tPropMotionDec:f32\n";
   char line[160];
   for (int i = 0; i < count; ++i) {
-    const double ra = unit(random) * 2.0 * skyview::kPi, dec = std::asin(2.0 * unit(random) - 1.0);
+    const double ra = unit(random) * 2.0 * scene::kPi, dec = std::asin(2.0 * unit(random) - 1.0);
     const double magnitude = 12.0 + std::log(std::max(unit(random), 1e-6)) / std::log(3.0);
     std::snprintf(line, sizeof line, "%d\t%.9f\t%.9f\t%.2f\t%.1f\t%.1f\n", i, ra, dec, magnitude,
                   100.0 * (unit(random) - 0.5), 100.0 * (unit(random) - 0.5));
@@ -46,13 +46,13 @@ std::string MakeStarTable(int count) {
   return table;
 }
 
-void RunFrames(benchmark::State& state, const skyview::SkyCatalogs& catalogs, double zoom) {
+void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom) {
   CommonInterfaces::Camera camera(1);
   camera.CreateDefault();
   camera.SetBasePlane(1);
   camera.SetZoom(zoom);
   camera.SetWinRect({1600, 1000, 1600, 1000});
-  skyview::SkyFrame frame(catalogs);
+  scene::SkyFrame frame(catalogs);
   int number = 0;
   for (auto _ : state) {
     ++number;
@@ -61,10 +61,10 @@ void RunFrames(benchmark::State& state, const skyview::SkyCatalogs& catalogs, do
     time.fraction = 0.4 + 1e-5 * (number % 1000);
     camera.SetUniversalTime(time);
     SphViewCoor angles;
-    angles.lon = -skyview::kPi + 1e-3 * (number % 1000);
+    angles.lon = -scene::kPi + 1e-3 * (number % 1000);
     angles.lat = 0.6;
     camera.SetRA_Dec(angles);
-    frame.Compute(camera, skyview::PrepareObserver(camera), skyview::ShownKinds());
+    frame.Compute(camera, scene::PrepareObserver(camera), scene::ShownKinds());
     benchmark::DoNotOptimize(frame.GetStars().data());
   }
   state.counters["stars"] = catalogs.stars.GetCount();
@@ -73,7 +73,7 @@ void RunFrames(benchmark::State& state, const skyview::SkyCatalogs& catalogs, do
 
 // The catalogs that ship: 9,096 stars.
 void FrameOfShippedCatalogs(benchmark::State& state) {
-  skyview::SkyCatalogs catalogs;
+  scene::SkyCatalogs catalogs;
   std::string error;
   if (!LoadShippedCatalogs(catalogs, error)) return state.SkipWithError(error.c_str());
   RunFrames(state, catalogs, static_cast<double>(state.range(0)));
@@ -82,13 +82,13 @@ BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(10)->Unit(benchm
 
 // The shipped figures and Milky Way with a million stars that nobody has seen.
 void FrameOfAMillionStars(benchmark::State& state) {
-  static const std::unique_ptr<skyview::SkyCatalogs> catalogs = [] {
-    auto made = std::make_unique<skyview::SkyCatalogs>();
+  static const std::unique_ptr<scene::SkyCatalogs> catalogs = [] {
+    auto made = std::make_unique<scene::SkyCatalogs>();
     std::string error;
-    if (!LoadShippedCatalogs(*made, error)) return std::unique_ptr<skyview::SkyCatalogs>();
+    if (!LoadShippedCatalogs(*made, error)) return std::unique_ptr<scene::SkyCatalogs>();
     const std::string path = bench::ScratchPath("million_stars.txt");
     std::ofstream(path, std::ios::binary) << MakeStarTable(1000000);
-    skyview::CatalogTable table;
+    scene::CatalogTable table;
     table.Load(path.c_str());
     made->stars.Fill(table);
     return made;

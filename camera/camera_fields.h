@@ -12,12 +12,13 @@
 
 namespace CommonInterfaces {
 
-// The field, or null when the section or the field is missing. The section becomes current when it exists.
+// The field as the container looks it up once the section is current: that of the section, else the first of
+// that name in any. Null when there is none, or no such section. The section becomes current when it exists.
 inline SettingField* FindFieldQuietly(SettingsData& settings, unsigned section, int nameId) {
   settings.SetCurSection(section);
   // Without a current section the look-up of a field prints a line, however quiet it is asked to be.
   if (settings.GetCurSection() != section) return nullptr;
-  return settings.GetAtField(section, nameId, false);
+  return settings.GetAtField(SettingsData::kNoSection, nameId, false);
 }
 
 // One element, when it is there and as wide as `out`; else false, and `out` stays.

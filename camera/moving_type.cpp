@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The change of moving type: a camera record takes the place of the state, and what is to be kept is put back.
+#include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "common_interfaces/camera.h"
 #include "utils/debug.h"
@@ -10,8 +11,6 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr int kMovingTypes = 12;
-constexpr unsigned char kSurfaceCoordinates = 2;  // longitude and latitude on a body
 constexpr unsigned kNoRecord = 0xFFFFFFFFu;
 constexpr unsigned Bytes(const char (&bytes)[5]) {  // the word that has these bytes in a file
   return static_cast<unsigned>(bytes[3]) << 24 | static_cast<unsigned>(bytes[2]) << 16 |
@@ -25,17 +24,17 @@ constexpr unsigned kRecords[kMovingTypes] = {Bytes("QXSC"), Bytes("QXMC"), Bytes
 
 bool IsOnBody(int type) { return type == 0 || type == 1; }
 
-}  // namespace
-
 // On anything but a planet, standing and hovering have no record of their own.
-unsigned Camera::GetMovingTypeRecord(int type) const {
-  return IsOnBody(type) && m_Observer.kind != FourCC("plnt") ? kCameraSettingsId : kRecords[type];
+unsigned RecordOf(int type, const SSO_ID& observer) {
+  return IsOnBody(type) && observer.kind != FourCC("plnt") ? kCameraSettingsId : kRecords[type];
 }
+
+}  // namespace
 
 void Camera::LeaveBehind(bool keep) {
   const bool onPlanet = m_Observer.kind == FourCC("plnt") || m_Observer.kind == FourCC("moon");
   // The Sun is where one travels in space; there it must not stand for the planet that one set out from.
-  const bool aroundSun = m_Observer == SSO_ID(FourCC("plnt"), kSun) && !IsOnBody(m_ObsMovingType);
+  const bool aroundSun = m_Observer == astro::kSun && !IsOnBody(m_ObsMovingType);
   if (onPlanet && (!aroundSun || m_LeftBehind.observer.IsEmpty())) m_LeftBehind.observer = m_Observer;
   if (IsOnSurface()) {
     m_LeftBehind.places[m_ObsMovingType] = {m_Observer, m_Location};
@@ -48,31 +47,37 @@ bool Camera::IsOnSurface() const {
   return IsOnBody(m_ObsMovingType) && m_Location.coorSys == kSurfaceCoordinates;
 }
 
-void Camera::PutBackObserverAndPlace(int type) {
-  if (m_Observer.kind == FourCC("plnt") && !m_LeftBehind.observer.IsEmpty()) {
-    if (m_Observer.number == kEarth) m_Observer = m_LeftBehind.observer;
-    m_ObserverChanged = true;
-  }
+void Camera::PutBackObserver() {
+  if (m_Observer.kind != FourCC("plnt") || m_LeftBehind.observer.IsEmpty()) return;
+  if (m_Observer.number == astro::kEarthNumber) m_Observer = m_LeftBehind.observer;
+  m_ObserverChanged = true;
+}
+
+// Whoever changes from one way of being on a body to the other stays where they are, whatever body the record
+// names; a place of long ago is one on its own body alone.
+void Camera::PutBackPlace(int type, bool leftNow) {
+  if (!IsOnBody(type)) return;
   const auto last = m_LeftBehind.places.find(m_LeftBehind.lastPlace);
-  if (!IsOnBody(type) || last == m_LeftBehind.places.end() || !(last->second.observer == m_Observer)) return;
+  if (last == m_LeftBehind.places.end() || !(leftNow || last->second.observer == m_Observer)) return;
   m_Location.lon = last->second.location.lon;
   m_Location.lat = last->second.location.lat;
   m_Location.coorSys = kSurfaceCoordinates;
+  const bool isOwn = last->first == type;
   const auto own = m_LeftBehind.places.find(static_cast<signed char>(type));
-  if (own == m_LeftBehind.places.end() || !(own->second.observer == m_Observer)) return;
+  if (own == m_LeftBehind.places.end() || (leftNow && isOwn) || !(own->second.observer == m_Observer)) return;
   m_Location.dist = own->second.location.dist;
   m_Location.distUnits = own->second.location.distUnits;
 }
 
-void Camera::PutBackDirection(int type, const CameraState& before) {
+void Camera::PutBackDirection(int type, const LeftBehind::Direction& before) {
   const auto left = m_LeftBehind.directions.find(static_cast<signed char>(type));
   const bool wasThere = left != m_LeftBehind.directions.end();
-  if (wasThere && left->second.plane != before.m_BasePlane) {
+  if (wasThere && left->second.plane != before.plane) {
     m_BasePlane = left->second.plane;
     m_ViewAngles = left->second.angles;
-  } else if (wasThere || m_BasePlane == before.m_BasePlane) {
-    m_BasePlane = before.m_BasePlane;
-    m_ViewAngles = before.m_ViewAngles;
+  } else if (wasThere || m_BasePlane == before.plane) {
+    m_BasePlane = before.plane;
+    m_ViewAngles = before.angles;
   }
 }
 
@@ -91,45 +96,45 @@ void Camera::TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn) {
 }
 
 void Camera::SetMovingType(char type, bool keep) {
-  const int next = static_cast<signed char>(type);
-  if (next < 0 || next >= kMovingTypes) {
-    PrintDebugString("Bad moving type %d in Camera::SetMovingType\n", next);
+  ChangeMovingType(static_cast<signed char>(type), keep, m_Observer);
+}
+
+void Camera::ChangeMovingType(int type, bool keep, const SSO_ID& goal) {
+  if (type < 0 || type >= kMovingTypes) {
+    PrintDebugString("Bad moving type %d in Camera::SetMovingType\n", type);
     return;
   }
-  const CameraState before = *this;
-  const bool wasOnSurface = IsOnSurface();
+  const bool wasOnSurface = IsOnSurface(), wasLocked = m_DirLock != 0;
+  const double zoom = m_Zoom;
+  const _Date time = {m_JT, m_TJ, m_TimeType};
+  const signed char fst = m_FST;
+  const SphCoor place = m_Location;
+  const SSO_ID lockedOn = m_CenterObject;
+  const LeftBehind::Direction direction = {m_BasePlane, m_ViewAngles};
   LeaveBehind(keep);
-  const unsigned record = GetMovingTypeRecord(next);
+  const unsigned record = RecordOf(type, goal);
   if (record != kNoRecord) ReadSelf(nullptr, record);
   if (keep && wasOnSurface) {
-    m_Location.lat = before.m_Location.lat;
-    m_Location.lon = before.m_Location.lon;
-    m_Location.distUnits = before.m_Location.distUnits;
+    m_Location.lat = place.lat;
+    m_Location.lon = place.lon;
+    m_Location.distUnits = place.distUnits;
   }
   if (keep) m_ObserverChanged = true;
-  m_JT = before.m_JT;
-  m_TJ = before.m_TJ;
-  m_TimeType = before.m_TimeType;
-  m_FST = before.m_FST;
-  m_ObsMovingType = static_cast<signed char>(next);
-  PutBackObserverAndPlace(next);
-  TurnAfterChange(next, before.m_DirLock != 0, before.m_CenterObject);
-  if (keep || before.m_DirLock != 0) m_Zoom = before.m_Zoom;
-  if (m_Zoom != before.m_Zoom) m_ZoomChanged = true;
-  if (keep) PutBackDirection(next, before);
+  m_JT = time.day;
+  m_TJ = time.fraction;
+  m_TimeType = time.type;
+  m_FST = fst;
+  m_ObsMovingType = static_cast<signed char>(type);
+  PutBackObserver();
+  PutBackPlace(type, wasOnSurface);
+  TurnAfterChange(type, wasLocked, lockedOn);
+  if (keep || wasLocked) m_Zoom = zoom;
+  if (m_Zoom != zoom) m_ZoomChanged = true;
+  if (keep) PutBackDirection(type, direction);
   RebuildViewMatrix();
   UpdateDeltaT();
   UpdateScale();
   RefreshLimitingMagnitudes();
-}
-
-// The change itself needs the observer that is left, to remember it. But which record the types on a body have
-// depends on the observer: where it was no planet, the record that was read first is the wrong one.
-void Camera::ChangeTypeAndObserver(int type, const SSO_ID& observer) {
-  const bool wasOnPlanet = m_Observer.kind == FourCC("plnt");
-  SetMovingType(static_cast<char>(type), false);
-  SetObserver(observer);
-  if (!wasOnPlanet && IsOnBody(type)) SetMovingType(static_cast<char>(type), false);
 }
 
 }  // namespace CommonInterfaces

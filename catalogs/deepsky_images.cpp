@@ -31,7 +31,7 @@ void Clear() {
   s_Images.clear();
   s_Cursor = s_Images.end();
   s_Current = nullptr;
-  DSOImages::s_IndependentImages.clear();
+  DSOImages::s_IndependentImages = std::vector<DSOImageDesc>();  // with its memory
 }
 
 void AddLine(char* line) {
@@ -99,12 +99,13 @@ const DSOImageDesc* DSOImages::GetNext() {
   return Visit(s_Cursor);
 }
 
+// What stands in the bits of a letter need not be one: the numbers of the catalogs carry the sub-type there.
 const DSOImageDesc* DSOImages::Find(int, int number) {
   const Key key = KeyOf(static_cast<unsigned>(number));
-  const auto found = s_Images.lower_bound(key);
-  const bool hit =
-      found != s_Images.end() && found->first.first == key.first && (key.second == 0 || found->first == key);
-  return hit ? Visit(found) : nullptr;
+  const auto exact = s_Images.find(key);
+  if (exact != s_Images.end()) return Visit(exact);
+  const auto lowest = s_Images.lower_bound({key.first, 0});
+  return lowest != s_Images.end() && lowest->first.first == key.first ? Visit(lowest) : nullptr;
 }
 
 void DSOImages::AddData(float largestDimension, float magnitude, float smallestDimension,

@@ -25,28 +25,26 @@ DeepskyOutput::~DeepskyOutput() { delete m_ImageDrawData; }
 DeepskyOutput::DeepskyOutput(const DeepskyOutput&) = default;
 DeepskyOutput& DeepskyOutput::operator=(const DeepskyOutput&) = default;
 
-void* StarOutput::operator new(std::size_t size) { return ::operator new(size); }
-void StarOutput::operator delete(void* memory) noexcept { ::operator delete(memory); }
-void* StarOutput::operator new(std::size_t size, OutputPool& pool) noexcept {
-  return pool.getMem(static_cast<unsigned>(size));
-}
+// Here and not in the header: what the library's heap gave goes back to it.
+#define DEFINE_MEMORY(Class)                                                        \
+  void* Class::operator new(std::size_t size) { return ::operator new(size); }      \
+  void* Class::operator new(std::size_t size, const std::nothrow_t& tag) noexcept { \
+    return ::operator new(size, tag);                                               \
+  }                                                                                 \
+  void* Class::operator new(std::size_t, void* place) noexcept { return place; }    \
+  void* Class::operator new(std::size_t size, OutputPool& pool) noexcept {          \
+    return pool.getMem(static_cast<unsigned>(size));                                \
+  }                                                                                 \
+  void Class::operator delete(void* memory) noexcept { ::operator delete(memory); } \
+  void Class::operator delete(void* memory, const std::nothrow_t& tag) noexcept {   \
+    ::operator delete(memory, tag);                                                 \
+  }                                                                                 \
+  void Class::operator delete(void*, void*) noexcept {}
 
-void* DeepskyOutput::operator new(std::size_t size) { return ::operator new(size); }
-void DeepskyOutput::operator delete(void* memory) noexcept { ::operator delete(memory); }
-void* DeepskyOutput::operator new(std::size_t size, OutputPool& pool) noexcept {
-  return pool.getMem(static_cast<unsigned>(size));
-}
-
-void* DeepskyImageDrawData::operator new(std::size_t size) { return ::operator new(size); }
-void DeepskyImageDrawData::operator delete(void* memory) noexcept { ::operator delete(memory); }
-void* DeepskyImageDrawData::operator new(std::size_t size, OutputPool& pool) noexcept {
-  return pool.getMem(static_cast<unsigned>(size));
-}
-
-void* Deepsky3DDrawData::operator new(std::size_t size) { return ::operator new(size); }
-void Deepsky3DDrawData::operator delete(void* memory) noexcept { ::operator delete(memory); }
-void* Deepsky3DDrawData::operator new(std::size_t size, OutputPool& pool) noexcept {
-  return pool.getMem(static_cast<unsigned>(size));
-}
+DEFINE_MEMORY(StarOutput)
+DEFINE_MEMORY(DeepskyOutput)
+DEFINE_MEMORY(DeepskyImageDrawData)
+DEFINE_MEMORY(Deepsky3DDrawData)
+#undef DEFINE_MEMORY
 
 }  // namespace CommonInterfaces

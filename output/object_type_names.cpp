@@ -15,6 +15,23 @@ int PlanetTypeText(int number) {
   return FourCC("plnt");
 }
 
+// The sub-type code itself is the identifier: a small number, not a four-character code. Deliberate; the string
+// table keeps a text for every sub-type. 0 is none: the number of an object that no catalog has classified. It
+// is named by its kind, for which the user's kinds, which have no sub-type, have the texts.
+int DeepskyTypeText(int kind, int number) {
+  if (const int subType = (number >> 24) & 255) return subType;
+  switch (kind) {
+    case FourCC("gala"):
+      return FourCC("uGAL");
+    case FourCC("nebu"):
+      return FourCC("uNEB");
+    case FourCC("clst"):
+      return FourCC("uCLS");
+    default:
+      return FourCC("uDSO");
+  }
+}
+
 int ObjectTypeText(int kind, int number) {
   switch (kind) {
     case FourCC("uSTR"):
@@ -33,9 +50,7 @@ int ObjectTypeText(int kind, int number) {
     case FourCC("clst"):
     case FourCC("dsnv"):
     case FourCC("uDSO"):
-      // The sub-type code itself is the identifier: a small number, not a four-character code. Deliberate;
-      // the string table keeps a text for every sub-type. The user's "uGAL" and its like have no sub-type.
-      return (number >> 24) & 255;
+      return DeepskyTypeText(kind, number);
     default:
       return kind;
   }

@@ -15,8 +15,9 @@ namespace CommonInterfaces {
 // Fills the elements of a comet or an asteroid of a database; what the record lacks keeps its default.
 OrbitalElements ReadElements(const SSO_ID& id, const BaseDB& record);
 
-// Converts elements of the user's lists in place: degrees to radians, and the mean motion. False, with one line that
-// says why, when no finite mean motion comes out.
+// Converts elements of the user's lists in place: degrees to radians, and the mean motion. False, with one
+// line that says why, when no finite mean motion comes out or a member that the model of the element set uses
+// is no number.
 bool ConvertUserElements(const SSO_ID& id, const CQXSolSys& solSys, OrbitalElements& elements);
 
 }  // namespace CommonInterfaces

@@ -4,11 +4,11 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
+
 namespace CommonInterfaces {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 enum class Shape { kCos, kSin, kEclipse };
 
@@ -31,14 +31,14 @@ constexpr PeriodicStar kPeriodicStars[] = {
     {0x44781255, 2452154.0, 333.8, 2.0, 8.1, Shape::kSin},
 };
 
-// The dip of the eclipsing star is deliberately drawn only where it is nearly at its deepest: outside that narrow
-// range the star stays at its base, and the curve has a step.
+// The dip of the eclipsing star is deliberately drawn only where it is nearly at its deepest: outside that
+// narrow range the star stays at its base, and the curve has a step.
 constexpr double kEclipseFrom = 1.35;
 
 double PeriodicMagnitude(const PeriodicStar& star, double jd) {
   // The absolute value is deliberate: the curve is symmetric about the epoch.
   const double cycles = std::abs(jd - star.epoch) / star.period;
-  const double angle = kPi * (cycles - std::floor(cycles));
+  const double angle = astro::kPi * (cycles - std::floor(cycles));
   const double wave = star.shape == Shape::kSin ? std::sin(angle) : std::cos(angle);
   const double change = star.amplitude * (wave * wave);
   if (star.shape == Shape::kEclipse && !(change >= kEclipseFrom)) return star.base;
@@ -74,7 +74,8 @@ double NovaMagnitude(const Nova& nova, double jd) {
   if (jd <= nova.quietUntil || jd >= nova.quietFrom) return nova.quiet;
   if (jd < nova.peak) return (nova.peak - jd) * nova.rise + nova.brightest;
   if (jd <= nova.slowAfter) return (jd - nova.peak) * nova.fade + nova.brightest;
-  // Deliberately counted from the peak, not from the date at which the slow decline begins: the curve jumps there.
+  // Deliberately counted from the peak, not from the date at which the slow decline begins: the curve jumps
+  // there.
   return (jd - nova.peak) * nova.slowFade + nova.slowBase;
 }
 

@@ -7,10 +7,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "paint/font.h"
 #include "paint/painter.h"
 #include "paint/picture_file.h"
 
-namespace skyview {
+namespace paint {
 namespace {
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -75,12 +76,9 @@ void ContactSheet::Sheet::PaintCopy(double x, double y) {
 }
 
 void ContactSheet::Sheet::PaintText(const std::string& text, double x, double y) {
-  cairo_select_font_face(context.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-  cairo_set_font_size(context.get(), kFont);
-  cairo_text_extents_t extents;
-  cairo_text_extents(context.get(), text.c_str(), &extents);
+  SelectFont(kFont, 0, context.get());
   cairo_set_source_rgb(context.get(), 0.72, 0.77, 0.84);
-  cairo_move_to(context.get(), x + 0.5 * (copyWidth - extents.x_advance),
+  cairo_move_to(context.get(), x + 0.5 * (copyWidth - GetAdvance(text.c_str(), context.get())),
                 y + copyHeight + 0.75 * kTextHeight);
   cairo_show_text(context.get(), text.c_str());
 }
@@ -89,13 +87,13 @@ ContactSheet::ContactSheet(int count, int width, int height)
     : m_Sheet(std::make_unique<Sheet>(count, width, height)) {}
 ContactSheet::~ContactSheet() = default;
 
-bool ContactSheet::Add(const SkyFrame& frame, const std::string& text, std::string& error) {
+bool ContactSheet::Add(const scene::DisplayList& list, const std::string& text, std::string& error) {
   if (m_Sheet->added == m_Sheet->count) {
     error = "the contact sheet is full";
     return false;
   }
   const Context whole(cairo_create(m_Sheet->frame.get()), cairo_destroy);
-  PaintFrame(frame, whole.get());
+  PaintDisplayList(list, whole.get());
   const int row = m_Sheet->added / m_Sheet->columns, column = m_Sheet->added % m_Sheet->columns;
   const double x = kGap + column * (m_Sheet->copyWidth + kGap);
   const double y = kGap + row * (m_Sheet->copyHeight + kTextHeight + kGap);
@@ -114,4 +112,4 @@ bool ContactSheet::Write(const std::string& path, std::string& error) const {
   return WritePictureBytes(path, bytes, error);
 }
 
-}  // namespace skyview
+}  // namespace paint

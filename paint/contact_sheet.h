@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "scene/frame/sky_frame.h"
+#include "scene/display_list.h"
 
-namespace skyview {
+namespace paint {
 
 // One picture of many: small copies of frames of one size in rows, each with a line of text below it.
 class ContactSheet {
@@ -20,7 +20,7 @@ class ContactSheet {
   ContactSheet& operator=(const ContactSheet&) = delete;
 
   // Puts the frame in the next place. False when the drawing library fails or all places are taken: `error` says why.
-  bool Add(const SkyFrame& frame, const std::string& text, std::string& error);
+  bool Add(const scene::DisplayList& list, const std::string& text, std::string& error);
   // Writes the sheet as a PNG file, as WritePicture does.
   bool Write(const std::string& path, std::string& error) const;
 
@@ -29,4 +29,4 @@ class ContactSheet {
   std::unique_ptr<Sheet> m_Sheet;
 };
 
-}  // namespace skyview
+}  // namespace paint

@@ -4,14 +4,14 @@
 // In place of contact_sheet.cpp where there is no drawing library.
 #include "paint/contact_sheet.h"
 
-namespace skyview {
+namespace paint {
 
 struct ContactSheet::Sheet {};
 
 ContactSheet::ContactSheet(int, int, int) {}
 ContactSheet::~ContactSheet() = default;
 
-bool ContactSheet::Add(const SkyFrame&, const std::string&, std::string& error) {
+bool ContactSheet::Add(const scene::DisplayList&, const std::string&, std::string& error) {
   error = "this skyview was built without drawing";
   return false;
 }
@@ -21,4 +21,4 @@ bool ContactSheet::Write(const std::string& path, std::string& error) const {
   return false;
 }
 
-}  // namespace skyview
+}  // namespace paint

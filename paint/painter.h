@@ -4,12 +4,12 @@
 
 #include <cairo.h>
 
-#include "scene/frame/sky_frame.h"
+#include "scene/display_list.h"
 
-namespace skyview {
+namespace paint {
 
-// Paints the frame on a surface of the frame's size whose y counts downwards. The same calls make every kind of
-// picture. The context is left as it was, its path aside.
-void PaintFrame(const SkyFrame& frame, cairo_t* context);
+// Paints the list on a surface of its size whose y counts downwards. The same calls make every kind of picture. The
+// context is left as it was, its path aside.
+void PaintDisplayList(const scene::DisplayList& list, cairo_t* context);
 
-}  // namespace skyview
+}  // namespace paint

@@ -2,111 +2,83 @@
 // SPDX-License-Identifier: MIT
 #include "paint/picture_file.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+
+#include <memory>
 
 #include "paint/painter.h"
-#include "paint/painter_light_curve.h"
-#include "paint/picture_canvas.h"
-#include "utils/file.h"
+#include "paint/text_layer.h"
 
-namespace skyview {
+namespace paint {
 namespace {
 
-void AppendEscaped(const char* text, std::string& to) {
-  for (; *text; ++text) {
-    switch (*text) {
-      case '&':
-        to += "&amp;";
-        break;
-      case '<':
-        to += "&lt;";
-        break;
-      case '>':
-        to += "&gt;";
-        break;
-      default:
-        to += *text;
-    }
-  }
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+cairo_status_t Append(void* bytes, const unsigned char* data, unsigned length) {
+  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
+  return CAIRO_STATUS_SUCCESS;
 }
 
-std::string MakeTextLayer(const SkyFrame& frame) {
-  std::string layer = "<g id=\"labels\" fill-opacity=\"0\" font-family=\"sans-serif\">\n";
-  char start[160];
-  for (const auto& label : frame.GetLabels()) {
-    std::snprintf(start, sizeof start, "<text x=\"%.1f\" y=\"%.1f\" font-size=\"%.1f\" text-anchor=\"%s\">",
-                  label.place.x, frame.GetHeight() - label.place.y, label.size,
-                  label.anchor == 0.0   ? "start"
-                  : label.anchor == 1.0 ? "end"
-                                        : "middle");
-    layer += start;
-    AppendEscaped(label.text, layer);
-    layer += "</text>\n";
-  }
-  return layer + "</g>\n";
+bool Succeeded(cairo_status_t status, std::string& error) {
+  if (status == CAIRO_STATUS_SUCCESS) return true;
+  error = cairo_status_to_string(status);
+  return false;
 }
 
-bool WriteBytes(const std::string& path, const std::string& bytes) {
-  std::FILE* file = mm_fopen(path.c_str(), "wb");
-  if (!file) return false;
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  return std::fclose(file) == 0 && written;
+bool PaintOn(const scene::DisplayList& list, cairo_surface_t* surface, std::string& error) {
+  cairo_t* context = cairo_create(surface);
+  PaintDisplayList(list, context);
+  const cairo_status_t status = cairo_status(context);
+  cairo_destroy(context);
+  return Succeeded(status, error);
+}
+
+// For surfaces that write while they are painted and when they are finished.
+bool PaintStream(const scene::DisplayList& list, const Surface& surface, std::string& error) {
+  if (!PaintOn(list, surface.get(), error)) return false;
+  cairo_surface_finish(surface.get());
+  return Succeeded(cairo_surface_status(surface.get()), error);
 }
 
 }  // namespace
 
 bool CanDraw() { return true; }
 
-bool MakeSvg(const SkyFrame& frame, std::string& bytes, std::string& error) {
-  const Paint paint = [&frame](cairo_t* context) { PaintFrame(frame, context); };
-  if (!PaintSvg(frame.GetWidth(), frame.GetHeight(), paint, bytes, error)) return false;
+bool MakePng(const scene::DisplayList& list, std::string& bytes, std::string& error) {
+  bytes.clear();
+  const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, list.GetWidth(), list.GetHeight()),
+                        cairo_surface_destroy);
+  return PaintOn(list, surface.get(), error) &&
+         Succeeded(cairo_surface_write_to_png_stream(surface.get(), Append, &bytes), error);
+}
+
+bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& error) {
+  bytes.clear();
+  const Surface surface(cairo_svg_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
+                        cairo_surface_destroy);
+  cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
+  if (!PaintStream(list, surface, error)) return false;
   const auto end = bytes.rfind("</svg>");
-  if (end != std::string::npos) bytes.insert(end, MakeTextLayer(frame));
+  if (end != std::string::npos) bytes.insert(end, MakeTextLayer(list));
   return true;
 }
 
-bool MakePng(const SkyFrame& frame, std::string& bytes, std::string& error) {
-  const Paint paint = [&frame](cairo_t* context) { PaintFrame(frame, context); };
-  return PaintPng(frame.GetWidth(), frame.GetHeight(), paint, bytes, error);
+bool MakePdf(const scene::DisplayList& list, std::string& bytes, std::string& error) {
+  bytes.clear();
+  const Surface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
+                        cairo_surface_destroy);
+  return PaintStream(list, surface, error);
 }
 
-bool WriteCurve(const LightCurve& curve, int width, int height, const std::string& path, std::string& error) {
+bool WritePicture(const scene::DisplayList& list, const std::string& path, std::string& error) {
   std::string bytes;
-  const Paint paint = [&](cairo_t* context) { PaintLightCurve(curve, width, height, context); };
-  const bool made = path.ends_with(".svg") ? PaintSvg(width, height, paint, bytes, error)
-                                           : PaintPng(width, height, paint, bytes, error);
-  if (!made) {
-    error = path + ": cannot be drawn: " + error;
-    return false;
-  }
-  return WritePictureBytes(path, bytes, error);
-}
-
-bool WritePicture(const SkyFrame& frame, const std::string& path, std::string& error) {
-  std::string bytes;
-  const bool made = path.ends_with(".svg") ? MakeSvg(frame, bytes, error) : MakePng(frame, bytes, error);
-  if (!made) {
-    error = path + ": cannot be drawn: " + error;
-    return false;
-  }
-  return WritePictureBytes(path, bytes, error);
-}
-
-bool WritePictureBytes(const std::string& path, const std::string& bytes, std::string& error) {
-  const std::string beside = path + ".part";
-  std::error_code failure;
-  if (WriteBytes(beside, bytes)) {
-    std::filesystem::rename(beside, path, failure);
-    if (!failure) return true;
-  } else {
-    failure = std::error_code(errno, std::generic_category());
-  }
-  error = path + ": cannot be written: " + failure.message();
-  std::filesystem::remove(beside, failure);
+  const bool made = path.ends_with(".svg")   ? MakeSvg(list, bytes, error)
+                    : path.ends_with(".pdf") ? MakePdf(list, bytes, error)
+                                             : MakePng(list, bytes, error);
+  if (made) return WritePictureBytes(path, bytes, error);
+  error = path + ": cannot be drawn: " + error;
   return false;
 }
 
-}  // namespace skyview
+}  // namespace paint

@@ -4,7 +4,7 @@
 // In place of picture_file.cpp where there is no drawing library.
 #include "paint/picture_file.h"
 
-namespace skyview {
+namespace paint {
 namespace {
 
 bool Refuse(std::string& error) {
@@ -16,22 +16,14 @@ bool Refuse(std::string& error) {
 
 bool CanDraw() { return false; }
 
-bool MakeSvg(const SkyFrame&, std::string&, std::string& error) { return Refuse(error); }
+bool MakePng(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
+bool MakeSvg(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
+bool MakePdf(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
 
-bool MakePng(const SkyFrame&, std::string&, std::string& error) { return Refuse(error); }
-
-bool WritePicture(const SkyFrame&, const std::string& path, std::string& error) {
-  return WritePictureBytes(path, "", error);
-}
-
-bool WriteCurve(const LightCurve&, int, int, const std::string& path, std::string& error) {
-  return WritePictureBytes(path, "", error);
-}
-
-bool WritePictureBytes(const std::string& path, const std::string&, std::string& error) {
+bool WritePicture(const scene::DisplayList&, const std::string& path, std::string& error) {
   Refuse(error);
   error = path + ": " + error;
   return false;
 }
 
-}  // namespace skyview
+}  // namespace paint

@@ -107,19 +107,15 @@ int SettingsData::InsertCopies(unsigned code, const std::vector<const SettingFie
     return 0;
   }
 
-  // A section that only the own block has counts its fields from the start of that block, behind the defaults
-  // and what has been inserted since. Its record goes away with the block and needs no new indices.
-  const bool isDefault = index < sectionCount;
+  // A section that only the own block has counts its fields from the start of that block, behind the defaults.
   SectionRecord& section = m_Sections[static_cast<std::size_t>(index)];
-  const int place = std::min(section.first + (isDefault ? 0 : fieldCount + inserted), GetFieldCount());
+  const int place = std::min(section.first + (index < sectionCount ? 0 : fieldCount), GetFieldCount());
   std::vector<SettingField*> copies;
   copies.reserve(sources.size());
   for (const SettingField* source : sources) copies.push_back(new SettingField(*source));
   m_Fields.insert(m_Fields.begin() + place, copies.begin(), copies.end());
-  if (isDefault) {
-    section.last = static_cast<unsigned short>(section.last + count);
-    ShiftSectionsAfter(index, count);
-  }
+  section.last = static_cast<unsigned short>(section.last + count);
+  ShiftSectionsAfter(index, count);
   return count;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
 
-#include "skyview/session/sky_roots.h"
+#include "scene/data_root.h"
 #include "skyview/commands/skyview.h"
 #include "utils/program.h"
 

@@ -9,19 +9,14 @@
 #include "common_interfaces/string_table.h"
 #include "text/dates_months.h"
 #include "text/format_render.h"
+#include "text/text_ids.h"
 
 namespace CommonInterfaces {
-
-namespace {
-
-constexpr unsigned kPatternId = 40830;
-
-}  // namespace
 
 std::string GetDateString(int year, int month, int day) {
   const char* const name = GetMonthOfLongDate(month).c_str();
   QX4Strings strings;
-  const char* const text = QX4Strings::GetString(kPatternId, true);
+  const char* const text = QX4Strings::GetString(TextIds::kLongDatePattern, true);
   const std::string_view pattern = text ? text : "";
   if (pattern == "dd/mm/yyyy" || pattern == "dd-mm-yyyy")
     return RenderFormat("%2d %s %4d", {day, name, year});

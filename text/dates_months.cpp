@@ -7,6 +7,7 @@
 
 #include "common_interfaces/dates.h"
 #include "common_interfaces/string_table.h"
+#include "text/text_ids.h"
 #include "utils/locale.h"
 
 namespace CommonInterfaces {
@@ -14,9 +15,7 @@ namespace CommonInterfaces {
 namespace {
 
 constexpr int kMonths = 12;
-constexpr unsigned kNamesInDate = 971;          // the first of twelve
-constexpr unsigned kNamesStandingAlone = 1971;  // in the language below, whose nouns have cases
-constexpr char kLanguageWithCases[] = "ru";
+constexpr char kLanguageWithCases[] = "ru";  // whose nouns have a form of their own inside a date
 
 // The names are copies: texts of the table go with the next change of language.
 struct MonthNames {
@@ -41,7 +40,8 @@ MonthNames& GetNamesStandingAlone() {
 void MonthNames::Refresh(bool standAlone) {
   const std::string current = GetSystemLocale();
   if (!names.empty() && locale == current) return;
-  const unsigned first = standAlone && current == kLanguageWithCases ? kNamesStandingAlone : kNamesInDate;
+  const bool hasOwnNames = standAlone && current == kLanguageWithCases;
+  const unsigned first = hasOwnNames ? TextIds::kFirstMonthAlone : TextIds::kFirstMonth;
   QX4Strings strings;
   names.assign(kMonths, "");
   bool any = false;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // Dates in digits, and the two settings that order them.
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -11,8 +10,11 @@
 #include "common_interfaces/string_table.h"
 #include "text/dates_format.h"
 #include "text/format_render.h"
+#include "text/text_ids.h"
+#include "utils/characters.h"
 #include "utils/debug.h"
 #include "utils/locale.h"
+#include "utils/numbers.h"
 
 namespace CommonInterfaces {
 
@@ -22,26 +24,24 @@ constexpr int kMonthFirst = 0;
 constexpr int kDayFirst = 1;
 constexpr int kYearFirst = 2;
 
-constexpr unsigned kNumericFormatId = 20560;
-
 int s_DateFormat = kYearFirst;  // for the thread that uses the string table; lives as long as the process
 
 // Counted from 1, so that a letter at the start is behind a missing one (0).
 std::size_t FindLetter(std::string_view pattern, char letter) { return pattern.find(letter) + 1; }
 static_assert(std::string_view::npos + 1 == 0);
 
-// The order that text 20560 asks for. Any number but the two means the year first.
+// The order that text 20560 asks for. Any number but the two means the year first, one that no int holds too.
 int GetLocalizedFormat() {
   QX4Strings strings;
-  const char* const text = QX4Strings::GetString(kNumericFormatId, true);
-  char* end = nullptr;
-  const long number = text ? std::strtol(text, &end, 10) : 0;
-  if (!text || end == text) {
+  const char* const text = QX4Strings::GetString(TextIds::kDateOrder, true);
+  std::string_view rest = text ? text : "";
+  SkipWhiteSpace(rest);
+  int number = kYearFirst;
+  unsigned any = 0;
+  if (!TakeNumber(rest, number) && !TakeModulo32(rest, any)) {
     PrintDebugString("Date format not defined in QXStrings.txt (id = 20560)\n");
-    return kYearFirst;
   }
-  if (number == kDayFirst || number == kMonthFirst) return static_cast<int>(number);
-  return kYearFirst;
+  return number == kDayFirst || number == kMonthFirst ? number : kYearFirst;
 }
 
 }  // namespace

@@ -4,12 +4,13 @@
 
 #include <cstring>
 
+#include "utils/characters.h"
+
 namespace CommonInterfaces {
 namespace {
 
 constexpr int kMaxDigits = 3;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr int kCharBits = 8, kShortBits = 16, kIntBits = 32;
 
 bool TakeFlag(char c, FormatConversion& conversion) {
   switch (c) {
@@ -41,14 +42,28 @@ bool TakeNumber(const char*& text, int& number) {
   return true;
 }
 
+// How many of an int's bits the length takes: an int and a long have 32 on every target.
+int TakeLength(const char*& text) {
+  if (*text == 'l') return ++text, kIntBits;
+  if (*text != 'h') return kIntBits;
+  if (*++text != 'h') return kShortBits;
+  ++text;
+  return kCharBits;
+}
+
+// An l means nothing in front of a double, but C allows it; a letter without a type is none.
+bool MayHaveLength(char type, char length) {
+  if (length == 'h') return type == 'd';
+  if (length == 'l') return type == 'd' || type == 'f';
+  return type != '\0';
+}
+
 const char* TakeLetter(const char*& text, FormatConversion& conversion) {
-  const bool isLong = *text == 'l';
-  if (isLong) ++text;
+  const char length = *text;
+  conversion.bits = TakeLength(text);
   if (*text == '\0') return "is cut off";
   conversion.letter = *text++;
-  const char type = GetArgumentType(conversion.letter);
-  // A long double counts as another type, a long int too: it has another width on every target.
-  return type == '\0' || (isLong && type != 'f') ? "is not allowed" : nullptr;
+  return MayHaveLength(GetArgumentType(conversion.letter), length) ? nullptr : "is not allowed";
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ struct FormatConversion {
   bool isZeroFilled = false;  // flag 0
   int width = 0;
   int precision = -1;  // -1: none
+  int bits = 32;       // of an int's low bits, those that are written: 8 with hh, 16 with h
   char letter = '\0';  // '%' for a percent sign
 };
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Writes conversions itself instead of handing them to printf: the C library's decimal mark follows the locale
-// that a host happens to set, its exponents differ between platforms, and a format that came from a file never
-// gets near it.
+// Writes conversions itself instead of handing them to printf: the C library's decimal mark follows the
+// locale that a host happens to set, its exponents differ between platforms, and a format that came from a
+// file never gets near it.
 #include "text/format_render.h"
 
 #include <algorithm>
@@ -53,8 +53,16 @@ int GetBase(char letter) {
   return letter == 'x' || letter == 'X' ? 16 : 10;
 }
 
-void AppendInt(std::string& out, int value, const FormatConversion& conversion) {
+// The value as C converts it to the type that a length names: its low bits, signed or not.
+int Narrow(int value, bool isSigned, int bits) {
+  if (bits == 8) return isSigned ? static_cast<signed char>(value) : static_cast<unsigned char>(value);
+  if (bits == 16) return isSigned ? static_cast<short>(value) : static_cast<unsigned short>(value);
+  return value;
+}
+
+void AppendInt(std::string& out, int number, const FormatConversion& conversion) {
   const bool isSigned = conversion.letter == 'd' || conversion.letter == 'i';
+  const int value = Narrow(number, isSigned, conversion.bits);
   const bool isNegative = isSigned && value < 0;
   const unsigned bits = static_cast<unsigned>(value);
   const unsigned magnitude = isNegative ? 0u - bits : bits;

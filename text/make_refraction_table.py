@@ -122,8 +122,8 @@ def make_file():
              "// adds to the sine of altitude -0.024 + i / 1000. The entry behind the last one lets sine 1 interpolate.",
              "#pragma once", "", "// clang-format off", "namespace CommonInterfaces {", "",
              f"inline constexpr double kRefractionShifts[{len(values)}] = {{"]
-    for i in range(0, len(values), 6):
-        lines.append("    " + ", ".join(values[i:i + 6]) + ",")
+    for i in range(0, len(values), 5):
+        lines.append("    " + ", ".join(values[i:i + 5]) + ",")
     return "\n".join(lines + ["};", "", "}  // namespace CommonInterfaces", ""])
 
 

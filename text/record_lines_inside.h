@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the parsers of record lines share. Contracts of the exported functions: common_interfaces/record_lines.h.
+// What the parsers of record lines share. Contracts of the exported functions:
+// common_interfaces/record_lines.h.
 #pragma once
 
 #include <array>
@@ -47,12 +48,12 @@ inline int TakeSign(char*& cursor) {
   return -1;
 }
 
-// Takes the run of number parts at the cursor, which may be empty, and converts its start: GetDouble without its test
-// of the first character.
+// Takes the run of number parts at the cursor, which may be empty, and converts its start: GetDouble without
+// its test of the first character.
 double TakeReal(char*& cursor);
 
-// Seconds that reach 60 become 0 and carry into the minutes; 60 minutes become 0. Deliberately nothing is carried from
-// there: angles are written that way.
+// Seconds that reach 60 become 0 and carry into the minutes; 60 minutes become 0. Deliberately nothing is
+// carried from there: angles are written that way.
 template <class Seconds>
 void CarrySixty(int& minutes, Seconds& seconds) {
   if (seconds >= 60) {
@@ -75,7 +76,8 @@ class NearTable {
   std::array<std::string, 256> m_Replacements;  // "": the byte stands for itself
 };
 
-// Makes the next StringToNear fetch its tables again. For tests alone; the tables belong to the life of the process.
+// Makes the next StringToNear fetch its tables again. For tests alone; the tables belong to the life of the
+// process.
 void ForgetNearTableForTests();
 
 }  // namespace CommonInterfaces::record_lines

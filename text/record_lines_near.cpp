@@ -7,15 +7,12 @@
 #include "common_interfaces/string_table.h"
 #include "text/bounded_copy.h"
 #include "text/record_lines_inside.h"
+#include "text/text_ids.h"
 #include "utils/debug.h"
 
 namespace CommonInterfaces::record_lines {
 
 namespace {
-
-// The first of four texts: characters, the replacement of each, further characters, and two for each of them.
-constexpr unsigned kSingle = 14000;
-constexpr unsigned kFurther = 14002;
 
 // A missing text is reported by the string table, which has no empty ones to compare then.
 void ReportUnequal(unsigned identifier, const char* characters, const char* replacements, std::size_t width) {
@@ -37,7 +34,7 @@ const NearTable& GetNearTable() {
   if (!s_NearTable) {
     const QX4Strings load;
     const char* texts[4];
-    for (unsigned i = 0; i < 4; ++i) texts[i] = QX4Strings::GetString(kSingle + i, false);
+    for (unsigned i = 0; i < 4; ++i) texts[i] = QX4Strings::GetString(TextIds::kSingles + i, false);
     s_NearTable.emplace(texts[0], texts[1], texts[2], texts[3]);
   }
   return *s_NearTable;
@@ -48,8 +45,8 @@ const NearTable& GetNearTable() {
 NearTable::NearTable(const char* single, const char* singleNear, const char* further,
                      const char* furtherNear) {
   if (OrEmpty(single).starts_with('-')) return;
-  ReportUnequal(kSingle, single, singleNear, 1);
-  ReportUnequal(kFurther, further, furtherNear, 2);
+  ReportUnequal(TextIds::kSingles, single, singleNear, 1);
+  ReportUnequal(TextIds::kDoubles, further, furtherNear, 2);
   Add(OrEmpty(single), OrEmpty(singleNear), 1);
   Add(OrEmpty(further), OrEmpty(furtherNear), 2);
 }

@@ -6,12 +6,16 @@
 #include "common_interfaces/text_formats.h"
 #include "common_interfaces/units.h"
 #include "text/status_strings_text.h"
+#include "text/text_ids.h"
 
 namespace CommonInterfaces {
 namespace {
 
 // By moving type.
-constexpr int kCaptions[] = {1157, 1158, 1125, 1159, 1127, 1131, 1132, 1141, 1142, 1152, 1127, 1127};
+constexpr unsigned kCaptions[] = {TextIds::kOnSurface,     TextIds::kAboveSurface, TextIds::kInOrbit,
+                                  TextIds::kFreeFlight,    TextIds::kFarFromSun,   TextIds::kOnBoard,
+                                  TextIds::kLanding,       TextIds::kApproaching,  TextIds::kLeaving,
+                                  TextIds::kAmongGalaxies, TextIds::kFarFromSun,   TextIds::kFarFromSun};
 constexpr int kMovingTypes = 12;
 constexpr int kFreeFlight = 3;
 
@@ -27,20 +31,20 @@ bool IsCaptionAlone(int movingType) {
 }
 
 const char* GetBelowSurfaceText() {
-  const char* const text = FindOptionalText(14300);
+  const char* const text = FindOptionalText(TextIds::kBelowSurface);
   return text != nullptr ? text : "BELOW SURFACE";
 }
 
-int GetLetterText(char letter) {
+unsigned GetLetterText(char letter) {
   switch (letter) {
     case 'W':
-      return 965;
+      return TextIds::kWest;
     case 'E':
-      return 966;
+      return TextIds::kEast;
     case 'N':
-      return 967;
+      return TextIds::kNorth;
     default:
-      return 968;
+      return TextIds::kSouth;
   }
 }
 
@@ -81,10 +85,12 @@ std::string GetDistanceString(Camera* camera) {
   const PlaceKind kind = GetPlaceKind(camera->GetMovingType());
   if (kind == PlaceKind::kNone) return "";
   const SphCoor& place = camera->GetLocation();
-  const auto unit = static_cast<signed char>(place.distUnits);
-  const std::string unitName = GetTableText(1160 + unit);
+  const int unit = static_cast<signed char>(place.distUnits);
+  const std::string unitName = GetTableText(TextIds::kFirstUnit + static_cast<unsigned>(unit));
   const double distance = ConvertUnitFromAU(place.dist, static_cast<char>(unit));
-  return FormatLocalizedText(kind == PlaceKind::kSurface ? 7211 : 7212, {distance, unitName.c_str()});
+  const bool isNear = kind == PlaceKind::kSurface;
+  return FormatLocalizedText(isNear ? TextIds::kDistanceNearSurface : TextIds::kDistanceInSpace,
+                             {distance, unitName.c_str()});
 }
 
 void GetLocationString(Camera* camera, char* text) {

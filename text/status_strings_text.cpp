@@ -8,15 +8,15 @@
 
 namespace CommonInterfaces {
 
-std::string GetTableText(int identifier) {
+std::string GetTableText(unsigned identifier) {
   const QX4Strings loaded;
-  const char* const text = loaded.GetString(static_cast<unsigned>(identifier), false);
+  const char* const text = loaded.GetString(identifier, false);
   return text != nullptr ? text : "";
 }
 
-const char* FindOptionalText(int identifier) {
+const char* FindOptionalText(unsigned identifier) {
   const QX4Strings loaded;
-  return loaded.GetString(static_cast<unsigned>(identifier), true);
+  return loaded.GetString(identifier, true);
 }
 
 void CopyStatusText(const std::string& text, char* out) {

@@ -9,6 +9,7 @@
 #include "common_interfaces/text_formats.h"
 #include "text/format_render.h"
 #include "text/status_strings_text.h"
+#include "text/text_ids.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -17,8 +18,9 @@ constexpr double kNoDay = -1.0;  // of a daylight-saving rule
 
 bool IsKnownKind(int kind) { return kind == kLocalTime || kind == kUniversalTime || kind == kThirdTime; }
 
-// The texts 7200 to 7202 stand in the order of the time kinds.
-std::string GetCaption(int kind) { return IsKnownKind(kind) ? GetTableText(7200 + kind) : ""; }
+std::string GetCaption(int kind) {
+  return IsKnownKind(kind) ? GetTableText(TextIds::kTimeCaption + static_cast<unsigned>(kind)) : "";
+}
 
 // The moment that a clock of the camera's time kind shows; `day` is the civil day's.
 struct ShownMoment {
@@ -46,7 +48,7 @@ std::string GetClock(Camera& camera, const _Date& time) {
   const ShownMoment moment = GetShownMoment(camera, time);
   std::string text = RenderFormat(" %02d:%02d", {moment.date.hour, moment.date.minute});
   if (time.type == kLocalTime && IsDaylightSaving(*camera.GetDST(), moment.day)) {
-    if (const char* const mark = FindOptionalText(7228)) text += std::string(" ") + mark;
+    if (const char* const mark = FindOptionalText(TextIds::kDaylightSaving)) text += std::string(" ") + mark;
   }
   return text;
 }
@@ -55,7 +57,7 @@ std::string GetClock(Camera& camera, const _Date& time) {
 // observations by these texts.
 std::string GetDay(const Camera& camera, const _Date& time) {
   const CalendarDate date = GetShownMoment(camera, time).date;
-  const std::string era = GetTableText(date.year >= 0 ? 7203 : 7204);
+  const std::string era = GetTableText(date.year >= 0 ? TextIds::kEra : TextIds::kEraBefore);
   return RenderFormat("%02d/%02d/%04d %s", {date.day, date.month, std::abs(date.year), era.c_str()});
 }
 
@@ -76,7 +78,7 @@ std::string GetDateString(Camera* camera, std::string& caption) {
   _Date time;
   camera->GetUniversalTime(time);
   caption = GetCaption(time.type);
-  if (time.type == kThirdTime) return FormatLocalizedText(7207, {});
+  if (time.type == kThirdTime) return FormatLocalizedText(TextIds::kThirdTimeDate, {});
   return IsKnownKind(time.type) ? GetDay(*camera, time) : "";
 }
 

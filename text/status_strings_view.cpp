@@ -11,6 +11,7 @@
 #include "common_interfaces/text_formats.h"
 #include "text/format_render.h"
 #include "text/status_strings_text.h"
+#include "text/text_ids.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -29,8 +30,8 @@ std::string GetName(const SSO_ID& object) {
 std::optional<std::string> FindRefPlane(Camera* camera) {
   if (camera == nullptr) return std::nullopt;
   const QX4Strings loaded;
-  const char* const caption = loaded.GetString(15400, false);
-  const char* const plane = loaded.GetString(5011u + camera->GetBasePlane(), false);
+  const char* const caption = loaded.GetString(TextIds::kPlaneCaption, false);
+  const char* const plane = loaded.GetString(TextIds::kFirstPlane + camera->GetBasePlane(), false);
   if (caption == nullptr || plane == nullptr) return std::nullopt;
   return std::string(caption) + plane;
 }
@@ -57,7 +58,8 @@ std::string GetCenterOnString(Camera* camera) {
   const SSO_ID& object = camera->GetCenterObject();
   const std::string name = GetName(object);
   if (object.kind < 0 || object.number < 0 || name.empty()) return "";
-  return FormatLocalizedText(camera->IsDirectionLocked() ? 7215 : 7214, {name.c_str()});
+  return FormatLocalizedText(camera->IsDirectionLocked() ? TextIds::kLockedOn : TextIds::kCenteredOn,
+                             {name.c_str()});
 }
 
 std::string GetDirectionString(Camera* camera, int hoursFormat, int degreesFormat, int otherFormat) {
@@ -78,11 +80,11 @@ std::string GetSlopeString(Camera* camera) {
   if (camera == nullptr) return "";
   // Split like every other angle, so that 30 degrees that are a rounding error short of it show as 30.
   const M_DMSTag slope = Rad2GMS(camera->GetViewAngles().slope, kAngleSignedDegrees);
-  return FormatLocalizedText(7219, {slope.degrees});
+  return FormatLocalizedText(TextIds::kSlope, {slope.degrees});
 }
 
 std::string GetZoomString(Camera* camera) {
-  return camera != nullptr ? FormatLocalizedText(7220, {camera->GetZoom()}) : "";
+  return camera != nullptr ? FormatLocalizedText(TextIds::kZoom, {camera->GetZoom()}) : "";
 }
 
 std::string GetFoV(Camera* camera) {
@@ -90,7 +92,7 @@ std::string GetFoV(Camera* camera) {
   const tPoint<int> window = camera->GetWinSize();
   const std::string across = FormatExtent(GetExtent(*camera, window.x));
   const std::string up = FormatExtent(GetExtent(*camera, window.y));
-  return FormatLocalizedText(7227, {across.c_str(), up.c_str()});
+  return FormatLocalizedText(TextIds::kFieldOfView, {across.c_str(), up.c_str()});
 }
 
 void GetCenterOnString(Camera* camera, char* text) {

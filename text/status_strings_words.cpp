@@ -6,23 +6,19 @@
 #include "common_interfaces/string_table.h"
 #include "text/format_render.h"
 #include "text/status_strings_text.h"
+#include "text/text_ids.h"
 
 namespace CommonInterfaces {
 namespace {
-
-// Forms of the word for days.
-constexpr unsigned kOneDay = 13063;
-constexpr unsigned kFewDays = 130631;   // 2 to 4
-constexpr unsigned kManyDays = 130632;  // 5 to 20
 
 unsigned GetDaysForm(int number) {
   // Wide enough for the magnitude of the lowest int.
   const long long wide = number;
   const long long magnitude = wide < 0 ? -wide : wide;
-  if (magnitude >= 11 && magnitude <= 20) return kManyDays;
+  if (magnitude >= 11 && magnitude <= 20) return TextIds::kManyDays;
   const int digit = static_cast<int>(magnitude % 10);
-  if (digit == 1) return kOneDay;
-  return digit >= 2 && digit <= 4 ? kFewDays : kManyDays;
+  if (digit == 1) return TextIds::kOneDay;
+  return digit >= 2 && digit <= 4 ? TextIds::kFewDays : TextIds::kManyDays;
 }
 
 // The Greek code page has each Greek letter 128 above the Latin one of the same place in the alphabet, up to
@@ -53,7 +49,7 @@ void FRomDMS2String(char* text, M_DMSTag const& angle) {
 char const* GetNumberDays(int number) {
   const QX4Strings loaded;
   const char* const word = loaded.GetString(GetDaysForm(number), true);
-  return word != nullptr ? word : loaded.GetString(kOneDay, false);
+  return word != nullptr ? word : loaded.GetString(TextIds::kOneDay, false);
 }
 
 std::string const FormatGreekName(std::string const& name) {

@@ -12,8 +12,8 @@
 namespace CommonInterfaces {
 namespace {
 
-// "conversion 2, %s, ": a piece of the file in a line of its own, so what could break the line is replaced and
-// a long run is cut.
+// "conversion 2, %s, ": a piece of the file in a line of its own, so what could break the line is replaced
+// and a long run is cut.
 std::string NameConversion(int number, const char* begin, const char* end) {
   constexpr int kShown = 24;
   std::string name = "conversion " + std::to_string(number) + ", ";

@@ -13,10 +13,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <string>
+
+#include "thread/name_digest.h"
 
 namespace thread {
 namespace {
@@ -36,16 +37,9 @@ constexpr long kLockRetryNanoseconds = 1'000'000;
 constexpr int kLockRetries = 10'000;  // ten seconds: only a process stopped in the middle holds it that long
 
 // A short tag for a name of any length and any characters. Two names with one tag are told apart by the full
-// name in the memory (64-bit FNV-1a, Fowler, Noll and Vo, with two starting values).
+// name in the memory.
 std::string TagOf(const char* name) {
-  std::uint64_t hash[2] = {0xCBF29CE484222325u, 0x9AE16A3B2F90404Fu};
-  for (std::uint64_t& h : hash) {
-    for (const char* c = name; *c; ++c) h = (h ^ static_cast<unsigned char>(*c)) * 0x100000001B3u;
-  }
-  char tag[80];
-  std::snprintf(tag, sizeof tag, "common_interfaces.%u.%016llx%016llx", static_cast<unsigned>(getuid()),
-                static_cast<unsigned long long>(hash[0]), static_cast<unsigned long long>(hash[1]));
-  return tag;
+  return "common_interfaces." + std::to_string(getuid()) + "." + MakeNameDigest(name);
 }
 
 struct FolderCloser {

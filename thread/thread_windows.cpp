@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "common_interfaces/thread.h"
-#include "thread/kernel_object_windows.h"
+#include "thread/kernel_object.h"
 
 namespace thread {
 namespace {

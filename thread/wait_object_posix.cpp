@@ -20,15 +20,13 @@ namespace thread {
 // Lies in memory that processes share, so it holds no pointer.
 struct WaitObject::State {
   pthread_mutex_t mutex;  // robust: a holder that is killed does not keep it
-  Kind kind;
+  ObjectKind kind;
   unsigned count;               // free slots of a semaphore; 1: the event is set
   unsigned handed;              // what was handed to sleeping threads that have not run since
   std::atomic<unsigned> turns;  // what waiters sleep on; moves with every release
 };
 
 namespace {
-
-constexpr unsigned kMaximumCount = 0x7FFFFFFFu;
 
 long Futex(std::atomic<unsigned>& word, int operation, unsigned value, const timespec* deadline) {
   static_assert(sizeof word == 4);
@@ -71,8 +69,8 @@ WaitObject::~WaitObject() {
   if (m_Private) pthread_mutex_destroy(&m_Private->mutex);
 }
 
-WaitObject::Creation WaitObject::Create(Kind kind, unsigned count, const char* name,
-                                        std::unique_ptr<WaitObject>& out) {
+Creation WaitObject::Create(ObjectKind kind, unsigned count, const char* name,
+                            std::unique_ptr<WaitObject>& out) {
   if (count > kMaximumCount) return Creation::kFailed;
   const auto init = [kind, count](void* memory) {
     auto* state = new (memory) State{};
@@ -90,7 +88,7 @@ WaitObject::Creation WaitObject::Create(Kind kind, unsigned count, const char* n
     if (result == NamedMemory::Result::kFailed) return Creation::kFailed;
     made->m_State = static_cast<State*>(made->m_Shared->Data());
     if (result == NamedMemory::Result::kExists) {
-      const bool alike = (made->m_State->kind == Kind::kSemaphore) == (kind == Kind::kSemaphore);
+      const bool alike = (made->m_State->kind == ObjectKind::kSemaphore) == (kind == ObjectKind::kSemaphore);
       return alike ? Creation::kExists : Creation::kFailed;
     }
   }
@@ -104,7 +102,7 @@ std::unique_ptr<WaitObject> WaitObject::Open(bool semaphore, const char* name) {
   opened->m_Shared = NamedMemory::Open(name, sizeof(State));
   if (!opened->m_Shared) return nullptr;
   opened->m_State = static_cast<State*>(opened->m_Shared->Data());
-  return (opened->m_State->kind == Kind::kSemaphore) == semaphore ? std::move(opened) : nullptr;
+  return (opened->m_State->kind == ObjectKind::kSemaphore) == semaphore ? std::move(opened) : nullptr;
 }
 
 // Every step under the lock leaves the state whole, so a lock whose holder was killed is simply taken over.
@@ -123,29 +121,29 @@ bool WaitObject::TakeOne(bool woken) {
     return true;
   }
   if (m_State->count == 0) return false;
-  if (m_State->kind != Kind::kManualEvent) --m_State->count;
+  if (m_State->kind != ObjectKind::kManualEvent) --m_State->count;
   return true;
 }
 
-WaitObject::Wait WaitObject::Acquire(unsigned long milliseconds) {
+WaitEnd WaitObject::Acquire(unsigned long milliseconds) {
   const bool forever = milliseconds >= kInfinite;
   const timespec deadline = forever ? timespec{} : DeadlineAfter(milliseconds);
   for (bool woken = false;;) {
-    if (!Lock()) return Wait::kFailed;
+    if (!Lock()) return WaitEnd::kFailed;
     const bool taken = TakeOne(woken);
     const unsigned turn = m_State->turns.load();
     Unlock();
-    if (taken) return Wait::kAcquired;
+    if (taken) return WaitEnd::kAcquired;
     // Sleeps only while nothing was released since the look above.
     woken = Futex(m_State->turns, FUTEX_WAIT_BITSET, turn, forever ? nullptr : &deadline) == 0;
     if (woken) continue;
-    if (errno == ETIMEDOUT) return Wait::kTimedOut;
-    if (errno != EAGAIN && errno != EINTR) return Wait::kFailed;
+    if (errno == ETIMEDOUT) return WaitEnd::kTimedOut;
+    if (errno != EAGAIN && errno != EINTR) return WaitEnd::kFailed;
   }
 }
 
-// Hands over as much as there are sleeping threads; returns how much. The turn moves first: a thread that is about to
-// sleep then looks again instead, and what it looks at it can only see once the lock is free.
+// Hands over as much as there are sleeping threads; returns how much. The turn moves first: a thread that is
+// about to sleep then looks again instead, and what it looks at it can only see once the lock is free.
 unsigned WaitObject::HandOver(unsigned count) {
   ++m_State->turns;
   const unsigned woken = Wake(m_State->turns, count);
@@ -163,7 +161,7 @@ bool WaitObject::Release(unsigned count) {
 
 bool WaitObject::Set() {
   if (!Lock()) return false;
-  const bool manual = m_State->kind == Kind::kManualEvent;
+  const bool manual = m_State->kind == ObjectKind::kManualEvent;
   const unsigned woken = HandOver(manual ? INT_MAX : 1u);
   if (manual || woken == 0) m_State->count = 1;
   Unlock();

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "common_interfaces/thread.h"
+#include "thread/kernel_object.h"
 
 namespace thread {
 
@@ -18,16 +18,12 @@ class NamedMemory;
 // that queue by itself.
 class WaitObject {
  public:
-  enum class Kind : unsigned { kSemaphore = 1, kAutomaticEvent, kManualEvent };
-  enum class Creation { kDone, kExists, kFailed };
-  enum class Wait { kAcquired, kTimedOut, kFailed };
-
-  static Creation Create(Kind kind, unsigned count, const char* name, std::unique_ptr<WaitObject>& out);
+  static Creation Create(ObjectKind kind, unsigned count, const char* name, std::unique_ptr<WaitObject>& out);
   static std::unique_ptr<WaitObject> Open(bool semaphore, const char* name);
   ~WaitObject();
 
   // kInfinite and above: no time-out.
-  Wait Acquire(unsigned long milliseconds);
+  WaitEnd Acquire(unsigned long milliseconds);
   bool Release(unsigned count);  // semaphore; false past the maximum
   bool Set();                    // event
   bool Reset();                  // event

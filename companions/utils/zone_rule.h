@@ -19,8 +19,8 @@ struct RuleDate {
   };
   Kind kind = Kind::kDayOfYear;
   int day = 0, month = 1, week = 1;
-  int seconds =
-      0;  // from the day's midnight in the local time before the change; may be negative or past a day
+  // From the day's midnight in the local time before the change; may be negative or past a day.
+  int seconds = 0;
 };
 
 // Offsets are local time minus Universal Time in seconds, east positive: the text has them the other way

@@ -155,10 +155,11 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // Who comes back finds the view again: the camera remembers the planet or moon it was last at (the Sun
   // only by types 0 and 1 or when there was no other), the place on it, and with `keep` the direction in
   // which each type was left. The planet is put back when the new record names the Earth, which stands for
-  // "where you were", the place when the new type is 0 or 1 on the same body, with the distance it was left
-  // at in that type. With `keep` the direction comes back, with its plane, unless the present one counts
-  // from that plane anyway. The observer-changed flag is raised; the zoom-changed flag when the zoom
-  // differs.
+  // "where you were". The place is put back when the new type is 0 or 1: longitude and latitude of one that
+  // is left in this very call on whatever body the record names, one of an earlier call on its own body only;
+  // the distance and its unit when an earlier call left that body in that type. With `keep` the direction
+  // comes back, with its plane, unless the present one counts from that plane anyway. The observer-changed
+  // flag is raised; the zoom-changed flag when the zoom differs.
   void SetMovingType(char type, bool keep);
 
   // The object on or around which the observer is; (-1, -1) until defaults or a file give one.
@@ -352,11 +353,13 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // enough). Distances count as heights above the ellipsoid, converted by their unit codes: deliberate, they
   // are au elsewhere. Without a home one line, and the place (0, 0) at height 0 counts as home.
   bool IsHome(float tolerance) const;
-  // With true: back to the Earth's home, what it holds of place, view and time. The record's moment is
-  // restored when it holds one and the FST mode is off (else the clock decides), its time zone in any case.
-  // The flight object, the centre object and the lock are cleared; a home that was locked on an object locks
-  // on it again. Without a home of the Earth one line, and nothing more changes than the flight object.
-  // Both: IsGoingHome answers `go` until the next call.
+  // With true: back to the Earth's home, what it holds of place, view and time. The moving type is set anew
+  // even if it is the home's already, so what the home does not hold comes from that type's record
+  // (SetMovingType, the record chosen for the home's observer). The home's moment is restored when it holds
+  // one and the FST mode is off (else the clock decides), its time zone in any case. The flight object, the
+  // centre object and the lock are cleared; a home that was locked on an object locks on it again. Without a
+  // home of the Earth one line, and nothing more changes than the flight object. Both: IsGoingHome answers
+  // `go` until the next call.
   void GoHome(bool go);
   bool IsGoingHome() const { return m_GoingHome; }
 
@@ -426,12 +429,14 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void ReleaseDirection();
   void GoToPlace(const HomeParameters& home);
   void LookAsAt(const HomeParameters& home);
-  unsigned GetMovingTypeRecord(int type) const;
+  // A change of moving type with the record that is for the observer `goal`.
+  void ChangeMovingType(int type, bool keep, const SSO_ID& goal);
+  void ChangeTypeAndObserver(int type, int locationType, const SSO_ID& observer);
   bool IsOnSurface() const;
   void LeaveBehind(bool keep);
-  void ChangeTypeAndObserver(int type, const SSO_ID& observer);
-  void PutBackObserverAndPlace(int type);
-  void PutBackDirection(int type, const CameraState& before);
+  void PutBackObserver();
+  void PutBackPlace(int type, bool leftNow);
+  void PutBackDirection(int type, const LeftBehind::Direction& before);
   void TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn);
 
   unsigned m_Owner = 0;

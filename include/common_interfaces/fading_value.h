@@ -13,9 +13,9 @@ struct FadingValue {
   T m_StartValue = T(0);
   T m_EndValue = T(0);
 
-  // The value at that time: the end value from the end time on, and always where the fade has no length or no height;
-  // else along the straight line through both ends. Deliberately not clamped before the start: a fade that starts in
-  // the future gives values beyond its start value until then.
+  // The value at that time: the end value from the end time on, and always where the fade has no length or no
+  // height; else along the straight line through both ends. Deliberately not clamped before the start: a fade
+  // that starts in the future gives values beyond its start value until then.
   T GetCurrent(double time) const {
     const bool moving = time < m_EndTime && m_StartValue != m_EndValue && m_EndTime != m_StartTime;
     if (!moving) return m_EndValue;

@@ -14,8 +14,8 @@ namespace CommonInterfaces {
 struct DistanceGroup;
 struct FlightObjects;
 
-// The slot order is part of the binary interface. Lists are loaded once, by their constructors; afterwards every
-// thread may ask.
+// The slot order is part of the binary interface. Lists are loaded once, by their constructors; afterwards
+// every thread may ask.
 class COMMON_INTERFACES_API _3DFlightObjectsList {
  public:
   virtual ~_3DFlightObjectsList();
@@ -25,18 +25,18 @@ class COMMON_INTERFACES_API _3DFlightObjectsList {
 // The objects whose distance is known.
 class COMMON_INTERFACES_API General3DFlightObjectsList : public _3DFlightObjectsList {
  public:
-  // "File with distance information (%s) not found\n", with `path` as given, when it cannot be resolved or opened;
-  // the list is then empty. A table that ends early keeps what is there of its last group, whatever the group's count
-  // says.
+  // "File with distance information (%s) not found\n", with `path` as given, when it cannot be resolved or
+  // opened; the list is then empty. A table that ends early keeps what is there of its last group, whatever
+  // the group's count says.
   explicit General3DFlightObjectsList(const char* path = "media:find:object_distances_table.bin");
   ~General3DFlightObjectsList() override;
   General3DFlightObjectsList(const General3DFlightObjectsList&) = delete;
   General3DFlightObjectsList& operator=(const General3DFlightObjectsList&) = delete;
 
-  // Always true, even without a file, for "plnt", "moon", "astr", "comt" and "scft". Otherwise whether the first
-  // group of that kind has the number; a second group of a kind is never looked at. One bisection: the numbers are
-  // searched as they stand in the file and never sorted, and of numbers out of order those are found that
-  // std::binary_search finds.
+  // Always true, even without a file, for "plnt", "moon", "astr", "comt" and "scft". Otherwise whether the
+  // first group of that kind has the number; a second group of a kind is never looked at. One bisection: the
+  // numbers are searched as they stand in the file and never sorted, and of numbers out of order those are
+  // found that std::binary_search finds.
   bool objectInList(int kind, int number) override;
 
  private:
@@ -48,8 +48,8 @@ class COMMON_INTERFACES_API General3DFlightObjectsList : public _3DFlightObjects
 // The objects listed in "media:find:3d_flight_to_objects.txt".
 class COMMON_INTERFACES_API Voyvane3DFlightObjectsList : public _3DFlightObjectsList {
  public:
-  // "File with 3d flight information (%s) not found\n", with the logical path. Bad lines are skipped without a
-  // message.
+  // "File with 3d flight information (%s) not found\n", with the logical path. Bad lines are skipped without
+  // a message.
   Voyvane3DFlightObjectsList();
   ~Voyvane3DFlightObjectsList() override;
   Voyvane3DFlightObjectsList(const Voyvane3DFlightObjectsList&) = delete;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The item engine: a registry of pluggable items by integer key. The application registers items, tells all of
-// them at once about its life (SetUp, SetObject, Init, Release), and runs one of them over a query list
+// The item engine: a registry of pluggable items by integer key. The application registers items, tells all
+// of them at once about its life (SetUp, SetObject, Init, Release), and runs one of them over a query list
 // (queries.h).
 //
 //   auto* engine = new Engine;        // count 1
@@ -40,9 +40,9 @@ class COMMON_INTERFACES_API ReferenceCounted {
   int m_RefCount = 1;
 };
 
-// What the application plugs in. The virtual operations stand in the order of their slots, which is part of the
-// binary interface. What `context` and `object` point to is settled between the application and its items; the
-// engine hands them on as they are.
+// What the application plugs in. The virtual operations stand in the order of their slots, which is part of
+// the binary interface. What `context` and `object` point to is settled between the application and its
+// items; the engine hands them on as they are.
 class COMMON_INTERFACES_API BaseItem {
  public:
   BaseItem() = default;
@@ -60,12 +60,12 @@ class COMMON_INTERFACES_API BaseItem {
 
 // Owns its items: Remove, Clear and the end of the engine delete them, each once, also an item that is
 // registered under several keys. Remove empties the other entries of such an item: they stay registered and
-// count, refuse another item until they are removed themselves, and broadcasts and Run pass over them. An entry
-// added with a null item is the same.
+// count, refuse another item until they are removed themselves, and broadcasts and Run pass over them. An
+// entry added with a null item is the same.
 //
 // Broadcasts walk the entries in ascending order of their keys (signed), so that an item under two keys is
-// called twice. An item may add and remove entries from inside a call, but must not delete itself there: entries
-// behind its own key that are new are still called, those that are gone are not.
+// called twice. An item may add and remove entries from inside a call, but must not delete itself there:
+// entries behind its own key that are new are still called, those that are gone are not.
 class COMMON_INTERFACES_API Engine : public ReferenceCounted {
  public:
   // All that SetUp ever returns is success.
@@ -85,18 +85,19 @@ class COMMON_INTERFACES_API Engine : public ReferenceCounted {
   // nothing.
   virtual int Add(int key, BaseItem* item);
 
-  // Deletes the item and removes the entry. An unknown key changes nothing. Returns the number of entries left.
+  // Deletes the item and removes the entry. An unknown key changes nothing. Returns the number of entries
+  // left.
   virtual int Remove(int key);
 
-  // Broadcasts. SetUp returns kSuccess and Init true whatever the items answer, and without items too. Release
-  // deletes nothing and leaves the count alone: it is no release().
+  // Broadcasts. SetUp returns kSuccess and Init true whatever the items answer, and without items too.
+  // Release deletes nothing and leaves the count alone: it is no release().
   virtual ErrFlag SetUp(void* context);
   virtual void SetObject(void* object);
   virtual bool Init(void* context);
   virtual void Release();
 
-  // What the item under the key makes of the list; null for an unknown key and an empty entry, which leave the
-  // list alone.
+  // What the item under the key makes of the list; null for an unknown key and an empty entry, which leave
+  // the list alone.
   virtual BaseList* Run(int key, BaseList* list);
 
  protected:

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The meteor showers, which stand in the string table as texts 6101, 6102 ... : docs/formats/meteor_showers.md.
+// The meteor showers, which stand in the string table as texts 6101, 6102 ... :
+// docs/formats/meteor_showers.md.
 #pragma once
 
 #include <cstddef>
@@ -12,9 +13,9 @@
 
 namespace CommonInterfaces {
 
-// One shower; a plain record of fixed size. Days count from 1 to 31, months from 1 to 12, in an average year; a shower
-// may begin in December and end in January. Texts are in the code page of the language, zero-terminated, and cut to
-// their field.
+// One shower; a plain record of fixed size. Days count from 1 to 31, months from 1 to 12, in an average year;
+// a shower may begin in December and end in January. Texts are in the code page of the language,
+// zero-terminated, and cut to their field.
 struct SHOWER {
   char name[64] = "";
   short beginDay = 0;
@@ -38,10 +39,10 @@ static_assert(offsetof(SHOWER, code) == 76 && offsetof(SHOWER, parentBody) == 84
 static_assert(offsetof(SHOWER, ra) == 144 && offsetof(SHOWER, dec) == 152);
 static_assert(offsetof(SHOWER, raHours) == 160 && offsetof(SHOWER, decSign) == 166 && sizeof(SHOWER) == 168);
 
-// Appends the showers to the list, in the order of their identifiers, up to the first text that is missing or has no
-// ";". A text with fewer than 12 fields, or with something else where a number belongs, prints
-// "Bad string for meteor shower %s\n" and is passed over. True when at least one was appended; a null list takes none.
-// Loads the string table if nobody has; for its thread.
+// Appends the showers to the list, in the order of their identifiers, up to the first text that is missing or
+// has no ";". A text with fewer than 12 fields, or with something else where a number belongs, prints "Bad
+// string for meteor shower %s\n" and is passed over. True when at least one was appended; a null list takes
+// none. Loads the string table if nobody has; for its thread.
 COMMON_INTERFACES_API bool ReadMeteorShowers(std::vector<SHOWER>* showers);
 
 }  // namespace CommonInterfaces

@@ -4,8 +4,9 @@
 // Kinds of objects and what users read for them. A kind is a four-character code (FourCC("star"), see
 // utils/text.h). The codes that the user's own lists add to the catalogue kinds ("star", "gala", "nebu",
 // "clst", "dsnv", "cnst", "comt", "astr", "scft") are
-//   "uSTR" "uSCO" "uNEB" "uCLS" "uGAL" "uDSO"   user-defined star, spacecraft, nebula, cluster, galaxy, deep
-//   sky "fAST" "fCOM" "fSCO"                        asteroid, comet and spacecraft of the favourites list
+//   "uSTR" "uSCO" "uNEB" "uCLS" "uGAL" "uDSO"   user-defined star, spacecraft, nebula, cluster, galaxy, other
+//                                               deep-sky object
+//   "fAST" "fCOM" "fSCO"                        asteroid, comet and spacecraft of the favourites list
 // Files keep all of these codes, so they never change.
 #pragma once
 
@@ -24,9 +25,9 @@ COMMON_INTERFACES_API int GetBaseTypeByUser(int kind);
 
 // The localized name of an object's type, for example "galaxy"; `number` is the number of its SSO_ID, which
 // chooses between star, planet and dwarf planet for the kind "plnt" and carries the sub-type of deep-sky
-// objects in its top byte. The text belongs to the string table (QX4Strings, loaded here when it is not yet)
-// and lives as long as the table says; null, with the table's diagnostic line, when the table has no such
-// text. One thread.
+// objects in its top byte; with 0 there the name is that of the kind, "uGAL", "uNEB", "uCLS" or "uDSO". The
+// text belongs to the string table (QX4Strings, loaded here when it is not yet) and lives as long as the
+// table says; null, with the table's diagnostic line, when the table has no such text. One thread.
 COMMON_INTERFACES_API char* GetObjectTypeName(int kind, int number);
 
 // The localized name of "moon of planet so-and-so" for a moon's number (planet * 100 + k): texts 20261 to

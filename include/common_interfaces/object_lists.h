@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The lists of objects that the user keeps: favourites, a selection, and the objects chosen for an observation. File
-// formats: docs/formats/object_lists.md.
+// The lists of objects that the user keeps: favourites, a selection, and the objects chosen for an
+// observation. File formats: docs/formats/object_lists.md.
 //
-// What holds for all three. Two entries are the same object when kind and number are equal; names are not compared.
-// A file is read line by line; a line that cannot be used is skipped without a message, and an entry that a file
-// holds twice is read twice. A file is replaced whole or not at all: a failed write keeps the old one. A name is
-// written with a blank in place of every tab, line feed and carriage return in it, because these would tear its line
-// apart, and cut where its line would be longer than the reader takes. The name of an SSO_ID holds 79 bytes; of a
-// longer one in a file the first 79 are kept. An object belongs to one thread; it owns its list.
+// What holds for all three. Two entries are the same object when kind and number are equal; names are not
+// compared. A file is read line by line; a line that cannot be used is skipped without a message, and an
+// entry that a file holds twice is read twice. A file is replaced whole or not at all: a failed write keeps
+// the old one. A name is written with a blank in place of every tab, line feed and carriage return in it,
+// because these would tear its line apart, and cut where its line would be longer than the reader takes. The
+// name of an SSO_ID holds 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one
+// thread; it owns its list.
 #pragma once
 
 #include <memory>
@@ -21,20 +22,21 @@
 
 namespace CommonInterfaces {
 
-// The favourites, "catalogs:favourites.txt" in the work area. AddObject and RemoveObject change the list in memory
-// only; Write alone changes the file.
+// The favourites, "catalogs:favourites.txt" in the work area. AddObject and RemoveObject change the list in
+// memory only; Write alone changes the file.
 class COMMON_INTERFACES_API FavouriteObjectsFile {
  public:
   // Makes an empty file when there is none. When the file can neither be opened nor made, prints
-  // "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write then do nothing. The
-  // list starts empty in any case.
+  // "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write then do
+  // nothing. The list starts empty in any case.
   FavouriteObjectsFile();
 
-  // Appends the entries of the file to the list; what the list holds already stays, so a second Read doubles it.
+  // Appends the entries of the file to the list; what the list holds already stays, so a second Read doubles
+  // it.
   void Read();
 
-  // Replaces the file by the list. Nothing is reported when the file cannot be opened; when what was written does not
-  // reach the disk, the old file stays and MTextFile prints its line.
+  // Replaces the file by the list. Nothing is reported when the file cannot be opened; when what was written
+  // does not reach the disk, the old file stays and MTextFile prints its line.
   void Write();
 
   bool ObjectIncluded(const SSO_ID& object) const;
@@ -42,8 +44,8 @@ class COMMON_INTERFACES_API FavouriteObjectsFile {
   // Appends a copy unless the list has the object already. The number of entries afterwards, either way.
   int AddObject(const SSO_ID& object);
 
-  // Removes the first entry that is the object; the others keep their order. The number of entries afterwards, -1 when
-  // there was none.
+  // Removes the first entry that is the object; the others keep their order. The number of entries
+  // afterwards, -1 when there was none.
   int RemoveObject(const SSO_ID& object);
 
   int GetSize() const;
@@ -81,8 +83,8 @@ class COMMON_INTERFACES_API SelectedObjectsFile {
   std::vector<ObjectDesc> m_Objects;
 };
 
-// The objects chosen for an observation. Their file keeps the fourth field of the identifier too, as a number that is
-// the astronomy library's business.
+// The objects chosen for an observation. Their file keeps the fourth field of the identifier too, as a number
+// that is the astronomy library's business.
 class COMMON_INTERFACES_API ChoosingObjectsFile {
  public:
   // As above; a file that is missing is made, empty.

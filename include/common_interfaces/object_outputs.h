@@ -8,10 +8,14 @@
 //
 // Records live in an OutputPool, `new (pool) StarOutput`, or on the heap, `new StarOutput`. The pool form
 // cannot throw: it gives null, and no constructor runs, when the pool is exhausted. It has no matching delete
-// on purpose, because memory of a pool is given back only as a whole. One thread, that of the pool.
+// on purpose, because memory of a pool is given back only as a whole. One thread, that of the pool. A class
+// with an `operator new` of its own hides the language's, so the usual forms stand beside it and do what they
+// always do: `new (std::nothrow) StarOutput` gives null without memory, `new (place) StarOutput` constructs
+// in memory of the caller's.
 #pragma once
 
 #include <cstddef>
+#include <new>
 
 #include "common_interfaces/api.h"
 #include "common_interfaces/output_pool.h"
@@ -53,8 +57,12 @@ class COMMON_INTERFACES_API StarOutput : public BaseOutput {
   StarOutput& operator=(StarOutput&&) noexcept;
 
   static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+  static void* operator new(std::size_t size, void* place) noexcept;
   static void* operator new(std::size_t size, OutputPool& pool) noexcept;
   static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, const std::nothrow_t& tag) noexcept;
+  static void operator delete(void* memory, void* place) noexcept;
 
   unsigned char m_AsDisc;  // 1 drawn as a disc, 0 as a point; not set on construction: drawing writes it
   unsigned char m_Highlighted = 0;  // 1 when drawn with the mark of the chosen star
@@ -72,8 +80,12 @@ struct COMMON_INTERFACES_API DeepskyImageDrawData {
   double m_Opacity;     // 0 invisible to 1 opaque
 
   static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+  static void* operator new(std::size_t size, void* place) noexcept;
   static void* operator new(std::size_t size, OutputPool& pool) noexcept;
   static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, const std::nothrow_t& tag) noexcept;
+  static void operator delete(void* memory, void* place) noexcept;
 };
 static_assert(sizeof(DeepskyImageDrawData) == 13 * 8);
 static_assert(offsetof(DeepskyImageDrawData, m_Opacity) == 12 * 8);
@@ -85,8 +97,12 @@ struct COMMON_INTERFACES_API Deepsky3DDrawData {
   double m_Diameter;        // parsecs
 
   static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+  static void* operator new(std::size_t size, void* place) noexcept;
   static void* operator new(std::size_t size, OutputPool& pool) noexcept;
   static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, const std::nothrow_t& tag) noexcept;
+  static void operator delete(void* memory, void* place) noexcept;
 };
 static_assert(sizeof(Deepsky3DDrawData) == 7 * 8);
 static_assert(offsetof(Deepsky3DDrawData, m_Diameter) == 6 * 8);
@@ -101,8 +117,12 @@ class COMMON_INTERFACES_API DeepskyOutput : public BaseOutput {
   DeepskyOutput& operator=(const DeepskyOutput&);
 
   static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+  static void* operator new(std::size_t size, void* place) noexcept;
   static void* operator new(std::size_t size, OutputPool& pool) noexcept;
   static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, const std::nothrow_t& tag) noexcept;
+  static void operator delete(void* memory, void* place) noexcept;
 
   bool m_SymbolDrawn = false;                       // the object's symbol or outline was drawn
   float m_MajorSize = -1.0f;                        // pixels, the outline's long axis; -1: not computed

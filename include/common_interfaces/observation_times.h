@@ -15,11 +15,11 @@ namespace CommonInterfaces {
 //   1. one whose year is written as -1 stands for every year: its day, month and hour in the year asked for
 //   2. the one of that year
 //   3. the one of the nearest earlier year (a comet that was seen best in 1996 is no news for 1995)
-// and of two that are alike the first one in the file. When there is none, and for a null `date`, false; `date` is
-// then as it was. A missing file has no entries and prints nothing.
+// and of two that are alike the first one in the file. When there is none, and for a null `date`, false;
+// `date` is then as it was. A missing file has no entries and prints nothing.
 //
-// The file is read once, by the first call in the process, and never again. This is the one table of the library that
-// several threads may ask for at once, that first call included.
+// The file is read once, by the first call in the process, and never again. This is the one table of the
+// library that several threads may ask for at once, that first call included.
 COMMON_INTERFACES_API bool GetObsTimeFromFile(_Date* date, const SSO_ID& object, int year);
 
 }  // namespace CommonInterfaces

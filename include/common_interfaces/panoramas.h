@@ -14,7 +14,8 @@
 
 namespace CommonInterfaces {
 
-// One landscape: a picture of the horizon all around and what the surface view has to know about it. A plain value.
+// One landscape: a picture of the horizon all around and what the surface view has to know about it. A plain
+// value.
 class COMMON_INTERFACES_API PanoramaInfo {
  public:
   static constexpr unsigned short kNotGiven = 0xFFFF;
@@ -42,15 +43,16 @@ class COMMON_INTERFACES_API PanoramaInfo {
   unsigned short m_LeftAzimuth = kNotGiven;
 };
 
-// The landscapes of all bodies, loaded once, by the constructor; afterwards every thread may ask. The description owns
-// what it hands out.
+// The landscapes of all bodies, loaded once, by the constructor; afterwards every thread may ask. The
+// description owns what it hands out.
 class COMMON_INTERFACES_API PanoramaDesc {
  public:
-  // A missing file leaves the description empty, a line that cannot be used is skipped; neither prints anything.
+  // A missing file leaves the description empty, a line that cannot be used is skipped; neither prints
+  // anything.
   explicit PanoramaDesc(const char* path = "media:surface:panoramas.ini");
 
-  // The landscape of the body, counted from 0 in the order of the file. For a body without any, and for an index
-  // outside its list (negative ones too), null and one line "Panorama for object (%d, %d) not found\n".
+  // The landscape of the body, counted from 0 in the order of the file. For a body without any, and for an
+  // index outside its list (negative ones too), null and one line "Panorama for object (%d, %d) not found\n".
   const PanoramaInfo* GetPanorama(const SSO_ID& body, int index) const;
 
   // All landscapes of the body in the order of the file; null, without a message, when it has none.

@@ -16,8 +16,8 @@ struct PathPoint {
 };
 static_assert(sizeof(PathPoint) == 56);
 
-// The path of an object as it was computed against a reference object. Made with `new`; whoever holds it deletes it,
-// unless it was handed to RenderSettings::movePathToCache.
+// The path of an object as it was computed against a reference object. Made with `new`; whoever holds it
+// deletes it, unless it was handed to RenderSettings::movePathToCache.
 struct PathLine {
   SSO_ID m_Object;
   SSO_ID m_Reference;

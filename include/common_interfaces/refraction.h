@@ -15,10 +15,10 @@ namespace CommonInterfaces {
 
 using ::g_cosOfLowerAngleForRefraction;
 
-// What refraction adds to the sine of the altitude `sinAltitude` (true, without atmosphere), before the sum is
-// divided by the unchanged cosine: tan(apparent) = (sin(true) + shift) / cos(true). The table is interpolated
-// in straight lines; it falls from 0.01726 at -0.024 to 0 at 1. A sine below the table gives its first entry,
-// one above it 0, one that is not a number 0. Any thread.
+// What refraction adds to the sine of the altitude `sinAltitude` (true, without atmosphere), before the sum
+// is divided by the unchanged cosine: tan(apparent) = (sin(true) + shift) / cos(true). The table is
+// interpolated in straight lines; it falls from 0.01726 at -0.024 to 0 at 1. A sine below the table gives its
+// first entry, one above it 0, one that is not a number 0. Any thread.
 COMMON_INTERFACES_API double InterpoleEarthRefractionShift(double sinAltitude);
 
 // Turns a true altitude (radians, -pi/2 to pi/2) into the apparent one, in place. An altitude whose sine is

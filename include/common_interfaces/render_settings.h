@@ -19,8 +19,8 @@ struct PathLine;
 // The mark of an object that has none.
 inline constexpr unsigned char kNoFavoriteMark = 128;
 
-// Copied by value: the copy has every option and containers of its own; only the path cache is shared by all. One
-// thread, the renderer's. Nothing fails unless said; times are on the animation clock (fading_value.h).
+// Copied by value: the copy has every option and containers of its own; only the path cache is shared by all.
+// One thread, the renderer's. Nothing fails unless said; times are on the animation clock (fading_value.h).
 class COMMON_INTERFACES_API RenderSettings {
  public:
   RenderSettings();  // no options on, all containers empty, the scales at 1
@@ -28,12 +28,14 @@ class COMMON_INTERFACES_API RenderSettings {
   RenderSettings(const RenderSettings&) = default;
   RenderSettings& operator=(const RenderSettings&) = default;
 
-  // Clears the flags and counters, sets the scales to 1 and the label offset to 0, and turns every fading value that
-  // is on (its end value is not 0) into a fade to 0 that starts now from where it stands: the constellation lines
-  // over 0.5 seconds, all others at once. Deliberately leaves the containers and the path cache as they are.
+  // Clears the flags and counters, sets the scales to 1 and the label offset to 0, and turns every fading
+  // value that is on (its end value is not 0) into a fade to 0 that starts now from where it stands: the
+  // constellation lines over 0.5 seconds, all others at once. Deliberately leaves the containers and the path
+  // cache as they are.
   void CreateDefault();
 
-  // Deliberately do nothing: the application keeps the options in its settings files. The arguments may be null.
+  // Deliberately do nothing: the application keeps the options in its settings files. The arguments may be
+  // null.
   void ReadSelf(void* source);
   void WriteSelf(FILE* file);
 
@@ -53,8 +55,8 @@ class COMMON_INTERFACES_API RenderSettings {
   void InsertSCelem(int number, unsigned char mark);
   void ClearSC();
 
-  // Planets and moons that are drawn, by number (3 the Earth, 301 the Moon). The second name has three letters o:
-  // callers are bound to it.
+  // Planets and moons that are drawn, by number (3 the Earth, 301 the Moon). The second name has three
+  // letters o: callers are bound to it.
   bool IsPlanetInclude(int number) const;
   bool IsMooonInclude(int number) const;
   void SetIncludedPlanets(const std::vector<int>& numbers) { m_IncludedPlanets = numbers; }
@@ -64,37 +66,40 @@ class COMMON_INTERFACES_API RenderSettings {
 
   void enableConstellationsIn3DFlight(bool enable);
   bool areConstellationsIn3DFlight() const { return m_bConstellationsIn3DFlight; }
-  // The list itself, for the caller to change: one entry for each constellation, not 0 where it is drawn whatever the
-  // filters say.
+  // The list itself, for the caller to change: one entry for each constellation, not 0 where it is drawn
+  // whatever the filters say.
   std::vector<char>& getForcedConstellationList() { return m_ForcedConstellations; }
 
-  // Whether the orbit of that object is to be drawn now: its opacity is above 0. An entry whose opacity is not has
-  // faded out and is erased by this call.
+  // Whether the orbit of that object is to be drawn now: its opacity is above 0. An entry whose opacity is
+  // not has faded out and is erased by this call.
   bool isObjectWithOrbit(const SSO_ID& id);
   // Whether an orbit is on or being faded in (its end value is not 0) of anything but a planet or a moon.
   bool isNPMOrbits() const;
-  // Turns off those orbits: fades them out over 0.15 seconds from where they stand, or erases them at once. Orbits
-  // that are fading out already go on as they do.
+  // Turns off those orbits: fades them out over 0.15 seconds from where they stand, or erases them at once.
+  // Orbits that are fading out already go on as they do.
   void clearNPMOrbits(bool immediately);
   // Sets the fade of an object's orbit, in place of an earlier one.
   void SetOrbit(const SSO_ID& id, const OrbitFade& fade);
-  // Fades an orbit in or out from where it stands, over `duration` seconds. One that fades in begins at an opacity of
-  // 1/255 at least, so that isObjectWithOrbit finds it in the same frame. Switching off what is not there does nothing.
+  // Fades an orbit in or out from where it stands, over `duration` seconds. One that fades in begins at an
+  // opacity of 1/255 at least, so that isObjectWithOrbit finds it in the same frame. Switching off what is
+  // not there does nothing.
   void ShowOrbit(const SSO_ID& id, bool show, double duration);
   // The opacity now, 0 for an object without an orbit. Erases nothing.
   float GetOrbitAlpha(const SSO_ID& id) const;
   const std::map<SSO_ID, OrbitFade>& GetOrbits() const { return m_Orbits; }
 
-  // Takes the first cached path, in the order of the keys, of that object, reference and kind out of the cache: it is
-  // the caller's then. Null when there is none. `reference` must not be null; null prints one line and finds nothing.
+  // Takes the first cached path, in the order of the keys, of that object, reference and kind out of the
+  // cache: it is the caller's then. Null when there is none. `reference` must not be null; null prints one
+  // line and finds nothing.
   static PathLine* takePathFromCache(const SSO_ID& object, const SSO_ID* reference, int kind);
-  // Hands a path made with `new` to the cache. A cached path of the same object, reference and kind is destroyed
-  // first. The key is the number of entries then in the cache, plus 1: deliberately so, although after a path was
-  // taken from the middle that key may be another path's, which is then displaced and destroyed too. Null is ignored.
+  // Hands a path made with `new` to the cache. A cached path of the same object, reference and kind is
+  // destroyed first. The key is the number of entries then in the cache, plus 1: deliberately so, although
+  // after a path was taken from the middle that key may be another path's, which is then displaced and
+  // destroyed too. Null is ignored.
   static void movePathToCache(PathLine* path);
 
-  // The computed paths, by key, for the life of the process; owned by the cache, which destroys what is left when the
-  // process ends. One thread.
+  // The computed paths, by key, for the life of the process; owned by the cache, which destroys what is left
+  // when the process ends. One thread.
   static std::map<int, PathLine*> s_PathLineCache;
 
   // Layers that fade, opacities 0 to 1. CreateDefault fades the first one out and switches off the others.

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -50,13 +51,13 @@ static_assert(offsetof(SectionRecord, status) == 12);
 // Many lookups use the current section, and some change it: this is state, described with each operation.
 // An operation on a field that the container does not have prints a line; what else it does is said below.
 //
-// What it costs: a section is found by id or alias, and a field by name id in a section or anywhere, in the same
-// time however many there are. The first such question after a Read or an assignment, or after a field that
-// the caller holds got another name id, goes over all fields once. Adding a field takes a time in
-// proportion to the sections behind its own, adding many and reading them grows with their number, and deleting
-// one goes over the fields behind it. What looks at the values of a section (objects, favourites, queries, the
-// aim) goes over its fields. Where the section records of a damaged file overlap, the answers are the
-// same, found with a binary search, and adding a field goes over all fields.
+// What it costs: a section is found by id or alias, and a field by name id in a section or anywhere, in the
+// same time however many there are. The first such question after a Read or an assignment, or after a field
+// that the caller holds got another name id, goes over all fields once. Adding a field takes a time in
+// proportion to the sections behind its own, adding many and reading them grows with their number, and
+// deleting one goes over the fields behind it. What looks at the values of a section (objects, favourites,
+// queries, the aim) goes over its fields. Where the section records of a damaged file overlap, the answers
+// are the same, found with a binary search, and adding a field goes over all fields.
 //
 // Saving without losing anything: Write appends a block and never removes one, and of two blocks with one key
 // the first is read. So whoever saves again either calls Save, which replaces the container's own block and
@@ -286,8 +287,11 @@ class COMMON_INTERFACES_API SettingsData {
   void LoadCorrectionFields();
 
   void RaiseVersion();
-  bool WriteHeader(MFile& file) const;
-  bool WriteBlock(MFile& file) const;
+  // Takes bytes and tells whether it could.
+  using Sink = std::function<bool(const void* bytes, unsigned size)>;
+  bool WriteHeader(const Sink& sink) const;
+  bool WriteBlock(const Sink& sink) const;
+  bool WriteReplacement(const char* fileName);
 
   unsigned m_Owner;
   unsigned m_Version = 0;

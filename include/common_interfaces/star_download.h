@@ -33,10 +33,12 @@ static_assert(offsetof(StarDownloadDesc, m_DirectionLon) == 39 &&
 
 // Whether the stars of one field serve for the other: not an identity. The services are the same, and
 //   without m_bDirection of `a`: m_Lon, m_Lat and m_FieldSize each differ by less than 1e-6;
-//   with it: the directions lie less than half the smaller field size apart, and the sizes differ by less than 1e-6.
-// In both cases m_Level and m_Step each differ by at most 1 and m_Rotation by less than 90 degrees (as numbers: 359
-// and 1 are far apart). Deliberately only the flag of `a` counts, so a == b and b == a differ when the flags do; and
-// the relation is not transitive. Numbers that are not finite are equal to nothing. Any thread.
+//   with it: the directions lie less than half the smaller field size apart, and the sizes differ by less
+//     than 1e-6.
+// In both cases m_Level and m_Step each differ by at most 1 and m_Rotation by less than 90 degrees (as
+// numbers: 359 and 1 are far apart). Deliberately only the flag of `a` counts, so a == b and b == a differ
+// when the flags do; and the relation is not transitive. Numbers that are not finite are equal to nothing.
+// Any thread.
 COMMON_INTERFACES_API bool operator==(const StarDownloadDesc& a, const StarDownloadDesc& b);
 COMMON_INTERFACES_API bool operator!=(const StarDownloadDesc& a, const StarDownloadDesc& b);
 

@@ -4,14 +4,14 @@
 // The short texts in which the user reads the state of a view camera. Captions, units and formats come from
 // the string table (docs/status_texts.md lists them); texts are in the code page of the table.
 //
-// Every text has two forms. One returns a std::string of any length. The other writes into the caller's buffer
-// of kStatusTextSize bytes: never more than that, always terminated, a longer text cut at the end with one
-// line. A null buffer does nothing at all, a null camera gives the empty text.
+// Every text has two forms. One returns a std::string of any length. The other writes into the caller's
+// buffer of kStatusTextSize bytes: never more than that, always terminated, a longer text cut at the end with
+// one line. A null buffer does nothing at all, a null camera gives the empty text.
 //
-// The functions load the string table when it is not loaded, so they belong to the thread that uses it. A text
-// that the table lacks counts as empty, unless said otherwise, and a format that does not fit its arguments
-// (text_formats.h) gives the empty text; either is reported in one line. Nothing throws, cameras are only
-// read. Numbers do not depend on the process's locale: the decimal mark is a point.
+// The functions load the string table when it is not loaded, so they belong to the thread that uses it. A
+// text that the table lacks counts as empty, unless said otherwise, and a format that does not fit its
+// arguments (text_formats.h) gives the empty text; either is reported in one line. Nothing throws, cameras
+// are only read. Numbers do not depend on the process's locale: the decimal mark is a point.
 #pragma once
 
 #include <string>
@@ -27,9 +27,9 @@ class Camera;
 inline constexpr int kStatusTextSize = 256;
 
 // Clock time in the camera's time kind and that kind's caption. The text begins with a blank: " 07:05". It
-// shows the last full minute. Local time is followed by the daylight-saving mark while the camera's rule is on
-// and the local civil day lies between its first and last day (-1: none, no mark). The third kind of time, and
-// a kind that is none of the three, has no text. `caption` may be null.
+// shows the last full minute. Local time is followed by the daylight-saving mark while the camera's rule is
+// on and the local civil day lies between its first and last day (-1: none, no mark). The third kind of time,
+// and a kind that is none of the three, has no text. `caption` may be null.
 COMMON_INTERFACES_API void GetTimeString(Camera* camera, char* text, char* caption);
 COMMON_INTERFACES_API std::string GetTimeString(Camera* camera);
 COMMON_INTERFACES_API std::string GetTimeString(Camera* camera, std::string& caption);
@@ -41,9 +41,10 @@ COMMON_INTERFACES_API void GetDateString(Camera* camera, char* text, char* capti
 COMMON_INTERFACES_API std::string GetDateString(Camera* camera);
 COMMON_INTERFACES_API std::string GetDateString(Camera* camera, std::string& caption);
 
-// Where the observer is: the caption of the camera's moving type, full stops at its end removed, then (but for
-// the types 4, 9, 10 and 11) a blank and the name of the place. A type that is none has an empty caption. Type
-// 3 below the surface adds a text without a separator, deliberately: "BELOW SURFACE" if the table has none.
+// Where the observer is: the caption of the camera's moving type, full stops at its end removed, then (but
+// for the types 4, 9, 10 and 11) a blank and the name of the place. A type that is none has an empty caption.
+// Type 3 below the surface adds a text without a separator, deliberately: "BELOW SURFACE" if the table has
+// none.
 COMMON_INTERFACES_API void GetLocationString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetLocationString(Camera* camera);
 
@@ -66,10 +67,11 @@ COMMON_INTERFACES_API std::string GetDistanceString(Camera* camera);
 COMMON_INTERFACES_API void GetCenterOnString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetCenterOnString(Camera* camera);
 
-// The viewing direction, by one of three formats of the table. Direction mode 0 shows the first angle in hours
-// with `hoursFormat`, 1 in degrees with `degreesFormat`, any other in degrees with `otherFormat`. Arguments:
-// degrees or hours (int), minutes (int), seconds (double, to 0.01) of the first angle, then of the second. A
-// negative second angle carries its sign on the first field that is not zero: -30 minutes are 0, -30, 0.
+// The viewing direction, by one of three formats of the table. Direction mode 0 shows the first angle in
+// hours with `hoursFormat`, 1 in degrees with `degreesFormat`, any other in degrees with `otherFormat`.
+// Arguments: degrees or hours (int), minutes (int), seconds (double, to 0.01) of the first angle, then of the
+// second. A negative second angle carries its sign on the first field that is not zero: -30 minutes are 0,
+// -30, 0.
 COMMON_INTERFACES_API void GetDirectionString(Camera* camera, char* text, int hoursFormat, int degreesFormat,
                                               int otherFormat);
 COMMON_INTERFACES_API std::string GetDirectionString(Camera* camera, int hoursFormat, int degreesFormat,
@@ -80,8 +82,8 @@ COMMON_INTERFACES_API std::string GetDirectionString(Camera* camera, int hoursFo
 COMMON_INTERFACES_API bool GetRefPlane(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetRefPlane(Camera* camera);
 
-// The slope of the view in whole degrees (int), towards zero, with its sign and not reduced to one turn; at most
-// 32767, and 0 for one that is not finite.
+// The slope of the view in whole degrees (int), towards zero, with its sign and not reduced to one turn; at
+// most 32767, and 0 for one that is not finite.
 COMMON_INTERFACES_API void GetSlopeString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetSlopeString(Camera* camera);
 
@@ -89,17 +91,17 @@ COMMON_INTERFACES_API std::string GetSlopeString(Camera* camera);
 COMMON_INTERFACES_API void GetZoomString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetZoomString(Camera* camera);
 
-// The extent of the view across and up, through the window's centre: two pieces of text, each in whole degrees
-// from 1 degree on, in whole minutes from 1 minute on, else in seconds with two decimals. The degree sign is
-// the single byte 0xB0.
+// The extent of the view across and up, through the window's centre: two pieces of text, each in whole
+// degrees from 1 degree on, in whole minutes from 1 minute on, else in seconds with two decimals. The degree
+// sign is the single byte 0xB0.
 COMMON_INTERFACES_API void GetFoV(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetFoV(Camera* camera);
 
 // An angle in compact form: whole degrees from 10 degrees on; degrees and minutes from 1 degree on; whole
-// minutes from 10 minutes on; minutes and seconds from 1 minute on; seconds. Degrees of 0 or less are left out,
-// the sign with them, and seconds are rounded to whole ones, so that 59.6 reads 60. The degree sign is the two
-// bytes 0xC2 0xB0, unlike that of GetFoV. All of it deliberate. The misspelt name is, too: callers are compiled
-// against it.
+// minutes from 10 minutes on; minutes and seconds from 1 minute on; seconds. Degrees of 0 or less are left
+// out, the sign with them, and seconds are rounded to whole ones, so that 59.6 reads 60. The degree sign is
+// the two bytes 0xC2 0xB0, unlike that of GetFoV. All of it deliberate. The misspelt name is, too: callers
+// are compiled against it.
 COMMON_INTERFACES_API void FRomDMS2String(char* text, M_DMSTag const& angle);
 COMMON_INTERFACES_API std::string FRomDMS2String(M_DMSTag const& angle);
 

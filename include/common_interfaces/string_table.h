@@ -27,12 +27,10 @@ struct StringTableTestAccess;
 class COMMON_INTERFACES_API QX4Strings {
  public:
   // Loads the table unless it is loaded. Every failure leaves a valid table, possibly an empty one:
-  //   "File qxstrings.txt not found\n"                        no such file: the table is empty and counts as
-  //   not
-  //                                                           loaded, so that the next construction tries
-  //                                                           again
-  //   "Duplicated string, ID = %d\n"                          the same text twice: kept
-  //   "Strings conflict, ID = %d\nOld: %s\nNew: %s\n"         two texts: the later one is kept
+  //   "File qxstrings.txt not found\n"                  no such file: the table is empty and counts as not
+  //                                                     loaded, so that the next construction tries again
+  //   "Duplicated string, ID = %d\n"                    the same text twice: kept
+  //   "Strings conflict, ID = %d\nOld: %s\nNew: %s\n"   two texts: the later one is kept
   QX4Strings();
 
   // The text, as the file's bytes with the escapes resolved, or null; unless `quiet`, an unknown identifier
@@ -41,8 +39,8 @@ class COMMON_INTERFACES_API QX4Strings {
   // language, or Done.
   static char* GetString(unsigned int identifier, bool quiet);
 
-  // The text of the program's name; null and a line as GetString. Before SetProgrmaNameId the identifier is
-  // -1.
+  // The text of the program's name; null and a line as GetString. Its identifier is -1 until SetProgrmaNameId
+  // is called.
   static char const* GetProgramName();
 
   // The identifier of the program's name. The misspelt name is deliberate: callers are compiled against it.

@@ -34,8 +34,9 @@ COMMON_INTERFACES_API const TextUse* FindTextUse(unsigned identifier);
 
 // What keeps `format` from being used with those arguments (written as in TextUse), as a piece of a sentence
 // such as "conversion 2, %s, gets an int"; "" when it fits. A format may leave out arguments at the end.
-// Allowed are flags, width and precision of at most three digits, and the conversions d i u x X o (int), e E
-// f F g G a A with or without l (double), s (text), c (character) and %%; * and %n never fit. Any thread.
+// Allowed are flags, width and precision of at most three digits, and the conversions d i u x X o with or
+// without hh, h or l (int: cut to 8 or 16 bits, or whole), e E f F g G a A with or without l (double), s
+// (text), c (character) and %%; * and %n never fit. Any thread.
 COMMON_INTERFACES_API std::string FindFormatFault(const char* format, const char* arguments);
 
 // One argument of a localized format.

@@ -3,8 +3,8 @@
 //
 // Threads and the objects they wait for: a thread, a counting semaphore, a critical section, an event.
 //
-// Every failure of the operating system is an exception of the nested class Error of the class that met it, with
-// a fixed text. The behaviour is that of the desktop system's own objects on every platform:
+// Every failure of the operating system is an exception of the nested class Error of the class that met it,
+// with a fixed text. The behaviour is that of the desktop system's own objects on every platform:
 //
 //   thread::Semaphore slots(2);                    // two may enter
 //   slots.lock();                                  // waits as long as it takes
@@ -13,10 +13,10 @@
 //
 //   thread::SyncEvent ready(false, false, "app ready");   // known to other processes by its name
 //
-// A named object must be new when it is created and is opened by the others. Its name is free again once the last
-// object that refers to it, in any process and however that process ended, is gone. Semaphores and events share one
-// set of names, which belongs to the user; a name may hold any character and is not copied: it must outlive the
-// object. A name of null is no name.
+// A named object must be new when it is created and is opened by the others. Its name is free again once the
+// last object that refers to it, in any process and however that process ended, is gone. Semaphores and
+// events share one set of names, which belongs to the user; a name may hold any character and is not copied:
+// it must outlive the object. A name of null is no name.
 //
 // None of these objects may be copied. Semaphores, events and critical sections may be used by any number of
 // threads at once; a Thread is started, waited for and destroyed by one controlling thread.
@@ -68,12 +68,13 @@ class COMMON_INTERFACES_API Thread {
 
   enum Priority : unsigned { kLowest, kBelowNormal, kNormal, kAboveNormal, kHighest, kTimeCritical };
 
-  // Creates the suspended thread. `runnable` stays the caller's and may be null. On Windows the constructing thread
-  // also initializes the component library for itself. Throws "Can't create thread.".
+  // Creates the suspended thread. `runnable` stays the caller's and may be null. On Windows the constructing
+  // thread also initializes the component library for itself. Throws "Can't create thread.".
   explicit Thread(Runnable* runnable = nullptr);
 
-  // Lets go of the thread without waiting for it; one that was never started is released. A thread that is still
-  // running must have ended `run` of a derived class before that class is destroyed: call waitForEnd first.
+  // Lets go of the thread without waiting for it; one that was never started is released. A thread that is
+  // still running must have ended `run` of a derived class before that class is destroyed: call waitForEnd
+  // first.
   virtual ~Thread();
 
   Thread(const Thread&) = delete;
@@ -83,8 +84,8 @@ class COMMON_INTERFACES_API Thread {
   // touches this object. An exception that leaves it ends the process.
   virtual void run();
 
-  // Before or after start. Throws "Illegal priority value." for 6 and more, and "Can't set priority." when the
-  // system refuses (on Linux, raising a thread above normal needs a privilege); the priority then stays.
+  // Before or after start. Throws "Illegal priority value." for 6 and more, and "Can't set priority." when
+  // the system refuses (on Linux, raising a thread above normal needs a privilege); the priority then stays.
   // Linux takes 0 to 5 as nice values 10, 5, 0, -5, -10, -20 of the one thread.
   void setPriority(Priority priority);
   Priority getPriority() const { return m_Priority; }
@@ -92,8 +93,9 @@ class COMMON_INTERFACES_API Thread {
   // Throws "Thread can be started only once." and "Thread can not be started.".
   void start();
 
-  // Waits without time limit for the end of the thread; again at once after the first time. On a thread that is
-  // never started it waits for ever. Throws "Waiting for thread termination failed.", on the thread itself too.
+  // Waits without time limit for the end of the thread; again at once after the first time. On a thread that
+  // is never started it waits for ever. Throws "Waiting for thread termination failed.", on the thread itself
+  // too.
   void waitForEnd();
 
  private:
@@ -126,13 +128,13 @@ class COMMON_INTERFACES_API Semaphore {
   Semaphore(const Semaphore&) = delete;
   Semaphore& operator=(const Semaphore&) = delete;
 
-  // Waits until the count is above 0 and takes one. The time-out is in milliseconds of a clock that nobody sets.
-  // Both throw "Lock of the semaphore failed.".
+  // Waits until the count is above 0 and takes one. The time-out is in milliseconds of a clock that nobody
+  // sets. Both throw "Lock of the semaphore failed.".
   void lock();
   WaitResult lock(unsigned long milliseconds);
 
-  // Gives back `count`, which must be above 0 and must not take the semaphore past its maximum: otherwise it throws
-  // "Can't unlock semaphore." and changes nothing.
+  // Gives back `count`, which must be above 0 and must not take the semaphore past its maximum: otherwise it
+  // throws "Can't unlock semaphore." and changes nothing.
   void unlock(long count = 1);
 
  private:
@@ -141,8 +143,8 @@ class COMMON_INTERFACES_API Semaphore {
 };
 static_assert(sizeof(void*) != 4 || sizeof(Semaphore) == 12);
 
-// A lock for the threads of one process, recursive: the thread that holds it may enter again and leaves as often as
-// it entered.
+// A lock for the threads of one process, recursive: the thread that holds it may enter again and leaves as
+// often as it entered.
 class COMMON_INTERFACES_API CritSect {
  public:
   class COMMON_INTERFACES_API Error : public GenericError {
@@ -163,8 +165,8 @@ class COMMON_INTERFACES_API CritSect {
 };
 static_assert(sizeof(void*) != 4 || sizeof(CritSect) == 4);
 
-// An event. An automatic one releases one waiter for each set() and is then reset; a manual one releases every
-// waiter and stays set until reset().
+// An event. An automatic one releases one waiter for each set() and is then reset; a manual one releases
+// every waiter and stays set until reset().
 class COMMON_INTERFACES_API SyncEvent {
  public:
   class COMMON_INTERFACES_API Error : public GenericError {
@@ -172,7 +174,8 @@ class COMMON_INTERFACES_API SyncEvent {
     explicit Error(const char* message) noexcept : GenericError("class SyncEvent", message) {}
   };
 
-  // A new event. Throws "Event already exists." when the name is taken by one, and "Can't create event." otherwise.
+  // A new event. Throws "Event already exists." when the name is taken by one, and "Can't create event."
+  // otherwise.
   explicit SyncEvent(bool initiallySet = false, bool manualReset = false, const char* name = nullptr);
 
   // An existing named event. Throws "Can't open existing event.".

@@ -29,8 +29,8 @@ enum DistanceUnit : char {
 //
 // The light year is deliberately written in two ways: from astronomical units as a count of kilometres
 // (9460730472580.799), to astronomical units as the product of days, seconds and the speed of light (365.25 *
-// 86400 * 299792.458). Rounded to a double both are the same length. There and back again may differ from where
-// it began in the last digit, in this unit as in the others.
+// 86400 * 299792.458). Rounded to a double both are the same length. There and back again may differ from
+// where it began in the last digit, in this unit as in the others.
 COMMON_INTERFACES_API double ConvertUnitFromAU(double distance, char unit);
 COMMON_INTERFACES_API double ConvertUnitToAU(double distance, char unit);
 

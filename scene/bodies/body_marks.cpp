@@ -7,7 +7,7 @@
 
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kStep = 1e-4;  // radians towards the Sun, to see which way that is in the picture
@@ -93,7 +93,9 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
     }
     const LabelKind labelKind = LabelKindOfBody(kind);
     const double size = (labelKind == LabelKind::kPlanet ? 14.0 : 11.0) * geometry.unit;
-    drawn.labelIndex = labels.PlaceBeside(m_Labels[body].c_str(), drawn.place, drawn.radius, size, labelKind);
+    const SSO_ID& id = m_Model.GetBodies()[body].id;
+    drawn.labelIndex = labels.PlaceBeside(m_Labels[body].c_str(), drawn.place, drawn.radius, size, labelKind,
+                                          {id.kind, id.number});
   }
 }
 
@@ -124,4 +126,4 @@ const DrawnBody* BodyMarks::Find(int body) const {
   return nullptr;
 }
 
-}  // namespace skyview
+}  // namespace scene

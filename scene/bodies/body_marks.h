@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "scene/visibility/body_tests.h"
-#include "scene/bodies/eclipse.h"
-#include "scene/frame/labels.h"
+#include "scene/eclipse.h"
+#include "scene/display/labels.h"
 
-namespace skyview {
+namespace scene {
 
 // A body of the frame and how it is drawn. Pixels, y up.
 struct DrawnBody {
@@ -44,6 +44,9 @@ class BodyMarks {
 
   void Clear();
 
+  // The farthest body first: discs with their phase, dots, comets with a tail away from the Sun.
+  void Draw(DisplayList& list) const;
+
   const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
   const DrawnBody* Find(int body) const;                              // null when it is not drawn
   const DrawnShadow& GetMoonShadow() const { return m_Shadow; }
@@ -61,4 +64,4 @@ class BodyMarks {
   DrawnShadow m_Shadow;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies/body_model.h"
+#include "scene/body_model.h"
 
 #include "common_interfaces/record_conversion.h"
 #include "common_interfaces/zoom_dependence.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 void TakeVector(const CQXSolSys& model, const SSO_ID& id, double vector[3]) {
@@ -46,4 +46,4 @@ void BodyModel::Compute(const SkyMoment& moment, const EarthPlace& place) {
   TakeVector(m_Centre, m_Bodies[kMoonBody].id, m_MoonFromCentre);
 }
 
-}  // namespace skyview
+}  // namespace scene

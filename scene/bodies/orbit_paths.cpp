@@ -7,9 +7,10 @@
 #include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/orbit_info.h"
+#include "scene/display/palette.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::OrbitInfo;
@@ -21,6 +22,13 @@ constexpr double kLongestArc = 3.0 * kRadiansPerDegree;  // as it is seen
 constexpr double kFarthest = 200.0;  // au: open and long orbits are drawn as far as this from the Sun
 
 const SSO_ID kSun(FourCC("plnt"), kSunNumber), kEarth(FourCC("plnt"), kEarthNumber);
+
+const Colour& GetColour(int kind) {
+  if (kind == FourCC("plnt")) return palette::kPlanetOrbit;
+  if (kind == FourCC("moon")) return palette::kMoonOrbit;
+  if (kind == FourCC("comt")) return palette::kCometOrbit;
+  return kind == FourCC("scft") ? palette::kSatelliteOrbit : palette::kAsteroidOrbit;
+}
 
 bool IsAboutEarth(const SSO_ID& id) {
   return id.kind == FourCC("scft") || (id.kind == FourCC("moon") && id.number == kMoonNumber);
@@ -77,34 +85,6 @@ OrbitPaths::Point OrbitPaths::View::FindPoint(double anomaly) const {
   return {anomaly, ApparentDirection(Normalised(direction), observer)};
 }
 
-std::optional<OrbitRequest> ParseOrbits(std::string_view text) {
-  OrbitRequest request;
-  for (bool more = true; more;) {
-    const auto comma = text.find(',');
-    const std::string_view name = text.substr(0, comma);
-    if (name.find_first_not_of(' ') == std::string_view::npos) return std::nullopt;
-    if (name == "planets") {
-      request.planets = true;
-    } else if (name == "all") {
-      request.all = true;
-    } else {
-      request.names.emplace_back(name);
-    }
-    more = comma != std::string_view::npos;
-    if (more) text.remove_prefix(comma + 1);
-  }
-  return request;
-}
-
-std::string FormatOrbits(const OrbitRequest& request) {
-  std::string text;
-  const auto add = [&text](const std::string& piece) { text += (text.empty() ? "" : ",") + piece; };
-  if (request.all) add("all");
-  if (request.planets) add("planets");
-  for (const auto& name : request.names) add(name);
-  return text;
-}
-
 OrbitPaths::OrbitPaths(const BodyModel& model) : m_Model(model) {}
 
 bool OrbitPaths::Show(int body, double duration) {
@@ -152,7 +132,7 @@ void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
   Point last = view.FindPoint(-limit);
   for (int i = 1; i <= kArcs; ++i) {
     const Point point = view.FindPoint(limit * (2.0 * i / kArcs - 1.0));
-    AddArc(view, last, point, 0, {{}, {}, opacity, body.id.kind});
+    AddArc(view, last, point, 0, {{}, {}, opacity, {body.id.kind, body.id.number}});
     last = point;
   }
 }
@@ -183,4 +163,16 @@ void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int de
   }
 }
 
-}  // namespace skyview
+void OrbitPaths::Draw(DisplayList& list) const {
+  PolylineRecord record = {};
+  record.width = 1.2f * list.GetUnit();
+  for (const auto& line : m_Lines) {
+    record.colour = ToRgba(GetColour(line.body.kind), static_cast<double>(line.opacity));
+    record.object = line.body;
+    list.AddVertex(line.from.x, list.GetHeight() - line.from.y);
+    list.AddVertex(line.to.x, list.GetHeight() - line.to.y);
+    list.AddLine(Layer::kOrbits, record);
+  }
+}
+
+}  // namespace scene

@@ -4,36 +4,21 @@
 // The orbits of bodies as lines across the sky.
 #pragma once
 
-#include <optional>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "common_interfaces/render_settings.h"
-#include "scene/bodies/body_model.h"
-#include "scene/view/observer_frame.h"
+#include "scene/body_model.h"
+#include "scene/display_list.h"
+#include "scene/observer_frame.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
-
-// Whose orbits are drawn.
-struct OrbitRequest {
-  bool planets = false;            // Mercury to Pluto
-  bool all = false;                // those, asteroids, comets and satellites
-  std::vector<std::string> names;  // of single bodies, as the user wrote them
-};
-
-// "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text or name.
-std::optional<OrbitRequest> ParseOrbits(std::string_view text);
-
-// The text that ParseOrbits reads as the same.
-std::string FormatOrbits(const OrbitRequest& request);
+namespace scene {
 
 // A stretch of an orbit inside the window, pixels, y up.
 struct DrawnOrbitLine {
   tPoint<double> from, to;
   float opacity;  // 0 to 1
-  int kind;       // of the body, four-character code
+  ObjectRef body;
 };
 
 // Each orbit is the ellipse, or the piece of a parabola or hyperbola, in which the body moves at the moment
@@ -55,6 +40,7 @@ class OrbitPaths {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const EarthPlace& place,
                bool hideBelowHorizon);
   void Clear() { m_Lines.clear(); }
+  void Draw(DisplayList& list) const;
 
   const std::vector<DrawnOrbitLine>& GetLines() const { return m_Lines; }
   CommonInterfaces::RenderSettings& GetSettings() { return m_Settings; }
@@ -71,4 +57,4 @@ class OrbitPaths {
   std::vector<DrawnOrbitLine> m_Lines;
 };
 
-}  // namespace skyview
+}  // namespace scene

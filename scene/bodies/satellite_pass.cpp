@@ -7,11 +7,10 @@
 #include <cstdio>
 
 #include "astro/julian_date.h"
-#include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kMinutesPerDay = 1440.0;
@@ -32,23 +31,15 @@ void FormatClock(const SkyMoment& moment, double localOffset, char (&text)[8]) {
 
 }  // namespace
 
-bool IsSunlit(const double satellite[3], const double sun[3]) {
-  constexpr double kEarthRadius = 6371.0;  // km, mean (IUGG)
-  const double distance = Vmod(satellite, 3);
-  if (distance <= kEarthRadius) return true;  // below the surface, which only a decayed one is
-  // As the satellite sees them: how far the Sun's centre is from the Earth's. The Earth hides it when that is less than
-  // the Earth's radius; the Sun is so far that its direction is the same from the satellite.
-  const double towardsEarth[3] = {-satellite[0], -satellite[1], -satellite[2]};
-  const double apart = VectorsAngle(towardsEarth, sun);
-  return apart >= std::asin(kEarthRadius / distance);
-}
-
 SatellitePasses::SatellitePasses(const BodyModel& model) : m_Model(model) {
   const BodyList& bodies = model.GetBodies();
   for (std::size_t i = 0; i < bodies.size(); ++i) {
     const auto& body = bodies[i];
     if (body.id.kind != FourCC("scft") || !body.hasElements) continue;
-    m_Satellites.push_back({static_cast<int>(i), body.elements.epoch, 2.0 * kPi / body.elements.n * kMinute,
+    m_Satellites.push_back({static_cast<int>(i),
+                            {body.id.kind, body.id.number},
+                            body.elements.epoch,
+                            2.0 * kPi / body.elements.n * kMinute,
                             SatelliteModel(body.elements)});
   }
   const int paths = std::min<int>(kAllUpTo, static_cast<int>(m_Satellites.size()));
@@ -70,25 +61,9 @@ void SatellitePasses::Compute(const ViewGeometry& geometry, const EarthPlace& pl
     AddPath(geometry, place, localOffset, *nearest);
   }
   for (const auto& mark : m_Marks) {
-    labels.PlaceBeside(mark.text, mark.place, 2.0 * geometry.unit, 9.0 * geometry.unit, LabelKind::kPassTime);
+    labels.PlaceBeside(mark.text, mark.place, 2.0 * geometry.unit, 9.0 * geometry.unit, LabelKind::kPassTime,
+                       mark.satellite);
   }
-}
-
-SatellitePasses::Sample SatellitePasses::FindSample(const Satellite& satellite, const SkyMoment& moment,
-                                                    const EarthPlace& place) const {
-  Sample sample = {{{0.0, 0.0, 0.0}}, false, false};
-  double teme[3], velocity[3], position[3], from[3], axes[9];
-  const double minutes = (moment.day - satellite.epoch + moment.fraction) * kMinutesPerDay;
-  if (satellite.model.GetState(minutes, teme, velocity) != SatelliteFault::kNone) return sample;
-  TemeToJ2000(moment.julianDateTT, teme, position);
-  sample.sunlit = IsSunlit(position, m_Model.GetSunFromCentre());
-  GetPlaceVector(moment, place, from);
-  for (int i = 0; i < 3; ++i) position[i] -= from[i];
-  HorizonAxes(moment, place, axes);
-  MV3prod(axes, position, sample.direction.v);
-  sample.direction = Normalised(sample.direction);
-  sample.known = true;
-  return sample;
 }
 
 void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
@@ -100,26 +75,29 @@ void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& pl
   const SkyMoment& now = m_Model.GetMoment();
   const double toMark = std::floor((now.fraction + 0.5) / markStep + 0.5) * markStep - 0.5 - now.fraction;
   tPoint<double> last{};
-  Sample lastSample = {{{0.0, 0.0, 0.0}}, false, false};
+  bool lastUsable = false;
   for (int i = -kMarksEachWay * kSamplesPerMark; i <= kMarksEachWay * kSamplesPerMark; ++i) {
     const SkyMoment moment = Later(now, toMark + i * step);
-    const Sample sample = FindSample(satellite, moment, place);
-    const auto p = geometry.Project(sample.direction, SkyFrameOf::kHorizon);
+    const astro::SatellitePlace sample = astro::FindSatellitePlace(satellite.model, satellite.epoch, moment,
+                                                                   place, m_Model.GetSunFromCentre());
+    const Direction direction = MakeDirection(sample.direction);
+    const auto p = geometry.Project(direction, SkyFrameOf::kHorizon);
     const bool usable =
-        sample.known && sample.direction.v[2] >= 0.0 &&
-        (Dot(sample.direction, geometry.centreHorizon) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal));
-    if (usable && lastSample.known) {
+        sample.known && direction.v[2] >= 0.0 &&
+        (Dot(direction, geometry.centreHorizon) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal));
+    if (usable && lastUsable) {
       tPoint<double> from = last, to = p;
-      if (CommonInterfaces::line_in_rectD(&from, &to, window)) m_Lines.push_back({from, to, sample.sunlit});
+      if (CommonInterfaces::line_in_rectD(&from, &to, window)) {
+        m_Lines.push_back({from, to, sample.sunlit, satellite.object});
+      }
     }
     if (usable && i % kSamplesPerMark == 0 && geometry.IsInside(p, 0.0)) {
-      DrawnPassMark mark = {p, ""};
+      DrawnPassMark mark = {p, "", satellite.object};
       FormatClock(moment, localOffset, mark.text);
       m_Marks.push_back(mark);
     }
     last = p;
-    lastSample = sample;
-    lastSample.known = usable;
+    lastUsable = usable;
   }
 }
 
@@ -141,13 +119,11 @@ bool SatellitePasses::IsSunlitNow(int body) const {
   const SkyMoment& now = m_Model.GetMoment();
   for (const auto& satellite : m_Satellites) {
     if (satellite.body != body) continue;
-    double teme[3], velocity[3], position[3];
-    const double minutes = (now.day - satellite.epoch + now.fraction) * kMinutesPerDay;
-    if (satellite.model.GetState(minutes, teme, velocity) != SatelliteFault::kNone) return false;
-    TemeToJ2000(now.julianDateTT, teme, position);
-    return IsSunlit(position, m_Model.GetSunFromCentre());
+    double position[3];
+    return astro::GetSatellitePosition(satellite.model, satellite.epoch, now, position) &&
+           astro::IsSunlit(position, m_Model.GetSunFromCentre());
   }
   return true;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -4,28 +4,26 @@
 
 #include <vector>
 
-#include "astro/satellite.h"
-#include "scene/bodies/body_model.h"
-#include "scene/frame/labels.h"
+#include "astro/satellite_pass.h"
+#include "scene/body_model.h"
+#include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 
 // A stretch of the path of a satellite over the sky, pixels, y up.
 struct DrawnPassLine {
   tPoint<double> from, to;
   bool sunlit;  // else the satellite is in the Earth's shadow there
+  ObjectRef satellite;
 };
 
 // Where it is at a full minute, with the clock time beside it.
 struct DrawnPassMark {
   tPoint<double> place;
   char text[8];
+  ObjectRef satellite;
 };
-
-// Whether sunlight reaches a satellite: the Earth does not hide the Sun's centre from it.
-// `satellite` from the Earth's centre in km, `sun` in any unit, both on the same axes.
-bool IsSunlit(const double satellite[3], const double sun[3]);
 
 // The paths of satellites over the horizon of a place: where each stands at which minute, ten minutes before and after
 // the moment, for satellites with long periods up to an hour. When there are at most three satellites all have their
@@ -38,6 +36,8 @@ class SatellitePasses {
   void Compute(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
                LabelPlacer& labels);
   void Clear();
+  // Fainter where the satellite is in the Earth's shadow and not seen.
+  void Draw(DisplayList& list) const;
 
   const std::vector<DrawnPassLine>& GetLines() const { return m_Lines; }
   const std::vector<DrawnPassMark>& GetMarks() const { return m_Marks; }
@@ -48,17 +48,13 @@ class SatellitePasses {
  private:
   struct Satellite {
     int body;
+    ObjectRef object;
     double epoch;   // Julian date, Universal Time
     double period;  // days
     SatelliteModel model;
   };
-  struct Sample {
-    Direction direction;  // horizon frame
-    bool known, sunlit;
-  };
   void AddPath(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
                const Satellite& satellite);
-  Sample FindSample(const Satellite& satellite, const SkyMoment& moment, const EarthPlace& place) const;
   const Satellite* FindNearest(const ViewGeometry& geometry) const;
 
   const BodyModel& m_Model;
@@ -67,4 +63,4 @@ class SatellitePasses {
   std::vector<DrawnPassMark> m_Marks;
 };
 
-}  // namespace skyview
+}  // namespace scene

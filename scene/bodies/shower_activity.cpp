@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies/shower_activity.h"
+#include "scene/shower_activity.h"
 
 #include "astro/julian_date.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 struct YearDay {
@@ -49,4 +49,4 @@ std::optional<int> FindDaysToPeak(const CommonInterfaces::SHOWER& shower, int ci
   return std::nullopt;
 }
 
-}  // namespace skyview
+}  // namespace scene

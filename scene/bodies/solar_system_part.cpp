@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "scene/bodies/solar_system_part.h"
 
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
-namespace skyview {
+namespace scene {
 
 void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
                               const ShownKinds& shown, const ObjectFilters& filters, LabelPlacer& labels) {
@@ -23,4 +23,4 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
   }
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -4,11 +4,11 @@
 
 #include "scene/bodies/body_marks.h"
 #include "scene/visibility/body_tests.h"
-#include "scene/bodies/eclipse.h"
+#include "scene/eclipse.h"
 #include "scene/bodies/orbit_paths.h"
 #include "scene/bodies/satellite_pass.h"
 
-namespace skyview {
+namespace scene {
 
 // What moves among the stars, for one frame: bodies, the shadows between them, orbits, passes of satellites. Only for
 // observers near the Earth's surface: elsewhere there is nothing of it. `bodies` is kept by reference and must not grow.
@@ -22,6 +22,13 @@ class SolarSystemPart {
   // Allocates nothing.
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
                const ObjectFilters& filters, LabelPlacer& labels);
+
+  void DrawOrbits(DisplayList& list) const { m_Orbits.Draw(list); }
+  // The paths of satellites under the bodies.
+  void DrawBodies(DisplayList& list) const {
+    m_Passes.Draw(list);
+    m_Marks.Draw(list);
+  }
 
   // Whether the last frame was seen from the Earth, so that the model stands at its moment.
   bool IsSeenFromEarth() const { return m_FromEarth; }
@@ -41,4 +48,4 @@ class SolarSystemPart {
   bool m_FromEarth = false;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/bodies.h"
+#include "scene/bodies.h"
 
 #include <limits>
 
 #include "astro/solar_system.h"
 #include "common_interfaces/record_conversion.h"
 #include "scene/catalogs/field_ids.h"
-#include "skyview/reports/host_texts.h"
-#include "scene/catalogs/object_names.h"
+#include "scene/texts.h"
+#include "scene/object_names.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 // Takes over the record that the conversion hands to the model.
@@ -124,4 +124,4 @@ int FindBody(const BodyList& bodies, const SSO_ID& id) {
   return -1;
 }
 
-}  // namespace skyview
+}  // namespace scene

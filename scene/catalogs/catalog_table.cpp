@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalog_table.h"
 
 #include <charconv>
 #include <cmath>
@@ -11,7 +11,7 @@
 #include "utils/file.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 // Element type codes of settings fields, and one of the table's own for texts.
@@ -233,4 +233,4 @@ const char* FieldText(const CatalogTable& record, int fieldId) {
   return value ? static_cast<const char*>(value) : "";
 }
 
-}  // namespace skyview
+}  // namespace scene

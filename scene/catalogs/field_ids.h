@@ -6,7 +6,7 @@
 
 #include "utils/text.h"
 
-namespace skyview::fields {
+namespace scene::fields {
 
 inline const int kRA = GetUniqueID("RA");
 inline const int kDec = GetUniqueID("Dec");
@@ -29,4 +29,4 @@ inline const int kColorIndexBV = GetUniqueID("ColorIndexBV");
 inline const int kParallax = GetUniqueID("Parallax");
 inline const int kHipparcosID = GetUniqueID("HipparcosID");
 
-}  // namespace skyview::fields
+}  // namespace scene::fields

@@ -1,19 +1,25 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/object_names.h"
+#include "scene/object_names.h"
 
-#include "skyview/reports/host_texts.h"
+#include "common_interfaces/text_formats.h"
+#include "scene/texts.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
-constexpr int kPluto = 9, kSun = 10, kMoon = 301;  // numbers of identifiers
+constexpr int kPluto = 9;  // number of its identifier
+
+// Names in the string table, in the range of numbers that belongs to applications.
+constexpr unsigned kFirstPlanetText = 900101, kSunText = 900110, kMoonText = 900111;
+
+std::string GetText(unsigned id) { return CommonInterfaces::FormatLocalizedText(id, {}); }
 
 std::string GetPlanetName(int number) {
-  if (number == kSun) return Localize(HostText::kSun, {});
+  if (number == kSunNumber) return GetText(kSunText);
   if (number < 1 || number > kPluto) return "";
-  return Localize(static_cast<HostText>(static_cast<int>(HostText::kFirstPlanet) + number - 1), {});
+  return GetText(kFirstPlanetText + static_cast<unsigned>(number - 1));
 }
 
 // A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without a proper
@@ -30,7 +36,7 @@ std::string GetStarName(int number, const StarCatalog& stars) {
 
 std::string GetPlanetOrMoonName(const SSO_ID& object) {
   if (object.kind == FourCC("plnt")) return GetPlanetName(object.number);
-  if (object.kind == FourCC("moon") && object.number == kMoon) return Localize(HostText::kMoon, {});
+  if (object.kind == FourCC("moon") && object.number == kMoonNumber) return GetText(kMoonText);
   return "";
 }
 
@@ -43,4 +49,4 @@ std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {
   return "";
 }
 
-}  // namespace skyview
+}  // namespace scene

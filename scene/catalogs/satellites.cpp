@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/satellites.h"
+#include "scene/satellites.h"
 
 #include <cmath>
 #include <cstdio>
@@ -12,7 +12,7 @@
 #include "utils/file.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kMinutesPerDay = 1440.0;
@@ -149,4 +149,4 @@ void ReportLostSatellites(const BodyList& bodies, const SkyMoment& moment) {
   }
 }
 
-}  // namespace skyview
+}  // namespace scene

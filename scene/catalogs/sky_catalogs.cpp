@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,7 +11,7 @@
 #include "utils/path.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends by less than a pixel over it
@@ -186,4 +186,4 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   return true;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/star_catalog.h"
+#include "scene/star_catalog.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,7 @@
 #include "scene/catalogs/field_ids.h"
 #include "utils/debug.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kMissing = std::numeric_limits<double>::infinity();
@@ -90,4 +90,4 @@ void StarCatalog::Fill(CatalogTable& table) {
   }
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "scene/text_extents.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr const char* kBetweenTexts = "    ";
@@ -27,7 +28,7 @@ class LineBreaker {
 
  private:
   bool Fits(const std::string& line) const {
-    return LabelPlacer::EstimateWidth(line.c_str(), 1.0) <= m_MaxEms;
+    return TextExtents().GetWidth(line.c_str(), 1.0, 0) <= m_MaxEms;
   }
 
   void Append(const std::string& piece, const char* between) {
@@ -69,12 +70,4 @@ std::vector<std::string> MakeCaption(const std::vector<std::string>& texts, int 
   return lines;
 }
 
-void CaptionBlock::Place(double unit, LabelPlacer& labels) const {
-  double baseline = 1.1 * kCaptionFont * unit;
-  for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {
-    labels.PlaceAt(line->c_str(), {kCaptionLeft * unit, baseline}, kCaptionFont * unit, LabelKind::kCaption);
-    baseline += kCaptionLineStep * unit;
-  }
-}
-
-}  // namespace skyview
+}  // namespace scene

@@ -3,14 +3,25 @@
 #include "scene/frame/favourite_marks.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "scene/display/palette.h"
 #include "scene/frame/sky_objects.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kGap = 2.5;  // pixels between an object and its mark
+
+void AddPoints(double x, double y, double radius, DisplayList& list) {
+  constexpr int kPoints = 5;
+  constexpr double kInner = 0.45;  // a little fuller than a pentagram, whose inner points lie at 0.38
+  for (int i = 0; i < 2 * kPoints; ++i) {
+    const double angle = kPi * i / kPoints, r = i % 2 == 0 ? radius : kInner * radius;
+    list.AddVertex(x + r * std::sin(angle), y - r * std::cos(angle));
+  }
+}
 
 }  // namespace
 
@@ -34,25 +45,30 @@ void FavouriteMarks::SetObjects(const std::vector<SSO_ID>& objects) {
   for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
     if (holds(FourCC("cnst"), GetTraits(m_Catalogs.constellations[i]).number)) m_Constellations.push_back(i);
   }
-  m_Places.reserve(m_Stars.size() + m_Deepsky.size() + m_Constellations.size());
+  m_Marks.reserve(m_Stars.size() + m_Deepsky.size() + m_Constellations.size());
 }
 
 void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
   constexpr double kNameHeight = 12.0;  // pixels from the place of a constellation's name to above it
-  m_Places.clear();
+  m_Marks.clear();
   ObjectPlace place;
   for (const int star : m_Stars) {
-    if (tests.IsStarDrawn(star, place)) AddBeside(geometry, place.pixel, place.radius, labels);
+    if (tests.IsStarDrawn(star, place)) {
+      AddBeside(geometry, place.pixel, place.radius, {FourCC("star"), m_Catalogs.stars.GetNumber(star)}, labels);
+    }
   }
   for (const int object : m_Deepsky) {
     if (!tests.IsDeepskyDrawn(object, place)) continue;
-    AddBeside(geometry, place.pixel, GetSymbolRadius(m_Catalogs.deepsky[object], geometry), labels);
+    const DeepskyObject& entry = m_Catalogs.deepsky[static_cast<std::size_t>(object)];
+    AddBeside(geometry, place.pixel, GetSymbolRadius(entry, geometry), {entry.kind, entry.number}, labels);
   }
   for (const int constellation : m_Constellations) {
     if (!tests.IsConstellationShown(constellation, place)) continue;
     const double away = kNameHeight * geometry.unit + GetRadius(geometry.unit);
-    if (!Add(geometry, {place.pixel.x, place.pixel.y + away}, labels)) {
-      Add(geometry, {place.pixel.x, place.pixel.y - away}, labels);
+    const auto& entry = m_Catalogs.constellations[static_cast<std::size_t>(constellation)];
+    const ObjectRef ref = {FourCC("cnst"), GetTraits(entry).number};
+    if (!Add(geometry, {place.pixel.x, place.pixel.y + away}, ref, labels)) {
+      Add(geometry, {place.pixel.x, place.pixel.y - away}, ref, labels);
     }
   }
 }
@@ -60,23 +76,43 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
 // On the first of the four sides where the mark lies wholly in the window. An object that fills the picture has it
 // inside.
 void FavouriteMarks::AddBeside(const ViewGeometry& geometry, const tPoint<double>& p, double radius,
-                               LabelPlacer& labels) {
+                               ObjectRef object, LabelPlacer& labels) {
   constexpr double kSides[][2] = {{-1.0, 1.0}, {1.0, 1.0}, {1.0, -1.0}, {-1.0, -1.0}};
   constexpr double kDiagonal = 0.70710678118654752;
   const double own = GetRadius(geometry.unit);
   const double most = 0.2 * std::min(geometry.width, geometry.height);
   const double away = (std::min(radius, most) + kGap * geometry.unit + own) * kDiagonal;
   for (const auto& side : kSides) {
-    if (Add(geometry, {p.x + side[0] * away, p.y + side[1] * away}, labels)) return;
+    if (Add(geometry, {p.x + side[0] * away, p.y + side[1] * away}, object, labels)) return;
   }
 }
 
-bool FavouriteMarks::Add(const ViewGeometry& geometry, const tPoint<double>& place, LabelPlacer& labels) {
+bool FavouriteMarks::Add(const ViewGeometry& geometry, const tPoint<double>& place, ObjectRef object,
+                         LabelPlacer& labels) {
   const double radius = GetRadius(geometry.unit);
   if (!geometry.IsInside(place, -radius)) return false;
-  m_Places.push_back(place);
+  m_Marks.push_back({place, object});
   labels.Reserve(place, radius, radius);
   return true;
 }
 
-}  // namespace skyview
+void FavouriteMarks::Draw(DisplayList& list) const {
+  const double radius = GetRadius(list.GetUnit());
+  for (const auto& mark : m_Marks) {
+    const double y = list.GetHeight() - mark.place.y;
+    PolylineRecord edge = {};
+    edge.width = static_cast<float>(0.35 * radius);
+    edge.colour = ToRgba(palette::kFavouriteEdge);
+    edge.flags = kClosedLine;
+    edge.object = mark.object;
+    AddPoints(mark.place.x, y, radius, list);
+    list.AddLine(Layer::kFavourites, edge);
+    PolygonRecord area = {};
+    area.colour = ToRgba(palette::kFavourite);
+    area.object = mark.object;
+    AddPoints(mark.place.x, y, radius, list);
+    list.AddArea(Layer::kFavourites, area);
+  }
+}
+
+}  // namespace scene

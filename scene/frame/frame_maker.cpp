@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/frame_maker.h"
+#include "scene/frame_maker.h"
 
-namespace skyview {
+namespace scene {
 
 void FrameMaker::Prepare() {
   m_Observer = PrepareObserver(m_Camera);
@@ -10,4 +10,4 @@ void FrameMaker::Prepare() {
   m_Frame.SetMarkers(*m_Camera.GetOIMarkerList());
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -8,9 +8,10 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/sky_images.h"
+#include "scene/display/palette.h"
 #include "utils/path.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::CSTLImages;
@@ -21,14 +22,14 @@ using CommonInterfaces::MWayImages;
 constexpr double kStep = 2.0 * kRadiansPerDegree;  // between neighbouring points of an edge
 constexpr double kFont = 11.0;                     // pixels
 
-const char* GetCatalogName(ImageGroup group) {
+const Colour& GetColour(ImageGroup group) {
   switch (group) {
     case kConstellationImages:
-      return "media:skyobjects:constell_images:constell.dat";
+      return palette::kConstellationImage;
     case kDeepskyImages:
-      return "media:skyobjects:dso_images:dsoimagestrue.txt";
+      return palette::kDeepskyImage;
     default:
-      return "media:skyobjects:mway_images:mway.dat";
+      return palette::kMilkyWayImage;
   }
 }
 
@@ -74,7 +75,7 @@ bool PlaceBesideEdge(const char* text, const DrawnLine& edge, const tPoint<doubl
   if (out.x * (middle.x - centre.x) + out.y * (middle.y - centre.y) < 0.0) out = {-out.x, -out.y};
   // How far the box of the text reaches along that direction.
   const double reach =
-      0.5 * (std::fabs(out.x) * LabelPlacer::EstimateWidth(text, size) + std::fabs(out.y) * size) + kGap;
+      0.5 * (std::fabs(out.x) * TextExtents().GetWidth(text, size, 0) + std::fabs(out.y) * size) + kGap;
   for (const double side : {reach, -reach}) {
     const tPoint<double> place = {middle.x + side * out.x, middle.y + side * out.y};
     if (labels.PlaceCentred(text, place, size, LabelKind::kImageFrame) >= 0) return true;
@@ -83,6 +84,17 @@ bool PlaceBesideEdge(const char* text, const DrawnLine& edge, const tPoint<doubl
 }
 
 }  // namespace
+
+const char* GetImageCatalogName(ImageGroup group) {
+  switch (group) {
+    case kConstellationImages:
+      return "media:skyobjects:constell_images:constell.dat";
+    case kDeepskyImages:
+      return "media:skyobjects:dso_images:dsoimagestrue.txt";
+    default:
+      return "media:skyobjects:mway_images:mway.dat";
+  }
+}
 
 void ImageFrames::Add(ImageGroup group, const std::string& label, const Direction (&corners)[4]) {
   Frame frame = {group, label, {}, 0.0, static_cast<int>(m_Points.size()), {}};
@@ -121,12 +133,8 @@ void ImageFrames::AddDeepsky(const SkyCatalogs& catalogs) {
   }
 }
 
-bool ImageFrames::AddGroup(ImageGroup group, const SkyCatalogs& catalogs, std::string& error) {
-  const char* const name = GetCatalogName(group);
-  if (ZentharPath::GetPath(name).empty()) {
-    error = std::string(name) + ": not found, which --frames-of " + FormatImageGroups(group) + " wants";
-    return false;
-  }
+bool ImageFrames::AddGroup(ImageGroup group, const SkyCatalogs& catalogs) {
+  if (ZentharPath::GetPath(GetImageCatalogName(group)).empty()) return false;
   if (group == kConstellationImages) {
     AddCorners(group, CSTLImages());
   } else if (group == kDeepskyImages) {
@@ -137,17 +145,17 @@ bool ImageFrames::AddGroup(ImageGroup group, const SkyCatalogs& catalogs, std::s
   return true;
 }
 
-bool ImageFrames::Load(unsigned groups, const SkyCatalogs& catalogs, std::string& error) {
+std::optional<ImageGroup> ImageFrames::Load(unsigned groups, const SkyCatalogs& catalogs) {
   m_Frames.clear();
   m_Points.clear();
   m_Lines.clear();
   for (const ImageGroup group : kImageGroups) {
-    if ((groups & group) == 0 || AddGroup(group, catalogs, error)) continue;
+    if ((groups & group) == 0 || AddGroup(group, catalogs)) continue;
     m_Frames.clear();
-    return false;
+    return group;
   }
   m_Lines.reserve(m_Points.size());
-  return true;
+  return std::nullopt;
 }
 
 void ImageFrames::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
@@ -202,4 +210,19 @@ void ImageFrames::PlaceLabel(const ViewGeometry& geometry, const ObserverFrame& 
   }
 }
 
-}  // namespace skyview
+void ImageFrames::Draw(DisplayList& list) const {
+  for (const ImageGroup group : kImageGroups) {
+    PolylineRecord line = {};
+    line.width = 1.1f * list.GetUnit();
+    line.colour = ToRgba(GetColour(group));
+    line.flags = kRoundCaps;
+    for (const auto& drawn : m_Lines) {
+      if (drawn.group != group) continue;
+      list.AddVertex(drawn.line.from.x, list.GetHeight() - drawn.line.from.y);
+      list.AddVertex(drawn.line.to.x, list.GetHeight() - drawn.line.to.y);
+      list.AddLine(Layer::kImageFrames, line);
+    }
+  }
+}
+
+}  // namespace scene

@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "skyview/options/catalog_requests.h"
-#include "scene/frame/labels.h"
+#include "scene/image_groups.h"
+#include "scene/display/labels.h"
 #include "scene/visibility/object_tests.h"
-#include "scene/view/observer_frame.h"
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/observer_frame.h"
+#include "scene/sky_catalogs.h"
 #include "scene/view/sky_path.h"
 
-namespace skyview {
+namespace scene {
 
 // A stretch of the outline of an image inside the window.
 struct DrawnFrameLine {
@@ -24,13 +25,15 @@ struct DrawnFrameLine {
 // corner to corner. What stands below the horizon is computed too; the ground covers it. Allocates in Load only.
 class ImageFrames {
  public:
-  // Takes the outlines of these groups from their catalogs, in place of those there were; 0 takes none. False when a
-  // catalog is missing: there are then no outlines, and `error` is one line that names the file.
-  bool Load(unsigned groups, const SkyCatalogs& catalogs, std::string& error);
+  // Takes the outlines of these groups from their catalogs, in place of those there were; 0 takes none. Answers the
+  // group whose catalog is missing, if one is: there are then no outlines.
+  std::optional<ImageGroup> Load(unsigned groups, const SkyCatalogs& catalogs);
 
   // Labels each outline beside one of its visible edges, the uppermost first, where there is room.
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                LabelPlacer& labels);
+
+  void Draw(DisplayList& list) const;
 
   int GetCount() const { return static_cast<int>(m_Frames.size()); }
   const std::vector<DrawnFrameLine>& GetLines() const { return m_Lines; }
@@ -54,7 +57,7 @@ class ImageFrames {
   template <class Images>
   void AddCorners(ImageGroup group, const Images& images);
   void AddDeepsky(const SkyCatalogs& catalogs);
-  bool AddGroup(ImageGroup group, const SkyCatalogs& catalogs, std::string& error);
+  bool AddGroup(ImageGroup group, const SkyCatalogs& catalogs);
   bool AddLines(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                 const Frame& frame, Edge (&edges)[4]);
   static void PlaceLabel(const ViewGeometry& geometry, const ObserverFrame& observer, const Frame& frame,
@@ -65,4 +68,4 @@ class ImageFrames {
   std::vector<DrawnFrameLine> m_Lines;
 };
 
-}  // namespace skyview
+}  // namespace scene

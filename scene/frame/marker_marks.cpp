@@ -4,7 +4,9 @@
 
 #include <cstdio>
 
-namespace skyview {
+#include "scene/display/palette.h"
+
+namespace scene {
 
 // A marker's y counts from the top. The finder has no place on the sky.
 void MarkerMarks::Compute(const ViewGeometry& geometry, LabelPlacer& labels) {
@@ -24,4 +26,22 @@ void MarkerMarks::Compute(const ViewGeometry& geometry, LabelPlacer& labels) {
   }
 }
 
-}  // namespace skyview
+void MarkerMarks::Draw(DisplayList& list) const {
+  const double unit = list.GetUnit(), arm = 9.0 * unit, gap = 3.0 * unit;
+  PolylineRecord line = {};
+  line.width = 1.3f * list.GetUnit();
+  line.colour = ToRgba(palette::kMark);
+  for (const auto& marker : m_Drawn) {
+    const double x = marker.place.x, y = list.GetHeight() - marker.place.y;
+    for (const double side : {-1.0, 1.0}) {
+      list.AddVertex(x + side * gap, y);
+      list.AddVertex(x + side * arm, y);
+      list.AddLine(Layer::kMarkers, line);
+      list.AddVertex(x, y + side * gap);
+      list.AddVertex(x, y + side * arm);
+      list.AddLine(Layer::kMarkers, line);
+    }
+  }
+}
+
+}  // namespace scene

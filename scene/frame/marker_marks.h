@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "common_interfaces/marker_info.h"
-#include "scene/frame/labels.h"
+#include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 
 // A marker of the camera that is on screen, with its identifier as text.
 struct DrawnMarker {
@@ -25,6 +25,9 @@ class MarkerMarks {
   // Their labels point into the list and are valid until the next Compute.
   void Compute(const ViewGeometry& geometry, LabelPlacer& labels);
 
+  // Crosses that leave what they mark free.
+  void Draw(DisplayList& list) const;
+
   const std::vector<DrawnMarker>& GetDrawn() const { return m_Drawn; }
 
  private:
@@ -32,4 +35,4 @@ class MarkerMarks {
   std::vector<DrawnMarker> m_Drawn;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -4,10 +4,11 @@
 
 #include <vector>
 
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
+#include "scene/display_list.h"
 #include "scene/view/sky_region.h"
 
-namespace skyview {
+namespace scene {
 
 // The Milky Way of one frame. Allocates at its construction only; `catalogs` is kept by reference.
 class MilkyWayPicture {
@@ -17,6 +18,8 @@ class MilkyWayPicture {
   // Empties the picture and, where it is shown, fills it in.
   void Compute(const ViewGeometry& geometry, bool shown);
 
+  void Draw(DisplayList& list) const;
+
   const std::vector<RegionPicture>& GetLevels() const { return m_Levels; }  // 1 to 5, faintest first
 
  private:
@@ -24,4 +27,4 @@ class MilkyWayPicture {
   std::vector<RegionPicture> m_Levels;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "scene/frame/shower_radiants.h"
 
+#include <cmath>
 #include <utility>
 
-#include "skyview/reports/host_texts.h"
-#include "scene/bodies/shower_activity.h"
+#include "scene/display/palette.h"
+#include "scene/texts.h"
+#include "scene/shower_activity.h"
 
-namespace skyview {
+namespace scene {
 
 std::vector<Shower> LoadShowers() {
   std::vector<CommonInterfaces::SHOWER> records;
@@ -48,4 +50,24 @@ void ShowerRadiants::Compute(const ViewGeometry& geometry, const ObserverFrame& 
   }
 }
 
-}  // namespace skyview
+void ShowerRadiants::Draw(DisplayList& list) const {
+  constexpr int kRays = 8;
+  const double outer = kRadius * static_cast<double>(list.GetUnit());
+  PolylineRecord line = {};
+  line.width = 1.4f * list.GetUnit();
+  line.colour = ToRgba(palette::kRadiant);
+  for (const auto& radiant : m_Drawn) {
+    const double x = radiant.place.x, y = list.GetHeight() - radiant.place.y;
+    for (int i = 0; i < kRays; ++i) {
+      const double angle = 2.0 * kPi * i / kRays, from = 0.45 * outer, to = (i % 2 == 0 ? 1.0 : 0.75) * outer;
+      list.AddVertex(x + from * std::cos(angle), y + from * std::sin(angle));
+      list.AddVertex(x + to * std::cos(angle), y + to * std::sin(angle));
+      list.AddLine(Layer::kRadiants, line);
+    }
+    if (!radiant.peak) continue;
+    const auto pixel = [](double v) { return static_cast<float>(v); };
+    list.Add(Layer::kRadiants, PointRecord{pixel(x), pixel(y), pixel(0.22 * outer), line.colour, {}, {}});
+  }
+}
+
+}  // namespace scene

@@ -5,21 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "common_interfaces/meteor_showers.h"
-#include "scene/frame/labels.h"
+#include "scene/display/labels.h"
 #include "scene/visibility/object_tests.h"
-#include "scene/view/observer_frame.h"
+#include "scene/observer_frame.h"
+#include "scene/showers.h"
 
-namespace skyview {
-
-struct Shower {
-  CommonInterfaces::SHOWER record;
-  Direction radiant;  // at the maximum, J2000
-  std::string name;   // UTF-8
-};
-
-// The showers of the string table, in its order.
-std::vector<Shower> LoadShowers();
+namespace scene {
 
 struct DrawnRadiant {
   tPoint<double> place;
@@ -38,6 +29,9 @@ class ShowerRadiants {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                LabelPlacer& labels);
 
+  // Rays that lead away from the radiant, as the tracks of the meteors do; with a disc on the day of the maximum.
+  void Draw(DisplayList& list) const;
+
   const std::vector<DrawnRadiant>& GetDrawn() const { return m_Drawn; }
 
   static constexpr double kRadius = 11.0;  // of the symbol, pixels of the standard picture
@@ -47,4 +41,4 @@ class ShowerRadiants {
   std::vector<DrawnRadiant> m_Drawn;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,7 +5,18 @@
 #include <algorithm>
 #include <cmath>
 
-namespace skyview {
+#include "scene/display/palette.h"
+#include "utils/text.h"
+
+namespace scene {
+namespace {
+
+ObjectRef FindObject(const SkyCatalogs& catalogs, int constellation) {
+  if (constellation < 0) return {};
+  return {FourCC("cnst"), GetTraits(catalogs.constellations[static_cast<std::size_t>(constellation)]).number};
+}
+
+}  // namespace
 
 SkyFigures::SkyFigures(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
   m_Lines.reserve(catalogs.figurePoints.size());
@@ -34,7 +45,7 @@ void SkyFigures::AddStroke(const ViewGeometry& geometry, const ObserverFrame& ob
     const double gap = std::min(kGap * geometry.unit, 0.3 * length) / std::max(length, 1e-9);
     if (i == 1) line.from = {from.x + gap * (to.x - from.x), from.y + gap * (to.y - from.y)};
     if (i == stroke.count - 1) line.to = {to.x - gap * (to.x - from.x), to.y - gap * (to.y - from.y)};
-    if (path.Clip(line)) m_Lines.push_back(line);
+    if (path.Clip(line)) m_Lines.push_back({line, FindObject(m_Catalogs, stroke.constellation)});
   }
 }
 
@@ -44,8 +55,20 @@ void SkyFigures::PlaceNames(const ViewGeometry& geometry, const ObjectTests& tes
   for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
     if (!tests.IsConstellationNamed(i, place)) continue;
     labels.PlaceCentred(m_Catalogs.constellations[i].GetShownName(english).c_str(), place.pixel,
-                        15.0 * geometry.unit, LabelKind::kConstellation);
+                        15.0 * geometry.unit, LabelKind::kConstellation, FindObject(m_Catalogs, i));
   }
 }
 
-}  // namespace skyview
+void SkyFigures::Draw(DisplayList& list) const {
+  PolylineRecord line = {};
+  line.width = 1.0f * list.GetUnit();
+  line.colour = ToRgba(palette::kFigure);
+  for (const auto& [stretch, constellation] : m_Lines) {
+    line.object = constellation;
+    list.AddVertex(stretch.from.x, list.GetHeight() - stretch.from.y);
+    list.AddVertex(stretch.to.x, list.GetHeight() - stretch.to.y);
+    list.AddLine(Layer::kFigures, line);
+  }
+}
+
+}  // namespace scene

@@ -4,12 +4,17 @@
 
 #include <vector>
 
-#include "scene/frame/labels.h"
+#include "scene/display/labels.h"
 #include "scene/visibility/object_tests.h"
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
 #include "scene/view/sky_path.h"
 
-namespace skyview {
+namespace scene {
+
+struct FigureLine {
+  DrawnLine line;
+  ObjectRef constellation;
+};
 
 // The constellations of one frame: the lines of their figures and their names. Allocates at its construction only;
 // `catalogs` is kept by reference.
@@ -21,14 +26,16 @@ class SkyFigures {
   // Names take the room that other labels leave.
   void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
 
-  const std::vector<DrawnLine>& GetLines() const { return m_Lines; }  // inside the window
+  void Draw(DisplayList& list) const;
+
+  const std::vector<FigureLine>& GetLines() const { return m_Lines; }  // inside the window
 
  private:
   void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                  const FigureStroke& stroke);
 
   const SkyCatalogs& m_Catalogs;
-  std::vector<DrawnLine> m_Lines;
+  std::vector<FigureLine> m_Lines;
 };
 
-}  // namespace skyview
+}  // namespace scene

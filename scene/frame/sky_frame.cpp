@@ -1,40 +1,139 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_frame.h"
+#include "scene/sky_frame.h"
 
+#include <utility>
+
+#include "scene/display/palette.h"
+#include "scene/frame/frame_parts.h"
 #include "scene/visibility/object_tests.h"
 
-namespace skyview {
+namespace scene {
+namespace {
 
-SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
-    : m_Catalogs(catalogs),
-      m_MilkyWay(catalogs),
-      m_Figures(catalogs),
-      m_SolarSystem(catalogs.bodies),
-      m_Objects(catalogs),
-      m_FavouriteMarks(catalogs) {}
-
-void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
-                       const ShownKinds& shown, const ObjectFilters& filters) {
-  const ViewGeometry geometry(camera);
-  m_Width = geometry.width;
-  m_Height = geometry.height;
-  m_Unit = geometry.unit;
-  m_Labels.Begin(m_Width, m_Height);
-
-  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters);
-  m_Caption.Place(geometry.unit, m_Labels);
-  m_Markers.Compute(geometry, m_Labels);
-  m_MilkyWay.Compute(geometry, shown.milkyWay);
-  m_Horizon.Compute(geometry, shown.horizon && observer.horizon, shown.compass && observer.horizon, m_Labels);
-  m_Figures.Compute(geometry, observer, tests);
-  m_Objects.Compute(geometry, tests);
-  m_FavouriteMarks.Compute(geometry, tests, m_Labels);
-  m_Radiants.Compute(geometry, observer, tests, m_Labels);
-  m_ImageFrames.Compute(geometry, observer, tests, m_Labels);
-  m_SolarSystem.Compute(geometry, observer, shown, filters, m_Labels);
-  m_Objects.PlaceLabels(geometry, tests, m_Labels);
-  m_Figures.PlaceNames(geometry, tests, shown.englishNames, m_Labels);
+// Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits) grows once.
+DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
+  constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24;
+  DisplayList::Capacity capacity;
+  capacity.points = static_cast<std::size_t>(catalogs.stars.GetCount()) + catalogs.bodies.size() + kOverlays;
+  capacity.discs = catalogs.bodies.size();
+  capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
+  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays;
+  capacity.polygons = catalogs.bodies.size() + kOverlays;
+  capacity.rings = catalogs.milkyWay.size() + kOverlays;
+  capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
+                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size();
+  capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
+  capacity.textBytes = capacity.texts * kTextLength;
+  capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
+  return capacity;
 }
 
-}  // namespace skyview
+void DrawBackground(DisplayList& list) {
+  const float width = static_cast<float>(list.GetWidth()), height = static_cast<float>(list.GetHeight());
+  const Rgba foot = ToRgba(palette::kSkyFoot);
+  list.Add(Layer::kBackground, GradientRecord{{0.0f, width, width, 0.0f},
+                                              {0.0f, 0.0f, height, height},
+                                              0.0f,
+                                              0.0f,
+                                              0.0f,
+                                              height,
+                                              1.0f,
+                                              ToRgba(palette::kSkyTop),
+                                              foot,
+                                              foot,
+                                              {}});
+}
+
+// What lies lowest first.
+void Draw(FrameParts& parts) {
+  DisplayList& list = parts.list;
+  DrawBackground(list);
+  parts.milkyWay.Draw(list);
+  parts.horizon.DrawHaze(list);
+  parts.figures.Draw(list);
+  parts.imageFrames.Draw(list);
+  parts.solarSystem.DrawOrbits(list);
+  parts.objects.DrawDeepsky(list);
+  parts.objects.DrawStars(list);
+  parts.solarSystem.DrawBodies(list);
+  parts.horizon.DrawGround(list);
+  parts.radiants.Draw(list);
+  parts.favourites.Draw(list);
+  parts.caption.DrawGround(list);
+  parts.horizon.DrawCompass(list);
+  parts.markers.Draw(list);
+  parts.labels.Draw(list);
+}
+
+}  // namespace
+
+FrameParts::FrameParts(const SkyCatalogs& catalogs)
+    : milkyWay(catalogs), figures(catalogs), solarSystem(catalogs.bodies), objects(catalogs), favourites(catalogs) {
+  list.Reserve(FindCapacity(catalogs));
+}
+
+SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
+    : m_Catalogs(catalogs), m_Parts(std::make_unique<FrameParts>(catalogs)) {}
+
+SkyFrame::~SkyFrame() = default;
+
+void SkyFrame::SetCaption(std::vector<std::string> lines) { m_Parts->caption.SetLines(std::move(lines)); }
+
+void SkyFrame::SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& markers) {
+  m_Parts->markers.SetMarkers(markers);
+}
+
+void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) { m_Parts->favourites.SetObjects(objects); }
+
+void SkyFrame::SetShowers(std::vector<Shower> showers) { m_Parts->radiants.SetShowers(std::move(showers)); }
+
+std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
+  return m_Parts->imageFrames.Load(groups, m_Catalogs);
+}
+
+bool SkyFrame::ShowOrbit(int body, double fadeIn) { return m_Parts->solarSystem.GetOrbits().Show(body, fadeIn); }
+
+void SkyFrame::SetTextExtents(const TextExtents& extents) { m_Parts->labels.SetExtents(extents); }
+
+void SkyFrame::FetchTexts() {
+  m_Parts->horizon.FetchTexts();
+  m_Parts->radiants.FetchTexts();
+  m_Parts->solarSystem.FetchTexts();
+}
+
+// The parts compute themselves in the order in which they take room for their labels.
+void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer, const ShownKinds& shown,
+                       const ObjectFilters& filters) {
+  const ViewGeometry geometry(camera);
+  FrameParts& parts = *m_Parts;
+  LabelPlacer& labels = parts.labels;
+  labels.Begin(geometry.width, geometry.height);
+  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters);
+  parts.caption.Place(geometry.unit, labels);
+  parts.markers.Compute(geometry, labels);
+  parts.milkyWay.Compute(geometry, shown.milkyWay);
+  parts.horizon.Compute(geometry, shown.horizon && observer.horizon, shown.compass && observer.horizon, labels);
+  parts.figures.Compute(geometry, observer, tests);
+  parts.objects.Compute(geometry, tests);
+  parts.favourites.Compute(geometry, tests, labels);
+  parts.radiants.Compute(geometry, observer, tests, labels);
+  parts.imageFrames.Compute(geometry, observer, tests, labels);
+  parts.solarSystem.Compute(geometry, observer, shown, filters, labels);
+  parts.objects.PlaceLabels(geometry, tests, labels);
+  parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
+  parts.list.Begin(geometry.width, geometry.height, geometry.unit);
+  Draw(parts);
+}
+
+const DisplayList& SkyFrame::GetDisplayList() const { return m_Parts->list; }
+const std::vector<DrawnStar>& SkyFrame::GetStars() const { return m_Parts->objects.GetStars(); }
+const std::vector<DrawnDeepsky>& SkyFrame::GetDeepsky() const { return m_Parts->objects.GetDeepsky(); }
+bool SkyFrame::IsSeenFromEarth() const { return m_Parts->solarSystem.IsSeenFromEarth(); }
+const BodyModel& SkyFrame::GetBodies() const { return m_Parts->solarSystem.GetModel(); }
+const EclipseShadows& SkyFrame::GetEclipses() const { return m_Parts->solarSystem.GetShadows(); }
+bool SkyFrame::IsBodyDrawn(int body) const { return m_Parts->solarSystem.GetMarks().Find(body) != nullptr; }
+bool SkyFrame::IsSunlit(int body) const { return m_Parts->solarSystem.GetPasses().IsSunlitNow(body); }
+bool SkyFrame::IsPoolExhausted() const { return m_Parts->objects.IsPoolExhausted(); }
+
+}  // namespace scene

@@ -5,7 +5,11 @@
 #include <cmath>
 #include <span>
 
-namespace skyview {
+#include "scene/display/palette.h"
+#include "scene/display/region_drawing.h"
+#include "scene/view/horizon.h"
+
+namespace scene {
 namespace {
 
 constexpr int kCompassMarks = 16;
@@ -63,4 +67,40 @@ void SkyHorizon::AddCompass(const ViewGeometry& geometry, LabelPlacer& labels) {
   }
 }
 
-}  // namespace skyview
+void SkyHorizon::DrawHaze(DisplayList& list) const {
+  constexpr double kLeastStep = 0.5;  // pixels
+  for (const auto& band : m_Haze) {
+    AddRegion(band, kLeastStep, list);
+    PolygonRecord area = {};
+    area.colour = ToFaintRgba(palette::kHaze);
+    list.AddArea(Layer::kHaze, area);
+  }
+}
+
+void SkyHorizon::DrawGround(DisplayList& list) const {
+  constexpr double kLeastStep = 0.5;  // pixels
+  if (m_Ground.ringEnds.empty()) return;
+  AddRegion(m_Ground, kLeastStep, list);
+  PolygonRecord area = {};
+  area.colour = ToRgba(palette::kGround);
+  list.AddArea(Layer::kGround, area);
+  PolylineRecord edge = {};
+  edge.width = 1.3f * list.GetUnit();
+  edge.colour = ToRgba(palette::kGroundEdge);
+  AddOutlines(m_Ground, kLeastStep, Layer::kGround, edge, list);
+}
+
+void SkyHorizon::DrawCompass(DisplayList& list) const {
+  PolylineRecord line = {};
+  line.width = 1.4f * list.GetUnit();
+  line.colour = ToRgba(palette::kAccent);
+  for (const auto& mark : m_Compass) {
+    const double length = (mark.main ? 10.0 : 6.0) * static_cast<double>(list.GetUnit());
+    const double y = list.GetHeight() - mark.place.y;
+    list.AddVertex(mark.place.x, y);
+    list.AddVertex(mark.place.x + length * mark.down.x, y - length * mark.down.y);
+    list.AddLine(Layer::kCompass, line);
+  }
+}
+
+}  // namespace scene

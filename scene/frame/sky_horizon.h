@@ -4,11 +4,11 @@
 
 #include <vector>
 
-#include "scene/view/horizon.h"
-#include "scene/frame/labels.h"
+#include "scene/compass.h"
+#include "scene/display/labels.h"
 #include "scene/view/sky_region.h"
 
-namespace skyview {
+namespace scene {
 
 // A mark on the horizon: where it stands and the direction of "down" there, a unit vector.
 struct CompassMark {
@@ -28,6 +28,10 @@ class SkyHorizon {
   // sky; they stay valid until the next FetchTexts.
   void Compute(const ViewGeometry& geometry, bool ground, bool compass, LabelPlacer& labels);
 
+  void DrawHaze(DisplayList& list) const;
+  void DrawGround(DisplayList& list) const;
+  void DrawCompass(DisplayList& list) const;
+
   const RegionPicture& GetGround() const { return m_Ground; }
   const std::vector<RegionPicture>& GetHaze() const { return m_Haze; }  // highest first
   const std::vector<CompassMark>& GetCompass() const { return m_Compass; }
@@ -43,4 +47,4 @@ class SkyHorizon {
   CompassLetters m_Letters;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_markers.h"
+#include "scene/sky_markers.h"
 
 #include <algorithm>
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 
-namespace skyview {
+namespace scene {
 
 using CommonInterfaces::MARKER_INFO;
 
@@ -46,4 +46,4 @@ std::vector<SkyMark> SkyMarkers::GetMarks() const {
   return marks;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace skyview {
+#include "utils/text.h"
+
+namespace scene {
 namespace {
 
 using CommonInterfaces::DeepskyOutput;
@@ -128,7 +130,8 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ClassLimits& lim
     const bool proper = stars.HasProperName(drawn.star);
     drawn.output->m_LabelIndex = labels.PlaceBeside(stars.GetLabel(drawn.star), {place.x, place.y},
                                                     place.radius, (proper ? 13.0 : 11.0) * geometry.unit,
-                                                    proper ? LabelKind::kStarName : LabelKind::kStarLetter);
+                                                    proper ? LabelKind::kStarName : LabelKind::kStarLetter,
+                                                    {FourCC("star"), stars.GetNumber(drawn.star)});
   }
 }
 
@@ -142,8 +145,8 @@ void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& t
     if (label >= 0) continue;
     const auto& place = drawn.output->m_Place;
     label = labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
-                               LabelKindOfDeepsky(object.kind));
+                               LabelKindOfDeepsky(object.kind), {object.kind, object.number});
   }
 }
 
-}  // namespace skyview
+}  // namespace scene

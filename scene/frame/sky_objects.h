@@ -4,27 +4,14 @@
 
 #include <vector>
 
-#include "common_interfaces/object_outputs.h"
 #include "common_interfaces/output_pool.h"
-#include "scene/visibility/class_limits.h"
-#include "scene/frame/labels.h"
+#include "scene/class_limits.h"
+#include "scene/drawn_objects.h"
+#include "scene/display/labels.h"
 #include "scene/visibility/object_tests.h"
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
 
-namespace skyview {
-
-// A star of the frame: its output record (in the frame's pool), its index in the catalogue, how it is drawn.
-struct DrawnStar {
-  CommonInterfaces::StarOutput* output;
-  int star;
-  float opacity;  // 0 to 1
-};
-
-struct DrawnDeepsky {
-  CommonInterfaces::DeepskyOutput* output;
-  int object;
-  float opacity;
-};
+namespace scene {
 
 // Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and ends
 // somewhere.
@@ -42,6 +29,12 @@ class SkyObjects {
   void Compute(const ViewGeometry& geometry, const ObjectTests& tests);
   // Labels what Compute has found.
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+
+  // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond.
+  void DrawDeepsky(DisplayList& list) const;
+  // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first, so that a
+  // bright star lies over its neighbours.
+  void DrawStars(DisplayList& list) const;
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
   const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
@@ -64,4 +57,4 @@ class SkyObjects {
   std::vector<DrawnDeepsky> m_Deepsky;
 };
 
-}  // namespace skyview
+}  // namespace scene

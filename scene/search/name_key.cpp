@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/search/name_key.h"
+#include "scene/name_key.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr unsigned kGreekCapitals = 0x391, kGreekSmall = 0x3B1, kCombining = 0x300, kCombiningEnd = 0x370;
@@ -77,4 +77,4 @@ std::string ExpandGreekLetter(std::string_view name) {
   return std::string(name);
 }
 
-}  // namespace skyview
+}  // namespace scene

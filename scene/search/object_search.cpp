@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
 #include <algorithm>
 
 #include "common_interfaces/planets_and_moons.h"
 #include "scene/catalogs/field_ids.h"
-#include "scene/search/name_key.h"
-#include "skyview/options/name_list.h"
+#include "scene/name_key.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 std::string Numbered(const char* catalog, const CatalogTable& table, int field) {
@@ -157,4 +157,4 @@ std::string ObjectSearch::GetTitle(const FoundObject& object) const {
   return others.empty() ? title : title + " (" + others + ")";
 }
 
-}  // namespace skyview
+}  // namespace scene

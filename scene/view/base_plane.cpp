@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,10 +8,10 @@
 
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::Camera;
@@ -100,4 +100,4 @@ const char* FindObserverFault(const Camera& camera) {
              : "is not seen from the Earth, the Moon or a place within 100 au of the Sun";
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 
 #include <cmath>
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 
-namespace skyview {
+namespace scene {
 
 Direction MakeDirection(double lon, double lat) {
   Direction direction;
@@ -34,4 +34,4 @@ void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>
   points.push_back(b);
 }
 
-}  // namespace skyview
+}  // namespace scene

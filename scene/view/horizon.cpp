@@ -2,24 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/view/horizon.h"
 
-#include <cstdio>
-#include <string>
-
-#include "common_interfaces/string_table.h"
-#include "skyview/reports/host_texts.h"
-
-namespace skyview {
-namespace {
-
-// Identifiers of the hemisphere letters.
-constexpr unsigned kWest = 965, kEast = 966, kNorth = 967, kSouth = 968;
-
-std::string GetLetter(unsigned id, const char* english) {
-  const char* text = CommonInterfaces::QX4Strings::GetString(id, true);
-  return text && *text ? ToUtf8(std::string(1, *text)) : english;
-}
-
-}  // namespace
+namespace scene {
 
 void AppendAltitudeCircle(double altitude, std::vector<Direction>& points) {
   for (std::size_t i = 0; i < kAltitudeCirclePoints; ++i) {
@@ -27,17 +10,4 @@ void AppendAltitudeCircle(double altitude, std::vector<Direction>& points) {
   }
 }
 
-CompassLetters FetchCompassLetters() {
-  const CommonInterfaces::QX4Strings strings;
-  const std::string north = GetLetter(kNorth, "N"), east = GetLetter(kEast, "E"),
-                    south = GetLetter(kSouth, "S"), west = GetLetter(kWest, "W");
-  const std::string points[8] = {north, north + east, east, south + east,
-                                 south, south + west, west, north + west};
-  CompassLetters letters;
-  for (int i = 0; i < 8; ++i) {
-    std::snprintf(letters.text[i], sizeof letters.text[i], "%s", points[i].c_str());
-  }
-  return letters;
-}
-
-}  // namespace skyview
+}  // namespace scene

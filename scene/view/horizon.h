@@ -5,9 +5,9 @@
 #include <array>
 #include <vector>
 
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 
-namespace skyview {
+namespace scene {
 
 inline constexpr std::size_t kAltitudeCirclePoints = 360;
 
@@ -18,13 +18,4 @@ inline constexpr std::array<double, 12> kHazeAltitudes = {0.36,  0.31, 0.265, 0.
 // Appends the circle of one altitude, kAltitudeCirclePoints directions of the horizon frame.
 void AppendAltitudeCircle(double altitude, std::vector<Direction>& points);
 
-// The letters of the eight directions from north over east: N, NE, E and so on.
-struct CompassLetters {
-  char text[8][16];  // zero-terminated UTF-8
-};
-
-// From the first characters of the string table's hemisphere letters, as UTF-8; the initials of the English names
-// where it has none.
-CompassLetters FetchCompassLetters();
-
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/observer_frame.h"
+#include "scene/observer_frame.h"
 
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
-#include "astro/vectors.h"
-#include "scene/view/base_plane.h"
+#include "astro/horizon_frame.h"
+#include "scene/base_plane.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kJ2000 = 2451545.0;  // Julian date, dynamical time
@@ -18,11 +18,9 @@ void HorizonReduction(const CommonInterfaces::Camera& camera, double julianDateT
   camera.GetUniversalTime(universal);
   const double deltaT = ET_UT::Get(universal.day, universal.fraction);
   const SphCoor& location = camera.GetLocation();
-  double orientation[9], horizon[9];
-  PrecessionNutationMatrix(julianDateTT, orientation);
-  HorizonMatrix(ApparentSiderealTime(universal.day, universal.fraction, deltaT) + location.lon, location.lat,
-                horizon);
-  M3prod(horizon, orientation, reduction);
+  // The camera's own dynamical time, to its last digit.
+  astro::HorizonAxes({universal.day, universal.fraction, deltaT, julianDateTT},
+                     {location.lon, location.lat, 0.0}, reduction);
 }
 
 }  // namespace
@@ -61,4 +59,4 @@ Direction ApparentDirection(const Direction& direction, const Direction& motion,
   return ApparentDirection(Normalised(moved), observer);
 }
 
-}  // namespace skyview
+}  // namespace scene

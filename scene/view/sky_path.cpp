@@ -4,7 +4,7 @@
 
 #include "common_interfaces/clipping.h"
 
-namespace skyview {
+namespace scene {
 
 bool SkyPath::GoTo(const Direction& direction, DrawnLine& stretch) {
   const auto p = m_Geometry.Project(direction, SkyFrameOf::kJ2000);
@@ -22,4 +22,4 @@ bool SkyPath::Clip(DrawnLine& stretch) const {
   return CommonInterfaces::line_in_rectD(&stretch.from, &stretch.to, window);
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -4,7 +4,7 @@
 
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 
 // A straight stretch of the picture, pixels, y up.
 struct DrawnLine {
@@ -30,4 +30,4 @@ class SkyPath {
   bool m_LastUsable = false;
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -6,7 +6,7 @@
 
 #include "astro/vectors.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 // The rim must stay clear of the window although the outline runs along it in straight steps.
@@ -137,4 +137,4 @@ void RegionProjector::AddRing(std::span<const Direction> ring) {
   m_Picture.ringEnds.push_back(static_cast<int>(m_Picture.points.size()));
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -7,7 +7,7 @@
 
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
+namespace scene {
 
 // The picture of a region of the sphere bounded by closed rings, to be filled by the even-odd rule.
 //
@@ -54,4 +54,4 @@ class RegionProjector {
   double m_Bearing = 0.0;  // radians, of the last point added, about the centre of the window
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/standing.h"
+#include "scene/standing.h"
 
 #include <cmath>
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 
-namespace skyview {
+namespace scene {
 
 Standing FindStanding(const Direction& apparent, const ObserverFrame& observer) {
   double v[3], longitude = 0.0, latitude = 0.0;
@@ -19,4 +19,4 @@ Standing FindStanding(const Direction& apparent, const ObserverFrame& observer) 
   return {azimuth >= 359.95 ? 0.0 : azimuth, latitude / kRadiansPerDegree};
 }
 
-}  // namespace skyview
+}  // namespace scene

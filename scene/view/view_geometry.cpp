@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace skyview {
+namespace scene {
 
 double GetPictureUnit(int width, int height) {
   return std::clamp(std::sqrt(static_cast<double>(width) * height / (1600.0 * 1000.0)), 0.4, 6.0);
@@ -46,4 +46,4 @@ double ViewGeometry::GetWidthAngle() const { return 4.0 * std::atan(width * 0.5 
 
 double ViewGeometry::GetHeightAngle() const { return 4.0 * std::atan(height * 0.5 / scale); }
 
-}  // namespace skyview
+}  // namespace scene

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "common_interfaces/camera.h"
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 
-namespace skyview {
+namespace scene {
 
 // What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
 double GetPictureUnit(int width, int height);
@@ -37,4 +37,4 @@ struct ViewGeometry {
   Direction centreHorizon;  // the view axis in the horizon frame
 };
 
-}  // namespace skyview
+}  // namespace scene

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace skyview {
+namespace scene {
 namespace {
 
 // Pixels of the standard picture.
@@ -90,4 +90,4 @@ unsigned BodyTests::Test(int index, ObjectPlace& place) const {
 template unsigned BodyTests::Test<true>(int, ObjectPlace&) const;
 template unsigned BodyTests::Test<false>(int, ObjectPlace&) const;
 
-}  // namespace skyview
+}  // namespace scene

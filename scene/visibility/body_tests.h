@@ -6,10 +6,10 @@
 
 #include <array>
 
-#include "scene/bodies/body_model.h"
+#include "scene/body_model.h"
 #include "scene/visibility/object_tests.h"
 
-namespace skyview {
+namespace scene {
 
 // Everything is kept by reference. Makes no allocation.
 class BodyTests {
@@ -51,4 +51,4 @@ class BodyTests {
   std::array<Kind, 5> m_Kinds;
 };
 
-}  // namespace skyview
+}  // namespace scene

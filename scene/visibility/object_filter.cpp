@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/object_filter.h"
+#include "scene/object_filter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +14,7 @@
 #include "utils/debug.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::BaseQuery;
@@ -241,4 +241,4 @@ const ObjectFilters& ObjectFilters::None() {
   return none;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -4,7 +4,7 @@
 
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
@@ -127,4 +127,4 @@ template unsigned ObjectTests::TestDeepsky<false>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestConstellation<true>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestConstellation<false>(int, ObjectPlace&) const;
 
-}  // namespace skyview
+}  // namespace scene

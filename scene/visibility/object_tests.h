@@ -9,24 +9,15 @@
 #include <array>
 #include <cmath>
 
-#include "scene/visibility/class_limits.h"
-#include "scene/visibility/object_filter.h"
-#include "scene/view/observer_frame.h"
-#include "scene/visibility/shown_kinds.h"
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/class_limits.h"
+#include "scene/object_filter.h"
+#include "scene/observer_frame.h"
+#include "scene/obstacles.h"
+#include "scene/shown_kinds.h"
+#include "scene/sky_catalogs.h"
 #include "scene/view/view_geometry.h"
 
-namespace skyview {
-
-// What keeps an object from being drawn; several may be true at once.
-enum Obstacle : unsigned {
-  kKindOff = 1,       // its section or its kind is switched off
-  kFiltered = 2,      // a filter of its section rejects it
-  kTooFaint = 4,      // fainter than the drawing limit of its class
-  kBelowHorizon = 8,  // while a horizon is shown
-  kOutside = 16,      // its disc or symbol does not reach into the window
-  kNoPlace = 32       // nobody can tell where the body is at that moment
-};
+namespace scene {
 
 // Where an object stands. Whole once all tests were made; IsDrawn makes them all for what is drawn.
 struct ObjectPlace {
@@ -120,4 +111,4 @@ unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
   return TestStarPlace<kFirst>(star, found, place);
 }
 
-}  // namespace skyview
+}  // namespace scene

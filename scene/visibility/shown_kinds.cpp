@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/shown_kinds.h"
+#include "scene/shown_kinds.h"
 
 #include "common_interfaces/field_data.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::SettingsData;
@@ -89,4 +89,4 @@ ShownKinds ReadShownKinds(SettingsData& settings) {
   return shown;
 }
 
-}  // namespace skyview
+}  // namespace scene

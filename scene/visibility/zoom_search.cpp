@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "skyview/options/option_values.h"
+#include "scene/zoom_range.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::Camera;
@@ -50,4 +50,4 @@ std::optional<double> FindLeastZoom(Camera& camera, int cls, float code, LimitOf
   return found;
 }
 
-}  // namespace skyview
+}  // namespace scene

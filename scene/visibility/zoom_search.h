@@ -5,9 +5,9 @@
 #include <optional>
 
 #include "common_interfaces/camera.h"
-#include "scene/visibility/class_limits.h"
+#include "scene/class_limits.h"
 
-namespace skyview {
+namespace scene {
 
 enum class LimitOf { kDrawing, kLabel };
 
@@ -16,4 +16,4 @@ enum class LimitOf { kDrawing, kLabel };
 // of the range of codes count, which Camera::CalcZoomForShowObject leaves aside. The camera's zoom is put back.
 std::optional<double> FindLeastZoom(CommonInterfaces::Camera& camera, int cls, float code, LimitOf limit);
 
-}  // namespace skyview
+}  // namespace scene

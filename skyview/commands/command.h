@@ -28,6 +28,7 @@ struct Command {
   std::string (*run)(const Call& call);
 };
 
+std::string RunAt(const Call& call);
 std::string RunBody(const Call& call);
 std::string RunCurve(const Call& call);
 std::string RunDraw(const Call& call);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "skyview/options/name_list.h"
+#include "utils/messages.h"
 #include "skyview/options/stop.h"
 #include "utils/near_names.h"
 
@@ -15,6 +15,7 @@ constexpr Command kCommands[] = {
     {"draw", "Say what the view shows, and draw it. What is done without a command.", RunDraw},
     {"where", "Say where an object is and when it rises and sets.", RunWhere},
     {"why", "Say why an object is or is not drawn.", RunWhy},
+    {"at", "Say what is drawn at a pixel of the picture.", RunAt},
     {"body", "Print what is known of a planet, the Sun or a moon.", RunBody},
     {"curve", "Draw the light curve of a variable star.", RunCurve},
     {"limits", "List the limiting magnitudes of each class by zoom.", RunLimits},

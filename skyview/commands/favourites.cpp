@@ -41,17 +41,17 @@ ChangeOptions ParseChange(const Call& call) {
 }
 
 // What adds to the list or removes from it.
-using Change = bool (*)(const std::vector<std::string>& names, const ObjectSearch& search,
-                        const SkyCatalogs& catalogs, std::string& error);
+using Change = bool (*)(const std::vector<std::string>& names, const scene::ObjectSearch& search,
+                        const scene::SkyCatalogs& catalogs, std::string& error);
 
 std::string RunChange(const Call& call, Change change) {
   const ChangeOptions options = ParseChange(call);
   EnterRoots(options.root, call.programFolder);
   const PreparedView view({}, {}, std::nullopt, call.diagnostics);
-  SkyCatalogs catalogs;
+  scene::SkyCatalogs catalogs;
   LoadCatalogs(options.satellites, view.camera, catalogs);
   std::string error;
-  Require(change(options.names, ObjectSearch(catalogs), catalogs, error), error);
+  Require(change(options.names, scene::ObjectSearch(catalogs), catalogs, error), error);
   return FormatFavourites(ReadFavourites());
 }
 

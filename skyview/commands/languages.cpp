@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/session/language.h"
+#include "scene/language.h"
 
 #include <algorithm>
 
@@ -20,9 +20,9 @@ RootOptions Parse(const Call& call) {
 
 // The default language needs no folder of its own.
 std::vector<std::string> ListLanguages(const std::string& data) {
-  auto languages = FindLanguages(data);
-  const auto place = std::lower_bound(languages.begin(), languages.end(), kDefaultLanguage);
-  if (place == languages.end() || *place != kDefaultLanguage) languages.insert(place, kDefaultLanguage);
+  auto languages = scene::FindLanguages(data);
+  const auto place = std::lower_bound(languages.begin(), languages.end(), scene::kDefaultLanguage);
+  if (place == languages.end() || *place != scene::kDefaultLanguage) languages.insert(place, scene::kDefaultLanguage);
   return languages;
 }
 

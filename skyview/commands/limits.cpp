@@ -29,7 +29,7 @@ LimitsOptions Parse(const Call& call) {
 // The limits are those of every catalog; only the names of --favourite want some.
 void AddFavourites(const SettingsOptions& options, PreparedView& view) {
   if (options.favourites.empty()) return;
-  SkyCatalogs catalogs;
+  scene::SkyCatalogs catalogs;
   LoadCatalogs({}, view.camera, catalogs);
   ObjectFinder finder(catalogs);
   AddFavourites(options, catalogs, finder, view.settings);

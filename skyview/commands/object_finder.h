@@ -8,7 +8,7 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 #include "skyview/options/sky_group.h"
 
 namespace skyview {
@@ -16,25 +16,25 @@ namespace skyview {
 // The catalogs and the satellites of --tle; those that are lost at the view's moment become diagnostic lines. Throws
 // Stop.
 void LoadCatalogs(const SatelliteOptions& options, const CommonInterfaces::Camera& camera,
-                  SkyCatalogs& catalogs);
+                  scene::SkyCatalogs& catalogs);
 
 // Finds the objects that the command line names. Names are read from the catalogs when the first one is asked for.
 // `catalogs` is kept by reference.
 class ObjectFinder {
  public:
-  explicit ObjectFinder(SkyCatalogs& catalogs) : m_Catalogs(catalogs) {}
+  explicit ObjectFinder(scene::SkyCatalogs& catalogs) : m_Catalogs(catalogs) {}
 
   // Throws Stop for what is not the name of one object: "ASKER 'NAME': no such object".
-  FoundObject Find(const std::string& asker, const std::string& name);
-  const ObjectSearch& GetSearch();
+  scene::FoundObject Find(const std::string& asker, const std::string& name);
+  const scene::ObjectSearch& GetSearch();
 
  private:
-  SkyCatalogs& m_Catalogs;
-  std::optional<ObjectSearch> m_Search;
+  scene::SkyCatalogs& m_Catalogs;
+  std::optional<scene::ObjectSearch> m_Search;
 };
 
 // Adds the objects of --favourite to the filters. Throws Stop.
-void AddFavourites(const SettingsOptions& options, const SkyCatalogs& catalogs, ObjectFinder& finder,
+void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,
                    CommonInterfaces::SettingsData& settings);
 
 }  // namespace skyview

@@ -6,7 +6,7 @@
 
 #include "paint/contact_sheet.h"
 #include "paint/picture_file.h"
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 #include "skyview/commands/start.h"
 #include "skyview/reports/moment_text.h"
 #include "skyview/reports/status.h"
@@ -17,6 +17,8 @@ namespace skyview {
 namespace {
 
 using CommonInterfaces::Camera;
+
+constexpr double kOrbitFadeIn = 1.0;  // seconds
 
 // Local time of the camera's zone, Universal Time without one.
 std::string GetMomentText(const Camera& camera) {
@@ -31,17 +33,17 @@ void SetAnimationClock(int frame) {
   AnimationInterval::m_CurrentTime = frame / kFramesPerSecond;
 }
 
-void ComputeFrame(PictureSize size, Camera& camera, FrameMaker& maker) {
+void ComputeFrame(PictureSize size, Camera& camera, scene::FrameMaker& maker) {
   camera.UpdateLocUTCDeltaFromTimeZone();
   maker.Prepare();
-  SkyFrame& frame = maker.GetFrame();
-  frame.SetCaption(MakeCaption(MakeStatus(camera, frame.GetCatalogs()), size.width, size.height));
+  scene::SkyFrame& frame = maker.GetFrame();
+  frame.SetCaption(scene::MakeCaption(MakeStatus(camera, frame.GetCatalogs()), size.width, size.height));
   maker.Compute();
 }
 
-void WriteFrame(const std::vector<FrameNames>& names, int number, const SkyFrame& frame) {
+void WriteFrame(const std::vector<FrameNames>& names, int number, const scene::SkyFrame& frame) {
   std::string error;
-  for (const auto& name : names) Require(WritePicture(frame, name.Get(number), error), error);
+  for (const auto& name : names) Require(paint::WritePicture(frame.GetDisplayList(), name.Get(number), error), error);
 }
 
 }  // namespace
@@ -49,7 +51,7 @@ void WriteFrame(const std::vector<FrameNames>& names, int number, const SkyFrame
 void ShowOrbits(const SequenceOptions& options, ShownSky& sky) {
   if (!options.play) return sky.ShowOrbits(0.0);
   SetAnimationClock(0);
-  sky.ShowOrbits(OrbitPaths::kFadeIn);
+  sky.ShowOrbits(kOrbitFadeIn);
   SetAnimationClock(1);
 }
 
@@ -57,11 +59,11 @@ void DrawSequence(const SequenceOptions& options, const std::vector<std::string>
                   ShownSky& sky) {
   if (!options.play) return;
   Camera& camera = sky.GetCamera();
-  FrameMaker& maker = sky.GetMaker();
+  scene::FrameMaker& maker = sky.GetMaker();
   const int count = options.frames.value_or(1);
   std::vector<FrameNames> names;
   for (const auto& pattern : patterns) names.push_back(*FrameNames::Parse(pattern));
-  std::optional<ContactSheet> sheet;
+  std::optional<paint::ContactSheet> sheet;
   if (options.contactSheet) sheet.emplace(count, size.width, size.height);
   std::string error;
   StartPlays(*options.play, camera);
@@ -70,7 +72,7 @@ void DrawSequence(const SequenceOptions& options, const std::vector<std::string>
     SetAnimationClock(number);
     ComputeFrame(size, camera, maker);
     WriteFrame(names, number, maker.GetFrame());
-    Require(!sheet || sheet->Add(maker.GetFrame(), GetMomentText(camera), error), error);
+    Require(!sheet || sheet->Add(maker.GetFrame().GetDisplayList(), GetMomentText(camera), error), error);
   }
   camera.StopAnyPlay();
   Require(!sheet || sheet->Write(*options.contactSheet, error), error);

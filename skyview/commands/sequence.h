@@ -10,8 +10,7 @@
 
 namespace skyview {
 
-// Switches the orbits on: at once for a picture, over OrbitPaths::kFadeIn seconds of the animation clock for a
-// sequence. The clock has ten frames a second and stands at the first of them afterwards, a tenth of a second after the
+// Switches the orbits on: at once for a picture, over a second of the animation clock for a sequence. The clock has ten frames a second and stands at the first of them afterwards, a tenth of a second after the
 // start.
 void ShowOrbits(const SequenceOptions& options, ShownSky& sky);
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "astro/object_id.h"
-#include "scene/catalogs/sky_catalogs.h"
-#include "scene/frame/frame_maker.h"
+#include "scene/sky_catalogs.h"
+#include "scene/frame_maker.h"
 #include "skyview/commands/object_finder.h"
 #include "skyview/commands/prepared_view.h"
 
@@ -33,24 +33,28 @@ class ShownSky {
   // Why the object of that name is or is not in the frame, lines. Throws Stop for a name that is not that of one.
   std::string Explain(const std::string& asker, const std::string& name);
 
+  // The objects that are drawn at a pixel (y down) or at most that many pixels beside it, a line for each, what was
+  // painted last first; a line that says so where there is none.
+  std::string DescribeAt(double x, double y, double tolerance);
+
   CommonInterfaces::Camera& GetCamera() { return m_View.camera; }
   PreparedView& GetView() { return m_View; }
-  FrameMaker& GetMaker() { return *m_Maker; }
-  const SkyMarkers& GetMarkers() const { return m_Markers; }
+  scene::FrameMaker& GetMaker() { return *m_Maker; }
+  const scene::SkyMarkers& GetMarkers() const { return m_Markers; }
   const std::vector<SSO_ID>& GetMarks() const { return m_Marks; }
 
  private:
   void SetUpFrame(const SkyOptions& options);
 
   PreparedView m_View;
-  SkyCatalogs m_Catalogs;
+  scene::SkyCatalogs m_Catalogs;
   ObjectFinder m_Finder;
   std::vector<int> m_Orbits;    // bodies whose orbits are shown
   std::vector<SSO_ID> m_Marks;  // objects that are marked
-  ShownKinds m_Shown;
-  ObjectFilters m_Filters;
-  SkyMarkers m_Markers;
-  std::optional<FrameMaker> m_Maker;  // makes room for the catalogs, so once they are loaded
+  scene::ShownKinds m_Shown;
+  scene::ObjectFilters m_Filters;
+  scene::SkyMarkers m_Markers;
+  std::optional<scene::FrameMaker> m_Maker;  // makes room for the catalogs, so once they are loaded
   std::vector<std::string> m_Status;  // of the first frame
   bool m_WithShowers;
 };

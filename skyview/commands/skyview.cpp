@@ -35,7 +35,7 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   Diagnostics diagnostics;
   try {
     output << RunCommand(arguments, programFolder, diagnostics);
-    for (const auto& line : diagnostics.lines) errors << "skyview: " << MessageToUtf8(line);
+    for (const auto& line : diagnostics.lines) errors << "skyview: " << scene::MessageToUtf8(line);
     return kDone;
   } catch (const Stop& stop) {
     if (stop.code == kDone) {

@@ -4,18 +4,17 @@
 
 #include "common_interfaces/string_table.h"
 #include "skyview/options/stop.h"
-#include "skyview/session/language.h"
-#include "skyview/session/sky_roots.h"
+#include "skyview/reports/host_texts.h"
+#include "scene/language.h"
+#include "scene/data_root.h"
 
 namespace skyview {
 namespace {
 
-constexpr int kProgramNameText = 1;  // in the string table
-
 std::string FindData(const RootOptions& root, const std::string& programFolder) {
   if (root.data) return *root.data;
   std::string data, error;
-  Require(FindDataRoot(programFolder, data, error), error);
+  Require(scene::FindDataRoot(programFolder, data, error), error);
   return data;
 }
 
@@ -33,11 +32,11 @@ void Require(const ViewResult& result) {
 std::string EnterRoots(const RootOptions& root, const std::string& programFolder) {
   const std::string data = FindData(root, programFolder), language = root.GetLanguage();
   std::string error;
-  Require(SetSkyRoots(data, root.work.value_or(""), error), error);
+  Require(scene::SetSkyRoots(data, root.work.value_or(""), error), error);
   const auto fetchNothing = [] {};  // nobody has taken a text yet
-  if (!SwitchLanguage(data, language, fetchNothing, error))
+  if (!scene::SwitchLanguage(data, language, fetchNothing, error))
     throw Stop{kBadOption, "--language '" + language + "': " + error};
-  CommonInterfaces::QX4Strings::SetProgrmaNameId(kProgramNameText);
+  CommonInterfaces::QX4Strings::SetProgrmaNameId(static_cast<int>(HostText::kProgramName));
   return data;
 }
 

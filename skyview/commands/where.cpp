@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/search/where.h"
+#include "skyview/reports/where.h"
 
 #include "skyview/commands/command.h"
 #include "skyview/commands/object_finder.h"
@@ -34,10 +34,10 @@ std::string RunWhere(const Call& call) {
   WhereOptions options = Parse(call);
   const auto session = Start(call, options.root, options.view, options.satellites);
   PreparedView view(options.view, {}, session, call.diagnostics);
-  SkyCatalogs catalogs;
+  scene::SkyCatalogs catalogs;
   LoadCatalogs(options.satellites, view.camera, catalogs);
   ObjectFinder finder(catalogs);
-  const FoundObject object = finder.Find(call.command.name, options.name);
+  const scene::FoundObject object = finder.Find(call.command.name, options.name);
   std::string text, error;
   const bool known =
       DescribeWhere(object, finder.GetSearch().GetTitle(object), catalogs, view.camera, text, error);

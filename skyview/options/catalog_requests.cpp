@@ -9,11 +9,11 @@ namespace skyview {
 namespace {
 
 struct GroupName {
-  ImageGroup group;
+  scene::ImageGroup group;
   std::string_view name;
 };
 constexpr GroupName kGroupNames[] = {
-    {kConstellationImages, "constellations"}, {kDeepskyImages, "deepsky"}, {kMilkyWayImages, "milkyway"}};
+    {scene::kConstellationImages, "constellations"}, {scene::kDeepskyImages, "deepsky"}, {scene::kMilkyWayImages, "milkyway"}};
 
 unsigned FindGroup(std::string_view name) {
   for (const auto& entry : kGroupNames) {

@@ -9,11 +9,9 @@
 #include <string>
 #include <string_view>
 
-namespace skyview {
+#include "scene/image_groups.h"
 
-// Groups of images, to be combined.
-enum ImageGroup : unsigned { kConstellationImages = 1, kDeepskyImages = 2, kMilkyWayImages = 4 };
-inline constexpr ImageGroup kImageGroups[] = {kConstellationImages, kDeepskyImages, kMilkyWayImages};
+namespace skyview {
 
 // "constellations,deepsky,milkyway", in any order and each at most once. FormatImageGroups writes what the reader
 // takes, in that order.

@@ -91,8 +91,8 @@ std::optional<PlayRequest> ParsePlay(std::string_view text) {
 
 std::optional<int> ParseFrameCount(std::string_view text) { return ParseNumber(text, 1, kMaxFrames); }
 
-std::optional<SkyMark> ParseMark(std::string_view text) {
-  SkyMark mark;
+std::optional<scene::SkyMark> ParseMark(std::string_view text) {
+  scene::SkyMark mark;
   bool more = false;
   const auto ra = ParseRightAscension(TakePart(text, more));
   if (!ra || !more) return std::nullopt;

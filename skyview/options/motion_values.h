@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "scene/sky_markers.h"
+
 namespace skyview {
 
 // "3" or "3,keep".
@@ -24,13 +26,6 @@ struct PlayRequest {
   std::vector<double> view;    // degrees: azimuth or longitude, altitude or latitude, slope; at most three
 };
 
-// A marked place of the sky, J2000.
-struct SkyMark {
-  double ra = 0.0;        // degrees, 0 to 360
-  double dec = 0.0;       // degrees, -90 to 90
-  std::optional<int> id;  // 0 to 2147483647; a free one when not given
-};
-
 inline constexpr int kMaxFrames = 10000;
 inline constexpr int kMaxMarks = 100;
 
@@ -40,7 +35,7 @@ std::optional<MovingType> ParseMovingType(std::string_view text);
 // is at most 100000 days; one of the view is at most 360 degrees, and 0 leaves that angle alone.
 std::optional<PlayRequest> ParsePlay(std::string_view text);
 std::optional<int> ParseFrameCount(std::string_view text);  // 1 to kMaxFrames
-std::optional<SkyMark> ParseMark(std::string_view text);    // "83.8,-5.4", "5.59h,-5.4,7"
+std::optional<scene::SkyMark> ParseMark(std::string_view text);    // "83.8,-5.4", "5.59h,-5.4,7"
 
 // The name of a sequence's pictures: "sky-%03d.png", with one number, "%d" or "%0Nd" with N from 1 to 9, and no other
 // percent sign.

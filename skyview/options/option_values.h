@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "scene/zoom_range.h"
+
 namespace skyview {
 
 // A view in a settings file: "FILE" or "FILE:ID".
@@ -35,6 +37,12 @@ struct PictureSize {
   int height = 1000;
 };
 
+// A place in the picture, pixels from its upper left corner.
+struct Pixel {
+  double x = 0.0;  // to the right, 0 to 16384
+  double y = 0.0;  // down, 0 to 16384
+};
+
 // A moment as written: Julian day number and fraction of the written date and time.
 struct WrittenTime {
   int day = 0;
@@ -42,8 +50,6 @@ struct WrittenTime {
   std::optional<double> utcOffset;  // local minus Universal Time in days, when the text names one ("Z" is 0)
 };
 
-inline constexpr double kMinZoom = 0.25;  // below, the picture would reach the point opposite to the view
-inline constexpr double kMaxZoom = 10000.0;
 
 // "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path may
 // hold colons.
@@ -51,6 +57,7 @@ std::optional<ViewFile> ParseViewFile(std::string_view text);
 std::optional<Place> ParsePlace(std::string_view text);       // "52.52,13.405"
 std::optional<Look> ParseLook(std::string_view text);         // "180,30"
 std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
+std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"
 std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
 
 // "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the T, and

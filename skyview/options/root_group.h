@@ -6,7 +6,7 @@
 #include <string>
 
 #include "skyview/options/option_group.h"
-#include "skyview/session/language.h"
+#include "scene/language.h"
 
 namespace skyview {
 
@@ -16,7 +16,7 @@ struct RootOptions {
   std::optional<std::string> work;  // folder of the work area
   std::optional<std::string> language;
 
-  std::string GetLanguage() const { return language.value_or(kDefaultLanguage); }
+  std::string GetLanguage() const { return language.value_or(scene::kDefaultLanguage); }
 };
 
 extern const OptionGroup<RootOptions> kRootGroup;

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "common_interfaces/field_data.h"
-#include "scene/view/directions.h"
+#include "scene/directions.h"
 #include "utils/bytes.h"
 #include "utils/text.h"
 
@@ -32,7 +32,7 @@ bool ReadReal(std::string_view text, double& value) {
   const bool degrees = text.ends_with("deg");
   if (degrees) text.remove_suffix(3);
   if (!ReadNumber(text, value)) return false;
-  if (degrees) value *= kRadiansPerDegree;
+  if (degrees) value *= scene::kRadiansPerDegree;
   return true;
 }
 

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "common_interfaces/field_data.h"
-#include "scene/visibility/object_filter.h"
+#include "scene/object_filter.h"
 #include "utils/bytes.h"
 #include "utils/text.h"
 
@@ -59,7 +59,7 @@ SettingField* FindSame(const SettingField& field, SettingsData& defaults) {
 }
 
 bool CanFilter(const SettingField& field) {
-  return field.GetCondition() != kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
+  return field.GetCondition() != scene::kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
 }
 
 void AddFieldChange(const SettingField& field, SettingsData& defaults, std::vector<std::string>& changes) {
@@ -71,7 +71,7 @@ void AddFieldChange(const SettingField& field, SettingsData& defaults, std::vect
   const bool changed = values != FormatValues(*same);
   if (!switched && !changed) return;
   std::string change =
-      GetCodeText(static_cast<int>(field.GetSection())) + "." + GetFieldTitle(field.GetNameId());
+      scene::GetCodeText(static_cast<int>(field.GetSection())) + "." + scene::GetFieldTitle(field.GetNameId());
   if (changed) change += "=" + values;
   if (switched) change += on ? ":on" : ":off";
   changes.push_back(change);
@@ -102,7 +102,7 @@ std::vector<std::string> FindChanges(SettingsData& settings, SettingsData& defau
     bool known = false;
     for (int k = 0; k < defaults.GetSectionCount(); ++k) known = known || defaults.GetSectionAt(k)->id == id;
     if (known && on != (defaults.GetSectionStatus(id, false) != 0)) {
-      changes.push_back(GetCodeText(static_cast<int>(id)) + (on ? ":on" : ":off"));
+      changes.push_back(scene::GetCodeText(static_cast<int>(id)) + (on ? ":on" : ":off"));
     }
   }
   for (int i = 0; i < settings.GetFieldCount(); ++i)

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "scene/bodies/orbit_paths.h"
+#include "skyview/options/orbit_request.h"
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"
 #include "skyview/options/settings_group.h"

@@ -25,7 +25,7 @@ struct ViewOptions {
   std::optional<Look> look;
   std::optional<double> zoom;
   std::optional<PictureSize> size;
-  std::vector<SkyMark> markers;
+  std::vector<scene::SkyMark> markers;
 
   PictureSize GetSize() const { return size.value_or(PictureSize{}); }
 };

@@ -8,10 +8,10 @@
 #include "common_interfaces/gazetteers.h"
 #include "common_interfaces/panoramas.h"
 #include "common_interfaces/planets_and_moons.h"
-#include "scene/catalogs/object_names.h"
-#include "scene/search/name_key.h"
-#include "scene/visibility/object_filter.h"
-#include "skyview/options/name_list.h"
+#include "scene/object_names.h"
+#include "scene/name_key.h"
+#include "scene/object_filter.h"
+#include "utils/messages.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
@@ -49,9 +49,9 @@ class BodyReport {
   }
 
   const Body* Find(const std::string& name) const {
-    const std::string key = MakeNameKey(name);
+    const std::string key = scene::MakeNameKey(name);
     for (const auto& body : m_Bodies) {
-      if (MakeNameKey(body.written) == key || MakeNameKey(body.localized) == key) return &body;
+      if (scene::MakeNameKey(body.written) == key || scene::MakeNameKey(body.localized) == key) return &body;
     }
     return nullptr;
   }
@@ -77,18 +77,18 @@ class BodyReport {
  private:
   void Add(const SSO_ID& id) {
     const char* const name = m_Description.GetObjectName(id);
-    m_Bodies.push_back({id, name ? MessageToUtf8(name) : "", ToUtf8(GetPlanetOrMoonName(id))});
+    m_Bodies.push_back({id, name ? scene::MessageToUtf8(name) : "", scene::ToUtf8(scene::GetPlanetOrMoonName(id))});
   }
 
   static std::string GetTitle(const Body& body) {
-    return body.GetName() + " (" + GetCodeText(body.id.kind) + " " + std::to_string(body.id.number) + ")";
+    return body.GetName() + " (" + scene::GetCodeText(body.id.kind) + " " + std::to_string(body.id.number) + ")";
   }
 
   std::string GetTitle(const SSO_ID& id) const {
     for (const auto& body : m_Bodies) {
       if (body.id == id) return GetTitle(body);
     }
-    return id.IsEmpty() ? "" : GetCodeText(id.kind) + " " + std::to_string(id.number);
+    return id.IsEmpty() ? "" : scene::GetCodeText(id.kind) + " " + std::to_string(id.number);
   }
 
   std::string ListMoons(const SSO_ID& planet) const {
@@ -109,12 +109,12 @@ class BodyReport {
   }
 
   static std::string DescribePanorama(const PanoramaInfo& panorama) {
-    std::string text = MessageToUtf8(panorama.GetTitle());
+    std::string text = scene::MessageToUtf8(panorama.GetTitle());
     if (!text.empty()) text += ", ";
     text += panorama.GetPath();
-    if (panorama.IsDefault()) text += ", " + ToUtf8(Localize(HostText::kDefaultPanorama, {}));
+    if (panorama.IsDefault()) text += ", " + scene::ToUtf8(Localize(HostText::kDefaultPanorama, {}));
     if (ZentharPath::GetPath(panorama.GetPath().c_str()).empty())
-      text += ", " + ToUtf8(Localize(HostText::kFileMissing, {}));
+      text += ", " + scene::ToUtf8(Localize(HostText::kFileMissing, {}));
     return text;
   }
 
@@ -125,7 +125,7 @@ class BodyReport {
   }
 
   static void AddLine(HostText caption, const std::string& value, std::string& text) {
-    text += ToUtf8(Localize(caption, {})) + ": " + (value.empty() ? kNothing : value) + "\n";
+    text += scene::ToUtf8(Localize(caption, {})) + ": " + (value.empty() ? kNothing : value) + "\n";
   }
 
   PlanetMoonDescription m_Description;

@@ -7,7 +7,7 @@
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
 #include "skyview/reports/host_texts.h"
-#include "scene/catalogs/object_names.h"
+#include "scene/object_names.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -15,7 +15,7 @@ namespace {
 
 using Arguments = std::initializer_list<CommonInterfaces::FormatArgument>;
 
-std::string Line(HostText text, Arguments arguments) { return ToUtf8(Localize(text, arguments)) + "\n"; }
+std::string Line(HostText text, Arguments arguments) { return scene::ToUtf8(Localize(text, arguments)) + "\n"; }
 
 HostText Nth(HostText first, int index) { return static_cast<HostText>(static_cast<int>(first) + index); }
 
@@ -26,58 +26,58 @@ double FindLongitudeFromSun(const ObservedBody& body, const ObservedBody& sun) {
   const auto longitude = [obliquity](const double v[3]) {
     return std::atan2(std::cos(obliquity) * v[1] + std::sin(obliquity) * v[2], v[0]);
   };
-  const double ahead = std::fmod(longitude(body.apparent) - longitude(sun.apparent), 2.0 * kPi);
-  return ahead < 0.0 ? ahead + 2.0 * kPi : ahead;
+  const double ahead = std::fmod(longitude(body.apparent) - longitude(sun.apparent), 2.0 * scene::kPi);
+  return ahead < 0.0 ? ahead + 2.0 * scene::kPi : ahead;
 }
 
 // New, crescent, quarter, gibbous, full and back, each an eighth of the way around the Sun.
-HostText MoonPhase(const BodyModel& model) {
+HostText MoonPhase(const scene::BodyModel& model) {
   const double ahead = FindLongitudeFromSun(model.GetMoon().seen, model.GetSun().seen);
-  return Nth(HostText::kFirstMoonPhase, static_cast<int>(std::lround(ahead / (0.25 * kPi))) % 8);
+  return Nth(HostText::kFirstMoonPhase, static_cast<int>(std::lround(ahead / (0.25 * scene::kPi))) % 8);
 }
 
 // In the evening sky while it is east of the Sun: as a crescent, half, or gibbous, and thence on as a full disc.
-HostText PlanetPhase(const BodyModel& model, const ObservedBody& seen) {
+HostText PlanetPhase(const scene::BodyModel& model, const ObservedBody& seen) {
   constexpr int kCrescent = 0, kHalf = 1, kGibbous = 2, kFull = 3, kMorning = 4;
-  const bool evening = FindLongitudeFromSun(seen, model.GetSun().seen) < kPi;
+  const bool evening = FindLongitudeFromSun(seen, model.GetSun().seen) < scene::kPi;
   const int lit = GetLitPercent(seen.phaseAngle);
   const int shape = lit < 45 ? kCrescent : lit <= 55 ? kHalf : lit < 97 ? kGibbous : kFull;
   return Nth(HostText::kFirstPlanetPhase, shape + (evening ? 0 : kMorning));
 }
 
-std::string DescribeBody(const BodyModel& model, int body) {
+std::string DescribeBody(const scene::BodyModel& model, int body) {
   const SSO_ID& id = model.GetBodies()[static_cast<std::size_t>(body)].id;
   const ObservedBody& seen = model.GetStates()[static_cast<std::size_t>(body)].seen;
-  const std::string name = GetPlanetOrMoonName(id), size = FormatSize(2.0 * seen.angularRadius);
-  if (body == kSunBody) return Line(HostText::kSunSeen, {name.c_str(), seen.magnitude, size.c_str()});
-  const HostText phase = body == kMoonBody ? MoonPhase(model) : PlanetPhase(model, seen);
+  const std::string name = scene::GetPlanetOrMoonName(id), size = FormatSize(2.0 * seen.angularRadius);
+  if (body == scene::kSunBody) return Line(HostText::kSunSeen, {name.c_str(), seen.magnitude, size.c_str()});
+  const HostText phase = body == scene::kMoonBody ? MoonPhase(model) : PlanetPhase(model, seen);
   return Line(HostText::kBodySeen, {name.c_str(), seen.magnitude, size.c_str(),
                                     GetLitPercent(seen.phaseAngle), Localize(phase, {}).c_str()});
 }
 
-std::string DescribeEclipses(const EclipseShadows& shadows) {
+std::string DescribeEclipses(const scene::EclipseShadows& shadows) {
   std::string text;
-  if (shadows.GetLunarEclipse() != LunarEclipse::kNone) {
-    const int kind = static_cast<int>(shadows.GetLunarEclipse()) - static_cast<int>(LunarEclipse::kPenumbral);
+  if (shadows.GetLunarEclipse() != scene::LunarEclipse::kNone) {
+    const int kind = static_cast<int>(shadows.GetLunarEclipse()) - static_cast<int>(scene::LunarEclipse::kPenumbral);
     text += Line(HostText::kLunarEclipse, {Localize(Nth(HostText::kFirstLunarEclipse, kind), {}).c_str(),
                                            shadows.GetUmbralMagnitude(), shadows.GetPenumbralMagnitude()});
   }
-  if (shadows.GetSolarEclipse() == SolarEclipse::kElsewhere) {
+  if (shadows.GetSolarEclipse() == scene::SolarEclipse::kElsewhere) {
     text += Line(HostText::kSolarEclipseElsewhere, {});
-  } else if (shadows.GetSolarEclipse() != SolarEclipse::kNone) {
-    const int kind = static_cast<int>(shadows.GetSolarEclipse()) - static_cast<int>(SolarEclipse::kPartial);
+  } else if (shadows.GetSolarEclipse() != scene::SolarEclipse::kNone) {
+    const int kind = static_cast<int>(shadows.GetSolarEclipse()) - static_cast<int>(scene::SolarEclipse::kPartial);
     text += Line(HostText::kSolarEclipse, {Localize(Nth(HostText::kFirstSolarEclipse, kind), {}).c_str(),
                                            shadows.GetSolarMagnitude()});
   }
   return text;
 }
 
-std::string DescribeSatellite(const SolarSystemPart& part, int body) {
+std::string DescribeSatellite(const scene::SkyFrame& frame, int body) {
   constexpr double kKmPerAu = 149597870.7;
-  const BodyModel& model = part.GetModel();
-  const std::string name = ToCodePage(GetBodyLabel(model.GetBodies()[static_cast<std::size_t>(body)]));
+  const scene::BodyModel& model = frame.GetBodies();
+  const std::string name = scene::ToCodePage(scene::GetBodyLabel(model.GetBodies()[static_cast<std::size_t>(body)]));
   const HostText light =
-      part.GetPasses().IsSunlitNow(body) ? HostText::kSatelliteSunlit : HostText::kSatelliteInShadow;
+      frame.IsSunlit(body) ? HostText::kSatelliteSunlit : HostText::kSatelliteInShadow;
   const double distance = model.GetStates()[static_cast<std::size_t>(body)].seen.distance * kKmPerAu;
   return Line(HostText::kSatelliteSeen, {name.c_str(), distance, Localize(light, {}).c_str()});
 }
@@ -85,7 +85,7 @@ std::string DescribeSatellite(const SolarSystemPart& part, int body) {
 }  // namespace
 
 std::string FormatSize(double angle) {
-  const double seconds = angle / kRadiansPerDegree * 3600.0;
+  const double seconds = angle / scene::kRadiansPerDegree * 3600.0;
   constexpr double kMinute = 60.0, kDegree = 3600.0;
   if (seconds >= kDegree) return Localize(HostText::kDegreesAcross, {seconds / kDegree});
   return seconds < 2.0 * kMinute ? Localize(HostText::kSecondsAcross, {seconds})
@@ -96,19 +96,19 @@ int GetLitPercent(double phaseAngle) {
   return static_cast<int>(std::lround(50.0 * (1.0 + std::cos(phaseAngle))));
 }
 
-std::string DescribeBodies(const SolarSystemPart& part) {
-  if (!part.IsSeenFromEarth()) return "";
-  const BodyList& bodies = part.GetModel().GetBodies();
+std::string DescribeBodies(const scene::SkyFrame& frame) {
+  if (!frame.IsSeenFromEarth()) return "";
+  const scene::BodyList& bodies = frame.GetBodies().GetBodies();
   std::string known, satellites;
   int count = 0;
   for (int body = 0; body < static_cast<int>(bodies.size()); ++body) {
-    if (!part.GetMarks().Find(body)) continue;
+    if (!frame.IsBodyDrawn(body)) continue;
     ++count;
     const int kind = bodies[static_cast<std::size_t>(body)].id.kind;
-    if (kind == FourCC("plnt") || kind == FourCC("moon")) known += DescribeBody(part.GetModel(), body);
-    if (kind == FourCC("scft")) satellites += DescribeSatellite(part, body);
+    if (kind == FourCC("plnt") || kind == FourCC("moon")) known += DescribeBody(frame.GetBodies(), body);
+    if (kind == FourCC("scft")) satellites += DescribeSatellite(frame, body);
   }
-  return Line(HostText::kBodiesDrawn, {count}) + known + DescribeEclipses(part.GetShadows()) + satellites;
+  return Line(HostText::kBodiesDrawn, {count}) + known + DescribeEclipses(frame.GetEclipses()) + satellites;
 }
 
 }  // namespace skyview

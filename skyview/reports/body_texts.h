@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "scene/bodies/solar_system_part.h"
+#include "scene/sky_frame.h"
 
 namespace skyview {
 
@@ -19,6 +19,6 @@ int GetLitPercent(double phaseAngle);
 // Lines for the report, UTF-8, each ending in "\n": the Sun, the Moon and the planets that are drawn, with magnitude,
 // size and phase; eclipses; the satellites that are drawn; how many bodies are. "" for observers elsewhere than on the
 // Earth.
-std::string DescribeBodies(const SolarSystemPart& part);
+std::string DescribeBodies(const scene::SkyFrame& frame);
 
 }  // namespace skyview

@@ -16,6 +16,7 @@ using CommonInterfaces::TextUse;
 constexpr int kMaxLength = 200;  // bytes; a line of the report stays readable
 
 constexpr TextUse kHostTexts[] = {
+    {900000, 900000, "", kMaxLength, true, "skyview: name of the program"},
     {900001, 900002, "s", kMaxLength, true, "skyview: place, coordinates"},
     {900003, 900004, "s", kMaxLength, true, "skyview: date, centre of the view"},
     {900005, 900005, "ss", kMaxLength, true, "skyview: direction, compass point"},
@@ -56,15 +57,6 @@ constexpr TextUse kHostTexts[] = {
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
 };
 
-CodePage GetPage() { return GetCodePageOf(GetSystemLocale()); }
-
-bool IsUtf8(const std::string& text) {
-  for (int at = 0, length = 0; at < static_cast<int>(text.size()); at += length) {
-    if (DecodeUtf8(text, at, &length) < 0) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 const TextUse* GetHostTexts(int* count) {
@@ -75,21 +67,5 @@ const TextUse* GetHostTexts(int* count) {
 std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments) {
   return CommonInterfaces::FormatLocalizedText(static_cast<unsigned>(text), arguments);
 }
-
-std::string ToUtf8(const std::string& text) { return CodePageToUtf8(GetPage(), text); }
-
-std::string ToCodePage(const std::string& utf8) {
-  std::string text, character;
-  for (int at = 0, length = 0; at < static_cast<int>(utf8.size()); at += length) {
-    DecodeUtf8(utf8, at, &length);
-    const std::string one = utf8.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length));
-    text += Utf8ToCodePage(GetPage(), one, &character, nullptr) ? character : "?";
-  }
-  return text;
-}
-
-std::string NameToCodePage(const std::string& name) { return IsUtf8(name) ? ToCodePage(name) : name; }
-
-std::string MessageToUtf8(const std::string& message) { return IsUtf8(message) ? message : ToUtf8(message); }
 
 }  // namespace skyview

@@ -1,19 +1,20 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// skyview's own texts in the string table, in the range of numbers that belongs to applications, and the way of all
-// texts to the outside: in memory they are in the code page of the language, printed and drawn they are UTF-8.
+// skyview's own texts in the string table, in the range of numbers that belongs to applications.
 #pragma once
 
 #include <initializer_list>
 #include <string>
 
 #include "common_interfaces/text_formats.h"
+#include "scene/texts.h"
 
 namespace skyview {
 
 enum class HostText : int {
-  kPlace = 900001,
+  kProgramName = 900000,
+  kPlace,
   kCoordinates,
   kDate,
   kCentre,
@@ -29,9 +30,6 @@ enum class HostText : int {
   kLimitsOfClass,
   kFirstClass = 900021,    // the classes of objects in the order of the report
   kEarthAsPlace = 900100,  // the Earth as it follows the captions of the place
-  kFirstPlanet = 900101,   // names of the planets by number, Mercury to Pluto
-  kSun = 900110,
-  kMoon = 900111,
   kFavourites = 900201,
   kActiveShowers = 900211,
   kShower,
@@ -86,14 +84,5 @@ const CommonInterfaces::TextUse* GetHostTexts(int* count);
 // The text, formatted with its arguments, which are in the code page of the language, as the result is. "" when the
 // table lacks it or it does not fit, with one diagnostic line.
 std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments);
-
-// From and to the code page of the current language. A character that the page lacks becomes '?', and so does each
-// byte that is no UTF-8.
-std::string ToUtf8(const std::string& text);
-std::string ToCodePage(const std::string& utf8);
-// A name from a file that a user may have edited: UTF-8 goes to the code page; what is none is taken to be there.
-std::string NameToCodePage(const std::string& name);
-// A message of the libraries, which quotes paths in UTF-8 or texts in the code page.
-std::string MessageToUtf8(const std::string& message);
 
 }  // namespace skyview

@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "astro/julian_date.h"
-#include "skyview/reports/text_format.h"
+#include "utils/messages.h"
 
 namespace skyview {
 
@@ -15,7 +15,7 @@ std::string FormatMoment(int day, double fraction) {
   Adjust_JD(day, fraction);
   CalendarDate date;
   JD(day, std::round(fraction * kMinutesPerDay) / kMinutesPerDay, date);
-  return Format("%s%04d-%02d-%02d %02d:%02d", date.year < 0 ? "-" : "", std::abs(date.year), date.month,
+  return FormatText("%s%04d-%02d-%02d %02d:%02d", date.year < 0 ? "-" : "", std::abs(date.year), date.month,
                 date.day, date.hour, date.minute);
 }
 

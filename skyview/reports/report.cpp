@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 
+#include "scene/class_limits.h"
 #include "skyview/reports/body_texts.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/text.h"
@@ -18,7 +19,7 @@ constexpr int kClasses[] = {FourCC("star"), FourCC("clst"), FourCC("gala"), Four
                             FourCC("plnt"), FourCC("moon"), FourCC("astr"), FourCC("comt"), FourCC("scft")};
 
 std::string Line(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments) {
-  return ToUtf8(Localize(text, arguments)) + "\n";
+  return scene::ToUtf8(Localize(text, arguments)) + "\n";
 }
 
 // A line for each class.
@@ -26,23 +27,23 @@ std::string FormatLimits(const Camera& camera, HostText format, const char* inde
   std::string lines;
   int text = static_cast<int>(HostText::kFirstClass);
   for (const int cls : kClasses) {
-    const ClassLimits limits(camera, cls);
+    const scene::ClassLimits limits(camera, cls);
     const std::string name = Localize(static_cast<HostText>(text++), {});
-    lines += indent + Line(format, {name.c_str(), MagnitudeOfCode(limits.draw), MagnitudeOfCode(limits.full),
-                                    MagnitudeOfCode(limits.label)});
+    lines += indent + Line(format, {name.c_str(), scene::MagnitudeOfCode(limits.draw), scene::MagnitudeOfCode(limits.full),
+                                    scene::MagnitudeOfCode(limits.label)});
   }
   return lines;
 }
 
 }  // namespace
 
-std::string MakeReport(const Camera& camera, const std::vector<std::string>& status, const SkyFrame& frame) {
+std::string MakeReport(const Camera& camera, const std::vector<std::string>& status, const scene::SkyFrame& frame) {
   std::string report;
   for (const auto& text : status) report += text + "\n";
   report += FormatLimits(camera, HostText::kMagnitudeLimits, "");
   report += Line(HostText::kStarsDrawn, {static_cast<int>(frame.GetStars().size())});
   report += Line(HostText::kDeepskyDrawn, {static_cast<int>(frame.GetDeepsky().size())});
-  report += DescribeBodies(frame.GetSolarSystem());
+  report += DescribeBodies(frame);
   return report;
 }
 

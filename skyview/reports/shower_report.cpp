@@ -7,14 +7,14 @@
 
 #include "common_interfaces/dates.h"
 #include "skyview/reports/host_texts.h"
-#include "scene/bodies/shower_activity.h"
-#include "scene/view/standing.h"
+#include "scene/shower_activity.h"
+#include "scene/standing.h"
 
 namespace skyview {
 namespace {
 
 struct ActiveShower {
-  const Shower* shower;
+  const scene::Shower* shower;
   int daysToPeak;
 };
 
@@ -23,16 +23,16 @@ std::string FormatPeak(int days) {
   return Localize(days > 0 ? HostText::kDaysToPeak : HostText::kDaysSincePeak, {std::abs(days)});
 }
 
-std::string FormatLine(const ActiveShower& active, const ObserverFrame& observer) {
+std::string FormatLine(const ActiveShower& active, const scene::ObserverFrame& observer) {
   const auto& record = active.shower->record;
   std::string line = Localize(HostText::kShower, {record.name, record.code, static_cast<int>(record.raHours),
                                                   static_cast<int>(record.raMinutes), record.decSign,
                                                   static_cast<int>(record.decDegrees)});
   if (observer.horizon) {
-    const Standing standing = FindStanding(ApparentDirection(active.shower->radiant, observer), observer);
+    const scene::Standing standing = scene::FindStanding(scene::ApparentDirection(active.shower->radiant, observer), observer);
     line += Localize(HostText::kStanding, {standing.azimuth, standing.altitude});
   }
-  return "  " + ToUtf8(line + FormatPeak(active.daysToPeak)) + "\n";
+  return "  " + scene::ToUtf8(line + FormatPeak(active.daysToPeak)) + "\n";
 }
 
 std::string FormatDate(const CommonInterfaces::Camera& camera) {
@@ -45,17 +45,17 @@ std::string FormatDate(const CommonInterfaces::Camera& camera) {
 
 }  // namespace
 
-std::string MakeShowerReport(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
-                             const std::vector<Shower>& showers) {
+std::string MakeShowerReport(const CommonInterfaces::Camera& camera, const scene::ObserverFrame& observer,
+                             const std::vector<scene::Shower>& showers) {
   std::vector<ActiveShower> active;
   for (const auto& shower : showers) {
-    if (const auto days = FindDaysToPeak(shower.record, GetCivilDay(camera)))
+    if (const auto days = scene::FindDaysToPeak(shower.record, scene::GetCivilDay(camera)))
       active.push_back({&shower, *days});
   }
   std::stable_sort(active.begin(), active.end(), [](const ActiveShower& a, const ActiveShower& b) {
     return std::abs(a.daysToPeak) < std::abs(b.daysToPeak);
   });
-  std::string report = ToUtf8(Localize(HostText::kActiveShowers,
+  std::string report = scene::ToUtf8(Localize(HostText::kActiveShowers,
                                        {FormatDate(camera).c_str(), static_cast<int>(active.size())})) +
                        "\n";
   for (const auto& entry : active) report += FormatLine(entry, observer);

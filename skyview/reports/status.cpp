@@ -11,10 +11,10 @@
 #include "common_interfaces/refraction.h"
 #include "common_interfaces/status_strings.h"
 #include "common_interfaces/string_table.h"
-#include "scene/view/base_plane.h"
-#include "scene/view/horizon.h"
+#include "scene/base_plane.h"
+#include "scene/compass.h"
 #include "skyview/reports/host_texts.h"
-#include "scene/catalogs/object_names.h"
+#include "scene/object_names.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -36,7 +36,7 @@ constexpr unsigned kFirstPlaneName = 5011;                                  // b
 // for what they show, so each text sets up a copy of the camera that shows it.
 class StatusWriter {
  public:
-  StatusWriter(const Camera& camera, const SkyCatalogs& catalogs)
+  StatusWriter(const Camera& camera, const scene::SkyCatalogs& catalogs)
       : m_Camera(camera), m_Shown(camera), m_Catalogs(catalogs) {
     m_Shown = camera;  // constructing from a camera copies nothing
   }
@@ -55,7 +55,7 @@ class StatusWriter {
 
  private:
   void Add(const std::string& text) {
-    if (!text.empty()) m_Texts.push_back(ToUtf8(text));
+    if (!text.empty()) m_Texts.push_back(scene::ToUtf8(text));
   }
   void AddPlace();
   void AddTimes();
@@ -67,18 +67,18 @@ class StatusWriter {
 
   const Camera& m_Camera;
   Camera m_Shown;
-  const SkyCatalogs& m_Catalogs;
+  const scene::SkyCatalogs& m_Catalogs;
   std::vector<std::string> m_Texts;
 };
 
 std::string StatusWriter::GetEarthOrObserver() const {
   if (m_Camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return Localize(HostText::kEarthAsPlace, {});
-  return GetObjectName(m_Camera.GetObserver(), m_Catalogs);
+  return scene::GetObjectName(m_Camera.GetObserver(), m_Catalogs);
 }
 
 void StatusWriter::AddPlace() {
   const std::string& name = m_Camera.GetLocationName();
-  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : NameToCodePage(name)).c_str());
+  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : scene::NameToCodePage(name)).c_str());
   Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
   Add(Localize(
       HostText::kCoordinates,
@@ -131,7 +131,7 @@ void StatusWriter::AddCentredObject() {
   SSO_ID object = m_Camera.GetCenterObject();
   if (object.IsEmpty()) return;
   if (!*object.name) {
-    std::snprintf(object.name, sizeof object.name, "%s", GetObjectName(object, m_Catalogs).c_str());
+    std::snprintf(object.name, sizeof object.name, "%s", scene::GetObjectName(object, m_Catalogs).c_str());
   }
   m_Shown.SetCenterViewLock(false);
   m_Shown.SetCenterView(object);
@@ -139,8 +139,8 @@ void StatusWriter::AddCentredObject() {
 }
 
 double GetAzimuth(const Camera& camera) {
-  const double azimuth = std::fmod(-camera.GetViewAngles().lon, 2.0 * kPi);
-  return azimuth < 0.0 ? azimuth + 2.0 * kPi : azimuth;
+  const double azimuth = std::fmod(-camera.GetViewAngles().lon, 2.0 * scene::kPi);
+  return azimuth < 0.0 ? azimuth + 2.0 * scene::kPi : azimuth;
 }
 
 std::string GetPlaneName(unsigned char plane) {
@@ -157,13 +157,13 @@ void StatusWriter::AddDirection() {
     m_Shown.SetAimingDispType(mode);
     return CommonInterfaces::GetDirectionString(&m_Shown, kHours, kHorizonDegrees, kOtherDegrees);
   };
-  if (m_Camera.GetBasePlane() == kHorizonPlane) {
+  if (m_Camera.GetBasePlane() == scene::kHorizonPlane) {
     angles.lon = GetAzimuth(m_Camera);
-    const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * kPi))) % 8;
-    const std::string compassPoint = ToCodePage(FetchCompassLetters().text[eighth]);
+    const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * scene::kPi))) % 8;
+    const std::string compassPoint = scene::ToCodePage(scene::FetchCompassLetters().text[eighth]);
     Add(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
     AddRefraction();
-  } else if (m_Camera.GetBasePlane() != kEquatorPlane) {
+  } else if (m_Camera.GetBasePlane() != scene::kEquatorPlane) {
     const std::string plane = GetPlaneName(m_Camera.GetBasePlane());
     Add(Localize(HostText::kDirection, {format(kOtherDirection).c_str(), plane.c_str()}));
   }
@@ -176,13 +176,13 @@ void StatusWriter::AddRefraction() {
   double apparent = altitude;
   CommonInterfaces::ShiftAltOnEarthRefraction(&apparent);
   if (apparent > altitude) {
-    Add(Localize(HostText::kRefraction, {(apparent - altitude) / kRadiansPerDegree}));
+    Add(Localize(HostText::kRefraction, {(apparent - altitude) / scene::kRadiansPerDegree}));
   }
 }
 
 }  // namespace
 
-std::vector<std::string> MakeStatus(const Camera& camera, const SkyCatalogs& catalogs) {
+std::vector<std::string> MakeStatus(const Camera& camera, const scene::SkyCatalogs& catalogs) {
   return StatusWriter(camera, catalogs).Write();
 }
 

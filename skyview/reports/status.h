@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common_interfaces/camera.h"
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
 
 namespace skyview {
 
@@ -14,6 +14,6 @@ namespace skyview {
 // Universal Time, date, centred object, direction, refraction, plane, slope, zoom, field of view. One UTF-8 text
 // each, without line ends, the same for the report and for the picture; what does not apply is left out. The camera
 // is prepared (PrepareObserver) and has its window.
-std::vector<std::string> MakeStatus(const CommonInterfaces::Camera& camera, const SkyCatalogs& catalogs);
+std::vector<std::string> MakeStatus(const CommonInterfaces::Camera& camera, const scene::SkyCatalogs& catalogs);
 
 }  // namespace skyview

@@ -4,7 +4,7 @@
 
 #include <charconv>
 
-#include "skyview/reports/text_format.h"
+#include "utils/messages.h"
 
 namespace skyview {
 
@@ -16,7 +16,7 @@ unsigned long long Checksum(std::string_view bytes) {
 }
 
 std::string FormatChecksum(unsigned long long checksum) {
-  return Format("%08x%08x", static_cast<unsigned>(checksum >> 32), static_cast<unsigned>(checksum));
+  return FormatText("%08x%08x", static_cast<unsigned>(checksum >> 32), static_cast<unsigned>(checksum));
 }
 
 std::optional<unsigned long long> ParseChecksum(std::string_view text) {

@@ -7,9 +7,9 @@
 #include <optional>
 
 #include "common_interfaces/object_lists.h"
-#include "scene/search/name_key.h"
-#include "scene/visibility/object_filter.h"
-#include "skyview/options/name_list.h"
+#include "scene/name_key.h"
+#include "scene/object_filter.h"
+#include "utils/messages.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
@@ -34,7 +34,7 @@ void SetName(const std::string& name, SSO_ID& id) {
 // The changes of one run.
 class ListEditor {
  public:
-  ListEditor(const ObjectSearch& search, const SkyCatalogs& catalogs)
+  ListEditor(const scene::ObjectSearch& search, const scene::SkyCatalogs& catalogs)
       : m_Search(search), m_Catalogs(catalogs) {
     m_File.Read();
   }
@@ -78,7 +78,7 @@ class ListEditor {
   std::optional<SSO_ID> Identify(const std::string& name, std::string& error) const {
     const auto found = m_Search.FindOne(name, error);
     if (!found) return std::nullopt;
-    SSO_ID id(GetKind(*found, m_Catalogs), GetNumber(*found, m_Catalogs));
+    SSO_ID id(scene::GetKind(*found, m_Catalogs), scene::GetNumber(*found, m_Catalogs));
     if (id.number == -1) {
       error = "'" + name + "': has no number in its catalog, by which the list knows objects";
       return std::nullopt;
@@ -89,22 +89,22 @@ class ListEditor {
 
   // What the list holds need not be in the catalogs of today.
   std::optional<SSO_ID> FindInList(const std::string& name) const {
-    const std::string key = MakeNameKey(name);
+    const std::string key = scene::MakeNameKey(name);
     for (const auto& entry : m_File.GetObjects()) {
-      if (MakeNameKey(MessageToUtf8(entry.name)) == key) return entry;
+      if (scene::MakeNameKey(scene::MessageToUtf8(entry.name)) == key) return entry;
     }
     return std::nullopt;
   }
 
   std::string DescribeNear(const std::string& name) const {
     std::vector<std::string> names;
-    for (const auto& entry : m_File.GetObjects()) names.push_back(MessageToUtf8(entry.name));
+    for (const auto& entry : m_File.GetObjects()) names.push_back(scene::MessageToUtf8(entry.name));
     const std::string near = JoinNames(FindNearNames(name, names));
     return near.empty() ? "" : "; similar there: " + near;
   }
 
-  const ObjectSearch& m_Search;
-  const SkyCatalogs& m_Catalogs;
+  const scene::ObjectSearch& m_Search;
+  const scene::SkyCatalogs& m_Catalogs;
   FavouriteObjectsFile m_File;
   bool m_Changed = false;
 };
@@ -118,8 +118,8 @@ std::vector<SSO_ID> ReadFavourites() {
   return file.GetObjects();
 }
 
-bool AddToFavourites(const std::vector<std::string>& names, const ObjectSearch& search,
-                     const SkyCatalogs& catalogs, std::string& error) {
+bool AddToFavourites(const std::vector<std::string>& names, const scene::ObjectSearch& search,
+                     const scene::SkyCatalogs& catalogs, std::string& error) {
   ListEditor editor(search, catalogs);
   for (const auto& name : names) {
     if (!editor.Add(name, error)) return false;
@@ -127,8 +127,8 @@ bool AddToFavourites(const std::vector<std::string>& names, const ObjectSearch& 
   return editor.Save(error);
 }
 
-bool RemoveFromFavourites(const std::vector<std::string>& names, const ObjectSearch& search,
-                          const SkyCatalogs& catalogs, std::string& error) {
+bool RemoveFromFavourites(const std::vector<std::string>& names, const scene::ObjectSearch& search,
+                          const scene::SkyCatalogs& catalogs, std::string& error) {
   ListEditor editor(search, catalogs);
   for (const auto& name : names) {
     if (!editor.Remove(name, error)) return false;
@@ -137,9 +137,9 @@ bool RemoveFromFavourites(const std::vector<std::string>& names, const ObjectSea
 }
 
 std::string FormatFavourites(const std::vector<SSO_ID>& favourites) {
-  std::string text = ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
+  std::string text = scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
   for (const auto& entry : favourites) {
-    text += "  " + MessageToUtf8(entry.name) + " (" + GetCodeText(entry.kind) + " " +
+    text += "  " + scene::MessageToUtf8(entry.name) + " (" + scene::GetCodeText(entry.kind) + " " +
             std::to_string(entry.number) + ")\n";
   }
   return text;

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstdio>
 
-#include "scene/view/base_plane.h"
-#include "scene/view/directions.h"
+#include "scene/base_plane.h"
+#include "scene/directions.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/moment_text.h"
-#include "skyview/reports/text_format.h"
+#include "utils/messages.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -36,20 +36,20 @@ std::string FormatObject(const SSO_ID& object) {
 std::string FormatPlace(const HomeParameters& home) {
   const int located = CommonInterfaces::kHomeLocation | CommonInterfaces::kHomeLocationOnly;
   if ((home.flags & located) == 0) return "none";
-  std::string text = Format("latitude %.6g\u00B0, longitude %.6g\u00B0, distance %.6g au",
-                            home.location.lat / kRadiansPerDegree, home.location.lon / kRadiansPerDegree,
+  std::string text = FormatText("latitude %.6g\u00B0, longitude %.6g\u00B0, distance %.6g au",
+                            home.location.lat / scene::kRadiansPerDegree, home.location.lon / scene::kRadiansPerDegree,
                             home.location.dist);
-  text += Format(", moving type %d, location type %d", home.movingType, home.locationType);
-  if (*home.locationName) text += ", " + ToUtf8(NameToCodePage(home.locationName));
+  text += FormatText(", moving type %d, location type %d", home.movingType, home.locationType);
+  if (*home.locationName) text += ", " + scene::ToUtf8(scene::NameToCodePage(home.locationName));
   return text;
 }
 
 std::string FormatView(const HomeParameters& home) {
   if ((home.flags & CommonInterfaces::kHomeView) == 0) return "none";
-  const double azimuth = std::fmod(2.0 * kPi - std::fmod(home.alp, 2.0 * kPi), 2.0 * kPi);
-  std::string text = Format("azimuth %.4f\u00B0, altitude %.4f\u00B0, slope %.4f\u00B0, zoom %.6g",
-                            azimuth / kRadiansPerDegree, home.bet / kRadiansPerDegree,
-                            home.slp / kRadiansPerDegree, home.zoom);
+  const double azimuth = std::fmod(2.0 * scene::kPi - std::fmod(home.alp, 2.0 * scene::kPi), 2.0 * scene::kPi);
+  std::string text = FormatText("azimuth %.4f\u00B0, altitude %.4f\u00B0, slope %.4f\u00B0, zoom %.6g",
+                            azimuth / scene::kRadiansPerDegree, home.bet / scene::kRadiansPerDegree,
+                            home.slp / scene::kRadiansPerDegree, home.zoom);
   if (home.directionLocked) text += ", locked on " + FormatObject(home.centerObject);
   return text;
 }
@@ -84,7 +84,7 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
                      CommonInterfaces::kHomeTime);
   camera.SaveHomeParams();
   if (diagnostics.lines.size() == before) return true;
-  error = "home_params.ini: " + MessageToUtf8(diagnostics.lines[before]);
+  error = "home_params.ini: " + scene::MessageToUtf8(diagnostics.lines[before]);
   error.erase(error.find_last_not_of('\n') + 1);
   diagnostics.lines.resize(before);
   return false;
@@ -95,8 +95,8 @@ ViewResult GoHome(Camera& camera) {
     return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);
-  if (IsNearSurface(camera)) {
-    camera.SetBasePlane(kHorizonPlane);
+  if (scene::IsNearSurface(camera)) {
+    camera.SetBasePlane(scene::kHorizonPlane);
     camera.SetRA_Dec(camera.GetViewAngles());
   }
   return {};

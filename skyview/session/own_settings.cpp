@@ -8,10 +8,10 @@
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
-#include "scene/visibility/object_filter.h"
-#include "skyview/options/name_list.h"
+#include "scene/object_filter.h"
+#include "utils/messages.h"
 #include "skyview/options/setting_text.h"
-#include "skyview/session/favourites.h"
+#include "scene/favourites.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 
@@ -31,7 +31,7 @@ ViewResult BadFile(const std::string& message) { return {Failure::kBadData, mess
 std::vector<std::string> ListSections(const SettingsData& settings) {
   std::vector<std::string> names;
   for (int i = 0; i < settings.GetSectionCount(); ++i) {
-    names.push_back(GetCodeText(static_cast<int>(settings.GetSectionAt(i)->id)));
+    names.push_back(scene::GetCodeText(static_cast<int>(settings.GetSectionAt(i)->id)));
   }
   return names;
 }
@@ -40,7 +40,7 @@ std::vector<std::string> ListFields(const SettingsData& settings, unsigned secti
   std::vector<std::string> names;
   for (int i = 0; i < settings.GetFieldCount(); ++i) {
     const SettingField* field = settings.GetFieldAt(i);
-    if (field->GetSection() == section) names.push_back(GetFieldTitle(field->GetNameId()));
+    if (field->GetSection() == section) names.push_back(scene::GetFieldTitle(field->GetNameId()));
   }
   return names;
 }
@@ -62,7 +62,7 @@ SettingField& FindField(unsigned section, const std::string& name, int nameId, S
   settings.SetCurSection(before);
   if (field) return *field;
   const std::vector<std::string> all = ListFields(settings, section), near = FindNearNames(name, all);
-  throw BadSetting{"the section " + GetCodeText(static_cast<int>(section)) + " has no field '" + name +
+  throw BadSetting{"the section " + scene::GetCodeText(static_cast<int>(section)) + " has no field '" + name +
                    "', wants " +
                    (near.empty() ? "one of " + JoinNames(all) : "for example " + JoinNames(near))};
 }
@@ -89,7 +89,7 @@ void ChangeField(const SettingText& change, unsigned section, SettingsData& sett
   const int nameId = change.GetNameId();
   SettingField& field = FindField(section, change.field, nameId, settings);
   const bool canFilter =
-      field.GetCondition() != kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
+      field.GetCondition() != scene::kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
   if (change.on && !canFilter) {
     throw BadSetting{"the field is a plain setting, no filter; wants its values, " + change.field + "=VALUE"};
   }
@@ -117,7 +117,7 @@ ViewResult LoadSettings(const std::optional<std::string>& file, SettingsData& se
     return BadFile(path + ": holds no settings");
   }
   if (!settings.Read(path.c_str())) return BadFile(path + ": the settings are damaged");
-  TakeFavourites(path, settings);
+  scene::TakeFavourites(path, settings);
   return {};
 }
 

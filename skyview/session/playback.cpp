@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
-#include "scene/view/base_plane.h"
-#include "scene/view/directions.h"
+#include "scene/base_plane.h"
+#include "scene/directions.h"
 
 namespace skyview {
 namespace {
@@ -34,10 +34,10 @@ void AdvanceTime(Camera& camera) {
 void AdvanceView(Camera& camera) {
   SphViewCoor angles = camera.GetViewAngles();
   // Longitudes of the horizon's frame grow over west.
-  const double east = camera.GetBasePlane() == kHorizonPlane ? -1.0 : 1.0;
-  angles.lon = std::fmod(angles.lon + east * GetStep(camera, kViewPlays[0]), 2.0 * kPi);
-  angles.lat = std::clamp(angles.lat + GetStep(camera, kViewPlays[1]), -0.5 * kPi, 0.5 * kPi);
-  angles.slope = std::fmod(angles.slope + GetStep(camera, kViewPlays[2]), 2.0 * kPi);
+  const double east = camera.GetBasePlane() == scene::kHorizonPlane ? -1.0 : 1.0;
+  angles.lon = std::fmod(angles.lon + east * GetStep(camera, kViewPlays[0]), 2.0 * scene::kPi);
+  angles.lat = std::clamp(angles.lat + GetStep(camera, kViewPlays[1]), -0.5 * scene::kPi, 0.5 * scene::kPi);
+  angles.slope = std::fmod(angles.slope + GetStep(camera, kViewPlays[2]), 2.0 * scene::kPi);
   camera.SetRA_Dec(angles);
 }
 
@@ -49,7 +49,7 @@ void StartPlays(const PlayRequest& request, Camera& camera) {
     camera.SetPlay(CommonInterfaces::kPlayTime, CommonInterfaces::kPlayRunning, *request.time);
   }
   for (std::size_t i = 0; i < request.view.size(); ++i) {
-    camera.SetPlay(kViewPlays[i], CommonInterfaces::kPlayRunning, request.view[i] * kRadiansPerDegree);
+    camera.SetPlay(kViewPlays[i], CommonInterfaces::kPlayRunning, request.view[i] * scene::kRadiansPerDegree);
   }
 }
 

@@ -11,7 +11,7 @@
 #include "common_interfaces/settings_field.h"
 #include "skyview/options/setting_values.h"
 #include "skyview/session/checksum.h"
-#include "skyview/session/favourites.h"
+#include "scene/favourites.h"
 #include "skyview/session/own_settings.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
@@ -167,7 +167,7 @@ std::vector<SessionFavourite> FindFavourites(SettingsData& settings) {
   std::vector<SessionFavourite> favourites;
   for (int i = 0; i < settings.GetFieldCount(); ++i) {
     const SettingField& field = *settings.GetFieldAt(i);
-    const auto number = GetFavouriteNumber(field);
+    const auto number = scene::GetFavouriteNumber(field);
     if (number && field.GetCompareStatus() != 0)
       favourites.push_back({static_cast<int>(field.GetSection()), *number});
   }
@@ -226,7 +226,7 @@ void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std:
     if (result.failure != Failure::kNone)
       lost.push_back("the session's setting no longer fits: " + result.message);
   }
-  for (const auto& favourite : capsule.favourites) AddFavourite(settings, favourite.kind, favourite.number);
+  for (const auto& favourite : capsule.favourites) scene::AddFavourite(settings, favourite.kind, favourite.number);
 }
 
 bool RestoreCamera(const SessionCapsule& capsule, Camera& camera, std::vector<std::string>& lost,
@@ -266,7 +266,7 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
 }
 
 bool SaveSession(const std::string& path, const std::string& language, const SkyOptions& options,
-                 SettingsData& settings, const SkyMarkers& markers, const std::vector<SSO_ID>& marks,
+                 SettingsData& settings, const scene::SkyMarkers& markers, const std::vector<SSO_ID>& marks,
                  Camera& camera, std::string& error) {
   SessionCapsule capsule;
   capsule.language = language;

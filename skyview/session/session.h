@@ -9,7 +9,7 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/frame/sky_markers.h"
+#include "scene/sky_markers.h"
 #include "skyview/options/root_group.h"
 #include "skyview/options/sky_group.h"
 #include "skyview/session/session_file.h"
@@ -44,7 +44,7 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
 // that fails: `error` is then one line that names the file, and the file is as it was. `marks`: the objects that are
 // marked.
 bool SaveSession(const std::string& path, const std::string& language, const SkyOptions& options,
-                 CommonInterfaces::SettingsData& settings, const SkyMarkers& markers,
+                 CommonInterfaces::SettingsData& settings, const scene::SkyMarkers& markers,
                  const std::vector<SSO_ID>& marks, CommonInterfaces::Camera& camera, std::string& error);
 
 }  // namespace skyview

@@ -6,8 +6,8 @@
 #include <charconv>
 
 #include "skyview/session/checksum.h"
-#include "scene/visibility/object_filter.h"
-#include "scene/bodies/orbit_paths.h"
+#include "scene/object_filter.h"
+#include "skyview/options/orbit_request.h"
 #include "skyview/options/setting_values.h"
 #include "utils/text.h"
 
@@ -137,7 +137,7 @@ std::string WithoutControls(std::string text) {
 }
 
 std::string FormatFavourite(const SessionFavourite& favourite) {
-  return GetCodeText(favourite.kind) + " " + std::to_string(favourite.number);
+  return scene::GetCodeText(favourite.kind) + " " + std::to_string(favourite.number);
 }
 
 void AppendLine(const char* word, const std::string& value, std::string& text) {
@@ -147,7 +147,7 @@ void AppendLine(const char* word, const std::string& value, std::string& text) {
 }  // namespace
 
 bool IsNameableKind(int kind) {
-  const std::string text = GetCodeText(kind);
+  const std::string text = scene::GetCodeText(kind);
   return GetFOURCC(text.c_str()) == kind && kind != -1 &&
          std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) > ' '; });
 }

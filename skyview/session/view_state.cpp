@@ -7,8 +7,8 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/view/base_plane.h"
-#include "scene/view/observer_frame.h"
+#include "scene/base_plane.h"
+#include "scene/observer_frame.h"
 #include "skyview/session/homes.h"
 #include "skyview/session/session.h"
 #include "skyview/session/zone_time.h"
@@ -46,23 +46,23 @@ const char* FindFault(const Camera& camera) {
   const SphViewCoor& angles = camera.GetViewAngles();
   _Date time;
   camera.GetUniversalTime(time);
-  if (camera.GetBasePlane() > kGalacticPlane) return "has a direction that counts from an unknown plane";
-  if (const char* fault = FindObserverFault(camera)) return fault;
-  if (!(std::fabs(place.lat) <= 0.5 * kPi) || !(std::fabs(place.lon) <= 4.0 * kPi))
+  if (camera.GetBasePlane() > scene::kGalacticPlane) return "has a direction that counts from an unknown plane";
+  if (const char* fault = scene::FindObserverFault(camera)) return fault;
+  if (!(std::fabs(place.lat) <= 0.5 * scene::kPi) || !(std::fabs(place.lon) <= 4.0 * scene::kPi))
     return "has no usable place";
   if (!(std::fabs(time.fraction) <= 2.0)) return "has no usable time";
-  if (!std::isfinite(angles.lon + angles.slope) || !(std::fabs(angles.lat) <= 0.5 * kPi)) {
+  if (!std::isfinite(angles.lon + angles.slope) || !(std::fabs(angles.lat) <= 0.5 * scene::kPi)) {
     return "has no usable direction";
   }
-  if (!(camera.GetZoom() >= kMinZoom && camera.GetZoom() <= kMaxZoom))
+  if (!(camera.GetZoom() >= scene::kMinZoom && camera.GetZoom() <= scene::kMaxZoom))
     return "has a zoom outside 0.25 to 10000";
   return nullptr;
 }
 
 void ApplyPlace(const Place& place, Camera& camera) {
   SphCoor location = camera.GetLocation();
-  location.lat = place.latitude * kRadiansPerDegree;
-  location.lon = place.longitude * kRadiansPerDegree;
+  location.lat = place.latitude * scene::kRadiansPerDegree;
+  location.lon = place.longitude * scene::kRadiansPerDegree;
   location.dist = 0.0;
   camera.SetLocation(location);
   camera.SetLocationName("");
@@ -70,9 +70,9 @@ void ApplyPlace(const Place& place, Camera& camera) {
 
 void ApplyLook(const Look& look, Camera& camera) {
   SphViewCoor angles;
-  angles.lon = (360.0 - look.azimuth) * kRadiansPerDegree;
-  angles.lat = look.altitude * kRadiansPerDegree;
-  camera.SetBasePlane(kHorizonPlane);
+  angles.lon = (360.0 - look.azimuth) * scene::kRadiansPerDegree;
+  angles.lat = look.altitude * scene::kRadiansPerDegree;
+  camera.SetBasePlane(scene::kHorizonPlane);
   camera.SetRA_Dec(angles);
 }
 
@@ -97,11 +97,11 @@ ViewResult ApplyTime(const WrittenTime& written, const std::string& text, Camera
 
 // A direction on the sky becomes the direction in which it stands at this time and place.
 void CountFromHorizon(Camera& camera) {
-  if (camera.GetBasePlane() == kHorizonPlane || !CountsFromHorizon(camera)) return;
+  if (camera.GetBasePlane() == scene::kHorizonPlane || !scene::CountsFromHorizon(camera)) return;
   const SphViewCoor sky = camera.GetViewAngles();
-  camera.SetBasePlane(kHorizonPlane);
-  PrepareObserver(camera);
-  Direction there;
+  camera.SetBasePlane(scene::kHorizonPlane);
+  scene::PrepareObserver(camera);
+  scene::Direction there;
   camera.ReductRADec2CamDouble(sky.lon, sky.lat, there.v);
   SphViewCoor angles;
   psf(there.v, 1.0, angles.lon, angles.lat);
@@ -120,7 +120,7 @@ void TurnToObserver(Camera& camera) {
     return;
   }
   SphViewCoor angles;
-  angles.lon = std::fmod(place.lon + kPi, 2.0 * kPi);
+  angles.lon = std::fmod(place.lon + scene::kPi, 2.0 * scene::kPi);
   angles.lat = -place.lat;
   camera.SetRA_Dec(angles);
 }

@@ -22,6 +22,7 @@ using CommonInterfaces::RecordWriter;
 using CommonInterfaces::SettingsData;
 
 constexpr unsigned kOwner = 1;
+constexpr unsigned kOtherSection = 0x61626364;  // "abcd"
 
 class CameraRecordTest : public testing::Test {
  protected:
@@ -54,6 +55,22 @@ TEST_F(CameraRecordTest, EachMissingFieldLeavesItsMemberAndReadsTheRestQuietly) 
     EXPECT_EQ(camera.GetBasePlane(), missing.key == "m_BasePlane" ? 77 : 0);
     EXPECT_EQ(camera.GetObserver().number, missing.key == "m_ObsObjID" ? -1 : 3);
   }
+}
+
+TEST_F(CameraRecordTest, AKeyThatTheCamerasSectionLacksIsTakenFromAnotherQuietly) {
+  RecordFields fields = CameraFields();
+  fields.erase(FindField(fields, "m_Zoom"));
+  SettingsData settings(SettingsData::kDefaultsTag, kCAMR, "filters.data");
+  AddField(settings, kOtherSection, Double("m_Zoom", 5.0));
+  AddField(settings, kOtherSection, UInt8("m_BasePlane", 3));
+  for (const RecordField& field : fields) AddField(settings, kCameraSection, field);
+  settings.Write(roots.dir.Path("data/filters.data").c_str());
+  Camera camera(kOwner);
+  DebugCapture debug;
+  ASSERT_TRUE(camera.ReadSelf(nullptr, kCAMR));
+  EXPECT_TRUE(debug.lines.empty());
+  EXPECT_EQ(camera.GetZoom(), 5.0);
+  EXPECT_EQ(camera.GetBasePlane(), 0);  // the section's own comes first
 }
 
 TEST_F(CameraRecordTest, EveryFieldOfTheWrongWidthIsLeftOut) {
@@ -143,13 +160,15 @@ TEST_F(CameraRecordTest, WriterLeavesMisshapenFieldsAlone) {
 TEST_F(CameraRecordTest, ReaderTellsWhetherItFoundTheValue) {
   SettingsData settings(kOwner, kCAMR, "filters.data");
   AddField(settings, kCameraSection, Double("m_alp", 1.5));
-  AddField(settings, 0x61626364, Double("m_bet", 2.5));
+  AddField(settings, kOtherSection, Double("m_bet", 2.5));
   RecordReader reader(settings);
   double value = 7.0;
   EXPECT_TRUE(reader.Value("m_alp", value));
   EXPECT_EQ(value, 1.5);
-  EXPECT_FALSE(reader.Value("m_bet", value));  // in another section
+  EXPECT_FALSE(reader.Value("m_slp", value));
   EXPECT_EQ(value, 1.5);
+  EXPECT_TRUE(reader.Value("m_bet", value));
+  EXPECT_EQ(value, 2.5);
 }
 
 TEST_F(CameraRecordTest, FileCutOffAnywhereEitherReadsOrChangesNothing) {

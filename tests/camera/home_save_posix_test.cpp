@@ -69,8 +69,8 @@ TEST_F(HomeSaveTest, FolderInThePlaceOfTheFileIsOneLine) {
   EXPECT_NE(debug.lines[0].find("homes not saved"), std::string::npos) << debug.lines[0];
 }
 
-// In a child that is no privileged user, whom no permission would stop. It answers 0 when the old file is there and one
-// line was printed.
+// In a child that is no privileged user, whom no permission would stop. It answers 0 when the old file is
+// there and one line was printed.
 TEST_F(HomeSaveTest, WriteProtectedFolderKeepsTheOldFileAndOneLineSaysSo) {
   WriteHomes(kOldHomes);
   const std::string folder = roots.dir.Path("work");

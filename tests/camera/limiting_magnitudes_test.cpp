@@ -178,6 +178,20 @@ TEST_F(LimitingMagnitudesTest, MissingCorrectionIsZeroAndQuiet) {
   for (int row = 0; row < 20; ++row) EXPECT_EQ(camera.GetMagCorrection(row), row == 1 ? -7.0f : 0.0f);
 }
 
+TEST_F(LimitingMagnitudesTest, ACorrectionThatItsSectionLacksIsTakenFromAnother) {
+  SettingsData settings(1, 2, "filters.data");
+  AddCorrection(settings, "star", Int16("StarZoomDependLabel", {-7}));
+  AddCorrection(settings, "abcd", Int16("StarZoomDependShow", {5}));
+  AddCorrection(settings, "abcd", Int16("StarZoomDependLabel", {6}));
+  AddCorrection(settings, "abcd", Int16("SCZoomDependShow", {9}));  // there is no section "clst"
+  DebugCapture debug;
+  camera.FillMagCorrectionsVector(&settings);
+  EXPECT_TRUE(debug.lines.empty());
+  EXPECT_EQ(camera.GetMagCorrection(0), 5.0f);
+  EXPECT_EQ(camera.GetMagCorrection(1), -7.0f);
+  EXPECT_EQ(camera.GetMagCorrection(2), 0.0f);
+}
+
 TEST_F(LimitingMagnitudesTest, CorrectionsOfAnotherWidthOrWithoutValuesAreZero) {
   SettingsData settings(1, 2, "filters.data");
   AddCorrection(settings, "star", Double("StarZoomDependShow", 5.0));

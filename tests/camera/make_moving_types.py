@@ -56,9 +56,9 @@ def change(state, memory, to, keep):
             state["observer"] = memory["observer"]
         state["changed"] = True
     last, own = memory["last"], memory["places"].get(to)
-    if to in (0, 1) and last and last["observer"] == state["observer"]:
+    if to in (0, 1) and last and (on_body or last["observer"] == state["observer"]):
         state.update(lon=last["lon"], lat=last["lat"], coor=2)
-        if own and own["observer"] == state["observer"]:
+        if own and own is not before and own["observer"] == state["observer"]:
             state.update(dist=own["dist"], unit=own["unit"])
     if before["lock"]:
         state.update(first=1, lock=1, centre=before["centre"])

@@ -168,6 +168,34 @@ TEST_F(MovingTypeTest, ThePlaceIsOnlyPutBackOnItsOwnBody) {
   EXPECT_NEAR(camera.GetLocation().lon / kDegree, 20, 1e-12);  // the record's
 }
 
+TEST_F(MovingTypeTest, APlaceLeftInThisCallComesBackWhicheverBodyTheRecordNames) {
+  SetStart(camera, 0);
+  camera.SetObserver(kOtherGalaxy);
+  // By the camera's own record, which names the Earth and lies at 119 degrees.
+  camera.SetMovingType(1, false);
+  EXPECT_NE(camera.GetObserver(), kOtherGalaxy);
+  EXPECT_NEAR(camera.GetLocation().lon / kDegree, -50, 1e-12);
+  EXPECT_NEAR(camera.GetLocation().lat / kDegree, 40, 1e-12);
+  EXPECT_EQ(camera.GetLocation().coorSys, 2);
+}
+
+TEST_F(MovingTypeTest, APlaceLeftInThisCallHasTheRecordsDistance) {
+  SetStart(camera, 1);
+  camera.SetMovingType(1, false);
+  EXPECT_NEAR(camera.GetLocation().lon / kDegree, -51, 1e-12);
+  EXPECT_EQ(camera.GetLocation().dist, 0.5);
+  EXPECT_EQ(camera.GetLocation().distUnits, 1);
+}
+
+TEST_F(MovingTypeTest, APlaceOfAnEarlierCallComesBackWithItsDistance) {
+  SetStart(camera, 0);
+  camera.SetMovingType(3, false);
+  camera.SetMovingType(0, false);
+  EXPECT_NEAR(camera.GetLocation().lon / kDegree, -50, 1e-12);
+  EXPECT_EQ(camera.GetLocation().dist, 7.0);
+  EXPECT_EQ(camera.GetLocation().distUnits, 3);
+}
+
 TEST_F(MovingTypeTest, ATypeThatIsNoneIsRefusedWithALine) {
   SetStart(camera, 0);
   const std::string before = Describe(camera);
@@ -253,8 +281,8 @@ TEST_F(MovingTypeTest, WhoStandsOnTheSunStaysThere) {
   EXPECT_EQ(camera.GetObserver(), kSunId);
 }
 
-// Away from the planets the types on a body have the camera's own record, which counts from another plane than
-// the home on the Earth did.
+// Away from the planets the types on a body have the camera's own record, which counts from another plane
+// than the home on the Earth did.
 TEST_F(MovingTypeTest, GoingHomeTakesThePlaneOfAPlanetsRecord) {
   for (const int from : {0, 1, 2, 9}) {
     Camera own(1);
@@ -276,6 +304,33 @@ TEST_F(MovingTypeTest, GoingHomeTakesThePlaneOfAPlanetsRecord) {
     EXPECT_EQ(own.GetLocation().lat, 0.25) << from;
     EXPECT_EQ(own.GetViewAngles().lon, 0.5) << from;
   }
+}
+
+TEST_F(MovingTypeTest, GoingHomeChangesTheTypeEvenToTheSame) {
+  camera.CreateDefault();
+  camera.StoreParams(kHomeLocation);
+  ASSERT_EQ(camera.GetMovingType(), 0);
+  ASSERT_NE(camera.GetBasePlane(), 1);
+  camera.GoHome(true);
+  EXPECT_EQ(camera.GetBasePlane(), 1);
+  EXPECT_EQ(camera.GetZoom(), 2.0);  // the home holds none: that of the type's record
+}
+
+// A second change would leave the home's place too, and forget the one that was left.
+TEST_F(MovingTypeTest, GoingHomeChangesTheTypeOnce) {
+  camera.CreateDefault();
+  SphCoor elsewhere = camera.GetLocation();
+  elsewhere.coorSys = 3;
+  camera.SetLocation(elsewhere);
+  camera.StoreParams(kHomeLocation);
+  SetStart(camera, 0);
+  camera.SetObserver(kMoonId);
+  camera.GoHome(true);
+  camera.SetMovingType(3, false);
+  camera.SetObserver(kMoonId);
+  camera.SetMovingType(0, false);
+  EXPECT_EQ(camera.GetObserver(), kMoonId);
+  EXPECT_NEAR(camera.GetLocation().lon / kDegree, -50, 1e-12);
 }
 
 TEST_F(MovingTypeTest, AHomeWithoutAPlaceTakesThePlaneOfAPlanetsRecordToo) {

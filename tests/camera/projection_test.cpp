@@ -199,8 +199,8 @@ TEST(BackProjection, ExtremePixelsDoNotOverflow) {
   EXPECT_NEAR(Vmod(v, 3), 1.0, 1e-6);
 }
 
-// Whole pixels of the window, a grid and random ones, to a direction and back: x returns with half a pixel more in
-// an odd window, y mirrored.
+// Whole pixels of the window, a grid and random ones, to a direction and back: x returns with half a pixel
+// more in an odd window, y mirrored.
 void ExpectPixelsComeBack(int width, int height, unsigned seed) {
   Camera camera(1);
   camera.SetWinRect(Window(width, height));

@@ -156,7 +156,22 @@ TEST(DeepskyImages, FindLooksAtLow24BitsAndLetterOnly) {
   const DSOImageDesc* const image = catalog.images().GetFirst();
   EXPECT_EQ(catalog.images().Find(kGalaxy, 0x2F0000E0), image);  // a sub-type below the letter's bits
   EXPECT_EQ(catalog.images().Find(kGalaxy, static_cast<int>(0xA00000E0u)), image);  // bit 31 is no letter
-  EXPECT_EQ(catalog.images().Find(kGalaxy, 0x300000E0), nullptr);                   // 224C
+}
+
+// The sub-types of the catalogs are 30 to 64: bits 28 to 30 of their top byte are 1 to 4.
+TEST(DeepskyImages, NumberWhoseLetterHasNoPictureFindsTheLowestLetter) {
+  Catalog catalog("224C 1\n224B 2\n31 1\n32 1\n32D 1\n");
+  const auto find = [&catalog](unsigned number) {
+    const DSOImageDesc* const image = catalog.images().Find(kGalaxy, static_cast<int>(number));
+    return image ? image->number : 0u;
+  };
+  EXPECT_EQ(find(0x400000E0), 0x200000E0u);  // 224D: B is the lowest there is
+  EXPECT_EQ(find(0x300000E0), 0x300000E0u);  // 224C is there itself
+  EXPECT_EQ(find(62u << 24 | 31), 31u);
+  EXPECT_EQ(find(62u << 24 | 32), 32u);  // no letter comes before all letters
+  EXPECT_EQ(find(64u << 24 | 32),
+            0x40000020u);  // where a picture has the sub-type's bits as its letter, that
+  EXPECT_EQ(find(62u << 24 | 33), 0u);
 }
 
 TEST(DeepskyImages, NumberWithoutLetterFindsTheLowestLetter) {
@@ -257,6 +272,18 @@ TEST(DeepskyImages, LastInstanceEmptiesTheIndependentPictures) {
     EXPECT_EQ(DSOImages::s_IndependentImages.size(), 1u);
   }
   EXPECT_TRUE(DSOImages::s_IndependentImages.empty());
+}
+
+TEST(DeepskyImages, IndependentPicturesAreReleasedByTheLastInstanceAlone) {
+  TempRoots roots;
+  roots.dir.Write(kFile, "1 1 0 0 0 2\n");
+  auto first = std::make_unique<DSOImages>();
+  auto second = std::make_unique<DSOImages>();
+  first.reset();
+  EXPECT_EQ(DSOImages::s_IndependentImages.size(), 1u);
+  second.reset();
+  EXPECT_TRUE(DSOImages::s_IndependentImages.empty());
+  EXPECT_EQ(DSOImages::s_IndependentImages.capacity(), 0u);
 }
 
 TEST(DeepskyImages, MissingFileIsReportedWithItsLogicalPath) {

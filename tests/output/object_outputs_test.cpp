@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -179,6 +180,23 @@ TEST(ObjectOutputsTest, AnExhaustedPoolGivesNullAndConstructsNothing) {
   EXPECT_EQ(new (pool) DeepskyOutput, nullptr);
   EXPECT_EQ(new (pool) DeepskyImageDrawData, nullptr);
   EXPECT_EQ(new (pool) Deepsky3DDrawData, nullptr);
+}
+
+template <class Record>
+void ExpectTheUsualFormsOfNew() {
+  const std::unique_ptr<Record> heap(new (std::nothrow) Record);
+  EXPECT_NE(heap, nullptr);
+  alignas(Record) unsigned char place[sizeof(Record)];
+  auto* const record = new (place) Record;
+  EXPECT_EQ(static_cast<void*>(record), static_cast<void*>(place));
+  record->~Record();
+}
+
+TEST(ObjectOutputsTest, RecordsAreMadeWithoutThrowingAndInMemoryOfTheCaller) {
+  ExpectTheUsualFormsOfNew<StarOutput>();
+  ExpectTheUsualFormsOfNew<DeepskyOutput>();
+  ExpectTheUsualFormsOfNew<DeepskyImageDrawData>();
+  ExpectTheUsualFormsOfNew<Deepsky3DDrawData>();
 }
 
 TEST(ObjectOutputsTest, DrawDataRecordsAreCopiedAsAWhole) {

@@ -22,7 +22,8 @@ class ObjectTypeNamesTest : public testing::Test {
     roots.dir.Write(
         "data/qxstrings.txt",
         "star\tStar\nplnt\tPlanet\npldw\tDwarf\nmoon\tMoon\nscft\tCraft\ncomt\tComet\nastr\tAsteroid\n"
-        "gala\twrong\nuGAL\tUser galaxy\n0\tSub 0\n40\tSub 40\n255\tSub 255\n"
+        "gala\twrong\nuGAL\tUser galaxy\nuNEB\tUser nebula\nuCLS\tUser cluster\nuDSO\tUser object\n0\tSub "
+        "0\n40\tSub 40\n255\tSub 255\n"
         "20261\tM4\n20262\tM5\n20263\tM6\n20264\tM7\n20265\tM8\n20266\tM9\n");
     const QX4Strings load;
     QX4Strings::FinishLocaleUpdate();
@@ -67,8 +68,17 @@ TEST_F(ObjectTypeNamesTest, DeepskyKindsAreNamedByTheSubTypeInTheTopByteOfTheNum
   EXPECT_EQ(Name("clst", 40 << 24), "Sub 40");
   EXPECT_EQ(Name("dsnv", 40 << 24), "Sub 40");
   EXPECT_EQ(Name("uDSO", 40 << 24), "Sub 40");
-  EXPECT_EQ(Name("gala", 31), "Sub 0");
   EXPECT_EQ(Name("gala", -1), "Sub 255") << "a negative number has the sub-type 255, not -1";
+}
+
+// The texts 0 and 1 are no types: the first is a message, the second was the program's name.
+TEST_F(ObjectTypeNamesTest, DeepskyObjectsWithoutASubTypeAreNamedByTheirKind) {
+  EXPECT_EQ(Name("gala", 31), "User galaxy");
+  EXPECT_EQ(Name("nebu", 1), "User nebula");
+  EXPECT_EQ(Name("clst", 0xFFFFFF), "User cluster");
+  EXPECT_EQ(Name("dsnv", 0), "User object");
+  EXPECT_EQ(Name("uDSO", 7), "User object");
+  EXPECT_EQ(Name("uDSO", 1 << 24), "(null)");
 }
 
 TEST_F(ObjectTypeNamesTest, EveryOtherKindIsNamedByItsOwnCode) {

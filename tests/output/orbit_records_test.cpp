@@ -347,6 +347,25 @@ TEST_F(OrbitRecordsTest, ElementsThatAreNotNumbersAreUnusable) {
   }
 }
 
+TEST_F(OrbitRecordsTest, KeplersElementsMayHoldAnythingInTheMembersOfTwoLineElements) {
+  for (double OrbitalElements::*member :
+       {&OrbitalElements::meanMotionDot, &OrbitalElements::meanMotionDotDot, &OrbitalElements::dragTerm}) {
+    OrbitalElements record = Ellipse(1.0, 0.0);
+    record.*member = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_DOUBLE_EQ(User(record).n, 2.0);
+  }
+}
+
+TEST_F(OrbitRecordsTest, TwoLineElementsMayHoldAnythingInTheMembersThatTheirModelLeavesAside) {
+  OrbitalElements record;
+  record.elementSet = kTwoLineElements;
+  record.n = 15.5;
+  record.a = record.meanMotionDot = record.meanMotionDotDot = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(User(record).tag, kTwoLineTag);
+  record.dragTerm = std::numeric_limits<double>::infinity();
+  ExpectUnusable(record, "its elements are not all numbers");
+}
+
 TEST_F(OrbitRecordsTest, AMeanMotionThatIsNoNumberIsUnusable) {
   ExpectUnusable(Ellipse(1e-200, 0.0), "its elements are not all numbers");  // its cube is 0
 }

@@ -8,11 +8,12 @@
 #include <filesystem>
 
 #include "scene/frame_helpers.h"
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 #include "skyview/reports/status.h"
-#include "paint/xml_check.h"
+#include "support/xml_check.h"
 
-using namespace skyview;
+using namespace paint;
+using namespace scene;
 
 namespace {
 
@@ -45,7 +46,7 @@ class PictureFile : public testing::Test {
 
 TEST_F(PictureFile, SvgIsWellFormedAndHoldsItsLabelsAsText) {
   std::string svg;
-  ASSERT_TRUE(MakeSvg(f.frame, svg, error)) << error;
+  ASSERT_TRUE(MakeSvg(f.frame.GetDisplayList(), svg, error)) << error;
   EXPECT_EQ(host_test::FindXmlFault(svg), "");
   for (const char* label : {"Sirius", "Betelgeuse", "Rigel", "M42", "Orion"}) {
     EXPECT_NE(svg.find(">" + std::string(label) + "</text>"), std::string::npos) << label;
@@ -57,7 +58,7 @@ TEST_F(PictureFile, TextInTheSvgIsEscaped) {
   f.frame.SetCaption({"<a & b>"});
   f.Compute();
   std::string svg;
-  ASSERT_TRUE(MakeSvg(f.frame, svg, error)) << error;
+  ASSERT_TRUE(MakeSvg(f.frame.GetDisplayList(), svg, error)) << error;
   EXPECT_EQ(host_test::FindXmlFault(svg), "");
   EXPECT_NE(svg.find(">&lt;a &amp; b&gt;</text>"), std::string::npos);
 }
@@ -84,7 +85,7 @@ TEST_F(PictureFile, CaptionFitsInTheWidthInEveryLanguage) {
 // PNG specification: eight bytes of signature, then the header chunk with width and height, most significant first.
 TEST_F(PictureFile, PngHasTheSizeOfTheWindow) {
   std::string png;
-  ASSERT_TRUE(MakePng(f.frame, png, error)) << error;
+  ASSERT_TRUE(MakePng(f.frame.GetDisplayList(), png, error)) << error;
   ASSERT_GT(png.size(), 24u);
   EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1a\n");
   EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x06\x40\0\0\x03\xE8", 8));
@@ -92,14 +93,14 @@ TEST_F(PictureFile, PngHasTheSizeOfTheWindow) {
 
 TEST_F(PictureFile, WritingReplacesTheOldPictureWhole) {
   const std::string path = f.sky.dir.Write("sky.svg", "old");
-  ASSERT_TRUE(WritePicture(f.frame, path, error)) << error;
+  ASSERT_TRUE(WritePicture(f.frame.GetDisplayList(), path, error)) << error;
   EXPECT_EQ(host_test::FindXmlFault(f.sky.dir.Read("sky.svg")), "");
   EXPECT_FALSE(std::filesystem::exists(path + ".part"));
 }
 
 TEST_F(PictureFile, MissingFolderIsOneLineThatNamesTheFile) {
   const std::string path = f.sky.dir.Path("nowhere/sky.png");
-  EXPECT_FALSE(WritePicture(f.frame, path, error));
+  EXPECT_FALSE(WritePicture(f.frame.GetDisplayList(), path, error));
   EXPECT_EQ(error.find(path), 0u) << error;
   EXPECT_EQ(error.find('\n'), std::string::npos);
 }
@@ -108,6 +109,6 @@ TEST_F(PictureFile, FailureLeavesNothingBehind) {
   // A folder of the picture's name cannot be replaced by a file.
   std::filesystem::create_directories(f.sky.dir.Path("sky.png/inside"));
   const std::size_t before = CountFiles();
-  EXPECT_FALSE(WritePicture(f.frame, f.sky.dir.Path("sky.png"), error));
+  EXPECT_FALSE(WritePicture(f.frame.GetDisplayList(), f.sky.dir.Path("sky.png"), error));
   EXPECT_EQ(CountFiles(), before);
 }

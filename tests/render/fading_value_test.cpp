@@ -51,7 +51,8 @@ TEST(FadingValueTest, WithoutLengthOrHeightItIsTheEndValue) {
 }
 
 TEST(FadingValueTest, AnEndBeforeTheStartIsPastOrFollowsTheSameLine) {
-  // The end lies before the start: from the end on the value stands, before it the line through both ends counts.
+  // The end lies before the start: from the end on the value stands, before it the line through both ends
+  // counts.
   const FadingValue<float> fade{12.0, 10.0, 0.0f, 1.0f};
   EXPECT_EQ(fade.GetCurrent(11.0), 1.0f);
   EXPECT_EQ(fade.GetCurrent(9.0), 1.5f);

@@ -33,8 +33,8 @@ PathLine* MakePath(const SSO_ID& object, const SSO_ID& reference, int kind) {
   return path.release();
 }
 
-// The cache is the process's: every test begins and ends with an empty one. The sanitizers' build says when a path is
-// destroyed twice, used afterwards or forgotten.
+// The cache is the process's: every test begins and ends with an empty one. The sanitizers' build says when a
+// path is destroyed twice, used afterwards or forgotten.
 class PathCacheTest : public testing::Test {
  protected:
   PathCacheTest() { Empty(); }
@@ -225,7 +225,8 @@ TEST_F(PathCacheTest, AHundredThousandRandomOperationsAgreeWithAPlainMap) {
   }
 }
 
-// What is left here is destroyed with the process: the leak checker of the sanitizers' build would find it otherwise.
+// What is left here is destroyed with the process: the leak checker of the sanitizers' build would find it
+// otherwise.
 TEST(PathCacheAtTheEndTest, APathLeftInTheCacheGoesWithTheProcess) {
   RenderSettings::movePathToCache(MakePath(kComet, kSun, 1));
   EXPECT_EQ(RenderSettings::s_PathLineCache.size(), 1u);

@@ -6,11 +6,13 @@
 #include <string>
 
 #include "astro/julian_date.h"
-#include "skyview/session/diagnostics.h"
-#include "skyview/session/language.h"
-#include "scene/frame/sky_frame.h"
-#include "skyview/session/sky_roots.h"
-#include "scene/small_sky.h"
+#include "scene/data_root.h"
+#include "scene/language.h"
+#include "scene/frame/frame_parts.h"
+#include "scene/sky_frame.h"
+#include "scene/data_root.h"
+#include "scene/small_root.h"
+#include "support/debug_capture.h"
 
 namespace host_test {
 
@@ -28,8 +30,8 @@ class FrameFixture {
 
   void SetPlace(double latitude, double longitude) {
     SphCoor place = camera.GetLocation();
-    place.lat = latitude * skyview::kRadiansPerDegree;
-    place.lon = longitude * skyview::kRadiansPerDegree;
+    place.lat = latitude * scene::kRadiansPerDegree;
+    place.lon = longitude * scene::kRadiansPerDegree;
     camera.SetLocation(place);
   }
   void SetTime(int year, int month, int day, int hour, int minute) {
@@ -39,49 +41,49 @@ class FrameFixture {
   }
   void SetLook(double azimuth, double altitude) {
     SphViewCoor angles;
-    angles.lon = (360.0 - azimuth) * skyview::kRadiansPerDegree;
-    angles.lat = altitude * skyview::kRadiansPerDegree;
+    angles.lon = (360.0 - azimuth) * scene::kRadiansPerDegree;
+    angles.lat = altitude * scene::kRadiansPerDegree;
     camera.SetRA_Dec(angles);
   }
   void SetWindow(int width, int height) { camera.SetWinRect({width, height, width, height}); }
   void Compute() {
-    observer = skyview::PrepareObserver(camera);
+    observer = scene::PrepareObserver(camera);
     frame.Compute(camera, observer, shown);
   }
 
   // The drawn star of that catalogue number, null when it was not drawn.
-  const skyview::DrawnStar* Find(int number) const {
+  const scene::DrawnStar* Find(int number) const {
     for (const auto& drawn : frame.GetStars()) {
       if (catalogs.stars.GetNumber(drawn.star) == number) return &drawn;
     }
     return nullptr;
   }
   bool HasLabel(const std::string& text) const {
-    for (const auto& label : frame.GetLabels()) {
+    for (const auto& label : frame.GetParts().labels.GetLabels()) {
       if (text == label.text) return true;
     }
     return false;
   }
 
-  SmallSky sky;
-  skyview::Diagnostics diagnostics;
-  skyview::SkyCatalogs catalogs;
+  SmallRoot sky;
+  test_support::DebugCapture diagnostics;
+  scene::SkyCatalogs catalogs;
   CommonInterfaces::Camera camera{1};
-  skyview::ObserverFrame observer{};
-  skyview::ShownKinds shown;
+  scene::ObserverFrame observer{};
+  scene::ShownKinds shown;
 
  private:
   bool Load() {
     std::string error;
-    return skyview::SetSkyRoots(sky.dir.Path("data"), "", error) &&
-           skyview::SwitchLanguage(
+    return scene::SetSkyRoots(sky.dir.Path("data"), "", error) &&
+           scene::SwitchLanguage(
                sky.dir.Path("data"), "en", [] {}, error) &&
-           skyview::LoadSkyCatalogs(catalogs, error);
+           scene::LoadSkyCatalogs(catalogs, error);
   }
   bool m_Loaded;
 
  public:
-  skyview::SkyFrame frame;
+  scene::SkyFrame frame;
 };
 
 }  // namespace host_test

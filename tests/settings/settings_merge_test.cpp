@@ -116,7 +116,7 @@ TEST_F(SettingsMerge, EmptyDefaultSectionTakesTheCopies) {
   EXPECT_EQ(SectionsOf(*settings), (std::vector{Section(kAstr, 0, 1), Section(kPlnt, 2, 2)}));
 }
 
-// The copies stay behind the defaults, in the order of the codes; their section records go with the block.
+// The copies stay behind the defaults, in the order of the block's sections; their section records go with it.
 TEST_F(SettingsMerge, SectionThatOnlyTheOwnBlockHasLeavesItsCopiesBehindTheDefaults) {
   Merge({Section(kPlnt, 0, 0), Section(kScft, 1, 1)}, {Int(kPlnt, 1, 0), Int(kScft, 4, 0)},
         {Section(kAstr, 0, 0), Section(kComt, 1, 2)},
@@ -124,6 +124,26 @@ TEST_F(SettingsMerge, SectionThatOnlyTheOwnBlockHasLeavesItsCopiesBehindTheDefau
          Favo(kScft, 41, {1, 0, 0, 0, 0}, 3)});
   EXPECT_EQ(NamesOf(*settings), (std::vector{1, 41, 4, 21, 31}));
   EXPECT_EQ(SectionsOf(*settings), (std::vector{Section(kPlnt, 0, 0), Section(kScft, 1, 2)}));
+}
+
+TEST_F(SettingsMerge, CopiesOfSectionsThatOnlyTheOwnBlockHasKeepItsOrder) {
+  Merge({Section(kPlnt, 0, 0)}, {Int(kPlnt, 1, 0)},
+        {Section(kAstr, 0, 0), Section(kComt, 1, 1), Section(kMoon, 2, 2), Section(kScft, 3, 4)},
+        {Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1), Favo(kComt, 31, {1, 0, 0, 0, 0}, 1),
+         Ints(kMoon, 51, {kSatellite, 301}), Favo(kScft, 41, {1, 0, 0, 0, 0}, 1),
+         Favo(kScft, 42, {1, 0, 0, 0, 0}, 2)});
+  EXPECT_EQ(NamesOf(*settings), (std::vector{1, 21, 31, 51, 41, 42}));
+  EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kPlnt, 0, 0)});
+}
+
+// What is inserted into a section of the defaults moves the block as a whole, once.
+TEST_F(SettingsMerge, CopiesIntoDefaultsDoNotMixThoseOfTheOwnBlocksSections) {
+  Merge({Section(kAstr, 0, 0)}, {Int(kAstr, 2, 0)}, {Section(kScft, 0, 0), Section(kComt, 1, 2)},
+        {Favo(kScft, 41, {1, 0, 0, 0, 0}, 1), Favo(kComt, 31, {1, 0, 0, 0, 0}, 1),
+         Favo(kComt, 32, {1, 0, 0, 0, 0}, 2), Favo(kAstr, 21, {1, 0, 0, 0, 0}, 1),
+         Favo(kAstr, 22, {1, 0, 0, 0, 0}, 2), Favo(kAstr, 23, {1, 0, 0, 0, 0}, 3)});
+  EXPECT_EQ(NamesOf(*settings), (std::vector{21, 22, 23, 2, 41, 31, 32}));
+  EXPECT_EQ(SectionsOf(*settings), std::vector{Section(kAstr, 0, 3)});
 }
 
 TEST_F(SettingsMerge, WithoutDefaultsOnlyTheCopiesStay) {

@@ -87,7 +87,6 @@ void SettingsModel::Merge(std::size_t fieldCount, std::size_t sectionCount) {
   }
   std::vector<bool> justRead(fields.size());
   for (std::size_t i = fieldCount; i < fields.size(); ++i) justRead[i] = true;
-  std::size_t inserted = 0;
   for (const int code : {kAstrCode, kComtCode, kScftCode, kMoonCode}) {
     const int index = FindSection(static_cast<unsigned>(code), false);
     if (index < 0) continue;
@@ -102,11 +101,9 @@ void SettingsModel::Merge(std::size_t fieldCount, std::size_t sectionCount) {
     ModelSection& section = sections[Place(index)];
     const bool isDefault = Place(index) < sectionCount;
     const auto place = static_cast<std::ptrdiff_t>(
-        std::min<std::size_t>(section.first + (isDefault ? 0 : fieldCount + inserted), fields.size()));
+        std::min<std::size_t>(section.first + (isDefault ? 0 : fieldCount), fields.size()));
     fields.insert(fields.begin() + place, copies.begin(), copies.end());
     justRead.insert(justRead.begin() + place, copies.size(), false);
-    inserted += copies.size();
-    if (!isDefault) continue;
     section.last = (section.last + static_cast<unsigned>(copies.size())) & 0xFFFF;
     Shift(index, static_cast<int>(copies.size()));
   }

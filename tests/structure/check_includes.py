@@ -74,8 +74,7 @@ def sources(root):
 
 
 def resolve(root, path, include):
-    for base in ["", "include", "companions/utils/include", "companions/astro/include", "companions/utils",
-                 "companions/astro", os.path.dirname(path)]:
+    for base in ["", "include", "companions/utils/include", "companions/astro/include", os.path.dirname(path)]:
         candidate = os.path.normpath(os.path.join(base, include))
         if os.path.exists(os.path.join(root, candidate)):
             return candidate

@@ -236,6 +236,14 @@ TEST_F(DatesLimits, DamagedFileIsReportedOnce) {
   EXPECT_EQ(debug.lines.size(), 1u);
 }
 
+TEST_F(DatesLimits, AYearTooWideForTheInterfaceIsReportedOnce) {
+  Write("1900\n40000\n");
+  EXPECT_EQ(Limits(), Years(1900, -1));
+  EXPECT_EQ(Limits(), Years(1900, -1));
+  ReadLimitYears(false);
+  EXPECT_EQ(debug.lines, Lines{NoYear(2)});
+}
+
 TEST_F(DatesLimits, LongLinesAndZeroBytesAreHarmless) {
   Write(std::string(100000, '1') + "\n" + std::string("2100\0\0", 6) + "\n");
   EXPECT_EQ(Limits(), Years(-1, 2100));

@@ -61,6 +61,18 @@ TEST(FormatRender, IntsAreWrittenAsTheCLibraryWritesThem) {
   }
 }
 
+// The C library gets the value in the type that the length names: a long has 64 bits on some hosts.
+TEST(FormatRender, AnIntWithALengthIsConvertedAsCDoes) {
+  for (const int value :
+       {0, 1, -1, 127, 128, 255, 256, -129, 32767, 32768, 65535, 65536, -32769, INT_MAX, INT_MIN}) {
+    for (const char* format : {"%hhd", "%hhu", "%hd", "%hu", "%hx", "%hho", "%#hhX", "%+6hhi", "%-8.4hd|"})
+      EXPECT_EQ(RenderFormat(format, {value}), Printed(format, value)) << format << ' ' << value;
+    EXPECT_EQ(RenderFormat("%ld", {value}), Printed("%d", value));
+    EXPECT_EQ(RenderFormat("%lu", {value}), Printed("%u", value));
+    EXPECT_EQ(RenderFormat("%#lx", {value}), Printed("%#x", value));
+  }
+}
+
 // C17 7.21.6.1: the flag speaks of signed conversions only.
 TEST(FormatRender, BlankStandsBeforeSignedNumbersOnly) {
   EXPECT_EQ(RenderFormat("[% d|% i|% u|% x|% X|% o]", {1, 1, 1, 1, 1, 1}), "[ 1| 1|1|1|1|1]");

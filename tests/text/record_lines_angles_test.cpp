@@ -301,8 +301,8 @@ TEST(CarrySixty, FractionsOfSecondsBelowSixtyStay) {
   EXPECT_EQ(minutes, 30);
 }
 
-// Angles whose numbers fill their columns have no blanks inside. What is cut is below one second, and single precision
-// holds a direction to 0.06".
+// Angles whose numbers fill their columns have no blanks inside. What is cut is below one second, and single
+// precision holds a direction to 0.06".
 TEST(SetRadOrDec, WrittenAnglesAreReadBack) {
   const double second = 1.0 / 3600;
   for (int sign : {-1, 1}) {
@@ -322,8 +322,8 @@ TEST(SetRadOrDec, WrittenAnglesAreReadBack) {
   }
 }
 
-// The written seconds of time may differ by their excess of 0.009, by 0.005 from their two decimals, and by 0.0037 and
-// 0.0034 from degrees below 512 and hours below 32 in single precision.
+// The written seconds of time may differ by their excess of 0.009, by 0.005 from their two decimals, and by
+// 0.0037 and 0.0034 from degrees below 512 and hours below 32 in single precision.
 TEST(SetRadOrDec, WrittenRightAscensionsAreReadBack) {
   const double second = 1.0 / 240;  // a second of time in degrees
   for (int hours = 0; hours < 24; ++hours) {

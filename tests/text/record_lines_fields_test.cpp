@@ -261,7 +261,8 @@ TEST(RecordLines, EveryByteAsFirstCharacterOfAField) {
   }
 }
 
-// Whatever the bytes, every parser stays in the line and leaves a sound text; the address sanitizer watches the rest.
+// Whatever the bytes, every parser stays in the line and leaves a sound text; the address sanitizer watches
+// the rest.
 TEST(RecordLines, RandomBytesAreSafe) {
   std::mt19937 random(7);
   const std::string likely = "0123456789.eE-+ \t\r\n;!'\"hmsg\xB0,aZ";

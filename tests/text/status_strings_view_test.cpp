@@ -221,9 +221,9 @@ TEST_F(StatusView, ZoomIsADouble) {
             Lines{"String with ID = 7220 does not fit its use: conversion 1, %d, gets a double\n"});
 }
 
-// Worked out by hand: half an extent is 2 atan(p / 2 / f) with f = Dr / tan(0.6457718232379 / (2 zoom)) and Dr
-// half the diagonal. 1600 x 900: 65.03 and 37.26 degrees at zoom 1; 64.50 and 36.28 minutes at 60; 1.29 and
-// 0.726 minutes at 3000; 4.644 and 2.612 seconds at 50000.
+// Worked out by hand: half an extent is 2 atan(p / 2 / f) with f = Dr / tan(0.6457718232379 / (2 zoom)) and
+// Dr half the diagonal. 1600 x 900: 65.03 and 37.26 degrees at zoom 1; 64.50 and 36.28 minutes at 60; 1.29
+// and 0.726 minutes at 3000; 4.644 and 2.612 seconds at 50000.
 TEST_F(StatusView, FieldOfViewInDegreesMinutesOrSeconds) {
   SetWindow(1600, 900, 1.0);
   EXPECT_EQ(FoV(), "65\xB0 x 37\xB0");
@@ -259,7 +259,8 @@ TEST_F(StatusView, FieldOfViewWithoutAWindowIsZero) {
 }
 
 TEST_F(StatusView, ADegreeIsShownFromOneDegreeOnAndAMinuteFromOneMinuteOn) {
-  // Across, at the zoom at which the extent is just that: tan(extent / 4) = 500 / 707.10678 tan(K / (2 zoom)).
+  // Across, at the zoom at which the extent is just that: tan(extent / 4) = 500 / 707.10678 tan(K / (2
+  // zoom)).
   const auto zoomFor = [](double extent) {
     return 0.6457718232379 / 2 / std::atan(std::tan(extent * kDegree / 4) * std::sqrt(2.0));
   };

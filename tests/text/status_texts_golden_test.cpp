@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Every status text of fifty cameras in every language that ships, against the table that make_status_texts.py makes
-// from a model of its own.
+// Every status text of fifty cameras in every language that ships, against the table that
+// make_status_texts.py makes from a model of its own.
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>

@@ -128,12 +128,23 @@ TEST(FormatFault, StoringAndArgumentWidthsAreNeverAllowed) {
   EXPECT_EQ(FindFormatFault("%1$d", "d"), "conversion 1, %1$, is not allowed");
 }
 
+TEST(FormatFault, AnIntMayBeWrittenWithALength) {
+  for (const char* format : {"%hd", "%hhd", "%ld", "%hi", "%hhu", "%lx", "%-5.3hX", "%+lo"})
+    EXPECT_EQ(FindFormatFault(format, "d"), "") << format;
+  EXPECT_EQ(FindFormatFault("%ld", "f"), "conversion 1, %ld, gets a double");
+  EXPECT_EQ(FindFormatFault("%lf", "f"), "");
+}
+
 TEST(FormatFault, LengthsOfOtherTypesAreNotAllowed) {
-  EXPECT_EQ(FindFormatFault("%ld", "d"), "conversion 1, %ld, is not allowed");
+  EXPECT_EQ(FindFormatFault("%hf", "f"), "conversion 1, %hf, is not allowed");
+  EXPECT_EQ(FindFormatFault("%hs", "s"), "conversion 1, %hs, is not allowed");
+  EXPECT_EQ(FindFormatFault("%hhc", "c"), "conversion 1, %hhc, is not allowed");
+  EXPECT_EQ(FindFormatFault("%hhhd", "d"), "conversion 1, %hhh, is not allowed");
+  EXPECT_EQ(FindFormatFault("%hld", "d"), "conversion 1, %hl, is not allowed");
   EXPECT_EQ(FindFormatFault("%ls", "s"), "conversion 1, %ls, is not allowed");
   EXPECT_EQ(FindFormatFault("%lc", "c"), "conversion 1, %lc, is not allowed");
-  for (const char* format : {"%hd", "%hhd", "%lld", "%llf", "%Lf", "%zd", "%jd", "%td", "%I64d", "%p", "%S",
-                             "%C", "%m", "%'d", "%l%", "%5%", "% %", "%b"}) {
+  for (const char* format : {"%lld", "%llf", "%Lf", "%zd", "%jd", "%td", "%I64d", "%p", "%S", "%C", "%m",
+                             "%'d", "%l%", "%5%", "% %", "%b"}) {
     EXPECT_NE(FindFormatFault(format, "d"), "") << format;
     EXPECT_NE(FindFormatFault(format, "f"), "") << format;
   }
@@ -146,7 +157,7 @@ TEST(FormatFault, NumbersOfMoreThanThreeDigits) {
 }
 
 TEST(FormatFault, CutOffConversion) {
-  for (const char* format : {"%", "100 %", "%-", "%05", "%.", "%5.", "%.3", "%l", "%5.2l"}) {
+  for (const char* format : {"%", "100 %", "%-", "%05", "%.", "%5.", "%.3", "%l", "%5.2l", "%h", "%hh"}) {
     EXPECT_NE(FindFormatFault(format, "df").find("is cut off"), std::string::npos) << format;
   }
 }

@@ -84,7 +84,7 @@ TEST_F(EnglishStrings, EveryIdentifierOfTheLibraryHasAText) {
 
 TEST_F(EnglishStrings, EveryObjectTypeHasAName) {
   for (const char* code :
-       {"astr", "comt", "pldw", "plnt", "scft", "star", "moon", "cnst", "uNEB", "uCLS", "uGAL"}) {
+       {"astr", "comt", "pldw", "plnt", "scft", "star", "moon", "cnst", "uNEB", "uCLS", "uDSO", "uGAL"}) {
     ExpectTexts({static_cast<unsigned>(GetFOURCC(code))});
   }
   ExpectRange(20261, 20266);
@@ -111,7 +111,7 @@ TEST_F(EnglishStrings, FormatsFitTheirArguments) {
 
 TEST_F(EnglishStrings, TextsThatGetNoArgumentsHaveNoConversions) {
   for (const unsigned identifier :
-       {0u, 1u, 7200u, 7201u, 7202u, 7203u, 7204u, 7207u, 7228u, 14300u, 15400u}) {
+       {0u, 900000u, 7200u, 7201u, 7202u, 7203u, 7204u, 7207u, 7228u, 14300u, 15400u}) {
     EXPECT_EQ(Conversions(identifier), "") << identifier;
   }
   for (unsigned identifier = 1160; identifier <= 1167; ++identifier)
@@ -132,6 +132,6 @@ TEST_F(EnglishStrings, MeteorShowersHaveTwelveFieldsEach) {
   EXPECT_EQ(Get(6214), "(missing)");
 }
 
-TEST_F(EnglishStrings, TheProgramHasAName) { EXPECT_EQ(Get(1), "skyview"); }
+TEST_F(EnglishStrings, TheProgramHasAName) { EXPECT_EQ(Get(900000), "skyview"); }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <sstream>
 
 #include "astro/coordinates.h"
 #include "common_interfaces/flight_objects.h"
@@ -172,6 +173,21 @@ TEST_F(ShippedCatalogs, EveryMessierObjectHasItsPicture) {
     EXPECT_EQ(image->number, static_cast<unsigned>(++count));
     EXPECT_GT(image->size, 0.0f) << count;
     EXPECT_GE(image->aspectRatio, 1.0) << count;
+  }
+  EXPECT_EQ(count, 110);
+}
+TEST_F(ShippedCatalogs, EveryDeepskyObjectFindsItsPictureByItsOwnNumber) {
+  std::istringstream catalog(s_Roots->dir.Read("data/catalogs/deepsky.txt"));
+  DSOImages images;
+  int count = 0;
+  for (std::string line; std::getline(catalog, line);) {
+    const auto tab = line.find('\t');
+    const int number = tab == std::string::npos ? 0 : std::atoi(line.c_str() + tab);
+    if (number == 0) continue;  // the heading
+    ++count;
+    const DSOImageDesc* const image = images.Find(kGalaxy, number);
+    ASSERT_NE(image, nullptr) << line;
+    EXPECT_EQ(image->number, static_cast<unsigned>(number) & 0xFFFFFFu) << line;
   }
   EXPECT_EQ(count, 110);
 }

@@ -9,7 +9,7 @@
 #include "scene/frame_helpers.h"
 #include "utils/clock.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -54,13 +54,13 @@ TEST(OrbitPaths, OrbitLeadsThroughTheBody) {
   FrameFixture f;
   f.camera.SetZoom(0.5);
   f.SetLook(150.0, 45.0);
-  f.frame.GetOrbits().Show(Planet(f, 5), 0.0);
-  f.frame.GetOrbits().Show(Planet(f, 7), 0.0);
+  f.frame.ShowOrbit(Planet(f, 5), 0.0);
+  f.frame.ShowOrbit(Planet(f, 7), 0.0);
   f.Compute();
   for (const int number : {5, 7}) {
-    const DrawnBody* body = f.frame.GetSolarSystem().GetMarks().Find(Planet(f, number));
+    const DrawnBody* body = f.frame.GetParts().solarSystem.GetMarks().Find(Planet(f, number));
     ASSERT_NE(body, nullptr) << number;
-    EXPECT_LT(DistanceFrom(f.frame.GetSolarSystem().GetOrbits().GetLines(), body->place), 1.0) << number;
+    EXPECT_LT(DistanceFrom(f.frame.GetParts().solarSystem.GetOrbits().GetLines(), body->place), 1.0) << number;
   }
 }
 
@@ -70,22 +70,22 @@ TEST(OrbitPaths, OrbitOfTheMoonGoesAroundTheEarth) {
   f.shown.horizon = false;
   f.camera.SetZoom(0.3);
   f.SetLook(180.0, 40.0);
-  f.frame.GetOrbits().Show(kMoonBody, 0.0);
+  f.frame.ShowOrbit(kMoonBody, 0.0);
   f.Compute();
-  const DrawnBody* moon = f.frame.GetSolarSystem().GetMarks().Find(kMoonBody);
+  const DrawnBody* moon = f.frame.GetParts().solarSystem.GetMarks().Find(kMoonBody);
   ASSERT_NE(moon, nullptr);
-  EXPECT_LT(DistanceFrom(f.frame.GetSolarSystem().GetOrbits().GetLines(), moon->place), 2.0);
+  EXPECT_LT(DistanceFrom(f.frame.GetParts().solarSystem.GetOrbits().GetLines(), moon->place), 2.0);
 }
 
 TEST(OrbitPaths, LinesStayInTheWindowAndAboveTheHorizon) {
   FrameFixture f;
   f.SetLook(200.0, 5.0);
   for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
-    f.frame.GetOrbits().Show(body, 0.0);
+    f.frame.ShowOrbit(body, 0.0);
   for (const double zoom : {0.25, 1.0, 8.0}) {
     f.camera.SetZoom(zoom);
     f.Compute();
-    for (const auto& line : f.frame.GetSolarSystem().GetOrbits().GetLines()) {
+    for (const auto& line : f.frame.GetParts().solarSystem.GetOrbits().GetLines()) {
       for (const auto& p : {line.from, line.to}) {
         EXPECT_TRUE(p.x >= -1.0 && p.x <= 1601.0 && p.y >= -1.0 && p.y <= 1001.0) << p.x << " " << p.y;
       }
@@ -95,9 +95,9 @@ TEST(OrbitPaths, LinesStayInTheWindowAndAboveTheHorizon) {
 
 TEST(OrbitPaths, SunHasNone) {
   FrameFixture f;
-  EXPECT_FALSE(f.frame.GetOrbits().Show(kSunBody, 0.0));
+  EXPECT_FALSE(f.frame.ShowOrbit(kSunBody, 0.0));
   f.Compute();
-  EXPECT_TRUE(f.frame.GetSolarSystem().GetOrbits().GetLines().empty());
+  EXPECT_TRUE(f.frame.GetParts().solarSystem.GetOrbits().GetLines().empty());
 }
 
 TEST(OrbitPaths, FadeInByTheAnimationClock) {
@@ -106,9 +106,9 @@ TEST(OrbitPaths, FadeInByTheAnimationClock) {
   f.SetLook(150.0, 45.0);
   {
     const Clock start(10.0);
-    f.frame.GetOrbits().Show(Planet(f, 5), OrbitPaths::kFadeIn);
+    f.frame.ShowOrbit(Planet(f, 5), OrbitPaths::kFadeIn);
   }
-  const auto& lines = f.frame.GetSolarSystem().GetOrbits().GetLines();
+  const auto& lines = f.frame.GetParts().solarSystem.GetOrbits().GetLines();
   for (const double passed : {0.25, 0.5, 1.0, 3.0}) {
     const Clock clock(10.0 + passed);
     f.Compute();

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies/shower_activity.h"
+#include "scene/shower_activity.h"
 
 #include <gtest/gtest.h>
 
 #include "astro/julian_date.h"
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 using CommonInterfaces::SHOWER;
 
 namespace {

@@ -7,15 +7,12 @@
 #include <gtest/gtest.h>
 
 #include "support/allocation_counter.h"
+#include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
-#include "skyview/reports/body_texts.h"
-#include "skyview/reports/host_texts.h"
-#include "skyview/reports/report.h"
-#include "scene/bodies/rise_set.h"
-#include "scene/catalogs/satellites.h"
+#include "scene/satellites.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -27,11 +24,11 @@ int Planet(const FrameFixture& f, int number) {
 }
 
 const BodyState& StateOf(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetModel().GetStates()[static_cast<std::size_t>(body)];
+  return f.frame.GetParts().solarSystem.GetModel().GetStates()[static_cast<std::size_t>(body)];
 }
 
 const DrawnBody* Drawn(const FrameFixture& f, int body) {
-  return f.frame.GetSolarSystem().GetMarks().Find(body);
+  return f.frame.GetParts().solarSystem.GetMarks().Find(body);
 }
 
 }  // namespace
@@ -47,10 +44,10 @@ TEST(SolarSystemPart, BodiesStandWhereAnotherLibrarySeesThem) {
                   {Planet(f, 2), 303.7341, -48.3038}, {Planet(f, 7), 224.4644, 50.2952}};
   for (const auto& entry : expected) {
     ASSERT_TRUE(StateOf(f, entry.body).known) << entry.body;
-    const HorizonPlace place =
-        MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
-    const Direction seen = skyview::MakeDirection(place.azimuth, place.altitude),
-                    other = skyview::MakeDirection(entry.azimuth * kRadiansPerDegree,
+    const astro::HorizonPlace place =
+        astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
+    const Direction seen = scene::MakeDirection(place.azimuth, place.altitude),
+                    other = scene::MakeDirection(entry.azimuth * kRadiansPerDegree,
                                                    entry.altitude * kRadiansPerDegree);
     EXPECT_LT(VectorsAngle(seen.v, other.v), 0.5 * kArcMinute) << entry.body;
   }
@@ -101,7 +98,8 @@ TEST(SolarSystemPart, FaintBodiesWaitForTheirZoom) {
   f.shown.horizon = false;
   f.camera.SetZoom(1.0);
   f.Compute();
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
+  const astro::HorizonPlace place =
+      astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   EXPECT_EQ(Drawn(f, pluto), nullptr) << "the limit is 11.5 at zoom 1";
@@ -117,7 +115,7 @@ TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   f.SetTime(2026, 1, 25, 18, 0);
   f.Compute();
   const BodyState& moon = StateOf(f, kMoonBody);
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
+  const astro::HorizonPlace place = astro::MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   const DrawnBody* drawn = Drawn(f, kMoonBody);
@@ -131,16 +129,6 @@ TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   EXPECT_EQ(Drawn(f, kMoonBody)->cosPhase, 1.0);
 }
 
-TEST(SolarSystemPart, ObserversElsewhereSeeNoBodies) {
-  FrameFixture f;
-  f.camera.SetMovingType(11, false);
-  f.shown.horizon = false;
-  f.Compute();
-  EXPECT_FALSE(f.frame.GetSolarSystem().IsSeenFromEarth());
-  EXPECT_TRUE(f.frame.GetSolarSystem().GetMarks().GetDrawn().empty());
-  EXPECT_EQ(DescribeBodies(f.frame.GetSolarSystem()), "");
-}
-
 TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   FrameFixture f;
   const std::string path = f.sky.dir.Write("station.tle", host_test::StationSet());
@@ -148,7 +136,7 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   ASSERT_TRUE(LoadSatellites(path, f.catalogs.bodies, error)) << error;
   SkyFrame frame(f.catalogs);
   for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
-    frame.GetOrbits().Show(body, 0.0);
+    frame.ShowOrbit(body, 0.0);
   // The fixture's sky has stars in it, so that the pool of their records gets its block now.
   frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
   ASSERT_FALSE(frame.GetStars().empty());
@@ -160,42 +148,10 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
     if (i < 24) f.SetTime(2014, 1, 21, i, 7);
     if (i >= 24) f.SetTime(2025, 3, 14, 6, 2 * i);  // a lunar eclipse
     frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
-    drawn += frame.GetSolarSystem().GetMarks().GetDrawn().size() +
-             frame.GetSolarSystem().GetOrbits().GetLines().size();
+    drawn += frame.GetParts().solarSystem.GetMarks().GetDrawn().size() +
+             frame.GetParts().solarSystem.GetOrbits().GetLines().size();
   }
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(drawn, 0u);
 }
 
-// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem has it).
-TEST(SolarSystemPart, ReportSaysPhasesAndSizesInWords) {
-  FrameFixture f;
-  f.camera.SetZoom(0.25);
-  f.SetTime(2020, 5, 3, 19, 30);
-  f.SetLook(290.0, 20.0);
-  f.Compute();
-  const std::string report = DescribeBodies(f.frame.GetSolarSystem());
-  EXPECT_NE(report.find("Venus: magnitude -4."), std::string::npos) << report;
-  EXPECT_NE(report.find(" arcsec, 22 % lit, evening crescent\n"), std::string::npos) << report;
-  std::string error;
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "de", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("zu 22 % beleuchtet, am Abend, Sichel\n"),
-            std::string::npos);
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "ru", [] {}, error));
-  EXPECT_NE(DescribeBodies(f.frame.GetSolarSystem()).find("освещено 22 %, вечером, серп\n"),
-            std::string::npos);
-  ASSERT_TRUE(SwitchLanguage(
-      f.sky.dir.Path("data"), "en", [] {}, error));
-}
-
-TEST(BodyTexts, SizesAreInTheUnitThatReadsBest) {
-  host_test::FrameFixture f;
-  EXPECT_EQ(FormatSize(23.14 / 3600.0 * kRadiansPerDegree), "23.1 arcsec");
-  EXPECT_EQ(FormatSize(31.0 * kArcMinute), "31.0 arcmin");
-  EXPECT_EQ(ToUtf8(FormatSize(2.5 * kRadiansPerDegree)), "2.5°");
-  EXPECT_EQ(GetLitPercent(0.0), 100);
-  EXPECT_EQ(GetLitPercent(0.5 * kPi), 50);
-  EXPECT_EQ(GetLitPercent(kPi), 0);
-}

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/bodies.h"
+#include "scene/bodies.h"
 
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
-using namespace skyview;
+using namespace scene;
 
 TEST(Bodies, SunMoonAndPlanetsComeBeforeTheTables) {
   host_test::FrameFixture f;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalog_table.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@
 #include "support/temp_dir.h"
 #include "utils/text.h"
 
-using skyview::CatalogTable;
-using skyview::FieldNumber;
-using skyview::FieldText;
+using scene::CatalogTable;
+using scene::FieldNumber;
+using scene::FieldText;
 
 namespace {
 

@@ -1,24 +1,24 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalogs/sky_catalogs.h"
+#include "scene/sky_catalogs.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "astro/vectors.h"
-#include "skyview/session/diagnostics.h"
-#include "skyview/session/sky_roots.h"
-#include "scene/small_sky.h"
+#include "support/debug_capture.h"
+#include "scene/data_root.h"
+#include "scene/small_root.h"
 
-using namespace skyview;
+using namespace scene;
 
 class SkyCatalogsTest : public testing::Test {
  protected:
   bool Load() { return SetSkyRoots(sky.dir.Path("data"), "", error) && LoadSkyCatalogs(catalogs, error); }
 
-  host_test::SmallSky sky;
-  Diagnostics diagnostics;
+  host_test::SmallRoot sky;
+  test_support::DebugCapture diagnostics;
   SkyCatalogs catalogs;
   std::string error;
 };

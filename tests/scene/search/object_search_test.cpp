@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/search/object_search.h"
+#include "scene/object_search.h"
 
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
-#include "scene/search/name_key.h"
-#include "skyview/options/name_list.h"
+#include "scene/name_key.h"
+#include "utils/messages.h"
 
-using namespace skyview;
+using namespace scene;
 
 TEST(NameKey, CaseBlanksPunctuationAndAccentsDoNotMatter) {
   EXPECT_EQ(MakeNameKey("NGC 224"), "ngc224");

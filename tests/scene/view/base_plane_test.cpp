@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/view/base_plane.h"
+#include "scene/base_plane.h"
 
 #include <gtest/gtest.h>
 
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::FrameFixture;
 
 namespace {
@@ -67,8 +67,8 @@ TEST(PlaneFrame, ViewAlongThePlaneLooksAtItsPlaceOnTheSky) {
               0.1 * kArcsecond)
         << "plane " << static_cast<int>(plane);
     EXPECT_FALSE(f.observer.horizon);
-    EXPECT_TRUE(f.frame.GetGround().ringEnds.empty());
-    EXPECT_TRUE(f.frame.GetCompass().empty());
+    EXPECT_TRUE(f.frame.GetParts().horizon.GetGround().ringEnds.empty());
+    EXPECT_TRUE(f.frame.GetParts().horizon.GetCompass().empty());
   }
 }
 

@@ -6,7 +6,7 @@
 
 #include "scene/frame_helpers.h"
 
-using namespace skyview;
+using namespace scene;
 
 namespace {
 

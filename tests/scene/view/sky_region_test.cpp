@@ -10,7 +10,7 @@
 
 #include "scene/view/horizon.h"
 
-using namespace skyview;
+using namespace scene;
 
 namespace {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/object_filter.h"
+#include "scene/object_filter.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +9,10 @@
 #include "support/allocation_counter.h"
 #include "scene/filter_fields.h"
 #include "scene/frame_helpers.h"
-#include "skyview/session/favourites.h"
-#include "skyview/options/filter_text.h"
+#include "scene/favourites.h"
+#include "skyview/reports/filter_text.h"
 
-using namespace skyview;
+using namespace scene;
 using host_test::AddBytes;
 using host_test::AddFilter;
 using host_test::AddRange;
@@ -37,7 +37,7 @@ class ObjectFilterTest : public testing::Test {
     return traits;
   }
 
-  Diagnostics diagnostics;
+  test_support::DebugCapture diagnostics;
   test_support::TempRoots roots;
   CommonInterfaces::SettingsData settings{1, FourCC("FLTR"), "filters.data"};
   ObjectFilters filters;
@@ -269,17 +269,17 @@ TEST(ObjectFilterFrame, ConstellationThatIsNoFavouriteLosesNameAndFigure) {
   host_test::FrameFixture f;
   CommonInterfaces::SettingsData settings(1, FourCC("FLTR"), "filters.data");
   f.Compute();
-  ASSERT_FALSE(f.frame.GetLines().empty());
+  ASSERT_FALSE(f.frame.GetParts().figures.GetLines().empty());
   ObjectFilters filters;
   AddFavourite(settings, FourCC("cnst"), GetUniqueID("Ori"));
   filters.Refresh(settings);
   f.frame.Compute(f.camera, f.observer, f.shown, filters);
-  EXPECT_FALSE(f.frame.GetLines().empty());
+  EXPECT_FALSE(f.frame.GetParts().figures.GetLines().empty());
   settings.SetFieldStatus(FourCC("cnst"),
                           GetUniqueID(("Favourite" + std::to_string(GetUniqueID("Ori"))).c_str()), 0);
   AddFavourite(settings, FourCC("cnst"), GetUniqueID("Lyr"));
   filters.Refresh(settings);
   f.frame.Compute(f.camera, f.observer, f.shown, filters);
-  EXPECT_TRUE(f.frame.GetLines().empty());
+  EXPECT_TRUE(f.frame.GetParts().figures.GetLines().empty());
   EXPECT_FALSE(f.HasLabel("Orion"));
 }

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/shown_kinds.h"
+#include "scene/shown_kinds.h"
 
 #include <gtest/gtest.h>
 
-#include "skyview/session/diagnostics.h"
+#include "support/debug_capture.h"
 #include "support/camera_settings.h"
 #include "utils/text.h"
 
-using namespace skyview;
+using namespace scene;
 
 class ShownKindsTest : public testing::Test {
  protected:
@@ -18,7 +18,7 @@ class ShownKindsTest : public testing::Test {
     settings.SetSectionStatus(id, 1);
   }
 
-  Diagnostics diagnostics;
+  test_support::DebugCapture diagnostics;
   test_support::TempRoots roots;
   CommonInterfaces::SettingsData settings{1, FourCC("FLTR"), "filters.data"};
 };

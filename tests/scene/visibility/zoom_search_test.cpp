@@ -7,7 +7,7 @@
 #include "scene/frame_helpers.h"
 #include "skyview/options/option_values.h"
 
-using namespace skyview;
+using namespace scene;
 
 class ZoomSearch : public testing::Test {
  protected:

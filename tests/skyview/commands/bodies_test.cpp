@@ -4,7 +4,7 @@
 // The options about bodies through the whole program.
 #include <gtest/gtest.h>
 
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 

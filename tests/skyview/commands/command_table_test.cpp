@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <set>
 
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 #include "skyview/options/stop.h"
 
 using namespace skyview;
@@ -140,7 +140,7 @@ TEST(CommandTable, UnknownWordIsRefusedWithNearOnes) {
   EXPECT_EQ(Choose({"homes", "stor"}),
             "'homes stor': no such command, wants for example store (skyview --help lists them)");
   EXPECT_EQ(Choose({"qqqqqq"}),
-            "'qqqqqq': no such command, wants one of draw, where, why, body, curve, limits, homes, "
+            "'qqqqqq': no such command, wants one of draw, where, why, at, body, curve, limits, homes, "
             "favourites, languages (skyview --help lists them)");
   EXPECT_TRUE(Contains(Choose({""}), "'': no such command, wants one of draw"));
   EXPECT_TRUE(Contains(Choose({"homes", ""}), "wants one of show, store"));

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "paint/picture_file.h"
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 
@@ -147,4 +147,34 @@ TEST(Commands, StoredHomeIsReportedAndNothingIsDrawn) {
   EXPECT_TRUE(sky.Printed("azimuth 180°00'00.00\", altitude 30°00'00.00\" (S)\n")) << sky.output.str();
   EXPECT_EQ(sky.Run({"homes", "store", "--out", "a.svg", "--work", sky.dir.Path("work")}), 2);
   EXPECT_EQ(sky.Run({"homes", "--look", "180,30"}), 2) << "the list depends on no view";
+}
+
+TEST(Commands, AtAPixelTheObjectsDrawnThereAreNamed) {
+  SmallSky sky;
+  const Arguments view = {"--place", "52.52,13.405", "--time", "2026-01-15T21:00Z", "--look", "180,30"};
+  const auto with = [&view](Arguments arguments) {
+    arguments.insert(arguments.end(), view.begin(), view.end());
+    return arguments;
+  };
+  ASSERT_EQ(sky.Run(with({"why", "Rigel"})), 0) << sky.errors.str();
+  const std::string text = sky.output.str();
+  const auto begin = text.find("pixel ") + 6, comma = text.find(", ", begin);
+  const std::string pixel =
+      text.substr(begin, comma - begin) + "," + text.substr(comma + 2, text.find(' ', comma + 2) - comma - 2);
+  ASSERT_EQ(sky.Run(with({"at", pixel})), 0) << pixel << sky.errors.str();
+  EXPECT_EQ(sky.output.str().rfind("Rigel (", 0), 0u) << pixel << sky.output.str();
+  ASSERT_EQ(sky.Run(with({"at", "1590,5"})), 0) << sky.errors.str();
+  EXPECT_EQ(sky.output.str(), "no object is drawn there\n");
+}
+
+TEST(Commands, AtWantsAPixelOfThePicture) {
+  SmallSky sky;
+  for (const char* bad : {"", "5", "5,", "-1,5", "a,b", "5,5,5"}) {
+    EXPECT_EQ(sky.Run({"at", bad}), 2) << bad;
+    EXPECT_EQ(sky.output.str(), "");
+  }
+  EXPECT_EQ(sky.Run({"at", "5;5"}), 2);
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "at '5;5': wants X,Y (")) << sky.errors.str();
+  EXPECT_EQ(sky.Run({"at", "320,100", "--size", "320x200"}), 2);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: at '320,100': wants a pixel of the picture, 320x200");
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace scene;
 using namespace skyview;
 
 TEST(ImageGroups, AreReadInAnyOrderAndWrittenInOne) {

@@ -174,7 +174,7 @@ TEST(SkyGroups, AreRead) {
   const auto extras = ParseGroup(kExtraGroup, {"--frames-of", "deepsky", "--frames-of", "constellations",
                                                "--showers", "--orbits", "planets,Ceres"});
   ASSERT_FALSE(extras.stop) << extras.message;
-  EXPECT_EQ(extras.options.framesOf, unsigned{kDeepskyImages | kConstellationImages});
+  EXPECT_EQ(extras.options.framesOf, unsigned{scene::kDeepskyImages | scene::kConstellationImages});
   EXPECT_TRUE(extras.options.showers);
   EXPECT_EQ(extras.options.orbits->names, (std::vector<std::string>{"Ceres"}));
   EXPECT_EQ(ParseGroup(kSatelliteGroup, {"--tle", "f"}).options.tle.value_or(""), "f");

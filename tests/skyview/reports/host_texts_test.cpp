@@ -9,6 +9,7 @@
 #include "utils/locale.h"
 
 using CommonInterfaces::QX4Strings;
+using namespace scene;
 using namespace skyview;
 
 namespace {
@@ -41,7 +42,7 @@ TEST(HostTexts, StandInEveryLanguageAndFitTheirArguments) {
       }
     }
   }
-  EXPECT_EQ(seen, 3 * 100);
+  EXPECT_EQ(seen, 3 * 101);
 }
 
 TEST(HostTexts, AreAscendingInTheRangeOfApplications) {

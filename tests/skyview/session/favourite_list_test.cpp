@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 

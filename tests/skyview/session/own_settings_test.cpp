@@ -6,11 +6,12 @@
 
 #include "common_interfaces/settings_field.h"
 #include "scene/filter_fields.h"
-#include "scene/small_sky.h"
+#include "skyview/small_sky.h"
 #include "skyview/options/setting_text.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/session/favourites.h"
+#include "scene/favourites.h"
 
+using namespace scene;
 using namespace skyview;
 using CommonInterfaces::SettingsData;
 

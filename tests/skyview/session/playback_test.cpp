@@ -6,8 +6,9 @@
 
 #include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
-#include "scene/frame/frame_maker.h"
+#include "scene/frame_maker.h"
 
+using namespace scene;
 using namespace skyview;
 using host_test::FrameFixture;
 

@@ -9,6 +9,7 @@
 #include "support/comma_locale.h"
 #include "utils/text.h"
 
+using namespace scene;
 using namespace skyview;
 
 namespace {

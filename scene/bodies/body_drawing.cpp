@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "scene/bodies/body_marks.h"
+#include "scene/display/palette.h"
+#include "utils/text.h"
+
+namespace scene {
+namespace {
+
+constexpr double kNightSide = 0.10;  // brightness of the part that the Sun does not light
+
+float Pixel(double v) { return static_cast<float>(v); }
+
+const Colour& GetColour(const SSO_ID& id) {
+  if (id.kind == FourCC("moon")) return palette::kMoon;
+  if (id.kind == FourCC("astr")) return palette::kAsteroid;
+  if (id.kind == FourCC("comt")) return palette::kComet;
+  if (id.kind == FourCC("scft")) return palette::kSatellite;
+  const int index = id.number - 1;
+  return id.number == kSunNumber || index < 0 || index >= static_cast<int>(std::size(palette::kPlanets))
+             ? palette::kSun
+             : palette::kPlanets[index];
+}
+
+// Draws one body.
+class BodyPen {
+ public:
+  BodyPen(const DrawnBody& drawn, const SSO_ID& id, DisplayList& list)
+      : m_Drawn(drawn),
+        m_Id(id),
+        m_Object{id.kind, id.number},
+        m_X(drawn.place.x),
+        m_Y(list.GetHeight() - drawn.place.y),
+        m_List(list) {}
+
+  void Draw(const DrawnShadow& moonShadow) const {
+    const Colour& colour = GetColour(m_Id);
+    if (m_Drawn.body == kSunBody) return DrawPoint(colour, 1.0, MakeGlow(4.0, colour, 0.55));
+    if (m_Drawn.asDisc) {
+      DrawDisc(colour);
+      if (moonShadow.falls && m_Drawn.body == kMoonBody) DrawShadow(moonShadow);
+    } else if (m_Id.kind == FourCC("comt")) {
+      DrawTail(colour);
+      DrawDot(colour);
+    } else if (m_Id.kind == FourCC("astr")) {
+      DrawRinged(colour);
+    } else if (m_Id.kind == FourCC("scft")) {
+      DrawDiamond(colour);
+    } else {
+      DrawDot(colour);
+    }
+  }
+
+ private:
+  Glow MakeGlow(double reach, const Colour& colour, double strength) const {
+    return {Pixel(0.5 * m_Drawn.radius), Pixel(reach * m_Drawn.radius), 0.4f, ToRgba(Scaled(colour, 1.0, strength)),
+            ToRgba(Scaled(colour, 1.0, 0.3 * strength))};
+  }
+  void DrawPoint(const Colour& colour, double opacity, const Glow& glow) const {
+    m_List.Add(Layer::kBodies, PointRecord{Pixel(m_X), Pixel(m_Y), Pixel(m_Drawn.radius),
+                                           ToRgba(Scaled(colour, 1.0, opacity)), glow, m_Object});
+  }
+  void DrawDot(const Colour& colour) const {
+    DrawPoint(colour, m_Drawn.opacity, MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity));
+  }
+  void DrawDisc(const Colour& colour) const;
+  void DrawShadow(const DrawnShadow& shadow) const;
+  void DrawTail(const Colour& colour) const;
+  void DrawRinged(const Colour& colour) const;
+  void DrawDiamond(const Colour& colour) const;
+
+  const DrawnBody& m_Drawn;
+  const SSO_ID& m_Id;
+  ObjectRef m_Object;
+  double m_X, m_Y;
+  DisplayList& m_List;
+};
+
+void BodyPen::DrawDisc(const Colour& colour) const {
+  constexpr double kLarge = 40.0;  // pixels; a shine around a large disc would look like fog
+  DiscRecord disc = {};
+  disc.x = Pixel(m_X);
+  disc.y = Pixel(m_Y);
+  disc.radius = Pixel(m_Drawn.radius);
+  disc.sunX = Pixel(m_Drawn.toSun.x);
+  disc.sunY = Pixel(-m_Drawn.toSun.y);
+  disc.cosPhase = Pixel(m_Drawn.cosPhase);
+  disc.lit = ToRgba(Scaled(colour, 1.0, m_Drawn.opacity));
+  disc.dark = ToRgba(Scaled(colour, kNightSide, m_Drawn.opacity));
+  if (m_Drawn.radius < kLarge * static_cast<double>(m_List.GetUnit())) {
+    const double lit = 0.5 * (1.0 + m_Drawn.cosPhase);
+    disc.glow = MakeGlow(2.6, colour, 0.35 * lit * m_Drawn.opacity);
+  }
+  disc.object = m_Object;
+  m_List.Add(Layer::kBodies, disc);
+}
+
+// The penumbra takes more and more of the sunlight towards the umbra, which is dark and red.
+void BodyPen::DrawShadow(const DrawnShadow& shadow) const {
+  ShadowRecord record = {};
+  record.x = Pixel(shadow.centre.x);
+  record.y = Pixel(m_List.GetHeight() - shadow.centre.y);
+  record.clipX = Pixel(m_X);
+  record.clipY = Pixel(m_Y);
+  record.clipRadius = Pixel(m_Drawn.radius);
+  record.object = m_Object;
+  record.innerRadius = Pixel(shadow.umbra);
+  record.outerRadius = Pixel(shadow.penumbra);
+  record.middle = 0.25f;
+  record.inner = ToRgba({0.10, 0.06, 0.05, 0.70});
+  record.middleColour = ToRgba({0.08, 0.06, 0.05, 0.48});
+  record.outer = ToRgba({0.05, 0.05, 0.05, 0.0});
+  m_List.Add(Layer::kBodies, record);
+  if (!(shadow.umbra > 0.0)) return;
+  const Colour& umbra = palette::kUmbra;
+  record.innerRadius = 0.0f;
+  record.outerRadius = Pixel(shadow.umbra);
+  record.middle = 0.8f;
+  record.inner = ToRgba(Scaled(umbra, 0.5, 0.94));
+  record.middleColour = ToRgba(Scaled(umbra, 1.0, 0.92));
+  record.outer = ToRgba({umbra.red, 1.4 * umbra.green, 1.6 * umbra.blue, 0.88});
+  m_List.Add(Layer::kBodies, record);
+}
+
+void BodyPen::DrawTail(const Colour& colour) const {
+  const double length = 9.0 * m_Drawn.radius + 8.0 * static_cast<double>(m_List.GetUnit());
+  const double awayX = -m_Drawn.toSun.x, awayY = m_Drawn.toSun.y;  // y down
+  GradientRecord tail = {};
+  const auto corner = [&](int i, double along, double aside) {
+    tail.cornerX[i] = Pixel(m_X + along * awayX - aside * awayY);
+    tail.cornerY[i] = Pixel(m_Y + along * awayY + aside * awayX);
+  };
+  corner(0, 0.0, -m_Drawn.radius);
+  corner(1, length, -0.28 * length);
+  corner(2, length, 0.28 * length);
+  corner(3, 0.0, m_Drawn.radius);
+  tail.x0 = Pixel(m_X);
+  tail.y0 = Pixel(m_Y);
+  tail.x1 = Pixel(m_X + length * awayX);
+  tail.y1 = Pixel(m_Y + length * awayY);
+  tail.middle = 1.0f;
+  tail.colour = ToRgba(colour, 0.55 * m_Drawn.opacity);
+  tail.middleColour = tail.endColour = ToRgba(colour, 0.0);
+  tail.object = m_Object;
+  m_List.Add(Layer::kBodies, tail);
+}
+
+// A ring around the dot tells it from a star.
+void BodyPen::DrawRinged(const Colour& colour) const {
+  DrawPoint(colour, m_Drawn.opacity, {});
+  const float radius = Pixel(m_Drawn.radius + 2.5 * static_cast<double>(m_List.GetUnit()));
+  m_List.Add(Layer::kBodies,
+             EllipseRecord{Pixel(m_X), Pixel(m_Y), radius, radius, 0.0f, 0.9f * m_List.GetUnit(), 0.0f,
+                           ToRgba(colour, 0.55 * m_Drawn.opacity), m_Object});
+}
+
+void BodyPen::DrawDiamond(const Colour& colour) const {
+  const double r = 1.4 * m_Drawn.radius;
+  m_List.AddVertex(m_X - r, m_Y);
+  m_List.AddVertex(m_X, m_Y - r);
+  m_List.AddVertex(m_X + r, m_Y);
+  m_List.AddVertex(m_X, m_Y + r);
+  PolygonRecord area = {};
+  area.colour = ToRgba(colour);
+  area.object = m_Object;
+  m_List.AddArea(Layer::kBodies, area);
+}
+
+}  // namespace
+
+void BodyMarks::Draw(DisplayList& list) const {
+  for (const auto& drawn : m_Drawn) {
+    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, list).Draw(m_Shadow);
+  }
+}
+
+}  // namespace scene

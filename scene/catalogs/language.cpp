@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/language.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "common_interfaces/string_table.h"
+#include "utils/locale.h"
+#include "utils/path.h"
+
+namespace scene {
+namespace {
+
+namespace fs = std::filesystem;
+using CommonInterfaces::QX4Strings;
+
+constexpr const char* kFolder = "languages";
+constexpr const char* kTextFile = "qxstrings.txt";
+
+std::string ListOf(const std::vector<std::string>& languages) {
+  if (languages.empty()) return kDefaultLanguage;
+  std::string list;
+  for (const auto& language : languages) list += (list.empty() ? "" : ", ") + language;
+  return list;
+}
+
+}  // namespace
+
+std::vector<std::string> FindLanguages(const std::string& dataRoot) {
+  std::vector<std::string> languages;
+  std::error_code failure;
+  for (fs::directory_iterator entry(fs::path(dataRoot) / kFolder, failure), end; !failure && entry != end;
+       entry.increment(failure)) {
+    std::error_code ignored;
+    if (fs::is_regular_file(entry->path() / kTextFile, ignored)) {
+      languages.push_back(entry->path().filename().string());
+    }
+  }
+  std::sort(languages.begin(), languages.end());
+  return languages;
+}
+
+bool SwitchLanguage(const std::string& dataRoot, const std::string& language,
+                    const std::function<void()>& fetchTexts, std::string& error) {
+  const auto languages = FindLanguages(dataRoot);
+  const bool hasFolder = std::find(languages.begin(), languages.end(), language) != languages.end();
+  if (!hasFolder && language != kDefaultLanguage) {
+    error = "wants one of " + ListOf(languages);
+    return false;
+  }
+  QX4Strings::StartLocaleUpdate();
+  SetSystemLocale(language.c_str());
+  ZentharPath::SetLanguageRoot(
+      hasFolder ? fs::absolute(fs::path(dataRoot) / kFolder / language).string().c_str() : nullptr);
+  const QX4Strings reloaded;
+  fetchTexts();
+  QX4Strings::FinishLocaleUpdate();
+  return true;
+}
+
+}  // namespace scene

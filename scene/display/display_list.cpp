@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/display_list.h"
+
+namespace scene {
+
+void DisplayList::Begin(int width, int height, double unit) {
+  m_Width = width;
+  m_Height = height;
+  m_Unit = static_cast<float>(unit);
+  m_OpenVertex = m_OpenRing = 0;
+  m_Runs.clear();
+  m_Points.clear();
+  m_Discs.clear();
+  m_Shadows.clear();
+  m_Polylines.clear();
+  m_Ellipses.clear();
+  m_Polygons.clear();
+  m_Gradients.clear();
+  m_Texts.clear();
+  m_Rings.clear();
+  m_Vertices.clear();
+  m_TextBytes.clear();
+}
+
+// Records of one type and layer that follow one another make one run. `count`: how many of the type there are now.
+void DisplayList::Note(RecordType type, Layer layer, std::size_t count) {
+  if (!m_Runs.empty() && m_Runs.back().type == type && m_Runs.back().layer == layer) {
+    ++m_Runs.back().count;
+  } else {
+    m_Runs.push_back({type, layer, static_cast<int>(count) - 1, 1});
+  }
+}
+
+void DisplayList::AddVertex(double x, double y) {
+  m_Vertices.push_back({static_cast<float>(x), static_cast<float>(y)});
+}
+
+void DisplayList::EndRing() {
+  const int end = static_cast<int>(m_Vertices.size());
+  m_Rings.push_back({m_OpenVertex, end - m_OpenVertex});
+  m_OpenVertex = end;
+}
+
+void DisplayList::Add(Layer layer, const PointRecord& point) {
+  m_Points.push_back(point);
+  Note(RecordType::kPoint, layer, m_Points.size());
+}
+
+void DisplayList::Add(Layer layer, const DiscRecord& disc) {
+  m_Discs.push_back(disc);
+  Note(RecordType::kDisc, layer, m_Discs.size());
+}
+
+void DisplayList::Add(Layer layer, const ShadowRecord& shadow) {
+  m_Shadows.push_back(shadow);
+  Note(RecordType::kShadow, layer, m_Shadows.size());
+}
+
+void DisplayList::Add(Layer layer, const EllipseRecord& ellipse) {
+  m_Ellipses.push_back(ellipse);
+  Note(RecordType::kEllipse, layer, m_Ellipses.size());
+}
+
+void DisplayList::Add(Layer layer, const GradientRecord& gradient) {
+  m_Gradients.push_back(gradient);
+  Note(RecordType::kGradient, layer, m_Gradients.size());
+}
+
+void DisplayList::AddLine(Layer layer, PolylineRecord line) {
+  line.firstVertex = m_OpenVertex;
+  m_OpenVertex = static_cast<int>(m_Vertices.size());
+  line.vertexCount = m_OpenVertex - line.firstVertex;
+  m_Polylines.push_back(line);
+  Note(RecordType::kPolyline, layer, m_Polylines.size());
+}
+
+void DisplayList::AddArea(Layer layer, PolygonRecord area) {
+  if (m_OpenVertex < static_cast<int>(m_Vertices.size())) EndRing();
+  area.firstRing = m_OpenRing;
+  m_OpenRing = static_cast<int>(m_Rings.size());
+  area.ringCount = m_OpenRing - area.firstRing;
+  m_Polygons.push_back(area);
+  Note(RecordType::kPolygon, layer, m_Polygons.size());
+}
+
+void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
+  text.first = static_cast<int>(m_TextBytes.size());
+  text.length = static_cast<int>(utf8.size());
+  m_TextBytes.insert(m_TextBytes.end(), utf8.begin(), utf8.end());
+  m_TextBytes.push_back('\0');
+  m_Texts.push_back(text);
+  Note(RecordType::kText, layer, m_Texts.size());
+}
+
+void DisplayList::Reserve(const Capacity& capacity) {
+  m_Points.reserve(capacity.points);
+  m_Discs.reserve(capacity.discs);
+  m_Polylines.reserve(capacity.polylines);
+  m_Ellipses.reserve(capacity.ellipses);
+  m_Polygons.reserve(capacity.polygons);
+  m_Texts.reserve(capacity.texts);
+  m_Rings.reserve(capacity.rings);
+  m_Vertices.reserve(capacity.vertices);
+  m_TextBytes.reserve(capacity.textBytes);
+  m_Runs.reserve(capacity.runs);
+}
+
+}  // namespace scene

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/frame/caption_block.h"
+
+#include "scene/caption.h"
+#include "scene/display/palette.h"
+
+namespace scene {
+
+void CaptionBlock::Place(double unit, LabelPlacer& labels) const {
+  double baseline = 1.1 * kCaptionFont * unit;
+  for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {
+    labels.PlaceAt(line->c_str(), {kCaptionLeft * unit, baseline}, kCaptionFont * unit, LabelKind::kCaption);
+    baseline += kCaptionLineStep * unit;
+  }
+}
+
+void CaptionBlock::DrawGround(DisplayList& list) const {
+  constexpr double kFade = 48.0;  // pixels of the standard picture above the text
+  if (m_Lines.empty()) return;
+  const double text = GetLineCount() * kCaptionLineStep;
+  const float bottom = static_cast<float>(list.GetHeight()), right = static_cast<float>(list.GetWidth());
+  const float top = static_cast<float>(list.GetHeight() - (text + kFade) * static_cast<double>(list.GetUnit()));
+  const Colour& colour = palette::kCaptionGround;
+  list.Add(Layer::kCaptionGround, GradientRecord{{0.0f, right, right, 0.0f},
+                                                 {top, top, bottom, bottom},
+                                                 0.0f,
+                                                 top,
+                                                 0.0f,
+                                                 bottom,
+                                                 static_cast<float>(kFade / (text + kFade)),
+                                                 ToRgba(colour, 0.0),
+                                                 ToRgba(colour, 0.6),
+                                                 ToRgba(colour, 0.8),
+                                                 {}});
+}
+
+}  // namespace scene

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "scene/display/palette.h"
+#include "scene/display/symbol_colour.h"
+#include "scene/frame/sky_objects.h"
+#include "utils/text.h"
+
+namespace scene {
+namespace {
+
+void DrawStar(const DrawnStar& drawn, const StarCatalog& stars, DisplayList& list) {
+  constexpr float kShineFrom = 1.9f, kLeastRadius = 0.55f;  // pixels
+  const auto& place = drawn.output->m_Place;
+  const Colour& colour = palette::kStars[std::min<unsigned>(stars.GetSpectrum(drawn.star), palette::kSpectralClasses)];
+  const double opacity = drawn.opacity;
+  PointRecord point = {};
+  point.x = place.x;
+  point.y = static_cast<float>(list.GetHeight()) - place.y;
+  // A disc below the resolution of the picture keeps its light: larger, and fainter by the area.
+  point.radius = std::max(place.radius, kLeastRadius);
+  const double share = static_cast<double>(place.radius) / static_cast<double>(point.radius);
+  point.colour = ToRgba(colour, opacity * share * share);
+  if (place.radius > kShineFrom * list.GetUnit()) {
+    point.glow = {0.0f, 3.6f * place.radius, 0.35f, ToRgba(colour, 0.55 * opacity), ToRgba(colour, 0.20 * opacity)};
+  }
+  point.object = {FourCC("star"), stars.GetNumber(drawn.star)};
+  list.Add(Layer::kStars, point);
+}
+
+void AddBox(double x, double y, double halfWidth, double halfHeight, DisplayList& list) {
+  list.AddVertex(x - halfWidth, y - halfHeight);
+  list.AddVertex(x + halfWidth, y - halfHeight);
+  list.AddVertex(x + halfWidth, y + halfHeight);
+  list.AddVertex(x - halfWidth, y + halfHeight);
+}
+
+void AddDiamond(double x, double y, double radius, DisplayList& list) {
+  list.AddVertex(x - radius, y);
+  list.AddVertex(x, y - radius);
+  list.AddVertex(x + radius, y);
+  list.AddVertex(x, y + radius);
+}
+
+void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayList& list) {
+  // The catalogue holds no position angles, so all symbols lie alike.
+  constexpr float kSlant = static_cast<float>(-25.0 * kRadiansPerDegree);
+  const auto& output = *drawn.output;
+  const float x = output.m_Place.x, y = static_cast<float>(list.GetHeight()) - output.m_Place.y;
+  const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize, width = 1.1f * list.GetUnit();
+  const LabelKind kind = LabelKindOfDeepsky(object.kind);
+  const Rgba colour = ToRgba(GetSymbolColour(kind), static_cast<double>(drawn.opacity));
+  const ObjectRef ref = {object.kind, object.number};
+  if (kind == LabelKind::kGalaxy) {
+    list.Add(Layer::kDeepsky,
+             EllipseRecord{x, y, major, std::min(minor, 0.75f * major), kSlant, width, 0.0f, colour, ref});
+  } else if (kind == LabelKind::kCluster) {
+    list.Add(Layer::kDeepsky, EllipseRecord{x, y, major, major, 0.0f, width, 3.0f * list.GetUnit(), colour, ref});
+  } else {
+    kind == LabelKind::kNebula ? AddBox(x, y, major, minor, list) : AddDiamond(x, y, major, list);
+    list.AddLine(Layer::kDeepsky, PolylineRecord{0, 0, width, 0.0f, colour, kClosedLine, ref});
+  }
+}
+
+}  // namespace
+
+void SkyObjects::DrawDeepsky(DisplayList& list) const {
+  for (const auto& drawn : m_Deepsky) {
+    DrawSymbol(drawn, m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)], list);
+  }
+}
+
+void SkyObjects::DrawStars(DisplayList& list) const {
+  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn) DrawStar(*drawn, m_Catalogs.stars, list);
+}
+
+}  // namespace scene

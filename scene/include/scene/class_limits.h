@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common_interfaces/camera.h"
+
+namespace scene {
+
+// The three limits of a class of objects at the camera's zoom, magnitude codes: (magnitude + 2) * 10.
+struct ClassLimits {
+  explicit ClassLimits(const CommonInterfaces::Camera& camera, int cls)
+      : draw(camera.GetDarkMagDrawF(cls)),
+        full(camera.GetDarkMagObjectF(cls)),
+        label(camera.GetDarkMagLabelF(cls)) {}
+
+  // How bright an object of this code is drawn: 1 up to the full limit, falling to a faint dot at the draw limit.
+  float Opacity(float code) const {
+    constexpr float kFaintest = 0.3f;
+    if (code <= full || draw <= full) return 1.0f;
+    return 1.0f - (1.0f - kFaintest) * (code - full) / (draw - full);
+  }
+
+  float draw;   // objects up to this code are drawn,
+  float full;   // up to this one at full brightness,
+  float label;  // and up to this one with their label
+};
+
+inline double MagnitudeOfCode(double code) { return code * 0.1 - 2.0; }
+
+}  // namespace scene

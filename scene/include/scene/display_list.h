@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What a frame shows, ready to be painted: flat arrays of records in the order in which they are painted. A painter
+// needs nothing else.
+//
+// Coordinates and lengths are pixels, x from the left and y from the top edge of the picture downwards; angles are
+// radians. A record is made of 32-bit words (little-endian in memory on every target), has no padding and may be copied
+// as bytes: docs/formats/display_list.md has the layouts, for readers in other languages.
+#pragma once
+
+#include <bit>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "scene/api.h"
+
+namespace scene {
+
+// Red, green, blue and opacity, 0 to 255 each, in this order of bytes. Not multiplied with the opacity.
+struct Rgba {
+  unsigned char red, green, blue, alpha;
+  bool operator==(const Rgba&) const = default;
+};
+
+// The object that a record stands for: four-character code and number, as lists of favourites know it; 0, 0: none.
+struct ObjectRef {
+  int kind, number;
+  bool operator==(const ObjectRef&) const = default;
+};
+
+// What is painted first lies lowest. Readers keep these numbers: frozen.
+enum class Layer : int {
+  kBackground = 0,
+  kMilkyWay = 1,
+  kHaze = 2,
+  kFigures = 3,
+  kImageFrames = 4,
+  kOrbits = 5,
+  kDeepsky = 6,
+  kStars = 7,
+  kBodies = 8,
+  kGround = 9,
+  kRadiants = 10,
+  kFavourites = 11,
+  kCaptionGround = 12,
+  kCompass = 13,
+  kMarkers = 14,
+  kLabels = 15
+};
+
+// The arrays. Frozen.
+enum class RecordType : int {
+  kPoint = 0,
+  kDisc = 1,
+  kShadow = 2,
+  kPolyline = 3,
+  kEllipse = 4,
+  kPolygon = 5,
+  kGradient = 6,
+  kText = 7
+};
+
+// Light around a round thing: a radial gradient from `innerRadius` (colour) over `middle` of the way (middleColour) to
+// `radius`, where it has faded. Painted under the thing itself. No glow: radius 0.
+struct Glow {
+  float innerRadius, radius, middle;
+  Rgba colour, middleColour;
+};
+
+// A filled circle: a star, or a body that is too small for a disc.
+struct PointRecord {
+  float x, y, radius;
+  Rgba colour;
+  Glow glow;
+  ObjectRef object;
+};
+
+// A body with a phase: a circle in the dark colour, and on it in the lit one the side of the Sun.
+struct DiscRecord {
+  float x, y, radius;
+  float sunX, sunY;  // unit vector from the middle of the disc to that of its bright limb
+  float cosPhase;    // cosine of the phase angle: 1 wholly lit, -1 wholly dark
+  Rgba lit, dark;
+  Glow glow;
+  ObjectRef object;
+};
+
+// A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of the way to
+// `outerRadius`, in the circle of that radius, where this lies on the disc (clip...). Inside `innerRadius` the first
+// colour goes on.
+struct ShadowRecord {
+  float x, y, innerRadius, outerRadius, middle;
+  float clipX, clipY, clipRadius;
+  Rgba inner, middleColour, outer;
+  ObjectRef object;
+};
+
+// Bits of PolylineRecord::flags and EllipseRecord::flags.
+enum LineFlag : unsigned { kClosedLine = 1, kRoundCaps = 2, kRoundJoins = 4 };
+
+// A line from vertex to vertex. Neighbours in the array that differ in nothing but their vertices and object are
+// stroked together, so that nothing darkens where they meet.
+struct PolylineRecord {
+  int firstVertex, vertexCount;
+  float width;
+  float dash;  // length of dashes and of the gaps between them; 0: none
+  Rgba colour;
+  unsigned flags;  // of LineFlag
+  ObjectRef object;
+};
+
+// The outline of an ellipse.
+struct EllipseRecord {
+  float x, y, semiMajor, semiMinor;
+  float angle;  // of the major axis, from the x axis towards the y axis
+  float width, dash;
+  Rgba colour;
+  ObjectRef object;
+};
+
+// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards: the colour
+// `edge` lies on the outside in four bands, of 9, 21, 36 and 56 times `softness` / 2 pixels, one over the other.
+struct PolygonRecord {
+  int firstRing, ringCount;
+  Rgba colour, edge;
+  float softness;
+  ObjectRef object;
+};
+
+// A ring of a polygon, the last vertex joined to the first.
+struct RingRecord {
+  int firstVertex, vertexCount;
+};
+
+// A convex area of four corners, filled with a linear gradient: the first colour at (x0, y0), the second at `middle` of
+// the way, the third at (x1, y1).
+struct GradientRecord {
+  float cornerX[4], cornerY[4];
+  float x0, y0, x1, y1, middle;
+  Rgba colour, middleColour, endColour;
+  ObjectRef object;
+};
+
+// Bits of TextRecord::style.
+enum TextStyle : unsigned { kItalicText = 1, kBoldText = 2 };
+
+// A line of sans-serif text.
+struct TextRecord {
+  float x, y;      // of a point of the baseline
+  float anchor;    // which part of the text's width lies left of the point: 0, 0.5 or 1
+  float size;      // of the font
+  int first;       // of its bytes in the buffer of texts, UTF-8
+  int length;      // bytes; a zero stands behind them
+  unsigned style;  // of TextStyle
+  Rgba colour;
+  ObjectRef object;
+};
+
+struct Vertex {
+  float x, y;
+};
+
+// `count` records of one array from `first` on. Painting the runs one after the other paints the picture.
+struct Run {
+  RecordType type;
+  Layer layer;
+  int first, count;
+};
+
+static_assert(std::endian::native == std::endian::little, "records are read as bytes elsewhere");
+static_assert(sizeof(Rgba) == 4 && sizeof(ObjectRef) == 8 && sizeof(Glow) == 20 && sizeof(Vertex) == 8);
+static_assert(sizeof(PointRecord) == 44 && sizeof(DiscRecord) == 60 && sizeof(ShadowRecord) == 52);
+static_assert(sizeof(PolylineRecord) == 32 && sizeof(EllipseRecord) == 40 && sizeof(PolygonRecord) == 28);
+static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(TextRecord) == 40);
+static_assert(sizeof(Run) == 16);
+
+// Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and pointers into
+// them hold until the next frame is computed. One thread.
+class SCENE_API DisplayList {
+ public:
+  int GetWidth() const { return m_Width; }
+  int GetHeight() const { return m_Height; }
+  // What one pixel of the standard picture of 1600 x 1000 is in this one: lines and texts grow with it.
+  float GetUnit() const { return m_Unit; }
+
+  const std::vector<Run>& GetRuns() const { return m_Runs; }
+  const std::vector<PointRecord>& GetPoints() const { return m_Points; }
+  const std::vector<DiscRecord>& GetDiscs() const { return m_Discs; }
+  const std::vector<ShadowRecord>& GetShadows() const { return m_Shadows; }
+  const std::vector<PolylineRecord>& GetPolylines() const { return m_Polylines; }
+  const std::vector<EllipseRecord>& GetEllipses() const { return m_Ellipses; }
+  const std::vector<PolygonRecord>& GetPolygons() const { return m_Polygons; }
+  const std::vector<GradientRecord>& GetGradients() const { return m_Gradients; }
+  const std::vector<TextRecord>& GetTexts() const { return m_Texts; }
+  const std::vector<RingRecord>& GetRings() const { return m_Rings; }
+  const std::vector<Vertex>& GetVertices() const { return m_Vertices; }
+  const std::vector<char>& GetTextBytes() const { return m_TextBytes; }
+  const char* GetText(const TextRecord& text) const { return m_TextBytes.data() + text.first; }
+
+  // Empties the list for a picture of that size.
+  void Begin(int width, int height, double unit);
+
+  // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since the record
+  // before; vertices without a ring stand for one.
+  void AddVertex(double x, double y);
+  void EndRing();
+  void Add(Layer layer, const PointRecord& point);
+  void Add(Layer layer, const DiscRecord& disc);
+  void Add(Layer layer, const ShadowRecord& shadow);
+  void Add(Layer layer, const EllipseRecord& ellipse);
+  void Add(Layer layer, const GradientRecord& gradient);
+  void AddLine(Layer layer, PolylineRecord line);
+  void AddArea(Layer layer, PolygonRecord area);
+  void AddText(Layer layer, TextRecord text, std::string_view utf8);
+
+  // Room for so many records, so that frames up to that size allocate nothing.
+  struct Capacity {
+    std::size_t points = 0, discs = 0, polylines = 0, ellipses = 0, polygons = 0, texts = 0, rings = 0, vertices = 0,
+                textBytes = 0, runs = 0;
+  };
+  void Reserve(const Capacity& capacity);
+
+ private:
+  void Note(RecordType type, Layer layer, std::size_t count);
+
+  int m_Width = 0, m_Height = 0;
+  float m_Unit = 1.0f;
+  int m_OpenVertex = 0, m_OpenRing = 0;  // the first that belong to no record yet
+  std::vector<Run> m_Runs;
+  std::vector<PointRecord> m_Points;
+  std::vector<DiscRecord> m_Discs;
+  std::vector<ShadowRecord> m_Shadows;
+  std::vector<PolylineRecord> m_Polylines;
+  std::vector<EllipseRecord> m_Ellipses;
+  std::vector<PolygonRecord> m_Polygons;
+  std::vector<GradientRecord> m_Gradients;
+  std::vector<TextRecord> m_Texts;
+  std::vector<RingRecord> m_Rings;
+  std::vector<Vertex> m_Vertices;
+  std::vector<char> m_TextBytes;
+};
+
+}  // namespace scene

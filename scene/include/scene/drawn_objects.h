@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common_interfaces/object_outputs.h"
+
+namespace scene {
+
+// A star of the frame: its output record (in the frame's pool), its index in the catalogue, how it is drawn.
+struct DrawnStar {
+  CommonInterfaces::StarOutput* output;
+  int star;
+  float opacity;  // 0 to 1
+};
+
+struct DrawnDeepsky {
+  CommonInterfaces::DeepskyOutput* output;
+  int object;
+  float opacity;
+};
+
+}  // namespace scene

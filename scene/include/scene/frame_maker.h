@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common_interfaces/camera.h"
+#include "scene/api.h"
+#include "scene/object_filter.h"
+#include "scene/observer_frame.h"
+#include "scene/shown_kinds.h"
+#include "scene/sky_frame.h"
+#include "scene/sky_markers.h"
+
+namespace scene {
+
+// What a frame is computed from, and the frame. All but the frame is kept by reference.
+class SCENE_API FrameMaker {
+ public:
+  FrameMaker(CommonInterfaces::Camera& camera, const SkyCatalogs& catalogs, const ShownKinds& shown,
+             const ObjectFilters& filters, const SkyMarkers& markers)
+      : m_Camera(camera), m_Shown(shown), m_Filters(filters), m_Markers(markers), m_Frame(catalogs) {}
+
+  // The camera moved: its matrices, view centre and markers follow. The status can then be asked for.
+  void Prepare();
+  // Computes what Prepare has set up. Neither of them allocates after the first frame.
+  void Compute() { m_Frame.Compute(m_Camera, m_Observer, m_Shown, m_Filters); }
+
+  const ObserverFrame& GetObserver() const { return m_Observer; }
+  SkyFrame& GetFrame() { return m_Frame; }
+
+ private:
+  CommonInterfaces::Camera& m_Camera;
+  const ShownKinds& m_Shown;
+  const ObjectFilters& m_Filters;
+  const SkyMarkers& m_Markers;
+  ObserverFrame m_Observer{};
+  SkyFrame m_Frame;
+};
+
+}  // namespace scene

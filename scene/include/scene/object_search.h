@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "scene/api.h"
+#include "scene/sky_catalogs.h"
+
+namespace scene {
+
+enum class ObjectGroup { kStar, kDeepsky, kConstellation, kBody };
+
+// An object of the catalogs by its index there.
+struct FoundObject {
+  ObjectGroup group;
+  int index;
+
+  bool operator==(const FoundObject&) const = default;
+};
+
+// Kind and number of the object, as filters and favourites know it.
+SCENE_API int GetKind(const FoundObject& object, const SkyCatalogs& catalogs);
+SCENE_API int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
+
+// Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491", "HIP
+// 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as the list of
+// bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or catalogue number. Upper
+// and lower case, accents, blanks and punctuation do not matter.
+class SCENE_API ObjectSearch {
+ public:
+  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
+  explicit ObjectSearch(SkyCatalogs& catalogs);
+
+  // Every object of that name: none, one, or several when the name is ambiguous.
+  std::vector<FoundObject> Find(const std::string& name) const;
+  // The one object of that name. Nothing when there is none or more than one: `error` is then one line that names
+  // similar names, or the candidates.
+  std::optional<FoundObject> FindOne(const std::string& name, std::string& error) const;
+  // Names like that one, for a name that nothing has.
+  std::vector<std::string> FindNear(const std::string& name) const;
+  // Its best known name, "Sirius".
+  std::string GetName(const FoundObject& object) const;
+  // "Sirius (α CMa, 9 CMa, HR 2491, HIP 32349)"
+  std::string GetTitle(const FoundObject& object) const;
+
+ private:
+  struct Name {
+    std::string key;
+    std::string written;
+    FoundObject object;
+  };
+  void Add(const std::string& written, const FoundObject& object);
+  void AddStars(SkyCatalogs& catalogs);
+  void AddDeepsky(SkyCatalogs& catalogs);
+  void AddBodies(const SkyCatalogs& catalogs);
+  std::vector<FoundObject> FindKey(const std::string& key) const;
+
+  std::vector<Name> m_Names;  // those of one object together, the best known first
+};
+
+}  // namespace scene

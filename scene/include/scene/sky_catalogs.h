@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "scene/api.h"
+#include "scene/bodies.h"
+#include "scene/catalog_table.h"
+#include "scene/directions.h"
+#include "scene/object_traits.h"
+#include "scene/star_catalog.h"
+
+namespace scene {
+
+struct DeepskyObject {
+  Direction direction;     // J2000
+  float code;              // magnitude code
+  int kind;                // four-character code: "gala", "nebu", "clst", "dsnv"
+  int number;              // catalogue number, -1: none
+  float largest;           // radians, 0 when unknown
+  float smallest;          // radians, 0 when unknown
+  std::string label;       // "M42", else the NGC or IC number, else the proper name
+  unsigned char catalogs;  // DeepskyCatalogBit
+  int record;              // of the table that it came from
+};
+
+// One stroke of a constellation figure from star to star, along the great circle: `count` points from `first` on.
+struct FigureStroke {
+  int first, count;
+  int constellation;  // index in the catalogs' list, -1 for a figure of a constellation that is not in it
+};
+
+struct ConstellationName {
+  std::string abbreviation;  // "Ori"
+  Direction direction;       // J2000
+  std::string name;          // Latin
+  std::string englishName;   // the Latin one where there is no other
+
+  const std::string& GetShownName(bool english) const { return english ? englishName : name; }
+};
+
+// A closed outline of the Milky Way: `count` points from `first` on, the last one joined to the first.
+struct MilkyWayRing {
+  int level;  // 1 faintest to 5 brightest
+  int first, count;
+};
+
+// What filters compare. The number of a constellation is the name id of its abbreviation.
+SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
+SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
+
+// Everything skyview draws, prepared once from the catalog tables of the data root.
+struct SkyCatalogs {
+  StarCatalog stars;
+  std::vector<DeepskyObject> deepsky;  // brightest first
+  std::vector<Direction> figurePoints;
+  std::vector<FigureStroke> figures;
+  std::vector<ConstellationName> constellations;
+  std::vector<Direction> milkyWayPoints;
+  std::vector<MilkyWayRing> milkyWay;  // by level
+  BodyList bodies;
+  CatalogTable starTable, deepskyTable;  // for what no frame needs, such as all the names of an object
+};
+
+// Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies). False when one of the five
+// is missing or is no table: `error` is then one line that names the file.
+SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
+
+}  // namespace scene

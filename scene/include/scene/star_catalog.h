@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "scene/api.h"
+#include "scene/catalog_table.h"
+#include "scene/directions.h"
+#include "scene/object_traits.h"
+
+namespace scene {
+
+// The stars as every frame needs them: one array a quantity, the same index everywhere, the brightest first, so that
+// a frame stops at the first star that is too faint. Directions are at the epoch J2000 on J2000 axes.
+class SCENE_API StarCatalog {
+ public:
+  // Takes all records that have RA, Dec and VisMagnitude; when others were left out, one diagnostic line with their
+  // number. Proper motions that are missing count as zero.
+  void Fill(CatalogTable& table);
+
+  int GetCount() const { return static_cast<int>(m_Codes.size()); }
+  float GetCode(int star) const { return m_Codes[star]; }  // magnitude code, (magnitude + 2) * 10
+  const Direction& GetDirection(int star) const { return m_Directions[star]; }
+  const Direction& GetMotion(int star) const {
+    return m_Motions[star];
+  }                                                    // change of the direction, per Julian year
+  double GetMaxMotion() const { return m_MaxMotion; }  // radians per Julian year
+  unsigned char GetSpectrum(int star) const { return m_Spectra[star]; }  // GetSpectrType
+  int GetNumber(int star) const { return m_Numbers[star]; }              // catalogue number, -1: none
+  // Proper name, else Bayer letter, else Flamsteed number; "" when it has none of these. The catalog's.
+  const char* GetLabel(int star) const { return m_Texts.c_str() + m_Labels[star]; }
+  bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
+  int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
+  ObjectTraits GetTraits(int star) const {
+    return {m_Codes[star],   m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
+            m_Spectra[star], m_Catalogs[star], m_Numbers[star]};
+  }
+
+ private:
+  void Append(CatalogTable& table, int record);
+
+  std::vector<float> m_Codes;
+  std::vector<Direction> m_Directions;
+  std::vector<Direction> m_Motions;
+  std::vector<unsigned char> m_Spectra;
+  std::vector<int> m_Numbers;
+  std::vector<float> m_Colours;           // colour index B-V, magnitudes; not a number when unknown
+  std::vector<unsigned char> m_Catalogs;  // StarCatalogBit
+  std::vector<int> m_Records;
+  std::vector<unsigned> m_Labels;  // offsets in m_Texts
+  std::vector<unsigned char> m_ProperNames;
+  std::string m_Texts = std::string(1, '\0');
+  double m_MaxMotion = 0.0;
+};
+
+}  // namespace scene

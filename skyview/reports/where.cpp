@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/reports/where.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "astro/coordinates.h"
+#include "astro/earth_orientation.h"
+#include "astro/julian_date.h"
+#include "astro/rise_set.h"
+#include "astro/vectors.h"
+#include "common_interfaces/object_kinds.h"
+#include "common_interfaces/refraction.h"
+#include "common_interfaces/text_formats.h"
+#include "common_interfaces/units.h"
+#include "scene/base_plane.h"
+#include "skyview/reports/body_texts.h"
+#include "skyview/reports/host_texts.h"
+#include "skyview/reports/moment_text.h"
+#include "utils/text.h"
+#include "utils/timezone.h"
+
+namespace skyview {
+namespace {
+
+using astro::FindHorizonPlace;
+using astro::HorizonPlace;
+using astro::MakeHorizonPlace;
+using astro::RiseTransitSet;
+using CommonInterfaces::Camera;
+using CommonInterfaces::FormatLocalizedText;
+
+// Texts of the library's status lines.
+constexpr unsigned kHoursFormat = 7216, kHorizonFormat = 7217, kDistanceFormat = 7212, kFirstUnit = 1160;
+
+constexpr double kStep = 1.0 / 96.0;             // days between two looks at an object
+constexpr double kSatelliteStep = 1.0 / 2880.0;  // half a minute: a pass lasts some minutes
+
+// Writes the lines about one object.
+class WhereWriter {
+ public:
+  WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, bool satellite)
+      : m_Sight(sight),
+        m_Seen(seen),
+        m_Camera(camera),
+        m_Place(scene::GetPlace(camera)),
+        m_Now(scene::GetMoment(camera)),
+        m_Satellite(satellite) {}
+
+  std::string Write() {
+    AddPositions();
+    AddDirection();
+    AddDistance();
+    AddLook();
+    AddEvents();
+    return std::move(m_Text);
+  }
+
+ private:
+  void Add(const std::string& text) { m_Text += scene::ToUtf8(text) + "\n"; }
+  void AddPositions();
+  void AddDirection();
+  void AddDistance();
+  void AddLook();
+  void AddEvents();
+  void AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event, bool withAltitude);
+  std::optional<HorizonPlace> Find(const scene::SkyMoment& moment) const;
+  scene::SkyMoment FindStart() const;
+  RiseTransitSet FindEvents() const;
+  std::string FormatEvent(const scene::SkyMoment& moment) const;
+
+  scene::ObjectSight& m_Sight;
+  const ObservedBody& m_Seen;
+  const Camera& m_Camera;
+  scene::EarthPlace m_Place;
+  scene::SkyMoment m_Now;
+  bool m_Satellite;
+  std::string m_Text;
+};
+
+std::string FormatAngles(unsigned format, double first, int firstMode, double second) {
+  const M_DMSTag a = Rad2GMS(first, firstMode), b = Rad2GMS(second, kAngleSignedDegrees);
+  return FormatLocalizedText(format, {a.degrees, a.minutes, static_cast<double>(a.seconds), b.degrees,
+                                      b.minutes, static_cast<double>(b.seconds)});
+}
+
+std::string FormatEquatorial(const double v[3]) {
+  double ra = 0.0, dec = 0.0;
+  psf(v, 1.0, ra, dec);
+  return FormatAngles(kHoursFormat, ra, kAngleHours, dec);
+}
+
+void WhereWriter::AddPositions() {
+  double orientation[9], ofDate[3];
+  PrecessionNutationMatrix(m_Now.julianDateTT, orientation);
+  MV3prod(orientation, m_Seen.apparent, ofDate);
+  Add(Localize(HostText::kWhereJ2000, {FormatEquatorial(m_Seen.astrometric).c_str()}));
+  Add(Localize(HostText::kWhereOfDate, {FormatEquatorial(ofDate).c_str()}));
+}
+
+void WhereWriter::AddDirection() {
+  double axes[9];
+  scene::HorizonAxes(m_Now, m_Place, axes);
+  const HorizonPlace stands = MakeHorizonPlace(axes, m_Seen.apparent, 0.0);
+  Add(Localize(HostText::kWhereDirection,
+               {FormatAngles(kHorizonFormat, stands.azimuth, kAngleDegrees, stands.altitude).c_str()}));
+  double lifted = stands.altitude;
+  CommonInterfaces::ShiftAltOnEarthRefraction(&lifted);
+  if (lifted > stands.altitude) {
+    Add(Localize(HostText::kWhereRefraction, {lifted / scene::kRadiansPerDegree}));
+  }
+}
+
+void WhereWriter::AddDistance() {
+  if (!(m_Seen.distance > 0.0)) return;
+  const char unit = ChooseUnit(m_Seen.distance);
+  const std::string name = FormatLocalizedText(kFirstUnit + static_cast<unsigned>(unit), {});
+  Add(FormatLocalizedText(kDistanceFormat,
+                          {CommonInterfaces::ConvertUnitFromAU(m_Seen.distance, unit), name.c_str()}));
+}
+
+void WhereWriter::AddLook() {
+  constexpr double kFaintest = 99.0;  // what lies above stands for no magnitude
+  if (m_Seen.magnitude < kFaintest) Add(Localize(HostText::kWhereMagnitude, {m_Seen.magnitude}));
+  if (!(m_Seen.angularRadius > 0.0)) return;
+  const std::string size = FormatSize(2.0 * m_Seen.angularRadius);
+  if (m_Seen.sunDistance > 0.0) {
+    Add(Localize(HostText::kWhereSizeAndPhase, {size.c_str(), GetLitPercent(m_Seen.phaseAngle)}));
+  } else {
+    Add(Localize(HostText::kWhereSize, {size.c_str()}));
+  }
+}
+
+std::optional<HorizonPlace> WhereWriter::Find(const scene::SkyMoment& moment) const {
+  ObservedBody seen;
+  if (!m_Sight.Observe(moment, m_Place, seen)) return std::nullopt;
+  double axes[9];
+  scene::HorizonAxes(moment, m_Place, axes);
+  // Stars and deep-sky objects rise with their centres.
+  const double radius = seen.sunDistance > 0.0 || seen.lightTime > 0.0 ? seen.angularRadius : 0.0;
+  return MakeHorizonPlace(axes, seen.apparent, astro::GetRiseAltitude(radius));
+}
+
+// The midnight before the moment by the clocks of the place; of satellites the moment itself.
+scene::SkyMoment WhereWriter::FindStart() const {
+  if (m_Satellite) return m_Now;
+  const double offset = m_Camera.GetLocUTCdelta();
+  int day = m_Now.day;
+  double fraction = m_Now.fraction + offset;
+  Adjust_JD(day, fraction);
+  return scene::MakeMoment(day, -0.5 - offset);
+}
+
+RiseTransitSet WhereWriter::FindEvents() const {
+  const FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
+  const scene::SkyMoment start = FindStart();
+  const double step = m_Satellite ? kSatelliteStep : kStep;
+  RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, step);
+  if (m_Satellite || events.staysUp || events.staysDown) return events;
+  if (events.rise && events.transit && events.set) return events;
+  const RiseTransitSet next = FindRiseTransitSet(find, scene::Later(start, 1.0), 1.0, step);
+  if (!events.rise) events.rise = next.rise;
+  if (!events.set) events.set = next.set;
+  if (!events.transit) {
+    events.transit = next.transit;
+    events.transitAltitude = next.transitAltitude;
+  }
+  return events;
+}
+
+// "22:03" on the day of the view, else with its date, by the clocks of the view's zone at that moment.
+std::string WhereWriter::FormatEvent(const scene::SkyMoment& moment) const {
+  constexpr std::size_t kDateLength = 11;  // "2026-01-15 "
+  const char* zone = m_Camera.GetDisplayTimeZoneName(true);
+  const double offset = *zone ? getLocalUTCDeltaForTimezone(zone, moment.day + moment.fraction) : 0.0;
+  const std::string text = FormatMoment(moment.day, moment.fraction + offset);
+  const std::string today = FormatMoment(m_Now.day, m_Now.fraction + m_Camera.GetLocUTCdelta());
+  return text.substr(0, kDateLength) == today.substr(0, kDateLength) ? text.substr(kDateLength) : text;
+}
+
+void WhereWriter::AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event,
+                           bool withAltitude) {
+  const auto there = event ? Find(*event) : std::nullopt;
+  if (!there) return Add(Localize(none, {}));
+  const double angle = (withAltitude ? there->altitude : there->azimuth) / scene::kRadiansPerDegree;
+  Add(Localize(text, {FormatEvent(*event).c_str(), angle}));
+}
+
+void WhereWriter::AddEvents() {
+  const RiseTransitSet events = FindEvents();
+  if (events.staysDown) return Add(Localize(HostText::kWhereStaysDown, {}));
+  if (events.staysUp) {
+    Add(Localize(HostText::kWhereStaysUp, {}));
+  } else {
+    AddEvent(HostText::kWhereRises, HostText::kWhereNoRise, events.rise, false);
+  }
+  AddEvent(HostText::kWhereTransit, HostText::kWhereNoTransit, events.transit, true);
+  if (!events.staysUp) AddEvent(HostText::kWhereSets, HostText::kWhereNoSet, events.set, false);
+}
+
+}  // namespace
+
+char ChooseUnit(double distance) {
+  constexpr double kKmPerAu = 149597870.7, kAuPerLightYear = 63241.077;
+  if (distance * kKmPerAu < 1e5) return CommonInterfaces::kKilometre;
+  if (distance < 0.1) return CommonInterfaces::kThousandKilometres;
+  if (distance < 1000.0) return CommonInterfaces::kAstronomicalUnit;
+  return distance < 1e5 * kAuPerLightYear ? CommonInterfaces::kLightYear : CommonInterfaces::kKiloparsec;
+}
+
+bool DescribeWhere(const scene::FoundObject& object, const std::string& title, scene::SkyCatalogs& catalogs,
+                   const Camera& camera, std::string& text, std::string& error) {
+  if (!scene::IsNearSurface(camera)) {
+    error = "wants an observer near the Earth's surface (moving type 0 or 1)";
+    return false;
+  }
+  scene::ObjectSight sight(object, catalogs);
+  ObservedBody seen;
+  if (!sight.Observe(scene::GetMoment(camera), scene::GetPlace(camera), seen)) {
+    error = "'" + title + "': nobody can tell where it is at that moment";
+    return false;
+  }
+  const int kind = scene::GetKind(object, catalogs);
+  const char* type = CommonInterfaces::GetObjectTypeName(kind, scene::GetNumber(object, catalogs));
+  text = title + (type ? " - " + scene::ToUtf8(type) : "") + "\n";
+  text += WhereWriter(sight, seen, camera, kind == FourCC("scft")).Write();
+  return true;
+}
+
+}  // namespace skyview

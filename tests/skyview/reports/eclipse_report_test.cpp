@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+// Eclipses against the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com): times in Universal Time.
+#include "scene/eclipse.h"
+
+#include <gtest/gtest.h>
+
+#include "astro/julian_date.h"
+#include "astro/vectors.h"
+#include "scene/frame_helpers.h"
+#include "skyview/reports/body_texts.h"
+
+using namespace scene;
+using namespace skyview;
+
+namespace {
+
+struct EclipseTest : testing::Test {
+  void Compute(int year, int month, int day, int hour, int minute, int second, EarthPlace place = {}) {
+    int number = 0;
+    double fraction = 0.0;
+    DJ({year, month, day, hour, minute, static_cast<double>(second)}, number, fraction);
+    model.Compute(MakeMoment(number, fraction), place);
+    shadows.Compute(model);
+  }
+
+  host_test::FrameFixture f;
+  BodyModel model{f.catalogs.bodies};
+  EclipseShadows shadows;
+};
+
+}  // namespace
+
+TEST(EclipsePicture, ShadowLiesOnTheMoonAndInTheReport) {
+  host_test::FrameFixture f;
+  f.SetPlace(40.0, -100.0);
+  f.SetTime(2025, 3, 14, 5, 40);  // half an hour into the umbra
+  f.camera.SetZoom(60.0);
+  f.Compute();
+  const auto& moon = f.frame.GetParts().solarSystem.GetModel().GetMoon().seen;
+  double v[3], longitude = 0.0, latitude = 0.0;
+  MV3prod(f.observer.reduction, moon.apparent, v);
+  psf(v, 1.0, longitude, latitude);
+  f.SetLook(360.0 - longitude / kRadiansPerDegree, latitude / kRadiansPerDegree);
+  f.Compute();
+  const auto& marks = f.frame.GetParts().solarSystem.GetMarks();
+  const DrawnBody* drawn = marks.Find(kMoonBody);
+  ASSERT_NE(drawn, nullptr);
+  const DrawnShadow& shadow = marks.GetMoonShadow();
+  ASSERT_TRUE(shadow.falls);
+  const double away = std::hypot(shadow.centre.x - drawn->place.x, shadow.centre.y - drawn->place.y);
+  EXPECT_GT(away, shadow.umbra - drawn->radius) << "the Moon is not wholly in it";
+  EXPECT_LT(away, shadow.umbra + drawn->radius) << "but it has begun";
+  EXPECT_NEAR(shadow.umbra / drawn->radius, 2.65, 0.15);
+  // The Moon moves to the east and meets the umbra with its eastern limb, which is left while it stands in the south.
+  EXPECT_LT(shadow.centre.x, drawn->place.x);
+  EXPECT_NE(DescribeBodies(f.frame.GetParts().solarSystem).find("Lunar eclipse: partial, magnitude 0."),
+            std::string::npos);
+}

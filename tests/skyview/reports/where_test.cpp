@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/object_sight.h"
+
+#include <gtest/gtest.h>
+
+#include "scene/frame_helpers.h"
+
+using namespace scene;
+using namespace skyview;
+using host_test::SmallSky;
+
+namespace {
+
+const std::vector<std::string> kBerlin = {"--place",       "52.5,13.4", "--zone",
+                                          "Europe/Berlin", "--time",    "2026-01-15T22:00"};
+
+std::vector<std::string> Ask(const std::string& name, std::vector<std::string> arguments = kBerlin) {
+  arguments.insert(arguments.begin(), {"where", name});
+  return arguments;
+}
+
+}  // namespace
+
+// Positions and times of PyEphem 4.1.4: astrometric 7h22m25.7s +22d21'40", of date 7h24m01.1s +22d18'37"; sets 07:05:45,
+// rises 14:36:16, transits 22:48:47 UT.
+TEST(Where, PlanetWithAllThatIsKnown) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
+  for (const char* line :
+       {"Jupiter - Planet\n", "Position (J2000): RA 7h22m2", "Position (of date): RA 7h24m0",
+        "Direction: azimuth 134°4", "Distance: 4.238", "Magnitude: -2.", "Size: 4", "Rises: 15:36, azimuth ",
+        "Transit: 23:4", "Sets: 08:0"}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << "\n" << sky.output.str();
+  }
+}
+
+TEST(Where, SpeaksTheLanguageOfTheView) {
+  SmallSky sky;
+  auto arguments = Ask("Jupiter");
+  arguments.insert(arguments.end(), {"--language", "de"});
+  ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Aufgang: 15:36, Azimut ")) << sky.output.str();
+  arguments.back() = "ru";
+  ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Восход: 15:36, азимут ")) << sky.output.str();
+}
+
+TEST(Where, EventThatTheDayLacksIsThatOfTheNext) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(Ask("Moon")), 0) << sky.errors.str();
+  // 05:11:33, 08:25:15, 11:36:01 UT.
+  for (const char* line : {"Rises: 06:1", "Transit: 09:25", "Sets: 12:3", "Distance: 409."}) {
+    EXPECT_TRUE(sky.Printed(line)) << line << "\n" << sky.output.str();
+  }
+  // Two days later it rises only after midnight... the transit of 2026-01-01 is on the same day, its set is not.
+  auto arguments =
+      Ask("Moon", {"--place", "52.5,13.4", "--zone", "Europe/Berlin", "--time", "2026-01-26T22:00"});
+  ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Sets: 02:") || sky.Printed("Sets: 01:") || sky.Printed("Sets: 03:"))
+      << sky.output.str();
+}
+
+TEST(Where, CircumpolarAndNeverRisingInWords) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(Ask("Canopus")), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Never rises\n")) << sky.output.str();
+  EXPECT_FALSE(sky.Printed("Transit")) << sky.output.str();
+  auto north = kBerlin;
+  north[1] = "70,20";
+  ASSERT_EQ(sky.Run(Ask("Capella", north)), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Circumpolar: does not set\n")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Transit: ")) << sky.output.str();
+}
+
+TEST(Where, EveryKindOfObject) {
+  SmallSky sky;
+  const std::string path = sky.dir.Write("station.tle", host_test::StationSet());
+  for (const char* name : {"Sirius", "M42", "Orion", "Sun", "Moon", "Mars", "Ceres", "Halley"}) {
+    EXPECT_EQ(sky.Run(Ask(name)), 0) << name << sky.errors.str();
+    EXPECT_TRUE(sky.Printed("Position (J2000): RA ")) << name;
+  }
+  auto arguments =
+      Ask("ISS", {"--place", "52.5,13.4", "--zone", "Europe/Berlin", "--time", "2014-01-21T06:00"});
+  arguments.insert(arguments.end(), {"--tle", path});
+  ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();
+  // The pass begins 05:01:46 UT on the geometric horizon, culminates 05:07:12, ends 05:12:37 (PyEphem 4.1.4).
+  EXPECT_TRUE(sky.Printed("Rises: 06:01") || sky.Printed("Rises: 06:02")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Sets: 06:13") || sky.Printed("Sets: 06:12")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed(" km\n")) << sky.output.str();
+}
+
+TEST(Where, NameThatNothingHasIsOneLine) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run(Ask("Jupter")), 1);
+  EXPECT_NE(sky.GetErrorLine().find("where 'Jupter': no such object; similar: Jupiter"), std::string::npos)
+      << sky.errors.str();
+}
+
+TEST(Where, UnitsThatReadBest) {
+  EXPECT_EQ(ChooseUnit(400.0 / 149597870.7), 1);     // km
+  EXPECT_EQ(ChooseUnit(384400.0 / 149597870.7), 2);  // thousands of them
+  EXPECT_EQ(ChooseUnit(5.2), 4);                     // au
+  EXPECT_EQ(ChooseUnit(8.6 * 63241.0), 5);           // light years
+  EXPECT_EQ(ChooseUnit(2.5e6 * 63241.0), 7);         // kiloparsecs
+}
