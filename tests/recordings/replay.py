@@ -44,7 +44,8 @@ class Places:
 
     def take_out(self, data):
         """The longest name first: one folder may lie in another."""
-        names = {(name, mark) for mark, folder in self.folders.items() for name in (folder, os.path.realpath(folder))}
+        names = {(name, mark) for mark, folder in self.folders.items()
+                 for name in (folder, os.path.realpath(folder))}
         for name, mark in sorted(names, key=lambda pair: -len(pair[0])):
             data = data.replace(name.encode(), mark.encode())
         return data
@@ -82,8 +83,9 @@ def ended(text):
 
 def answer(words, places, work):
     """One run of a program as it stands in the transcript."""
-    done = subprocess.run([os.path.join(places.programs, words[0])] + words[1:], cwd=work, env=environment(work),
-                          stdin=subprocess.DEVNULL, capture_output=True, timeout=STEP_SECONDS)
+    program = os.path.join(places.programs, words[0])
+    done = subprocess.run([program] + words[1:], cwd=work, env=environment(work), stdin=subprocess.DEVNULL,
+                          capture_output=True, timeout=STEP_SECONDS)
     parts = [(b"standard output", done.stdout), (b"standard error", done.stderr)]
     return b"== %s: exit status %d\n" % (words[0].encode(), done.returncode) + b"".join(
         b"-- " + title + b"\n" + ended(text) for title, text in parts if text)
@@ -181,9 +183,9 @@ def parse(arguments):
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("--programs", required=True, help="folder of skyview and skydata")
     parser.add_argument("--data", required=True, help="data root")
-    parser.add_argument("--table", default=os.path.join(HERE, "runs.txt"), help="the runs (default: runs.txt)")
-    parser.add_argument("--record", action="store_true", help="write the recording in place of comparing with it")
-    parser.add_argument("--pictures", action="store_true", help="pictures must have the bytes of the recording too")
+    parser.add_argument("--table", default=os.path.join(HERE, "runs.txt"), help="default: runs.txt")
+    parser.add_argument("--record", action="store_true", help="write the recording, compare nothing")
+    parser.add_argument("--pictures", action="store_true", help="pictures must have the recorded bytes too")
     parser.add_argument("--without-drawing", action="store_true", help="skip the runs that draw pictures")
     parser.add_argument("--keep", metavar="FOLDER", help="leave what each run wrote in FOLDER/NAME")
     parser.add_argument("names", nargs="*", metavar="NAME", help="only these runs")
