@@ -29,11 +29,11 @@ if(MINGW)
 endif()
 
 find_program(CI_CCACHE ccache)
-if(CI_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+find_program(CI_ENV env)
+if(CI_CCACHE AND CI_ENV AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   # What ccache must overlook to keep objects that are made with precompiled headers.
-  set(CMAKE_CXX_COMPILER_LAUNCHER
-    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-    ${CI_CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CI_ENV}
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CI_CCACHE})
 endif()
 
 add_library(ci_compile_rules INTERFACE)
