@@ -219,6 +219,11 @@ def replay(run, options, work):
 
 def main():
     options = parse(sys.argv[1:])
+    missing = [program for program in run_table.PROGRAMS
+               if not os.path.exists(os.path.join(options.programs, program))]
+    if missing:
+        print(f"replay.py: {options.programs} has no {' and no '.join(missing)}", file=sys.stderr)
+        return 2
     counts = {"as recorded": 0, "different": 0, "skipped": 0}
     with tempfile.TemporaryDirectory(prefix="recordings-") as scratch:
         for run in chosen_runs(options):
