@@ -76,7 +76,7 @@ std::string FormatHomes(const Camera& camera) {
 
 bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
   if (camera.GetMovingType() != 0) {
-    error = "--home store: wants an observer who stands on a surface (moving type 0)";
+    error = "homes store: wants an observer who stands on a surface (moving type 0)";
     return false;
   }
   const std::size_t before = diagnostics.lines.size();
