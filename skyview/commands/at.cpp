@@ -9,8 +9,7 @@ namespace skyview {
 namespace {
 
 constexpr double kTolerance = 3.0;  // pixels beside what is painted
-constexpr const char* kPixelForm = "X,Y";
-constexpr const char* kPixelPurpose = "pixels of the picture, to the right and down from its upper left corner";
+constexpr const char* kPurpose = "X,Y: pixels to the right and down from the picture's upper left corner";
 
 struct AtOptions {
   RootOptions root;
@@ -22,12 +21,12 @@ struct AtOptions {
 AtOptions Parse(const Call& call) {
   AtOptions options;
   CommandLine line(call.command.name, call.command.purpose);
-  line.TakeName(kPixelForm, kPixelPurpose, options.text);
+  line.TakeName("PIXEL", kPurpose, options.text);
   line.Take(kRootGroup, options.root);
   TakeSky(line, options.sky);
   line.Parse(call.arguments);
   if (!Put(ParsePixel(options.text), options.pixel))
-    ThrowBadValue({call.command.name, kPixelForm, kPixelPurpose}, options.text);
+    ThrowBadValue({call.command.name, "PIXEL", kPurpose}, options.text);
   return options;
 }
 

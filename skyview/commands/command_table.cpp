@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "utils/messages.h"
 #include "skyview/options/stop.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 
 namespace skyview {

@@ -3,15 +3,14 @@
 #include <algorithm>
 
 #include "paint/picture_file.h"
+#include "scene/curve_chart.h"
 #include "scene/earth_observer.h"
+#include "scene/light_curve.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/prepared_view.h"
 #include "skyview/commands/start.h"
-#include "utils/messages.h"
 #include "skyview/options/picture_group.h"
 #include "skyview/options/stop.h"
-#include "scene/curve_chart.h"
-#include "scene/light_curve.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/messages.h"
 
@@ -49,8 +48,8 @@ CurveOptions Parse(const Call& call) {
 std::string Describe(const scene::LightCurve& curve) {
   const auto [least, most] = std::minmax_element(curve.points.begin(), curve.points.end(),
                                                  [](const auto& a, const auto& b) { return a.y < b.y; });
-  return FormatText("%s: JD %.3f to %.3f, magnitude %.2f to %.2f\n", curve.title.c_str(), curve.first, curve.last,
-                least->y, most->y);
+  return FormatText("%s: JD %.3f to %.3f, magnitude %.2f to %.2f\n", curve.title.c_str(), curve.first,
+                    curve.last, least->y, most->y);
 }
 
 }  // namespace
@@ -60,7 +59,8 @@ std::string RunCurve(const Call& call) {
   const auto session = Start(call, options.root, options.view);
   const PreparedView view(options.view, {}, session, call.diagnostics);
   const auto now = scene::GetMoment(view.camera);
-  const scene::LightCurve curve = scene::MakeLightCurve(*scene::FindVariableStar(options.star), now.day + now.fraction);
+  const scene::LightCurve curve =
+      scene::MakeLightCurve(*scene::FindVariableStar(options.star), now.day + now.fraction);
   const PictureSize size = options.view.GetSize();
   scene::DisplayList chart;
   scene::DrawCurveChart(curve,

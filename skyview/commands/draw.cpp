@@ -34,7 +34,8 @@ DrawOptions Parse(const Call& call) {
 void WritePictures(const DrawOptions& options, const scene::SkyFrame& frame) {
   if (options.sequence.play) return;  // the names are patterns
   std::string error;
-  for (const auto& name : options.pictures.out) Require(paint::WritePicture(frame.GetDisplayList(), name, error), error);
+  for (const auto& name : options.pictures.out)
+    Require(paint::WritePicture(frame.GetDisplayList(), name, error), error);
 }
 
 // Files that keep what was drawn.

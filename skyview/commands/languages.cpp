@@ -22,7 +22,8 @@ RootOptions Parse(const Call& call) {
 std::vector<std::string> ListLanguages(const std::string& data) {
   auto languages = scene::FindLanguages(data);
   const auto place = std::lower_bound(languages.begin(), languages.end(), scene::kDefaultLanguage);
-  if (place == languages.end() || *place != scene::kDefaultLanguage) languages.insert(place, scene::kDefaultLanguage);
+  if (place == languages.end() || *place != scene::kDefaultLanguage)
+    languages.insert(place, scene::kDefaultLanguage);
   return languages;
 }
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/object_finder.h"
 
+#include "scene/favourites.h"
 #include "scene/satellites.h"
 #include "skyview/commands/start.h"
-#include "scene/favourites.h"
 #include "skyview/session/view_state.h"
 
 namespace skyview {

@@ -43,7 +43,8 @@ void ComputeFrame(PictureSize size, Camera& camera, scene::FrameMaker& maker) {
 
 void WriteFrame(const std::vector<FrameNames>& names, int number, const scene::SkyFrame& frame) {
   std::string error;
-  for (const auto& name : names) Require(paint::WritePicture(frame.GetDisplayList(), name.Get(number), error), error);
+  for (const auto& name : names)
+    Require(paint::WritePicture(frame.GetDisplayList(), name.Get(number), error), error);
 }
 
 }  // namespace

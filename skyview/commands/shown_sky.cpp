@@ -7,9 +7,9 @@
 #include "scene/caption.h"
 #include "scene/pick.h"
 #include "scene/why.h"
-#include "skyview/reports/explanation.h"
 #include "skyview/commands/start.h"
 #include "skyview/options/catalog_requests.h"
+#include "skyview/reports/explanation.h"
 #include "skyview/reports/report.h"
 #include "skyview/reports/shower_report.h"
 #include "skyview/reports/status.h"
@@ -30,7 +30,8 @@ std::vector<int> FindOrbits(const OrbitRequest& request, const scene::BodyList& 
 }
 
 // The bodies whose orbits --orbits asks for, each once.
-std::vector<int> FindOrbits(const ExtraOptions& options, const scene::BodyList& bodies, ObjectFinder& finder) {
+std::vector<int> FindOrbits(const ExtraOptions& options, const scene::BodyList& bodies,
+                            ObjectFinder& finder) {
   if (!options.orbits) return {};
   std::vector<int> orbits = FindOrbits(*options.orbits, bodies);
   for (const auto& name : options.orbits->names) {
@@ -114,7 +115,7 @@ std::string ShownSky::MakeReport() {
 std::string ShownSky::Explain(const std::string& asker, const std::string& name) {
   const scene::FoundObject object = m_Finder.Find(asker, name);
   const scene::ShownView view = {m_Maker->GetFrame(), m_View.camera,  m_Maker->GetObserver(), m_Shown,
-                          m_Filters,           m_View.settings};
+                                 m_Filters,           m_View.settings};
   return FormatExplanation(m_Finder.GetSearch().GetTitle(object), scene::Explain(object, view), view);
 }
 

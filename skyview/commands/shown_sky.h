@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "astro/object_id.h"
-#include "scene/sky_catalogs.h"
 #include "scene/frame_maker.h"
+#include "scene/sky_catalogs.h"
 #include "skyview/commands/object_finder.h"
 #include "skyview/commands/prepared_view.h"
 
@@ -55,7 +55,7 @@ class ShownSky {
   scene::ObjectFilters m_Filters;
   scene::SkyMarkers m_Markers;
   std::optional<scene::FrameMaker> m_Maker;  // makes room for the catalogs, so once they are loaded
-  std::vector<std::string> m_Status;  // of the first frame
+  std::vector<std::string> m_Status;         // of the first frame
   bool m_WithShowers;
 };
 

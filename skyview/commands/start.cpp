@@ -3,10 +3,10 @@
 #include "skyview/commands/start.h"
 
 #include "common_interfaces/string_table.h"
+#include "scene/data_root.h"
+#include "scene/language.h"
 #include "skyview/options/stop.h"
 #include "skyview/reports/host_texts.h"
-#include "scene/language.h"
-#include "scene/data_root.h"
 
 namespace skyview {
 namespace {

@@ -12,8 +12,9 @@ struct GroupName {
   scene::ImageGroup group;
   std::string_view name;
 };
-constexpr GroupName kGroupNames[] = {
-    {scene::kConstellationImages, "constellations"}, {scene::kDeepskyImages, "deepsky"}, {scene::kMilkyWayImages, "milkyway"}};
+constexpr GroupName kGroupNames[] = {{scene::kConstellationImages, "constellations"},
+                                     {scene::kDeepskyImages, "deepsky"},
+                                     {scene::kMilkyWayImages, "milkyway"}};
 
 unsigned FindGroup(std::string_view name) {
   for (const auto& entry : kGroupNames) {

@@ -35,7 +35,7 @@ class CommandLine {
     }
     if (group.check) Check([check = group.check, &options] { check(options); });
   }
-  // One name that must be there, none of them empty.
+  // One name that must be there and not be empty. `form`: how messages and help call it; one word.
   void TakeName(const char* form, const char* purpose, std::string& name);
   // One name or more.
   void TakeNames(const char* form, const char* purpose, std::vector<std::string>& names);

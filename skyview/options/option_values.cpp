@@ -160,7 +160,9 @@ std::optional<Pixel> ParsePixel(std::string_view text) {
   return Pixel{pair->first, pair->second};
 }
 
-std::optional<double> ParseZoom(std::string_view text) { return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom); }
+std::optional<double> ParseZoom(std::string_view text) {
+  return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom);
+}
 
 std::optional<WrittenTime> ParseTime(std::string_view text) {
   CalendarDate date;

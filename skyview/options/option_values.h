@@ -50,7 +50,6 @@ struct WrittenTime {
   std::optional<double> utcOffset;  // local minus Universal Time in days, when the text names one ("Z" is 0)
 };
 
-
 // "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path may
 // hold colons.
 std::optional<ViewFile> ParseViewFile(std::string_view text);

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "skyview/options/option_group.h"
 #include "scene/language.h"
+#include "skyview/options/option_group.h"
 
 namespace skyview {
 

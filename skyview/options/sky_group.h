@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
-#include "skyview/options/orbit_request.h"
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"
+#include "skyview/options/orbit_request.h"
 #include "skyview/options/settings_group.h"
 #include "skyview/options/view_group.h"
 

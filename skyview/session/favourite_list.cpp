@@ -9,8 +9,8 @@
 #include "common_interfaces/object_lists.h"
 #include "scene/name_key.h"
 #include "scene/object_filter.h"
-#include "utils/messages.h"
 #include "skyview/reports/host_texts.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 
@@ -137,7 +137,8 @@ bool RemoveFromFavourites(const std::vector<std::string>& names, const scene::Ob
 }
 
 std::string FormatFavourites(const std::vector<SSO_ID>& favourites) {
-  std::string text = scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
+  std::string text =
+      scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
   for (const auto& entry : favourites) {
     text += "  " + scene::MessageToUtf8(entry.name) + " (" + scene::GetCodeText(entry.kind) + " " +
             std::to_string(entry.number) + ")\n";

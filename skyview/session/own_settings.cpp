@@ -8,10 +8,10 @@
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
-#include "scene/object_filter.h"
-#include "utils/messages.h"
-#include "skyview/options/setting_text.h"
 #include "scene/favourites.h"
+#include "scene/object_filter.h"
+#include "skyview/options/setting_text.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 

@@ -9,9 +9,9 @@
 #include <random>
 
 #include "common_interfaces/settings_field.h"
+#include "scene/favourites.h"
 #include "skyview/options/setting_values.h"
 #include "skyview/session/checksum.h"
-#include "scene/favourites.h"
 #include "skyview/session/own_settings.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
@@ -226,7 +226,8 @@ void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std:
     if (result.failure != Failure::kNone)
       lost.push_back("the session's setting no longer fits: " + result.message);
   }
-  for (const auto& favourite : capsule.favourites) scene::AddFavourite(settings, favourite.kind, favourite.number);
+  for (const auto& favourite : capsule.favourites)
+    scene::AddFavourite(settings, favourite.kind, favourite.number);
 }
 
 bool RestoreCamera(const SessionCapsule& capsule, Camera& camera, std::vector<std::string>& lost,

@@ -36,7 +36,7 @@ struct SessionCapsule {
   std::vector<std::string> view;      // of the camera record, each KEY=VALUE[,VALUE...]
   std::vector<std::string> settings;  // what differs from the defaults, as --set takes it
   std::vector<SessionFavourite> favourites;
-  std::vector<scene::SkyMark> markers;         // each with its identifier
+  std::vector<scene::SkyMark> markers;  // each with its identifier
   std::vector<SessionFavourite> marks;  // objects that the picture marks as favourites
   unsigned framesOf = 0;                // a combination of ImageGroup
   bool showers = false;

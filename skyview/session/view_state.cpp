@@ -46,7 +46,8 @@ const char* FindFault(const Camera& camera) {
   const SphViewCoor& angles = camera.GetViewAngles();
   _Date time;
   camera.GetUniversalTime(time);
-  if (camera.GetBasePlane() > scene::kGalacticPlane) return "has a direction that counts from an unknown plane";
+  if (camera.GetBasePlane() > scene::kGalacticPlane)
+    return "has a direction that counts from an unknown plane";
   if (const char* fault = scene::FindObserverFault(camera)) return fault;
   if (!(std::fabs(place.lat) <= 0.5 * scene::kPi) || !(std::fabs(place.lon) <= 4.0 * scene::kPi))
     return "has no usable place";

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <set>
 
-#include "skyview/small_sky.h"
 #include "skyview/options/stop.h"
+#include "skyview/small_sky.h"
 
 using namespace skyview;
 using host_test::SmallSky;
@@ -168,9 +168,12 @@ TEST(CommandTable, HelpAloneListsTheCommands) {
 
 TEST(CommandTable, OldSpellingsAreGone) {
   SmallSky sky;
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{"--why", "Sirius"}, {"--where", "Sirius"}, {"--body", "Mars"},
-        {"--light-curve", "Algol"}, {"--list-limits"}, {"--favourites", "show"}}) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--why", "Sirius"},
+                                                    {"--where", "Sirius"},
+                                                    {"--body", "Mars"},
+                                                    {"--light-curve", "Algol"},
+                                                    {"--list-limits"},
+                                                    {"--favourites", "show"}}) {
     EXPECT_EQ(sky.Run(arguments), 2);
     EXPECT_TRUE(Contains(sky.GetErrorLine(), "not expected: " + arguments[0])) << sky.errors.str();
   }

@@ -97,8 +97,8 @@ TEST(Commands, LimitsWantNoCatalogs) {
 TEST(Commands, SessionSpeaksForEachCommandThatTakesIt) {
   SmallSky sky;
   const std::string session = sky.dir.Path("it.session");
-  ASSERT_EQ(sky.Run({"--language", "de", "--zoom", "3", "--set", "star.Draw=0", "--place", "52.5,13.4", "--time",
-                     "2026-01-15T22:00Z", "--save-session", session}),
+  ASSERT_EQ(sky.Run({"--language", "de", "--zoom", "3", "--set", "star.Draw=0", "--place", "52.5,13.4",
+                     "--time", "2026-01-15T22:00Z", "--save-session", session}),
             0)
       << sky.errors.str();
   ASSERT_EQ(sky.Run({"limits", "--session", session}), 0) << sky.errors.str();
@@ -124,9 +124,10 @@ TEST(Commands, LanguagesAreThoseOfTheDataRoot) {
 
 TEST(Commands, FavouritesWantAWorkArea) {
   SmallSky sky;
-  for (const Arguments& arguments :
-       {Arguments{"favourites"}, {"favourites", "show"}, {"favourites", "add", "Sirius"},
-        {"favourites", "remove", "Sirius"}}) {
+  for (const Arguments& arguments : {Arguments{"favourites"},
+                                     {"favourites", "show"},
+                                     {"favourites", "add", "Sirius"},
+                                     {"favourites", "remove", "Sirius"}}) {
     EXPECT_EQ(sky.Run(arguments), 2);
     EXPECT_TRUE(Contains(sky.GetErrorLine(), "wants --work FOLDER")) << sky.errors.str();
   }
@@ -174,7 +175,7 @@ TEST(Commands, AtWantsAPixelOfThePicture) {
     EXPECT_EQ(sky.output.str(), "");
   }
   EXPECT_EQ(sky.Run({"at", "5;5"}), 2);
-  EXPECT_TRUE(Contains(sky.GetErrorLine(), "at '5;5': wants X,Y (")) << sky.errors.str();
+  EXPECT_TRUE(Contains(sky.GetErrorLine(), "at '5;5': wants PIXEL (X,Y: ")) << sky.errors.str();
   EXPECT_EQ(sky.Run({"at", "320,100", "--size", "320x200"}), 2);
   EXPECT_EQ(sky.GetErrorLine(), "skyview: at '320,100': wants a pixel of the picture, 320x200");
 }

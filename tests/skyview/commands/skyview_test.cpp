@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "support/xml_check.h"
 #include "skyview/small_sky.h"
+#include "support/xml_check.h"
 
 using host_test::SmallSky;
 

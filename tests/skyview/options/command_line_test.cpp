@@ -87,8 +87,8 @@ TEST_F(OneName, HelpNamesAllAndComesBeforeWhatIsMissing) {
   const auto stop = Parse({"--help"});
   ASSERT_TRUE(stop);
   EXPECT_EQ(stop->code, kDone);
-  for (const char* part : {"skyview test", "Tests a name.", "NAME", "an object", "Data and language", "--data FOLDER",
-                           "--work FOLDER", "--language LANG"}) {
+  for (const char* part : {"skyview test", "Tests a name.", "NAME", "an object", "Data and language",
+                           "--data FOLDER", "--work FOLDER", "--language LANG"}) {
     EXPECT_TRUE(Contains(stop->message, part)) << part << stop->message;
   }
 }

@@ -95,9 +95,10 @@ TEST(ViewGroup, NothingGivenLeavesTheViewToDecide) {
 
 TEST(ViewGroup, EveryOptionIsRead) {
   const auto parsed = ParseGroup(
-      kViewGroup, {"--view",  "v:2",    "--time", "2026-01-15T22:00", "--zone",   "Europe/Berlin", "--place",
-                   "-33.9,151.2", "--look", "180,30", "--zoom",         "2.5",      "--size",        "640x480",
-                   "--moving-type", "3,keep", "--home", "--marker",     "1,2",      "--marker",      "3h,4,5"});
+      kViewGroup,
+      {"--view",        "v:2",    "--time", "2026-01-15T22:00", "--zone", "Europe/Berlin", "--place",
+       "-33.9,151.2",   "--look", "180,30", "--zoom",           "2.5",    "--size",        "640x480",
+       "--moving-type", "3,keep", "--home", "--marker",         "1,2",    "--marker",      "3h,4,5"});
   ASSERT_FALSE(parsed.stop) << parsed.message;
   const ViewOptions& view = parsed.options;
   EXPECT_EQ(view.view->id, 2);
@@ -146,9 +147,9 @@ TEST(ViewGroup, SessionHoldsAView) {
 }
 
 TEST(SettingsGroup, ChangesKeepTheirOrder) {
-  const auto parsed = ParseGroup(
-      kSettingsGroup, {"--set", "star.VisMagnitude=-2,3:on", "--favourite", "M 31", "--set", "star.SpectrType[0]=6",
-                       "--set", "star:off", "--settings", "a", "--save-settings", "b"});
+  const auto parsed = ParseGroup(kSettingsGroup, {"--set", "star.VisMagnitude=-2,3:on", "--favourite", "M 31",
+                                                  "--set", "star.SpectrType[0]=6", "--set", "star:off",
+                                                  "--settings", "a", "--save-settings", "b"});
   ASSERT_FALSE(parsed.stop) << parsed.message;
   EXPECT_EQ(parsed.options.set,
             (std::vector<std::string>{"star.VisMagnitude=-2,3:on", "star.SpectrType[0]=6", "star:off"}));

@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/settings_field.h"
+#include "scene/favourites.h"
 #include "scene/filter_fields.h"
-#include "skyview/small_sky.h"
 #include "skyview/options/setting_text.h"
 #include "skyview/session/diagnostics.h"
-#include "scene/favourites.h"
+#include "skyview/small_sky.h"
 
 using namespace scene;
 using namespace skyview;

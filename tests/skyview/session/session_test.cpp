@@ -9,8 +9,8 @@
 
 #include "paint/picture_file.h"
 #include "scene/sky_images_files.h"
-#include "skyview/small_sky.h"
 #include "skyview/session/checksum.h"
+#include "skyview/small_sky.h"
 #include "support/comma_locale.h"
 
 using host_test::SmallSky;
