@@ -21,8 +21,8 @@ struct Choice {
   std::size_t words;  // of the arguments, that named it
 };
 
-// The command that the first words name: "homes store", "homes" for "homes show"; draw when there is none or an option
-// comes first. Throws Stop for a word that names none, with the names that are near.
+// The command that the first words name: "homes store", "homes" for "homes show"; draw when there is none or
+// an option comes first. Throws Stop for a word that names none, with the names that are near.
 Choice ChooseCommand(const std::vector<std::string>& arguments);
 
 // What `skyview --help` prints.

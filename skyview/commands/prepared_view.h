@@ -14,7 +14,8 @@
 
 namespace skyview {
 
-// Settings and camera as the options, the session behind them and the defaults behind that say. The roots must be set.
+// Settings and camera as the options, the session behind them and the defaults behind that say. The roots
+// must be set.
 struct PreparedView {
   // Throws Stop. Favourites of the settings are not added: their names want the catalogs (ObjectFinder).
   PreparedView(const ViewOptions& options, const SettingsOptions& changes,

@@ -10,13 +10,15 @@
 
 namespace skyview {
 
-// Switches the orbits on: at once for a picture, over a second of the animation clock for a sequence. The clock has ten frames a second and stands at the first of them afterwards, a tenth of a second after the
+// Switches the orbits on: at once for a picture, over a second of the animation clock for a sequence. The
+// clock has ten frames a second and stands at the first of them afterwards, a tenth of a second after the
 // start.
 void ShowOrbits(const SequenceOptions& options, ShownSky& sky);
 
-// Draws the frames that the options ask for, if any, by the plays that the camera then describes, the first one where it
-// stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera stands at the last
-// frame. Throws Stop at the first picture that cannot be written; those before it are there. `patterns`: their names.
+// Draws the frames that the options ask for, if any, by the plays that the camera then describes, the first
+// one where it stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera
+// stands at the last frame. Throws Stop at the first picture that cannot be written; those before it are
+// there. `patterns`: their names.
 void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns, PictureSize size,
                   ShownSky& sky);
 

@@ -14,11 +14,12 @@
 
 namespace skyview {
 
-// The sky that the options ask for, with all that it is computed from: what draw paints, what why explains. Not moved,
-// for the parts refer to each other.
+// The sky that the options ask for, with all that it is computed from: what draw paints, what why explains.
+// Not moved, for the parts refer to each other.
 class ShownSky {
  public:
-  // Restores the view, loads the catalogs, finds what the options name and prepares the first frame. Throws Stop.
+  // Restores the view, loads the catalogs, finds what the options name and prepares the first frame. Throws
+  // Stop.
   ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session, Diagnostics& diagnostics);
   ShownSky(const ShownSky&) = delete;
   ShownSky& operator=(const ShownSky&) = delete;
@@ -30,11 +31,12 @@ class ShownSky {
 
   // What the frame shows, in the current language, UTF-8 lines.
   std::string MakeReport();
-  // Why the object of that name is or is not in the frame, lines. Throws Stop for a name that is not that of one.
+  // Why the object of that name is or is not in the frame, lines. Throws Stop for a name that is not that of
+  // one.
   std::string Explain(const std::string& asker, const std::string& name);
 
-  // The objects that are drawn at a pixel (y down) or at most that many pixels beside it, a line for each, what was
-  // painted last first; a line that says so where there is none.
+  // The objects that are drawn at a pixel (y down) or at most that many pixels beside it, a line for each,
+  // what was painted last first; a line that says so where there is none.
   std::string DescribeAt(double x, double y, double tolerance);
 
   CommonInterfaces::Camera& GetCamera() { return m_View.camera; }

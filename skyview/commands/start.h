@@ -26,8 +26,8 @@ std::optional<SessionCapsule> ReadSession(const ViewOptions& view);
 // A line for each data file that is another than when the session was saved.
 void ReportChangedData(const SessionCapsule& session, const std::string& language, Diagnostics& diagnostics);
 
-// Reads the session that the view asks for, takes from it what the command line does not say, and enters the roots.
-// `groups`: the other groups that the command takes and a session has something to say of.
+// Reads the session that the view asks for, takes from it what the command line does not say, and enters the
+// roots. `groups`: the other groups that the command takes and a session has something to say of.
 template <class... Groups>
 std::optional<SessionCapsule> Start(const Call& call, RootOptions& root, ViewOptions& view,
                                     Groups&... groups) {

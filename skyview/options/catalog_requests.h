@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the options ask of the catalogs of images. The reader answers nothing for a text that is not wholly of the
-// accepted form.
+// What the options ask of the catalogs of images. The reader answers nothing for a text that is not wholly of
+// the accepted form.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,8 @@
 
 namespace skyview {
 
-// "constellations,deepsky,milkyway", in any order and each at most once. FormatImageGroups writes what the reader
-// takes, in that order.
+// "constellations,deepsky,milkyway", in any order and each at most once. FormatImageGroups writes what the
+// reader takes, in that order.
 std::optional<unsigned> ParseImageGroups(std::string_view text);
 std::string FormatImageGroups(unsigned groups);
 

@@ -12,7 +12,8 @@ namespace {
 
 constexpr int kAnyNumber = -1;
 
-// What is wrong with the arguments themselves (one that is not taken, a missing value, an option given twice).
+// What is wrong with the arguments themselves (one that is not taken, a missing value, an option given
+// twice).
 [[noreturn]] void Refuse(std::string line, const std::string& command) {
   std::replace(line.begin(), line.end(), '\n', ' ');
   throw Stop{kBadOption, line + " (skyview " + command + " --help lists the options and their forms)"};

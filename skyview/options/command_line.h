@@ -17,8 +17,9 @@ class Option;
 
 namespace skyview {
 
-// The command line of one command: which groups of options and which names it takes. Names and options may stand in any
-// order; behind "--" stand names only, which may then begin with a dash. What it is to fill must outlive Parse.
+// The command line of one command: which groups of options and which names it takes. Names and options may
+// stand in any order; behind "--" stand names only, which may then begin with a dash. What it is to fill must
+// outlive Parse.
 class CommandLine {
  public:
   // `command`: as the user writes it, "homes store".
@@ -43,8 +44,8 @@ class CommandLine {
   // Called once everything is read; throws Stop where options make no sense with each other.
   void Check(std::function<void()> check) { m_Checks.push_back(std::move(check)); }
 
-  // Reads the arguments, the command's own words left aside, into what was taken. Throws Stop: kBadOption with a line
-  // that names the option and its form, kDone with the help.
+  // Reads the arguments, the command's own words left aside, into what was taken. Throws Stop: kBadOption
+  // with a line that names the option and its form, kDone with the help.
   void Parse(const std::vector<std::string>& arguments);
 
  private:

@@ -20,8 +20,9 @@ struct OptionText {
 
 enum class Times { kOnce, kAgain };
 
-// One option of a group. `read` takes the value, or "" of an option without one, into the group; false when the text is
-// not wholly of the accepted form. It is called for each time that the option was given, in that order.
+// One option of a group. `read` takes the value, or "" of an option without one, into the group; false when
+// the text is not wholly of the accepted form. It is called for each time that the option was given, in that
+// order.
 template <class Group>
 struct OptionRow {
   OptionText text;

@@ -174,8 +174,8 @@ std::vector<SessionFavourite> FindFavourites(SettingsData& settings) {
   return favourites;
 }
 
-// A name that means the same file from every folder: a file of the current one by its whole path, a logical name as it
-// is.
+// A name that means the same file from every folder: a file of the current one by its whole path, a logical
+// name as it is.
 std::string FindLasting(const std::string& name) {
   std::error_code failure;
   return fs::exists(name, failure) ? fs::absolute(name).string() : name;

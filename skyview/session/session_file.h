@@ -48,8 +48,8 @@ struct SessionCapsule {
 // The text, ending in its own checksum. Numbers read back to the same bits, whatever the locale.
 std::string FormatSession(const SessionCapsule& capsule);
 
-// False for a text that is not wholly a session: `capsule` is then unchanged and `error` says what is wrong, without
-// naming the file.
+// False for a text that is not wholly a session: `capsule` is then unchanged and `error` says what is wrong,
+// without naming the file.
 bool ParseSession(std::string_view text, SessionCapsule& capsule, std::string& error);
 
 }  // namespace skyview

@@ -109,8 +109,8 @@ void CountFromHorizon(Camera& camera) {
   camera.SetRA_Dec(angles);
 }
 
-// A direction that is locked on the object travelled around turns to it. Any other object's place is not known here: it
-// is not what the view is centred on.
+// A direction that is locked on the object travelled around turns to it. Any other object's place is not
+// known here: it is not what the view is centred on.
 void TurnToObserver(Camera& camera) {
   const SphCoor& place = camera.GetLocation();
   const bool around =
