@@ -9,12 +9,12 @@
 #include <string>
 
 #include "fuzz/scratch.h"
-#include "tools/settings_check.h"
-#include "tools/settings_compiler.h"
-#include "tools/settings_diff.h"
-#include "tools/settings_parser.h"
-#include "tools/settings_text_writer.h"
-#include "tools/source_error.h"
+#include "skydata/files/source_error.h"
+#include "skydata/settings/check.h"
+#include "skydata/settings/compiler.h"
+#include "skydata/settings/diff.h"
+#include "skydata/settings/parser.h"
+#include "skydata/settings/text_writer.h"
 
 namespace {
 

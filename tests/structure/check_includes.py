@@ -21,7 +21,7 @@ MAY_INCLUDE = {
     "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
     "umbrella": {"catalogs", "render", "text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
     "host": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "tools": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
+    "skydata": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
 
 # The storey of each public header of the library; a private file has that of its folder.
@@ -48,7 +48,7 @@ PUBLIC = {
 FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
           "thread": "thread",
           "host": "host",
-          "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
+          "skydata": "skydata", "companions/utils": "utils", "companions/astro": "astro"}
 
 
 def storey(path):

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "skydata/settings/file_reader.h"
+
+namespace skydata {
+
+// Appends what is wrong inside one block: its sections, their runs and its fields, in no order.
+void CheckBlock(const FileBlock& block, const FieldNames& names, std::vector<Finding>& findings);
+
+}  // namespace skydata
