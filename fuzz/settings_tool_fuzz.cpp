@@ -13,6 +13,7 @@
 #include "skydata/settings/check.h"
 #include "skydata/settings/compiler.h"
 #include "skydata/settings/diff.h"
+#include "skydata/settings/file_reader.h"
 #include "skydata/settings/parser.h"
 #include "skydata/settings/text_writer.h"
 

@@ -6,13 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "skydata/commands/command.h"
+
 namespace skydata {
 
-// Exit codes of the program.
-enum ExitCode { kDone = 0, kBadData = 1, kBadUsage = 2 };
-
-// Runs skydata with these arguments, the program's name left aside. What was done goes to `output`; what is wrong, one
-// line, to `errors`.
+// Runs skydata with these arguments, the program's name left aside; returns an ExitCode. What was done goes
+// to `output`; what is wrong, one line, to `errors`.
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors);
 
 }  // namespace skydata

@@ -4,7 +4,8 @@
 
 namespace skydata {
 
-// Keeps the system from changing line ends in what goes through standard input and output: files go through them.
+// Keeps the system from changing line ends in what goes through standard input and output: files go through
+// them.
 void KeepStreamBytes();
 
 }  // namespace skydata

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The catalog tables of the data root, each made from a table below the source folder. All throw SourceError when the
-// source is not as it should be. Columns: docs/formats/catalog_tables.md.
+// The catalog tables of the data root, each made from a table below the source folder. All throw SourceError
+// when the source is not as it should be. Columns: docs/formats/catalog_tables.md.
 #pragma once
 
 #include <filesystem>

@@ -25,8 +25,8 @@ const std::vector<std::string> kCatalogColumns = {"Type:text",
                                                   "NGC_ICnumber:text",
                                                   "ProperName:text"};
 
-// A type as the source names it, the kind it belongs to, and its sub-type code, the identifier of its name in the
-// string table. Codes are kept in files: never renumber.
+// A type as the source names it, the kind it belongs to, and its sub-type code, the identifier of its name in
+// the string table. Codes are kept in files: never renumber.
 struct DeepskyType {
   const char* name;
   const char* kind;

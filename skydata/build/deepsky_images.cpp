@@ -26,7 +26,8 @@ const std::vector<std::string> kColumns = {
     "Messier",     "Letter", "HalfWidth_arcmin", "RA_deg",    "Dec_deg", "Rotation_deg", "Flags",
     "AspectRatio", "Layer",  "BlackPoint",       "Brightness"};
 
-// What each column behind the letter may hold. A number that is not whole is written as it stands in the source.
+// What each column behind the letter may hold. A number that is not whole is written as it stands in the
+// source.
 struct Range {
   int column;
   double low, high;

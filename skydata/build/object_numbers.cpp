@@ -19,7 +19,7 @@ namespace {
 class MadeTable {
  public:
   explicit MadeTable(const std::string& bytes) {
-    for (const TextLine& line : SplitLines(bytes)) {
+    for (const TextLine& line : SplitTrimmedLines(bytes)) {
       if (!line.text.empty() && line.text[0] != '#') m_Records.push_back(GetTokens(line.text.c_str(), "\t"));
     }
   }
@@ -51,7 +51,7 @@ ObjectNumbers::ObjectNumbers(const std::filesystem::path& source) {
 }
 
 void ObjectNumbers::AddBodies(const std::filesystem::path& source) {
-  for (const TextLine& line : SplitLines(MakePlanetsAndMoons(source))) {
+  for (const TextLine& line : SplitTrimmedLines(MakePlanetsAndMoons(source))) {
     const std::vector<std::string> fields = GetTokens(line.text.c_str(), "\t");
     m_Numbers[fields[0]][fields[1]] = std::atoi(fields[1].c_str());
   }

@@ -17,7 +17,7 @@ namespace skydata {
 //   plnt, moon   number in bodies/planets_moons.tsv        the same
 //   star         HR number in stars/stars.tsv              the same
 //   astr, comt   number in orbits/asteroids.tsv, comets.tsv   the same
-//   gala, nebu, clst, dsnv   number of Messier's list      that in deepsky.txt, with the sub-type in its top byte
+//   gala, nebu, clst, dsnv   number of Messier's list      that in deepsky.txt, sub-type in its top byte
 //   cnst         abbreviation of the IAU                   its name id
 class ObjectNumbers {
  public:
@@ -29,7 +29,8 @@ class ObjectNumbers {
     int number = 0;
   };
 
-  // The object that the cells name. Throws SourceError, naming line and column, when the other sources have none.
+  // The object that the cells name. Throws SourceError, naming line and column, when the other sources have
+  // none.
   Object Resolve(const SourceTable& table, int row, int kindColumn, int objectColumn) const;
 
   bool Has(const std::string& kind, const std::string& object) const;

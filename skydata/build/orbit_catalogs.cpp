@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The catalogs of bodies by their orbits. Field names and units of a database record: angles in radians, mean motion in
-// radians per day, for e >= 1 the perihelion distance in place of the semi-major axis.
+// The catalogs of bodies by their orbits. Field names and units of a database record: angles in radians, mean
+// motion in radians per day, for e >= 1 the perihelion distance in place of the semi-major axis.
 #include <cmath>
 #include <numbers>
 #include <set>
@@ -25,8 +25,9 @@ constexpr double kMaxSize = 1e6;  // au
 constexpr double kMaxEccentricity = 100.0;
 constexpr double kParabolicMotionBelow = 1e-6;
 
-// What stands for a slope that is not published: of asteroids the usual one of the two-parameter system of magnitudes
-// (Bowell et al. 1989), of comets that of a coma which brightens with the fourth power of the nearness to the Sun.
+// What stands for a slope that is not published: of asteroids the usual one of the two-parameter system of
+// magnitudes (Bowell et al. 1989), of comets that of a coma which brightens with the fourth power of the
+// nearness to the Sun.
 constexpr double kUsualSlope = 0.15;
 constexpr double kUsualCometSlope = 10.0;
 
@@ -139,7 +140,7 @@ std::string MakeCometCatalog(const std::filesystem::path& source) {
 // The file itself, once every set of it is readable.
 std::string MakeSatellites(const std::filesystem::path& source) {
   const std::filesystem::path path = source / "orbits" / "satellites.tle";
-  const std::vector<TextLine> lines = ReadLines(path);
+  const TextLines lines = ReadLines(path);
   std::set<int> numbers;
   std::string bytes;
   for (std::size_t i = 0; i + 2 < lines.size(); i += 3) {

@@ -9,19 +9,19 @@
 
 namespace skydata {
 
-// A table in the form that people edit: UTF-8, cells separated by tabs, a header line with the columns' names, one
-// record a line; blank lines and lines that begin with '#' are passed over. A cell may be empty.
+// A table in the form that people edit: UTF-8, cells separated by tabs, a header line with the columns'
+// names, one record a line; blank lines and lines that begin with '#' are passed over. A cell may be empty.
 class SourceTable {
  public:
-  // Throws SourceError when the file cannot be read, has other columns than these in this order, or a line with
-  // another number of cells.
+  // Throws SourceError when the file cannot be read, has other columns than these in this order, or a line
+  // with another number of cells.
   SourceTable(const std::filesystem::path& path, const std::vector<std::string>& columns);
 
   int GetRowCount() const { return static_cast<int>(m_Rows.size()); }
   const std::string& GetText(int row, int column) const;
 
-  // The number in a cell. Throws SourceError, naming line and column, when it is none, is empty or lies outside
-  // [low, high].
+  // The number in a cell. Throws SourceError, naming line and column, when it is none, is empty or lies
+  // outside [low, high].
   double GetNumber(int row, int column, double low, double high) const;
   int GetInteger(int row, int column, int low, int high) const;
 

@@ -5,18 +5,17 @@
 #include <ostream>
 
 #include "skydata/build/data_root.h"
-#include "skydata/command_line.h"
 #include "skydata/commands/command.h"
 
 namespace skydata {
 namespace {
 
-struct BuildArguments {
+struct Arguments {
   std::string source, out;
   std::string language = "en";
 };
 
-int Build(const BuildArguments& arguments, std::ostream& output) {
+int Build(const Arguments& arguments, std::ostream& output) {
   const int count = BuildDataRoot(arguments.source, arguments.out, arguments.language);
   output << arguments.out << ": " << count << " files\n";
   return kDone;
@@ -24,19 +23,16 @@ int Build(const BuildArguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-void DeclareBuild(CLI::App& app, Action& action) {
-  const auto arguments = std::make_shared<BuildArguments>();
-  CLI::App* build = app.add_subcommand("build", "make the data root from the readable sources");
-  build->add_option("SOURCE", arguments->source, "folder of the sources, for example data/source")
+Action DeclareBuild(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
+  command.add_option("SOURCE", arguments->source, "folder of the sources, for example data/source")
       ->required();
-  build->add_option("OUT", arguments->out, "folder to make, or to bring up to date, file by file")
+  command.add_option("OUT", arguments->out, "folder to make, or to bring up to date, file by file")
       ->required();
-  build->add_option("--language", arguments->language, "folder below SOURCE/strings of the default texts")
+  command.add_option("--language", arguments->language, "folder below SOURCE/strings of the default texts")
       ->type_name("NAME")
       ->capture_default_str();
-  build->callback([arguments, &action] {
-    action = [arguments](std::ostream& output, std::ostream&) { return Build(*arguments, output); };
-  });
+  return [arguments](std::ostream& output, std::ostream&) { return Build(*arguments, output); };
 }
 
 }  // namespace skydata

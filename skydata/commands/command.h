@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The commands of skydata. Each is declared by one function, in a source of its own; command_line.cpp lists them.
+// The commands of skydata, each in a source of its own. table.cpp lists them.
 #pragma once
 
 #include <functional>
 #include <iosfwd>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -13,16 +16,49 @@ class App;
 
 namespace skydata {
 
-// What the chosen command does: results to `output`, what is wrong to `errors`; returns an exit code of
-// command_line.h. A SourceError that it throws is printed as one line and is kBadData.
+// Exit codes of the program.
+enum ExitCode { kDone = 0, kBadData = 1, kBadUsage = 2 };
+
+// What a command does: results to `output`, what is wrong to `errors`; returns an exit code. A UsageError
+// that it throws is told like an argument that the parser refuses; any other exception is printed as one line
+// and is kBadData.
 using Action = std::function<int(std::ostream& output, std::ostream& errors)>;
 
-// Each declares a command, with its own subcommands and arguments, on `app`. When that command is parsed, it puts what
-// is to be done into `action`, which outlives the parser.
-void DeclareBuild(CLI::App& app, Action& action);
-void DeclareLint(CLI::App& app, Action& action);
-void DeclareSettings(CLI::App& app, Action& action);
-void DeclareShow(CLI::App& app, Action& action);
-void DeclareStrings(CLI::App& app, Action& action);
+// An argument that the command cannot do anything with.
+class UsageError : public std::runtime_error {
+ public:
+  UsageError(const std::string& argument, const std::string& wanted)
+      : std::runtime_error(argument + ": " + wanted) {}
+};
+
+// Declares the arguments of a command on its parser; the action reads them when they have been parsed.
+using Declare = Action (*)(CLI::App& command);
+
+// A command, or a group of commands.
+struct Command {
+  const char* name;
+  const char* help;
+  Declare declare = nullptr;   // null for a group
+  std::vector<Command> group;  // what stands below it, one of which must be chosen
+};
+
+// All commands, in the order in which the help shows them.
+const std::vector<Command>& GetCommands();
+
+Action DeclareBuild(CLI::App& command);
+Action DeclareLint(CLI::App& command);
+Action DeclareShow(CLI::App& command);
+
+Action DeclareSettingsDump(CLI::App& command);
+Action DeclareSettingsBuild(CLI::App& command);
+Action DeclareSettingsCheck(CLI::App& command);
+Action DeclareSettingsDiff(CLI::App& command);
+Action DeclareSettingsConvert(CLI::App& command);
+Action DeclareSettingsExplain(CLI::App& command);
+
+Action DeclareStringsCheck(CLI::App& command);
+Action DeclareStringsShow(CLI::App& command);
+Action DeclareStringsPseudo(CLI::App& command);
+Action DeclareStringsList(CLI::App& command);
 
 }  // namespace skydata

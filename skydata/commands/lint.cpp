@@ -5,7 +5,6 @@
 #include <memory>
 #include <ostream>
 
-#include "skydata/command_line.h"
 #include "skydata/commands/command.h"
 #include "skydata/files/source_error.h"
 #include "skydata/lint/lint.h"
@@ -14,12 +13,12 @@
 namespace skydata {
 namespace {
 
-struct LintArguments {
+struct Arguments {
   std::string root;
   bool isJson = false, isStrict = false;
 };
 
-int RunLint(const LintArguments& arguments, std::ostream& output, std::ostream& errors) {
+int RunLint(const Arguments& arguments, std::ostream& output, std::ostream& errors) {
   std::filesystem::path root = arguments.root;
   try {
     if (root.empty()) root = FindDataRoot();
@@ -46,17 +45,14 @@ int RunLint(const LintArguments& arguments, std::ostream& output, std::ostream& 
 
 }  // namespace
 
-void DeclareLint(CLI::App& app, Action& action) {
-  const auto arguments = std::make_shared<LintArguments>();
-  CLI::App* const lint = app.add_subcommand("lint", "say what is wrong with the files of a data root");
-  lint->add_option("ROOT", arguments->root, "data root or work area; else the data root beside this program");
-  lint->add_flag("--json", arguments->isJson, "one JSON array in place of lines");
-  lint->add_flag("--strict", arguments->isStrict, "exit code 1 for warnings too");
-  lint->callback([arguments, &action] {
-    action = [arguments](std::ostream& output, std::ostream& errors) {
-      return RunLint(*arguments, output, errors);
-    };
-  });
+Action DeclareLint(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
+  command.add_option("ROOT", arguments->root,
+                     "data root or work area; else the data root beside this program");
+  command.add_flag("--json", arguments->isJson, "one JSON array in place of lines");
+  command.add_flag("--strict", arguments->isStrict, "exit code 1 for warnings too");
+  return
+      [arguments](std::ostream& output, std::ostream& errors) { return RunLint(*arguments, output, errors); };
 }
 
 }  // namespace skydata

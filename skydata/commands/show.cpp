@@ -7,16 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "skydata/command_line.h"
 #include "skydata/commands/command.h"
 #include "skydata/files/whole_file.h"
+#include "skydata/settings/file_reader.h"
 #include "skydata/settings/text_writer.h"
 #include "skydata/show/files.h"
 
 namespace skydata {
 namespace {
 
-struct ShowArguments {
+struct Arguments {
   std::string file;
   std::string kindName;  // "": the file's name says it
   bool isJson = false;
@@ -36,7 +36,7 @@ ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string&
   return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(bytes);
 }
 
-DataKind FindKind(const ShowArguments& arguments) {
+DataKind FindKind(const Arguments& arguments) {
   for (const DataKindName& known : GetDataKindNames()) {
     if (known.name == arguments.kindName) return known.kind;
   }
@@ -50,7 +50,7 @@ bool CanShow(DataKind kind) {
   return false;
 }
 
-int RunShow(const ShowArguments& arguments, std::ostream& output, std::ostream& errors) {
+int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& errors) {
   const DataKind kind = FindKind(arguments);
   if (!CanShow(kind)) {
     errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
@@ -70,20 +70,16 @@ int RunShow(const ShowArguments& arguments, std::ostream& output, std::ostream& 
 
 }  // namespace
 
-void DeclareShow(CLI::App& app, Action& action) {
-  const auto arguments = std::make_shared<ShowArguments>();
+Action DeclareShow(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
   std::vector<std::string> names;
   for (const DataKindName& known : GetDataKindNames()) names.emplace_back(known.name);
-  CLI::App* const show = app.add_subcommand("show", "print a data file, one line a record");
-  show->add_option("FILE", arguments->file, "file of a data root or a work area")->required();
-  show->add_option("--as", arguments->kindName, "what the file is; else its name says it")
+  command.add_option("FILE", arguments->file, "file of a data root or a work area")->required();
+  command.add_option("--as", arguments->kindName, "what the file is; else its name says it")
       ->check(CLI::IsMember(names));
-  show->add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
-  show->callback([arguments, &action] {
-    action = [arguments](std::ostream& output, std::ostream& errors) {
-      return RunShow(*arguments, output, errors);
-    };
-  });
+  command.add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
+  return
+      [arguments](std::ostream& output, std::ostream& errors) { return RunShow(*arguments, output, errors); };
 }
 
 }  // namespace skydata

@@ -58,9 +58,9 @@ std::optional<double> CatalogData::FindNumber(const CatalogRecord& record, const
   return ParseCatalogNumber(columns[static_cast<std::size_t>(column)].type, cell->text);
 }
 
-CatalogData ReadCatalog(const LintLines& lines) {
+CatalogData ReadCatalog(const TextLines& lines) {
   CatalogData data;
-  for (const LintLine& line : lines) {
+  for (const TextLine& line : lines) {
     if (line.text.empty() || line.text.front() == '#') continue;
     auto cells = SplitAtTabs(line);
     if (data.headerLine > 0) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "skydata/lint/text_lines.h"
+#include "skydata/files/text_lines.h"
 
 namespace skydata {
 
@@ -35,7 +35,7 @@ struct CatalogData {
   std::optional<double> FindNumber(const CatalogRecord& record, const char* name) const;
 };
 
-CatalogData ReadCatalog(const LintLines& lines);
+CatalogData ReadCatalog(const TextLines& lines);
 
 // Whether the name of a type is one of a catalog table.
 bool IsCatalogType(const std::string& type);

@@ -27,7 +27,7 @@ const char* NamePictureColumn(int column) {
   return kNames[column];
 }
 
-std::vector<TextField> SplitAtBlanks(const LintLine& line) {
+std::vector<TextField> SplitAtBlanks(const TextLine& line) {
   std::vector<TextField> fields;
   const std::string& text = line.text;
   for (std::size_t at = text.find_first_not_of(" \t\r"); at < text.size();) {

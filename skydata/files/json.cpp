@@ -41,4 +41,18 @@ std::string JsonString(const std::string& utf8) {
   return json + '"';
 }
 
+std::string JsonObject(const std::vector<std::pair<std::string, std::string>>& members) {
+  std::string json;
+  for (const auto& [name, value] : members) {
+    json += (json.empty() ? "{" : ", ") + JsonString(name) + ": " + value;
+  }
+  return json.empty() ? "{}" : json + '}';
+}
+
+std::string JsonArray(const std::vector<std::string>& elements, const std::string& indent) {
+  std::string json;
+  for (const std::string& element : elements) json += (json.empty() ? "[\n" : ",\n") + indent + element;
+  return json.empty() ? "[]\n" : json + "\n]\n";
+}
+
 }  // namespace skydata

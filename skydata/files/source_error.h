@@ -7,7 +7,8 @@
 
 namespace skydata {
 
-// What is wrong with a source file, as one line: "file:line: message", or "file: message" where no line is to blame.
+// What is wrong with a source file, as one line: "file:line: message", or "file: message" where no line is to
+// blame.
 class SourceError : public std::runtime_error {
  public:
   SourceError(const std::string& file, int line, const std::string& message)

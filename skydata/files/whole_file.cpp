@@ -11,9 +11,6 @@
 namespace skydata {
 namespace {
 
-constexpr char kBlanks[] = " \t\r";
-constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-
 std::string MakeUniqueName() {
   std::random_device random;
   return ".skydata-" + std::to_string(random()) + "-" + std::to_string(random()) + ".tmp";
@@ -31,20 +28,7 @@ std::string ReadFile(const std::filesystem::path& path) {
   }
 }
 
-std::vector<TextLine> SplitLines(const std::string& bytes) {
-  std::vector<TextLine> lines;
-  std::size_t begin = bytes.compare(0, 3, kByteOrderMark) == 0 ? 3 : 0;
-  while (begin < bytes.size()) {
-    const std::size_t end = std::min(bytes.find('\n', begin), bytes.size());
-    std::string text = bytes.substr(begin, end - begin);
-    text.erase(text.find_last_not_of(kBlanks) + 1);
-    lines.push_back({static_cast<int>(lines.size()) + 1, std::move(text)});
-    begin = end + 1;
-  }
-  return lines;
-}
-
-std::vector<TextLine> ReadLines(const std::filesystem::path& path) { return SplitLines(ReadFile(path)); }
+TextLines ReadLines(const std::filesystem::path& path) { return SplitTrimmedLines(ReadFile(path)); }
 
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes) {
   ReplaceFile(path, bytes, [](const std::filesystem::path&) {});

@@ -5,30 +5,23 @@
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <vector>
+
+#include "skydata/files/text_lines.h"
 
 namespace skydata {
-
-// A line of a text file, without its end and the blanks at its own end.
-struct TextLine {
-  int number = 0;  // from 1 on
-  std::string text;
-};
 
 // The whole file. Throws SourceError when it cannot be read.
 std::string ReadFile(const std::filesystem::path& path);
 
-// The lines of a text, blank ones included. A UTF-8 byte-order mark is left out; lines end in LF or CR LF.
-std::vector<TextLine> SplitLines(const std::string& bytes);
+// The lines of a text file, each without the blanks at its end. Throws SourceError when it cannot be read.
+TextLines ReadLines(const std::filesystem::path& path);
 
-// The same of a text file. Throws SourceError when it cannot be read.
-std::vector<TextLine> ReadLines(const std::filesystem::path& path);
-
-// Puts a file with these bytes in the place of `path`, whole or not at all; makes the folders that lead to it. Throws
-// SourceError when that fails: what stood there before then still does.
+// Puts a file with these bytes in the place of `path`, whole or not at all; makes the folders that lead to
+// it. Throws SourceError when that fails: what stood there before then still does.
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes);
 
-// The same, with a last look at the new file before it takes its place: whatever `finish` throws keeps it from that.
+// The same, with a last look at the new file before it takes its place: whatever `finish` throws keeps it
+// from that.
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes,
                  const std::function<void(const std::filesystem::path& beside)>& finish);
 

@@ -27,7 +27,7 @@ int ReadYear(const std::filesystem::path& path, const TextLine& line) {
 }  // namespace
 
 std::string CheckYearLimits(const std::filesystem::path& path) {
-  const std::vector<TextLine> lines = ReadLines(path);
+  const TextLines lines = ReadLines(path);
   if (lines.size() < 2) {
     throw SourceError(path.string(), 0, "wants two lines, the first and the last year");
   }

@@ -3,63 +3,16 @@
 //
 // The catalog tables. Their reader stands in the host; what it prints is told here by "not a record" rules.
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <iterator>
-#include <set>
 
 #include "skydata/files/catalog_reader.h"
+#include "skydata/lint/catalog_rules.h"
 #include "skydata/lint/rules.h"
 #include "utils/text.h"
 
 namespace skydata {
 namespace {
-
-namespace fs = std::filesystem;
-
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kDegreesPerTurn = 360.0;
-constexpr double kLargeSize = 0.5;  // radians: no catalogued object is 29 degrees across
-
-// What the values of a column of that name may be.
-struct ColumnRange {
-  const char* name;
-  double least, most;
-  double mostDegrees;  // up to which a value beyond looks like degrees; 0: it does not
-};
-constexpr ColumnRange kRanges[] = {
-    {"RA", 0.0, 2.0 * kPi, kDegreesPerTurn},
-    {"Dec", -kPi / 2.0, kPi / 2.0, 90.0},
-    {"VisMagnitude", -30.0, 40.0, 0.0},
-    {"AbsMagnitude", -30.0, 60.0, 0.0},
-    {"LargestDimension", 0.0, kLargeSize, 1e9},
-    {"SmallestDimension", 0.0, kLargeSize, 1e9},
-    {"a", 1e-3, 1e6, 0.0},
-    {"e", 0.0, 100.0, 0.0},
-    {"i", 0.0, kPi, 180.0},
-    {"om", -2.0 * kPi, 2.0 * kPi, kDegreesPerTurn},
-    {"w", -2.0 * kPi, 2.0 * kPi, kDegreesPerTurn},
-};
-
-// Which catalog has which columns, and of what kind its objects are.
-struct CatalogRule {
-  const char* name;  // of the file, without ".txt"
-  std::vector<const char*> columns;
-  const char* kind;  // of the objects; "": that in the column Type; null: they are none
-};
-const CatalogRule* FindRule(const std::string& name) {
-  static const CatalogRule kRules[] = {
-      {"stars", {"Number", "RA", "Dec"}, "star"},
-      {"deepsky", {"Type", "Number", "RA", "Dec"}, ""},
-      {"constellations", {"Label", "RA", "Dec"}, nullptr},
-      {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
-      {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
-      {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},
-      {"comets", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "comt"}};
-  const auto found = std::find_if(std::begin(kRules), std::end(kRules),
-                                  [&name](const CatalogRule& rule) { return name == rule.name; });
-  return found == std::end(kRules) ? nullptr : found;
-}
 
 std::string ToText(double value) {
   char text[32];
@@ -100,7 +53,7 @@ class CatalogChecker {
 
   void CheckRecord(const CatalogRecord& record) {
     const std::size_t wanted = m_Data.columns.size();
-    const LintLine line = {record.line, std::string(static_cast<std::size_t>(record.end - 1), ' ')};
+    const TextLine line = {record.line, std::string(static_cast<std::size_t>(record.end - 1), ' ')};
     HasFields(line, record.cells, static_cast<int>(wanted), static_cast<int>(wanted), m_Report);
     for (std::size_t i = 0; i < std::min(wanted, record.cells.size()); ++i) {
       CheckCell(m_Data.columns[i], record.line, record.cells[i]);
@@ -121,10 +74,8 @@ class CatalogChecker {
                    column.name + " '" + cell.text + "' is no number of the type " + column.type);
       return;
     }
-    const auto range =
-        std::find_if(std::begin(kRanges), std::end(kRanges),
-                     [&column](const ColumnRange& known) { return column.name == known.name; });
-    if (range == std::end(kRanges) || (*value >= range->least && *value <= range->most)) return;
+    const ColumnRange* const range = FindRange(column.name);
+    if (!range || (*value >= range->least && *value <= range->most)) return;
     const bool isUnit = std::abs(*value) <= range->mostDegrees && (range->least < 0.0 || *value > 0.0);
     m_Report.Add(isUnit ? LintCode::kUnit : LintCode::kOutOfRange, line, cell.column,
                  column.name + " " + cell.text + " is not from " + ToText(range->least) + " to " +
@@ -193,37 +144,6 @@ class CatalogChecker {
   FirstLines<std::string> m_Numbers, m_Names;
 };
 
-void CollectCatalog(const LintFile& file, LintRun& run) {
-  const CatalogData data = ReadCatalog(ReadPlainLines(file.bytes));
-  const std::string name = fs::path(file.name).stem().string();
-  const CatalogRule* const rule = FindRule(name);
-  if (!rule) return;
-  const int number = data.FindColumn("Number"), type = data.FindColumn("Type"),
-            label = data.FindColumn("Label");
-  const int designation = data.FindColumn("NGC_ICnumber");
-  for (const CatalogRecord& record : data.records) {
-    const TextField* const cell = data.FindCell(record, number);
-    const TextField* const kind = data.FindCell(record, type);
-    const std::string code = rule->kind && !*rule->kind && kind ? kind->text : rule->kind ? rule->kind : "";
-    if (cell && code.size() == 4) run.objects.Add(GetFOURCC(code.c_str()), std::atoi(cell->text.c_str()));
-    const TextField* const text = data.FindCell(record, label);
-    if (text && name == "constellations") run.labels["Label"].push_back(text->text);
-    const TextField* const other = data.FindCell(record, designation);
-    const auto digits = other ? other->text.find_first_of("0123456789") : std::string::npos;
-    if (digits != std::string::npos) run.objects.AddDesignation(std::atoi(other->text.c_str() + digits));
-  }
-}
-
-// Lines of the form "kind TAB number", whatever else is wrong with them.
-void CollectBodies(const LintFile& file, LintRun& run) {
-  for (const LintLine& line : ReadPlainLines(file.bytes)) {
-    const auto fields = SplitAtTabs(line);
-    if (fields.size() > 2 && fields[0].text.size() == 4) {
-      run.objects.Add(GetFOURCC(fields[0].text.c_str()), std::atoi(fields[1].text.c_str()));
-    }
-  }
-}
-
 }  // namespace
 
 void LintCatalog(const LintFile& file, LintRun& run) {
@@ -231,16 +151,10 @@ void LintCatalog(const LintFile& file, LintRun& run) {
   TextRules rules;
   rules.maxLine = 0;
   rules.mayBeginWithMark = false;
-  const LintLines lines = ReadLintLines(file.bytes, rules, report);
+  const TextLines lines = ReadLintLines(file.bytes, rules, report);
   if (report.HasFindingAt(0)) return;  // empty
   const CatalogData data = ReadCatalog(lines);
-  CatalogChecker(data, FindRule(fs::path(file.name).stem().string()), run, report).Check();
-}
-
-void CollectObjects(const LintFile& file, LintRun& run) {
-  if (file.kind == DataKind::kCatalogTable) CollectCatalog(file, run);
-  if (file.kind == DataKind::kPlanets) CollectBodies(file, run);
-  if (file.kind == DataKind::kTwoLineElements) CollectSatellites(file, run);
+  CatalogChecker(data, FindCatalogRule(file.name), run, report).Check();
 }
 
 }  // namespace skydata

@@ -30,7 +30,7 @@ std::string ToText(double value) {
   return text;
 }
 
-std::optional<double> ReadValue(int column, const LintLine& line, const TextField& field,
+std::optional<double> ReadValue(int column, const TextLine& line, const TextField& field,
                                 LintReport& report) {
   bool lacksMark = false;
   const bool isAngle = column == kPictureRA || column == kPictureDec;
@@ -48,7 +48,7 @@ std::optional<double> ReadValue(int column, const LintLine& line, const TextFiel
   return value;
 }
 
-void CheckValue(int column, const LintLine& line, const TextField& field, LintReport& report) {
+void CheckValue(int column, const TextLine& line, const TextField& field, LintReport& report) {
   const auto value = ReadValue(column, line, field, report);
   if (!value) return;
   const Range& range = kRanges[column];
@@ -67,7 +67,7 @@ void CheckValue(int column, const LintLine& line, const TextField& field, LintRe
   }
 }
 
-void CheckNumber(const LintLine& line, const TextField& field, const LintRun& run, Keys& keys,
+void CheckNumber(const TextLine& line, const TextField& field, const LintRun& run, Keys& keys,
                  LintReport& report) {
   int number = 0;
   char letter = '\0';
@@ -110,7 +110,7 @@ void LintDeepskyImages(const LintFile& file, LintRun& run) {
   rules.maxLine = 0;
   rules.isUtf8 = false;  // the degree sign is the one byte 0xB0
   Keys keys;
-  for (const LintLine& line : ReadLintLines(file.bytes, rules, report)) {
+  for (const TextLine& line : ReadLintLines(file.bytes, rules, report)) {
     if (line.text.starts_with('!')) continue;
     const auto fields = SplitAtBlanks(line);
     if (fields.empty()) continue;

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/lint/fields.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <limits>
 
-#include "skydata/strings/source.h"
+#include "skydata/files/object_names.h"
 #include "utils/text.h"
 
 namespace skydata {
@@ -95,7 +94,7 @@ std::optional<int> ReadNumberOrKind(const FieldPlace& place) {
   return kind;
 }
 
-bool HasFields(const LintLine& line, const std::vector<TextField>& fields, int least, int most,
+bool HasFields(const TextLine& line, const std::vector<TextField>& fields, int least, int most,
                LintReport& report) {
   const int count = static_cast<int>(fields.size());
   const std::string has = "the line has " + std::to_string(count) + " fields, wants ";
@@ -117,19 +116,6 @@ void CheckName(const FieldPlace& place) {
     Add(place, LintCode::kLongName,
         " has " + std::to_string(place.field.text.size()) + " bytes, of which identifiers keep 79");
   }
-}
-
-std::string NameKind(int kind) { return NameIdentifier(static_cast<unsigned>(kind)); }
-
-std::string NameObject(int kind, int number) { return NameKind(kind) + " " + std::to_string(number); }
-
-bool IsKnownKind(int kind) {
-  static constexpr int kKinds[] = {
-      FourCC("plnt"), FourCC("moon"), FourCC("pldw"), FourCC("star"), FourCC("gala"), FourCC("clst"),
-      FourCC("nebu"), FourCC("dsnv"), FourCC("astr"), FourCC("comt"), FourCC("scft"), FourCC("cnst"),
-      FourCC("mesh"), FourCC("uSTR"), FourCC("uDSO"), FourCC("uNEB"), FourCC("uCLS"), FourCC("uGAL"),
-      FourCC("fAST"), FourCC("fCOM"), FourCC("fSCO"), FourCC("uSCO")};
-  return std::find(std::begin(kKinds), std::end(kKinds), kind) != std::end(kKinds);
 }
 
 }  // namespace skydata

@@ -7,13 +7,13 @@
 #include <optional>
 #include <string>
 
-#include "skydata/lint/text_lines.h"
+#include "skydata/lint/text_rules.h"
 
 namespace skydata {
 
 // Where a field stands, and how to call it.
 struct FieldPlace {
-  const LintLine& line;
+  const TextLine& line;
   const TextField& field;
   const char* what;
   LintReport& report;
@@ -32,19 +32,10 @@ std::optional<int> ReadKind(const FieldPlace& place);
 std::optional<int> ReadNumberOrKind(const FieldPlace& place);
 
 // False, with a finding, when the line has fewer fields than `least`; a finding when it has more than `most`.
-bool HasFields(const LintLine& line, const std::vector<TextField>& fields, int least, int most,
+bool HasFields(const TextLine& line, const std::vector<TextField>& fields, int least, int most,
                LintReport& report);
 
 // Whether the name is there and fits the 79 bytes of an identifier; findings otherwise.
 void CheckName(const FieldPlace& place);
-
-// "star" for a code of four plain characters, else the number.
-std::string NameKind(int kind);
-
-// "star 2061".
-std::string NameObject(int kind, int number);
-
-// Whether a kind is one that the application has objects of.
-bool IsKnownKind(int kind);
 
 }  // namespace skydata

@@ -8,6 +8,7 @@
 #include "common_interfaces/flight_objects.h"
 #include "common_interfaces/object_articles.h"
 #include "skydata/files/binary_tables.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 #include "utils/text.h"
 
@@ -87,7 +88,7 @@ void CheckGroup(const DistanceNumbers& group, int line, FirstLines<int>& kinds, 
 using Objects = FirstLines<std::pair<int, int>>;
 
 // Whether the reader takes the line.
-bool CheckFlightLine(const LintLine& line, const LintRun& run, Objects& objects, LintReport& report,
+bool CheckFlightLine(const TextLine& line, const LintRun& run, Objects& objects, LintReport& report,
                      std::pair<int, int>& object) {
   const auto fields = SplitAtTabs(line);
   if (IsBlank(line.text) || !HasFields(line, fields, 2, 3, report)) return false;
@@ -168,11 +169,11 @@ void LintDistances(const LintFile& file, LintRun& run) {
 
 void LintFlightList(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  const LintLines lines = ReadLintLines(file.bytes, {}, report);
+  const TextLines lines = ReadLintLines(file.bytes, {}, report);
   const ReaderWatch watch;
   CommonInterfaces::Voyvane3DFlightObjectsList reader;
   Objects objects;
-  for (const LintLine& line : lines) {
+  for (const TextLine& line : lines) {
     std::pair<int, int> object;
     if (!CheckFlightLine(line, run, objects, report, object)) continue;
     if (reader.objectInList(object.first, object.second)) continue;

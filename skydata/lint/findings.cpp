@@ -82,16 +82,16 @@ std::string FormatFinding(const std::string& root, const LintFinding& finding) {
 }
 
 std::string FormatFindingsAsJson(const std::string& root, const LintFindings& findings) {
-  std::string json = "[";
+  std::vector<std::string> elements;
   for (const LintFinding& finding : findings) {
-    json += json.size() > 1 ? ",\n " : "\n ";
-    json += "{\"file\": " + JsonString(JoinRoot(root, finding.file)) +
-            ", \"line\": " + std::to_string(finding.line) +
-            ", \"column\": " + std::to_string(finding.column) +
-            ", \"severity\": " + JsonString(NameOf(finding.severity)) +
-            ", \"code\": " + JsonString(finding.code) + ", \"text\": " + JsonString(finding.text) + "}";
+    elements.push_back(JsonObject({{"file", JsonString(JoinRoot(root, finding.file))},
+                                   {"line", std::to_string(finding.line)},
+                                   {"column", std::to_string(finding.column)},
+                                   {"severity", JsonString(NameOf(finding.severity))},
+                                   {"code", JsonString(finding.code)},
+                                   {"text", JsonString(finding.text)}}));
   }
-  return json + (findings.empty() ? "]\n" : "\n]\n");
+  return JsonArray(elements);
 }
 
 void LintReport::Add(LintCode code, int line, int column, const std::string& text) {

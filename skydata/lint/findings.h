@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What `skydata lint` can find in a file of a data root. Codes are stable, scripts test for them; docs/lint.md explains
-// each and how to mend it. Settings files and string tables also have the codes of their own commands.
+// What `skydata lint` can find in a file of a data root. Codes are stable, scripts test for them;
+// docs/lint.md explains each and how to mend it. Settings files and string tables also have the codes of
+// their own commands.
 #pragma once
 
 #include <set>
 #include <string>
 #include <vector>
 
-#include "skydata/settings/findings.h"
+#include "skydata/files/severity.h"
 
 namespace skydata {
 
@@ -64,9 +65,9 @@ const LintKind& KindOf(LintCode code);
 // All codes, in the order of LintCode.
 const std::vector<LintKind>& GetLintKinds();
 
-// One thing that is wrong. Line and column count from 1; the column counts bytes. In binary files the line is the
-// number of the record (group, picture, block) and the column that of the field in it. 0: the whole file, or the whole
-// line.
+// One thing that is wrong. Line and column count from 1; the column counts bytes. In binary files the line is
+// the number of the record (group, picture, block) and the column that of the field in it. 0: the whole file,
+// or the whole line.
 struct LintFinding {
   std::string file;  // below the data root, with '/'
   int line = 0;
@@ -83,7 +84,8 @@ void SortFindings(LintFindings& findings);
 // "ROOT/file:line:column: severity: code: text" and a line feed; without a root "file:line:...".
 std::string FormatFinding(const std::string& root, const LintFinding& finding);
 
-// One JSON array (RFC 8259) of objects with "file", "line", "column", "severity", "code", "text", ended by a line feed.
+// One JSON array (RFC 8259) of objects with "file", "line", "column", "severity", "code", "text", ended by a
+// line feed.
 std::string FormatFindingsAsJson(const std::string& root, const LintFindings& findings);
 
 // Takes the findings about one file.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/lint/lint.h"
+#include "skydata/files/object_names.h"
 
 #include <algorithm>
 

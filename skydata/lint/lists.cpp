@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The lists of objects that the user keeps. Their names are in the code page of the language, whatever that was.
+// The lists of objects that the user keeps. Their names are in the code page of the language, whatever that
+// was.
 #include "common_interfaces/object_lists.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 
 namespace skydata {
@@ -11,7 +13,7 @@ namespace {
 using Entries = FirstLines<std::pair<int, int>>;
 
 // Whether the reader takes the line.
-bool CheckEntry(const LintLine& line, int fieldCount, const LintRun& run, Entries& entries,
+bool CheckEntry(const TextLine& line, int fieldCount, const LintRun& run, Entries& entries,
                 LintReport& report) {
   const auto fields = SplitAtTabs(line);
   if (IsBlank(line.text) || !HasFields(line, fields, fieldCount, fieldCount, report)) return false;
@@ -38,7 +40,7 @@ int CheckList(const LintFile& file, int fieldCount, LintRun& run, LintReport& re
   rules.isUtf8 = false;
   Entries entries;
   int count = 0;
-  for (const LintLine& line : ReadLintLines(file.bytes, rules, report)) {
+  for (const TextLine& line : ReadLintLines(file.bytes, rules, report)) {
     count += CheckEntry(line, fieldCount, run, entries, report);
   }
   return count;

@@ -15,11 +15,13 @@ class ObjectIndex {
   // A further number by which pictures name a deep-sky object: that of a general catalog.
   void AddDesignation(int number) { m_Designations.insert(number); }
 
-  // Whether an object of a kind is missing: never for kinds of which there is no catalog here, and of users. The top
-  // byte of the number of a deep-sky object, its sub-type, is left aside when it is 0 or that of all galaxies' articles.
+  // Whether an object of a kind is missing: never for kinds of which there is no catalog here, and of users.
+  // The top byte of the number of a deep-sky object, its sub-type, is left aside when it is 0 or that of all
+  // galaxies' articles.
   bool IsMissing(int kind, int number) const;
 
-  // The same for the number of a picture: the low 24 bits of a deep-sky object of whatever kind, or a designation.
+  // The same for the number of a picture: the low 24 bits of a deep-sky object of whatever kind, or a
+  // designation.
   bool IsPictureMissing(int number) const;
 
  private:

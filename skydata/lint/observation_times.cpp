@@ -4,6 +4,7 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/observation_times.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 
 namespace skydata {
@@ -34,7 +35,7 @@ bool IsDate(int year, int month, int day) {
 }
 
 // Whether the reader takes the moment.
-bool ReadMoment(const LintLine& line, const TextField& field, ObservationTime& time, LintReport& report) {
+bool ReadMoment(const TextLine& line, const TextField& field, ObservationTime& time, LintReport& report) {
   int end = 0;
   const int count =
       std::sscanf(field.text.c_str(), "%d/%d/%d %f%n", &time.day, &time.month, &time.year, &time.hour, &end);
@@ -57,7 +58,7 @@ bool ReadMoment(const LintLine& line, const TextField& field, ObservationTime& t
   return true;
 }
 
-bool ReadTime(const LintLine& line, const LintRun& run, ObservationTime& time, LintReport& report) {
+bool ReadTime(const TextLine& line, const LintRun& run, ObservationTime& time, LintReport& report) {
   const auto fields = SplitAtTabs(line);
   if (IsBlank(line.text) || !HasFields(line, fields, 3, 3, report)) return false;
   const auto kind = ReadNumberOrKind({line, fields[0], "kind", report});
@@ -95,11 +96,11 @@ void CompareTime(const ObservationTime& time, int line, LintReport& report) {
 
 void LintObservationTimes(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  const LintLines lines = ReadLintLines(file.bytes, {}, report);
+  const TextLines lines = ReadLintLines(file.bytes, {}, report);
   const bool isReadHere = IsFirstTable(file.bytes);
   const ReaderWatch watch;
   Times times;
-  for (const LintLine& line : lines) {
+  for (const TextLine& line : lines) {
     ObservationTime time;
     if (!ReadTime(line, run, time, report)) continue;
     CheckRepeated(time, line.number, times, report);

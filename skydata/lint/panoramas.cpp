@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/panoramas.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 #include "utils/file.h"
 
@@ -19,13 +20,13 @@ struct Seen {
   FirstLines<Body> defaults;
 };
 
-void CheckPicture(const LintLine& line, const TextField& field, const LintFile& file, LintReport& report) {
+void CheckPicture(const TextLine& line, const TextField& field, const LintFile& file, LintReport& report) {
   const std::string folder = file.path.substr(0, file.path.find_last_of("/\\") + 1);
   if (!IsBlank(field.text) && MFile().Open((folder + field.text).c_str(), MFile::kRead)) return;
   report.Add(LintCode::kMissingFile, line.number, field.column, "there is no file '" + field.text + "'");
 }
 
-void CheckAzimuth(const LintLine& line, const TextField& field, LintReport& report) {
+void CheckAzimuth(const TextLine& line, const TextField& field, LintReport& report) {
   const auto azimuth = ReadInteger({line, field, "azimuth", report});
   if (!azimuth || *azimuth == kNotGiven || (*azimuth >= 0 && *azimuth <= kMaxAzimuth)) return;
   report.Add(LintCode::kOutOfRange, line.number, field.column,
@@ -33,14 +34,14 @@ void CheckAzimuth(const LintLine& line, const TextField& field, LintReport& repo
 }
 
 // `first`: the line that has it already, 0 when none has.
-void CheckRepeated(const std::string& what, int first, const LintLine& line, const TextField& field,
+void CheckRepeated(const std::string& what, int first, const TextLine& line, const TextField& field,
                    LintReport& report) {
   if (first == 0) return;
   report.Add(LintCode::kDuplicate, line.number, field.column,
              what + " stands in line " + std::to_string(first) + " already");
 }
 
-void CheckLine(const LintLine& line, const LintFile& file, const LintRun& run, Seen& seen,
+void CheckLine(const TextLine& line, const LintFile& file, const LintRun& run, Seen& seen,
                LintReport& report) {
   const auto fields = SplitAtTabs(line);
   if (IsBlank(line.text) || !HasFields(line, fields, kFields, kFields, report)) return;
@@ -69,7 +70,7 @@ void CheckLine(const LintLine& line, const LintFile& file, const LintRun& run, S
 void LintPanoramas(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
   Seen seen;
-  for (const LintLine& line : ReadLintLines(file.bytes, {}, report)) {
+  for (const TextLine& line : ReadLintLines(file.bytes, {}, report)) {
     CheckLine(line, file, run, seen, report);
   }
   const ReaderWatch watch;

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "common_interfaces/planets_and_moons.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 #include "utils/text.h"
 
@@ -31,7 +32,7 @@ std::optional<int> ReadNumber(const FieldPlace& place, int kind) {
   return kind == kMoon ? ReadInteger(place, kFirstMoon, kMaxNumber) : ReadInteger(place);
 }
 
-void AddBody(const LintLine& line, Bodies& bodies, LintReport& report) {
+void AddBody(const TextLine& line, Bodies& bodies, LintReport& report) {
   const auto fields = SplitAtTabs(line);
   if (!HasFields(line, fields, 3, 4, report)) return;
   const auto kind = ReadKind({line, fields[0], "kind", report});
@@ -76,7 +77,7 @@ void CheckParents(const Bodies& bodies, LintReport& report) {
   }
 }
 
-void CompareWithReader(const Bodies& bodies, const LintLines& lines, LintReport& report) {
+void CompareWithReader(const Bodies& bodies, const TextLines& lines, LintReport& report) {
   const ReaderWatch watch;
   const CommonInterfaces::PlanetMoonDescription description;
   AddMessages(watch, lines, report);
@@ -93,9 +94,9 @@ void CompareWithReader(const Bodies& bodies, const LintLines& lines, LintReport&
 
 void LintPlanets(const LintFile& file, LintRun& run) {
   LintReport report(file.name, run.findings);
-  const LintLines lines = ReadLintLines(file.bytes, {}, report);
+  const TextLines lines = ReadLintLines(file.bytes, {}, report);
   Bodies bodies;
-  for (const LintLine& line : lines) AddBody(line, bodies, report);
+  for (const TextLine& line : lines) AddBody(line, bodies, report);
   CheckGaps(bodies, report);
   CheckParents(bodies, report);
   CompareWithReader(bodies, lines, report);

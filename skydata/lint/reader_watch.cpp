@@ -10,13 +10,13 @@
 namespace skydata {
 namespace {
 
-// The lines that a finding is about. Readers complain in the order of the lines, so each search begins where the one
-// before found its line.
+// The lines that a finding is about. Readers complain in the order of the lines, so each search begins where
+// the one before found its line.
 class ToldLines {
  public:
-  ToldLines(const LintLines& lines, const LintReport& report) {
+  ToldLines(const TextLines& lines, const LintReport& report) {
     const std::set<int> numbers = report.GetLines();
-    for (const LintLine& line : lines) {
+    for (const TextLine& line : lines) {
       if (numbers.count(line.number)) m_Quotes.push_back(line.text.empty() ? "()" : line.text);
     }
   }
@@ -46,7 +46,7 @@ ReaderWatch::ReaderWatch() {
 
 ReaderWatch::~ReaderWatch() { SetDebugSink(nullptr, nullptr); }
 
-void AddMessages(const ReaderWatch& watch, const LintLines& lines, LintReport& report) {
+void AddMessages(const ReaderWatch& watch, const TextLines& lines, LintReport& report) {
   if (report.HasFindingAt(0) || (lines.empty() && report.HasFindings())) return;
   ToldLines told(lines, report);
   std::vector<std::string> untold;

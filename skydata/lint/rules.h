@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The rules behind lint.h, a source for each family of files. Each reads one file, adds what is wrong with it, lets the
-// library's own reader read it too and compares. While they run, the logical paths lead to the data root.
+// The rules behind lint.h, a source for each family of files. Each reads one file, adds what is wrong with
+// it, lets the library's own reader read it too and compares. While they run, the logical paths lead to the
+// data root.
 #pragma once
 
 #include <filesystem>
@@ -29,8 +30,8 @@ struct LintRun {
   std::filesystem::path root;
   std::vector<LintFile> files;
   ObjectIndex objects;
-  std::map<std::string, std::vector<std::string>>
-      labels;  // texts of catalogs that others refer to, by column name
+  // Texts of catalogs that others refer to, by column name.
+  std::map<std::string, std::vector<std::string>> labels;
   LintFindings findings;
 };
 

@@ -7,6 +7,7 @@
 #include "common_interfaces/dates.h"
 #include "common_interfaces/meteor_showers.h"
 #include "common_interfaces/string_table.h"
+#include "skydata/files/object_names.h"
 #include "skydata/files/source_error.h"
 #include "skydata/lint/rules.h"
 #include "skydata/strings/check.h"

@@ -8,6 +8,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/dates.h"
 #include "common_interfaces/gazetteers.h"
+#include "skydata/files/object_names.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/year_limits.h"
 #include "skydata/lint/rules.h"
@@ -45,7 +46,7 @@ void LintHomes(const LintFile& file, LintRun& run) {
   TextRules rules = AnyLength();
   rules.mayBeEmpty = true;
   rules.isUtf8 = false;  // names of places are in the code page of the language
-  const LintLines lines = ReadLintLines(file.bytes, rules, report);
+  const TextLines lines = ReadLintLines(file.bytes, rules, report);
   const ReaderWatch watch;
   const CommonInterfaces::Camera reader(1);
   AddMessages(watch, lines, report);

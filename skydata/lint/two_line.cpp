@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "astro/satellite.h"
+#include "skydata/files/object_names.h"
 #include "skydata/lint/rules.h"
 #include "utils/text.h"
 
@@ -15,10 +16,10 @@ constexpr int kSatellite = FourCC("scft");
 
 struct SatelliteReader {
   LintReport& report;
-  LintLine first = {};  // the first line of a set whose second has not come; number 0: none
+  TextLine first = {};  // the first line of a set whose second has not come; number 0: none
   FirstLines<int> numbers = {};
 
-  void Take(const LintLine& line) {
+  void Take(const TextLine& line) {
     const bool isFirst = line.text.starts_with("1 "), isSecond = line.text.starts_with("2 ");
     if (isSecond && first.number > 0) {
       TakeSet(line);
@@ -27,7 +28,7 @@ struct SatelliteReader {
     } else {
       Finish();
     }
-    first = isFirst ? line : LintLine();
+    first = isFirst ? line : TextLine();
   }
 
   void Finish() {
@@ -39,7 +40,7 @@ struct SatelliteReader {
 
  private:
   // "line 2, column 69: what is wrong", "line 1, columns 3 to 7: ...".
-  void AddError(const LintLine& second, const std::string& error) {
+  void AddError(const TextLine& second, const std::string& error) {
     int line = 1, column = 0;
     if (std::sscanf(error.c_str(), "line %d, column %d", &line, &column) < 2) {
       std::sscanf(error.c_str(), "line %d, columns %d", &line, &column);
@@ -47,7 +48,7 @@ struct SatelliteReader {
     report.Add(LintCode::kTwoLineElements, line == 2 ? second.number : first.number, column, error);
   }
 
-  void TakeSet(const LintLine& second) {
+  void TakeSet(const TextLine& second) {
     OrbitalElements elements;
     int number = 0;
     std::string error;
@@ -70,7 +71,7 @@ struct SatelliteReader {
 
 void CollectSatellites(const LintFile& file, LintRun& run) {
   std::string first;
-  for (const LintLine& line : ReadPlainLines(file.bytes)) {
+  for (const TextLine& line : SplitPlainLines(file.bytes)) {
     OrbitalElements elements;
     int number = 0;
     std::string error;
@@ -86,7 +87,7 @@ void LintTwoLineElements(const LintFile& file, LintRun& run) {
   TextRules rules;
   rules.maxLine = 0;
   rules.mayBeginWithMark = false;
-  for (const LintLine& line : ReadLintLines(file.bytes, rules, report)) {
+  for (const TextLine& line : ReadLintLines(file.bytes, rules, report)) {
     if (!IsBlank(line.text) && line.text[0] != '#') reader.Take(line);
   }
   reader.Finish();

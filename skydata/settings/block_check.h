@@ -4,7 +4,8 @@
 
 #include <vector>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/file.h"
+#include "skydata/settings/names.h"
 
 namespace skydata {
 

@@ -46,7 +46,8 @@ int CreateField(SettingsData& settings, unsigned section, const FieldText& field
                               static_cast<int>(record.size()), false);
 }
 
-// A container makes no second field of one name: it is made under an id that the section does not have, and renamed.
+// A container makes no second field of one name: it is made under an id that the section does not have, and
+// renamed.
 class SpareNames {
  public:
   explicit SpareNames(const SectionText& section) {

@@ -9,9 +9,10 @@
 
 namespace skydata {
 
-// The bytes of the settings file that the text describes, made by the library's own writer: one container a block. The
-// writer works on a scratch file in `folder`, which must exist. Throws SourceError when the container refuses
-// something or the file cannot be written. Sets the workspace version to the one of the text.
+// The bytes of the settings file that the text describes, made by the library's own writer: one container a
+// block. The writer works on a scratch file in `folder`, which must exist. Throws SourceError when the
+// container refuses something or the file cannot be written. Sets the workspace version to the one of the
+// text.
 std::string CompileSettings(const SettingsDocument& document, const std::filesystem::path& folder);
 
 }  // namespace skydata

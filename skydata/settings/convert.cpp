@@ -10,6 +10,7 @@
 #include "common_interfaces/settings_field.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
+#include "skydata/settings/file_reader.h"
 #include "skydata/settings/record_reader.h"
 #include "utils/bytes.h"
 #include "utils/file.h"

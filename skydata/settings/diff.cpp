@@ -34,8 +34,8 @@ std::vector<Key> KeysOf(const std::vector<Item>& items) {
   return keys;
 }
 
-// Calls visit(first, second) for the items of each key, in the order of `first`, then of `second`; null for the one that
-// a side lacks.
+// Calls visit(first, second) for the items of each key, in the order of `first`, then of `second`; null for
+// the one that a side lacks.
 template <class Item, class Visit>
 void VisitPairs(const std::vector<Item>& first, const std::vector<Item>& second, Visit visit) {
   const std::vector<Key> firstKeys = KeysOf(first), secondKeys = KeysOf(second);

@@ -4,13 +4,13 @@
 
 #include <iosfwd>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/file.h"
 
 namespace skydata {
 
-// Writes what two settings files mean differently: header, blocks by key, sections by id, fields by section and name,
-// with what the first (-) and the second (+) have. Only when nothing else differs is it said (~) that blocks, sections
-// or fields stand in another order. True when there is a difference.
+// Writes what two settings files mean differently: header, blocks by key, sections by id, fields by section
+// and name, with what the first (-) and the second (+) have. Only when nothing else differs is it said (~)
+// that blocks, sections or fields stand in another order. True when there is a difference.
 bool DiffSettings(const SettingsFile& first, const SettingsFile& second, std::ostream& output);
 
 }  // namespace skydata

@@ -8,7 +8,8 @@
 
 namespace skydata {
 
-// Reads a line of the form "name = type values | attributes". Throws SourceError, naming `place`, when it is none.
+// Reads a line of the form "name = type values | attributes". Throws SourceError, naming `place`, when it is
+// none.
 FieldText ParseField(const TextPlace& place, std::string_view line);
 
 }  // namespace skydata

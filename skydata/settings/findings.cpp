@@ -34,11 +34,6 @@ const FindingKind& KindOf(FindingCode code) {
   return kKinds[static_cast<std::size_t>(code)];
 }
 
-const char* NameOf(Severity severity) {
-  static constexpr const char* kNames[] = {"info", "warning", "error"};
-  return kNames[static_cast<std::size_t>(severity)];
-}
-
 std::string FormatFinding(const std::string& file, const Finding& finding) {
   const FindingKind& kind = KindOf(finding.code);
   return file + ":" + std::to_string(finding.offset) + ": " + NameOf(kind.severity) + ": " + finding.text +
@@ -47,9 +42,11 @@ std::string FormatFinding(const std::string& file, const Finding& finding) {
 
 std::string FormatFindingAsJson(const std::string& file, const Finding& finding) {
   const FindingKind& kind = KindOf(finding.code);
-  return "{\"file\": " + JsonString(file) + ", \"offset\": " + std::to_string(finding.offset) +
-         ", \"code\": " + JsonString(kind.code) + ", \"severity\": " + JsonString(NameOf(kind.severity)) +
-         ", \"text\": " + JsonString(finding.text) + "}";
+  return JsonObject({{"file", JsonString(file)},
+                     {"offset", std::to_string(finding.offset)},
+                     {"code", JsonString(kind.code)},
+                     {"severity", JsonString(NameOf(kind.severity))},
+                     {"text", JsonString(finding.text)}});
 }
 
 void SortFindings(std::vector<Finding>& findings) {

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What can be wrong with a settings file. The codes are stable: scripts test for them. docs/settings_tool.md explains
-// each.
+// What can be wrong with a settings file. The codes are stable: scripts test for them. docs/settings_tool.md
+// explains each.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
-namespace skydata {
+#include "skydata/files/severity.h"
 
-enum class Severity { kInfo, kWarning, kError };
+namespace skydata {
 
 enum class FindingCode {
   kUnreadable,
@@ -60,9 +60,6 @@ struct Finding {
 };
 
 const FindingKind& KindOf(FindingCode code);
-
-// "info", "warning" or "error".
-const char* NameOf(Severity severity);
 
 // "file:offset: severity: text [code]".
 std::string FormatFinding(const std::string& file, const Finding& finding);

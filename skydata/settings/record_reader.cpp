@@ -15,7 +15,8 @@ using CommonInterfaces::kFieldHeaderSize;
 
 constexpr std::size_t kNameEnd = 8;  // where both layouts are alike again, in the current one
 
-// The record from its type code on: type 0, size 1, condition 3, compare status 7, query section 8, values 12.
+// The record from its type code on: type 0, size 1, condition 3, compare status 7, query section 8, values
+// 12.
 std::string_view BehindName(std::string_view record, RecordLayout layout) {
   return record.substr(kNameEnd + (layout == RecordLayout::kOld ? kOldLayoutExcess : 0));
 }

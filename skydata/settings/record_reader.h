@@ -6,7 +6,8 @@
 
 #include <string_view>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/file.h"
+#include "skydata/settings/names.h"
 
 namespace skydata {
 

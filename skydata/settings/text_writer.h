@@ -4,13 +4,13 @@
 
 #include <iosfwd>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/file.h"
 
 namespace skydata {
 
 // Writes the file as a settings text (docs/formats/settings_text.md), which compiles to the same bytes unless
-// CheckSettings has a finding that keeps from that. What then has no place in the text stands in comments: fields
-// outside the run or the name of their section, and second sections of one name.
+// CheckSettings has a finding that keeps from that. What then has no place in the text stands in comments:
+// fields outside the run or the name of their section, and second sections of one name.
 void WriteSettingsText(const SettingsFile& file, std::ostream& text);
 
 }  // namespace skydata

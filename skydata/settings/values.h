@@ -15,8 +15,8 @@ std::string_view TrimBlanks(std::string_view text);
 // A whole number, decimal or hexadecimal after "0x", from 0 to `highest`.
 std::optional<unsigned> ParseUnsigned(std::string_view text, unsigned highest);
 
-// A 32-bit word: a number, "none" (0xFFFFFFFF), "defaults" (the tag of a block of defaults), "bytes:ABCD" (the
-// four bytes as they stand in the file) or a four-character code such as "star", first character on top.
+// A 32-bit word: a number, "none" (0xFFFFFFFF), "defaults" (the tag of a block of defaults), "bytes:ABCD"
+// (the four bytes as they stand in the file) or a four-character code such as "star", first character on top.
 std::optional<unsigned> ParseWord(std::string_view text);
 
 // The code of an element type: i8 u8 i16 u16 i32 u32 f32 f64 byte, or "type" and a number up to 255.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/files/binary_tables.h"
-#include "skydata/lint/fields.h"
+#include "skydata/files/object_names.h"
 #include "skydata/settings/file_reader.h"
 #include "skydata/settings/format.h"
 #include "skydata/show/files.h"

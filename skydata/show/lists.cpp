@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "skydata/lint/fields.h"
+#include "skydata/files/object_names.h"
+#include "skydata/files/text_lines.h"
 #include "skydata/show/files.h"
 #include "utils/text.h"
 
@@ -27,7 +28,7 @@ template <class Add>
 ShownTable ShowLines(const std::string& bytes, std::vector<std::string> columns, std::size_t least, Add add) {
   ShownTable table;
   table.columns = std::move(columns);
-  for (const LintLine& line : ReadPlainLines(bytes)) {
+  for (const TextLine& line : SplitPlainLines(bytes)) {
     const auto fields = SplitAtTabs(line);
     if (IsBlank(line.text)) continue;
     if (fields.size() < least || !add(fields, table)) ++table.unreadable;
@@ -98,7 +99,7 @@ ShownTable ShowObservationTimes(const std::string& bytes) {
 ShownTable ShowYearLimits(const std::string& bytes) {
   ShownTable table;
   table.columns = {"limit", "year"};
-  const LintLines lines = ReadPlainLines(bytes);
+  const TextLines lines = SplitPlainLines(bytes);
   for (std::size_t i = 0; i < 2; ++i) {
     int year = 0;
     if (i < lines.size() && TakeInteger({lines[i].text, 1}, year)) {

@@ -80,7 +80,7 @@ std::string DayOf(const std::vector<std::string>& fields, std::size_t at) {
 }  // namespace
 
 ShownTable ShowCatalog(const std::string& bytes) {
-  const CatalogData data = ReadCatalog(ReadPlainLines(bytes));
+  const CatalogData data = ReadCatalog(SplitPlainLines(bytes));
   ShownTable table;
   for (const CatalogColumn& column : data.columns) {
     const ShownUnit* const unit = FindUnit(column.name);
@@ -101,7 +101,7 @@ ShownTable ShowDeepskyImages(const std::string& bytes) {
   ShownTable table;
   table.columns = {"number", "size [arcmin]", "RA [h]", "Dec [deg]", "rotation [deg]",
                    "flags",  "aspect",        "layer",  "black",     "brightness"};
-  for (const LintLine& line : ReadPlainLines(bytes)) {
+  for (const TextLine& line : SplitPlainLines(bytes)) {
     if (line.text.starts_with('!')) continue;
     const auto fields = SplitAtBlanks(line);
     if (fields.empty()) continue;
@@ -127,7 +127,7 @@ ShownTable ShowTwoLineElements(const std::string& bytes) {
   table.columns = {"number",       "name",          "epoch [yyddd]", "inclination [deg]", "node [deg]",
                    "eccentricity", "perigee [deg]", "anomaly [deg]", "motion [rev/day]"};
   std::string name, first;
-  for (const LintLine& line : ReadPlainLines(bytes)) {
+  for (const TextLine& line : SplitPlainLines(bytes)) {
     if (IsBlank(line.text) || line.text[0] == '#') continue;
     if (line.text.starts_with("1 ")) {
       if (!first.empty()) ++table.unreadable;

@@ -7,7 +7,7 @@
 #include <cstdio>
 
 #include "skydata/files/json.h"
-#include "skydata/strings/source.h"
+#include "skydata/files/text_lines.h"
 
 namespace skydata {
 namespace {
@@ -108,15 +108,14 @@ std::string FormatTable(const ShownTable& table) {
 }
 
 std::string FormatTableAsJson(const ShownTable& table) {
-  std::string json = "[";
+  std::vector<std::string> elements;
   for (const auto& row : table.rows) {
-    json += json.size() > 1 ? ",\n {" : "\n {";
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      json += (i > 0 ? ", " : "") + JsonString(table.columns[i]) + ": " + FormatCellAsJson(row[i]);
-    }
-    json += '}';
+    std::vector<std::pair<std::string, std::string>> members;
+    for (std::size_t i = 0; i < row.size(); ++i)
+      members.emplace_back(table.columns[i], FormatCellAsJson(row[i]));
+    elements.push_back(JsonObject(members));
   }
-  return json + (table.rows.empty() ? "]\n" : "\n]\n");
+  return JsonArray(elements);
 }
 
 }  // namespace skydata

@@ -13,9 +13,9 @@ namespace skydata {
 // (CommonInterfaces::GetTextUses), what is missing, double or unused. By line.
 StringsFindings CheckStrings(const StringsSource& source);
 
-// What several tables do not have in common: identifiers that one of them lacks (unless the library requires them:
-// then CheckStrings says so), data of meteor showers, and the formats of applications, whose arguments are those of
-// the English table. By file and line.
+// What several tables do not have in common: identifiers that one of them lacks (unless the library requires
+// them: then CheckStrings says so), data of meteor showers, and the formats of applications, whose arguments
+// are those of the English table. By file and line.
 StringsFindings CompareStrings(const std::vector<StringsSource>& sources);
 
 }  // namespace skydata

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "skydata/files/object_names.h"
+#include "skydata/files/text_lines.h"
 #include "skydata/strings/rules.h"
 #include "utils/text.h"
 

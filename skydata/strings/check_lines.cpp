@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include "skydata/files/text_lines.h"
 #include "skydata/strings/rules.h"
 
 namespace skydata {

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "common_interfaces/text_formats.h"
+#include "skydata/files/object_names.h"
 #include "skydata/strings/rules.h"
 
 namespace skydata {

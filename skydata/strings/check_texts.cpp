@@ -4,6 +4,8 @@
 #include <cstring>
 
 #include "common_interfaces/text_formats.h"
+#include "skydata/files/object_names.h"
+#include "skydata/files/text_lines.h"
 #include "skydata/strings/rules.h"
 
 namespace skydata {

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "common_interfaces/text_formats.h"
+#include "skydata/files/object_names.h"
 #include "skydata/strings/check.h"
 #include "skydata/strings/rules.h"
 #include "utils/text.h"

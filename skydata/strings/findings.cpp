@@ -6,11 +6,14 @@
 #include <tuple>
 
 #include "skydata/files/json.h"
+#include "skydata/files/severity.h"
 
 namespace skydata {
 namespace {
 
-const char* GetSeverity(const StringsFinding& finding) { return finding.isError ? "error" : "warning"; }
+const char* NameSeverity(const StringsFinding& finding) {
+  return NameOf(finding.isError ? Severity::kError : Severity::kWarning);
+}
 
 }  // namespace
 
@@ -23,22 +26,22 @@ void SortFindings(StringsFindings& findings) {
 std::string FormatFindings(const StringsFindings& findings) {
   std::string lines;
   for (const StringsFinding& finding : findings) {
-    lines += finding.file + ":" + std::to_string(finding.line) + ": " + GetSeverity(finding) + ": " +
+    lines += finding.file + ":" + std::to_string(finding.line) + ": " + NameSeverity(finding) + ": " +
              finding.text + " [" + finding.code + "]\n";
   }
   return lines;
 }
 
 std::string FormatFindingsAsJson(const StringsFindings& findings) {
-  std::string json = "[";
+  std::vector<std::string> elements;
   for (const StringsFinding& finding : findings) {
-    json += json.size() > 1 ? ",\n " : "\n ";
-    json += "{\"file\": " + JsonString(finding.file) + ", \"line\": " + std::to_string(finding.line) +
-            ", \"code\": " + JsonString(finding.code) +
-            ", \"severity\": " + JsonString(GetSeverity(finding)) +
-            ", \"text\": " + JsonString(finding.text) + "}";
+    elements.push_back(JsonObject({{"file", JsonString(finding.file)},
+                                   {"line", std::to_string(finding.line)},
+                                   {"code", JsonString(finding.code)},
+                                   {"severity", JsonString(NameSeverity(finding))},
+                                   {"text", JsonString(finding.text)}}));
   }
-  return json + (findings.empty() ? "]\n" : "\n]\n");
+  return JsonArray(elements);
 }
 
 }  // namespace skydata

@@ -7,8 +7,8 @@
 
 namespace skydata {
 
-// What is wrong with a line of a string table. Codes are stable, programs may rely on them; docs/translating.md
-// explains each.
+// What is wrong with a line of a string table. Codes are stable, programs may rely on them;
+// docs/translating.md explains each.
 struct StringsFinding {
   std::string file;
   int line = 0;
@@ -24,8 +24,8 @@ void SortFindings(StringsFindings& findings);
 // One line each: "file:12: error: what [code]".
 std::string FormatFindings(const StringsFindings& findings);
 
-// One JSON array (RFC 8259) of objects with "file", "line", "code", "severity" ("error" or "warning") and "text", in
-// UTF-8, ended by a line feed.
+// One JSON array (RFC 8259) of objects with "file", "line", "code", "severity" ("error" or "warning") and
+// "text", in UTF-8, ended by a line feed.
 std::string FormatFindingsAsJson(const StringsFindings& findings);
 
 }  // namespace skydata

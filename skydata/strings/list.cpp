@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/strings/list.h"
+#include "skydata/files/object_names.h"
 
 #include "common_interfaces/text_formats.h"
 #include "skydata/strings/source.h"

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/strings/pseudo.h"
+#include "skydata/files/text_lines.h"
 
 #include <algorithm>
 #include <limits>
@@ -56,7 +57,8 @@ std::string AccentAll(const std::string& text, CodePage page) {
   return accented;
 }
 
-// Where the end of a text begins that its users count on to be the end: escapes such as \n, and a no-break blank.
+// Where the end of a text begins that its users count on to be the end: escapes such as \n, and a no-break
+// blank.
 std::size_t FindTail(const std::string& text) {
   std::size_t tail = 0;
   for (std::size_t at = 0; at < text.size();) {

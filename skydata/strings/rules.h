@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The rules behind strings_check.h, a source for each group.
+// The rules behind check.h, a source for each group.
 #pragma once
 
 #include <string>
@@ -43,7 +43,8 @@ void CheckDates(StringsReport& report);            // texts 40830 and 20560
 void CheckTransliteration(StringsReport& report);  // texts 14000 to 14003
 void CheckShowers(StringsReport& report);
 
-// What keeps the text of an entry from being formatted with these arguments (written as in TextUse), "" when it fits.
+// What keeps the text of an entry from being formatted with these arguments (written as in TextUse), "" when
+// it fits.
 std::string FindFault(const StringsSource& source, const StringsEntry& entry, const std::string& arguments);
 
 }  // namespace skydata

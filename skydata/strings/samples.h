@@ -16,7 +16,8 @@ struct TextSample {
 };
 using TextSamples = std::vector<TextSample>;
 
-// All of them use the string table as it is loaded, and the system locale; for the thread of the string table.
+// All of them use the string table as it is loaded, and the system locale; for the thread of the string
+// table.
 void AddTimeSamples(TextSamples& samples);    // clock, dates, months, numbers of days
 void AddPlaceSamples(TextSamples& samples);   // where the observer is, how far
 void AddViewSamples(TextSamples& samples);    // direction, plane, slope, zoom, field of view, centred object

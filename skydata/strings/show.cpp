@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/strings/show.h"
+#include "skydata/files/object_names.h"
 
 #include <set>
 #include <sstream>
@@ -52,7 +53,8 @@ void AddTexts(unsigned first, unsigned last, const char* use, const std::set<std
   }
 }
 
-// The texts that are in no sample, as they stand: those that the library hands on, then those of applications.
+// The texts that are in no sample, as they stand: those that the library hands on, then those of
+// applications.
 void AddPlainTexts(TextSamples& samples) {
   const std::set<std::string> shown = GetIdentifiers(samples);
   int count = 0;

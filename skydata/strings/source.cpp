@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "skydata/files/text_lines.h"
 #include "skydata/files/whole_file.h"
 #include "utils/text.h"
 
@@ -12,13 +13,6 @@ namespace skydata {
 namespace {
 
 constexpr char kReplacement[] = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
-constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-
-bool IsUtf8(const std::string& bytes) {
-  for (int at = 0, length = 1; at < static_cast<int>(bytes.size()); at += length)
-    if (DecodeUtf8(bytes, at, &length) < 0) return false;
-  return true;
-}
 
 // The text with U+FFFD in place of every byte that belongs to no character.
 StringsLine ReadUtf8Line(const std::string& bytes) {
@@ -100,34 +94,18 @@ StringsSource ReadStrings(const std::filesystem::path& path, const std::string& 
   source.page = GetCodePageOf(source.language.c_str());
   const std::string bytes = ReadFile(path);
   source.isUtf8 =
-      encoding == StringsEncoding::kUtf8 || (encoding == StringsEncoding::kDetect && IsUtf8(bytes));
-  std::size_t begin = bytes.compare(0, 3, kByteOrderMark) == 0 ? 3 : 0;
-  while (begin < bytes.size()) {
-    const std::size_t end = std::min(bytes.find('\n', begin), bytes.size());
-    std::string text = bytes.substr(begin, end - begin);
-    if (!text.empty() && text.back() == '\r') text.pop_back();
-    StringsLine line = source.isUtf8 ? ReadUtf8Line(text) : ReadCodePageLine(source.page, text);
-    line.number = static_cast<int>(source.lines.size()) + 1;
-    line.hasZero = text.find('\0') != std::string::npos;
+      encoding == StringsEncoding::kUtf8 || (encoding == StringsEncoding::kDetect && FindBadUtf8(bytes) < 0);
+  for (TextLine& read : SplitAtLineFeeds(bytes)) {
+    if (read.text.ends_with('\r')) read.text.pop_back();
+    StringsLine line = source.isUtf8 ? ReadUtf8Line(read.text) : ReadCodePageLine(source.page, read.text);
+    line.number = read.number;
+    line.hasZero = read.text.find('\0') != std::string::npos;
     source.lines.push_back(std::move(line));
     AddEntry(source.lines.back(), source);
-    begin = end + 1;
   }
   return source;
 }
 
-std::string NameIdentifier(unsigned identifier) {
-  std::string code;
-  for (int shift = 24; shift >= 0; shift -= 8) code += static_cast<char>(identifier >> shift & 0xFF);
-  const bool isCode = std::all_of(code.begin(), code.end(), [](char c) { return c > ' ' && c <= '~'; });
-  return isCode ? code : std::to_string(identifier);
-}
-
 std::string NameCodePage(CodePage page) { return "windows-" + std::to_string(static_cast<int>(page)); }
-
-int CountCharacters(const std::string& utf8) {
-  return static_cast<int>(std::count_if(
-      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
 
 }  // namespace skydata

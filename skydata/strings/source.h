@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A string table as its translator writes it, read line by line as the library reads it (docs/formats/strings.md). The
-// one reader of such files in skydata.
+// A string table as its translator writes it, read line by line as the library reads it
+// (docs/formats/strings.md). The one reader of such files in skydata.
 #pragma once
 
 #include <filesystem>
@@ -42,8 +42,8 @@ struct StringsSource {
   std::vector<int> strayTabs;  // lines with a tab that are no entry
 };
 
-// Reads the file. `language` "": the name of the folder that it lies in. kDetect: UTF-8 when the file is valid UTF-8,
-// else the code page of the language. Throws SourceError when the file cannot be read.
+// Reads the file. `language` "": the name of the folder that it lies in. kDetect: UTF-8 when the file is
+// valid UTF-8, else the code page of the language. Throws SourceError when the file cannot be read.
 StringsSource ReadStrings(const std::filesystem::path& path, const std::string& language = "",
                           StringsEncoding encoding = StringsEncoding::kDetect);
 
@@ -53,13 +53,7 @@ inline bool IsOfApplications(unsigned identifier) {
   return identifier >= kFirstOfApplications && identifier <= kLastOfApplications;
 }
 
-// "star" for the four-character codes, "7200" for numbers.
-std::string NameIdentifier(unsigned identifier);
-
 // "windows-1252".
 std::string NameCodePage(CodePage page);
-
-// How many bytes a text in UTF-8 has in its code page, where every character is one.
-int CountCharacters(const std::string& utf8);
 
 }  // namespace skydata

@@ -8,7 +8,8 @@
 namespace skydata {
 namespace {
 
-// The line in the code page; "?" for a character that the page lacks, which only a comment or a note may hold.
+// The line in the code page; "?" for a character that the page lacks, which only a comment or a note may
+// hold.
 std::string EncodeLine(CodePage page, const std::string& utf8) {
   std::string line;
   for (int at = 0, length = 1; at < static_cast<int>(utf8.size()); at += length) {

@@ -9,8 +9,9 @@
 
 namespace skydata {
 
-// The string table that the library reads, of a source in UTF-8: the same lines in the code page of the language, with "?"
-// in comments and notes for what the page lacks. Throws SourceError for the first thing that CheckStrings calls an error.
+// The string table that the library reads, of a source in UTF-8: the same lines in the code page of the
+// language, with "?" in comments and notes for what the page lacks. Throws SourceError for the first thing
+// that CheckStrings calls an error.
 std::string MakeStringTable(const std::filesystem::path& path);
 
 // The same of a table that was read already, whatever its encoding.

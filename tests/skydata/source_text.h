@@ -12,8 +12,8 @@
 
 namespace tools_test {
 
-// The message of the SourceError that the call throws, without the path of the test's folder and with '/' on every
-// platform; "" when it throws none.
+// The message of the SourceError that the call throws, without the path of the test's folder and with '/' on
+// every platform; "" when it throws none.
 template <class Call>
 std::string MessageOf(const test_support::TempDir& dir, Call call) {
   try {

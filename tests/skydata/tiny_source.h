@@ -9,8 +9,8 @@
 
 namespace tools_test {
 
-// A source folder with a few objects of every kind: planets 1 to 3 and the Moon, four stars, two deep-sky objects, a
-// constellation, an asteroid and a comet.
+// A source folder with a few objects of every kind: planets 1 to 3 and the Moon, four stars, two deep-sky
+// objects, a constellation, an asteroid and a comet.
 class TinySource {
  public:
   TinySource() {

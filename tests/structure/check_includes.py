@@ -21,8 +21,15 @@ MAY_INCLUDE = {
     "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
     "umbrella": {"catalogs", "render", "text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
     "host": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "skydata": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
+
+# The rooms of skydata, which all may use the library.
+ROOMS = {"files": set(), "settings": {"files"}, "strings": {"files"}, "build": {"files", "settings", "strings"},
+         "lint": {"files", "settings", "strings"}, "show": {"files", "settings", "strings"},
+         "commands": {"files", "settings", "strings", "build", "lint", "show"}}
+ROOMS[""] = {*ROOMS}
+for room, below in ROOMS.items():
+    MAY_INCLUDE["skydata/" + room] = MAY_INCLUDE["host"] | {"skydata/" + name for name in below}
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {
@@ -48,7 +55,8 @@ PUBLIC = {
 FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
           "thread": "thread",
           "host": "host",
-          "skydata": "skydata", "companions/utils": "utils", "companions/astro": "astro"}
+          **{"skydata/" + room if room else "skydata": "skydata/" + room for room in ROOMS},
+          "companions/utils": "utils", "companions/astro": "astro"}
 
 
 def storey(path):

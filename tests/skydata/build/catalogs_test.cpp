@@ -84,8 +84,8 @@ TEST(StarCatalog, HoldsTheWholeBrightStarCatalogue) {
   }
 }
 
-// Hoffleit & Warren 1991, HR 2061: 05 55 10.3 +07 24 25, V 0.50, B-V 1.85, M1-2Ia-Iab, +0.026"/yr, +0.009"/yr,
-// parallax .005", +21 km/s.
+// Hoffleit & Warren 1991, HR 2061: 05 55 10.3 +07 24 25, V 0.50, B-V 1.85, M1-2Ia-Iab, +0.026"/yr,
+// +0.009"/yr, parallax .005", +21 km/s.
 TEST(StarCatalog, BetelgeuseIsAsPublished) {
   const std::size_t i = Stars().Find("Number:i32", "2061");
   EXPECT_NEAR(Stars().GetNumber(i, "RA:f64"), Hours(5, 55, 10.3), 0.05 * kArcSecond);
@@ -122,8 +122,8 @@ TEST(StarCatalog, ProperMotionsAreMilliarcsecondsAYear) {
   EXPECT_EQ(Stars().GetNumber(i, "PropMotionDec:f32"), -1205.0);
 }
 
-// 61 Cygni A (HR 8085) moves by 4.168" a year along the great circle (van Leeuwen 2007); the angle between hour
-// circles grows by 5.34", since its declination is 38.7 degrees.
+// 61 Cygni A (HR 8085) moves by 4.168" a year along the great circle (van Leeuwen 2007); the angle between
+// hour circles grows by 5.34", since its declination is 38.7 degrees.
 TEST(StarCatalog, ProperMotionInRightAscensionIncludesCosDec) {
   EXPECT_NEAR(Stars().GetNumber(Stars().Find("Number:i32", "8085"), "PropMotionRA:f32"), 4168.0, 40.0);
 }
@@ -169,7 +169,8 @@ TEST(DeepskyCatalog, HoldsMessiersList) {
     ++kinds[Deepsky().GetText(i, "Type:text")];
     EXPECT_EQ(Deepsky().GetText(i, "MessierNumber:i32"), std::to_string(i + 1));
   }
-  // 40 galaxies; 29 globular and 26 open clusters, and M24, M40, M73; 7 diffuse and 4 planetary nebulae and M1.
+  // 40 galaxies; 29 globular and 26 open clusters, and M24, M40, M73; 7 diffuse and 4 planetary nebulae and
+  // M1.
   EXPECT_EQ(kinds, (std::map<std::string, int>{{"gala", 40}, {"clst", 58}, {"nebu", 12}}));
 }
 

@@ -105,7 +105,8 @@ TEST(OrbitCatalogs, AsteroidInRadians) {
   EXPECT_EQ(Asteroids().GetText(Asteroids().Find("Sedna"), "Diameter"), "");
 }
 
-// Every comet is where it is nearest to the Sun when the source says so, and at that distance: whatever the conic.
+// Every comet is where it is nearest to the Sun when the source says so, and at that distance: whatever the
+// conic.
 TEST(OrbitCatalogs, CometsPassTheirPerihelia) {
   std::ifstream source(std::string(CI_DATA_SOURCE) + "/orbits/comets.tsv");
   std::string line;

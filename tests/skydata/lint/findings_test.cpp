@@ -52,7 +52,8 @@ TEST(LintCodes, AreWordsJoinedByHyphensAndStandOnce) {
   }
 }
 
-// Codes that no small file leads to: a file that the system does not open, and faults of the readers themselves.
+// Codes that no small file leads to: a file that the system does not open, and faults of the readers
+// themselves.
 TEST(LintCodes, AlmostAllHaveAFileInTheCorpus) {
   std::string wanted;
   for (const auto& one : tools_test::ReadAllCases(CI_DAMAGED_FILES)) wanted += one.wanted;
@@ -93,7 +94,7 @@ TEST(LintFindings, AreSortedByFileLineAndColumn) {
   EXPECT_EQ(order, "123456");
 }
 
-const LintLines kLines = {{1, "plnt\t1"}, {2, ""}, {3, "moon\t301\tMoon"}};
+const TextLines kLines = {{1, "plnt\t1"}, {2, ""}, {3, "moon\t301\tMoon"}};
 
 TEST(ReaderMessages, OfALineWithoutAFindingAreFindings) {
   LintFindings findings;

@@ -85,7 +85,8 @@ class LintTable : public testing::Test {
     m_Dir.Write("root/qxstrings.txt", Encode(m_Text.Get()));
     return FindingsOf(m_Dir);
   }
-  // Findings about the whole table with another line in the place of an entry; N stands for the number of that line.
+  // Findings about the whole table with another line in the place of an entry; N stands for the number of
+  // that line.
   std::string CheckWith(const std::string& identifier, const std::string& line) {
     const std::string number = ":" + std::to_string(m_Text.Replace(identifier, line)) + ":";
     std::string findings = Check();

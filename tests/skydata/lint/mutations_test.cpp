@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Whatever is done to a file, the rules and the library's readers agree on it: no reader complains where there is no
-// finding, and none gets more or less of a file in which nothing is wrong.
+// Whatever is done to a file, the rules and the library's readers agree on it: no reader complains where
+// there is no finding, and none gets more or less of a file in which nothing is wrong.
 #include <gtest/gtest.h>
 
 #include <fstream>

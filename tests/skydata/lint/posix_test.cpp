@@ -13,7 +13,8 @@
 namespace skydata {
 namespace {
 
-// In a process of its own, because nothing is locked for a privileged one, which therefore becomes another user.
+// In a process of its own, because nothing is locked for a privileged one, which therefore becomes another
+// user.
 template <class Check>
 void ExpectUnprivileged(Check check) {
   const auto run = [&check] {

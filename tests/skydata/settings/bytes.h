@@ -52,8 +52,8 @@ inline std::string Block(const std::string& key, const std::vector<std::string>&
   return bytes;
 }
 
-// 52 bytes: the block of one section "star" with the field Draw = u8 1; the section record stands at 10, the number of
-// fields at 23, the field at 27 and its record at 31.
+// 52 bytes: the block of one section "star" with the field Draw = u8 1; the section record stands at 10, the
+// number of fields at 23, the field at 27 and its record at 31.
 inline std::string SmallBlock(const std::string& key = kKeyOfDefaults) {
   return Block(key, {Section(kStarBytes, 0, 0)}, {Record(kStarBytes, kDraw, 1, 1, "\x01")});
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "skydata/settings/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 
 namespace skydata {

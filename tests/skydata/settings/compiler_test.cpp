@@ -32,8 +32,8 @@ class SettingsCompiler : public testing::Test {
   test_support::TempDir m_Dir;
 };
 
-// "SREV", version 1, key (FLTR, TLFD), one section with one field; see docs/formats/settings_text.md. The name id of
-// "Draw" is 0x7184CD2D, computed by the rule apart from this code.
+// "SREV", version 1, key (FLTR, TLFD), one section with one field; see docs/formats/settings_text.md. The
+// name id of "Draw" is 0x7184CD2D, computed by the rule apart from this code.
 const std::string kWorkedExample =
     "SREV\x01\x00\x00\x00"
     "RTLF"
@@ -46,8 +46,8 @@ TEST_F(SettingsCompiler, WorkedExampleIsWorkedOutByHand) {
   EXPECT_EQ(Compile("header 1\n[block FLTR defaults]\n[section star]\nDraw = u8 1\n"), kWorkedExample);
 }
 
-// The example of docs/formats/correction_file.md. The name id of "VisMagnitude" is 0x6B36CC75, computed by the rule apart
-// from this code; -2 and 23.4 are 0xC0000000 and 0x41BB3333 (IEEE 754).
+// The example of docs/formats/correction_file.md. The name id of "VisMagnitude" is 0x6B36CC75, computed by
+// the rule apart from this code; -2 and 23.4 are 0xC0000000 and 0x41BB3333 (IEEE 754).
 TEST_F(SettingsCompiler, CorrectionFileIsWorkedOutByHand) {
   EXPECT_EQ(Compile("header none\n[block FLTR defaults]\n[section star]\nVisMagnitude = f32 -2, 23.4\n"),
             "RTLFTLFD\x01\x00rats\xFF\xFF\xFF\xFF\x00\x00\x00\x00\x01\x01\x00\x00\x00"

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/settings_data.h"
+#include "skydata/settings/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 #include "tests/skydata/source_text.h"
 #include "utils/text.h"

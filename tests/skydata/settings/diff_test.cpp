@@ -6,6 +6,7 @@
 
 #include <sstream>
 
+#include "skydata/settings/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 
 namespace skydata {

@@ -12,6 +12,7 @@
 #include "skydata/files/whole_file.h"
 #include "skydata/settings/check.h"
 #include "skydata/settings/compiler.h"
+#include "skydata/settings/file_reader.h"
 #include "skydata/settings/parser.h"
 #include "tests/skydata/settings/bytes.h"
 #include "tests/skydata/source_text.h"

@@ -67,8 +67,8 @@ Vector Cross(const Vector& a, const Vector& b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
-// Whether a direction lies on the inner side of the four great circles through neighbouring corners. Seen from inside,
-// where the first corner is at the lower right, they run clockwise.
+// Whether a direction lies on the inner side of the four great circles through neighbouring corners. Seen
+// from inside, where the first corner is at the lower right, they run clockwise.
 template <class Image>
 bool IsInside(const Image& image, const Vector& point) {
   for (int k = 0; k < 4; ++k) {
@@ -125,8 +125,8 @@ TEST_F(ShippedCatalogs, EveryFigureLiesInsideItsPicture) {
         << lines.GetText(row, 0);
   }
 }
-// The middle between the upper corners is nearer to the pole than that between the lower ones, unless the pole lies
-// inside the picture.
+// The middle between the upper corners is nearer to the pole than that between the lower ones, unless the
+// pole lies inside the picture.
 TEST_F(ShippedCatalogs, CornersBeginAtTheLowerRight) {
   const CSTLImages images;
   for (auto at = images.GetBegin(); at != images.GetEnd(); ++at) {
@@ -159,7 +159,8 @@ TEST_F(ShippedCatalogs, TwelvePiecesCoverTheBrightMilkyWay) {
   }
   EXPECT_GT(bright, 15000);
 }
-// The centre of the Galaxy (17h 45m 40.0s, -29 00' 28", Reid & Brunthaler 2004) lies in the middle of the first piece.
+// The centre of the Galaxy (17h 45m 40.0s, -29 00' 28", Reid & Brunthaler 2004) lies in the middle of the
+// first piece.
 TEST_F(ShippedCatalogs, TheFirstPieceHoldsTheCentreOfTheGalaxy) {
   const MWayImages images;
   EXPECT_TRUE(IsInside(**images.GetBegin(), Direction(266.41683 * kDegree, -29.00781 * kDegree)));
@@ -175,8 +176,8 @@ TEST_F(ShippedCatalogs, EveryMessierObjectHasItsPicture) {
   }
   EXPECT_EQ(count, 110);
 }
-// de Vaucouleurs et al. 1991 (RC3): M 31 at 00 42 44.3 +41 16 08, 190' by 62', position angle 35; M 104 at position angle
-// 90, M 82 at 65.
+// de Vaucouleurs et al. 1991 (RC3): M 31 at 00 42 44.3 +41 16 08, 190' by 62', position angle 35; M 104 at
+// position angle 90, M 82 at 65.
 TEST_F(ShippedCatalogs, PicturesOfGalaxiesLieAtTheirPositionAngles) {
   DSOImages images;
   const DSOImageDesc* const andromeda = images.Find(kGalaxy, 31);
@@ -260,8 +261,8 @@ TEST_F(ShippedCatalogs, FlightsLeadToBodiesAndObjectsOfKnownDistance) {
   EXPECT_EQ(flown, 106);
 }
 
-// 1P/Halley was nearest to the Sun on 9 February 1986, close behind the Sun; C/1996 B2 (Hyakutake, 1018 here) nearest to
-// the Earth on 25 March 1996 (both: Kronk, Cometography).
+// 1P/Halley was nearest to the Sun on 9 February 1986, close behind the Sun; C/1996 B2 (Hyakutake, 1018 here)
+// nearest to the Earth on 25 March 1996 (both: Kronk, Cometography).
 TEST_F(ShippedCatalogs, CometsAreSeenBestAroundTheirKnownMaxima) {
   _Date date;
   ASSERT_TRUE(GetObsTimeFromFile(&date, SSO_ID(kComet, 1), 1986));
@@ -270,8 +271,8 @@ TEST_F(ShippedCatalogs, CometsAreSeenBestAroundTheirKnownMaxima) {
   EXPECT_NEAR(date.day, 2450168, 2);
   EXPECT_FALSE(GetObsTimeFromFile(&date, SSO_ID(kComet, 1018), 1995));
 }
-// Perihelia of 2P/Encke: 2017 March 10, 2020 June 25, 2023 October 22 (Minor Planet Center). A comet that stays so near
-// the Sun is brightest within weeks of its perihelion.
+// Perihelia of 2P/Encke: 2017 March 10, 2020 June 25, 2023 October 22 (Minor Planet Center). A comet that
+// stays so near the Sun is brightest within weeks of its perihelion.
 TEST_F(ShippedCatalogs, EveryReturnOfEnckeHasItsTime) {
   const std::pair<int, int> perihelia[] = {{2017, 2457823}, {2020, 2459026}, {2023, 2460240}};
   for (const auto& [year, day] : perihelia) {
@@ -316,8 +317,8 @@ TEST_F(ShippedCatalogs, EveryShowerHasItsMaximumBetweenBeginningAndEnd) {
     EXPECT_TRUE(shower.ra >= 0.0 && shower.ra < 2.0 * kPi && std::fabs(shower.dec) <= kPi / 2) << shower.code;
   }
 }
-// Maxima of the International Meteor Organization's calendar for 2026, and its radiants: Ursids 22 December, 14h28m +76;
-// Southern delta-Aquariids 31 July, 22h40m -16; October Draconids 8 October, 17h28m +54.
+// Maxima of the International Meteor Organization's calendar for 2026, and its radiants: Ursids 22 December,
+// 14h28m +76; Southern delta-Aquariids 31 July, 22h40m -16; October Draconids 8 October, 17h28m +54.
 TEST_F(ShippedCatalogs, ShowersAreWhereTheCalendarPutsThem) {
   struct Known {
     const char* code;

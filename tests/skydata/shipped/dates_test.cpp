@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Dates in the languages that ship, from their sources (UTF-8), with the language changed while the program runs.
+// Dates in the languages that ship, from their sources (UTF-8), with the language changed while the program
+// runs.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The English texts that ship: every identifier that the library asks for, and formats that fit their arguments.
+// The English texts that ship: every identifier that the library asks for, and formats that fit their
+// arguments.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -40,8 +41,8 @@ class EnglishStrings : public testing::Test {
     for (unsigned identifier = first; identifier <= last; ++identifier) ExpectTexts({identifier});
   }
 
-  // Independent of what the library says about its formats: the conversions of a printf format in order, i for int, f for
-  // double, s for text, c for a character, ? for anything else, which no text may have.
+  // Independent of what the library says about its formats: the conversions of a printf format in order, i
+  // for int, f for double, s for text, c for a character, ? for anything else, which no text may have.
   static std::string Conversions(unsigned identifier) {
     std::string found;
     const std::string text = Get(identifier);

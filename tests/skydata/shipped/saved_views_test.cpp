@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the saved views that ship show: positions of stars from the Bright Star Catalogue (Hoffleit & Warren 1991), turned
-// into pictures by the camera.
+// What the saved views that ship show: positions of stars from the Bright Star Catalogue (Hoffleit & Warren
+// 1991), turned into pictures by the camera.
 #include <gtest/gtest.h>
 
 #include <cmath>

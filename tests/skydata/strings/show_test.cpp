@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/strings/show.h"
+#include "skydata/files/object_names.h"
 
 #include <set>
 #include <sstream>

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/strings/source.h"
+#include "skydata/files/object_names.h"
 
 #include "common_interfaces/string_table.h"
 #include "skydata/files/source_error.h"

@@ -1,26 +1,18 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skydata/lint/text_lines.h"
+#include "skydata/lint/text_rules.h"
 
 #include <algorithm>
-
-#include "utils/code_page.h"
-#include "utils/text.h"
 
 namespace skydata {
 namespace {
 
-constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-constexpr std::size_t kMarkLength = 3;
-
-bool HasMark(const std::string& bytes) { return bytes.compare(0, kMarkLength, kByteOrderMark) == 0; }
-
 void CheckWhole(const std::string& bytes, const TextRules& rules, LintReport& report) {
-  if (bytes.size() <= (HasMark(bytes) ? kMarkLength : 0)) {
+  if (bytes.empty() || bytes == kUtf8Mark) {
     if (!rules.mayBeEmpty) report.Add(LintCode::kEmptyFile, 0, 0, "the file is empty");
     return;
   }
-  if (HasMark(bytes) && !rules.mayBeginWithMark) {
+  if (HasByteOrderMark(bytes) && !rules.mayBeginWithMark) {
     report.Add(LintCode::kByteOrderMark, 1, 1,
                "the file begins with a byte-order mark, which its format does not have");
   }
@@ -30,7 +22,7 @@ void CheckWhole(const std::string& bytes, const TextRules& rules, LintReport& re
   }
 }
 
-void CheckLine(LintLine& line, const TextRules& rules, LintReport& report) {
+void CheckLine(TextLine& line, const TextRules& rules, LintReport& report) {
   const auto zero = line.text.find('\0');
   if (zero != std::string::npos) {
     report.Add(LintCode::kZeroByte, line.number, static_cast<int>(zero) + 1,
@@ -51,21 +43,7 @@ void CheckLine(LintLine& line, const TextRules& rules, LintReport& report) {
 
 }  // namespace
 
-LintLines ReadPlainLines(const std::string& bytes) {
-  LintLines lines;
-  std::size_t begin = HasMark(bytes) ? kMarkLength : 0;
-  while (begin < bytes.size()) {
-    const std::size_t end = std::min(bytes.find('\n', begin), bytes.size());
-    lines.push_back({static_cast<int>(lines.size()) + 1, bytes.substr(begin, end - begin)});
-    if (end < bytes.size() && !lines.back().text.empty() && lines.back().text.back() == '\r') {
-      lines.back().text.pop_back();
-    }
-    begin = end + 1;
-  }
-  return lines;
-}
-
-LintLines ReadLintLines(const std::string& bytes, const TextRules& rules, LintReport& report) {
+TextLines ReadLintLines(const std::string& bytes, const TextRules& rules, LintReport& report) {
   CheckWhole(bytes, rules, report);
   const auto crLf = bytes.find("\r\n");
   if (crLf != std::string::npos) {
@@ -73,28 +51,9 @@ LintLines ReadLintLines(const std::string& bytes, const TextRules& rules, LintRe
     report.Add(LintCode::kCrLf, static_cast<int>(std::count(bytes.begin(), end, '\n')) + 1, 0,
                "the line ends in CR LF");
   }
-  LintLines lines = ReadPlainLines(bytes);
-  for (LintLine& line : lines) CheckLine(line, rules, report);
+  TextLines lines = SplitPlainLines(bytes);
+  for (TextLine& line : lines) CheckLine(line, rules, report);
   return lines;
-}
-
-std::vector<TextField> SplitAtTabs(const LintLine& line) {
-  std::vector<TextField> fields;
-  int column = 1;
-  for (const std::string& text : GetTokens(line.text.c_str(), "\t")) {
-    fields.push_back({text, column});
-    column += static_cast<int>(text.size()) + 1;
-  }
-  return fields;
-}
-
-bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\r\n") == std::string::npos; }
-
-int FindBadUtf8(const std::string& text) {
-  for (int at = 0, length = 1; at < static_cast<int>(text.size()); at += length) {
-    if (DecodeUtf8(text, at, &length) < 0) return at;
-  }
-  return -1;
 }
 
 }  // namespace skydata
