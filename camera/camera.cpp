@@ -13,14 +13,13 @@ namespace {
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr double kSecondsPerDay = 86400.0;
 constexpr int kDayOfJ2000 = 2451545;
-constexpr unsigned char kCoorSysOfLocation = 2;
 
 }  // namespace
 
 Camera::Camera(unsigned owner)
     : m_Owner(owner), m_Settings(std::make_unique<SettingsData>(owner, kCameraSettingsId, kSettingsFile)) {
-  m_Location.coorSys = kCoorSysOfLocation;
-  m_DispCoorSysObserver = kCoorSysOfLocation;
+  m_Location.coorSys = kSurfaceCoordinates;
+  m_DispCoorSysObserver = kSurfaceCoordinates;
   SetJ2000();
   LoadHomes();
 }

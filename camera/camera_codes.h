@@ -21,6 +21,10 @@ enum : signed char {
   kMovingFreeFlight = 11
 };
 
+inline constexpr int kMovingTypes = 12;
+
+// Coordinate system: longitude and latitude on a body.
+inline constexpr unsigned char kSurfaceCoordinates = 2;
 inline constexpr unsigned char kSurfaceLocation = 2;  // location type: a place on a surface
 
 // The settings file whose defaults every camera record is laid over.

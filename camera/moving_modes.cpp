@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/moving_modes.h"
 
+#include "camera/camera_codes.h"
+
 namespace CommonInterfaces {
 namespace {
 
-constexpr int kModes = 12;
-constexpr signed char kBasePlanes[kModes] = {1, 1, -1, 2, 3, -1, -1, -1, -1, -1, 3, 3};
-constexpr signed char kCoordinateSystems[kModes] = {2, 2, -1, 0, 3, -1, -1, -1, -1, -1, 3, 7};
+constexpr signed char kBasePlanes[kMovingTypes] = {1, 1, -1, 2, 3, -1, -1, -1, -1, -1, 3, 3};
+constexpr signed char kCoordinateSystems[kMovingTypes] = {
+    kSurfaceCoordinates, kSurfaceCoordinates, -1, 0, 3, -1, -1, -1, -1, -1, 3, 7};
 
-char LookUp(const signed char (&table)[kModes], char mode) {
-  return static_cast<char>(mode >= 0 && mode < kModes ? table[static_cast<int>(mode)] : -1);
+char LookUp(const signed char (&table)[kMovingTypes], char mode) {
+  return static_cast<char>(mode >= 0 && mode < kMovingTypes ? table[static_cast<int>(mode)] : -1);
 }
 
 }  // namespace

@@ -10,8 +10,6 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr int kMovingTypes = 12;
-constexpr unsigned char kSurfaceCoordinates = 2;  // longitude and latitude on a body
 constexpr unsigned kNoRecord = 0xFFFFFFFFu;
 constexpr unsigned Bytes(const char (&bytes)[5]) {  // the word that has these bytes in a file
   return static_cast<unsigned>(bytes[3]) << 24 | static_cast<unsigned>(bytes[2]) << 16 |

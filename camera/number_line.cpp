@@ -4,13 +4,12 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstring>
-#include <system_error>
+
+#include "utils/characters.h"
+#include "utils/numbers.h"
 
 namespace CommonInterfaces {
 namespace {
-
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 // As long as the largest double with 8 decimals.
 constexpr int kLongestNumber = 330;
@@ -21,16 +20,12 @@ double Finite(double value) { return std::isfinite(value) ? value : 0.0; }
 
 template <class T>
 bool NumberLine::Take(T& value) {
-  const char* begin = m_Next;
-  while (IsBlank(*begin)) ++begin;
-  const char* const end = begin + std::strlen(begin);
-  if (*begin == '+' && begin[1] != '-') ++begin;
+  std::string_view rest = m_Rest;
+  SkipBlanks(rest);
   T number{};
-  const auto [next, error] = std::from_chars(begin, end, number);
-  if (error != std::errc() || (next != end && !IsBlank(*next))) return false;
-  if (!std::isfinite(static_cast<double>(number))) return false;
+  if (!TakeNumber(rest, number) || (!rest.empty() && !IsBlank(rest.front()))) return false;
   value = number;
-  m_Next = next;
+  m_Rest = rest;
   return true;
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace CommonInterfaces {
 
@@ -13,7 +14,7 @@ namespace CommonInterfaces {
 // follow it.
 class NumberLine {
  public:
-  explicit NumberLine(const char* text) : m_Next(text) {}
+  explicit NumberLine(const char* text) : m_Rest(text) {}
 
   // False, with `value` as it was, for anything that is no such number, is out of range or is not finite.
   bool Read(int& value);
@@ -23,7 +24,7 @@ class NumberLine {
   template <class T>
   bool Take(T& value);
 
-  const char* m_Next;
+  std::string_view m_Rest;
 };
 
 // What is not finite is written as 0: no reader would take the line, nor what follows it.

@@ -6,17 +6,15 @@
 
 #include "astro/coordinates.h"
 #include "common_interfaces/record_lines.h"
+#include "utils/characters.h"
 
 namespace CommonInterfaces {
 namespace {
 
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-// The fields of a line. A field that is no number is passed over, so that those behind it stay in their columns: the
-// record-line parsers would stop in front of it for good.
+// The fields of a line. A field that is no number is passed over, so that those behind it stay in their
+// columns: the record-line parsers would stop in front of it for good.
 class Fields {
  public:
   explicit Fields(char* line) : m_Cursor(line) {}
@@ -33,7 +31,8 @@ class Fields {
     if (good) value = read;
     return good;
   }
-  // Degrees become radians. The parser of angles takes one character behind a number without a mark: it is a blank.
+  // Degrees become radians. The parser of angles takes one character behind a number without a mark: it is a
+  // blank.
   bool Angle(double& radians) {
     double degrees = 0.0;
     const bool good =
@@ -70,7 +69,7 @@ class Fields {
   bool m_AnyRead = false;
 };
 
-void ReadNumber(Fields& fields, DSOImageDesc& image) {
+void ReadObjectNumber(Fields& fields, DSOImageDesc& image) {
   int number = 0;
   if (!fields.Integer(number)) return;
   image.number = (static_cast<unsigned>(number) & 0xFFFFFFu) | fields.Letter() << 28;
@@ -101,7 +100,7 @@ void SetBounds(DSOImageDesc& image) {
 bool ParseDeepskyImage(char* line, DSOImageDesc& image) {
   image = DSOImageDesc();
   Fields fields(line);
-  ReadNumber(fields, image);
+  ReadObjectNumber(fields, image);
   ReadSize(fields, image);
   ReadDirection(fields, image);
   fields.Real(image.rotation);

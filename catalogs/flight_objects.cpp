@@ -45,7 +45,7 @@ bool ReadWord(MFile& file, unsigned& value) {
 }
 
 // As many of the numbers as the file holds, whatever the count says.
-std::vector<int> ReadNumbers(MFile& file, unsigned count) {
+std::vector<int> ReadObjectNumbers(MFile& file, unsigned count) {
   const int left = file.GetLength() - file.Tell();
   count = std::min(count, static_cast<unsigned>(std::max(left, 0)) / kWord);
   std::vector<int> numbers;
@@ -85,7 +85,7 @@ void General3DFlightObjectsList::Load(const char* path) {
   for (unsigned kind; ReadWord(file, kind);) {
     unsigned count = 0;  // stays when the file ends within it
     ReadWord(file, count);
-    const std::vector<int> numbers = ReadNumbers(file, count);
+    const std::vector<int> numbers = ReadObjectNumbers(file, count);
     DistanceGroup group{static_cast<int>(kind), nullptr};
     if (!numbers.empty()) group.numbers = std::make_unique<const KeyBlocks>(numbers);
     m_Groups.push_back(std::move(group));

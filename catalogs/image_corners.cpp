@@ -22,8 +22,8 @@ void FindWest(const double* center, double west[3]) {
   Normalise(west);
 }
 
-// The cosine from the sine and the quadrant. The factor is that of the application's pictures, single precision of
-// 2 / pi: beside a quarter turn, where the cosine is below 1e-7, it decides which side counts.
+// The cosine from the sine and the quadrant. The factor is that of the application's pictures, single
+// precision of 2 / pi: beside a quarter turn, where the cosine is below 1e-7, it decides which side counts.
 double CosineOf(double angle, double sine) {
   const double quadrant = std::fmod(std::trunc(std::fabs(angle) * 0.63661975), 4.0);
   const double cosine = std::sqrt((1.0 - sine) * (1.0 + sine));

@@ -13,13 +13,13 @@
 
 namespace CommonInterfaces {
 
-// An image file's numbers: the count, then one record of 36 bytes for each image, everything but the identifier
-// big-endian.
+// An image file's numbers: the count, then one record of 36 bytes for each image, everything but the
+// identifier big-endian.
 inline constexpr unsigned kImageCountSize = 2;
 inline constexpr unsigned kImageRecordSize = 36;
 
-// Fills identifier and corners from a record: signed 1/100000 degree become radians, in single precision up to the
-// degrees, as the pictures were measured with.
+// Fills identifier and corners from a record: signed 1/100000 degree become radians, in single precision up
+// to the degrees, as the pictures were measured with.
 void DecodeImage(const unsigned char* record, unsigned& id, SkyImageCorner corners[4]);
 
 // The list that all instances of an image catalog share, of CSTLImageDesc or MWayImageDesc.

@@ -8,16 +8,18 @@
 
 namespace CommonInterfaces {
 
-// Numbers in ascending order, laid out so that a bisection of many of them seldom waits for memory and never guesses.
+// Numbers in ascending order, laid out so that a bisection of many of them seldom waits for memory and never
+// guesses.
 //
-// The keys stand in blocks of 16. Above them is a level with the last key of each block, in blocks of 16 again, and so
-// on up to a level of one block. A search counts in one block of each level how many keys are below the wanted one,
-// which names the block of the next level: each step divides what is left by 16 without a conditional jump, where a
-// plain bisection needs four steps, each with a jump that is wrong half the time, and a cache line for most of them
-// (S. Sitchinava, P. Khuong & P. Morin, "Array layouts for comparison-based searching", J. Exp. Algorithmics 22, 2017).
+// The keys stand in blocks of 16. Above them is a level with the last key of each block, in blocks of 16
+// again, and so on up to a level of one block. A search counts in one block of each level how many keys are
+// below the wanted one, which names the block of the next level: each step divides what is left by 16 without
+// a conditional jump, where a plain bisection needs four steps, each with a jump that is wrong half the time,
+// and a cache line for most of them (S. Sitchinava, P. Khuong & P. Morin, "Array layouts for comparison-based
+// searching", J. Exp. Algorithmics 22, 2017).
 //
-// Keys that are not in order are searched by the plain bisection of std::lower_bound, whose steps decide what is found.
-// Not changed after the constructor: every thread may search.
+// Keys that are not in order are searched by the plain bisection of std::lower_bound, whose steps decide what
+// is found. Not changed after the constructor: every thread may search.
 class KeyBlocks {
  public:
   KeyBlocks() = default;
@@ -33,7 +35,8 @@ class KeyBlocks {
     if (m_Count == 0) return -1;
     const int position = m_InOrder ? Descend(wanted) : Bisect(wanted);
     if (position == m_Count) return -1;
-    // All bits where the key is another one: whether it is there is as good as random, a jump would be wrong often.
+    // All bits where the key is another one: whether it is there is as good as random, a jump would be wrong
+    // often.
     return position | -static_cast<int>(At(position) != wanted);
   }
 
@@ -77,8 +80,9 @@ class KeyBlocks {
     return m_Levels[0][at / kBlockSize].keys[at % kBlockSize];
   }
 
-  // The position of the first key that is not below the wanted one. One exists in every level, since each ends with
-  // the largest key or with the last key of all; only in front of a last block that is full can there be none.
+  // The position of the first key that is not below the wanted one. One exists in every level, since each
+  // ends with the largest key or with the last key of all; only in front of a last block that is full can
+  // there be none.
   int Descend(int wanted) const {
     if (m_Levels[0].back().keys[kBlockSize - 1] < wanted) return m_Count;
     unsigned position = 0;

@@ -3,28 +3,21 @@
 #include "catalogs/line_fields.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <cstring>
-#include <system_error>
 
+#include "utils/characters.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
 template <class T>
 bool Scan(const char*& text, T& value) {
-  const char* begin = text;
-  while (IsBlank(*begin)) ++begin;
-  if (*begin == '+' && begin[1] != '-') ++begin;
-  T number{};
-  const auto [next, error] = std::from_chars(begin, begin + std::strlen(begin), number);
-  if (error != std::errc() || !std::isfinite(static_cast<double>(number))) return false;
-  value = number;
-  text = next;
+  std::string_view rest = text;
+  SkipWhiteSpace(rest);
+  if (!TakeNumber(rest, value)) return false;
+  text = rest.data();
   return true;
 }
 
@@ -33,9 +26,9 @@ bool Scan(const char*& text, T& value) {
 bool ScanNumber(const char*& text, int& value) { return Scan(text, value); }
 bool ScanNumber(const char*& text, double& value) { return Scan(text, value); }
 
-bool ReadNumber(const std::string& field, int& value) {
-  const char* text = field.c_str();
-  return ScanNumber(text, value);
+bool ReadNumber(std::string_view field, int& value, int least, int most) {
+  SkipWhiteSpace(field);
+  return TakeNumber(field, value, least, most);
 }
 
 bool ReadKind(const std::string& field, int& kind) {

@@ -3,13 +3,14 @@
 #include "common_interfaces/meteor_showers.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
-#include <limits>
 #include <string>
 
 #include "astro/coordinates.h"
 #include "catalogs/line_fields.h"
 #include "common_interfaces/string_table.h"
+#include "utils/characters.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -22,12 +23,10 @@ constexpr std::size_t kFieldCount = 12;
 
 using Fields = std::vector<std::string>;
 
-bool ReadShort(const std::string& field, short& value) {
+// False for a number that 16 bits do not hold.
+bool ReadSmallNumber(const std::string& field, short& value) {
   int number = 0;
-  if (!ReadNumber(field, number) || number < std::numeric_limits<short>::min() ||
-      number > std::numeric_limits<short>::max()) {
-    return false;
-  }
+  if (!ReadNumber(field, number, SHRT_MIN, SHRT_MAX)) return false;
   value = static_cast<short>(number);
   return true;
 }
@@ -39,9 +38,9 @@ void CopyText(const char* text, char (&out)[size]) {
 }
 
 bool ReadDates(const Fields& fields, SHOWER& shower) {
-  return ReadShort(fields[1], shower.beginDay) && ReadShort(fields[2], shower.beginMonth) &&
-         ReadShort(fields[3], shower.maximumDay) && ReadShort(fields[4], shower.maximumMonth) &&
-         ReadShort(fields[5], shower.endDay) && ReadShort(fields[6], shower.endMonth);
+  return ReadSmallNumber(fields[1], shower.beginDay) && ReadSmallNumber(fields[2], shower.beginMonth) &&
+         ReadSmallNumber(fields[3], shower.maximumDay) && ReadSmallNumber(fields[4], shower.maximumMonth) &&
+         ReadSmallNumber(fields[5], shower.endDay) && ReadSmallNumber(fields[6], shower.endMonth);
 }
 
 // The sign is taken from the text: the number -0 would not show it.
@@ -49,14 +48,15 @@ bool ReadDeclination(std::string field, SHOWER& shower) {
   DeleteBorderSpace(field.data());
   const char* digits = field.c_str();
   if (*digits == '-' || *digits == '+') shower.decSign = *digits++;
-  if (*digits < '0' || *digits > '9' || !ReadShort(digits, shower.decDegrees)) return false;
+  if (!IsDigit(*digits) || !ReadSmallNumber(digits, shower.decDegrees)) return false;
   const double magnitude = GMS2Rad({shower.decDegrees, 0, 0.0f}, kAngleDegrees);
   shower.dec = shower.decSign == '-' ? -magnitude : magnitude;
   return true;
 }
 
 bool ReadRadiant(const Fields& fields, SHOWER& shower) {
-  if (!ReadShort(fields[9], shower.raHours) || !ReadShort(fields[10], shower.raMinutes)) return false;
+  if (!ReadSmallNumber(fields[9], shower.raHours) || !ReadSmallNumber(fields[10], shower.raMinutes))
+    return false;
   shower.ra = GMS2Rad({shower.raHours, shower.raMinutes, 0.0f}, kAngleHours);
   return ReadDeclination(fields[11], shower);
 }

@@ -18,8 +18,8 @@ static constexpr int kNoArticle = -1;
 
 struct ArticleTable {
   ObjectTable objects;
-  // Behind one that says there is none: the article at position p follows at p + 1. Position -1 so needs no question,
-  // which a processor would guess wrong as often as right.
+  // Behind one that says there is none: the article at position p follows at p + 1. Position -1 so needs no
+  // question, which a processor would guess wrong as often as right.
   std::vector<int> articles = {kNoArticle};
 };
 

@@ -31,7 +31,8 @@ void ReadList(const std::string& path, int count, Take take) {
   });
 }
 
-// Replaces a list file by one line for each entry. False, with the old file in place, when it cannot be written.
+// Replaces a list file by one line for each entry. False, with the old file in place, when it cannot be
+// written.
 template <class Entries, class WriteLine>
 bool WriteList(const std::string& path, const Entries& entries, WriteLine writeLine) {
   MTextFile file(false, '\0', '\0', kLineBuffer);
@@ -40,8 +41,8 @@ bool WriteList(const std::string& path, const Entries& entries, WriteLine writeL
   return file.Close();  // false as well when any line was not written
 }
 
-// The name as it can stand in front of `restLength` further characters of a line. It ends at a zero byte, like every
-// text that "%s" writes.
+// The name as it can stand in front of `restLength` further characters of a line. It ends at a zero byte,
+// like every text that "%s" writes.
 std::string LineName(std::string name, int restLength) {
   name.resize(std::min({name.size(), name.find('\0'), kLongestLine - static_cast<std::size_t>(restLength)}));
   std::replace_if(
@@ -62,7 +63,8 @@ bool CreateEmpty(const std::string& path) {
   return file.Open(path.c_str(), true) && file.Close();
 }
 
-// Asked by the logical path: a resolved one is relative where the root is, and would be resolved a second time.
+// Asked by the logical path: a resolved one is relative where the root is, and would be resolved a second
+// time.
 bool Exists(const char* logicalPath) { return !ZentharPath::GetWorkPath(logicalPath, true).empty(); }
 
 // A file that is there and cannot be read is not usable: a list that starts empty would take its place.

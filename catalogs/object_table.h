@@ -11,8 +11,8 @@ namespace CommonInterfaces {
 
 using KindAndNumber = std::pair<int, int>;  // in the order of signed kinds, then signed numbers
 
-// Objects to be looked up by kind and number. Each kind has its numbers for itself: they take half of the memory that
-// pairs would, and there are few kinds. Every thread may search.
+// Objects to be looked up by kind and number. Each kind has its numbers for itself: they take half of the
+// memory that pairs would, and there are few kinds. Every thread may search.
 class ObjectTable {
  public:
   ObjectTable() = default;

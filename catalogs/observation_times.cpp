@@ -90,7 +90,8 @@ const Entry* FindEntry(const SSO_ID& object, int year) {
   return found != entries.end() && found->object == object && found->date.year == year ? &*found : nullptr;
 }
 
-// The latest year up to the one asked for that the object has an entry of; `year` as it was when there is none.
+// The latest year up to the one asked for that the object has an entry of; `year` as it was when there is
+// none.
 int FindNearestYear(const SSO_ID& object, int year) {
   const auto& entries = GetEntries();
   const auto behind = std::partition_point(entries.begin(), entries.end(), [&](const Entry& entry) {

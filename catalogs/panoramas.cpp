@@ -15,8 +15,8 @@ constexpr std::size_t kFieldCount = 7;
 // Up to and with the last separator, so that a name can follow.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of("\\/") + 1); }
 
-// The low 16 bits of a number; a field that is none counts as not given.
-unsigned short ReadShort(const std::string& field) {
+// A field that is no number counts as not given.
+unsigned short ReadLow16Bits(const std::string& field) {
   int value = PanoramaInfo::kNotGiven;
   ReadNumber(field, value);
   return static_cast<unsigned short>(value & 0xFFFF);
@@ -38,11 +38,11 @@ void PanoramaDesc::LoadLine(const char* line, const std::string& folder) {
   int number = 0, flag = 0;
   if (kind == -1 || !ReadNumber(fields[1], number)) return;
   ReadNumber(fields[3], flag);
-  PanoramaInfo info(ReadShort(fields[4]));
+  PanoramaInfo info(ReadLow16Bits(fields[4]));
   info.SetPath(folder + fields[2]);
   info.SetDefault(flag > 0);
   info.SetTitle(fields[5]);
-  info.SetLeftAzimuth(ReadShort(fields[6]));
+  info.SetLeftAzimuth(ReadLow16Bits(fields[6]));
   m_Panoramas[{kind, number}].push_back(std::move(info));
 }
 

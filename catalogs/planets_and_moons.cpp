@@ -25,8 +25,8 @@ long long FirstMoon(const SSO_ID& planet) {
   return planet.number * static_cast<long long>(kMoonsPerPlanet) + 1;
 }
 
-// A localized message, made one line should its line end be missing. Where it is missing altogether, the string table
-// has said so.
+// A localized message, made one line should its line end be missing. Where it is missing altogether, the
+// string table has said so.
 void PrintUnreadable(const std::string& path) {
   std::string text = FormatLocalizedText(kUnreadable, {path.c_str()});
   if (text.empty()) return;

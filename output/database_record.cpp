@@ -46,7 +46,7 @@ double Load(const unsigned char* at, unsigned type) {
 
 }  // namespace
 
-bool ReadNumbers(const BaseDB& record, int fieldId, double* values, int count) {
+bool GetFieldNumbers(const BaseDB& record, int fieldId, double* values, int count) {
   const auto* field = static_cast<const unsigned char*>(record.GetField(fieldId));
   if (field == nullptr) return false;
   const unsigned type = record.GetFieldType(fieldId);
@@ -58,7 +58,7 @@ bool ReadNumbers(const BaseDB& record, int fieldId, double* values, int count) {
   return true;
 }
 
-bool ReadNumber(const BaseDB& record, int fieldId, double& value) {
+bool GetFieldNumber(const BaseDB& record, int fieldId, double& value) {
   const auto* field = static_cast<const unsigned char*>(record.GetField(fieldId));
   if (field == nullptr) return false;
   const double number = Load(field, record.GetFieldType(fieldId));
@@ -67,9 +67,9 @@ bool ReadNumber(const BaseDB& record, int fieldId, double& value) {
   return true;
 }
 
-bool ReadNumber(const BaseDB& record, int fieldId, float& value) {
+bool GetFieldNumber(const BaseDB& record, int fieldId, float& value) {
   double wide = 0.0;
-  if (!ReadNumber(record, fieldId, wide)) return false;
+  if (!GetFieldNumber(record, fieldId, wide)) return false;
   if (std::abs(wide) > std::numeric_limits<float>::max()) return false;
   value = static_cast<float>(wide);
   return true;

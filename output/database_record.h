@@ -8,14 +8,14 @@
 
 namespace CommonInterfaces {
 
-// Writes the field's first value to `value`. False, and `value` untouched, when the record lacks the field, its
-// type code is none, or the value is not a finite number.
-bool ReadNumber(const BaseDB& record, int fieldId, double& value);
+// Writes the field's first value to `value`. False, and `value` untouched, when the record lacks the field,
+// its type code is none, or the value is not a finite number.
+bool GetFieldNumber(const BaseDB& record, int fieldId, double& value);
 
 // The same for `count` values that stand one behind the other: all of them or none.
-bool ReadNumbers(const BaseDB& record, int fieldId, double* values, int count);
+bool GetFieldNumbers(const BaseDB& record, int fieldId, double* values, int count);
 
 // The same; a value beyond the range of a float is not taken.
-bool ReadNumber(const BaseDB& record, int fieldId, float& value);
+bool GetFieldNumber(const BaseDB& record, int fieldId, float& value);
 
 }  // namespace CommonInterfaces

@@ -19,8 +19,8 @@ constexpr double kRadiansPerMinute = 6.283185307179586 / 1440.0;
 // So near to 1 an eccentricity counts as that of a parabola.
 constexpr double kParabolicRange = 1e-6;
 
-// Radians per day for elements in au and a gravitational parameter in au^3 / day^2. For e >= 1 the element `a` is the
-// perihelion distance q; q / (1 - e) is then the semi-major axis, negative.
+// Radians per day for elements in au and a gravitational parameter in au^3 / day^2. For e >= 1 the element
+// `a` is the perihelion distance q; q / (1 - e) is then the semi-major axis, negative.
 double MeanMotion(double mu, double a, double e) {
   if (e < 1.0) return std::sqrt(mu / (a * a * a));
   const double q = a;
@@ -47,23 +47,23 @@ bool Refuse(const SSO_ID& id, const char* reason) {
 
 OrbitalElements ReadElements(const SSO_ID& id, const BaseDB& record) {
   OrbitalElements elements;
-  ReadNumber(record, FieldIds::a, elements.a);
-  ReadNumber(record, FieldIds::e, elements.e);
-  ReadNumber(record, FieldIds::i, elements.i);
-  ReadNumber(record, FieldIds::om, elements.om);
-  ReadNumber(record, FieldIds::w, elements.w);
-  ReadNumber(record, FieldIds::M0, elements.M0);
-  ReadNumber(record, FieldIds::n, elements.n);
+  GetFieldNumber(record, FieldIds::a, elements.a);
+  GetFieldNumber(record, FieldIds::e, elements.e);
+  GetFieldNumber(record, FieldIds::i, elements.i);
+  GetFieldNumber(record, FieldIds::om, elements.om);
+  GetFieldNumber(record, FieldIds::w, elements.w);
+  GetFieldNumber(record, FieldIds::M0, elements.M0);
+  GetFieldNumber(record, FieldIds::n, elements.n);
   // JulianDate_d is the one with the fraction of the day, where a record has both.
-  if (!ReadNumber(record, FieldIds::JulianDate_d, elements.epoch)) {
-    ReadNumber(record, FieldIds::JulianDate, elements.epoch);
+  if (!GetFieldNumber(record, FieldIds::JulianDate_d, elements.epoch)) {
+    GetFieldNumber(record, FieldIds::JulianDate, elements.epoch);
   }
-  ReadNumber(record, FieldIds::Hy, elements.absMagnitude);
+  GetFieldNumber(record, FieldIds::Hy, elements.absMagnitude);
   // Comets have y, asteroids the slope parameter; a record that has only the other's is understood too.
   const bool isComet = id.kind == FourCC("comt");
   const int own = isComet ? FieldIds::y : FieldIds::SlopeParam;
   const int other = isComet ? FieldIds::SlopeParam : FieldIds::y;
-  if (!ReadNumber(record, own, elements.slope)) ReadNumber(record, other, elements.slope);
+  if (!GetFieldNumber(record, own, elements.slope)) GetFieldNumber(record, other, elements.slope);
   return elements;
 }
 

@@ -15,8 +15,8 @@ namespace CommonInterfaces {
 // Fills the elements of a comet or an asteroid of a database; what the record lacks keeps its default.
 OrbitalElements ReadElements(const SSO_ID& id, const BaseDB& record);
 
-// Converts elements of the user's lists in place: degrees to radians, and the mean motion. False, with one line that
-// says why, when no finite mean motion comes out.
+// Converts elements of the user's lists in place: degrees to radians, and the mean motion. False, with one
+// line that says why, when no finite mean motion comes out.
 bool ConvertUserElements(const SSO_ID& id, const CQXSolSys& solSys, OrbitalElements& elements);
 
 }  // namespace CommonInterfaces

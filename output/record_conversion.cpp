@@ -20,8 +20,8 @@ namespace {
 
 constexpr double kRadiansPerArcsecond = 4.84813681109536e-06;
 constexpr double kAuPerParsec = 206264.8062470964;
-// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them: deliberately
-// not the digits of kRadiansPerArcsecond.
+// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them:
+// deliberately not the digits of kRadiansPerArcsecond.
 constexpr double kParallaxOfParsec = 4.848137e-06;
 constexpr double kParallaxOfKiloparsec = 4.848137e-09;
 
@@ -34,30 +34,30 @@ int Refuse(const SSO_ID& id, const char* reason) {
 }
 
 void ReadMilliarcseconds(const BaseDB& record, int fieldId, double& value) {
-  if (ReadNumber(record, fieldId, value)) value = value * 0.001 * kRadiansPerArcsecond;
+  if (GetFieldNumber(record, fieldId, value)) value = value * 0.001 * kRadiansPerArcsecond;
 }
 
 StarRecord ReadStar(const BaseDB& record) {
   StarRecord star;
-  ReadNumber(record, FieldIds::RA, star.ra);
-  ReadNumber(record, FieldIds::Dec, star.dec);
+  GetFieldNumber(record, FieldIds::RA, star.ra);
+  GetFieldNumber(record, FieldIds::Dec, star.dec);
   ReadMilliarcseconds(record, FieldIds::PropMotionRA, star.properMotionRA);
   ReadMilliarcseconds(record, FieldIds::PropMotionDec, star.properMotionDec);
   ReadMilliarcseconds(record, FieldIds::Parallax, star.parallax);
-  ReadNumber(record, FieldIds::RadialVelocity, star.radialVelocity);
-  ReadNumber(record, FieldIds::Radius, star.radius);
-  ReadNumber(record, FieldIds::Magnitude, star.magnitude);
-  ReadNumber(record, FieldIds::VisMagnitude, star.visMagnitude);
-  ReadNumber(record, FieldIds::BlueMagnitude, star.blueMagnitude);
-  ReadNumber(record, FieldIds::AbsMagnitude, star.absMagnitude);
+  GetFieldNumber(record, FieldIds::RadialVelocity, star.radialVelocity);
+  GetFieldNumber(record, FieldIds::Radius, star.radius);
+  GetFieldNumber(record, FieldIds::Magnitude, star.magnitude);
+  GetFieldNumber(record, FieldIds::VisMagnitude, star.visMagnitude);
+  GetFieldNumber(record, FieldIds::BlueMagnitude, star.blueMagnitude);
+  GetFieldNumber(record, FieldIds::AbsMagnitude, star.absMagnitude);
   return star;
 }
 
-// A distance that is not positive is none: it would put the object into the Sun. Neither is one so small or so large
-// that the parallax or the size are no numbers any more.
+// A distance that is not positive is none: it would put the object into the Sun. Neither is one so small or
+// so large that the parallax or the size are no numbers any more.
 void ReadDeepskyDistance(const BaseDB& record, int subType, DeepskyRecord& object) {
   double distance = 0.0;
-  if (!ReadNumber(record, FieldIds::Distance, distance) || !(distance > 0.0)) return;
+  if (!GetFieldNumber(record, FieldIds::Distance, distance) || !(distance > 0.0)) return;
   const bool isFar = subType == kDistanceInKiloparsecs;
   const double parallax = (isFar ? kParallaxOfKiloparsec : kParallaxOfParsec) / distance;
   const double size = isFar ? object.angularSize * 0.5 * distance * 1000.0 * kAuPerParsec : 0.0;
@@ -68,11 +68,11 @@ void ReadDeepskyDistance(const BaseDB& record, int subType, DeepskyRecord& objec
 
 DeepskyRecord ReadDeepsky(const SSO_ID& id, const BaseDB& record) {
   DeepskyRecord object;
-  ReadNumber(record, FieldIds::RA, object.ra);
-  ReadNumber(record, FieldIds::Dec, object.dec);
-  ReadNumber(record, FieldIds::LargestDimension, object.angularSize);
-  ReadNumber(record, FieldIds::VisMagnitude, object.visMagnitude);
-  ReadNumber(record, FieldIds::BlueMagnitude, object.blueMagnitude);
+  GetFieldNumber(record, FieldIds::RA, object.ra);
+  GetFieldNumber(record, FieldIds::Dec, object.dec);
+  GetFieldNumber(record, FieldIds::LargestDimension, object.angularSize);
+  GetFieldNumber(record, FieldIds::VisMagnitude, object.visMagnitude);
+  GetFieldNumber(record, FieldIds::BlueMagnitude, object.blueMagnitude);
   const int subType = id.number >> 24 & 255;
   if (subType == kOpenCluster || subType == kGlobularCluster || subType == kDistanceInKiloparsecs) {
     ReadDeepskyDistance(record, subType, object);
@@ -82,7 +82,7 @@ DeepskyRecord ReadDeepsky(const SSO_ID& id, const BaseDB& record) {
 
 // False when there is a centre but no direction in it. A record that lacks it leaves the centre at 0.
 bool ReadConstellation(const BaseDB& record, ConstellationRecord& constellation) {
-  if (!ReadNumbers(record, FieldIds::CenterVector, constellation.center, 3)) return true;
+  if (!GetFieldNumbers(record, FieldIds::CenterVector, constellation.center, 3)) return true;
   const double length = Vmod(constellation.center, 3);
   if (!(length > 0.0) || !std::isfinite(length)) return false;
   for (double& component : constellation.center) component /= length;

@@ -31,8 +31,8 @@ constexpr PeriodicStar kPeriodicStars[] = {
     {0x44781255, 2452154.0, 333.8, 2.0, 8.1, Shape::kSin},
 };
 
-// The dip of the eclipsing star is deliberately drawn only where it is nearly at its deepest: outside that narrow
-// range the star stays at its base, and the curve has a step.
+// The dip of the eclipsing star is deliberately drawn only where it is nearly at its deepest: outside that
+// narrow range the star stays at its base, and the curve has a step.
 constexpr double kEclipseFrom = 1.35;
 
 double PeriodicMagnitude(const PeriodicStar& star, double jd) {
@@ -74,7 +74,8 @@ double NovaMagnitude(const Nova& nova, double jd) {
   if (jd <= nova.quietUntil || jd >= nova.quietFrom) return nova.quiet;
   if (jd < nova.peak) return (nova.peak - jd) * nova.rise + nova.brightest;
   if (jd <= nova.slowAfter) return (jd - nova.peak) * nova.fade + nova.brightest;
-  // Deliberately counted from the peak, not from the date at which the slow decline begins: the curve jumps there.
+  // Deliberately counted from the peak, not from the date at which the slow decline begins: the curve jumps
+  // there.
   return (jd - nova.peak) * nova.slowFade + nova.slowBase;
 }
 

@@ -10,8 +10,8 @@
 
 namespace CommonInterfaces {
 
-// Reads a file from its position on in large pieces: the records of a block are small, and there are many. While
-// it is used the file stands somewhere behind what has been read.
+// Reads a file from its position on in large pieces: the records of a block are small, and there are many.
+// While it is used the file stands somewhere behind what has been read.
 class BufferedFile {
  public:
   explicit BufferedFile(MFile& file)

@@ -18,25 +18,25 @@ struct FieldRun {
   int begin, end;
 };
 
-// The run of a section in a container of `count` fields. Indices come from files: the run is cut to the fields
-// that exist.
+// The run of a section in a container of `count` fields. Indices come from files: the run is cut to the
+// fields that exist.
 FieldRun RunOf(const SectionRecord& section, int count);
 
-// The answers are those of a walk, whatever the section records say: the first section record with that id (or
-// alias), the first field with that name id in the run of a section, the first one of all.
+// The answers are those of a walk, whatever the section records say: the first section record with that id
+// (or alias), the first field with that name id in the run of a section, the first one of all.
 //
-// Runs are orderly when each is a whole one, empties included, and begins where the ones before it have ended.
-// Every container that operations made is orderly, and so is every file that a container wrote. Then a field
-// belongs to one section for good, and the tables know fields by section and name. In a damaged file runs may
-// overlap: there the fields stand sorted by name and place, and each change means gathering again.
+// Runs are orderly when each is a whole one, empties included, and begins where the ones before it have
+// ended. Every container that operations made is orderly, and so is every file that a container wrote. Then a
+// field belongs to one section for good, and the tables know fields by section and name. In a damaged file
+// runs may overlap: there the fields stand sorted by name and place, and each change means gathering again.
 class FieldIndex {
  public:
   // What is known is forgotten: the caller has changed section ids or aliases, fields or their order.
   void Forget();
   void ForgetSections() { m_SectionsKnown = false; }
 
-  // Questions about what is not known are not allowed; gather first. Gathering takes time in proportion to what
-  // is gathered (with a logarithm where runs are not orderly).
+  // Questions about what is not known are not allowed; gather first. Gathering takes time in proportion to
+  // what is gathered (with a logarithm where runs are not orderly).
   bool KnowsSections() const { return m_SectionsKnown; }
   bool KnowsFields() { return !IsStale() && m_FieldsKnown; }
   bool KnowsAllFields() { return !IsStale() && m_AllKnown; }

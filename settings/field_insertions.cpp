@@ -9,8 +9,8 @@ namespace CommonInterfaces {
 
 namespace {
 
-// Each insertion moves half of those that wait, and each time they are made half of the fields: with this many
-// the first costs about as much as the second in the largest container.
+// Each insertion moves half of those that wait, and each time they are made half of the fields: with this
+// many the first costs about as much as the second in the largest container.
 constexpr int kMostWaiting = 256;
 
 }  // namespace

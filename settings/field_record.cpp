@@ -13,7 +13,6 @@ namespace CommonInterfaces {
 
 namespace {
 
-constexpr int kLengthSize = 4;
 constexpr int kOldNameSize = 32;
 constexpr int kTypeOffset = 8;  // where section and name end and both layouts are alike
 // An old record holds 32 bytes of name where a current one holds 4 bytes of name id.
@@ -35,8 +34,8 @@ void Free(RecordPlace place, FieldData* data) {
 
 template <class Source>
 bool ReadLength(Source& file, int& length) {
-  unsigned char bytes[kLengthSize];
-  if (file.Read(bytes, kLengthSize) < kLengthSize) return false;
+  unsigned char bytes[kFieldLengthSize];
+  if (file.Read(bytes, kFieldLengthSize) < kFieldLengthSize) return false;
   length = static_cast<int>(LoadLE32(bytes));
   return length >= 0 && length <= kMaxFieldRecordSize;
 }
@@ -104,14 +103,6 @@ bool ReadFieldRecord(Source& source, bool oldLayout, RecordPlace place, FieldRec
 
 template bool ReadFieldRecord(MFile& source, bool oldLayout, RecordPlace place, FieldRecord& record);
 template bool ReadFieldRecord(BufferedFile& source, bool oldLayout, RecordPlace place, FieldRecord& record);
-
-bool WriteFieldRecord(MFile& file, const FieldRecord& record) {
-  unsigned char length[kLengthSize];
-  StoreLE32(length, static_cast<unsigned>(record.size));
-  if (file.Write(length, kLengthSize) < kLengthSize) return false;
-  const auto size = static_cast<unsigned>(record.size);
-  return size == 0 || file.Write(record.data, size) == size;
-}
 
 SettingField* MakeField(FieldData* record, int size) {
   return ::new (reinterpret_cast<unsigned char*>(record) - sizeof(SettingField)) SettingField(record, size);

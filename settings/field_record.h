@@ -7,11 +7,14 @@
 
 #include "common_interfaces/field_data.h"
 #include "settings/buffered_file.h"
+#include "utils/bytes.h"
 #include "utils/file.h"
 
 namespace CommonInterfaces {
 
 class SettingField;
+
+constexpr int kFieldLengthSize = 4;
 
 // What reading a record yields.
 struct FieldRecord {
@@ -19,9 +22,9 @@ struct FieldRecord {
   int size = -1;              // bytes at data; -1 when reading failed
 };
 
-// Where a record is to stand: alone, to be released with FreeFieldData, or with room for its field right before
-// it, to be made a field of with MakeField. Containers hold many fields: with one block for each they are loaded
-// and found sooner.
+// Where a record is to stand: alone, to be released with FreeFieldData, or with room for its field right
+// before it, to be made a field of with MakeField. Containers hold many fields: with one block for each they
+// are loaded and found sooner.
 enum class RecordPlace { kAlone, kBehindField };
 
 // An uninitialised record of `size` bytes, header included; size >= kFieldHeaderSize. Null stands for none.
@@ -44,8 +47,15 @@ inline unsigned HeldElements(const FieldData& data, int recordSize) {
 template <class Source>
 bool ReadFieldRecord(Source& source, bool oldLayout, RecordPlace place, FieldRecord& record);
 
-// Writes a length and that many bytes. False when not all could be written.
-bool WriteFieldRecord(MFile& file, const FieldRecord& record);
+// Writes a length and that many bytes: `write` takes bytes and tells whether it could. False when not all
+// could be written.
+template <class Write>
+bool WriteFieldRecord(const Write& write, const FieldRecord& record) {
+  unsigned char length[kFieldLengthSize];
+  StoreLE32(length, static_cast<unsigned>(record.size));
+  return write(length, sizeof length) &&
+         (record.size == 0 || write(record.data, static_cast<unsigned>(record.size)));
+}
 
 // The field of a record that was made kBehindField; the caller owns it, and the record with it.
 SettingField* MakeField(FieldData* record, int size);

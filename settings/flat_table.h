@@ -69,8 +69,8 @@ class FlatTable {
     Value value{};
   };
 
-  // The upper bits of a product with 2^64 divided by the golden ratio: Knuth, The Art of Computer Programming 3,
-  // section 6.4 (1998).
+  // The upper bits of a product with 2^64 divided by the golden ratio: Knuth, The Art of Computer Programming
+  // 3, section 6.4 (1998).
   std::size_t Home(std::uint64_t key) const {
     return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15u) >> m_Shift);
   }

@@ -9,6 +9,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "settings/field_record.h"
 
 namespace CommonInterfaces {
 
@@ -16,7 +17,6 @@ constexpr unsigned char kSettingsFileTag[4] = {'S', 'R', 'E', 'V'};
 constexpr int kSettingsHeaderSize = 8;
 constexpr int kBlockKeySize = 8;
 constexpr int kSectionRecordSize = 13;
-constexpr int kFieldLengthSize = 4;
 constexpr int kMaxFileSections = 32767;  // the count of sections is a signed 16-bit number
 
 struct SettingsHeader {
@@ -35,8 +35,8 @@ bool FindBlock(MFile& file, unsigned owner, unsigned id);
 bool ReadSectionRecords(MFile& file, std::vector<SectionRecord>& sections);
 
 // Reads the fields of a block and appends them; the caller owns them. False for a count that is missing or
-// negative and at the first field that cannot be read; the fields before it are appended. The file then stands
-// somewhere behind what was read.
+// negative and at the first field that cannot be read; the fields before it are appended. The file then
+// stands somewhere behind what was read.
 bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields);
 
 SectionRecord LoadSectionRecord(const unsigned char* from);

@@ -15,8 +15,6 @@
 
 namespace CommonInterfaces {
 
-int GetUniqueID(const char* name) { return ::GetUniqueID(name ? name : ""); }
-
 namespace {
 
 // Most fields hold one number: the compiler knows how to copy and compare those.
@@ -156,7 +154,8 @@ bool SettingField::ReadRecord(MFile* file) {
 }
 
 bool SettingField::Write(MFile* file) const {
-  return file && m_RecordSize >= 0 && WriteFieldRecord(*file, {m_pFieldData, m_RecordSize});
+  const auto write = [file](const void* bytes, unsigned size) { return file->Write(bytes, size) == size; };
+  return file && m_RecordSize >= 0 && WriteFieldRecord(write, {m_pFieldData, m_RecordSize});
 }
 
 bool SettingField::GetData(void* out) const {

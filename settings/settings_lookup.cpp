@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Finding sections and fields, and the current section. Each kind of search stands here once: every other operation goes through
-// these.
+// Finding sections and fields, and the current section. Each kind of search stands here once: every other
+// operation goes through these.
 #include <algorithm>
 
 #include "common_interfaces/settings_data.h"

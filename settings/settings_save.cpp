@@ -3,7 +3,7 @@
 //
 // Replacing the container's block in a settings file, so that the file holds it once.
 #include <algorithm>
-#include <filesystem>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -13,6 +13,7 @@
 #include "utils/debug.h"
 #include "utils/file.h"
 #include "utils/path.h"
+#include "utils/replace_file.h"
 
 namespace CommonInterfaces {
 
@@ -35,8 +36,10 @@ bool LoadFile(const std::string& path, Bytes& bytes) {
   if (path.empty()) return true;
   MFile file;
   if (!file.Open(path.c_str(), MFile::kRead)) return false;
-  bytes.resize(static_cast<std::size_t>(file.GetLength()));
-  const auto size = static_cast<unsigned>(bytes.size());
+  const int length = file.GetLength();
+  if (length < 0) return false;
+  bytes.resize(static_cast<std::size_t>(length));
+  const auto size = static_cast<unsigned>(length);
   return file.Read(bytes.data(), size) == size;
 }
 
@@ -81,41 +84,33 @@ KeptBytes DropBlock(const Bytes& bytes, unsigned owner, unsigned id) {
   return kept;
 }
 
-bool WriteBytes(MFile& file, const Bytes& bytes) {
-  const auto size = static_cast<unsigned>(bytes.size());
-  return file.Write(bytes.data(), size) == size;
+template <class Sink>
+bool WriteBytes(const Sink& sink, const Bytes& bytes) {
+  return sink(bytes.data(), static_cast<unsigned>(bytes.size()));
 }
-
-std::filesystem::path FromUtf8(const std::string& path) { return std::u8string(path.begin(), path.end()); }
 
 }  // namespace
 
-bool SettingsData::Save(const char* fileName) {
+bool SettingsData::WriteReplacement(const char* fileName) {
   const std::string target = ZentharPath::GetWorkPath(fileName);
   Bytes old;
-  if (target.empty() || !LoadFile(ZentharPath::GetPath(fileName), old)) {
-    PrintDebugString("Settings cannot be saved in file %s\n", fileName ? fileName : "");
-    return false;
-  }
+  if (target.empty() || !LoadFile(ZentharPath::GetPath(fileName), old)) return false;
   RaiseVersion();
   const KeptBytes kept = DropBlock(old, m_Owner, m_ID);
-  const std::string beside = target + ".new";
-  std::error_code error;
-  std::filesystem::remove(FromUtf8(beside), error);
+  FileReplacement file;
+  const Sink sink = [&file](const void* bytes, unsigned size) {
+    return file.Write({static_cast<const char*>(bytes), size});
+  };
+  return file.Open(target.c_str()) && WriteHeader(sink) && WriteBytes(sink, kept.before) &&
+         WriteBlock(sink) && WriteBytes(sink, kept.behind) && file.Commit();
+}
 
-  MFile file;
-  bool written = file.Open(beside.c_str(), MFile::kWrite) && WriteHeader(file) &&
-                 WriteBytes(file, kept.before) && WriteBlock(file) && WriteBytes(file, kept.behind);
-  const int length = file.Tell();
-  file.Close();
-  // Only now is everything that was held back in the file, or lost.
-  written = written && MFile::GetLength(beside.c_str()) == length;
-  if (written) {
-    std::filesystem::rename(FromUtf8(beside), FromUtf8(target), error);
-    if (!error) return true;
+bool SettingsData::Save(const char* fileName) {
+  try {
+    if (WriteReplacement(fileName)) return true;
+  } catch (const std::exception&) {  // no memory, in every case
   }
-  PrintDebugString("Settings cannot be saved in file %s\n", fileName);
-  std::filesystem::remove(FromUtf8(beside), error);
+  PrintDebugString("Settings cannot be saved in file %s\n", fileName ? fileName : "");
   return false;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Writing settings files: appending a block, and replacing it so that the file holds it once.
+// Writing settings files: appending a block, and the pieces that every file is made of.
 #include <algorithm>
 
 #include "common_interfaces/settings_data.h"
@@ -18,22 +18,23 @@ bool SettingsData::Write(const char* fileName) {
   MFile file;
   if (path.empty() || !file.Open(path.c_str(), MFile::kWrite)) return false;
   RaiseVersion();
-  WriteHeader(file);
+  const Sink sink = [&file](const void* bytes, unsigned size) { return file.Write(bytes, size) == size; };
+  WriteHeader(sink);
   file.Seek(2, 0);
-  WriteBlock(file);
+  WriteBlock(sink);
   return true;
 }
 
 void SettingsData::RaiseVersion() { m_Version = std::max(m_Version, s_WorkspaceVersion); }
 
-bool SettingsData::WriteHeader(MFile& file) const {
+bool SettingsData::WriteHeader(const Sink& sink) const {
   unsigned char header[kSettingsHeaderSize];
   std::copy_n(kSettingsFileTag, sizeof kSettingsFileTag, header);
   StoreLE32(header + sizeof kSettingsFileTag, m_Version);
-  return file.Write(header, sizeof header) == sizeof header;
+  return sink(header, sizeof header);
 }
 
-bool SettingsData::WriteBlock(MFile& file) const {
+bool SettingsData::WriteBlock(const Sink& sink) const {
   const int sectionCount = std::min(GetSectionCount(), kMaxFileSections);
   std::vector<unsigned char> head(
       static_cast<std::size_t>(kBlockKeySize + 2 + sectionCount * kSectionRecordSize + 4));
@@ -45,9 +46,11 @@ bool SettingsData::WriteBlock(MFile& file) const {
   for (int i = 0; i < sectionCount; ++i, to += kSectionRecordSize) StoreSectionRecord(to, *GetSectionAt(i));
   StoreLE32(to, static_cast<unsigned>(GetFieldCount()));
 
-  const auto size = static_cast<unsigned>(head.size());
-  bool written = file.Write(head.data(), size) == size;
-  for (const SettingField* field : Fields()) written = field->Write(&file) && written;
+  bool written = sink(head.data(), static_cast<unsigned>(head.size()));
+  for (const SettingField* field : Fields()) {
+    const FieldRecord record{field->m_pFieldData, field->m_RecordSize};
+    written = record.size >= 0 && WriteFieldRecord(sink, record) && written;
+  }
   return written;
 }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // Dates in digits, and the two settings that order them.
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -11,8 +10,10 @@
 #include "common_interfaces/string_table.h"
 #include "text/dates_format.h"
 #include "text/format_render.h"
+#include "utils/characters.h"
 #include "utils/debug.h"
 #include "utils/locale.h"
+#include "utils/numbers.h"
 
 namespace CommonInterfaces {
 
@@ -30,18 +31,18 @@ int s_DateFormat = kYearFirst;  // for the thread that uses the string table; li
 std::size_t FindLetter(std::string_view pattern, char letter) { return pattern.find(letter) + 1; }
 static_assert(std::string_view::npos + 1 == 0);
 
-// The order that text 20560 asks for. Any number but the two means the year first.
+// The order that text 20560 asks for. Any number but the two means the year first, one that no int holds too.
 int GetLocalizedFormat() {
   QX4Strings strings;
   const char* const text = QX4Strings::GetString(kNumericFormatId, true);
-  char* end = nullptr;
-  const long number = text ? std::strtol(text, &end, 10) : 0;
-  if (!text || end == text) {
+  std::string_view rest = text ? text : "";
+  SkipWhiteSpace(rest);
+  int number = kYearFirst;
+  unsigned any = 0;
+  if (!TakeNumber(rest, number) && !TakeModulo32(rest, any)) {
     PrintDebugString("Date format not defined in QXStrings.txt (id = 20560)\n");
-    return kYearFirst;
   }
-  if (number == kDayFirst || number == kMonthFirst) return static_cast<int>(number);
-  return kYearFirst;
+  return number == kDayFirst || number == kMonthFirst ? number : kYearFirst;
 }
 
 }  // namespace

@@ -4,12 +4,12 @@
 
 #include <cstring>
 
+#include "utils/characters.h"
+
 namespace CommonInterfaces {
 namespace {
 
 constexpr int kMaxDigits = 3;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool TakeFlag(char c, FormatConversion& conversion) {
   switch (c) {

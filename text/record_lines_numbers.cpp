@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 //
 // Numbers are converted here and not by the C library, whose decimal point is that of the process's locale.
-#include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstddef>
-#include <system_error>
+#include <string_view>
 
 #include "common_interfaces/record_lines.h"
 #include "text/record_lines_inside.h"
+#include "utils/numbers.h"
 
 namespace CommonInterfaces::record_lines {
 
@@ -86,12 +86,12 @@ long long FindMagnitude(const Decimal& number) {
   return magnitude + exponent.exponent;
 }
 
-// Long numbers and far exponents; the library's own converter rounds them correctly but says only that a number is out
-// of range, not on which side.
+// Long numbers and far exponents; the general converter rounds them correctly but does not say on which side a number
+// is out of range.
 double ConvertSlowly(const Decimal& number) {
   double value = 0.0;
-  const auto result = std::from_chars(number.begin, number.end, value);
-  if (result.ec != std::errc::result_out_of_range) return value;
+  std::string_view text(number.begin, static_cast<std::size_t>(number.end - number.begin));
+  if (TakeNumber(text, value)) return value;
   return std::copysign(FindMagnitude(number) > 0 ? HUGE_VAL : 0.0, number.isNegative ? -1.0 : 1.0);
 }
 

@@ -3,22 +3,19 @@
 #include "text/string_line.h"
 
 #include <cstring>
+#include <string_view>
 
 #include "utils/bytes.h"
+#include "utils/characters.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
 
-// Not scanf: its overflow is undefined, and what counts as white space depends on the process's locale.
 bool ScanUnsigned(const char* text, unsigned& value) {
-  text += std::strspn(text, " \t\n\v\f\r");
-  const bool negative = *text == '-';
-  if (*text == '-' || *text == '+') ++text;
-  if (*text < '0' || *text > '9') return false;
-  unsigned number = 0;
-  for (; *text >= '0' && *text <= '9'; ++text) number = number * 10 + static_cast<unsigned>(*text - '0');
-  value = negative ? 0 - number : number;
-  return true;
+  std::string_view rest = text;
+  SkipWhiteSpace(rest);
+  return TakeModulo32(rest, value);
 }
 
 bool ParseStringLine(char* line, StringLine& entry) {

@@ -8,8 +8,8 @@ namespace CommonInterfaces {
 
 struct StringLine {
   unsigned identifier = 0;
-  char* text =
-      nullptr;  // inside the parsed line, without blanks at its ends, escapes not resolved; may be ""
+  // Inside the parsed line, without blanks at its ends, escapes not resolved; may be "".
+  char* text = nullptr;
 };
 
 // Takes a zero-terminated line apart, in place. False when the line carries no entry; the line may be changed

@@ -144,8 +144,8 @@ WaitObject::Wait WaitObject::Acquire(unsigned long milliseconds) {
   }
 }
 
-// Hands over as much as there are sleeping threads; returns how much. The turn moves first: a thread that is about to
-// sleep then looks again instead, and what it looks at it can only see once the lock is free.
+// Hands over as much as there are sleeping threads; returns how much. The turn moves first: a thread that is
+// about to sleep then looks again instead, and what it looks at it can only see once the lock is free.
 unsigned WaitObject::HandOver(unsigned count) {
   ++m_State->turns;
   const unsigned woken = Wake(m_State->turns, count);

@@ -11,8 +11,8 @@ constexpr int kHalf = 128;  // bytes below 0x80 are ASCII on every page
 constexpr char16_t kReplacement = 0xFFFD;
 
 // The characters of the bytes 0x80 to 0xFF; kReplacement where the page has none. From the mapping tables
-// CP1251.TXT (version 2.01, 1998), CP1252.TXT (version 2.01, 1998) and CP1253.TXT (version 2.01, 1998) of the Unicode
-// Consortium.
+// CP1251.TXT (version 2.01, 1998), CP1252.TXT (version 2.01, 1998) and CP1253.TXT (version 2.01, 1998) of the
+// Unicode Consortium.
 constexpr char16_t kCyrillic[kHalf] = {
     0x0402, 0x0403, 0x201A, 0x0453, 0x201E, 0x2026, 0x2020, 0x2021, 0x20AC, 0x2030, 0x0409, 0x2039, 0x040A,
     0x040C, 0x040B, 0x040F, 0x0452, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0xFFFD, 0x2122,

@@ -84,10 +84,12 @@ bool MFile::Open(const char* path, int mode) {
   return true;
 }
 
-void MFile::Close() {
-  if (!m_File) return;
+bool MFile::Close() {
+  if (!m_File) return true;
   const bool closed = std::fclose(m_File.release()) == 0;
-  if (!closed || m_WriteFailed) PrintDebugString("Not everything could be written to %s\n", m_Path.c_str());
+  if (closed && !m_WriteFailed) return true;
+  PrintDebugString("Not everything could be written to %s\n", m_Path.c_str());
+  return false;
 }
 
 // Moves the stream to the position, which C streams also want between reading and writing.
@@ -134,7 +136,7 @@ int MFile::Tell() const { return m_File ? m_Position : -1; }
 
 int MFile::GetLength() const {
   if (!m_File) return -1;
-  if (m_Operation == Operation::kWrite) std::fflush(m_File.get());
+  if (m_Operation == Operation::kWrite && std::fflush(m_File.get()) != 0) m_WriteFailed = true;
   return static_cast<int>(std::clamp<long long>(GetStreamLength(m_File.get()), -1, INT_MAX));
 }
 

@@ -5,9 +5,9 @@
 #include <cstring>
 #include <string_view>
 
-namespace {
+#include "utils/characters.h"
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+namespace {
 
 std::vector<std::string> SplitAt(std::string_view text, std::string_view delimiters) {
   std::vector<std::string> pieces;

@@ -1,16 +1,18 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cerrno>
-#include <climits>
-#include <cstdlib>
+#include <cstdarg>
+#include <cstdio>
+#include <exception>
+#include <string_view>
 
 #include "companions/utils/file_platform.h"
-#include "companions/utils/file_replacement.h"
 #include "companions/utils/line_reader.h"
+#include "utils/characters.h"
 #include "utils/file.h"
+#include "utils/numbers.h"
+#include "utils/replace_file.h"
 
-using utils_internal::FileReplacement;
 using utils_internal::LineInfo;
 using utils_internal::LineReader;
 
@@ -25,11 +27,18 @@ struct MTextFile::State {
   const unsigned lineLimit;  // most characters of a line
   std::unique_ptr<std::FILE, Closer> input;
   std::unique_ptr<LineReader> lines;
-  std::unique_ptr<FileReplacement> output;
+  FileReplacement output;
+  std::string outputPath;  // as the caller knows it, for the message
 
   void EndReading() {
     lines.reset();
     input.reset();
+  }
+
+  bool GiveUp() {
+    output.Discard();
+    PrintDebugString("File %s could not be written and is left as it was\n", outputPath.c_str());
+    return false;
   }
 
   // The next line that is no comment. No bytes at the end of the file, and from the end character on.
@@ -47,19 +56,42 @@ struct MTextFile::State {
   }
 };
 
-MTextFile::MTextFile(bool comments, char comment, char end, unsigned lineSize)
-    : m_State(new State{comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, nullptr}) {
+namespace {
+
+bool WriteFormatted(FileReplacement& output, const char* format, std::va_list arguments)
+    UTILS_PRINTF_FORMAT(2, 0);
+
+// A text of any length; only a long one is made twice.
+bool WriteFormatted(FileReplacement& output, const char* format, std::va_list arguments) {
+  char line[512];
+  std::va_list again;
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(line, sizeof line, format, arguments);
+  std::string text;
+  if (length >= static_cast<int>(sizeof line)) {
+    text.resize(static_cast<unsigned>(length));
+    std::vsnprintf(text.data(), text.size() + 1, format, again);
+  }
+  va_end(again);
+  if (length < 0) return output.Fail("its text cannot be formatted");
+  return output.Write(text.empty() ? std::string_view(line, static_cast<unsigned>(length)) : text);
 }
 
-// What is still being written is given up by the replacement's own destructor.
-MTextFile::~MTextFile() = default;
+}  // namespace
+
+MTextFile::MTextFile(bool comments, char comment, char end, unsigned lineSize)
+    : m_State(new State{comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, {}, {}}) {}
+
+MTextFile::~MTextFile() {
+  if (m_State->output.IsOpen()) m_State->GiveUp();
+}
 
 bool MTextFile::Open(const char* path, bool write) {
   Close();
   if (!path || !*path) return false;
   if (write) {
-    m_State->output = FileReplacement::Create(path);
-    return m_State->output != nullptr;
+    m_State->outputPath = path;
+    return m_State->output.Open(path);
   }
   if (utils_internal::GetPathKind(path) == utils_internal::PathKind::kFolder) return false;
   m_State->input.reset(mm_fopen(path, "rb"));
@@ -77,25 +109,27 @@ int MTextFile::Readln(char* buffer, unsigned size) {
 bool MTextFile::Readln(int& value) {
   char text[64];
   if (Readln(text, sizeof text) == 0) return false;
-  char* end;
-  errno = 0;
-  const long number = std::strtol(text, &end, 10);
-  if (end == text || errno != 0 || number < INT_MIN || number > INT_MAX) return false;
-  value = static_cast<int>(number);
-  return true;
+  std::string_view rest = text;
+  SkipWhiteSpace(rest);
+  return TakeNumber(rest, value);
 }
 
 bool MTextFile::Write(const char* format, ...) {
-  if (!m_State->output || !format) return false;
+  if (!m_State->output.IsOpen() || !format) return false;
   std::va_list arguments;
   va_start(arguments, format);
-  const bool written = m_State->output->WriteFormatted(format, arguments);
+  bool written = false;
+  try {
+    written = WriteFormatted(m_State->output, format, arguments);
+  } catch (const std::exception&) {
+    m_State->output.Fail("no memory");
+  }
   va_end(arguments);
   return written;
 }
 
 bool MTextFile::Close() {
   m_State->EndReading();
-  const std::unique_ptr<FileReplacement> output = std::move(m_State->output);
-  return !output || output->Commit();
+  if (!m_State->output.IsOpen()) return true;
+  return m_State->output.Commit() || m_State->GiveUp();
 }

@@ -3,6 +3,7 @@
 #include "companions/utils/zone_rule.h"
 
 #include "companions/utils/zone_calendar.h"
+#include "utils/characters.h"
 
 namespace utils_internal {
 namespace {
@@ -10,9 +11,6 @@ namespace {
 constexpr int kHour = 3600;
 constexpr int kMaxOffsetHours = 24;  // of an offset (POSIX)
 constexpr int kMaxTimeHours = 167;   // of the time of a change (RFC 8536: a week less an hour)
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 // Takes the text apart from its beginning. Each operation answers false when what it wants is not there.
 class Scanner {

@@ -24,12 +24,17 @@
 // the length returned is that of the text in the buffer. The forms with std::string cut nothing. The functions keep no
 // state and may be called by any thread, except StringToNear.
 //
-// CommonInterfaces::GetUniqueID, the identifier of a name in a line, is declared in settings_field.h.
+// The identifier of a name in a line, GetUniqueID, comes along, under its name in CommonInterfaces too (utils/text.h).
 #pragma once
 
 #include <string>
 
 #include "common_interfaces/api.h"
+#include "utils/text.h"
+
+namespace CommonInterfaces {
+using ::GetUniqueID;
+}
 
 // Skips blanks. 1 if a character remains, 0 at the end of the text.
 COMMON_INTERFACES_API int RemoveLeading(char*& cursor);

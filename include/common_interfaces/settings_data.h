@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -286,8 +287,11 @@ class COMMON_INTERFACES_API SettingsData {
   void LoadCorrectionFields();
 
   void RaiseVersion();
-  bool WriteHeader(MFile& file) const;
-  bool WriteBlock(MFile& file) const;
+  // Takes bytes and tells whether it could.
+  using Sink = std::function<bool(const void* bytes, unsigned size)>;
+  bool WriteHeader(const Sink& sink) const;
+  bool WriteBlock(const Sink& sink) const;
+  bool WriteReplacement(const char* fileName);
 
   unsigned m_Owner;
   unsigned m_Version = 0;

@@ -10,6 +10,7 @@
 #include "astro/object_id.h"
 #include "common_interfaces/api.h"
 #include "common_interfaces/field_data.h"
+#include "utils/text.h"
 
 class MFile;
 
@@ -20,9 +21,8 @@ class FieldIndex;
 struct FieldRecord;
 struct SettingFieldTestAccess;
 
-// The name id of a field: the same 31-bit hash as the global GetUniqueID of utils/text.h. Null counts as "".
-// GetUniqueID("") == 0; every id is below 2^31. Any thread may call it.
-COMMON_INTERFACES_API int GetUniqueID(const char* name);
+// The name id of a field: utils/text.h.
+using ::GetUniqueID;
 
 // A field is in one of three states: it holds a record (IsOk), it is empty (an empty copy, length 0), or its
 // reading failed (length -1). A record that a field holds is 20 to 65555 bytes long, always.

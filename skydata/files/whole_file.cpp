@@ -7,6 +7,7 @@
 #include <random>
 
 #include "skydata/files/source_error.h"
+#include "utils/replace_file.h"
 
 namespace skydata {
 namespace {
@@ -15,6 +16,13 @@ std::string MakeUniqueName() {
   std::random_device random;
   return ".skydata-" + std::to_string(random()) + "-" + std::to_string(random()) + ".tmp";
 }
+
+std::string ToUtf8(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+std::filesystem::path FromUtf8(const std::string& path) { return std::u8string(path.begin(), path.end()); }
 
 }  // namespace
 
@@ -38,14 +46,12 @@ void ReplaceFile(const std::filesystem::path& path, const std::string& bytes,
                  const std::function<void(const std::filesystem::path& beside)>& finish) {
   std::error_code error;
   std::filesystem::create_directories(path.parent_path(), error);
-  const ScratchFile beside(path.parent_path());
-  std::ofstream out(beside.GetPath(), std::ios::binary);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  if (!out) throw SourceError(path.string(), 0, "cannot be written");
-  finish(beside.GetPath());
-  std::filesystem::rename(beside.GetPath(), path, error);
-  if (error) throw SourceError(path.string(), 0, "cannot be replaced: " + error.message());
+  FileReplacement file;
+  const auto refuse = [&] { throw SourceError(path.string(), 0, "cannot be replaced: " + file.GetReason()); };
+  if (!file.Open(ToUtf8(path).c_str()) && std::filesystem::exists(path, error)) refuse();
+  if (!file.Write(bytes) || !file.Flush()) throw SourceError(path.string(), 0, "cannot be written");
+  finish(FromUtf8(file.GetNewPath()));
+  if (!file.Commit()) refuse();
 }
 
 ScratchFile::ScratchFile(const std::filesystem::path& folder) {

@@ -24,13 +24,21 @@ constexpr double kPi = std::numbers::pi;
 std::vector<unsigned char> ShortField(unsigned section, const char* name, short value) {
   std::vector<unsigned char> record(22);
   StoreLE32(&record[0], section);
-  StoreLE32(&record[4], static_cast<unsigned>(::GetUniqueID(name)));
+  StoreLE32(&record[4], static_cast<unsigned>(GetUniqueID(name)));
   record[8] = kFieldInt16;
   StoreLE16(&record[9], 1);
   record[15] = 1;
   StoreLE32(&record[16], kOwnQuerySection);
   StoreLE16(&record[20], static_cast<std::uint16_t>(value));
   return record;
+}
+
+// One function under two names: a plain call is clear although both are seen.
+TEST(Exported, NameIdsAreAskedForPlainly) {
+  EXPECT_GT(GetUniqueID("RA"), 0);
+  EXPECT_EQ(GetUniqueID("RA"), CommonInterfaces::GetUniqueID("RA"));
+  EXPECT_EQ(&::GetUniqueID, &CommonInterfaces::GetUniqueID);
+  EXPECT_EQ(GetUniqueID("RA"), FieldIds::RA);
 }
 
 TEST(Exported, SettingsReachTheCameraAndShiftItsLimits) {
@@ -130,7 +138,7 @@ TEST(Exported, AStarOfAnOwnDatabaseReachesAnOwnModel) {
   class OneField : public BaseDB {
    public:
     const void* GetField(int id) const override {
-      return id == ::GetUniqueID("Parallax") ? &parallax : nullptr;
+      return id == GetUniqueID("Parallax") ? &parallax : nullptr;
     }
     unsigned GetFieldType(int) const override { return kFieldInt16; }
     short parallax = 768;  // milliarcseconds

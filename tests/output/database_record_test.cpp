@@ -21,7 +21,7 @@ double Read(unsigned type, T value) {
   MadeUpRecord record;
   record.Set("n", type, std::vector<T>{value});
   double number = -77.0;
-  EXPECT_TRUE(ReadNumber(record, FieldIds::n, number));
+  EXPECT_TRUE(GetFieldNumber(record, FieldIds::n, number));
   return number;
 }
 
@@ -42,8 +42,8 @@ TEST(DatabaseRecordTest, AMissingFieldLeavesTheValue) {
   const MadeUpRecord record;
   double number = 5.0;
   float small = 6.0f;
-  EXPECT_FALSE(ReadNumber(record, FieldIds::n, number));
-  EXPECT_FALSE(ReadNumber(record, FieldIds::n, small));
+  EXPECT_FALSE(GetFieldNumber(record, FieldIds::n, number));
+  EXPECT_FALSE(GetFieldNumber(record, FieldIds::n, small));
   EXPECT_EQ(number, 5.0);
   EXPECT_EQ(small, 6.0f);
 }
@@ -53,7 +53,7 @@ TEST(DatabaseRecordTest, AnUnknownTypeIsAMissingField) {
   for (const unsigned type : {9u, 255u, 0x80000000u}) {
     record.Set("n", type, std::vector<double>{1.0});
     double number = 5.0;
-    EXPECT_FALSE(ReadNumber(record, FieldIds::n, number));
+    EXPECT_FALSE(GetFieldNumber(record, FieldIds::n, number));
     EXPECT_EQ(number, 5.0);
   }
 }
@@ -62,13 +62,13 @@ TEST(DatabaseRecordTest, SeveralValuesAreReadAllOrNone) {
   MadeUpRecord record;
   record.Set("CenterVector", kFieldInt16, std::vector<short>{-1, 2, -3});
   double values[3] = {7.0, 8.0, 9.0};
-  EXPECT_TRUE(ReadNumbers(record, FieldIds::CenterVector, values, 3));
+  EXPECT_TRUE(GetFieldNumbers(record, FieldIds::CenterVector, values, 3));
   EXPECT_EQ(values[0], -1.0);
   EXPECT_EQ(values[1], 2.0);
   EXPECT_EQ(values[2], -3.0);
   record.Set("CenterVector", kFieldFloat,
              std::vector<float>{1.0f, std::numeric_limits<float>::quiet_NaN(), 3.0f});
-  EXPECT_FALSE(ReadNumbers(record, FieldIds::CenterVector, values, 3));
+  EXPECT_FALSE(GetFieldNumbers(record, FieldIds::CenterVector, values, 3));
   EXPECT_EQ(values[0], -1.0);
   EXPECT_EQ(values[2], -3.0);
 }
@@ -78,10 +78,10 @@ TEST(DatabaseRecordTest, AFloatTakesTheLargestFloatAndNothingBeyond) {
   float small = 6.0f;
   const double largest = std::numeric_limits<float>::max();
   record.SetDouble("n", largest);
-  EXPECT_TRUE(ReadNumber(record, FieldIds::n, small));
+  EXPECT_TRUE(GetFieldNumber(record, FieldIds::n, small));
   EXPECT_EQ(small, std::numeric_limits<float>::max());
   record.SetDouble("n", -2.0 * largest);
-  EXPECT_FALSE(ReadNumber(record, FieldIds::n, small));
+  EXPECT_FALSE(GetFieldNumber(record, FieldIds::n, small));
   EXPECT_EQ(small, std::numeric_limits<float>::max());
 }
 

@@ -24,6 +24,7 @@ def exported_names(header):
     for match in re.finditer(r"\b(?:inline|constexpr)\s+[\w:<>\s*&]*?\b(\w+)\s*\(", depth_text):
         names.add(match.group(1))
     names |= set(re.findall(r"\busing\s+(\w+)\s*=", depth_text))
+    names |= set(re.findall(r"\busing\s+::(\w+)\s*;", depth_text))
     for match in re.finditer(r"\b[A-Z_]+_API\s+extern\s+[^;()]*?(\w+)(?:\[[^]]*\])?\s*;", depth_text):
         names.add(match.group(1))
     return {n for n in names if not n.startswith("operator")}

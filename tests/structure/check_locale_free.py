@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 """Checks that sources neither read nor write numbers through functions that obey the locale of the process, whose
-decimal point may be a comma.
+decimal point may be a comma and whose white space may be more than the ASCII one.
 
 usage: check_locale_free.py SOURCE_FILE...
 """
@@ -10,7 +10,7 @@ import re
 import sys
 
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
-FUNCTION = re.compile(r"\b(?:atof|strto(?:d|f|ld)|sto(?:d|f|ld)|v?[fs]?scanf|\w*stringstream|[io]fstream|to_string)\b")
+FUNCTION = re.compile(r"\b(?:ato(?:f|i|l|ll)|strto(?:d|f|ld|u?ll?)|sto(?:d|f|ld|i|u?ll?)|v?[fs]?scanf|\w*stringstream|[io]fstream|to_string)\b")
 REAL_CONVERSION = re.compile(r"%[-+ #0-9.*]*[lL]?[aAeEfFgG]")
 
 

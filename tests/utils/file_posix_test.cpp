@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include "companions/utils/file_platform.h"
 #include "support/debug_capture.h"
 #include "support/file_size_limit_posix.h"
 #include "support/temp_dir.h"
@@ -101,7 +100,7 @@ TEST(FullDisk, MFileReportsWhenItCloses) {
     ASSERT_TRUE(file.Open(path.c_str(), MFile::kWrite));
     ASSERT_TRUE(file.Seek(2, 0));
     EXPECT_EQ(file.Write("12345678", 8), 8u);  // held back
-    file.Close();
+    EXPECT_FALSE(file.Close());
   }
   EXPECT_EQ(dir.Read("f.data").substr(0, 4), "SREV");
   EXPECT_EQ(capture.lines, std::vector<std::string>{"Not everything could be written to " + path + "\n"});
@@ -120,9 +119,25 @@ TEST(FullDisk, MFileReportsWhenALaterOperationMeetsIt) {
     char byte;
     EXPECT_TRUE(file.Seek(0, 0));
     EXPECT_EQ(file.Read(&byte, 1), 0u);
-    file.Close();
+    EXPECT_FALSE(file.Close());
   }
   EXPECT_EQ(dir.Read("f.data"), "SREV");
+  EXPECT_EQ(capture.lines.size(), 1u);
+}
+
+// Asking for the length writes out what is held back.
+TEST(FullDisk, MFileReportsWhenItsLengthMetIt) {
+  TempDir dir;
+  DebugCapture capture;
+  MFile file;
+  ASSERT_TRUE(file.Open(dir.Path("f.data").c_str(), MFile::kWrite));
+  {
+    FileSizeLimit full(4);
+    EXPECT_EQ(file.Write("12345678", 8), 8u);
+    EXPECT_EQ(file.GetLength(), 4);
+  }
+  EXPECT_FALSE(file.Close());
+  EXPECT_TRUE(file.Close());  // nothing is open any more
   EXPECT_EQ(capture.lines.size(), 1u);
 }
 
@@ -223,17 +238,6 @@ TEST(Devices, AreNeverReplaced) {
   MTextFile file(false, '!', '}', 4096);
   EXPECT_FALSE(file.Open(dir.Path("pipe").c_str(), true));
   EXPECT_FALSE(file.Open("/dev/null", true));
-}
-
-TEST(CreateBeside, PassesOverNamesThatAreTaken) {
-  TempDir dir;
-  std::string first, second;
-  std::FILE* a = utils_internal::CreateBeside(dir.Path("f"), first);
-  std::FILE* b = utils_internal::CreateBeside(dir.Path("f"), second);
-  ASSERT_TRUE(a && b);
-  EXPECT_NE(first, second);
-  std::fclose(a);
-  std::fclose(b);
 }
 
 }  // namespace

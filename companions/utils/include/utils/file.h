@@ -33,8 +33,9 @@ class UTILS_API MFile {
   // "".
   bool Open(const char* path, int mode);
 
-  // Prints one line when what was written did not all reach the file (a full disk).
-  void Close();
+  // False, with one line, when what was written did not all reach the file (a full disk). True when nothing
+  // is open.
+  bool Close();
 
   // Bytes read or written, fewer than `size` at the end of the file or on an error. Read leaves the rest of
   // `out` as it was. Write may hold bytes back until Close, and stops at the largest length a file may have.
@@ -65,10 +66,11 @@ class UTILS_API MFile {
 
   std::unique_ptr<std::FILE, Closer> m_File;
   std::string m_Path;
-  int m_Position = 0;                        // where the next operation works
-  bool m_Moved = false;                      // the stream must be moved there first
-  Operation m_Operation = Operation::kNone;  // the stream's last one: after kWrite it may hold bytes back
-  bool m_WriteFailed = false;
+  int m_Position = 0;    // where the next operation works
+  bool m_Moved = false;  // the stream must be moved there first
+  // The stream's last one: after kWrite it may hold bytes back.
+  Operation m_Operation = Operation::kNone;
+  mutable bool m_WriteFailed = false;  // asking for the length writes out what is held back
 };
 
 // A text file, read line by line or written whole.
@@ -79,10 +81,9 @@ class UTILS_API MFile {
 // With `comments` set, a line whose first character is the comment character is skipped and a line that
 // begins with the end character ends the reading for good; without it neither character means anything.
 //
-// Writing: the text goes to a new file beside the target ("name.<process>-<count>.tmp"), which takes the
-// target's place, its permissions and its owner when Close succeeds. When the target is a symbolic link, what
-// it leads to is replaced and the link stays. A write that failed, or an object destroyed without Close,
-// leaves the old file as it was, removes the new one and prints one line that names the target.
+// Writing: the text is the new content of a FileReplacement (utils/replace_file.h), which Close commits. A
+// write that failed, or an object destroyed without Close, leaves the old file as it was and prints one line
+// that names the target.
 //
 // Not copyable. An object belongs to one thread.
 class UTILS_API MTextFile {
@@ -92,9 +93,7 @@ class UTILS_API MTextFile {
   MTextFile(const MTextFile&) = delete;
   MTextFile& operator=(const MTextFile&) = delete;
 
-  // False when the file cannot be opened; no message. For writing the target's folder must exist, and a
-  // target that exists must be a regular file that the process may write. What is open already is closed
-  // first, as by Close.
+  // False when the file cannot be opened; no message. What is open already is closed first, as by Close.
   bool Open(const char* path, bool write);
 
   // Copies the next line without its end into `buffer`, zero-terminated, at most size - 1 and lineSize - 1

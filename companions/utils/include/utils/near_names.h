@@ -7,9 +7,9 @@
 
 #include "utils/api.h"
 
-// The names that a mistyped one may have been meant for, at most `most`, each once: first those that begin with it
-// (two letters at least), then by the number of letters that differ, up to a third of the wanted name's. Capital and
-// small letters count as equal. May be empty. Any thread.
+// The names that a mistyped one may have been meant for, at most `most`, each once: first those that begin
+// with it (two letters at least), then by the number of letters that differ, up to a third of the wanted
+// name's. Capital and small letters count as equal. May be empty. Any thread.
 //
 //   FindNearNames("drew", {"Draw", "Grid"})    ->  "Draw"
 //   FindNearNames("Show", {"ShowLabel"})       ->  "ShowLabel"

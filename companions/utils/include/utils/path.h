@@ -2,20 +2,20 @@
 // SPDX-License-Identifier: MIT
 //
 // Logical file names. "media:find:table.bin" names the file media/find/table.bin below a root; ':', '\' and
-// '/' all separate. There are up to three roots: the work area, which the user's own files live in, the folder
-// of the user's language, and the data root, which ships with the application. A file of an earlier root hides
-// the file of the same name in a later one.
+// '/' all separate. There are up to three roots: the work area, which the user's own files live in, the
+// folder of the user's language, and the data root, which ships with the application. A file of an earlier
+// root hides the file of the same name in a later one.
 #pragma once
 
 #include <string>
 
 #include "utils/api.h"
 
-// All operations are static; the roots are process-wide state, set at start-up before other threads run, the one
-// of the language again with the language, while no other thread asks for paths.
-// An absolute path (leading '/' or '\', or a drive letter with ':' and one of these) stands for itself. Any other
-// name stays below its root: one with a piece ".." names nothing. Names and results are UTF-8; the pieces behind a
-// root are joined with '/', which every system takes.
+// All operations are static; the roots are process-wide state, set at start-up before other threads run, the
+// one of the language again with the language, while no other thread asks for paths. An absolute path
+// (leading '/' or '\', or a drive letter with ':' and one of these) stands for itself. Any other name stays
+// below its root: one with a piece ".." names nothing. Names and results are UTF-8; the pieces behind a root
+// are joined with '/', which every system takes.
 class UTILS_API ZentharPath {
  public:
   // Both roots are copied; a null or empty root is no root: nothing is found below it. The root of the

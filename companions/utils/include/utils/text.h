@@ -29,7 +29,8 @@ UTILS_API bool IsEmptyString(const char* text);
 
 // The name id of a settings or database field: a 31-bit hash, frozen because files keep it. Start with h = 0;
 // for each byte c, h = (h >> 8, arithmetic) ^ T[(h ^ c) & 0xFF] with T the CRC-32 table of the reflected
-// polynomial 0xEDB88320; the result is h & 0x7FFFFFFF. It is not a CRC-32 of the name. GetUniqueID("") is 0.
+// polynomial 0xEDB88320; the result is h & 0x7FFFFFFF. It is not a CRC-32 of the name. GetUniqueID("") is 0,
+// and so is that of null. Any thread, and any static initialiser.
 UTILS_API int GetUniqueID(const char* name);
 
 // The code of a text of exactly four characters, first character in the most significant byte; -1 otherwise.

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "utils/bytes.h"
+#include "utils/characters.h"
 #include "utils/clock.h"
 #include "utils/code_page.h"
 #include "utils/debug.h"
@@ -12,8 +13,10 @@
 #include "utils/geometry.h"
 #include "utils/locale.h"
 #include "utils/near_names.h"
+#include "utils/numbers.h"
 #include "utils/path.h"
 #include "utils/program.h"
+#include "utils/replace_file.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 #include "utils/version.h"

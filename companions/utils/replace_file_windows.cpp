@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <windows.h>
+
+#include <io.h>
+
+#include <atomic>
+#include <cstdio>
+#include <exception>
+#include <iterator>
+#include <system_error>
+
+#include "companions/utils/file_platform.h"
+#include "companions/utils/replace_file_platform.h"
+#include "companions/utils/wide_text_windows.h"
+#include "utils/file.h"
+
+namespace utils_internal {
+namespace {
+
+std::string GetSystemReason(DWORD code) {
+  std::string reason = std::system_category().message(static_cast<int>(code));
+  reason.erase(reason.find_last_not_of(" \r\n") + 1);
+  return reason;
+}
+
+// Another writer is about to replace the same target, or somebody reads it, for a moment.
+bool IsInUse(DWORD code) {
+  return code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED || code == ERROR_LOCK_VIOLATION ||
+         code == ERROR_UNABLE_TO_REMOVE_REPLACED;
+}
+
+bool MoveOverOnce(const std::wstring& from, const std::wstring& to, PathKind kind) {
+  // The first call keeps the access rights of the target; file systems without rights refuse it.
+  if (kind == PathKind::kFile &&
+      ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) {
+    return true;
+  }
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+}  // namespace
+
+// The system follows the whole chain itself, for what exists; a link that leads nowhere is taken as it is.
+std::string FollowLinks(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return path;
+  const HANDLE handle =
+      CreateFileW(Widen(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return path;
+  wchar_t target[4096];
+  const DWORD length = GetFinalPathNameByHandleW(handle, target, static_cast<DWORD>(std::size(target)), 0);
+  CloseHandle(handle);
+  return length > 0 && length < std::size(target) ? Narrow(target) : path;
+}
+
+bool IsWriteProtected(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+}
+
+// The target's permissions are taken over by MoveOver.
+std::FILE* CreateBeside(const std::string& target, std::string& path, std::string& reason) {
+  static std::atomic<unsigned> s_Counter{0};  // any thread
+  // Names left behind by a process of the same number are passed over.
+  constexpr int kTries = 10000;
+  DWORD code = ERROR_FILE_EXISTS;
+  for (int i = 0; i < kTries && code == ERROR_FILE_EXISTS; ++i) {
+    path = target + "." + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(s_Counter++) + ".tmp";
+    const HANDLE handle = CreateFileW(Widen(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                      CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    code = GetLastError();
+    if (handle == INVALID_HANDLE_VALUE) continue;
+    CloseHandle(handle);
+    if (std::FILE* const file = mm_fopen(path.c_str(), "wb")) return file;
+    code = GetLastError();
+    RemoveFile(path);
+    break;
+  }
+  reason = GetSystemReason(code);
+  return nullptr;
+}
+
+bool FlushToDisk(std::FILE* file) { return std::fflush(file) == 0 && _commit(_fileno(file)) == 0; }
+
+bool MoveOver(const std::string& path, const std::string& target, std::string& reason) {
+  constexpr int kTries = 100;
+  constexpr DWORD kPause = 5;  // milliseconds
+  const std::wstring from = Widen(path), to = Widen(target);
+  for (int i = 0; i < kTries; ++i) {
+    const PathKind kind = GetPathKind(target);
+    // Not every system of this interface refuses it by itself.
+    if (kind == PathKind::kFolder) {
+      reason = "it is no regular file";
+      return false;
+    }
+    if (MoveOverOnce(from, to, kind)) {
+      reason.clear();
+      return true;
+    }
+    const DWORD code = GetLastError();
+    reason = GetSystemReason(code);
+    if (!IsInUse(code)) return false;
+    Sleep(kPause);
+  }
+  return false;
+}
+
+void RemoveFile(const std::string& path) noexcept {
+  try {
+    DeleteFileW(Widen(path).c_str());
+  } catch (const std::exception&) {  // no memory: the file stays
+  }
+}
+
+}  // namespace utils_internal
