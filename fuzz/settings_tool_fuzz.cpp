@@ -11,11 +11,11 @@
 #include "fuzz/scratch.h"
 #include "skydata/files/source_error.h"
 #include "skydata/settings/check.h"
-#include "skydata/settings/compiler.h"
 #include "skydata/settings/diff.h"
-#include "skydata/settings/file_reader.h"
-#include "skydata/settings/parser.h"
-#include "skydata/settings/text_writer.h"
+#include "skydata/settings/dump.h"
+#include "skydata/settings/reader/file_reader.h"
+#include "skydata/settings/text/compiler.h"
+#include "skydata/settings/text/parser.h"
 
 namespace {
 

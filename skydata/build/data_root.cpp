@@ -9,8 +9,8 @@
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/files/year_limits.h"
-#include "skydata/settings/compiler.h"
-#include "skydata/settings/parser.h"
+#include "skydata/settings/text/compiler.h"
+#include "skydata/settings/text/parser.h"
 #include "skydata/strings/table.h"
 
 namespace skydata {

@@ -7,8 +7,8 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/settings_input.h"
 #include "skydata/files/whole_file.h"
-#include "skydata/settings/compiler.h"
-#include "skydata/settings/parser.h"
+#include "skydata/settings/text/compiler.h"
+#include "skydata/settings/text/parser.h"
 
 namespace skydata {
 namespace {

@@ -7,7 +7,7 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/settings_input.h"
 #include "skydata/settings/check.h"
-#include "skydata/settings/text_writer.h"
+#include "skydata/settings/dump.h"
 
 namespace skydata {
 namespace {

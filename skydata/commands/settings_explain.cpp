@@ -7,7 +7,7 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/settings_input.h"
 #include "skydata/settings/explain.h"
-#include "skydata/settings/values.h"
+#include "skydata/settings/text/values.h"
 
 namespace skydata {
 namespace {

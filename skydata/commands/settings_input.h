@@ -7,7 +7,7 @@
 #include <iosfwd>
 #include <string>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 
 namespace CLI {
 class App;

@@ -9,8 +9,8 @@
 
 #include "skydata/commands/command.h"
 #include "skydata/files/whole_file.h"
-#include "skydata/settings/file_reader.h"
-#include "skydata/settings/text_writer.h"
+#include "skydata/settings/dump.h"
+#include "skydata/settings/reader/file_reader.h"
 #include "skydata/show/files.h"
 
 namespace skydata {

@@ -16,8 +16,8 @@ std::string ReadFile(const std::filesystem::path& path);
 // The lines of a text file, each without the blanks at its end. Throws SourceError when it cannot be read.
 TextLines ReadLines(const std::filesystem::path& path);
 
-// Gives `path` these bytes, whole or not at all, in the way of utils/replace_file.h; makes the folders that lead
-// to it. Throws SourceError when that fails: what stood there before then still does.
+// Gives `path` these bytes, whole or not at all, in the way of utils/replace_file.h; makes the folders that
+// lead to it. Throws SourceError when that fails: what stood there before then still does.
 void ReplaceFile(const std::filesystem::path& path, const std::string& bytes);
 
 // The same, with a last look at the new file before it takes its place: whatever `finish` throws keeps it

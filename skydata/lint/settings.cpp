@@ -5,7 +5,7 @@
 #include "common_interfaces/settings_data.h"
 #include "skydata/lint/rules.h"
 #include "skydata/settings/check.h"
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 
 namespace skydata {
 namespace {

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "skydata/settings/check.h"
-#include "skydata/settings/format.h"
-#include "skydata/settings/values.h"
+#include "skydata/settings/text/format.h"
+#include "skydata/settings/text/values.h"
 
 namespace skydata {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "skydata/settings/file.h"
-#include "skydata/settings/names.h"
+#include "skydata/settings/reader/file.h"
+#include "skydata/settings/reader/names.h"
 
 namespace skydata {
 

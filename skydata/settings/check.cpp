@@ -10,8 +10,8 @@
 
 #include "common_interfaces/settings_data.h"
 #include "skydata/settings/block_check.h"
-#include "skydata/settings/format.h"
-#include "skydata/settings/values.h"
+#include "skydata/settings/text/format.h"
+#include "skydata/settings/text/values.h"
 #include "utils/bytes.h"
 #include "utils/text.h"
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "skydata/settings/file.h"
-#include "skydata/settings/names.h"
+#include "skydata/settings/reader/file.h"
+#include "skydata/settings/reader/names.h"
 
 namespace skydata {
 

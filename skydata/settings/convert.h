@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "skydata/settings/file.h"
+#include "skydata/settings/reader/file.h"
 
 namespace skydata {
 

@@ -7,7 +7,7 @@
 #include <ostream>
 #include <utility>
 
-#include "skydata/settings/format.h"
+#include "skydata/settings/text/format.h"
 
 namespace skydata {
 namespace {

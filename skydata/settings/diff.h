@@ -4,7 +4,7 @@
 
 #include <iosfwd>
 
-#include "skydata/settings/file.h"
+#include "skydata/settings/reader/file.h"
 
 namespace skydata {
 

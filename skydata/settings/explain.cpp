@@ -8,7 +8,7 @@
 
 #include "skydata/settings/check.h"
 #include "skydata/settings/explain_choice.h"
-#include "skydata/settings/format.h"
+#include "skydata/settings/text/format.h"
 
 namespace skydata {
 namespace {

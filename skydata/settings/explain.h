@@ -7,8 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "skydata/settings/file.h"
-#include "skydata/settings/names.h"
+#include "skydata/settings/reader/file.h"
+#include "skydata/settings/reader/names.h"
 
 namespace skydata {
 

@@ -7,8 +7,8 @@
 #include <set>
 
 #include "common_interfaces/settings_data.h"
-#include "skydata/settings/format.h"
-#include "skydata/settings/values.h"
+#include "skydata/settings/text/format.h"
+#include "skydata/settings/text/values.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/files/binary_tables.h"
 #include "skydata/files/object_names.h"
-#include "skydata/settings/file_reader.h"
-#include "skydata/settings/format.h"
+#include "skydata/settings/reader/file_reader.h"
+#include "skydata/settings/text/format.h"
 #include "skydata/show/files.h"
 
 namespace skydata {

@@ -10,7 +10,7 @@
 #include "skydata/files/source_error.h"
 #include "support/temp_dir.h"
 
-namespace tools_test {
+namespace skydata_test {
 
 // The message of the SourceError that the call throws, without the path of the test's folder and with '/' on
 // every platform; "" when it throws none.
@@ -47,4 +47,4 @@ inline std::vector<std::vector<std::string>> SplitTable(const std::string& bytes
   return records;
 }
 
-}  // namespace tools_test
+}  // namespace skydata_test

@@ -7,7 +7,7 @@
 
 #include "tests/skydata/source_text.h"
 
-namespace tools_test {
+namespace skydata_test {
 
 // A source folder with a few objects of every kind: planets 1 to 3 and the Moon, four stars, two deep-sky
 // objects, a constellation, an asteroid and a comet.
@@ -50,4 +50,4 @@ class TinySource {
   test_support::TempDir dir;
 };
 
-}  // namespace tools_test
+}  // namespace skydata_test

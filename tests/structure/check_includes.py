@@ -24,9 +24,11 @@ MAY_INCLUDE = {
 }
 
 # The rooms of skydata, which all may use the library.
-ROOMS = {"files": set(), "settings": {"files"}, "strings": {"files"}, "build": {"files", "settings", "strings"},
-         "lint": {"files", "settings", "strings"}, "show": {"files", "settings", "strings"},
-         "commands": {"files", "settings", "strings", "build", "lint", "show"}}
+ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
+ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
+for room in ["build", "lint", "show"]:
+    ROOMS[room] = {"strings", "settings", *ROOMS["settings"]}
+ROOMS["commands"] = {*ROOMS}
 ROOMS[""] = {*ROOMS}
 for room, below in ROOMS.items():
     MAY_INCLUDE["skydata/" + room] = MAY_INCLUDE["host"] | {"skydata/" + name for name in below}

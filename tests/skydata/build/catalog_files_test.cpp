@@ -23,7 +23,7 @@ class BodiesSource : public testing::Test {
   std::string Message(const std::string& rows) {
     return m_Source.Message(MakePlanetsAndMoons, kBodies, kBodyColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 TEST_F(BodiesSource, ALineHasKindNumberNameAndTheFlagThatIsGiven) {
@@ -88,7 +88,7 @@ class TimesSource : public testing::Test {
   std::string Message(const std::string& rows) {
     return m_Source.Message(MakeObservationTimes, kTimes, kTimeColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 TEST_F(TimesSource, ADateIsDayMonthYearAndHour) {
@@ -149,7 +149,7 @@ class PanoramaSource : public testing::Test {
   std::string Message(const std::string& rows) {
     return m_Source.Message(MakePanoramas, kLandscapes, kLandscapeColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 TEST_F(PanoramaSource, ALineHasTheSevenFieldsInOrder) {

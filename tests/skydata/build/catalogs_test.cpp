@@ -23,7 +23,7 @@ constexpr double kArcSecond = kRadiansPerDegree / 3600.0;
 // A table with cells by record and column name.
 class Table {
  public:
-  explicit Table(const std::string& bytes) : m_Records(tools_test::SplitTable(bytes)) {
+  explicit Table(const std::string& bytes) : m_Records(skydata_test::SplitTable(bytes)) {
     for (std::size_t i = 0; i < m_Records[0].size(); ++i) m_Columns[m_Records[0][i]] = i;
   }
   std::size_t GetCount() const { return m_Records.size() - 1; }
@@ -263,24 +263,24 @@ const std::string kStarHeader =
 
 TEST_F(DamagedCatalog, ATwiceNumberedStarIsRefused) {
   m_Dir.Write("stars/stars.tsv", kStarHeader + "1\t10\t20\t5\n1\t10\t20\t5\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
             "stars/stars.tsv:3: HR: 1 stands above already");
 }
 TEST_F(DamagedCatalog, AStarWithoutAMagnitudeIsRefused) {
   m_Dir.Write("stars/stars.tsv", kStarHeader + "1\t10\t20\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
             "stars/stars.tsv:2: V_mag: must not be empty");
 }
 TEST_F(DamagedCatalog, ADeclinationPastThePoleIsRefused) {
   m_Dir.Write("stars/stars.tsv", kStarHeader + "1\t10\t90.5\t5\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeStarCatalog(m_Dir.Path()); }),
             "stars/stars.tsv:2: Dec_deg: 90.5 is out of range");
 }
 TEST_F(DamagedCatalog, AnUnknownDeepskyTypeIsRefused) {
   m_Dir.Write("deepsky/messier.tsv",
               "Messier\tNGC_IC\tName\tType\tV_mag\tLargest_arcmin\tSmallest_arcmin\tRA_deg\tDec_deg\n"
               "1\t\t\tquasar\t8\t1\t1\t10\t20\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeDeepskyCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeDeepskyCatalog(m_Dir.Path()); }),
             "deepsky/messier.tsv:2: Type: 'quasar' is no known type");
 }
 TEST_F(DamagedCatalog, ATwiceNumberedMessierObjectIsRefused) {
@@ -288,23 +288,23 @@ TEST_F(DamagedCatalog, ATwiceNumberedMessierObjectIsRefused) {
   m_Dir.Write(
       "deepsky/messier.tsv",
       "Messier\tNGC_IC\tName\tType\tV_mag\tLargest_arcmin\tSmallest_arcmin\tRA_deg\tDec_deg\n" + line + line);
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeDeepskyCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeDeepskyCatalog(m_Dir.Path()); }),
             "deepsky/messier.tsv:3: Messier: 1 stands above already");
 }
 TEST_F(DamagedCatalog, ANamelessConstellationIsRefused) {
   m_Dir.Write("constellations/constellations.tsv",
               "Abbreviation\tLatin\tEnglish\tRA_deg\tDec_deg\n\tOrion\tOrion\t1\t2\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeConstellationCatalog(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeConstellationCatalog(m_Dir.Path()); }),
             "constellations/constellations.tsv:2: Abbreviation: must not be empty");
 }
 TEST_F(DamagedCatalog, ABrokenVertexOfAFigureIsRefused) {
   m_Dir.Write("constellations/lines.tsv", "Abbreviation\tPolyline\tRA_deg\tDec_deg\nOri\t0\t400\t2\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeConstellationLines(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeConstellationLines(m_Dir.Path()); }),
             "constellations/lines.tsv:2: RA_deg: 400 is out of range");
 }
 TEST_F(DamagedCatalog, ASixthLevelOfTheMilkyWayIsRefused) {
   m_Dir.Write("milkyway/outlines.tsv", "Level\tRing\tRA_deg\tDec_deg\n6\t0\t1\t2\n");
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { MakeMilkyWay(m_Dir.Path()); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeMilkyWay(m_Dir.Path()); }),
             "milkyway/outlines.tsv:2: Level: 6 is out of range");
 }
 

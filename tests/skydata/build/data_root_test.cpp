@@ -184,8 +184,8 @@ class DamagedSource : public testing::Test {
     std::filesystem::copy(CI_DATA_SOURCE, m_Dir.Path("source"), std::filesystem::copy_options::recursive);
   }
   std::string BuildMessage() {
-    return tools_test::MessageOf(m_Dir,
-                                 [&] { BuildDataRoot(m_Dir.Path("source"), m_Dir.Path("out"), "en"); });
+    return skydata_test::MessageOf(m_Dir,
+                                   [&] { BuildDataRoot(m_Dir.Path("source"), m_Dir.Path("out"), "en"); });
   }
   test_support::TempDir m_Dir;
 };

@@ -32,7 +32,7 @@ class FindSource : public testing::Test {
   std::string FlightMessage(const std::string& rows) {
     return m_Source.Message(MakeFlightObjects, kFlights, kFlightColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 // "plnt" 0x706C6E74 stands as "tnlp"; a galaxy's number loses its sub-type, 62, for 0x3C.

@@ -27,7 +27,7 @@ constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 // A table with cells by record and column name.
 class Table {
  public:
-  explicit Table(const std::string& bytes) : m_Records(tools_test::SplitTable(bytes)) {
+  explicit Table(const std::string& bytes) : m_Records(skydata_test::SplitTable(bytes)) {
     for (std::size_t i = 0; i < m_Records[0].size(); ++i)
       m_Columns[m_Records[0][i].substr(0, m_Records[0][i].find(':'))] = i;
   }

@@ -23,7 +23,7 @@ class ImageSource : public testing::Test {
   std::string Message(const std::string& rows) {
     return m_Source.Message(MakeConstellationImages, kImages, kImageColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 TEST_F(ImageSource, TheBytesAreBigEndianHundredThousandthsOfADegree) {
@@ -87,7 +87,7 @@ class PictureSource : public testing::Test {
   std::string Message(const std::string& rows) {
     return m_Source.Message(MakeDeepskyImages, kPictures, kPictureColumns + rows);
   }
-  tools_test::TinySource m_Source;
+  skydata_test::TinySource m_Source;
 };
 
 TEST_F(PictureSource, ALineHasTheTenFieldsAndTheLetterBehindTheNumber) {

@@ -13,11 +13,11 @@ class SourceTableFile : public testing::Test {
  protected:
   SourceTable Load(const std::string& text) { return SourceTable(m_Dir.Write("t.tsv", text), {"A", "B"}); }
   std::string LoadMessage(const std::string& text) {
-    return tools_test::MessageOf(m_Dir, [&] { Load(text); });
+    return skydata_test::MessageOf(m_Dir, [&] { Load(text); });
   }
   std::string CellMessage(const std::string& cell) {
     const SourceTable table = Load("A\tB\n" + cell + "\tx\n");
-    return tools_test::MessageOf(m_Dir, [&] { table.GetInteger(0, 0, 0, 10); });
+    return skydata_test::MessageOf(m_Dir, [&] { table.GetInteger(0, 0, 0, 10); });
   }
   test_support::TempDir m_Dir;
 };
@@ -40,7 +40,7 @@ TEST_F(SourceTableFile, TooManyCellsAreRefused) {
   EXPECT_EQ(LoadMessage("A\tB\n1\t2\n\n1\t2\t3\n"), "t.tsv:4: has 3 cells, wants 2");
 }
 TEST_F(SourceTableFile, AMissingFileIsNamed) {
-  EXPECT_EQ(tools_test::MessageOf(m_Dir, [&] { SourceTable(m_Dir.Path("t.tsv"), {"A"}); }),
+  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { SourceTable(m_Dir.Path("t.tsv"), {"A"}); }),
             "t.tsv: cannot be opened");
 }
 TEST_F(SourceTableFile, EveryCellMistakeNamesLineAndColumn) {

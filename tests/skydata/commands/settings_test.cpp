@@ -15,7 +15,7 @@
 namespace skydata {
 namespace {
 
-using namespace tools_test;
+using namespace skydata_test;
 
 struct Result {
   int code;

@@ -8,9 +8,9 @@
 namespace skydata {
 namespace {
 
-using tools_test::StringsText;
+using skydata_test::StringsText;
 
-class StringsCommand : public tools_test::StringsTest {
+class StringsCommand : public skydata_test::StringsTest {
  protected:
   // Runs "skydata strings ..."; what it prints is in m_Output and m_Errors.
   int RunStrings(std::vector<std::string> arguments) {
@@ -25,8 +25,8 @@ class StringsCommand : public tools_test::StringsTest {
 };
 
 TEST_F(StringsCommand, CheckOfGoodTablesPrintsNothingAndEndsWithZero) {
-  const std::string english = m_Dir.Write("en/s.txt", tools_test::ReadShippedStrings("en"));
-  const std::string russian = m_Dir.Write("ru/s.txt", tools_test::ReadShippedStrings("ru"));
+  const std::string english = m_Dir.Write("en/s.txt", skydata_test::ReadShippedStrings("en"));
+  const std::string russian = m_Dir.Write("ru/s.txt", skydata_test::ReadShippedStrings("ru"));
   EXPECT_EQ(RunStrings({"check", english, russian}), kDone);
   EXPECT_EQ(m_Output + m_Errors, "");
 }

@@ -36,7 +36,7 @@ TEST(SourceFiles, ReplacingMakesFoldersAndLeavesNothingBeside) {
 TEST(SourceFiles, AFolderInTheWayIsAnErrorAndStays) {
   const test_support::TempDir dir;
   dir.Write("c.bin/kept.txt", "kept");
-  const std::string message = tools_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("c.bin"), "x"); });
+  const std::string message = skydata_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("c.bin"), "x"); });
   EXPECT_EQ(message.substr(0, 26), "c.bin: cannot be replaced:");
   EXPECT_EQ(dir.Read("c.bin/kept.txt"), "kept");
   EXPECT_EQ(CountFiles(dir.Path()), 1);
@@ -44,13 +44,13 @@ TEST(SourceFiles, AFolderInTheWayIsAnErrorAndStays) {
 TEST(SourceFiles, AFileWhereAFolderShouldBeIsAnError) {
   const test_support::TempDir dir;
   dir.Write("a", "file");
-  EXPECT_EQ(tools_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("a/b.bin"), "x"); }),
+  EXPECT_EQ(skydata_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("a/b.bin"), "x"); }),
             "a/b.bin: cannot be written");
 }
 TEST(SourceFiles, AFolderCannotBeReadAsAFile) {
   const test_support::TempDir dir;
   dir.Write("folder/file", "x");
-  const std::string message = tools_test::MessageOf(dir, [&] { ReadFile(dir.Path("folder")); });
+  const std::string message = skydata_test::MessageOf(dir, [&] { ReadFile(dir.Path("folder")); });
   EXPECT_EQ(message.substr(0, 15), "folder: cannot ");  // be opened, or be read: that is the system's choice
 }
 TEST(SourceFiles, WhatTheLastLookThrowsKeepsTheFileAsItWas) {
@@ -60,7 +60,7 @@ TEST(SourceFiles, WhatTheLastLookThrowsKeepsTheFileAsItWas) {
     EXPECT_EQ(ReadFile(beside), "new");
     throw SourceError(dir.Path("c.bin"), 0, "refused");
   };
-  EXPECT_EQ(tools_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("c.bin"), "new", refuse); }),
+  EXPECT_EQ(skydata_test::MessageOf(dir, [&] { ReplaceFile(dir.Path("c.bin"), "new", refuse); }),
             "c.bin: refused");
   EXPECT_EQ(dir.Read("c.bin"), "old");
   EXPECT_EQ(CountFiles(dir.Path()), 1);

@@ -14,7 +14,7 @@ namespace {
 class YearLimits : public testing::Test {
  protected:
   std::string Message(const std::string& text) {
-    return tools_test::MessageOf(m_Dir, [&] { CheckYearLimits(m_Dir.Write("y.ini", text)); });
+    return skydata_test::MessageOf(m_Dir, [&] { CheckYearLimits(m_Dir.Write("y.ini", text)); });
   }
   test_support::TempDir m_Dir;
 };

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace tools_test {
+namespace skydata_test {
 
 // A small data root and what is said about it; form: tests/skydata/lint/damaged/README.md.
 struct DamagedCase {
@@ -106,4 +106,4 @@ inline std::vector<DamagedCase> ReadAllCases(const std::filesystem::path& folder
   return all;
 }
 
-}  // namespace tools_test
+}  // namespace skydata_test

@@ -11,10 +11,10 @@
 namespace skydata {
 namespace {
 
-using tools_test::DamagedCase;
+using skydata_test::DamagedCase;
 
 const std::vector<DamagedCase>& AllCases() {
-  static const std::vector<DamagedCase> s_Cases = tools_test::ReadAllCases(CI_DAMAGED_FILES);
+  static const std::vector<DamagedCase> s_Cases = skydata_test::ReadAllCases(CI_DAMAGED_FILES);
   return s_Cases;
 }
 

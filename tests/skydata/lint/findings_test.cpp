@@ -56,7 +56,7 @@ TEST(LintCodes, AreWordsJoinedByHyphensAndStandOnce) {
 // themselves.
 TEST(LintCodes, AlmostAllHaveAFileInTheCorpus) {
   std::string wanted;
-  for (const auto& one : tools_test::ReadAllCases(CI_DAMAGED_FILES)) wanted += one.wanted;
+  for (const auto& one : skydata_test::ReadAllCases(CI_DAMAGED_FILES)) wanted += one.wanted;
   const std::set<std::string> without = {"unreadable", "reader-message", "reader-differs"};
   for (const LintKind& kind : GetLintKinds()) {
     const bool isThere = wanted.find(std::string(": ") + kind.code + ": ") != std::string::npos;

@@ -95,7 +95,7 @@ class LintTable : public testing::Test {
     }
     return findings;
   }
-  tools_test::StringsText m_Text;
+  skydata_test::StringsText m_Text;
   test_support::TempDir m_Dir;
 };
 

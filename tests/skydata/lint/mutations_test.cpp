@@ -60,7 +60,7 @@ std::string FindDisagreement(const std::filesystem::path& root) {
 
 TEST(LintMutations, RulesAndReadersAgreeOnWhateverAFileHolds) {
   Random random(20260117);  // the same changes each time
-  for (const tools_test::DamagedCase& one : tools_test::ReadAllCases(CI_DAMAGED_FILES)) {
+  for (const skydata_test::DamagedCase& one : skydata_test::ReadAllCases(CI_DAMAGED_FILES)) {
     if (!one.wanted.empty()) continue;
     for (int round = 0; round < 20; ++round) {
       const test_support::TempDir dir;

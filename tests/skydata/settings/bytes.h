@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace tools_test {
+namespace skydata_test {
 
 inline std::string Le16(unsigned value) {
   return {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8 & 0xFF)};
@@ -58,4 +58,4 @@ inline std::string SmallBlock(const std::string& key = kKeyOfDefaults) {
   return Block(key, {Section(kStarBytes, 0, 0)}, {Record(kStarBytes, kDraw, 1, 1, "\x01")});
 }
 
-}  // namespace tools_test
+}  // namespace skydata_test

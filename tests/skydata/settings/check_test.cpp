@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 
 namespace skydata {
 namespace {
 
 using namespace std::string_literals;
-using namespace tools_test;
+using namespace skydata_test;
 
 std::string Summary(const std::string& bytes, FileKind kind = FileKind::kSettings) {
   const FieldNames names;

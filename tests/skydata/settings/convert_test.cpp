@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/settings_data.h"
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 #include "tests/skydata/source_text.h"
 #include "utils/text.h"
@@ -13,7 +13,7 @@
 namespace skydata {
 namespace {
 
-using namespace tools_test;
+using namespace skydata_test;
 
 // The name id of "m_Zoom", computed apart from this code by the rule of docs/formats/field_record.md.
 constexpr unsigned kZoom = 0x388BB2C8;

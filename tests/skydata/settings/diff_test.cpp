@@ -6,13 +6,13 @@
 
 #include <sstream>
 
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 
 namespace skydata {
 namespace {
 
-using namespace tools_test;
+using namespace skydata_test;
 
 // What is said of two files; "same" when there is nothing.
 std::string Diff(const std::string& first, const std::string& second) {

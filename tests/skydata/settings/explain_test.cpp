@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "common_interfaces/settings_data.h"
-#include "skydata/settings/file_reader.h"
+#include "skydata/settings/reader/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
 #include "tests/skydata/source_text.h"
 #include "utils/text.h"
@@ -15,7 +15,7 @@
 namespace skydata {
 namespace {
 
-using namespace tools_test;
+using namespace skydata_test;
 
 constexpr unsigned kStar = FourCC("star");
 constexpr unsigned kFilters = FourCC("FLTR");

@@ -12,9 +12,9 @@
 namespace skydata {
 namespace {
 
-using tools_test::Strings;
+using skydata_test::Strings;
 
-class ShippedLanguages : public tools_test::StringsTest {
+class ShippedLanguages : public skydata_test::StringsTest {
  protected:
   static StringsSource ReadShipped(const std::string& language) {
     return ReadStrings(CI_DATA_SOURCE "/strings/" + language + "/qxstrings.txt");

@@ -9,10 +9,10 @@
 namespace skydata {
 namespace {
 
-using tools_test::Strings;
-using tools_test::StringsText;
+using skydata_test::Strings;
+using skydata_test::StringsText;
 
-class StringsCheck : public tools_test::StringsTest {
+class StringsCheck : public skydata_test::StringsTest {
  protected:
   // The findings of the good table with a further line, without its number.
   Strings CheckLine(const std::string& line) {

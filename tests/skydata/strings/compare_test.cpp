@@ -6,9 +6,9 @@
 namespace skydata {
 namespace {
 
-using tools_test::Strings;
+using skydata_test::Strings;
 
-class StringsCompare : public tools_test::StringsTest {
+class StringsCompare : public skydata_test::StringsTest {
  protected:
   // The findings about an English and a German table with these lines.
   Strings Compare(const std::string& english, const std::string& german) {

@@ -13,7 +13,7 @@
 #include "skydata/strings/check.h"
 #include "support/temp_dir.h"
 
-namespace tools_test {
+namespace skydata_test {
 
 inline std::string ReadShippedStrings(const std::string& language) {
   std::ifstream in(CI_DATA_SOURCE "/strings/" + language + "/qxstrings.txt", std::ios::binary);
@@ -71,4 +71,4 @@ class StringsTest : public testing::Test {
 
 using Strings = std::vector<std::string>;
 
-}  // namespace tools_test
+}  // namespace skydata_test

@@ -7,9 +7,9 @@
 namespace skydata {
 namespace {
 
-using tools_test::Strings;
+using skydata_test::Strings;
 
-class StringsPseudo : public tools_test::StringsTest {
+class StringsPseudo : public skydata_test::StringsTest {
  protected:
   std::string Disguise(const std::string& text, const std::string& language = "en") {
     return MakePseudoLanguage(Read(text, language));
@@ -62,9 +62,9 @@ TEST_F(StringsPseudo, CommentsIdentifiersTabsAndNotesStay) {
 
 TEST_F(StringsPseudo, EveryShippedLanguageInDisguisePassesTheCheck) {
   for (const std::string language : {"en", "de", "ru"}) {
-    const std::string disguised = Disguise(tools_test::ReadShippedStrings(language), language);
+    const std::string disguised = Disguise(skydata_test::ReadShippedStrings(language), language);
     EXPECT_EQ(Check(disguised, language), Strings{}) << language;
-    EXPECT_EQ(Lines(CompareStrings({Read(tools_test::ReadShippedStrings("en")), Read(disguised, "xx")})),
+    EXPECT_EQ(Lines(CompareStrings({Read(skydata_test::ReadShippedStrings("en")), Read(disguised, "xx")})),
               Strings{});
   }
 }

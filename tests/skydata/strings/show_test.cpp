@@ -16,7 +16,7 @@
 namespace skydata {
 namespace {
 
-class StringsShow : public tools_test::StringsTest {
+class StringsShow : public skydata_test::StringsTest {
  protected:
   ~StringsShow() override {
     SetSystemLocale("en");

@@ -11,7 +11,7 @@
 namespace skydata {
 namespace {
 
-class StringsReader : public tools_test::StringsTest {};
+class StringsReader : public skydata_test::StringsTest {};
 
 TEST_F(StringsReader, TheLanguageIsTheNameOfTheFolderUnlessItIsGiven) {
   const std::string path = m_Dir.Write("ru/s.txt", "");

@@ -8,23 +8,23 @@
 namespace skydata {
 namespace {
 
-using tools_test::StringsText;
+using skydata_test::StringsText;
 
-class StringsTable : public tools_test::StringsTest {
+class StringsTable : public skydata_test::StringsTest {
  protected:
   std::string Make(const std::string& text, const std::string& language) {
     return MakeStringTable(m_Dir.Write(language + "/s.txt", text));
   }
   std::string Message(const std::string& text, const std::string& language = "en") {
-    return tools_test::MessageOf(m_Dir, [&] { Make(text, language); });
+    return skydata_test::MessageOf(m_Dir, [&] { Make(text, language); });
   }
 };
 
 TEST_F(StringsTable, TextsAreInTheCodePageOfTheirLanguage) {
-  const std::string german = Make(tools_test::ReadShippedStrings("de"), "de");
+  const std::string german = Make(skydata_test::ReadShippedStrings("de"), "de");
   EXPECT_NE(german.find("\n973\tM\xE4rz\n"), std::string::npos);
   EXPECT_NE(german.find("\n15400\tBezugsebene:\xA0\n"), std::string::npos);
-  const std::string russian = Make(tools_test::ReadShippedStrings("ru"), "ru");
+  const std::string russian = Make(skydata_test::ReadShippedStrings("ru"), "ru");
   EXPECT_NE(russian.find("\n130632\t\xE4\xED\xE5\xE9\n"), std::string::npos);
   EXPECT_NE(russian.find("\n968\t\xDE\n"), std::string::npos);
 }
