@@ -23,8 +23,17 @@ MAY_INCLUDE = {
     "scene": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
     "paint": {"scene", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
     "skyview": {"scene", "paint", "catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "tools": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
+
+# The rooms of skydata, which all may use the library.
+ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
+ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
+for room in ["build", "lint", "show"]:
+    ROOMS[room] = {"strings", "settings", *ROOMS["settings"]}
+ROOMS["commands"] = {*ROOMS}
+ROOMS[""] = {*ROOMS}
+for room, below in ROOMS.items():
+    MAY_INCLUDE["skydata/" + room] = MAY_INCLUDE["umbrella"] | {"umbrella"} | {"skydata/" + name for name in below}
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {
@@ -50,7 +59,8 @@ PUBLIC = {
 FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
           "thread": "thread",
           "scene": "scene", "paint": "paint", "skyview": "skyview",
-          "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
+          **{"skydata/" + room if room else "skydata": "skydata/" + room for room in ROOMS},
+          "companions/utils": "utils", "companions/astro": "astro"}
 
 
 def storey(path):
