@@ -20,8 +20,6 @@ struct MovingType {
   bool keep = false;
 };
 
-enum class HomeAction { kShow, kStore, kGo };
-
 // What changes from one frame of a sequence to the next.
 struct PlayRequest {
   std::optional<double> time;  // days; not 0
@@ -32,7 +30,6 @@ inline constexpr int kMaxFrames = 10000;
 inline constexpr int kMaxMarks = 100;
 
 std::optional<MovingType> ParseMovingType(std::string_view text);
-std::optional<HomeAction> ParseHomeAction(std::string_view text);  // "show", "store" or "go"
 
 // "time=10m" or "view=1,view=0.5" or both, each with a step that is not 0. A step of time has a unit, s, m, h or d, and
 // is at most 100000 days; one of the view is at most 360 degrees, and 0 leaves that angle alone.

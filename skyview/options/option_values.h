@@ -37,6 +37,12 @@ struct PictureSize {
   int height = 1000;
 };
 
+// A place in the picture, pixels from its upper left corner.
+struct Pixel {
+  double x = 0.0;  // to the right, 0 to 16384
+  double y = 0.0;  // down, 0 to 16384
+};
+
 // A moment as written: Julian day number and fraction of the written date and time.
 struct WrittenTime {
   int day = 0;
@@ -51,6 +57,7 @@ std::optional<ViewFile> ParseViewFile(std::string_view text);
 std::optional<Place> ParsePlace(std::string_view text);       // "52.52,13.405"
 std::optional<Look> ParseLook(std::string_view text);         // "180,30"
 std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
+std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"
 std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
 
 // "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the T, and

@@ -76,7 +76,7 @@ std::string FormatHomes(const Camera& camera) {
 
 bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
   if (camera.GetMovingType() != 0) {
-    error = "--home store: wants an observer who stands on a surface (moving type 0)";
+    error = "homes store: wants an observer who stands on a surface (moving type 0)";
     return false;
   }
   const std::size_t before = diagnostics.lines.size();
@@ -92,7 +92,7 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
 
 ViewResult GoHome(Camera& camera) {
   if (!camera.FindHome(kEarth)) {
-    return {Failure::kBadData, "--home go: there is no home on the Earth (--home store makes one)"};
+    return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);
   if (scene::IsNearSurface(camera)) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The homes of the camera, as the options show, store and go to them.
+// The homes of the camera: shown, stored and gone to.
 #pragma once
 
 #include <string>

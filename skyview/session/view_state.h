@@ -5,11 +5,13 @@
 // where the stars look as they do from the Earth.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "common_interfaces/camera.h"
+#include "skyview/options/view_group.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/options/options.h"
+#include "skyview/session/session_file.h"
 
 namespace skyview {
 
@@ -25,9 +27,10 @@ struct ViewResult {
 // is neither.
 std::string ResolveInput(const std::string& name);
 
-// Restores the saved view, when one is asked for, and lays the other options over it. Afterwards the camera has its
+// Restores the saved view, or that of the session when there is one, and lays the other options over it. Afterwards the camera has its
 // window and local offset, and near a surface its angles count from the horizon. On a failure the camera is of no use.
-ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
+ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionCapsule>& session,
+                        Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
 
 // Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that fails:
 // `error` is then one line that names the file, and the file is as it was.

@@ -37,4 +37,4 @@ else()
 endif()
 
 # The installed application finds its data beside itself.
-run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} --list-limits --work ${SCRATCH}/work)
+run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} limits --work ${SCRATCH}/work)

@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "skyview/small_sky.h"
 #include "support/xml_check.h"
+#include "skyview/small_sky.h"
 
 using host_test::SmallSky;
 
@@ -89,7 +89,7 @@ TEST(Skyview, TimeThatTheClocksSkipIsABadOption) {
 
 TEST(Skyview, HelpIsExitZero) {
   SmallSky sky;
-  EXPECT_EQ(sky.Run({"--help"}), 0);
+  EXPECT_EQ(sky.Run({"draw", "--help"}), 0);
   EXPECT_TRUE(sky.Printed("--save-view"));
 }
 
@@ -145,7 +145,7 @@ TEST(Skyview, EmptySettingsFileIsExitOne) {
 }
 
 TEST(Skyview, DrawsBothKindsOfPicture) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg"), "--out", sky.dir.Path("sky.png")})), 0);
   EXPECT_EQ(host_test::FindXmlFault(sky.dir.Read("sky.svg")), "");
@@ -230,7 +230,8 @@ TEST(Skyview, DirectionOnTheSkyBecomesAzimuthAndAltitude) {
 
 TEST(Skyview, ListedLimitsGrowWithTheZoomAndNothingIsDrawn) {
   SmallSky sky;
-  ASSERT_EQ(sky.Run({"--list-limits", "--out", sky.dir.Path("sky.svg")}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"limits", "--out", sky.dir.Path("sky.svg")}), 2);
+  ASSERT_EQ(sky.Run({"limits"}), 0) << sky.errors.str();
   // log10(zoom) * 4 magnitudes for stars.
   EXPECT_TRUE(sky.Printed("Zoom 10\n  stars: drawn to 11.5, at full brightness to 8.0, labelled to 8.0\n"))
       << sky.output.str();
@@ -271,7 +272,7 @@ TEST(Skyview, UnknownLanguageIsExitTwoWithOneLineThatNamesThoseThatExist) {
 }
 
 TEST(Skyview, PictureIsLabelledInTheLanguage) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   const std::string file = sky.dir.Path("sky.svg");
   // Low, so that the horizon with its letters is in the picture.
@@ -293,7 +294,7 @@ TEST(Skyview, SavedViewHoldsNoTextOfTheLanguage) {
 
 // In PNG, since an SVG names its parts by a counter of the process.
 TEST(Skyview, TheSameOptionsGiveTheSameOutput) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("a.png")})), 0);
   const std::string first = sky.output.str(), picture = sky.dir.Read("a.png");

@@ -236,11 +236,11 @@ TEST_F(WhyTest, CameraKeepsItsZoom) {
   EXPECT_EQ(f.camera.GetZoom(), 1.7);
 }
 
-TEST(WhyOption, FoundIsExitZeroAndUnknownOrAmbiguousExitOne) {
+TEST(WhyCommand, FoundIsExitZeroAndUnknownOrAmbiguousExitOne) {
   host_test::SmallSky sky;
-  EXPECT_EQ(sky.Run({"--why", "betelgeuse"}), 0) << sky.errors.str();
+  EXPECT_EQ(sky.Run({"why", "betelgeuse"}), 0) << sky.errors.str();
   EXPECT_EQ(sky.output.str().find("Betelgeuse (α Ori, HR 2061): "), 0u) << sky.output.str();
-  EXPECT_EQ(sky.Run({"--why", "Betelgeux"}), 1);
+  EXPECT_EQ(sky.Run({"why", "Betelgeux"}), 1);
   EXPECT_NE(sky.GetErrorLine().find("similar: Betelgeuse"), std::string::npos) << sky.errors.str();
   EXPECT_EQ(sky.output.str(), "");
 }

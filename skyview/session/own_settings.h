@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The options that read, change and keep the settings.
+// The settings of a run: read, changed, kept.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "common_interfaces/settings_data.h"
-#include "skyview/options/options.h"
 #include "skyview/session/view_state.h"
 
 namespace skyview {
