@@ -8,6 +8,7 @@
 
 #include "common_interfaces/zoom_dependence.h"
 #include "scene/catalogs/field_ids.h"
+#include "scene/view/arcs.h"
 #include "utils/path.h"
 #include "utils/text.h"
 

@@ -6,6 +6,7 @@
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
 #include "scene/base_plane.h"
+#include "scene/view/earthbound.h"
 
 namespace scene {
 namespace {

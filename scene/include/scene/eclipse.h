@@ -11,19 +11,14 @@
 namespace scene {
 
 enum class LunarEclipse { kNone, kPenumbral, kPartial, kTotal };
-enum class SolarEclipse {
-  kNone,
-  kElsewhere,
-  kPartial,
-  kAnnular,
-  kTotal
-};  // kElsewhere: not seen from the place
+// kElsewhere: not seen from the place.
+enum class SolarEclipse { kNone, kElsewhere, kPartial, kAnnular, kTotal };
 
-// Fills the shadow lists of the Moon and the Earth for each frame. The lists are made once and stay in the map, empty
-// while no shadow falls; a frame allocates nothing.
+// Fills the shadow lists of the Moon and the Earth for each frame. The lists are made once and stay in the
+// map, empty while no shadow falls; a frame allocates nothing.
 //
-// The Earth counts as larger by a hundredth for its shadow, as its atmosphere makes it (Danjon 1951; Espenak & Meeus
-// 2009, NASA/TP-2009-214173): magnitudes agree with the tables of eclipses to a few thousandths.
+// The Earth counts as larger by a hundredth for its shadow, as its atmosphere makes it (Danjon 1951; Espenak
+// & Meeus 2009, NASA/TP-2009-214173): magnitudes agree with the tables of eclipses to a few thousandths.
 class SCENE_API EclipseShadows {
  public:
   EclipseShadows();
@@ -36,7 +31,8 @@ class SCENE_API EclipseShadows {
   const CommonInterfaces::QX_ShadowParams* GetMoonShadow() const { return m_OnMoon; }
 
   LunarEclipse GetLunarEclipse() const { return m_Lunar; }
-  // The part of the Moon's diameter inside the umbra (negative: how far it is away from it), and inside the penumbra.
+  // The part of the Moon's diameter inside the umbra (negative: how far it is away from it), and inside the
+  // penumbra.
   double GetUmbralMagnitude() const { return m_UmbralMagnitude; }
   double GetPenumbralMagnitude() const { return m_PenumbralMagnitude; }
 
