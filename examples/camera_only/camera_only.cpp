@@ -47,9 +47,9 @@ void SetSky(CommonInterfaces::Camera& camera) {
 void Print(const Star& star, const CommonInterfaces::Camera& camera) {
   double direction[3];
   sfp(1.0, star.ra * kRadiansPerDegree, star.dec * kRadiansPerDegree, direction);
-  tPoint<double> pixel;  // from the centre, y up
+  tPoint<double> pixel;  // from the lower left corner, y up
   camera.RA_Dec2K2PixD(direction, &pixel);
-  const long x = std::lround(0.5 * kWidth + pixel.x), y = std::lround(0.5 * kHeight - pixel.y);
+  const long x = std::lround(pixel.x), y = std::lround(kHeight - pixel.y);
   const bool inside = x >= 0 && x < kWidth && y >= 0 && y < kHeight;
   std::printf("%-10s %5.2f  %5ld %5ld%s\n", star.name, star.magnitude, x, y, inside ? "" : "  outside");
 }

@@ -57,7 +57,8 @@ class SvgPainter {
     m_Out << "\"/>\n";
   }
   void Paint(const GradientRecord& g) {
-    m_Out << "<linearGradient id=\"g" << ++m_Gradients << "\" gradientUnits=\"userSpaceOnUse\" x1=\"" << g.x0
+    ++m_Gradients;
+    m_Out << "<linearGradient id=\"g" << m_Gradients << "\" gradientUnits=\"userSpaceOnUse\" x1=\"" << g.x0
           << "\" y1=\"" << g.y0 << "\" x2=\"" << g.x1 << "\" y2=\"" << g.y1 << "\">" << Stop(0.0, g.colour)
           << Stop(g.middle, g.middleColour) << Stop(1.0, g.endColour)
           << "</linearGradient>\n<polygon fill=\"url(#g" << m_Gradients << ")\" points=\"";
