@@ -4,7 +4,7 @@
 
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
-#include "astro/vectors.h"
+#include "astro/horizon_frame.h"
 #include "scene/base_plane.h"
 #include "scene/view/earthbound.h"
 
@@ -19,11 +19,9 @@ void HorizonReduction(const CommonInterfaces::Camera& camera, double julianDateT
   camera.GetUniversalTime(universal);
   const double deltaT = ET_UT::Get(universal.day, universal.fraction);
   const SphCoor& location = camera.GetLocation();
-  double orientation[9], horizon[9];
-  PrecessionNutationMatrix(julianDateTT, orientation);
-  HorizonMatrix(ApparentSiderealTime(universal.day, universal.fraction, deltaT) + location.lon, location.lat,
-                horizon);
-  M3prod(horizon, orientation, reduction);
+  // The camera's own dynamical time, to its last digit.
+  astro::HorizonAxes({universal.day, universal.fraction, deltaT, julianDateTT},
+                     {location.lon, location.lat, 0.0}, reduction);
 }
 
 }  // namespace

@@ -112,8 +112,8 @@ def sources(root):
 
 
 def resolve(root, path, include):
-    for base in ["", "include", "companions/utils/include", "companions/astro/include", "scene/include", "companions/utils",
-                 "companions/astro", os.path.dirname(path)]:
+    for base in ["", "include", "companions/utils/include", "companions/astro/include", "scene/include",
+                 os.path.dirname(path)]:
         candidate = os.path.normpath(os.path.join(base, include))
         if os.path.exists(os.path.join(root, candidate)):
             return candidate

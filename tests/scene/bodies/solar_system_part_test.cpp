@@ -7,12 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "support/allocation_counter.h"
+#include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
-#include "skyview/reports/body_texts.h"
-#include "skyview/reports/host_texts.h"
-#include "skyview/reports/report.h"
-#include "scene/bodies/rise_set.h"
 #include "scene/satellites.h"
 
 using namespace scene;
@@ -47,8 +44,8 @@ TEST(SolarSystemPart, BodiesStandWhereAnotherLibrarySeesThem) {
                   {Planet(f, 2), 303.7341, -48.3038}, {Planet(f, 7), 224.4644, 50.2952}};
   for (const auto& entry : expected) {
     ASSERT_TRUE(StateOf(f, entry.body).known) << entry.body;
-    const HorizonPlace place =
-        MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
+    const astro::HorizonPlace place =
+        astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
     const Direction seen = scene::MakeDirection(place.azimuth, place.altitude),
                     other = scene::MakeDirection(entry.azimuth * kRadiansPerDegree,
                                                    entry.altitude * kRadiansPerDegree);
@@ -101,7 +98,8 @@ TEST(SolarSystemPart, FaintBodiesWaitForTheirZoom) {
   f.shown.horizon = false;
   f.camera.SetZoom(1.0);
   f.Compute();
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
+  const astro::HorizonPlace place =
+      astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   EXPECT_EQ(Drawn(f, pluto), nullptr) << "the limit is 11.5 at zoom 1";
@@ -117,7 +115,7 @@ TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   f.SetTime(2026, 1, 25, 18, 0);
   f.Compute();
   const BodyState& moon = StateOf(f, kMoonBody);
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
+  const astro::HorizonPlace place = astro::MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   const DrawnBody* drawn = Drawn(f, kMoonBody);
