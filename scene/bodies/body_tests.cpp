@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/visibility/body_tests.h"
+#include "scene/bodies/body_tests.h"
 
 #include <algorithm>
 #include <cmath>
