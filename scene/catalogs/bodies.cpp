@@ -5,10 +5,10 @@
 #include <limits>
 
 #include "astro/solar_system.h"
-#include "common_interfaces/record_conversion.h"
 #include "common_interfaces/field_names.h"
-#include "scene/texts.h"
+#include "common_interfaces/record_conversion.h"
 #include "scene/object_names.h"
+#include "scene/texts.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"

@@ -6,8 +6,9 @@
 #include <limits>
 #include <string_view>
 
-#include "common_interfaces/zoom_dependence.h"
 #include "common_interfaces/field_names.h"
+#include "common_interfaces/zoom_dependence.h"
+#include "scene/view/arcs.h"
 #include "utils/path.h"
 #include "utils/text.h"
 

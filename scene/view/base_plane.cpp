@@ -10,6 +10,7 @@
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
 #include "scene/directions.h"
+#include "scene/view/earthbound.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -6,6 +6,7 @@
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "scene/base_plane.h"
+#include "scene/view/earthbound.h"
 
 namespace scene {
 namespace {

@@ -77,7 +77,7 @@ def main():
             if not re.findall(r"`([^`]+)`", tests):
                 bad.append(f"docs/interface_map.md:{number}: {name} names no test")
     declared = set()
-    for pattern in ("include/common_interfaces/*.h", "companions/*/include/*/*.h"):
+    for pattern in ("include/common_interfaces/*.h", "companions/*/include/*/*.h", "scene/include/*/*.h"):
         for path in glob.glob(os.path.join(root, pattern)):
             header = "/".join(path.split("/")[-2:])
             if header.endswith("/api.h"):

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <vector>
-
 #include "astro/constants.h"
 #include "astro/vectors.h"
 #include "scene/api.h"
@@ -25,9 +23,5 @@ SCENE_API Direction MakeDirection(double lon, double lat);
 
 // Scaled to length 1; a zero vector stays.
 SCENE_API Direction Normalised(const Direction& direction);
-
-// Appends the points of the great-circle arc from `a` to `b`, `a` left out and `b` put in, no two neighbours further
-// apart than `maxAngle` radians. The ends are taken by value because they may stand in `points` itself.
-SCENE_API void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>& points);
 
 }  // namespace scene

@@ -14,8 +14,8 @@ namespace scene {
 using astro::LunarEclipse;
 using astro::SolarEclipse;
 
-// Fills the shadow lists of the Moon and the Earth for each frame. The lists are made once and stay in the map, empty
-// while no shadow falls; a frame allocates nothing.
+// Fills the shadow lists of the Moon and the Earth for each frame. The lists are made once and stay in the
+// map, empty while no shadow falls; a frame allocates nothing.
 class SCENE_API EclipseShadows {
  public:
   EclipseShadows();
@@ -28,7 +28,8 @@ class SCENE_API EclipseShadows {
   const CommonInterfaces::QX_ShadowParams* GetMoonShadow() const { return m_OnMoon; }
 
   LunarEclipse GetLunarEclipse() const { return m_Lunar.kind; }
-  // The part of the Moon's diameter inside the umbra (negative: how far it is away from it), and inside the penumbra.
+  // The part of the Moon's diameter inside the umbra (negative: how far it is away from it), and inside the
+  // penumbra.
   double GetUmbralMagnitude() const { return m_Lunar.umbralMagnitude; }
   double GetPenumbralMagnitude() const { return m_Lunar.penumbralMagnitude; }
 

@@ -9,9 +9,10 @@
 
 namespace scene {
 
-// What the sky of one moment and place needs besides the camera. Left out, with their largest size: parallax (0.8
-// arcseconds for the nearest star), the daily aberration (0.3), polar motion (0.6), light bending beside the Sun
-// (1.8 at its limb) and refraction, which is none of astrometry but lifts the horizon by half a degree.
+// What the sky of one moment and place needs besides the camera. Left out, with their largest size: parallax
+// (0.8 arcseconds for the nearest star), the daily aberration (0.3), polar motion (0.6), light bending beside
+// the Sun (1.8 at its limb) and refraction, which is none of astrometry but lifts the horizon by half a
+// degree.
 struct ObserverFrame {
   double reduction[9];  // J2000 to the frame of the view angles; with a horizon: x north, y west, z zenith
   double velocity[3];   // of the observer, units of the speed of light, J2000 axes
@@ -24,14 +25,15 @@ struct ObserverFrame {
 // other plane stands still among the stars.
 SCENE_API void FindReduction(const CommonInterfaces::Camera& camera, const SkyMoment& moment, double reduction[9]);
 
-// Computes the frame for the camera's time and location, and tells the camera: the reduction matrix and the view
-// centre in J2000. Allocates nothing. The angles count from the camera's base plane (base_plane.h). An observer near the
-// Sun, but not with the Earth, is taken to rest.
+// Computes the frame for the camera's time and location, and tells the camera: the reduction matrix and the
+// view centre in J2000. Allocates nothing. The angles count from the camera's base plane (base_plane.h). An
+// observer near the Sun, but not with the Earth, is taken to rest.
 SCENE_API ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera);
 
-// The apparent direction on J2000 axes: proper motion to the date (`motion` per Julian year), annual aberration.
+// The apparent direction on J2000 axes: proper motion to the date (`motion` per Julian year), annual
+// aberration.
 SCENE_API Direction ApparentDirection(const Direction& direction, const Direction& motion,
-                            const ObserverFrame& observer);
+                                      const ObserverFrame& observer);
 
 // The same for what has no proper motion.
 SCENE_API Direction ApparentDirection(const Direction& direction, const ObserverFrame& observer);
