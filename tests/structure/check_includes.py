@@ -28,14 +28,6 @@ SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "
 for place, room in enumerate(SCENE_ROOMS):
     MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
 
-# The rooms of skydata, which all may use the library.
-ROOMS = {"files": set(), "settings": {"files"}, "strings": {"files"}, "build": {"files", "settings", "strings"},
-         "lint": {"files", "settings", "strings"}, "show": {"files", "settings", "strings"},
-         "commands": {"files", "settings", "strings", "build", "lint", "show"}}
-ROOMS[""] = {*ROOMS}
-for room, below in ROOMS.items():
-    MAY_INCLUDE["skydata/" + room] = LIBRARY | {"skydata/" + name for name in below}
-
 # Above the libraries: a painter, and the program.
 SCENE = {"scene/" + room for room in SCENE_ROOMS}
 MAY_INCLUDE["paint"] = LIBRARY | SCENE
@@ -44,6 +36,16 @@ MAY_INCLUDE["skyview"] = LIBRARY | SCENE | {"paint"}
 # Places that see of the places below them exported headers only; a painter has no others.
 SEES_EXPORTED_ONLY = ("scene/", "paint/", "skyview/", "skydata/")
 EXPORTED = ("include/", "companions/utils/include/", "companions/astro/include/", "scene/include/", "paint/")
+
+# The rooms of skydata, which all may use the library.
+ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
+ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
+for room in ["build", "lint", "show"]:
+    ROOMS[room] = {"strings", "settings", *ROOMS["settings"]}
+ROOMS["commands"] = {*ROOMS}
+ROOMS[""] = {*ROOMS}
+for room, below in ROOMS.items():
+    MAY_INCLUDE["skydata/" + room] = MAY_INCLUDE["umbrella"] | {"umbrella"} | {"skydata/" + name for name in below}
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {

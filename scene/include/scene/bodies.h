@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "astro/constants.h"
 #include "astro/object_id.h"
 #include "astro/object_records.h"
 #include "scene/api.h"
@@ -13,7 +14,9 @@
 
 namespace scene {
 
-inline constexpr int kSunNumber = 10, kEarthNumber = 3, kMoonNumber = 301;  // of "plnt", "plnt", "moon"
+using astro::kEarthNumber;
+using astro::kMoonNumber;
+using astro::kSunNumber;
 
 // A body that moves among the stars.
 struct SkyBody {
