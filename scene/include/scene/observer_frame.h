@@ -20,10 +20,11 @@ struct ObserverFrame {
   bool horizon;         // the view angles count from the horizon; otherwise there is none
 };
 
-// The matrix for Camera::SetReductionMatrix: from J2000 axes to the frame that the camera's angles count in, for its
-// place at that moment. With the horizon as base plane that is precession, nutation, sidereal time and the place; any
-// other plane stands still among the stars.
-SCENE_API void FindReduction(const CommonInterfaces::Camera& camera, const SkyMoment& moment, double reduction[9]);
+// The matrix for Camera::SetReductionMatrix: from J2000 axes to the frame that the camera's angles count in,
+// for its place at that moment. With the horizon as base plane that is precession, nutation, sidereal time
+// and the place; any other plane stands still among the stars.
+SCENE_API void FindReduction(const CommonInterfaces::Camera& camera, const SkyMoment& moment,
+                             double reduction[9]);
 
 // Computes the frame for the camera's time and location, and tells the camera: the reduction matrix and the
 // view centre in J2000. Allocates nothing. The angles count from the camera's base plane (base_plane.h). An

@@ -52,8 +52,8 @@ struct MilkyWayRing {
 SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 
-// All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records and may be
-// moved while no frame and no model was made from it. Read by any number of frames of one thread.
+// All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
+// and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
   StarCatalog stars;
   std::vector<DeepskyObject> deepsky;  // brightest first
