@@ -217,8 +217,8 @@ class SCENE_API DisplayList {
 
   // Room for so many records, so that frames up to that size allocate nothing.
   struct Capacity {
-    std::size_t points = 0, discs = 0, polylines = 0, ellipses = 0, polygons = 0, texts = 0, rings = 0, vertices = 0,
-                textBytes = 0, runs = 0;
+    std::size_t points = 0, discs = 0, shadows = 0, polylines = 0, ellipses = 0, polygons = 0, gradients = 0,
+                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0;
   };
   void Reserve(const Capacity& capacity);
 
