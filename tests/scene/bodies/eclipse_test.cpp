@@ -8,7 +8,6 @@
 #include "astro/julian_date.h"
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
-#include "skyview/reports/body_texts.h"
 
 using namespace scene;
 
@@ -106,4 +105,3 @@ TEST_F(EclipseTest, SolarEclipsesAsTheyAreSeen) {
   Compute(2024, 4, 8, 18, 42, 40, sydney);
   EXPECT_EQ(shadows.GetSolarEclipse(), SolarEclipse::kElsewhere);
 }
-

@@ -1,21 +1,15 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/light_curve.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 #include "paint/picture_file.h"
 #include "skyview/small_sky.h"
 
-using namespace scene;
-using namespace skyview;
 using host_test::SmallSky;
 
-TEST(LightCurve, OptionDrawsTheCurve) {
+TEST(LightCurveCommand, OptionDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
   const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
@@ -27,7 +21,7 @@ TEST(LightCurve, OptionDrawsTheCurve) {
   }
 }
 
-TEST(LightCurve, OptionSaysWhatItWants) {
+TEST(LightCurveCommand, OptionSaysWhatItWants) {
   SmallSky sky;
   EXPECT_EQ(sky.Run({"--light-curve", "Algol"}), 2);
   EXPECT_NE(sky.GetErrorLine().find("--light-curve: wants --out"), std::string::npos);

@@ -145,7 +145,7 @@ TEST(Skyview, EmptySettingsFileIsExitOne) {
 }
 
 TEST(Skyview, DrawsBothKindsOfPicture) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg"), "--out", sky.dir.Path("sky.png")})), 0);
   EXPECT_EQ(host_test::FindXmlFault(sky.dir.Read("sky.svg")), "");
@@ -271,7 +271,7 @@ TEST(Skyview, UnknownLanguageIsExitTwoWithOneLineThatNamesThoseThatExist) {
 }
 
 TEST(Skyview, PictureIsLabelledInTheLanguage) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   const std::string file = sky.dir.Path("sky.svg");
   // Low, so that the horizon with its letters is in the picture.
@@ -293,7 +293,7 @@ TEST(Skyview, SavedViewHoldsNoTextOfTheLanguage) {
 
 // In PNG, since an SVG names its parts by a counter of the process.
 TEST(Skyview, TheSameOptionsGiveTheSameOutput) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("a.png")})), 0);
   const std::string first = sky.output.str(), picture = sky.dir.Read("a.png");

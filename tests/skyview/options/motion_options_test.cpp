@@ -129,7 +129,7 @@ TEST(HomeOption, UnwritableFileIsOneLine) {
 }
 
 TEST(PlayOption, FramesAndContactSheetAreWritten) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h,view=2", "--frames", "3", "--out",
                                   sky.dir.Path("f-%02d.png"), "--contact-sheet", sky.dir.Path("all.png")})),
@@ -142,7 +142,7 @@ TEST(PlayOption, FramesAndContactSheetAreWritten) {
 
 // The last frame is the picture that the moved view gives by itself.
 TEST(PlayOption, FrameIsThePictureOfItsMoment) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "3", "--out", sky.dir.Path("f-%d.png")})),
             0);
@@ -182,7 +182,7 @@ TEST(PlayOption, FrameThatCannotBeWrittenIsExitOne) {
 }
 
 TEST(MarkerOption, MarkersAreDrawn) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--marker", "5.9195h,7.407,4711", "--out", sky.dir.Path("m.svg")})), 0)
       << sky.errors.str();

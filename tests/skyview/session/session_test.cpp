@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <regex>
 
-#include "skyview/session/checksum.h"
 #include "paint/picture_file.h"
 #include "scene/sky_images_files.h"
+#include "skyview/session/checksum.h"
 #include "skyview/small_sky.h"
 #include "support/comma_locale.h"
 
@@ -59,7 +59,7 @@ void ExpectSamePictures(SmallSky& sky, const Arguments& arguments) {
 }  // namespace
 
 TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   const Arguments views[] = {
       {},
       {"--place", "52.52,13.405", "--zone", "Europe/Berlin", "--time", "2026-01-15T22:00", "--look",
@@ -77,7 +77,7 @@ TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
 }
 
 TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   host_test::WriteSkyImages(sky.dir);
   ASSERT_EQ(sky.Run({"--work", sky.dir.Path("work"), "--favourites", "add=Sirius", "--favourites", "add=M42",
@@ -119,7 +119,7 @@ TEST(Session, ListIsChangedAndTheMarksOfTheSessionFollow) {
 }
 
 TEST(Session, CommaLocaleChangesNothing) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   const Arguments view = {"--look", "10.5,30.25", "--zoom", "1.1", "--marker", "1.5,2.5", "--save-session"};
   ASSERT_EQ(sky.Run(With(view, {sky.dir.Path("plain")})), 0);
