@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/camera.h"
 
+#include "astro/constants.h"
 #include "astro/delta_t.h"
 #include "camera/camera_codes.h"
 #include "common_interfaces/settings_data.h"
@@ -10,9 +11,9 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr double kSecondsPerDay = 86400.0;
-constexpr int kDayOfJ2000 = 2451545;
+using astro::kRadiansPerDegree;
+
+constexpr int kDayOfJ2000 = static_cast<int>(astro::kJ2000);
 
 }  // namespace
 
@@ -49,8 +50,8 @@ void Camera::SetBuiltInDefaults() {
   m_Location.dist = 0.0;
   m_FST_Offered = 1;
   SetJ2000();
-  m_Observer.kind = FourCC("plnt");
-  m_Observer.number = kEarth;
+  m_Observer.kind = astro::kPlanetKind;
+  m_Observer.number = astro::kEarthNumber;
   m_ObserverChanged = true;
   m_ObsLocatType = kSurfaceLocation;
   m_DirLock = 0;
@@ -89,6 +90,6 @@ void Camera::SetJ2000() {
   UpdateDeltaT();
 }
 
-void Camera::UpdateDeltaT() { m_DeltaT = ET_UT::Get(m_JT, m_TJ) / kSecondsPerDay; }
+void Camera::UpdateDeltaT() { m_DeltaT = ET_UT::Get(m_JT, m_TJ) / astro::kSecondsPerDay; }
 
 }  // namespace CommonInterfaces

@@ -9,7 +9,6 @@ namespace CommonInterfaces {
 // Codes that camera files keep: never change them.
 inline constexpr unsigned kCameraSettingsId = static_cast<unsigned>(FourCC("CAMR"));  // first word of a block
 inline constexpr unsigned kCameraSection = static_cast<unsigned>(FourCC("camr"));
-inline constexpr int kEarth = 3, kSun = 10;  // numbers of the object kind "plnt"
 
 // The moving types that have rules of their own: 4 circles a body, the others travel far from the Sun. Files
 // keep the numbers.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <string>
 
+#include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "camera/camera_record.h"
 #include "common_interfaces/camera.h"
@@ -92,7 +93,7 @@ void Camera::WriteSelf(const char* file, int id) {
   RecordWriter writer(*m_Settings);
   ExchangeTime(writer, State());
   // Always the Earth: a short record is a place and a time on it, wherever the observer happens to be.
-  const SSO_ID earth(FourCC("plnt"), kEarth);
+  const SSO_ID& earth = astro::kEarth;
   ExchangeObserver(writer, earth);
   ExchangePlace(writer, m_Location);
   ExchangeStep(writer, kStepKeys[0], m_Steps);

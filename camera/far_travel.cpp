@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 #include "camera/camera_codes.h"
@@ -9,15 +10,13 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kAuPerParsec = 206264.8062470964;  // IAU 2015 Resolution B2: 648000 / pi
-
 // How far from the Sun each kind of object is still shown, au.
-constexpr double kStarsRadius = 8000 * kAuPerParsec;
-constexpr double kClustersRadius = 30000 * kAuPerParsec;
-constexpr double kNebulaeRadius = 6000 * kAuPerParsec;
-constexpr double kSolarSystemRadius = 1 * kAuPerParsec;
+constexpr double kStarsRadius = 8000 * astro::kAuPerParsecAbove;
+constexpr double kClustersRadius = 30000 * astro::kAuPerParsecAbove;
+constexpr double kNebulaeRadius = 6000 * astro::kAuPerParsecAbove;
+constexpr double kSolarSystemRadius = 1 * astro::kAuPerParsecAbove;
 
-constexpr double kGalaxySeenFrom = 4000 * kAuPerParsec;
+constexpr double kGalaxySeenFrom = 4000 * astro::kAuPerParsecAbove;
 constexpr double kDeepSpaceFrom = 1000.0;  // au
 // Moving type 9 counts its location from the galactic centre; the Sun stands this far along its first axis,
 // au.

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "camera/number_line.h"
 #include "common_interfaces/units.h"
@@ -164,7 +165,7 @@ HomeReading ReadHome(MTextFile& file, HomeParameters& home) {
   if ((home.flags & kHomeView) != 0 && !lines.ReadView(home)) return HomeReading::kDamaged;
   if ((home.flags & kHomeTime) != 0 && !lines.ReadTime(home)) return HomeReading::kDamaged;
   // Whatever the file says: deliberate, the Earth's home is always shown whole.
-  if (home.observer == SSO_ID(FourCC("plnt"), kEarth)) home.zoom = kZoomAtHome;
+  if (home.observer == astro::kEarth) home.zoom = kZoomAtHome;
   return HomeReading::kRead;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 #include "camera/camera_codes.h"
@@ -23,20 +24,14 @@ constexpr char kFileName[] = "home_params.ini";
 constexpr unsigned kLineSize = 4096;
 constexpr char kComment = '!', kEnd = '}';
 
-// WGS 84.
-constexpr double kEarthRadius = 6378.137;  // km, equatorial
-constexpr double kEarthFlattening = 0.0033528106647474805;
-constexpr double kKilometresPerAu = 149597870.7;
-
-const SSO_ID kEarthObject(FourCC("plnt"), kEarth);
-
 bool IsStateOf(const HomeParameters& state, const SSO_ID& observer, int movingType) {
   return state.observer == observer && state.movingType == movingType;
 }
 
 void PlaceOnEarth(const SphCoor& place, double (&xyz)[3]) {
-  const double height = ConvertUnitToAU(place.dist, static_cast<char>(place.distUnits)) * kKilometresPerAu;
-  Plg2Plc(height, place.lon, place.lat, kEarthRadius, kEarthFlattening, xyz);
+  const double height =
+      ConvertUnitToAU(place.dist, static_cast<char>(place.distUnits)) * astro::kKilometresPerAu;
+  Plg2Plc(height, place.lon, place.lat, astro::kEarthEquatorialRadius, astro::kEarthFlattening, xyz);
 }
 
 template <int size>
@@ -61,7 +56,7 @@ void Camera::LoadHomes() {
   if (reading == HomeReading::kDamaged)
     PrintDebugString("File %s: home %d is damaged, it and what follows is left out\n", path.c_str(),
                      count + 1);
-  const HomeParameters* const earth = FindHome(kEarthObject);
+  const HomeParameters* const earth = FindHome(astro::kEarth);
   if (!earth) return;
   m_EarthHome = *earth;
   SetTimeZoneName(earth->timeZoneName, false);
@@ -98,7 +93,7 @@ void Camera::StoreTime(HomeParameters& home) const {
   home.day = holdsTime ? m_JT : none.day;
   home.fraction = holdsTime ? m_TJ : none.fraction;
   home.timeType = holdsTime ? m_TimeType : none.timeType;
-  CopyText(home.timeZoneName, m_Observer == kEarthObject ? m_TimeZoneName : "");
+  CopyText(home.timeZoneName, m_Observer == astro::kEarth ? m_TimeZoneName : "");
 }
 
 void Camera::StorePlace(HomeParameters& home) const {
@@ -117,7 +112,7 @@ void Camera::StoreView(HomeParameters& home) const {
 
 void Camera::StoreParams(int mask) {
   if (m_ObsMovingType != 0) return;
-  const bool onEarth = m_Observer == kEarthObject;
+  const bool onEarth = m_Observer == astro::kEarth;
   const HomeParameters* const stored = FindHome(m_Observer);
   HomeParameters home = stored ? *stored : onEarth ? m_EarthHome : HomeParameters();
   home.flags |= mask;
@@ -168,8 +163,8 @@ bool Camera::ClearTempParams(const SSO_ID& obs) {
 }
 
 bool Camera::IsHome(float tolerance) const {
-  if (m_ObsMovingType != 0 || !(m_Observer == kEarthObject)) return false;
-  const HomeParameters* const earth = FindHome(kEarthObject);
+  if (m_ObsMovingType != 0 || !(m_Observer == astro::kEarth)) return false;
+  const HomeParameters* const earth = FindHome(astro::kEarth);
   if (!earth)
     PrintDebugString("Camera::GetHomeParams - home params for (%d, %d) not found\n", m_Observer.kind,
                      m_Observer.number);
@@ -184,7 +179,7 @@ void Camera::GoHome(bool go) {
   m_GoingHome = go;
   if (!go) return;
   m_FlightObject = SSO_ID();
-  const HomeParameters* const earth = FindHome(kEarthObject);
+  const HomeParameters* const earth = FindHome(astro::kEarth);
   if (!earth) {
     PrintDebugString("Camera::GoHome - home params for Earth not found\n");
     return;
@@ -203,7 +198,7 @@ void Camera::ApplyHome(const HomeParameters& home) {
   if ((home.flags & kHomeLocation) != 0) {
     GoToPlace(home);
   } else {
-    ChangeTypeAndObserver(0, kSurfaceLocation, kEarthObject);
+    ChangeTypeAndObserver(0, kSurfaceLocation, astro::kEarth);
   }
   if ((home.flags & kHomeView) != 0) LookAsAt(home);
   if ((home.flags & kHomeTime) == 0) return;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The change of moving type: a camera record takes the place of the state, and what is to be kept is put
-// back.
+// The change of moving type: a camera record takes the place of the state, and what is to be kept is put back.
+#include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "common_interfaces/camera.h"
 #include "utils/debug.h"
@@ -34,7 +34,7 @@ unsigned RecordOf(int type, const SSO_ID& observer) {
 void Camera::LeaveBehind(bool keep) {
   const bool onPlanet = m_Observer.kind == FourCC("plnt") || m_Observer.kind == FourCC("moon");
   // The Sun is where one travels in space; there it must not stand for the planet that one set out from.
-  const bool aroundSun = m_Observer == SSO_ID(FourCC("plnt"), kSun) && !IsOnBody(m_ObsMovingType);
+  const bool aroundSun = m_Observer == astro::kSun && !IsOnBody(m_ObsMovingType);
   if (onPlanet && (!aroundSun || m_LeftBehind.observer.IsEmpty())) m_LeftBehind.observer = m_Observer;
   if (IsOnSurface()) {
     m_LeftBehind.places[m_ObsMovingType] = {m_Observer, m_Location};
@@ -49,7 +49,7 @@ bool Camera::IsOnSurface() const {
 
 void Camera::PutBackObserver() {
   if (m_Observer.kind != FourCC("plnt") || m_LeftBehind.observer.IsEmpty()) return;
-  if (m_Observer.number == kEarth) m_Observer = m_LeftBehind.observer;
+  if (m_Observer.number == astro::kEarthNumber) m_Observer = m_LeftBehind.observer;
   m_ObserverChanged = true;
 }
 

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
 #include "common_interfaces/camera.h"
 
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using astro::kPi;
 
 // Rounding may carry a sine past 1.
 double ClampedAsin(double x) {

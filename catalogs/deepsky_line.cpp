@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "common_interfaces/record_lines.h"
 #include "utils/characters.h"
@@ -11,7 +12,7 @@
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using astro::kRadiansPerDegree;
 
 // The fields of a line. A field that is no number is passed over, so that those behind it stay in their
 // columns: the record-line parsers would stop in front of it for good.

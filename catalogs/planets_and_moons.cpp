@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "astro/constants.h"
 #include "catalogs/line_fields.h"
 #include "common_interfaces/text_formats.h"
 #include "utils/debug.h"
@@ -14,11 +15,12 @@
 namespace CommonInterfaces {
 namespace {
 
+using astro::kMoonKind;
+using astro::kPlanetKind;
+using astro::kSunNumber;
+
 constexpr char kBodies[] = "catalogs\\planets&moons\\planets&moons.txt";
 constexpr unsigned kUnreadable = 3007;
-constexpr int kPlanet = FourCC("plnt");
-constexpr int kMoon = FourCC("moon");
-constexpr int kSun = 10;
 constexpr int kMoonsPerPlanet = 100;
 
 long long FirstMoon(const SSO_ID& planet) {
@@ -61,7 +63,7 @@ void PlanetMoonDescription::LoadLine(const char* line, const char* path) {
   }
   Body body;
   body.id.kind = GetFOURCC(fields[0].c_str());
-  int flag = body.id.kind == kPlanet;
+  int flag = body.id.kind == kPlanetKind;
   // A bad flag is deliberately reported as a bad number.
   if (!ReadNumber(fields[1], body.id.number) || (fields.size() > 3 && !ReadNumber(fields[3], flag))) {
     PrintDebugString("Bad object Id in string (%s) in file %s\n", line, path);
@@ -88,8 +90,8 @@ char* PlanetMoonDescription::GetObjectName(const SSO_ID& id) const {
 }
 
 SSO_ID PlanetMoonDescription::GetParentObject(const SSO_ID& id) const {
-  if (id.kind == kPlanet && id.number != kSun) return {kPlanet, kSun};
-  if (id.kind == kMoon) return {kPlanet, id.number / kMoonsPerPlanet};
+  if (id.kind == kPlanetKind && id.number != kSunNumber) return {kPlanetKind, kSunNumber};
+  if (id.kind == kMoonKind) return {kPlanetKind, id.number / kMoonsPerPlanet};
   return {};
 }
 
@@ -108,22 +110,22 @@ bool PlanetMoonDescription::Advance(Enumeration& enumeration, SSO_ID& out) const
   return enumeration.isRunning && Start(enumeration, enumeration.kind, enumeration.number + 1LL, out);
 }
 
-bool PlanetMoonDescription::GetFirstPlanet(SSO_ID& out) { return Start(m_Planets, kPlanet, 1, out); }
+bool PlanetMoonDescription::GetFirstPlanet(SSO_ID& out) { return Start(m_Planets, kPlanetKind, 1, out); }
 bool PlanetMoonDescription::GetNextPlanet(SSO_ID& out) { return Advance(m_Planets, out); }
 
 int PlanetMoonDescription::GetNumberOfMoons(SSO_ID planet) const {
   const long long first = FirstMoon(planet);
   int count = 0;
-  while (Find(kMoon, first + count)) ++count;
+  while (Find(kMoonKind, first + count)) ++count;
   return count;
 }
 
 bool PlanetMoonDescription::HasMoons(const SSO_ID& planet) const {
-  return Find(kMoon, FirstMoon(planet)) != nullptr;
+  return Find(kMoonKind, FirstMoon(planet)) != nullptr;
 }
 
 bool PlanetMoonDescription::GetFirstMoon(SSO_ID& out, const SSO_ID& planet) {
-  return Start(m_Moons, kMoon, FirstMoon(planet), out);
+  return Start(m_Moons, kMoonKind, FirstMoon(planet), out);
 }
 
 bool PlanetMoonDescription::GetNextMoon(SSO_ID& out) { return Advance(m_Moons, out); }

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "astro/constants.h"
 #include "catalogs/image_list.h"
 
 namespace CommonInterfaces {
@@ -17,9 +18,8 @@ ImageList<CSTLImageDesc> s_Constellations;
 ImageList<MWayImageDesc> s_MilkyWay;
 
 float ToRadians(const unsigned char* coordinate) {
-  constexpr double kRadiansPerDegree = 0.017453292519943295;
   const float degrees = static_cast<float>(static_cast<int>(LoadBE32(coordinate))) / 100000.0f;
-  return static_cast<float>(degrees * kRadiansPerDegree);
+  return static_cast<float>(degrees * astro::kRadiansPerDegree);
 }
 
 }  // namespace

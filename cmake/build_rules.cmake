@@ -29,8 +29,11 @@ if(MINGW)
 endif()
 
 find_program(CI_CCACHE ccache)
-if(CI_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CI_CCACHE})
+find_program(CI_ENV env)
+if(CI_CCACHE AND CI_ENV AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # What ccache must overlook to keep objects that are made with precompiled headers.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CI_ENV}
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CI_CCACHE})
 endif()
 
 add_library(ci_compile_rules INTERFACE)
@@ -44,18 +47,42 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 # Results must not depend on whether the compiler fuses a multiplication with an addition.
 target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
+# Lines and function names for stack traces and profiles. Who looks at variables builds the preset "debug".
+target_compile_options(ci_compile_rules INTERFACE $<$<CONFIG:RelWithDebInfo>:-g1>)
+# Files of 2 GiB and more are recognised as such on 32-bit systems too.
+target_compile_definitions(ci_compile_rules INTERFACE _FILE_OFFSET_BITS=64)
 if(CI_SANITIZE)
   set(ci_sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
   target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -fno-omit-frame-pointer -g1)
   target_link_options(ci_compile_rules INTERFACE ${ci_sanitizers})
 endif()
 
+# What is tested is optimised, the tests are not: they would take three times as long to compile.
+set(CI_OBJECT_OPTIONS $<$<BOOL:${CI_SANITIZE}>:-O1>)
+set(CI_TEST_OPTIONS -O0 -g1)
+
+include(cmake/precompiled_headers.cmake)
+
+# ci_compile_parsers_fast(SOURCES...): those that include the command line parser, headers only and the longest to
+# compile of all, are not optimised: it reads a few words a run. Without optimisation they cannot use what is
+# precompiled for the others.
+function(ci_compile_parsers_fast)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS ${source} includes REGEX "^#include <CLI/" LIMIT_COUNT 1)
+    if(includes)
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -O0 SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+  endforeach()
+endfunction()
+
 # ci_add_objects(NAME SOURCES...): the object library of one folder.
 function(ci_add_objects name)
   add_library(${name} OBJECT ${ARGN})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_compile_options(${name} PRIVATE $<$<BOOL:${CI_SANITIZE}>:-O1>)
+  target_compile_options(${name} PRIVATE ${CI_OBJECT_OPTIONS})
   target_link_libraries(${name} PRIVATE ci_compile_rules)
+  ci_compile_parsers_fast(${ARGN})
+  ci_precompile_objects(${name})
 endfunction()
 
 # ci_add_library_folder(FOLDER SOURCES...): a folder of the library itself, as target FOLDER_objects.

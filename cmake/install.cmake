@@ -1,18 +1,20 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 #
-# The install tree: libraries, headers, a CMake package, a pkg-config file, the programs and their data root.
+# The install tree: libraries, headers, a CMake package, pkg-config files, the programs and their data root.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS common_interfaces astro utils EXPORT common_interfaces_targets
+set(ci_installed_libraries common_interfaces astro utils scene)
+install(TARGETS ${ci_installed_libraries} EXPORT common_interfaces_targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-set_target_properties(common_interfaces astro utils PROPERTIES INSTALL_RPATH $ORIGIN)
+set_target_properties(${ci_installed_libraries} PROPERTIES INSTALL_RPATH $ORIGIN)
 
 install(DIRECTORY include/common_interfaces companions/astro/include/astro companions/utils/include/utils
+  scene/include/scene
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
 
 set(ci_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/common_interfaces)
@@ -27,8 +29,10 @@ install(FILES ${PROJECT_BINARY_DIR}/common_interfacesConfig.cmake
 # The package may be moved: its prefix is found from where the .pc file lies.
 file(RELATIVE_PATH ci_prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" ci_prefix_from_pc ${ci_prefix_from_pc})
-configure_file(cmake/common_interfaces.pc.in ${PROJECT_BINARY_DIR}/common_interfaces.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/common_interfaces.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(name common_interfaces common_interfaces_scene)
+  configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
 
 if(MINGW)
   install(FILES ${CI_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})

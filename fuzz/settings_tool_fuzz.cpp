@@ -9,12 +9,13 @@
 #include <string>
 
 #include "fuzz/scratch.h"
-#include "tools/settings_check.h"
-#include "tools/settings_compiler.h"
-#include "tools/settings_diff.h"
-#include "tools/settings_parser.h"
-#include "tools/settings_text_writer.h"
-#include "tools/source_error.h"
+#include "skydata/files/source_error.h"
+#include "skydata/settings/check.h"
+#include "skydata/settings/diff.h"
+#include "skydata/settings/dump.h"
+#include "skydata/settings/reader/file_reader.h"
+#include "skydata/settings/text/compiler.h"
+#include "skydata/settings/text/parser.h"
 
 namespace {
 

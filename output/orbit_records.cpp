@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/solar_system.h"
 #include "common_interfaces/field_names.h"
 #include "output/database_record.h"
@@ -13,9 +14,10 @@ namespace CommonInterfaces {
 
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using astro::kRadiansPerDegree;
+
 // Revolutions a day to radians a minute: 2 pi / 1440.
-constexpr double kRadiansPerMinute = 6.283185307179586 / 1440.0;
+constexpr double kRadiansPerMinute = astro::kTurn / astro::kMinutesPerDay;
 // So near to 1 an eccentricity counts as that of a parabola.
 constexpr double kParabolicRange = 1e-6;
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <limits>
 
+#include "astro/constants.h"
 #include "astro/object_records.h"
 #include "astro/solar_system.h"
 #include "astro/vectors.h"
@@ -18,10 +19,11 @@ namespace CommonInterfaces {
 
 namespace {
 
-constexpr double kRadiansPerArcsecond = 4.84813681109536e-06;
-constexpr double kAuPerParsec = 206264.8062470964;
-// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them:
-// deliberately not the digits of kRadiansPerArcsecond.
+using astro::kAuPerParsecAbove;
+using astro::kRadiansPerArcsecond;
+
+// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them: deliberately
+// not the digits of kRadiansPerArcsecond.
 constexpr double kParallaxOfParsec = 4.848137e-06;
 constexpr double kParallaxOfKiloparsec = 4.848137e-09;
 
@@ -60,7 +62,7 @@ void ReadDeepskyDistance(const BaseDB& record, int subType, DeepskyRecord& objec
   if (!GetFieldNumber(record, FieldIds::Distance, distance) || !(distance > 0.0)) return;
   const bool isFar = subType == kDistanceInKiloparsecs;
   const double parallax = (isFar ? kParallaxOfKiloparsec : kParallaxOfParsec) / distance;
-  const double size = isFar ? object.angularSize * 0.5 * distance * 1000.0 * kAuPerParsec : 0.0;
+  const double size = isFar ? object.angularSize * 0.5 * distance * 1000.0 * kAuPerParsecAbove : 0.0;
   if (!std::isfinite(parallax) || !(std::abs(size) <= std::numeric_limits<float>::max())) return;
   object.parallax = parallax;
   object.linearSize = static_cast<float>(size);

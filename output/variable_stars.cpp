@@ -4,11 +4,11 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
+
 namespace CommonInterfaces {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 enum class Shape { kCos, kSin, kEclipse };
 
@@ -38,7 +38,7 @@ constexpr double kEclipseFrom = 1.35;
 double PeriodicMagnitude(const PeriodicStar& star, double jd) {
   // The absolute value is deliberate: the curve is symmetric about the epoch.
   const double cycles = std::abs(jd - star.epoch) / star.period;
-  const double angle = kPi * (cycles - std::floor(cycles));
+  const double angle = astro::kPi * (cycles - std::floor(cycles));
   const double wave = star.shape == Shape::kSin ? std::sin(angle) : std::cos(angle);
   const double change = star.amplitude * (wave * wave);
   if (star.shape == Shape::kEclipse && !(change >= kEclipseFrom)) return star.base;

@@ -6,17 +6,13 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/dates.h"
+#include "utils/calendar.h"
 
 namespace CommonInterfaces {
 
 namespace {
 
 constexpr short kLastWeek = 4;
-
-int FloorModulo7(int value) { return (value % 7 + 7) % 7; }
-
-// Day number N begins at noon; day 0, -4712-01-01, was a Monday.
-int GetWeekday(int day) { return FloorModulo7(FloorModulo7(day) + 1); }
 
 // The Julian day number of the first of a month, months counted from zero; the thirteenth is the next
 // January.
@@ -31,17 +27,13 @@ int GetFirstOfMonth(int year, int month) {
   return day;
 }
 
-int GetFirstOnOrAfter(int day, int weekday) { return day + FloorModulo7(weekday - GetWeekday(day)); }
+int GetFirstOnOrAfter(int day, int weekday) {
+  return day + static_cast<int>(utils::FloorModulo(weekday - utils::WeekdayOfDayNumber(day), 7));
+}
 
 }  // namespace
 
-int GetDaysInMonth(int month, int year) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (month < 1 || month > 12) return 0;
-  // A remainder of zero is zero in every way of rounding, so that negative years need no care.
-  const bool isLeap = year % 400 == 0 || (year % 4 == 0 && year % 100 != 0);
-  return month == 2 && isLeap ? 29 : kDays[month - 1];
-}
+int GetDaysInMonth(int month, int year) { return utils::DaysInMonth(year, month, utils::kGregorianCalendar); }
 
 void RefDay(int& day, double& fraction, short year, short month, short week, short weekday, short hour,
             short minute) {

@@ -2,23 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/units.h"
 
+#include "astro/constants.h"
+
 namespace CommonInterfaces {
 namespace {
 
-constexpr double kKilometresPerAu = 149597870.7;
-constexpr double kAuPerParsec = 206264.80624709636;
+using astro::kAuPerParsec;
+using astro::kKilometresPerAu;
+using astro::kMetresPerAu;
 
 // One light year in kilometres, written in two ways, one for each direction. They round to one double,
 // though the figures as written are a metre apart.
 constexpr double kKilometresPerLightYear = 9460730472580.799;
-constexpr double kLightYearFromDays = 365.25 * 86400 * 299792.458;
+constexpr double kLightYearFromDays = astro::kDaysPerJulianYear * astro::kSecondsPerDay * astro::kLightSpeed;
 
 }  // namespace
 
 double ConvertUnitFromAU(double distance, char unit) {
   switch (unit) {
     case kMetre:
-      return distance * 149597870700.0;
+      return distance * kMetresPerAu;
     case kKilometre:
       return distance * kKilometresPerAu;
     case kThousandKilometres:
@@ -32,7 +35,7 @@ double ConvertUnitFromAU(double distance, char unit) {
     case kParsec:
       return distance * (1 / kAuPerParsec);
     case kKiloparsec:
-      return distance * (1 / 206264806.24709636);
+      return distance * (1 / (kAuPerParsec * 1000));
     default:
       return 0.0;
   }
@@ -41,7 +44,7 @@ double ConvertUnitFromAU(double distance, char unit) {
 double ConvertUnitToAU(double distance, char unit) {
   switch (unit) {
     case kMetre:
-      return distance / 149597870700.0;
+      return distance / kMetresPerAu;
     case kKilometre:
       return distance / kKilometresPerAu;
     case kThousandKilometres:

@@ -44,8 +44,8 @@ class KeyMatcher {
 
  private:
   const unsigned char* m_Key;
-  std::vector<unsigned>
-      m_Fallback;  // after i + 1 matched bytes: how many still match when the next one does not
+  // After i + 1 matched bytes: how many still match when the next one does not.
+  std::vector<unsigned> m_Fallback;
   unsigned m_Matched;
 };
 

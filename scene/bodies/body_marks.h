@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/visibility/body_tests.h"
+#include "scene/bodies/body_tests.h"
 #include "scene/eclipse.h"
 #include "scene/display/labels.h"
 

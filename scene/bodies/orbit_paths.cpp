@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/orbit_info.h"
@@ -15,13 +16,13 @@ namespace {
 
 using CommonInterfaces::OrbitInfo;
 
-constexpr double kKmPerAu = 149597870.7;                 // IAU 2012 resolution B2
 constexpr int kArcs = 180;                               // of a whole orbit
 constexpr int kMaxHalvings = 5;                          // of an arc that comes near
 constexpr double kLongestArc = 3.0 * kRadiansPerDegree;  // as it is seen
 constexpr double kFarthest = 200.0;  // au: open and long orbits are drawn as far as this from the Sun
 
-const SSO_ID kSun(FourCC("plnt"), kSunNumber), kEarth(FourCC("plnt"), kEarthNumber);
+using astro::kEarth;
+using astro::kSun;
 
 const Colour& GetColour(int kind) {
   if (kind == FourCC("plnt")) return palette::kPlanetOrbit;
@@ -104,7 +105,7 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
   double velocity[3], onEarth[3];
   if (!m_Model.GetModel().GetHeliocentricState(kEarth, nullptr, view.from, velocity)) return;
   GetPlaceVector(m_Model.GetMoment(), place, onEarth);
-  for (int i = 0; i < 3; ++i) view.from[i] += onEarth[i] / kKmPerAu;
+  for (int i = 0; i < 3; ++i) view.from[i] += onEarth[i] / astro::kKilometresPerAu;
   for (const auto& body : m_Model.GetBodies()) {
     if (!m_Settings.isObjectWithOrbit(body.id)) continue;
     AddOrbit(view, body, m_Settings.GetOrbitAlpha(body.id));

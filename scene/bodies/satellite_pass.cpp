@@ -7,7 +7,6 @@
 #include <cstdio>
 
 #include "astro/julian_date.h"
-#include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "utils/text.h"
 
@@ -31,17 +30,6 @@ void FormatClock(const SkyMoment& moment, double localOffset, char (&text)[8]) {
 }
 
 }  // namespace
-
-bool IsSunlit(const double satellite[3], const double sun[3]) {
-  constexpr double kEarthRadius = 6371.0;  // km, mean (IUGG)
-  const double distance = Vmod(satellite, 3);
-  if (distance <= kEarthRadius) return true;  // below the surface, which only a decayed one is
-  // As the satellite sees them: how far the Sun's centre is from the Earth's. The Earth hides it when that is less than
-  // the Earth's radius; the Sun is so far that its direction is the same from the satellite.
-  const double towardsEarth[3] = {-satellite[0], -satellite[1], -satellite[2]};
-  const double apart = VectorsAngle(towardsEarth, sun);
-  return apart >= std::asin(kEarthRadius / distance);
-}
 
 SatellitePasses::SatellitePasses(const BodyModel& model) : m_Model(model) {
   const BodyList& bodies = model.GetBodies();
@@ -78,23 +66,6 @@ void SatellitePasses::Compute(const ViewGeometry& geometry, const EarthPlace& pl
   }
 }
 
-SatellitePasses::Sample SatellitePasses::FindSample(const Satellite& satellite, const SkyMoment& moment,
-                                                    const EarthPlace& place) const {
-  Sample sample = {{{0.0, 0.0, 0.0}}, false, false};
-  double teme[3], velocity[3], position[3], from[3], axes[9];
-  const double minutes = (moment.day - satellite.epoch + moment.fraction) * kMinutesPerDay;
-  if (satellite.model.GetState(minutes, teme, velocity) != SatelliteFault::kNone) return sample;
-  TemeToJ2000(moment.julianDateTT, teme, position);
-  sample.sunlit = IsSunlit(position, m_Model.GetSunFromCentre());
-  GetPlaceVector(moment, place, from);
-  for (int i = 0; i < 3; ++i) position[i] -= from[i];
-  HorizonAxes(moment, place, axes);
-  MV3prod(axes, position, sample.direction.v);
-  sample.direction = Normalised(sample.direction);
-  sample.known = true;
-  return sample;
-}
-
 void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
                               const Satellite& satellite) {
   const double markStep = satellite.period > kLongPeriod ? kLongStep : kMinute;
@@ -104,15 +75,17 @@ void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& pl
   const SkyMoment& now = m_Model.GetMoment();
   const double toMark = std::floor((now.fraction + 0.5) / markStep + 0.5) * markStep - 0.5 - now.fraction;
   tPoint<double> last{};
-  Sample lastSample = {{{0.0, 0.0, 0.0}}, false, false};
+  bool lastUsable = false;
   for (int i = -kMarksEachWay * kSamplesPerMark; i <= kMarksEachWay * kSamplesPerMark; ++i) {
     const SkyMoment moment = Later(now, toMark + i * step);
-    const Sample sample = FindSample(satellite, moment, place);
-    const auto p = geometry.Project(sample.direction, SkyFrameOf::kHorizon);
+    const astro::SatellitePlace sample = astro::FindSatellitePlace(satellite.model, satellite.epoch, moment,
+                                                                   place, m_Model.GetSunFromCentre());
+    const Direction direction = MakeDirection(sample.direction);
+    const auto p = geometry.Project(direction, SkyFrameOf::kHorizon);
     const bool usable =
-        sample.known && sample.direction.v[2] >= 0.0 &&
-        (Dot(sample.direction, geometry.centreHorizon) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal));
-    if (usable && lastSample.known) {
+        sample.known && direction.v[2] >= 0.0 &&
+        (Dot(direction, geometry.centreHorizon) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal));
+    if (usable && lastUsable) {
       tPoint<double> from = last, to = p;
       if (CommonInterfaces::line_in_rectD(&from, &to, window)) {
         m_Lines.push_back({from, to, sample.sunlit, satellite.object});
@@ -124,8 +97,7 @@ void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& pl
       m_Marks.push_back(mark);
     }
     last = p;
-    lastSample = sample;
-    lastSample.known = usable;
+    lastUsable = usable;
   }
 }
 
@@ -147,11 +119,9 @@ bool SatellitePasses::IsSunlitNow(int body) const {
   const SkyMoment& now = m_Model.GetMoment();
   for (const auto& satellite : m_Satellites) {
     if (satellite.body != body) continue;
-    double teme[3], velocity[3], position[3];
-    const double minutes = (now.day - satellite.epoch + now.fraction) * kMinutesPerDay;
-    if (satellite.model.GetState(minutes, teme, velocity) != SatelliteFault::kNone) return false;
-    TemeToJ2000(now.julianDateTT, teme, position);
-    return IsSunlit(position, m_Model.GetSunFromCentre());
+    double position[3];
+    return astro::GetSatellitePosition(satellite.model, satellite.epoch, now, position) &&
+           astro::IsSunlit(position, m_Model.GetSunFromCentre());
   }
   return true;
 }

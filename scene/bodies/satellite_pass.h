@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "astro/satellite.h"
+#include "astro/satellite_pass.h"
 #include "scene/body_model.h"
 #include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
@@ -24,10 +24,6 @@ struct DrawnPassMark {
   char text[8];
   ObjectRef satellite;
 };
-
-// Whether sunlight reaches a satellite: the Earth does not hide the Sun's centre from it.
-// `satellite` from the Earth's centre in km, `sun` in any unit, both on the same axes.
-bool IsSunlit(const double satellite[3], const double sun[3]);
 
 // The paths of satellites over the horizon of a place: where each stands at which minute, ten minutes before and after
 // the moment, for satellites with long periods up to an hour. When there are at most three satellites all have their
@@ -57,13 +53,8 @@ class SatellitePasses {
     double period;  // days
     SatelliteModel model;
   };
-  struct Sample {
-    Direction direction;  // horizon frame
-    bool known, sunlit;
-  };
   void AddPath(const ViewGeometry& geometry, const EarthPlace& place, double localOffset,
                const Satellite& satellite);
-  Sample FindSample(const Satellite& satellite, const SkyMoment& moment, const EarthPlace& place) const;
   const Satellite* FindNearest(const ViewGeometry& geometry) const;
 
   const BodyModel& m_Model;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "scene/bodies/body_marks.h"
-#include "scene/visibility/body_tests.h"
+#include "scene/bodies/body_tests.h"
 #include "scene/eclipse.h"
 #include "scene/bodies/orbit_paths.h"
 #include "scene/bodies/satellite_pass.h"

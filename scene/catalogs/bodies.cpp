@@ -5,10 +5,10 @@
 #include <limits>
 
 #include "astro/solar_system.h"
+#include "common_interfaces/field_names.h"
 #include "common_interfaces/record_conversion.h"
-#include "scene/catalogs/field_ids.h"
-#include "scene/texts.h"
 #include "scene/object_names.h"
+#include "scene/texts.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"
@@ -59,7 +59,7 @@ void AddCometNames(const std::string& name, std::vector<std::string>& names) {
 }
 
 void AddNames(const CatalogTable& table, SkyBody& body) {
-  const std::string name = FieldText(table, fields::kProperName);
+  const std::string name = FieldText(table, CommonInterfaces::FieldIds::ProperName);
   body.names.push_back(name.empty() ? std::to_string(body.id.number) : name);
   if (body.id.kind == FourCC("astr")) {
     body.names.push_back(std::to_string(body.id.number) + " " + name);
@@ -83,7 +83,7 @@ void AddTable(const char* name, int kind, BodyList& bodies) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     SkyBody body;
-    body.id = SSO_ID(kind, static_cast<int>(FieldNumber(table, fields::kNumber, -1.0)));
+    body.id = SSO_ID(kind, static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0)));
     taker.taken = false;
     CommonInterfaces::ConvertDBRecord(body.id, &table, nullptr, &taker, kLocateMode);
     if (!taker.taken) continue;

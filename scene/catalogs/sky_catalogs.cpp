@@ -7,8 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/catalogs/field_ids.h"
+#include "scene/view/arcs.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -18,6 +19,8 @@ namespace {
 constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends by less than a pixel over it
 constexpr double kOutlineStep = 1.0 * kRadiansPerDegree;
 constexpr int kMilkyWayLevels = 5;
+
+const int kEnglishName = GetUniqueID("EnglishName");  // a column of this catalog alone
 
 bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
   const std::string path = ZentharPath::GetPath(name);
@@ -33,24 +36,24 @@ bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
 // False when the current record lacks its position.
 bool TakePosition(const CatalogTable& table, Direction& direction) {
   constexpr double kMissing = std::numeric_limits<double>::infinity();
-  const double ra = FieldNumber(table, fields::kRA, kMissing),
-               dec = FieldNumber(table, fields::kDec, kMissing);
+  const double ra = FieldNumber(table, CommonInterfaces::FieldIds::RA, kMissing),
+               dec = FieldNumber(table, CommonInterfaces::FieldIds::Dec, kMissing);
   if (!(ra + dec < kMissing)) return false;
   direction = MakeDirection(ra, dec);
   return true;
 }
 
 std::string DeepskyLabel(const CatalogTable& table) {
-  const int messier = static_cast<int>(FieldNumber(table, fields::kMessierNumber, 0.0));
+  const int messier = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::MessierNumber, 0.0));
   if (messier > 0) return "M" + std::to_string(messier);
-  const char* ngc = FieldText(table, fields::kNGC_ICnumber);
-  return *ngc ? ngc : FieldText(table, fields::kProperName);
+  const char* ngc = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
+  return *ngc ? ngc : FieldText(table, CommonInterfaces::FieldIds::ProperName);
 }
 
 unsigned char CatalogBits(const CatalogTable& table) {
-  const std::string_view designation = FieldText(table, fields::kNGC_ICnumber);
+  const std::string_view designation = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
   unsigned bits = 0;
-  if (FieldNumber(table, fields::kMessierNumber, 0.0) > 0.0) bits |= kInMessier;
+  if (FieldNumber(table, CommonInterfaces::FieldIds::MessierNumber, 0.0) > 0.0) bits |= kInMessier;
   if (designation.starts_with("NGC")) bits |= kInNgc;
   if (designation.starts_with("IC")) bits |= kInIc;
   return bits == 0 ? static_cast<unsigned char>(kInNoCatalog) : static_cast<unsigned char>(bits);
@@ -61,14 +64,14 @@ void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
     table.Select(record);
     DeepskyObject object;
     const double magnitude =
-        FieldNumber(table, fields::kVisMagnitude, std::numeric_limits<double>::infinity());
+        FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, std::numeric_limits<double>::infinity());
     if (!TakePosition(table, object.direction) || magnitude > 99.0) continue;
     object.code = static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) *
                                      CommonInterfaces::kMagCodesPerMag);
-    object.kind = GetFOURCC(FieldText(table, fields::kType));
-    object.number = static_cast<int>(FieldNumber(table, fields::kNumber, -1.0));
-    object.largest = static_cast<float>(FieldNumber(table, fields::kLargestDimension, 0.0));
-    object.smallest = static_cast<float>(FieldNumber(table, fields::kSmallestDimension, 0.0));
+    object.kind = GetFOURCC(FieldText(table, CommonInterfaces::FieldIds::Type));
+    object.number = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0));
+    object.largest = static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::LargestDimension, 0.0));
+    object.smallest = static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::SmallestDimension, 0.0));
     object.label = DeepskyLabel(table);
     object.catalogs = CatalogBits(table);
     object.record = record;
@@ -93,8 +96,8 @@ void FillFigures(CatalogTable& table, SkyCatalogs& catalogs) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     if (!TakePosition(table, vertex)) continue;
-    figure = FieldText(table, fields::kLabel);
-    polyline = FieldNumber(table, fields::kNumber, 0.0);
+    figure = FieldText(table, CommonInterfaces::FieldIds::Label);
+    polyline = FieldNumber(table, CommonInterfaces::FieldIds::Number, 0.0);
     if (record > 0 && figure == lastFigure && polyline == lastPolyline) {
       const int first = static_cast<int>(catalogs.figurePoints.size());
       catalogs.figurePoints.push_back(last);
@@ -112,9 +115,9 @@ void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     ConstellationName entry;
-    entry.abbreviation = FieldText(table, fields::kLabel);
-    entry.name = FieldText(table, fields::kProperName);
-    entry.englishName = FieldText(table, fields::kEnglishName);
+    entry.abbreviation = FieldText(table, CommonInterfaces::FieldIds::Label);
+    entry.name = FieldText(table, CommonInterfaces::FieldIds::ProperName);
+    entry.englishName = FieldText(table, kEnglishName);
     if (entry.englishName.empty()) entry.englishName = entry.name;
     if (TakePosition(table, entry.direction) && !entry.name.empty()) names.push_back(std::move(entry));
   }
@@ -133,8 +136,8 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     Direction vertex;
-    const int level = static_cast<int>(FieldNumber(table, fields::kType, 0.0));
-    const int ring = static_cast<int>(FieldNumber(table, fields::kNumber, -1.0));
+    const int level = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Type, 0.0));
+    const int ring = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0));
     if (level < 1 || level > kMilkyWayLevels || !TakePosition(table, vertex)) continue;
     if (level != lastLevel || ring != lastRing) {
       CloseRing(catalogs);

@@ -10,7 +10,7 @@
 
 #include "common_interfaces/star_data.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/catalogs/field_ids.h"
+#include "common_interfaces/field_names.h"
 #include "utils/debug.h"
 
 namespace scene {
@@ -28,10 +28,10 @@ Direction MakeMotion(double ra, double dec, double east, double north) {
 
 // The label and whether it is a proper name.
 std::pair<std::string_view, bool> ChooseLabel(const CatalogTable& table) {
-  if (const std::string_view name = FieldText(table, fields::kProperName); !name.empty()) return {name, true};
-  const std::string_view bayer = FieldText(table, fields::kBayer);
+  if (const std::string_view name = FieldText(table, CommonInterfaces::FieldIds::ProperName); !name.empty()) return {name, true};
+  const std::string_view bayer = FieldText(table, CommonInterfaces::FieldIds::Bayer);
   if (!bayer.empty()) return {bayer.substr(0, bayer.find(' ')), false};
-  const std::string_view flamsteed = FieldText(table, fields::kFlamsteed);
+  const std::string_view flamsteed = FieldText(table, CommonInterfaces::FieldIds::Flamsteed);
   return {flamsteed.substr(0, flamsteed.find(' ')), false};
 }
 
@@ -39,28 +39,28 @@ unsigned char CatalogBits(const CatalogTable& table) {
   const auto bit = [](bool listed, StarCatalogBit value) {
     return listed ? static_cast<unsigned>(value) : 0u;
   };
-  return static_cast<unsigned char>(bit(FieldNumber(table, fields::kNumber, 0.0) > 0.0, kInBrightStars) |
-                                    bit(FieldNumber(table, fields::kHipparcosID, 0.0) > 0.0, kInHipparcos) |
-                                    bit(*FieldText(table, fields::kBayer) != 0, kInBayer) |
-                                    bit(*FieldText(table, fields::kFlamsteed) != 0, kInFlamsteed));
+  return static_cast<unsigned char>(bit(FieldNumber(table, CommonInterfaces::FieldIds::Number, 0.0) > 0.0, kInBrightStars) |
+                                    bit(FieldNumber(table, CommonInterfaces::FieldIds::HipparcosID, 0.0) > 0.0, kInHipparcos) |
+                                    bit(*FieldText(table, CommonInterfaces::FieldIds::Bayer) != 0, kInBayer) |
+                                    bit(*FieldText(table, CommonInterfaces::FieldIds::Flamsteed) != 0, kInFlamsteed));
 }
 
 }  // namespace
 
 void StarCatalog::Append(CatalogTable& table, int record) {
   table.Select(record);
-  const double ra = FieldNumber(table, fields::kRA, 0.0), dec = FieldNumber(table, fields::kDec, 0.0);
-  const double east = FieldNumber(table, fields::kPropMotionRA, 0.0) * kRadiansPerMas;
-  const double north = FieldNumber(table, fields::kPropMotionDec, 0.0) * kRadiansPerMas;
-  const double magnitude = FieldNumber(table, fields::kVisMagnitude, 0.0);
+  const double ra = FieldNumber(table, CommonInterfaces::FieldIds::RA, 0.0), dec = FieldNumber(table, CommonInterfaces::FieldIds::Dec, 0.0);
+  const double east = FieldNumber(table, CommonInterfaces::FieldIds::PropMotionRA, 0.0) * kRadiansPerMas;
+  const double north = FieldNumber(table, CommonInterfaces::FieldIds::PropMotionDec, 0.0) * kRadiansPerMas;
+  const double magnitude = FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, 0.0);
   m_Codes.push_back(
       static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) * CommonInterfaces::kMagCodesPerMag));
   m_Directions.push_back(MakeDirection(ra, dec));
   m_Motions.push_back(MakeMotion(ra, dec, east, north));
   m_MaxMotion = std::max(m_MaxMotion, std::hypot(east, north));
-  m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, fields::kSpectrType)));
-  m_Numbers.push_back(static_cast<int>(FieldNumber(table, fields::kNumber, -1.0)));
-  const double colour = FieldNumber(table, fields::kColorIndexBV, kMissing);
+  m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, CommonInterfaces::FieldIds::SpectrType)));
+  m_Numbers.push_back(static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0)));
+  const double colour = FieldNumber(table, CommonInterfaces::FieldIds::ColorIndexBV, kMissing);
   m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
                                                        : std::numeric_limits<float>::quiet_NaN());
   m_Catalogs.push_back(CatalogBits(table));
@@ -76,9 +76,9 @@ void StarCatalog::Fill(CatalogTable& table) {
   std::vector<std::pair<double, int>> order;  // magnitude and record
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
-    const double magnitude = FieldNumber(table, fields::kVisMagnitude, kMissing);
+    const double magnitude = FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, kMissing);
     const bool placed =
-        FieldNumber(table, fields::kRA, kMissing) + FieldNumber(table, fields::kDec, kMissing) < kMissing;
+        FieldNumber(table, CommonInterfaces::FieldIds::RA, kMissing) + FieldNumber(table, CommonInterfaces::FieldIds::Dec, kMissing) < kMissing;
     if (placed && magnitude < kMissing) order.emplace_back(magnitude, record);
   }
   if (const int left = table.GetCount() - static_cast<int>(order.size()); left > 0) {

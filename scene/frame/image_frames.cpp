@@ -9,6 +9,7 @@
 #include "astro/vectors.h"
 #include "common_interfaces/sky_images.h"
 #include "scene/display/palette.h"
+#include "scene/view/arcs.h"
 #include "utils/path.h"
 
 namespace scene {

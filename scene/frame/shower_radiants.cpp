@@ -6,20 +6,9 @@
 #include <utility>
 
 #include "scene/display/palette.h"
-#include "scene/texts.h"
 #include "scene/shower_activity.h"
 
 namespace scene {
-
-std::vector<Shower> LoadShowers() {
-  std::vector<CommonInterfaces::SHOWER> records;
-  CommonInterfaces::ReadMeteorShowers(&records);
-  std::vector<Shower> showers;
-  for (const auto& record : records) {
-    showers.push_back({record, MakeDirection(record.ra, record.dec), ToUtf8(record.name)});
-  }
-  return showers;
-}
 
 void ShowerRadiants::SetShowers(std::vector<Shower> showers) {
   m_Showers = std::move(showers);

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "common_interfaces/planets_and_moons.h"
-#include "scene/catalogs/field_ids.h"
+#include "common_interfaces/field_names.h"
 #include "scene/name_key.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
@@ -54,10 +54,10 @@ void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
   for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
     table.Select(catalogs.stars.GetRecord(i));
     const FoundObject object = {ObjectGroup::kStar, i};
-    for (const int field : {fields::kProperName, fields::kBayer, fields::kFlamsteed})
+    for (const int field : {CommonInterfaces::FieldIds::ProperName, CommonInterfaces::FieldIds::Bayer, CommonInterfaces::FieldIds::Flamsteed})
       Add(FieldText(table, field), object);
-    Add(Numbered("HR ", table, fields::kNumber), object);
-    Add(Numbered("HIP ", table, fields::kHipparcosID), object);
+    Add(Numbered("HR ", table, CommonInterfaces::FieldIds::Number), object);
+    Add(Numbered("HIP ", table, CommonInterfaces::FieldIds::HipparcosID), object);
   }
 }
 
@@ -66,9 +66,9 @@ void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
   for (int i = 0; i < static_cast<int>(catalogs.deepsky.size()); ++i) {
     table.Select(catalogs.deepsky[i].record);
     const FoundObject object = {ObjectGroup::kDeepsky, i};
-    Add(Numbered("M ", table, fields::kMessierNumber), object);
-    Add(FieldText(table, fields::kNGC_ICnumber), object);
-    Add(FieldText(table, fields::kProperName), object);
+    Add(Numbered("M ", table, CommonInterfaces::FieldIds::MessierNumber), object);
+    Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
+    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "astro/vectors.h"
 #include "scene/frame/frame_parts.h"
+#include "scene/visibility/kind_switches.h"
 #include "scene/visibility/object_tests.h"
 #include "scene/visibility/zoom_search.h"
 #include "utils/text.h"

@@ -6,9 +6,11 @@
 #include <cmath>
 #include <iterator>
 
+#include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
 #include "scene/directions.h"
+#include "scene/view/earthbound.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -16,13 +18,11 @@ namespace {
 
 using CommonInterfaces::Camera;
 
-constexpr double kJ2000 = 2451545.0;  // Julian date, dynamical time
 constexpr int kGalaxyNumber = 0x3D000000;
 
 // About the Sun.
 constexpr double kNearSun = 100.0;  // au
-constexpr double kAuPerParsec = 206264.8062470964;
-constexpr double kGalacticCentreDistance = 8500.0 * kAuPerParsec;  // IAU 1985
+constexpr double kGalacticCentreDistance = 8500.0 * astro::kAuPerParsecAbove;  // IAU 1985
 
 constexpr double kIdentity[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
@@ -45,7 +45,7 @@ void GalacticMatrix(double m[9]) {
 
 // The mean obliquity of J2000: 84381.406 seconds of arc (IAU 2006).
 void EclipticMatrix(double m[9]) {
-  const double obliquity = MeanObliquity(kJ2000);
+  const double obliquity = MeanObliquity(astro::kJ2000);
   const double c = std::cos(obliquity), s = std::sin(obliquity);
   const double rows[9] = {1, 0, 0, 0, c, s, 0, -s, c};
   std::copy(std::begin(rows), std::end(rows), m);

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "scene/directions.h"
 
-#include <cmath>
-
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 
@@ -19,19 +17,6 @@ Direction Normalised(const Direction& direction) {
   const double length = Vmod(direction.v, 3);
   if (length == 0.0) return direction;
   return {{direction.v[0] / length, direction.v[1] / length, direction.v[2] / length}};
-}
-
-void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>& points) {
-  const double angle = VectorsAngle(a.v, b.v);
-  const int pieces = static_cast<int>(std::ceil(angle / maxAngle));
-  for (int i = 1; i < pieces; ++i) {
-    const double part = angle * i / pieces;
-    const double wa = std::sin(angle - part), wb = std::sin(part);
-    Direction point;
-    for (int k = 0; k < 3; ++k) point.v[k] = wa * a.v[k] + wb * b.v[k];
-    points.push_back(Normalised(point));
-  }
-  points.push_back(b);
 }
 
 }  // namespace scene

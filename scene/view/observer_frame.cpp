@@ -2,30 +2,30 @@
 // SPDX-License-Identifier: MIT
 #include "scene/observer_frame.h"
 
+#include "astro/constants.h"
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
-#include "astro/vectors.h"
 #include "scene/base_plane.h"
+#include "scene/view/earthbound.h"
 
 namespace scene {
 namespace {
 
-constexpr double kJ2000 = 2451545.0;  // Julian date, dynamical time
-constexpr double kDaysPerJulianYear = 365.25;
-
-void HorizonReduction(const CommonInterfaces::Camera& camera, double julianDateTT, double reduction[9]) {
+// The camera's own moment: its dynamical time to the last digit.
+SkyMoment FindMoment(const CommonInterfaces::Camera& camera, double julianDateTT) {
   CommonInterfaces::_Date universal;
   camera.GetUniversalTime(universal);
   const double deltaT = ET_UT::Get(universal.day, universal.fraction);
-  const SphCoor& location = camera.GetLocation();
-  double orientation[9], horizon[9];
-  PrecessionNutationMatrix(julianDateTT, orientation);
-  HorizonMatrix(ApparentSiderealTime(universal.day, universal.fraction, deltaT) + location.lon, location.lat,
-                horizon);
-  M3prod(horizon, orientation, reduction);
+  return {universal.day, universal.fraction, deltaT, julianDateTT};
 }
 
 }  // namespace
+
+void FindReduction(const CommonInterfaces::Camera& camera, const SkyMoment& moment, double reduction[9]) {
+  if (camera.GetBasePlane() != kHorizonPlane) return PlaneMatrix(camera.GetBasePlane(), reduction);
+  const SphCoor& location = camera.GetLocation();
+  astro::HorizonAxes(moment, {location.lon, location.lat, 0.0}, reduction);
+}
 
 ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
   CommonInterfaces::_Date dynamical;
@@ -33,13 +33,9 @@ ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
   const double julianDateTT = dynamical.day + dynamical.fraction;
   ObserverFrame observer = {};
   observer.horizon = camera.GetBasePlane() == kHorizonPlane;
-  if (observer.horizon) {
-    HorizonReduction(camera, julianDateTT, observer.reduction);
-  } else {
-    PlaneMatrix(camera.GetBasePlane(), observer.reduction);
-  }
+  FindReduction(camera, FindMoment(camera, julianDateTT), observer.reduction);
   if (MovesWithEarth(camera)) EarthVelocity(julianDateTT, observer.velocity);
-  observer.years = (dynamical.day - kJ2000 + dynamical.fraction) / kDaysPerJulianYear;
+  observer.years = (dynamical.day - astro::kJ2000 + dynamical.fraction) / astro::kDaysPerJulianYear;
 
   camera.SetReductionMatrix(observer.reduction);
   double ra = 0.0, dec = 0.0;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common_interfaces/field_data.h"
-#include "scene/shown_kinds.h"
+#include "scene/visibility/kind_switches.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
 #include "utils/text.h"

@@ -3,6 +3,7 @@
 #include "scene/shown_kinds.h"
 
 #include "common_interfaces/field_data.h"
+#include "scene/visibility/kind_switches.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -7,7 +7,7 @@
 
 #include "common_interfaces/camera.h"
 #include "scene/observer_frame.h"
-#include "scene/frame/shower_radiants.h"
+#include "scene/showers.h"
 
 namespace skyview {
 

@@ -8,6 +8,7 @@
 #include "astro/coordinates.h"
 #include "astro/earth_orientation.h"
 #include "astro/julian_date.h"
+#include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "common_interfaces/object_kinds.h"
 #include "common_interfaces/refraction.h"
@@ -17,13 +18,16 @@
 #include "skyview/reports/body_texts.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/moment_text.h"
-#include "scene/bodies/rise_set.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 
 namespace skyview {
 namespace {
 
+using astro::FindHorizonPlace;
+using astro::HorizonPlace;
+using astro::MakeHorizonPlace;
+using astro::RiseTransitSet;
 using CommonInterfaces::Camera;
 using CommonInterfaces::FormatLocalizedText;
 
@@ -61,9 +65,9 @@ class WhereWriter {
   void AddLook();
   void AddEvents();
   void AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event, bool withAltitude);
-  std::optional<scene::HorizonPlace> Find(const scene::SkyMoment& moment) const;
+  std::optional<HorizonPlace> Find(const scene::SkyMoment& moment) const;
   scene::SkyMoment FindStart() const;
-  scene::RiseTransitSet FindEvents() const;
+  RiseTransitSet FindEvents() const;
   std::string FormatEvent(const scene::SkyMoment& moment) const;
 
   scene::ObjectSight& m_Sight;
@@ -98,7 +102,7 @@ void WhereWriter::AddPositions() {
 void WhereWriter::AddDirection() {
   double axes[9];
   scene::HorizonAxes(m_Now, m_Place, axes);
-  const scene::HorizonPlace stands = scene::MakeHorizonPlace(axes, m_Seen.apparent, 0.0);
+  const HorizonPlace stands = MakeHorizonPlace(axes, m_Seen.apparent, 0.0);
   Add(Localize(HostText::kWhereDirection,
                {FormatAngles(kHorizonFormat, stands.azimuth, kAngleDegrees, stands.altitude).c_str()}));
   double lifted = stands.altitude;
@@ -128,14 +132,14 @@ void WhereWriter::AddLook() {
   }
 }
 
-std::optional<scene::HorizonPlace> WhereWriter::Find(const scene::SkyMoment& moment) const {
+std::optional<HorizonPlace> WhereWriter::Find(const scene::SkyMoment& moment) const {
   ObservedBody seen;
   if (!m_Sight.Observe(moment, m_Place, seen)) return std::nullopt;
   double axes[9];
   scene::HorizonAxes(moment, m_Place, axes);
   // Stars and deep-sky objects rise with their centres.
-  return scene::MakeHorizonPlace(axes, seen.apparent,
-                          seen.sunDistance > 0.0 || seen.lightTime > 0.0 ? seen.angularRadius : 0.0);
+  const double radius = seen.sunDistance > 0.0 || seen.lightTime > 0.0 ? seen.angularRadius : 0.0;
+  return MakeHorizonPlace(axes, seen.apparent, astro::GetRiseAltitude(radius));
 }
 
 // The midnight before the moment by the clocks of the place; of satellites the moment itself.
@@ -148,14 +152,14 @@ scene::SkyMoment WhereWriter::FindStart() const {
   return scene::MakeMoment(day, -0.5 - offset);
 }
 
-scene::RiseTransitSet WhereWriter::FindEvents() const {
-  const scene::FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
+RiseTransitSet WhereWriter::FindEvents() const {
+  const FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
   const scene::SkyMoment start = FindStart();
   const double step = m_Satellite ? kSatelliteStep : kStep;
-  scene::RiseTransitSet events = scene::FindRiseTransitSet(find, start, 1.0, step);
+  RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, step);
   if (m_Satellite || events.staysUp || events.staysDown) return events;
   if (events.rise && events.transit && events.set) return events;
-  const scene::RiseTransitSet next = scene::FindRiseTransitSet(find, scene::Later(start, 1.0), 1.0, step);
+  const RiseTransitSet next = FindRiseTransitSet(find, scene::Later(start, 1.0), 1.0, step);
   if (!events.rise) events.rise = next.rise;
   if (!events.set) events.set = next.set;
   if (!events.transit) {
@@ -184,7 +188,7 @@ void WhereWriter::AddEvent(HostText text, HostText none, const std::optional<sce
 }
 
 void WhereWriter::AddEvents() {
-  const scene::RiseTransitSet events = FindEvents();
+  const RiseTransitSet events = FindEvents();
   if (events.staysDown) return Add(Localize(HostText::kWhereStaysDown, {}));
   if (events.staysUp) {
     Add(Localize(HostText::kWhereStaysUp, {}));

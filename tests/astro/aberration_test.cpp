@@ -8,7 +8,7 @@
 #include "astro/coordinates.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::kDegree;
 

@@ -9,8 +9,8 @@
 #include <random>
 
 #include "astro/astro.h"
-#include "companions/astro/nutation.h"
-#include "measure.h"
+#include "companions/astro/earth/nutation.h"
+#include "helpers/measure.h"
 
 using astro_test::JulianDateOfYear;
 using astro_test::kArcSecond;

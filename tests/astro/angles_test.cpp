@@ -7,7 +7,7 @@
 #include <random>
 
 #include "astro/coordinates.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::FromDms;
 using astro_test::FromHms;

@@ -4,8 +4,8 @@
 // Places of the Sun, the planets and the Moon as an observer sees them, against published ones.
 #include <gtest/gtest.h>
 
-#include "sky_place.h"
-#include "tsv.h"
+#include "helpers/sky_place.h"
+#include "helpers/tsv.h"
 
 using astro_test::ApparentPlace;
 using astro_test::ArcSecondsBetween;

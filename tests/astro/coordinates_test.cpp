@@ -9,7 +9,7 @@
 #include <numbers>
 
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::FromDms;
 using astro_test::kDegree;

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "astro/julian_date.h"
-#include "measure.h"
-#include "tsv.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
 
 using astro_test::JulianDateOfYear;
 using astro_test::Largest;

@@ -10,7 +10,7 @@
 #include "astro/coordinates.h"
 #include "astro/delta_t.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::FromDms;
 using astro_test::FromHms;

@@ -4,7 +4,7 @@
 
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 // Meeus, Astronomical Algorithms (1998), example 23.b: 1e-8 au a day on 2028 November 13.19 TD.
 TEST(EarthVelocity, PublishedExample) {

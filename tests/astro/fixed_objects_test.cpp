@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/fixed_objects.h"
+#include "companions/astro/model/fixed_objects.h"
 
 #include <gtest/gtest.h>
 
-#include "sky_place.h"
+#include "helpers/sky_place.h"
 
 using astro_test::ApparentPlace;
 using astro_test::ArcSecondsBetween;

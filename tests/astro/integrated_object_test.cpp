@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/integrated_object.h"
+#include "companions/astro/model/integrated_object.h"
 
 #include <gtest/gtest.h>
 
-#include "sky_place.h"
+#include "helpers/sky_place.h"
 
 using astro_internal::IntegratedObject;
 using astro_internal::ModelObject;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/kepler_equation.h"
+#include "companions/astro/orbits/kepler_equation.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 #include <limits>
 
 #include "astro/two_body.h"
-#include "measure.h"
-#include "tsv.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
 
 using astro_test::kDegree;
 using astro_test::Largest;

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/magnitudes.h"
+#include "companions/astro/model/magnitudes.h"
 
 #include <gtest/gtest.h>
 
-#include "sky_place.h"
+#include "helpers/sky_place.h"
 
 using astro_internal::AsteroidMagnitude;
 using astro_internal::CometMagnitude;

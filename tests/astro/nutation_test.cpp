@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/nutation.h"
+#include "companions/astro/earth/nutation.h"
 
 #include <gtest/gtest.h>
 
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::kArcSecond;
 

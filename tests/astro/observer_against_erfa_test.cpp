@@ -7,8 +7,8 @@
 
 #include <random>
 
-#include "companions/astro/moment.h"
-#include "sky_place.h"
+#include "companions/astro/model/moment.h"
+#include "helpers/sky_place.h"
 
 using astro_test::JulianDateOfYear;
 using astro_test::kArcSecond;
@@ -108,9 +108,8 @@ TEST(ObserverAgainstErfa, MotionOfSunAndEarthAboutTheBarycentre) {
     eraEpv00(date, 0.0, heliocentric, barycentric);
     for (int i = 0; i < 3; ++i) {
       barycentre.Note(moment.barycentre[i] - (heliocentric[0][i] - barycentric[0][i]), date);
-      speed.Note(
-          (moment.observerVelocity[i] - barycentric[1][i] / astro_internal::kLightPerDay) * 299792458.0,
-          date);
+      speed.Note((moment.observerVelocity[i] - barycentric[1][i] / astro::kLightAuPerDay) * 299792458.0,
+                 date);
     }
   }
   barycentre.Expect(2e-5);

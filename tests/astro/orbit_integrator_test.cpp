@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/astro/orbit_integrator.h"
+#include "companions/astro/orbits/orbit_integrator.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 #include "astro/two_body.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_internal::IntegrateOrbit;
 using astro_internal::IntegrationLimits;

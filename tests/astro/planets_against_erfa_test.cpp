@@ -10,7 +10,7 @@
 
 #include "astro/planets.h"
 #include "astro/vectors.h"
-#include "measure.h"
+#include "helpers/measure.h"
 #include "utils/text.h"
 
 using astro_test::JulianDateOfYear;

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "astro/vectors.h"
-#include "measure.h"
-#include "tsv.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
 #include "utils/text.h"
 
 using astro_test::kArcSecond;

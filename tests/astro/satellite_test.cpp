@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "astro/vectors.h"
-#include "measure.h"
-#include "tsv.h"
-#include "two_lines.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
+#include "helpers/two_lines.h"
 
 using astro_test::Largest;
 

@@ -7,8 +7,8 @@
 #include <cstring>
 #include <limits>
 
-#include "known_orbits.h"
-#include "sky_place.h"
+#include "helpers/known_orbits.h"
+#include "helpers/sky_place.h"
 #include "tests/support/allocation_counter.h"
 
 using astro_test::Ceres;

@@ -8,8 +8,8 @@
 #include <limits>
 
 #include "astro/vectors.h"
-#include "measure.h"
-#include "tsv.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
 
 using astro_test::kDegree;
 using astro_test::Largest;

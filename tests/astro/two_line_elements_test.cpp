@@ -5,9 +5,9 @@
 #include <string>
 
 #include "astro/satellite.h"
-#include "measure.h"
-#include "tsv.h"
-#include "two_lines.h"
+#include "helpers/measure.h"
+#include "helpers/tsv.h"
+#include "helpers/two_lines.h"
 
 using astro_test::kDegree;
 using astro_test::WithCheckSum;

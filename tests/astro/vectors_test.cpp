@@ -8,7 +8,7 @@
 #include <numbers>
 
 #include "astro/coordinates.h"
-#include "measure.h"
+#include "helpers/measure.h"
 
 using astro_test::kDegree;
 
@@ -115,4 +115,13 @@ TEST(Vectors, AngleNeedsNoUnitVectorsAndIsZeroForNone) {
   const double none[3] = {0, 0, 0};
   EXPECT_DOUBLE_EQ(VectorsAngle(a, b), std::numbers::pi / 2.0);
   EXPECT_DOUBLE_EQ(VectorsAngle(a, none), 0.0);
+}
+
+TEST(Vectors, ScalarProduct) {
+  const double a[3] = {1.0, -2.0, 3.0}, b[3] = {4.0, 5.0, 6.0};
+  EXPECT_EQ(astro::Dot(a, b), 12.0);
+  EXPECT_EQ(astro::Dot(a, a), 14.0);
+  // Summed from the first to the last: the large ones meet first.
+  const double large[3] = {1e20, -1e20, 1.0}, ones[3] = {1.0, 1.0, 1.0};
+  EXPECT_EQ(astro::Dot(large, ones), 1.0);
 }

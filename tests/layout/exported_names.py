@@ -5,10 +5,11 @@
 
 usage: exported_names.py [--update] LIBRARY FILE
 
-LIBRARY is common_interfaces, astro or utils; FILE is its .so, or its .dll, of any word size. Fails with a diff when
-a name was lost or has leaked, and when a name has no place in the library: the library exports the namespaces
+LIBRARY is common_interfaces, astro, utils or scene; FILE is its .so, or its .dll, of any word size. Fails with a diff
+when a name was lost or has leaked, and when a name has no place in the library: the library exports the namespaces
 CommonInterfaces and thread, and the global names that its public headers mark with COMMON_INTERFACES_API outside any
-namespace; a companion the global names that its public headers declare. --update rewrites the list from FILE, a .so.
+namespace; scene its namespace alone; another companion the global names that its public headers declare. --update
+rewrites the list from FILE, a .so.
 
 The list holds demangled names with their parameters; std::size_t is written so for both word sizes. What a compiler
 adds for itself is left out: instantiations of std, the names inside type information, and the second and third form
@@ -25,7 +26,7 @@ import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 ROOT = os.path.dirname(os.path.dirname(HERE))
-NAMESPACES = {"common_interfaces": {"CommonInterfaces", "thread"}, "astro": set(), "utils": set()}
+NAMESPACES = {"common_interfaces": {"CommonInterfaces", "thread"}, "astro": set(), "utils": set(), "scene": {"scene"}}
 
 # The outermost component of a mangled name: behind what kind of table it is, that it is local to a function, and the
 # qualifiers of a member function.

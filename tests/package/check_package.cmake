@@ -1,5 +1,5 @@
-# Installs the build tree into a scratch prefix, moves that prefix, and builds and runs the program against it. With an
-# EMULATOR the programs are those of another system, and their libraries lie beside them.
+# Installs the build tree into a scratch prefix, moves that prefix, and builds and runs programs against it: those beside
+# this file and the examples. With an EMULATOR they are programs of another system, and their libraries lie beside them.
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
@@ -9,6 +9,7 @@ endfunction()
 file(REMOVE_RECURSE ${SCRATCH})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${SCRATCH}/installed)
 file(RENAME ${SCRATCH}/installed ${SCRATCH}/moved)  # the package must not depend on where it was installed
+set(data ${SCRATCH}/moved/share/common_interfaces/data)
 
 file(GLOB_RECURSE config ${SCRATCH}/moved/common_interfacesConfig.cmake)
 get_filename_component(config_dir ${config} DIRECTORY)
@@ -16,25 +17,42 @@ set(how -DCMAKE_CXX_COMPILER=${COMPILER})
 if(TOOLCHAIN)
   set(how -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN})
 endif()
-run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${PROGRAM_DIR} -B ${SCRATCH}/program ${how}
-    -Dcommon_interfaces_DIR=${config_dir})
-run(${CMAKE_COMMAND} --build ${SCRATCH}/program)
-if(EMULATOR)
-  file(COPY ${SCRATCH}/program/program${SUFFIX} DESTINATION ${SCRATCH}/moved/bin)
-  run(${EMULATOR} ${SCRATCH}/moved/bin/program${SUFFIX})
-else()
-  run(${SCRATCH}/program/program)
 
-  file(GLOB_RECURSE pc ${SCRATCH}/moved/common_interfaces.pc)
+# check_with_cmake(FOLDER ARGUMENTS...): the program of the folder, which has its name, finds the CMake package.
+function(check_with_cmake folder)
+  get_filename_component(name ${folder} NAME)
+  set(build ${SCRATCH}/${name})
+  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${folder} -B ${build} ${how} -Dcommon_interfaces_DIR=${config_dir})
+  run(${CMAKE_COMMAND} --build ${build})
+  if(EMULATOR)
+    file(COPY ${build}/${name}${SUFFIX} DESTINATION ${SCRATCH}/moved/bin)
+    set(build ${SCRATCH}/moved/bin)
+  endif()
+  run(${EMULATOR} ${build}/${name}${SUFFIX} ${ARGN})
+endfunction()
+
+# check_with_pkg_config(FOLDER MODULE ARGUMENTS...): the same, but it is pkg-config that tells the compiler.
+function(check_with_pkg_config folder module)
+  get_filename_component(name ${folder} NAME)
+  file(GLOB_RECURSE pc ${SCRATCH}/moved/${module}.pc)
   get_filename_component(pc_dir ${pc} DIRECTORY)
   get_filename_component(lib_dir ${pc_dir} DIRECTORY)
   set(ENV{PKG_CONFIG_PATH} ${pc_dir})
-  execute_process(COMMAND pkg-config --cflags --libs common_interfaces
+  execute_process(COMMAND pkg-config --cflags --libs ${module}
     OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(flags UNIX_COMMAND "${flags}")
-  run(${COMPILER} -std=c++20 ${PROGRAM_DIR}/program.cpp ${flags} -Wl,-rpath,${lib_dir} -o ${SCRATCH}/program_pc)
-  run(${SCRATCH}/program_pc)
+  run(${COMPILER} -std=c++20 ${folder}/${name}.cpp ${flags} -Wl,-rpath,${lib_dir} -o ${SCRATCH}/${name}_pc)
+  run(${SCRATCH}/${name}_pc ${ARGN})
+endfunction()
+
+check_with_cmake(${PROGRAMS}/program)
+check_with_cmake(${PROGRAMS}/scene_program ${data})
+check_with_cmake(${EXAMPLES}/draw_svg ${data} ${SCRATCH}/draw_svg.svg)
+check_with_cmake(${EXAMPLES}/camera_only ${data})
+if(NOT EMULATOR)
+  check_with_pkg_config(${PROGRAMS}/program common_interfaces)
+  check_with_pkg_config(${PROGRAMS}/scene_program common_interfaces_scene ${data})
 endif()
 
 # The installed application finds its data beside itself.
-run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} --list-limits --work ${SCRATCH}/work)
+run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} limits --work ${SCRATCH}/work)

@@ -20,11 +20,32 @@ MAY_INCLUDE = {
     "thread": set(),
     "text_status": {"camera", "output", "settings", "text_base", "utils", "astro"},
     "umbrella": {"catalogs", "render", "text_status", "thread", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "scene": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "paint": {"scene", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "skyview": {"scene", "paint", "catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
-    "tools": {"catalogs", "render", "umbrella", "text_status", "camera", "output", "settings", "text_base", "utils", "astro"},
 }
+LIBRARY = MAY_INCLUDE["umbrella"] - {"thread"} | {"umbrella"}
+
+# The rooms of scene from the ground up: each uses the library and the rooms before it.
+SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "search", "umbrella"]
+for place, room in enumerate(SCENE_ROOMS):
+    MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
+
+# The rooms of skydata, which all may use the library.
+ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
+ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
+for room in ["build", "lint", "show"]:
+    ROOMS[room] = {"strings", "settings", *ROOMS["settings"]}
+ROOMS["commands"] = {*ROOMS}
+ROOMS[""] = {*ROOMS}
+for room, below in ROOMS.items():
+    MAY_INCLUDE["skydata/" + room] = LIBRARY | {"skydata/" + name for name in below}
+
+# Above the libraries: a painter, and the program.
+SCENE = {"scene/" + room for room in SCENE_ROOMS}
+MAY_INCLUDE["paint"] = LIBRARY | SCENE
+MAY_INCLUDE["skyview"] = LIBRARY | SCENE | {"paint"}
+
+# Places that see of the places below them exported headers only; a painter has no others.
+SEES_EXPORTED_ONLY = ("scene/", "paint/", "skyview/", "skydata/")
+EXPORTED = ("include/", "companions/utils/include/", "companions/astro/include/", "scene/include/", "paint/")
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {
@@ -49,11 +70,30 @@ PUBLIC = {
 }
 FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings": "settings", "output": "output", "catalogs": "catalogs", "render": "render", "camera": "camera",
           "thread": "thread",
-          "scene": "scene", "paint": "paint", "skyview": "skyview",
-          "tools": "tools", "companions/utils": "utils", "companions/astro": "astro"}
+          **{"scene/" + room: "scene/" + room for room in SCENE_ROOMS if room != "umbrella"},
+          "paint": "paint", "skyview": "skyview",
+          **{"skydata/" + room if room else "skydata": "skydata/" + room for room in ROOMS},
+          "companions/utils": "utils", "companions/astro": "astro"}
 
 
-def storey(path):
+# An exported header of scene has the room of its source, scene/ROOM/NAME.cpp; those that have none:
+SCENE_HEADERS = {"api.h": None, "object_traits.h": "catalogs", "class_limits.h": "visibility",
+                 "drawn_objects.h": "visibility", "obstacles.h": "visibility", "zoom_range.h": "visibility",
+                 "image_groups.h": "frame", "scene.h": "umbrella"}
+
+
+def scene_storey(root, name):
+    for room in SCENE_ROOMS:
+        if os.path.exists(os.path.join(root, "scene", room, name[:-1] + "cpp")):
+            return "scene/" + room
+    if name not in SCENE_HEADERS:
+        raise SystemExit(f"scene/include/scene/{name}: no source of that name, and not in the list of {__file__}")
+    return SCENE_HEADERS[name] and "scene/" + SCENE_HEADERS[name]
+
+
+def storey(root, path):
+    if path.startswith("scene/include/"):
+        return scene_storey(root, os.path.basename(path))
     if path.startswith("include/common_interfaces/"):
         name = os.path.basename(path)
         if name not in PUBLIC:
@@ -66,7 +106,7 @@ def storey(path):
 
 
 def sources(root):
-    for top in ["include", *FOLDER]:
+    for top in ["include", "scene/include", *FOLDER]:
         for folder, _, files in os.walk(os.path.join(root, top)):
             for name in files:
                 if name.endswith((".h", ".cpp", ".inc")):
@@ -74,8 +114,8 @@ def sources(root):
 
 
 def resolve(root, path, include):
-    for base in ["", "include", "companions/utils/include", "companions/astro/include", "companions/utils",
-                 "companions/astro", os.path.dirname(path)]:
+    for base in ["", "include", "companions/utils/include", "companions/astro/include", "scene/include",
+                 os.path.dirname(path)]:
         candidate = os.path.normpath(os.path.join(base, include))
         if os.path.exists(os.path.join(root, candidate)):
             return candidate
@@ -111,7 +151,7 @@ def main():
     root = sys.argv[1]
     graph, bad = {}, []
     for path in sources(root):
-        own = storey(path)
+        own = storey(root, path)
         graph[path] = []
         with open(os.path.join(root, path), encoding="utf-8") as text:
             for number, line in enumerate(text, 1):
@@ -120,12 +160,14 @@ def main():
                 if not target:
                     continue
                 graph[path].append(target)
-                other = storey(target)
+                other = storey(root, target)
                 if own and other and other != own and other not in MAY_INCLUDE[own]:
                     bad.append(f"{path}:{number}: {own} must not include {other} ({target})")
-                if path.startswith(("include/", "companions/utils/include", "companions/astro/include")) and not (
-                        target.startswith(("include/", "companions/")) and "/include/" in "/" + target):
+                if path.startswith(EXPORTED) and not target.startswith(EXPORTED):
                     bad.append(f"{path}:{number}: a public header includes the private {target}")
+                top = path.split("/")[0] + "/"
+                if top in SEES_EXPORTED_ONLY and not target.startswith((top, *EXPORTED)):
+                    bad.append(f"{path}:{number}: {top} sees exported headers only, not {target}")
     circle = find_circle(graph)
     if circle:
         bad.append("circle: " + " -> ".join(circle))

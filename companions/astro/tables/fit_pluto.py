@@ -24,8 +24,10 @@ FIRST, DAYS, PIECES, DEGREE = 2305447.5, 7305.0, 30, 15
 TO_EQUATOR = numpy.array([[1, 0.000000440360, -0.000000190919], [-0.000000479966, 0.917482137087, -0.397776982902],
                           [0, 0.397776982902, 0.917482137087]])
 
-# First coefficient (from 0), number of coefficients, sets in a record of 32 days; kilometres about the barycentre.
-LAYOUT = {1: (0, 14, 4), 2: (168, 10, 2), "emb": (228, 13, 2), 4: (306, 11, 1), 9: (420, 6, 1), "sun": (750, 11, 2)}
+# First coefficient (from 0), number of coefficients, sets in a record of 32 days; kilometres about the
+# barycentre.
+LAYOUT = {1: (0, 14, 4), 2: (168, 10, 2), "emb": (228, 13, 2), 4: (306, 11, 1), 9: (420, 6, 1),
+          "sun": (750, 11, 2)}
 
 
 class Ephemeris:

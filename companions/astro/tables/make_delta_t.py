@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""Writes ../delta_t_tables.inc from the tables beside this script (origin and licence: SOURCE.md).
+"""Writes ../time/delta_t_tables.inc from the tables beside this script (origin and licence: SOURCE.md).
 
 Usage: make_delta_t.py           writes the file
        make_delta_t.py --check   exits with 1 when the file is not what would be written
@@ -11,7 +11,7 @@ import pathlib
 import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
-TARGET = HERE.parent / "delta_t_tables.inc"
+TARGET = HERE.parent / "time" / "delta_t_tables.inc"
 HISTORIC = "usno_historic_1657_1984.tsv"
 IERS = "iers_daily_every30d_1973_2023.tsv"
 SPLINE = "smh_s15_2020_spline.tsv"

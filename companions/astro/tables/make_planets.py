@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""Writes ../planet_tables.inc, ../moon_tables.inc and ../pluto_table.inc from the tables beside this script (origin and
-licence: SOURCE.md).
+"""Writes planet_tables.inc, moon_tables.inc and pluto_table.inc in ../planets from the tables beside this
+script (origin and licence: SOURCE.md).
 
 Usage: make_planets.py           writes the files
        make_planets.py --check   exits with 1 when a file is not what would be written
@@ -97,7 +97,7 @@ def main():
     for name, made in (("planet_tables.inc", planet_tables), ("moon_tables.inc", moon_tables),
                        ("pluto_table.inc", pluto_table)):
         text = "\n".join(made()) + "\n"
-        target = HERE.parent / name
+        target = HERE.parent / "planets" / name
         if sys.argv[1:] == ["--check"]:
             if not target.exists() or target.read_text() != text:
                 print(f"{name} is not what {pathlib.Path(__file__).name} makes of the tables", file=sys.stderr)

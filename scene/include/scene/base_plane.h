@@ -15,21 +15,20 @@ enum BasePlane : unsigned char {
   kGalacticPlane = 3,
 };
 
-// Takes J2000 directions into the frame of a plane other than the horizon; any other number is taken for the equator.
+// Takes J2000 directions into the frame of a plane other than the horizon; any other number is taken for the
+// equator.
 SCENE_API void PlaneMatrix(unsigned char plane, double m[9]);
 
 // Whether the observer stands on a surface or hovers above it (moving types 0 and 1).
 SCENE_API bool IsNearSurface(const CommonInterfaces::Camera& camera);
 
-// The equator is what the view is drawn along only for those who travel; near a surface it becomes the horizon.
+// The equator is what the view is drawn along only for those who travel; near a surface it becomes the
+// horizon.
 SCENE_API bool CountsFromHorizon(const CommonInterfaces::Camera& camera);
 
-// Why the sky of this observer cannot be drawn, as the end of a sentence that begins with the view; null when it can.
-// The sky is that of the Earth, and stars are so far away that it is the same near the Sun: up to 100 au from it the
-// nearest one moves by 0.02 degrees. Only the Earth has a horizon.
+// Why the sky of this observer cannot be drawn, as the end of a sentence that begins with the view; null when
+// it can. The sky is that of the Earth, and stars are so far away that it is the same near the Sun: up to 100
+// au from it the nearest one moves by 0.02 degrees. Only the Earth has a horizon.
 SCENE_API const char* FindObserverFault(const CommonInterfaces::Camera& camera);
-
-// Whether the observer shares the motion of the Earth, and so its aberration.
-SCENE_API bool MovesWithEarth(const CommonInterfaces::Camera& camera);
 
 }  // namespace scene

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "astro/constants.h"
 #include "astro/object_id.h"
 #include "astro/object_records.h"
 #include "scene/api.h"
@@ -13,7 +14,9 @@
 
 namespace scene {
 
-inline constexpr int kSunNumber = 10, kEarthNumber = 3, kMoonNumber = 301;  // of "plnt", "plnt", "moon"
+using astro::kEarthNumber;
+using astro::kMoonNumber;
+using astro::kSunNumber;
 
 // A body that moves among the stars.
 struct SkyBody {
@@ -23,14 +26,15 @@ struct SkyBody {
   std::vector<std::string> names;  // UTF-8, the best known first; of planets "" until GetBodyLabel is asked
 };
 
-// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, asteroids, comets, satellites.
+// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, asteroids, comets,
+// satellites.
 using BodyList = std::vector<SkyBody>;
 
 inline constexpr int kSunBody = 0, kMoonBody = 1;  // indices in the list
 
 // The Sun, the Moon and the planets, then what "catalogs:asteroids.txt" and "catalogs:comets.txt" hold
-// (docs/formats/catalog_tables.md). A table that is missing or is none leaves its bodies out, with one diagnostic
-// line, and so does a record whose elements are no orbit.
+// (docs/formats/catalog_tables.md). A table that is missing or is none leaves its bodies out, with one
+// diagnostic line, and so does a record whose elements are no orbit.
 SCENE_API BodyList LoadBodies();
 
 // What is written beside a body, UTF-8: the name of a planet in the current language, else its first name.

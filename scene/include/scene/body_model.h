@@ -15,12 +15,12 @@ namespace scene {
 struct BodyState {
   bool known = false;  // the model tells where it is; else nothing below holds
   ObservedBody seen;
-  float code =
-      0.0f;  // magnitude code, (magnitude + 2) * 10; that of kUnknownStarMagnitude when there is none
+  // Magnitude code, (magnitude + 2) * 10; that of kUnknownStarMagnitude when there is none.
+  float code = 0.0f;
 };
 
-// The bodies of one moment as an observer on the Earth sees them. The elements of all bodies are handed to the model
-// once; computing a moment allocates nothing. `bodies` is kept by reference and must not grow.
+// The bodies of one moment as an observer on the Earth sees them. The elements of all bodies are handed to
+// the model once; computing a moment allocates nothing. `bodies` is kept by reference and must not grow.
 class SCENE_API BodyModel {
  public:
   explicit BodyModel(const BodyList& bodies);

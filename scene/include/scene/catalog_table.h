@@ -11,19 +11,19 @@
 
 namespace scene {
 
-// A catalog table of the data root as a record source: UTF-8 text, fields separated by tabs. Lines that begin with
-// '#' and blank lines are passed over; the first other line is the header, each column "Name:type" with the type i8
-// u8 i16 u16 i32 u32 f32 f64 or text; then one record a line. An empty cell means that the record lacks the field,
-// and so do cells missing at the end of a line. A byte-order mark and CR LF are understood.
+// A catalog table of the data root as a record source: UTF-8 text, fields separated by tabs. Lines that begin
+// with '#' and blank lines are passed over; the first other line is the header, each column "Name:type" with
+// the type i8 u8 i16 u16 i32 u32 f32 f64 or text; then one record a line. An empty cell means that the record
+// lacks the field, and so do cells missing at the end of a line. A byte-order mark and CR LF are understood.
 //
-// Load reads the whole table into memory; the text of the file is not needed afterwards. The fields of the record
-// chosen by Select are asked for by name id, GetUniqueID("VisMagnitude").
+// Load reads the whole table into memory; the text of the file is not needed afterwards. The fields of the
+// record chosen by Select are asked for by name id, GetUniqueID("VisMagnitude").
 class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
  public:
-  // Reads the file at a resolved path. False when it cannot be read, has no header or a header that is not of that
-  // form: GetError then says why in one line, beginning with the path, and the table is empty. A record that is not
-  // of that form (a number out of its type's range, more cells than columns) is left out with one diagnostic line
-  // that names file and line; the others are kept.
+  // Reads the file at a resolved path. False when it cannot be read, has no header or a header that is not of
+  // that form: GetError then says why in one line, beginning with the path, and the table is empty. A record
+  // that is not of that form (a number out of its type's range, more cells than columns) is left out with one
+  // diagnostic line that names file and line; the others are kept.
   bool Load(const char* path);
   const std::string& GetError() const { return m_Error; }
 

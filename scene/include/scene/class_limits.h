@@ -13,7 +13,8 @@ struct ClassLimits {
         full(camera.GetDarkMagObjectF(cls)),
         label(camera.GetDarkMagLabelF(cls)) {}
 
-  // How bright an object of this code is drawn: 1 up to the full limit, falling to a faint dot at the draw limit.
+  // How bright an object of this code is drawn: 1 up to the full limit, falling to a faint dot at the draw
+  // limit.
   float Opacity(float code) const {
     constexpr float kFaintest = 0.3f;
     if (code <= full || draw <= full) return 1.0f;

@@ -11,8 +11,8 @@ struct CompassLetters {
   char text[8][16];  // zero-terminated UTF-8
 };
 
-// From the first characters of the string table's hemisphere letters, as UTF-8; the initials of the English names
-// where it has none.
+// From the first characters of the string table's hemisphere letters, as UTF-8; the initials of the English
+// names where it has none.
 SCENE_API CompassLetters FetchCompassLetters();
 
 }  // namespace scene

@@ -2,32 +2,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <vector>
-
+#include "astro/constants.h"
+#include "astro/vectors.h"
 #include "scene/api.h"
 
 namespace scene {
 
-inline constexpr double kPi = 3.14159265358979323846;
-inline constexpr double kRadiansPerDegree = kPi / 180.0;
+using astro::kPi;
+using astro::kRadiansPerDegree;
 
 // A direction as a unit vector, or its change. The frame is said where one is kept.
 struct Direction {
   double v[3];
 };
 
-inline double Dot(const Direction& a, const Direction& b) {
-  return a.v[0] * b.v[0] + a.v[1] * b.v[1] + a.v[2] * b.v[2];
-}
+inline double Dot(const Direction& a, const Direction& b) { return astro::Dot(a.v, b.v); }
 
 // From longitude and latitude, radians.
 SCENE_API Direction MakeDirection(double lon, double lat);
 
 // Scaled to length 1; a zero vector stays.
 SCENE_API Direction Normalised(const Direction& direction);
-
-// Appends the points of the great-circle arc from `a` to `b`, `a` left out and `b` put in, no two neighbours further
-// apart than `maxAngle` radians. The ends are taken by value because they may stand in `points` itself.
-SCENE_API void AppendArc(Direction a, Direction b, double maxAngle, std::vector<Direction>& points);
 
 }  // namespace scene

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What a frame shows, ready to be painted: flat arrays of records in the order in which they are painted. A painter
-// needs nothing else.
+// What a frame shows, ready to be painted: flat arrays of records in the order in which they are painted. A
+// painter needs nothing else.
 //
-// Coordinates and lengths are pixels, x from the left and y from the top edge of the picture downwards; angles are
-// radians. A record is made of 32-bit words (little-endian in memory on every target), has no padding and may be copied
-// as bytes: docs/formats/display_list.md has the layouts, for readers in other languages.
+// Coordinates and lengths are pixels, x from the left and y from the top edge of the picture downwards;
+// angles are radians. A record is made of 32-bit words (little-endian in memory on every target), has no
+// padding and may be copied as bytes: docs/formats/display_list.md has the layouts, for readers in other
+// languages.
 #pragma once
 
 #include <bit>
@@ -24,7 +25,8 @@ struct Rgba {
   bool operator==(const Rgba&) const = default;
 };
 
-// The object that a record stands for: four-character code and number, as lists of favourites know it; 0, 0: none.
+// The object that a record stands for: four-character code and number, as lists of favourites know it; 0, 0:
+// none.
 struct ObjectRef {
   int kind, number;
   bool operator==(const ObjectRef&) const = default;
@@ -62,8 +64,8 @@ enum class RecordType : int {
   kText = 7
 };
 
-// Light around a round thing: a radial gradient from `innerRadius` (colour) over `middle` of the way (middleColour) to
-// `radius`, where it has faded. Painted under the thing itself. No glow: radius 0.
+// Light around a round thing: a radial gradient from `innerRadius` (colour) over `middle` of the way
+// (middleColour) to `radius`, where it has faded. Painted under the thing itself. No glow: radius 0.
 struct Glow {
   float innerRadius, radius, middle;
   Rgba colour, middleColour;
@@ -87,9 +89,9 @@ struct DiscRecord {
   ObjectRef object;
 };
 
-// A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of the way to
-// `outerRadius`, in the circle of that radius, where this lies on the disc (clip...). Inside `innerRadius` the first
-// colour goes on.
+// A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of
+// the way to `outerRadius`, in the circle of that radius, where this lies on the disc (clip...). Inside
+// `innerRadius` the first colour goes on.
 struct ShadowRecord {
   float x, y, innerRadius, outerRadius, middle;
   float clipX, clipY, clipRadius;
@@ -100,8 +102,8 @@ struct ShadowRecord {
 // Bits of PolylineRecord::flags and EllipseRecord::flags.
 enum LineFlag : unsigned { kClosedLine = 1, kRoundCaps = 2, kRoundJoins = 4 };
 
-// A line from vertex to vertex. Neighbours in the array that differ in nothing but their vertices and object are
-// stroked together, so that nothing darkens where they meet.
+// A line from vertex to vertex. Neighbours in the array that differ in nothing but their vertices and object
+// are stroked together, so that nothing darkens where they meet.
 struct PolylineRecord {
   int firstVertex, vertexCount;
   float width;
@@ -120,9 +122,9 @@ struct EllipseRecord {
   ObjectRef object;
 };
 
-// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards: outside
-// the area the rings are stroked in the colour `edge`, with round joins, four times one over the other, 9, 21, 36
-// and 56 times `softness` / 2 pixels wide; the half of each width lies outside.
+// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards:
+// outside the area the rings are stroked in the colour `edge`, with round joins, four times one over the
+// other, 9, 21, 36 and 56 times `softness` / 2 pixels wide; the half of each width lies outside.
 struct PolygonRecord {
   int firstRing, ringCount;
   Rgba colour, edge;
@@ -135,8 +137,8 @@ struct RingRecord {
   int firstVertex, vertexCount;
 };
 
-// A convex area of four corners, filled with a linear gradient: the first colour at (x0, y0), the second at `middle` of
-// the way, the third at (x1, y1).
+// A convex area of four corners, filled with a linear gradient: the first colour at (x0, y0), the second at
+// `middle` of the way, the third at (x1, y1).
 struct GradientRecord {
   float cornerX[4], cornerY[4];
   float x0, y0, x1, y1, middle;
@@ -177,8 +179,8 @@ static_assert(sizeof(PolylineRecord) == 32 && sizeof(EllipseRecord) == 40 && siz
 static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(TextRecord) == 40);
 static_assert(sizeof(Run) == 16);
 
-// Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and pointers into
-// them hold until the next frame is computed. One thread.
+// Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and
+// pointers into them hold until the next frame is computed. One thread.
 class SCENE_API DisplayList {
  public:
   int GetWidth() const { return m_Width; }
@@ -203,8 +205,8 @@ class SCENE_API DisplayList {
   // Empties the list for a picture of that size.
   void Begin(int width, int height, double unit);
 
-  // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since the record
-  // before; vertices without a ring stand for one.
+  // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
+  // the record before; vertices without a ring stand for one.
   void AddVertex(double x, double y);
   void EndRing();
   void Add(Layer layer, const PointRecord& point);

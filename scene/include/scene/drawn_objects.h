@@ -6,6 +6,8 @@
 
 namespace scene {
 
+// What SkyFrame lists of its last frame. Valid until the next one is computed.
+
 // A star of the frame: its output record (in the frame's pool), its index in the catalogue, how it is drawn.
 struct DrawnStar {
   CommonInterfaces::StarOutput* output;
@@ -13,6 +15,7 @@ struct DrawnStar {
   float opacity;  // 0 to 1
 };
 
+// The same of a deep-sky object.
 struct DrawnDeepsky {
   CommonInterfaces::DeepskyOutput* output;
   int object;

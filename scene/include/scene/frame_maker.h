@@ -12,7 +12,10 @@
 
 namespace scene {
 
-// What a frame is computed from, and the frame. All but the frame is kept by reference.
+// What a frame is computed from, and the frame: the shortest road from a camera to a display list. Camera,
+// catalogs, switches, filters and markers are the caller's, kept by reference and read anew at each call; the
+// frame and what it hands out are this object's. Cannot fail for a camera that can be drawn
+// (FindObserverFault in base_plane.h). One thread.
 class SCENE_API FrameMaker {
  public:
   FrameMaker(CommonInterfaces::Camera& camera, const SkyCatalogs& catalogs, const ShownKinds& shown,

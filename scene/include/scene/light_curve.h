@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Light curves of the variable stars that the library models, for --light-curve.
+// Light curves of the variable stars that the library models.
 #pragma once
 
 #include <optional>
@@ -24,8 +24,8 @@ struct VariableStar {
   double first, last;  // Julian dates around the outburst; of what is periodic both 0
 };
 
-// The star of an identifier, hexadecimal with "0x" or decimal, or of a name: upper and lower case, accents, blanks and
-// Greek letters as in ObjectSearch. Null for one without a model.
+// The star of an identifier, hexadecimal with "0x" or decimal, or of a name: upper and lower case, accents,
+// blanks and Greek letters as in ObjectSearch. Null for one without a model.
 SCENE_API const VariableStar* FindVariableStar(std::string_view text);
 
 // Their names, for messages.
@@ -39,7 +39,8 @@ struct LightCurve {
   std::vector<tPoint<double>> points;      // Julian date, magnitude
 };
 
-// Two periods around the date, or the outburst; of a recurrent nova the outburst of the cycle that holds the date.
+// Two periods around the date, or the outburst; of a recurrent nova the outburst of the cycle that holds the
+// date.
 SCENE_API LightCurve MakeLightCurve(const VariableStar& star, double julianDate);
 
 // A round step for an axis with at most `count` steps between two values: 1, 2 or 5 times a power of ten.

@@ -3,15 +3,17 @@
 //
 // The filters of the settings, matched against the objects of a frame.
 //
-// A field of a section takes part while its compare status is not 0; the settings container turns it into a query.
-// An object is shown when it passes every query of its section. What a query asks, say its name and its condition:
+// A field of a section takes part while its compare status is not 0; the settings container turns it into a
+// query. An object is shown when it passes every query of its section. What a query asks, say its name and
+// its condition:
 //
 //   condition 0       nothing: the field is a plain setting
-//   1  range          two values, least and most, both included; an object of which the quantity is unknown fails
-//   2  switches       value i is that of catalogue i, not 0: objects of that catalogue pass. Of several catalogues
-//                     that list an object one is enough
-//   3  undefined      one value: whether objects of which the quantity is unknown pass (1; they then pass the other
-//                     queries about it as well) or fail (0)
+//   1  range          two values, least and most, both included; an object of which the quantity is unknown
+//                     fails
+//   2  switches       value i is that of catalogue i, not 0: objects of that catalogue pass. Of several
+//                     catalogues that list an object one is enough
+//   3  undefined      one value: whether objects of which the quantity is unknown pass (1; they then pass the
+//                     other queries about it as well) or fail (0)
 //   0x4000 label list the one value chosen by element 0: the object's class or sub-type must be it
 //   256 identifiers   the numbers of the favourites: the object must be one of them
 //
@@ -24,8 +26,8 @@
 //   SpectrTypeUndef     3           the same
 //   Type                0x4000      sub-type of a deep-sky object
 //
-// A query that fits none of these (an unknown name or condition, too few values, a value that is not a number) is not
-// applied; one diagnostic line names its field.
+// A query that fits none of these (an unknown name or condition, too few values, a value that is not a
+// number) is not applied; one diagnostic line names its field.
 #pragma once
 
 #include <string>
@@ -38,7 +40,8 @@
 
 namespace scene {
 
-// Condition codes that skyview gives a meaning to, besides those of the library. Settings files keep them: frozen.
+// Condition codes that frames give a meaning to, besides those of the library. Settings files keep them:
+// frozen.
 enum FilterCondition : unsigned {
   kNoCondition = 0,
   kRangeCondition = 1,
@@ -63,7 +66,8 @@ struct SCENE_API FilterRule {
 // The filters of one section.
 class SCENE_API ObjectFilter {
  public:
-  // Takes the queries of a list; the list and its queries are not needed afterwards. `section` is for messages.
+  // Takes the queries of a list; the list and its queries are not needed afterwards. `section` is for
+  // messages.
   void Compile(const CommonInterfaces::TBaseList<CommonInterfaces::BaseQuery*>& queries, int section);
 
   bool IsEmpty() const { return m_Rules.empty(); }
@@ -81,18 +85,18 @@ class SCENE_API ObjectFilter {
   std::vector<int> m_Numbers;  // of the favourites, ascending
 };
 
-// The filters of all kinds of objects that skyview draws.
+// The filters of all kinds of objects that a frame draws. One thread.
 class SCENE_API ObjectFilters {
  public:
   ObjectFilters();
 
-  // Compiles the sections that were changed since the last time, and only then allocates. A section that is off makes
-  // no queries: its filter waits until it is on. The changed flags of the sections compiled are cleared: one object
-  // of this class follows one container.
+  // Compiles the sections that were changed since the last time, and only then allocates. A section that is
+  // off makes no queries: its filter waits until it is on. The changed flags of the sections compiled are
+  // cleared: one object of this class follows one container.
   void Refresh(CommonInterfaces::SettingsData& settings);
 
-  // By four-character code: "star", "clst", "gala", "nebu", "dsnv", "cnst", "plnt", "moon", "astr", "comt", "scft";
-  // other kinds have an empty filter.
+  // By four-character code: "star", "clst", "gala", "nebu", "dsnv", "cnst", "plnt", "moon", "astr", "comt",
+  // "scft"; other kinds have an empty filter.
   const ObjectFilter& Get(int kind) const;
 
   static const ObjectFilters& None();  // lets everything pass

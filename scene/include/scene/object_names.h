@@ -10,11 +10,12 @@
 
 namespace scene {
 
-// The name of a planet, the Sun or the Moon from the string table, in the code page of the language; "" for any other.
+// The name of a planet, the Sun or the Moon from the string table, in the code page of the language; "" for
+// any other.
 SCENE_API std::string GetPlanetOrMoonName(const SSO_ID& object);
 
-// The name of an object, in the code page of the language: that of a planet, the Sun or the Moon from the string
-// table, that of a star or a deep-sky object from the catalogs, by its number there. "" for any other.
+// The name of an object, in the code page of the language: that of a planet, the Sun or the Moon from the
+// string table, that of a star or a deep-sky object from the catalogs, by its number there. "" for any other.
 SCENE_API std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs);
 
 }  // namespace scene

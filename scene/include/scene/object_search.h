@@ -25,10 +25,10 @@ struct FoundObject {
 SCENE_API int GetKind(const FoundObject& object, const SkyCatalogs& catalogs);
 SCENE_API int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
 
-// Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491", "HIP
-// 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as the list of
-// bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or catalogue number. Upper
-// and lower case, accents, blanks and punctuation do not matter.
+// Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491",
+// "HIP 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as
+// the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or
+// catalogue number. Upper and lower case, accents, blanks and punctuation do not matter.
 class SCENE_API ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
@@ -36,8 +36,8 @@ class SCENE_API ObjectSearch {
 
   // Every object of that name: none, one, or several when the name is ambiguous.
   std::vector<FoundObject> Find(const std::string& name) const;
-  // The one object of that name. Nothing when there is none or more than one: `error` is then one line that names
-  // similar names, or the candidates.
+  // The one object of that name. Nothing when there is none or more than one: `error` is then one line that
+  // names similar names, or the candidates.
   std::optional<FoundObject> FindOne(const std::string& name, std::string& error) const;
   // Names like that one, for a name that nothing has.
   std::vector<std::string> FindNear(const std::string& name) const;

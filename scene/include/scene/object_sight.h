@@ -8,7 +8,8 @@
 
 namespace scene {
 
-// One object of any kind as an observer on the Earth sees it at any moment. Its record goes to a model of its own.
+// One object of any kind as an observer on the Earth sees it at any moment. Its record goes to a model of its
+// own.
 class SCENE_API ObjectSight {
  public:
   // The catalogs' tables change their current record; nothing of them is kept.

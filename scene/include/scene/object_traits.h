@@ -16,7 +16,8 @@ struct ObjectTraits {
   int number = -1;             // its number in lists of favourites; -1 for an object without one
 };
 
-// Bit i answers to element i of the field "CatalogType" of the section. Settings files keep their order: frozen.
+// Bit i answers to element i of the field "CatalogType" of the section. Settings files keep their order:
+// frozen.
 enum StarCatalogBit : unsigned char {
   kInBrightStars = 1,  // Bright Star Catalogue, HR numbers
   kInHipparcos = 2,

@@ -16,10 +16,11 @@ struct Hit {
   double distance;  // pixels from the pixel to what is painted; 0 inside
 };
 
-// The objects drawn at a pixel (y down), or at most `tolerance` pixels beside it: what was painted last comes first, each
-// object once, with the record that is hit nearest. Records that stand for no object are passed over. Circles, discs,
-// ellipses and areas are hit inside, lines and texts on themselves; the extent of a text is estimated
-// (text_extents.h). Reads the list alone, so that it answers for the frame that is on screen.
+// The objects drawn at a pixel (y down), or at most `tolerance` pixels beside it: what was painted last comes
+// first, each object once, with the record that is hit nearest. Records that stand for no object are passed
+// over. Circles, discs, ellipses and areas are hit inside, lines and texts on themselves; the extent of a
+// text is estimated (text_extents.h). Reads the list alone, so that it answers for the frame that is on
+// screen.
 SCENE_API std::vector<Hit> PickObjects(const DisplayList& list, double x, double y, double tolerance);
 
 }  // namespace scene

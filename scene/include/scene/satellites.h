@@ -10,15 +10,16 @@
 
 namespace scene {
 
-// Appends the satellites of a two-line file: UTF-8, for each a line with its name, which may be missing and may begin
-// with "0 ", and the two lines of its elements; lines that begin with '#' and blank lines are passed over; a
-// byte-order mark and CR LF are understood. A satellite without a name is called by its catalogue number. A set that
-// is damaged or that the model refuses is left out with one diagnostic line; so is one of a number that came before.
-// False when the file cannot be read or holds no set that can be used: `error` is then one line that names the file.
+// Appends the satellites of a two-line file: UTF-8, for each a line with its name, which may be missing and
+// may begin with "0 ", and the two lines of its elements; lines that begin with '#' and blank lines are
+// passed over; a byte-order mark and CR LF are understood. A satellite without a name is called by its
+// catalogue number. A set that is damaged or that the model refuses is left out with one diagnostic line; so
+// is one of a number that came before. False when the file cannot be read or holds no set that can be used:
+// `error` is then one line that names the file.
 SCENE_API bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& error);
 
-// One diagnostic line for each satellite that has decayed by that moment, or of which the model cannot tell for
-// another reason where it is; also for elements more than a month from it, which say little.
+// One diagnostic line for each satellite that has decayed by that moment, or of which the model cannot tell
+// for another reason where it is; also for elements more than a month from it, which say little.
 SCENE_API void ReportLostSatellites(const BodyList& bodies, const SkyMoment& moment);
 
 }  // namespace scene

@@ -31,21 +31,15 @@ struct SCENE_API ShownKinds {
   bool IsShown(int kind) const;  // of a class of objects, by its four-character code
 };
 
-SCENE_API bool HasSection(const CommonInterfaces::SettingsData& settings, unsigned section);
-
 // What a kind of objects depends on: its section, and a switch there.
 struct KindState {
   const char* switchName;  // null for a kind that is never drawn
   bool sectionOn, switchOn;
 };
 
-// Of "star", "clst", "gala", "nebu", "dsnv", "plnt", "moon", "astr", "comt", "scft" and, for the names of the
-// constellations, "cnst".
-SCENE_API KindState ReadKindState(CommonInterfaces::SettingsData& settings, int kind);
-
-// Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example "Draw" of
-// the section "star" or "PatternsVisible" of "cnst". A section or a switch that the settings lack changes nothing, and
-// a switch is a field of one byte. The current section stays.
+// Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example
+// "Draw" of the section "star" or "PatternsVisible" of "cnst". A section or a switch that the settings lack
+// changes nothing, and a switch is a field of one byte. The current section stays.
 SCENE_API ShownKinds ReadShownKinds(CommonInterfaces::SettingsData& settings);
 
 }  // namespace scene

@@ -26,7 +26,8 @@ struct DeepskyObject {
   int record;              // of the table that it came from
 };
 
-// One stroke of a constellation figure from star to star, along the great circle: `count` points from `first` on.
+// One stroke of a constellation figure from star to star, along the great circle: `count` points from `first`
+// on.
 struct FigureStroke {
   int first, count;
   int constellation;  // index in the catalogs' list, -1 for a figure of a constellation that is not in it
@@ -51,7 +52,8 @@ struct MilkyWayRing {
 SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 
-// Everything skyview draws, prepared once from the catalog tables of the data root.
+// All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
+// and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
   StarCatalog stars;
   std::vector<DeepskyObject> deepsky;  // brightest first
@@ -65,8 +67,8 @@ struct SkyCatalogs {
 };
 
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was. False when one of the five is missing or is no table: `error` is then one line that names the file,
-// and `catalogs` is what it was.
+// there was. False when one of the five is missing or is no table: `error` is then one line that names the
+// file, and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene

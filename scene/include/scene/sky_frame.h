@@ -27,12 +27,12 @@ namespace scene {
 
 struct FrameParts;
 
-// Everything of one picture: from a camera and catalogs to a display list. Objects below the horizon are left out while
-// the horizon is shown.
+// Everything of one picture: from a camera and catalogs to a display list. Objects below the horizon are left
+// out while the horizon is shown.
 //
-// There is room for the whole catalogs from the start, so that Compute allocates nothing but blocks of the pool of
-// output records, each when the first frame needs it. Output records and display list are valid until the next Compute.
-// `catalogs` is kept by reference. One thread.
+// There is room for the whole catalogs from the start, so that Compute allocates nothing but blocks of the
+// pool of output records, each when the first frame needs it. Output records and display list are valid until
+// the next Compute. `catalogs` is kept by reference. One thread.
 class SCENE_API SkyFrame {
  public:
   explicit SkyFrame(const SkyCatalogs& catalogs);
@@ -50,18 +50,18 @@ class SCENE_API SkyFrame {
   void SetFavourites(const std::vector<SSO_ID>& objects);
   // The showers of which the active ones have their radiants drawn.
   void SetShowers(std::vector<Shower> showers);
-  // The groups of images that have their outlines drawn, a combination of ImageGroup. Answers the group whose catalog
-  // is missing (GetImageCatalogName), if one is: no outlines are drawn then.
+  // The groups of images that have their outlines drawn, a combination of ImageGroup. Answers the group whose
+  // catalog is missing (GetImageCatalogName), if one is: no outlines are drawn then.
   std::optional<ImageGroup> SetImageFrames(unsigned groups);
-  // Switches the orbit of a body on, by its index in the catalogs' list; it appears over `fadeIn` seconds of the
-  // animation clock (utils/clock.h). False for a body that has none: the Sun.
+  // Switches the orbit of a body on, by its index in the catalogs' list; it appears over `fadeIn` seconds of
+  // the animation clock (utils/clock.h). False for a body that has none: the Sun.
   bool ShowOrbit(int body, double fadeIn);
 
   // Who tells how much room texts take; kept by reference. Until then they are estimated.
   void SetTextExtents(const TextExtents& extents);
 
-  // Takes the letters of the compass, the names of planets and showers from the string table, as the construction does.
-  // To be called when the language has changed.
+  // Takes the letters of the compass, the names of planets and showers from the string table, as the
+  // construction does. To be called when the language has changed.
   void FetchTexts();
 
   // The camera must be prepared (PrepareObserver) for the same moment.

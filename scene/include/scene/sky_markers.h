@@ -19,17 +19,17 @@ struct SkyMark {
   std::optional<int> id;  // 0 to 2147483647; a free one when not given
 };
 
-// Marked places of the sky. The camera's markers stand in the frame of its view matrix, which turns with the Earth; this
-// keeps where they are on the sky.
+// Marked places of the sky. The camera's markers stand in the frame of its view matrix, which turns with the
+// Earth; this keeps where they are on the sky.
 class SCENE_API SkyMarkers {
  public:
-  // Gives the marker to the camera. One of the same identifier is replaced; without one it gets the lowest free number
-  // from 1 on.
+  // Gives the marker to the camera. One of the same identifier is replaced; without one it gets the lowest
+  // free number from 1 on.
   void Add(const SkyMark& mark, CommonInterfaces::Camera& camera);
 
-  // Places the camera's markers for a frame: as a star without proper motion would be placed. The camera must be
-  // prepared (PrepareObserver). A marker that was not added here keeps its place in the frame of the view. Allocates
-  // nothing.
+  // Places the camera's markers for a frame: as a star without proper motion would be placed. The camera must
+  // be prepared (PrepareObserver). A marker that was not added here keeps its place in the frame of the view.
+  // Allocates nothing.
   void Update(const ObserverFrame& observer, CommonInterfaces::Camera& camera) const;
 
   // What was added, each with its identifier, in the order of the camera's list.

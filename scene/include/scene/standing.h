@@ -8,7 +8,8 @@
 
 namespace scene {
 
-// Where an object stands, degrees: azimuth from north over east, without a horizon the longitude along the plane.
+// Where an object stands, degrees: azimuth from north over east, without a horizon the longitude along the
+// plane.
 struct Standing {
   double azimuth, altitude;  // 0 to 360, -90 to 90
 };

@@ -13,21 +13,21 @@
 
 namespace scene {
 
-// The stars as every frame needs them: one array a quantity, the same index everywhere, the brightest first, so that
-// a frame stops at the first star that is too faint. Directions are at the epoch J2000 on J2000 axes.
+// The stars as every frame needs them: one array a quantity, the same index everywhere, the brightest first,
+// so that a frame stops at the first star that is too faint. Directions are at the epoch J2000 on J2000 axes.
 class SCENE_API StarCatalog {
  public:
-  // Takes all records that have RA, Dec and VisMagnitude; when others were left out, one diagnostic line with their
-  // number. Proper motions that are missing count as zero.
+  // Takes all records that have RA, Dec and VisMagnitude; when others were left out, one diagnostic line with
+  // their number. Proper motions that are missing count as zero.
   void Fill(CatalogTable& table);
 
   int GetCount() const { return static_cast<int>(m_Codes.size()); }
   float GetCode(int star) const { return m_Codes[star]; }  // magnitude code, (magnitude + 2) * 10
   const Direction& GetDirection(int star) const { return m_Directions[star]; }
-  const Direction& GetMotion(int star) const {
-    return m_Motions[star];
-  }                                                    // change of the direction, per Julian year
-  double GetMaxMotion() const { return m_MaxMotion; }  // radians per Julian year
+  // The change of the direction per Julian year.
+  const Direction& GetMotion(int star) const { return m_Motions[star]; }
+  // The largest proper motion of all, radians per Julian year.
+  double GetMaxMotion() const { return m_MaxMotion; }
   unsigned char GetSpectrum(int star) const { return m_Spectra[star]; }  // GetSpectrType
   int GetNumber(int star) const { return m_Numbers[star]; }              // catalogue number, -1: none
   // Proper name, else Bayer letter, else Flamsteed number; "" when it has none of these. The catalog's.

@@ -9,8 +9,8 @@
 
 #include "common_interfaces/settings_data.h"
 #include "scene/api.h"
-#include "scene/object_search.h"
 #include "scene/class_limits.h"
+#include "scene/object_search.h"
 #include "scene/obstacles.h"
 #include "scene/sky_frame.h"
 #include "scene/standing.h"

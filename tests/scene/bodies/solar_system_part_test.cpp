@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Places, sizes and phases of bodies in the picture. Expected values are those of an independent library of planetary
-// positions (PyEphem 4.1.4, VSOP87) unless another source is named.
+// Places, sizes and phases of bodies in the picture. Expected values are those of an independent library of
+// planetary positions (PyEphem 4.1.4, VSOP87) unless another source is named.
 #include "scene/bodies/solar_system_part.h"
 
 #include <gtest/gtest.h>
 
+#include "astro/rise_set.h"
 #include "astro/vectors.h"
-#include "scene/bodies/rise_set.h"
 #include "scene/frame_helpers.h"
 #include "scene/satellites.h"
 #include "support/allocation_counter.h"
@@ -44,8 +44,8 @@ TEST(SolarSystemPart, BodiesStandWhereAnotherLibrarySeesThem) {
                   {Planet(f, 2), 303.7341, -48.3038}, {Planet(f, 7), 224.4644, 50.2952}};
   for (const auto& entry : expected) {
     ASSERT_TRUE(StateOf(f, entry.body).known) << entry.body;
-    const HorizonPlace place =
-        MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
+    const astro::HorizonPlace place =
+        astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
     const Direction seen = scene::MakeDirection(place.azimuth, place.altitude),
                     other = scene::MakeDirection(entry.azimuth * kRadiansPerDegree,
                                                  entry.altitude * kRadiansPerDegree);
@@ -73,7 +73,8 @@ TEST(SolarSystemPart, PlanetBecomesADiscOfItsTrueSize) {
   const DrawnBody* jupiter = Drawn(f, Planet(f, 5));
   ASSERT_NE(jupiter, nullptr);
   EXPECT_TRUE(jupiter->asDisc);
-  // 46.4 seconds of arc across, as the other library has its equator; the model takes the mean radius, 2.3 percent less.
+  // 46.4 seconds of arc across, as the other library has its equator; the model takes the mean radius, 2.3
+  // percent less.
   const double pixels = f.camera.VisRad2PixD(0.5 * 46.4178 / 3600.0 * kRadiansPerDegree);
   EXPECT_NEAR(jupiter->radius, pixels, 0.04 * pixels);
 }
@@ -98,7 +99,8 @@ TEST(SolarSystemPart, FaintBodiesWaitForTheirZoom) {
   f.shown.horizon = false;
   f.camera.SetZoom(1.0);
   f.Compute();
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
+  const astro::HorizonPlace place =
+      astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, pluto).seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   EXPECT_EQ(Drawn(f, pluto), nullptr) << "the limit is 11.5 at zoom 1";
@@ -107,14 +109,14 @@ TEST(SolarSystemPart, FaintBodiesWaitForTheirZoom) {
   EXPECT_NE(Drawn(f, pluto), nullptr);
 }
 
-// 2026 January 25, 18:00 UT: the waxing Moon, 49 percent lit, stands in the south; the Sun has set in the west, which is to
-// the right.
+// 2026 January 25, 18:00 UT: the waxing Moon, 49 percent lit, stands in the south; the Sun has set in the
+// west, which is to the right.
 TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   FrameFixture f;
   f.SetTime(2026, 1, 25, 18, 0);
   f.Compute();
   const BodyState& moon = StateOf(f, kMoonBody);
-  const HorizonPlace place = MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
+  const astro::HorizonPlace place = astro::MakeHorizonPlace(f.observer.reduction, moon.seen.apparent, 0.0);
   f.SetLook(place.azimuth / kRadiansPerDegree, place.altitude / kRadiansPerDegree);
   f.Compute();
   const DrawnBody* drawn = Drawn(f, kMoonBody);

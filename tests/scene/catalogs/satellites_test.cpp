@@ -6,7 +6,6 @@
 
 #include "astro/julian_date.h"
 #include "scene/frame_helpers.h"
-#include "scene/bodies/rise_set.h"
 #include "scene/bodies/satellite_pass.h"
 
 using namespace scene;
@@ -98,34 +97,19 @@ TEST_F(Satellites, OldElementsAndDecayedSatellitesAreReportedInOneLineEach) {
       << f.diagnostics.lines[0];
 }
 
-// Berlin, 2014 January 21, 05:07:12 UT: azimuth 190.8, altitude 69.0, 449 km away, sunlit; 03:30:30 UT: azimuth 169.9,
-// altitude 69.9, in the Earth's shadow (PyEphem 4.1.4 from the same elements).
-TEST_F(Satellites, StationStandsAndShinesWhereAnotherLibrarySeesIt) {
+// The numbers are held in tests/astro/satellite_pass_test.cpp; here the frame's own satellite has the same light.
+TEST_F(Satellites, StationShinesOutsideTheShadow) {
   ASSERT_TRUE(LoadSatellites(f.sky.dir.Write("s.tle", host_test::StationSet()), f.catalogs.bodies, error));
   BodyModel model(f.catalogs.bodies);
   const SatellitePasses passes(model);
   const int station = FindBody(f.catalogs.bodies, SSO_ID(FourCC("scft"), 25544));
-  const EarthPlace berlin = GetPlace(f.camera);
-  const struct {
-    int hour, minute, second;
-    double azimuth, altitude, distance;
-    bool sunlit;
-  } expected[] = {{5, 7, 12, 190.823, 69.022, 449.2, true}, {3, 30, 30, 169.896, 69.939, 446.4, false}};
-  for (const auto& entry : expected) {
+  const CalendarDate shining = {2014, 1, 21, 5, 7, 12.0}, hidden = {2014, 1, 21, 3, 30, 30.0};
+  for (const CalendarDate& date : {shining, hidden}) {
     int day = 0;
-    double fraction = 0.0, axes[9];
-    DJ({2014, 1, 21, entry.hour, entry.minute, static_cast<double>(entry.second)}, day, fraction);
-    const SkyMoment moment = MakeMoment(day, fraction);
-    model.Compute(moment, berlin);
-    const BodyState& state = model.GetStates()[static_cast<std::size_t>(station)];
-    ASSERT_TRUE(state.known);
-    HorizonAxes(moment, berlin, axes);
-    const HorizonPlace place = MakeHorizonPlace(axes, state.seen.apparent, 0.0);
-    // The station crosses half a degree in half a second.
-    EXPECT_NEAR(place.altitude / kRadiansPerDegree, entry.altitude, 0.7);
-    EXPECT_NEAR(place.azimuth / kRadiansPerDegree, entry.azimuth, 2.0);
-    EXPECT_NEAR(state.seen.distance * 149597870.7, entry.distance, 3.0);
-    EXPECT_EQ(passes.IsSunlitNow(station), entry.sunlit);
+    double fraction = 0.0;
+    DJ(date, day, fraction);
+    model.Compute(MakeMoment(day, fraction), GetPlace(f.camera));
+    EXPECT_EQ(passes.IsSunlitNow(station), date.hour == shining.hour);
   }
 }
 
@@ -152,15 +136,4 @@ TEST_F(Satellites, PassHasAPathWithAMarkEachMinute) {
   f.SetTime(2014, 1, 21, 5, 40);
   frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
   EXPECT_TRUE(passes.GetLines().empty()) << "far below the horizon by now";
-}
-
-TEST(SatelliteLight, IsHiddenWhereTheEarthHidesTheSun) {
-  const double sun[3] = {1.0, 0.0, 0.0};
-  const double day[3] = {7000.0, 0.0, 0.0}, night[3] = {-7000.0, 0.0, 0.0}, side[3] = {0.0, 7000.0, 0.0},
-               beyond[3] = {-7000.0, 6400.0, 0.0}, grazing[3] = {-7000.0, 6300.0, 0.0};
-  EXPECT_TRUE(IsSunlit(day, sun));
-  EXPECT_FALSE(IsSunlit(night, sun));
-  EXPECT_TRUE(IsSunlit(side, sun));
-  EXPECT_TRUE(IsSunlit(beyond, sun));
-  EXPECT_FALSE(IsSunlit(grazing, sun));
 }

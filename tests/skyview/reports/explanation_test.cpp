@@ -129,11 +129,11 @@ TEST_F(ExplanationTest, ReasonsAreGivenForEveryObjectThatIsNotDrawnAndNoOther) {
   }
 }
 
-TEST(WhyOption, FoundIsExitZeroAndUnknownOrAmbiguousExitOne) {
+TEST(WhyCommand, FoundIsExitZeroAndUnknownOrAmbiguousExitOne) {
   host_test::SmallSky sky;
-  EXPECT_EQ(sky.Run({"--why", "betelgeuse"}), 0) << sky.errors.str();
+  EXPECT_EQ(sky.Run({"why", "betelgeuse"}), 0) << sky.errors.str();
   EXPECT_EQ(sky.output.str().find("Betelgeuse (α Ori, HR 2061): "), 0u) << sky.output.str();
-  EXPECT_EQ(sky.Run({"--why", "Betelgeux"}), 1);
+  EXPECT_EQ(sky.Run({"why", "Betelgeux"}), 1);
   EXPECT_NE(sky.GetErrorLine().find("similar: Betelgeuse"), std::string::npos) << sky.errors.str();
   EXPECT_EQ(sky.output.str(), "");
 }

@@ -4,14 +4,20 @@
 // Everything the companion library astro exports.
 #pragma once
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
+#include "astro/eclipse.h"
+#include "astro/horizon_frame.h"
 #include "astro/julian_date.h"
 #include "astro/object_id.h"
 #include "astro/object_records.h"
 #include "astro/planets.h"
+#include "astro/rise_set.h"
 #include "astro/satellite.h"
+#include "astro/satellite_pass.h"
 #include "astro/solar_system.h"
+#include "astro/twilight.h"
 #include "astro/two_body.h"
 #include "astro/vectors.h"

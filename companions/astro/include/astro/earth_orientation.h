@@ -12,20 +12,20 @@
 
 // Catalogue frame (J2000, ICRS axes) to true equator and equinox of date: frame bias and precession IAU 2006
 // (Hilton et al. 2006), nutation IAU 2000B (McCarthy & Luzum 2003, 77 terms). Within 0.003 arc second of the
-// full IAU 2006/2000A model over 1900 to 2100, 0.01 over 1700 to 2300. Farther away the polynomials drift from
-// the long-term theory of Vondrak, Capitaine & Wallace 2011: by less than 1 arc second in the year 0, 20 in
-// -3000, 90 in -5000; 5 in 5000, 250 in 10000.
+// full IAU 2006/2000A model over 1900 to 2100, 0.01 over 1700 to 2300. Farther away the polynomials drift
+// from the long-term theory of Vondrak, Capitaine & Wallace 2011: by less than 1 arc second in the year 0, 20
+// in -3000, 90 in -5000; 5 in 5000, 250 in 10000.
 ASTRO_API void PrecessionNutationMatrix(double julianDateTT, double m[9]);
 
 // Mean obliquity of the ecliptic of date, radians, IAU 2006 (Hilton et al. 2006): a polynomial of the fifth
 // degree, to be trusted for some thousands of years around 2000.
 ASTRO_API double MeanObliquity(double julianDateTT);
 
-// Greenwich apparent sidereal time in radians, [0, 2 pi), IAU 2006 with the nutation above. The moment is given
-// in Universal Time (UT1) as day number and fraction; deltaT is TT - UT1 in seconds (ET_UT::Get). Within 0.0002
-// second of time of the full model over 1900 to 2100. Farther away it stays true to PrecessionNutationMatrix,
-// which is what keeps the sky in place: the two drift apart by less than 0.1 arc second from 0 to 4500, 20 back
-// to -5000, 65 until 10000.
+// Greenwich apparent sidereal time in radians, [0, 2 pi), IAU 2006 with the nutation above. The moment is
+// given in Universal Time (UT1) as day number and fraction; deltaT is TT - UT1 in seconds (ET_UT::Get).
+// Within 0.0002 second of time of the full model over 1900 to 2100. Farther away it stays true to
+// PrecessionNutationMatrix, which is what keeps the sky in place: the two drift apart by less than 0.1 arc
+// second from 0 to 4500, 20 back to -5000, 65 until 10000.
 ASTRO_API double ApparentSiderealTime(int julianDay, double fraction, double deltaT);
 
 // True equator and equinox of date to the horizon frame of a place: x to the north point, y to the west

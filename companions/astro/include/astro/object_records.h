@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the solar-system model (solar_system.h) takes of an object: plain records, already converted. Which one belongs
-// to an object follows from its kind:
+// What the solar-system model (solar_system.h) takes of an object: plain records, already converted. Which
+// one belongs to an object follows from its kind:
 //   "star" "uSTR"                                             StarRecord
 //   "gala" "nebu" "clst" "dsnv" "uDSO" "uNEB" "uCLS" "uGAL"   DeepskyRecord
 //   "cnst"                                                    ConstellationRecord
@@ -11,6 +11,7 @@
 #pragma once
 
 #include "astro/api.h"
+#include "astro/constants.h"
 #include "utils/text.h"
 
 inline constexpr float kUnknownStarMagnitude = 999999.0f;
@@ -51,28 +52,28 @@ enum ElementSet : unsigned char {
 // The tag of two-line elements that are ready for the model: the four-character code "TLE_".
 inline constexpr int kTwoLineTag = FourCC("TLE_");
 
-// The orbit of one body. Converted records have angles in radians; the lists of users keep degrees, and the mean motion
-// of two-line elements in revolutions per day (see ConvertDBRecord of the application's library).
+// The orbit of one body. Converted records have angles in radians; the lists of users keep degrees, and the
+// mean motion of two-line elements in revolutions per day (see ConvertDBRecord of the application's library).
 struct OrbitalElements {
   unsigned char elementSet = kKeplerElements;
-  int tag = 0;                       // kTwoLineTag, else 0
-  int centralKind = FourCC("plnt");  // the body that it goes around: "plnt" ...
-  int centralNumber = 10;            // ... 10, the Sun
-  double epoch = 2451545.0;          // Julian date: dynamical time (TT); of two-line elements Universal Time
-  double a =
-      0.0;  // au: the semi-major axis for e < 1, the perihelion distance for e >= 1; two-line elements: unused
+  int tag = 0;                            // kTwoLineTag, else 0
+  int centralKind = astro::kPlanetKind;   // the body that it goes around: "plnt" ...
+  int centralNumber = astro::kSunNumber;  // ... 10, the Sun
+  double epoch = astro::kJ2000;  // Julian date: dynamical time (TT); of two-line elements Universal Time
+  // au: the semi-major axis for e < 1, the perihelion distance for e >= 1; two-line elements: unused.
+  double a = 0.0;
   double e = 0.0;   // eccentricity
   double i = 0.0;   // inclination to the ecliptic J2000; of two-line elements to the equator
   double om = 0.0;  // longitude of the ascending node
   double w = 0.0;   // argument of the pericentre
   double M0 = 0.0;  // mean anomaly at the epoch: n times the time since the pericentre, for every e
-  // Mean motion, radians per day (two-line elements: per minute). e < 1: sqrt(mu / a^3). e >= 1: sqrt(mu / |q / (1 - e)|^3),
-  // or sqrt(mu / (2 q^3)) where |1 - e| < 1e-6.
+  // Mean motion, radians per day (two-line elements: per minute). e < 1: sqrt(mu / a^3). e >= 1:
+  // sqrt(mu / |q / (1 - e)|^3), or sqrt(mu / (2 q^3)) where |1 - e| < 1e-6.
   double n = 0.0;
-  float absMagnitude =
-      kUnknownStarMagnitude;  // H of asteroids; of comets the magnitude at 1 au from Sun and Earth
-  float slope =
-      0.0f;  // G of asteroids; of comets y in H + 5 log(distance) + y log(distance from the Sun), 10-based
+  // H of asteroids; of comets the magnitude at 1 au from Sun and Earth.
+  float absMagnitude = kUnknownStarMagnitude;
+  // G of asteroids; of comets y in H + 5 log(distance) + y log(distance from the Sun), 10-based.
+  float slope = 0.0f;
   // Two-line elements only, as SGP4 takes them.
   double meanMotionDot = 0.0;     // half the first derivative, revolutions per day^2
   double meanMotionDotDot = 0.0;  // a sixth of the second, revolutions per day^3

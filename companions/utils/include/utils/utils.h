@@ -5,6 +5,7 @@
 #pragma once
 
 #include "utils/bytes.h"
+#include "utils/calendar.h"
 #include "utils/characters.h"
 #include "utils/clock.h"
 #include "utils/code_page.h"

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "companions/astro/model/moving_object.h"
+
+#include <cmath>
+
+#include "astro/constants.h"
+#include "astro/planets.h"
+
+namespace astro_internal {
+
+namespace {
+
+using astro::kKilometresPerAu;
+using astro::kMinutesPerDay;
+using astro::kSecondsPerDay;
+
+bool IsFinite(const double v[3]) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
+
+void AddTo(double v[3], const double share[3], double factor) {
+  for (int i = 0; i < 3; ++i) v[i] += factor * share[i];
+}
+
+bool OrbitState(const OrbitalElements& elements, const OrbitPlane& plane, double date, double position[3],
+                double velocity[3]) {
+  if (!ComputeTwoBodyState(elements, plane, date, position, velocity)) return false;
+  const SSO_ID centre(elements.centralKind, elements.centralNumber);
+  if (centre == astro::kSun) return true;
+  double centrePosition[3], centreVelocity[3];
+  if (!ComputePlanetState(centre, date, centrePosition, velocity != nullptr ? centreVelocity : nullptr))
+    return false;
+  AddTo(position, centrePosition, 1.0);
+  if (velocity != nullptr) AddTo(velocity, centreVelocity, 1.0);
+  return true;
+}
+
+// The light takes milliseconds from a satellite: the Earth moves straight on meanwhile.
+bool SatelliteState(const MovingObject& object, const Moment& moment, double before, double position[3],
+                    double velocity[3]) {
+  if (!moment.earthKnown) return false;
+  const double date = moment.dateTT - before;
+  const double days = date - moment.deltaT / kSecondsPerDay - object.elements->epoch;
+  double teme[3], temeVelocity[3];
+  if (object.satellite->GetState(days * kMinutesPerDay, teme, temeVelocity) != SatelliteFault::kNone)
+    return false;
+  TemeToJ2000(date, teme, position);
+  for (int i = 0; i < 3; ++i)
+    position[i] = position[i] / kKilometresPerAu + moment.earth[i] - before * moment.earthVelocity[i];
+  if (velocity == nullptr) return true;
+  TemeToJ2000(date, temeVelocity, velocity);
+  for (int i = 0; i < 3; ++i)
+    velocity[i] = velocity[i] * kSecondsPerDay / kKilometresPerAu + moment.earthVelocity[i];
+  return true;
+}
+
+}  // namespace
+
+bool StateOf(const MovingObject& object, const Moment& moment, double before, double position[3],
+             double velocity[3]) {
+  bool known = false;
+  if (object.satellite != nullptr) {
+    known = SatelliteState(object, moment, before, position, velocity);
+  } else if (object.elements != nullptr) {
+    known = OrbitState(*object.elements, object.plane, moment.dateTT - before, position, velocity);
+  } else {
+    known = ComputePlanetState(object.id, moment.dateTT - before, position, velocity);
+  }
+  return known && IsFinite(position) && (velocity == nullptr || IsFinite(velocity));
+}
+
+}  // namespace astro_internal

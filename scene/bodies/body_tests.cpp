@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/bodies/body_tests.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace scene {
+namespace {
+
+// Pixels of the standard picture.
+constexpr double kSunRadius = 13.0, kMoonRadius = 12.0;
+constexpr double kLeastPlanet = 2.4, kLeastSmallBody = 1.5, kLargestDot = 7.0;
+constexpr double kMargin = 40.0;  // where the tail of a comet may still reach in
+
+}  // namespace
+
+BodyTests::BodyTests(const BodyModel& model, const ViewGeometry& geometry, const ObserverFrame& observer,
+                     const ShownKinds& shown, const ObjectFilters& filters)
+    : m_Model(model),
+      m_Geometry(geometry),
+      m_Observer(observer),
+      m_Shown(shown),
+      m_StarLimits(geometry.camera, FourCC("star")),
+      m_Kinds{{{FourCC("plnt"), ClassLimits(geometry.camera, FourCC("plnt")), filters.Get(FourCC("plnt"))},
+               {FourCC("moon"), ClassLimits(geometry.camera, FourCC("moon")), filters.Get(FourCC("moon"))},
+               {FourCC("astr"), ClassLimits(geometry.camera, FourCC("astr")), filters.Get(FourCC("astr"))},
+               {FourCC("comt"), ClassLimits(geometry.camera, FourCC("comt")), filters.Get(FourCC("comt"))},
+               {FourCC("scft"), ClassLimits(geometry.camera, FourCC("scft")), filters.Get(FourCC("scft"))}}} {
+}
+
+const BodyTests::Kind& BodyTests::FindKind(int kind) const {
+  for (const auto& entry : m_Kinds) {
+    if (entry.kind == kind) return entry;
+  }
+  return m_Kinds.back();
+}
+
+const ClassLimits& BodyTests::GetLimits(int kind) const { return FindKind(kind).limits; }
+
+double BodyTests::GetTrueRadius(const BodyState& state) const {
+  return m_Geometry.camera.VisRad2PixD(state.seen.angularRadius);
+}
+
+bool BodyTests::HasMagnitude(int body) const {
+  return m_Model.GetBodies()[static_cast<std::size_t>(body)].id.kind != FourCC("scft");
+}
+
+double BodyTests::GetSymbolRadius(int body) const {
+  if (body == kSunBody) return kSunRadius * m_Geometry.unit;
+  if (body == kMoonBody) return kMoonRadius * m_Geometry.unit;
+  const auto index = static_cast<std::size_t>(body);
+  const bool planet = m_Model.GetBodies()[index].id.kind == FourCC("plnt");
+  const double least = planet ? kLeastPlanet : kLeastSmallBody;
+  if (!HasMagnitude(body)) return 2.0 * least * m_Geometry.unit;
+  const double magnitudes = (m_StarLimits.draw - m_Model.GetStates()[index].code) * 0.1;
+  return m_Geometry.unit * std::clamp(0.6 * std::pow(10.0, 0.1 * magnitudes), least, kLargestDot);
+}
+
+// A body is seen as soon as its upper limb is.
+bool BodyTests::IsAboveHorizon(const BodyState& state) const {
+  if (!m_Shown.horizon || !m_Observer.horizon) return true;
+  const double* zenith = m_Observer.reduction + 6;
+  const double* v = state.seen.apparent;
+  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2] >= -std::sin(state.seen.angularRadius);
+}
+
+template <bool kFirst>
+unsigned BodyTests::Test(int index, ObjectPlace& place) const {
+  const SkyBody& body = m_Model.GetBodies()[static_cast<std::size_t>(index)];
+  const BodyState& state = m_Model.GetStates()[static_cast<std::size_t>(index)];
+  if (!state.known) return kNoPlace;
+  const Kind& kind = FindKind(body.id.kind);
+  unsigned obstacles = 0;
+  const auto ends = [&obstacles](bool failed, Obstacle obstacle) {
+    if (failed) obstacles |= obstacle;
+    return kFirst && failed;
+  };
+  if (ends(!m_Shown.IsShown(body.id.kind), kKindOff)) return obstacles;
+  if (ends(HasMagnitude(index) && !(state.code <= kind.limits.draw), kTooFaint)) return obstacles;
+  if (ends(!kind.filter.Passes(GetTraits(body, state.code)), kFiltered)) return obstacles;
+  if (ends(!IsAboveHorizon(state), kBelowHorizon)) return obstacles;
+  place.apparent = MakeDirection(state.seen.apparent);
+  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index));
+  ends(!m_Geometry.IsInside(place.pixel, place.radius + kMargin * m_Geometry.unit), kOutside);
+  return obstacles;
+}
+
+template unsigned BodyTests::Test<true>(int, ObjectPlace&) const;
+template unsigned BodyTests::Test<false>(int, ObjectPlace&) const;
+
+}  // namespace scene

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common_interfaces/settings_data.h"
+#include "scene/shown_kinds.h"
+
+namespace scene {
+
+bool HasSection(const CommonInterfaces::SettingsData& settings, unsigned section);
+
+// Of "star", "clst", "gala", "nebu", "dsnv", "plnt", "moon", "astr", "comt", "scft" and, for the names of the
+// constellations, "cnst".
+KindState ReadKindState(CommonInterfaces::SettingsData& settings, int kind);
+
+}  // namespace scene

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The catalog tables of the data root, each made from a table below the source folder. All throw SourceError
+// when the source is not as it should be. Columns: docs/formats/catalog_tables.md.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace skydata {
+
+std::string MakeStarCatalog(const std::filesystem::path& source);
+std::string MakeDeepskyCatalog(const std::filesystem::path& source);
+std::string MakeConstellationCatalog(const std::filesystem::path& source);
+std::string MakeConstellationLines(const std::filesystem::path& source);
+std::string MakeMilkyWay(const std::filesystem::path& source);
+std::string MakeAsteroidCatalog(const std::filesystem::path& source);
+std::string MakeCometCatalog(const std::filesystem::path& source);
+
+// Two-line elements, as they stand in the source: docs/formats/two_line_elements.md.
+std::string MakeSatellites(const std::filesystem::path& source);
+
+}  // namespace skydata

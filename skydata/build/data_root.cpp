@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skydata/build/data_root.h"
+
+#include <map>
+
+#include "skydata/build/catalog_files.h"
+#include "skydata/build/catalogs.h"
+#include "skydata/files/source_error.h"
+#include "skydata/files/whole_file.h"
+#include "skydata/files/year_limits.h"
+#include "skydata/settings/text/compiler.h"
+#include "skydata/settings/text/parser.h"
+#include "skydata/strings/table.h"
+
+namespace skydata {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Name below the data root, bytes; the order of the names is the order of writing.
+using Files = std::map<fs::path, std::string>;
+
+constexpr char kStringTable[] = "qxstrings.txt";
+
+struct Catalog {
+  const char* name;
+  const char* folder;  // of its source, with the SOURCE.md
+  std::string (*make)(const fs::path& source);
+};
+constexpr Catalog kCatalogs[] = {{"stars", "stars", MakeStarCatalog},
+                                 {"deepsky", "deepsky", MakeDeepskyCatalog},
+                                 {"constellations", "constellations", MakeConstellationCatalog},
+                                 {"constellation_lines", "constellations", MakeConstellationLines},
+                                 {"milkyway", "milkyway", MakeMilkyWay},
+                                 {"asteroids", "orbits", MakeAsteroidCatalog},
+                                 {"comets", "orbits", MakeCometCatalog}};
+
+void AddCatalogs(const fs::path& source, Files& files) {
+  for (const Catalog& catalog : kCatalogs) {
+    const fs::path base = fs::path("catalogs") / catalog.name;
+    files[base.string() + ".txt"] = catalog.make(source);
+    files[base.string() + ".source.md"] = ReadFile(source / catalog.folder / "SOURCE.md");
+  }
+}
+
+// The files that the library's own readers open, each beside the origin of its data.
+struct CatalogFile {
+  const char* folder;  // below the data root
+  const char* name;
+  const char* extension;
+  std::string (*make)(const fs::path& source);
+  const char* origin;  // below the source folder
+};
+constexpr CatalogFile kCatalogFiles[] = {
+    {"catalogs", "satellites", ".tle", MakeSatellites, "orbits/SOURCE.md"},
+    {"catalogs/comets", "best_observation_time", ".ini", MakeObservationTimes, "comets/SOURCE.md"},
+    {"catalogs/planets&moons", "planets&moons", ".txt", MakePlanetsAndMoons, "bodies/SOURCE.md"},
+    {"media/find", "object_articles_table", ".bin", MakeArticles, "find/SOURCE.md"},
+    {"media/find", "object_distances_table", ".bin", MakeDistances, "find/SOURCE.md"},
+    {"media/find", "3d_flight_to_objects", ".txt", MakeFlightObjects, "find/SOURCE.md"},
+    {"media/surface", "panoramas", ".ini", MakePanoramas, "surface/SOURCE.md"},
+    {"media/skyobjects/constell_images", "constell", ".dat", MakeConstellationImages, "skyobjects/SOURCE.md"},
+    {"media/skyobjects/mway_images", "mway", ".dat", MakeMilkyWayImages, "skyobjects/SOURCE.md"},
+    {"media/skyobjects/dso_images", "dsoimagestrue", ".txt", MakeDeepskyImages,
+     "skyobjects/dso_images.source.md"}};
+
+void AddCatalogFiles(const fs::path& source, Files& files) {
+  for (const CatalogFile& file : kCatalogFiles) {
+    const std::string base = std::string(file.folder) + "/" + file.name;
+    files[base + file.extension] = file.make(source);
+    files[base + ".source.md"] = ReadFile(source / file.origin);
+  }
+}
+
+// The pictures of the landscapes, as they stand.
+void AddPanoramaPictures(const fs::path& folder, Files& files) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() == ".svg")
+      files[fs::path("media/surface") / entry.path().filename()] = ReadFile(entry.path());
+  }
+}
+
+// The string table of every language, and that of the default one where programs without a language look.
+void AddStrings(const fs::path& folder, const std::string& language, Files& files) {
+  files[kStringTable] = MakeStringTable(folder / language / kStringTable);
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (!entry.is_directory()) continue;
+    files[fs::path("languages") / entry.path().filename() / kStringTable] =
+        MakeStringTable(entry.path() / kStringTable);
+  }
+}
+
+// Every settings text of a folder becomes the settings file of that name.
+void AddSettings(const fs::path& folder, const fs::path& to, const fs::path& scratch, Files& files) {
+  if (!fs::is_directory(folder)) throw SourceError(folder.string(), 0, "no such folder");
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() != ".ini") continue;
+    const fs::path name = entry.path().stem().string() + ".data";
+    files[to / name] = CompileSettings(ParseSettings(entry.path()), scratch);
+  }
+}
+
+}  // namespace
+
+int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string& language) {
+  std::error_code error;
+  if (!fs::is_directory(source)) throw SourceError(source.string(), 0, "no such folder");
+  fs::create_directories(out, error);
+  if (!fs::is_directory(out)) throw SourceError(out.string(), 0, "cannot be made");
+  Files files;
+  AddStrings(source / "strings", language, files);
+  AddSettings(source / "settings", "", out, files);
+  AddSettings(source / "views", "views", out, files);
+  AddCatalogs(source, files);
+  AddCatalogFiles(source, files);
+  AddPanoramaPictures(source / "surface", files);
+  files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
+  for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
+  return static_cast<int>(files.size());
+}
+
+}  // namespace skydata

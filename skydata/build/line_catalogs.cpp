@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The catalogs of lines on the sky and of the names of their regions.
+#include "skydata/build/catalog_text.h"
+#include "skydata/build/catalogs.h"
+#include "skydata/build/source_table.h"
+
+namespace skydata {
+namespace {
+
+constexpr int kMaxLines = 9999;
+constexpr int kMilkyWayLevels = 5;
+
+void AddPosition(const SourceTable& table, int row, int column, CatalogText& catalog) {
+  catalog.AddAngle(table.GetNumber(row, column, 0.0, 360.0));
+  catalog.AddAngle(table.GetNumber(row, column + 1, -90.0, 90.0));
+}
+
+void AddRequiredText(const SourceTable& table, int row, int column, CatalogText& catalog) {
+  if (table.GetText(row, column).empty()) table.Fail(row, column, "must not be empty");
+  catalog.AddText(table.GetText(row, column));
+}
+
+}  // namespace
+
+std::string MakeConstellationCatalog(const std::filesystem::path& source) {
+  const SourceTable table(source / "constellations" / "constellations.tsv",
+                          {"Abbreviation", "Latin", "English", "RA_deg", "Dec_deg"});
+  CatalogText catalog("constellations/constellations.tsv",
+                      {"Label:text", "ProperName:text", "EnglishName:text", "RA:f64", "Dec:f64"});
+  for (int row = 0; row < table.GetRowCount(); ++row) {
+    AddRequiredText(table, row, 0, catalog);
+    AddRequiredText(table, row, 1, catalog);
+    catalog.AddText(table.GetText(row, 2));
+    AddPosition(table, row, 3, catalog);
+    catalog.EndRecord();
+  }
+  return catalog.GetBytes();
+}
+
+std::string MakeConstellationLines(const std::filesystem::path& source) {
+  const SourceTable table(source / "constellations" / "lines.tsv",
+                          {"Abbreviation", "Polyline", "RA_deg", "Dec_deg"});
+  CatalogText catalog("constellations/lines.tsv", {"Label:text", "Number:i32", "RA:f64", "Dec:f64"});
+  for (int row = 0; row < table.GetRowCount(); ++row) {
+    AddRequiredText(table, row, 0, catalog);
+    catalog.AddInteger(table.GetInteger(row, 1, 0, kMaxLines));
+    AddPosition(table, row, 2, catalog);
+    catalog.EndRecord();
+  }
+  return catalog.GetBytes();
+}
+
+std::string MakeMilkyWay(const std::filesystem::path& source) {
+  const SourceTable table(source / "milkyway" / "outlines.tsv", {"Level", "Ring", "RA_deg", "Dec_deg"});
+  CatalogText catalog("milkyway/outlines.tsv", {"Type:i32", "Number:i32", "RA:f64", "Dec:f64"});
+  for (int row = 0; row < table.GetRowCount(); ++row) {
+    catalog.AddInteger(table.GetInteger(row, 0, 1, kMilkyWayLevels));
+    catalog.AddInteger(table.GetInteger(row, 1, 0, kMaxLines));
+    AddPosition(table, row, 2, catalog);
+    catalog.EndRecord();
+  }
+  return catalog.GetBytes();
+}
+
+}  // namespace skydata

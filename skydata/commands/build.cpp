@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <ostream>
+
+#include "skydata/build/data_root.h"
+#include "skydata/commands/command.h"
+
+namespace skydata {
+namespace {
+
+struct Arguments {
+  std::string source, out;
+  std::string language = "en";
+};
+
+int Build(const Arguments& arguments, std::ostream& output) {
+  const int count = BuildDataRoot(arguments.source, arguments.out, arguments.language);
+  output << arguments.out << ": " << count << " files\n";
+  return kDone;
+}
+
+}  // namespace
+
+Action DeclareBuild(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
+  command.add_option("SOURCE", arguments->source, "folder of the sources, for example data/source")
+      ->required();
+  command.add_option("OUT", arguments->out, "folder to make, or to bring up to date, file by file")
+      ->required();
+  command.add_option("--language", arguments->language, "folder below SOURCE/strings of the default texts")
+      ->type_name("NAME")
+      ->capture_default_str();
+  return [arguments](std::ostream& output, std::ostream&) { return Build(*arguments, output); };
+}
+
+}  // namespace skydata

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <ostream>
+
+#include "skydata/commands/command.h"
+#include "skydata/commands/settings_input.h"
+#include "skydata/settings/explain.h"
+#include "skydata/settings/text/values.h"
+
+namespace skydata {
+namespace {
+
+struct Arguments {
+  std::string file, field, block, defaults, names;
+};
+
+// "OWNER,ID"
+std::pair<unsigned, unsigned> ParseKey(const std::string& text) {
+  const auto comma = text.find(',');
+  const auto owner = ParseWord(text.substr(0, comma));
+  const auto id = comma == std::string::npos ? std::nullopt : ParseWord(text.substr(comma + 1));
+  if (!owner || !id) throw UsageError("--block", "wants OWNER,ID, for example FLTR,1");
+  return {*owner, *id};
+}
+
+ExplainRequest MakeRequest(const Arguments& arguments) {
+  ExplainRequest request;
+  request.fileName = arguments.file;
+  request.defaultsName = arguments.defaults.empty() ? arguments.file : arguments.defaults;
+  const auto dot = arguments.field.find('.');
+  const auto section = ParseWord(arguments.field.substr(0, dot));
+  if (dot == std::string::npos || !section || dot + 1 == arguments.field.size())
+    throw UsageError("FIELD", "wants SECTION.NAME, for example star.Draw");
+  request.section = *section;
+  request.field = arguments.field.substr(dot + 1);
+  if (!arguments.block.empty()) request.key = ParseKey(arguments.block);
+  return request;
+}
+
+int Explain(const Arguments& arguments, std::ostream& output, std::ostream& errors) {
+  const ExplainRequest request = MakeRequest(arguments);
+  const FieldNames names = LoadNames(arguments.names);
+  bool isDamaged = false;
+  const SettingsFile file = LoadSettings(request.fileName, names, errors, isDamaged);
+  const bool isSame = request.defaultsName == request.fileName;
+  const SettingsFile defaults = isSame ? file : LoadSettings(request.defaultsName, names, errors, isDamaged);
+  const bool isFound = ExplainField(request, file, defaults, names, output, errors);
+  return isFound && !isDamaged ? kDone : kBadData;
+}
+
+}  // namespace
+
+Action DeclareSettingsExplain(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
+  AddSettingsFile(command, "FILE", arguments->file);
+  command.add_option("FIELD", arguments->field, "SECTION.NAME, for example star.Draw")->required();
+  command.add_option("--block", arguments->block, "the container, where several have the field")
+      ->type_name("OWNER,ID");
+  command.add_option("--defaults", arguments->defaults, "file with the defaults, unless it is FILE")
+      ->type_name("FILE");
+  AddNamesOption(command, arguments->names);
+  return
+      [arguments](std::ostream& output, std::ostream& errors) { return Explain(*arguments, output, errors); };
+}
+
+}  // namespace skydata

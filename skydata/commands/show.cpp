@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "skydata/commands/command.h"
+#include "skydata/files/whole_file.h"
+#include "skydata/settings/dump.h"
+#include "skydata/settings/reader/file_reader.h"
+#include "skydata/show/files.h"
+
+namespace skydata {
+namespace {
+
+struct Arguments {
+  std::string file;
+  std::string kindName;  // "": the file's name says it
+  bool isJson = false;
+};
+
+ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string& bytes) {
+  using Show = ShownTable (*)(const std::string&);
+  static const std::map<DataKind, Show> kShows = {
+      {DataKind::kSettings, ShowSettings},     {DataKind::kYearLimits, ShowYearLimits},
+      {DataKind::kCatalogTable, ShowCatalog},  {DataKind::kTwoLineElements, ShowTwoLineElements},
+      {DataKind::kPlanets, ShowPlanets},       {DataKind::kObservationTimes, ShowObservationTimes},
+      {DataKind::kArticles, ShowArticles},     {DataKind::kDistances, ShowDistances},
+      {DataKind::kFlightList, ShowFlightList}, {DataKind::kConstellationImages, ShowImages},
+      {DataKind::kMilkyWayImages, ShowImages}, {DataKind::kDeepskyImages, ShowDeepskyImages},
+      {DataKind::kPanoramas, ShowPanoramas},   {DataKind::kFavourites, ShowList},
+      {DataKind::kChosen, ShowList},           {DataKind::kSelection, ShowList}};
+  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(bytes);
+}
+
+DataKind FindKind(const Arguments& arguments) {
+  for (const DataKindName& known : GetDataKindNames()) {
+    if (known.name == arguments.kindName) return known.kind;
+  }
+  return KindOfName(std::filesystem::path(arguments.file).generic_string());
+}
+
+bool CanShow(DataKind kind) {
+  for (const DataKindName& known : GetDataKindNames()) {
+    if (known.kind == kind) return true;
+  }
+  return false;
+}
+
+int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& errors) {
+  const DataKind kind = FindKind(arguments);
+  if (!CanShow(kind)) {
+    errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
+    return kBadUsage;
+  }
+  const std::string bytes = ReadFile(arguments.file);
+  if (kind == DataKind::kSettings && !arguments.isJson) {
+    WriteSettingsText(ReadSettingsFile(bytes, FieldNames()), output);
+    return kDone;
+  }
+  const ShownTable table = ShowFileOf(kind, arguments.file, bytes);
+  output << (arguments.isJson ? FormatTableAsJson(table) : FormatTable(table));
+  if (table.unreadable == 0) return kDone;
+  errors << arguments.file << ": " << table.unreadable << " records cannot be read (skydata lint says why)\n";
+  return kBadData;
+}
+
+}  // namespace
+
+Action DeclareShow(CLI::App& command) {
+  const auto arguments = std::make_shared<Arguments>();
+  std::vector<std::string> names;
+  for (const DataKindName& known : GetDataKindNames()) names.emplace_back(known.name);
+  command.add_option("FILE", arguments->file, "file of a data root or a work area")->required();
+  command.add_option("--as", arguments->kindName, "what the file is; else its name says it")
+      ->check(CLI::IsMember(names));
+  command.add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
+  return
+      [arguments](std::ostream& output, std::ostream& errors) { return RunShow(*arguments, output, errors); };
+}
+
+}  // namespace skydata

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <iostream>
+
+#include "skydata/command_line.h"
+#include "skydata/standard_streams.h"
+
+int main(int argc, char** argv) {
+  skydata::KeepStreamBytes();
+  return skydata::Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), std::cout, std::cerr);
+}

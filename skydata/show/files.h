@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The records of each kind of data file. What cannot be read is left out and counted.
+#pragma once
+
+#include <string>
+
+#include "skydata/files/data_kinds.h"
+#include "skydata/show/table.h"
+
+namespace skydata {
+
+ShownTable ShowPlanets(const std::string& bytes);
+ShownTable ShowList(const std::string& bytes);  // favourites, selection, chosen objects
+ShownTable ShowFlightList(const std::string& bytes);
+ShownTable ShowPanoramas(const std::string& bytes);
+ShownTable ShowObservationTimes(const std::string& bytes);
+ShownTable ShowYearLimits(const std::string& bytes);
+ShownTable ShowArticles(const std::string& bytes);
+ShownTable ShowDistances(const std::string& bytes);
+ShownTable ShowImages(const std::string& bytes);
+ShownTable ShowDeepskyImages(const std::string& bytes);
+ShownTable ShowCatalog(const std::string& bytes);
+ShownTable ShowTwoLineElements(const std::string& bytes);
+ShownTable ShowSettings(const std::string& bytes);
+// The meteor showers of a string table in the language of its folder.
+ShownTable ShowShowers(const std::string& path);
+
+}  // namespace skydata

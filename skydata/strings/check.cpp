@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skydata/strings/check.h"
+
+#include <algorithm>
+
+#include "skydata/strings/rules.h"
+
+namespace skydata {
+
+int StringsReport::GetLastLine() const { return std::max(static_cast<int>(m_Source.lines.size()), 1); }
+
+void StringsReport::Add(int line, const char* code, bool isError, const std::string& text) {
+  m_Findings.push_back({m_Source.path, line, code, isError, text});
+}
+
+const StringsEntry* FindEntry(const StringsSource& source, unsigned identifier) {
+  const auto place = std::find_if(source.entries.rbegin(), source.entries.rend(),
+                                  [&](const StringsEntry& entry) { return entry.identifier == identifier; });
+  return place == source.entries.rend() ? nullptr : &*place;
+}
+
+StringsFindings CheckStrings(const StringsSource& source) {
+  StringsReport report(source);
+  CheckLines(report);
+  CheckTexts(report);
+  CheckSet(report);
+  CheckDates(report);
+  CheckTransliteration(report);
+  CheckShowers(report);
+  StringsFindings findings = report.GetFindings();
+  SortFindings(findings);
+  return findings;
+}
+
+}  // namespace skydata

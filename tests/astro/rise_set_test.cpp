@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "astro/rise_set.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "astro/constants.h"
+#include "astro/solar_system.h"
+#include "helpers/midnight.h"
+
+using namespace astro;
+using astro_test::At;
+using astro_test::DayFraction;
+using astro_test::Midnight;
+
+namespace {
+
+constexpr double kMinute = 1.0 / 1440.0;
+
+}  // namespace
+
+// Meeus, Astronomical Algorithms (2nd edition 1998), example 15.a: Venus at Boston on 1988 March 20, fractions of the
+// day in Universal Time: rises 0.51766, transits 0.81980, sets 0.12130.
+TEST(RiseSet, VenusAtBostonAsInTheBook) {
+  CQXSolSys model;
+  const auto find =
+      MakeBodyFinder(model, SSO_ID(kPlanetKind, 2), nullptr, At(42.3333, -71.0833), RisingPart::kCentre);
+  const RiseTransitSet events = FindRiseTransitSet(find, Midnight(1988, 3, 20), 1.0, 1.0 / 96.0);
+  EXPECT_NEAR(DayFraction(events.rise), 0.51766, 0.3 * kMinute);
+  EXPECT_NEAR(DayFraction(events.transit), 0.81980, 0.3 * kMinute);
+  EXPECT_NEAR(DayFraction(events.set), 0.12130, 0.3 * kMinute);
+}
+
+// London (51.5 N, 0.125 W), 2026 June 21, by another library (PyEphem 4.1.4, horizon -34', upper limb): the Sun rises
+// 03:43:10, transits 12:02:19, sets 20:21:28; the Moon rises 11:40:29, transits 17:51:07, sets 23:45:54.
+TEST(RiseSet, SunAndMoonAtLondon) {
+  CQXSolSys model;
+  const EarthPlace london = At(51.5, -0.125);
+  const RiseTransitSet sun =
+      FindRiseTransitSet(MakeBodyFinder(model, kSun, nullptr, london, RisingPart::kUpperLimb),
+                         Midnight(2026, 6, 21), 1.0, 1.0 / 96.0);
+  const double second = kMinute / 60.0;
+  EXPECT_NEAR(DayFraction(sun.rise), (3 * 3600 + 43 * 60 + 10) * second, 20.0 * second);
+  EXPECT_NEAR(DayFraction(sun.transit), (12 * 3600 + 2 * 60 + 19) * second, 5.0 * second);
+  EXPECT_NEAR(DayFraction(sun.set), (20 * 3600 + 21 * 60 + 28) * second, 20.0 * second);
+  const RiseTransitSet moon =
+      FindRiseTransitSet(MakeBodyFinder(model, kMoon, nullptr, london, RisingPart::kUpperLimb),
+                         Midnight(2026, 6, 21), 1.0, 1.0 / 96.0);
+  EXPECT_NEAR(DayFraction(moon.rise), (11 * 3600 + 40 * 60 + 29) * second, 20.0 * second);
+  EXPECT_NEAR(DayFraction(moon.transit), (17 * 3600 + 51 * 60 + 7) * second, 10.0 * second);
+  EXPECT_NEAR(DayFraction(moon.set), (23 * 3600 + 45 * 60 + 54) * second, 20.0 * second);
+}
+
+TEST(RiseSet, SunStaysUpInThePolarSummerAndDownInWinter) {
+  CQXSolSys model;
+  const auto find = MakeBodyFinder(model, kSun, nullptr, At(78.2, 15.6), RisingPart::kUpperLimb);
+  const RiseTransitSet summer = FindRiseTransitSet(find, Midnight(2026, 6, 21), 1.0, 1.0 / 96.0);
+  EXPECT_TRUE(summer.staysUp);
+  EXPECT_FALSE(summer.staysDown || summer.rise || summer.set);
+  ASSERT_TRUE(summer.transit);
+  EXPECT_NEAR(summer.transitAltitude, (90.0 - 78.2 + 23.43) * kRadiansPerDegree, 0.05 * kRadiansPerDegree);
+  const RiseTransitSet winter = FindRiseTransitSet(find, Midnight(2026, 12, 21), 1.0, 1.0 / 96.0);
+  EXPECT_TRUE(winter.staysDown);
+  EXPECT_FALSE(winter.staysUp || winter.rise || winter.set);
+}
+
+TEST(RiseSet, NothingIsFoundOfWhatNobodyCanPlace) {
+  const RiseTransitSet events =
+      FindRiseTransitSet([](const SkyMoment&) { return std::nullopt; }, Midnight(2026, 1, 1), 1.0, 0.1);
+  EXPECT_FALSE(events.rise || events.transit || events.set || events.staysUp || events.staysDown);
+}
+
+TEST(RiseSet, StandardAltitudes) {
+  EXPECT_NEAR(GetRiseAltitude(0.0) / kRadiansPerDegree * 60.0, -34.0, 1e-9);
+  EXPECT_NEAR(GetRiseAltitude(16.0 / 60.0 * kRadiansPerDegree) / kRadiansPerDegree * 60.0, -50.0, 1e-9);
+}

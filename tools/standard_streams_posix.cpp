@@ -1,9 +1,0 @@
-// SPDX-FileCopyrightText: the common_interfaces authors
-// SPDX-License-Identifier: MIT
-#include "tools/standard_streams.h"
-
-namespace skydata {
-
-void KeepStreamBytes() {}  // streams carry bytes here
-
-}  // namespace skydata
