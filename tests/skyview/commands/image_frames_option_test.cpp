@@ -7,8 +7,10 @@
 #include "scene/sky_images_files.h"
 #include "skyview/small_sky.h"
 
+using host_test::SmallSky;
+
 TEST(ImageFramesOption, EachMissingCatalogIsNamed) {
-  host_test::SmallSky sky;
+  SmallSky sky;
   host_test::WriteSkyImages(sky.dir);
   const struct {
     const char *group, *file, *line;
@@ -20,7 +22,7 @@ TEST(ImageFramesOption, EachMissingCatalogIsNamed) {
       {"milkyway", host_test::kMilkyWayFile,
        "media:skyobjects:mway_images:mway.dat: not found, which --frames-of milkyway wants"}};
   for (const auto& c : cases) {
-    EXPECT_EQ(sky.Run({"--frames-of", c.group}), 0) << sky.errors.str();
+    ASSERT_EQ(sky.Run({"--frames-of", c.group}), 0) << sky.errors.str();
     std::filesystem::remove(sky.dir.Path(c.file));
     EXPECT_EQ(sky.Run({"--frames-of", c.group}), 1);
     EXPECT_EQ(sky.GetErrorLine(), std::string("skyview: ") + c.line);
