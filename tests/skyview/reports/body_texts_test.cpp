@@ -20,7 +20,8 @@ TEST(BodyTexts, ObserversElsewhereAreToldOfNoBodies) {
   EXPECT_EQ(DescribeBodies(f.frame), "");
 }
 
-// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem has it).
+// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem
+// has it).
 TEST(BodyTexts, ReportSaysPhasesAndSizesInWords) {
   FrameFixture f;
   f.camera.SetZoom(0.25);

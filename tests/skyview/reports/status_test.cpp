@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The state of one view in the three shipped languages, worked out by hand: 52.5 degrees north, 13.4 east, on 15
-// January 2026 at 21:00 Universal Time, looking due south at 30 degrees of altitude.
+// The state of one view in the three shipped languages, worked out by hand: 52.5 degrees north, 13.4 east, on
+// 15 January 2026 at 21:00 Universal Time, looking due south at 30 degrees of altitude.
 #include "skyview/reports/status.h"
 
 #include <gtest/gtest.h>

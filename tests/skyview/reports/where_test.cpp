@@ -22,8 +22,8 @@ std::vector<std::string> Ask(const std::string& name, std::vector<std::string> a
 
 }  // namespace
 
-// Positions and times of PyEphem 4.1.4: astrometric 7h22m25.7s +22d21'40", of date 7h24m01.1s +22d18'37"; sets 07:05:45,
-// rises 14:36:16, transits 22:48:47 UT.
+// Positions and times of PyEphem 4.1.4: astrometric 7h22m25.7s +22d21'40", of date 7h24m01.1s +22d18'37";
+// sets 07:05:45, rises 14:36:16, transits 22:48:47 UT.
 TEST(Where, PlanetWithAllThatIsKnown) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
@@ -53,7 +53,8 @@ TEST(Where, EventThatTheDayLacksIsThatOfTheNext) {
   for (const char* line : {"Rises: 06:1", "Transit: 09:25", "Sets: 12:3", "Distance: 409."}) {
     EXPECT_TRUE(sky.Printed(line)) << line << "\n" << sky.output.str();
   }
-  // Two days later it rises only after midnight... the transit of 2026-01-01 is on the same day, its set is not.
+  // Two days later it rises only after midnight... the transit of 2026-01-01 is on the same day, its set is
+  // not.
   auto arguments =
       Ask("Moon", {"--place", "52.5,13.4", "--zone", "Europe/Berlin", "--time", "2026-01-26T22:00"});
   ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();
