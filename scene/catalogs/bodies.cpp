@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "astro/solar_system.h"
-#include "common_interfaces/record_conversion.h"
 #include "common_interfaces/field_names.h"
+#include "common_interfaces/record_conversion.h"
 #include "scene/object_names.h"
 #include "scene/texts.h"
 #include "utils/debug.h"

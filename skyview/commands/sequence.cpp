@@ -4,18 +4,21 @@
 
 #include <optional>
 
-#include "scene/caption.h"
 #include "paint/contact_sheet.h"
-#include "skyview/reports/moment_text.h"
 #include "paint/picture_file.h"
-#include "skyview/session/playback.h"
+#include "scene/caption.h"
+#include "skyview/commands/start.h"
+#include "skyview/reports/moment_text.h"
 #include "skyview/reports/status.h"
+#include "skyview/session/playback.h"
 #include "utils/clock.h"
 
 namespace skyview {
 namespace {
 
 using CommonInterfaces::Camera;
+
+constexpr double kOrbitFadeIn = 1.0;  // seconds
 
 // Local time of the camera's zone, Universal Time without one.
 std::string GetMomentText(const Camera& camera) {
@@ -24,45 +27,56 @@ std::string GetMomentText(const Camera& camera) {
   return FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta());
 }
 
-void ComputeFrame(const Options& options, Camera& camera, scene::FrameMaker& maker) {
-  camera.UpdateLocUTCDeltaFromTimeZone();
-  maker.Prepare();
-  scene::SkyFrame& frame = maker.GetFrame();
-  frame.SetCaption(
-      scene::MakeCaption(MakeStatus(camera, frame.GetCatalogs()), options.size.width, options.size.height));
-  maker.Compute();
-}
-
-bool WriteFrame(const std::vector<FrameNames>& names, int number, const scene::SkyFrame& frame, std::string& error) {
-  for (const auto& name : names) {
-    if (!paint::WritePicture(frame.GetDisplayList(), name.Get(number), error)) return false;
-  }
-  return true;
-}
-
-}  // namespace
-
+// The animation clock at a frame of a sequence.
 void SetAnimationClock(int frame) {
   constexpr double kFramesPerSecond = 10.0;
   AnimationInterval::m_CurrentTime = frame / kFramesPerSecond;
 }
 
-bool DrawSequence(const Options& options, Camera& camera, scene::FrameMaker& maker, std::string& error) {
+void ComputeFrame(PictureSize size, Camera& camera, scene::FrameMaker& maker) {
+  camera.UpdateLocUTCDeltaFromTimeZone();
+  maker.Prepare();
+  scene::SkyFrame& frame = maker.GetFrame();
+  frame.SetCaption(scene::MakeCaption(MakeStatus(camera, frame.GetCatalogs()), size.width, size.height));
+  maker.Compute();
+}
+
+void WriteFrame(const std::vector<FrameNames>& names, int number, const scene::SkyFrame& frame) {
+  std::string error;
+  for (const auto& name : names)
+    Require(paint::WritePicture(frame.GetDisplayList(), name.Get(number), error), error);
+}
+
+}  // namespace
+
+void ShowOrbits(const SequenceOptions& options, ShownSky& sky) {
+  if (!options.play) return sky.ShowOrbits(0.0);
+  SetAnimationClock(0);
+  sky.ShowOrbits(kOrbitFadeIn);
+  SetAnimationClock(1);
+}
+
+void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns, PictureSize size,
+                  ShownSky& sky) {
+  if (!options.play) return;
+  Camera& camera = sky.GetCamera();
+  scene::FrameMaker& maker = sky.GetMaker();
   const int count = options.frames.value_or(1);
   std::vector<FrameNames> names;
-  for (const auto& pattern : options.out) names.push_back(*FrameNames::Parse(pattern));
+  for (const auto& pattern : patterns) names.push_back(*FrameNames::Parse(pattern));
   std::optional<paint::ContactSheet> sheet;
-  if (options.contactSheet) sheet.emplace(count, options.size.width, options.size.height);
+  if (options.contactSheet) sheet.emplace(count, size.width, size.height);
+  std::string error;
   StartPlays(*options.play, camera);
   for (int number = 1; number <= count; ++number) {
     if (number > 1) AdvancePlays(camera);
     SetAnimationClock(number);
-    ComputeFrame(options, camera, maker);
-    if (!WriteFrame(names, number, maker.GetFrame(), error)) return false;
-    if (sheet && !sheet->Add(maker.GetFrame().GetDisplayList(), GetMomentText(camera), error)) return false;
+    ComputeFrame(size, camera, maker);
+    WriteFrame(names, number, maker.GetFrame());
+    Require(!sheet || sheet->Add(maker.GetFrame().GetDisplayList(), GetMomentText(camera), error), error);
   }
   camera.StopAnyPlay();
-  return !sheet || sheet->Write(*options.contactSheet, error);
+  Require(!sheet || sheet->Write(*options.contactSheet, error), error);
 }
 
 }  // namespace skyview

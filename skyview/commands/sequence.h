@@ -5,19 +5,21 @@
 #include <string>
 #include <vector>
 
-#include "scene/frame_maker.h"
-#include "skyview/options/options.h"
+#include "skyview/commands/shown_sky.h"
+#include "skyview/options/picture_group.h"
 
 namespace skyview {
 
-// The animation clock at a frame of a sequence: ten frames a second, the first one a tenth of a second after the start.
-void SetAnimationClock(int frame);
+// Switches the orbits on: at once for a picture, over a second of the animation clock for a sequence. The
+// clock has ten frames a second and stands at the first of them afterwards, a tenth of a second after the
+// start.
+void ShowOrbits(const SequenceOptions& options, ShownSky& sky);
 
-// Draws the frames that the options ask for (--play, --frames) by the plays that the camera then describes, the first
-// one where it stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera stands
-// at the last frame. False, with one line in `error`, at the
-// first picture that cannot be written; those before it are there.
-bool DrawSequence(const Options& options, CommonInterfaces::Camera& camera, scene::FrameMaker& maker,
-                  std::string& error);
+// Draws the frames that the options ask for, if any, by the plays that the camera then describes, the first
+// one where it stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera
+// stands at the last frame. Throws Stop at the first picture that cannot be written; those before it are
+// there. `patterns`: their names.
+void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns, PictureSize size,
+                  ShownSky& sky);
 
 }  // namespace skyview

@@ -12,8 +12,9 @@ struct GroupName {
   scene::ImageGroup group;
   std::string_view name;
 };
-constexpr GroupName kGroupNames[] = {
-    {scene::kConstellationImages, "constellations"}, {scene::kDeepskyImages, "deepsky"}, {scene::kMilkyWayImages, "milkyway"}};
+constexpr GroupName kGroupNames[] = {{scene::kConstellationImages, "constellations"},
+                                     {scene::kDeepskyImages, "deepsky"},
+                                     {scene::kMilkyWayImages, "milkyway"}};
 
 unsigned FindGroup(std::string_view name) {
   for (const auto& entry : kGroupNames) {
@@ -23,22 +24,6 @@ unsigned FindGroup(std::string_view name) {
 }
 
 }  // namespace
-
-std::optional<FavouriteAction> ParseFavouriteAction(std::string_view text) {
-  if (text == "show") return FavouriteAction{FavouriteVerb::kShow, ""};
-  const auto equals = text.find('=');
-  if (equals == std::string_view::npos || equals + 1 == text.size()) return std::nullopt;
-  const auto verb = text.substr(0, equals);
-  const std::string name(text.substr(equals + 1));
-  if (verb == "add") return FavouriteAction{FavouriteVerb::kAdd, name};
-  if (verb == "remove") return FavouriteAction{FavouriteVerb::kRemove, name};
-  return std::nullopt;
-}
-
-bool WantsFavouritesShown(const std::vector<FavouriteAction>& actions) {
-  return std::any_of(actions.begin(), actions.end(),
-                     [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; });
-}
 
 std::optional<unsigned> ParseImageGroups(std::string_view text) {
   unsigned groups = 0;

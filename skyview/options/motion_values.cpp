@@ -78,13 +78,6 @@ std::optional<MovingType> ParseMovingType(std::string_view text) {
   return moving;
 }
 
-std::optional<HomeAction> ParseHomeAction(std::string_view text) {
-  if (text == "show") return HomeAction::kShow;
-  if (text == "store") return HomeAction::kStore;
-  if (text == "go") return HomeAction::kGo;
-  return std::nullopt;
-}
-
 std::optional<PlayRequest> ParsePlay(std::string_view text) {
   PlayRequest play;
   for (bool more = true; more;) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The values of the options that move the camera or mark the sky, read from their text as in option_values.h: each
-// reader answers nothing for a text that is not wholly of the accepted form.
+// The values of the options that move the camera or mark the sky, read from their text as in option_values.h:
+// each reader answers nothing for a text that is not wholly of the accepted form.
 #pragma once
 
 #include <optional>
@@ -20,8 +20,6 @@ struct MovingType {
   bool keep = false;
 };
 
-enum class HomeAction { kShow, kStore, kGo };
-
 // What changes from one frame of a sequence to the next.
 struct PlayRequest {
   std::optional<double> time;  // days; not 0
@@ -32,16 +30,15 @@ inline constexpr int kMaxFrames = 10000;
 inline constexpr int kMaxMarks = 100;
 
 std::optional<MovingType> ParseMovingType(std::string_view text);
-std::optional<HomeAction> ParseHomeAction(std::string_view text);  // "show", "store" or "go"
 
-// "time=10m" or "view=1,view=0.5" or both, each with a step that is not 0. A step of time has a unit, s, m, h or d, and
-// is at most 100000 days; one of the view is at most 360 degrees, and 0 leaves that angle alone.
+// "time=10m" or "view=1,view=0.5" or both, each with a step that is not 0. A step of time has a unit, s, m, h
+// or d, and is at most 100000 days; one of the view is at most 360 degrees, and 0 leaves that angle alone.
 std::optional<PlayRequest> ParsePlay(std::string_view text);
-std::optional<int> ParseFrameCount(std::string_view text);  // 1 to kMaxFrames
-std::optional<scene::SkyMark> ParseMark(std::string_view text);    // "83.8,-5.4", "5.59h,-5.4,7"
+std::optional<int> ParseFrameCount(std::string_view text);       // 1 to kMaxFrames
+std::optional<scene::SkyMark> ParseMark(std::string_view text);  // "83.8,-5.4", "5.59h,-5.4,7"
 
-// The name of a sequence's pictures: "sky-%03d.png", with one number, "%d" or "%0Nd" with N from 1 to 9, and no other
-// percent sign.
+// The name of a sequence's pictures: "sky-%03d.png", with one number, "%d" or "%0Nd" with N from 1 to 9, and
+// no other percent sign.
 class FrameNames {
  public:
   static std::optional<FrameNames> Parse(std::string_view pattern);

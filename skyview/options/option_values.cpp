@@ -153,7 +153,16 @@ std::optional<PictureSize> ParseSize(std::string_view text) {
   return PictureSize{*width, *height};
 }
 
-std::optional<double> ParseZoom(std::string_view text) { return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom); }
+std::optional<Pixel> ParsePixel(std::string_view text) {
+  constexpr double kMost = 16384.0;
+  const auto pair = ParsePair(text, 0.0, kMost, 0.0, kMost);
+  if (!pair) return std::nullopt;
+  return Pixel{pair->first, pair->second};
+}
+
+std::optional<double> ParseZoom(std::string_view text) {
+  return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom);
+}
 
 std::optional<WrittenTime> ParseTime(std::string_view text) {
   CalendarDate date;
@@ -173,7 +182,7 @@ bool IsPictureName(std::string_view text) {
   if (text.size() < 5) return false;
   const auto ending = text.substr(text.size() - 4);
   const char before = text[text.size() - 5];
-  return (ending == ".svg" || ending == ".png") && before != '/' && before != '\\';
+  return (ending == ".svg" || ending == ".png" || ending == ".pdf") && before != '/' && before != '\\';
 }
 
 }  // namespace skyview

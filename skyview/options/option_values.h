@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The values of skyview's options, read from their text. Each reader answers nothing for a text that is not wholly
-// of the accepted form, and has no other effect. Numbers are written with a point, whatever the locale.
+// The values of skyview's options, read from their text. Each reader answers nothing for a text that is not
+// wholly of the accepted form, and has no other effect. Numbers are written with a point, whatever the
+// locale.
 #pragma once
 
 #include <optional>
@@ -37,6 +38,12 @@ struct PictureSize {
   int height = 1000;
 };
 
+// A place in the picture, pixels from its upper left corner.
+struct Pixel {
+  double x = 0.0;  // to the right, 0 to 16384
+  double y = 0.0;  // down, 0 to 16384
+};
+
 // A moment as written: Julian day number and fraction of the written date and time.
 struct WrittenTime {
   int day = 0;
@@ -44,20 +51,21 @@ struct WrittenTime {
   std::optional<double> utcOffset;  // local minus Universal Time in days, when the text names one ("Z" is 0)
 };
 
-
-// "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path may
-// hold colons.
+// "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path
+// may hold colons.
 std::optional<ViewFile> ParseViewFile(std::string_view text);
 std::optional<Place> ParsePlace(std::string_view text);       // "52.52,13.405"
 std::optional<Look> ParseLook(std::string_view text);         // "180,30"
 std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
+std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"
 std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
 
-// "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the T, and
-// a date alone is its midnight. Years -9999 to 9999, astronomical; the date must exist in the calendar.
+// "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the
+// T, and a date alone is its midnight. Years -9999 to 9999, astronomical; the date must exist in the
+// calendar.
 std::optional<WrittenTime> ParseTime(std::string_view text);
 
-// Ends in ".svg" or ".png" and has a name before that.
+// Ends in ".svg", ".png" or ".pdf" and has a name before that.
 bool IsPictureName(std::string_view text);
 
 }  // namespace skyview

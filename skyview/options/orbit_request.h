@@ -16,7 +16,8 @@ struct OrbitRequest {
   std::vector<std::string> names;  // of single bodies, as the user wrote them
 };
 
-// "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text or name.
+// "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text
+// or name.
 std::optional<OrbitRequest> ParseOrbits(std::string_view text);
 
 // The text that ParseOrbits reads as the same.

@@ -28,8 +28,8 @@ struct SettingText {
 // Nothing for a text that is not of the form.
 std::optional<SettingText> ParseSettingText(std::string_view text);
 
-// Appends the bytes of one value, little-endian, as fields keep it. False, and nothing appended, when the text is no
-// value of that element type. Numbers are written with a point, whatever the locale.
+// Appends the bytes of one value, little-endian, as fields keep it. False, and nothing appended, when the
+// text is no value of that element type. Numbers are written with a point, whatever the locale.
 bool AppendSettingValue(unsigned type, const std::string& text, std::vector<unsigned char>& bytes);
 
 // "a whole number from 0 to 255", for messages.

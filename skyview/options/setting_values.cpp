@@ -70,8 +70,8 @@ void AddFieldChange(const SettingField& field, SettingsData& defaults, std::vect
   const bool switched = CanFilter(field) && on != (same->GetCompareStatus() != 0);
   const bool changed = values != FormatValues(*same);
   if (!switched && !changed) return;
-  std::string change =
-      scene::GetCodeText(static_cast<int>(field.GetSection())) + "." + scene::GetFieldTitle(field.GetNameId());
+  std::string change = scene::GetCodeText(static_cast<int>(field.GetSection())) + "." +
+                       scene::GetFieldTitle(field.GetNameId());
   if (changed) change += "=" + values;
   if (switched) change += on ? ":on" : ":off";
   changes.push_back(change);

@@ -18,8 +18,8 @@ std::string FormatExact(double value);
 // "VALUE,VALUE": all values of the field. "" for a type that is none and for no values.
 std::string FormatValues(const CommonInterfaces::SettingField& field);
 
-// The changes that make `defaults` the same as `settings`: sections switched on or off, values, filters switched on or
-// off. Fields that the defaults lack are left out.
+// The changes that make `defaults` the same as `settings`: sections switched on or off, values, filters
+// switched on or off. Fields that the defaults lack are left out.
 std::vector<std::string> FindChanges(CommonInterfaces::SettingsData& settings,
                                      CommonInterfaces::SettingsData& defaults);
 

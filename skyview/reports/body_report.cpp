@@ -8,11 +8,11 @@
 #include "common_interfaces/gazetteers.h"
 #include "common_interfaces/panoramas.h"
 #include "common_interfaces/planets_and_moons.h"
-#include "skyview/reports/host_texts.h"
-#include "scene/name_key.h"
-#include "utils/messages.h"
-#include "scene/object_filter.h"
 #include "scene/object_names.h"
+#include "scene/name_key.h"
+#include "scene/object_filter.h"
+#include "utils/messages.h"
+#include "skyview/reports/host_texts.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 
@@ -65,7 +65,7 @@ class BodyReport {
     return names;
   }
 
-  std::string Describe(const Body& body, Diagnostics& diagnostics) const {
+  std::string Describe(const Body& body, std::vector<std::string>& diagnostics) const {
     std::string text = GetTitle(body) + "\n";
     AddLine(HostText::kParent, GetTitle(m_Description.GetParentObject(body.id)), text);
     AddLine(HostText::kMoons, ListMoons(body.id), text);
@@ -101,10 +101,10 @@ class BodyReport {
     return moons.empty() ? "" : std::to_string(moons.size()) + ": " + JoinNames(moons);
   }
 
-  static std::string FindGazetteer(const SSO_ID& id, Diagnostics& diagnostics) {
-    const std::size_t before = diagnostics.lines.size();
+  static std::string FindGazetteer(const SSO_ID& id, std::vector<std::string>& diagnostics) {
+    const std::size_t before = diagnostics.size();
     std::string name = CommonInterfaces::GetGazetteersFileName(id);
-    diagnostics.lines.resize(before);
+    diagnostics.resize(before);
     return name;
   }
 
@@ -135,16 +135,16 @@ class BodyReport {
 
 }  // namespace
 
-std::optional<std::string> DescribeBody(const std::string& name, Diagnostics& diagnostics,
+std::optional<std::string> DescribeBody(const std::string& name, std::vector<std::string>& diagnostics,
                                         std::string& error) {
   if (ZentharPath::GetPath(kBodyFile).empty()) {
-    error = std::string(kBodyFile) + ": not found, which --body wants";
+    error = std::string(kBodyFile) + ": not found, which body wants";
     return std::nullopt;
   }
   const BodyReport report;
   if (const Body* body = report.Find(name)) return report.Describe(*body, diagnostics);
   const std::string near = JoinNames(FindNearNames(name, report.GetNames()));
-  error = "--body '" + name + "': no such body" + (near.empty() ? "" : "; similar: " + near);
+  error = "body '" + name + "': no such body" + (near.empty() ? "" : "; similar: " + near);
   return std::nullopt;
 }
 

@@ -7,7 +7,8 @@
 
 namespace skyview {
 
-// Collects the diagnostic lines of the libraries while it lives, so that the program decides what becomes of them.
+// Collects the diagnostic lines of the libraries while it lives, so that the program decides what becomes of
+// them.
 class Diagnostics {
  public:
   Diagnostics();

@@ -7,10 +7,10 @@
 #include <optional>
 
 #include "common_interfaces/object_lists.h"
-#include "skyview/reports/host_texts.h"
 #include "scene/name_key.h"
-#include "utils/messages.h"
 #include "scene/object_filter.h"
+#include "skyview/reports/host_texts.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 
@@ -34,14 +34,34 @@ void SetName(const std::string& name, SSO_ID& id) {
 // The changes of one run.
 class ListEditor {
  public:
-  ListEditor(const scene::ObjectSearch& search, const scene::SkyCatalogs& catalogs, std::vector<SSO_ID>& marks)
-      : m_Search(search), m_Catalogs(catalogs), m_Marks(marks) {
+  ListEditor(const scene::ObjectSearch& search, const scene::SkyCatalogs& catalogs)
+      : m_Search(search), m_Catalogs(catalogs) {
     m_File.Read();
   }
 
-  bool Do(const FavouriteAction& action, std::string& error) {
-    if (action.verb == FavouriteVerb::kAdd) return Add(action.name, error);
-    return action.verb == FavouriteVerb::kShow || Remove(action.name, error);
+  bool Add(const std::string& name, std::string& error) {
+    const auto id = Identify(name, error);
+    if (!id) {
+      error = "favourites add: " + error;
+      return false;
+    }
+    const int before = m_File.GetSize();
+    m_Changed |= m_File.AddObject(*id) != before;
+    return true;
+  }
+
+  bool Remove(const std::string& name, std::string& error) {
+    auto id = Identify(name, error);
+    if (!id) id = FindInList(name);
+    if (!id) {
+      error = "favourites remove: " + error;
+      return false;
+    }
+    if (m_File.RemoveObject(*id) < 0) {
+      error = "favourites remove: '" + name + "': not in the list" + DescribeNear(name);
+      return false;
+    }
+    return m_Changed = true;
   }
 
   // Whether what was written reads back; the file itself says nothing of a failure.
@@ -55,33 +75,6 @@ class ListEditor {
   }
 
  private:
-  bool Add(const std::string& name, std::string& error) {
-    const auto id = Identify(name, error);
-    if (!id) {
-      error = "--favourites add: " + error;
-      return false;
-    }
-    const int before = m_File.GetSize();
-    m_Changed |= m_File.AddObject(*id) != before;
-    if (std::find(m_Marks.begin(), m_Marks.end(), *id) == m_Marks.end()) m_Marks.push_back(*id);
-    return true;
-  }
-
-  bool Remove(const std::string& name, std::string& error) {
-    auto id = Identify(name, error);
-    if (!id) id = FindInList(name);
-    if (!id) {
-      error = "--favourites remove: " + error;
-      return false;
-    }
-    if (m_File.RemoveObject(*id) < 0) {
-      error = "--favourites remove: '" + name + "': not in the list" + DescribeNear(name);
-      return false;
-    }
-    std::erase(m_Marks, *id);
-    return m_Changed = true;
-  }
-
   std::optional<SSO_ID> Identify(const std::string& name, std::string& error) const {
     const auto found = m_Search.FindOne(name, error);
     if (!found) return std::nullopt;
@@ -112,7 +105,6 @@ class ListEditor {
 
   const scene::ObjectSearch& m_Search;
   const scene::SkyCatalogs& m_Catalogs;
-  std::vector<SSO_ID>& m_Marks;
   FavouriteObjectsFile m_File;
   bool m_Changed = false;
 };
@@ -126,22 +118,27 @@ std::vector<SSO_ID> ReadFavourites() {
   return file.GetObjects();
 }
 
-bool ChangeFavourites(const std::vector<FavouriteAction>& actions, const scene::ObjectSearch& search,
-                      const scene::SkyCatalogs& catalogs, std::vector<SSO_ID>& marks, std::string& error) {
-  const auto shows = [](const FavouriteAction& action) { return action.verb == FavouriteVerb::kShow; };
-  if (std::all_of(actions.begin(), actions.end(), shows)) return true;  // opening the file would create it
-  std::vector<SSO_ID> changedMarks = marks;
-  ListEditor editor(search, catalogs, changedMarks);
-  for (const auto& action : actions) {
-    if (!editor.Do(action, error)) return false;
+bool AddToFavourites(const std::vector<std::string>& names, const scene::ObjectSearch& search,
+                     const scene::SkyCatalogs& catalogs, std::string& error) {
+  ListEditor editor(search, catalogs);
+  for (const auto& name : names) {
+    if (!editor.Add(name, error)) return false;
   }
-  if (!editor.Save(error)) return false;
-  marks = std::move(changedMarks);
-  return true;
+  return editor.Save(error);
+}
+
+bool RemoveFromFavourites(const std::vector<std::string>& names, const scene::ObjectSearch& search,
+                          const scene::SkyCatalogs& catalogs, std::string& error) {
+  ListEditor editor(search, catalogs);
+  for (const auto& name : names) {
+    if (!editor.Remove(name, error)) return false;
+  }
+  return editor.Save(error);
 }
 
 std::string FormatFavourites(const std::vector<SSO_ID>& favourites) {
-  std::string text = scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
+  std::string text =
+      scene::ToUtf8(Localize(HostText::kFavourites, {static_cast<int>(favourites.size())})) + "\n";
   for (const auto& entry : favourites) {
     text += "  " + scene::MessageToUtf8(entry.name) + " (" + scene::GetCodeText(entry.kind) + " " +
             std::to_string(entry.number) + ")\n";

@@ -37,8 +37,8 @@ std::string FormatPlace(const HomeParameters& home) {
   const int located = CommonInterfaces::kHomeLocation | CommonInterfaces::kHomeLocationOnly;
   if ((home.flags & located) == 0) return "none";
   std::string text = FormatText("latitude %.6g\u00B0, longitude %.6g\u00B0, distance %.6g au",
-                            home.location.lat / scene::kRadiansPerDegree, home.location.lon / scene::kRadiansPerDegree,
-                            home.location.dist);
+                                home.location.lat / scene::kRadiansPerDegree,
+                                home.location.lon / scene::kRadiansPerDegree, home.location.dist);
   text += FormatText(", moving type %d, location type %d", home.movingType, home.locationType);
   if (*home.locationName) text += ", " + scene::ToUtf8(scene::NameToCodePage(home.locationName));
   return text;
@@ -46,10 +46,11 @@ std::string FormatPlace(const HomeParameters& home) {
 
 std::string FormatView(const HomeParameters& home) {
   if ((home.flags & CommonInterfaces::kHomeView) == 0) return "none";
-  const double azimuth = std::fmod(2.0 * scene::kPi - std::fmod(home.alp, 2.0 * scene::kPi), 2.0 * scene::kPi);
+  const double azimuth =
+      std::fmod(2.0 * scene::kPi - std::fmod(home.alp, 2.0 * scene::kPi), 2.0 * scene::kPi);
   std::string text = FormatText("azimuth %.4f\u00B0, altitude %.4f\u00B0, slope %.4f\u00B0, zoom %.6g",
-                            azimuth / scene::kRadiansPerDegree, home.bet / scene::kRadiansPerDegree,
-                            home.slp / scene::kRadiansPerDegree, home.zoom);
+                                azimuth / scene::kRadiansPerDegree, home.bet / scene::kRadiansPerDegree,
+                                home.slp / scene::kRadiansPerDegree, home.zoom);
   if (home.directionLocked) text += ", locked on " + FormatObject(home.centerObject);
   return text;
 }
@@ -76,7 +77,7 @@ std::string FormatHomes(const Camera& camera) {
 
 bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
   if (camera.GetMovingType() != 0) {
-    error = "--home store: wants an observer who stands on a surface (moving type 0)";
+    error = "homes store: wants an observer who stands on a surface (moving type 0)";
     return false;
   }
   const std::size_t before = diagnostics.lines.size();
@@ -92,7 +93,7 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
 
 ViewResult GoHome(Camera& camera) {
   if (!camera.FindHome(kEarth)) {
-    return {Failure::kBadData, "--home go: there is no home on the Earth (--home store makes one)"};
+    return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);
   if (scene::IsNearSurface(camera)) {

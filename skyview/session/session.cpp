@@ -9,10 +9,10 @@
 #include <random>
 
 #include "common_interfaces/settings_field.h"
-#include "skyview/session/checksum.h"
 #include "scene/favourites.h"
 #include "skyview/options/setting_values.h"
-#include "skyview/options/settings_options.h"
+#include "skyview/session/checksum.h"
+#include "skyview/session/own_settings.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
 #include "utils/path.h"
@@ -174,8 +174,8 @@ std::vector<SessionFavourite> FindFavourites(SettingsData& settings) {
   return favourites;
 }
 
-// A name that means the same file from every folder: a file of the current one by its whole path, a logical name as it
-// is.
+// A name that means the same file from every folder: a file of the current one by its whole path, a logical
+// name as it is.
 std::string FindLasting(const std::string& name) {
   std::error_code failure;
   return fs::exists(name, failure) ? fs::absolute(name).string() : name;
@@ -190,26 +190,34 @@ bool Write(const std::string& path, const std::string& text) {
 
 }  // namespace
 
-bool LoadSession(Options& options, std::string& error) {
-  const auto text = ReadFile(*options.session);
+bool LoadSession(const std::string& path, SessionCapsule& capsule, std::string& error) {
+  const auto text = ReadFile(path);
   if (!text) {
-    error = *options.session + ": cannot be read";
+    error = path + ": cannot be read";
     return false;
   }
-  SessionCapsule capsule;
-  if (!ParseSession(*text, capsule, error)) {
-    error = *options.session + ": " + error;
-    return false;
-  }
-  if (!options.languageGiven) options.language = capsule.language;
-  if (!options.sizeGiven) options.size = capsule.size;
-  options.markers.insert(options.markers.begin(), capsule.markers.begin(), capsule.markers.end());
-  options.framesOf |= capsule.framesOf;
-  options.showers |= capsule.showers;
-  if (!options.tle && !capsule.tle.empty()) options.tle = capsule.tle;
-  if (!options.orbits && !capsule.orbits.empty()) options.orbits = ParseOrbits(capsule.orbits);
-  options.capsule = std::move(capsule);
-  return true;
+  if (ParseSession(*text, capsule, error)) return true;
+  error = path + ": " + error;
+  return false;
+}
+
+void TakeOver(const SessionCapsule& capsule, RootOptions& root) {
+  if (!root.language) root.language = capsule.language;
+}
+
+void TakeOver(const SessionCapsule& capsule, ViewOptions& view) {
+  if (!view.size) view.size = capsule.size;
+  view.markers.insert(view.markers.begin(), capsule.markers.begin(), capsule.markers.end());
+}
+
+void TakeOver(const SessionCapsule& capsule, SatelliteOptions& satellites) {
+  if (!satellites.tle && !capsule.tle.empty()) satellites.tle = capsule.tle;
+}
+
+void TakeOver(const SessionCapsule& capsule, ExtraOptions& extras) {
+  if (!extras.orbits && !capsule.orbits.empty()) extras.orbits = ParseOrbits(capsule.orbits);
+  extras.framesOf |= capsule.framesOf;
+  extras.showers |= capsule.showers;
 }
 
 void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std::vector<std::string>& lost) {
@@ -218,7 +226,8 @@ void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std:
     if (result.failure != Failure::kNone)
       lost.push_back("the session's setting no longer fits: " + result.message);
   }
-  for (const auto& favourite : capsule.favourites) scene::AddFavourite(settings, favourite.kind, favourite.number);
+  for (const auto& favourite : capsule.favourites)
+    scene::AddFavourite(settings, favourite.kind, favourite.number);
 }
 
 bool RestoreCamera(const SessionCapsule& capsule, Camera& camera, std::vector<std::string>& lost,
@@ -257,12 +266,12 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
   return lines;
 }
 
-bool SaveSession(const std::string& path, const Options& options, SettingsData& settings,
-                 const scene::SkyMarkers& markers, const std::vector<SSO_ID>& marks, Camera& camera,
-                 std::string& error) {
+bool SaveSession(const std::string& path, const std::string& language, const SkyOptions& options,
+                 SettingsData& settings, const scene::SkyMarkers& markers, const std::vector<SSO_ID>& marks,
+                 Camera& camera, std::string& error) {
   SessionCapsule capsule;
-  capsule.language = options.language;
-  capsule.size = options.size;
+  capsule.language = language;
+  capsule.size = options.view.GetSize();
   capsule.zone = camera.GetDisplayTimeZoneName(true);
   capsule.place = camera.GetLocationName();
   SettingsData defaults(settings.GetID(), settings.GetOwner(), kSettingsFile);
@@ -276,10 +285,10 @@ bool SaveSession(const std::string& path, const Options& options, SettingsData& 
   for (const auto& mark : marks) {
     if (IsNameableKind(mark.kind)) capsule.marks.push_back({mark.kind, mark.number});
   }
-  capsule.framesOf = options.framesOf;
-  capsule.showers = options.showers;
-  if (options.orbits) capsule.orbits = FormatOrbits(*options.orbits);
-  if (options.tle) capsule.tle = FindLasting(*options.tle);
+  capsule.framesOf = options.extras.framesOf;
+  capsule.showers = options.extras.showers;
+  if (options.extras.orbits) capsule.orbits = FormatOrbits(*options.extras.orbits);
+  if (options.satellites.tle) capsule.tle = FindLasting(*options.satellites.tle);
   for (const char* name : kDataFiles) {
     if (const auto checksum = FindChecksum(name)) capsule.data.push_back({name, *checksum});
   }

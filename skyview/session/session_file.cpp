@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <charconv>
 
-#include "skyview/session/checksum.h"
 #include "scene/object_filter.h"
 #include "skyview/options/orbit_request.h"
 #include "skyview/options/setting_values.h"
+#include "skyview/session/checksum.h"
 #include "utils/text.h"
 
 namespace skyview {

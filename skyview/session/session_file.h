@@ -36,7 +36,7 @@ struct SessionCapsule {
   std::vector<std::string> view;      // of the camera record, each KEY=VALUE[,VALUE...]
   std::vector<std::string> settings;  // what differs from the defaults, as --set takes it
   std::vector<SessionFavourite> favourites;
-  std::vector<scene::SkyMark> markers;         // each with its identifier
+  std::vector<scene::SkyMark> markers;  // each with its identifier
   std::vector<SessionFavourite> marks;  // objects that the picture marks as favourites
   unsigned framesOf = 0;                // a combination of ImageGroup
   bool showers = false;
@@ -48,8 +48,8 @@ struct SessionCapsule {
 // The text, ending in its own checksum. Numbers read back to the same bits, whatever the locale.
 std::string FormatSession(const SessionCapsule& capsule);
 
-// False for a text that is not wholly a session: `capsule` is then unchanged and `error` says what is wrong, without
-// naming the file.
+// False for a text that is not wholly a session: `capsule` is then unchanged and `error` says what is wrong,
+// without naming the file.
 bool ParseSession(std::string_view text, SessionCapsule& capsule, std::string& error);
 
 }  // namespace skyview

@@ -8,8 +8,8 @@
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
 #include "scene/base_plane.h"
-#include "skyview/session/homes.h"
 #include "scene/observer_frame.h"
+#include "skyview/session/homes.h"
 #include "skyview/session/session.h"
 #include "skyview/session/zone_time.h"
 #include "utils/path.h"
@@ -46,7 +46,8 @@ const char* FindFault(const Camera& camera) {
   const SphViewCoor& angles = camera.GetViewAngles();
   _Date time;
   camera.GetUniversalTime(time);
-  if (camera.GetBasePlane() > scene::kGalacticPlane) return "has a direction that counts from an unknown plane";
+  if (camera.GetBasePlane() > scene::kGalacticPlane)
+    return "has a direction that counts from an unknown plane";
   if (const char* fault = scene::FindObserverFault(camera)) return fault;
   if (!(std::fabs(place.lat) <= 0.5 * scene::kPi) || !(std::fabs(place.lon) <= 4.0 * scene::kPi))
     return "has no usable place";
@@ -108,8 +109,8 @@ void CountFromHorizon(Camera& camera) {
   camera.SetRA_Dec(angles);
 }
 
-// A direction that is locked on the object travelled around turns to it. Any other object's place is not known here: it
-// is not what the view is centred on.
+// A direction that is locked on the object travelled around turns to it. Any other object's place is not
+// known here: it is not what the view is centred on.
 void TurnToObserver(Camera& camera) {
   const SphCoor& place = camera.GetLocation();
   const bool around =
@@ -139,14 +140,14 @@ ViewResult RestoreSession(const SessionCapsule& capsule, Diagnostics& diagnostic
 }
 
 // What places and directions on the Earth cannot be told to.
-ViewResult CheckEarth(const Options& options, const Camera& camera) {
+ViewResult CheckEarth(const ViewOptions& options, const Camera& camera) {
   if (camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return {};
   if (options.place) return BadOption("--place: wants a view from the Earth");
   if (options.look) return BadOption("--look: wants a view from the Earth, whose horizon it counts from");
   return {};
 }
 
-std::string NameView(const Options& options) {
+std::string NameView(const ViewOptions& options) {
   if (options.movingType) return "--moving-type " + std::to_string(options.movingType->type) + ": the view ";
   if (options.session) return *options.session + ": the view ";
   return options.view ? options.view->path + ": the view " : "filters.data: the default view ";
@@ -160,17 +161,17 @@ std::string ResolveInput(const std::string& name) {
   return ZentharPath::GetPath(name.c_str());
 }
 
-ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera& camera) {
+ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionCapsule>& session,
+                        Diagnostics& diagnostics, Camera& camera) {
   if (options.view) {
     if (auto restored = RestoreView(*options.view, camera); restored.failure != Failure::kNone)
       return restored;
   }
-  if (options.capsule) {
-    if (auto restored = RestoreSession(*options.capsule, diagnostics, camera);
-        restored.failure != Failure::kNone)
+  if (session) {
+    if (auto restored = RestoreSession(*session, diagnostics, camera); restored.failure != Failure::kNone)
       return restored;
   }
-  if (options.home == HomeAction::kGo) {
+  if (options.home) {
     if (auto gone = GoHome(camera); gone.failure != Failure::kNone) return gone;
   }
   if (options.movingType) Move(*options.movingType, camera);
@@ -190,7 +191,8 @@ ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, Camera
       return set;
   }
   if (const char* fault = FindFault(camera)) return BadData(NameView(options) + fault);
-  camera.SetWinRect({options.size.width, options.size.height, options.size.width, options.size.height});
+  const PictureSize size = options.GetSize();
+  camera.SetWinRect({size.width, size.height, size.width, size.height});
   camera.UpdateLocUTCDeltaFromTimeZone();
   CountFromHorizon(camera);
   return {};

@@ -1,15 +1,17 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// From options to a camera that stands on the Earth and looks somewhere above or below its horizon, or that travels
-// where the stars look as they do from the Earth.
+// From options to a camera that stands on the Earth and looks somewhere above or below its horizon, or that
+// travels where the stars look as they do from the Earth.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "common_interfaces/camera.h"
+#include "skyview/options/view_group.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/options/options.h"
+#include "skyview/session/session_file.h"
 
 namespace skyview {
 
@@ -21,16 +23,18 @@ struct ViewResult {
   std::string message;  // one line, without its end
 };
 
-// The path of a file that an option names: in the current folder, else a logical name below the roots; "" when there
-// is neither.
+// The path of a file that an option names: in the current folder, else a logical name below the roots; ""
+// when there is neither.
 std::string ResolveInput(const std::string& name);
 
-// Restores the saved view, when one is asked for, and lays the other options over it. Afterwards the camera has its
-// window and local offset, and near a surface its angles count from the horizon. On a failure the camera is of no use.
-ViewResult ApplyOptions(const Options& options, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
+// Restores the saved view, or that of the session when there is one, and lays the other options over it.
+// Afterwards the camera has its window and local offset, and near a surface its angles count from the
+// horizon. On a failure the camera is of no use.
+ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionCapsule>& session,
+                        Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
 
-// Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that fails:
-// `error` is then one line that names the file, and the file is as it was.
+// Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that
+// fails: `error` is then one line that names the file, and the file is as it was.
 bool SaveView(CommonInterfaces::Camera& camera, const ViewFile& view, std::string& error);
 
 }  // namespace skyview

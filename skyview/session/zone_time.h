@@ -15,11 +15,12 @@ struct UniversalMoment {
   double fraction = 0.0;  // [-0.5, 0.5)
 };
 
-// Whether the time zone library knows the zone. Its complaint about an unknown one is taken out of `diagnostics`.
+// Whether the time zone library knows the zone. Its complaint about an unknown one is taken out of
+// `diagnostics`.
 bool IsKnownZone(const std::string& zone, Diagnostics& diagnostics);
 
-// The moment at which the clocks of the zone ("": Universal Time) show this day and fraction. Of two such moments,
-// where the clocks are put back, the earlier one; nothing where they are put forward over it.
+// The moment at which the clocks of the zone ("": Universal Time) show this day and fraction. Of two such
+// moments, where the clocks are put back, the earlier one; nothing where they are put forward over it.
 std::optional<UniversalMoment> LocalToUniversal(const std::string& zone, int day, double fraction);
 
 }  // namespace skyview

@@ -55,4 +55,4 @@ if(NOT EMULATOR)
 endif()
 
 # The installed application finds its data beside itself.
-run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} --list-limits --work ${SCRATCH}/work)
+run(${EMULATOR} ${SCRATCH}/moved/bin/skyview${SUFFIX} limits --work ${SCRATCH}/work)

@@ -22,7 +22,7 @@ import run_table
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SOURCE = os.path.dirname(os.path.dirname(HERE))
-DAMAGED = os.path.join(SOURCE, "tests", "tools", "damaged")
+DAMAGED = os.path.join(SOURCE, "tests", "skydata", "lint", "damaged")
 TRANSCRIPT, DIGESTS, PICTURES, FILES = "transcript.txt", "digests.txt", "pictures.txt", "files"
 STEP_SECONDS = 300
 NO_LINE_END = b"\n\\ the last line has no end\n"

@@ -70,7 +70,7 @@ def _bytes_of(line):
 
 
 def read_damaged_case(path, name):
-    """The files of one damaged case as (path, bytes); their form: tests/tools/damaged/README.md."""
+    """The files of one damaged case as (path, bytes); their form: tests/skydata/lint/damaged/README.md."""
     files = []
     inside = wanted = False
     with open(path, encoding="utf-8") as cases:

@@ -28,15 +28,6 @@ SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "
 for place, room in enumerate(SCENE_ROOMS):
     MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
 
-# Above the libraries: a painter, and the program.
-SCENE = {"scene/" + room for room in SCENE_ROOMS}
-MAY_INCLUDE["paint"] = LIBRARY | SCENE
-MAY_INCLUDE["skyview"] = LIBRARY | SCENE | {"paint"}
-
-# Places that see of the places below them exported headers only; a painter has no others.
-SEES_EXPORTED_ONLY = ("scene/", "paint/", "skyview/", "skydata/")
-EXPORTED = ("include/", "companions/utils/include/", "companions/astro/include/", "scene/include/", "paint/")
-
 # The rooms of skydata, which all may use the library.
 ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
 ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
@@ -45,7 +36,16 @@ for room in ["build", "lint", "show"]:
 ROOMS["commands"] = {*ROOMS}
 ROOMS[""] = {*ROOMS}
 for room, below in ROOMS.items():
-    MAY_INCLUDE["skydata/" + room] = MAY_INCLUDE["umbrella"] | {"umbrella"} | {"skydata/" + name for name in below}
+    MAY_INCLUDE["skydata/" + room] = LIBRARY | {"skydata/" + name for name in below}
+
+# Above the libraries: a painter, and the program.
+SCENE = {"scene/" + room for room in SCENE_ROOMS}
+MAY_INCLUDE["paint"] = LIBRARY | SCENE
+MAY_INCLUDE["skyview"] = LIBRARY | SCENE | {"paint"}
+
+# Places that see of the places below them exported headers only; a painter has no others.
+SEES_EXPORTED_ONLY = ("scene/", "paint/", "skyview/", "skydata/")
+EXPORTED = ("include/", "companions/utils/include/", "companions/astro/include/", "scene/include/", "paint/")
 
 # The storey of each public header of the library; a private file has that of its folder.
 PUBLIC = {

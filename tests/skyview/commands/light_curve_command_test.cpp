@@ -1,24 +1,18 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/light_curve.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 #include "paint/picture_file.h"
 #include "skyview/small_sky.h"
 
-using namespace scene;
-using namespace skyview;
 using host_test::SmallSky;
 
-TEST(LightCurve, OptionDrawsTheCurve) {
+TEST(LightCurveCommand, CommandDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
-  const int code = sky.Run({"--light-curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
+  const int code = sky.Run({"curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
   EXPECT_EQ(code, paint::CanDraw() ? 0 : 1) << sky.errors.str();
   EXPECT_EQ(std::filesystem::exists(svg), paint::CanDraw());
   if (paint::CanDraw()) {
@@ -27,10 +21,10 @@ TEST(LightCurve, OptionDrawsTheCurve) {
   }
 }
 
-TEST(LightCurve, OptionSaysWhatItWants) {
+TEST(LightCurveCommand, CommandSaysWhatItWants) {
   SmallSky sky;
-  EXPECT_EQ(sky.Run({"--light-curve", "Algol"}), 2);
-  EXPECT_NE(sky.GetErrorLine().find("--light-curve: wants --out"), std::string::npos);
-  EXPECT_EQ(sky.Run({"--light-curve", "Sirius", "--out", "a.svg"}), 2);
+  EXPECT_EQ(sky.Run({"curve", "Algol"}), 2);
+  EXPECT_NE(sky.GetErrorLine().find("curve: wants --out"), std::string::npos);
+  EXPECT_EQ(sky.Run({"curve", "Sirius", "--out", "a.svg"}), 2);
   EXPECT_NE(sky.GetErrorLine().find("one of Algol, Sheliak"), std::string::npos) << sky.errors.str();
 }

@@ -85,14 +85,14 @@ TEST(MovingTypeOption, PlacesAndDirectionsOfTheEarthAreRefusedElsewhere) {
 TEST(HomeOption, StoredHomeIsShownAndGoneToInTheNextRun) {
   SmallSky sky;
   const Arguments work = {"--work", sky.dir.Path("work")};
-  ASSERT_EQ(sky.Run(With(kOrion, With(work, {"--home", "store"}))), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run(With({"homes", "store"}, With(kOrion, work))), 0) << sky.errors.str();
   ASSERT_TRUE(fs::exists(sky.dir.Path("work/home_params.ini")));
-  ASSERT_EQ(sky.Run(With(work, {"--home", "show"})), 0);
+  ASSERT_EQ(sky.Run(With({"homes"}, work)), 0);
   for (const char* line : {"Home of plnt 3\n", "azimuth 180.0000°, altitude 30.0000°",
                            "time: 2026-01-15 21:00 UT, zone Europe/Berlin\n"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
   }
-  ASSERT_EQ(sky.Run(With(work, {"--home", "go"})), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run(With(work, {"--home"})), 0) << sky.errors.str();
   for (const char* line : {"Local time: 22:00, 15/01/2026 AD (Europe/Berlin, UT+01:00)\n",
                            "azimuth 180°00'00.00\", altitude 30°00'00.00\" (S)\n", "Zoom: 0.65\n"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
@@ -101,22 +101,22 @@ TEST(HomeOption, StoredHomeIsShownAndGoneToInTheNextRun) {
 
 TEST(HomeOption, WithoutHomesThereIsNothingToShowOrGoTo) {
   SmallSky sky;
-  ASSERT_EQ(sky.Run({"--home", "show"}), 0);
+  ASSERT_EQ(sky.Run({"homes", "show"}), 0);
   EXPECT_EQ(sky.output.str(), "No homes\n");
-  EXPECT_EQ(sky.Run({"--home", "go"}), 1);
-  EXPECT_NE(sky.GetErrorLine().find("--home go"), std::string::npos);
+  EXPECT_EQ(sky.Run({"--home"}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("--home: there is no home"), std::string::npos);
 }
 
 TEST(HomeOption, StoringWantsAWorkArea) {
   SmallSky sky;
-  EXPECT_EQ(sky.Run({"--home", "store"}), 2);
+  EXPECT_EQ(sky.Run({"homes", "store"}), 2);
   EXPECT_NE(sky.GetErrorLine().find("--work"), std::string::npos) << sky.errors.str();
 }
 
 TEST(HomeOption, TravellersHaveNoHome) {
   SmallSky sky;
   AddSpaceRecord(sky, 10);
-  EXPECT_EQ(sky.Run({"--moving-type", "3", "--home", "store", "--work", sky.dir.Path("work")}), 1);
+  EXPECT_EQ(sky.Run({"homes", "store", "--moving-type", "3", "--work", sky.dir.Path("work")}), 1);
   EXPECT_NE(sky.GetErrorLine().find("stands on a surface"), std::string::npos) << sky.errors.str();
   EXPECT_FALSE(fs::exists(sky.dir.Path("work/home_params.ini")));
 }
@@ -124,12 +124,12 @@ TEST(HomeOption, TravellersHaveNoHome) {
 TEST(HomeOption, UnwritableFileIsOneLine) {
   SmallSky sky;
   fs::create_directories(sky.dir.Path("work/home_params.ini"));
-  EXPECT_EQ(sky.Run({"--home", "store", "--work", sky.dir.Path("work")}), 1);
+  EXPECT_EQ(sky.Run({"homes", "store", "--work", sky.dir.Path("work")}), 1);
   EXPECT_NE(sky.GetErrorLine().find("home_params.ini"), std::string::npos) << sky.errors.str();
 }
 
 TEST(PlayOption, FramesAndContactSheetAreWritten) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h,view=2", "--frames", "3", "--out",
                                   sky.dir.Path("f-%02d.png"), "--contact-sheet", sky.dir.Path("all.png")})),
@@ -142,7 +142,7 @@ TEST(PlayOption, FramesAndContactSheetAreWritten) {
 
 // The last frame is the picture that the moved view gives by itself.
 TEST(PlayOption, FrameIsThePictureOfItsMoment) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "3", "--out", sky.dir.Path("f-%d.png")})),
             0);
@@ -167,7 +167,8 @@ TEST(PlayOption, WhatIsMissingOrWrongIsNamed) {
       {{"--play", "time=1", "--frames", "3", "--out", "%d.png"}, "time=1"},
       {{"--marker", "400,0"}, "400,0"},
       {{"--moving-type", "12"}, "12"},
-      {{"--home", "sweet"}, "sweet"}};
+      {{"--home", "sweet"}, "sweet"},
+      {{"homes", "sweet"}, "homes sweet"}};
   for (const auto& [arguments, part] : bad) {
     EXPECT_EQ(sky.Run(arguments), 2) << part;
     EXPECT_NE(sky.GetErrorLine().find(part), std::string::npos) << sky.errors.str();
@@ -182,7 +183,7 @@ TEST(PlayOption, FrameThatCannotBeWrittenIsExitOne) {
 }
 
 TEST(MarkerOption, MarkersAreDrawn) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   ASSERT_EQ(sky.Run(With(kOrion, {"--marker", "5.9195h,7.407,4711", "--out", sky.dir.Path("m.svg")})), 0)
       << sky.errors.str();

@@ -19,13 +19,6 @@ TEST(ParseMovingType, TakesATypeAndKeep) {
   }
 }
 
-TEST(ParseHomeAction, KnowsThreeWords) {
-  EXPECT_EQ(ParseHomeAction("show"), HomeAction::kShow);
-  EXPECT_EQ(ParseHomeAction("store"), HomeAction::kStore);
-  EXPECT_EQ(ParseHomeAction("go"), HomeAction::kGo);
-  EXPECT_FALSE(ParseHomeAction("Go"));
-}
-
 TEST(ParsePlay, StepsOfTimeHaveUnits) {
   for (const auto& [text, days] :
        {std::pair("time=30s", 30.0 / 86400.0), std::pair("time=10m", 10.0 / 1440.0),

@@ -26,7 +26,7 @@ class BodyReport : public testing::Test {
     sky.dir.Write("data/media/surface/gale.jpg", "picture");
   }
   std::string Describe(const std::string& name, const std::string& language = "en") {
-    EXPECT_EQ(sky.Run({"--body", name, "--language", language}), 0) << sky.errors.str();
+    EXPECT_EQ(sky.Run({"body", name, "--language", language}), 0) << sky.errors.str();
     EXPECT_EQ(sky.errors.str(), "");
     return sky.output.str();
   }
@@ -80,17 +80,17 @@ TEST_F(BodyReport, NamesOfTheLanguageAreUnderstoodToo) {
 }
 
 TEST_F(BodyReport, UnknownNameIsExitOneWithSimilarOnes) {
-  EXPECT_EQ(sky.Run({"--body", "Marz"}), 1);
-  EXPECT_EQ(sky.GetErrorLine(), "skyview: --body 'Marz': no such body; similar: Mars");
-  EXPECT_EQ(sky.Run({"--body", "Xyzzyplugh"}), 1);
-  EXPECT_EQ(sky.GetErrorLine(), "skyview: --body 'Xyzzyplugh': no such body");
+  EXPECT_EQ(sky.Run({"body", "Marz"}), 1);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: body 'Marz': no such body; similar: Mars");
+  EXPECT_EQ(sky.Run({"body", "Xyzzyplugh"}), 1);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: body 'Xyzzyplugh': no such body");
 }
 
 TEST_F(BodyReport, MissingDescriptionIsOneLine) {
   std::filesystem::remove(sky.dir.Path("data/catalogs/planets&moons/planets&moons.txt"));
-  EXPECT_EQ(sky.Run({"--body", "Mars"}), 1);
+  EXPECT_EQ(sky.Run({"body", "Mars"}), 1);
   EXPECT_EQ(sky.GetErrorLine(),
-            "skyview: catalogs\\planets&moons\\planets&moons.txt: not found, which --body wants");
+            "skyview: catalogs\\planets&moons\\planets&moons.txt: not found, which body wants");
 }
 
 TEST_F(BodyReport, MissingPanoramasAreNone) {
@@ -102,11 +102,13 @@ TEST_F(BodyReport, MissingPanoramasAreNone) {
 TEST_F(BodyReport, PlanetsBehindAGapAreNotReached) {
   sky.dir.Write("data/catalogs/planets&moons/planets&moons.txt", "plnt\t1\tMercury\nplnt\t3\tEarth\n");
   EXPECT_TRUE(Describe("Mercury").starts_with("Mercury (plnt 1)\nMoves around: plnt 10\n"));
-  EXPECT_EQ(sky.Run({"--body", "Earth"}), 1);
+  EXPECT_EQ(sky.Run({"body", "Earth"}), 1);
 }
 
 TEST_F(BodyReport, DrawsNothing) {
-  EXPECT_EQ(sky.Run({"--body", "Mars", "--out", sky.dir.Path("no.svg")}), 0);
+  EXPECT_EQ(sky.Run({"body", "Mars", "--out", sky.dir.Path("no.svg")}), 2);
+  EXPECT_NE(sky.GetErrorLine().find("--out"), std::string::npos) << sky.errors.str();
+  EXPECT_EQ(sky.Run({"body", "Mars"}), 0);
   EXPECT_FALSE(std::filesystem::exists(sky.dir.Path("no.svg")));
   EXPECT_FALSE(sky.Printed("Stars drawn"));
 }

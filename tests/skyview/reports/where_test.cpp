@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_sight.h"
+#include "skyview/reports/where.h"
 
 #include <gtest/gtest.h>
 
-#include "scene/frame_helpers.h"
+#include "scene/orbit_tables.h"
+#include "skyview/small_sky.h"
 
-using namespace scene;
 using namespace skyview;
 using host_test::SmallSky;
 
@@ -16,7 +16,7 @@ const std::vector<std::string> kBerlin = {"--place",       "52.5,13.4", "--zone"
                                           "Europe/Berlin", "--time",    "2026-01-15T22:00"};
 
 std::vector<std::string> Ask(const std::string& name, std::vector<std::string> arguments = kBerlin) {
-  arguments.insert(arguments.end(), {"--where", name});
+  arguments.insert(arguments.begin(), {"where", name});
   return arguments;
 }
 
@@ -93,7 +93,7 @@ TEST(Where, EveryKindOfObject) {
 TEST(Where, NameThatNothingHasIsOneLine) {
   SmallSky sky;
   EXPECT_EQ(sky.Run(Ask("Jupter")), 1);
-  EXPECT_NE(sky.GetErrorLine().find("--where 'Jupter': no such object; similar: Jupiter"), std::string::npos)
+  EXPECT_NE(sky.GetErrorLine().find("where 'Jupter': no such object; similar: Jupiter"), std::string::npos)
       << sky.errors.str();
 }
 

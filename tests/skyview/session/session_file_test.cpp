@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "skyview/session/checksum.h"
 #include "skyview/options/setting_values.h"
+#include "skyview/session/checksum.h"
 #include "support/comma_locale.h"
 #include "utils/text.h"
 

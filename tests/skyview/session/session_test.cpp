@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <regex>
 
-#include "skyview/session/checksum.h"
 #include "paint/picture_file.h"
 #include "scene/sky_images_files.h"
+#include "skyview/session/checksum.h"
 #include "skyview/small_sky.h"
 #include "support/comma_locale.h"
 
@@ -59,7 +59,7 @@ void ExpectSamePictures(SmallSky& sky, const Arguments& arguments) {
 }  // namespace
 
 TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   const Arguments views[] = {
       {},
       {"--place", "52.52,13.405", "--zone", "Europe/Berlin", "--time", "2026-01-15T22:00", "--look",
@@ -77,12 +77,10 @@ TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
 }
 
 TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   host_test::WriteSkyImages(sky.dir);
-  ASSERT_EQ(sky.Run({"--work", sky.dir.Path("work"), "--favourites", "add=Sirius", "--favourites", "add=M42",
-                     "--favourites", "add=Orion"}),
-            0)
+  ASSERT_EQ(sky.Run({"favourites", "add", "Sirius", "M42", "Orion", "--work", sky.dir.Path("work")}), 0)
       << sky.errors.str();
   const Arguments view = {"--place",
                           "52.5,13.4",
@@ -102,24 +100,28 @@ TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
   EXPECT_NE(text.find("mark star 2491\nmark nebu 42\nmark cnst "), std::string::npos) << text;
   EXPECT_NE(text.find("frames-of constellations,deepsky,milkyway\nshowers on\n"), std::string::npos) << text;
   const std::string marked = sky.dir.Read("saved.png");
-  ASSERT_EQ(sky.Run(With(view, {"--favourites", "remove=Sirius", "--out", sky.dir.Path("saved.png")})), 0);
+  ASSERT_EQ(sky.Run({"favourites", "remove", "Sirius", "--work", sky.dir.Path("work")}), 0);
+  ASSERT_EQ(sky.Run(With(view, {"--out", sky.dir.Path("saved.png")})), 0);
   EXPECT_FALSE(sky.dir.Read("saved.png") == marked) << "marks can be seen";
 }
 
-TEST(Session, ListIsChangedAndTheMarksOfTheSessionFollow) {
+TEST(Session, MarksAreThoseOfTheSessionWhateverTheListHolds) {
   SmallSky sky;
-  const std::string work = sky.dir.Path("work"), first = sky.dir.Path("a"), second = sky.dir.Path("b");
-  ASSERT_EQ(sky.Run({"--work", work, "--favourites", "add=Sirius", "--save-session", first}), 0);
-  ASSERT_EQ(sky.Run({"--session", first, "--work", sky.dir.Path("other"), "--favourites", "add=Rigel",
-                     "--save-session", second}),
-            0)
-      << sky.errors.str();
-  EXPECT_NE(sky.dir.Read("b").find("mark star 2491\nmark star 1713\n"), std::string::npos);
+  const std::string work = sky.dir.Path("work"), other = sky.dir.Path("other");
+  const std::string first = sky.dir.Path("a"), second = sky.dir.Path("b"), third = sky.dir.Path("c");
+  ASSERT_EQ(sky.Run({"favourites", "add", "Sirius", "--work", work}), 0);
+  ASSERT_EQ(sky.Run({"--work", work, "--save-session", first}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"favourites", "add", "Rigel", "--work", other}), 0);
   EXPECT_EQ(sky.dir.Read("other/catalogs/favourites.txt"), "Rigel\t1937006962\t1713\n");
+  ASSERT_EQ(sky.Run({"--session", first, "--work", other, "--save-session", second}), 0) << sky.errors.str();
+  EXPECT_NE(sky.dir.Read("b").find("mark star 2491\n"), std::string::npos);
+  EXPECT_EQ(sky.dir.Read("b").find("mark star 1713\n"), std::string::npos);
+  ASSERT_EQ(sky.Run({"--work", other, "--save-session", third}), 0) << sky.errors.str();
+  EXPECT_NE(sky.dir.Read("c").find("mark star 1713\n"), std::string::npos);
 }
 
 TEST(Session, CommaLocaleChangesNothing) {
-  if (!skyview::CanDraw()) GTEST_SKIP() << "built without drawing";
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
   SmallSky sky;
   const Arguments view = {"--look", "10.5,30.25", "--zoom", "1.1", "--marker", "1.5,2.5", "--save-session"};
   ASSERT_EQ(sky.Run(With(view, {sky.dir.Path("plain")})), 0);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/settings_options.h"
+#include "skyview/session/own_settings.h"
 
 #include <filesystem>
 #include <vector>
@@ -9,9 +9,9 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
 #include "scene/favourites.h"
-#include "utils/messages.h"
 #include "scene/object_filter.h"
 #include "skyview/options/setting_text.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 

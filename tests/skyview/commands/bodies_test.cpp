@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+//
 // The options about bodies through the whole program.
-#include "skyview/commands/body_requests.h"
-
 #include <gtest/gtest.h>
 
 #include "skyview/small_sky.h"
@@ -11,16 +10,16 @@ using host_test::SmallSky;
 
 namespace {
 
-std::vector<std::string> Night(std::initializer_list<std::string> more) {
-  std::vector<std::string> arguments = {"--place",           "52.5,13.4", "--time",
-                                        "2026-01-15T21:00Z", "--look",    "135,50"};
-  arguments.insert(arguments.end(), more);
+// The arguments, and behind them where and when to look.
+std::vector<std::string> Night(std::vector<std::string> arguments) {
+  arguments.insert(arguments.end(),
+                   {"--place", "52.5,13.4", "--time", "2026-01-15T21:00Z", "--look", "135,50"});
   return arguments;
 }
 
 }  // namespace
 
-TEST(BodyRequests, ReportNamesThePlanetsInThePicture) {
+TEST(BodiesOfAProgramRun, ReportNamesThePlanetsInThePicture) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(Night({})), 0) << sky.errors.str();
   EXPECT_EQ(sky.errors.str(), "");
@@ -29,18 +28,18 @@ TEST(BodyRequests, ReportNamesThePlanetsInThePicture) {
   EXPECT_TRUE(sky.Printed("100 % lit, evening, full\n") || sky.Printed("100 % lit, morning, full\n"));
 }
 
-TEST(BodyRequests, WhyOfAPlanet) {
+TEST(BodiesOfAProgramRun, WhyOfAPlanet) {
   SmallSky sky;
-  ASSERT_EQ(sky.Run(Night({"--why", "Jupiter"})), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run(Night({"why", "Jupiter"})), 0) << sky.errors.str();
   EXPECT_TRUE(sky.Printed("Jupiter: drawn\n")) << sky.output.str();
   EXPECT_TRUE(sky.Printed("label: Jupiter\n")) << sky.output.str();
-  ASSERT_EQ(sky.Run(Night({"--why", "Sun"})), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run(Night({"why", "Sun"})), 0) << sky.errors.str();
   EXPECT_TRUE(sky.Printed("Sun: not drawn\n- below the horizon: altitude -49.")) << sky.output.str();
-  ASSERT_EQ(sky.Run(Night({"--set", "plnt.Draw=0", "--why", "Jupiter"})), 2)
+  ASSERT_EQ(sky.Run(Night({"why", "Jupiter", "--set", "plnt.Draw=0"})), 2)
       << "the small sky has no such section";
 }
 
-TEST(BodyRequests, OrbitsOfWhatHasNoneAreRefused) {
+TEST(BodiesOfAProgramRun, OrbitsOfWhatHasNoneAreRefused) {
   SmallSky sky;
   EXPECT_EQ(sky.Run(Night({"--orbits", "Sirius"})), 1);
   EXPECT_EQ(sky.GetErrorLine(), "skyview: --orbits 'Sirius': has no orbit that can be drawn");
@@ -51,7 +50,7 @@ TEST(BodyRequests, OrbitsOfWhatHasNoneAreRefused) {
   EXPECT_EQ(sky.Run(Night({"--orbits", "planets,Ceres"})), 0) << sky.errors.str();
 }
 
-TEST(BodyRequests, SatelliteFileThatIsMissingOrEmptyIsOneLine) {
+TEST(BodiesOfAProgramRun, SatelliteFileThatIsMissingOrEmptyIsOneLine) {
   SmallSky sky;
   EXPECT_EQ(sky.Run(Night({"--tle", "absent.tle"})), 1);
   EXPECT_EQ(sky.GetErrorLine(), "skyview: --tle: absent.tle: not found, neither here nor in the data root");
@@ -60,7 +59,7 @@ TEST(BodyRequests, SatelliteFileThatIsMissingOrEmptyIsOneLine) {
   EXPECT_NE(sky.GetErrorLine().find("holds no two-line elements"), std::string::npos) << sky.errors.str();
 }
 
-TEST(BodyRequests, SatelliteIsSaidToBeLitOrNot) {
+TEST(BodiesOfAProgramRun, SatelliteIsSaidToBeLitOrNot) {
   SmallSky sky;
   const std::string path = sky.dir.Write("station.tle", host_test::StationSet());
   const auto look = [&](const char* time) {
@@ -73,7 +72,7 @@ TEST(BodyRequests, SatelliteIsSaidToBeLitOrNot) {
   EXPECT_TRUE(sky.Printed(" km away, in the Earth's shadow\n")) << sky.output.str();
 }
 
-TEST(BodyRequests, SessionKeepsSatellitesAndOrbits) {
+TEST(BodiesOfAProgramRun, SessionKeepsSatellitesAndOrbits) {
   SmallSky sky;
   const std::string path = sky.dir.Write("station.tle", host_test::StationSet());
   const std::string session = sky.dir.Path("it.session");
@@ -89,9 +88,4 @@ TEST(BodyRequests, SessionKeepsSatellitesAndOrbits) {
   ASSERT_EQ(sky.Run({"--session", session}), 0);
   EXPECT_NE(sky.errors.str().find("station.tle: changed since the session was saved"), std::string::npos)
       << sky.errors.str();
-}
-
-TEST(BodyRequests, WhereAndWhyExcludeEachOther) {
-  SmallSky sky;
-  EXPECT_EQ(sky.Run({"--why", "Sirius", "--where", "Sirius"}), 2);
 }

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/settings_options.h"
+#include "skyview/session/own_settings.h"
 
 #include <gtest/gtest.h>
 
 #include "common_interfaces/settings_field.h"
-#include "scene/filter_fields.h"
-#include "skyview/session/diagnostics.h"
 #include "scene/favourites.h"
+#include "scene/filter_fields.h"
 #include "skyview/options/setting_text.h"
+#include "skyview/session/diagnostics.h"
 #include "skyview/small_sky.h"
 
 using namespace scene;
@@ -26,7 +26,7 @@ bool Contains(const std::string& text, const std::string& part) {
 }  // namespace
 
 // Defaults with filters that are switched off.
-class SettingsOptionsTest : public testing::Test {
+class OwnSettingsTest : public testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(Load(std::nullopt).failure, Failure::kNone); }
 
@@ -70,7 +70,7 @@ class SettingsOptionsTest : public testing::Test {
   SettingsData settings{1, FourCC("FLTR"), WriteDefaults().c_str()};
 };
 
-TEST_F(SettingsOptionsTest, ValuesAreTakenAsTheFieldKeepsThem) {
+TEST_F(OwnSettingsTest, ValuesAreTakenAsTheFieldKeepsThem) {
   EXPECT_EQ(Set("star.VisMagnitude=-1.5,3").failure, Failure::kNone);
   EXPECT_EQ(Get<float>("VisMagnitude", 0), -1.5f);
   EXPECT_EQ(Get<float>("VisMagnitude", 1), 3.0f);
@@ -79,20 +79,20 @@ TEST_F(SettingsOptionsTest, ValuesAreTakenAsTheFieldKeepsThem) {
   EXPECT_TRUE(diagnostics.lines.empty());
 }
 
-TEST_F(SettingsOptionsTest, DegreesBecomeRadians) {
+TEST_F(OwnSettingsTest, DegreesBecomeRadians) {
   EXPECT_EQ(Set("gala.LargestDimension=0.5deg,180deg").failure, Failure::kNone);
   EXPECT_NEAR(Get<double>("LargestDimension", 0, FourCC("gala")), 0.00872664625997, 1e-13);
   EXPECT_NEAR(Get<double>("LargestDimension", 1, FourCC("gala")), 3.14159265358979, 1e-13);
 }
 
-TEST_F(SettingsOptionsTest, OneElementOfAListIsChanged) {
+TEST_F(OwnSettingsTest, OneElementOfAListIsChanged) {
   EXPECT_EQ(Set("star.SpectrType[0]=2:on").failure, Failure::kNone);
   EXPECT_EQ(Get<unsigned char>("SpectrType", 0), 2);
   EXPECT_EQ(Get<unsigned char>("SpectrType", 3), 2);
   EXPECT_EQ(Status("SpectrType"), 1);
 }
 
-TEST_F(SettingsOptionsTest, FilterAndSectionAreSwitched) {
+TEST_F(OwnSettingsTest, FilterAndSectionAreSwitched) {
   EXPECT_EQ(Set("star.VisMagnitude:on").failure, Failure::kNone);
   EXPECT_EQ(Status("VisMagnitude"), 1);
   EXPECT_EQ(Set("star.VisMagnitude:off").failure, Failure::kNone);
@@ -103,13 +103,13 @@ TEST_F(SettingsOptionsTest, FilterAndSectionAreSwitched) {
   EXPECT_EQ(settings.GetSectionStatus(kStar, false), 1);
 }
 
-TEST_F(SettingsOptionsTest, ChangeMarksTheSectionForWhoeverFollowsIt) {
+TEST_F(OwnSettingsTest, ChangeMarksTheSectionForWhoeverFollowsIt) {
   settings.SetSectionChanged(kStar, false);
   Set("star.VisMagnitude=0,1");
   EXPECT_TRUE(settings.IsSectionChanged(kStar));
 }
 
-TEST_F(SettingsOptionsTest, EachBadChangeIsABadOptionThatNamesTextAndForm) {
+TEST_F(OwnSettingsTest, EachBadChangeIsABadOptionThatNamesTextAndForm) {
   const struct {
     const char *text, *names;
   } cases[] = {{"stra.Draw=1", "star"},
@@ -148,7 +148,7 @@ TEST_F(SettingsOptionsTest, EachBadChangeIsABadOptionThatNamesTextAndForm) {
   EXPECT_TRUE(diagnostics.lines.empty());
 }
 
-TEST_F(SettingsOptionsTest, FieldWithoutAKnownNameIsNamedByItsId) {
+TEST_F(OwnSettingsTest, FieldWithoutAKnownNameIsNamedByItsId) {
   host_test::AddBytes(settings, "star", "nobody knows it", 0, {3});
   char text[40];
   std::snprintf(text, sizeof text, "star.@%08X=9", static_cast<unsigned>(GetUniqueID("nobody knows it")));
@@ -156,7 +156,7 @@ TEST_F(SettingsOptionsTest, FieldWithoutAKnownNameIsNamedByItsId) {
   EXPECT_EQ(Get<unsigned char>("nobody knows it", 0), 9);
 }
 
-TEST_F(SettingsOptionsTest, SavedSettingsComeBack) {
+TEST_F(OwnSettingsTest, SavedSettingsComeBack) {
   const std::string file = dir.Path("my.data");
   std::string error;
   Set("star.VisMagnitude=0,2.5:on");
@@ -170,7 +170,7 @@ TEST_F(SettingsOptionsTest, SavedSettingsComeBack) {
   EXPECT_EQ(settings.GetSectionStatus(FourCC("gala"), false), 0);
 }
 
-TEST_F(SettingsOptionsTest, SavingAgainReplacesTheBlockAndKeepsTheOthers) {
+TEST_F(OwnSettingsTest, SavingAgainReplacesTheBlockAndKeepsTheOthers) {
   const std::string file = dir.Path("my.data");
   std::string error;
   SettingsData other(5, FourCC("OTHR"), file.c_str());
@@ -186,7 +186,7 @@ TEST_F(SettingsOptionsTest, SavingAgainReplacesTheBlockAndKeepsTheOthers) {
   EXPECT_EQ(Get<float>("VisMagnitude", 1), 1.0f);
 }
 
-TEST_F(SettingsOptionsTest, FavouritesAreKeptWhateverTheirNumber) {
+TEST_F(OwnSettingsTest, FavouritesAreKeptWhateverTheirNumber) {
   const std::string file = dir.Path("my.data");
   std::string error;
   for (int number = 1; number <= 300; ++number) AddFavourite(settings, FourCC("star"), number);
@@ -200,7 +200,7 @@ TEST_F(SettingsOptionsTest, FavouritesAreKeptWhateverTheirNumber) {
   }
 }
 
-TEST_F(SettingsOptionsTest, FavouritesOfAFileCutAnywhereAreTakenAsFarAsTheyGo) {
+TEST_F(OwnSettingsTest, FavouritesOfAFileCutAnywhereAreTakenAsFarAsTheyGo) {
   const std::string file = dir.Path("my.data");
   std::string error;
   for (int number = 1; number <= 3; ++number) AddFavourite(settings, FourCC("star"), number);
@@ -215,7 +215,7 @@ TEST_F(SettingsOptionsTest, FavouritesOfAFileCutAnywhereAreTakenAsFarAsTheyGo) {
   EXPECT_EQ(TakeFavourites(file, settings), 3);
 }
 
-TEST_F(SettingsOptionsTest, FileThatIsMissingDamagedOrHoldsNoSettingsIsBadData) {
+TEST_F(OwnSettingsTest, FileThatIsMissingDamagedOrHoldsNoSettingsIsBadData) {
   EXPECT_EQ(Load(dir.Path("absent.data")).failure, Failure::kBadData);
   const std::string file = dir.Path("my.data");
   std::string error;
@@ -227,7 +227,7 @@ TEST_F(SettingsOptionsTest, FileThatIsMissingDamagedOrHoldsNoSettingsIsBadData) 
   EXPECT_TRUE(Contains(Load(file).message, "holds no settings"));
 }
 
-TEST_F(SettingsOptionsTest, FileThatCannotBeWrittenIsNamed) {
+TEST_F(OwnSettingsTest, FileThatCannotBeWrittenIsNamed) {
   std::string error;
   EXPECT_FALSE(SaveSettings(settings, dir.Path("filters.data/my.data"), error));
   EXPECT_TRUE(Contains(error, "my.data")) << error;
@@ -236,8 +236,8 @@ TEST_F(SettingsOptionsTest, FileThatCannotBeWrittenIsNamed) {
 class SettingsOfAProgramRun : public testing::Test {
  protected:
   int CountStars(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--place", "52.52,13.405", "--time", "2026-01-15T21:00Z", "--look",
-                                       "180,30", "--why", "Rigel"});
+    arguments.insert(arguments.begin(), {"why", "Rigel", "--place", "52.52,13.405", "--time",
+                                         "2026-01-15T21:00Z", "--look", "180,30"});
     EXPECT_EQ(sky.Run(arguments), 0) << sky.errors.str();
     return sky.Printed(": drawn") ? 1 : 0;
   }

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/commands/shown_sky.h"
+
+#include <algorithm>
+
+#include "scene/caption.h"
+#include "scene/pick.h"
+#include "scene/why.h"
+#include "skyview/commands/start.h"
+#include "skyview/options/catalog_requests.h"
+#include "skyview/reports/explanation.h"
+#include "skyview/reports/report.h"
+#include "skyview/reports/shower_report.h"
+#include "skyview/reports/status.h"
+#include "skyview/session/favourite_list.h"
+#include "utils/text.h"
+
+namespace skyview {
+namespace {
+
+// Those of a group of bodies.
+std::vector<int> FindOrbits(const OrbitRequest& request, const scene::BodyList& bodies) {
+  std::vector<int> orbits;
+  for (int i = 0; i < static_cast<int>(bodies.size()); ++i) {
+    const bool planet = bodies[static_cast<std::size_t>(i)].id.kind == FourCC("plnt");
+    if (i != scene::kSunBody && (request.all || (request.planets && planet))) orbits.push_back(i);
+  }
+  return orbits;
+}
+
+// The bodies whose orbits --orbits asks for, each once.
+std::vector<int> FindOrbits(const ExtraOptions& options, const scene::BodyList& bodies,
+                            ObjectFinder& finder) {
+  if (!options.orbits) return {};
+  std::vector<int> orbits = FindOrbits(*options.orbits, bodies);
+  for (const auto& name : options.orbits->names) {
+    const scene::FoundObject found = finder.Find("--orbits", name);
+    Require(found.group == scene::ObjectGroup::kBody && found.index != scene::kSunBody,
+            "--orbits '" + name + "': has no orbit that can be drawn");
+    if (std::find(orbits.begin(), orbits.end(), found.index) == orbits.end()) orbits.push_back(found.index);
+  }
+  return orbits;
+}
+
+// The objects that are marked: those of the session, else the user's favourites.
+std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
+  if (!session) return ReadFavourites();
+  std::vector<SSO_ID> marks;
+  for (const auto& mark : session->marks) marks.emplace_back(mark.kind, mark.number);
+  return marks;
+}
+
+// The object of that kind and number, as a display list names it.
+std::optional<scene::FoundObject> FindObject(const scene::ObjectRef& wanted,
+                                             const scene::SkyCatalogs& catalogs) {
+  using scene::ObjectGroup;
+  const std::pair<ObjectGroup, int> groups[] = {
+      {ObjectGroup::kStar, catalogs.stars.GetCount()},
+      {ObjectGroup::kDeepsky, static_cast<int>(catalogs.deepsky.size())},
+      {ObjectGroup::kConstellation, static_cast<int>(catalogs.constellations.size())},
+      {ObjectGroup::kBody, static_cast<int>(catalogs.bodies.size())}};
+  for (const auto& [group, count] : groups) {
+    for (int i = 0; i < count; ++i) {
+      const scene::FoundObject object = {group, i};
+      if (scene::GetKind(object, catalogs) != wanted.kind) continue;
+      if (scene::GetNumber(object, catalogs) == wanted.number) return object;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
+                   Diagnostics& diagnostics)
+    : m_View(options.view, options.settings, session, diagnostics),
+      m_Finder(m_Catalogs),
+      m_WithShowers(options.extras.showers) {
+  LoadCatalogs(options.satellites, m_View.camera, m_Catalogs);
+  m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
+  AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
+  m_Marks = FindMarks(session);
+  m_Shown = scene::ReadShownKinds(m_View.settings);
+  m_Filters.Refresh(m_View.settings);
+  for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
+  m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);
+  m_Maker->Prepare();
+  m_Status = MakeStatus(m_View.camera, m_Catalogs);
+  SetUpFrame(options);
+}
+
+void ShownSky::SetUpFrame(const SkyOptions& options) {
+  scene::SkyFrame& frame = m_Maker->GetFrame();
+  const PictureSize size = options.view.GetSize();
+  frame.SetFavourites(m_Marks);
+  if (options.extras.showers) frame.SetShowers(scene::LoadShowers());
+  if (const auto missing = frame.SetImageFrames(options.extras.framesOf)) {
+    Require(false, std::string(scene::GetImageCatalogName(*missing)) + ": not found, which --frames-of " +
+                       FormatImageGroups(*missing) + " wants");
+  }
+  frame.SetCaption(scene::MakeCaption(m_Status, size.width, size.height));
+}
+
+void ShownSky::ShowOrbits(double fadeIn) {
+  for (const int body : m_Orbits) m_Maker->GetFrame().ShowOrbit(body, fadeIn);
+}
+
+std::string ShownSky::MakeReport() {
+  std::string report = skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame());
+  if (m_WithShowers) report += MakeShowerReport(m_View.camera, m_Maker->GetObserver(), scene::LoadShowers());
+  return report;
+}
+
+std::string ShownSky::Explain(const std::string& asker, const std::string& name) {
+  const scene::FoundObject object = m_Finder.Find(asker, name);
+  const scene::ShownView view = {m_Maker->GetFrame(), m_View.camera,  m_Maker->GetObserver(), m_Shown,
+                                 m_Filters,           m_View.settings};
+  return FormatExplanation(m_Finder.GetSearch().GetTitle(object), scene::Explain(object, view), view);
+}
+
+std::string ShownSky::DescribeAt(double x, double y, double tolerance) {
+  const scene::DisplayList& list = m_Maker->GetFrame().GetDisplayList();
+  std::string lines;
+  for (const auto& hit : scene::PickObjects(list, x, y, tolerance)) {
+    const auto object = FindObject(hit.object, m_Catalogs);
+    if (object) lines += m_Finder.GetSearch().GetTitle(*object) + "\n";
+  }
+  return lines.empty() ? "no object is drawn there\n" : lines;
+}
+
+}  // namespace skyview

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skyview/options/sky_group.h"
+
+#include "skyview/options/catalog_requests.h"
+
+namespace skyview {
+namespace {
+
+constexpr OptionRow<SatelliteOptions> kSatelliteRows[] = {
+    {{"--tle", "FILE", "draw the satellites of this file of two-line elements"},
+     Times::kOnce,
+     [](const std::string& text, SatelliteOptions& options) { return Put(ParseName(text), options.tle); }}};
+
+bool ReadImageGroups(const std::string& text, ExtraOptions& extras) {
+  const auto groups = ParseImageGroups(text);
+  extras.framesOf |= groups.value_or(0);
+  return groups.has_value();
+}
+
+constexpr OptionRow<ExtraOptions> kExtraRows[] = {
+    {{"--showers", "", "list the meteor showers active on the day of the view, and draw their radiants"},
+     Times::kOnce,
+     [](const std::string&, ExtraOptions& extras) { return extras.showers = true; }},
+    {{"--orbits", "planets|all|NAME[,NAME...]", "draw the orbits of the planets, of all bodies, or of these"},
+     Times::kOnce,
+     [](const std::string& text, ExtraOptions& extras) { return Put(ParseOrbits(text), extras.orbits); }},
+    {{"--frames-of", "constellations|deepsky|milkyway[,...]",
+      "draw the outlines of these images of the sky; may be given again"},
+     Times::kAgain,
+     ReadImageGroups}};
+
+}  // namespace
+
+const OptionGroup<SatelliteOptions> kSatelliteGroup = {"Satellites", kSatelliteRows, nullptr};
+const OptionGroup<ExtraOptions> kExtraGroup = {"What the sky shows besides", kExtraRows, nullptr};
+
+void TakeSky(CommandLine& line, SkyOptions& sky) {
+  line.Take(kViewGroup, sky.view);
+  line.Take(kSettingsGroup, sky.settings);
+  line.Take(kSatelliteGroup, sky.satellites);
+  line.Take(kExtraGroup, sky.extras);
+  line.Check([&sky] { CheckSettings(sky.settings, sky.view); });
+}
+
+}  // namespace skyview

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What stands in the sky besides the objects of the catalogs.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "skyview/options/command_line.h"
+#include "skyview/options/option_group.h"
+#include "skyview/options/orbit_request.h"
+#include "skyview/options/settings_group.h"
+#include "skyview/options/view_group.h"
+
+namespace skyview {
+
+struct SatelliteOptions {
+  std::optional<std::string> tle;  // file of two-line elements
+};
+
+struct ExtraOptions {
+  bool showers = false;
+  std::optional<OrbitRequest> orbits;
+  unsigned framesOf = 0;  // a combination of ImageGroup
+};
+
+// All that a shown sky follows from.
+struct SkyOptions {
+  ViewOptions view;
+  SettingsOptions settings;
+  SatelliteOptions satellites;
+  ExtraOptions extras;
+};
+
+extern const OptionGroup<SatelliteOptions> kSatelliteGroup;
+extern const OptionGroup<ExtraOptions> kExtraGroup;
+
+// All groups of a shown sky, and what they want of each other.
+void TakeSky(CommandLine& line, SkyOptions& sky);
+
+}  // namespace skyview
