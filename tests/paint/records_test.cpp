@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Round things, lines and what holds for all records, painted on black. A pixel (x, y) has its middle at (x + 0.5, y + 0.5).
+// Round things, lines and what holds for all records, painted on black. A pixel (x, y) has its middle at (x +
+// 0.5, y + 0.5).
 #include "paint/records.h"
 
 #include <gtest/gtest.h>

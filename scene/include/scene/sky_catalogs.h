@@ -67,8 +67,8 @@ struct SkyCatalogs {
 };
 
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was. False when one of the five is missing or is no table: `error` is then one line that names the file,
-// and `catalogs` is what it was.
+// there was. False when one of the five is missing or is no table: `error` is then one line that names the
+// file, and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene
