@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-//
-// Files that are missing or damaged.
 #include <cmath>
 #include <filesystem>
 #include <memory>
@@ -10,16 +8,17 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/catalogs/deepsky_images_file.h"
+#include "catalogs/deepsky_images_catalog.h"
+#include "common_interfaces/sky_images.h"
 #include "tests/support/debug_capture.h"
+#include "tests/support/temp_dir.h"
 #include "utils/text.h"
 
-using namespace deepsky_images_test;
-using test_support::DebugCapture;
+using CommonInterfaces::DSOImageDesc;
+using CommonInterfaces::DSOImages;
+using namespace test_support;
 
 namespace {
-
-constexpr int kGalaxy = FourCC("gala");
 
 TEST(DeepskyImages, MissingFileIsReportedWithItsLogicalPath) {
   TempRoots roots;

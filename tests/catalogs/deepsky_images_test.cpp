@@ -8,16 +8,17 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/catalogs/deepsky_images_file.h"
+#include "catalogs/deepsky_images_catalog.h"
+#include "common_interfaces/sky_images.h"
 #include "tests/support/debug_capture.h"
+#include "tests/support/temp_dir.h"
 #include "utils/text.h"
 
-using namespace deepsky_images_test;
-using test_support::DebugCapture;
+using CommonInterfaces::DSOImageDesc;
+using CommonInterfaces::DSOImages;
+using namespace test_support;
 
 namespace {
-
-constexpr int kGalaxy = FourCC("gala");
 
 TEST(DeepskyImages, LineIsReadFieldByField) {
   Catalog catalog("224 95.0 0h42m44.3s 41g16'9\" -35 2 0.5 3 0.0625 1.25\n");

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "settings/field_bytes.h"
 #include "settings/field_fixture.h"
 #include "settings/field_record.h"
 #include "support/string_table_file.h"
@@ -18,7 +19,19 @@
 namespace CommonInterfaces {
 namespace {
 
-using namespace field_test;
+using Access = SettingFieldTestAccess;
+using test_support::ByteParts;
+using test_support::Bytes;
+using test_support::DataOf;
+using test_support::FailedField;
+using test_support::FieldOf;
+using test_support::Int32s;
+using test_support::IntParts;
+using test_support::LittleEndian;
+using test_support::RecordParts;
+using Lines = std::vector<std::string>;
+
+using Field = test_support::FieldTest;
 
 // The CRC-32 table of the reflected polynomial 0xEDB88320, as the code of RFC 1952 (1996), section 8 makes it, has
 // T[0] = 0 and T[1] = 0x77073096. From h = 0 one byte c gives T[c].
@@ -207,113 +220,75 @@ TEST_F(Field, AssignmentFromAnEmptyFieldLeavesTheEarlierRecordAllocated) {
   FreeFieldData(earlier);
 }
 
-TEST_F(Field, BadIndexTouchesNothing) {
-  SettingField field = FieldOf(ByteParts({5, 6}));
-  char out = '#';
-  EXPECT_FALSE(field.GetElement(&out, 2));
-  EXPECT_EQ(out, '#');
-  EXPECT_FALSE(field.SetElement("x", 0xFFFFFFFF));
-  EXPECT_EQ(DataOf(field), Bytes({5, 6}));
-  EXPECT_EQ(debug.lines, (Lines{"Bad parameter 'inIndex = 2' in function SettingField::GetOffset\n",
-                                "Bad parameter 'inIndex = -1' in function SettingField::GetOffset\n"}));
-}
+struct TypeCase {
+  unsigned char type;
+  unsigned width;
+};
 
-TEST_F(Field, SetDataOfEqualBytesReturnsFalseAndLeavesTheModifiedFlag) {
-  SettingField field = FieldOf(IntParts({1, 2}));
-  EXPECT_FALSE(field.SetData(Int32s({1, 2}).data()));
-  EXPECT_FALSE(Access::IsModified(field));
-  EXPECT_TRUE(field.SetData(Int32s({1, 3}).data()));
-  EXPECT_TRUE(Access::IsModified(field));
-  EXPECT_FALSE(field.SetData(Int32s({1, 3}).data()));
-  EXPECT_TRUE(Access::IsModified(field));
-  EXPECT_EQ(DataOf(field), Int32s({1, 3}));
-}
-
-// Values are compared as bytes: 0.0 and -0.0 differ, and a value that is not a number equals itself.
-TEST_F(Field, ValuesAreComparedAsBytes) {
-  RecordParts parts;
-  parts.type = 6;
-  parts.size = 1;
-  parts.values = LittleEndian(0x7FC00000, 4);
-  SettingField field = FieldOf(parts);
-  EXPECT_FALSE(field.SetData(LittleEndian(0x7FC00000, 4).data()));
-  EXPECT_TRUE(field.SetData(LittleEndian(0, 4).data()));
-  EXPECT_TRUE(field.SetData(LittleEndian(0x80000000, 4).data()));
-}
-
-TEST_F(Field, ResizeReturnsFalseLeavesTheModifiedFlagAndKeepsTheHeader) {
-  RecordParts parts = IntParts({1, 2});
-  SettingField field = FieldOf(parts);
-  for (const auto& values : {Int32s({7, 8, 9}), Int32s({5}), std::string()}) {
-    const int count = static_cast<int>(values.size() / 4);
-    EXPECT_FALSE(field.SetData(values.data(), count));
-    EXPECT_FALSE(Access::IsModified(field));
-    parts.size = static_cast<unsigned>(count);
-    parts.values = values;
-    EXPECT_EQ(Access::RecordBytes(field), parts.Current());
+class FieldOfType : public testing::TestWithParam<TypeCase> {
+ protected:
+  // Three elements, of the bytes 1, 2, 3, ...
+  RecordParts Parts() const {
+    RecordParts parts;
+    parts.type = GetParam().type;
+    parts.size = 3;
+    for (unsigned i = 1; i <= 3 * GetParam().width; ++i) parts.values += static_cast<char>(i);
+    return parts;
   }
+};
+
+TEST_P(FieldOfType, WidthAndOffsets) {
+  const unsigned width = GetParam().width;
+  const SettingField field = FieldOf(Parts());
+  test_support::DebugCapture debug;
+  EXPECT_EQ(Access::TypeSize(field), width);
+  EXPECT_EQ(Access::Offset(field, 0), 0U);
+  EXPECT_EQ(Access::Offset(field, 2), width * 2);
   EXPECT_EQ(debug.lines, Lines{});
+  EXPECT_EQ(Access::Offset(field, 3), 0xFFFFFFFFU);
+  EXPECT_EQ(debug.lines, Lines{"Bad parameter 'inIndex = 3' in function SettingField::GetOffset\n"});
 }
 
-TEST_F(Field, ResizeToTheSameCountReturnsFalseToo) {
-  SettingField field = FieldOf(IntParts({1, 2}));
-  EXPECT_FALSE(field.SetData(Int32s({3, 4}).data(), 2));
+TEST_P(FieldOfType, GetDataCopiesAllValues) { EXPECT_EQ(DataOf(FieldOf(Parts())), Parts().values); }
+
+TEST_P(FieldOfType, GetElementCopiesOneElement) {
+  const unsigned width = GetParam().width;
+  const SettingField field = FieldOf(Parts());
+  std::string element(width + 1, '#');
+  EXPECT_TRUE(field.GetElement(element.data(), 1));
+  EXPECT_EQ(element, Parts().values.substr(width, width) + '#');
+}
+
+TEST_P(FieldOfType, SetElementReplacesOneElement) {
+  const unsigned width = GetParam().width;
+  SettingField field = FieldOf(Parts());
+  const std::string element(width, 'e');
+  EXPECT_TRUE(field.SetElement(element.data(), 2));
+  EXPECT_TRUE(Access::IsModified(field));
+  EXPECT_EQ(DataOf(field), Parts().values.substr(0, 2 * width) + element);
+}
+
+TEST_P(FieldOfType, SetElementOfEqualBytesChangesNothing) {
+  SettingField field = FieldOf(Parts());
+  EXPECT_FALSE(field.SetElement(Parts().values.data() + GetParam().width, 1));
   EXPECT_FALSE(Access::IsModified(field));
-  EXPECT_EQ(DataOf(field), Int32s({3, 4}));
 }
 
-TEST_F(Field, ResizeFromTheFieldsOwnValues) {
-  SettingField field = FieldOf(IntParts({1, 2, 3}));
-  field.SetData(Access::Record(field)->data + 4, 2);
-  EXPECT_EQ(DataOf(field), Int32s({2, 3}));
+TEST_P(FieldOfType, ResizeCountsInElements) {
+  const unsigned width = GetParam().width;
+  SettingField field = FieldOf(Parts());
+  const std::string values(5 * width, 'n');
+  EXPECT_FALSE(field.SetData(values.data(), 5));
+  EXPECT_EQ(Access::RecordSize(field), static_cast<int>(20 + 5 * width));
+  EXPECT_EQ(field.GetSize(), 5U);
+  EXPECT_EQ(DataOf(field), values);
 }
 
-TEST_F(Field, ResizeUpToTheLongestRecordIsDoneAndBeyondItIsRefused) {
-  RecordParts parts;
-  parts.type = 7;
-  SettingField field = FieldOf(parts);
-  const std::string values(8 * 8192, 'd');
-  EXPECT_FALSE(field.SetData(values.data(), 8191));
-  EXPECT_EQ(field.GetSize(), 8191U);
-  EXPECT_EQ(Access::RecordSize(field), 20 + 8 * 8191);
-  EXPECT_EQ(debug.lines, Lines{});
-  EXPECT_FALSE(field.SetData(values.data(), 8192));
-  EXPECT_EQ(field.GetSize(), 8191U);
-  EXPECT_EQ(Access::RecordSize(field), 20 + 8 * 8191);
-  EXPECT_EQ(debug.lines, Lines{"Bad parameter 'count = 8192' in function SettingField::SetData\n"});
-}
-
-TEST_F(Field, ResizeTo65535BytesIsDoneAndTo65536Refused) {
-  SettingField field = FieldOf(ByteParts({1}));
-  const std::string values(65536, 'b');
-  field.SetData(values.data(), 65535);
-  EXPECT_EQ(field.GetSize(), 65535U);
-  EXPECT_EQ(Access::RecordSize(field), 65555);
-  field.SetData(values.data(), 65536);
-  EXPECT_EQ(field.GetSize(), 65535U);
-  EXPECT_EQ(debug.lines, Lines{"Bad parameter 'count = 65536' in function SettingField::SetData\n"});
-}
-
-TEST_F(Field, ResizeToANegativeCountIsRefused) {
-  SettingField field = FieldOf(IntParts({1, 2}));
-  EXPECT_FALSE(field.SetData(Int32s({3}).data(), -2));
-  EXPECT_FALSE(field.SetData(Int32s({3}).data(), -2147483647 - 1));
-  EXPECT_FALSE(field.SetData(Int32s({3}).data(), 2147483647));
-  EXPECT_EQ(DataOf(field), Int32s({1, 2}));
-  EXPECT_EQ(debug.lines, (Lines{"Bad parameter 'count = -2' in function SettingField::SetData\n",
-                                "Bad parameter 'count = -2147483648' in function SettingField::SetData\n",
-                                "Bad parameter 'count = 2147483647' in function SettingField::SetData\n"}));
-}
-
-TEST_F(Field, NullValuesChangeNothing) {
-  SettingField field = FieldOf(IntParts({1, 2}));
-  EXPECT_FALSE(field.SetData(nullptr));
-  EXPECT_FALSE(field.SetData(nullptr, 1));
-  EXPECT_FALSE(field.SetDataAndStore(nullptr));
-  EXPECT_FALSE(field.SetElement(nullptr, 0));
-  EXPECT_EQ(DataOf(field), Int32s({1, 2}));
-  EXPECT_EQ(Access::StoreState(field), 0);
-}
+INSTANTIATE_TEST_SUITE_P(AllTypes, FieldOfType,
+                         testing::Values(TypeCase{0, 1}, TypeCase{1, 1}, TypeCase{2, 2}, TypeCase{3, 2},
+                                         TypeCase{4, 4}, TypeCase{5, 4}, TypeCase{6, 4}, TypeCase{7, 8},
+                                         TypeCase{8, 1}),
+                         [](const auto& test) { return "Type" + std::to_string(test.param.type); });
 
 }  // namespace
 }  // namespace CommonInterfaces

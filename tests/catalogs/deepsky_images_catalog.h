@@ -10,14 +10,12 @@
 
 #include "common_interfaces/sky_images.h"
 #include "tests/support/temp_dir.h"
+#include "utils/text.h"
 
-namespace deepsky_images_test {
-
-using CommonInterfaces::DSOImageDesc;
-using CommonInterfaces::DSOImages;
-using test_support::TempRoots;
+namespace test_support {
 
 inline constexpr char kFile[] = "data/media/skyobjects/dso_images/dsoimagestrue.txt";
+inline constexpr int kGalaxy = FourCC("gala");
 
 // A data root with this file of deep-sky images, and an instance that has read it.
 struct Catalog {
@@ -29,23 +27,23 @@ struct Catalog {
       numbers.push_back(image->number);
     return numbers;
   }
-  DSOImages& images() {
-    if (!m_Images) m_Images = std::make_unique<DSOImages>();
+  CommonInterfaces::DSOImages& images() {
+    if (!m_Images) m_Images = std::make_unique<CommonInterfaces::DSOImages>();
     return *m_Images;
   }
 
   TempRoots roots;
 
  private:
-  std::unique_ptr<DSOImages> m_Images;
+  std::unique_ptr<CommonInterfaces::DSOImages> m_Images;
 };
 
-inline const DSOImageDesc& Only(Catalog& catalog) {
-  const DSOImageDesc* const image = catalog.images().GetFirst();
-  static const DSOImageDesc kNone;
+inline const CommonInterfaces::DSOImageDesc& Only(Catalog& catalog) {
+  const CommonInterfaces::DSOImageDesc* const image = catalog.images().GetFirst();
+  static const CommonInterfaces::DSOImageDesc kNone;
   EXPECT_NE(image, nullptr);
   EXPECT_EQ(catalog.images().GetNext(), nullptr);
   return image ? *image : kNone;
 }
 
-}  // namespace deepsky_images_test
+}  // namespace test_support
