@@ -17,8 +17,8 @@ enum class WaitEnd { kAcquired, kTimedOut, kFailed };
 
 inline constexpr unsigned kMaximumCount = 0x7FFFFFFF;
 
-// A new object with that count, at most kMaximumCount; an event that is set has 1. A name of null is none. This
-// and OpenObject throw std::bad_alloc, and leave nothing behind, when memory runs out.
+// A new object with that count, at most kMaximumCount; an event that is set has 1. A name of null is none.
+// This and OpenObject throw std::bad_alloc, and leave nothing behind, when memory runs out.
 // kExists where an object of like kind has the name: semaphores are alike, and so are events.
 Creation MakeObject(ObjectKind kind, unsigned count, const char* name, void*& handle);
 

@@ -62,8 +62,8 @@ void MarkEnd(Handle& handle) {
   pthread_mutex_unlock(&handle.mutex);
 }
 
-// The system gives the number of a thread that has ended to another one, of any process. So the thread is kept
-// from ending, at MarkEnd, until the call has returned.
+// The system gives the number of a thread that has ended to another one, of any process. So the thread is
+// kept from ending, at MarkEnd, until the call has returned.
 bool SetNice(Handle& handle, int nice) {
   pthread_mutex_lock(&handle.mutex);
   while (handle.systemId == 0) pthread_cond_wait(&handle.changed, &handle.mutex);

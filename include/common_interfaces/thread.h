@@ -4,7 +4,8 @@
 // Threads and the objects they wait for: a thread, a counting semaphore, a critical section, an event.
 //
 // Every failure of the operating system, and want of memory, is an exception of the nested class Error of the
-// class that met it, with a fixed text. The behaviour is that of the desktop system's own objects on every platform:
+// class that met it, with a fixed text. The behaviour is that of the desktop system's own objects on every
+// platform:
 //
 //   thread::Semaphore slots(2);                    // two may enter
 //   slots.lock();                                  // waits as long as it takes
