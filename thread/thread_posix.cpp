@@ -25,6 +25,7 @@ struct Handle {
 
   explicit Handle(Thread* thread) : object(thread) {}
 
+  const pid_t process = getpid();
   pthread_t id{};
   bool joined = false;  // the controlling thread's alone
 
@@ -63,8 +64,9 @@ void MarkEnd(Handle& handle) {
 }
 
 // The system gives the number of a thread that has ended to another one, of any process. So the thread is
-// kept from ending, at MarkEnd, until the call has returned.
+// kept from ending, at MarkEnd, until the call has returned; a forked child cannot keep its parent's.
 bool SetNice(Handle& handle, int nice) {
+  if (getpid() != handle.process) return false;
   pthread_mutex_lock(&handle.mutex);
   while (handle.systemId == 0) pthread_cond_wait(&handle.changed, &handle.mutex);
   const bool done = !handle.ended && setpriority(PRIO_PROCESS, handle.systemId, nice) == 0;

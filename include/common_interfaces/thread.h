@@ -17,8 +17,8 @@
 // A named object must be new when it is created and is opened by the others. Its name is free again once the
 // last object that refers to it, in any process and however that process ended, is gone. Semaphores and
 // events share one set of names, which belongs to the user; a name may hold any character and is not copied:
-// it must outlive the object. None is special: "Global\" and "Local\" at the start are plain characters. A
-// name that is null or empty is no name.
+// it must outlive the object. No beginning is special: "Global\" and "Local\" are plain characters. A name
+// that is null or empty is no name.
 //
 // Child processes inherit what holds the name, also of objects that they never use: on Linux those made by
 // fork, and what they run by exec; on Windows those that are started to inherit handles. The name then stays
@@ -96,7 +96,8 @@ class COMMON_INTERFACES_API Thread {
   // Before or after start. Throws "Illegal priority value." for 6 and more, and "Can't set priority." when
   // the system refuses; the priority then stays. Linux takes 0 to 5 as nice values 10, 5, 0, -5, -10, -20 of
   // the one thread. There every step up needs a privilege, so that without it a priority that was lowered
-  // cannot be raised again, not even to normal; and a thread that has ended is refused.
+  // cannot be raised again, not even to normal; and a thread that has ended, or that is another process's
+  // since a fork, is refused.
   void setPriority(Priority priority);
   Priority getPriority() const { return m_Priority; }
 

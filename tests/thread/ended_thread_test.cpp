@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -74,6 +75,25 @@ TEST(EndedThread, SystemIsNotAskedToSetThePriorityOfItsNumber) {
             "Can't set priority.");
   EXPECT_EQ(asked, 0);
   EXPECT_EQ(worker.getPriority(), thread::Thread::kNormal);
+  worker.waitForEnd();
+}
+
+TEST(EndedThread, ForkedChildLeavesItsParentsThreadAlone) {
+  Waiter waiter;
+  thread::Thread worker(&waiter);
+  worker.start();
+  SleepUntil([&] { return waiter.Exists(); });
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const std::string message =
+        MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kLowest); });
+    _exit(message == "Can't set priority." ? 7 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7);
+  waiter.LetEnd();
   worker.waitForEnd();
 }
 
