@@ -22,7 +22,8 @@ double HalfWidth(int width, int height) {
 
 // The projection is stereographic: a place in the picture is the tangent of half its angle from the centre.
 double GetFieldOfZoom(double zoom, int width, int height) {
-  return 4.0 * std::atan(HalfWidth(width, height) * std::tan(0.5 * Camera::s_ZoomOneAngle / zoom)) / kRadiansPerDegree;
+  return 4.0 * std::atan(HalfWidth(width, height) * std::tan(0.5 * Camera::s_ZoomOneAngle / zoom)) /
+         kRadiansPerDegree;
 }
 
 double FindZoomOfField(double degrees, int width, int height) {
