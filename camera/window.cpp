@@ -7,9 +7,6 @@
 namespace CommonInterfaces {
 namespace {
 
-// The angle that the reference half-diagonal spans at zoom 1, radians (37 degrees). This very decimal is the
-// definition: saved views are drawn with it.
-constexpr double kZoomOneAngle = 0.6457718232379;
 constexpr double kSameZoom = 1e-10;
 
 // Both sides are halved as integers first, so an odd pixel is lost.
@@ -21,7 +18,7 @@ double HalfDiagonal(int width, int height) {
 }  // namespace
 
 void Camera::UpdateScale() {
-  m_ScaleTangent = std::tan(kZoomOneAngle / (2.0 * m_Zoom));
+  m_ScaleTangent = std::tan(s_ZoomOneAngle / (2.0 * m_Zoom));
   m_Scale = m_RefHalfDiagonal / m_ScaleTangent;
 }
 

@@ -73,7 +73,9 @@ class COMMON_INTERFACES_API SettingsData {
   // What 16-bit section indices can reach.
   static constexpr int kMaxFields = 65535;
 
-  // An empty container for the block (owner, id); owner is the first key word in the file, id the second.
+  // An empty container for the block (owner, id); owner is the first key word in the file, id the second. The
+  // arguments stand the other way round, id before owner; HoldsBlock has them in the order of the file. Both
+  // are numbers, so no compiler tells them apart.
   // `fileName` is the logical name of the file that holds the defaults, for example "filters.data"; it is
   // resolved here, once: a file that does not exist yet is never found by Read(nullptr). Loads the correction
   // fields of (owner, "TLFD") from "FilterCorrection.data"; when that cannot be done there are none, no
@@ -231,7 +233,9 @@ class COMMON_INTERFACES_API SettingsData {
   static bool GetModifyFlag();
   static void SetModifyFlag(bool modified);
 
-  // Whether a settings file has a block with exactly that key; the name is resolved as Read does.
+  // Whether a settings file has a block with exactly that key; the name is resolved as Read does. Owner before
+  // id, as in the file, while the constructor takes id before owner: the block of SettingsData(1, FLTR, ...)
+  // is HoldsBlock(..., FLTR, 1).
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
   // Writes the block so that the file then holds it once: a new file is written beside the one of the work

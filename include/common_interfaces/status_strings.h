@@ -44,7 +44,8 @@ COMMON_INTERFACES_API std::string GetDateString(Camera* camera, std::string& cap
 // Where the observer is: the caption of the camera's moving type, full stops at its end removed, then (but
 // for the types 4, 9, 10 and 11) a blank and the name of the place. A type that is none has an empty caption.
 // Type 3 below the surface adds a text without a separator, deliberately: "BELOW SURFACE" if the table has
-// none.
+// none. Files keep no names: behind ReadSelf the text ends in that blank until SetLocationName has named the
+// place or the observer's body.
 COMMON_INTERFACES_API void GetLocationString(Camera* camera, char* text);
 COMMON_INTERFACES_API std::string GetLocationString(Camera* camera);
 
@@ -71,7 +72,9 @@ COMMON_INTERFACES_API std::string GetCenterOnString(Camera* camera);
 // hours with `hoursFormat`, 1 in degrees with `degreesFormat`, any other in degrees with `otherFormat`.
 // Arguments: degrees or hours (int), minutes (int), seconds (double, to 0.01) of the first angle, then of the
 // second. A negative second angle carries its sign on the first field that is not zero: -30 minutes are 0,
-// -30, 0.
+// -30, 0. The mode is the owner's to choose (SetAimingDispType) by the plane that the angles count from:
+// behind ReadSelf it is what the record keeps, 0 in the shipped ones, and an azimuth reads as hours. Along
+// the horizon the first angle grows over west; an azimuth is 2 pi less it.
 COMMON_INTERFACES_API void GetDirectionString(Camera* camera, char* text, int hoursFormat, int degreesFormat,
                                               int otherFormat);
 COMMON_INTERFACES_API std::string GetDirectionString(Camera* camera, int hoursFormat, int degreesFormat,

@@ -29,6 +29,9 @@ class ElementsTaker : public CQXSolSys {
   OrbitalElements elements;
 };
 
+// The number of the planet Pluto among the asteroids: one body, and the model knows the planet.
+constexpr int kPlutoAsAsteroid = 134340;
+
 constexpr short kLocateMode = 1;  // of ConvertDBRecord: the record goes to SetLocateObject
 
 void AddKnownBodies(BodyList& bodies) {
@@ -84,6 +87,7 @@ void AddTable(const char* name, int kind, BodyList& bodies) {
     table.Select(record);
     SkyBody body;
     body.id = SSO_ID(kind, static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0)));
+    if (body.id == SSO_ID(FourCC("astr"), kPlutoAsAsteroid)) continue;
     taker.taken = false;
     CommonInterfaces::ConvertDBRecord(body.id, &table, nullptr, &taker, kLocateMode);
     if (!taker.taken) continue;

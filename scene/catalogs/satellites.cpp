@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "scene/satellites.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "astro/satellite.h"
 #include "utils/debug.h"
 #include "utils/file.h"
+#include "utils/messages.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -108,6 +111,50 @@ class SatelliteReader {
   int m_Count = 0;
 };
 
+constexpr double kFresh = 30.0;  // days
+
+struct DoubtfulSatellite {
+  const char* name;
+  double age;  // of the elements, days; negative: ahead of the moment
+  SatelliteFault fault;
+};
+
+DoubtfulSatellite Judge(const SkyBody& body, const SkyMoment& moment) {
+  const double age = moment.day - body.elements.epoch + moment.fraction;
+  double position[3], velocity[3];
+  const SatelliteFault fault =
+      SatelliteModel(body.elements).GetState(age * kMinutesPerDay, position, velocity);
+  return {body.names.front().c_str(), age, fault};
+}
+
+void ReportOne(const DoubtfulSatellite& satellite) {
+  if (satellite.fault != SatelliteFault::kNone) {
+    PrintDebugString("%s: nobody can tell where it is, %s\n", satellite.name, Describe(satellite.fault));
+  } else {
+    PrintDebugString("%s: its elements are %.0f days %s, its place is a guess\n", satellite.name,
+                     std::fabs(satellite.age), satellite.age > 0.0 ? "old" : "ahead of the moment");
+  }
+}
+
+// "84 to 105 days old", "40 to 50 days ahead of the moment", "up to 40 days ahead of the moment and up to 50
+// days old"
+std::string DescribeAges(double least, double most) {
+  if (least > 0.0) return FormatText("%.0f to %.0f days old", least, most);
+  if (most < 0.0) return FormatText("%.0f to %.0f days ahead of the moment", -most, -least);
+  return FormatText("up to %.0f days ahead of the moment and up to %.0f days old", -least, most);
+}
+
+void ReportOld(const std::string& file, const std::vector<DoubtfulSatellite>& old) {
+  const auto [least, most] =
+      std::minmax_element(old.begin(), old.end(), [](const auto& a, const auto& b) { return a.age < b.age; });
+  const auto lost = std::count_if(old.begin(), old.end(),
+                                  [](const auto& one) { return one.fault != SatelliteFault::kNone; });
+  const std::string ages = DescribeAges(least->age, most->age);
+  const std::string unknown = lost > 0 ? FormatText(", %d of them have none", static_cast<int>(lost)) : "";
+  PrintDebugString("%s: the elements of %d satellites are %s, their places are guesses%s\n", file.c_str(),
+                   static_cast<int>(old.size()), ages.c_str(), unknown.c_str());
+}
+
 }  // namespace
 
 bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& error) {
@@ -131,22 +178,19 @@ bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& erro
   return false;
 }
 
-void ReportLostSatellites(const BodyList& bodies, const SkyMoment& moment) {
-  constexpr double kFresh = 30.0;  // days
+void ReportLostSatellites(const std::string& file, const BodyList& bodies, const SkyMoment& moment) {
+  std::vector<DoubtfulSatellite> old;
   for (const auto& body : bodies) {
     if (body.id.kind != FourCC("scft") || !body.hasElements) continue;
-    const double age = moment.day - body.elements.epoch + moment.fraction;
-    double position[3], velocity[3];
-    const SatelliteFault fault =
-        SatelliteModel(body.elements).GetState(age * kMinutesPerDay, position, velocity);
-    const char* name = body.names.front().c_str();
-    if (fault != SatelliteFault::kNone) {
-      PrintDebugString("%s: nobody can tell where it is, %s\n", name, Describe(fault));
-    } else if (std::fabs(age) > kFresh) {
-      PrintDebugString("%s: its elements are %.0f days %s, its place is a guess\n", name, std::fabs(age),
-                       age > 0.0 ? "old" : "ahead of the moment");
+    const DoubtfulSatellite satellite = Judge(body, moment);
+    if (std::fabs(satellite.age) > kFresh) {
+      old.push_back(satellite);
+    } else if (satellite.fault != SatelliteFault::kNone) {
+      ReportOne(satellite);
     }
   }
+  if (old.size() == 1) ReportOne(old.front());
+  if (old.size() > 1) ReportOld(file, old);
 }
 
 }  // namespace scene

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/field_names.h"
+#include "common_interfaces/planets_and_moons.h"
 #include "scene/name_key.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
@@ -14,6 +14,15 @@
 
 namespace scene {
 namespace {
+
+const SSO_ID kPluto(FourCC("plnt"), astro::kPlutoNumber);
+constexpr const char* kPlutoAsAsteroid = "134340 Pluto";
+
+// "alpha1cen" is "alphacen".
+std::string WithoutDigits(std::string key) {
+  std::erase_if(key, [](char c) { return c >= '0' && c <= '9'; });
+  return key;
+}
 
 std::string Numbered(const char* catalog, const CatalogTable& table, int field) {
   const int number = static_cast<int>(FieldNumber(table, field, 0.0));
@@ -58,6 +67,7 @@ ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) {
   AddStars(catalogs);
   AddDeepsky(catalogs);
   AddBodies(catalogs);
+  AddUnplacedMoons(catalogs);
   for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
     const auto& constellation = catalogs.constellations[i];
     for (const auto& name : {constellation.name, constellation.abbreviation, constellation.englishName}) {
@@ -71,8 +81,9 @@ void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
   for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
     table.Select(catalogs.stars.GetRecord(i));
     const FoundObject object = {ObjectGroup::kStar, i};
-    for (const int field : {CommonInterfaces::FieldIds::ProperName, CommonInterfaces::FieldIds::Bayer, CommonInterfaces::FieldIds::Flamsteed})
-      Add(FieldText(table, field), object);
+    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
+    AddBayer(FieldText(table, CommonInterfaces::FieldIds::Bayer), object);
+    Add(FieldText(table, CommonInterfaces::FieldIds::Flamsteed), object);
     Add(Numbered("HR ", table, CommonInterfaces::FieldIds::Number), object);
     Add(Numbered("HIP ", table, CommonInterfaces::FieldIds::HipparcosID), object);
   }
@@ -98,7 +109,29 @@ void ObjectSearch::AddBodies(const SkyCatalogs& catalogs) {
     if (body.hasElements) continue;
     Add(GetBodyLabel(body), {ObjectGroup::kBody, i});
     if (const char* name = description.GetObjectName(body.id)) Add(name, {ObjectGroup::kBody, i});
+    if (body.id == kPluto) Add(kPlutoAsAsteroid, {ObjectGroup::kBody, i});
   }
+}
+
+// Every moon of the list that is no body of the catalogs.
+void ObjectSearch::AddUnplacedMoons(const SkyCatalogs& catalogs) {
+  CommonInterfaces::PlanetMoonDescription description;
+  for (int number = 1; number <= astro::kPlutoNumber; ++number) {
+    const SSO_ID planet(FourCC("plnt"), number);
+    SSO_ID moon;
+    for (bool more = description.GetFirstMoon(moon, planet); more; more = description.GetNextMoon(moon)) {
+      if (FindBody(catalogs.bodies, moon) >= 0) continue;
+      const char* const parent = description.GetObjectName(planet);
+      m_Moons.push_back({MakeNameKey(description.GetObjectName(moon)), parent ? parent : "a planet"});
+    }
+  }
+}
+
+void ObjectSearch::AddBayer(const std::string& written, const FoundObject& object) {
+  Add(written, object);
+  const std::string key = MakeNameKey(written);
+  const std::string unnumbered = WithoutDigits(key);
+  if (unnumbered != key) m_Unnumbered.push_back({unnumbered, written, object});
 }
 
 // A name of the same key as one that the object has already says nothing new.
@@ -110,9 +143,9 @@ void ObjectSearch::Add(const std::string& written, const FoundObject& object) {
   if (!key.empty()) m_Names.push_back({key, written, object});
 }
 
-std::vector<FoundObject> ObjectSearch::FindKey(const std::string& key) const {
+std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, const std::string& key) {
   std::vector<FoundObject> found;
-  for (const auto& name : m_Names) {
+  for (const auto& name : names) {
     if (name.key == key) found.push_back(name.object);
   }
   return found;
@@ -120,11 +153,21 @@ std::vector<FoundObject> ObjectSearch::FindKey(const std::string& key) const {
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   constexpr std::string_view kMessier = "messier";
-  const std::string key = MakeNameKey(name);
-  std::vector<FoundObject> found = FindKey(key);
-  if (found.empty()) found = FindKey(MakeNameKey(ExpandGreekLetter(name)));
-  if (found.empty() && key.starts_with(kMessier)) found = FindKey("m" + key.substr(kMessier.size()));
+  const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
+  std::vector<FoundObject> found = FindIn(m_Names, key);
+  if (found.empty()) found = FindIn(m_Names, expanded);
+  if (found.empty() && key.starts_with(kMessier)) found = FindIn(m_Names, "m" + key.substr(kMessier.size()));
+  if (found.empty()) found = FindIn(m_Unnumbered, expanded);
   return found;
+}
+
+std::string ObjectSearch::DescribeMissing(const std::string& name) const {
+  const std::string key = MakeNameKey(name);
+  for (const auto& moon : m_Moons) {
+    if (moon.key == key) return "a moon of " + moon.parent + "; the model does not place it yet";
+  }
+  const std::string near = JoinNames(FindNear(name));
+  return "no such object" + (near.empty() ? "" : "; similar: " + near);
 }
 
 std::optional<FoundObject> ObjectSearch::FindOne(const std::string& name, std::string& error) const {
@@ -132,8 +175,7 @@ std::optional<FoundObject> ObjectSearch::FindOne(const std::string& name, std::s
   const std::vector<FoundObject> found = Find(name);
   if (found.size() == 1) return found.front();
   if (found.empty()) {
-    const std::string near = JoinNames(FindNear(name));
-    error = "'" + name + "': no such object" + (near.empty() ? "" : "; similar: " + near);
+    error = "'" + name + "': " + DescribeMissing(name);
     return std::nullopt;
   }
   error = "'" + name + "': ambiguous, wants one of ";

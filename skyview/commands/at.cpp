@@ -45,7 +45,7 @@ std::string RunAt(const Call& call) {
   SkyOptions& asked = options.sky;
   const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
   CheckInside(options, call.command.name);
-  ShownSky sky(asked, session, call.diagnostics);
+  ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);
   sky.Compute();
   const std::string answer = sky.DescribeAt(options.pixel.x, options.pixel.y, kTolerance);

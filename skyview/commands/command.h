@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"
 
 namespace skyview {
@@ -18,7 +19,8 @@ struct Call {
   const Command& command;
   std::vector<std::string> arguments;  // behind the command's own words
   std::string programFolder;           // for the default data root
-  Diagnostics& diagnostics;            // printed behind the text
+  const Clock& clock;
+  Diagnostics& diagnostics;  // printed behind the text
 };
 
 struct Command {

@@ -57,7 +57,7 @@ std::string Describe(const scene::LightCurve& curve) {
 std::string RunCurve(const Call& call) {
   CurveOptions options = Parse(call);
   const auto session = Start(call, options.root, options.view);
-  const PreparedView view(options.view, {}, session, call.diagnostics);
+  const PreparedView view(options.view, {}, session, call.clock, call.diagnostics);
   const auto now = scene::GetMoment(view.camera);
   const scene::LightCurve curve =
       scene::MakeLightCurve(*scene::FindVariableStar(options.star), now.day + now.fraction);

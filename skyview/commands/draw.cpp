@@ -57,7 +57,7 @@ std::string RunDraw(const Call& call) {
   DrawOptions options = Parse(call);
   SkyOptions& asked = options.sky;
   const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
-  ShownSky sky(asked, session, call.diagnostics);
+  ShownSky sky(asked, session, call.clock, call.diagnostics);
   ShowOrbits(options.sequence, sky);
   sky.Compute();
   WritePictures(options, sky.GetMaker().GetFrame());

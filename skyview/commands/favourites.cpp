@@ -44,7 +44,7 @@ using Change = bool (*)(const std::vector<std::string>& names, const scene::Obje
 std::string RunChange(const Call& call, Change change) {
   const ChangeOptions options = ParseChange(call);
   EnterRoots(options.root, call.programFolder);
-  const PreparedView view({}, {}, std::nullopt, call.diagnostics);
+  const PreparedView view({}, {}, std::nullopt, call.clock, call.diagnostics);
   scene::SkyCatalogs catalogs;
   LoadCatalogs(options.satellites, view.camera, catalogs);
   std::string error;

@@ -31,7 +31,7 @@ StoreOptions ParseStore(const Call& call) {
 std::string RunHomesShow(const Call& call) {
   const RootOptions root = ParseRoots(call);
   EnterRoots(root, call.programFolder);
-  const PreparedView view({}, {}, std::nullopt, call.diagnostics);
+  const PreparedView view({}, {}, std::nullopt, call.clock, call.diagnostics);
   return FormatHomes(view.camera);
 }
 
@@ -39,7 +39,7 @@ std::string RunHomesStore(const Call& call) {
   StoreOptions options = ParseStore(call);
   SkyOptions& asked = options.sky;
   const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
-  ShownSky sky(asked, session, call.diagnostics);
+  ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);
   sky.Compute();
   std::string error;

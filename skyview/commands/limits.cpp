@@ -40,7 +40,7 @@ void AddFavourites(const SettingsOptions& options, PreparedView& view) {
 std::string RunLimits(const Call& call) {
   LimitsOptions options = Parse(call);
   const auto session = Start(call, options.root, options.view);
-  PreparedView view(options.view, options.settings, session, call.diagnostics);
+  PreparedView view(options.view, options.settings, session, call.clock, call.diagnostics);
   AddFavourites(options.settings, view);
   KeepSettings(options.settings, view);
   return MakeLimitsTable(view.camera);

@@ -2,10 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/object_finder.h"
 
+#include <filesystem>
+
+#include "scene/aim.h"
+#include "scene/base_plane.h"
 #include "scene/favourites.h"
 #include "scene/satellites.h"
 #include "skyview/commands/start.h"
+#include "skyview/options/stop.h"
 #include "skyview/session/view_state.h"
+#include "utils/messages.h"
 
 namespace skyview {
 namespace {
@@ -16,7 +22,8 @@ void AddSatellites(const std::string& file, const CommonInterfaces::Camera& came
   std::string error;
   const bool loaded = scene::LoadSatellites(path, bodies, error);
   Require(loaded, "--tle: " + error);
-  scene::ReportLostSatellites(bodies, scene::GetMoment(camera));
+  const std::string name = std::filesystem::path(path).filename().string();
+  scene::ReportLostSatellites(name, bodies, scene::GetMoment(camera));
 }
 
 }  // namespace
@@ -38,6 +45,20 @@ scene::FoundObject ObjectFinder::Find(const std::string& asker, const std::strin
 const scene::ObjectSearch& ObjectFinder::GetSearch() {
   if (!m_Search) m_Search.emplace(m_Catalogs);
   return *m_Search;
+}
+
+void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFinder& finder,
+             CommonInterfaces::Camera& camera, Diagnostics& diagnostics) {
+  if (!options.aim) return;
+  const std::string asked = "--look '" + options.aim->name + "': ";
+  const scene::FoundObject object = finder.Find("--look", options.aim->name);
+  if (!scene::IsNearSurface(camera))
+    throw Stop{kBadOption, asked + "wants an observer near the Earth's surface (moving type 0 or 1)"};
+  const auto there = scene::AimAt(object, catalogs, camera);
+  Require(there.has_value(), asked + "nobody can tell where it is at that moment");
+  if (there->altitude < 0.0)
+    diagnostics.lines.push_back(asked +
+                                FormatText("below the horizon, altitude %.1f\u00B0\n", there->altitude));
 }
 
 void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,

@@ -10,6 +10,7 @@
 #include "common_interfaces/settings_data.h"
 #include "scene/object_search.h"
 #include "skyview/options/sky_group.h"
+#include "skyview/session/diagnostics.h"
 
 namespace skyview {
 
@@ -32,6 +33,11 @@ class ObjectFinder {
   scene::SkyCatalogs& m_Catalogs;
   std::optional<scene::ObjectSearch> m_Search;
 };
+
+// Turns the view to the object of --look, when it names one; one below the horizon becomes a diagnostic line.
+// Throws Stop.
+void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFinder& finder,
+             CommonInterfaces::Camera& camera, Diagnostics& diagnostics);
 
 // Adds the objects of --favourite to the filters. Throws Stop.
 void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,

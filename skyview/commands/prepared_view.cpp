@@ -23,14 +23,15 @@ void RestoreSettings(const std::optional<SessionCapsule>& session, Diagnostics& 
 }  // namespace
 
 PreparedView::PreparedView(const ViewOptions& options, const SettingsOptions& changes,
-                           const std::optional<SessionCapsule>& session, Diagnostics& diagnostics)
+                           const std::optional<SessionCapsule>& session, const Clock& clock,
+                           Diagnostics& diagnostics)
     : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(kOwner) {
   Require(LoadSettings(changes.settings, settings));
   RestoreSettings(session, diagnostics, settings);
   for (const auto& change : changes.set) Require(ChangeSetting(change, settings));
   camera.CreateDefault();
   camera.FillMagCorrectionsVector(&settings);
-  Require(ApplyOptions(options, session, diagnostics, camera));
+  Require(ApplyOptions(options, session, clock, diagnostics, camera));
 }
 
 void KeepSettings(const SettingsOptions& options, PreparedView& view) {

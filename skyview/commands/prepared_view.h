@@ -9,6 +9,7 @@
 #include "common_interfaces/settings_data.h"
 #include "skyview/options/settings_group.h"
 #include "skyview/options/view_group.h"
+#include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"
 #include "skyview/session/session_file.h"
 
@@ -19,7 +20,7 @@ namespace skyview {
 struct PreparedView {
   // Throws Stop. Favourites of the settings are not added: their names want the catalogs (ObjectFinder).
   PreparedView(const ViewOptions& options, const SettingsOptions& changes,
-               const std::optional<SessionCapsule>& session, Diagnostics& diagnostics);
+               const std::optional<SessionCapsule>& session, const Clock& clock, Diagnostics& diagnostics);
 
   CommonInterfaces::SettingsData settings;
   CommonInterfaces::Camera camera;

@@ -13,6 +13,7 @@
 #include "skyview/reports/report.h"
 #include "skyview/reports/shower_report.h"
 #include "skyview/reports/status.h"
+#include "skyview/session/choice.h"
 #include "skyview/session/favourite_list.h"
 #include "utils/text.h"
 
@@ -54,11 +55,13 @@ std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
 }  // namespace
 
 ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
-                   Diagnostics& diagnostics)
-    : m_View(options.view, options.settings, session, diagnostics),
+                   const Clock& clock, Diagnostics& diagnostics)
+    : m_View(options.view, options.settings, session, clock, diagnostics),
       m_Finder(m_Catalogs),
       m_WithShowers(options.extras.showers) {
   LoadCatalogs(options.satellites, m_View.camera, m_Catalogs);
+  AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics);
+  m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
   AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
   m_Marks = FindMarks(session);
@@ -88,7 +91,7 @@ void ShownSky::ShowOrbits(double fadeIn) {
 }
 
 std::string ShownSky::MakeReport() {
-  std::string report = skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame());
+  std::string report = m_Choice + skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame());
   if (m_WithShowers) report += MakeShowerReport(m_View.camera, m_Maker->GetObserver(), scene::LoadShowers());
   return report;
 }

@@ -20,7 +20,8 @@ class ShownSky {
  public:
   // Restores the view, loads the catalogs, finds what the options name and prepares the first frame. Throws
   // Stop.
-  ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session, Diagnostics& diagnostics);
+  ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session, const Clock& clock,
+           Diagnostics& diagnostics);
   ShownSky(const ShownSky&) = delete;
   ShownSky& operator=(const ShownSky&) = delete;
 
@@ -29,7 +30,8 @@ class ShownSky {
   // The frame of the view as it stands.
   void Compute() { m_Maker->Compute(); }
 
-  // What the frame shows, in the current language, UTF-8 lines.
+  // What the frame shows, in the current language, UTF-8 lines; first what was chosen where the options leave
+  // it to the clock.
   std::string MakeReport();
   // Why the object of that name is or is not in the frame, lines. Throws Stop for a name that is not that of
   // one.
@@ -57,6 +59,7 @@ class ShownSky {
   scene::ObjectFilters m_Filters;
   scene::SkyMarkers m_Markers;
   std::optional<scene::FrameMaker> m_Maker;  // makes room for the catalogs, so once they are loaded
+  std::string m_Choice;                      // DescribeChoice
   std::vector<std::string> m_Status;         // of the first frame
   bool m_WithShowers;
 };

@@ -12,29 +12,29 @@ namespace {
 bool AsksForHelp(const std::string& word) { return word == "help" || word == "--help" || word == "-h"; }
 
 // "help COMMAND" is "COMMAND --help".
-std::string RunHelp(const std::string& programFolder, Diagnostics& diagnostics,
+std::string RunHelp(const std::string& programFolder, const Clock& clock, Diagnostics& diagnostics,
                     const std::vector<std::string>& words) {
   if (words.empty()) return FormatCommands();
   const Command& command = *ChooseCommand(words).command;
-  return command.run({command, {"--help"}, programFolder, diagnostics});
+  return command.run({command, {"--help"}, programFolder, clock, diagnostics});
 }
 
 std::string RunCommand(const std::vector<std::string>& arguments, const std::string& programFolder,
-                       Diagnostics& diagnostics) {
+                       const Clock& clock, Diagnostics& diagnostics) {
   if (!arguments.empty() && AsksForHelp(arguments[0]))
-    return RunHelp(programFolder, diagnostics, {arguments.begin() + 1, arguments.end()});
+    return RunHelp(programFolder, clock, diagnostics, {arguments.begin() + 1, arguments.end()});
   const auto [command, words] = ChooseCommand(arguments);
   const auto first = arguments.begin() + static_cast<std::ptrdiff_t>(words);
-  return command->run({*command, {first, arguments.end()}, programFolder, diagnostics});
+  return command->run({*command, {first, arguments.end()}, programFolder, clock, diagnostics});
 }
 
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, const std::string& programFolder, std::ostream& output,
-        std::ostream& errors) {
+        std::ostream& errors, const Clock& clock) {
   Diagnostics diagnostics;
   try {
-    output << RunCommand(arguments, programFolder, diagnostics);
+    output << RunCommand(arguments, programFolder, clock, diagnostics);
     for (const auto& line : diagnostics.lines) errors << "skyview: " << scene::MessageToUtf8(line);
     return kDone;
   } catch (const Stop& stop) {

@@ -6,6 +6,7 @@
 #include "skyview/commands/object_finder.h"
 #include "skyview/commands/prepared_view.h"
 #include "skyview/commands/start.h"
+#include "skyview/session/choice.h"
 
 namespace skyview {
 namespace {
@@ -33,7 +34,7 @@ WhereOptions Parse(const Call& call) {
 std::string RunWhere(const Call& call) {
   WhereOptions options = Parse(call);
   const auto session = Start(call, options.root, options.view, options.satellites);
-  PreparedView view(options.view, {}, session, call.diagnostics);
+  PreparedView view(options.view, {}, session, call.clock, call.diagnostics);
   scene::SkyCatalogs catalogs;
   LoadCatalogs(options.satellites, view.camera, catalogs);
   ObjectFinder finder(catalogs);
@@ -42,7 +43,7 @@ std::string RunWhere(const Call& call) {
   const bool known =
       DescribeWhere(object, finder.GetSearch().GetTitle(object), catalogs, view.camera, text, error);
   Require(known, call.command.name + (" " + error));
-  return text;
+  return DescribeChoice(options.view, view.camera) + text;
 }
 
 }  // namespace skyview

@@ -29,7 +29,7 @@ std::string RunWhy(const Call& call) {
   WhyOptions options = Parse(call);
   SkyOptions& asked = options.sky;
   const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
-  ShownSky sky(asked, session, call.diagnostics);
+  ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);
   sky.Compute();
   const std::string explanation = sky.Explain(call.command.name, options.name);

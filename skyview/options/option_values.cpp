@@ -143,6 +143,23 @@ std::optional<Look> ParseLook(std::string_view text) {
   return Look{pair->first, pair->second};
 }
 
+std::optional<Aim> ParseAim(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789";
+  if (text.find_first_not_of("0123456789+-., ") == std::string_view::npos &&
+      text.find_first_not_of(kDigits) != std::string_view::npos)
+    return std::nullopt;
+  Aim aim;
+  const auto at = text.rfind('@');
+  if (at != std::string_view::npos) {
+    aim.zoom = ParseZoom(text.substr(at + 1));
+    if (!aim.zoom) return std::nullopt;
+    text = text.substr(0, at);
+  }
+  if (text.empty()) return std::nullopt;
+  aim.name = text;
+  return aim;
+}
+
 std::optional<PictureSize> ParseSize(std::string_view text) {
   constexpr int kMin = 64, kMax = 16384;
   const auto x = text.find('x');
@@ -162,6 +179,15 @@ std::optional<Pixel> ParsePixel(std::string_view text) {
 
 std::optional<double> ParseZoom(std::string_view text) {
   return ParseNumber(text, scene::kMinZoom, scene::kMaxZoom);
+}
+
+std::optional<double> ParseField(std::string_view text) { return ParseNumber(text, 0.0001, 359.0); }
+
+std::optional<ClockTime> ParseClockTime(std::string_view text) {
+  if (text == "now") return ClockTime::kNow;
+  if (text == "today") return ClockTime::kToday;
+  if (text == "tonight") return ClockTime::kTonight;
+  return std::nullopt;
 }
 
 std::optional<WrittenTime> ParseTime(std::string_view text) {

@@ -26,6 +26,15 @@ struct Place {
   double longitude = 0.0;  // -180 to 180
 };
 
+// A moment that the clock tells.
+enum class ClockTime { kNow, kToday, kTonight };
+
+// An object to look at, by its name.
+struct Aim {
+  std::string name;
+  std::optional<double> zoom;  // kMinZoom to kMaxZoom
+};
+
 // A direction in the horizon frame, degrees.
 struct Look {
   double azimuth = 0.0;   // from north over east, 0 to 360
@@ -54,12 +63,17 @@ struct WrittenTime {
 // "FILE:ID" where ID is a positive number; otherwise the whole text is the file and the id 1, so that a path
 // may hold colons.
 std::optional<ViewFile> ParseViewFile(std::string_view text);
-std::optional<Place> ParsePlace(std::string_view text);       // "52.52,13.405"
-std::optional<Look> ParseLook(std::string_view text);         // "180,30"
+std::optional<Place> ParsePlace(std::string_view text);  // "52.52,13.405"
+std::optional<Look> ParseLook(std::string_view text);    // "180,30"
+// "Jupiter", "M31@8": the zoom stands behind the last "@". Nothing for a text that a direction was meant by: of
+// nothing but signs, points, commas and digits, and more than digits, which can be a satellite's name.
+std::optional<Aim> ParseAim(std::string_view text);
 std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
 std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"
 std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
+std::optional<double> ParseField(std::string_view text);      // degrees, 0.0001 to 359
 
+std::optional<ClockTime> ParseClockTime(std::string_view text);  // "now", "today", "tonight"
 // "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the
 // T, and a date alone is its midnight. Years -9999 to 9999, astronomical; the date must exist in the
 // calendar.

@@ -16,7 +16,11 @@ std::optional<std::string> ParseZone(const std::string& text) {
 
 bool ReadTime(const std::string& text, ViewOptions& view) {
   view.timeText = text;
-  return Put(ParseTime(text), view.time);
+  return Put(ParseClockTime(text), view.clockTime) || Put(ParseTime(text), view.time);
+}
+
+bool ReadLook(const std::string& text, ViewOptions& view) {
+  return Put(ParseLook(text), view.look) || Put(ParseAim(text), view.aim);
 }
 
 bool ReadMarker(const std::string& text, ViewOptions& view) {
@@ -39,8 +43,10 @@ constexpr OptionRow<ViewOptions> kRows[] = {
       "change to this way of moving, 0 to 11, before the other view options; keep: with zoom and place"},
      Times::kOnce,
      [](const std::string& text, ViewOptions& view) { return Put(ParseMovingType(text), view.movingType); }},
-    {{"--time", "YYYY-MM-DD[THH:MM[:SS]][Z|+HH:MM]",
-      "moment, local in the zone unless Z or an offset stands behind it"},
+    {{"--time", "YYYY-MM-DD[THH:MM[:SS]][Z|+HH:MM]|now|today|tonight",
+      "moment, local in the zone unless Z or an offset stands behind it; today: noon; tonight: the middle of "
+      "the "
+      "night that ends with the next sunrise at the place (default without a saved view: tonight)"},
      Times::kOnce,
      ReadTime},
     {{"--zone", "NAME", "time zone of the IANA database, for example Europe/Berlin"},
@@ -49,12 +55,17 @@ constexpr OptionRow<ViewOptions> kRows[] = {
     {{"--place", "LAT,LON", "degrees, north and east positive, for example 52.52,13.405"},
      Times::kOnce,
      [](const std::string& text, ViewOptions& view) { return Put(ParsePlace(text), view.place); }},
-    {{"--look", "AZ,ALT", "degrees, azimuth 0 to 360 from north over east, altitude -90 to 90"},
+    {{"--look", "AZ,ALT|NAME[@ZOOM]",
+      "degrees, azimuth 0 to 360 from north over east, altitude -90 to 90; or an object, with the zoom "
+      "behind @"},
      Times::kOnce,
-     [](const std::string& text, ViewOptions& view) { return Put(ParseLook(text), view.look); }},
+     ReadLook},
     {{"--zoom", "FACTOR", "0.25 to 10000; 1 shows 37 degrees from the centre to a corner"},
      Times::kOnce,
      [](const std::string& text, ViewOptions& view) { return Put(ParseZoom(text), view.zoom); }},
+    {{"--fov", "DEGREES", "the angle across the picture, 0.0001 to 359, in place of --zoom"},
+     Times::kOnce,
+     [](const std::string& text, ViewOptions& view) { return Put(ParseField(text), view.field); }},
     {{"--size", "WIDTHxHEIGHT", "pixels, each 64 to 16384 (default: 1600x1000)"},
      Times::kOnce,
      [](const std::string& text, ViewOptions& view) { return Put(ParseSize(text), view.size); }},
@@ -63,7 +74,15 @@ constexpr OptionRow<ViewOptions> kRows[] = {
      Times::kAgain,
      ReadMarker}};
 
+void CheckZoom(const ViewOptions& view) {
+  if (view.zoom && view.field) throw Stop{kBadOption, "--fov: says the zoom, wants no --zoom beside it"};
+  if (!view.aim || !view.aim->zoom || (!view.zoom && !view.field)) return;
+  throw Stop{kBadOption, "--look " + view.aim->name + "@ZOOM: says the zoom, wants no " +
+                             (view.zoom ? "--zoom" : "--fov") + " beside it"};
+}
+
 void Check(const ViewOptions& view) {
+  CheckZoom(view);
   if (view.markers.size() > static_cast<std::size_t>(kMaxMarks))
     throw Stop{kBadOption, "--marker: given more than " + std::to_string(kMaxMarks) + " times"};
   if (view.session && view.view) throw Stop{kBadOption, "--session: holds a view, wants no --view beside it"};

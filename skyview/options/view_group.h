@@ -19,11 +19,14 @@ struct ViewOptions {
   bool home = false;                   // go to the home on the Earth
   std::optional<MovingType> movingType;
   std::optional<WrittenTime> time;
-  std::string timeText;  // --time as written, for messages
+  std::optional<ClockTime> clockTime;  // or that; never both
+  std::string timeText;                // --time as written, for messages
   std::optional<std::string> zone;
   std::optional<Place> place;
   std::optional<Look> look;
+  std::optional<Aim> aim;  // or that; never both
   std::optional<double> zoom;
+  std::optional<double> field;  // or that, or that of `aim`: degrees across the picture; never two of them
   std::optional<PictureSize> size;
   std::vector<scene::SkyMark> markers;
 

@@ -55,6 +55,7 @@ constexpr TextUse kHostTexts[] = {
     {900348, 900350, "sf", kMaxLength, true, "skyview: its rise, transit and set"},
     {900351, 900355, "", kMaxLength, true, "skyview: that it does none of these"},
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
+    {900371, 900374, "", kMaxLength, true, "skyview: what is shown when neither view nor time is given"},
 };
 
 }  // namespace

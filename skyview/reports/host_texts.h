@@ -76,6 +76,10 @@ enum class HostText : int {
   kWhereStaysDown,
   kCurveDate = 900361,
   kCurveMagnitude,
+  kChoseTonightAtHome = 900371,  // what is shown when neither view nor time is given
+  kChoseTonightThere,
+  kChoseTonight,
+  kChoseNow,
 };
 
 // What is done with each of them, ascending by identifier. Static data.

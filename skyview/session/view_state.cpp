@@ -7,11 +7,15 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
+#include "scene/aim.h"
 #include "scene/base_plane.h"
+#include "scene/field_of_view.h"
 #include "scene/observer_frame.h"
+#include "skyview/session/here_and_now.h"
 #include "skyview/session/homes.h"
 #include "skyview/session/session.h"
 #include "skyview/session/zone_time.h"
+#include "utils/messages.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -69,17 +73,34 @@ void ApplyPlace(const Place& place, Camera& camera) {
   camera.SetLocationName("");
 }
 
-void ApplyLook(const Look& look, Camera& camera) {
-  SphViewCoor angles;
-  angles.lon = (360.0 - look.azimuth) * scene::kRadiansPerDegree;
-  angles.lat = look.altitude * scene::kRadiansPerDegree;
-  camera.SetBasePlane(scene::kHorizonPlane);
-  camera.SetRA_Dec(angles);
+ViewResult ApplyField(double field, const PictureSize& size, Camera& camera) {
+  const double zoom = scene::FindZoomOfField(field, size.width, size.height);
+  if (!(zoom >= scene::kMinZoom && zoom <= scene::kMaxZoom)) {
+    const auto field_of = [&size](double at) { return scene::GetFieldOfZoom(at, size.width, size.height); };
+    return BadOption(FormatText("--fov %.6g: wants %.3g to %.4g degrees across %d pixels of %dx%d", field,
+                                field_of(scene::kMaxZoom), field_of(scene::kMinZoom), size.width, size.width,
+                                size.height));
+  }
+  camera.SetZoom(zoom);
+  return {};
+}
+
+// At most one of the ways to say it is given.
+ViewResult ApplyZoom(const ViewOptions& options, Camera& camera) {
+  if (options.zoom) camera.SetZoom(*options.zoom);
+  if (options.aim && options.aim->zoom) camera.SetZoom(*options.aim->zoom);
+  return options.field ? ApplyField(*options.field, options.GetSize(), camera) : ViewResult{};
+}
+
+void SetMoment(const UniversalMoment& moment, Camera& camera) {
+  _Date time;
+  camera.GetUniversalTime(time);
+  time.day = moment.day;
+  time.fraction = moment.fraction;
+  camera.SetUniversalTime(time);
 }
 
 ViewResult ApplyTime(const WrittenTime& written, const std::string& text, Camera& camera) {
-  _Date time;
-  camera.GetUniversalTime(time);
   const std::string zone = camera.GetDisplayTimeZoneName(true);
   UniversalMoment moment = {written.day, written.fraction - written.utcOffset.value_or(0.0)};
   Adjust_JD(moment.day, moment.fraction);
@@ -90,9 +111,17 @@ ViewResult ApplyTime(const WrittenTime& written, const std::string& text, Camera
                        " skip that time; wants one they show");
     moment = *found;
   }
-  time.day = moment.day;
-  time.fraction = moment.fraction;
-  camera.SetUniversalTime(time);
+  SetMoment(moment, camera);
+  return {};
+}
+
+// Without --time the clock decides only where nothing is restored: then tonight, or now for travellers.
+ViewResult ApplyClock(const ViewOptions& options, const Clock& clock, Camera& camera) {
+  if (!options.clockTime && !FollowsClock(options)) return {};
+  const ClockTime unsaid = scene::IsNearSurface(camera) ? ClockTime::kTonight : ClockTime::kNow;
+  const auto moment = FindMoment(options.clockTime.value_or(unsaid), clock(), camera);
+  if (!moment) return BadOption("--time tonight: wants an observer near the Earth's surface");
+  SetMoment(*moment, camera);
   return {};
 }
 
@@ -144,6 +173,7 @@ ViewResult CheckEarth(const ViewOptions& options, const Camera& camera) {
   if (camera.GetObserver() == SSO_ID(FourCC("plnt"), 3)) return {};
   if (options.place) return BadOption("--place: wants a view from the Earth");
   if (options.look) return BadOption("--look: wants a view from the Earth, whose horizon it counts from");
+  if (options.aim) return BadOption("--look: wants a view from the Earth");
   return {};
 }
 
@@ -162,7 +192,7 @@ std::string ResolveInput(const std::string& name) {
 }
 
 ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionCapsule>& session,
-                        Diagnostics& diagnostics, Camera& camera) {
+                        const Clock& clock, Diagnostics& diagnostics, Camera& camera) {
   if (options.view) {
     if (auto restored = RestoreView(*options.view, camera); restored.failure != Failure::kNone)
       return restored;
@@ -175,6 +205,9 @@ ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionC
     if (auto gone = GoHome(camera); gone.failure != Failure::kNone) return gone;
   }
   if (options.movingType) Move(*options.movingType, camera);
+  const bool followsClock = FollowsClock(options);
+  const Standpoint standpoint = FindStandpoint(options, camera);
+  if (followsClock && standpoint == Standpoint::kHome) StandAtHome(camera);
   if (auto checked = CheckEarth(options, camera); checked.failure != Failure::kNone) return checked;
   if (options.zone) {
     if (!IsKnownZone(*options.zone, diagnostics)) {
@@ -184,12 +217,14 @@ ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionC
     camera.SetTimeZoneName(options.zone->c_str(), true);
   }
   if (options.place) ApplyPlace(*options.place, camera);
-  if (options.look) ApplyLook(*options.look, camera);
-  if (options.zoom) camera.SetZoom(*options.zoom);
+  if (followsClock && scene::IsNearSurface(camera)) LookAround(standpoint, camera);
+  if (options.look) scene::LookTo({options.look->azimuth, options.look->altitude}, camera);
+  if (auto zoomed = ApplyZoom(options, camera); zoomed.failure != Failure::kNone) return zoomed;
   if (options.time) {
     if (auto set = ApplyTime(*options.time, options.timeText, camera); set.failure != Failure::kNone)
       return set;
   }
+  if (auto told = ApplyClock(options, clock, camera); told.failure != Failure::kNone) return told;
   if (const char* fault = FindFault(camera)) return BadData(NameView(options) + fault);
   const PictureSize size = options.GetSize();
   camera.SetWinRect({size.width, size.height, size.width, size.height});

@@ -10,6 +10,7 @@
 
 #include "common_interfaces/camera.h"
 #include "skyview/options/view_group.h"
+#include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"
 #include "skyview/session/session_file.h"
 
@@ -28,10 +29,12 @@ struct ViewResult {
 std::string ResolveInput(const std::string& name);
 
 // Restores the saved view, or that of the session when there is one, and lays the other options over it.
-// Afterwards the camera has its window and local offset, and near a surface its angles count from the
-// horizon. On a failure the camera is of no use.
+// What they leave to the clock (here_and_now.h) it tells, when it is asked. Afterwards the camera has its
+// window and local offset, and near a surface its angles count from the horizon; it does not look at the
+// object of --look yet, which wants the catalogs (AimView in object_finder.h). On a failure the camera is of
+// no use.
 ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionCapsule>& session,
-                        Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
+                        const Clock& clock, Diagnostics& diagnostics, CommonInterfaces::Camera& camera);
 
 // Saves the camera as that view of the file, which is replaced whole; other views in it stay. False when that
 // fails: `error` is then one line that names the file, and the file is as it was.

@@ -19,7 +19,7 @@ class SmallSky : public SmallRoot {
     output.str("");
     errors.str("");
     arguments.insert(arguments.end(), {"--data", dir.Path("data")});
-    return skyview::Run(arguments, dir.Path("bin"), output, errors);
+    return skyview::Run(arguments, dir.Path("bin"), output, errors, [this] { return now; });
   }
   bool Printed(const std::string& text) const { return output.str().find(text) != std::string::npos; }
   // The program's only line of complaint, without its end; "" when there was none or more than one.
@@ -29,6 +29,7 @@ class SmallSky : public SmallRoot {
   }
 
   std::ostringstream output, errors;
+  skyview::UniversalMoment now = {2461056, 0.25};  // what the clock says: 15 January 2026, 18:00
 };
 
 }  // namespace host_test

@@ -33,7 +33,9 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491",
 // "HIP 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as
 // the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or
-// catalogue number. Upper and lower case, accents, blanks and punctuation do not matter.
+// catalogue number. Pluto is one object, the planet, and "134340 Pluto" another name of it. A Bayer letter
+// that several stars share by numbers stands for all of them: "alpha Cen" for α1 and α2. Upper and lower
+// case, accents, blanks and punctuation do not matter.
 class SCENE_API ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
@@ -42,7 +44,8 @@ class SCENE_API ObjectSearch {
   // Every object of that name: none, one, or several when the name is ambiguous.
   std::vector<FoundObject> Find(const std::string& name) const;
   // The one object of that name. Nothing when there is none or more than one: `error` is then one line that
-  // names similar names, or the candidates.
+  // names similar names, or the candidates, or says whose moon it is when the list of planets and moons knows
+  // the name of a body that the model has no place for.
   std::optional<FoundObject> FindOne(const std::string& name, std::string& error) const;
   // Names like that one, for a name that nothing has.
   std::vector<std::string> FindNear(const std::string& name) const;
@@ -57,13 +60,22 @@ class SCENE_API ObjectSearch {
     std::string written;
     FoundObject object;
   };
+  // A body that has a name and no place.
+  struct UnplacedMoon {
+    std::string key, parent;
+  };
   void Add(const std::string& written, const FoundObject& object);
+  void AddBayer(const std::string& written, const FoundObject& object);
   void AddStars(SkyCatalogs& catalogs);
   void AddDeepsky(SkyCatalogs& catalogs);
   void AddBodies(const SkyCatalogs& catalogs);
-  std::vector<FoundObject> FindKey(const std::string& key) const;
+  void AddUnplacedMoons(const SkyCatalogs& catalogs);
+  static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
+  std::string DescribeMissing(const std::string& name) const;
 
-  std::vector<Name> m_Names;  // those of one object together, the best known first
+  std::vector<Name> m_Names;       // those of one object together, the best known first
+  std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it
+  std::vector<UnplacedMoon> m_Moons;
 };
 
 }  // namespace scene

@@ -18,8 +18,10 @@ namespace scene {
 // `error` is then one line that names the file.
 SCENE_API bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& error);
 
-// One diagnostic line for each satellite that has decayed by that moment, or of which the model cannot tell
-// for another reason where it is; also for elements more than a month from it, which say little.
-SCENE_API void ReportLostSatellites(const BodyList& bodies, const SkyMoment& moment);
+// Says of which satellites the places are doubtful at that moment. Elements more than a month from it say
+// little: one diagnostic line for all of them, which begins with `file`, whatever name of it the reader
+// knows; for a single one a line with its own name. A satellite of fresh elements that has decayed, or of
+// which the model cannot tell for another reason where it is, has a line of its own.
+SCENE_API void ReportLostSatellites(const std::string& file, const BodyList& bodies, const SkyMoment& moment);
 
 }  // namespace scene

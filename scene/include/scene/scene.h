@@ -11,6 +11,7 @@
 // value, with one line of text where there is something to say.
 #pragma once
 
+#include "scene/aim.h"
 #include "scene/base_plane.h"
 #include "scene/bodies.h"
 #include "scene/body_model.h"
@@ -26,11 +27,13 @@
 #include "scene/earth_observer.h"
 #include "scene/eclipse.h"
 #include "scene/favourites.h"
+#include "scene/field_of_view.h"
 #include "scene/frame_maker.h"
 #include "scene/image_groups.h"
 #include "scene/language.h"
 #include "scene/light_curve.h"
 #include "scene/name_key.h"
+#include "scene/night.h"
 #include "scene/object_filter.h"
 #include "scene/object_names.h"
 #include "scene/object_search.h"

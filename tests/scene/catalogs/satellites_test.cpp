@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "astro/julian_date.h"
-#include "scene/frame_helpers.h"
 #include "scene/bodies/satellite_pass.h"
+#include "scene/frame_helpers.h"
 
 using namespace scene;
 
@@ -88,13 +88,36 @@ TEST_F(Satellites, OldElementsAndDecayedSatellitesAreReportedInOneLineEach) {
   int day = 0;
   double fraction = 0.0;
   DJ({2014, 1, 25, 0, 0, 0.0}, day, fraction);
-  ReportLostSatellites(bodies, MakeMoment(day, fraction));
+  ReportLostSatellites("sets.tle", bodies, MakeMoment(day, fraction));
   EXPECT_EQ(CountLines(), 0u);
   DJ({2014, 4, 1, 0, 0, 0.0}, day, fraction);
-  ReportLostSatellites(bodies, MakeMoment(day, fraction));
+  ReportLostSatellites("sets.tle", bodies, MakeMoment(day, fraction));
   ASSERT_EQ(CountLines(), 1u);
   EXPECT_NE(f.diagnostics.lines[0].find("ISS (ZARYA): its elements are 70 days old"), std::string::npos)
       << f.diagnostics.lines[0];
+}
+
+// As a second satellite the same orbit, ten days before the first one.
+TEST_F(Satellites, SeveralSetsThatAreTooOldAreOneLineForTheFile) {
+  const std::string earlier =
+      "EARLIER\n1 25545U 98067A   14010.93268519  .00009878  00000-0  18200-3 0  5082\n"
+      "2 25545  51.6498 109.4756 0003572  55.9686 274.8005 15.49815350868474\n";
+  ASSERT_TRUE(Load(host_test::StationSet() + earlier)) << error;
+  ASSERT_EQ(bodies.size(), 2u) << f.diagnostics.lines[0];
+  const struct {
+    CalendarDate date;
+    const char* line;
+  } cases[] = {{{2014, 4, 1}, "70 to 80 days old, their places are guesses\n"},
+               {{2013, 12, 1}, "41 to 51 days ahead of the moment, their places are guesses\n"}};
+  for (const auto& c : cases) {
+    f.diagnostics.lines.clear();
+    int day = 0;
+    double fraction = 0.0;
+    DJ(c.date, day, fraction);
+    ReportLostSatellites("sets.tle", bodies, MakeMoment(day, fraction));
+    ASSERT_EQ(CountLines(), 1u);
+    EXPECT_EQ(f.diagnostics.lines[0], std::string("sets.tle: the elements of 2 satellites are ") + c.line);
+  }
 }
 
 // The numbers are held in tests/astro/satellite_pass_test.cpp; here the frame's own satellite has the same light.

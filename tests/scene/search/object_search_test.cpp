@@ -96,6 +96,48 @@ TEST_F(ObjectSearchTest, KindAndNumberAreThoseOfTheCatalogs) {
   EXPECT_EQ(GetNumber(*nebula, f.catalogs), 42);
 }
 
+TEST_F(ObjectSearchTest, PlutoIsOneObjectByBothNames) {
+  const host_test::OrbitRow pluto = {134340,  "Pluto", 2454000.5, 39.445, 0.25025, 17.089,
+                                     110.377, 112.597, 25.247,    -0.44,  0.15};
+  f.sky.dir.Write("data/catalogs/asteroids.txt", host_test::OrbitTable(&pluto, 1, false));
+  SkyCatalogs catalogs;
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(catalogs, error)) << error;
+  EXPECT_EQ(FindBody(catalogs.bodies, SSO_ID(FourCC("astr"), 134340)), -1) << "it would be drawn twice";
+  const ObjectSearch both(catalogs);
+  for (const char* name : {"Pluto", "134340 Pluto"}) {
+    const auto found = both.FindOne(name, error);
+    ASSERT_TRUE(found) << error;
+    EXPECT_EQ(GetKind(*found, catalogs), FourCC("plnt")) << name;
+    EXPECT_EQ(both.GetTitle(*found), "Pluto (134340 Pluto)");
+  }
+}
+
+TEST_F(ObjectSearchTest, BayerLetterWithoutItsNumberIsAmbiguous) {
+  f.sky.dir.Write(
+      "data/catalogs/stars.txt",
+      "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tBayer:text\n5459\t3.8\t-1\t0\t\u03B11 Cen\n"
+      "5460\t3.8\t-1\t1\t\u03B12 Cen\n5267\t3.7\t-1\t0.6\t\u03B2 Cen\n5193\t3.6\t-0.7\t3\t\u03BC1 Cen\n");
+  SkyCatalogs catalogs;
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(catalogs, error)) << error;
+  const ObjectSearch stars(catalogs);
+  for (const char* name : {"alpha cen", "alp Cen", "\u03B1 Cen"}) {
+    EXPECT_FALSE(stars.FindOne(name, error));
+    EXPECT_EQ(error, std::string("'") + name +
+                         "': ambiguous, wants one of \u03B11 Cen (HR 5459); \u03B12 Cen (HR 5460)");
+  }
+  EXPECT_TRUE(stars.FindOne("alpha1 Cen", error)) << error;
+  EXPECT_TRUE(stars.FindOne("beta Cen", error)) << error;
+  EXPECT_TRUE(stars.FindOne("mu Cen", error)) << "the only one that the catalog has";
+}
+
+TEST_F(ObjectSearchTest, MoonThatTheModelDoesNotPlaceIsToldFromWhatNobodyKnows) {
+  EXPECT_EQ(TitleOf("Io"), "? 'Io': a moon of Jupiter; the model does not place it yet");
+  EXPECT_EQ(TitleOf("io"), "? 'io': a moon of Jupiter; the model does not place it yet");
+  EXPECT_EQ(TitleOf("Moon"), "Moon");
+}
+
 TEST(FindObject, EveryObjectOfTheCatalogsIsFoundByItsKindAndNumber) {
   host_test::FrameFixture f;
   const std::pair<ObjectGroup, int> groups[] = {

@@ -121,11 +121,54 @@ TEST(ViewGroup, EachBadValueNamesItselfItsOptionAndTheForm) {
                              {"--time", "yesterday", "YYYY-MM-DD"},
                              {"--zone", "", "NAME"},
                              {"--place", "91,0", "LAT,LON"},
-                             {"--look", "south", "AZ,ALT"},
+                             {"--look", "10,95", "AZ,ALT|NAME[@ZOOM]"},
+                             {"--look", "-10", "AZ,ALT|NAME[@ZOOM]"},
+                             {"--look", "Moon@0.1", "AZ,ALT|NAME[@ZOOM]"},
+                             {"--look", "@5", "AZ,ALT|NAME[@ZOOM]"},
+                             {"--fov", "360", "DEGREES"},
+                             {"--fov", "0", "DEGREES"},
                              {"--zoom", "0", "FACTOR"},
                              {"--size", "10x10", "WIDTHxHEIGHT"},
                              {"--moving-type", "12", "N[,keep]"},
                              {"--marker", "400,0", "RA,DEC[,ID]"}});
+}
+
+TEST(ViewGroup, LookTakesADirectionOrAnObjectWithItsZoom) {
+  const auto direction = ParseGroup(kViewGroup, {"--look", "180,30"});
+  EXPECT_TRUE(direction.options.look && !direction.options.aim);
+  const struct {
+    const char *text, *name;
+    std::optional<double> zoom;
+  } names[] = {{"Jupiter", "Jupiter", {}},
+               {"alpha CMa@8", "alpha CMa", 8.0},
+               {"C/1995 O1 (Hale-Bopp)", "C/1995 O1 (Hale-Bopp)", {}},
+               {"25544", "25544", {}}};
+  for (const auto& c : names) {
+    const auto parsed = ParseGroup(kViewGroup, {"--look", c.text});
+    ASSERT_TRUE(parsed.options.aim && !parsed.options.look) << c.text;
+    EXPECT_EQ(parsed.options.aim->name, c.name);
+    EXPECT_EQ(parsed.options.aim->zoom, c.zoom);
+  }
+}
+
+TEST(ViewGroup, TimeTakesWhatTheClockTells) {
+  EXPECT_EQ(ParseGroup(kViewGroup, {"--time", "now"}).options.clockTime, ClockTime::kNow);
+  EXPECT_EQ(ParseGroup(kViewGroup, {"--time", "today"}).options.clockTime, ClockTime::kToday);
+  EXPECT_EQ(ParseGroup(kViewGroup, {"--time", "tonight"}).options.clockTime, ClockTime::kTonight);
+  EXPECT_FALSE(ParseGroup(kViewGroup, {"--time", "2026-01-15"}).options.clockTime);
+}
+
+TEST(ViewGroup, ZoomIsSaidOnceOnly) {
+  EXPECT_EQ(ParseGroup(kViewGroup, {"--fov", "30"}).options.field, 30.0);
+  for (const std::vector<std::string>& twice : {std::vector<std::string>{"--fov", "30", "--zoom", "2"},
+                                                {"--look", "Moon@9", "--zoom", "2"},
+                                                {"--look", "Moon@9", "--fov", "3"}}) {
+    const auto parsed = ParseGroup(kViewGroup, twice);
+    ASSERT_TRUE(parsed.stop) << twice[1];
+    EXPECT_EQ(parsed.stop->code, kBadOption);
+    EXPECT_TRUE(Contains(parsed.message, "beside it")) << parsed.message;
+  }
+  EXPECT_FALSE(ParseGroup(kViewGroup, {"--look", "Moon", "--fov", "3"}).stop);
 }
 
 TEST(ViewGroup, ZoneNamesLongerThanACameraKeepsAreRefused) {

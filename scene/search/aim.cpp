@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/aim.h"
+
+#include "astro/rise_set.h"
+#include "scene/base_plane.h"
+#include "scene/object_sight.h"
+
+namespace scene {
+
+void LookTo(const Standing& direction, CommonInterfaces::Camera& camera) {
+  SphViewCoor angles;
+  angles.lon = (360.0 - direction.azimuth) * kRadiansPerDegree;
+  angles.lat = direction.altitude * kRadiansPerDegree;
+  camera.SetBasePlane(kHorizonPlane);
+  camera.SetRA_Dec(angles);
+}
+
+std::optional<Standing> AimAt(const FoundObject& object, SkyCatalogs& catalogs,
+                              CommonInterfaces::Camera& camera) {
+  if (!IsNearSurface(camera)) return std::nullopt;
+  const SkyMoment moment = GetMoment(camera);
+  const EarthPlace place = GetPlace(camera);
+  ObservedBody seen;
+  if (!ObjectSight(object, catalogs).Observe(moment, place, seen)) return std::nullopt;
+  double axes[9];
+  HorizonAxes(moment, place, axes);
+  const auto there = astro::MakeHorizonPlace(axes, seen.apparent, 0.0);
+  const Standing direction = {there.azimuth / kRadiansPerDegree, there.altitude / kRadiansPerDegree};
+  LookTo(direction, camera);
+  return direction;
+}
+
+}  // namespace scene
