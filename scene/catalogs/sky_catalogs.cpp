@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
@@ -181,18 +182,20 @@ ObjectTraits GetTraits(const ConstellationName& constellation) {
 }
 
 bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
+  SkyCatalogs loaded;
   CatalogTable table;
-  if (!LoadTable("catalogs:stars.txt", catalogs.starTable, error)) return false;
-  catalogs.stars.Fill(catalogs.starTable);
-  if (!LoadTable("catalogs:deepsky.txt", catalogs.deepskyTable, error)) return false;
-  FillDeepsky(catalogs.deepskyTable, catalogs.deepsky);
+  if (!LoadTable("catalogs:stars.txt", loaded.starTable, error)) return false;
+  loaded.stars.Fill(loaded.starTable);
+  if (!LoadTable("catalogs:deepsky.txt", loaded.deepskyTable, error)) return false;
+  FillDeepsky(loaded.deepskyTable, loaded.deepsky);
   if (!LoadTable("catalogs:constellations.txt", table, error)) return false;
-  FillNames(table, catalogs.constellations);
+  FillNames(table, loaded.constellations);
   if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
-  FillFigures(table, catalogs);
+  FillFigures(table, loaded);
   if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
-  FillMilkyWay(table, catalogs);
-  catalogs.bodies = LoadBodies();
+  FillMilkyWay(table, loaded);
+  loaded.bodies = LoadBodies();
+  catalogs = std::move(loaded);
   return true;
 }
 

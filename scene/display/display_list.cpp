@@ -96,9 +96,11 @@ void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
 void DisplayList::Reserve(const Capacity& capacity) {
   m_Points.reserve(capacity.points);
   m_Discs.reserve(capacity.discs);
+  m_Shadows.reserve(capacity.shadows);
   m_Polylines.reserve(capacity.polylines);
   m_Ellipses.reserve(capacity.ellipses);
   m_Polygons.reserve(capacity.polygons);
+  m_Gradients.reserve(capacity.gradients);
   m_Texts.reserve(capacity.texts);
   m_Rings.reserve(capacity.rings);
   m_Vertices.reserve(capacity.vertices);

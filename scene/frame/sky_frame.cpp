@@ -14,12 +14,16 @@ namespace {
 // Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits) grows once.
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24;
+  constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
+  constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
   capacity.points = static_cast<std::size_t>(catalogs.stars.GetCount()) + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
+  capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
   capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays;
   capacity.polygons = catalogs.bodies.size() + kOverlays;
+  capacity.gradients = catalogs.bodies.size() + kGrounds;
   capacity.rings = catalogs.milkyWay.size() + kOverlays;
   capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
                       2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size();

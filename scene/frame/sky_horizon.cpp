@@ -71,6 +71,7 @@ void SkyHorizon::AddCompass(const ViewGeometry& geometry, LabelPlacer& labels) {
 void SkyHorizon::DrawHaze(DisplayList& list) const {
   constexpr double kLeastStep = 0.5;  // pixels
   for (const auto& band : m_Haze) {
+    if (band.ringEnds.empty()) continue;
     AddRegion(band, kLeastStep, list);
     PolygonRecord area = {};
     area.colour = ToFaintRgba(palette::kHaze);

@@ -41,7 +41,7 @@ CurveOptions Parse(const Call& call) {
                                JoinNames(scene::ListVariableStars())};
   }
   if (options.pictures.out.empty())
-    throw Stop{kBadOption, command + ": wants --out FILE.svg or --out FILE.png beside it"};
+    throw Stop{kBadOption, command + ": wants --out FILE.svg, FILE.png or FILE.pdf beside it"};
   return options;
 }
 

@@ -15,10 +15,7 @@ void CheckWork(const RootOptions& root) {
 }
 
 RootOptions ParseShow(const Call& call) {
-  RootOptions root;
-  CommandLine line(call.command.name, call.command.purpose);
-  line.Take(kRootGroup, root);
-  line.Parse(call.arguments);
+  RootOptions root = ParseRoots(call);
   CheckWork(root);
   return root;
 }

@@ -10,14 +10,6 @@
 namespace skyview {
 namespace {
 
-RootOptions ParseShow(const Call& call) {
-  RootOptions root;
-  CommandLine line(call.command.name, call.command.purpose);
-  line.Take(kRootGroup, root);
-  line.Parse(call.arguments);
-  return root;
-}
-
 struct StoreOptions {
   RootOptions root;
   SkyOptions sky;
@@ -37,7 +29,7 @@ StoreOptions ParseStore(const Call& call) {
 }  // namespace
 
 std::string RunHomesShow(const Call& call) {
-  const RootOptions root = ParseShow(call);
+  const RootOptions root = ParseRoots(call);
   EnterRoots(root, call.programFolder);
   const PreparedView view({}, {}, std::nullopt, call.diagnostics);
   return FormatHomes(view.camera);

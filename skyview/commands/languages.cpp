@@ -10,14 +10,6 @@
 namespace skyview {
 namespace {
 
-RootOptions Parse(const Call& call) {
-  RootOptions root;
-  CommandLine line(call.command.name, call.command.purpose);
-  line.Take(kRootGroup, root);
-  line.Parse(call.arguments);
-  return root;
-}
-
 // The default language needs no folder of its own.
 std::vector<std::string> ListLanguages(const std::string& data) {
   auto languages = scene::FindLanguages(data);
@@ -30,7 +22,7 @@ std::vector<std::string> ListLanguages(const std::string& data) {
 }  // namespace
 
 std::string RunLanguages(const Call& call) {
-  const RootOptions root = Parse(call);
+  const RootOptions root = ParseRoots(call);
   const std::string data = EnterRoots(root, call.programFolder);
   std::string text;
   for (const auto& language : ListLanguages(data)) text += language + "\n";

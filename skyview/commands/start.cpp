@@ -29,6 +29,14 @@ void Require(const ViewResult& result) {
   throw Stop{result.failure == Failure::kBadOption ? kBadOption : kBadData, result.message};
 }
 
+RootOptions ParseRoots(const Call& call) {
+  RootOptions root;
+  CommandLine line(call.command.name, call.command.purpose);
+  line.Take(kRootGroup, root);
+  line.Parse(call.arguments);
+  return root;
+}
+
 std::string EnterRoots(const RootOptions& root, const std::string& programFolder) {
   const std::string data = FindData(root, programFolder), language = root.GetLanguage();
   std::string error;

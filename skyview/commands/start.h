@@ -17,6 +17,9 @@ namespace skyview {
 void Require(bool done, const std::string& error);  // kBadData
 void Require(const ViewResult& result);
 
+// The command line of a command that takes the roots alone. Throws Stop.
+RootOptions ParseRoots(const Call& call);
+
 // Points the logical paths at the roots and takes up the language. Returns the folder of the data root.
 std::string EnterRoots(const RootOptions& root, const std::string& programFolder);
 

@@ -182,7 +182,7 @@ bool IsPictureName(std::string_view text) {
   if (text.size() < 5) return false;
   const auto ending = text.substr(text.size() - 4);
   const char before = text[text.size() - 5];
-  return (ending == ".svg" || ending == ".png") && before != '/' && before != '\\';
+  return (ending == ".svg" || ending == ".png" || ending == ".pdf") && before != '/' && before != '\\';
 }
 
 }  // namespace skyview

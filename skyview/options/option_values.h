@@ -65,7 +65,7 @@ std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMa
 // calendar.
 std::optional<WrittenTime> ParseTime(std::string_view text);
 
-// Ends in ".svg" or ".png" and has a name before that.
+// Ends in ".svg", ".png" or ".pdf" and has a name before that.
 bool IsPictureName(std::string_view text);
 
 }  // namespace skyview

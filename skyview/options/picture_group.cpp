@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMaxPictures = 2;
 
-constexpr OptionText kPatterns = {"--out", "NAME%03d.svg|NAME%03d.png",
+constexpr OptionText kPatterns = {"--out", "NAME%03d.svg|NAME%03d.png|NAME%03d.pdf",
                                   "with --play one number, %d or %01d to %09d, and no other %"};
 
 bool ReadPicture(const std::string& name, PictureOptions& pictures) {
@@ -23,7 +23,7 @@ bool ReadPicture(const std::string& name, PictureOptions& pictures) {
 }
 
 constexpr OptionRow<PictureOptions> kPictureRows[] = {
-    {{"--out", "FILE.svg|FILE.png", "picture to write; may be given twice"}, Times::kAgain, ReadPicture}};
+    {{"--out", "FILE.svg|FILE.png|FILE.pdf", "picture to write; may be given twice"}, Times::kAgain, ReadPicture}};
 
 std::optional<std::string> ParseSheetName(const std::string& text) {
   if (!IsPictureName(text) || !text.ends_with(".png")) return std::nullopt;

@@ -157,6 +157,13 @@ TEST(PickExample, NameLiesOverTheStarAndBothAreOneObject) {
   EXPECT_EQ(hits[0].distance, 0.0);
 }
 
+TEST(PickExample, NameAloneIsHitBesideTheStar) {
+  const std::vector<Hit> hits = PickObjects(MakeExample(), 170.0, 100.0, 4.0);
+  ASSERT_EQ(hits.size(), 1u);
+  EXPECT_EQ(hits[0].object, kVega);
+  EXPECT_EQ(hits[0].layer, Layer::kLabels);
+}
+
 TEST(PickExample, LineStandsForNoObject) {
   EXPECT_TRUE(PickObjects(MakeExample(), 100.0, 130.0, 4.0).empty());
 }

@@ -2,35 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "paint/picture_file.h"
 
-#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "scene/frame_helpers.h"
-#include "scene/caption.h"
-#include "skyview/reports/status.h"
 #include "support/xml_check.h"
 
 using namespace paint;
 using namespace scene;
-
-namespace {
-
-// As the painter sets captions, pixels.
-double MeasureWidth(const std::string& text, double size) {
-  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1);
-  cairo_t* context = cairo_create(surface);
-  cairo_select_font_face(context, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-  cairo_set_font_size(context, size);
-  cairo_text_extents_t extents;
-  cairo_text_extents(context, text.c_str(), &extents);
-  cairo_destroy(context);
-  cairo_surface_destroy(surface);
-  return extents.x_advance;
-}
-
-}  // namespace
 
 class PictureFile : public testing::Test {
  protected:
@@ -61,25 +41,6 @@ TEST_F(PictureFile, TextInTheSvgIsEscaped) {
   ASSERT_TRUE(MakeSvg(f.frame.GetDisplayList(), svg, error)) << error;
   EXPECT_EQ(host_test::FindXmlFault(svg), "");
   EXPECT_NE(svg.find(">&lt;a &amp; b&gt;</text>"), std::string::npos);
-}
-
-TEST_F(PictureFile, CaptionFitsInTheWidthInEveryLanguage) {
-  f.camera.SetTimeZoneName("America/Argentina/Buenos_Aires", true);
-  f.camera.SetCenterView(SSO_ID(FourCC("star"), 5459));
-  for (const char* language : {"de", "ru", "en"}) {
-    ASSERT_TRUE(SwitchLanguage(
-        f.sky.dir.Path("data"), language, [] {}, error))
-        << error;
-    const auto status = MakeStatus(f.camera, f.catalogs);
-    for (const auto& [width, height] : {std::pair(1600, 1000), std::pair(640, 480), std::pair(500, 1500)}) {
-      const double unit = GetPictureUnit(width, height);
-      const auto lines = MakeCaption(status, width, height);
-      EXPECT_GE(lines.size(), 2u);
-      for (const auto& line : lines) {
-        EXPECT_LE(kCaptionLeft * unit + MeasureWidth(line, kCaptionFont * unit), width) << line;
-      }
-    }
-  }
 }
 
 // PNG specification: eight bytes of signature, then the header chunk with width and height, most significant first.

@@ -7,10 +7,8 @@
 
 #include "astro/julian_date.h"
 #include "scene/data_root.h"
-#include "scene/language.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/sky_frame.h"
-#include "scene/data_root.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 
@@ -75,10 +73,7 @@ class FrameFixture {
  private:
   bool Load() {
     std::string error;
-    return scene::SetSkyRoots(sky.dir.Path("data"), "", error) &&
-           scene::SwitchLanguage(
-               sky.dir.Path("data"), "en", [] {}, error) &&
-           scene::LoadSkyCatalogs(catalogs, error);
+    return scene::OpenDataRoot(sky.dir.Path("data"), "", "en", catalogs, error);
   }
   bool m_Loaded;
 

@@ -122,9 +122,9 @@ struct EllipseRecord {
   ObjectRef object;
 };
 
-// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards: the
-// colour `edge` lies on the outside in four bands, of 9, 21, 36 and 56 times `softness` / 2 pixels, one over
-// the other.
+// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards: outside
+// the area the rings are stroked in the colour `edge`, with round joins, four times one over the other, 9, 21, 36
+// and 56 times `softness` / 2 pixels wide; the half of each width lies outside.
 struct PolygonRecord {
   int firstRing, ringCount;
   Rgba colour, edge;
@@ -220,8 +220,8 @@ class SCENE_API DisplayList {
 
   // Room for so many records, so that frames up to that size allocate nothing.
   struct Capacity {
-    std::size_t points = 0, discs = 0, polylines = 0, ellipses = 0, polygons = 0, texts = 0, rings = 0,
-                vertices = 0, textBytes = 0, runs = 0;
+    std::size_t points = 0, discs = 0, shadows = 0, polylines = 0, ellipses = 0, polygons = 0, gradients = 0,
+                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0;
   };
   void Reserve(const Capacity& capacity);
 

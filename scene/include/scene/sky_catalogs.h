@@ -71,8 +71,9 @@ struct SkyCatalogs {
   CatalogTable starTable, deepskyTable;  // for what no frame needs, such as all the names of an object
 };
 
-// Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies). False when one
-// of the five is missing or is no table: `error` is then one line that names the file.
+// Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
+// there was. False when one of the five is missing or is no table: `error` is then one line that names the file,
+// and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene

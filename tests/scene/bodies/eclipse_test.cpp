@@ -9,7 +9,6 @@
 #include "astro/julian_date.h"
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
-#include "skyview/reports/body_texts.h"
 
 using namespace scene;
 
@@ -71,4 +70,3 @@ TEST_F(EclipseTest, NoShadowOnTheMoonWithoutAnEclipse) {
   EXPECT_EQ(shadows.GetMoonShadow(), nullptr);
   EXPECT_LT(shadows.GetUmbralMagnitude(), 0.0);
 }
-

@@ -38,18 +38,6 @@ class Clock {
 
 }  // namespace
 
-TEST(OrbitRequest, NamesWithCommasBetween) {
-  EXPECT_TRUE(ParseOrbits("planets")->planets);
-  EXPECT_TRUE(ParseOrbits("all")->all);
-  const auto some = ParseOrbits("planets,Ceres,1P/Halley");
-  ASSERT_TRUE(some);
-  EXPECT_TRUE(some->planets);
-  EXPECT_EQ(some->names, (std::vector<std::string>{"Ceres", "1P/Halley"}));
-  EXPECT_EQ(FormatOrbits(*some), "planets,Ceres,1P/Halley");
-  for (const char* bad : {"", ",", "Ceres,", ",Ceres", "Ceres, ,Vesta"})
-    EXPECT_FALSE(ParseOrbits(bad)) << bad;
-}
-
 TEST(OrbitPaths, OrbitLeadsThroughTheBody) {
   FrameFixture f;
   f.camera.SetZoom(0.5);
@@ -60,7 +48,8 @@ TEST(OrbitPaths, OrbitLeadsThroughTheBody) {
   for (const int number : {5, 7}) {
     const DrawnBody* body = f.frame.GetParts().solarSystem.GetMarks().Find(Planet(f, number));
     ASSERT_NE(body, nullptr) << number;
-    EXPECT_LT(DistanceFrom(f.frame.GetParts().solarSystem.GetOrbits().GetLines(), body->place), 1.0) << number;
+    EXPECT_LT(DistanceFrom(f.frame.GetParts().solarSystem.GetOrbits().GetLines(), body->place), 1.0)
+        << number;
   }
 }
 
@@ -80,8 +69,7 @@ TEST(OrbitPaths, OrbitOfTheMoonGoesAroundTheEarth) {
 TEST(OrbitPaths, LinesStayInTheWindowAndAboveTheHorizon) {
   FrameFixture f;
   f.SetLook(200.0, 5.0);
-  for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
-    f.frame.ShowOrbit(body, 0.0);
+  for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body) f.frame.ShowOrbit(body, 0.0);
   for (const double zoom : {0.25, 1.0, 8.0}) {
     f.camera.SetZoom(zoom);
     f.Compute();

@@ -6,11 +6,11 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
 #include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "scene/frame_helpers.h"
 #include "scene/satellites.h"
+#include "support/allocation_counter.h"
 
 using namespace scene;
 using host_test::FrameFixture;
@@ -48,7 +48,7 @@ TEST(SolarSystemPart, BodiesStandWhereAnotherLibrarySeesThem) {
         astro::MakeHorizonPlace(f.observer.reduction, StateOf(f, entry.body).seen.apparent, 0.0);
     const Direction seen = scene::MakeDirection(place.azimuth, place.altitude),
                     other = scene::MakeDirection(entry.azimuth * kRadiansPerDegree,
-                                                   entry.altitude * kRadiansPerDegree);
+                                                 entry.altitude * kRadiansPerDegree);
     EXPECT_LT(VectorsAngle(seen.v, other.v), 0.5 * kArcMinute) << entry.body;
   }
 }
@@ -129,14 +129,22 @@ TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   EXPECT_EQ(Drawn(f, kMoonBody)->cosPhase, 1.0);
 }
 
+TEST(SolarSystemPart, ObserversElsewhereSeeNoBodies) {
+  FrameFixture f;
+  f.camera.SetMovingType(11, false);
+  f.shown.horizon = false;
+  f.Compute();
+  EXPECT_FALSE(f.frame.GetParts().solarSystem.IsSeenFromEarth());
+  EXPECT_TRUE(f.frame.GetParts().solarSystem.GetMarks().GetDrawn().empty());
+}
+
 TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   FrameFixture f;
   const std::string path = f.sky.dir.Write("station.tle", host_test::StationSet());
   std::string error;
   ASSERT_TRUE(LoadSatellites(path, f.catalogs.bodies, error)) << error;
   SkyFrame frame(f.catalogs);
-  for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
-    frame.ShowOrbit(body, 0.0);
+  for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body) frame.ShowOrbit(body, 0.0);
   // The fixture's sky has stars in it, so that the pool of their records gets its block now.
   frame.Compute(f.camera, PrepareObserver(f.camera), f.shown);
   ASSERT_FALSE(frame.GetStars().empty());
@@ -154,4 +162,3 @@ TEST(SolarSystemPart, NothingIsAllocatedAfterTheFirstFrame) {
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(drawn, 0u);
 }
-

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
+#include "scene/language.h"
 #include "scene/object_search.h"
 
 using namespace scene;

@@ -51,10 +51,6 @@ TEST_F(LabelPlacing, BeginForgetsEverything) {
   EXPECT_EQ(placer.PlaceCentred("Orion", {200, 150}, 12.0, LabelKind::kConstellation), 0);
 }
 
-TEST_F(LabelPlacing, WidthCountsCharactersAndNotBytes) {
-  EXPECT_DOUBLE_EQ(LabelPlacer::EstimateWidth("α", 10.0), LabelPlacer::EstimateWidth("a", 10.0));
-}
-
 TEST(LabelKinds, FollowTheClassOfTheObject) {
   EXPECT_EQ(LabelKindOfDeepsky(FourCC("gala")), LabelKind::kGalaxy);
   EXPECT_EQ(LabelKindOfDeepsky(FourCC("clst")), LabelKind::kCluster);

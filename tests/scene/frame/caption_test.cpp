@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "scene/display/labels.h"
+#include "scene/text_extents.h"
 
 using Lines = std::vector<std::string>;
 
@@ -56,7 +56,7 @@ TEST(Caption, NoLineIsWiderThanThePictureWhateverItsSize) {
       const auto lines = scene::MakeCaption(texts, width, height);
       EXPECT_LE(static_cast<double>(lines.size()) * 19.5 * unit, height / 3.0);
       for (const auto& line : lines) {
-        EXPECT_LE(14.0 * unit + scene::LabelPlacer::EstimateWidth(line.c_str(), 13.0 * unit), width);
+        EXPECT_LE(14.0 * unit + scene::TextExtents().GetWidth(line.c_str(), 13.0 * unit, 0), width);
       }
     }
   }

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
 #include "scene/object_search.h"
+#include "support/allocation_counter.h"
 
 using namespace scene;
 using host_test::FrameFixture;
@@ -29,12 +29,13 @@ TEST(FavouriteMarks, StandBesideTheStarsThatAreDrawn) {
   FrameFixture f;
   f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), 7001)});
   f.Compute();
-  const auto& places = f.frame.GetParts().favourites.GetMarks();
-  ASSERT_EQ(places.size(), 1u) << "Vega is not in the picture";
+  const auto& marks = f.frame.GetParts().favourites.GetMarks();
+  ASSERT_EQ(marks.size(), 1u) << "Vega is not in the picture";
   const auto* sirius = f.Find(kSirius);
   ASSERT_TRUE(sirius);
-  const double away = Distance(places[0], PlaceOf(*sirius));
-  EXPECT_GT(away, sirius->output->m_Place.radius + FavouriteMarks::GetRadius(f.frame.GetDisplayList().GetUnit()));
+  const double away = Distance(marks[0].place, PlaceOf(*sirius));
+  EXPECT_GT(away,
+            sirius->output->m_Place.radius + FavouriteMarks::GetRadius(f.frame.GetDisplayList().GetUnit()));
   EXPECT_LT(away, sirius->output->m_Place.radius + 15.0);
 }
 
@@ -60,8 +61,7 @@ TEST(FavouriteMarks, ConstellationIsMarkedByItsFigureAlone) {
 
 TEST(FavouriteMarks, NumberOfAnotherKindMarksNothing) {
   FrameFixture f;
-  f.frame.SetFavourites(
-      {SSO_ID(FourCC("gala"), kSirius), SSO_ID(FourCC("star"), 42), SSO_ID()});
+  f.frame.SetFavourites({SSO_ID(FourCC("gala"), kSirius), SSO_ID(FourCC("star"), 42), SSO_ID()});
   f.Compute();
   EXPECT_TRUE(f.frame.GetParts().favourites.GetMarks().empty());
 }
@@ -82,7 +82,7 @@ TEST(FavouriteMarks, StayInTheWindow) {
   for (int i = 0; i < 400; ++i) {
     f.SetLook(120.0 + 0.4 * i, 20.0);
     f.Compute();
-    for (const auto& place : f.frame.GetParts().favourites.GetMarks()) {
+    for (const auto& [place, object] : f.frame.GetParts().favourites.GetMarks()) {
       EXPECT_TRUE(place.x >= radius && place.x <= 1600.0 - radius && place.y >= radius &&
                   place.y <= 1000.0 - radius);
       ++marks;
@@ -95,9 +95,9 @@ TEST(FavouriteMarks, LabelsKeepOffThem) {
   FrameFixture f;
   f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("star"), kRigel)});
   f.Compute();
-  for (const auto& place : f.frame.GetParts().favourites.GetMarks()) {
+  for (const auto& [place, object] : f.frame.GetParts().favourites.GetMarks()) {
     for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
-      const double width = LabelPlacer::EstimateWidth(label.text, label.size);
+      const double width = TextExtents().GetWidth(label.text, label.size, 0);
       const double left = label.place.x - label.anchor * width;
       const bool covered = place.x > left && place.x < left + width && place.y > label.place.y &&
                            place.y < label.place.y + 0.76 * label.size;
@@ -115,8 +115,7 @@ TEST(FavouriteMarks, AreNeverTooSmallToBeSeen) {
 
 TEST(FavouriteMarks, NothingIsAllocatedAFrame) {
   FrameFixture f;
-  f.frame.SetFavourites(
-      {SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("nebu"), 42), OrionId(f.catalogs)});
+  f.frame.SetFavourites({SSO_ID(FourCC("star"), kSirius), SSO_ID(FourCC("nebu"), 42), OrionId(f.catalogs)});
   f.Compute();
   const unsigned long long before = host_test::GetAllocationCount();
   std::size_t marks = 0;

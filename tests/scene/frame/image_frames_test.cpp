@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "support/allocation_counter.h"
 #include "astro/coordinates.h"
 #include "scene/frame_helpers.h"
-#include "scene/view/view_geometry.h"
 #include "scene/sky_images_files.h"
+#include "scene/view/view_geometry.h"
+#include "support/allocation_counter.h"
 
 using namespace scene;
 using host_test::FrameFixture;
@@ -24,9 +24,7 @@ class ImageFramesTest : public testing::Test {
     host_test::WriteSkyImages(f.sky.dir);
     f.SetLook(190.0, 35.0);  // Orion
   }
-  void Load(unsigned groups) {
-    ASSERT_TRUE(f.!frame.SetImageFrames(groups)) << error;
-  }
+  void Load(unsigned groups) { ASSERT_FALSE(f.frame.SetImageFrames(groups)); }
   // Turns the view to a place of the sky, degrees J2000.
   void LookAt(double ra, double dec) {
     PrepareObserver(f.camera);
@@ -58,7 +56,6 @@ class ImageFramesTest : public testing::Test {
   }
 
   FrameFixture f;
-  std::string error;
 };
 
 }  // namespace
@@ -178,9 +175,10 @@ TEST_F(ImageFramesTest, SubTypeInTheNumberOfTheObjectDoesNotMatter) {
   LookAt(83.82083, -5.39111);
   f.camera.SetZoom(8.0);
   f.Compute();
-  EXPECT_TRUE(std::any_of(f.frame.GetParts().labels.GetLabels().begin(), f.frame.GetParts().labels.GetLabels().end(), [](const Label& label) {
-    return label.kind == LabelKind::kImageFrame && std::string(label.text) == "M42";
-  }));
+  EXPECT_TRUE(std::any_of(f.frame.GetParts().labels.GetLabels().begin(),
+                          f.frame.GetParts().labels.GetLabels().end(), [](const Label& label) {
+                            return label.kind == LabelKind::kImageFrame && std::string(label.text) == "M42";
+                          }));
 }
 
 TEST_F(ImageFramesTest, NamesKeepAboveTheGround) {
@@ -200,7 +198,19 @@ TEST_F(ImageFramesTest, TinyOutlineHasNoName) {
   f.camera.SetZoom(0.25);
   f.Compute();
   EXPECT_FALSE(GetLines().empty());
-  for (const auto& label : f.frame.GetParts().labels.GetLabels()) EXPECT_NE(label.kind, LabelKind::kImageFrame) << label.text;
+  for (const auto& label : f.frame.GetParts().labels.GetLabels())
+    EXPECT_NE(label.kind, LabelKind::kImageFrame) << label.text;
+}
+
+TEST_F(ImageFramesTest, MissingCatalogIsAnsweredAndNothingIsOutlined) {
+  const std::pair<ImageGroup, const char*> cases[] = {{kConstellationImages, host_test::kConstellationFile},
+                                                      {kDeepskyImages, host_test::kDeepskyFile},
+                                                      {kMilkyWayImages, host_test::kMilkyWayFile}};
+  for (const auto& [group, file] : cases) {
+    std::filesystem::remove(f.sky.dir.Path(file));
+    EXPECT_EQ(f.frame.SetImageFrames(group), group);
+    EXPECT_EQ(f.frame.GetParts().imageFrames.GetCount(), 0);
+  }
 }
 
 TEST_F(ImageFramesTest, DamagedCatalogsDrawWhatIsWhole) {

@@ -6,13 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-
-#include "paint/picture_file.h"
-#include "scene/small_root.h"
 
 using namespace scene;
-using host_test::SmallRoot;
 
 TEST(LightCurve, StarsAreFoundByIdentifierAndName) {
   for (const char* name :
@@ -64,4 +59,3 @@ TEST(LightCurve, TicksAreRound) {
   EXPECT_DOUBLE_EQ(ChooseTick(340.0, 8), 50.0);
   EXPECT_DOUBLE_EQ(ChooseTick(8.0, 8), 1.0);
 }
-

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
+#include "support/allocation_counter.h"
 
 using namespace scene;
 using host_test::FrameFixture;
@@ -152,7 +152,7 @@ TEST(SkyFrame, FigureLinesStayInsideTheWindow) {
     f.camera.SetZoom(zoom);
     f.Compute();
     EXPECT_FALSE(f.frame.GetParts().figures.GetLines().empty());
-    for (const auto& line : f.frame.GetParts().figures.GetLines()) {
+    for (const auto& [line, constellation] : f.frame.GetParts().figures.GetLines()) {
       for (const auto& p : {line.from, line.to}) {
         EXPECT_GE(p.x, -1.0);
         EXPECT_LE(p.x, 1601.0);

@@ -88,7 +88,7 @@ TEST(SkyMarkers, OffScreenAndFinderAreNotDrawn) {
   FrameMaker maker(f.camera, f.catalogs, f.shown, ObjectFilters::None(), markers);
   maker.Prepare();
   maker.Compute();
-  EXPECT_TRUE(maker.GetFrame().GetMarkers().empty());
+  EXPECT_TRUE(maker.GetFrame().GetParts().markers.GetDrawn().empty());
 }
 
 TEST(SkyMarkers, AreLabelledWithTheirIdentifier) {
@@ -99,7 +99,7 @@ TEST(SkyMarkers, AreLabelledWithTheirIdentifier) {
   maker.Prepare();
   maker.Compute();
   bool labelled = false;
-  for (const auto& label : maker.GetFrame().GetLabels()) {
+  for (const auto& label : maker.GetFrame().GetParts().labels.GetLabels()) {
     labelled = labelled || (label.kind == LabelKind::kMarker && std::string(label.text) == "2061");
   }
   EXPECT_TRUE(labelled);

@@ -1,21 +1,15 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/light_curve.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 #include "paint/picture_file.h"
 #include "skyview/small_sky.h"
 
-using namespace scene;
-using namespace skyview;
 using host_test::SmallSky;
 
-TEST(LightCurve, CommandDrawsTheCurve) {
+TEST(LightCurveCommand, CommandDrawsTheCurve) {
   SmallSky sky;
   const std::string svg = sky.dir.Path("algol.svg");
   const int code = sky.Run({"curve", "Algol", "--time", "2026-01-15T00:00Z", "--out", svg});
@@ -27,7 +21,7 @@ TEST(LightCurve, CommandDrawsTheCurve) {
   }
 }
 
-TEST(LightCurve, CommandSaysWhatItWants) {
+TEST(LightCurveCommand, CommandSaysWhatItWants) {
   SmallSky sky;
   EXPECT_EQ(sky.Run({"curve", "Algol"}), 2);
   EXPECT_NE(sky.GetErrorLine().find("curve: wants --out"), std::string::npos);

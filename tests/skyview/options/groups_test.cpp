@@ -208,7 +208,7 @@ TEST(PictureGroups, AreRead) {
 }
 
 TEST(PictureGroups, BadValueNamesOptionValueAndForm) {
-  ExpectRefused(kPictureGroup, {{"--out", "sky.jpg", "FILE.svg|FILE.png"}});
+  ExpectRefused(kPictureGroup, {{"--out", "sky.jpg", "FILE.svg|FILE.png|FILE.pdf"}});
   ExpectRefused(kKeepGroup, {{"--save-view", ":1", "FILE[:ID]"}, {"--save-session", "", "FILE"}});
   ExpectRefused(kSequenceGroup, {{"--play", "time=1", "time=STEP"},
                                  {"--frames", "10001", "N"},

@@ -114,7 +114,7 @@ TEST(TimeValue, MalformedTimesAreRefused) {
 }
 
 TEST(PictureName, EndsInSvgOrPng) {
-  for (const char* text : {"a.svg", "dir/a.png"}) EXPECT_TRUE(IsPictureName(text)) << text;
+  for (const char* text : {"a.svg", "dir/a.png", "a.pdf"}) EXPECT_TRUE(IsPictureName(text)) << text;
   for (const char* text : {"", ".svg", "dir/.png", "a.jpg", "a.SVG", "svg"})
     EXPECT_FALSE(IsPictureName(text)) << text;
 }

@@ -6,6 +6,7 @@
 
 #include "common_interfaces/string_table.h"
 #include "scene/frame_helpers.h"
+#include "scene/language.h"
 #include "utils/locale.h"
 
 using CommonInterfaces::QX4Strings;

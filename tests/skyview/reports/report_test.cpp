@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "scene/frame_helpers.h"
+#include "scene/language.h"
 
 using host_test::FrameFixture;
 
@@ -20,7 +21,7 @@ class Report : public testing::Test {
 
   void Use(const char* language) {
     std::string error;
-    EXPECT_TRUE(skyview::SwitchLanguage(
+    EXPECT_TRUE(scene::SwitchLanguage(
         f.sky.dir.Path("data"), language, [] {}, error))
         << error;
   }

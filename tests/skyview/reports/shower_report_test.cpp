@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/shower_radiants.h"
+#include "skyview/reports/shower_report.h"
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
+#include <cmath>
+#include <cstdio>
+
 #include "scene/frame_helpers.h"
-#include "skyview/reports/shower_report.h"
+#include "scene/perseids.h"
+#include "skyview/small_sky.h"
 
 using namespace scene;
 using namespace skyview;
@@ -40,33 +43,6 @@ void WriteShowers(const SmallSky& sky) {
     sky.dir.Write(std::string("data/languages/") + language + "/qxstrings.txt", WithShowers(language));
   }
 }
-
-Shower MakePerseids() {
-  Shower shower;
-  shower.name = "Perseids";
-  shower.record.beginDay = 17;
-  shower.record.beginMonth = 7;
-  shower.record.maximumDay = 12;
-  shower.record.maximumMonth = 8;
-  shower.record.endDay = 24;
-  shower.record.endMonth = 8;
-  shower.radiant = MakeDirection(48.0 * kRadiansPerDegree, 58.0 * kRadiansPerDegree);
-  return shower;
-}
-
-// The north-east in a summer night.
-class ShowerRadiantsTest : public testing::Test {
- protected:
-  ShowerRadiantsTest() {
-    f.SetTime(2026, 8, 12, 22, 0);
-    f.SetLook(40.0, 40.0);
-    f.camera.SetZoom(0.5);
-    f.frame.SetShowers({MakePerseids()});
-  }
-  const std::vector<DrawnRadiant>& GetDrawn() const { return f.frame.GetParts().radiants.GetDrawn(); }
-
-  FrameFixture f;
-};
 
 const std::vector<std::string> kAugust = {"--place", "52.5,13.4", "--time",   "2026-08-12T22:00Z",
                                           "--look",  "40,40",     "--showers"};
@@ -144,7 +120,7 @@ TEST(ShowerReport, SaysNoDirectionWhereThereIsNoHorizon) {
   f.SetTime(2026, 8, 12, 22, 0);
   ObserverFrame observer = PrepareObserver(f.camera);
   observer.horizon = false;
-  Shower perseids = MakePerseids();
+  Shower perseids = host_test::MakePerseids();
   std::snprintf(perseids.record.name, sizeof perseids.record.name, "Perseids");
   std::snprintf(perseids.record.code, sizeof perseids.record.code, "PER");
   perseids.record.raHours = 3;

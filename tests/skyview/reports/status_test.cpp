@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "scene/frame_helpers.h"
+#include "scene/language.h"
 #include "utils/locale.h"
 
 using host_test::FrameFixture;
@@ -23,13 +24,13 @@ class Status : public testing::Test {
     f.camera.SetTimeZoneName("Europe/Berlin", true);
     f.camera.UpdateLocUTCDeltaFromTimeZone();
     // 5h 35m 36s and -1 degree; the camera's owner computes it, the status shows it.
-    f.camera.SetRA_Dec2K(83.9 * skyview::kRadiansPerDegree, -1.0 * skyview::kRadiansPerDegree);
+    f.camera.SetRA_Dec2K(83.9 * scene::kRadiansPerDegree, -1.0 * scene::kRadiansPerDegree);
   }
   ~Status() override { Use("en"); }
 
   void Use(const char* language) {
     std::string error;
-    EXPECT_TRUE(skyview::SwitchLanguage(
+    EXPECT_TRUE(scene::SwitchLanguage(
         f.sky.dir.Path("data"), language, [] {}, error))
         << error;
   }
@@ -148,7 +149,7 @@ TEST_F(Status, CentredStarWithoutAProperNameHasItsNumber) {
                   "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\tBayer:text\n"
                   "617\t1.0\t0.1\t2.0\t\tα Ari\n");
   std::string error;
-  ASSERT_TRUE(skyview::LoadSkyCatalogs(f.catalogs, error)) << error;
+  ASSERT_TRUE(scene::LoadSkyCatalogs(f.catalogs, error)) << error;
   f.camera.SetCenterView(SSO_ID(FourCC("star"), 617));
   EXPECT_TRUE(Says("Centred on: HR 617"));
 }

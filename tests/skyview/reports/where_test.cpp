@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_sight.h"
+#include "skyview/reports/where.h"
 
 #include <gtest/gtest.h>
 
-#include "scene/frame_helpers.h"
+#include "scene/orbit_tables.h"
+#include "skyview/small_sky.h"
 
-using namespace scene;
 using namespace skyview;
 using host_test::SmallSky;
 

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
 #include "scene/frame_helpers.h"
 #include "scene/frame_maker.h"
+#include "support/allocation_counter.h"
 
 using namespace scene;
 using namespace skyview;
@@ -91,7 +91,7 @@ TEST(Playback, FramesOfASequenceWithMarkersAllocateNothingAfterTheFirst) {
     AdvancePlays(f.camera);
     maker.Prepare();
     maker.Compute();
-    drawn += maker.GetFrame().GetMarkers().size();
+    drawn += maker.GetFrame().GetParts().markers.GetDrawn().size();
   }
   EXPECT_EQ(host_test::GetAllocationCount(), before);
   EXPECT_GT(drawn, 100u);

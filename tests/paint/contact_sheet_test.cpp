@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "paint/contact_sheet.h"
+
+#include <gtest/gtest.h>
+
+#include "paint/painted.h"
+#include "support/temp_dir.h"
+
+using namespace scene;
+using host_test::Painted;
+using host_test::Pixel;
+
+namespace {
+
+// A picture of one colour.
+DisplayList MakePlain(const Rgba& colour, int width, int height) {
+  DisplayList list;
+  list.Begin(width, height, 1.0);
+  const float right = static_cast<float>(width), bottom = static_cast<float>(height);
+  list.Add(
+      Layer::kBackground,
+      GradientRecord{
+          {0, right, right, 0}, {0, 0, bottom, bottom}, 0, 0, 0, bottom, 0.5f, colour, colour, colour, {}});
+  return list;
+}
+
+constexpr Rgba kRed = {255, 0, 0, 255}, kGreen = {0, 255, 0, 255}, kBlue = {0, 0, 255, 255};
+// The sheet itself: 0.10, 0.11, 0.13, of which the first is 25.5.
+bool IsGround(const Pixel& pixel) {
+  return (pixel.red == 25 || pixel.red == 26) && pixel.green == 28 && pixel.blue == 33;
+}
+
+class ContactSheetTest : public testing::Test {
+ protected:
+  // The bytes of the file.
+  std::string Write(const paint::ContactSheet& sheet) {
+    EXPECT_TRUE(sheet.Write(dir.Path("sheet.png"), error)) << error;
+    return dir.Read("sheet.png");
+  }
+  test_support::TempDir dir;
+  std::string error;
+};
+
+}  // namespace
+
+// Three frames of 160 x 100: the root of 1.6 * 3 * 100 / 160 is 1.7, so two columns. Copies are 400 x 250, the
+// gaps 8 and the lines of text 18 pixels: 824 wide and 2 * 276 + 8 = 560 high.
+TEST_F(ContactSheetTest, CopiesStandInRowsFromTheUpperLeftCorner) {
+  paint::ContactSheet sheet(3, 160, 100);
+  for (const Rgba& colour : {kRed, kGreen, kBlue}) {
+    ASSERT_TRUE(sheet.Add(MakePlain(colour, 160, 100), "", error)) << error;
+  }
+  const Painted picture(Write(sheet));
+  ASSERT_TRUE(picture.IsGood());
+  ASSERT_EQ(picture.GetWidth(), 824);
+  ASSERT_EQ(picture.GetHeight(), 560);
+  EXPECT_TRUE(IsGround(picture.At(4, 100)));
+  EXPECT_EQ(picture.At(12, 12), (Pixel{255, 0, 0}));
+  EXPECT_EQ(picture.At(404, 254), (Pixel{255, 0, 0}));
+  EXPECT_TRUE(IsGround(picture.At(412, 100)));
+  EXPECT_EQ(picture.At(420, 12), (Pixel{0, 255, 0}));
+  EXPECT_TRUE(IsGround(picture.At(200, 270)));
+  EXPECT_EQ(picture.At(12, 288), (Pixel{0, 0, 255}));
+  EXPECT_TRUE(IsGround(picture.At(420, 288))) << "the fourth place is empty";
+}
+
+TEST_F(ContactSheetTest, TextStandsBelowItsCopy) {
+  paint::ContactSheet sheet(1, 160, 100);
+  ASSERT_TRUE(sheet.Add(MakePlain(kRed, 160, 100), "HHHHHH", error)) << error;
+  const Painted picture(Write(sheet));
+  int first = -1, last = -1;
+  for (int x = 0; x < picture.GetWidth(); ++x) {
+    for (int y = 260; y < 276; ++y) {
+      if (IsGround(picture.At(x, y))) continue;
+      if (first < 0) first = x;
+      last = x;
+    }
+  }
+  ASSERT_GE(first, 0) << "there is a text";
+  EXPECT_NEAR(0.5 * (first + last), 208.0, 2.0) << "in the middle";
+}
+
+TEST_F(ContactSheetTest, MoreFramesThanPlacesAreRefused) {
+  paint::ContactSheet sheet(1, 160, 100);
+  ASSERT_TRUE(sheet.Add(MakePlain(kRed, 160, 100), "", error));
+  EXPECT_FALSE(sheet.Add(MakePlain(kBlue, 160, 100), "", error));
+  EXPECT_EQ(error, "the contact sheet is full");
+  EXPECT_EQ(Painted(Write(sheet)).At(100, 100), (Pixel{255, 0, 0}));
+}
+
+TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
+  const paint::ContactSheet sheet(1, 160, 100);
+  const std::string path = dir.Path("nowhere/sheet.png");
+  EXPECT_FALSE(sheet.Write(path, error));
+  EXPECT_EQ(error.find(path), 0u) << error;
+  EXPECT_EQ(error.find('\n'), std::string::npos);
+}

@@ -1,0 +1,353 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What a frame puts into its display list.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "astro/coordinates.h"
+#include "astro/vectors.h"
+#include "scene/display_text.h"
+#include "scene/frame_helpers.h"
+#include "scene/perseids.h"
+#include "scene/sky_images_files.h"
+#include "support/allocation_counter.h"
+
+using namespace scene;
+using host_test::FrameFixture;
+
+namespace {
+
+constexpr int kRigel = 1713, kBetelgeuse = 2061;
+
+template <class Record>
+std::string Bytes(const std::vector<Record>& records) {
+  return {reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record)};
+}
+
+std::string AllBytes(const DisplayList& list) {
+  return Bytes(list.GetRuns()) + Bytes(list.GetPoints()) + Bytes(list.GetDiscs()) + Bytes(list.GetShadows()) +
+         Bytes(list.GetPolylines()) + Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) +
+         Bytes(list.GetGradients()) + Bytes(list.GetTexts()) + Bytes(list.GetRings()) +
+         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes());
+}
+
+// The records of one layer that a function sees.
+template <class Record, class See>
+int ForEach(const DisplayList& list, RecordType type, Layer layer, const std::vector<Record>& records,
+            See see) {
+  int seen = 0;
+  for (const scene::Run& run : list.GetRuns()) {
+    if (run.type != type || run.layer != layer) continue;
+    for (int i = run.first; i < run.first + run.count; ++i, ++seen) see(records[static_cast<std::size_t>(i)]);
+  }
+  return seen;
+}
+
+const PointRecord* FindStar(const DisplayList& list, int number) {
+  for (const PointRecord& point : list.GetPoints()) {
+    if (point.object == ObjectRef{FourCC("star"), number}) return &point;
+  }
+  return nullptr;
+}
+
+class FrameDisplay : public testing::Test {
+ protected:
+  const DisplayList& GetList() const { return f.frame.GetDisplayList(); }
+  // Everything that a frame can show.
+  void ShowAll() {
+    host_test::WriteSkyImages(f.sky.dir);
+    ASSERT_FALSE(f.frame.SetImageFrames(kConstellationImages | kDeepskyImages | kMilkyWayImages));
+    f.frame.SetCaption({"a line", "another"});
+    f.frame.SetFavourites({SSO_ID(FourCC("star"), kRigel), SSO_ID(FourCC("nebu"), 42)});
+    f.frame.SetShowers({host_test::MakePerseids()});
+    for (int body = 1; body < static_cast<int>(f.catalogs.bodies.size()); ++body)
+      f.frame.ShowOrbit(body, 0.0);
+  }
+  void LookAtMoon() {
+    const auto& moon = f.frame.GetBodies().GetMoon().seen;
+    double v[3], longitude = 0.0, latitude = 0.0;
+    MV3prod(f.observer.reduction, moon.apparent, v);
+    psf(v, 1.0, longitude, latitude);
+    f.SetLook(360.0 - longitude / kRadiansPerDegree, latitude / kRadiansPerDegree);
+  }
+
+  FrameFixture f;
+};
+
+}  // namespace
+
+TEST_F(FrameDisplay, HasTheSizeOfTheWindow) {
+  f.SetWindow(800, 500);
+  f.Compute();
+  EXPECT_EQ(GetList().GetWidth(), 800);
+  EXPECT_EQ(GetList().GetHeight(), 500);
+  EXPECT_EQ(GetList().GetUnit(), 0.5f);
+}
+
+TEST_F(FrameDisplay, BeginsWithTheBackgroundOverTheWholePicture) {
+  f.Compute();
+  ASSERT_FALSE(GetList().GetRuns().empty());
+  const scene::Run& run = GetList().GetRuns()[0];
+  EXPECT_EQ(run.layer, Layer::kBackground);
+  ASSERT_EQ(run.type, RecordType::kGradient);
+  const GradientRecord& sky = GetList().GetGradients()[0];
+  EXPECT_EQ(std::set<float>(sky.cornerX, sky.cornerX + 4), (std::set<float>{0.0f, 1600.0f}));
+  EXPECT_EQ(std::set<float>(sky.cornerY, sky.cornerY + 4), (std::set<float>{0.0f, 1000.0f}));
+  EXPECT_EQ(sky.colour.alpha, 255);
+}
+
+TEST_F(FrameDisplay, LayersNeverDecrease) {
+  ShowAll();
+  std::set<Layer> seen;
+  for (const double zoom : {0.25, 1.0, 8.0}) {
+    f.camera.SetZoom(zoom);
+    f.Compute();
+    Layer last = Layer::kBackground;
+    for (const scene::Run& run : GetList().GetRuns()) {
+      EXPECT_GE(run.layer, last);
+      last = run.layer;
+      seen.insert(run.layer);
+    }
+  }
+  EXPECT_GE(seen.size(), 12u);
+}
+
+TEST_F(FrameDisplay, RunsHoldEveryRecordOnce) {
+  ShowAll();
+  f.camera.SetZoom(0.4);
+  f.Compute();
+  const DisplayList& list = GetList();
+  const std::size_t sizes[] = {list.GetPoints().size(),    list.GetDiscs().size(),
+                               list.GetShadows().size(),   list.GetPolylines().size(),
+                               list.GetEllipses().size(),  list.GetPolygons().size(),
+                               list.GetGradients().size(), list.GetTexts().size()};
+  int next[8] = {};
+  for (const scene::Run& run : list.GetRuns()) {
+    int& from = next[static_cast<int>(run.type)];
+    EXPECT_EQ(run.first, from);
+    EXPECT_GT(run.count, 0);
+    from = run.first + run.count;
+  }
+  for (int type = 0; type < 8; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
+}
+
+TEST_F(FrameDisplay, AreasHaveRings) {
+  for (const bool horizon : {true, false}) {
+    f.shown.horizon = horizon;
+    f.Compute();
+    for (const PolygonRecord& area : GetList().GetPolygons()) EXPECT_GT(area.ringCount, 0) << horizon;
+  }
+}
+
+TEST_F(FrameDisplay, StarsAreNamedByTheirCatalogueNumber) {
+  f.Compute();
+  std::set<int> drawn, named;
+  for (const DrawnStar& star : f.frame.GetStars()) drawn.insert(f.catalogs.stars.GetNumber(star.star));
+  ForEach(GetList(), RecordType::kPoint, Layer::kStars, GetList().GetPoints(),
+          [&named](const PointRecord& point) {
+            EXPECT_EQ(point.object.kind, FourCC("star"));
+            named.insert(point.object.number);
+          });
+  EXPECT_EQ(named, drawn);
+  EXPECT_TRUE(named.count(2491)) << "Sirius";
+}
+
+TEST_F(FrameDisplay, DeepskyObjectsAreNamedByKindAndNumber) {
+  f.camera.SetZoom(0.3);
+  f.SetLook(220.0, 50.0);
+  f.Compute();
+  ASSERT_EQ(f.frame.GetDeepsky().size(), 3u);
+  std::set<std::pair<int, int>> named;
+  const auto take = [&named](const auto& record) { named.emplace(record.object.kind, record.object.number); };
+  const int ellipses =
+      ForEach(GetList(), RecordType::kEllipse, Layer::kDeepsky, GetList().GetEllipses(), take);
+  const int boxes =
+      ForEach(GetList(), RecordType::kPolyline, Layer::kDeepsky, GetList().GetPolylines(), take);
+  EXPECT_EQ(ellipses, 2);
+  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(named, (std::set<std::pair<int, int>>{
+                       {FourCC("nebu"), 42}, {FourCC("gala"), 31}, {FourCC("clst"), 45}}));
+}
+
+TEST_F(FrameDisplay, FiguresAndNamesStandForTheirConstellation) {
+  f.Compute();
+  const ObjectRef orion = {FourCC("cnst"), GetTraits(f.catalogs.constellations[0]).number};
+  const int lines = ForEach(GetList(), RecordType::kPolyline, Layer::kFigures, GetList().GetPolylines(),
+                            [&](const PolylineRecord& line) { EXPECT_EQ(line.object, orion); });
+  EXPECT_GE(lines, 2);
+  int names = 0;
+  for (const TextRecord& text : GetList().GetTexts()) {
+    if (std::string(GetList().GetText(text)) != "Orion") continue;
+    EXPECT_EQ(text.object, orion);
+    ++names;
+  }
+  EXPECT_EQ(names, 1);
+}
+
+TEST_F(FrameDisplay, BodiesAndTheirNamesStandForThem) {
+  f.shown.horizon = false;
+  f.camera.SetZoom(0.25);
+  std::set<int> named;
+  for (const double azimuth : {0.0, 90.0, 180.0, 270.0}) {
+    f.SetLook(azimuth, 10.0);
+    f.Compute();
+    std::set<std::pair<int, int>> drawn, painted;
+    for (std::size_t i = 0; i < f.catalogs.bodies.size(); ++i) {
+      const SSO_ID& id = f.catalogs.bodies[i].id;
+      if (f.frame.IsBodyDrawn(static_cast<int>(i))) drawn.emplace(id.kind, id.number);
+    }
+    const auto take = [&painted](const auto& record) {
+      painted.emplace(record.object.kind, record.object.number);
+    };
+    ForEach(GetList(), RecordType::kPoint, Layer::kBodies, GetList().GetPoints(), take);
+    ForEach(GetList(), RecordType::kDisc, Layer::kBodies, GetList().GetDiscs(), take);
+    EXPECT_EQ(painted, drawn) << azimuth;
+    for (const TextRecord& text : GetList().GetTexts()) {
+      if (std::string(GetList().GetText(text)) == "Jupiter") named.insert(text.object.number);
+    }
+  }
+  EXPECT_EQ(named, (std::set<int>{5}));
+}
+
+TEST_F(FrameDisplay, OrbitsAndFavouritesStandForTheirObjects) {
+  ShowAll();
+  f.camera.SetZoom(0.5);
+  f.Compute();
+  const int orbits =
+      ForEach(GetList(), RecordType::kPolyline, Layer::kOrbits, GetList().GetPolylines(),
+              [this](const PolylineRecord& line) {
+                EXPECT_GE(FindBody(f.catalogs.bodies, SSO_ID(line.object.kind, line.object.number)), 1);
+              });
+  EXPECT_GT(orbits, 0);
+  std::set<int> marked;
+  ForEach(GetList(), RecordType::kPolygon, Layer::kFavourites, GetList().GetPolygons(),
+          [&marked](const PolygonRecord& area) { marked.insert(area.object.number); });
+  EXPECT_EQ(marked, (std::set<int>{42, kRigel}));
+}
+
+TEST_F(FrameDisplay, YCountsDownwards) {
+  f.Compute();
+  const PointRecord* betelgeuse = FindStar(GetList(), kBetelgeuse);
+  const PointRecord* rigel = FindStar(GetList(), kRigel);
+  ASSERT_TRUE(betelgeuse && rigel);
+  EXPECT_LT(betelgeuse->y, rigel->y) << "it stands higher";
+  for (const DrawnStar& drawn : f.frame.GetStars()) {
+    const PointRecord* point = FindStar(GetList(), f.catalogs.stars.GetNumber(drawn.star));
+    ASSERT_NE(point, nullptr);
+    EXPECT_FLOAT_EQ(point->x, drawn.output->m_Place.x);
+    EXPECT_FLOAT_EQ(point->y, 1000.0f - drawn.output->m_Place.y);
+  }
+}
+
+// Half an hour into the umbra of the eclipse of 2025 March 14 its shadow is painted after the disc.
+TEST_F(FrameDisplay, ShadowOnTheMoonFollowsItsDisc) {
+  f.SetPlace(40.0, -100.0);
+  f.SetTime(2025, 3, 14, 5, 40);
+  f.camera.SetZoom(60.0);
+  f.Compute();
+  LookAtMoon();
+  f.Compute();
+  ASSERT_EQ(GetList().GetShadows().size(), 2u) << "penumbra and umbra";
+  ASSERT_EQ(GetList().GetDiscs().size(), 1u);
+  const DiscRecord& disc = GetList().GetDiscs()[0];
+  for (const ShadowRecord& shadow : GetList().GetShadows()) {
+    EXPECT_EQ(shadow.object, (ObjectRef{FourCC("moon"), 301}));
+    EXPECT_EQ(shadow.clipX, disc.x);
+    EXPECT_EQ(shadow.clipY, disc.y);
+    EXPECT_EQ(shadow.clipRadius, disc.radius);
+  }
+}
+
+TEST_F(FrameDisplay, SameFrameHasTheSameBytes) {
+  ShowAll();
+  f.Compute();
+  const std::string first = AllBytes(GetList());
+  f.Compute();
+  EXPECT_EQ(AllBytes(GetList()), first);
+  f.camera.SetZoom(3.0);
+  f.Compute();
+  EXPECT_NE(AllBytes(GetList()), first);
+  f.camera.SetZoom(1.0);
+  f.Compute();
+  EXPECT_EQ(AllBytes(GetList()), first) << "after another one";
+  SkyFrame fresh(f.catalogs);
+  SkyFrame plain(f.catalogs);
+  fresh.Compute(f.camera, f.observer, f.shown);
+  plain.Compute(f.camera, f.observer, f.shown);
+  EXPECT_EQ(AllBytes(fresh.GetDisplayList()), AllBytes(plain.GetDisplayList())) << "of another frame";
+}
+
+TEST_F(FrameDisplay, NothingIsAllocatedOverZoomDirectionAndTime) {
+  f.Compute();
+  const unsigned long long before = host_test::GetAllocationCount();
+  std::size_t records = 0;
+  for (int i = 0; i < 80; ++i) {
+    f.camera.SetZoom(0.25 + 0.1 * i);
+    f.SetLook(4.5 * i, 40.0 - i);
+    f.SetTime(2026, 1 + i % 12, 15, i % 24, i % 60);
+    f.shown.horizon = i % 3 != 0;
+    f.Compute();
+    records +=
+        GetList().GetPoints().size() + GetList().GetPolylines().size() + GetList().GetPolygons().size();
+  }
+  EXPECT_EQ(host_test::GetAllocationCount(), before);
+  EXPECT_GT(records, 80u);
+}
+
+// Shadow, discs and the tail of a comet come when the time has gone on.
+TEST_F(FrameDisplay, NothingIsAllocatedWhenAnEclipseBegins) {
+  f.SetPlace(40.0, -100.0);
+  f.SetTime(2025, 3, 14, 3, 0);
+  f.camera.SetZoom(60.0);
+  f.Compute();
+  LookAtMoon();
+  f.Compute();
+  ASSERT_TRUE(GetList().GetShadows().empty());
+  const unsigned long long before = host_test::GetAllocationCount();
+  std::size_t shadows = 0;
+  for (int i = 0; i < 24; ++i) {
+    f.SetTime(2025, 3, 14, 3 + i / 6, 10 * (i % 6));
+    f.Compute();
+    LookAtMoon();
+    f.Compute();
+    shadows += GetList().GetShadows().size();
+  }
+  EXPECT_EQ(host_test::GetAllocationCount(), before);
+  EXPECT_GT(shadows, 0u);
+}
+
+// Halley's comet in March 1986, south of the ecliptic.
+TEST_F(FrameDisplay, NothingIsAllocatedWhenACometComes) {
+  f.SetPlace(-30.0, 20.0);
+  f.shown.horizon = false;
+  f.camera.SetZoom(0.3);
+  f.Compute();
+  const unsigned long long before = host_test::GetAllocationCount();
+  std::size_t tails = 0;
+  f.SetTime(1986, 3, 20, 3, 0);
+  for (int i = 0; i < 12; ++i) {
+    f.SetLook(30.0 * i, 0.0);
+    f.Compute();
+    tails += GetList().GetGradients().size() - 1;
+  }
+  EXPECT_EQ(host_test::GetAllocationCount(), before);
+  EXPECT_GT(tails, 0u);
+}
+
+// The whole list of a picture of Orion, as text. Who changes the drawing compares, then copies what the test
+// tells into the file.
+TEST_F(FrameDisplay, SmallSkyIsTheOneOfTheFile) {
+  f.SetWindow(400, 300);
+  f.SetLook(190.0, 35.0);
+  f.camera.SetZoom(0.8);
+  f.shown.horizon = f.shown.compass = false;
+  f.Compute();
+  std::ifstream in(CI_SMALL_FRAME, std::ios::binary);
+  const std::string expected{std::istreambuf_iterator<char>(in), {}};
+  EXPECT_EQ(host_test::DisplayText(GetList()).Get(), expected);
+}
