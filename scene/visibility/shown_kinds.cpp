@@ -73,6 +73,7 @@ struct Undrawn {
 constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
                kPlanetPath[] = "paths of planets are not drawn", kAsteroidGroups[] = "groups of asteroids are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
+               kBrightMoon[] = "the Moon, the only moon drawn, is brighter than every limit",
                kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
                kGrid[] = "grids, circles and poles are not drawn", kImages[] = "images of constellations are not drawn";
 constexpr Undrawn kUndrawn[] = {
@@ -85,6 +86,8 @@ constexpr Undrawn kUndrawn[] = {
     {FourCC("plnt"), "PlanetFeatures", "surfaces are not drawn"},
     {FourCC("plnt"), "PlanetCelPath", kPlanetPath},
     {FourCC("plnt"), "PlanetLocPath", kPlanetPath},
+    {FourCC("moon"), "MoonZoomDependShow", kBrightMoon},
+    {FourCC("moon"), "MoonZoomDependLabel", kBrightMoon},
     {FourCC("moon"), "MoonGuides", kPhysicalGrid},
     {FourCC("moon"), "MoonGrid", kPhysicalGrid},
     {FourCC("moon"), "MoonFeatures", "surfaces are not drawn"},

@@ -52,39 +52,45 @@ struct RichView {
   std::vector<std::string> settings;  // of the view, before the change
 };
 
-// Orion above a horizon and the western sky with M31; the sky around the new Moon with Sun, planets, comets, asteroids
-// and satellites, no horizon; Venus as a crescent.
+// The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon with
+// Sun, planets, asteroids and satellites, no horizon; Venus as a crescent.
 const RichView kViews[] = {
-    {{2026, 1, 15, 22, 0, 0.0}, 50.1, 8.7, 225.0, 40.0, 0.3, {"gala.GLZoomDependLabel=100", "dsnv.NonOpticLabel=1"}},
-    {{2014, 1, 31, 12, 0, 0.0},
+    {{1997, 4, 1, 17, 30, 0.0},
+     30.0,
+     8.7,
+     240.0,
+     35.0,
+     0.28,
+     {"star.StarZoomDependShow=30", "star.StarZoomDependLabel=16", "clst.SCZoomDependLabel=60",
+      "gala.GLZoomDependShow=100", "gala.GLZoomDependLabel=160", "nebu.NBZoomDependLabel=60", "dsnv.NonOpticLabel=1", "dsnv.NOZoomDependLabel=60",
+      "comt.ComtZoomDependShow=60", "comt.ComtZoomDependLabel=60"}},
+    {{2014, 1, 30, 21, 40, 0.0},
      50.1,
      8.7,
-     180.0,
-     25.0,
+     318.0,
+     -40.0,
      0.3,
-     {"grid.HorizonDraw=0", "astr.AstrZoomDependShow=60", "astr.AstrZoomDependLabel=60", "comt.ComtZoomDependShow=120",
-      "comt.ComtZoomDependLabel=120"}},
-    {{2014, 1, 20, 12, 0, 0.0}, 50.1, 8.7, 200.0, 24.0, 200.0, {"grid.HorizonDraw=0"}}};
+     {"grid.HorizonDraw=0", "astr.AstrZoomDependShow=60", "astr.AstrZoomDependLabel=60"}},
+    {{2014, 1, 20, 12, 0, 0.0}, 50.1, 8.7, 202.49, 21.26, 200.0, {}}};
 
 class ShippedSky : public testing::Test {
  protected:
   void SetUp() override {
     std::string error;
-    ASSERT_TRUE(scene::OpenDataRoot(CI_BUILT_DATA, "", "en", error)) << error;
-    ASSERT_TRUE(scene::LoadSkyCatalogs(m_Catalogs, error)) << error;
+    ASSERT_TRUE(scene::OpenDataRoot(CI_BUILT_DATA, "", "en", m_Catalogs, error)) << error;
     ASSERT_TRUE(scene::LoadSatellites(ZentharPath::GetPath("catalogs:satellites.tle"), m_Catalogs.bodies, error));
     AddOtherDeepsky();
     m_Frame = std::make_unique<scene::SkyFrame>(m_Catalogs);
   }
   void TearDown() override { ZentharPath::SetRoots(nullptr, nullptr); }
 
-  // The shipped catalog has no object of the section dsnv: the Crab Nebula again, as a source of radio waves.
+  // The shipped catalog has no object of the section dsnv: M 77 again, as a source of radio waves.
   void AddOtherDeepsky() {
     for (const auto& object : m_Catalogs.deepsky) {
-      if (object.label != "M1") continue;
+      if (object.label != "M77") continue;
       scene::DeepskyObject other = object;
       other.kind = FourCC("dsnv");
-      other.label = other.properName = other.designation = "Tau A";
+      other.label = other.properName = other.designation = "Cet A";
       other.code = 30.0f;
       m_Catalogs.deepsky.insert(m_Catalogs.deepsky.begin(), other);
       return;
@@ -113,7 +119,7 @@ class ShippedSky : public testing::Test {
     CommonInterfaces::_Date time;
     DJ(view.time, time.day, time.fraction);
     camera.SetUniversalTime(time);
-    camera.SetWinRect({800, 500, 800, 500});
+    camera.SetWinRect({1600, 1000, 1600, 1000});
     camera.SetZoom(view.zoom);
     SphViewCoor angles;
     angles.lon = (360.0 - view.azimuth) * scene::kRadiansPerDegree;
