@@ -65,6 +65,22 @@ TEST(SolarSystemPart, BrightPlanetHasItsNameInTheOrionSky) {
   EXPECT_EQ(Drawn(f, kSunBody), nullptr);
 }
 
+// Uranus, magnitude 5.6: neither its place among the planets nor its colour makes it as large as Betelgeuse.
+TEST(SolarSystemPart, FaintPlanetIsADotAsLargeAsAStarOfItsMagnitude) {
+  FrameFixture f;
+  f.SetLook(200.0, 40.0);
+  f.camera.SetZoom(0.5);
+  f.Compute();
+  const DrawnBody *uranus = Drawn(f, Planet(f, 7)), *jupiter = Drawn(f, Planet(f, 5));
+  const DrawnStar* betelgeuse = f.Find(2061);
+  ASSERT_TRUE(uranus && jupiter && betelgeuse);
+  const ClassLimits stars(f.camera, FourCC("star"));
+  const auto code = StateOf(f, uranus->body).code;
+  EXPECT_NEAR(uranus->radius, GetDotRadius(stars, code), 1e-6);
+  EXPECT_LT(uranus->radius, 0.5 * static_cast<double>(betelgeuse->output->m_Place.radius));
+  EXPECT_GT(jupiter->radius, static_cast<double>(betelgeuse->output->m_Place.radius));
+}
+
 TEST(SolarSystemPart, PlanetBecomesADiscOfItsTrueSize) {
   FrameFixture f;
   f.SetLook(134.809, 53.295);

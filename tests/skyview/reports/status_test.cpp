@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "skyview/small_sky.h"
+
 #include <algorithm>
 
 #include "scene/frame_helpers.h"
@@ -173,4 +175,14 @@ TEST_F(Status, TheCameraIsNotChanged) {
   f.camera.GetUniversalTime(time);
   EXPECT_EQ(time.day, 2461056);
   EXPECT_DOUBLE_EQ(time.fraction, 0.375);
+}
+
+TEST(StatusYears, TimesBeforeTheFirstYearCountAsTheDateDoes) {
+  host_test::SmallSky sky;
+  for (const auto& [time, line] : {std::pair("-0500-03-01T12:00Z", "Universal Time: 12:00, -0500-03-01\n"),
+                                   std::pair("0000-03-01T12:00Z", "Universal Time: 12:00, 0000-03-01\n"),
+                                   std::pair("0001-03-01T12:00Z", "Universal Time: 12:00, 01/03/0001 AD\n")}) {
+    ASSERT_EQ(sky.Run({"--place", "52.5,13.4", "--time", time}), 0) << sky.errors.str();
+    EXPECT_TRUE(sky.Printed(line)) << sky.output.str();
+  }
 }
