@@ -176,6 +176,7 @@ FilePresence GetFilePresence(const char* path) {
   if (!path || !*path) return FilePresence::kAbsent;
   const PathKind kind = utils_internal::GetPathKind(path);
   if (kind == PathKind::kNone) return FilePresence::kAbsent;
+  if (kind == PathKind::kFolder) return FilePresence::kFolder;
   return kind == PathKind::kUnknown ? FilePresence::kUnknown : FilePresence::kPresent;
 }
 

@@ -15,7 +15,7 @@ enum class PathKind {
   kUnknown,  // the system does not tell
   kFile,     // a regular file
   kFolder,
-  kOther,    // a device, a pipe, a socket
+  kOther,  // a device, a pipe, a socket
 };
 
 // What the path names; a symbolic link counts as what it leads to.

@@ -82,7 +82,8 @@ bool WriteFormatted(FileReplacement& output, const char* format, std::va_list ar
 }  // namespace
 
 MTextFile::MTextFile(bool comments, char comment, char end, unsigned lineSize)
-    : m_State(new State{comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, false, {}, {}}) {}
+    : m_State(new State{
+          comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, false, {}, {}}) {}
 
 MTextFile::~MTextFile() {
   if (m_State->output.IsOpen()) m_State->GiveUp();

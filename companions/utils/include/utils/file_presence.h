@@ -8,7 +8,8 @@
 
 enum class FilePresence {
   kAbsent,   // the system says that there is none
-  kPresent,  // something is there; it may be a folder, and it may be unreadable
+  kPresent,  // something is there, which may be unreadable
+  kFolder,   // a folder is there
   kUnknown,  // the system does not tell: no rights, a bad disk, links in a circle
 };
 

@@ -17,7 +17,7 @@ class UTILS_API IncompleteFiles {
   bool IsEmpty() const { return m_Paths.empty(); }
 
   // False, with one line that names the file and `what` is not saved (for example "homes"), for a file that
-  // was added and is still there. One that has gone has nothing to lose.
+  // was added and is still there. One that has gone has nothing to lose, and a folder is never replaced.
   bool MayReplace(const std::string& path, const char* what) const;
 
  private:
