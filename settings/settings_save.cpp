@@ -93,6 +93,14 @@ bool WriteBytes(const Sink& sink, const Bytes& bytes) {
 
 }  // namespace
 
+// What could not be read in the work area may be found in the data root now, where it was all the time.
+bool SettingsData::HasReadWhole(const char* fileName) const {
+  const std::string source = ZentharPath::GetPath(fileName);
+  IncompleteFiles incomplete = m_Tables->incomplete;
+  if (incomplete.Has(ZentharPath::GetWorkPath(fileName, false, false))) incomplete.Add(source);
+  return incomplete.MayReplace(source, "settings");
+}
+
 // Makes the new content from what the file holds now, and again when somebody else replaced it meanwhile.
 bool SettingsData::WriteReplacement(const char* fileName) {
   constexpr int kTries = 1000;
@@ -122,7 +130,7 @@ bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
 
 bool SettingsData::Save(const char* fileName) {
   try {
-    if (!m_Tables->incomplete.MayReplace(ZentharPath::GetPath(fileName), "settings")) return false;
+    if (!HasReadWhole(fileName)) return false;
     if (WriteReplacement(fileName)) return true;
   } catch (const std::exception&) {  // no memory, in every case
   }

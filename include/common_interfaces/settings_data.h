@@ -298,6 +298,7 @@ class COMMON_INTERFACES_API SettingsData {
   using Sink = std::function<bool(const void* bytes, unsigned size)>;
   bool WriteHeader(const Sink& sink) const;
   bool WriteBlock(const Sink& sink) const;
+  bool HasReadWhole(const char* fileName) const;
   bool WriteReplacement(const char* fileName);
   bool TryReplacement(const char* fileName, FileReplacement& file);
 

@@ -14,12 +14,13 @@
 
 namespace test_support {
 
-// The files below a folder, with their content.
+// The files below a folder, with their content. A list that is empty is as good as none; a part file is not.
 inline std::map<std::string, std::string> ReadAll(const TempDir& dir) {
   std::map<std::string, std::string> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(dir.Path())) {
     const auto name = std::filesystem::relative(entry.path(), dir.Path());
-    if (entry.is_regular_file()) files[name.string()] = dir.Read(name.string());
+    if (entry.is_regular_file() && (entry.file_size() > 0 || name.extension() == ".tmp"))
+      files[name.string()] = dir.Read(name.string());
   }
   return files;
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What cannot be read is told, and nothing is saved over it.
+#include <algorithm>
+
 #include "camera/home_fixture.h"
 #include "common_interfaces/object_lists.h"
 #include "injection/every_call.h"
@@ -87,11 +89,13 @@ TEST_F(ReadingFaults, FileThatCannotBeAskedForIsNotMissing) {
 TEST_F(ReadingFaults, HomesBeforeTheErrorAreThereAndAreNotSavedOverTheFile) {
   std::string homes;
   for (int i = 0; i < 1000; ++i) homes += "1\n0 2 0 0.15 0.87 1 2 1836019566 " + std::to_string(i) + "\n";
+  const std::string readable = homes.substr(0, 16384 + 8192);
+  const auto wanted = static_cast<std::size_t>(std::count(readable.begin(), readable.end(), '\n') / 2);
   const std::string path = roots.dir.Write("work/home_params.ini", homes);
   FaultInjection fault(1, "fread");
   Camera camera(1);
   fault.Stop();
-  EXPECT_EQ(camera.GetHomes().size(), (16384 + 8192) / 35u);
+  EXPECT_EQ(camera.GetHomes().size(), wanted);
   ASSERT_EQ(debug.lines.size(), 1u);
   EXPECT_NE(debug.lines[0].find("cannot be read"), std::string::npos);
   camera.SetObserver(kMarsId);
@@ -108,9 +112,6 @@ TEST_F(ReadingFaults, HomesBeforeTheErrorAreThereAndAreNotSavedOverTheFile) {
 
 TEST_F(ReadingFaults, HomesThatCannotBeOpenedAreNotReplaced) {
   const std::string path = roots.dir.Write("work/home_params.ini", "1\n0 2 0 0 0 1 2 1836019566 301\n");
-  FaultInjection fault(0, "fopen");
-  while (fault.GetCall().empty()) Camera camera(1);
-  fault.Stop();
   const std::string before = roots.dir.Read("work/home_params.ini");
   for (const char* call : {"fopen", "stat"}) {
     for (int i = 0; i < 8; ++i) {

@@ -8,7 +8,6 @@
 #include "injection/every_call.h"
 #include "settings/settings_bytes.h"
 #include "utils/file.h"
-#include "utils/file_presence.h"
 #include "utils/replace_file.h"
 
 namespace test_support {
@@ -26,10 +25,9 @@ auto File(const char* name, const std::string& content) {
   return [=](const TempRoots& roots) { roots.dir.Write(name, content); };
 }
 
-// More than one block of a stream.
-std::string LongList(const char* rest) {
+std::string List(const char* rest) {
   std::string text;
-  for (int i = 0; i < 4000; ++i) text += "name\t1\t" + std::to_string(i) + rest + "\n";
+  for (int i = 0; i < 20; ++i) text += "name\t1\t" + std::to_string(i) + rest + "\n";
   return text;
 }
 
@@ -69,7 +67,7 @@ TEST(SavingFaults, TextFile) {
 }
 
 TEST(SavingFaults, Favourites) {
-  FailEveryCall(File("work/catalogs/favourites.txt", LongList("")), [](const TempRoots&) {
+  FailEveryCall(File("work/catalogs/favourites.txt", List("")), [](const TempRoots&) {
     FavouriteObjectsFile list;
     list.Read();
     list.AddObject({2, 3});
@@ -77,22 +75,16 @@ TEST(SavingFaults, Favourites) {
   });
 }
 
-// The empty file may be there, or not; an entry must not be told to be saved when it is not.
 TEST(SavingFaults, FavouritesThatAreNew) {
-  const auto prepare = File("work/catalogs/favourites.txt", "");
-  FailEveryCall(prepare, [](const TempRoots& roots) {
-    std::filesystem::remove(roots.dir.Path("work/catalogs/favourites.txt"));
+  FailEveryCall(NoPreparation, [](const TempRoots&) {
     FavouriteObjectsFile list;
     list.AddObject({2, 3});
-    const bool saved = list.Save();
-    if (GetFilePresence(roots.dir.Path("work/catalogs/favourites.txt").c_str()) != FilePresence::kPresent)
-      roots.dir.Write("work/catalogs/favourites.txt", "");
-    return saved;
+    return list.Save();
   });
 }
 
 TEST(SavingFaults, Selection) {
-  FailEveryCall(File("work/catalogs/selection.txt", LongList("")), [](const TempRoots&) {
+  FailEveryCall(File("work/catalogs/selection.txt", List("")), [](const TempRoots&) {
     SelectedObjectsFile list("catalogs:selection.txt");
     std::vector<ObjectDesc> objects;
     list.GetObjects(objects);
@@ -103,7 +95,7 @@ TEST(SavingFaults, Selection) {
 }
 
 TEST(SavingFaults, ChosenObjects) {
-  FailEveryCall(File("work/catalogs/observationobjects.txt", LongList("\t7")), [](const TempRoots&) {
+  FailEveryCall(File("work/catalogs/observationobjects.txt", List("\t7")), [](const TempRoots&) {
     ChoosingObjectsFile list;
     std::vector<SSO_ID> objects;
     list.GetObjects(objects);
@@ -115,7 +107,7 @@ TEST(SavingFaults, ChosenObjects) {
 
 TEST(SavingFaults, Homes) {
   std::string homes;
-  for (int i = 0; i < 1000; ++i)
+  for (int i = 0; i < 20; ++i)
     homes += "1\n0 2 0 0.15 0.87 1 2 1836019566 " + std::to_string(i) + " 1\nHere\n";
   FailEveryCall(File("work/home_params.ini", homes), [](const TempRoots&) {
     Camera camera(1);
@@ -152,6 +144,9 @@ TEST(SavingFaults, SettingsRestored) {
     Create(settings, Int(kPlnt, 1, 0));
     Create(settings, Int(kPlnt, 2, 0));
     settings.Restore("named.data");
+    settings.SetCurSection(kPlnt);
+    const int value = 99;
+    settings.SetField(1, &value);
     return settings.Save("named.data");
   });
 }

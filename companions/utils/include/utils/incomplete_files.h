@@ -15,6 +15,7 @@ class UTILS_API IncompleteFiles {
   void Add(const std::string& path);
   void Clear();
   bool IsEmpty() const { return m_Paths.empty(); }
+  bool Has(const std::string& path) const;
 
   // False, with one line that names the file and `what` is not saved (for example "homes"), for a file that
   // was added and is still there. One that has gone has nothing to lose, and a folder is never replaced.
