@@ -59,7 +59,7 @@ void SettingsData::ReadDefaults() {
 }
 
 // A path is given for what is there, or may be: not to open it is a failure, not a missing file.
-bool SettingsData::OpenForReading(const char* fileName, MFile& file) {
+bool SettingsData::OpenForReading(const char* fileName, MFile& file) const {
   const std::string path = GetPathOf(fileName);
   if (path.empty()) return false;
   const int length = file.Open(path.c_str(), MFile::kRead) ? file.GetLength() : -1;
@@ -71,7 +71,9 @@ std::string SettingsData::GetPathOf(const char* fileName) const {
   return fileName ? ZentharPath::GetPath(fileName) : m_FileName;
 }
 
-void SettingsData::NoteIncomplete(const char* fileName) { m_Tables->incomplete.Add(GetPathOf(fileName)); }
+void SettingsData::NoteIncomplete(const char* fileName) const {
+  m_Tables->incomplete.Add(GetPathOf(fileName));
+}
 
 bool SettingsData::FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const {
   // Among the defaults the own block is not looked for: in the container's own file it would hide them.

@@ -15,8 +15,8 @@ struct LineInfo {
 };
 
 // Lines of a stream, through a buffer of its own. The stream stays the caller's. A byte-order mark at the
-// start is skipped, and is no part of the first line. A read error ends the reading: the line that it fell into
-// is not handed out, nor anything behind it.
+// start is skipped, and is no part of the first line. A read error ends the reading: the line that it fell
+// into is not handed out, nor anything behind it.
 class LineReader {
  public:
   explicit LineReader(std::FILE* file);

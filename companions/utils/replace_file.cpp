@@ -23,7 +23,8 @@ void SetReason(std::string& to, const char* reason) noexcept {
   }
 }
 
-// Whether the file holds exactly these bytes; null: whether there is none. What cannot be read is another one.
+// Whether the file holds exactly these bytes; null: whether there is none. What cannot be read is another
+// one.
 bool HoldsStill(const std::string& path, const std::string_view* expected) {
   MFile file;
   if (!expected) return GetFilePresence(path.c_str()) == FilePresence::kAbsent;

@@ -35,8 +35,8 @@ bool MoveOver(const std::string& path, const std::string& target, std::string& r
 
 void RemoveFile(const std::string& path) noexcept;
 
-// While it lives, no other holder for the same target, in any process, goes past its constructor. At best: where
-// the system cannot lock, or somebody holds the lock for seconds, it does nothing.
+// While it lives, no other holder for the same target, in any process, goes past its constructor. At best:
+// where the system cannot lock, or somebody holds the lock for seconds, it does nothing.
 class TargetLock {
  public:
   explicit TargetLock(const std::string& target);

@@ -37,8 +37,8 @@ bool ReadLink(const std::string& path, std::string& to) {
   return true;
 }
 
-// Takes over the mode and the owner of the old file; false when the mode cannot be had. Giving the file away may
-// be refused, which is no failure: then the user who saves owns the file.
+// Takes over the mode and the owner of the old file; false when the mode cannot be had. Giving the file away
+// may be refused, which is no failure: then the user who saves owns the file.
 bool CopyPermissions(int file, struct stat old) {
   struct stat now;
   if (fchown(file, old.st_uid, old.st_gid) != 0 && fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) {

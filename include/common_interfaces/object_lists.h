@@ -7,11 +7,12 @@
 // What holds for all three. Two entries are the same object when kind and number are equal; names are not
 // compared. A file is read line by line; a line that cannot be used is skipped without a message, and an
 // entry that a file holds twice is read twice. A file is replaced whole or not at all: a failed write keeps
-// the old one. A file that is there and cannot be read, or not to its end, gives the entries before the error;
-// saving over it is then refused with one line that names it, as long as it is there. A name is written with a blank in place of every tab, line feed and carriage return in it,
-// because these would tear its line apart, and cut where its line would be longer than the reader takes. The
-// name of an SSO_ID holds 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one
-// thread; it owns its list.
+// the old one. A file that is there and cannot be read, or not to its end, gives the entries before the
+// error; saving over it is then refused with one line that names it, as long as it is there. A name is
+// written with a blank in place of every tab, line feed and carriage return in it, because these would tear
+// its line apart, and cut where its line would be longer than the reader takes. The name of an SSO_ID holds
+// 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one thread; it owns its
+// list.
 #pragma once
 
 #include <memory>
@@ -28,9 +29,9 @@ namespace CommonInterfaces {
 // memory only; Write and Save alone change the file.
 class COMMON_INTERFACES_API FavouriteObjectsFile {
  public:
-  // Makes an empty file when there is none, and never replaces one. When the file can neither be opened nor made, prints
-  // "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write then do
-  // nothing. The list starts empty in any case.
+  // Makes an empty file when there is none, and never replaces one. When the file can neither be opened nor
+  // made, prints "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write
+  // then do nothing. The list starts empty in any case.
   FavouriteObjectsFile();
 
   // Appends the entries of the file to the list; what the list holds already stays, so a second Read doubles

@@ -25,9 +25,9 @@ inline std::map<std::string, std::string> ReadAll(const TempDir& dir) {
   return files;
 }
 
-// Makes a folder with `prepare(roots)` and then runs `save(roots)` once for each call to the system that it makes,
-// of which that one fails. What it answers must be true: the folder is then as it is when nothing fails, or as
-// it was, and holds nothing else. `save` must make a difference.
+// Makes a folder with `prepare(roots)` and then runs `save(roots)` once for each call to the system that it
+// makes, of which that one fails. What it answers must be true: the folder is then as it is when nothing
+// fails, or as it was, and holds nothing else. `save` must make a difference.
 template <class Prepare, class Save>
 void FailEveryCall(Prepare prepare, Save save) {
   constexpr int kMostCalls = 2000;

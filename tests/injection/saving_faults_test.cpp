@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Every operation that saves a file of the user, loading included, with each of its calls to the system failing
-// once.
+// Every operation that saves a file of the user, loading included, with each of its calls to the system
+// failing once.
 #include "camera/home_fixture.h"
 #include "common_interfaces/object_lists.h"
 #include "injection/every_call.h"

@@ -43,8 +43,8 @@ class UTILS_API MFile {
   unsigned Write(const void* in, unsigned size);
 
   // Whether anything was not read, or the length not told, because of an error since Open: what Read gave is
-  // then not all that the file has, and what Search did not find may be there. False after a short read at the
-  // end of the file.
+  // then not all that the file has, and what Search did not find may be there. False after a short read at
+  // the end of the file.
   bool HasReadFailed() const { return m_ReadFailed; }
 
   // origin 0: from the start, 1: from the position, 2: from the end. False, with the position where it was,

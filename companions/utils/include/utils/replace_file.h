@@ -56,8 +56,8 @@ class UTILS_API FileReplacement {
 
   // The same for a content that was made from the old one: only if the target still holds exactly `expected`
   // (null: there is still no file). False, with IsOvertaken true, when it does not, because somebody else has
-  // replaced it meanwhile: the caller reads it again and makes his content anew. Of several writers that all use
-  // CommitOver none replaces what another one has just put there.
+  // replaced it meanwhile: the caller reads it again and makes his content anew. Of several writers that all
+  // use CommitOver none replaces what another one has just put there.
   bool CommitOver(const std::string_view* expected) noexcept;
   bool IsOvertaken() const noexcept { return m_Overtaken; }
 
