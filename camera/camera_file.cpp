@@ -7,6 +7,7 @@
 #include "camera/camera_record.h"
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
+#include "utils/debug.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -88,6 +89,31 @@ void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
 
 void Camera::WriteSelf(const char* file, int id) {
   if (m_Settings == nullptr) return;
+  PutShortRecord(id);
+  m_Settings->Write(file);
+}
+
+void Camera::WriteSelfAll(const char* file, int id) {
+  if (m_Settings == nullptr) return;
+  PutRecord(id);
+  m_Settings->Write(file);
+}
+
+bool Camera::SaveSelf(const char* file, int id) {
+  return m_Settings != nullptr && SaveRecord(PutShortRecord(id), file);
+}
+
+bool Camera::SaveSelfAll(const char* file, int id) {
+  return m_Settings != nullptr && SaveRecord(PutRecord(id), file);
+}
+
+bool Camera::SaveRecord(bool whole, const char* file) {
+  if (whole) return m_Settings->Save(file);
+  PrintDebugString("View not saved in file %s: the camera's settings lack fields of it\n", file ? file : "");
+  return false;
+}
+
+bool Camera::PutShortRecord(int id) {
   m_Settings->SetID(static_cast<unsigned>(id));
   m_FST = 1;
   RecordWriter writer(*m_Settings);
@@ -97,11 +123,10 @@ void Camera::WriteSelf(const char* file, int id) {
   ExchangeObserver(writer, earth);
   ExchangePlace(writer, m_Location);
   ExchangeStep(writer, kStepKeys[0], m_Steps);
-  m_Settings->Write(file);
+  return writer.IsWhole();
 }
 
-void Camera::WriteSelfAll(const char* file, int id) {
-  if (m_Settings == nullptr) return;
+bool Camera::PutRecord(int id) {
   m_Settings->SetID(static_cast<unsigned>(id));
   m_DispCoorSysObserver = m_Location.coorSys;
   RecordWriter writer(*m_Settings);
@@ -118,7 +143,7 @@ void Camera::WriteSelfAll(const char* file, int id) {
   ExchangeDirection(writer, State(), firstLook);
   for (const StepKeys& keys : kStepKeys) ExchangeStep(writer, keys, m_Steps);
   WriteDaylightSavings(writer, m_DST);
-  m_Settings->Write(file);
+  return writer.IsWhole();
 }
 
 }  // namespace CommonInterfaces

@@ -21,7 +21,11 @@ bool RecordReader::Take(const char* key, void* out, unsigned width, unsigned cou
 }
 
 void RecordWriter::Put(const char* key, const void* in, unsigned width, unsigned count) {
-  if (FindRecordField(m_Settings, key, width, count) != nullptr) m_Settings.SetField(key, in);
+  if (FindRecordField(m_Settings, key, width, count) != nullptr) {
+    m_Settings.SetField(key, in);
+  } else {
+    m_Whole = false;
+  }
 }
 
 namespace {

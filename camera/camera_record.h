@@ -38,6 +38,9 @@ class RecordWriter {
  public:
   explicit RecordWriter(SettingsData& settings) : m_Settings(settings) {}
 
+  // Whether there was a field for every value so far.
+  bool IsWhole() const { return m_Whole; }
+
   template <class T>
   void Value(const char* key, const T& value) {
     Put(key, &value, sizeof(T), 1);
@@ -50,6 +53,7 @@ class RecordWriter {
  private:
   void Put(const char* key, const void* in, unsigned width, unsigned count);
   SettingsData& m_Settings;
+  bool m_Whole = true;
 };
 
 // The groups of keys, in the order of the record (docs/formats/camera_record.md).

@@ -45,7 +45,11 @@ void Camera::LoadHomes() {
   std::string path = ZentharPath::GetPath(kFileName);
   if (path.empty()) path = ZentharPath::GetPath("media:home_params.ini");
   MTextFile file(true, kComment, kEnd, kLineSize);
-  if (path.empty() || !file.Open(path.c_str(), false)) return;
+  if (path.empty()) return;
+  if (!file.Open(path.c_str(), false)) {
+    m_IncompleteHomes.Add(path);
+    return;
+  }
   HomeParameters home;
   int count = 0;
   HomeReading reading;
@@ -53,9 +57,11 @@ void Camera::LoadHomes() {
     m_Homes.emplace(home.observer, home);  // of two for one observer the first counts
     ++count;
   }
-  if (reading == HomeReading::kDamaged)
-    PrintDebugString("File %s: home %d is damaged, it and what follows is left out\n", path.c_str(),
-                     count + 1);
+  if (reading == HomeReading::kDamaged || file.HasReadFailed()) {
+    m_IncompleteHomes.Add(path);
+    PrintDebugString("File %s: home %d %s, it and what follows is left out\n", path.c_str(), count + 1,
+                     file.HasReadFailed() ? "cannot be read" : "is damaged");
+  }
   const HomeParameters* const earth = FindHome(astro::kEarth);
   if (!earth) return;
   m_EarthHome = *earth;
@@ -68,17 +74,20 @@ const HomeParameters* Camera::FindHome(const SSO_ID& observer) const {
   return found == m_Homes.end() ? nullptr : &found->second;
 }
 
-void Camera::SaveHomeParams() {
+void Camera::SaveHomeParams() { StoreHomeParams(); }
+
+bool Camera::StoreHomeParams() {
   const std::string path = ZentharPath::GetWorkPath(kFileName, false, true);
+  if (!m_IncompleteHomes.MayReplace(path, "homes")) return false;
   MTextFile file(false, kComment, kEnd, kLineSize);
-  bool written = !path.empty() && file.Open(path.c_str(), true);
-  for (auto home = m_Homes.begin(); written && home != m_Homes.end(); ++home)
-    written = WriteHome(file, home->second);
-  if (!written) {
+  if (path.empty() || !file.Open(path.c_str(), true)) {
     PrintDebugString("File %s: homes not saved\n", path.empty() ? kFileName : path.c_str());
-    return;
+    return false;
   }
-  file.Close();  // says itself when the file could not be replaced
+  for (const auto& [observer, home] : m_Homes) {
+    if (!WriteHome(file, home)) break;
+  }
+  return file.Close();  // says itself when the file could not be written or replaced
 }
 
 void Camera::SetLocationName(const char* name) {

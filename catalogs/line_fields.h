@@ -18,14 +18,14 @@ inline constexpr unsigned kLineBuffer = 256;  // with the terminating zero
 inline constexpr char kFieldDelimiter[] = "\t";
 
 // Hands every line of the file to `take`, without its end, as a zero-terminated text. False when the file
-// cannot be opened.
+// cannot be opened, or not be read to its end.
 template <class Take>
 bool ForEachLine(const std::string& path, Take take) {
   MTextFile file(false, '\0', '\0', kLineBuffer);
   if (!file.Open(path.c_str(), false)) return false;
   char line[kLineBuffer];
   while (file.Readln(line, sizeof line) > 0) take(line);
-  return true;
+  return !file.HasReadFailed();
 }
 
 // Take a number from the start of a text as "%d" and "%f" do: blanks before it and a sign are allowed, what

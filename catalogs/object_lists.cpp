@@ -7,6 +7,7 @@
 
 #include "catalogs/line_fields.h"
 #include "utils/debug.h"
+#include "utils/file_presence.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -17,10 +18,11 @@ constexpr char kFavourites[] = "catalogs:favourites.txt";
 constexpr std::size_t kLongestLine = kLineBuffer - 1;
 constexpr int kMostNumbers = 3;
 
-// Hands the entries of a list file to `take`: the name and `count` numbers. A missing file has none.
+// Hands the entries of a list file to `take`: the name and `count` numbers. A missing file has none; one that
+// cannot be read whole is noted.
 template <class Take>
-void ReadList(const std::string& path, int count, Take take) {
-  ForEachLine(path, [&](const char* line) {
+void ReadList(const std::string& path, int count, IncompleteFiles& incomplete, Take take) {
+  const bool whole = ForEachLine(path, [&](const char* line) {
     const auto fields = GetTokens(line, kFieldDelimiter);
     if (fields.size() < static_cast<std::size_t>(count) + 1) return;
     int numbers[kMostNumbers] = {};
@@ -29,12 +31,15 @@ void ReadList(const std::string& path, int count, Take take) {
     }
     take(fields[0], numbers);
   });
+  if (!whole && GetFilePresence(path.c_str()) != FilePresence::kAbsent) incomplete.Add(path);
 }
 
 // Replaces a list file by one line for each entry. False, with the old file in place, when it cannot be
-// written.
+// written, and for one that the list does not hold whole.
 template <class Entries, class WriteLine>
-bool WriteList(const std::string& path, const Entries& entries, WriteLine writeLine) {
+bool WriteList(const std::string& path, const Entries& entries, const IncompleteFiles& incomplete,
+               WriteLine writeLine) {
+  if (!incomplete.MayReplace(path, "list")) return false;
   MTextFile file(false, '\0', '\0', kLineBuffer);
   if (!file.Open(path.c_str(), true)) return false;
   for (const auto& entry : entries) writeLine(file, entry);
@@ -58,19 +63,13 @@ void WriteLine(MTextFile& file, const std::string& name, int kind, int number) {
 // The field of a caller's identifier may be filled to its last byte, without a terminating zero.
 std::string NameOf(const SSO_ID& object) { return {object.name, sizeof object.name - 1}; }
 
-bool CreateEmpty(const std::string& path) {
-  MTextFile file(false, '\0', '\0', kLineBuffer);
-  return file.Open(path.c_str(), true) && file.Close();
+void CreateWhereAbsent(const std::string& path) {
+  if (GetFilePresence(path.c_str()) == FilePresence::kAbsent) CreateEmptyFile(path.c_str());
 }
 
-// Asked by the logical path: a resolved one is relative where the root is, and would be resolved a second
-// time.
-bool Exists(const char* logicalPath) { return !ZentharPath::GetWorkPath(logicalPath, true).empty(); }
-
 // A file that is there and cannot be read is not usable: a list that starts empty would take its place.
-bool MakeUsable(const char* logicalPath, const std::string& path) {
-  if (path.empty()) return false;
-  if (!Exists(logicalPath)) return CreateEmpty(path);
+bool MakeUsable(const std::string& path) {
+  CreateWhereAbsent(path);
   MTextFile file(false, '\0', '\0', kLineBuffer);
   return file.Open(path.c_str(), false);
 }
@@ -87,7 +86,7 @@ bool HandOut(const std::vector<Entry>& list, std::vector<Entry>& out) {
 
 FavouriteObjectsFile::FavouriteObjectsFile() {
   const std::string path = ZentharPath::GetWorkPath(kFavourites);
-  if (MakeUsable(kFavourites, path)) {
+  if (MakeUsable(path)) {
     m_Path = CopyToHeap(path);
   } else {
     PrintDebugString("FavouriteObjectsFile(): cannot open the file\n \"%s\"\n",
@@ -97,16 +96,18 @@ FavouriteObjectsFile::FavouriteObjectsFile() {
 
 void FavouriteObjectsFile::Read() {
   if (!m_Path) return;
-  ReadList(m_Path.get(), 2, [this](const std::string& name, const int* numbers) {
+  ReadList(m_Path.get(), 2, m_Incomplete, [this](const std::string& name, const int* numbers) {
     SSO_ID object(numbers[0], numbers[1]);
     SetName(name, object);
     m_Objects.push_back(object);
   });
 }
 
-void FavouriteObjectsFile::Write() {
-  if (!m_Path) return;
-  WriteList(m_Path.get(), m_Objects, [](MTextFile& file, const SSO_ID& object) {
+void FavouriteObjectsFile::Write() { Save(); }
+
+bool FavouriteObjectsFile::Save() {
+  if (!m_Path) return false;
+  return WriteList(m_Path.get(), m_Objects, m_Incomplete, [](MTextFile& file, const SSO_ID& object) {
     WriteLine(file, NameOf(object), object.kind, object.number);
   });
 }
@@ -132,7 +133,7 @@ int FavouriteObjectsFile::GetSize() const { return static_cast<int>(m_Objects.si
 const std::vector<SSO_ID>& FavouriteObjectsFile::GetObjects() const { return m_Objects; }
 
 SelectedObjectsFile::SelectedObjectsFile(const char* path) : m_Path(ZentharPath::GetWorkPath(path)) {
-  ReadList(m_Path, 2, [this](const std::string& name, const int* numbers) {
+  ReadList(m_Path, 2, m_Incomplete, [this](const std::string& name, const int* numbers) {
     m_Objects.push_back({name, numbers[0], numbers[1]});
   });
 }
@@ -145,14 +146,14 @@ bool SelectedObjectsFile::SetObjects(const std::vector<ObjectDesc>& in) {
 }
 
 bool SelectedObjectsFile::Save() {
-  return WriteList(m_Path, m_Objects, [](MTextFile& file, const ObjectDesc& object) {
+  return WriteList(m_Path, m_Objects, m_Incomplete, [](MTextFile& file, const ObjectDesc& object) {
     WriteLine(file, object.name, object.kind, object.number);
   });
 }
 
 ChoosingObjectsFile::ChoosingObjectsFile(const char* path) : m_Path(ZentharPath::GetWorkPath(path)) {
-  if (!m_Path.empty() && !Exists(path)) CreateEmpty(m_Path);
-  ReadList(m_Path, 3, [this](const std::string& name, const int* numbers) {
+  if (!m_Path.empty()) CreateWhereAbsent(m_Path);
+  ReadList(m_Path, 3, m_Incomplete, [this](const std::string& name, const int* numbers) {
     SSO_ID object(numbers[0], numbers[1]);
     SetName(name, object);
     object.fourth = numbers[2];
@@ -168,7 +169,7 @@ bool ChoosingObjectsFile::SetObjects(const std::vector<SSO_ID>& in) {
 }
 
 bool ChoosingObjectsFile::Save() {
-  return WriteList(m_Path, m_Objects, [](MTextFile& file, const SSO_ID& object) {
+  return WriteList(m_Path, m_Objects, m_Incomplete, [](MTextFile& file, const SSO_ID& object) {
     // 79 bytes of name and three numbers always fit.
     file.Write("%s\t%d\t%d\t%d\n", LineName(NameOf(object), 0).c_str(), object.kind, object.number,
                object.fourth);

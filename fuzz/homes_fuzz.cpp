@@ -32,7 +32,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   camera.GoHome(true);
   camera.IsHome(1.0f);
   camera.StoreParams(15);
-  camera.SaveHomeParams();
+  // Homes that were damaged in the file are not saved over it.
+  if (!camera.StoreHomeParams()) {
+    fuzz::Scratch::Get().Remove("work/home_params.ini");
+    fuzz::Require(camera.StoreHomeParams(), "homes can be saved where no file is");
+  }
   // What was written is never damaged.
   CommonInterfaces::Camera later(1);
   for (const SSO_ID& observer : observers) {

@@ -41,6 +41,7 @@ SettingsData& SettingsData::operator=(const SettingsData& other) {
   m_CurSection = other.m_CurSection;
   m_FileName = other.m_FileName;
   m_ID = other.m_ID;
+  m_Tables->incomplete = other.m_Tables->incomplete;
   return *this;
 }
 

@@ -15,6 +15,7 @@ namespace CommonInterfaces {
 bool SettingsData::Read(const char* fileName) {
   const bool hadCurrent = m_CurSection >= 0;
   const unsigned current = GetCurSection();
+  m_Tables->incomplete.Clear();
   const bool result = ReadFrom(fileName);
   m_Tables->index.Forget();
   if (hadCurrent) SetCurSection(current);
@@ -24,6 +25,8 @@ bool SettingsData::Read(const char* fileName) {
 bool SettingsData::ReadFrom(const char* fileName) {
   DeleteFields();
   if (!m_bLoadingDefaults) ReadDefaults();
+  // Of an own block only what there are defaults for is kept.
+  if (fileName && !m_Tables->incomplete.IsEmpty()) NoteIncomplete(fileName);
   const int fieldCount = GetFieldCount();
   const int sectionCount = GetSectionCount();
   if (!fileName && fieldCount > 0) return true;
@@ -33,8 +36,10 @@ bool SettingsData::ReadFrom(const char* fileName) {
   // Without a name the search starts at the tag: neither it nor the version looks like a key.
   if (fileName) m_Version = ReadSettingsHeader(file).version;
   bool isDefaults = false;
-  if (!FindOwnOrDefaultsBlock(file, isDefaults)) return false;
-  if (!ReadSectionRecords(file, m_Sections) || !ReadFieldRecords(file, m_Fields)) return false;
+  const bool found = FindOwnOrDefaultsBlock(file, isDefaults);
+  const bool whole = found && ReadSectionRecords(file, m_Sections) && ReadFieldRecords(file, m_Fields);
+  if (found != whole || file.HasReadFailed()) NoteIncomplete(fileName);
+  if (!whole) return false;
 
   if (isDefaults) {
     ReplaceDefaults(fieldCount, sectionCount);
@@ -53,9 +58,21 @@ void SettingsData::ReadDefaults() {
   m_bLoadingDefaults = false;
 }
 
+// A path is given for what is there, or may be: not to open it is a failure, not a missing file.
 bool SettingsData::OpenForReading(const char* fileName, MFile& file) const {
-  const std::string path = fileName ? ZentharPath::GetPath(fileName) : m_FileName;
-  return !path.empty() && file.Open(path.c_str(), MFile::kRead) && file.GetLength() > 0;
+  const std::string path = GetPathOf(fileName);
+  if (path.empty()) return false;
+  const int length = file.Open(path.c_str(), MFile::kRead) ? file.GetLength() : -1;
+  if (length < 0) NoteIncomplete(fileName);
+  return length > 0;
+}
+
+std::string SettingsData::GetPathOf(const char* fileName) const {
+  return fileName ? ZentharPath::GetPath(fileName) : m_FileName;
+}
+
+void SettingsData::NoteIncomplete(const char* fileName) const {
+  m_Tables->incomplete.Add(GetPathOf(fileName));
 }
 
 bool SettingsData::FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const {

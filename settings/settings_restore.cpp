@@ -15,14 +15,17 @@ bool SettingsData::Restore(const char* fileName) {
   if (!fileName || !OpenForReading(fileName, file)) return false;
   const SettingsHeader header = ReadSettingsHeader(file);
   if (header.present && header.version != m_Version) return false;
-  if (!FindBlock(file, m_Owner, m_ID)) return false;
-
+  const bool found = FindBlock(file, m_Owner, m_ID);
   std::vector<SectionRecord> sections;
-  if (!ReadSectionRecords(file, sections)) return false;
+  if (!found || !ReadSectionRecords(file, sections)) {
+    if (found || file.HasReadFailed()) NoteIncomplete(fileName);
+    return false;
+  }
   for (const SectionRecord& section : sections) SetSectionStatus(section.id, section.status);
 
   std::vector<SettingField*> fields;
   const bool result = ReadFieldRecords(file, fields);
+  if (!result || file.HasReadFailed()) NoteIncomplete(fileName);
   for (SettingField* field : fields) {
     const std::unique_ptr<SettingField> saved(field);
     SettingField* const counterpart = GetAtField(saved->GetSection(), saved->GetNameId(), false);

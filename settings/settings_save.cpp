@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
 #include "settings/settings_block.h"
+#include "settings/settings_tables.h"
 #include "utils/bytes.h"
 #include "utils/debug.h"
 #include "utils/file.h"
@@ -91,22 +93,44 @@ bool WriteBytes(const Sink& sink, const Bytes& bytes) {
 
 }  // namespace
 
+// What could not be read in the work area may be found in the data root now, where it was all the time.
+bool SettingsData::HasReadWhole(const char* fileName) const {
+  const std::string source = ZentharPath::GetPath(fileName);
+  IncompleteFiles incomplete = m_Tables->incomplete;
+  if (incomplete.Has(ZentharPath::GetWorkPath(fileName, false, false))) incomplete.Add(source);
+  return incomplete.MayReplace(source, "settings");
+}
+
+// Makes the new content from what the file holds now, and again when somebody else replaced it meanwhile.
 bool SettingsData::WriteReplacement(const char* fileName) {
-  const std::string target = ZentharPath::GetWorkPath(fileName);
+  constexpr int kTries = 1000;
+  for (int i = 0; i < kTries; ++i) {
+    FileReplacement file;
+    if (TryReplacement(fileName, file)) return true;
+    if (!file.IsOvertaken()) return false;
+  }
+  return false;
+}
+
+bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
+  const std::string target = ZentharPath::GetWorkPath(fileName), source = ZentharPath::GetPath(fileName);
   Bytes old;
-  if (target.empty() || !LoadFile(ZentharPath::GetPath(fileName), old)) return false;
+  if (target.empty() || !LoadFile(source, old)) return false;
+  // A file of the data root becomes one of the work area, where none is so far.
+  const std::string_view content(reinterpret_cast<const char*>(old.data()), old.size());
   RaiseVersion();
   const KeptBytes kept = DropBlock(old, m_Owner, m_ID);
-  FileReplacement file;
   const Sink sink = [&file](const void* bytes, unsigned size) {
     return file.Write({static_cast<const char*>(bytes), size});
   };
   return file.Open(target.c_str()) && WriteHeader(sink) && WriteBytes(sink, kept.before) &&
-         WriteBlock(sink) && WriteBytes(sink, kept.behind) && file.Commit();
+         WriteBlock(sink) && WriteBytes(sink, kept.behind) &&
+         file.CommitOver(source == target ? &content : nullptr);
 }
 
 bool SettingsData::Save(const char* fileName) {
   try {
+    if (!HasReadWhole(fileName)) return false;
     if (WriteReplacement(fileName)) return true;
   } catch (const std::exception&) {  // no memory, in every case
   }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "companions/utils/file_platform.h"
+#include "utils/file_presence.h"
 
 namespace {
 
@@ -81,6 +82,7 @@ bool MFile::Open(const char* path, int mode) {
   m_Moved = false;
   m_Operation = Operation::kNone;
   m_WriteFailed = false;
+  m_ReadFailed = false;
   return true;
 }
 
@@ -98,6 +100,7 @@ bool MFile::Prepare(Operation next) {
   if (m_Operation == next && !m_Moved) return true;
   if (std::fseek(m_File.get(), m_Position, SEEK_SET) != 0) {
     if (m_Operation == Operation::kWrite) m_WriteFailed = true;  // what was held back went out with this call
+    if (next == Operation::kRead) m_ReadFailed = true;
     return false;
   }
   m_Operation = next;
@@ -110,6 +113,7 @@ unsigned MFile::Read(void* out, unsigned size) {
   const unsigned room = static_cast<unsigned>(INT_MAX - m_Position);
   const auto count = static_cast<unsigned>(std::fread(out, 1, std::min(size, room), m_File.get()));
   m_Position += static_cast<int>(count);
+  if (count < size && std::ferror(m_File.get()) != 0) m_ReadFailed = true;
   return count;
 }
 
@@ -137,7 +141,9 @@ int MFile::Tell() const { return m_File ? m_Position : -1; }
 int MFile::GetLength() const {
   if (!m_File) return -1;
   if (m_Operation == Operation::kWrite && std::fflush(m_File.get()) != 0) m_WriteFailed = true;
-  return static_cast<int>(std::clamp<long long>(GetStreamLength(m_File.get()), -1, INT_MAX));
+  const long long length = GetStreamLength(m_File.get());
+  if (length < 0) m_ReadFailed = true;
+  return static_cast<int>(std::clamp<long long>(length, -1, INT_MAX));
 }
 
 int MFile::GetLength(const char* path) {
@@ -164,3 +170,14 @@ bool MFile::Search(const void* key, unsigned keySize) {
   Seek(0, start);
   return false;
 }
+
+FilePresence GetFilePresence(const char* path) {
+  using utils_internal::PathKind;
+  if (!path || !*path) return FilePresence::kAbsent;
+  const PathKind kind = utils_internal::GetPathKind(path);
+  if (kind == PathKind::kNone) return FilePresence::kAbsent;
+  if (kind == PathKind::kFolder) return FilePresence::kFolder;
+  return kind == PathKind::kUnknown ? FilePresence::kUnknown : FilePresence::kPresent;
+}
+
+bool CreateEmptyFile(const char* path) { return path && *path && utils_internal::MakeEmptyFile(path); }

@@ -11,14 +11,18 @@
 namespace utils_internal {
 
 enum class PathKind {
-  kNone,  // nothing there, or not to be reached
-  kFile,  // a regular file
+  kNone,     // nothing there
+  kUnknown,  // the system does not tell
+  kFile,     // a regular file
   kFolder,
   kOther,  // a device, a pipe, a socket
 };
 
 // What the path names; a symbolic link counts as what it leads to.
 PathKind GetPathKind(const std::string& path);
+
+// Makes an empty file; a link is followed. False when something is there already, and when none can be made.
+bool MakeEmptyFile(const std::string& path);
 
 // Makes one folder, whose parent must exist. True also when the folder is there already.
 bool MakeFolder(const std::string& path);

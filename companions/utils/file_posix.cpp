@@ -1,19 +1,31 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
+#include "companions/utils/absence_posix.h"
 #include "companions/utils/file_platform.h"
+#include "companions/utils/replace_file_platform.h"
 #include "utils/file.h"
 
 namespace utils_internal {
 
 PathKind GetPathKind(const std::string& path) {
   struct stat info;
-  if (stat(path.c_str(), &info) != 0) return PathKind::kNone;
+  if (stat(path.c_str(), &info) != 0) return IsAbsence(errno) ? PathKind::kNone : PathKind::kUnknown;
   if (S_ISREG(info.st_mode)) return PathKind::kFile;
   return S_ISDIR(info.st_mode) ? PathKind::kFolder : PathKind::kOther;
+}
+
+bool MakeEmptyFile(const std::string& path) {
+  std::string target, reason;
+  if (!FollowLinks(path, target, reason)) return false;
+  const int file = open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  return file >= 0 && close(file) == 0;
 }
 
 bool MakeFolder(const std::string& path) {

@@ -14,9 +14,16 @@ namespace utils_internal {
 
 PathKind GetPathKind(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::kNone;
+  if (attributes == INVALID_FILE_ATTRIBUTES)
+    return IsAbsence(GetLastError()) ? PathKind::kNone : PathKind::kUnknown;
   if (attributes & FILE_ATTRIBUTE_DIRECTORY) return PathKind::kFolder;
   return attributes & FILE_ATTRIBUTE_DEVICE ? PathKind::kOther : PathKind::kFile;
+}
+
+bool MakeEmptyFile(const std::string& path) {
+  const HANDLE handle = CreateFileW(Widen(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  return handle != INVALID_HANDLE_VALUE && CloseHandle(handle);
 }
 
 bool MakeFolder(const std::string& path) {

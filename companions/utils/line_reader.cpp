@@ -19,8 +19,11 @@ LineReader::LineReader(std::FILE* file) : m_File(file), m_Buffer(kBufferSize) {
 }
 
 bool LineReader::Fill() {
-  m_Begin = 0;
+  m_Begin = m_End = 0;
+  // What follows a failed read may have lost bytes in front of it, which would make one line of two.
+  if (m_Failed) return false;
   m_End = std::fread(m_Buffer.data(), 1, m_Buffer.size(), m_File);
+  m_Failed = std::ferror(m_File) != 0;
   return m_End > 0;
 }
 
@@ -45,6 +48,7 @@ LineInfo LineReader::Next(char* out, unsigned limit) {
     length += count;
     m_Begin += count + (ended ? 1 : 0);
   }
+  if (!ended && m_Failed) return {0, -1, 0};
   line.bytes = static_cast<int>(std::min<unsigned long long>(length + (ended ? 1 : 0), INT_MAX));
   if (ended && length > 0 && last == '\r') {
     --length;

@@ -15,7 +15,8 @@ struct LineInfo {
 };
 
 // Lines of a stream, through a buffer of its own. The stream stays the caller's. A byte-order mark at the
-// start is skipped, and is no part of the first line.
+// start is skipped, and is no part of the first line. A read error ends the reading: the line that it fell
+// into is not handed out, nor anything behind it.
 class LineReader {
  public:
   explicit LineReader(std::FILE* file);
@@ -24,12 +25,15 @@ class LineReader {
   // it.
   LineInfo Next(char* out, unsigned limit);
 
+  bool HasFailed() const { return m_Failed; }
+
  private:
   bool Fill();
 
   std::FILE* m_File;
   std::vector<char> m_Buffer;
   std::size_t m_Begin = 0, m_End = 0;  // what is read and not yet used
+  bool m_Failed = false;               // nothing more can be read
 };
 
 }  // namespace utils_internal

@@ -25,7 +25,9 @@ Roots& GetRoots() {
   return s_Roots;
 }
 
-bool Exists(const std::string& path) { return GetPathKind(path) != PathKind::kNone; }
+// A file of which the system does not tell whether it is there counts as there: nobody may pass by it, to a
+// file of another root, or to none.
+bool MayExist(const std::string& path) { return GetPathKind(path) != PathKind::kNone; }
 
 bool IsSlash(char c) { return c == '/' || c == '\\'; }
 
@@ -91,11 +93,11 @@ void ZentharPath::SetLanguageRoot(const char* folder) { GetRoots().language = Co
 
 std::string ZentharPath::GetPath(const char* logicalPath) {
   if (!logicalPath || !*logicalPath) return "";
-  if (IsAbsolute(logicalPath)) return Exists(logicalPath) ? logicalPath : "";
+  if (IsAbsolute(logicalPath)) return MayExist(logicalPath) ? logicalPath : "";
   const std::string relative = GetRelativePath(logicalPath);
   for (const std::string* root : {&GetRoots().work, &GetRoots().language, &GetRoots().data}) {
     std::string path = BelowRoot(*root, relative);
-    if (!path.empty() && Exists(path)) return path;
+    if (!path.empty() && MayExist(path)) return path;
   }
   return "";
 }
@@ -104,7 +106,7 @@ std::string ZentharPath::GetWorkPath(const char* logicalPath, bool mustExist, bo
   if (!logicalPath || !*logicalPath) return "";
   const std::string path =
       IsAbsolute(logicalPath) ? logicalPath : BelowRoot(GetRoots().work, GetRelativePath(logicalPath));
-  if (path.empty() || path.size() > kMaxPathLength || (mustExist && !Exists(path))) return "";
+  if (path.empty() || path.size() > kMaxPathLength || (mustExist && !MayExist(path))) return "";
   if (create && !MakeFolders(ParentOf(path))) return "";
   return path;
 }

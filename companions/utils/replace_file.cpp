@@ -6,10 +6,9 @@
 #include <exception>
 #include <system_error>
 
-#include "companions/utils/file_platform.h"
 #include "companions/utils/replace_file_platform.h"
-
-using utils_internal::PathKind;
+#include "utils/file.h"
+#include "utils/file_presence.h"
 
 namespace {
 
@@ -21,6 +20,22 @@ void SetReason(std::string& to, const char* reason) noexcept {
     to = reason;
   } catch (const std::exception&) {
     to = kNoMemory;
+  }
+}
+
+// Whether the file holds exactly these bytes; null: whether there is none. What cannot be read is another
+// one.
+bool HoldsStill(const std::string& path, const std::string_view* expected) {
+  MFile file;
+  if (!expected) return GetFilePresence(path.c_str()) == FilePresence::kAbsent;
+  if (!file.Open(path.c_str(), MFile::kRead)) return false;
+  std::string_view rest = *expected;
+  char block[16384];
+  for (;;) {
+    const unsigned size = file.Read(block, sizeof block);
+    if (rest.substr(0, size) != std::string_view(block, size)) return false;
+    rest.remove_prefix(size);
+    if (size == 0) return rest.empty() && !file.HasReadFailed();
   }
 }
 
@@ -42,21 +57,19 @@ bool FileReplacement::Open(const char* path) noexcept {
 }
 
 void FileReplacement::OpenNewFile(const char* path) {
-  m_Target = utils_internal::FollowLinks(path);
-  const PathKind kind = utils_internal::GetPathKind(m_Target);
-  if (m_Target.empty()) {
-    m_Reason = *path ? "its links lead in a circle" : "it has no name";
-  } else if (kind != PathKind::kNone && kind != PathKind::kFile) {
-    m_Reason = "it is no regular file";
-  } else if (utils_internal::IsWriteProtected(m_Target)) {
-    m_Reason = "it is write-protected";
-  } else {
-    // A name that is not in m_NewPath is never removed: until the file is made it may be somebody else's.
-    std::string newPath;
-    m_File = utils_internal::CreateBeside(m_Target, newPath, m_Reason);
-    if (m_File) m_NewPath.swap(newPath);
-    m_Spoiled = false;
+  if (!*path) {
+    m_Reason = "it has no name";
+    return;
   }
+  if (!utils_internal::FollowLinks(path, m_Target, m_Reason) ||
+      !utils_internal::MayBeReplaced(m_Target, m_Reason)) {
+    return;
+  }
+  // A name that is not in m_NewPath is never removed: until the file is made it may be somebody else's.
+  std::string newPath;
+  m_File = utils_internal::CreateBeside(m_Target, newPath, m_Reason);
+  if (m_File) m_NewPath.swap(newPath);
+  m_Spoiled = false;
 }
 
 bool FileReplacement::Write(std::string_view bytes) noexcept {
@@ -70,13 +83,39 @@ bool FileReplacement::Flush() noexcept {
 }
 
 bool FileReplacement::Commit() noexcept {
+  if (!FinishNewFile()) return false;
+  return MoveIntoPlace();
+}
+
+bool FileReplacement::CommitOver(const std::string_view* expected) noexcept {
+  m_Overtaken = false;
+  if (!FinishNewFile()) return false;
+  try {
+    // From the look at the target to its replacement nobody else may replace it.
+    const utils_internal::TargetLock lock(m_Target);
+    if (HoldsStill(m_Target, expected)) return MoveIntoPlace();
+    m_Overtaken = true;
+    Fail("somebody else has changed it meanwhile");
+  } catch (const std::exception&) {
+    Fail(kNoMemory);
+  }
+  Discard();
+  return false;
+}
+
+bool FileReplacement::FinishNewFile() noexcept {
   if (!m_File) return Fail(kNothingIsOpen);
   if (!utils_internal::FlushToDisk(m_File)) FailByErrno();
   std::FILE* const file = m_File;
   m_File = nullptr;
   if (std::fclose(file) != 0) FailByErrno();
+  if (m_Spoiled) Discard();
+  return !m_Spoiled;
+}
+
+bool FileReplacement::MoveIntoPlace() noexcept {
   try {
-    if (!m_Spoiled && utils_internal::MoveOver(m_NewPath, m_Target, m_Reason)) {
+    if (utils_internal::MoveOver(m_NewPath, m_Target, m_Reason)) {
       m_NewPath.clear();
       return true;
     }

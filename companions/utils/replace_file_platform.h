@@ -5,17 +5,22 @@
 // UTF-8 on both. Where `reason` is given, a failure leaves one line there. Nothing here prints.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 
 namespace utils_internal {
 
-// The path that a symbolic link leads to, link by link, whether or not something is there; a path that is no
-// link is returned as it is. "" for a circle of links.
-std::string FollowLinks(const std::string& path);
+inline constexpr char kNoRegularFile[] = "it is no regular file";
+inline constexpr char kWriteProtected[] = "it is write-protected";
+inline constexpr char kLinksInACircle[] = "its links lead in a circle";
 
-// True for an existing file that its owner may not write, or this process.
-bool IsWriteProtected(const std::string& path);
+// The path that a symbolic link leads to, link by link, whether or not something is there; a path that is no
+// link is returned as it is. False for a circle of links, and where the system does not tell.
+bool FollowLinks(const std::string& path, std::string& target, std::string& reason);
+
+// Whether the path names nothing yet, or a regular file that its owner and this process may write.
+bool MayBeReplaced(const std::string& path, std::string& reason);
 
 // Creates a file of a new name in the folder of `target` and opens it for writing. When `target` exists the
 // new file takes its permissions and, where the system allows it, its owner. Null when it cannot be created;
@@ -29,5 +34,18 @@ bool FlushToDisk(std::FILE* file);
 bool MoveOver(const std::string& path, const std::string& target, std::string& reason);
 
 void RemoveFile(const std::string& path) noexcept;
+
+// While it lives, no other holder for the same target, in any process, goes past its constructor. At best:
+// where the system cannot lock, or somebody holds the lock for seconds, it does nothing.
+class TargetLock {
+ public:
+  explicit TargetLock(const std::string& target);
+  ~TargetLock();
+  TargetLock(const TargetLock&) = delete;
+  TargetLock& operator=(const TargetLock&) = delete;
+
+ private:
+  std::intptr_t m_Handle;
+};
 
 }  // namespace utils_internal

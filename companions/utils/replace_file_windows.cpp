@@ -42,22 +42,48 @@ bool MoveOverOnce(const std::wstring& from, const std::wstring& to, PathKind kin
 }  // namespace
 
 // The system follows the whole chain itself, for what exists; a link that leads nowhere is taken as it is.
-std::string FollowLinks(const std::string& path) {
+bool FollowLinks(const std::string& path, std::string& to, std::string& reason) {
+  to = path;
   const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return path;
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const DWORD code = GetLastError();
+    if (IsAbsence(code)) return true;
+    reason = GetSystemReason(code);
+    return false;
+  }
+  if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return true;
   const HANDLE handle =
       CreateFileW(Widen(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) return path;
+  if (handle == INVALID_HANDLE_VALUE) {
+    const DWORD code = GetLastError();
+    if (IsAbsence(code)) return true;
+    reason = GetSystemReason(code);
+    return false;
+  }
   wchar_t target[4096];
   const DWORD length = GetFinalPathNameByHandleW(handle, target, static_cast<DWORD>(std::size(target)), 0);
   CloseHandle(handle);
-  return length > 0 && length < std::size(target) ? Narrow(target) : path;
+  if (length == 0 || length >= std::size(target)) {
+    reason = "the system does not tell where its link leads";
+    return false;
+  }
+  to = Narrow(target);
+  return true;
 }
 
-bool IsWriteProtected(const std::string& path) {
+bool MayBeReplaced(const std::string& path, std::string& reason) {
   const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const DWORD code = GetLastError();
+    if (IsAbsence(code)) return true;
+    reason = GetSystemReason(code);
+  } else if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) {
+    reason = kNoRegularFile;
+  } else if (attributes & FILE_ATTRIBUTE_READONLY) {
+    reason = kWriteProtected;
+  }
+  return reason.empty();
 }
 
 // The target's permissions are taken over by MoveOver.
@@ -92,7 +118,7 @@ bool MoveOver(const std::string& path, const std::string& target, std::string& r
     const PathKind kind = GetPathKind(target);
     // Not every system of this interface refuses it by itself.
     if (kind == PathKind::kFolder) {
-      reason = "it is no regular file";
+      reason = kNoRegularFile;
       return false;
     }
     if (MoveOverOnce(from, to, kind)) {
@@ -112,6 +138,27 @@ void RemoveFile(const std::string& path) noexcept {
     DeleteFileW(Widen(path).c_str());
   } catch (const std::exception&) {  // no memory: the file stays
   }
+}
+
+// One lock for all targets: it is held for as long as it takes to read a file of settings.
+TargetLock::TargetLock(const std::string&) {
+  constexpr DWORD kMostWait = 2000;  // milliseconds
+  const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\common_interfaces replaces a file");
+  m_Handle = 0;
+  if (!mutex) return;
+  const DWORD answer = WaitForSingleObject(mutex, kMostWait);
+  if (answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED) {
+    m_Handle = reinterpret_cast<std::intptr_t>(mutex);
+  } else {
+    CloseHandle(mutex);
+  }
+}
+
+TargetLock::~TargetLock() {
+  const auto mutex = reinterpret_cast<HANDLE>(m_Handle);
+  if (!mutex) return;
+  ReleaseMutex(mutex);
+  CloseHandle(mutex);
 }
 
 }  // namespace utils_internal

@@ -27,6 +27,7 @@ struct MTextFile::State {
   const unsigned lineLimit;  // most characters of a line
   std::unique_ptr<std::FILE, Closer> input;
   std::unique_ptr<LineReader> lines;
+  bool readFailed = false;
   FileReplacement output;
   std::string outputPath;  // as the caller knows it, for the message
 
@@ -46,6 +47,7 @@ struct MTextFile::State {
     for (;;) {
       const LineInfo none{0, -1, 0};
       const LineInfo line = lines ? lines->Next(out, std::min(limit, lineLimit)) : none;
+      if (line.bytes == 0 && lines && lines->HasFailed()) readFailed = true;
       if (line.bytes == 0 || !comments || line.first < 0) return line;
       if (line.first == static_cast<unsigned char>(end)) {
         EndReading();
@@ -80,7 +82,8 @@ bool WriteFormatted(FileReplacement& output, const char* format, std::va_list ar
 }  // namespace
 
 MTextFile::MTextFile(bool comments, char comment, char end, unsigned lineSize)
-    : m_State(new State{comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, {}, {}}) {}
+    : m_State(new State{
+          comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, false, {}, {}}) {}
 
 MTextFile::~MTextFile() {
   if (m_State->output.IsOpen()) m_State->GiveUp();
@@ -88,6 +91,7 @@ MTextFile::~MTextFile() {
 
 bool MTextFile::Open(const char* path, bool write) {
   Close();
+  m_State->readFailed = false;
   if (!path || !*path) return false;
   if (write) {
     m_State->outputPath = path;
@@ -105,6 +109,8 @@ int MTextFile::Readln(char* buffer, unsigned size) {
   if (size > 0) buffer[line.bytes > 0 ? line.kept : 0] = '\0';
   return line.bytes;
 }
+
+bool MTextFile::HasReadFailed() const { return m_State->readFailed; }
 
 bool MTextFile::Readln(int& value) {
   char text[64];

@@ -25,4 +25,9 @@ std::string Narrow(const wchar_t* wide) {
   return text;
 }
 
+bool IsAbsence(unsigned long code) {
+  return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_INVALID_NAME ||
+         code == ERROR_DIRECTORY;
+}
+
 }  // namespace utils_internal

@@ -84,12 +84,18 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // the first ReadSelf or CreateDefault the settings object has no fields to write. `id` stays the id of the
   // settings object.
   //
-  // Two writes of one id to one file leave two records and the first is the one that is read: whoever saves
-  // again writes a new file and renames it over the old one.
+  // Two writes of one id to one file leave two records and the first is the one that is read, and whether a
+  // record was written is not told: whoever keeps views for the user calls SaveSelf.
   void WriteSelf(const char* file, int id);
 
   // The same with everything in the table of docs/formats/camera_record.md.
   void WriteSelfAll(const char* file, int id);
+
+  // The same records, each once and whole or not at all, in the place of an older one of that id
+  // (SettingsData::Save). False, with one line and the file as it was, when that fails, and when the settings
+  // object lacks a field of the record; false without a line for a camera without a settings object.
+  bool SaveSelf(const char* file, int id);
+  bool SaveSelfAll(const char* file, int id);
 
   // Reads the default record, ReadSelf(null, CAMR); when that fails sets the built-in defaults and computes
   // the projection scale from them. See GetWinDiag for an oddity of these defaults.
@@ -333,8 +339,12 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // name from the Earth's.
 
   // Writes all homes to "home_params.ini" in the work area. A file that cannot be written whole stays as it
-  // was, with one line. A home without a location part names no observer in the file and is lost there.
+  // was, with one line, and so does one that the homes were loaded from and that could not be read whole, for
+  // an error or for damage in it, as long as it is there. A home without a location part names no observer in
+  // the file and is lost there.
   void SaveHomeParams();
+  // The same, and tells: false when the homes are not in the file.
+  bool StoreHomeParams();
   // Stores parts (HomeParts) of the current state in the home of the observer; other parts stay. Only while
   // moving type is 0. The time is not stored, and an earlier one removed, while the FST mode is on: the view
   // then follows the clock. The time zone is kept for the Earth alone.
@@ -414,6 +424,10 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   bool ReadSavedView(const char* file, unsigned viewId);
   void ApplyRecord(SettingsData& settings, bool namedFile);
   void ReadObserver(RecordReader& reader, bool namedFile);
+  // Put the record into the settings object, under `id`; whether there was a field for everything.
+  bool PutShortRecord(int id);
+  bool PutRecord(int id);
+  bool SaveRecord(bool whole, const char* file);
   void SetBuiltInDefaults();
   void SetDefaultDirection();
   void SetDefaultSteps();

@@ -18,6 +18,7 @@
 #include "common_interfaces/marker_info.h"
 #include "common_interfaces/play_desc.h"
 #include "utils/geometry.h"
+#include "utils/incomplete_files.h"
 
 namespace CommonInterfaces {
 
@@ -121,6 +122,7 @@ struct CameraState {
 
   // Homes, by observer; the last state by observer and moving type, oldest first.
   std::map<SSO_ID, HomeParameters> m_Homes;
+  IncompleteFiles m_IncompleteHomes;
   HomeParameters m_EarthHome;  // as the file gave it
   std::vector<HomeParameters> m_TempHomes;
   bool m_GoingHome = false;

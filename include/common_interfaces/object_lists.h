@@ -7,10 +7,12 @@
 // What holds for all three. Two entries are the same object when kind and number are equal; names are not
 // compared. A file is read line by line; a line that cannot be used is skipped without a message, and an
 // entry that a file holds twice is read twice. A file is replaced whole or not at all: a failed write keeps
-// the old one. A name is written with a blank in place of every tab, line feed and carriage return in it,
-// because these would tear its line apart, and cut where its line would be longer than the reader takes. The
-// name of an SSO_ID holds 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one
-// thread; it owns its list.
+// the old one. A file that is there and cannot be read, or not to its end, gives the entries before the
+// error; saving over it is then refused with one line that names it, as long as it is there. A name is
+// written with a blank in place of every tab, line feed and carriage return in it, because these would tear
+// its line apart, and cut where its line would be longer than the reader takes. The name of an SSO_ID holds
+// 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one thread; it owns its
+// list.
 #pragma once
 
 #include <memory>
@@ -19,16 +21,17 @@
 
 #include "astro/object_id.h"
 #include "common_interfaces/api.h"
+#include "utils/incomplete_files.h"
 
 namespace CommonInterfaces {
 
 // The favourites, "catalogs:favourites.txt" in the work area. AddObject and RemoveObject change the list in
-// memory only; Write alone changes the file.
+// memory only; Write and Save alone change the file.
 class COMMON_INTERFACES_API FavouriteObjectsFile {
  public:
-  // Makes an empty file when there is none. When the file can neither be opened nor made, prints
-  // "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write then do
-  // nothing. The list starts empty in any case.
+  // Makes an empty file when there is none, and never replaces one. When the file can neither be opened nor
+  // made, prints "FavouriteObjectsFile(): cannot open the file\n \"%s\"\n" and keeps no path: Read and Write
+  // then do nothing. The list starts empty in any case.
   FavouriteObjectsFile();
 
   // Appends the entries of the file to the list; what the list holds already stays, so a second Read doubles
@@ -38,6 +41,9 @@ class COMMON_INTERFACES_API FavouriteObjectsFile {
   // Replaces the file by the list. Nothing is reported when the file cannot be opened; when what was written
   // does not reach the disk, the old file stays and MTextFile prints its line.
   void Write();
+
+  // The same, and tells: false when the list is not in the file, which is then as it was.
+  bool Save();
 
   bool ObjectIncluded(const SSO_ID& object) const;
 
@@ -54,6 +60,7 @@ class COMMON_INTERFACES_API FavouriteObjectsFile {
  private:
   std::unique_ptr<char[]> m_Path;  // null: no file
   std::vector<SSO_ID> m_Objects;
+  IncompleteFiles m_Incomplete;
 };
 
 // An entry of a selection: the name may have any length in memory.
@@ -81,6 +88,7 @@ class COMMON_INTERFACES_API SelectedObjectsFile {
  private:
   std::string m_Path;
   std::vector<ObjectDesc> m_Objects;
+  IncompleteFiles m_Incomplete;
 };
 
 // The objects chosen for an observation. Their file keeps the fourth field of the identifier too, as a number
@@ -97,6 +105,7 @@ class COMMON_INTERFACES_API ChoosingObjectsFile {
  private:
   std::string m_Path;
   std::vector<SSO_ID> m_Objects;
+  IncompleteFiles m_Incomplete;
 };
 
 }  // namespace CommonInterfaces

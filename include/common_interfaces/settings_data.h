@@ -15,6 +15,7 @@
 #include "astro/object_id.h"
 #include "common_interfaces/api.h"
 
+class FileReplacement;
 class MFile;
 
 namespace CommonInterfaces {
@@ -59,11 +60,12 @@ static_assert(offsetof(SectionRecord, status) == 12);
 // queries, the aim) goes over its fields. Where the section records of a damaged file overlap, the answers
 // are the same, found with a binary search, and adding a field goes over all fields.
 //
-// Saving without losing anything: Write appends a block and never removes one, and of two blocks with one key
-// the first is read. So whoever saves again either calls Save, which replaces the container's own block and
-// keeps all others, or writes every container of the file to a fresh file and renames that over the old one.
-// Write makes a missing file in the work area, where it hides a file of the same name in the data root,
-// defaults included; Save takes its blocks along.
+// Saving without losing anything: Write appends a block and never removes one, of two blocks with one key the
+// first is read, and whether the block was written is not told. So whoever saves for the user calls Save,
+// which replaces the container's own block, keeps all others, and tells. A file that Write has made must not
+// take the place of another one: on a full disk it is empty, and Write was true. Write makes a missing file
+// in the work area, where it hides a file of the same name in the data root, defaults included; Save takes
+// its blocks along.
 class COMMON_INTERFACES_API SettingsData {
  public:
   // "No section", "no alias", "every section".
@@ -239,9 +241,12 @@ class COMMON_INTERFACES_API SettingsData {
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
   // Writes the block so that the file then holds it once: a new file is written beside the one of the work
-  // area, with this block in the place of the old ones, and takes its place. All other blocks stay, and bytes
-  // that are no block; of a file that so far exists in the data root only, the content is taken along. False,
-  // with one line, when anything failed: the file is then as it was.
+  // area, with this block in the place of the old ones, and takes its place when it is on the disk. All other
+  // blocks stay, those that another program saves meanwhile too, and bytes that are no block; of a file that
+  // so far exists in the data root only, the content is taken along. Link, mode and, where the system allows
+  // it, owner stay. False, with one line, when anything failed, for a write-protected file, and for a file
+  // that the last Read, or a Restore since, did not read whole, because of an error or damage in it or in
+  // the defaults: the file is then as it was. Nothing throws.
   bool Save(const char* fileName);
 
   // For tools and whoever walks a container. Null for an index out of range.
@@ -278,6 +283,8 @@ class COMMON_INTERFACES_API SettingsData {
   void DeleteFields();
 
   bool OpenForReading(const char* fileName, MFile& file) const;
+  std::string GetPathOf(const char* fileName) const;
+  void NoteIncomplete(const char* fileName) const;
   bool ReadFrom(const char* fileName);
   void ReadDefaults();
   bool FindOwnOrDefaultsBlock(MFile& file, bool& isDefaults) const;
@@ -295,7 +302,9 @@ class COMMON_INTERFACES_API SettingsData {
   using Sink = std::function<bool(const void* bytes, unsigned size)>;
   bool WriteHeader(const Sink& sink) const;
   bool WriteBlock(const Sink& sink) const;
+  bool HasReadWhole(const char* fileName) const;
   bool WriteReplacement(const char* fileName);
+  bool TryReplacement(const char* fileName, FileReplacement& file);
 
   unsigned m_Owner;
   unsigned m_Version = 0;

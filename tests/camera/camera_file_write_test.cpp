@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <filesystem>
 #include <string>
 
 #include "camera/camera_file_fixture.h"
@@ -204,6 +205,38 @@ TEST_F(CameraFileWriteTest, WritingToNowhereChangesNothing) {
   camera.WriteSelf(Path("no/such/folder/view.data").c_str(), 7);
   camera.WriteSelfAll(Path("no/such/folder/view.data").c_str(), 7);
   EXPECT_EQ(camera.GetZoom(), 1.0);
+}
+
+TEST_F(CameraFileWriteTest, SavedAgainAViewStandsOnceAndIsTheNewOne) {
+  const std::string view = Path("view.data");
+  AppendBlock(view, kCAMR, 5, kCameraSection, CameraFields());
+  camera.CreateDefault();
+  EXPECT_TRUE(camera.SaveSelfAll(view.c_str(), 7));
+  camera.SetTime({2460000, 0.25, 0});
+  EXPECT_TRUE(camera.SaveSelfAll(view.c_str(), 7));
+  EXPECT_EQ(FieldValue<int>(view, 7, "m_JT"), 2460000);
+  EXPECT_EQ(FieldValue<int>(view, 5, "m_JT"), 2451545);
+  camera.SetTime({2460001, 0.25, 0});
+  EXPECT_TRUE(camera.SaveSelf(view.c_str(), 7));
+  EXPECT_EQ(FieldValue<int>(view, 7, "m_JT"), 2460001);
+}
+
+TEST_F(CameraFileWriteTest, WhatCannotBeSavedWholeIsNotSavedAndTold) {
+  const DebugCapture debug;
+  const std::string view = Path("view.data");
+  EXPECT_FALSE(camera.SaveSelfAll(view.c_str(), 7)) << "before the first read there are no fields";
+  EXPECT_FALSE(camera.SaveSelf(view.c_str(), 7));
+  EXPECT_FALSE(std::filesystem::exists(view));
+  EXPECT_EQ(debug.lines.size(), 2u);
+  camera.CreateDefault();
+  EXPECT_FALSE(camera.SaveSelfAll(Path("data").c_str(), 7)) << "a folder";
+  EXPECT_FALSE(camera.SaveSelf(Path("data").c_str(), 7));
+  EXPECT_FALSE(camera.SaveSelf(nullptr, 7));
+  EXPECT_EQ(debug.lines.size(), 5u);
+  Camera copy(camera);  // has no settings object
+  EXPECT_FALSE(copy.SaveSelf(view.c_str(), 7));
+  EXPECT_FALSE(copy.SaveSelfAll(view.c_str(), 7));
+  EXPECT_EQ(debug.lines.size(), 5u);
 }
 
 }  // namespace

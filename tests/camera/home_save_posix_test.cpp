@@ -69,6 +69,21 @@ TEST_F(HomeSaveTest, FolderInThePlaceOfTheFileIsOneLine) {
   EXPECT_NE(debug.lines[0].find("homes not saved"), std::string::npos) << debug.lines[0];
 }
 
+TEST_F(HomeSaveTest, HomesBehindADamagedOneAreNotSavedOver) {
+  const std::string homes = std::string(kOldHomes) + "1\nno numbers\n1\n0 2 0 0.15 0.87 1 2 1836019566 301\n";
+  WriteHomes(homes);
+  Camera camera(1);
+  StoreAnother(camera);
+  debug.lines.clear();
+  EXPECT_FALSE(camera.StoreHomeParams());
+  EXPECT_EQ(ReadHomes(), homes);
+  EXPECT_EQ(debug.lines, std::vector<std::string>{"File " + roots.dir.Path("work/home_params.ini") +
+                                                  ": homes not saved, because it could not be read whole\n"});
+  std::filesystem::remove(roots.dir.Path("work/home_params.ini"));
+  EXPECT_TRUE(camera.StoreHomeParams()) << "with the damaged file out of the way";
+  EXPECT_NE(Camera(1).FindHome(kMarsId), nullptr);
+}
+
 // In a child that is no privileged user, whom no permission would stop. It answers 0 when the old file is
 // there and one line was printed.
 TEST_F(HomeSaveTest, WriteProtectedFolderKeepsTheOldFileAndOneLineSaysSo) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Lists on a full disk.
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "common_interfaces/object_lists.h"
@@ -67,6 +69,30 @@ TEST_F(ListsOnAFullDisk, SaveOfChosenObjectsFailsAndKeepsTheOldFile) {
   }
   EXPECT_EQ(roots.dir.Read("work/catalogs/observationobjects.txt"), "old\t1\t2\t3\n");
   EXPECT_EQ(debug.lines, std::vector<std::string>{LeftAsItWas("observationobjects.txt")});
+}
+
+// A circle of links: there is something, and the system does not tell what.
+TEST_F(ListsOnAFullDisk, WhatTheSystemDoesNotTellAboutIsNeitherMadeNorReplaced) {
+  const std::string link = roots.dir.Path("work/list.txt");
+  std::filesystem::create_symlink("list.txt", link);
+  ChoosingObjectsFile chosen("list.txt");
+  chosen.SetObjects({SSO_ID(3, 4)});
+  EXPECT_FALSE(chosen.Save());
+  SelectedObjectsFile selection("list.txt");
+  selection.SetObjects({{"name", 3, 4}});
+  EXPECT_FALSE(selection.Save());
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_EQ(debug.lines.size(), 2u);
+}
+
+TEST_F(ListsOnAFullDisk, SaveOfFavouritesTells) {
+  FavouriteObjectsFile favourites;
+  for (int number = 0; number < kMany; ++number) favourites.AddObject({1, number});
+  {
+    const FileSizeLimit full(1000);
+    EXPECT_FALSE(favourites.Save());
+  }
+  EXPECT_TRUE(favourites.Save());
 }
 
 }  // namespace

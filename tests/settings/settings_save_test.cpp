@@ -92,5 +92,19 @@ TEST_F(SettingsSave, NothingStaysBesideTheFile) {
   EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
+TEST_F(SettingsSave, WhatWasReadInPartIsNotSavedOverTheFile) {
+  const std::string cut = Header(0) + before + old.substr(0, old.size() - 1);
+  const std::string name = WriteFile(cut);
+  EXPECT_FALSE(settings.Read(name.c_str()));
+  Create(settings, Int(kPlnt, 7, 10));
+  EXPECT_FALSE(settings.Save(name.c_str()));
+  EXPECT_EQ(roots.dir.Read("named.data"), cut);
+  EXPECT_EQ(debug.lines, std::vector<std::string>{
+                             "File " + name + ": settings not saved, because it could not be read whole\n"});
+  EXPECT_TRUE(settings.Save(roots.dir.Path("elsewhere.data").c_str()));
+  EXPECT_FALSE(settings.Read(roots.dir.Path("missing.data").c_str()));
+  EXPECT_TRUE(settings.Save(name.c_str())) << "it is no longer what the container was read from";
+}
+
 }  // namespace
 }  // namespace test_support

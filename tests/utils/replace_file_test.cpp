@@ -214,4 +214,42 @@ TEST(ReplaceFile, TwoThreadsLeaveOneOfTheTwoWhole) {
   }
 }
 
+TEST(ReplaceFileCommitOver, TakesThePlaceOfWhatIsExpectedOnly) {
+  const TempDir dir;
+  const std::string path = dir.Write("f", "old");
+  const std::string_view old = "old", longer = "older", shorter = "ol";
+  for (const std::string_view* wrong : {&longer, &shorter, static_cast<const std::string_view*>(nullptr)}) {
+    FileReplacement file;
+    ASSERT_TRUE(file.Open(path.c_str()) && file.Write("new"));
+    EXPECT_FALSE(file.CommitOver(wrong));
+    EXPECT_TRUE(file.IsOvertaken());
+    EXPECT_EQ(dir.Read("f"), "old");
+    EXPECT_EQ(CountFiles(dir), 1u);
+  }
+  FileReplacement file;
+  ASSERT_TRUE(file.Open(path.c_str()) && file.Write("new"));
+  EXPECT_TRUE(file.CommitOver(&old));
+  EXPECT_FALSE(file.IsOvertaken());
+  EXPECT_EQ(dir.Read("f"), "new");
+  EXPECT_EQ(CountFiles(dir), 1u);
+}
+
+TEST(ReplaceFileCommitOver, OfANewFileWantsNone) {
+  const TempDir dir;
+  const std::string_view old = "old", empty;
+  for (const std::string_view* wrong : {&old, &empty}) {
+    FileReplacement file;
+    ASSERT_TRUE(file.Open(dir.Path("f").c_str()) && file.Write("new"));
+    EXPECT_FALSE(file.CommitOver(wrong));
+    EXPECT_TRUE(file.IsOvertaken());
+    EXPECT_EQ(CountFiles(dir), 0u);
+  }
+  FileReplacement file;
+  ASSERT_TRUE(file.Open(dir.Path("f").c_str()) && file.Write("new"));
+  EXPECT_TRUE(file.CommitOver(nullptr));
+  EXPECT_EQ(dir.Read("f"), "new");
+  EXPECT_FALSE(file.CommitOver(nullptr)) << "nothing is open";
+  EXPECT_FALSE(file.IsOvertaken());
+}
+
 }  // namespace

@@ -42,6 +42,11 @@ class UTILS_API MFile {
   unsigned Read(void* out, unsigned size);
   unsigned Write(const void* in, unsigned size);
 
+  // Whether anything was not read, or the length not told, because of an error since Open: what Read gave is
+  // then not all that the file has, and what Search did not find may be there. False after a short read at
+  // the end of the file.
+  bool HasReadFailed() const { return m_ReadFailed; }
+
   // origin 0: from the start, 1: from the position, 2: from the end. False, with the position where it was,
   // for another origin and a place before the start or past the largest length. A place past the end is
   // allowed: Read gives nothing there, and Write fills the gap with zeros.
@@ -70,7 +75,9 @@ class UTILS_API MFile {
   bool m_Moved = false;  // the stream must be moved there first
   // The stream's last one: after kWrite it may hold bytes back.
   Operation m_Operation = Operation::kNone;
-  mutable bool m_WriteFailed = false;  // asking for the length writes out what is held back
+  // Asking for the length writes out what is held back, and may fail itself.
+  mutable bool m_WriteFailed = false;
+  mutable bool m_ReadFailed = false;
 };
 
 // A text file, read line by line or written whole.
@@ -98,8 +105,12 @@ class UTILS_API MTextFile {
 
   // Copies the next line without its end into `buffer`, zero-terminated, at most size - 1 and lineSize - 1
   // characters. Returns how many bytes the line took in the file, its end included (so a blank line counts),
-  // and 0 when there is no further line: `buffer` is then "".
+  // and 0 when there is no further line: `buffer` is then "". A read error ends the reading for good, and the
+  // line that it fell into is none.
   int Readln(char* buffer, unsigned size);
+
+  // Whether reading ended with an error, and not at the end of the file. Stays so until the next Open.
+  bool HasReadFailed() const;
 
   // Reads the next line as one decimal integer, blanks before it and any text behind it allowed. False at the
   // end of the file, for a line that does not begin with a number and for a number that no int holds: `value`

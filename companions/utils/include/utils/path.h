@@ -27,7 +27,9 @@ class UTILS_API ZentharPath {
   static void SetLanguageRoot(const char* folder);
 
   // The file or folder of that name for reading: work area first, then the language's root, then data root.
-  // "" when none has it, when the name is null or empty, and for an absolute path where nothing is.
+  // "" when none has it, when the name is null or empty, and for an absolute path where nothing is. Here and
+  // below a file is missing only where the system says so (GetFilePresence, utils/file_presence.h): where it
+  // cannot tell, the name is returned and opening it fails.
   static std::string GetPath(const char* logicalPath);
 
   // The name of that file in the work area, for reading and writing. With `mustExist` "" when it is not

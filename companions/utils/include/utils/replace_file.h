@@ -54,6 +54,13 @@ class UTILS_API FileReplacement {
   // target, either way.
   bool Commit() noexcept;
 
+  // The same for a content that was made from the old one: only if the target still holds exactly `expected`
+  // (null: there is still no file). False, with IsOvertaken true, when it does not, because somebody else has
+  // replaced it meanwhile: the caller reads it again and makes his content anew. Of several writers that all
+  // use CommitOver none replaces what another one has just put there.
+  bool CommitOver(const std::string_view* expected) noexcept;
+  bool IsOvertaken() const noexcept { return m_Overtaken; }
+
   // Gives the new content up and leaves the target as it was.
   void Discard() noexcept;
 
@@ -65,12 +72,15 @@ class UTILS_API FileReplacement {
  private:
   bool FailByErrno() noexcept;
   void OpenNewFile(const char* path);
+  bool FinishNewFile() noexcept;
+  bool MoveIntoPlace() noexcept;
 
   std::string m_Target;   // what is replaced: behind all links
   std::string m_NewPath;  // "" when nothing is open
   std::string m_Reason;
   std::FILE* m_File = nullptr;
   bool m_Spoiled = false;
+  bool m_Overtaken = false;
 };
 
 // The same for a content that is at hand. False, with the reason as above, when the file could not be
