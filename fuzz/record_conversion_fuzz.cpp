@@ -159,8 +159,10 @@ class CheckingModel : public CQXSolSys {
     fuzz::Require(length == 0.0 || std::abs(length - 1.0) < 1e-12, "a centre is a unit vector or none");
   }
 
+  // Of what only one of the two models uses, each set has its own.
   static void CheckElements(const OrbitalElements& elements) {
-    fuzz::Require(AreFinite({elements.epoch, elements.a, elements.e, elements.i, elements.om, elements.w,
+    const double own = elements.elementSet == kTwoLineElements ? elements.dragTerm : elements.a;
+    fuzz::Require(AreFinite({elements.epoch, own, elements.e, elements.i, elements.om, elements.w,
                              elements.M0, elements.n, elements.absMagnitude, elements.slope}),
                   "elements are finite numbers only");
   }

@@ -5,6 +5,8 @@
 // belongs to who made or opened it and may be used by any thread until it is closed.
 #pragma once
 
+#include <new>
+
 #include "common_interfaces/thread.h"
 
 namespace thread {
@@ -16,6 +18,7 @@ enum class WaitEnd { kAcquired, kTimedOut, kFailed };
 inline constexpr unsigned kMaximumCount = 0x7FFFFFFF;
 
 // A new object with that count, at most kMaximumCount; an event that is set has 1. A name of null is none.
+// This and OpenObject throw std::bad_alloc, and leave nothing behind, when memory runs out.
 // kExists where an object of like kind has the name: semaphores are alike, and so are events.
 Creation MakeObject(ObjectKind kind, unsigned count, const char* name, void*& handle);
 
@@ -34,12 +37,25 @@ bool ReleaseObject(void* handle, unsigned count);
 bool SetObject(void* handle);
 bool ResetObject(void* handle);
 
-// The same with failures as exceptions.
+// The same with failures, want of memory among them, as exceptions. An empty name is no name.
+
+inline const char* GivenName(const char* name) { return name && *name ? name : nullptr; }
+
+// What `action` returns; an Error with the text `failed` where it runs out of memory.
+template <class Error, class Action>
+auto WithinMemory(const char* failed, Action action) {
+  try {
+    return action();
+  } catch (const std::bad_alloc&) {
+    throw Error(failed);
+  }
+}
 
 template <class Error>
 void* MakeOrThrow(ObjectKind kind, unsigned count, const char* name, const char* exists, const char* failed) {
   void* handle = nullptr;
-  const Creation creation = MakeObject(kind, count, name, handle);
+  const Creation creation =
+      WithinMemory<Error>(failed, [&] { return MakeObject(kind, count, GivenName(name), handle); });
   if (creation == Creation::kExists) throw Error(exists);
   if (creation == Creation::kFailed) throw Error(failed);
   return handle;
@@ -47,7 +63,7 @@ void* MakeOrThrow(ObjectKind kind, unsigned count, const char* name, const char*
 
 template <class Error>
 void* OpenOrThrow(bool semaphore, const char* name, const char* failed) {
-  void* const handle = OpenObject(semaphore, name);
+  void* const handle = WithinMemory<Error>(failed, [&] { return OpenObject(semaphore, GivenName(name)); });
   if (!handle) throw Error(failed);
   return handle;
 }

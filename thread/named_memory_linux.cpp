@@ -10,26 +10,24 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <ctime>
-#include <string>
 
 #include "thread/name_digest.h"
 
 namespace thread {
 namespace {
 
-// What lies at the start of the memory, before the caller's part; the name follows the caller's part. A
-// process of another word size lays its objects out otherwise, so it finds the name taken but cannot open it.
+// What lies at the start of the memory, the same for every word size. The caller's part comes after it, at
+// kDataOffset, and then the name with its final zero.
 struct Header {
   char magic[8];
   std::uint32_t wordSize;
   std::uint32_t callerSize;
 };
-constexpr Header kHeader{{'C', 'I', 'N', 'A', 'M', 'E', 'D', '1'}, sizeof(void*), 0};
+constexpr char kMagic[8] = {'C', 'I', 'N', 'A', 'M', 'E', 'D', '2'};
 constexpr std::size_t kDataOffset = 64;  // keeps the caller's part aligned for anything it may hold
 static_assert(sizeof(Header) <= kDataOffset);
 
@@ -47,38 +45,29 @@ struct FolderCloser {
 };
 using Folder = std::unique_ptr<DIR, FolderCloser>;
 
-// Opens the first descriptor of process `pid` that is an anonymous file called `link` and that `use` accepts.
-template <class Use>
-bool TryProcess(const char* pid, const std::string& link, Use use) {
-  const std::string path = std::string("/proc/") + pid + "/fd";
-  const Folder descriptors(opendir(path.c_str()));
-  if (!descriptors) return false;  // gone meanwhile, or another user's
-  while (const dirent* entry = readdir(descriptors.get())) {
-    char target[256];
-    const std::string descriptor = path + "/" + entry->d_name;
-    const ssize_t length = readlink(descriptor.c_str(), target, sizeof target);
-    if (length != static_cast<ssize_t>(link.size()) || std::memcmp(target, link.data(), link.size()) != 0)
-      continue;
-    const int file = open(descriptor.c_str(), O_RDWR);
-    if (file >= 0 && use(file)) return true;
-  }
-  return false;
+// After a failure to open something under /proc: whatever else it was, the thing is gone or another user's.
+bool RanOutOfRoom() { return errno == EMFILE || errno == ENFILE || errno == ENOMEM; }
+
+bool LinksTo(const std::string& path, const std::string& expected) {
+  char target[256];
+  const ssize_t length = readlink(path.c_str(), target, sizeof target);
+  return length >= 0 && expected.compare(0, expected.npos, target, static_cast<std::size_t>(length)) == 0;
 }
 
 }  // namespace
 
 // An abstract socket address can be bound once; it is free again when its process ends.
 NamedMemory::NameLock::NameLock(const char* name) : m_Socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-  if (m_Socket < 0) return;
+  if (!m_Socket.IsOpen()) return;
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   const std::string tag = TagOf(name);
   std::memcpy(address.sun_path + 1, tag.data(), tag.size());  // the leading zero makes it abstract
   const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + tag.size());
-  for (int attempt = 0; bind(m_Socket, reinterpret_cast<const sockaddr*>(&address), length) != 0; ++attempt) {
+  const auto* anyAddress = reinterpret_cast<const sockaddr*>(&address);
+  for (int attempt = 0; bind(m_Socket.Get(), anyAddress, length) != 0; ++attempt) {
     if (errno != EADDRINUSE || attempt == kLockRetries) {
-      close(m_Socket);
-      m_Socket = -1;
+      m_Socket.Close();
       return;
     }
     const timespec pause{0, kLockRetryNanoseconds};
@@ -86,69 +75,95 @@ NamedMemory::NameLock::NameLock(const char* name) : m_Socket(socket(AF_UNIX, SOC
   }
 }
 
-NamedMemory::NameLock::~NameLock() {
-  if (m_Socket >= 0) close(m_Socket);
-}
-
 std::unique_ptr<NamedMemory> NamedMemory::Open(const char* name, std::size_t size) {
   const NameLock lock(name);
-  return lock.Held() ? Find(name, size) : nullptr;
+  std::unique_ptr<NamedMemory> found;
+  const bool usable = lock.Held() && Find(name, found) == Search::kFound && found->HasLayout(size);
+  return usable ? std::move(found) : nullptr;
 }
 
-std::unique_ptr<NamedMemory> NamedMemory::Find(const char* name, std::size_t size) {
+// Looks through the descriptors of every process.
+NamedMemory::Search NamedMemory::Find(const char* name, std::unique_ptr<NamedMemory>& out) {
   const std::string link = "/memfd:" + TagOf(name) + " (deleted)";
   const Folder processes(opendir("/proc"));
-  std::unique_ptr<NamedMemory> found;
-  while (const dirent* entry = processes ? readdir(processes.get()) : nullptr) {
-    if (entry->d_name[0] < '0' || entry->d_name[0] > '9') continue;
-    const bool done = TryProcess(entry->d_name, link, [&](int file) {
-      found = Map(file, name, size, false);
-      return found != nullptr;
-    });
-    if (done) break;
+  if (!processes) return Search::kFailed;
+  while (const dirent* process = readdir(processes.get())) {
+    if (process->d_name[0] < '0' || process->d_name[0] > '9') continue;
+    const Search search = FindIn(std::string("/proc/") + process->d_name + "/fd", link, name, out);
+    if (search != Search::kNothing) return search;
   }
-  return found;
+  return Search::kNothing;
+}
+
+NamedMemory::Search NamedMemory::FindIn(const std::string& folder, const std::string& link, const char* name,
+                                        std::unique_ptr<NamedMemory>& out) {
+  const Folder descriptors(opendir(folder.c_str()));
+  if (!descriptors) return RanOutOfRoom() ? Search::kFailed : Search::kNothing;
+  while (const dirent* entry = readdir(descriptors.get())) {
+    const std::string path = folder + "/" + entry->d_name;
+    if (!LinksTo(path, link)) continue;
+    const Search search = Recognise(path, name, out);
+    if (search != Search::kNothing) return search;
+  }
+  return Search::kNothing;
+}
+
+NamedMemory::Search NamedMemory::Recognise(const std::string& path, const char* name,
+                                           std::unique_ptr<NamedMemory>& out) {
+  Descriptor file(open(path.c_str(), O_RDWR));  // inherited by child processes
+  if (!file.IsOpen()) return RanOutOfRoom() ? Search::kFailed : Search::kNothing;
+  struct stat status {};
+  if (fstat(file.Get(), &status) != 0 || status.st_size <= static_cast<off_t>(kDataOffset)) {
+    return Search::kNothing;
+  }
+  auto memory = std::unique_ptr<NamedMemory>(new NamedMemory(std::move(file)));
+  if (!memory->Map(static_cast<std::size_t>(status.st_size))) return Search::kFailed;
+  if (!memory->IsCalled(name)) return Search::kNothing;
+  out = std::move(memory);
+  return Search::kFound;
 }
 
 std::unique_ptr<NamedMemory> NamedMemory::Make(const char* name, std::size_t size) {
-  const int file = memfd_create(TagOf(name).c_str(), 0);  // inherited by child processes
-  if (file < 0) return nullptr;
+  Descriptor file(memfd_create(TagOf(name).c_str(), 0));  // inherited by child processes
   const std::size_t total = kDataOffset + size + std::strlen(name) + 1;
-  if (ftruncate(file, static_cast<off_t>(total)) != 0) {
-    close(file);
-    return nullptr;
-  }
-  return Map(file, name, size, true);
+  if (!file.IsOpen() || ftruncate(file.Get(), static_cast<off_t>(total)) != 0) return nullptr;
+  auto memory = std::unique_ptr<NamedMemory>(new NamedMemory(std::move(file)));
+  if (!memory->Map(total)) return nullptr;
+  Header header{{}, sizeof(void*), static_cast<std::uint32_t>(size)};
+  std::memcpy(header.magic, kMagic, sizeof kMagic);
+  std::memcpy(memory->m_Base, &header, sizeof header);
+  std::memcpy(static_cast<char*>(memory->Data()) + size, name, std::strlen(name) + 1);
+  return memory;
 }
 
-// Takes `file` over in every case.
-std::unique_ptr<NamedMemory> NamedMemory::Map(int file, const char* name, std::size_t size, bool fresh) {
-  const std::size_t total = kDataOffset + size + std::strlen(name) + 1;
-  struct stat status {};
-  void* base = MAP_FAILED;
-  if (fstat(file, &status) == 0 && status.st_size == static_cast<off_t>(total)) {
-    base = mmap(nullptr, total, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
-  }
-  if (base == MAP_FAILED) {
-    close(file);
-    return nullptr;
-  }
-  auto memory = std::unique_ptr<NamedMemory>(new NamedMemory(file, base, total));
-  char* nameInside = static_cast<char*>(base) + kDataOffset + size;
-  Header header = kHeader;
-  header.callerSize = static_cast<std::uint32_t>(size);
-  if (fresh) {
-    std::memcpy(base, &header, sizeof header);
-    std::memcpy(nameInside, name, std::strlen(name) + 1);
-    return memory;
-  }
-  const bool same = std::memcmp(base, &header, sizeof header) == 0 && std::strcmp(nameInside, name) == 0;
-  return same ? std::move(memory) : nullptr;
+bool NamedMemory::Map(std::size_t total) {
+  void* const base = mmap(nullptr, total, PROT_READ | PROT_WRITE, MAP_SHARED, m_File.Get(), 0);
+  if (base == MAP_FAILED) return false;
+  m_Base = base;
+  m_Total = total;
+  return true;
 }
 
 NamedMemory::~NamedMemory() {
-  munmap(m_Base, m_Size);
-  close(m_File);
+  if (m_Base) munmap(m_Base, m_Total);
+}
+
+// Whichever process made it.
+bool NamedMemory::IsCalled(const char* name) const {
+  Header header;
+  std::memcpy(&header, m_Base, sizeof header);
+  const std::size_t callerSize = header.callerSize;
+  const std::size_t rest = m_Total - kDataOffset;
+  const std::size_t nameSize = std::strlen(name) + 1;
+  return std::memcmp(header.magic, kMagic, sizeof kMagic) == 0 && callerSize >= kCommonSize &&
+         callerSize < rest && rest - callerSize == nameSize &&
+         std::memcmp(static_cast<const char*>(Data()) + callerSize, name, nameSize) == 0;
+}
+
+bool NamedMemory::HasLayout(std::size_t size) const {
+  Header header;
+  std::memcpy(&header, m_Base, sizeof header);
+  return header.wordSize == sizeof(void*) && header.callerSize == size;
 }
 
 void* NamedMemory::Data() const { return static_cast<char*>(m_Base) + kDataOffset; }

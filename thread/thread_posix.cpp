@@ -10,10 +10,12 @@
 #include <new>
 
 #include "common_interfaces/thread.h"
+#include "thread/kernel_object.h"
 
 namespace thread {
 namespace {
 
+constexpr char kNotCreated[] = "Can't create thread.";
 constexpr int kNiceOfPriority[] = {10, 5, 0, -5, -10, -20};
 
 // What the controlling thread and the new one share; whoever lets go of it last frees it. The new thread
@@ -21,6 +23,9 @@ constexpr int kNiceOfPriority[] = {10, 5, 0, -5, -10, -20};
 struct Handle {
   enum Gate { kClosed, kStarted, kReleased };
 
+  explicit Handle(Thread* thread) : object(thread) {}
+
+  const pid_t process = getpid();
   pthread_t id{};
   bool joined = false;  // the controlling thread's alone
 
@@ -28,7 +33,8 @@ struct Handle {
   pthread_cond_t changed = PTHREAD_COND_INITIALIZER;
   Gate gate = kClosed;
   id_t systemId = 0;  // 0 until the thread has told it
-  Thread* object = nullptr;
+  bool ended = false;
+  Thread* const object;
 
   void Open(Gate to) {
     pthread_mutex_lock(&mutex);
@@ -51,31 +57,44 @@ bool PassGate(Handle& handle) {
   return started;
 }
 
-id_t WaitForSystemId(Handle& handle) {
+void MarkEnd(Handle& handle) {
+  pthread_mutex_lock(&handle.mutex);
+  handle.ended = true;
+  pthread_mutex_unlock(&handle.mutex);
+}
+
+// The system gives the number of a thread that has ended to another one, of any process. So the thread is
+// kept from ending, at MarkEnd, until the call has returned; a forked child cannot keep its parent's.
+bool SetNice(Handle& handle, int nice) {
+  if (getpid() != handle.process) return false;
   pthread_mutex_lock(&handle.mutex);
   while (handle.systemId == 0) pthread_cond_wait(&handle.changed, &handle.mutex);
-  const id_t systemId = handle.systemId;
+  const bool done = !handle.ended && setpriority(PRIO_PROCESS, handle.systemId, nice) == 0;
   pthread_mutex_unlock(&handle.mutex);
-  return systemId;
+  return done;
 }
 
 void* Procedure(void* argument) noexcept {
   const std::unique_ptr<SharedHandle> own(static_cast<SharedHandle*>(argument));
   if (PassGate(**own)) (*own)->object->run();
+  MarkEnd(**own);
   return nullptr;
+}
+
+// Null when the system has no room for another thread.
+SharedHandle* MakeThread(Thread* object) {
+  auto controlling = std::make_unique<SharedHandle>(std::make_shared<Handle>(object));
+  auto running = std::make_unique<SharedHandle>(*controlling);
+  if (pthread_create(&(*controlling)->id, nullptr, Procedure, running.get()) != 0) return nullptr;
+  running.release();  // Procedure frees it
+  return controlling.release();
 }
 
 }  // namespace
 
 Thread::Thread(Runnable* runnable) : m_Runnable(runnable) {
-  auto handle = std::make_shared<Handle>();
-  handle->object = this;
-  auto controlling = std::make_unique<SharedHandle>(handle);
-  auto running = std::make_unique<SharedHandle>(handle);
-  if (pthread_create(&handle->id, nullptr, Procedure, running.get()) != 0)
-    throw Error("Can't create thread.");
-  running.release();  // Procedure frees it
-  m_Handle = controlling.release();
+  m_Handle = WithinMemory<Error>(kNotCreated, [this] { return MakeThread(this); });
+  if (!m_Handle) throw Error(kNotCreated);
 }
 
 Thread::~Thread() {
@@ -86,11 +105,7 @@ Thread::~Thread() {
 
 void Thread::setPriority(Priority priority) {
   if (priority > kTimeCritical) throw Error("Illegal priority value.");
-  Handle& handle = *HandleOf(m_Handle);
-  const id_t systemId = WaitForSystemId(handle);
-  // The system gives the number of a thread that has been waited for to another one.
-  if (handle.joined || setpriority(PRIO_PROCESS, systemId, kNiceOfPriority[priority]) != 0)
-    throw Error("Can't set priority.");
+  if (!SetNice(*HandleOf(m_Handle), kNiceOfPriority[priority])) throw Error("Can't set priority.");
   m_Priority = priority;
 }
 

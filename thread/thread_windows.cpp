@@ -15,6 +15,7 @@
 namespace thread {
 namespace {
 
+constexpr char kNotCreated[] = "Can't create thread.";
 constexpr int kSystemPriority[] = {THREAD_PRIORITY_LOWEST,  THREAD_PRIORITY_BELOW_NORMAL,
                                    THREAD_PRIORITY_NORMAL,  THREAD_PRIORITY_ABOVE_NORMAL,
                                    THREAD_PRIORITY_HIGHEST, THREAD_PRIORITY_TIME_CRITICAL};
@@ -22,8 +23,10 @@ constexpr int kSystemPriority[] = {THREAD_PRIORITY_LOWEST,  THREAD_PRIORITY_BELO
 // What the controlling thread and the new one share. A thread that is destroyed before it was started is
 // resumed only to find that there is nothing to run: otherwise it would stay suspended for ever.
 struct Handle {
+  explicit Handle(Thread* thread) : object(thread) {}
+
   HANDLE system = nullptr;
-  Thread* object = nullptr;
+  Thread* const object;
   std::atomic<bool> released{false};
 };
 
@@ -39,19 +42,23 @@ unsigned __stdcall Procedure(void* argument) noexcept {
   return 0;
 }
 
+// Null when the system has no room for another thread.
+SharedHandle* MakeThread(Thread* object) {
+  auto controlling = std::make_unique<SharedHandle>(std::make_shared<Handle>(object));
+  auto running = std::make_unique<SharedHandle>(*controlling);
+  const auto system = _beginthreadex(nullptr, 0, Procedure, running.get(), CREATE_SUSPENDED, nullptr);
+  CoInitialize(nullptr);  // for the constructing thread, deliberately not for the new one
+  if (system == 0) return nullptr;
+  (*controlling)->system = reinterpret_cast<HANDLE>(system);
+  running.release();  // Procedure frees it
+  return controlling.release();
+}
+
 }  // namespace
 
 Thread::Thread(Runnable* runnable) : m_Runnable(runnable) {
-  auto handle = std::make_shared<Handle>();
-  handle->object = this;
-  auto controlling = std::make_unique<SharedHandle>(handle);
-  auto running = std::make_unique<SharedHandle>(handle);
-  handle->system = reinterpret_cast<HANDLE>(
-      _beginthreadex(nullptr, 0, Procedure, running.get(), CREATE_SUSPENDED, nullptr));
-  CoInitialize(nullptr);  // for the constructing thread, deliberately not for the new one
-  if (!handle->system) throw Error("Can't create thread.");
-  running.release();  // Procedure frees it
-  m_Handle = controlling.release();
+  m_Handle = WithinMemory<Error>(kNotCreated, [this] { return MakeThread(this); });
+  if (!m_Handle) throw Error(kNotCreated);
 }
 
 Thread::~Thread() {

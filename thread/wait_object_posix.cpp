@@ -17,14 +17,16 @@
 
 namespace thread {
 
-// Lies in memory that processes share, so it holds no pointer.
+// Lies in memory that processes share, so it holds no pointer. The kind comes first: it is what a process of
+// another word size can read.
 struct WaitObject::State {
-  pthread_mutex_t mutex;  // robust: a holder that is killed does not keep it
   ObjectKind kind;
+  pthread_mutex_t mutex;        // robust: a holder that is killed does not keep it
   unsigned count;               // free slots of a semaphore; 1: the event is set
   unsigned handed;              // what was handed to sleeping threads that have not run since
   std::atomic<unsigned> turns;  // what waiters sleep on; moves with every release
 };
+static_assert(sizeof(ObjectKind) == NamedMemory::kCommonSize);
 
 namespace {
 

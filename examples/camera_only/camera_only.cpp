@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The camera without the scene: restores a saved view, tells the camera how the sky stands over its place at that
-// moment, and projects ten stars: camera_only DATA_ROOT
+// The camera without the scene: restores a saved view, tells the camera how the sky stands over its place at
+// that moment, and projects ten stars: camera_only DATA_ROOT
 #include <astro/astro.h>
 #include <common_interfaces/common_interfaces.h>
 #include <utils/utils.h>
@@ -15,7 +15,8 @@ namespace {
 constexpr int kWidth = 1600, kHeight = 1000;
 constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 
-// J2000 places to a tenth of a minute of arc; visual magnitudes (Bright Star Catalogue, Hoffleit & Warren 1991).
+// J2000 places to a thousandth of a degree; visual magnitudes (Bright Star Catalogue, Hoffleit & Warren
+// 1991).
 struct Star {
   const char* name;
   double ra, dec;  // degrees
@@ -29,7 +30,8 @@ constexpr Star kStars[] = {
     {"Aldebaran", 68.980, 16.509, 0.85}, {"Procyon", 114.825, 5.225, 0.38},
 };
 
-// From J2000 axes to the horizon of the camera's place: what the camera's view angles count from in this view.
+// From J2000 axes to the horizon of the camera's place: what the camera's view angles count from in this
+// view.
 void SetSky(CommonInterfaces::Camera& camera) {
   CommonInterfaces::_Date universal, dynamical;
   camera.GetUniversalTime(universal);

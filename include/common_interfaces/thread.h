@@ -3,8 +3,9 @@
 //
 // Threads and the objects they wait for: a thread, a counting semaphore, a critical section, an event.
 //
-// Every failure of the operating system is an exception of the nested class Error of the class that met it,
-// with a fixed text. The behaviour is that of the desktop system's own objects on every platform:
+// Every failure of the operating system, and want of memory, is an exception of the nested class Error of the
+// class that met it, with a fixed text. The behaviour is that of the desktop system's own objects on every
+// platform:
 //
 //   thread::Semaphore slots(2);                    // two may enter
 //   slots.lock();                                  // waits as long as it takes
@@ -16,12 +17,20 @@
 // A named object must be new when it is created and is opened by the others. Its name is free again once the
 // last object that refers to it, in any process and however that process ended, is gone. Semaphores and
 // events share one set of names, which belongs to the user; a name may hold any character and is not copied:
-// it must outlive the object. A name of null is no name.
+// it must outlive the object. No beginning is special: "Global\" and "Local\" are plain characters. A name
+// that is null or empty is no name.
+//
+// Child processes inherit what holds the name, also of objects that they never use: on Linux those made by
+// fork, and what they run by exec; on Windows those that are started to inherit handles. The name then stays
+// taken until they have ended too. Who starts a program that is to hold none closes the descriptors above 2
+// between fork and exec, or hands over the wanted handles alone. A process of another word size (32 and 64
+// bits) finds the name taken; on Linux it cannot open the object.
 //
 // None of these objects may be copied. Semaphores, events and critical sections may be used by any number of
 // threads at once; a Thread is started, waited for and destroyed by one controlling thread.
 #pragma once
 
+#include <concepts>
 #include <exception>
 
 #include "common_interfaces/api.h"
@@ -85,8 +94,10 @@ class COMMON_INTERFACES_API Thread {
   virtual void run();
 
   // Before or after start. Throws "Illegal priority value." for 6 and more, and "Can't set priority." when
-  // the system refuses (on Linux, raising a thread above normal needs a privilege); the priority then stays.
-  // Linux takes 0 to 5 as nice values 10, 5, 0, -5, -10, -20 of the one thread.
+  // the system refuses; the priority then stays. Linux takes 0 to 5 as nice values 10, 5, 0, -5, -10, -20 of
+  // the one thread. There every step up needs a privilege, so that without it a priority that was lowered
+  // cannot be raised again, not even to normal; and a thread that has ended, or that is another process's
+  // since a fork, is refused.
   void setPriority(Priority priority);
   Priority getPriority() const { return m_Priority; }
 
@@ -118,8 +129,10 @@ class COMMON_INTERFACES_API Semaphore {
   // semaphore." otherwise: an initial count above the maximum, a name taken by an event, no memory.
   explicit Semaphore(unsigned long initialCount = 1, const char* name = nullptr);
 
-  // The same for a plain number, which would otherwise read as a count and, for 0, as a name.
-  explicit Semaphore(int initialCount) : Semaphore(static_cast<unsigned long>(initialCount)) {}
+  // The same for a count of any other integer type. One below 0 is past the maximum.
+  template <std::integral Count>
+  explicit Semaphore(Count initialCount, const char* name = nullptr)
+      : Semaphore(Narrow(initialCount), name) {}
 
   // An existing named semaphore. Throws "Can't open existing semaphore.".
   explicit Semaphore(const char* name);
@@ -138,6 +151,13 @@ class COMMON_INTERFACES_API Semaphore {
   void unlock(long count = 1);
 
  private:
+  // Stays past the maximum what was, whatever the widths.
+  template <class Count>
+  static constexpr unsigned long Narrow(Count count) {
+    const auto wide = static_cast<unsigned long long>(count);
+    return wide < 0x80000000ull ? static_cast<unsigned long>(wide) : 0x80000000ul;
+  }
+
   void* m_Handle = nullptr;
   const char* m_Name;
 };

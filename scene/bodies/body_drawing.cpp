@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "scene/bodies/body_marks.h"
+#include "scene/display/dot.h"
 #include "scene/display/palette.h"
 #include "utils/text.h"
 
@@ -57,15 +58,18 @@ class BodyPen {
 
  private:
   Glow MakeGlow(double reach, const Colour& colour, double strength) const {
-    return {Pixel(0.5 * m_Drawn.radius), Pixel(reach * m_Drawn.radius), 0.4f, ToRgba(Scaled(colour, 1.0, strength)),
-            ToRgba(Scaled(colour, 1.0, 0.3 * strength))};
+    return {Pixel(0.5 * m_Drawn.radius), Pixel(reach * m_Drawn.radius), 0.4f,
+            ToRgba(Scaled(colour, 1.0, strength)), ToRgba(Scaled(colour, 1.0, 0.3 * strength))};
   }
   void DrawPoint(const Colour& colour, double opacity, const Glow& glow) const {
-    m_List.Add(Layer::kBodies, PointRecord{Pixel(m_X), Pixel(m_Y), Pixel(m_Drawn.radius),
-                                           ToRgba(Scaled(colour, 1.0, opacity)), glow, m_Object});
+    const PaintedDot dot = PaintedDot::Fit(Pixel(m_Drawn.radius));
+    m_List.Add(Layer::kBodies,
+               PointRecord{Pixel(m_X), Pixel(m_Y), dot.radius,
+                           ToRgba(Scaled(colour, 1.0, opacity * dot.opacity)), glow, m_Object});
   }
   void DrawDot(const Colour& colour) const {
-    DrawPoint(colour, m_Drawn.opacity, MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity));
+    const bool shines = PaintedDot::Shines(Pixel(m_Drawn.radius), m_List.GetUnit());
+    DrawPoint(colour, m_Drawn.opacity, shines ? MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity) : Glow{});
   }
   void DrawDisc(const Colour& colour) const;
   void DrawShadow(const DrawnShadow& shadow) const;

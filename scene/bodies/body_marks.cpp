@@ -35,13 +35,22 @@ tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], c
 
 }  // namespace
 
-BodyMarks::BodyMarks(const BodyModel& model) : m_Model(model), m_Labels(model.GetBodies().size()) {
+BodyMarks::BodyMarks(const BodyModel& model) : m_Model(model), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
   m_Drawn.reserve(m_Labels.size());
+  for (std::size_t i = 0; i < m_Numbers.size(); ++i) {
+    const SSO_ID& id = model.GetBodies()[i].id;
+    if (id.kind == FourCC("scft")) m_Numbers[i] = std::to_string(id.number);
+  }
   FetchTexts();
 }
 
 void BodyMarks::FetchTexts() {
   for (std::size_t i = 0; i < m_Labels.size(); ++i) m_Labels[i] = GetBodyLabel(m_Model.GetBodies()[i]);
+}
+
+const std::string& BodyMarks::GetLabel(int body, const ShownKinds& shown) const {
+  const auto index = static_cast<std::size_t>(body);
+  return shown.noradNumbers && !m_Numbers[index].empty() ? m_Numbers[index] : m_Labels[index];
 }
 
 void BodyMarks::Clear() {
@@ -56,7 +65,7 @@ void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, co
   for (int body = 0; body < static_cast<int>(m_Labels.size()); ++body) {
     if (tests.IsDrawn(body, place)) Add(geometry, tests, shown, body, place);
   }
-  PlaceLabels(geometry, tests, labels);
+  PlaceLabels(geometry, tests, shown, labels);
   AddMoonShadow(geometry, shadows);
   std::sort(m_Drawn.begin(), m_Drawn.end(),
             [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });
@@ -83,18 +92,20 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
 }
 
 // The Sun, the Moon and the planets come first and so have the choice of places.
-void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, LabelPlacer& labels) {
+void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
+                            LabelPlacer& labels) {
   for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
   for (auto& drawn : m_Drawn) {
     const auto body = static_cast<std::size_t>(drawn.body);
     const int kind = m_Model.GetBodies()[body].id.kind;
+    if (!shown.GetLabels(kind).shown) continue;
     if (tests.HasMagnitude(drawn.body) && m_Model.GetStates()[body].code > tests.GetLimits(kind).label) {
       continue;
     }
     const LabelKind labelKind = LabelKindOfBody(kind);
     const double size = (labelKind == LabelKind::kPlanet ? 14.0 : 11.0) * geometry.unit;
     const SSO_ID& id = m_Model.GetBodies()[body].id;
-    drawn.labelIndex = labels.PlaceBeside(m_Labels[body].c_str(), drawn.place, drawn.radius, size, labelKind,
+    drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius, size, labelKind,
                                           {id.kind, id.number});
   }
 }

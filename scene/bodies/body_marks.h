@@ -50,16 +50,17 @@ class BodyMarks {
   const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
   const DrawnBody* Find(int body) const;                              // null when it is not drawn
   const DrawnShadow& GetMoonShadow() const { return m_Shadow; }
-  const std::string& GetLabel(int body) const { return m_Labels[static_cast<std::size_t>(body)]; }
+  // The name, or of a satellite its number where numbers are wanted.
+  const std::string& GetLabel(int body, const ShownKinds& shown) const;
 
  private:
   void Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
            const ObjectPlace& place);
-  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, LabelPlacer& labels);
+  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, LabelPlacer& labels);
   void AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
 
   const BodyModel& m_Model;
-  std::vector<std::string> m_Labels;
+  std::vector<std::string> m_Labels, m_Numbers;  // of each body; the numbers of satellites
   std::vector<DrawnBody> m_Drawn;
   DrawnShadow m_Shadow;
 };

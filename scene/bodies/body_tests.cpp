@@ -10,7 +10,7 @@ namespace {
 
 // Pixels of the standard picture.
 constexpr double kSunRadius = 13.0, kMoonRadius = 12.0;
-constexpr double kLeastPlanet = 2.4, kLeastSmallBody = 1.5, kLargestDot = 7.0;
+constexpr double kSatellite = 3.0, kLargestDot = 7.0;
 constexpr double kMargin = 40.0;  // where the tail of a comet may still reach in
 
 }  // namespace
@@ -50,11 +50,9 @@ double BodyTests::GetSymbolRadius(int body) const {
   if (body == kSunBody) return kSunRadius * m_Geometry.unit;
   if (body == kMoonBody) return kMoonRadius * m_Geometry.unit;
   const auto index = static_cast<std::size_t>(body);
-  const bool planet = m_Model.GetBodies()[index].id.kind == FourCC("plnt");
-  const double least = planet ? kLeastPlanet : kLeastSmallBody;
-  if (!HasMagnitude(body)) return 2.0 * least * m_Geometry.unit;
-  const double magnitudes = (m_StarLimits.draw - m_Model.GetStates()[index].code) * 0.1;
-  return m_Geometry.unit * std::clamp(0.6 * std::pow(10.0, 0.1 * magnitudes), least, kLargestDot);
+  if (!HasMagnitude(body)) return kSatellite * m_Geometry.unit;
+  const float code = m_Model.GetStates()[index].code;
+  return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), kLargestDot);
 }
 
 // A body is seen as soon as its upper limb is.

@@ -30,8 +30,7 @@ bool FindDataRoot(const std::string& programFolder, std::string& root, std::stri
       return true;
     }
   }
-  error = (installed / kTextFile).string() + ": not found, nor " + (built / kTextFile).string() +
-          "; --data FOLDER names another data root";
+  error = (installed / kTextFile).string() + ": not found, nor " + (built / kTextFile).string();
   return false;
 }
 

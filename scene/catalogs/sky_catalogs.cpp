@@ -75,6 +75,8 @@ void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
     object.label = DeepskyLabel(table);
     object.catalogs = CatalogBits(table);
     object.record = record;
+    object.designation = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
+    object.properName = FieldText(table, CommonInterfaces::FieldIds::ProperName);
     objects.push_back(std::move(object));
   }
   std::stable_sort(objects.begin(), objects.end(),
@@ -155,6 +157,11 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
 }
 
 }  // namespace
+
+const char* DeepskyObject::GetLabel(const LabelRules& rules) const {
+  if (rules.commonName && !properName.empty()) return properName.c_str();
+  return rules.ngcFirst && !designation.empty() ? designation.c_str() : label.c_str();
+}
 
 ObjectTraits GetTraits(const DeepskyObject& object) {
   constexpr unsigned kSubTypeShift = 24;  // the number of a deep-sky object carries its sub-type on top

@@ -26,13 +26,10 @@ Direction MakeMotion(double ra, double dec, double east, double north) {
   return {{-sa * east - ca * sd * north, ca * east - sa * sd * north, cd * north}};
 }
 
-// The label and whether it is a proper name.
-std::pair<std::string_view, bool> ChooseLabel(const CatalogTable& table) {
-  if (const std::string_view name = FieldText(table, CommonInterfaces::FieldIds::ProperName); !name.empty()) return {name, true};
+// "α CMa", else "9 CMa".
+std::string_view ChooseDesignation(const CatalogTable& table) {
   const std::string_view bayer = FieldText(table, CommonInterfaces::FieldIds::Bayer);
-  if (!bayer.empty()) return {bayer.substr(0, bayer.find(' ')), false};
-  const std::string_view flamsteed = FieldText(table, CommonInterfaces::FieldIds::Flamsteed);
-  return {flamsteed.substr(0, flamsteed.find(' ')), false};
+  return bayer.empty() ? std::string_view(FieldText(table, CommonInterfaces::FieldIds::Flamsteed)) : bayer;
 }
 
 unsigned char CatalogBits(const CatalogTable& table) {
@@ -65,10 +62,17 @@ void StarCatalog::Append(CatalogTable& table, int record) {
                                                        : std::numeric_limits<float>::quiet_NaN());
   m_Catalogs.push_back(CatalogBits(table));
   m_Records.push_back(record);
-  const auto [label, proper] = ChooseLabel(table);
-  m_ProperNames.push_back(proper);
-  m_Labels.push_back(label.empty() ? 0 : static_cast<unsigned>(m_Texts.size()));
-  if (!label.empty()) m_Texts.append(label).push_back('\0');
+  m_ProperNames.push_back(AddText(FieldText(table, CommonInterfaces::FieldIds::ProperName)));
+  const std::string_view designation = ChooseDesignation(table);
+  m_Letters.push_back(AddText(designation.substr(0, designation.find(' '))));
+  m_Designations.push_back(AddText(designation));
+}
+
+unsigned StarCatalog::AddText(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto offset = static_cast<unsigned>(m_Texts.size());
+  m_Texts.append(text).push_back('\0');
+  return offset;
 }
 
 void StarCatalog::Fill(CatalogTable& table) {

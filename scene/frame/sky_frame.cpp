@@ -117,7 +117,8 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.caption.Place(geometry.unit, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, shown.milkyWay);
-  parts.horizon.Compute(geometry, shown.horizon && observer.horizon, shown.compass && observer.horizon, labels);
+  const bool horizon = observer.horizon;
+  parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon}, labels);
   parts.figures.Compute(geometry, observer, tests);
   parts.objects.Compute(geometry, tests);
   parts.favourites.Compute(geometry, tests, labels);

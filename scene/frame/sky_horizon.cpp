@@ -34,12 +34,13 @@ SkyHorizon::SkyHorizon() : m_Haze(kHazeAltitudes.size()), m_Letters(FetchCompass
   for (auto& band : m_Haze) band.Reserve(1, kAltitudeCirclePoints);
 }
 
-void SkyHorizon::Compute(const ViewGeometry& geometry, bool ground, bool compass, LabelPlacer& labels) {
+void SkyHorizon::Compute(const ViewGeometry& geometry, const HorizonParts& wanted, LabelPlacer& labels) {
   m_Ground.Clear();
   for (auto& band : m_Haze) band.Clear();
   m_Compass.clear();
-  if (ground) AddGround(geometry);
-  if (compass) AddCompass(geometry, labels);
+  m_WithLine = wanted.line;
+  if (wanted.ground) AddGround(geometry);
+  if (wanted.compass) AddCompass(geometry, labels);
 }
 
 void SkyHorizon::AddGround(const ViewGeometry& geometry) {
@@ -85,6 +86,7 @@ void SkyHorizon::DrawGround(DisplayList& list) const {
   PolygonRecord area = {};
   area.colour = ToRgba(palette::kGround);
   list.AddArea(Layer::kGround, area);
+  if (!m_WithLine) return;
   PolylineRecord edge = {};
   edge.width = 1.3f * list.GetUnit();
   edge.colour = ToRgba(palette::kGroundEdge);

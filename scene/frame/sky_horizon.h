@@ -16,6 +16,11 @@ struct CompassMark {
   bool main;  // north, east, south or west
 };
 
+// What of the horizon is drawn.
+struct HorizonParts {
+  bool ground, line, compass;  // the line along the edge of the ground only with the ground
+};
+
 // The ground, the haze above it and the compass along its edge, of one frame. Allocates at its construction only.
 class SkyHorizon {
  public:
@@ -26,7 +31,7 @@ class SkyHorizon {
 
   // Empties the picture, then fills in what is wanted. The letters are placed before the labels of what stands in the
   // sky; they stay valid until the next FetchTexts.
-  void Compute(const ViewGeometry& geometry, bool ground, bool compass, LabelPlacer& labels);
+  void Compute(const ViewGeometry& geometry, const HorizonParts& wanted, LabelPlacer& labels);
 
   void DrawHaze(DisplayList& list) const;
   void DrawGround(DisplayList& list) const;
@@ -45,6 +50,7 @@ class SkyHorizon {
   std::vector<RegionPicture> m_Haze;
   std::vector<CompassMark> m_Compass;
   CompassLetters m_Letters;
+  bool m_WithLine = true;  // along the edge of the ground
 };
 
 }  // namespace scene

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 #include "utils/text.h"
 
@@ -47,6 +48,7 @@ SkyObjects::SkyObjects(const SkyCatalogs& catalogs)
     : m_Catalogs(catalogs), m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)) {
   m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()));
   m_Deepsky.reserve(catalogs.deepsky.size());
+  m_StarLabels.reserve(LabelPlacer::kMaxLabels);
 }
 
 void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests) {
@@ -60,7 +62,7 @@ void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests)
 }
 
 void SkyObjects::PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
-  LabelStars(geometry, tests.GetStarLimits(), labels);
+  LabelStars(geometry, tests, labels);
   LabelDeepsky(geometry, tests, labels);
 }
 
@@ -116,7 +118,19 @@ void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<dou
   m_Deepsky.push_back({output, object, limits.Opacity(entry.code)});
 }
 
-void SkyObjects::LabelStars(const ViewGeometry& geometry, const ClassLimits& limits, LabelPlacer& labels) {
+// The label as the catalog has it, or with the magnitude behind it while there is room for such texts.
+const char* SkyObjects::MakeStarLabel(int star, const LabelRules& rules) {
+  const char* const label = m_Catalogs.stars.GetLabel(star, rules);
+  if (!rules.magnitude || !*label || m_StarLabels.size() == LabelPlacer::kMaxLabels) return label;
+  auto& text = m_StarLabels.emplace_back();
+  const double magnitude = MagnitudeOfCode(static_cast<double>(m_Catalogs.stars.GetCode(star)));
+  const int length = std::snprintf(text.data(), text.size(), "%s %.1f", label, magnitude);
+  if (length > 0 && static_cast<std::size_t>(length) < text.size()) return text.data();
+  m_StarLabels.pop_back();
+  return label;
+}
+
+void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
   constexpr double kNotable = 2.0;  // pixels; larger discs keep labels of others away
   const StarCatalog& stars = m_Catalogs.stars;
   for (const auto& drawn : m_Stars) {
@@ -124,11 +138,14 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ClassLimits& lim
     if (place.radius > kNotable * geometry.unit)
       labels.Reserve({place.x, place.y}, place.radius, place.radius);
   }
+  const LabelRules& rules = tests.GetLabels(FourCC("star"));
+  m_StarLabels.clear();
+  if (!rules.shown) return;
   for (const auto& drawn : m_Stars) {
-    if (stars.GetCode(drawn.star) > limits.label) break;
+    if (stars.GetCode(drawn.star) > tests.GetStarLimits().label) break;
     const auto& place = drawn.output->m_Place;
-    const bool proper = stars.HasProperName(drawn.star);
-    drawn.output->m_LabelIndex = labels.PlaceBeside(stars.GetLabel(drawn.star), {place.x, place.y},
+    const bool proper = rules.commonName && stars.HasProperName(drawn.star);
+    drawn.output->m_LabelIndex = labels.PlaceBeside(MakeStarLabel(drawn.star, rules), {place.x, place.y},
                                                     place.radius, (proper ? 13.0 : 11.0) * geometry.unit,
                                                     proper ? LabelKind::kStarName : LabelKind::kStarLetter,
                                                     {FourCC("star"), stars.GetNumber(drawn.star)});
@@ -138,13 +155,14 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ClassLimits& lim
 void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
   for (const auto& drawn : m_Deepsky) {
     const auto& object = m_Catalogs.deepsky[drawn.object];
-    if (object.code > tests.GetDeepskyLimits(object.kind).label) continue;
+    const LabelRules& rules = tests.GetLabels(object.kind);
+    if (!rules.shown || object.code > tests.GetDeepskyLimits(object.kind).label) continue;
     // The outline of its image may name it already.
     int& label = drawn.output->m_LabelIndex;
     label = labels.Find(object.label.c_str(), LabelKind::kImageFrame);
     if (label >= 0) continue;
     const auto& place = drawn.output->m_Place;
-    label = labels.PlaceBeside(object.label.c_str(), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
+    label = labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
                                LabelKindOfDeepsky(object.kind), {object.kind, object.number});
   }
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "common_interfaces/output_pool.h"
@@ -46,7 +47,8 @@ class SkyObjects {
   void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
   void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                         const ClassLimits& limits);
-  void LabelStars(const ViewGeometry& geometry, const ClassLimits& limits, LabelPlacer& labels);
+  void LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+  const char* MakeStarLabel(int star, const LabelRules& rules);
   void LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
   const SkyCatalogs& m_Catalogs;
@@ -55,6 +57,7 @@ class SkyObjects {
   unsigned m_Number = 0;  // of the frame
   std::vector<DrawnStar> m_Stars;
   std::vector<DrawnDeepsky> m_Deepsky;
+  std::vector<std::array<char, 64>> m_StarLabels;  // with magnitudes; the labels of the frame point into it
 };
 
 }  // namespace scene

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include "scene/display/dot.h"
 #include "scene/display/palette.h"
 #include "scene/display/symbol_colour.h"
 #include "scene/frame/sky_objects.h"
@@ -11,19 +12,19 @@ namespace scene {
 namespace {
 
 void DrawStar(const DrawnStar& drawn, const StarCatalog& stars, DisplayList& list) {
-  constexpr float kShineFrom = 1.9f, kLeastRadius = 0.55f;  // pixels
   const auto& place = drawn.output->m_Place;
-  const Colour& colour = palette::kStars[std::min<unsigned>(stars.GetSpectrum(drawn.star), palette::kSpectralClasses)];
+  const Colour& colour =
+      palette::kStars[std::min<unsigned>(stars.GetSpectrum(drawn.star), palette::kSpectralClasses)];
   const double opacity = drawn.opacity;
   PointRecord point = {};
   point.x = place.x;
   point.y = static_cast<float>(list.GetHeight()) - place.y;
-  // A disc below the resolution of the picture keeps its light: larger, and fainter by the area.
-  point.radius = std::max(place.radius, kLeastRadius);
-  const double share = static_cast<double>(place.radius) / static_cast<double>(point.radius);
-  point.colour = ToRgba(colour, opacity * share * share);
-  if (place.radius > kShineFrom * list.GetUnit()) {
-    point.glow = {0.0f, 3.6f * place.radius, 0.35f, ToRgba(colour, 0.55 * opacity), ToRgba(colour, 0.20 * opacity)};
+  const PaintedDot dot = PaintedDot::Fit(place.radius);
+  point.radius = dot.radius;
+  point.colour = ToRgba(colour, opacity * dot.opacity);
+  if (PaintedDot::Shines(place.radius, list.GetUnit())) {
+    point.glow = {0.0f, 3.6f * place.radius, 0.35f, ToRgba(colour, 0.55 * opacity),
+                  ToRgba(colour, 0.20 * opacity)};
   }
   point.object = {FourCC("star"), stars.GetNumber(drawn.star)};
   list.Add(Layer::kStars, point);
@@ -48,7 +49,8 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
   constexpr float kSlant = static_cast<float>(-25.0 * kRadiansPerDegree);
   const auto& output = *drawn.output;
   const float x = output.m_Place.x, y = static_cast<float>(list.GetHeight()) - output.m_Place.y;
-  const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize, width = 1.1f * list.GetUnit();
+  const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize,
+              width = 1.1f * list.GetUnit();
   const LabelKind kind = LabelKindOfDeepsky(object.kind);
   const Rgba colour = ToRgba(GetSymbolColour(kind), static_cast<double>(drawn.opacity));
   const ObjectRef ref = {object.kind, object.number};
@@ -56,7 +58,8 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
     list.Add(Layer::kDeepsky,
              EllipseRecord{x, y, major, std::min(minor, 0.75f * major), kSlant, width, 0.0f, colour, ref});
   } else if (kind == LabelKind::kCluster) {
-    list.Add(Layer::kDeepsky, EllipseRecord{x, y, major, major, 0.0f, width, 3.0f * list.GetUnit(), colour, ref});
+    list.Add(Layer::kDeepsky,
+             EllipseRecord{x, y, major, major, 0.0f, width, 3.0f * list.GetUnit(), colour, ref});
   } else {
     kind == LabelKind::kNebula ? AddBox(x, y, major, minor, list) : AddDiamond(x, y, major, list);
     list.AddLine(Layer::kDeepsky, PolylineRecord{0, 0, width, 0.0f, colour, kClosedLine, ref});
@@ -72,7 +75,8 @@ void SkyObjects::DrawDeepsky(DisplayList& list) const {
 }
 
 void SkyObjects::DrawStars(DisplayList& list) const {
-  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn) DrawStar(*drawn, m_Catalogs.stars, list);
+  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn)
+    DrawStar(*drawn, m_Catalogs.stars, list);
 }
 
 }  // namespace scene

@@ -3,6 +3,7 @@
 #include "scene/object_search.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
@@ -44,6 +45,22 @@ int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs) {
   if (object.group == ObjectGroup::kConstellation) return GetTraits(catalogs.constellations[index]).number;
   if (object.group == ObjectGroup::kBody) return catalogs.bodies[index].id.number;
   return catalogs.deepsky[index].number;
+}
+
+std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs& catalogs) {
+  const std::pair<ObjectGroup, int> groups[] = {
+      {ObjectGroup::kStar, catalogs.stars.GetCount()},
+      {ObjectGroup::kDeepsky, static_cast<int>(catalogs.deepsky.size())},
+      {ObjectGroup::kConstellation, static_cast<int>(catalogs.constellations.size())},
+      {ObjectGroup::kBody, static_cast<int>(catalogs.bodies.size())}};
+  for (const auto& [group, count] : groups) {
+    for (int i = 0; i < count; ++i) {
+      const FoundObject found = {group, i};
+      if (GetKind(found, catalogs) != object.kind) continue;
+      if (GetNumber(found, catalogs) == object.number) return found;
+    }
+  }
+  return std::nullopt;
 }
 
 ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) {

@@ -37,7 +37,7 @@ std::optional<int> FindLabelIndex(const List& drawn, Is is) {
 Case MakeStarCase(int star, const ObjectTests& tests, const SkyFrame& frame) {
   const StarCatalog& stars = frame.GetCatalogs().stars;
   Case made = {
-      FourCC("star"),       stars.GetCode(star), stars.GetTraits(star), 0, {}, stars.GetLabel(star), {},
+      FourCC("star"),       stars.GetCode(star), stars.GetTraits(star), 0, {}, stars.GetLabel(star, tests.GetLabels(FourCC("star"))), {},
       tests.GetStarLimits()};
   made.obstacles = tests.FindStarObstacles(star, made.place);
   made.labelIndex =
@@ -52,7 +52,7 @@ Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame)
                GetTraits(object),
                0,
                {},
-               object.label.c_str(),
+               object.GetLabel(tests.GetLabels(object.kind)),
                {},
                tests.GetDeepskyLimits(object.kind)};
   made.obstacles = tests.FindDeepskyObstacles(index, made.place);
@@ -90,7 +90,7 @@ Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view
                GetTraits(body, state.code),
                0,
                {},
-               part.GetMarks().GetLabel(index).c_str(),
+               part.GetMarks().GetLabel(index, view.shown).c_str(),
                {},
                tests.GetLimits(body.id.kind)};
   if (!tests.HasMagnitude(index)) made.code.reset();
@@ -100,10 +100,11 @@ Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view
 }
 
 // Of what is drawn.
-LabelFate FindLabelFate(const Case& object) {
+LabelFate FindLabelFate(const Case& object, const ShownKinds& shown) {
   if (!object.labelIndex) return LabelFate::kNone;
   if (!*object.label) return LabelFate::kNameless;
   if (*object.labelIndex >= 0) return LabelFate::kPlaced;
+  if (object.code && !shown.GetLabels(object.kind).shown) return LabelFate::kOff;
   return object.code && *object.code > object.limits.label ? LabelFate::kTooFaint : LabelFate::kNoRoom;
 }
 
@@ -141,7 +142,7 @@ Explanation Explain(const FoundObject& found, const ShownView& view) {
   if (object.obstacles & kNoPlace) return why;
   why.standing = FindStanding(object.place.apparent, view.observer);
   why.fromCentre = VectorsAngle(object.place.apparent.v, geometry.centreJ2000.v) / kRadiansPerDegree;
-  why.label = FindLabelFate(object);
+  why.label = FindLabelFate(object, view.shown);
   return why;
 }
 

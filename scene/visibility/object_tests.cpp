@@ -51,9 +51,8 @@ const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
 
 const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
 
-// A dot of 0.6 pixels at the limit, growing by a quarter for each magnitude above it.
 double ObjectTests::StarRadius(float code) const {
-  return m_Geometry.unit * (0.6 * std::pow(10.0, 0.1 * ((m_StarLimits.draw - code) * 0.1)));
+  return m_Geometry.unit * GetDotRadius(m_StarLimits, code);
 }
 
 // The third row of the reduction gives the sine of the altitude.

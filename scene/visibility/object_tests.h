@@ -54,6 +54,7 @@ class ObjectTests {
   bool IsAboveHorizon(const Direction& apparent) const;
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
+  const LabelRules& GetLabels(int kind) const { return m_Shown.GetLabels(kind); }
 
  private:
   // The obstacles found so far; with kFirst the first one is enough.

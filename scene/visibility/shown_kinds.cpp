@@ -33,17 +33,90 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::moonPhases, FourCC("moon"), "MoonPhases"},
                                 {&ShownKinds::asteroids, FourCC("astr"), "Draw"},
                                 {&ShownKinds::comets, FourCC("comt"), "Draw"},
-                                {&ShownKinds::spacecraft, FourCC("scft"), "Draw"}};
+                                {&ShownKinds::spacecraft, FourCC("scft"), "Draw"},
+                                {&ShownKinds::horizonLine, FourCC("grid"), "Horizon"},
+                                {&ShownKinds::noradNumbers, FourCC("scft"), "NoradNumber"}};
+
+struct LabelSwitch {
+  LabelRules ShownKinds::*rules;
+  bool LabelRules::*flag;
+  unsigned section;
+  const char* name;
+};
+constexpr LabelSwitch kLabelSwitches[] = {
+    {&ShownKinds::starLabels, &LabelRules::shown, FourCC("star"), "ShowLabel"},
+    {&ShownKinds::starLabels, &LabelRules::commonName, FourCC("star"), "CommonName"},
+    {&ShownKinds::starLabels, &LabelRules::abbreviation, FourCC("star"), "LatAbbreviation"},
+    {&ShownKinds::starLabels, &LabelRules::magnitude, FourCC("star"), "MagnitudeOn"},
+    {&ShownKinds::clusterLabels, &LabelRules::shown, FourCC("clst"), "ClusterLabel"},
+    {&ShownKinds::clusterLabels, &LabelRules::commonName, FourCC("clst"), "CommonName"},
+    {&ShownKinds::clusterLabels, &LabelRules::ngcFirst, FourCC("clst"), "NGC-IC"},
+    {&ShownKinds::galaxyLabels, &LabelRules::shown, FourCC("gala"), "GalaxyLabel"},
+    {&ShownKinds::galaxyLabels, &LabelRules::commonName, FourCC("gala"), "CommonName"},
+    {&ShownKinds::galaxyLabels, &LabelRules::ngcFirst, FourCC("gala"), "NGC-IC"},
+    {&ShownKinds::nebulaLabels, &LabelRules::shown, FourCC("nebu"), "CloudsLabel"},
+    {&ShownKinds::nebulaLabels, &LabelRules::commonName, FourCC("nebu"), "CommonName"},
+    {&ShownKinds::nebulaLabels, &LabelRules::ngcFirst, FourCC("nebu"), "NGC-IC"},
+    {&ShownKinds::otherDeepskyLabels, &LabelRules::shown, FourCC("dsnv"), "NonOpticLabel"},
+    {&ShownKinds::planetLabels, &LabelRules::shown, FourCC("plnt"), "ShowLabel"},
+    {&ShownKinds::moonLabels, &LabelRules::shown, FourCC("moon"), "ShowLabel"},
+    {&ShownKinds::asteroidLabels, &LabelRules::shown, FourCC("astr"), "ShowLabel"},
+    {&ShownKinds::cometLabels, &LabelRules::shown, FourCC("comt"), "ShowLabel"},
+    {&ShownKinds::spacecraftLabels, &LabelRules::shown, FourCC("scft"), "ShowLabel"}};
+
+// Fields that the settings have for other programs that read them.
+struct Undrawn {
+  unsigned section;
+  const char* name;
+  const char* reason;
+};
+constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
+               kPlanetPath[] = "paths of planets are not drawn", kAsteroidGroups[] = "groups of asteroids are not drawn",
+               kStarKinds[] = "the catalog of stars does not tell these stars from others",
+               kBrightMoon[] = "the Moon, the only moon drawn, is brighter than every limit",
+               kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
+               kGrid[] = "grids, circles and poles are not drawn", kImages[] = "images of constellations are not drawn";
+constexpr Undrawn kUndrawn[] = {
+    {FourCC("star"), "ShowBinary", kStarKinds},
+    {FourCC("star"), "ShowVariable", kStarKinds},
+    {FourCC("star"), "ShowWithPlanets", kStarKinds},
+    {FourCC("star"), "LuminosityUndef", "stars are not filtered by luminosity class"},
+    {FourCC("plnt"), "PlanetGuides", kPhysicalGrid},
+    {FourCC("plnt"), "PlanetGrid", kPhysicalGrid},
+    {FourCC("plnt"), "PlanetFeatures", "surfaces are not drawn"},
+    {FourCC("plnt"), "PlanetCelPath", kPlanetPath},
+    {FourCC("plnt"), "PlanetLocPath", kPlanetPath},
+    {FourCC("moon"), "MoonZoomDependShow", kBrightMoon},
+    {FourCC("moon"), "MoonZoomDependLabel", kBrightMoon},
+    {FourCC("moon"), "MoonGuides", kPhysicalGrid},
+    {FourCC("moon"), "MoonGrid", kPhysicalGrid},
+    {FourCC("moon"), "MoonFeatures", "surfaces are not drawn"},
+    {FourCC("astr"), "ShowAsterBelt", "the belt of asteroids is not drawn"},
+    {FourCC("astr"), "AsterGroups", kAsteroidGroups},
+    {FourCC("astr"), "AsterLabels", kAsteroidGroups},
+    {FourCC("scft"), "USCOZoomDependShow", kNoMagnitude},
+    {FourCC("scft"), "USCOZoomDependLabel", kNoMagnitude},
+    {FourCC("cnst"), "BoundariesVisible", "boundaries of constellations are not drawn"},
+    {FourCC("cnst"), "ImagesVisible", kImages},
+    {FourCC("cnst"), "ImagesBrightness", kImages},
+    {FourCC("cnst"), "LatinGenitive", "the catalog of constellations has no genitives"},
+    {FourCC("grid"), "RADecGrid", kGrid},
+    {FourCC("grid"), "RADecEquator", kGrid},
+    {FourCC("grid"), "EclGrid", kGrid},
+    {FourCC("grid"), "EclEquator", kGrid},
+    {FourCC("grid"), "GalGrid", kGrid},
+    {FourCC("grid"), "Meridian", kGrid},
+    {FourCC("grid"), "Poles", kGrid}};
 
 // What the settings lack counts as `otherwise`, a whole section as on.
-KindState ReadState(SettingsData& settings, const Switch& entry, bool otherwise) {
-  KindState state = {entry.name, true, otherwise};
-  if (!HasSection(settings, entry.section)) return state;
-  state.sectionOn = settings.GetSectionStatus(entry.section, false) != 0;
-  const unsigned before = settings.SetCurSection(entry.section);
-  const int nameId = GetUniqueID(entry.name);
+KindState ReadState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
+  KindState state = {name, true, otherwise};
+  if (!HasSection(settings, section)) return state;
+  state.sectionOn = settings.GetSectionStatus(section, false) != 0;
+  const unsigned before = settings.SetCurSection(section);
+  const int nameId = GetUniqueID(name);
   unsigned char value = otherwise;
-  if (settings.GetAtField(entry.section, nameId, false) &&
+  if (settings.GetAtField(section, nameId, false) &&
       settings.GetFieldType(nameId) == CommonInterfaces::kFieldUInt8) {
     settings.GetFieldElement(nameId, &value, 0);
   }
@@ -74,9 +147,21 @@ bool ShownKinds::IsShown(int kind) const {
   return kind == FourCC("dsnv") && otherDeepsky;
 }
 
+const LabelRules& ShownKinds::GetLabels(int kind) const {
+  if (kind == FourCC("star")) return starLabels;
+  if (kind == FourCC("clst")) return clusterLabels;
+  if (kind == FourCC("gala")) return galaxyLabels;
+  if (kind == FourCC("nebu")) return nebulaLabels;
+  if (kind == FourCC("plnt")) return planetLabels;
+  if (kind == FourCC("moon")) return moonLabels;
+  if (kind == FourCC("astr")) return asteroidLabels;
+  if (kind == FourCC("comt")) return cometLabels;
+  return kind == FourCC("scft") ? spacecraftLabels : otherDeepskyLabels;
+}
+
 KindState ReadKindState(SettingsData& settings, int kind) {
   for (const auto& entry : kSwitches) {
-    if (entry.section == static_cast<unsigned>(kind)) return ReadState(settings, entry, true);
+    if (entry.section == static_cast<unsigned>(kind)) return ReadState(settings, entry.section, entry.name, true);
   }
   return {nullptr, true, false};
 }
@@ -84,10 +169,21 @@ KindState ReadKindState(SettingsData& settings, int kind) {
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
   for (const auto& entry : kSwitches) {
-    const KindState state = ReadState(settings, entry, shown.*entry.flag);
+    const KindState state = ReadState(settings, entry.section, entry.name, shown.*entry.flag);
     shown.*entry.flag = state.sectionOn && state.switchOn;
   }
+  for (const auto& entry : kLabelSwitches) {
+    bool& flag = (shown.*entry.rules).*entry.flag;
+    flag = ReadState(settings, entry.section, entry.name, flag).switchOn;
+  }
   return shown;
+}
+
+const char* FindUndrawnReason(unsigned section, int nameId) {
+  for (const auto& entry : kUndrawn) {
+    if (entry.section == section && GetUniqueID(entry.name) == nameId) return entry.reason;
+  }
+  return nullptr;
 }
 
 }  // namespace scene

@@ -28,7 +28,10 @@ PreparedView::PreparedView(const ViewOptions& options, const SettingsOptions& ch
     : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(kOwner) {
   Require(LoadSettings(changes.settings, settings));
   RestoreSettings(session, diagnostics, settings);
-  for (const auto& change : changes.set) Require(ChangeSetting(change, settings));
+  for (const auto& change : changes.set) {
+    Require(ChangeSetting(change, settings));
+    Require(CheckActs(change));
+  }
   camera.CreateDefault();
   camera.FillMagCorrectionsVector(&settings);
   Require(ApplyOptions(options, session, clock, diagnostics, camera));

@@ -52,25 +52,6 @@ std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
   return marks;
 }
 
-// The object of that kind and number, as a display list names it.
-std::optional<scene::FoundObject> FindObject(const scene::ObjectRef& wanted,
-                                             const scene::SkyCatalogs& catalogs) {
-  using scene::ObjectGroup;
-  const std::pair<ObjectGroup, int> groups[] = {
-      {ObjectGroup::kStar, catalogs.stars.GetCount()},
-      {ObjectGroup::kDeepsky, static_cast<int>(catalogs.deepsky.size())},
-      {ObjectGroup::kConstellation, static_cast<int>(catalogs.constellations.size())},
-      {ObjectGroup::kBody, static_cast<int>(catalogs.bodies.size())}};
-  for (const auto& [group, count] : groups) {
-    for (int i = 0; i < count; ++i) {
-      const scene::FoundObject object = {group, i};
-      if (scene::GetKind(object, catalogs) != wanted.kind) continue;
-      if (scene::GetNumber(object, catalogs) == wanted.number) return object;
-    }
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
@@ -126,7 +107,7 @@ std::string ShownSky::DescribeAt(double x, double y, double tolerance) {
   const scene::DisplayList& list = m_Maker->GetFrame().GetDisplayList();
   std::string lines;
   for (const auto& hit : scene::PickObjects(list, x, y, tolerance)) {
-    const auto object = FindObject(hit.object, m_Catalogs);
+    const auto object = scene::FindObject(hit.object, m_Catalogs);
     if (object) lines += m_Finder.GetSearch().GetTitle(*object) + "\n";
   }
   return lines.empty() ? "no object is drawn there\n" : lines;

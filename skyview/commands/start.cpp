@@ -14,7 +14,8 @@ namespace {
 std::string FindData(const RootOptions& root, const std::string& programFolder) {
   if (root.data) return *root.data;
   std::string data, error;
-  Require(scene::FindDataRoot(programFolder, data, error), error);
+  const bool found = scene::FindDataRoot(programFolder, data, error);
+  Require(found, error + "; --data FOLDER names another data root");
   return data;
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "astro/earth_orientation.h"
+#include "astro/planets.h"
 #include "astro/vectors.h"
 #include "skyview/reports/host_texts.h"
 #include "scene/object_names.h"
@@ -30,10 +31,10 @@ double FindLongitudeFromSun(const ObservedBody& body, const ObservedBody& sun) {
   return ahead < 0.0 ? ahead + 2.0 * scene::kPi : ahead;
 }
 
-// New, crescent, quarter, gibbous, full and back, each an eighth of the way around the Sun.
 HostText MoonPhase(const scene::BodyModel& model) {
-  const double ahead = FindLongitudeFromSun(model.GetMoon().seen, model.GetSun().seen);
-  return Nth(HostText::kFirstMoonPhase, static_cast<int>(std::lround(ahead / (0.25 * scene::kPi))) % 8);
+  const ObservedBody& moon = model.GetMoon().seen;
+  const bool waxing = FindLongitudeFromSun(moon, model.GetSun().seen) < scene::kPi;
+  return Nth(HostText::kFirstMoonPhase, GetMoonPhase(GetLitPercent(moon.phaseAngle), waxing));
 }
 
 // In the evening sky while it is east of the Sun: as a crescent, half, or gibbous, and thence on as a full disc.
@@ -96,6 +97,18 @@ int GetLitPercent(double phaseAngle) {
   return static_cast<int>(std::lround(50.0 * (1.0 + std::cos(phaseAngle))));
 }
 
+int GetMoonPhase(int litPercent, bool waxing) {
+  constexpr int kNew = 0, kFull = 4, kEighths = 8;
+  if (litPercent <= 1) return kNew;
+  if (litPercent >= 99) return kFull;
+  const int shape = litPercent < 45 ? 1 : litPercent <= 55 ? 2 : 3;  // crescent, quarter, gibbous
+  return waxing ? shape : kEighths - shape;
+}
+
+bool IsOutsideModel(const scene::SkyMoment& moment) {
+  return !(moment.julianDateTT >= kFirstPlanetDate && moment.julianDateTT <= kLastPlanetDate);
+}
+
 std::string DescribeBodies(const scene::SkyFrame& frame) {
   if (!frame.IsSeenFromEarth()) return "";
   const scene::BodyList& bodies = frame.GetBodies().GetBodies();
@@ -108,6 +121,7 @@ std::string DescribeBodies(const scene::SkyFrame& frame) {
     if (kind == FourCC("plnt") || kind == FourCC("moon")) known += DescribeBody(frame.GetBodies(), body);
     if (kind == FourCC("scft")) satellites += DescribeSatellite(frame, body);
   }
+  if (IsOutsideModel(frame.GetBodies().GetMoment())) known += Line(HostText::kOutsideModel, {});
   return Line(HostText::kBodiesDrawn, {count}) + known + DescribeEclipses(frame.GetEclipses()) + satellites;
 }
 

@@ -74,6 +74,8 @@ std::string DescribeLabel(const scene::Explanation& why) {
       return FormatText("label hidden: names go to magnitude %.2f at this zoom; ",
                         scene::MagnitudeOfCode(why.limits.label)) +
              DescribeZoom(why.labelFromZoom);
+    case scene::LabelFate::kOff:
+      return "label hidden: the labels of the section " + scene::GetCodeText(why.kind) + " are switched off";
     default:
       return "label hidden: no free place beside it";
   }

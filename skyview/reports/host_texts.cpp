@@ -45,6 +45,7 @@ constexpr TextUse kHostTexts[] = {
     {900308, 900308, "", kMaxLength, true, "skyview: solar eclipse that is not seen"},
     {900309, 900309, "sfs", kMaxLength, true, "skyview: satellite, distance, whether it is lit"},
     {900310, 900311, "", kMaxLength, true, "skyview: whether a satellite is lit"},
+    {900312, 900312, "", kMaxLength, true, "skyview: that the model of the planets does not hold"},
     {900315, 900320, "", kMaxLength, true, "skyview: kinds of eclipses"},
     {900321, 900328, "", kMaxLength, true, "skyview: phases of the Moon"},
     {900331, 900338, "", kMaxLength, true, "skyview: phases of planets"},
@@ -54,6 +55,7 @@ constexpr TextUse kHostTexts[] = {
     {900347, 900347, "s", kMaxLength, true, "skyview: its size"},
     {900348, 900350, "sf", kMaxLength, true, "skyview: its rise, transit and set"},
     {900351, 900355, "", kMaxLength, true, "skyview: that it does none of these"},
+    {900356, 900356, "", kMaxLength, true, "skyview: that the drawn horizon is without refraction"},
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
     {900371, 900374, "", kMaxLength, true, "skyview: what is shown when neither view nor time is given"},
 };

@@ -55,6 +55,7 @@ enum class HostText : int {
   kSatelliteSeen,
   kSatelliteSunlit,
   kSatelliteInShadow,
+  kOutsideModel,
   kFirstLunarEclipse = 900315,  // penumbral, partial, total
   kFirstSolarEclipse = 900318,  // partial, annular, total
   kFirstMoonPhase = 900321,     // new moon, then each eighth of the way around
@@ -74,6 +75,7 @@ enum class HostText : int {
   kWhereNoSet,
   kWhereStaysUp,
   kWhereStaysDown,
+  kWhereHorizon,
   kCurveDate = 900361,
   kCurveMagnitude,
   kChoseTonightAtHome = 900371,  // what is shown when neither view nor time is given

@@ -19,4 +19,11 @@ std::string FormatMoment(int day, double fraction) {
                 date.day, date.hour, date.minute);
 }
 
+std::string FormatDay(int day, double fraction) {
+  const std::string moment = FormatMoment(day, fraction);
+  return moment.substr(0, moment.find(' '));
+}
+
+bool IsBeforeFirstYear(const std::string& text) { return text.starts_with('-') || text.starts_with("0000"); }
+
 }  // namespace skyview

@@ -13,7 +13,9 @@
 #include "common_interfaces/string_table.h"
 #include "scene/base_plane.h"
 #include "scene/compass.h"
+#include "skyview/reports/angle_text.h"
 #include "skyview/reports/host_texts.h"
+#include "skyview/reports/moment_text.h"
 #include "scene/object_names.h"
 #include "utils/text.h"
 
@@ -57,9 +59,14 @@ class StatusWriter {
   void Add(const std::string& text) {
     if (!text.empty()) m_Texts.push_back(scene::ToUtf8(text));
   }
+  // A line of skyview's own, with angles in it.
+  void AddAngles(const std::string& text) {
+    if (!text.empty()) m_Texts.push_back(PutSignsFirst(scene::ToUtf8(text)));
+  }
   void AddPlace();
   void AddTimes();
   void AddTime(int kind);
+  std::string FormatDate(const _Date& time);
   void AddCentredObject();
   void AddDirection();
   std::string GetEarthOrObserver() const;
@@ -80,7 +87,7 @@ void StatusWriter::AddPlace() {
   const std::string& name = m_Camera.GetLocationName();
   m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : scene::NameToCodePage(name)).c_str());
   Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
-  Add(Localize(
+  AddAngles(Localize(
       HostText::kCoordinates,
       {CommonInterfaces::GetPositionCoordString(&m_Shown, kSurfacePosition, kSpacePosition).c_str()}));
   Add(CommonInterfaces::GetDistanceString(&m_Shown));
@@ -108,7 +115,7 @@ void StatusWriter::AddTime(int kind) {
   m_Shown.SetUniversalTime(time);
   std::string caption;
   const std::string clock = WithoutBlanks(CommonInterfaces::GetTimeString(&m_Shown, caption));
-  const std::string date = CommonInterfaces::GetDateString(&m_Shown);
+  const std::string date = FormatDate(time);
   if (kind == kUniversalTime) {
     Add(Localize(HostText::kUniversalTime, {caption.c_str(), clock.c_str(), date.c_str()}));
   } else {
@@ -116,6 +123,13 @@ void StatusWriter::AddTime(int kind) {
                  {caption.c_str(), clock.c_str(), date.c_str(), m_Camera.GetDisplayTimeZoneName(true),
                   FormatOffset(m_Camera.GetLocUTCdelta()).c_str()}));
   }
+}
+
+// As the library writes it; before the year 1 without an era, for the line of the date counts the years with a year 0.
+std::string StatusWriter::FormatDate(const _Date& time) {
+  const std::string shown = FormatDay(
+      time.day, time.fraction + (time.type == kLocalTime ? m_Camera.GetLocUTCdelta() : 0.0));
+  return IsBeforeFirstYear(shown) ? shown : CommonInterfaces::GetDateString(&m_Shown);
 }
 
 void StatusWriter::AddTimes() {
@@ -161,14 +175,14 @@ void StatusWriter::AddDirection() {
     angles.lon = GetAzimuth(m_Camera);
     const int eighth = static_cast<int>(std::lround(angles.lon / (0.25 * scene::kPi))) % 8;
     const std::string compassPoint = scene::ToCodePage(scene::FetchCompassLetters().text[eighth]);
-    Add(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
+    AddAngles(Localize(HostText::kDirection, {format(kByDegrees).c_str(), compassPoint.c_str()}));
     AddRefraction();
   } else if (m_Camera.GetBasePlane() != scene::kEquatorPlane) {
     const std::string plane = GetPlaneName(m_Camera.GetBasePlane());
-    Add(Localize(HostText::kDirection, {format(kOtherDirection).c_str(), plane.c_str()}));
+    AddAngles(Localize(HostText::kDirection, {format(kOtherDirection).c_str(), plane.c_str()}));
   }
   m_Camera.GetRA_Dec2K(angles.lon, angles.lat);
-  Add(Localize(HostText::kCentre, {format(kByHours).c_str()}));
+  AddAngles(Localize(HostText::kCentre, {format(kByHours).c_str()}));
 }
 
 void StatusWriter::AddRefraction() {

@@ -15,6 +15,7 @@
 #include "common_interfaces/text_formats.h"
 #include "common_interfaces/units.h"
 #include "scene/base_plane.h"
+#include "skyview/reports/angle_text.h"
 #include "skyview/reports/body_texts.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/moment_text.h"
@@ -40,13 +41,15 @@ constexpr double kSatelliteStep = 1.0 / 2880.0;  // half a minute: a pass lasts 
 // Writes the lines about one object.
 class WhereWriter {
  public:
-  WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, bool satellite)
+  WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, int kind)
       : m_Sight(sight),
         m_Seen(seen),
         m_Camera(camera),
         m_Place(scene::GetPlace(camera)),
         m_Now(scene::GetMoment(camera)),
-        m_Satellite(satellite) {}
+        m_Satellite(kind == FourCC("scft")),
+        m_InSolarSystem(kind == FourCC("plnt") || kind == FourCC("moon") || kind == FourCC("astr") ||
+                        kind == FourCC("comt")) {}
 
   std::string Write() {
     AddPositions();
@@ -54,11 +57,12 @@ class WhereWriter {
     AddDistance();
     AddLook();
     AddEvents();
+    if (m_InSolarSystem && IsOutsideModel(m_Now)) Add(Localize(HostText::kOutsideModel, {}));
     return std::move(m_Text);
   }
 
  private:
-  void Add(const std::string& text) { m_Text += scene::ToUtf8(text) + "\n"; }
+  void Add(const std::string& text) { m_Text += PutSignsFirst(scene::ToUtf8(text)) + "\n"; }
   void AddPositions();
   void AddDirection();
   void AddDistance();
@@ -68,6 +72,8 @@ class WhereWriter {
   std::optional<HorizonPlace> Find(const scene::SkyMoment& moment) const;
   scene::SkyMoment FindStart() const;
   RiseTransitSet FindEvents() const;
+  RiseTransitSet FindPass() const;
+  void FindHighest(RiseTransitSet& pass) const;
   std::string FormatEvent(const scene::SkyMoment& moment) const;
 
   scene::ObjectSight& m_Sight;
@@ -75,7 +81,7 @@ class WhereWriter {
   const Camera& m_Camera;
   scene::EarthPlace m_Place;
   scene::SkyMoment m_Now;
-  bool m_Satellite;
+  bool m_Satellite, m_InSolarSystem;
   std::string m_Text;
 };
 
@@ -142,9 +148,8 @@ std::optional<HorizonPlace> WhereWriter::Find(const scene::SkyMoment& moment) co
   return MakeHorizonPlace(axes, seen.apparent, astro::GetRiseAltitude(radius));
 }
 
-// The midnight before the moment by the clocks of the place; of satellites the moment itself.
+// The midnight before the moment by the clocks of the place.
 scene::SkyMoment WhereWriter::FindStart() const {
-  if (m_Satellite) return m_Now;
   const double offset = m_Camera.GetLocUTCdelta();
   int day = m_Now.day;
   double fraction = m_Now.fraction + offset;
@@ -155,11 +160,10 @@ scene::SkyMoment WhereWriter::FindStart() const {
 RiseTransitSet WhereWriter::FindEvents() const {
   const FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
   const scene::SkyMoment start = FindStart();
-  const double step = m_Satellite ? kSatelliteStep : kStep;
-  RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, step);
-  if (m_Satellite || events.staysUp || events.staysDown) return events;
+  RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, kStep);
+  if (events.staysUp || events.staysDown) return events;
   if (events.rise && events.transit && events.set) return events;
-  const RiseTransitSet next = FindRiseTransitSet(find, scene::Later(start, 1.0), 1.0, step);
+  const RiseTransitSet next = FindRiseTransitSet(find, scene::Later(start, 1.0), 1.0, kStep);
   if (!events.rise) events.rise = next.rise;
   if (!events.set) events.set = next.set;
   if (!events.transit) {
@@ -169,14 +173,50 @@ RiseTransitSet WhereWriter::FindEvents() const {
   return events;
 }
 
+// The pass that is on, else the first of the next 24 hours: what begins below the horizon sets after it rises.
+RiseTransitSet WhereWriter::FindPass() const {
+  constexpr double kBack = 1.0 / 96.0;  // days
+  const auto isUp = [this](const scene::SkyMoment& moment) {
+    const auto place = Find(moment);
+    return place && place->altitude >= place->eventAltitude;
+  };
+  double before = 0.0;
+  while (before < 1.0 && isUp(scene::Later(m_Now, -before))) before += kBack;
+  const FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
+  RiseTransitSet pass = FindRiseTransitSet(find, scene::Later(m_Now, -before), 1.0 + before, kSatelliteStep);
+  if (!pass.staysUp && !pass.staysDown) FindHighest(pass);
+  return pass;
+}
+
+// Most satellites cross the meridian from the west: what counts is where the pass is highest.
+void WhereWriter::FindHighest(RiseTransitSet& pass) const {
+  pass.transit.reset();
+  if (!pass.rise || !pass.set) return;
+  const auto days = [](const scene::SkyMoment& moment) { return moment.day + moment.fraction; };
+  const auto altitude = [this, &pass](double later) {
+    const auto place = Find(scene::Later(*pass.rise, later));
+    return place ? place->altitude : -1.0;
+  };
+  constexpr double kPrecision = 1e-5;  // days
+  double low = 0.0, high = days(*pass.set) - days(*pass.rise);
+  while (high - low > kPrecision) {
+    const double third = (high - low) / 3.0;
+    if (altitude(low + third) < altitude(high - third)) {
+      low += third;
+    } else {
+      high -= third;
+    }
+  }
+  pass.transit = scene::Later(*pass.rise, 0.5 * (low + high));
+}
+
 // "22:03" on the day of the view, else with its date, by the clocks of the view's zone at that moment.
 std::string WhereWriter::FormatEvent(const scene::SkyMoment& moment) const {
-  constexpr std::size_t kDateLength = 11;  // "2026-01-15 "
   const char* zone = m_Camera.GetDisplayTimeZoneName(true);
   const double offset = *zone ? getLocalUTCDeltaForTimezone(zone, moment.day + moment.fraction) : 0.0;
   const std::string text = FormatMoment(moment.day, moment.fraction + offset);
-  const std::string today = FormatMoment(m_Now.day, m_Now.fraction + m_Camera.GetLocUTCdelta());
-  return text.substr(0, kDateLength) == today.substr(0, kDateLength) ? text.substr(kDateLength) : text;
+  const std::string today = FormatDay(m_Now.day, m_Now.fraction + m_Camera.GetLocUTCdelta());
+  return text.starts_with(today + " ") ? text.substr(today.size() + 1) : text;
 }
 
 void WhereWriter::AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event,
@@ -188,7 +228,7 @@ void WhereWriter::AddEvent(HostText text, HostText none, const std::optional<sce
 }
 
 void WhereWriter::AddEvents() {
-  const RiseTransitSet events = FindEvents();
+  const RiseTransitSet events = m_Satellite ? FindPass() : FindEvents();
   if (events.staysDown) return Add(Localize(HostText::kWhereStaysDown, {}));
   if (events.staysUp) {
     Add(Localize(HostText::kWhereStaysUp, {}));
@@ -196,7 +236,9 @@ void WhereWriter::AddEvents() {
     AddEvent(HostText::kWhereRises, HostText::kWhereNoRise, events.rise, false);
   }
   AddEvent(HostText::kWhereTransit, HostText::kWhereNoTransit, events.transit, true);
-  if (!events.staysUp) AddEvent(HostText::kWhereSets, HostText::kWhereNoSet, events.set, false);
+  if (events.staysUp) return;
+  AddEvent(HostText::kWhereSets, HostText::kWhereNoSet, events.set, false);
+  Add(Localize(HostText::kWhereHorizon, {}));
 }
 
 }  // namespace
@@ -224,7 +266,7 @@ bool DescribeWhere(const scene::FoundObject& object, const std::string& title, s
   const int kind = scene::GetKind(object, catalogs);
   const char* type = CommonInterfaces::GetObjectTypeName(kind, scene::GetNumber(object, catalogs));
   text = title + (type ? " - " + scene::ToUtf8(type) : "") + "\n";
-  text += WhereWriter(sight, seen, camera, kind == FourCC("scft")).Write();
+  text += WhereWriter(sight, seen, camera, kind).Write();
   return true;
 }
 

@@ -10,6 +10,7 @@
 #include "common_interfaces/settings_field.h"
 #include "scene/favourites.h"
 #include "scene/object_filter.h"
+#include "scene/shown_kinds.h"
 #include "skyview/options/setting_text.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
@@ -135,6 +136,15 @@ ViewResult ChangeSetting(const std::string& text, SettingsData& settings) {
   } catch (const BadSetting& bad) {
     return {Failure::kBadOption, "--set '" + text + "': " + bad.why};
   }
+}
+
+ViewResult CheckActs(const std::string& text) {
+  const auto change = ParseSettingText(text);
+  if (!change || change->field.empty()) return {};
+  const auto section = static_cast<unsigned>(GetFOURCC(change->section.c_str()));
+  const char* const reason = scene::FindUndrawnReason(section, change->GetNameId());
+  if (!reason) return {};
+  return {Failure::kBadOption, "--set '" + text + "': changes nothing that this program draws: " + reason};
 }
 
 bool SaveSettings(SettingsData& settings, const std::string& file, std::string& error) {

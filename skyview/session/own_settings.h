@@ -28,6 +28,9 @@ ViewResult LoadSettings(const std::optional<std::string>& file, CommonInterfaces
 // text is not wholly good: the result is then a bad option whose line names the text and what is accepted.
 ViewResult ChangeSetting(const std::string& text, CommonInterfaces::SettingsData& settings);
 
+// A bad option, with one line that says why, for a change of a field that no picture follows.
+ViewResult CheckActs(const std::string& text);
+
 // Keeps the settings as the container's own block of the file, which is replaced whole; other blocks in it
 // stay. False when that fails: `error` is then one line that names the file, and the file is as it was.
 bool SaveSettings(CommonInterfaces::SettingsData& settings, const std::string& file, std::string& error);

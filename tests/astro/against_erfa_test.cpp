@@ -40,6 +40,20 @@ void CompareMatrices(Largest& difference, double firstYear, double lastYear) {
   }
 }
 
+// Against `erfa`, which takes UT1 and TT as day and fraction each; some 8000 dates of every hour.
+template <class Erfa>
+void CompareSiderealTimes(Largest& difference, double firstYear, double lastYear, Erfa erfa) {
+  const int step = static_cast<int>((lastYear - firstYear) / 200.0 * 9.0);
+  int day = static_cast<int>(JulianDateOfYear(firstYear));
+  for (double fraction = -0.5; day < JulianDateOfYear(lastYear);
+       day += step, fraction = std::remainder(fraction + 0.19, 1)) {
+    const double deltaT = ET_UT::Get(day, fraction);
+    const double expected = erfa(day, fraction, day, fraction + deltaT / 86400.0);
+    difference.Note(
+        std::remainder(ApparentSiderealTime(day, fraction, deltaT) - expected, kTurn) / kSecondOfTime, day);
+  }
+}
+
 void UnitVector(std::mt19937& random, double v[3]) {
   std::normal_distribution<double> normal;
   for (int i = 0; i < 3; ++i) v[i] = normal(random);
@@ -104,15 +118,44 @@ TEST(AgainstErfa, MeanObliquity) {
 
 TEST(AgainstErfa, ApparentSiderealTime) {
   Largest difference("sidereal time against eraGst06a, 1900 to 2100", "second of time");
-  int day = static_cast<int>(JulianDateOfYear(1900));
-  for (double fraction = -0.5; day < JulianDateOfYear(2100);
-       day += 9, fraction = std::remainder(fraction + 0.19, 1)) {
-    const double deltaT = ET_UT::Get(day, fraction);
-    const double erfa = eraGst06a(day, fraction, day, fraction + deltaT / 86400.0);
-    difference.Note(std::remainder(ApparentSiderealTime(day, fraction, deltaT) - erfa, kTurn) / kSecondOfTime,
-                    day);
-  }
+  CompareSiderealTimes(difference, 1900, 2100, eraGst06a);
   difference.Expect(0.0002);
+}
+
+TEST(AgainstErfa, SiderealTimeFrom1700To2300) {
+  Largest difference("sidereal time against eraGst06a, 1700 to 2300", "second of time");
+  CompareSiderealTimes(difference, 1700, 2300, eraGst06a);
+  difference.Expect(0.0005);
+}
+
+// Most of it is between the models: eraGst00a and eraGst06a are 0.0004 apart.
+TEST(AgainstErfa, SiderealTimeOfTheModelOf2000) {
+  Largest difference("sidereal time against eraGst00a, 1900 to 2100", "second of time");
+  CompareSiderealTimes(difference, 1900, 2100, eraGst00a);
+  difference.Expect(0.0005);
+}
+
+TEST(AgainstErfa, SiderealTimeOfTheModelOf1994) {
+  Largest difference("sidereal time against eraGst94, 1900 to 2100", "second of time");
+  CompareSiderealTimes(difference, 1900, 2100,
+                       [](double day, double fraction, double, double) { return eraGst94(day, fraction); });
+  difference.Expect(0.02);
+}
+
+// The mean sidereal time and the equation of the equinoxes. eraGst06a is no oracle for such times: it goes by
+// the place of the celestial intermediate origin, whose series holds while the pole is near that of 2000, and
+// is 44 seconds off in -3000.
+TEST(AgainstErfa, SiderealTimeFromMinus3000To3000) {
+  Largest difference("sidereal time against eraGmst06 and the full nutation, -3000 to 3000",
+                     "second of time");
+  CompareSiderealTimes(
+      difference, -3000, 3000, [](double day, double fraction, double dayTT, double fractionTT) {
+        double longitude, obliquity;
+        eraNut06a(dayTT, fractionTT, &longitude, &obliquity);
+        return eraGmst06(day, fraction, dayTT, fractionTT) +
+               longitude * std::cos(eraObl06(dayTT, fractionTT)) + eraEect00(dayTT, fractionTT);
+      });
+  difference.Expect(0.1);
 }
 
 // The nutation in both is that of 2000B: what remains is the terms left out of the equation of the equinoxes, whose

@@ -7,73 +7,17 @@
 #include <cstring>
 #include <filesystem>
 
+#include "catalogs/object_lists_fixture.h"
 #include "support/debug_capture.h"
 #include "support/temp_dir.h"
 #include "utils/text.h"
 
 namespace {
 
-using CommonInterfaces::ChoosingObjectsFile;
-using CommonInterfaces::FavouriteObjectsFile;
-using CommonInterfaces::ObjectDesc;
-using CommonInterfaces::SelectedObjectsFile;
-
-// "star" as files spell it is 1937006962, "gala" 1734437985.
-constexpr char kFavourites[] = "work/catalogs/favourites.txt";
-constexpr char kSelection[] = "catalogs:selection.txt";
-constexpr char kSelectionFile[] = "work/catalogs/selection.txt";
-constexpr char kChosenFile[] = "work/catalogs/observationobjects.txt";
-
-// Short words for what an identifier holds.
-std::string Text(const SSO_ID& object) {
-  return std::string(object.name) + "|" + std::to_string(object.kind) + "|" + std::to_string(object.number) +
-         "|" + std::to_string(object.third) + "|" + std::to_string(object.fourth);
-}
-std::string Text(const ObjectDesc& object) {
-  return object.name + "|" + std::to_string(object.kind) + "|" + std::to_string(object.number);
-}
-template <class Entry>
-std::vector<std::string> Texts(const std::vector<Entry>& objects) {
-  std::vector<std::string> texts;
-  for (const auto& object : objects) texts.push_back(Text(object));
-  return texts;
-}
-using Lines = std::vector<std::string>;
-
-SSO_ID Object(int kind, int number, const char* name = "") {
-  SSO_ID object(kind, number);
-  std::strncpy(object.name, name, sizeof object.name - 1);
-  return object;
-}
-
-class ObjectLists : public testing::Test {
- protected:
-  Lines ReadFavourites(const std::string& content) {
-    roots.dir.Write(kFavourites, content);
-    FavouriteObjectsFile favourites;
-    favourites.Read();
-    return Texts(favourites.GetObjects());
-  }
-  Lines ReadSelection(const std::string& content) {
-    roots.dir.Write(kSelectionFile, content);
-    std::vector<ObjectDesc> objects;
-    SelectedObjectsFile(kSelection).GetObjects(objects);
-    return Texts(objects);
-  }
-  Lines ReadChosen(const std::string& content) {
-    roots.dir.Write(kChosenFile, content);
-    std::vector<SSO_ID> objects;
-    ChoosingObjectsFile().GetObjects(objects);
-    return Texts(objects);
-  }
-
-  test_support::TempRoots roots;
-  test_support::DebugCapture debug;
-};
+using namespace object_lists;
 
 using Favourites = ObjectLists;
 using Selection = ObjectLists;
-using Chosen = ObjectLists;
 
 TEST_F(Favourites, ALineIsNameKindAndNumber) {
   EXPECT_EQ(ReadFavourites("Gamma Cas\t1937006962\t12\n"), Lines{"Gamma Cas|1937006962|12|0|0"});
@@ -350,56 +294,6 @@ TEST_F(Selection, TabsLineEndsAndZeroBytesInNames) {
   selection.SetObjects({{"a\tb\nc\rd", 1, 2}, {std::string("e\0f", 3), 3, 4}});
   EXPECT_TRUE(selection.Save());
   EXPECT_EQ(roots.dir.Read(kSelectionFile), "a b c d\t1\t2\ne\t3\t4\n");
-}
-
-TEST_F(Chosen, ALineHasAFourthNumber) {
-  EXPECT_EQ(ReadChosen("M 31\t1734437985\t31\t-5\n"), Lines{"M 31|1734437985|31|0|-5"});
-}
-
-TEST_F(Chosen, LinesWithoutTheFourthNumberAreSkipped) {
-  EXPECT_EQ(ReadChosen("a\t1\t2\nb\t1\t2\tx\nc\t1\t2\t\nd\t1\t2\t3\n"), Lines{"d|1|2|0|3"});
-  EXPECT_TRUE(debug.lines.empty());
-}
-
-TEST_F(Chosen, AMissingFileIsMadeEmpty) {
-  ChoosingObjectsFile chosen;
-  std::vector<SSO_ID> out = {Object(1, 2, "kept")};
-  EXPECT_FALSE(chosen.GetObjects(out));
-  EXPECT_EQ(Texts(out), Lines{"kept|1|2|0|0"});
-  EXPECT_TRUE(std::filesystem::exists(roots.dir.Path(kChosenFile)));
-  EXPECT_TRUE(debug.lines.empty());
-}
-
-TEST_F(Chosen, SaveWritesAllFourFields) {
-  ChoosingObjectsFile chosen("catalogs:mine.txt");
-  SSO_ID object = Object(1937006962, 7001, "Ve\tga");
-  object.third = 8;
-  object.fourth = 2147483647;
-  EXPECT_TRUE(chosen.SetObjects({object, SSO_ID()}));
-  EXPECT_TRUE(chosen.Save());
-  EXPECT_EQ(roots.dir.Read("work/catalogs/mine.txt"), "Ve ga\t1937006962\t7001\t2147483647\n\t-1\t-1\t0\n");
-  std::vector<SSO_ID> out;
-  EXPECT_TRUE(ChoosingObjectsFile("catalogs:mine.txt").GetObjects(out));
-  EXPECT_EQ(Texts(out), (Lines{"Ve ga|1937006962|7001|0|2147483647", "|-1|-1|0|0"}));
-}
-
-TEST_F(Chosen, TheLongestNameAndNumbersCanBeReadAgain) {
-  SSO_ID object = Object(-2147483647 - 1, -2147483647 - 1, std::string(79, 'n').c_str());
-  object.fourth = -2147483647 - 1;
-  ChoosingObjectsFile chosen;
-  chosen.SetObjects({object});
-  EXPECT_TRUE(chosen.Save());
-  std::vector<SSO_ID> out;
-  EXPECT_TRUE(ChoosingObjectsFile().GetObjects(out));
-  EXPECT_EQ(Texts(out), Lines{std::string(79, 'n') + "|-2147483648|-2147483648|0|-2147483648"});
-}
-
-TEST_F(Chosen, SaveFailsWithoutAPlaceToWrite) {
-  std::filesystem::create_directories(roots.dir.Path(kChosenFile));
-  ChoosingObjectsFile chosen;
-  chosen.SetObjects({Object(1, 2)});
-  EXPECT_FALSE(chosen.Save());
-  EXPECT_FALSE(ChoosingObjectsFile(nullptr).Save());
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstring>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -81,74 +81,6 @@ TEST(DisplayListBytes, AreThoseOfTheWorkedExample) {
   EXPECT_EQ(Hex(list.GetTextBytes()), "56656761 00");
 }
 
-TEST(DisplayListLayout, OffsetsAreThoseOfThePage) {
-  EXPECT_EQ(offsetof(Glow, middle), 8u);
-  EXPECT_EQ(offsetof(Glow, colour), 12u);
-  EXPECT_EQ(offsetof(PointRecord, colour), 12u);
-  EXPECT_EQ(offsetof(PointRecord, glow), 16u);
-  EXPECT_EQ(offsetof(PointRecord, object), 36u);
-  EXPECT_EQ(offsetof(DiscRecord, cosPhase), 20u);
-  EXPECT_EQ(offsetof(DiscRecord, lit), 24u);
-  EXPECT_EQ(offsetof(DiscRecord, dark), 28u);
-  EXPECT_EQ(offsetof(DiscRecord, glow), 32u);
-  EXPECT_EQ(offsetof(DiscRecord, object), 52u);
-  EXPECT_EQ(offsetof(ShadowRecord, middle), 16u);
-  EXPECT_EQ(offsetof(ShadowRecord, clipX), 20u);
-  EXPECT_EQ(offsetof(ShadowRecord, inner), 32u);
-  EXPECT_EQ(offsetof(ShadowRecord, object), 44u);
-  EXPECT_EQ(offsetof(PolylineRecord, dash), 12u);
-  EXPECT_EQ(offsetof(PolylineRecord, flags), 20u);
-  EXPECT_EQ(offsetof(PolylineRecord, object), 24u);
-  EXPECT_EQ(offsetof(EllipseRecord, angle), 16u);
-  EXPECT_EQ(offsetof(EllipseRecord, colour), 28u);
-  EXPECT_EQ(offsetof(EllipseRecord, object), 32u);
-  EXPECT_EQ(offsetof(PolygonRecord, edge), 12u);
-  EXPECT_EQ(offsetof(PolygonRecord, softness), 16u);
-  EXPECT_EQ(offsetof(PolygonRecord, object), 20u);
-  EXPECT_EQ(offsetof(GradientRecord, cornerY), 16u);
-  EXPECT_EQ(offsetof(GradientRecord, x0), 32u);
-  EXPECT_EQ(offsetof(GradientRecord, middle), 48u);
-  EXPECT_EQ(offsetof(GradientRecord, colour), 52u);
-  EXPECT_EQ(offsetof(GradientRecord, object), 64u);
-  EXPECT_EQ(offsetof(TextRecord, first), 16u);
-  EXPECT_EQ(offsetof(TextRecord, style), 24u);
-  EXPECT_EQ(offsetof(TextRecord, object), 32u);
-  EXPECT_EQ(offsetof(scene::Run, first), 8u);
-}
-
-TEST(DisplayListBuilding, NeighboursOfOneTypeAndLayerAreOneRun) {
-  DisplayList list;
-  list.Begin(10, 10, 1.0);
-  list.Add(Layer::kStars, PointRecord{});
-  list.Add(Layer::kStars, PointRecord{});
-  list.Add(Layer::kBodies, PointRecord{});
-  list.Add(Layer::kDeepsky, EllipseRecord{});
-  list.Add(Layer::kBodies, DiscRecord{});
-  list.Add(Layer::kBodies, ShadowRecord{});
-  list.Add(Layer::kHaze, GradientRecord{});
-  ASSERT_EQ(list.GetRuns().size(), 6u);
-  EXPECT_EQ(list.GetRuns()[0].count, 2);
-  EXPECT_EQ(list.GetRuns()[1].first, 2);
-  EXPECT_EQ(list.GetRuns()[2].type, RecordType::kEllipse);
-  EXPECT_EQ(list.GetRuns()[5].layer, Layer::kHaze);
-}
-
-TEST(DisplayListBuilding, AreaTakesTheRingsSinceTheRecordBefore) {
-  DisplayList list;
-  list.Begin(10, 10, 1.0);
-  for (const double x : {1.0, 2.0, 3.0}) list.AddVertex(x, x);
-  list.EndRing();
-  for (const double x : {4.0, 5.0, 6.0, 7.0}) list.AddVertex(x, x);
-  list.AddArea(Layer::kMilkyWay, PolygonRecord{});
-  for (const double x : {8.0, 9.0, 10.0}) list.AddVertex(x, x);
-  list.AddArea(Layer::kMilkyWay, PolygonRecord{});
-  ASSERT_EQ(list.GetRings().size(), 3u);
-  EXPECT_EQ(list.GetPolygons()[0].ringCount, 2);
-  EXPECT_EQ(list.GetRings()[1].vertexCount, 4);
-  EXPECT_EQ(list.GetPolygons()[1].firstRing, 2);
-  EXPECT_EQ(list.GetVertices()[static_cast<std::size_t>(list.GetRings()[2].firstVertex)].x, 8.0f);
-}
-
 TEST(PickExample, NameLiesOverTheStarAndBothAreOneObject) {
   const std::vector<Hit> hits = PickObjects(MakeExample(), 161.0, 100.0, 4.0);
   ASSERT_EQ(hits.size(), 1u);
@@ -166,27 +98,6 @@ TEST(PickExample, NameAloneIsHitBesideTheStar) {
 
 TEST(PickExample, LineStandsForNoObject) {
   EXPECT_TRUE(PickObjects(MakeExample(), 100.0, 130.0, 4.0).empty());
-}
-
-TEST(TextExtentsEstimate, IsAPartOfTheSizeForEachCharacter) {
-  const TextExtents extents;
-  EXPECT_DOUBLE_EQ(extents.GetWidth("Vega", 10.0, 0), 24.8);
-  EXPECT_DOUBLE_EQ(extents.GetWidth("\u03b1\u03b2", 10.0, kBoldText), 12.4);
-}
-
-TEST(OpenRoot, FolderThatIsNoneIsOneLine) {
-  SkyCatalogs catalogs;
-  std::string error;
-  EXPECT_FALSE(OpenDataRoot("no such folder", "", kDefaultLanguage, catalogs, error));
-  EXPECT_NE(error.find("qxstrings.txt"), std::string::npos);
-  EXPECT_EQ(error.find('\n'), std::string::npos);
-}
-
-TEST(OpenRoot, LanguageThatIsMissingIsNamed) {
-  SkyCatalogs catalogs;
-  std::string error;
-  EXPECT_FALSE(OpenDataRoot(CI_DATA_ROOT, "", "tlh", catalogs, error));
-  EXPECT_EQ(error.find("language 'tlh': "), 0u);
 }
 
 // The whole road of a program, and back from a pixel to the object.

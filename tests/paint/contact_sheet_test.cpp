@@ -44,8 +44,8 @@ class ContactSheetTest : public testing::Test {
 
 }  // namespace
 
-// Three frames of 160 x 100: the root of 1.6 * 3 * 100 / 160 is 1.7, so two columns. Copies are 400 x 250, the
-// gaps 8 and the lines of text 18 pixels: 824 wide and 2 * 276 + 8 = 560 high.
+// Three frames of 160 x 100: the root of 1.6 * 3 * 100 / 160 is 1.7, so two columns. Copies are 400 x 250,
+// the gaps 8 and the lines of text 18 pixels: 824 wide and 2 * 276 + 8 = 560 high.
 TEST_F(ContactSheetTest, CopiesStandInRowsFromTheUpperLeftCorner) {
   paint::ContactSheet sheet(3, 160, 100);
   for (const Rgba& colour : {kRed, kGreen, kBlue}) {

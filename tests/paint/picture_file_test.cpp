@@ -43,7 +43,8 @@ TEST_F(PictureFile, TextInTheSvgIsEscaped) {
   EXPECT_NE(svg.find(">&lt;a &amp; b&gt;</text>"), std::string::npos);
 }
 
-// PNG specification: eight bytes of signature, then the header chunk with width and height, most significant first.
+// PNG specification: eight bytes of signature, then the header chunk with width and height, most significant
+// first.
 TEST_F(PictureFile, PngHasTheSizeOfTheWindow) {
   std::string png;
   ASSERT_TRUE(MakePng(f.frame.GetDisplayList(), png, error)) << error;

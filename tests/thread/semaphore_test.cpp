@@ -64,6 +64,66 @@ TEST(Semaphore, InitialCountPastTheMaximumIsRefused) {
   EXPECT_EQ(Failure([] { Semaphore semaphore(0x7FFFFFFFul); }), "");
 }
 
+// How often a semaphore made from `count` can be locked at once; -1 where it is refused as it should be.
+template <class Count>
+int SlotsOf(Count count) {
+  int slots = -1;
+  const std::string failure = Failure([&] {
+    Semaphore semaphore(count);
+    for (slots = 0; slots < 10 && semaphore.lock(0) == thread::kSignalled;) ++slots;
+  });
+  EXPECT_EQ(failure, slots < 0 ? "Can't create semaphore." : "");
+  return slots;
+}
+
+TEST(Semaphore, InitialCountMayHaveAnyIntegerType) {
+  EXPECT_EQ(SlotsOf<signed char>(2), 2);
+  EXPECT_EQ(SlotsOf<unsigned char>(2), 2);
+  EXPECT_EQ(SlotsOf<short>(2), 2);
+  EXPECT_EQ(SlotsOf<unsigned short>(2), 2);
+  EXPECT_EQ(SlotsOf<int>(0), 0);
+  EXPECT_EQ(SlotsOf<unsigned>(2), 2);
+  EXPECT_EQ(SlotsOf<long>(2), 2);
+  EXPECT_EQ(SlotsOf<unsigned long>(2), 2);
+  EXPECT_EQ(SlotsOf<long long>(2), 2);
+  EXPECT_EQ(SlotsOf<unsigned long long>(2), 2);
+  EXPECT_EQ(SlotsOf<bool>(true), 1);
+}
+
+// 2^32 + 1 and 2^64 - 2^32 + 1 would be 1 when cut to 32 bits.
+TEST(Semaphore, InitialCountOutOfRangeIsRefusedInEveryIntegerType) {
+  EXPECT_EQ(SlotsOf<signed char>(-1), -1);
+  EXPECT_EQ(SlotsOf<short>(-1), -1);
+  EXPECT_EQ(SlotsOf<int>(-1), -1);
+  EXPECT_EQ(SlotsOf<unsigned>(0x80000000u), -1);
+  EXPECT_EQ(SlotsOf<long>(-1), -1);
+  EXPECT_EQ(SlotsOf<long long>(-1), -1);
+  EXPECT_EQ(SlotsOf<long long>(0x100000001), -1);
+  EXPECT_EQ(SlotsOf<long long>(-0xFFFFFFFFLL), -1);
+  EXPECT_EQ(SlotsOf<unsigned long long>(0x100000001), -1);
+  EXPECT_EQ(SlotsOf<unsigned long long>(0xFFFFFFFF00000001), -1);
+}
+
+TEST(Semaphore, CountOfAnyIntegerTypeMayHaveAName) {
+  const Semaphore made(3LL, Own("counted in long long"));
+  EXPECT_EQ(Failure([] { Semaphore again(short{1}, Own("counted in long long")); }),
+            "Semaphore already exists.");
+  EXPECT_EQ(Failure([] { Semaphore refused(-1, Own("refused count")); }), "Can't create semaphore.");
+}
+
+TEST(Semaphore, EmptyNameIsNoName) {
+  const Semaphore one(1, "");
+  EXPECT_EQ(Failure([] { Semaphore other(1, ""); }), "");
+  EXPECT_EQ(Failure([] { Semaphore opened(""); }), "Can't open existing semaphore.");
+}
+
+TEST(Semaphore, PrefixesOfNamesArePlainCharacters) {
+  const std::string plain = Own("under one name only"), prefixed = "Global\\" + plain;
+  const Semaphore first(1, plain.c_str());
+  const Semaphore second(1, prefixed.c_str());
+  EXPECT_EQ(Failure([&] { Semaphore again(1, prefixed.c_str()); }), "Semaphore already exists.");
+}
+
 TEST(Semaphore, SecondOfTheSameNameThrows) {
   Semaphore first(1, Own("semaphore twice"));
   EXPECT_EQ(Failure([] { Semaphore second(1, Own("semaphore twice")); }), "Semaphore already exists.");

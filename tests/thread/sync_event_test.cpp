@@ -61,6 +61,12 @@ TEST(SyncEvent, NameTakenBySemaphoreCannotBeCreatedOrOpened) {
   EXPECT_EQ(Failure([] { SyncEvent event(Own("taken by a semaphore")); }), "Can't open existing event.");
 }
 
+TEST(SyncEvent, EmptyNameIsNoName) {
+  const SyncEvent one(false, false, "");
+  EXPECT_EQ(Failure([] { SyncEvent other(false, false, ""); }), "");
+  EXPECT_EQ(Failure([] { SyncEvent opened(""); }), "Can't open existing event.");
+}
+
 TEST(SyncEvent, OpeningAnUnknownNameThrows) {
   EXPECT_EQ(Failure([] { SyncEvent event(Own("no such event")); }), "Can't open existing event.");
 }

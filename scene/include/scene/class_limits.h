@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cmath>
+
 #include "common_interfaces/camera.h"
 
 namespace scene {
@@ -25,6 +27,12 @@ struct ClassLimits {
   float full;   // up to this one at full brightness,
   float label;  // and up to this one with their label
 };
+
+// The radius of the dot of a star of that code, in pixels of the standard picture, by the limits of stars: 0.6 at the
+// limit, growing by a quarter for each magnitude above it. Planets of that magnitude have the same.
+inline double GetDotRadius(const ClassLimits& stars, float code) {
+  return 0.6 * std::pow(10.0, 0.1 * (static_cast<double>(stars.draw - code) * 0.1));
+}
 
 inline double MagnitudeOfCode(double code) { return code * 0.1 - 2.0; }
 

@@ -122,9 +122,9 @@ struct EllipseRecord {
   ObjectRef object;
 };
 
-// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards: outside
-// the area the rings are stroked in the colour `edge`, with round joins, four times one over the other, 9, 21, 36
-// and 56 times `softness` / 2 pixels wide; the half of each width lies outside.
+// An area bounded by closed rings, filled by the even-odd rule. With `softness` its edge fades outwards:
+// outside the area the rings are stroked in the colour `edge`, with round joins, four times one over the
+// other, 9, 21, 36 and 56 times `softness` / 2 pixels wide; the half of each width lies outside.
 struct PolygonRecord {
   int firstRing, ringCount;
   Rgba colour, edge;

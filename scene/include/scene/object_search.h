@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "scene/api.h"
+#include "scene/display_list.h"
 #include "scene/sky_catalogs.h"
 
 namespace scene {
@@ -24,6 +25,10 @@ struct FoundObject {
 // Kind and number of the object, as filters and favourites know it.
 SCENE_API int GetKind(const FoundObject& object, const SkyCatalogs& catalogs);
 SCENE_API int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
+
+// The object of that kind and number, as a display list names it (display_list.h); nothing when the catalogs
+// have none. Looks at one object after the other: for a click, not for every record of a frame. Any thread.
+SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs& catalogs);
 
 // Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491",
 // "HIP 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as

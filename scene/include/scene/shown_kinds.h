@@ -7,6 +7,16 @@
 
 namespace scene {
 
+// How the objects of one class are labelled. Only stars have abbreviations and magnitudes beside the name, only
+// clusters, galaxies and nebulae numbers of two catalogues.
+struct LabelRules {
+  bool shown = true;
+  bool commonName = false;    // a proper name before any designation
+  bool abbreviation = false;  // "α CMa", with the Latin abbreviation of the constellation; else "α"
+  bool magnitude = false;     // behind the label
+  bool ngcFirst = false;      // "NGC 1976" before "M42"
+};
+
 // What the settings say is to be drawn.
 struct SCENE_API ShownKinds {
   bool stars = true;
@@ -19,6 +29,7 @@ struct SCENE_API ShownKinds {
   bool englishNames = false;  // of the constellations
   bool milkyWay = true;
   bool horizon = true;
+  bool horizonLine = true;  // along the edge of the ground
   bool compass = true;
   bool planets = true;  // and the Sun
   bool moons = true;
@@ -27,8 +38,14 @@ struct SCENE_API ShownKinds {
   bool spacecraft = true;
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
+  bool noradNumbers = false;  // beside satellites, in place of names
+
+  LabelRules starLabels{true, true, false, false, false};
+  LabelRules clusterLabels, galaxyLabels, nebulaLabels, otherDeepskyLabels;
+  LabelRules planetLabels, moonLabels, asteroidLabels, cometLabels, spacecraftLabels;
 
   bool IsShown(int kind) const;  // of a class of objects, by its four-character code
+  const LabelRules& GetLabels(int kind) const;  // of an unknown class: those of "dsnv"
 };
 
 // What a kind of objects depends on: its section, and a switch there.
@@ -41,5 +58,9 @@ struct KindState {
 // "Draw" of the section "star" or "PatternsVisible" of "cnst". A section or a switch that the settings lack
 // changes nothing, and a switch is a field of one byte. The current section stays.
 SCENE_API ShownKinds ReadShownKinds(CommonInterfaces::SettingsData& settings);
+
+// What keeps a field of the settings from changing any picture, such as "grids are not drawn"; null for a field that
+// acts and for one that is not known. Static text.
+SCENE_API const char* FindUndrawnReason(unsigned section, int nameId);
 
 }  // namespace scene

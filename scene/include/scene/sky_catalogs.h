@@ -10,11 +10,12 @@
 #include "scene/catalog_table.h"
 #include "scene/directions.h"
 #include "scene/object_traits.h"
+#include "scene/shown_kinds.h"
 #include "scene/star_catalog.h"
 
 namespace scene {
 
-struct DeepskyObject {
+struct SCENE_API DeepskyObject {
   Direction direction;     // J2000
   float code;              // magnitude code
   int kind;                // four-character code: "gala", "nebu", "clst", "dsnv"
@@ -24,6 +25,10 @@ struct DeepskyObject {
   std::string label;       // "M42", else the NGC or IC number, else the proper name
   unsigned char catalogs;  // DeepskyCatalogBit
   int record;              // of the table that it came from
+  std::string designation, properName;  // "NGC 1976", "Great Orion Nebula"; "" without one
+
+  // What the rules say stands beside it. The object's.
+  const char* GetLabel(const LabelRules& rules) const;
 };
 
 // One stroke of a constellation figure from star to star, along the great circle: `count` points from `first`
@@ -67,8 +72,8 @@ struct SkyCatalogs {
 };
 
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was. False when one of the five is missing or is no table: `error` is then one line that names the file,
-// and `catalogs` is what it was.
+// there was. False when one of the five is missing or is no table: `error` is then one line that names the
+// file, and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene

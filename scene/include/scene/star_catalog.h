@@ -4,12 +4,14 @@
 
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "scene/api.h"
 #include "scene/catalog_table.h"
 #include "scene/directions.h"
 #include "scene/object_traits.h"
+#include "scene/shown_kinds.h"
 
 namespace scene {
 
@@ -31,7 +33,12 @@ class SCENE_API StarCatalog {
   unsigned char GetSpectrum(int star) const { return m_Spectra[star]; }  // GetSpectrType
   int GetNumber(int star) const { return m_Numbers[star]; }              // catalogue number, -1: none
   // Proper name, else Bayer letter, else Flamsteed number; "" when it has none of these. The catalog's.
-  const char* GetLabel(int star) const { return m_Texts.c_str() + m_Labels[star]; }
+  const char* GetLabel(int star) const { return GetLabel(star, {true, true, false, false, false}); }
+  // What the rules say stands beside it, without the magnitude.
+  const char* GetLabel(int star, const LabelRules& rules) const {
+    if (m_ProperNames[star] != 0 && (rules.commonName || m_Letters[star] == 0)) return GetText(m_ProperNames[star]);
+    return GetText(rules.abbreviation ? m_Designations[star] : m_Letters[star]);
+  }
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
   int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
   ObjectTraits GetTraits(int star) const {
@@ -41,6 +48,8 @@ class SCENE_API StarCatalog {
 
  private:
   void Append(CatalogTable& table, int record);
+  unsigned AddText(std::string_view text);
+  const char* GetText(unsigned offset) const { return m_Texts.c_str() + offset; }
 
   std::vector<float> m_Codes;
   std::vector<Direction> m_Directions;
@@ -50,8 +59,8 @@ class SCENE_API StarCatalog {
   std::vector<float> m_Colours;           // colour index B-V, magnitudes; not a number when unknown
   std::vector<unsigned char> m_Catalogs;  // StarCatalogBit
   std::vector<int> m_Records;
-  std::vector<unsigned> m_Labels;  // offsets in m_Texts
-  std::vector<unsigned char> m_ProperNames;
+  // Offsets in m_Texts, 0 where there is none: "Sirius", "α", "α CMa".
+  std::vector<unsigned> m_ProperNames, m_Letters, m_Designations;
   std::string m_Texts = std::string(1, '\0');
   double m_MaxMotion = 0.0;
 };

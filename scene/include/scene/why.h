@@ -33,7 +33,8 @@ enum class LabelFate {
   kPlaced,    // it stands there
   kNameless,  // the object has no name, letter or number of its own
   kTooFaint,  // fainter than the limit of labels
-  kNoRoom     // no free place beside the object
+  kNoRoom,    // no free place beside the object
+  kOff        // the labels of its class are switched off
 };
 
 struct Explanation {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Eclipses of the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com), in Universal Time, where the frame
-// keeps them; the numbers themselves are held in tests/astro/eclipse_test.cpp.
+// Eclipses of the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com), in Universal Time, where
+// the frame keeps them; the numbers themselves are held in tests/astro/eclipse_test.cpp.
 #include "scene/eclipse.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,8 @@ TEST_F(EclipseTest, ListsHoldTheShadowsOfTheMomentAlone) {
   const auto& shadow = list->front();
   EXPECT_EQ(shadow.m_Caster, earth);
   EXPECT_NEAR(Vmod(shadow.m_Axis, 3), 1.0, 1e-12);
-  // The foot is perpendicular to the axis; the umbra is some 4600 km wide at the Moon, the penumbra 8200 (radii).
+  // The foot is perpendicular to the axis; the umbra is some 4600 km wide at the Moon, the penumbra 8200
+  // (radii).
   double along = 0.0;
   for (int i = 0; i < 3; ++i) along += shadow.m_Axis[i] * shadow.m_Foot[i];
   EXPECT_NEAR(along, 0.0, 1e-12);

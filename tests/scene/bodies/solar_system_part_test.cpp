@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Places, sizes and phases of bodies in the picture. Expected values are those of an independent library of planetary
-// positions (PyEphem 4.1.4, VSOP87) unless another source is named.
+// Places, sizes and phases of bodies in the picture. Expected values are those of an independent library of
+// planetary positions (PyEphem 4.1.4, VSOP87) unless another source is named.
 #include "scene/bodies/solar_system_part.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +65,22 @@ TEST(SolarSystemPart, BrightPlanetHasItsNameInTheOrionSky) {
   EXPECT_EQ(Drawn(f, kSunBody), nullptr);
 }
 
+// Uranus, magnitude 5.6: neither its place among the planets nor its colour makes it as large as Betelgeuse.
+TEST(SolarSystemPart, FaintPlanetIsADotAsLargeAsAStarOfItsMagnitude) {
+  FrameFixture f;
+  f.SetLook(200.0, 40.0);
+  f.camera.SetZoom(0.5);
+  f.Compute();
+  const DrawnBody *uranus = Drawn(f, Planet(f, 7)), *jupiter = Drawn(f, Planet(f, 5));
+  const DrawnStar* betelgeuse = f.Find(2061);
+  ASSERT_TRUE(uranus && jupiter && betelgeuse);
+  const ClassLimits stars(f.camera, FourCC("star"));
+  const auto code = StateOf(f, uranus->body).code;
+  EXPECT_NEAR(uranus->radius, GetDotRadius(stars, code), 1e-6);
+  EXPECT_LT(uranus->radius, 0.5 * static_cast<double>(betelgeuse->output->m_Place.radius));
+  EXPECT_GT(jupiter->radius, static_cast<double>(betelgeuse->output->m_Place.radius));
+}
+
 TEST(SolarSystemPart, PlanetBecomesADiscOfItsTrueSize) {
   FrameFixture f;
   f.SetLook(134.809, 53.295);
@@ -73,7 +89,8 @@ TEST(SolarSystemPart, PlanetBecomesADiscOfItsTrueSize) {
   const DrawnBody* jupiter = Drawn(f, Planet(f, 5));
   ASSERT_NE(jupiter, nullptr);
   EXPECT_TRUE(jupiter->asDisc);
-  // 46.4 seconds of arc across, as the other library has its equator; the model takes the mean radius, 2.3 percent less.
+  // 46.4 seconds of arc across, as the other library has its equator; the model takes the mean radius, 2.3
+  // percent less.
   const double pixels = f.camera.VisRad2PixD(0.5 * 46.4178 / 3600.0 * kRadiansPerDegree);
   EXPECT_NEAR(jupiter->radius, pixels, 0.04 * pixels);
 }
@@ -108,8 +125,8 @@ TEST(SolarSystemPart, FaintBodiesWaitForTheirZoom) {
   EXPECT_NE(Drawn(f, pluto), nullptr);
 }
 
-// 2026 January 25, 18:00 UT: the waxing Moon, 49 percent lit, stands in the south; the Sun has set in the west, which is to
-// the right.
+// 2026 January 25, 18:00 UT: the waxing Moon, 49 percent lit, stands in the south; the Sun has set in the
+// west, which is to the right.
 TEST(SolarSystemPart, BrightLimbOfTheMoonPointsToTheSun) {
   FrameFixture f;
   f.SetTime(2026, 1, 25, 18, 0);

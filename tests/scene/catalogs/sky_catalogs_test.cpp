@@ -69,6 +69,8 @@ TEST_F(SkyCatalogsTest, DeepSkyObjectsCarryKindSizeAndLabel) {
   ASSERT_TRUE(Load()) << error;
   ASSERT_EQ(catalogs.deepsky.size(), 3u);
   EXPECT_EQ(catalogs.deepsky[0].label, "M45");
+  EXPECT_STREQ(catalogs.deepsky[0].GetLabel({true, false, false, false, false}), "M45");
+  EXPECT_STREQ(catalogs.deepsky[0].GetLabel({true, true, false, false, false}), "Pleiades");
   EXPECT_EQ(catalogs.deepsky[1].kind, FourCC("gala"));
   EXPECT_FLOAT_EQ(catalogs.deepsky[1].smallest, 0.0116f);
 }

@@ -17,8 +17,8 @@ const std::string kLong(60, 'a');
 
 }  // namespace
 
-// The standard picture is 1600 pixels wide, 28 of which are margins, and a character is taken for 0.62 of 13 pixels:
-// 195 characters fit.
+// The standard picture is 1600 pixels wide, 28 of which are margins, and a character is taken for 0.62 of 13
+// pixels: 195 characters fit.
 TEST(Caption, TextsStandBesideEachOtherWhileTheyFit) {
   EXPECT_EQ(scene::MakeCaption({"one", "two", "three"}, 1600, 1000), (Lines{"one    two    three"}));
   EXPECT_EQ(scene::MakeCaption({kLong, kLong, "b"}, 1600, 1000), (Lines{kLong + "    " + kLong + "    b"}));

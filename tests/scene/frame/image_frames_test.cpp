@@ -78,9 +78,9 @@ TEST_F(ImageFramesTest, CornersOfTheCatalogAreCornersOfTheOutline) {
   }
 }
 
-// Along the equator and the meridians edges are great circles; along a parallel the arc leads past it. The middle of
-// the arc between two places of declination d that are 2 h apart in right ascension has the declination
-// atan(tan d / cos h).
+// Along the equator and the meridians edges are great circles; along a parallel the arc leads past it. The
+// middle of the arc between two places of declination d that are 2 h apart in right ascension has the
+// declination atan(tan d / cos h).
 TEST_F(ImageFramesTest, EdgesAreGreatCircles) {
   f.sky.dir.Write(host_test::kConstellationFile,
                   host_test::BinaryImages({{"Ori ", {{103, -10}, {63, -10}, {63, 15}, {103, 15}}}}));

@@ -115,7 +115,8 @@ TEST(SkyFrame, EveryVisibleObjectHasOneFilledRecord) {
     EXPECT_GE(drawn.output->m_Place.x, -50.0f);
     EXPECT_LE(drawn.output->m_Place.x, 1650.0f);
   }
-  // The picture reaches 20 degrees above its centre at 30: the Orion nebula is in it, the Pleiades stand higher.
+  // The picture reaches 20 degrees above its centre at 30: the Orion nebula is in it, the Pleiades stand
+  // higher.
   ASSERT_EQ(f.frame.GetDeepsky().size(), 1u);
   EXPECT_TRUE(f.frame.GetDeepsky()[0].output->m_SymbolDrawn);
   EXPECT_FALSE(f.frame.IsPoolExhausted());

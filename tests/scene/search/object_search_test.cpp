@@ -137,3 +137,27 @@ TEST_F(ObjectSearchTest, MoonThatTheModelDoesNotPlaceIsToldFromWhatNobodyKnows) 
   EXPECT_EQ(TitleOf("io"), "? 'io': a moon of Jupiter; the model does not place it yet");
   EXPECT_EQ(TitleOf("Moon"), "Moon");
 }
+
+TEST(FindObject, EveryObjectOfTheCatalogsIsFoundByItsKindAndNumber) {
+  host_test::FrameFixture f;
+  const std::pair<ObjectGroup, int> groups[] = {
+      {ObjectGroup::kStar, f.catalogs.stars.GetCount()},
+      {ObjectGroup::kDeepsky, static_cast<int>(f.catalogs.deepsky.size())},
+      {ObjectGroup::kConstellation, static_cast<int>(f.catalogs.constellations.size())},
+      {ObjectGroup::kBody, static_cast<int>(f.catalogs.bodies.size())}};
+  int count = 0;
+  for (const auto& [group, size] : groups) {
+    for (int i = 0; i < size; ++i, ++count) {
+      const FoundObject object = {group, i};
+      EXPECT_EQ(FindObject({GetKind(object, f.catalogs), GetNumber(object, f.catalogs)}, f.catalogs), object);
+    }
+  }
+  EXPECT_GE(count, 25);  // ten stars, three deep-sky objects, Orion, and the bodies
+}
+
+TEST(FindObject, WhatTheCatalogsLackIsNothing) {
+  host_test::FrameFixture f;
+  EXPECT_FALSE(FindObject({FourCC("star"), 99999}, f.catalogs));
+  EXPECT_FALSE(FindObject({FourCC("gala"), 2491}, f.catalogs));  // the number of a star
+  EXPECT_FALSE(FindObject({}, f.catalogs));
+}

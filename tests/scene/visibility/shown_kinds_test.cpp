@@ -45,6 +45,26 @@ TEST_F(ShownKindsTest, SwitchOfZeroHidesAndTheCurrentSectionStays) {
   EXPECT_TRUE(diagnostics.lines.empty());
 }
 
+TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
+  Add("star", "CommonName", 0);
+  Add("star", "LatAbbreviation", 1);
+  Add("clst", "ClusterLabel", 0);
+  Add("nebu", "NGC-IC", 1);
+  const ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.GetLabels(FourCC("star")).commonName);
+  EXPECT_TRUE(shown.GetLabels(FourCC("star")).abbreviation);
+  EXPECT_FALSE(shown.GetLabels(FourCC("clst")).shown);
+  EXPECT_TRUE(shown.GetLabels(FourCC("nebu")).ngcFirst);
+  EXPECT_TRUE(shown.GetLabels(FourCC("gala")).shown);
+}
+
+TEST_F(ShownKindsTest, ReasonsAreGivenForWhatNoPictureFollowsOnly) {
+  EXPECT_STREQ(FindUndrawnReason(FourCC("cnst"), GetUniqueID("BoundariesVisible")),
+               "boundaries of constellations are not drawn");
+  EXPECT_EQ(FindUndrawnReason(FourCC("star"), GetUniqueID("Draw")), nullptr);
+  EXPECT_EQ(FindUndrawnReason(FourCC("star"), GetUniqueID("BoundariesVisible")), nullptr);
+}
+
 TEST_F(ShownKindsTest, SectionThatIsOffHidesWhateverItsSwitchesSay) {
   Add("star", "Draw", 1);
   settings.SetSectionStatus(FourCC("star"), 0);

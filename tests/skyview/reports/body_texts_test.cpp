@@ -20,7 +20,8 @@ TEST(BodyTexts, ObserversElsewhereAreToldOfNoBodies) {
   EXPECT_EQ(DescribeBodies(f.frame), "");
 }
 
-// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem has it).
+// Phases in words: 2020 May 3, Venus 22.4 percent lit and 41 seconds of arc across in the evening (as PyEphem
+// has it).
 TEST(BodyTexts, ReportSaysPhasesAndSizesInWords) {
   FrameFixture f;
   f.camera.SetZoom(0.25);
@@ -39,6 +40,26 @@ TEST(BodyTexts, ReportSaysPhasesAndSizesInWords) {
   EXPECT_NE(DescribeBodies(f.frame).find("освещено 22 %, вечером, серп\n"), std::string::npos);
   ASSERT_TRUE(SwitchLanguage(
       f.sky.dir.Path("data"), "en", [] {}, error));
+}
+
+TEST(BodyTexts, PhaseOfTheMoonFollowsFromWhatIsLit) {
+  const struct {
+    int lit, waxing, waning;
+  } expected[] = {{0, 0, 0}, {2, 1, 7}, {32, 1, 7}, {44, 1, 7}, {50, 2, 6}, {55, 2, 6}, {56, 3, 5}, {98, 3, 5}, {99, 4, 4}};
+  for (const auto& entry : expected) {
+    EXPECT_EQ(GetMoonPhase(entry.lit, true), entry.waxing) << entry.lit;
+    EXPECT_EQ(GetMoonPhase(entry.lit, false), entry.waning) << entry.lit;
+  }
+}
+
+TEST(BodyTexts, ReportSaysWhereTheModelOfThePlanetsEnds) {
+  FrameFixture f;
+  const std::string line = "Outside the years -3000 to 3000 the model of the planets does not hold\n";
+  f.Compute();
+  EXPECT_EQ(DescribeBodies(f.frame).find(line), std::string::npos);
+  f.SetTime(9000, 1, 1, 0, 0);
+  f.Compute();
+  EXPECT_NE(DescribeBodies(f.frame).find(line), std::string::npos);
 }
 
 TEST(BodyTexts, SizesAreInTheUnitThatReadsBest) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Eclipses against the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com): times in Universal Time.
+// Eclipses against the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com): times in Universal
+// Time.
 #include "skyview/reports/body_texts.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,8 @@ TEST(EclipsePicture, ShadowLiesOnTheMoonAndInTheReport) {
   EXPECT_GT(away, shadow.umbra - drawn->radius) << "the Moon is not wholly in it";
   EXPECT_LT(away, shadow.umbra + drawn->radius) << "but it has begun";
   EXPECT_NEAR(shadow.umbra / drawn->radius, 2.65, 0.15);
-  // The Moon moves to the east and meets the umbra with its eastern limb, which is left while it stands in the south.
+  // The Moon moves to the east and meets the umbra with its eastern limb, which is left while it stands in
+  // the south.
   EXPECT_LT(shadow.centre.x, drawn->place.x);
   EXPECT_NE(DescribeBodies(f.frame).find("Lunar eclipse: partial, magnitude 0."), std::string::npos);
 }

@@ -73,8 +73,8 @@ TEST(ShowerReport, ListsTheActiveOnesTheNearestMaximumFirst) {
   EXPECT_EQ(text.find("Quadrantids"), std::string::npos);
 }
 
-// From sidereal time, hour angle and declination (Meeus 1998, Astronomical Algorithms, chapters 12 and 13); the place of
-// date is good to 0.1 degree.
+// From sidereal time, hour angle and declination (Meeus 1998, Astronomical Algorithms, chapters 12 and 13);
+// the place of date is good to 0.1 degree.
 TEST(ShowerReport, SaysWhereTheRadiantStands) {
   SmallSky sky;
   WriteShowers(sky);

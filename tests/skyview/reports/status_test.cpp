@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The state of one view in the three shipped languages, worked out by hand: 52.5 degrees north, 13.4 east, on 15
-// January 2026 at 21:00 Universal Time, looking due south at 30 degrees of altitude.
+// The state of one view in the three shipped languages, worked out by hand: 52.5 degrees north, 13.4 east, on
+// 15 January 2026 at 21:00 Universal Time, looking due south at 30 degrees of altitude.
 #include "skyview/reports/status.h"
 
 #include <gtest/gtest.h>
+
+#include "skyview/small_sky.h"
 
 #include <algorithm>
 
@@ -173,4 +175,14 @@ TEST_F(Status, TheCameraIsNotChanged) {
   f.camera.GetUniversalTime(time);
   EXPECT_EQ(time.day, 2461056);
   EXPECT_DOUBLE_EQ(time.fraction, 0.375);
+}
+
+TEST(StatusYears, TimesBeforeTheFirstYearCountAsTheDateDoes) {
+  host_test::SmallSky sky;
+  for (const auto& [time, line] : {std::pair("-0500-03-01T12:00Z", "Universal Time: 12:00, -0500-03-01\n"),
+                                   std::pair("0000-03-01T12:00Z", "Universal Time: 12:00, 0000-03-01\n"),
+                                   std::pair("0001-03-01T12:00Z", "Universal Time: 12:00, 01/03/0001 AD\n")}) {
+    ASSERT_EQ(sky.Run({"--place", "52.5,13.4", "--time", time}), 0) << sky.errors.str();
+    EXPECT_TRUE(sky.Printed(line)) << sky.output.str();
+  }
 }

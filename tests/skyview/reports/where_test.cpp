@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "scene/orbit_tables.h"
+#include "skyview/reports/angle_text.h"
 #include "skyview/small_sky.h"
 
 using namespace skyview;
@@ -22,8 +23,8 @@ std::vector<std::string> Ask(const std::string& name, std::vector<std::string> a
 
 }  // namespace
 
-// Positions and times of PyEphem 4.1.4: astrometric 7h22m25.7s +22d21'40", of date 7h24m01.1s +22d18'37"; sets 07:05:45,
-// rises 14:36:16, transits 22:48:47 UT.
+// Positions and times of PyEphem 4.1.4: astrometric 7h22m25.7s +22d21'40", of date 7h24m01.1s +22d18'37";
+// sets 07:05:45, rises 14:36:16, transits 22:48:47 UT.
 TEST(Where, PlanetWithAllThatIsKnown) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
@@ -33,6 +34,41 @@ TEST(Where, PlanetWithAllThatIsKnown) {
         "Transit: 23:4", "Sets: 08:0"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << "\n" << sky.output.str();
   }
+}
+
+TEST(Where, SignOfAnAngleStandsBeforeItsDegrees) {
+  EXPECT_EQ(PutSignsFirst("Dec 0\u00B0-17'57.41\""), "Dec -0\u00B017'57.41\"");
+  EXPECT_EQ(PutSignsFirst("Dec 0\u00B000'-07.41\""), "Dec -0\u00B000'07.41\"");
+  EXPECT_EQ(PutSignsFirst("Dec -10\u00B017'57.41\", 0\u00B017'"), "Dec -10\u00B017'57.41\", 0\u00B017'");
+  SmallSky sky;
+  ASSERT_EQ(sky.Run({"--moving-type", "2", "--place", "52.5,13.4", "--look", "0,-0.1"}), 0) << sky.errors.str();
+  EXPECT_EQ(sky.output.str().find("\u00B0-"), std::string::npos) << sky.output.str();
+}
+
+TEST(Where, PassOfASatelliteIsOnePass) {
+  SmallSky sky;
+  const std::string path = sky.dir.Write("station.tle", host_test::StationSet());
+  for (const char* time : {"2014-01-20T22:30Z", "2014-01-21T05:10Z", "2014-01-21T12:00Z"}) {
+    ASSERT_EQ(sky.Run({"where", "ISS (ZARYA)", "--tle", path, "--place", "50.1,8.7", "--time", time}), 0)
+        << sky.errors.str();
+    const std::string text = sky.output.str();
+    const auto minutes = [&text](const std::string& caption) {
+      const auto at = text.find(caption);
+      const auto colon = text.find(':', at + caption.size());
+      return at == std::string::npos ? -1 : 60 * std::stoi(text.substr(colon - 2, 2)) + std::stoi(text.substr(colon + 1, 2));
+    };
+    const int rise = minutes("Rises: "), top = minutes("Transit: "), set = minutes("Sets: ");
+    ASSERT_GE(rise, 0) << text;
+    EXPECT_LE((top - rise + 1440) % 1440, 8) << text;
+    EXPECT_LE((set - rise + 1440) % 1440, 15) << text;
+    EXPECT_LE((top - rise + 1440) % 1440, (set - rise + 1440) % 1440) << text;
+  }
+}
+
+TEST(Where, HorizonOfThePictureIsSaidToBeWithoutRefraction) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("The horizon of the picture is without refraction, rise and set are with it\n"));
 }
 
 TEST(Where, SpeaksTheLanguageOfTheView) {
@@ -53,7 +89,8 @@ TEST(Where, EventThatTheDayLacksIsThatOfTheNext) {
   for (const char* line : {"Rises: 06:1", "Transit: 09:25", "Sets: 12:3", "Distance: 409."}) {
     EXPECT_TRUE(sky.Printed(line)) << line << "\n" << sky.output.str();
   }
-  // Two days later it rises only after midnight... the transit of 2026-01-01 is on the same day, its set is not.
+  // Two days later it rises only after midnight... the transit of 2026-01-01 is on the same day, its set is
+  // not.
   auto arguments =
       Ask("Moon", {"--place", "52.5,13.4", "--zone", "Europe/Berlin", "--time", "2026-01-26T22:00"});
   ASSERT_EQ(sky.Run(arguments), 0) << sky.errors.str();

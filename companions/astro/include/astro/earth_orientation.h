@@ -23,8 +23,10 @@ ASTRO_API double MeanObliquity(double julianDateTT);
 
 // Greenwich apparent sidereal time in radians, [0, 2 pi), IAU 2006 with the nutation above. The moment is
 // given in Universal Time (UT1) as day number and fraction; deltaT is TT - UT1 in seconds (ET_UT::Get).
-// Within 0.0002 second of time of the full model over 1900 to 2100. Farther away it stays true to
-// PrecessionNutationMatrix, which is what keeps the sky in place: the two drift apart by less than 0.1 arc
+// Within 0.0002 second of time of the full model, IAU 2006/2000A, over 1900 to 2100, 0.0005 over 1700 to 2300
+// and 0.1 over -3000 to 3000: what the abridged nutation leaves. The models of before are others: that of IAU
+// 2000 is up to 0.0005 second from this one over 1900 to 2100, that of 1994 0.02. Farther away it stays true
+// to PrecessionNutationMatrix, which is what keeps the sky in place: the two drift apart by less than 0.1 arc
 // second from 0 to 4500, 20 back to -5000, 65 until 10000.
 ASTRO_API double ApparentSiderealTime(int julianDay, double fraction, double deltaT);
 

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// The priority of a thread that ends: Linux knows threads by numbers that it gives out again.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include "common_interfaces/thread.h"
+#include "thread/message_of.h"
+
+namespace {
+
+std::function<void()> s_OnSetPriority;  // called on the thread that sets a priority, before the system is
+
+}  // namespace
+
+// Stands in for the C library's, and does the same.
+extern "C" int setpriority(__priority_which_t which, id_t who, int value) noexcept {
+  if (s_OnSetPriority) s_OnSetPriority();
+  return static_cast<int>(syscall(SYS_setpriority, which, who, value));
+}
+
+namespace {
+
+using thread_tests::MessageOf;
+
+class PriorityHook {
+ public:
+  explicit PriorityHook(std::function<void()> action) { s_OnSetPriority = std::move(action); }
+  ~PriorityHook() { s_OnSetPriority = nullptr; }
+  PriorityHook(const PriorityHook&) = delete;
+  PriorityHook& operator=(const PriorityHook&) = delete;
+};
+
+// Tells its number and runs until it may end.
+class Waiter : public thread::Runnable {
+ public:
+  void run() override {
+    m_Number = syscall(SYS_gettid);
+    m_MayEnd.wait();
+  }
+
+  void LetEnd() { m_MayEnd.set(); }
+
+  // Before it runs it is none of the process's threads.
+  bool Exists() const { return access(("/proc/self/task/" + std::to_string(m_Number)).c_str(), F_OK) == 0; }
+
+ private:
+  thread::SyncEvent m_MayEnd{false, true};
+  std::atomic<long> m_Number{0};
+};
+
+void SleepUntil(const std::function<bool()>& condition) {
+  for (int i = 0; i < 10'000 && !condition(); ++i) thread::sleep(1);
+  ASSERT_TRUE(condition());
+}
+
+TEST(EndedThread, SystemIsNotAskedToSetThePriorityOfItsNumber) {
+  Waiter waiter;
+  thread::Thread worker(&waiter);
+  worker.start();
+  SleepUntil([&] { return waiter.Exists(); });
+  waiter.LetEnd();
+  SleepUntil([&] { return !waiter.Exists(); });
+  int asked = 0;
+  const PriorityHook hook([&] { ++asked; });
+  EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kLowest); }),
+            "Can't set priority.");
+  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(worker.getPriority(), thread::Thread::kNormal);
+  worker.waitForEnd();
+}
+
+TEST(EndedThread, ForkedChildLeavesItsParentsThreadAlone) {
+  Waiter waiter;
+  thread::Thread worker(&waiter);
+  worker.start();
+  SleepUntil([&] { return waiter.Exists(); });
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const std::string message =
+        MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kLowest); });
+    _exit(message == "Can't set priority." ? 7 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7);
+  waiter.LetEnd();
+  worker.waitForEnd();
+}
+
+TEST(EndedThread, KeepsItsNumberWhileItsPriorityIsBeingSet) {
+  Waiter waiter;
+  thread::Thread worker(&waiter);
+  worker.start();
+  SleepUntil([&] { return waiter.Exists(); });
+  bool existed = false;
+  const PriorityHook hook([&] {
+    waiter.LetEnd();
+    thread::sleep(50);  // time enough to end
+    existed = waiter.Exists();
+  });
+  worker.setPriority(thread::Thread::kLowest);
+  EXPECT_TRUE(existed);
+  worker.waitForEnd();
+}
+
+}  // namespace
