@@ -150,7 +150,8 @@ void ReportOld(const std::string& file, const std::vector<DoubtfulSatellite>& ol
   const auto lost = std::count_if(old.begin(), old.end(),
                                   [](const auto& one) { return one.fault != SatelliteFault::kNone; });
   const std::string ages = DescribeAges(least->age, most->age);
-  const std::string unknown = lost > 0 ? FormatText(", %d of them have none", static_cast<int>(lost)) : "";
+  const std::string unknown =
+      lost > 0 ? FormatText("; nobody can tell where %d of them are", static_cast<int>(lost)) : "";
   PrintDebugString("%s: the elements of %d satellites are %s, their places are guesses%s\n", file.c_str(),
                    static_cast<int>(old.size()), ages.c_str(), unknown.c_str());
 }

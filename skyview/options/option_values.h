@@ -65,8 +65,8 @@ struct WrittenTime {
 std::optional<ViewFile> ParseViewFile(std::string_view text);
 std::optional<Place> ParsePlace(std::string_view text);  // "52.52,13.405"
 std::optional<Look> ParseLook(std::string_view text);    // "180,30"
-// "Jupiter", "M31@8": the zoom stands behind the last "@". Nothing for a text that a direction was meant by: of
-// nothing but signs, points, commas and digits, and more than digits, which can be a satellite's name.
+// "Jupiter", "M31@8": the zoom stands behind the last "@". Nothing for a text that a direction was meant by:
+// of nothing but signs, points, commas and digits, and more than digits, which can be a satellite's name.
 std::optional<Aim> ParseAim(std::string_view text);
 std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
 std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"

@@ -49,7 +49,8 @@ TEST(Night, IsTheOneThatEndsWithTheNextSunrise) {
   const auto tonight = FindTonight(At(2026, 1, 15, 12), kBerlin);
   ASSERT_TRUE(tonight);
   EXPECT_NEAR(Minutes(At(2026, 1, 15, 23), *tonight), 15.0, 2.0);
-  for (const SkyMoment& same : {At(2026, 1, 15, 8), At(2026, 1, 15, 20), At(2026, 1, 16, 2), At(2026, 1, 16, 7)})
+  for (const SkyMoment& same :
+       {At(2026, 1, 15, 8), At(2026, 1, 15, 20), At(2026, 1, 16, 2), At(2026, 1, 16, 7)})
     EXPECT_NEAR(Minutes(*tonight, *FindTonight(same, kBerlin)), 0.0, 0.5);
   const auto next = FindTonight(At(2026, 1, 16, 8), kBerlin);
   EXPECT_NEAR(Minutes(*tonight, *next), 1440.0, 1.0);

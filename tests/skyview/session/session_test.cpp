@@ -66,7 +66,8 @@ TEST(Session, PicturesOfSeveralViewsComeBackByteForByte) {
        "180,30"},
       {"--place", "-33.87,151.21", "--time", "2026-07-01T10:00:07.123Z", "--look", "215.123,41.5", "--zoom",
        "2.7"},
-      {"--time", "2000-01-01T12:00", "--language", "ru", "--size", "641x333", "--marker", "88.79,7.4", "--marker", "5.25h,-8.2,42"},
+      {"--time", "2000-01-01T12:00", "--language", "ru", "--size", "641x333", "--marker", "88.79,7.4",
+       "--marker", "5.25h,-8.2,42"},
       {"--time", "2000-01-01T12:00", "--moving-type", "11", "--set", "star:off"},
       {"--time", "2000-01-01T12:00", "--look", "10,80", "--zoom", "0.3", "--favourite", "M42"}};
   for (const auto& view : views) {
