@@ -35,7 +35,8 @@ int Set(const Arguments& arguments, std::ostream& output) {
   if (!arguments.block.empty()) request.key = ParseBlockKey(arguments.block);
   const std::string values = arguments.change.substr(equals + 1);
   const FieldNames names = LoadNames(arguments.names);
-  ReplaceFile(arguments.file, SetFieldValues(request, SplitAtCommas(values), ReadFile(arguments.file), names));
+  const std::string bytes = ReadFile(arguments.file);
+  ReplaceFile(arguments.file, SetFieldValues(request, SplitAtCommas(values), bytes, names));
   output << arguments.file << ": " << arguments.change << '\n';
   return kDone;
 }
