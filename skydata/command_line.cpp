@@ -43,6 +43,7 @@ int RunAction(const Action& action, std::ostream& output, std::ostream& errors) 
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
   Action action;
   CLI::App parser("Makes, checks and shows the data that the library and its applications read.", "skydata");
+  parser.set_version_flag("--version", std::string("skydata ") + CI_VERSION);
   parser.allow_windows_style_options(false);  // a path may begin with a slash on every system
   DeclareAll(GetCommands(), parser, action);
   try {
@@ -50,6 +51,9 @@ int Run(const std::vector<std::string>& arguments, std::ostream& output, std::os
     parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
     output << parser.help();  // that of the innermost command given
+    return kDone;
+  } catch (const CLI::CallForVersion& version) {
+    output << version.what() << '\n';
     return kDone;
   } catch (const CLI::Error& error) {
     return RefuseUsage(error.what(), errors);

@@ -65,10 +65,8 @@ void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, co
   for (int body = 0; body < static_cast<int>(m_Labels.size()); ++body) {
     if (tests.IsDrawn(body, place)) Add(geometry, tests, shown, body, place);
   }
-  PlaceLabels(geometry, tests, shown, labels);
+  for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
   AddMoonShadow(geometry, shadows);
-  std::sort(m_Drawn.begin(), m_Drawn.end(),
-            [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });
 }
 
 void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
@@ -94,7 +92,6 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
 // The Sun, the Moon and the planets come first and so have the choice of places.
 void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
                             LabelPlacer& labels) {
-  for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
   for (auto& drawn : m_Drawn) {
     const auto body = static_cast<std::size_t>(drawn.body);
     const int kind = m_Model.GetBodies()[body].id.kind;
@@ -108,6 +105,8 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
     drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius, size, labelKind,
                                           {id.kind, id.number});
   }
+  std::sort(m_Drawn.begin(), m_Drawn.end(),
+            [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });
 }
 
 void BodyMarks::AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows) {

@@ -41,6 +41,8 @@ class BodyMarks {
 
   void Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
                const EclipseShadows& shadows, LabelPlacer& labels);
+  // Labels what Compute has found, and puts the farthest first.
+  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, LabelPlacer& labels);
 
   void Clear();
 
@@ -56,7 +58,6 @@ class BodyMarks {
  private:
   void Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
            const ObjectPlace& place);
-  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, LabelPlacer& labels);
   void AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
 
   const BodyModel& m_Model;

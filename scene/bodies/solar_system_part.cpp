@@ -18,8 +18,14 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
   const BodyTests tests(m_Model, geometry, observer, shown, filters);
   m_Marks.Compute(geometry, tests, shown, m_Shadows, labels);
   m_Orbits.Compute(geometry, observer, place, shown.horizon && observer.horizon);
+}
+
+void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
+                                  const ObjectFilters& filters, LabelPlacer& labels) {
+  if (!m_FromEarth) return;
+  m_Marks.PlaceLabels(geometry, BodyTests(m_Model, geometry, observer, shown, filters), shown, labels);
   if (observer.horizon && shown.spacecraft) {
-    m_Passes.Compute(geometry, place, geometry.camera.GetLocUTCdelta(), labels);
+    m_Passes.Compute(geometry, GetPlace(geometry.camera), geometry.camera.GetLocUTCdelta(), labels);
   }
 }
 

@@ -19,9 +19,13 @@ class SolarSystemPart {
 
   void FetchTexts() { m_Marks.FetchTexts(); }
 
-  // Allocates nothing.
+  // Keeps labels off the bodies. Allocates nothing.
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
                const ObjectFilters& filters, LabelPlacer& labels);
+
+  // Labels what Compute has found, and the passes of satellites.
+  void PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
+                   const ObjectFilters& filters, LabelPlacer& labels);
 
   void DrawOrbits(DisplayList& list) const { m_Orbits.Draw(list); }
   // The paths of satellites under the bodies.

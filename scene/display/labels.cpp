@@ -132,6 +132,23 @@ int LabelPlacer::PlaceCentred(const char* text, const tPoint<double>& p, double 
   return IsFree(box) ? Add(text, box, 0.5, baseline, size, kind, object) : -1;
 }
 
+int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object,
+                           int rings) {
+  constexpr double kAside = 1.6, kAbove = 1.1;  // font sizes from ring to ring
+  constexpr struct {
+    double x, y;
+  } kWays[] = {{0, -1}, {0, 1}, {-1, 0}, {1, 0}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}};
+  int index = PlaceCentred(text, p, size, kind, object);
+  for (int ring = 1; ring <= rings && index < 0; ++ring) {
+    for (const auto& way : kWays) {
+      const tPoint<double> near = {p.x + way.x * ring * kAside * size, p.y + way.y * ring * kAbove * size};
+      index = PlaceCentred(text, near, size, kind, object);
+      if (index >= 0) break;
+    }
+  }
+  return index;
+}
+
 void LabelPlacer::Draw(DisplayList& list) const {
   for (const Label& label : m_Labels) {
     TextRecord text = {};

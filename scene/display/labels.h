@@ -59,6 +59,9 @@ class LabelPlacer {
                   ObjectRef object = {});
   // Centres the text on a point; otherwise the same.
   int PlaceCentred(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object = {});
+  // Centres the text on a point or near it, wherever it fits first: around the point in that many rings, each about a
+  // line of text farther away.
+  int PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object, int rings);
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 

@@ -7,7 +7,11 @@
 
 namespace scene {
 
-void CaptionBlock::Place(double unit, LabelPlacer& labels) const {
+void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) const {
+  const double unit = geometry.unit;
+  // Its lines end where they end; what stands beside them on the dark ground reads as a part of them.
+  const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * GetLineCount() * kCaptionLineStep * unit;
+  if (!m_Lines.empty()) labels.Reserve({halfWidth, halfHeight}, halfWidth, halfHeight);
   double baseline = 1.1 * kCaptionFont * unit;
   for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {
     labels.PlaceAt(line->c_str(), {kCaptionLeft * unit, baseline}, kCaptionFont * unit, LabelKind::kCaption);

@@ -51,12 +51,32 @@ void SkyFigures::AddStroke(const ViewGeometry& geometry, const ObserverFrame& ob
 
 void SkyFigures::PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english,
                             LabelPlacer& labels) {
+  constexpr int kRings = 2, kMiddleRings = 8;
+  ObjectPlace place;
+  const auto name = [&](int i, int rings) {
+    if (!tests.IsConstellationNamed(i, place)) return;
+    labels.PlaceNear(m_Catalogs.constellations[static_cast<std::size_t>(i)].GetShownName(english).c_str(), place.pixel,
+                     15.0 * geometry.unit, LabelKind::kConstellation, FindObject(m_Catalogs, i), rings);
+  };
+  const int middle = FindMiddle(geometry, tests);
+  if (middle >= 0) name(middle, kMiddleRings);
+  for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
+    if (i != middle) name(i, kRings);
+  }
+}
+
+int SkyFigures::FindMiddle(const ViewGeometry& geometry, const ObjectTests& tests) const {
+  int middle = -1;
+  double least = 0.0;
   ObjectPlace place;
   for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
     if (!tests.IsConstellationNamed(i, place)) continue;
-    labels.PlaceCentred(m_Catalogs.constellations[i].GetShownName(english).c_str(), place.pixel,
-                        15.0 * geometry.unit, LabelKind::kConstellation, FindObject(m_Catalogs, i));
+    const double away = std::hypot(place.pixel.x - 0.5 * geometry.width, place.pixel.y - 0.5 * geometry.height);
+    if (middle >= 0 && away >= least) continue;
+    middle = i;
+    least = away;
   }
+  return middle;
 }
 
 void SkyFigures::Draw(DisplayList& list) const {

@@ -23,7 +23,8 @@ class SkyFigures {
   explicit SkyFigures(const SkyCatalogs& catalogs);
 
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
-  // Names take the room that other labels leave.
+  // Names take the room that other labels leave at their place or around it; that of the constellation nearest to the
+  // middle of the picture chooses first and looks farther.
   void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
 
   void Draw(DisplayList& list) const;
@@ -31,6 +32,8 @@ class SkyFigures {
   const std::vector<FigureLine>& GetLines() const { return m_Lines; }  // inside the window
 
  private:
+  // The constellation whose name belongs nearest to the middle, -1: none is named.
+  int FindMiddle(const ViewGeometry& geometry, const ObjectTests& tests) const;
   void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                  const FigureStroke& stroke);
 

@@ -55,6 +55,7 @@ Action DeclareSettingsCheck(CLI::App& command);
 Action DeclareSettingsDiff(CLI::App& command);
 Action DeclareSettingsConvert(CLI::App& command);
 Action DeclareSettingsExplain(CLI::App& command);
+Action DeclareSettingsSet(CLI::App& command);
 
 Action DeclareStringsCheck(CLI::App& command);
 Action DeclareStringsShow(CLI::App& command);

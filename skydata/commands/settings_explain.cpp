@@ -7,7 +7,6 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/settings_input.h"
 #include "skydata/settings/explain.h"
-#include "skydata/settings/text/values.h"
 
 namespace skydata {
 namespace {
@@ -16,26 +15,12 @@ struct Arguments {
   std::string file, field, block, defaults, names;
 };
 
-// "OWNER,ID"
-std::pair<unsigned, unsigned> ParseKey(const std::string& text) {
-  const auto comma = text.find(',');
-  const auto owner = ParseWord(text.substr(0, comma));
-  const auto id = comma == std::string::npos ? std::nullopt : ParseWord(text.substr(comma + 1));
-  if (!owner || !id) throw UsageError("--block", "wants OWNER,ID, for example FLTR,1");
-  return {*owner, *id};
-}
-
 ExplainRequest MakeRequest(const Arguments& arguments) {
   ExplainRequest request;
   request.fileName = arguments.file;
   request.defaultsName = arguments.defaults.empty() ? arguments.file : arguments.defaults;
-  const auto dot = arguments.field.find('.');
-  const auto section = ParseWord(arguments.field.substr(0, dot));
-  if (dot == std::string::npos || !section || dot + 1 == arguments.field.size())
-    throw UsageError("FIELD", "wants SECTION.NAME, for example star.Draw");
-  request.section = *section;
-  request.field = arguments.field.substr(dot + 1);
-  if (!arguments.block.empty()) request.key = ParseKey(arguments.block);
+  ParseFieldName(arguments.field, request);
+  if (!arguments.block.empty()) request.key = ParseBlockKey(arguments.block);
   return request;
 }
 

@@ -6,7 +6,9 @@
 #include <iostream>
 #include <iterator>
 
+#include "skydata/commands/command.h"
 #include "skydata/files/whole_file.h"
+#include "skydata/settings/text/values.h"
 
 namespace skydata {
 
@@ -22,6 +24,23 @@ FieldNames LoadNames(const std::string& names) {
   FieldNames known;
   if (!names.empty()) known.AddNamesOf(names);
   return known;
+}
+
+void ParseFieldName(const std::string& text, ExplainRequest& request) {
+  const auto dot = text.find('.');
+  const auto section = ParseWord(text.substr(0, dot));
+  if (dot == std::string::npos || !section || dot + 1 == text.size())
+    throw UsageError("FIELD", "wants SECTION.NAME, for example star.Draw");
+  request.section = *section;
+  request.field = text.substr(dot + 1);
+}
+
+std::pair<unsigned, unsigned> ParseBlockKey(const std::string& text) {
+  const auto comma = text.find(',');
+  const auto owner = ParseWord(text.substr(0, comma));
+  const auto id = comma == std::string::npos ? std::nullopt : ParseWord(text.substr(comma + 1));
+  if (!owner || !id) throw UsageError("--block", "wants OWNER,ID, for example FLTR,1");
+  return {*owner, *id};
 }
 
 std::string ReadInput(const std::string& path) {

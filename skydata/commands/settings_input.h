@@ -6,7 +6,9 @@
 
 #include <iosfwd>
 #include <string>
+#include <utility>
 
+#include "skydata/settings/explain.h"
 #include "skydata/settings/reader/file_reader.h"
 
 namespace CLI {
@@ -23,6 +25,10 @@ void AddNamesOption(CLI::App& command, std::string& names);
 
 // The library's names and those of the settings text that --names gives, "" for none.
 FieldNames LoadNames(const std::string& names);
+
+// "SECTION.NAME" and "OWNER,ID" of the command line. Throw UsageError.
+void ParseFieldName(const std::string& text, ExplainRequest& request);
+std::pair<unsigned, unsigned> ParseBlockKey(const std::string& text);
 
 // The bytes of the file or of standard input. Throws SourceError when the file cannot be read.
 std::string ReadInput(const std::string& path);

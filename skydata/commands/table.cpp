@@ -12,6 +12,7 @@ const std::vector<Command>& GetCommands() {
       {"diff", "compare two settings files", DeclareSettingsDiff, {}},
       {"convert", "bring a file of an earlier version to the current layout", DeclareSettingsConvert, {}},
       {"explain", "say where the value of a field comes from", DeclareSettingsExplain, {}},
+      {"set", "give one field of a settings file other values", DeclareSettingsSet, {}},
   };
   static const std::vector<Command> kStrings = {
       {"check", "say what is wrong with string tables", DeclareStringsCheck, {}},

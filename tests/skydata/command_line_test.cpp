@@ -33,6 +33,12 @@ TEST(CommandLine, HelpNamesTheCommandsAndTheirArguments) {
   EXPECT_TRUE(program.errors.empty() && build.errors.empty());
 }
 
+TEST(CommandLine, VersionIsThatOfTheProject) {
+  const Result version = RunWith({"--version"});
+  EXPECT_EQ(version.code, kDone);
+  EXPECT_EQ(version.output, "skydata " CI_VERSION "\n");
+}
+
 TEST(CommandLine, BadUsageIsOneLineAndExitCodeTwo) {
   for (const auto& arguments : std::vector<std::vector<std::string>>{{},
                                                                      {"make"},

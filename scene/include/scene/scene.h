@@ -30,6 +30,7 @@
 #include "scene/field_of_view.h"
 #include "scene/frame_maker.h"
 #include "scene/image_groups.h"
+#include "scene/label_rules.h"
 #include "scene/language.h"
 #include "scene/light_curve.h"
 #include "scene/name_key.h"

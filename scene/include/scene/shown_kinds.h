@@ -4,18 +4,9 @@
 
 #include "common_interfaces/settings_data.h"
 #include "scene/api.h"
+#include "scene/label_rules.h"
 
 namespace scene {
-
-// How the objects of one class are labelled. Only stars have abbreviations and magnitudes beside the name, only
-// clusters, galaxies and nebulae numbers of two catalogues.
-struct LabelRules {
-  bool shown = true;
-  bool commonName = false;    // a proper name before any designation
-  bool abbreviation = false;  // "α CMa", with the Latin abbreviation of the constellation; else "α"
-  bool magnitude = false;     // behind the label
-  bool ngcFirst = false;      // "NGC 1976" before "M42"
-};
 
 // What the settings say is to be drawn.
 struct SCENE_API ShownKinds {

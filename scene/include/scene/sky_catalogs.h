@@ -9,8 +9,8 @@
 #include "scene/bodies.h"
 #include "scene/catalog_table.h"
 #include "scene/directions.h"
+#include "scene/label_rules.h"
 #include "scene/object_traits.h"
-#include "scene/shown_kinds.h"
 #include "scene/star_catalog.h"
 
 namespace scene {

@@ -10,8 +10,8 @@
 #include "scene/api.h"
 #include "scene/catalog_table.h"
 #include "scene/directions.h"
+#include "scene/label_rules.h"
 #include "scene/object_traits.h"
-#include "scene/shown_kinds.h"
 
 namespace scene {
 

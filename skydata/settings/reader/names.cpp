@@ -5,14 +5,23 @@
 #include "common_interfaces/field_names.h"
 #include "skydata/settings/text/format.h"
 #include "skydata/settings/text/parser.h"
+#include "utils/text.h"
 
 namespace skydata {
+namespace {
+
+constexpr const char* kCameraNames[] = {
+#include "camera_names.inc"
+};
+
+}  // namespace
 
 FieldNames::FieldNames() {
   for (int i = 0; i < CommonInterfaces::kFieldNames; ++i) {
     const CommonInterfaces::FieldName& row = CommonInterfaces::GetFieldNames()[i];
     m_Names.emplace(row.id, row.name);
   }
+  for (const char* const name : kCameraNames) m_Names.emplace(GetUniqueID(name), name);
 }
 
 void FieldNames::AddNamesOf(const std::filesystem::path& settingsText) {

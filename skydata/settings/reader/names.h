@@ -8,13 +8,13 @@
 
 namespace skydata {
 
-// The names that field ids are shown by: the library's vocabulary and those of settings texts.
+// The names that field ids are shown by: the library's vocabulary, those of the camera record
+// (data/source/settings/camera_record.inc, taken in when skydata is built) and those of settings texts.
 class FieldNames {
  public:
   FieldNames();
 
-  // Takes the names of a settings text as well, for example those of the camera record, which are not in the
-  // vocabulary. Throws SourceError when the text is wrong.
+  // Takes the names of a settings text as well. Throws SourceError when the text is wrong.
   void AddNamesOf(const std::filesystem::path& settingsText);
 
   // Null for an id that no known name has. The empty name has the id 0.

@@ -39,6 +39,14 @@ TEST_F(LabelPlacing, ReservedPlacesStayFree) {
   EXPECT_EQ(placer.PlaceBeside("Rigel", {210, 160}, 4.0, 12.0, LabelKind::kStarName), -1);
 }
 
+TEST_F(LabelPlacing, NearAPointIsTheFirstRingWithRoom) {
+  placer.Reserve({200, 150}, 15.0, 15.0);
+  EXPECT_EQ(placer.PlaceNear("Orion", {200, 150}, 12.0, LabelKind::kConstellation, {}, 1), -1);
+  ASSERT_EQ(placer.PlaceNear("Orion", {200, 150}, 12.0, LabelKind::kConstellation, {}, 2), 0);
+  EXPECT_EQ(placer.GetLabels()[0].place.x, 200.0);
+  EXPECT_LT(placer.GetLabels()[0].place.y, 135.0);
+}
+
 TEST_F(LabelPlacing, EmptyTextAndPointsOutsideGetNoLabel) {
   EXPECT_EQ(placer.PlaceBeside("", {200, 150}, 4.0, 12.0, LabelKind::kStarName), -1);
   EXPECT_EQ(placer.PlaceBeside("Vega", {-100, 150}, 4.0, 12.0, LabelKind::kStarName), -1);

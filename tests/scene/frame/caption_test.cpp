@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/frame_helpers.h"
 #include "scene/text_extents.h"
 
 using Lines = std::vector<std::string>;
@@ -63,3 +64,20 @@ TEST(Caption, NoLineIsWiderThanThePictureWhateverItsSize) {
 }
 
 TEST(Caption, WithoutTextsThereIsNone) { EXPECT_EQ(scene::MakeCaption({}, 1600, 1000), Lines()); }
+
+// The lines are short: beside them, on their dark ground, stands nothing either.
+TEST(CaptionBlock, CompassLettersKeepOffItsGround) {
+  host_test::FrameFixture f;
+  f.frame.SetCaption({"Place", "Time", "Zoom"});
+  int letters = 0;
+  for (double altitude = 5.0; altitude < 30.0; altitude += 0.5) {
+    f.SetLook(200.0, altitude);
+    f.Compute();
+    for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
+      if (label.kind != scene::LabelKind::kCompass && label.kind != scene::LabelKind::kCompassBetween) continue;
+      ++letters;
+      EXPECT_GE(label.place.y, 3 * scene::kCaptionLineStep * 0.99) << label.text << " at " << altitude;
+    }
+  }
+  EXPECT_GT(letters, 0);
+}

@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "scene/frame_helpers.h"
 #include "scene/perseids.h"
+#include "scene/standing.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;
@@ -40,6 +43,41 @@ TEST_F(ShowerRadiantsTest, StandWhereTheSkyHasThemWithTheirName) {
   EXPECT_NEAR(GetDrawn()[0].place.x, place.x, 1e-6);
   EXPECT_NEAR(GetDrawn()[0].place.y, place.y, 1e-6);
   EXPECT_TRUE(f.HasLabel("Perseids"));
+}
+
+// The name, to the right of the radiant, would lie on the planet.
+TEST_F(ShowerRadiantsTest, NameLeavesAPlanetFree) {
+  f.SetTime(2026, 8, 12, 3, 0);
+  f.shown.horizon = false;
+  f.camera.SetZoom(0.5);
+  f.Compute();
+  const SolarSystemPart& bodies = f.frame.GetParts().solarSystem;
+  const int jupiter = FindBody(f.catalogs.bodies, SSO_ID(FourCC("plnt"), 5));
+  const Direction seen = MakeDirection(bodies.GetModel().GetStates()[static_cast<std::size_t>(jupiter)].seen.apparent);
+  Shower shower = host_test::MakePerseids();
+  shower.radiant = Normalised(Direction{{seen.v[0], seen.v[1], seen.v[2] + 0.001}});
+  const Standing standing = FindStanding(seen, f.observer);
+  f.SetLook(standing.azimuth, standing.altitude);
+  int names = 0;
+  for (int step = 0; step < 441; ++step) {
+    const double aside = 0.01 * (step % 21 - 10), up = 0.01 * (step / 21 - 10);
+    shower.radiant =
+        Normalised(Direction{{seen.v[0] + aside * seen.v[1], seen.v[1] - aside * seen.v[0], seen.v[2] + up}});
+    f.frame.SetShowers({shower});
+    f.Compute();
+    const DrawnBody* drawn = bodies.GetMarks().Find(jupiter);
+    ASSERT_NE(drawn, nullptr);
+    for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
+      if (label.kind != LabelKind::kRadiant) continue;
+      ++names;
+      const double width = TextExtents().GetWidth(label.text, label.size, 0);
+      const double left = label.place.x - label.anchor * width;
+      EXPECT_FALSE(left < drawn->place.x && drawn->place.x < left + width &&
+                   std::abs(label.place.y + 0.3 * label.size - drawn->place.y) < 0.4 * label.size)
+          << aside << " " << up;
+    }
+  }
+  EXPECT_GT(names, 0);
 }
 
 TEST_F(ShowerRadiantsTest, PeakIsOneDay) {

@@ -49,6 +49,50 @@ TEST_F(SettingsCommand, DumpAndBuildWorkThroughPipes) {
   EXPECT_EQ(build.output, kSound);
 }
 
+// Keys of the camera record are not in the vocabulary of the library.
+TEST_F(SettingsCommand, CameraFieldsHaveTheirNamesWithoutAnOption) {
+  const std::string file = Write("view.ini", "header 1\n[block CAMR 1]\n[section camr]\nm_Zoom = f64 0.68\n");
+  ASSERT_EQ(Run({"build", file, m_Dir.Path("view.data")}).code, kDone);
+  EXPECT_NE(Run({"dump", m_Dir.Path("view.data")}).output.find("m_Zoom = f64 0.68\n"), std::string::npos);
+  EXPECT_EQ(Run({"check", m_Dir.Path("view.data")}).output.find("unknown-name"), std::string::npos);
+}
+
+TEST_F(SettingsCommand, SetChangesOneFieldAndNothingElse) {
+  const std::string text =
+      "header 1\n[block CAMR 1]\n[section camr]\nm_Zoom = f64 0.68\nm_fi = f64 50.1deg\n[section star]\n"
+      "VisMagnitude = f32 -2, 6 | condition=1\n";
+  const std::string file = m_Dir.Path("view.data");
+  ASSERT_EQ(Run({"build", Write("view.ini", text), file}).code, kDone);
+  const std::string before = m_Dir.Read("view.data");
+  const Result set = Run({"set", file, "camr.m_Zoom=2.5"});
+  EXPECT_EQ(set.code, kDone) << set.errors;
+  EXPECT_EQ(set.output, file + ": camr.m_Zoom=2.5\n");
+  EXPECT_EQ(Run({"set", file, "star.VisMagnitude=-1,3"}).code, kDone);
+  EXPECT_EQ(Run({"set", file, "camr.m_fi=52.5deg", "--block", "CAMR,1"}).code, kDone);
+  const std::string dump = Run({"dump", file}).output;
+  for (const char* line : {"m_Zoom = f64 2.5\n", "m_fi = f64 52.5deg\n", "VisMagnitude = f32 -1, 3 | condition=1\n"})
+    EXPECT_NE(dump.find(line), std::string::npos) << line << dump;
+  EXPECT_EQ(m_Dir.Read("view.data").size(), before.size());
+  EXPECT_EQ(Run({"set", file, "camr.m_Zoom=0.68"}).code, kDone);
+  EXPECT_EQ(Run({"set", file, "star.VisMagnitude=-2,6"}).code, kDone);
+  EXPECT_EQ(Run({"set", file, "camr.m_fi=50.1deg"}).code, kDone);
+  EXPECT_EQ(m_Dir.Read("view.data"), before);
+}
+
+TEST_F(SettingsCommand, SetThatDoesNotFitLeavesTheFileAsItWas) {
+  const std::string file = Write("a.data", kSound);
+  for (const char* change : {"star.Draw=300", "star.Draw=1,1", "star.Draw=", "star.Drow=1", "abcd.Draw=1"}) {
+    const Result set = Run({"set", file, change});
+    EXPECT_EQ(set.code, kBadData) << change;
+    EXPECT_EQ(set.errors.substr(0, file.size() + 2), file + ": ") << set.errors;
+    EXPECT_EQ(std::count(set.errors.begin(), set.errors.end(), '\n'), 1) << set.errors;
+  }
+  for (const char* change : {"star.Draw", "star=1", "=1"}) EXPECT_EQ(Run({"set", file, change}).code, kBadUsage) << change;
+  EXPECT_EQ(m_Dir.Read("a.data"), kSound);
+  EXPECT_EQ(Run({"set", Write("cut.data", kDamaged), "star.Draw=0"}).code, kBadData);
+  EXPECT_EQ(m_Dir.Read("cut.data"), kDamaged);
+}
+
 TEST_F(SettingsCommand, BuildMakesOrReplacesAFile) {
   const std::string text = Write("a.ini", "header 1\n[block FLTR defaults]\n[section star]\nDraw = u8 1\n");
   const std::string out = Write("a.data", "old");

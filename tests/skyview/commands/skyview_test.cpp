@@ -303,3 +303,10 @@ TEST(Skyview, TheSameOptionsGiveTheSameOutput) {
   EXPECT_EQ(sky.output.str(), first);
   EXPECT_TRUE(sky.dir.Read("a.png") == picture);
 }
+
+TEST(Skyview, VersionIsThatOfTheProject) {
+  std::ostringstream output, errors;
+  EXPECT_EQ(skyview::Run({"--version"}, "", output, errors), 0);
+  EXPECT_EQ(output.str(), "skyview " CI_VERSION "\n");
+  EXPECT_EQ(errors.str(), "");
+}

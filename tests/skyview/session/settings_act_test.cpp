@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 
 #include "astro/julian_date.h"
 #include "common_interfaces/camera.h"
@@ -12,6 +13,7 @@
 #include "scene/data_root.h"
 #include "scene/satellites.h"
 #include "scene/sky_frame.h"
+#include "skyview/commands/skyview.h"
 #include "skyview/options/setting_values.h"
 #include "skyview/session/own_settings.h"
 #include "support/debug_capture.h"
@@ -169,6 +171,14 @@ TEST_F(ShippedSky, EveryFieldOfTheSettingsActsOrIsRefused) {
     const skyview::ViewResult answer = skyview::CheckActs(changes.front());
     EXPECT_NE(Acts(changes), !answer.message.empty()) << changes.front() << " " << answer.message;
   }
+}
+
+// Its own place is cut by the upper edge of that view.
+TEST(ShippedViews, ConstellationOfTheViewHasItsName) {
+  std::ostringstream output, errors;
+  ASSERT_EQ(skyview::Run({"why", "Ori", "--view", "views/orion.data:1", "--data", CI_BUILT_DATA}, "", output, errors), 0)
+      << errors.str();
+  EXPECT_NE(output.str().find("Orion (Ori): drawn\n"), std::string::npos) << output.str();
 }
 
 }  // namespace
