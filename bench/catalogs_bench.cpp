@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Look-ups in the tables of the object search, beside a plain bisection of the same table and a hash table. Half of the
-// objects asked for are there.
+// Look-ups in the tables of the object search, beside a plain bisection of the same table and a hash table.
+// Half of the objects asked for are there.
 #include <algorithm>
 #include <cstdint>
 #include <fstream>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Clipping one segment of the screen, against exact clipping by parameter intervals (Y.-D. Liang and B. A. Barsky,
-// "A new concept and method for line clipping", 1984).
+// Clipping one segment of the screen, against exact clipping by parameter intervals (Y.-D. Liang and B. A.
+// Barsky, "A new concept and method for line clipping", 1984).
 #include <random>
 #include <utility>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Star records of a database into the solar-system model: field by field in any encoding, against a program that knows
-// the layout of the database and fills the model's record itself.
+// Star records of a database into the solar-system model: field by field in any encoding, against a program
+// that knows the layout of the database and fills the model's record itself.
 #include <cstring>
 #include <vector>
 

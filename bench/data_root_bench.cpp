@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What an application waits for when it starts: every file of the data root of the build tree through its reader, and
-// what skyview keeps of the tables; against reading the bytes of the same files. One item is the whole data root, the
-// zones of Windows aside.
+// What an application waits for when it starts: every file of the data root of the build tree through its
+// reader, and what skyview keeps of the tables; against reading the bytes of the same files. One item is the
+// whole data root, the zones of Windows aside.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -20,8 +20,8 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/sky_images.h"
 #include "common_interfaces/string_table.h"
-#include "scene/sky_catalogs.h"
 #include "scene/data_root.h"
+#include "scene/sky_catalogs.h"
 #include "utils/program.h"
 #include "utils/text.h"
 

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars, figures,
-// Milky Way, horizon, labels. Between frames the time advances and the view pans, so that nothing can be kept.
+// A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars,
+// figures, Milky Way, horizon, labels. Between frames the time advances and the view pans, so that nothing
+// can be kept.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -15,9 +16,9 @@
 
 #include "common_interfaces/camera.h"
 #include "scene/catalog_table.h"
+#include "scene/data_root.h"
 #include "scene/observer_frame.h"
 #include "scene/sky_frame.h"
-#include "scene/data_root.h"
 #include "scratch_file.h"
 #include "utils/program.h"
 
@@ -30,7 +31,8 @@ bool LoadShippedCatalogs(scene::SkyCatalogs& catalogs, std::string& error) {
          scene::LoadSkyCatalogs(catalogs, error);
 }
 
-// Stars spread evenly over the sphere; their numbers grow threefold a magnitude, as on the sky, down to magnitude 12.
+// Stars spread evenly over the sphere; their numbers grow threefold a magnitude, as on the sky, down to
+// magnitude 12.
 std::string MakeStarTable(int count) {
   std::mt19937 random(20260115);
   std::uniform_real_distribution<double> unit(0.0, 1.0);

@@ -15,8 +15,8 @@ namespace {
 
 constexpr int kMarkers = 10000;
 
-// Evenly spread over the sky, of which the window shows a part. The list is filled directly: adding looks for the
-// identifier first.
+// Evenly spread over the sky, of which the window shows a part. The list is filled directly: adding looks for
+// the identifier first.
 void Prepare(CommonInterfaces::Camera& camera) {
   camera.SetWinRect({1280, 800, 1280, 800});
   camera.SetZoom(1.0);

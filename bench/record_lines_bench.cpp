@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// One line of a catalog: an integer with its letter, a size, right ascension, declination and five numbers, read with
-// the parsers of record lines, against one sscanf and against a cursor over std::from_chars.
+// One line of a catalog: an integer with its letter, a size, right ascension, declination and five numbers,
+// read with the parsers of record lines, against one sscanf and against a cursor over std::from_chars.
 #include <charconv>
 #include <cstdio>
 #include <cstring>

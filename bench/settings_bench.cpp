@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The settings container beside a std::unordered_map that holds values of any length, as fields do. Further peers
-// are in settings_keyfile_bench.cpp and settings_sqlite_bench.cpp.
+// The settings container beside a std::unordered_map that holds values of any length, as fields do. Further
+// peers are in settings_keyfile_bench.cpp and settings_sqlite_bench.cpp.
 #include <cstdint>
 #include <cstdio>
 #include <map>

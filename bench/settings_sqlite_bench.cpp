@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The same work done by SQLite: a table with an index over section and name id, prepared statements. Getting and
-// setting work in memory, with one transaction around all; loading reads every row of a file.
+// The same work done by SQLite: a table with an index over section and name id, prepared statements. Getting
+// and setting work in memory, with one transaction around all; loading reads every row of a file.
 #include <sqlite3.h>
 
 #include <cstdio>

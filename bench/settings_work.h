@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The work that the settings container and its peers do: fields of one 32-bit number each, in sections, found by
-// section and name id.
+// The work that the settings container and its peers do: fields of one 32-bit number each, in sections, found
+// by section and name id.
 #pragma once
 
 #include <cstring>

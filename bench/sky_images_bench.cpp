@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Loading a catalog of deep-sky images, against a plain reader of the same lines: sscanf and the same kind of map.
+// Loading a catalog of deep-sky images, against a plain reader of the same lines: sscanf and the same kind of
+// map.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The string table: loading its file and looking texts up, against a plain hash map filled from the same file.
+// The string table: loading its file and looking texts up, against a plain hash map filled from the same
+// file.
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -20,7 +21,8 @@ namespace {
 
 using CommonInterfaces::QX4Strings;
 
-// Makes the table's file with that many entries and returns its path. Identifiers are 7 apart, in random order.
+// Makes the table's file with that many entries and returns its path. Identifiers are 7 apart, in random
+// order.
 std::string MakeFile(int entries) {
   const std::string path = bench::ScratchPath("qxstrings.txt");
   std::vector<int> order(static_cast<unsigned>(entries));

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The change of moving type: a camera record takes the place of the state, and what is to be kept is put back.
+// The change of moving type: a camera record takes the place of the state, and what is to be kept is put
+// back.
 #include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "common_interfaces/camera.h"

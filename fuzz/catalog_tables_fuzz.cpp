@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Every reader of the binary catalog files, given the same bytes. Tables are compared with the bytes themselves.
+// Every reader of the binary catalog files, given the same bytes. Tables are compared with the bytes
+// themselves.
 #include <algorithm>
 #include <iterator>
 #include <vector>

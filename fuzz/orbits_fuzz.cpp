@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Orbits: where the input begins with "t", the lines behind that are two-line elements; with "c" too, once their checksums
-// are put right, so that mutations come farther; otherwise it is the numbers of an element set as they lie in memory,
-// whatever they are, for the two-body motion and for the satellite model.
+// Orbits: where the input begins with "t", the lines behind that are two-line elements; with "c" too, once
+// their checksums are put right, so that mutations come farther; otherwise it is the numbers of an element
+// set as they lie in memory, whatever they are, for the two-body motion and for the satellite model.
 #include <cmath>
 #include <cstdint>
 #include <cstring>

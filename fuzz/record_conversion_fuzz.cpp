@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Database records and records of the user's lists on their way into the solar-system model. The input: mode (16
-// bits), kind and number of the object, flags, gravitational parameter (double), number of fields (8 bits); the
-// fields, each name id (32 bits), type code (8 bits) and 24 bytes of values; the record.
+// Database records and records of the user's lists on their way into the solar-system model. The input: mode
+// (16 bits), kind and number of the object, flags, gravitational parameter (double), number of fields (8
+// bits); the fields, each name id (32 bits), type code (8 bits) and 24 bytes of values; the record.
 #include <cmath>
 #include <cstdint>
 #include <cstring>

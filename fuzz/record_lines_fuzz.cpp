@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Lines of catalogs: the first byte of the input chooses the parser that begins, the parsers then take turns along the
-// line. The input's end serves as values to be written, and the whole of it as transliteration tables and their text.
+// Lines of catalogs: the first byte of the input chooses the parser that begins, the parsers then take turns
+// along the line. The input's end serves as values to be written, and the whole of it as transliteration
+// tables and their text.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>

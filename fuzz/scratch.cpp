@@ -34,7 +34,8 @@ Scratch& Scratch::Get() {
 }
 
 Scratch::Scratch() {
-  // In memory where the system offers it: renaming over a file may wait for the disk, thousands of times here.
+  // In memory where the system offers it: renaming over a file may wait for the disk, thousands of times
+  // here.
   std::error_code ignored;
   const std::filesystem::path memory = "/dev/shm";
   const auto parent =

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Settings files: reading with and without defaults, in both layouts, restoring, and writing again what was read.
+// Settings files: reading with and without defaults, in both layouts, restoring, and writing again what was
+// read.
 #include <cstdint>
 #include <map>
 #include <string>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The reader of skydata, which takes settings files apart whole or damaged: check and dump them, and build again what
-// the text says.
+// The reader of skydata, which takes settings files apart whole or damaged: check and dump them, and build
+// again what the text says.
 #include <algorithm>
 #include <cstdint>
 #include <sstream>

@@ -38,8 +38,8 @@ std::string Render(int choice, const char* format) {
 
 constexpr const char* kArguments[] = {"dfdf", "fs", "ddfcddfc", ""};
 
-// The C library as the oracle, for numbers only: flags of texts and characters are undefined there. By way of a
-// pointer, because the format comes from the input.
+// The C library as the oracle, for numbers only: flags of texts and characters are undefined there. By way of
+// a pointer, because the format comes from the input.
 std::string Print(const char* format) {
   int (*const print)(char*, std::size_t, const char*, ...) = std::snprintf;
   const int length = print(nullptr, 0, format, kNumber, kReal, kNumber, kReal);

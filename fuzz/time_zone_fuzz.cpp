@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Compiled time zones, read as the application reads them. Zones are kept by name for the process, so that every
-// input is a zone of a new name.
+// Compiled time zones, read as the application reads them. Zones are kept by name for the process, so that
+// every input is a zone of a new name.
 #include <cmath>
 #include <cstdint>
 #include <limits>

@@ -15,9 +15,9 @@ int PlanetTypeText(int number) {
   return FourCC("plnt");
 }
 
-// The sub-type code itself is the identifier: a small number, not a four-character code. Deliberate; the string
-// table keeps a text for every sub-type. 0 is none: the number of an object that no catalog has classified. It
-// is named by its kind, for which the user's kinds, which have no sub-type, have the texts.
+// The sub-type code itself is the identifier: a small number, not a four-character code. Deliberate; the
+// string table keeps a text for every sub-type. 0 is none: the number of an object that no catalog has
+// classified. It is named by its kind, for which the user's kinds, which have no sub-type, have the texts.
 int DeepskyTypeText(int kind, int number) {
   if (const int subType = (number >> 24) & 255) return subType;
   switch (kind) {

@@ -22,8 +22,8 @@ namespace {
 using astro::kAuPerParsecAbove;
 using astro::kRadiansPerArcsecond;
 
-// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them: deliberately
-// not the digits of kRadiansPerArcsecond.
+// The parallax of a distance of 1 pc and of 1 kpc, in radians, as the model has always been given them:
+// deliberately not the digits of kRadiansPerArcsecond.
 constexpr double kParallaxOfParsec = 4.848137e-06;
 constexpr double kParallaxOfKiloparsec = 4.848137e-09;
 

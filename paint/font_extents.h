@@ -8,7 +8,8 @@
 
 namespace paint {
 
-// The widths that texts have in the pictures of this painter. Allocates what the drawing library needs for its fonts.
+// The widths that texts have in the pictures of this painter. Allocates what the drawing library needs for
+// its fonts.
 class FontExtents : public scene::TextExtents {
  public:
   FontExtents();

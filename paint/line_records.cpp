@@ -23,7 +23,8 @@ void Stroke(const scene::PolylineRecord& style, cairo_t* context) {
   SetColour(style.colour, context);
   cairo_set_line_width(context, style.width);
   cairo_set_line_cap(context, style.flags & scene::kRoundCaps ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
-  cairo_set_line_join(context, style.flags & scene::kRoundJoins ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_MITER);
+  cairo_set_line_join(context,
+                      style.flags & scene::kRoundJoins ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_MITER);
   const double dash = style.dash;
   if (dash > 0.0) cairo_set_dash(context, &dash, 1, 0.0);
   cairo_stroke(context);
@@ -32,7 +33,8 @@ void Stroke(const scene::PolylineRecord& style, cairo_t* context) {
 
 }  // namespace
 
-void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines, cairo_t* context) {
+void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines,
+                    cairo_t* context) {
   cairo_new_path(context);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     AddLine(list, lines[i], context);

@@ -8,8 +8,8 @@
 
 namespace paint {
 
-// Paints the list on a surface of its size whose y counts downwards. The same calls make every kind of picture. The
-// context is left as it was, its path aside.
+// Paints the list on a surface of its size whose y counts downwards. The same calls make every kind of
+// picture. The context is left as it was, its path aside.
 void PaintDisplayList(const scene::DisplayList& list, cairo_t* context);
 
 }  // namespace paint

@@ -55,8 +55,9 @@ bool MakePng(const scene::DisplayList& list, std::string& bytes, std::string& er
 
 bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& error) {
   bytes.clear();
-  const Surface surface(cairo_svg_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
-                        cairo_surface_destroy);
+  const Surface surface(
+      cairo_svg_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
+      cairo_surface_destroy);
   cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
   if (!PaintStream(list, surface, error)) return false;
   const auto end = bytes.rfind("</svg>");
@@ -66,8 +67,9 @@ bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& er
 
 bool MakePdf(const scene::DisplayList& list, std::string& bytes, std::string& error) {
   bytes.clear();
-  const Surface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
-                        cairo_surface_destroy);
+  const Surface surface(
+      cairo_pdf_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
+      cairo_surface_destroy);
   return PaintStream(list, surface, error);
 }
 

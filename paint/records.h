@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The records of a display list, each kind by a function of its own. They leave the context's path, colour and widths
-// changed.
+// The records of a display list, each kind by a function of its own. They leave the context's path, colour
+// and widths changed.
 #pragma once
 
 #include <cairo.h>
@@ -17,7 +17,8 @@ void PaintPoint(const scene::PointRecord& point, cairo_t* context);
 void PaintDisc(const scene::DiscRecord& disc, cairo_t* context);
 void PaintShadow(const scene::ShadowRecord& shadow, cairo_t* context);
 // Neighbours of one style with one stroke, so that nothing darkens where they meet.
-void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines, cairo_t* context);
+void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines,
+                    cairo_t* context);
 void PaintEllipse(const scene::EllipseRecord& ellipse, cairo_t* context);
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context);
 void PaintGradient(const scene::GradientRecord& gradient, cairo_t* context);

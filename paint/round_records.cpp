@@ -34,8 +34,8 @@ void FillCircle(double x, double y, double radius, const scene::Rgba& colour, ca
   cairo_fill(context);
 }
 
-// The lit part: half a circle on the side of the Sun, and the terminator, which is half an ellipse whose short axis is
-// the radius times the cosine of the phase angle.
+// The lit part: half a circle on the side of the Sun, and the terminator, which is half an ellipse whose
+// short axis is the radius times the cosine of the phase angle.
 void FillLitPart(const scene::DiscRecord& disc, cairo_t* context) {
   constexpr int kSteps = 48;
   cairo_save(context);
@@ -72,8 +72,8 @@ void PaintShadow(const scene::ShadowRecord& shadow, cairo_t* context) {
   cairo_new_path(context);
   cairo_arc(context, shadow.clipX, shadow.clipY, shadow.clipRadius, 0.0, kTurn);
   cairo_clip(context);
-  cairo_pattern_t* shade = cairo_pattern_create_radial(shadow.x, shadow.y, shadow.innerRadius, shadow.x, shadow.y,
-                                                       shadow.outerRadius);
+  cairo_pattern_t* shade = cairo_pattern_create_radial(shadow.x, shadow.y, shadow.innerRadius, shadow.x,
+                                                       shadow.y, shadow.outerRadius);
   AddStop(shade, 0.0, shadow.inner);
   AddStop(shade, shadow.middle, shadow.middleColour);
   AddStop(shade, 1.0, shadow.outer);

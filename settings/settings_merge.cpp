@@ -107,7 +107,8 @@ int SettingsData::InsertCopies(unsigned code, const std::vector<const SettingFie
     return 0;
   }
 
-  // A section that only the own block has counts its fields from the start of that block, behind the defaults.
+  // A section that only the own block has counts its fields from the start of that block, behind the
+  // defaults.
   SectionRecord& section = m_Sections[static_cast<std::size_t>(index)];
   const int place = std::min(section.first + (index < sectionCount ? 0 : fieldCount), GetFieldCount());
   std::vector<SettingField*> copies;

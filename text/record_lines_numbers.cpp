@@ -86,8 +86,8 @@ long long FindMagnitude(const Decimal& number) {
   return magnitude + exponent.exponent;
 }
 
-// Long numbers and far exponents; the general converter rounds them correctly but does not say on which side a number
-// is out of range.
+// Long numbers and far exponents; the general converter rounds them correctly but does not say on which side
+// a number is out of range.
 double ConvertSlowly(const Decimal& number) {
   double value = 0.0;
   std::string_view text(number.begin, static_cast<std::size_t>(number.end - number.begin));

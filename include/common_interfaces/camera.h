@@ -267,8 +267,8 @@ class COMMON_INTERFACES_API Camera : private CameraState {
 
   // Zoom
 
-  // The angle that the reference half-diagonal spans at zoom 1, radians (37 degrees). This very decimal is the
-  // definition: saved views are drawn with it.
+  // The angle that the reference half-diagonal spans at zoom 1, radians (37 degrees). This very decimal is
+  // the definition: saved views are drawn with it.
   static constexpr double s_ZoomOneAngle = 0.6457718232379;
   double GetZoom() const { return m_Zoom; }
   // When it differs by more than 1e-10 from the current zoom: stores it, raises the zoom-changed flag,

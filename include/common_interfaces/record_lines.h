@@ -26,7 +26,8 @@
 // still taken whole, and the length returned is that of the text in the buffer. The forms with std::string
 // cut nothing. The functions keep no state and may be called by any thread, except StringToNear.
 //
-// The identifier of a name in a line, GetUniqueID, comes along, under its name in CommonInterfaces too (utils/text.h).
+// The identifier of a name in a line, GetUniqueID, comes along, under its name in CommonInterfaces too
+// (utils/text.h).
 #pragma once
 
 #include <string>

@@ -235,9 +235,9 @@ class COMMON_INTERFACES_API SettingsData {
   static bool GetModifyFlag();
   static void SetModifyFlag(bool modified);
 
-  // Whether a settings file has a block with exactly that key; the name is resolved as Read does. Owner before
-  // id, as in the file, while the constructor takes id before owner: the block of SettingsData(1, FLTR, ...)
-  // is HoldsBlock(..., FLTR, 1).
+  // Whether a settings file has a block with exactly that key; the name is resolved as Read does. Owner
+  // before id, as in the file, while the constructor takes id before owner: the block of SettingsData(1,
+  // FLTR, ...) is HoldsBlock(..., FLTR, 1).
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
   // Writes the block so that the file then holds it once: a new file is written beside the one of the work

@@ -17,8 +17,8 @@ LabelKind LabelKindOfBody(int kind) {
   return kind == FourCC("astr") || kind == FourCC("comt") ? LabelKind::kSmallBody : LabelKind::kPlanet;
 }
 
-// The direction in the picture from a body towards the Sun along the great circle: where its bright limb is. Up when
-// the two stand in one place.
+// The direction in the picture from a body towards the Sun along the great circle: where its bright limb is.
+// Up when the two stand in one place.
 tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], const double sun[3],
                            const tPoint<double>& place) {
   double along = 0.0;
@@ -35,7 +35,8 @@ tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], c
 
 }  // namespace
 
-BodyMarks::BodyMarks(const BodyModel& model) : m_Model(model), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
+BodyMarks::BodyMarks(const BodyModel& model)
+    : m_Model(model), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
   m_Drawn.reserve(m_Labels.size());
   for (std::size_t i = 0; i < m_Numbers.size(); ++i) {
     const SSO_ID& id = model.GetBodies()[i].id;
@@ -102,8 +103,8 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
     const LabelKind labelKind = LabelKindOfBody(kind);
     const double size = (labelKind == LabelKind::kPlanet ? 14.0 : 11.0) * geometry.unit;
     const SSO_ID& id = m_Model.GetBodies()[body].id;
-    drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius, size, labelKind,
-                                          {id.kind, id.number});
+    drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius,
+                                          size, labelKind, {id.kind, id.number});
   }
   std::sort(m_Drawn.begin(), m_Drawn.end(),
             [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "scene/bodies/body_tests.h"
-#include "scene/eclipse.h"
 #include "scene/display/labels.h"
+#include "scene/eclipse.h"
 
 namespace scene {
 
@@ -42,7 +42,8 @@ class BodyMarks {
   void Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
                const EclipseShadows& shadows, LabelPlacer& labels);
   // Labels what Compute has found, and puts the farthest first.
-  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, LabelPlacer& labels);
+  void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
+                   LabelPlacer& labels);
 
   void Clear();
 

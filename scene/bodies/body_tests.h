@@ -25,9 +25,9 @@ class BodyTests {
   const ClassLimits& GetLimits(int kind) const;  // "plnt", "moon", "astr", "comt", "scft"
   // The radius of a body's disc at its true size, pixels.
   double GetTrueRadius(const BodyState& state) const;
-  // The radius of the dot that stands for a body whose disc is smaller, pixels: as large as a star of its magnitude
-  // (GetDotRadius), but never larger than a bright planet's; the Sun's and the Moon's are always large enough to show
-  // what they are.
+  // The radius of the dot that stands for a body whose disc is smaller, pixels: as large as a star of its
+  // magnitude (GetDotRadius), but never larger than a bright planet's; the Sun's and the Moon's are always
+  // large enough to show what they are.
   double GetSymbolRadius(int body) const;
   // Satellites are drawn whatever their magnitude, which nobody knows.
   bool HasMagnitude(int body) const;

@@ -22,12 +22,13 @@ struct DrawnOrbitLine {
 };
 
 // Each orbit is the ellipse, or the piece of a parabola or hyperbola, in which the body moves at the moment
-// (OrbitInfo), about the Sun, or about the Earth for the Moon and satellites. It is drawn where an observer sees it:
-// points of the orbit as bodies that stand still, with the aberration of light. The path leads through the body but
-// for what it moves while its light travels.
+// (OrbitInfo), about the Sun, or about the Earth for the Moon and satellites. It is drawn where an observer
+// sees it: points of the orbit as bodies that stand still, with the aberration of light. The path leads
+// through the body but for what it moves while its light travels.
 //
-// Which orbits are on, and how they fade, stands in the render settings: an orbit appears over kFadeIn seconds of the
-// animation clock. Nothing is allocated after the construction but when an orbit is switched on.
+// Which orbits are on, and how they fade, stands in the render settings: an orbit appears over kFadeIn
+// seconds of the animation clock. Nothing is allocated after the construction but when an orbit is switched
+// on.
 class OrbitPaths {
  public:
   static constexpr double kFadeIn = 1.0;  // seconds

@@ -25,9 +25,10 @@ struct DrawnPassMark {
   ObjectRef satellite;
 };
 
-// The paths of satellites over the horizon of a place: where each stands at which minute, ten minutes before and after
-// the moment, for satellites with long periods up to an hour. When there are at most three satellites all have their
-// paths, otherwise the one that stands nearest to the centre of the view. Nothing is allocated after the construction.
+// The paths of satellites over the horizon of a place: where each stands at which minute, ten minutes before
+// and after the moment, for satellites with long periods up to an hour. When there are at most three
+// satellites all have their paths, otherwise the one that stands nearest to the centre of the view. Nothing
+// is allocated after the construction.
 class SatellitePasses {
  public:
   explicit SatellitePasses(const BodyModel& model);

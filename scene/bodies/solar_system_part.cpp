@@ -20,8 +20,9 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
   m_Orbits.Compute(geometry, observer, place, shown.horizon && observer.horizon);
 }
 
-void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
-                                  const ObjectFilters& filters, LabelPlacer& labels) {
+void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer,
+                                  const ShownKinds& shown, const ObjectFilters& filters,
+                                  LabelPlacer& labels) {
   if (!m_FromEarth) return;
   m_Marks.PlaceLabels(geometry, BodyTests(m_Model, geometry, observer, shown, filters), shown, labels);
   if (observer.horizon && shown.spacecraft) {

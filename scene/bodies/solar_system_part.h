@@ -4,14 +4,15 @@
 
 #include "scene/bodies/body_marks.h"
 #include "scene/bodies/body_tests.h"
-#include "scene/eclipse.h"
 #include "scene/bodies/orbit_paths.h"
 #include "scene/bodies/satellite_pass.h"
+#include "scene/eclipse.h"
 
 namespace scene {
 
-// What moves among the stars, for one frame: bodies, the shadows between them, orbits, passes of satellites. Only for
-// observers near the Earth's surface: elsewhere there is nothing of it. `bodies` is kept by reference and must not grow.
+// What moves among the stars, for one frame: bodies, the shadows between them, orbits, passes of satellites.
+// Only for observers near the Earth's surface: elsewhere there is nothing of it. `bodies` is kept by
+// reference and must not grow.
 class SolarSystemPart {
  public:
   explicit SolarSystemPart(const BodyList& bodies)

@@ -41,7 +41,8 @@ void AppendBytes(std::vector<unsigned char>& values, T value) {
   values.insert(values.end(), bytes, bytes + sizeof(T));
 }
 
-// The whole cell as a number of type T; an infinity or a value that is not a number is no number of a catalog.
+// The whole cell as a number of type T; an infinity or a value that is not a number is no number of a
+// catalog.
 template <class T>
 bool AppendNumber(std::vector<unsigned char>& values, std::string_view cell) {
   T value{};

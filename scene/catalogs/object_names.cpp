@@ -22,8 +22,8 @@ std::string GetPlanetName(int number) {
   return GetText(kFirstPlanetText + static_cast<unsigned>(number - 1));
 }
 
-// A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without a proper
-// name goes by its number in the Bright Star Catalogue.
+// A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without
+// a proper name goes by its number in the Bright Star Catalogue.
 std::string GetStarName(int number, const StarCatalog& stars) {
   for (int i = 0; i < stars.GetCount(); ++i) {
     if (stars.GetNumber(i) != number) continue;

@@ -70,8 +70,10 @@ void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
                                      CommonInterfaces::kMagCodesPerMag);
     object.kind = GetFOURCC(FieldText(table, CommonInterfaces::FieldIds::Type));
     object.number = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0));
-    object.largest = static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::LargestDimension, 0.0));
-    object.smallest = static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::SmallestDimension, 0.0));
+    object.largest =
+        static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::LargestDimension, 0.0));
+    object.smallest =
+        static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::SmallestDimension, 0.0));
     object.label = DeepskyLabel(table);
     object.catalogs = CatalogBits(table);
     object.record = record;

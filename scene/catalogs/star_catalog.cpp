@@ -8,19 +8,22 @@
 #include <string_view>
 #include <utility>
 
+#include "common_interfaces/field_names.h"
 #include "common_interfaces/star_data.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "common_interfaces/field_names.h"
 #include "utils/debug.h"
 
 namespace scene {
 namespace {
 
+using CommonInterfaces::FieldIds;
+
 constexpr double kMissing = std::numeric_limits<double>::infinity();
 constexpr double kMostColour = 100.0;                   // magnitudes, far beyond any star
 constexpr double kRadiansPerMas = 4.84813681109536e-9;  // pi / (180 * 3600 * 1000)
 
-// The change of the unit vector per year: the motion in right ascension includes cos Dec, as catalogues give it.
+// The change of the unit vector per year: the motion in right ascension includes cos Dec, as catalogues give
+// it.
 Direction MakeMotion(double ra, double dec, double east, double north) {
   const double sa = std::sin(ra), ca = std::cos(ra), sd = std::sin(dec), cd = std::cos(dec);
   return {{-sa * east - ca * sd * north, ca * east - sa * sd * north, cd * north}};
@@ -28,41 +31,41 @@ Direction MakeMotion(double ra, double dec, double east, double north) {
 
 // "α CMa", else "9 CMa".
 std::string_view ChooseDesignation(const CatalogTable& table) {
-  const std::string_view bayer = FieldText(table, CommonInterfaces::FieldIds::Bayer);
-  return bayer.empty() ? std::string_view(FieldText(table, CommonInterfaces::FieldIds::Flamsteed)) : bayer;
+  const std::string_view bayer = FieldText(table, FieldIds::Bayer);
+  return bayer.empty() ? std::string_view(FieldText(table, FieldIds::Flamsteed)) : bayer;
 }
 
 unsigned char CatalogBits(const CatalogTable& table) {
   const auto bit = [](bool listed, StarCatalogBit value) {
     return listed ? static_cast<unsigned>(value) : 0u;
   };
-  return static_cast<unsigned char>(bit(FieldNumber(table, CommonInterfaces::FieldIds::Number, 0.0) > 0.0, kInBrightStars) |
-                                    bit(FieldNumber(table, CommonInterfaces::FieldIds::HipparcosID, 0.0) > 0.0, kInHipparcos) |
-                                    bit(*FieldText(table, CommonInterfaces::FieldIds::Bayer) != 0, kInBayer) |
-                                    bit(*FieldText(table, CommonInterfaces::FieldIds::Flamsteed) != 0, kInFlamsteed));
+  return static_cast<unsigned char>(bit(FieldNumber(table, FieldIds::Number, 0.0) > 0.0, kInBrightStars) |
+                                    bit(FieldNumber(table, FieldIds::HipparcosID, 0.0) > 0.0, kInHipparcos) |
+                                    bit(*FieldText(table, FieldIds::Bayer) != 0, kInBayer) |
+                                    bit(*FieldText(table, FieldIds::Flamsteed) != 0, kInFlamsteed));
 }
 
 }  // namespace
 
 void StarCatalog::Append(CatalogTable& table, int record) {
   table.Select(record);
-  const double ra = FieldNumber(table, CommonInterfaces::FieldIds::RA, 0.0), dec = FieldNumber(table, CommonInterfaces::FieldIds::Dec, 0.0);
-  const double east = FieldNumber(table, CommonInterfaces::FieldIds::PropMotionRA, 0.0) * kRadiansPerMas;
-  const double north = FieldNumber(table, CommonInterfaces::FieldIds::PropMotionDec, 0.0) * kRadiansPerMas;
-  const double magnitude = FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, 0.0);
+  const double ra = FieldNumber(table, FieldIds::RA, 0.0), dec = FieldNumber(table, FieldIds::Dec, 0.0);
+  const double east = FieldNumber(table, FieldIds::PropMotionRA, 0.0) * kRadiansPerMas;
+  const double north = FieldNumber(table, FieldIds::PropMotionDec, 0.0) * kRadiansPerMas;
+  const double magnitude = FieldNumber(table, FieldIds::VisMagnitude, 0.0);
   m_Codes.push_back(
       static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) * CommonInterfaces::kMagCodesPerMag));
   m_Directions.push_back(MakeDirection(ra, dec));
   m_Motions.push_back(MakeMotion(ra, dec, east, north));
   m_MaxMotion = std::max(m_MaxMotion, std::hypot(east, north));
-  m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, CommonInterfaces::FieldIds::SpectrType)));
-  m_Numbers.push_back(static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0)));
-  const double colour = FieldNumber(table, CommonInterfaces::FieldIds::ColorIndexBV, kMissing);
+  m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, FieldIds::SpectrType)));
+  m_Numbers.push_back(static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0)));
+  const double colour = FieldNumber(table, FieldIds::ColorIndexBV, kMissing);
   m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
                                                        : std::numeric_limits<float>::quiet_NaN());
   m_Catalogs.push_back(CatalogBits(table));
   m_Records.push_back(record);
-  m_ProperNames.push_back(AddText(FieldText(table, CommonInterfaces::FieldIds::ProperName)));
+  m_ProperNames.push_back(AddText(FieldText(table, FieldIds::ProperName)));
   const std::string_view designation = ChooseDesignation(table);
   m_Letters.push_back(AddText(designation.substr(0, designation.find(' '))));
   m_Designations.push_back(AddText(designation));
@@ -80,9 +83,9 @@ void StarCatalog::Fill(CatalogTable& table) {
   std::vector<std::pair<double, int>> order;  // magnitude and record
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
-    const double magnitude = FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, kMissing);
+    const double magnitude = FieldNumber(table, FieldIds::VisMagnitude, kMissing);
     const bool placed =
-        FieldNumber(table, CommonInterfaces::FieldIds::RA, kMissing) + FieldNumber(table, CommonInterfaces::FieldIds::Dec, kMissing) < kMissing;
+        FieldNumber(table, FieldIds::RA, kMissing) + FieldNumber(table, FieldIds::Dec, kMissing) < kMissing;
     if (placed && magnitude < kMissing) order.emplace_back(magnitude, record);
   }
   if (const int left = table.GetCount() - static_cast<int>(order.size()); left > 0) {

@@ -23,7 +23,8 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_TextBytes.clear();
 }
 
-// Records of one type and layer that follow one another make one run. `count`: how many of the type there are now.
+// Records of one type and layer that follow one another make one run. `count`: how many of the type there are
+// now.
 void DisplayList::Note(RecordType type, Layer layer, std::size_t count) {
   if (!m_Runs.empty() && m_Runs.back().type == type && m_Runs.back().layer == layer) {
     ++m_Runs.back().count;

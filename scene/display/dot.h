@@ -6,8 +6,8 @@
 
 namespace scene {
 
-// How the dot of a star or of a small body is painted. One below the resolution of the picture keeps its light: larger,
-// and fainter by the area.
+// How the dot of a star or of a small body is painted. One below the resolution of the picture keeps its
+// light: larger, and fainter by the area.
 struct PaintedDot {
   float radius;    // pixels
   double opacity;  // what its own is multiplied with

@@ -94,7 +94,8 @@ bool LabelPlacer::IsFree(const Box& box) const {
 int LabelPlacer::Add(const char* text, const Box& box, double anchor, double baseline, double size,
                      LabelKind kind, ObjectRef object) {
   if (m_Boxes.size() < kMaxBoxes) m_Boxes.push_back(box);
-  m_Labels.push_back({text, {box.left + anchor * (box.right - box.left), baseline}, anchor, size, kind, object});
+  m_Labels.push_back(
+      {text, {box.left + anchor * (box.right - box.left), baseline}, anchor, size, kind, object});
   return static_cast<int>(m_Labels.size()) - 1;
 }
 
@@ -132,8 +133,8 @@ int LabelPlacer::PlaceCentred(const char* text, const tPoint<double>& p, double 
   return IsFree(box) ? Add(text, box, 0.5, baseline, size, kind, object) : -1;
 }
 
-int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object,
-                           int rings) {
+int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind,
+                           ObjectRef object, int rings) {
   constexpr double kAside = 1.6, kAbove = 1.1;  // font sizes from ring to ring
   constexpr struct {
     double x, y;

@@ -42,7 +42,8 @@ struct Label {
   ObjectRef object;  // which it names
 };
 
-// Places labels so that they cover neither each other nor what was reserved. Allocates at its construction only.
+// Places labels so that they cover neither each other nor what was reserved. Allocates at its construction
+// only.
 class LabelPlacer {
  public:
   LabelPlacer();
@@ -53,15 +54,18 @@ class LabelPlacer {
   // Nothing will be placed over this box around a point.
   void Reserve(const tPoint<double>& centre, double halfWidth, double halfHeight);
 
-  // Puts the text beside a disc of that radius: right of it, left, above or below, wherever it fits first. Returns
-  // the index of the label, or -1 when there is no room inside the window or kMaxLabels stand already.
+  // Puts the text beside a disc of that radius: right of it, left, above or below, wherever it fits first.
+  // Returns the index of the label, or -1 when there is no room inside the window or kMaxLabels stand
+  // already.
   int PlaceBeside(const char* text, const tPoint<double>& p, double radius, double size, LabelKind kind,
                   ObjectRef object = {});
   // Centres the text on a point; otherwise the same.
-  int PlaceCentred(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object = {});
-  // Centres the text on a point or near it, wherever it fits first: around the point in that many rings, each about a
-  // line of text farther away.
-  int PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object, int rings);
+  int PlaceCentred(const char* text, const tPoint<double>& p, double size, LabelKind kind,
+                   ObjectRef object = {});
+  // Centres the text on a point or near it, wherever it fits first: around the point in that many rings, each
+  // about a line of text farther away.
+  int PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object,
+                int rings);
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 

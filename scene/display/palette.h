@@ -17,12 +17,14 @@ struct Colour {
 };
 
 inline Rgba ToRgba(const Colour& colour, double strength = 1.0) {
-  const auto byte = [](double v) { return static_cast<unsigned char>(std::lround(255.0 * std::clamp(v, 0.0, 1.0))); };
+  const auto byte = [](double v) {
+    return static_cast<unsigned char>(std::lround(255.0 * std::clamp(v, 0.0, 1.0)));
+  };
   return {byte(colour.red), byte(colour.green), byte(colour.blue), byte(colour.opacity * strength)};
 }
 
-// For layers so faint that steps of an eighth bit of opacity would show: the next stronger opacity, and a colour as much
-// darker. On a dark ground that is the same light.
+// For layers so faint that steps of an eighth bit of opacity would show: the next stronger opacity, and a
+// colour as much darker. On a dark ground that is the same light.
 inline Rgba ToFaintRgba(const Colour& colour) {
   const double opacity = std::ceil(255.0 * colour.opacity) / 255.0, factor = colour.opacity / opacity;
   return ToRgba({colour.red * factor, colour.green * factor, colour.blue * factor, opacity});
@@ -44,11 +46,11 @@ inline constexpr Colour kMilkyWay[] = {{0.62, 0.70, 0.92, 0.0100},
 inline constexpr Colour kHaze = {0.33, 0.47, 0.60, 0.022};
 inline constexpr Colour kGround = {0.034, 0.044, 0.048, 1.0}, kGroundEdge = {0.42, 0.58, 0.62, 0.75};
 inline constexpr Colour kFigure = {0.42, 0.53, 0.72, 0.45};
-inline constexpr Colour kConstellationImage = {0.45, 0.66, 0.90, 0.75}, kDeepskyImage = {0.90, 0.91, 0.94, 0.75},
-                        kMilkyWayImage = {0.80, 0.72, 0.92, 0.75};
+inline constexpr Colour kConstellationImage = {0.45, 0.66, 0.90, 0.75},
+                        kDeepskyImage = {0.90, 0.91, 0.94, 0.75}, kMilkyWayImage = {0.80, 0.72, 0.92, 0.75};
 
-// By GetSpectrType, O to M: the tints of stars as the eye has them, a little stronger than life. The last one is for
-// stars of no class.
+// By GetSpectrType, O to M: the tints of stars as the eye has them, a little stronger than life. The last one
+// is for stars of no class.
 inline constexpr Colour kStars[] = {{0.62, 0.71, 1.00, 1.0}, {0.68, 0.77, 1.00, 1.0}, {0.81, 0.87, 1.00, 1.0},
                                     {0.98, 0.98, 1.00, 1.0}, {1.00, 0.95, 0.84, 1.0}, {1.00, 0.83, 0.63, 1.0},
                                     {1.00, 0.70, 0.47, 1.0}, {0.93, 0.94, 1.00, 1.0}};
@@ -59,9 +61,10 @@ inline constexpr Colour kGalaxy = {0.93, 0.60, 0.66, 0.9}, kCluster = {0.90, 0.8
 
 inline constexpr Colour kSun = {1.00, 0.93, 0.72, 1.0}, kMoon = {0.93, 0.92, 0.88, 1.0};
 // Mercury to Pluto, as the eye has them.
-inline constexpr Colour kPlanets[] = {{0.84, 0.78, 0.70, 1.0}, {1.00, 0.95, 0.80, 1.0}, {0.60, 0.75, 1.00, 1.0},
-                                      {1.00, 0.62, 0.42, 1.0}, {0.98, 0.89, 0.74, 1.0}, {0.96, 0.86, 0.60, 1.0},
-                                      {0.68, 0.90, 0.93, 1.0}, {0.55, 0.68, 1.00, 1.0}, {0.86, 0.80, 0.74, 1.0}};
+inline constexpr Colour kPlanets[] = {
+    {0.84, 0.78, 0.70, 1.0}, {1.00, 0.95, 0.80, 1.0}, {0.60, 0.75, 1.00, 1.0},
+    {1.00, 0.62, 0.42, 1.0}, {0.98, 0.89, 0.74, 1.0}, {0.96, 0.86, 0.60, 1.0},
+    {0.68, 0.90, 0.93, 1.0}, {0.55, 0.68, 1.00, 1.0}, {0.86, 0.80, 0.74, 1.0}};
 inline constexpr Colour kAsteroid = {0.80, 0.76, 0.66, 1.0}, kComet = {0.70, 0.92, 0.86, 1.0},
                         kSatellite = {0.62, 0.90, 0.96, 1.0};
 // Sunlight that the Earth's atmosphere bends into its shadow.
@@ -75,7 +78,8 @@ inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};    // of the compass 
 inline constexpr Colour kRadiant = {1.00, 0.72, 0.62, 0.95};  // of meteor showers
 inline constexpr Colour kFavourite = {1.00, 0.82, 0.25, 1.0}, kFavouriteEdge = {0.02, 0.03, 0.06, 0.9};
 
-// Under the caption, so that it can be read whatever lies behind it; with the opacities above, at and below the text.
+// Under the caption, so that it can be read whatever lies behind it; with the opacities above, at and below
+// the text.
 inline constexpr Colour kCaptionGround = {0.01, 0.015, 0.03, 1.0};
 
 }  // namespace palette

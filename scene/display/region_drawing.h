@@ -7,8 +7,8 @@
 
 namespace scene {
 
-// Adds the rings of a region to the list as those of one area: to be closed by AddArea. Points nearer than `leastStep`
-// pixels to the last one are left out.
+// Adds the rings of a region to the list as those of one area: to be closed by AddArea. Points nearer than
+// `leastStep` pixels to the last one are left out.
 void AddRegion(const RegionPicture& region, double leastStep, DisplayList& list);
 
 // Strokes the outlines of a region.

@@ -24,7 +24,8 @@ void CaptionBlock::DrawGround(DisplayList& list) const {
   if (m_Lines.empty()) return;
   const double text = GetLineCount() * kCaptionLineStep;
   const float bottom = static_cast<float>(list.GetHeight()), right = static_cast<float>(list.GetWidth());
-  const float top = static_cast<float>(list.GetHeight() - (text + kFade) * static_cast<double>(list.GetUnit()));
+  const float top =
+      static_cast<float>(list.GetHeight() - (text + kFade) * static_cast<double>(list.GetUnit()));
   const Colour& colour = palette::kCaptionGround;
   list.Add(Layer::kCaptionGround, GradientRecord{{0.0f, right, right, 0.0f},
                                                  {top, top, bottom, bottom},

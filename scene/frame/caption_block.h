@@ -17,8 +17,8 @@ class CaptionBlock {
   void SetLines(std::vector<std::string> lines) { m_Lines = std::move(lines); }
   int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
 
-  // Puts the lines into the corner, whatever is there, and keeps other labels off the ground under them, in the whole
-  // width. The labels point into the block.
+  // Puts the lines into the corner, whatever is there, and keeps other labels off the ground under them, in
+  // the whole width. The labels point into the block.
   void Place(const ViewGeometry& geometry, LabelPlacer& labels) const;
   // Darkens the foot of the picture so that the caption can be read whatever lies behind it.
   void DrawGround(DisplayList& list) const;

@@ -42,7 +42,9 @@ class CurvePen {
   }
 
  private:
-  double X(double date) const { return m_Left + m_Width * (date - m_Curve.first) / (m_Curve.last - m_Curve.first); }
+  double X(double date) const {
+    return m_Left + m_Width * (date - m_Curve.first) / (m_Curve.last - m_Curve.first);
+  }
   double Y(double magnitude) const {
     return m_Top + m_Height * (magnitude - m_Curve.brightest) / (m_Curve.faintest - m_Curve.brightest);
   }
@@ -121,7 +123,8 @@ void CurvePen::DrawCurve() {
 
 }  // namespace
 
-void DrawCurveChart(const LightCurve& curve, const CurveChartTexts& texts, int width, int height, DisplayList& list) {
+void DrawCurveChart(const LightCurve& curve, const CurveChartTexts& texts, int width, int height,
+                    DisplayList& list) {
   list.Begin(width, height, GetPictureUnit(width, height));
   CurvePen(curve, width, height, list).Draw(texts);
 }

@@ -54,7 +54,8 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
   ObjectPlace place;
   for (const int star : m_Stars) {
     if (tests.IsStarDrawn(star, place)) {
-      AddBeside(geometry, place.pixel, place.radius, {FourCC("star"), m_Catalogs.stars.GetNumber(star)}, labels);
+      AddBeside(geometry, place.pixel, place.radius, {FourCC("star"), m_Catalogs.stars.GetNumber(star)},
+                labels);
     }
   }
   for (const int object : m_Deepsky) {
@@ -73,8 +74,8 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
   }
 }
 
-// On the first of the four sides where the mark lies wholly in the window. An object that fills the picture has it
-// inside.
+// On the first of the four sides where the mark lies wholly in the window. An object that fills the picture
+// has it inside.
 void FavouriteMarks::AddBeside(const ViewGeometry& geometry, const tPoint<double>& p, double radius,
                                ObjectRef object, LabelPlacer& labels) {
   constexpr double kSides[][2] = {{-1.0, 1.0}, {1.0, 1.0}, {1.0, -1.0}, {-1.0, -1.0}};

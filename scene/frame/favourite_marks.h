@@ -6,15 +6,14 @@
 
 #include "astro/object_id.h"
 #include "scene/display/labels.h"
-#include "scene/visibility/object_tests.h"
 #include "scene/sky_catalogs.h"
+#include "scene/visibility/object_tests.h"
 
 namespace scene {
 
-// The marks beside the favourites that are drawn in one frame: small stars of five points, which nothing else in a
-// picture is. A constellation has its mark above the place of its name, or below
-// it where the picture ends. Allocates when objects are set only; `catalogs`
-// is kept by reference.
+// The marks beside the favourites that are drawn in one frame: small stars of five points, which nothing else
+// in a picture is. A constellation has its mark above the place of its name, or below it where the picture
+// ends. Allocates when objects are set only; `catalogs` is kept by reference.
 class FavouriteMarks {
  public:
   explicit FavouriteMarks(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {}

@@ -17,8 +17,8 @@
 
 namespace scene {
 
-// The parts of a frame. Each computes itself, with pixels that count from the bottom upwards as the camera's do, and
-// then draws itself into the display list.
+// The parts of a frame. Each computes itself, with pixels that count from the bottom upwards as the camera's
+// do, and then draws itself into the display list.
 struct FrameParts {
   explicit FrameParts(const SkyCatalogs& catalogs);
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "scene/image_groups.h"
 #include "scene/display/labels.h"
-#include "scene/visibility/object_tests.h"
+#include "scene/image_groups.h"
 #include "scene/observer_frame.h"
 #include "scene/sky_catalogs.h"
 #include "scene/view/sky_path.h"
+#include "scene/visibility/object_tests.h"
 
 namespace scene {
 
@@ -21,12 +21,13 @@ struct DrawnFrameLine {
   ImageGroup group;
 };
 
-// The outlines of the images that are laid onto the sky, in one frame of the picture: four arcs of great circles from
-// corner to corner. What stands below the horizon is computed too; the ground covers it. Allocates in Load only.
+// The outlines of the images that are laid onto the sky, in one frame of the picture: four arcs of great
+// circles from corner to corner. What stands below the horizon is computed too; the ground covers it.
+// Allocates in Load only.
 class ImageFrames {
  public:
-  // Takes the outlines of these groups from their catalogs, in place of those there were; 0 takes none. Answers the
-  // group whose catalog is missing, if one is: there are then no outlines.
+  // Takes the outlines of these groups from their catalogs, in place of those there were; 0 takes none.
+  // Answers the group whose catalog is missing, if one is: there are then no outlines.
   std::optional<ImageGroup> Load(unsigned groups, const SkyCatalogs& catalogs);
 
   // Labels each outline beside one of its visible edges, the uppermost first, where there is room.

@@ -14,9 +14,10 @@
 namespace scene {
 namespace {
 
-// Which star an identifier is follows from epoch, period and range of its model, which are those of the star in the
-// General Catalogue of Variable Stars (Samus' et al. 2017, version 5.1), and from date and magnitude of its outburst:
-// novae as listed by Strope, Schaefer & Henden 2010 (AJ 140, 34), supernovae by Green & Stephenson 2003 and SIMBAD.
+// Which star an identifier is follows from epoch, period and range of its model, which are those of the star
+// in the General Catalogue of Variable Stars (Samus' et al. 2017, version 5.1), and from date and magnitude
+// of its outburst: novae as listed by Strope, Schaefer & Henden 2010 (AJ 140, 34), supernovae by Green &
+// Stephenson 2003 and SIMBAD.
 constexpr VariableStar kStars[] = {
     {0x48780B23, "Algol", "beta Persei, beta Per, bet Per", false, 2.86731, 0.0, 0.0},
     {0x4B710A52, "Sheliak", "beta Lyrae, beta Lyr, bet Lyr", false, 12.9138, 0.0, 0.0},

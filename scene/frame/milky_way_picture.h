@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "scene/sky_catalogs.h"
 #include "scene/display_list.h"
+#include "scene/sky_catalogs.h"
 #include "scene/view/sky_region.h"
 
 namespace scene {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "scene/display/labels.h"
-#include "scene/visibility/object_tests.h"
 #include "scene/observer_frame.h"
 #include "scene/showers.h"
+#include "scene/visibility/object_tests.h"
 
 namespace scene {
 
@@ -29,7 +29,8 @@ class ShowerRadiants {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                LabelPlacer& labels);
 
-  // Rays that lead away from the radiant, as the tracks of the meteors do; with a disc on the day of the maximum.
+  // Rays that lead away from the radiant, as the tracks of the meteors do; with a disc on the day of the
+  // maximum.
   void Draw(DisplayList& list) const;
 
   const std::vector<DrawnRadiant>& GetDrawn() const { return m_Drawn; }

@@ -55,8 +55,9 @@ void SkyFigures::PlaceNames(const ViewGeometry& geometry, const ObjectTests& tes
   ObjectPlace place;
   const auto name = [&](int i, int rings) {
     if (!tests.IsConstellationNamed(i, place)) return;
-    labels.PlaceNear(m_Catalogs.constellations[static_cast<std::size_t>(i)].GetShownName(english).c_str(), place.pixel,
-                     15.0 * geometry.unit, LabelKind::kConstellation, FindObject(m_Catalogs, i), rings);
+    labels.PlaceNear(m_Catalogs.constellations[static_cast<std::size_t>(i)].GetShownName(english).c_str(),
+                     place.pixel, 15.0 * geometry.unit, LabelKind::kConstellation, FindObject(m_Catalogs, i),
+                     rings);
   };
   const int middle = FindMiddle(geometry, tests);
   if (middle >= 0) name(middle, kMiddleRings);
@@ -71,7 +72,8 @@ int SkyFigures::FindMiddle(const ViewGeometry& geometry, const ObjectTests& test
   ObjectPlace place;
   for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
     if (!tests.IsConstellationNamed(i, place)) continue;
-    const double away = std::hypot(place.pixel.x - 0.5 * geometry.width, place.pixel.y - 0.5 * geometry.height);
+    const double away =
+        std::hypot(place.pixel.x - 0.5 * geometry.width, place.pixel.y - 0.5 * geometry.height);
     if (middle >= 0 && away >= least) continue;
     middle = i;
     least = away;

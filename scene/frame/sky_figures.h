@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "scene/display/labels.h"
-#include "scene/visibility/object_tests.h"
 #include "scene/sky_catalogs.h"
 #include "scene/view/sky_path.h"
+#include "scene/visibility/object_tests.h"
 
 namespace scene {
 
@@ -16,15 +16,15 @@ struct FigureLine {
   ObjectRef constellation;
 };
 
-// The constellations of one frame: the lines of their figures and their names. Allocates at its construction only;
-// `catalogs` is kept by reference.
+// The constellations of one frame: the lines of their figures and their names. Allocates at its construction
+// only; `catalogs` is kept by reference.
 class SkyFigures {
  public:
   explicit SkyFigures(const SkyCatalogs& catalogs);
 
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
-  // Names take the room that other labels leave at their place or around it; that of the constellation nearest to the
-  // middle of the picture chooses first and looks farther.
+  // Names take the room that other labels leave at their place or around it; that of the constellation
+  // nearest to the middle of the picture chooses first and looks farther.
   void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
 
   void Draw(DisplayList& list) const;

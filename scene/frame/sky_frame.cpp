@@ -11,7 +11,8 @@
 namespace scene {
 namespace {
 
-// Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits) grows once.
+// Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits)
+// grows once.
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24;
   constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
@@ -73,7 +74,11 @@ void Draw(FrameParts& parts) {
 }  // namespace
 
 FrameParts::FrameParts(const SkyCatalogs& catalogs)
-    : milkyWay(catalogs), figures(catalogs), solarSystem(catalogs.bodies), objects(catalogs), favourites(catalogs) {
+    : milkyWay(catalogs),
+      figures(catalogs),
+      solarSystem(catalogs.bodies),
+      objects(catalogs),
+      favourites(catalogs) {
   list.Reserve(FindCapacity(catalogs));
 }
 
@@ -96,7 +101,9 @@ std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
   return m_Parts->imageFrames.Load(groups, m_Catalogs);
 }
 
-bool SkyFrame::ShowOrbit(int body, double fadeIn) { return m_Parts->solarSystem.GetOrbits().Show(body, fadeIn); }
+bool SkyFrame::ShowOrbit(int body, double fadeIn) {
+  return m_Parts->solarSystem.GetOrbits().Show(body, fadeIn);
+}
 
 void SkyFrame::SetTextExtents(const TextExtents& extents) { m_Parts->labels.SetExtents(extents); }
 
@@ -107,8 +114,8 @@ void SkyFrame::FetchTexts() {
 }
 
 // The parts compute themselves in the order in which they take room for their labels.
-void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer, const ShownKinds& shown,
-                       const ObjectFilters& filters) {
+void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
+                       const ShownKinds& shown, const ObjectFilters& filters) {
   const ViewGeometry geometry(camera);
   FrameParts& parts = *m_Parts;
   LabelPlacer& labels = parts.labels;
@@ -118,7 +125,8 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, shown.milkyWay);
   const bool horizon = observer.horizon;
-  parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon}, labels);
+  parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
+                        labels);
   parts.figures.Compute(geometry, observer, tests);
   parts.objects.Compute(geometry, tests);
   parts.solarSystem.Compute(geometry, observer, shown, filters, labels);

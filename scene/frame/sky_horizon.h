@@ -21,7 +21,8 @@ struct HorizonParts {
   bool ground, line, compass;  // the line along the edge of the ground only with the ground
 };
 
-// The ground, the haze above it and the compass along its edge, of one frame. Allocates at its construction only.
+// The ground, the haze above it and the compass along its edge, of one frame. Allocates at its construction
+// only.
 class SkyHorizon {
  public:
   SkyHorizon();
@@ -29,8 +30,8 @@ class SkyHorizon {
   // Takes the letters of the compass from the string table, as the construction does.
   void FetchTexts() { m_Letters = FetchCompassLetters(); }
 
-  // Empties the picture, then fills in what is wanted. The letters are placed before the labels of what stands in the
-  // sky; they stay valid until the next FetchTexts.
+  // Empties the picture, then fills in what is wanted. The letters are placed before the labels of what
+  // stands in the sky; they stay valid until the next FetchTexts.
   void Compute(const ViewGeometry& geometry, const HorizonParts& wanted, LabelPlacer& labels);
 
   void DrawHaze(DisplayList& list) const;

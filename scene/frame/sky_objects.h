@@ -7,22 +7,22 @@
 
 #include "common_interfaces/output_pool.h"
 #include "scene/class_limits.h"
-#include "scene/drawn_objects.h"
 #include "scene/display/labels.h"
-#include "scene/visibility/object_tests.h"
+#include "scene/drawn_objects.h"
 #include "scene/sky_catalogs.h"
+#include "scene/visibility/object_tests.h"
 
 namespace scene {
 
-// Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and ends
-// somewhere.
+// Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and
+// ends somewhere.
 double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry);
 
 // The stars and deep-sky objects of one frame and their records.
 //
-// The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that nothing is allocated
-// but the pool's blocks, each when the first frame needs it. The records are valid until the next Compute. `catalogs`
-// is kept by reference.
+// The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that nothing is
+// allocated but the pool's blocks, each when the first frame needs it. The records are valid until the next
+// Compute. `catalogs` is kept by reference.
 class SkyObjects {
  public:
   explicit SkyObjects(const SkyCatalogs& catalogs);
@@ -33,8 +33,8 @@ class SkyObjects {
 
   // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond.
   void DrawDeepsky(DisplayList& list) const;
-  // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first, so that a
-  // bright star lies over its neighbours.
+  // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
+  // so that a bright star lies over its neighbours.
   void DrawStars(DisplayList& list) const;
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }

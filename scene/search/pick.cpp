@@ -22,7 +22,9 @@ class Probe {
 
   double To(const PointRecord& point) const { return ToCircle(point.x, point.y, point.radius); }
   double To(const DiscRecord& disc) const { return ToCircle(disc.x, disc.y, disc.radius); }
-  double To(const ShadowRecord& shadow) const { return ToCircle(shadow.clipX, shadow.clipY, shadow.clipRadius); }
+  double To(const ShadowRecord& shadow) const {
+    return ToCircle(shadow.clipX, shadow.clipY, shadow.clipRadius);
+  }
   double To(const PolylineRecord& line) const;
   double To(const EllipseRecord& ellipse) const;
   double To(const PolygonRecord& area) const;
@@ -61,19 +63,23 @@ double Probe::To(const PolylineRecord& line) const {
   const auto vertices = GetVertices(line.firstVertex, line.vertexCount);
   double nearest = kFar;
   for (std::size_t i = 1; i < vertices.size(); ++i) {
-    nearest = std::min(nearest, ToStretch(vertices[i - 1].x, vertices[i - 1].y, vertices[i].x, vertices[i].y));
+    nearest =
+        std::min(nearest, ToStretch(vertices[i - 1].x, vertices[i - 1].y, vertices[i].x, vertices[i].y));
   }
   if ((line.flags & kClosedLine) && !vertices.empty()) {
-    nearest = std::min(nearest, ToStretch(vertices.back().x, vertices.back().y, vertices[0].x, vertices[0].y));
+    nearest =
+        std::min(nearest, ToStretch(vertices.back().x, vertices.back().y, vertices[0].x, vertices[0].y));
   }
   return std::max(nearest - 0.5 * static_cast<double>(line.width), 0.0);
 }
 
-// Inside counts as hit; outside, the distance along the line to the centre, which is never less than the true one.
+// Inside counts as hit; outside, the distance along the line to the centre, which is never less than the true
+// one.
 double Probe::To(const EllipseRecord& ellipse) const {
   const double dx = m_X - ellipse.x, dy = m_Y - ellipse.y;
   const double c = std::cos(ellipse.angle), s = std::sin(ellipse.angle);
-  const double reach = std::hypot((dx * c + dy * s) / ellipse.semiMajor, (dy * c - dx * s) / ellipse.semiMinor);
+  const double reach =
+      std::hypot((dx * c + dy * s) / ellipse.semiMajor, (dy * c - dx * s) / ellipse.semiMinor);
   return reach <= 1.0 ? 0.0 : std::hypot(dx, dy) * (1.0 - 1.0 / reach);
 }
 
@@ -97,7 +103,8 @@ double Probe::To(const GradientRecord& gradient) const {
   double nearest = kFar;
   for (int i = 0; i < 4; ++i) {
     const int j = (i + 1) % 4;
-    const double ax = gradient.cornerX[i], ay = gradient.cornerY[i], bx = gradient.cornerX[j], by = gradient.cornerY[j];
+    const double ax = gradient.cornerX[i], ay = gradient.cornerY[i], bx = gradient.cornerX[j],
+                 by = gradient.cornerY[j];
     if (Crosses(ax, ay, bx, by)) inside = !inside;
     nearest = std::min(nearest, ToStretch(ax, ay, bx, by));
   }
@@ -151,8 +158,8 @@ class Picker {
     }
   }
   void Take(const Hit& hit) {
-    const auto known =
-        std::find_if(hits.begin(), hits.end(), [&hit](const Hit& other) { return other.object == hit.object; });
+    const auto known = std::find_if(hits.begin(), hits.end(),
+                                    [&hit](const Hit& other) { return other.object == hit.object; });
     if (known == hits.end()) {
       hits.push_back(hit);
     } else if (hit.distance < known->distance) {

@@ -36,9 +36,14 @@ std::optional<int> FindLabelIndex(const List& drawn, Is is) {
 
 Case MakeStarCase(int star, const ObjectTests& tests, const SkyFrame& frame) {
   const StarCatalog& stars = frame.GetCatalogs().stars;
-  Case made = {
-      FourCC("star"),       stars.GetCode(star), stars.GetTraits(star), 0, {}, stars.GetLabel(star, tests.GetLabels(FourCC("star"))), {},
-      tests.GetStarLimits()};
+  Case made = {FourCC("star"),
+               stars.GetCode(star),
+               stars.GetTraits(star),
+               0,
+               {},
+               stars.GetLabel(star, tests.GetLabels(FourCC("star"))),
+               {},
+               tests.GetStarLimits()};
   made.obstacles = tests.FindStarObstacles(star, made.place);
   made.labelIndex =
       FindLabelIndex(frame.GetStars(), [star](const DrawnStar& drawn) { return drawn.star == star; });
@@ -126,10 +131,20 @@ Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const Show
 Explanation Explain(const FoundObject& found, const ShownView& view) {
   const ViewGeometry geometry(view.camera);
   const Case object = MakeCase(found, geometry, view);
-  Explanation why = {object.kind,  object.traits, object.obstacles, ReadKindState(view.settings, object.kind),
-                     {},           object.code,   object.limits,    {},
-                     {},           {},            0.0,              object.place.pixel,
-                     object.label, LabelFate::kNone};
+  Explanation why = {object.kind,
+                     object.traits,
+                     object.obstacles,
+                     ReadKindState(view.settings, object.kind),
+                     {},
+                     object.code,
+                     object.limits,
+                     {},
+                     {},
+                     {},
+                     0.0,
+                     object.place.pixel,
+                     object.label,
+                     LabelFate::kNone};
   why.pixel.y = geometry.height - why.pixel.y;
   const ObjectFilter& filter = view.filters.Get(object.kind);
   for (const auto& rule : filter.GetRules()) {

@@ -21,14 +21,14 @@ using CommonInterfaces::Camera;
 constexpr int kGalaxyNumber = 0x3D000000;
 
 // About the Sun.
-constexpr double kNearSun = 100.0;  // au
+constexpr double kNearSun = 100.0;                                             // au
 constexpr double kGalacticCentreDistance = 8500.0 * astro::kAuPerParsecAbove;  // IAU 1985
 
 constexpr double kIdentity[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
-// The galactic frame on J2000 axes: pole at 192.85948, 27.12825 degrees, ascending node of the galactic plane on the
-// equator at longitude 32.93192 degrees (IAU 1958 as transferred by The Hipparcos and Tycho Catalogues, ESA 1997,
-// volume 1, section 1.5.3).
+// The galactic frame on J2000 axes: pole at 192.85948, 27.12825 degrees, ascending node of the galactic plane
+// on the equator at longitude 32.93192 degrees (IAU 1958 as transferred by The Hipparcos and Tycho
+// Catalogues, ESA 1997, volume 1, section 1.5.3).
 void GalacticMatrix(double m[9]) {
   constexpr double kPoleRA = 192.85948 * kRadiansPerDegree, kPoleDec = 27.12825 * kRadiansPerDegree,
                    kNode = 32.93192 * kRadiansPerDegree;

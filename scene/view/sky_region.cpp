@@ -27,7 +27,8 @@ void RegionPicture::Clear() {
 }
 
 void RegionPicture::Reserve(std::size_t rings, std::size_t ringPoints) {
-  // An edge that enters or leaves the disc makes more points than one, a ring along the whole rim two turns of steps.
+  // An edge that enters or leaves the disc makes more points than one, a ring along the whole rim two turns
+  // of steps.
   constexpr std::size_t kRimPoints = 80;
   points.reserve(ringPoints + ringPoints / 4 + rings * kRimPoints);
   ringEnds.reserve(rings);
@@ -41,7 +42,8 @@ RegionProjector::RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame,
   Vprod(m_Opposite.v, m_Outside.v, m_PathNormal.v);
   for (int i = 0; i < 3; ++i) m_PathMiddle.v[i] = m_Opposite.v[i] + m_Outside.v[i];
   if (Vmod(m_PathNormal.v, 3) < 1e-9) {
-    // Looking straight away from the outside point there is no way to go; looking at it, any great circle will do.
+    // Looking straight away from the outside point there is no way to go; looking at it, any great circle
+    // will do.
     const Direction aside = std::fabs(m_Axis.v[2]) < 0.9 ? Direction{{0, 0, 1}} : Direction{{1, 0, 0}};
     Vprod(m_Opposite.v, aside.v, m_PathNormal.v);
     const bool there = Dot(m_Opposite, m_Outside) > 0.0;
@@ -61,9 +63,9 @@ void RegionProjector::LineTo(const tPoint<double>& p) {
   m_Bearing = std::atan2(p.y, p.x);
 }
 
-// Runs along the rim to the bearing of `p`: a great circle that stays outside sweeps less than half a turn. Beside the
-// opposite point it sweeps nearly that much, and which way is a question for `turn`, not for rounding. Unless `exact`,
-// small movements wait until they add up.
+// Runs along the rim to the bearing of `p`: a great circle that stays outside sweeps less than half a turn.
+// Beside the opposite point it sweeps nearly that much, and which way is a question for `turn`, not for
+// rounding. Unless `exact`, small movements wait until they add up.
 void RegionProjector::AlongRim(const tPoint<double>& p, int turn, bool exact) {
   const double bearing = std::atan2(p.y, p.x);
   if (!std::isfinite(bearing)) return;
@@ -78,8 +80,8 @@ void RegionProjector::AlongRim(const tPoint<double>& p, int turn, bool exact) {
   }
 }
 
-// `turn` is not 0 when both ends lie more than a right angle from the view axis. The straight line between their
-// pictures then says nothing about the way between them, but the way cannot enter the disc.
+// `turn` is not 0 when both ends lie more than a right angle from the view axis. The straight line between
+// their pictures then says nothing about the way between them, but the way cannot enter the disc.
 void RegionProjector::AddEdge(const tPoint<double>& a, const tPoint<double>& b, int turn) {
   const double rim = m_Picture.rim;
   const bool aInside = Length(a) <= rim, bInside = Length(b) <= rim;
@@ -98,17 +100,17 @@ void RegionProjector::AddEdge(const tPoint<double>& a, const tPoint<double>& b, 
   AlongRim(b, 0);
 }
 
-// The sense in which the edge turns about the centre of the picture, counterclockwise 1, clockwise -1. An edge through
-// the opposite point, where both are true, gets one of them; CrossesPath asks the same question in the same words, so
-// that the two agree whatever the rounding.
+// The sense in which the edge turns about the centre of the picture, counterclockwise 1, clockwise -1. An
+// edge through the opposite point, where both are true, gets one of them; CrossesPath asks the same question
+// in the same words, so that the two agree whatever the rounding.
 int RegionProjector::TurnOf(const Direction& a, const Direction& b) const {
   Direction normal;
   Vprod(a.v, b.v, normal.v);
   return Dot(normal, m_Opposite) > 0.0 ? 1 : -1;
 }
 
-// Whether the edge crosses the way from the point opposite to the view to the point known to be outside: each outline
-// crossed changes sides.
+// Whether the edge crosses the way from the point opposite to the view to the point known to be outside: each
+// outline crossed changes sides.
 bool RegionProjector::CrossesPath(const Direction& a, const Direction& b) const {
   const double aSide = Dot(m_PathNormal, a), bSide = Dot(m_PathNormal, b);
   if ((aSide > 0.0) == (bSide > 0.0)) return false;

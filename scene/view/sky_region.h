@@ -13,8 +13,9 @@ namespace scene {
 //
 // A stereographic picture is a plane without edge: everything around the point opposite to the view lies far
 // outside, and a ring near it has points of any size. The picture is therefore drawn inside a disc around the
-// window: what lies beyond its rim is moved onto the rim, along which the outline then runs. Rings that surround the
-// window keep doing so. Where the region holds the opposite point itself, the plane outside the rim belongs to it.
+// window: what lies beyond its rim is moved onto the rim, along which the outline then runs. Rings that
+// surround the window keep doing so. Where the region holds the opposite point itself, the plane outside the
+// rim belongs to it.
 struct RegionPicture {
   std::vector<tPoint<double>> points;  // pixels, y up
   std::vector<int> ringEnds;           // index behind the last point of each ring
@@ -26,9 +27,9 @@ struct RegionPicture {
   void Reserve(std::size_t rings, std::size_t ringPoints);
 };
 
-// Adds rings to a picture. `outside` is any direction known to be outside the region, in the same frame; it must not
-// lie on an outline. Neighbouring points of a ring are at most a few degrees apart and the last point is joined to
-// the first. Allocates nothing once the picture's vectors have grown.
+// Adds rings to a picture. `outside` is any direction known to be outside the region, in the same frame; it
+// must not lie on an outline. Neighbouring points of a ring are at most a few degrees apart and the last
+// point is joined to the first. Allocates nothing once the picture's vectors have grown.
 class RegionProjector {
  public:
   RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame, const Direction& outside,

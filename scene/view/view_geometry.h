@@ -13,15 +13,15 @@ double GetPictureUnit(int width, int height);
 // Which frame directions are given in: the catalogue's or the one that the view angles count in.
 enum class SkyFrameOf { kJ2000, kHorizon };
 
-// The figures of the camera's projection that every drawn thing asks for, taken once a frame. Pixels count from the
-// left and from the bottom upwards. The projection is stereographic: the angle theta from the view axis lies
-// scale * tan(theta / 2) pixels from the centre.
+// The figures of the camera's projection that every drawn thing asks for, taken once a frame. Pixels count
+// from the left and from the bottom upwards. The projection is stereographic: the angle theta from the view
+// axis lies scale * tan(theta / 2) pixels from the centre.
 struct ViewGeometry {
   explicit ViewGeometry(const CommonInterfaces::Camera& camera);
 
   tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const;
-  // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are not
-  // finite.
+  // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
+  // not finite.
   bool IsInside(const tPoint<double>& p, double margin) const;
   // The angles across the picture's width and height through its centre, radians.
   double GetWidthAngle() const;

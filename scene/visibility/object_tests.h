@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Which objects one frame draws. The frame asks for every object whether it is drawn, the explanation asks for one
-// object what keeps it from being drawn; both get their answer from the same tests, in the same order.
+// Which objects one frame draws. The frame asks for every object whether it is drawn, the explanation asks
+// for one object what keeps it from being drawn; both get their answer from the same tests, in the same
+// order.
 #pragma once
 
 #include <algorithm>
@@ -100,8 +101,8 @@ class ObjectTests {
   double m_DeepskyReach;  // direction for deep-sky objects, beyond which nothing reaches into the window
 };
 
-// Costs least first: the direction in the catalogue needs no projection. Most stars of a frame end here, so that this
-// part is worth inlining and the rest is not.
+// Costs least first: the direction in the catalogue needs no projection. Most stars of a frame end here, so
+// that this part is worth inlining and the rest is not.
 template <bool kFirst>
 unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
   Found<kFirst> found;

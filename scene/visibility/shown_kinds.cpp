@@ -71,11 +71,13 @@ struct Undrawn {
   const char* reason;
 };
 constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
-               kPlanetPath[] = "paths of planets are not drawn", kAsteroidGroups[] = "groups of asteroids are not drawn",
+               kPlanetPath[] = "paths of planets are not drawn",
+               kAsteroidGroups[] = "groups of asteroids are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
                kBrightMoon[] = "the Moon, the only moon drawn, is brighter than every limit",
                kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
-               kGrid[] = "grids, circles and poles are not drawn", kImages[] = "images of constellations are not drawn";
+               kGrid[] = "grids, circles and poles are not drawn",
+               kImages[] = "images of constellations are not drawn";
 constexpr Undrawn kUndrawn[] = {
     {FourCC("star"), "ShowBinary", kStarKinds},
     {FourCC("star"), "ShowVariable", kStarKinds},
@@ -161,7 +163,8 @@ const LabelRules& ShownKinds::GetLabels(int kind) const {
 
 KindState ReadKindState(SettingsData& settings, int kind) {
   for (const auto& entry : kSwitches) {
-    if (entry.section == static_cast<unsigned>(kind)) return ReadState(settings, entry.section, entry.name, true);
+    if (entry.section == static_cast<unsigned>(kind))
+      return ReadState(settings, entry.section, entry.name, true);
   }
   return {nullptr, true, false};
 }

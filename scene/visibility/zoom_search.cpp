@@ -29,7 +29,8 @@ double ThirdDigit(double zoom) { return std::pow(10.0, std::floor(std::log10(zoo
 std::optional<double> FindLeastZoom(Camera& camera, int cls, float code, LimitOf limit) {
   const double own = camera.GetZoom();
   double below = kMinZoom, above = kMaxZoom;
-  // What the camera computes is right but for corrections and for parts of a code, and saves most of the steps.
+  // What the camera computes is right but for corrections and for parts of a code, and saves most of the
+  // steps.
   const double computed = camera.CalcZoomForShowObject(cls, MagnitudeOfCode(code));
   for (const double zoom : {computed * 0.95, computed * 1.05}) {
     if (zoom <= below || zoom >= above) continue;

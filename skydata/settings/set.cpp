@@ -12,8 +12,8 @@
 namespace skydata {
 namespace {
 
-std::string EncodeValues(const std::vector<std::string>& values, const FieldText& field, const std::string& name,
-                         const std::string& fileName) {
+std::string EncodeValues(const std::vector<std::string>& values, const FieldText& field,
+                         const std::string& name, const std::string& fileName) {
   std::string encoded;
   for (const std::string& value : values) {
     if (AppendValue(field.type, TrimBlanks(value), encoded)) continue;
@@ -21,8 +21,8 @@ std::string EncodeValues(const std::vector<std::string>& values, const FieldText
   }
   if (encoded.size() == field.values.size()) return encoded;
   throw SourceError(fileName, 0,
-                    name + ": wants " + std::to_string(field.size) + " of " + FormatType(field.type) + ", given " +
-                        std::to_string(values.size()));
+                    name + ": wants " + std::to_string(field.size) + " of " + FormatType(field.type) +
+                        ", given " + std::to_string(values.size()));
 }
 
 }  // namespace
@@ -47,9 +47,8 @@ std::string SetFieldValues(const ExplainRequest& request, const std::vector<std:
     fail(DescribeBlock(*candidate.block) + " is in the old layout (skydata settings convert)");
   const std::string encoded = EncodeValues(values, candidate.field->text, name, request.fileName);
   std::string changed = bytes;
-  changed.replace(
-      candidate.field->offset + kRecordLengthSize + GetRecordHeaderSize(RecordLayout::kCurrent),
-      encoded.size(), encoded);
+  changed.replace(candidate.field->offset + kRecordLengthSize + GetRecordHeaderSize(RecordLayout::kCurrent),
+                  encoded.size(), encoded);
   return changed;
 }
 

@@ -85,8 +85,9 @@ std::string FormatCommands() {
     line.resize(std::max(line.size() + 1, kColumn), ' ');
     text += line + command.purpose + "\n";
   }
-  return text + "\nskyview COMMAND --help lists the options of a command.\n"
-                "skyview --version prints the version of the program.\n";
+  return text +
+         "\nskyview COMMAND --help lists the options of a command.\n"
+         "skyview --version prints the version of the program.\n";
 }
 
 }  // namespace skyview

@@ -23,7 +23,8 @@ std::string RunCommand(const std::vector<std::string>& arguments, const std::str
                        const Clock& clock, Diagnostics& diagnostics) {
   if (!arguments.empty() && AsksForHelp(arguments[0]))
     return RunHelp(programFolder, clock, diagnostics, {arguments.begin() + 1, arguments.end()});
-  if (arguments.size() == 1 && arguments[0] == "--version") return std::string("skyview ") + CI_VERSION + "\n";
+  if (arguments.size() == 1 && arguments[0] == "--version")
+    return std::string("skyview ") + CI_VERSION + "\n";
   const auto [command, words] = ChooseCommand(arguments);
   const auto first = arguments.begin() + static_cast<std::ptrdiff_t>(words);
   return command->run({*command, {first, arguments.end()}, programFolder, clock, diagnostics});

@@ -23,7 +23,9 @@ bool ReadPicture(const std::string& name, PictureOptions& pictures) {
 }
 
 constexpr OptionRow<PictureOptions> kPictureRows[] = {
-    {{"--out", "FILE.svg|FILE.png|FILE.pdf", "picture to write; may be given twice"}, Times::kAgain, ReadPicture}};
+    {{"--out", "FILE.svg|FILE.png|FILE.pdf", "picture to write; may be given twice"},
+     Times::kAgain,
+     ReadPicture}};
 
 std::optional<std::string> ParseSheetName(const std::string& text) {
   if (!IsPictureName(text) || !text.ends_with(".png")) return std::nullopt;

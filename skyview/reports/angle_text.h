@@ -6,8 +6,8 @@
 
 namespace skyview {
 
-// The text, UTF-8, with each negative angle that has no degrees written as people do: the library's formats put the
-// sign before the first part that is not 0, "0°-17'57", which becomes "-0°17'57".
+// The text, UTF-8, with each negative angle that has no degrees written as people do: the library's formats
+// put the sign before the first part that is not 0, "0°-17'57", which becomes "-0°17'57".
 std::string PutSignsFirst(const std::string& text);
 
 }  // namespace skyview

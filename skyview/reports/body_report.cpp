@@ -8,11 +8,11 @@
 #include "common_interfaces/gazetteers.h"
 #include "common_interfaces/panoramas.h"
 #include "common_interfaces/planets_and_moons.h"
-#include "scene/object_names.h"
 #include "scene/name_key.h"
 #include "scene/object_filter.h"
-#include "utils/messages.h"
+#include "scene/object_names.h"
 #include "skyview/reports/host_texts.h"
+#include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
 
@@ -77,11 +77,13 @@ class BodyReport {
  private:
   void Add(const SSO_ID& id) {
     const char* const name = m_Description.GetObjectName(id);
-    m_Bodies.push_back({id, name ? scene::MessageToUtf8(name) : "", scene::ToUtf8(scene::GetPlanetOrMoonName(id))});
+    m_Bodies.push_back(
+        {id, name ? scene::MessageToUtf8(name) : "", scene::ToUtf8(scene::GetPlanetOrMoonName(id))});
   }
 
   static std::string GetTitle(const Body& body) {
-    return body.GetName() + " (" + scene::GetCodeText(body.id.kind) + " " + std::to_string(body.id.number) + ")";
+    return body.GetName() + " (" + scene::GetCodeText(body.id.kind) + " " + std::to_string(body.id.number) +
+           ")";
   }
 
   std::string GetTitle(const SSO_ID& id) const {

@@ -7,8 +7,8 @@
 #include "astro/earth_orientation.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
-#include "skyview/reports/host_texts.h"
 #include "scene/object_names.h"
+#include "skyview/reports/host_texts.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -16,7 +16,9 @@ namespace {
 
 using Arguments = std::initializer_list<CommonInterfaces::FormatArgument>;
 
-std::string Line(HostText text, Arguments arguments) { return scene::ToUtf8(Localize(text, arguments)) + "\n"; }
+std::string Line(HostText text, Arguments arguments) {
+  return scene::ToUtf8(Localize(text, arguments)) + "\n";
+}
 
 HostText Nth(HostText first, int index) { return static_cast<HostText>(static_cast<int>(first) + index); }
 
@@ -37,7 +39,8 @@ HostText MoonPhase(const scene::BodyModel& model) {
   return Nth(HostText::kFirstMoonPhase, GetMoonPhase(GetLitPercent(moon.phaseAngle), waxing));
 }
 
-// In the evening sky while it is east of the Sun: as a crescent, half, or gibbous, and thence on as a full disc.
+// In the evening sky while it is east of the Sun: as a crescent, half, or gibbous, and thence on as a full
+// disc.
 HostText PlanetPhase(const scene::BodyModel& model, const ObservedBody& seen) {
   constexpr int kCrescent = 0, kHalf = 1, kGibbous = 2, kFull = 3, kMorning = 4;
   const bool evening = FindLongitudeFromSun(seen, model.GetSun().seen) < scene::kPi;
@@ -59,14 +62,16 @@ std::string DescribeBody(const scene::BodyModel& model, int body) {
 std::string DescribeEclipses(const scene::EclipseShadows& shadows) {
   std::string text;
   if (shadows.GetLunarEclipse() != scene::LunarEclipse::kNone) {
-    const int kind = static_cast<int>(shadows.GetLunarEclipse()) - static_cast<int>(scene::LunarEclipse::kPenumbral);
+    const int kind =
+        static_cast<int>(shadows.GetLunarEclipse()) - static_cast<int>(scene::LunarEclipse::kPenumbral);
     text += Line(HostText::kLunarEclipse, {Localize(Nth(HostText::kFirstLunarEclipse, kind), {}).c_str(),
                                            shadows.GetUmbralMagnitude(), shadows.GetPenumbralMagnitude()});
   }
   if (shadows.GetSolarEclipse() == scene::SolarEclipse::kElsewhere) {
     text += Line(HostText::kSolarEclipseElsewhere, {});
   } else if (shadows.GetSolarEclipse() != scene::SolarEclipse::kNone) {
-    const int kind = static_cast<int>(shadows.GetSolarEclipse()) - static_cast<int>(scene::SolarEclipse::kPartial);
+    const int kind =
+        static_cast<int>(shadows.GetSolarEclipse()) - static_cast<int>(scene::SolarEclipse::kPartial);
     text += Line(HostText::kSolarEclipse, {Localize(Nth(HostText::kFirstSolarEclipse, kind), {}).c_str(),
                                            shadows.GetSolarMagnitude()});
   }
@@ -76,9 +81,9 @@ std::string DescribeEclipses(const scene::EclipseShadows& shadows) {
 std::string DescribeSatellite(const scene::SkyFrame& frame, int body) {
   constexpr double kKmPerAu = 149597870.7;
   const scene::BodyModel& model = frame.GetBodies();
-  const std::string name = scene::ToCodePage(scene::GetBodyLabel(model.GetBodies()[static_cast<std::size_t>(body)]));
-  const HostText light =
-      frame.IsSunlit(body) ? HostText::kSatelliteSunlit : HostText::kSatelliteInShadow;
+  const std::string name =
+      scene::ToCodePage(scene::GetBodyLabel(model.GetBodies()[static_cast<std::size_t>(body)]));
+  const HostText light = frame.IsSunlit(body) ? HostText::kSatelliteSunlit : HostText::kSatelliteInShadow;
   const double distance = model.GetStates()[static_cast<std::size_t>(body)].seen.distance * kKmPerAu;
   return Line(HostText::kSatelliteSeen, {name.c_str(), distance, Localize(light, {}).c_str()});
 }

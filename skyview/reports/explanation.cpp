@@ -83,14 +83,15 @@ std::string DescribeLabel(const scene::Explanation& why) {
 
 std::vector<std::string> ListFacts(const scene::Explanation& why, const scene::ShownView& view) {
   if (why.obstacles & scene::kNoPlace) return {};
-  std::vector<std::string> facts = {
-      FormatText(view.observer.horizon ? "azimuth %.1f\u00B0, altitude %.1f\u00B0"
-                                       : "longitude %.1f\u00B0, latitude %.1f\u00B0 along the plane of the view",
-                 why.standing.azimuth, why.standing.altitude)};
+  std::vector<std::string> facts = {FormatText(
+      view.observer.horizon ? "azimuth %.1f\u00B0, altitude %.1f\u00B0"
+                            : "longitude %.1f\u00B0, latitude %.1f\u00B0 along the plane of the view",
+      why.standing.azimuth, why.standing.altitude)};
   if (!why.IsDrawn()) return facts;
   facts.push_back(FormatText("pixel %.0f, %.0f from the upper left corner", why.pixel.x, why.pixel.y));
   if (!why.code) return facts;
-  facts.push_back(FormatText("magnitude %.2f: ", scene::MagnitudeOfCode(*why.code)) + DescribeZoom(why.drawnFromZoom));
+  facts.push_back(FormatText("magnitude %.2f: ", scene::MagnitudeOfCode(*why.code)) +
+                  DescribeZoom(why.drawnFromZoom));
   facts.push_back(DescribeLabel(why));
   return facts;
 }
@@ -101,7 +102,8 @@ ExplanationLines DescribeExplanation(const scene::Explanation& explanation, cons
   return {ListReasons(explanation, view), ListFacts(explanation, view)};
 }
 
-std::string FormatExplanation(const std::string& title, const scene::Explanation& explanation, const scene::ShownView& view) {
+std::string FormatExplanation(const std::string& title, const scene::Explanation& explanation,
+                              const scene::ShownView& view) {
   const ExplanationLines lines = DescribeExplanation(explanation, view);
   std::string text = title + (explanation.IsDrawn() ? ": drawn\n" : ": not drawn\n");
   for (const auto& reason : lines.reasons) text += "- " + reason + "\n";

@@ -19,6 +19,7 @@ struct ExplanationLines {
 ExplanationLines DescribeExplanation(const scene::Explanation& explanation, const scene::ShownView& view);
 
 // The explanation as lines, each ending in "\n"; `title` names the object.
-std::string FormatExplanation(const std::string& title, const scene::Explanation& explanation, const scene::ShownView& view);
+std::string FormatExplanation(const std::string& title, const scene::Explanation& explanation,
+                              const scene::ShownView& view);
 
 }  // namespace skyview

@@ -22,13 +22,13 @@ std::string DescribeRange(const scene::FilterRule& rule, const scene::ObjectTrai
   switch (rule.quantity) {
     case scene::Quantity::kMagnitude:
       return FormatText("lets magnitudes %.2f to %.2f pass, it has %.2f", scene::MagnitudeOfCode(rule.least),
-                    scene::MagnitudeOfCode(rule.most), scene::MagnitudeOfCode(traits.code));
+                        scene::MagnitudeOfCode(rule.most), scene::MagnitudeOfCode(traits.code));
     case scene::Quantity::kColour:
       return FormatText("lets colour indices %.2f to %.2f pass, ", rule.least, rule.most) +
              (std::isnan(traits.colour) ? "its own is unknown" : FormatText("it has %.2f", traits.colour));
     default:
       return FormatText("lets sizes of %.1f' to %.1f' pass, ", rule.least * kMinutesPerRadian,
-                    rule.most * kMinutesPerRadian) +
+                        rule.most * kMinutesPerRadian) +
              (std::isnan(traits.size) ? "its own is unknown"
                                       : FormatText("it has %.1f'", traits.size * kMinutesPerRadian));
   }

@@ -9,8 +9,8 @@
 
 namespace skyview {
 
-// One English line for each of the rules that an object does not pass: the field, what it lets pass, what the object
-// has.
+// One English line for each of the rules that an object does not pass: the field, what it lets pass, what the
+// object has.
 std::vector<std::string> DescribeRejections(const std::vector<scene::FilterRule>& rejecting, int section,
                                             const scene::ObjectTraits& traits);
 

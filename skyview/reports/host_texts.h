@@ -87,8 +87,8 @@ enum class HostText : int {
 // What is done with each of them, ascending by identifier. Static data.
 const CommonInterfaces::TextUse* GetHostTexts(int* count);
 
-// The text, formatted with its arguments, which are in the code page of the language, as the result is. "" when the
-// table lacks it or it does not fit, with one diagnostic line.
+// The text, formatted with its arguments, which are in the code page of the language, as the result is. ""
+// when the table lacks it or it does not fit, with one diagnostic line.
 std::string Localize(HostText text, std::initializer_list<CommonInterfaces::FormatArgument> arguments);
 
 }  // namespace skyview

@@ -16,7 +16,7 @@ std::string FormatMoment(int day, double fraction) {
   CalendarDate date;
   JD(day, std::round(fraction * kMinutesPerDay) / kMinutesPerDay, date);
   return FormatText("%s%04d-%02d-%02d %02d:%02d", date.year < 0 ? "-" : "", std::abs(date.year), date.month,
-                date.day, date.hour, date.minute);
+                    date.day, date.hour, date.minute);
 }
 
 std::string FormatDay(int day, double fraction) {

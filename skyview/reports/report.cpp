@@ -29,15 +29,17 @@ std::string FormatLimits(const Camera& camera, HostText format, const char* inde
   for (const int cls : kClasses) {
     const scene::ClassLimits limits(camera, cls);
     const std::string name = Localize(static_cast<HostText>(text++), {});
-    lines += indent + Line(format, {name.c_str(), scene::MagnitudeOfCode(limits.draw), scene::MagnitudeOfCode(limits.full),
-                                    scene::MagnitudeOfCode(limits.label)});
+    lines +=
+        indent + Line(format, {name.c_str(), scene::MagnitudeOfCode(limits.draw),
+                               scene::MagnitudeOfCode(limits.full), scene::MagnitudeOfCode(limits.label)});
   }
   return lines;
 }
 
 }  // namespace
 
-std::string MakeReport(const Camera& camera, const std::vector<std::string>& status, const scene::SkyFrame& frame) {
+std::string MakeReport(const Camera& camera, const std::vector<std::string>& status,
+                       const scene::SkyFrame& frame) {
   std::string report;
   for (const auto& text : status) report += text + "\n";
   report += FormatLimits(camera, HostText::kMagnitudeLimits, "");

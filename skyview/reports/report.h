@@ -12,8 +12,8 @@
 
 namespace skyview {
 
-// The status of the view (MakeStatus), the limits of each class, how many objects were drawn, the bodies in words
-// (DescribeBodies).
+// The status of the view (MakeStatus), the limits of each class, how many objects were drawn, the bodies in
+// words (DescribeBodies).
 std::string MakeReport(const CommonInterfaces::Camera& camera, const std::vector<std::string>& status,
                        const scene::SkyFrame& frame);
 

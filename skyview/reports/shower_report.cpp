@@ -6,9 +6,9 @@
 #include <cstdlib>
 
 #include "common_interfaces/dates.h"
-#include "skyview/reports/host_texts.h"
 #include "scene/shower_activity.h"
 #include "scene/standing.h"
+#include "skyview/reports/host_texts.h"
 
 namespace skyview {
 namespace {
@@ -29,7 +29,8 @@ std::string FormatLine(const ActiveShower& active, const scene::ObserverFrame& o
                                                   static_cast<int>(record.raMinutes), record.decSign,
                                                   static_cast<int>(record.decDegrees)});
   if (observer.horizon) {
-    const scene::Standing standing = scene::FindStanding(scene::ApparentDirection(active.shower->radiant, observer), observer);
+    const scene::Standing standing =
+        scene::FindStanding(scene::ApparentDirection(active.shower->radiant, observer), observer);
     line += Localize(HostText::kStanding, {standing.azimuth, standing.altitude});
   }
   return "  " + scene::ToUtf8(line + FormatPeak(active.daysToPeak)) + "\n";
@@ -55,8 +56,8 @@ std::string MakeShowerReport(const CommonInterfaces::Camera& camera, const scene
   std::stable_sort(active.begin(), active.end(), [](const ActiveShower& a, const ActiveShower& b) {
     return std::abs(a.daysToPeak) < std::abs(b.daysToPeak);
   });
-  std::string report = scene::ToUtf8(Localize(HostText::kActiveShowers,
-                                       {FormatDate(camera).c_str(), static_cast<int>(active.size())})) +
+  std::string report = scene::ToUtf8(Localize(HostText::kActiveShowers, {FormatDate(camera).c_str(),
+                                                                         static_cast<int>(active.size())})) +
                        "\n";
   for (const auto& entry : active) report += FormatLine(entry, observer);
   return report;

@@ -11,8 +11,9 @@
 
 namespace skyview {
 
-// The showers that are active on the day of the view, UTF-8: a heading with the date, and a line for each, the nearest
-// maximum first. A line says the radiant, where it stands now (with a horizon), and the days to the maximum.
+// The showers that are active on the day of the view, UTF-8: a heading with the date, and a line for each,
+// the nearest maximum first. A line says the radiant, where it stands now (with a horizon), and the days to
+// the maximum.
 std::string MakeShowerReport(const CommonInterfaces::Camera& camera, const scene::ObserverFrame& observer,
                              const std::vector<scene::Shower>& showers);
 

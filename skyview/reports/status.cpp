@@ -13,10 +13,10 @@
 #include "common_interfaces/string_table.h"
 #include "scene/base_plane.h"
 #include "scene/compass.h"
+#include "scene/object_names.h"
 #include "skyview/reports/angle_text.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/moment_text.h"
-#include "scene/object_names.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -27,15 +27,15 @@ using CommonInterfaces::Camera;
 
 constexpr int kLocalTime = 0, kUniversalTime = 1;  // kinds of time
 
-// Formats of the string table: near a surface and in space; by hours, by degrees along the horizon, along another
-// plane.
+// Formats of the string table: near a surface and in space; by hours, by degrees along the horizon, along
+// another plane.
 constexpr int kSurfacePosition = 7208, kSpacePosition = 7209;
 constexpr int kHours = 7216, kHorizonDegrees = 7217, kOtherDegrees = 7218;
 constexpr unsigned char kByHours = 0, kByDegrees = 1, kOtherDirection = 2;  // direction modes
 constexpr unsigned kFirstPlaneName = 5011;                                  // by base plane
 
-// The texts of one view, in the code page of the language until they are taken. The library's functions ask a camera
-// for what they show, so each text sets up a copy of the camera that shows it.
+// The texts of one view, in the code page of the language until they are taken. The library's functions ask a
+// camera for what they show, so each text sets up a copy of the camera that shows it.
 class StatusWriter {
  public:
   StatusWriter(const Camera& camera, const scene::SkyCatalogs& catalogs)
@@ -125,10 +125,11 @@ void StatusWriter::AddTime(int kind) {
   }
 }
 
-// As the library writes it; before the year 1 without an era, for the line of the date counts the years with a year 0.
+// As the library writes it; before the year 1 without an era, for the line of the date counts the years with
+// a year 0.
 std::string StatusWriter::FormatDate(const _Date& time) {
-  const std::string shown = FormatDay(
-      time.day, time.fraction + (time.type == kLocalTime ? m_Camera.GetLocUTCdelta() : 0.0));
+  const std::string shown =
+      FormatDay(time.day, time.fraction + (time.type == kLocalTime ? m_Camera.GetLocUTCdelta() : 0.0));
   return IsBeforeFirstYear(shown) ? shown : CommonInterfaces::GetDateString(&m_Shown);
 }
 

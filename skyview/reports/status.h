@@ -11,9 +11,10 @@
 namespace skyview {
 
 // The state of a view as the user reads it, in the current language: place, coordinates, height, local and
-// Universal Time, date, centred object, direction, refraction, plane, slope, zoom, field of view. One UTF-8 text
-// each, without line ends, the same for the report and for the picture; what does not apply is left out. The camera
-// is prepared (PrepareObserver) and has its window.
-std::vector<std::string> MakeStatus(const CommonInterfaces::Camera& camera, const scene::SkyCatalogs& catalogs);
+// Universal Time, date, centred object, direction, refraction, plane, slope, zoom, field of view. One UTF-8
+// text each, without line ends, the same for the report and for the picture; what does not apply is left out.
+// The camera is prepared (PrepareObserver) and has its window.
+std::vector<std::string> MakeStatus(const CommonInterfaces::Camera& camera,
+                                    const scene::SkyCatalogs& catalogs);
 
 }  // namespace skyview

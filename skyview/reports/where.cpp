@@ -68,7 +68,8 @@ class WhereWriter {
   void AddDistance();
   void AddLook();
   void AddEvents();
-  void AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event, bool withAltitude);
+  void AddEvent(HostText text, HostText none, const std::optional<scene::SkyMoment>& event,
+                bool withAltitude);
   std::optional<HorizonPlace> Find(const scene::SkyMoment& moment) const;
   scene::SkyMoment FindStart() const;
   RiseTransitSet FindEvents() const;
@@ -173,7 +174,8 @@ RiseTransitSet WhereWriter::FindEvents() const {
   return events;
 }
 
-// The pass that is on, else the first of the next 24 hours: what begins below the horizon sets after it rises.
+// The pass that is on, else the first of the next 24 hours: what begins below the horizon sets after it
+// rises.
 RiseTransitSet WhereWriter::FindPass() const {
   constexpr double kBack = 1.0 / 96.0;  // days
   const auto isUp = [this](const scene::SkyMoment& moment) {

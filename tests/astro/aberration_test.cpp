@@ -43,9 +43,9 @@ TEST(Aberration, ResultMayBeEitherArgument) {
   }
 }
 
-// Meeus, Astronomical Algorithms (1998), examples 21.b and 23: theta Persei, J2000.0 position with its proper motion on
-// 2028 November 13.19 TD, gives the apparent place 2h 46m 14.390s, +49 21' 07.45". His constants of precession are those
-// of 1976, 0.30 arc second a century larger in longitude: 0.09 arc second until then.
+// Meeus, Astronomical Algorithms (1998), examples 21.b and 23: theta Persei, J2000.0 position with its proper
+// motion on 2028 November 13.19 TD, gives the apparent place 2h 46m 14.390s, +49 21' 07.45". His constants of
+// precession are those of 1976, 0.30 arc second a century larger in longitude: 0.09 arc second until then.
 TEST(Aberration, ApparentPlaceOfThetaPersei) {
   const double date = 2462088.69;
   double direction[3], velocity[3], m[9];

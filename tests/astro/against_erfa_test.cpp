@@ -87,8 +87,8 @@ TEST(AgainstErfa, PrecessionAndNutationFrom1700To2300) {
   difference.Expect(0.01);
 }
 
-// What the header says of far-away years: the long-term precession of Vondrak, Capitaine & Wallace 2011, with the full
-// nutation, against the polynomials.
+// What the header says of far-away years: the long-term precession of Vondrak, Capitaine & Wallace 2011, with
+// the full nutation, against the polynomials.
 TEST(AgainstErfa, LongRangeDriftIsAsTheHeaderSays) {
   const struct {
     double year, arcSeconds;
@@ -158,8 +158,8 @@ TEST(AgainstErfa, SiderealTimeFromMinus3000To3000) {
   difference.Expect(0.1);
 }
 
-// The nutation in both is that of 2000B: what remains is the terms left out of the equation of the equinoxes, whose
-// amplitudes (IERS Conventions 2010, table 5.2e) add up to 41 microarcseconds, 2.7e-6 second of time.
+// The nutation in both is that of 2000B: what remains is the terms left out of the equation of the equinoxes,
+// whose amplitudes (IERS Conventions 2010, table 5.2e) add up to 41 microarcseconds, 2.7e-6 second of time.
 TEST(AgainstErfa, SiderealTimeWithTheSameNutation) {
   Largest difference("sidereal time against eraGst06 of our matrix, 1900 to 2100", "second of time");
   for (int day = static_cast<int>(JulianDateOfYear(1900)); day < JulianDateOfYear(2100); day += 9) {

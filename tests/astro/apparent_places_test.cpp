@@ -30,7 +30,8 @@ ObservedBody SeenFromTheCentre(const SSO_ID& body, double dateTT) {
 
 }  // namespace
 
-// Meeus, Astronomical Algorithms (1998), example 25.b: the Sun on 1992 October 13.0 TD, the values of the whole VSOP87.
+// Meeus, Astronomical Algorithms (1998), example 25.b: the Sun on 1992 October 13.0 TD, the values of the
+// whole VSOP87.
 TEST(ApparentPlaces, SunAsInTheExample) {
   const ObservedBody sun = SeenFromTheCentre(Planet(10), 2448908.5);
   const SkyPlace published = {FromHms(13, 13, 30.749), -FromDms(7, 47, 1.74)};
@@ -41,7 +42,8 @@ TEST(ApparentPlaces, SunAsInTheExample) {
   EXPECT_EQ(sun.elongation, 0.0);
 }
 
-// Meeus, example 33.a: Venus on 1992 December 20.0 TD, the values of the whole VSOP87; the light took 0.0052612 day.
+// Meeus, example 33.a: Venus on 1992 December 20.0 TD, the values of the whole VSOP87; the light took
+// 0.0052612 day.
 TEST(ApparentPlaces, VenusAsInTheExample) {
   const ObservedBody venus = SeenFromTheCentre(Planet(2), 2448976.5);
   const SkyPlace published = {FromHms(21, 4, 41.454), -FromDms(18, 53, 16.84)};
@@ -90,7 +92,8 @@ TEST(ApparentPlaces, ParallaxOfMarsAsInTheExample) {
   EXPECT_LT(ArcSecondsBetween(ApparentPlace(mars, dateTT), published), 1.0);
 }
 
-// JPL Horizons (DE431), from 81 degrees west, 29 degrees north, 10 m: astrometric places on ICRS axes. Universal Time.
+// JPL Horizons (DE431), from 81 degrees west, 29 degrees north, 10 m: astrometric places on ICRS axes.
+// Universal Time.
 TEST(ApparentPlaces, TopocentricPlacesOfHorizons) {
   Largest moon("the Moon from a place on the Earth against Horizons", "arc second");
   Largest mars("Mars from a place on the Earth against Horizons", "arc second");
@@ -109,7 +112,8 @@ TEST(ApparentPlaces, TopocentricPlacesOfHorizons) {
   mars.Expect(2.0);
 }
 
-// The parallax of the Moon on the horizon is about a degree: an observer sees it lower than the Earth's centre does.
+// The parallax of the Moon on the horizon is about a degree: an observer sees it lower than the Earth's
+// centre does.
 TEST(ApparentPlaces, TheMoonStandsLowerForWhoStandsOnTheSurface) {
   CQXSolSys model;
   model.SetMoment(2458454.5, 69.2);
@@ -126,7 +130,8 @@ TEST(ApparentPlaces, TheMoonStandsLowerForWhoStandsOnTheSurface) {
   EXPECT_EQ(VectorsAngle(centre.astrometric, again.astrometric), 0.0);
 }
 
-// The largest aberration is 20.84 arc seconds, at the Earth's perihelion; light from Jupiter takes 35 to 54 minutes.
+// The largest aberration is 20.84 arc seconds, at the Earth's perihelion; light from Jupiter takes 35 to 54
+// minutes.
 TEST(ApparentPlaces, AberrationAndLightTimeHaveTheirSize) {
   for (double date = 2451545.0; date < 2452000.0; date += 31.0) {
     const ObservedBody jupiter = SeenFromTheCentre(Planet(5), date);
@@ -137,8 +142,8 @@ TEST(ApparentPlaces, AberrationAndLightTimeHaveTheirSize) {
   }
 }
 
-// Light is bent away from the Sun by 1.75 arc seconds at its limb (Einstein 1916), less in proportion to the distance from
-// its centre.
+// Light is bent away from the Sun by 1.75 arc seconds at its limb (Einstein 1916), less in proportion to the
+// distance from its centre.
 TEST(ApparentPlaces, LightIsBentAtTheSun) {
   CQXSolSys model;
   model.SetMoment(2451545.0, 63.83);

@@ -83,8 +83,8 @@ TEST(DeltaT, MonthlyTableOfTheNavalObservatory) {
   difference.Expect(0.01);
 }
 
-// TDB - UT of another service; TDB is within 0.002 s of TT. It follows other reductions of the early observations (1.2 s
-// from the observatory's table in 1907, 7 s in 1700), and after 2023 it is a constant.
+// TDB - UT of another service; TDB is within 0.002 s of TT. It follows other reductions of the early
+// observations (1.2 s from the observatory's table in 1907, 7 s in 1700), and after 2023 it is a constant.
 TEST(DeltaT, HorizonsWithinOneSecondFrom1925To2022) {
   Largest difference("JPL Horizons 1925 to 2022, yearly", "second");
   for (const auto& row : ReadTable(kData + "horizons_tdb_ut_yearly.tsv")) {

@@ -23,7 +23,8 @@ using astro_test::Largest;
 
 namespace {
 
-// By how much the axes of `later` are turned about their third axis against those of `earlier`, for small turns.
+// By how much the axes of `later` are turned about their third axis against those of `earlier`, for small
+// turns.
 double TurnAboutThePole(const double earlier[9], const double later[9]) {
   const double* x = later;
   const double* y = later + 3;
@@ -52,8 +53,8 @@ TEST(EarthOrientation, PublishedSiderealTimes) {
               0.005);
 }
 
-// Meeus, example 13.b: Venus over Washington, the longitude as he rounds it. Neither refraction nor parallax is in his
-// numbers or in ours.
+// Meeus, example 13.b: Venus over Washington, the longitude as he rounds it. Neither refraction nor parallax
+// is in his numbers or in ours.
 TEST(EarthOrientation, PublishedAltitudeAndAzimuth) {
   const double longitude = -FromHms(5, 8, 15.7);
   const double latitude = FromDms(38, 55, 17);
@@ -109,8 +110,8 @@ TEST(EarthOrientation, PublishedMeanObliquity) {
   EXPECT_NEAR(MeanObliquity(2451545.0) / kArcSecond, 84381.406, 1e-9);
 }
 
-// What keeps stars in place over the horizon: sidereal time less the rotation of the Earth must gain just what the
-// equinox moves along the equator. That is summed here from 2000 outwards, in steps of 20 days.
+// What keeps stars in place over the horizon: sidereal time less the rotation of the Earth must gain just
+// what the equinox moves along the equator. That is summed here from 2000 outwards, in steps of 20 days.
 TEST(EarthOrientation, SiderealTimeFollowsTheEquinoxOverTheAges) {
   const struct {
     const char* quantity;

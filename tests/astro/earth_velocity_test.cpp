@@ -16,8 +16,8 @@ TEST(EarthVelocity, PublishedExample) {
   EXPECT_NEAR(v[2] * lightPerDay * 1e8, 429285, 2.0);
 }
 
-// The constant of aberration, 20.4955 arc seconds, times 1 less or more the eccentricity 0.0167, and what the planets
-// and the Moon add (0.01 arc second).
+// The constant of aberration, 20.4955 arc seconds, times 1 less or more the eccentricity 0.0167, and what the
+// planets and the Moon add (0.01 arc second).
 TEST(EarthVelocity, SpeedStaysNearTheConstantOfAberration) {
   for (double date = 2415020.0; date < 2488070.0; date += 17.3) {
     double v[3];

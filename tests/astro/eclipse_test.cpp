@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Eclipses against the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com): times in Universal Time.
+// Eclipses against the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com): times in Universal
+// Time.
 #include "astro/eclipse.h"
 
 #include <gtest/gtest.h>
@@ -57,7 +58,8 @@ TEST_F(EclipseTest, TotalLunarEclipseOf20260303) {
   EXPECT_NEAR(lunar.umbralMagnitude, 1.1507, 0.004);
 }
 
-// Contacts: penumbra from 8:44:22, umbra from 9:50:00, total from 11:04:26 to 12:02:45, umbra left at 13:17:10.
+// Contacts: penumbra from 8:44:22, umbra from 9:50:00, total from 11:04:26 to 12:02:45, umbra left at
+// 13:17:10.
 TEST_F(EclipseTest, ContactsOf20260303AreWithinAMinute) {
   const struct {
     int hour, minute, second;
@@ -81,7 +83,8 @@ TEST_F(EclipseTest, FullMoonOf20260102PassesTheShadowBy) {
   EXPECT_LT(lunar.umbralMagnitude, 0.0);
 }
 
-// 2024 April 8, total in Dallas (32.78 N, 96.80 W) from 18:40:43 to 18:44:34; annular on 2023 October 14 in San Antonio.
+// 2024 April 8, total in Dallas (32.78 N, 96.80 W) from 18:40:43 to 18:44:34; annular on 2023 October 14 in
+// San Antonio.
 TEST_F(EclipseTest, SolarEclipsesAsTheyAreSeen) {
   const EarthPlace dallas = At(32.78, -96.80, 130.0);
   Compute(2024, 4, 8, 18, 42, 40, dallas);
@@ -98,7 +101,8 @@ TEST_F(EclipseTest, SolarEclipsesAsTheyAreSeen) {
   EXPECT_EQ(solar.kind, SolarEclipse::kElsewhere);
 }
 
-// The foot is perpendicular to the axis; at the Moon the umbra is some 4600 km wide, the penumbra 8200 (radii).
+// The foot is perpendicular to the axis; at the Moon the umbra is some 4600 km wide, the penumbra 8200
+// (radii).
 TEST_F(EclipseTest, ShadowOfTheEarthAtTheMoon) {
   Compute(2025, 3, 14, 6, 58, 42);
   EXPECT_NEAR(Vmod(lunar.shadow.axis, 3), 1.0, 1e-12);
@@ -107,7 +111,8 @@ TEST_F(EclipseTest, ShadowOfTheEarthAtTheMoon) {
   EXPECT_NEAR(lunar.shadow.penumbraRadius * kKilometresPerAu, 8250.0, 150.0);
 }
 
-// By hand: a ball of 0.001 au, 1 au from the Sun (0.00465047 au), whose target stands 0.1 au behind it and 0.0005 beside.
+// By hand: a ball of 0.001 au, 1 au from the Sun (0.00465047 au), whose target stands 0.1 au behind it and
+// 0.0005 beside.
 TEST(Shadow, RadiiFollowFromTheConesOfTheTangents) {
   const double sunAt[3] = {1.0, 0.0, 0.0}, target[3] = {-0.1, 0.0005, 0.0};
   const Shadow shadow = CastShadow(0.001, sunAt, target);

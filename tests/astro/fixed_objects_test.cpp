@@ -42,8 +42,8 @@ StarRecord Barnard() {
 
 }  // namespace
 
-// Meeus, Astronomical Algorithms (1998), example 23.a: theta Persei on 2028 November 13.19 TD. His constants of precession
-// are older than ours by 0.1 arc second.
+// Meeus, Astronomical Algorithms (1998), example 23.a: theta Persei on 2028 November 13.19 TD. His constants
+// of precession are older than ours by 0.1 arc second.
 TEST(Stars, ThetaPerseiAsInTheExample) {
   StarRecord star;
   star.ra = FromHms(2, 44, 11.986);
@@ -83,8 +83,8 @@ TEST(Stars, ProperMotionWithoutParallaxIsStraight) {
   EXPECT_EQ(seen.distance, 0.0);
 }
 
-// The light that reaches the Earth on the near side of its orbit left the star later than what the barycentre sees: with
-// 1000 arc seconds a year, 8 minutes are 0.016 arc second.
+// The light that reaches the Earth on the near side of its orbit left the star later than what the barycentre
+// sees: with 1000 arc seconds a year, 8 minutes are 0.016 arc second.
 TEST(Stars, ProperMotionCountsFromWhenTheLightPassesTheBarycentre) {
   const double date = 2451545.0 + 3652.5;
   CQXSolSys model;
@@ -104,8 +104,8 @@ TEST(Stars, ProperMotionCountsFromWhenTheLightPassesTheBarycentre) {
               std::atan(star.properMotionDec * years) / kArcSecond, 0.0003);
 }
 
-// Barnard's star passes the Sun at 3.76 light years about the year 11800 (Bobylev 2010); until 9800 it comes nearer and
-// its motion grows.
+// Barnard's star passes the Sun at 3.76 light years about the year 11800 (Bobylev 2010); until 9800 it comes
+// nearer and its motion grows.
 TEST(Stars, ApproachingStarGrowsFasterAndNearer) {
   const StarRecord star = Barnard();
   const ObservedBody now = See(kStar, &star, JulianDateOfYear(2000));

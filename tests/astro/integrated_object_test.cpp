@@ -65,8 +65,8 @@ double Distance(const double a[3], const double b[3]) {
 
 }  // namespace
 
-// From the elements of 2020 to those of 2022: JPL's integration, which knows sixteen asteroids more, is met to 1e-6 au; the
-// two-body motion misses it by a thousand times that.
+// From the elements of 2020 to those of 2022: JPL's integration, which knows sixteen asteroids more, is met
+// to 1e-6 au; the two-body motion misses it by a thousand times that.
 TEST(IntegratedObject, CeresFromOnePublishedEpochToAnother) {
   std::optional<IntegratedObject> ceres = Begin(kCeresId, CeresOf2020());
   ASSERT_TRUE(ceres.has_value());
@@ -82,7 +82,8 @@ TEST(IntegratedObject, CeresFromOnePublishedEpochToAnother) {
   EXPECT_GT(Distance(undisturbed, published), 1000.0 * off);
 }
 
-// JPL Horizons (DE441): barycentric places of Ceres; the Sun's own place about the barycentre of DE405 is taken off.
+// JPL Horizons (DE441): barycentric places of Ceres; the Sun's own place about the barycentre of DE405 is
+// taken off.
 TEST(IntegratedObject, CeresAtPublishedPlaces) {
   std::optional<IntegratedObject> ceres = Begin(kCeresId, CeresOf2020());
   ASSERT_TRUE(ceres.has_value());
@@ -107,8 +108,9 @@ TEST(IntegratedObject, CeresAtPublishedPlaces) {
   }
 }
 
-// Comet Halley passed its perihelion on 1986 February 9.46 (JD 2446470.96; Yeomans, Rahe & Freitag 1986). The elements of
-// 1994, undisturbed, say 3.6 days earlier. What its jets did to it in these eight years is hours at most.
+// Comet Halley passed its perihelion on 1986 February 9.46 (JD 2446470.96; Yeomans, Rahe & Freitag 1986). The
+// elements of 1994, undisturbed, say 3.6 days earlier. What its jets did to it in these eight years is hours
+// at most.
 TEST(IntegratedObject, HalleyBackThroughItsPerihelionOf1986) {
   std::optional<IntegratedObject> halley = Begin(kHalleyId, HalleyOf1994());
   ASSERT_TRUE(halley.has_value());
@@ -187,7 +189,8 @@ TEST(IntegratedObject, MomentOutOfRangeFailsAndTheNextOneIsReached) {
   EXPECT_NE(seen.distance, 77.0);
 }
 
-// A parabola through the Sun's centre, 0.0000002 of its radius beside it: out again as fast as in, but for the planets.
+// A parabola through the Sun's centre, 0.0000002 of its radius beside it: out again as fast as in, but for
+// the planets.
 TEST(IntegratedObject, GrazingTheSunIsLivedThrough) {
   CQXSolSys model;
   OrbitalElements elements = Elements(2458849.5, 1e-9, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0);

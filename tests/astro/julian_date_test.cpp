@@ -98,8 +98,8 @@ TEST(JulianDate, PublishedDates) {
   }
 }
 
-// Halley's comet passed its perihelion on 1835 November 16 and 1910 April 20, 27183 days later (Meeus, example 7.d).
-// 10000 days after 1991 July 11 comes 2018 November 26 (his exercise to it).
+// Halley's comet passed its perihelion on 1835 November 16 and 1910 April 20, 27183 days later (Meeus,
+// example 7.d). 10000 days after 1991 July 11 comes 2018 November 26 (his exercise to it).
 TEST(JulianDate, PublishedIntervals) {
   EXPECT_EQ(ToMoment(Date(1910, 4, 20)).day - ToMoment(Date(1835, 11, 16)).day, 27183);
   ExpectDate(ToDate(ToMoment(Date(1991, 7, 11)).day + 10000, 0.0), 2018, 11, 26);
@@ -121,7 +121,8 @@ TEST(JulianDate, EveryDayOfTheYearsMinus32768To32767FollowsTheCalendarRules) {
     if (!sameDate || back != day || fraction != 0.0 || date.hour != 12 || date.minute != 0) ++wrong;
   }
   EXPECT_EQ(wrong, 0);
-  // 65536 years with a leap day in four, less ten days in 1582 and the leap days of the common centuries since.
+  // 65536 years with a leap day in four, less ten days in 1582 and the leap days of the common centuries
+  // since.
   const int commonCenturies = (327 - 16) - (81 - 4);
   EXPECT_EQ(day - first, 65536 * 365 + 65536 / 4 - 10 - commonCenturies);
 }

@@ -19,8 +19,8 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
-// M from E with the difference E - e sin E formed in a way that keeps all digits: by (1 - e) E + e (E - sin E), whose
-// second part is summed term by term.
+// M from E with the difference E - e sin E formed in a way that keeps all digits: by (1 - e) E + e (E - sin
+// E), whose second part is summed term by term.
 double MeanFromEccentric(double e, double angle) {
   long double rest = 0.0L;
   long double term = static_cast<long double>(angle);
@@ -40,9 +40,9 @@ TEST(KeplerEquation, EllipsesOfTheReferenceTable) {
     const double e = std::stod(row[1]);
     const double mean = std::stod(row[2]) * kDegree;
     const double expected = std::stod(row[3]) * kDegree;
-    // Angles and eccentricity are rounded to doubles before they are used (half a unit of the last place each, with the
-    // conversion from degrees): near the pericentre of a long ellipse the anomaly follows 1 / (1 - e cos E) times. The
-    // table's own zeros are 1e-36.
+    // Angles and eccentricity are rounded to doubles before they are used (half a unit of the last place
+    // each, with the conversion from degrees): near the pericentre of a long ellipse the anomaly follows 1 /
+    // (1 - e cos E) times. The table's own zeros are 1e-36.
     const double rounding =
         (4e-16 * mean + 6e-17 * std::sin(expected)) / (1.0 - e * std::cos(expected)) + 1e-35;
     const double found = SolveKeplerEllipse(e, mean);

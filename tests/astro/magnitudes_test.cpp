@@ -74,8 +74,8 @@ TEST(Magnitudes, NeptuneBrightenedFrom1980To2000) {
   EXPECT_NEAR(Magnitude(8, 30.207767693725, 29.8172370857530, 1.7741, 2448008.5), 7.827, 0.0006);
 }
 
-// Meeus, Astronomical Algorithms (1998), example 41.d: Saturn on 1992 December 16.0, the rings opened by 16.4 degrees: 0.7
-// by the older formula of the Astronomical Almanac.
+// Meeus, Astronomical Algorithms (1998), example 41.d: Saturn on 1992 December 16.0, the rings opened by 16.4
+// degrees: 0.7 by the older formula of the Astronomical Almanac.
 TEST(Magnitudes, SaturnAsInTheExample) {
   CQXSolSys model;
   ObservedBody seen;
@@ -102,7 +102,8 @@ TEST(Magnitudes, SaturnWithItsRingsOpen) {
   VectorOfLatitude(ra, dec, -22.0, sun);
   VectorOfLatitude(ra, dec, -22.0, earth);
   const Illumination open = {9.0, 8.0, 0.1 * kDegree, date, sun, earth};
-  // By hand: 5 log 72 - 8.914 - 1.825 sin 22 + 0.0026 - 0.378 sin 22 exp(-0.225) = -0.421; without opening 0.376.
+  // By hand: 5 log 72 - 8.914 - 1.825 sin 22 + 0.0026 - 0.378 sin 22 exp(-0.225) = -0.421; without opening
+  // 0.376.
   EXPECT_NEAR(PlanetMagnitude(Planet(6), open), 9.28666 - 8.914 - 0.68365 + 0.0026 - 0.11307, 0.001);
   VectorOfLatitude(ra, dec, 0.5, sun);
   const Illumination dark = {9.0, 8.0, 0.1 * kDegree, date, sun, earth};
@@ -145,8 +146,9 @@ TEST(Magnitudes, MarsAtItsOppositionOf2003) {
 
 TEST(Magnitudes, PlutoByDistancesAlone) { EXPECT_NEAR(Magnitude(9, 30.0, 30.0, 1.0), -1.01 + 14.7712, 1e-4); }
 
-// Bowell et al. 1989: at phase 0 the magnitude is H and the distances. With G = 0.15 at 20 degrees the formula gives 1.00
-// more, worked out by hand: phi1 = exp(-3.33 * 0.17633^0.63) = 0.3276, phi2 = exp(-1.87 * 0.17633^1.22) = 0.7984.
+// Bowell et al. 1989: at phase 0 the magnitude is H and the distances. With G = 0.15 at 20 degrees the
+// formula gives 1.00 more, worked out by hand: phi1 = exp(-3.33 * 0.17633^0.63) = 0.3276, phi2 = exp(-1.87 *
+// 0.17633^1.22) = 0.7984.
 TEST(Magnitudes, AsteroidsByAbsoluteMagnitudeAndSlope) {
   OrbitalElements elements;
   elements.absMagnitude = 3.33f;

@@ -8,8 +8,8 @@
 
 using astro_test::kArcSecond;
 
-// Meeus, Astronomical Algorithms (1998), example 22.a, by the IAU 1980 theory; the poles of the two theories were 0.015
-// arc second apart in 1987.
+// Meeus, Astronomical Algorithms (1998), example 22.a, by the IAU 1980 theory; the poles of the two theories
+// were 0.015 arc second apart in 1987.
 TEST(Nutation, TenthOfApril1987) {
   const astro_internal::Nutation nutation = astro_internal::NutationAt((2446895.5 - 2451545.0) / 36525.0);
   EXPECT_NEAR(nutation.longitude / kArcSecond, -3.788, 0.03);

@@ -94,8 +94,8 @@ TEST(ObserverAgainstErfa, PlaceOnTheEarth) {
       velocity.Note((moment.observerVelocity[i] - earthVelocity[i]) * 299792458.0 - state[1][i], date);
     }
   }
-  position.Expect(
-      1.5);  // 0.003 arc second of the nutation is 0.1 m, 0.0002 s of sidereal time 0.1 m, a date's digits 0.02 m
+  // 0.003 arc second of the nutation is 0.1 m, 0.0002 s of sidereal time 0.1 m, a date's digits 0.02 m.
+  position.Expect(1.5);
   velocity.Expect(0.001);
 }
 

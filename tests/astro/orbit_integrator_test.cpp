@@ -72,7 +72,8 @@ TEST(OrbitIntegrator, ReturnsToItsStartAfterAHundredRevolutions) {
     Pull pull;
     const OrbitState end = Integrate(start, 0.0, 100.0 * kPeriod, 1e-15, &pull);
     const double speed = Vmod(start.velocity, 3);
-    // What counts at the pericentre is when the body comes there: 1e-11 of a revolution is 0.3 millisecond of a year.
+    // What counts at the pericentre is when the body comes there: 1e-11 of a revolution is 0.3 millisecond of
+    // a year.
     const double late = Separation(start, end) / speed / kPeriod;
     std::printf("[ largest  ] e = %g: %.3g of a revolution, energy %.3g, %d evaluations\n", e, late,
                 Energy(end) / Energy(start) - 1.0, pull.asked);

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Sun, planets and Moon against the theories in liberfa, which are others: Simon et al. 1994 for the planets (plan94, up to
-// 86 arc seconds off), Bretagnon's fit to DE405 for the Earth (epv00), the table of Meeus for the Moon (moon98).
+// Sun, planets and Moon against the theories in liberfa, which are others: Simon et al. 1994 for the planets
+// (plan94, up to 86 arc seconds off), Bretagnon's fit to DE405 for the Earth (epv00), the table of Meeus for
+// the Moon (moon98).
 #include <erfa.h>
 #include <gtest/gtest.h>
 
@@ -21,8 +22,8 @@ namespace {
 
 constexpr double kStep = 137.31;  // days
 
-// What liberfa's notes state of plan94 against VSOP82, the forerunner of VSOP87, from 1000 to 3000: arc seconds, in
-// heliocentric longitude and latitude. To them comes what the series here are off.
+// What liberfa's notes state of plan94 against VSOP82, the forerunner of VSOP87, from 1000 to 3000: arc
+// seconds, in heliocentric longitude and latitude. To them comes what the series here are off.
 struct StatedError {
   int number;
   double longitude, latitude;
@@ -61,8 +62,8 @@ TEST(PlanetsAgainstErfa, EarthAboutTheSun) {
   velocity.Expect(2e-7);
 }
 
-// The notes of moon98 state against ELP/MPP02, 1950 to 2100: 18.3 arc seconds and 31.7 km at worst, 2.9 arc seconds root
-// mean square.
+// The notes of moon98 state against ELP/MPP02, 1950 to 2100: 18.3 arc seconds and 31.7 km at worst, 2.9 arc
+// seconds root mean square.
 TEST(PlanetsAgainstErfa, MoonWithinTheErrorsOfTheSmallerTable) {
   Largest direction("the Moon against eraMoon98, 1950 to 2100", "arc second");
   Largest distance("the Moon's distance against eraMoon98, 1950 to 2100", "km");

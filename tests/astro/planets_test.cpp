@@ -49,7 +49,8 @@ bool StateOfPoint(int number, double date, double position[3], double velocity[3
 
 void SetTo(double v[3], double value) { v[0] = v[1] = v[2] = value; }
 
-// One coordinate of one body seen from another each. What two bodies are off adds up, and shows larger from near by.
+// One coordinate of one body seen from another each. What two bodies are off adds up, and shows larger from
+// near by.
 void CompareTestPoints(const char* table, double tolerance) {
   std::map<int, Largest> largest;
   Largest speed("velocity against the test points", "au/day");
@@ -127,8 +128,8 @@ TEST(Planets, PlutoMeetsDe405From1600To2200) {
   difference.Expect(0.1);
 }
 
-// Meeus, Astronomical Algorithms (1998), example 32.a: Venus on 1992 December 20, 0h TD, heliocentric, mean ecliptic of
-// date; here the radius, which no frame changes. His shorter table is 1.3e-6 off DE405.
+// Meeus, Astronomical Algorithms (1998), example 32.a: Venus on 1992 December 20, 0h TD, heliocentric, mean
+// ecliptic of date; here the radius, which no frame changes. His shorter table is 1.3e-6 off DE405.
 TEST(Planets, DistanceOfVenusFromTheSunAsInTheExample) {
   double position[3];
   ASSERT_TRUE(ComputePlanetState(Planet(2), 2448976.5, position, nullptr));

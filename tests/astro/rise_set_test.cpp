@@ -21,8 +21,8 @@ constexpr double kMinute = 1.0 / 1440.0;
 
 }  // namespace
 
-// Meeus, Astronomical Algorithms (2nd edition 1998), example 15.a: Venus at Boston on 1988 March 20, fractions of the
-// day in Universal Time: rises 0.51766, transits 0.81980, sets 0.12130.
+// Meeus, Astronomical Algorithms (2nd edition 1998), example 15.a: Venus at Boston on 1988 March 20,
+// fractions of the day in Universal Time: rises 0.51766, transits 0.81980, sets 0.12130.
 TEST(RiseSet, VenusAtBostonAsInTheBook) {
   CQXSolSys model;
   const auto find =
@@ -33,8 +33,9 @@ TEST(RiseSet, VenusAtBostonAsInTheBook) {
   EXPECT_NEAR(DayFraction(events.set), 0.12130, 0.3 * kMinute);
 }
 
-// London (51.5 N, 0.125 W), 2026 June 21, by another library (PyEphem 4.1.4, horizon -34', upper limb): the Sun rises
-// 03:43:10, transits 12:02:19, sets 20:21:28; the Moon rises 11:40:29, transits 17:51:07, sets 23:45:54.
+// London (51.5 N, 0.125 W), 2026 June 21, by another library (PyEphem 4.1.4, horizon -34', upper limb): the
+// Sun rises 03:43:10, transits 12:02:19, sets 20:21:28; the Moon rises 11:40:29, transits 17:51:07, sets
+// 23:45:54.
 TEST(RiseSet, SunAndMoonAtLondon) {
   CQXSolSys model;
   const EarthPlace london = At(51.5, -0.125);

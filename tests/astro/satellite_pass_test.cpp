@@ -32,8 +32,8 @@ class SatellitePass : public testing::Test {
 
 }  // namespace
 
-// Berlin, 2014 January 21, 05:07:12 UT: azimuth 190.8, altitude 69.0, 449 km away, sunlit; 03:30:30 UT: azimuth 169.9,
-// altitude 69.9, in the Earth's shadow (PyEphem 4.1.4 from the same elements).
+// Berlin, 2014 January 21, 05:07:12 UT: azimuth 190.8, altitude 69.0, 449 km away, sunlit; 03:30:30 UT:
+// azimuth 169.9, altitude 69.9, in the Earth's shadow (PyEphem 4.1.4 from the same elements).
 TEST_F(SatellitePass, StationStandsAndShinesWhereAnotherLibrarySeesIt) {
   const SatelliteModel satellite(elements);
   CQXSolSys model;
@@ -59,7 +59,8 @@ TEST_F(SatellitePass, StationStandsAndShinesWhereAnotherLibrarySeesIt) {
     const SatellitePlace place = FindSatellitePlace(satellite, elements.epoch, moment, berlin, sun.apparent);
     ASSERT_TRUE(place.known);
     EXPECT_EQ(place.sunlit, entry.sunlit);
-    // The same place; the apparent one has aberration (21 arc seconds at most) and 1.5 milliseconds of light time.
+    // The same place; the apparent one has aberration (21 arc seconds at most) and 1.5 milliseconds of light
+    // time.
     double apparent[3];
     MV3prod(axes, seen.apparent, apparent);
     EXPECT_NEAR(VectorsAngle(place.direction, apparent) / kRadiansPerArcsecond, 0.0, 30.0);

@@ -22,8 +22,8 @@ namespace {
 
 constexpr double kUntouched = 1e9;
 
-// The element sets of the verification by catalogue number. Three of them were made by hand and have wrong checksums,
-// which is another test's subject.
+// The element sets of the verification by catalogue number. Three of them were made by hand and have wrong
+// checksums, which is another test's subject.
 const std::map<int, OrbitalElements>& Sets() {
   static const auto sets = [] {
     std::map<int, OrbitalElements> result;
@@ -61,8 +61,9 @@ OrbitalElements Changed(int number, double OrbitalElements::*member, double valu
 
 }  // namespace
 
-// Vallado, Crawford, Hujsak & Kelso 2006: 666 states that their verification run printed with eight digits behind the point
-// (velocities nine). The run of the last set stopped with a fault and printed the state before again; see below.
+// Vallado, Crawford, Hujsak & Kelso 2006: 666 states that their verification run printed with eight digits
+// behind the point (velocities nine). The run of the last set stopped with a fault and printed the state
+// before again; see below.
 TEST(Satellite, StatesOfTheVerificationRun) {
   Largest position("position", "km"), velocity("velocity", "km/s");
   Largest late("position 1,844,000 minutes after the epoch", "km");
@@ -85,8 +86,8 @@ TEST(Satellite, StatesOfTheVerificationRun) {
   late.Expect(1e-6);  // angles of thousands of turns
 }
 
-// What the report's comments say of its hand-made sets. The state of 33334 in the table is the one before it: the results
-// are left alone.
+// What the report's comments say of its hand-made sets. The state of 33334 in the table is the one before it:
+// the results are left alone.
 TEST(Satellite, FaultsOfTheHandMadeSets) {
   const SatelliteModel eccentric(Sets().at(33334));
   EXPECT_EQ(eccentric.GetFault(), SatelliteFault::kPerturbedEccentricity);
@@ -187,8 +188,8 @@ TEST(Satellite, MomentsTooFarFromTheEpochAreRefused) {
   }
 }
 
-// Sun and Moon tilt an orbit of 225 minutes and more, and nothing tilts a faster one for good: the mean inclination of a
-// revolution stays.
+// Sun and Moon tilt an orbit of 225 minutes and more, and nothing tilts a faster one for good: the mean
+// inclination of a revolution stays.
 TEST(Satellite, SunAndMoonCountFromAPeriodOf225MinutesOn) {
   const auto change = [](double period) {
     OrbitalElements elements = Sets().at(5);
@@ -222,9 +223,9 @@ TEST(Satellite, MovesFromOneOwnerToAnother) {
   EXPECT_EQ(At(third, 100.0).position[0], expected.position[0]);
 }
 
-// The worked example of Vallado et al. 2006, appendix C: satellite 5 on 30 June 2000, 18:50:19.733571 UTC (TT is 64.184 s
-// later), from TEME to J2000 with the nutation of 1980. Ours is that of 2000 with the frame bias: some 0.06 arc second, 2 m
-// at this distance, and their conversion of the moment.
+// The worked example of Vallado et al. 2006, appendix C: satellite 5 on 30 June 2000, 18:50:19.733571 UTC (TT
+// is 64.184 s later), from TEME to J2000 with the nutation of 1980. Ours is that of 2000 with the frame bias:
+// some 0.06 arc second, 2 m at this distance, and their conversion of the moment.
 TEST(Satellite, TemeToJ2000OfThePublishedExample) {
   const double teme[3] = {-9060.47373569, 4658.70952502, 813.68673153};
   const double expected[3] = {-9059.9413786, 4659.6972000, 813.9588875};

@@ -217,7 +217,8 @@ TEST(SolarSystem, RecordOfTheFirstSlotThatKnowsTheObjectCounts) {
   expectRecord(aim);
 }
 
-// Where the planets are not known nobody on the Earth can observe; an undisturbed orbit about the Sun goes on.
+// Where the planets are not known nobody on the Earth can observe; an undisturbed orbit about the Sun goes
+// on.
 TEST(SolarSystem, OrbitsAboutTheSunGoOnOutsideTheRangeOfThePlanets) {
   CQXSolSys model;
   const OrbitalElements elements = Ceres();
@@ -263,8 +264,8 @@ TEST(SolarSystem, SatelliteIsWhereItsModelSays) {
   ASSERT_TRUE(model.ObserveAdditionalObject(id, seen));
   EXPECT_NEAR(seen.distance * 149597870.7, Vmod(published, 3), 1.0);
   EXPECT_EQ(seen.magnitude, static_cast<double>(kUnknownStarMagnitude));
-  // Light and satellite leave together, the Earth's motion shifts both ends: what is seen is the geometric direction
-  // to the aberration by the satellite's own motion, 5 arc seconds.
+  // Light and satellite leave together, the Earth's motion shifts both ends: what is seen is the geometric
+  // direction to the aberration by the satellite's own motion, 5 arc seconds.
   EXPECT_LT(VectorsAngle(seen.apparent, expected) / kArcSecond, 6.0);
 }
 

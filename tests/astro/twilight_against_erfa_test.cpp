@@ -26,7 +26,8 @@ double SiderealTime(const SkyMoment& moment) {
   return eraGst06a(moment.day, moment.fraction, moment.julianDateTT, 0.0);
 }
 
-// The geometric altitude of the Sun's centre, from the surface: eraEpv00, light time, aberration of the Earth's orbit.
+// The geometric altitude of the Sun's centre, from the surface: eraEpv00, light time, aberration of the
+// Earth's orbit.
 double AltitudeOfSun(const SkyMoment& moment, const EarthPlace& place) {
   const double date = moment.julianDateTT;
   double heliocentric[2][3], barycentric[2][3], earlierHelio[2][3], earlierBary[2][3];

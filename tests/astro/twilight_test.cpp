@@ -23,8 +23,9 @@ const EarthPlace kGreenwich = At(51.4779, 0.0), kQuito = At(-0.18, -78.47), kSyd
 
 }  // namespace
 
-// Computed apart from this library with the low-precision formulae of the Astronomical Almanac (the Sun: page C5; mean
-// sidereal time: page B8), which hold the Sun to 0.01 degree: the tolerance is the time that it takes to climb as much.
+// Computed apart from this library with the low-precision formulae of the Astronomical Almanac (the Sun: page
+// C5; mean sidereal time: page B8), which hold the Sun to 0.01 degree: the tolerance is the time that it
+// takes to climb as much.
 TEST(Twilight, BeginsAndEndsWhereTheAlmanacsFormulaeHaveIt) {
   const struct {
     EarthPlace place;

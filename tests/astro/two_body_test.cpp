@@ -21,8 +21,8 @@ constexpr double kEpoch = 0.0;  // a Julian date of today would round the days
 
 constexpr double kGravity = kGaussianConstant * kGaussianConstant;
 
-// The rule of object_records.h for the mean motion, written out once more: `size` is the semi-major axis for e < 1 and the
-// pericentre otherwise.
+// The rule of object_records.h for the mean motion, written out once more: `size` is the semi-major axis for
+// e < 1 and the pericentre otherwise.
 double MeanMotion(double gravity, double size, double e) {
   if (e < 1.0) return std::sqrt(gravity / (size * size * size));
   if (e - 1.0 < 1e-6) return std::sqrt(gravity / (2.0 * size * size * size));
@@ -97,8 +97,9 @@ TEST(TwoBody, MeanMotionsOfTheReferenceTableAreThoseOfTheRule) {
   motion.Expect(1e-14);
 }
 
-// A quarter of the period after the pericentre of the table's ellipses, and the speed of the vis-viva equation with the
-// gravity that the mean motion came from: the mean motion of every conic is read as it was made.
+// A quarter of the period after the pericentre of the table's ellipses, and the speed of the vis-viva
+// equation with the gravity that the mean motion came from: the mean motion of every conic is read as it was
+// made.
 TEST(TwoBody, SpeedFollowsFromTheMeanMotionOfEveryConic) {
   Largest energy("speed squared against 2/r - 1/a, relative", "");
   for (const auto& row : astro_test::ReadCells(ASTRO_TEST_DATA "mean_motion.tsv")) {
@@ -211,8 +212,8 @@ TEST(TwoBody, MeanMotionOfTheParabolaIsReadUpToItsBound) {
   for (int k = 0; k < 2; ++k) EXPECT_NEAR(inner.position[k], outer.position[k], 1e-8);
 }
 
-// Axes: the pericentre of an orbit with all angles 0 lies at the equinox; with w = 90 degrees at the northernmost point of
-// the ecliptic, whose declination is its obliquity (84381.448 arc seconds, IAU 1976).
+// Axes: the pericentre of an orbit with all angles 0 lies at the equinox; with w = 90 degrees at the
+// northernmost point of the ecliptic, whose declination is its obliquity (84381.448 arc seconds, IAU 1976).
 TEST(TwoBody, PlaneCountsFromTheEquinoxAndTheEcliptic) {
   OrbitalElements elements;
   OrbitPlane plane = MakeOrbitPlane(elements);
@@ -242,8 +243,9 @@ TEST(TwoBody, PlaneVectorsAreAtRightAngles) {
   }
 }
 
-// Meeus, Astronomical Algorithms (1998), example 33.b: comet Encke, 6 October 1990. He gives the right angled equatorial
-// coordinates in example 33.a from elements of equinox 2000: X = +0.2508066, Y = +0.4849175, Z = +0.3573373.
+// Meeus, Astronomical Algorithms (1998), example 33.b: comet Encke, 6 October 1990. He gives the right angled
+// equatorial coordinates in example 33.a from elements of equinox 2000: X = +0.2508066, Y = +0.4849175, Z =
+// +0.3573373.
 TEST(TwoBody, EnckeOfMeeus) {
   OrbitalElements elements = MakeOrbit(2.2091404, 0.8502196);
   elements.i = 11.94524 * kDegree;

@@ -14,8 +14,8 @@ using astro_test::WithCheckSum;
 
 namespace {
 
-// The set with which the format is explained in most places: International Space Station, 2008. Its second line's checksum
-// and the fields are worked out by hand below.
+// The set with which the format is explained in most places: International Space Station, 2008. Its second
+// line's checksum and the fields are worked out by hand below.
 const std::string kLine1 = "1 25544U 98067A   08264.51782528 -.00002182  00000-0 -11606-4 0  2927";
 const std::string kLine2 = "2 25544  51.6416 247.4627 0006703 130.5360 325.0288 15.72125391563537";
 

@@ -122,8 +122,8 @@ TEST_F(GeneralList, ManyNumbers) {
   EXPECT_EQ(Has(Group(kStar, numbers), kStar, asked), numbers);
 }
 
-// Deliberate: the table must be stored sorted. Of 9 1 5 3 7 a bisection looks at 5 first and goes on to the left for 1
-// and 3, where 1 and then 9 turn it away, and to the right for 7 and 9.
+// Deliberate: the table must be stored sorted. Of 9 1 5 3 7 a bisection looks at 5 first and goes on to the
+// left for 1 and 3, where 1 and then 9 turn it away, and to the right for 7 and 9.
 TEST_F(GeneralList, NumbersOutOfOrderAreNotSorted) {
   EXPECT_EQ(Has(Group(kStar, {9, 1, 5, 3, 7}), kStar, {1, 3, 5, 7, 9}), (std::vector<int>{5, 7}));
 }

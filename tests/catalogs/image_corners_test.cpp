@@ -38,8 +38,8 @@ void ExpectCorner(const std::array<double, 3>& corner, double x, double y, doubl
   EXPECT_NEAR(corner[2], z / length, 1e-15);
 }
 
-// The picture on the plane that touches the sphere at (1, 0, 0): y east, z north, turned about x by the position angle
-// of its first axis, then carried to the centre by Rz(ra) Ry(-dec).
+// The picture on the plane that touches the sphere at (1, 0, 0): y east, z north, turned about x by the
+// position angle of its first axis, then carried to the centre by Rz(ra) Ry(-dec).
 struct Rotations {
   double ra, dec;
 

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What an application does with the libraries, through the three umbrella headers alone. Each test crosses the border
-// of the shared library: allocation here and release there, virtual calls, exceptions, exported data.
+// What an application does with the libraries, through the three umbrella headers alone. Each test crosses
+// the border of the shared library: allocation here and release there, virtual calls, exceptions, exported
+// data.
 #include <astro/astro.h>
 #include <common_interfaces/common_interfaces.h>
 #include <gtest/gtest.h>

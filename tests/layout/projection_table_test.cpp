@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Pixels of 1000 directions, as text, against a table that an independent program wrote (make_projection.py, which
-// says why four decimals): every target must give the same bytes.
+// Pixels of 1000 directions, as text, against a table that an independent program wrote (make_projection.py,
+// which says why four decimals): every target must give the same bytes.
 #include <cmath>
 #include <cstdio>
 #include <fstream>

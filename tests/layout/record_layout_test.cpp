@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Where the members of records lie that no static_assert can reach, because they are private or stand behind a
-// pointer to a virtual table. The bytes of an object with known values are read at the offset itself.
+// Where the members of records lie that no static_assert can reach, because they are private or stand behind
+// a pointer to a virtual table. The bytes of an object with known values are read at the offset itself.
 //
 // Offsets count in kWord, the bytes of a pointer: with 4 they are those that modules built apart rely on.
 #include <cstddef>

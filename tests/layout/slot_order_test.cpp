@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The slots of virtual operations, as a module built apart calls them: entry k of the table that an object's first
-// word points at. Every class is derived from, each operation notes its own name, and each entry is called through a
-// plain function pointer.
+// The slots of virtual operations, as a module built apart calls them: entry k of the table that an object's
+// first word points at. Every class is derived from, each operation notes its own name, and each entry is
+// called through a plain function pointer.
 //
-// All compilers of the targets lay tables out by the Itanium C++ ABI, on Windows too: the entries stand in the order
-// of declaration, and a virtual destructor has two, the plain one and the one that also frees the object. Each
-// derived class declares one operation more, which takes the first entry behind those of its base: that tells how
-// many there are.
+// All compilers of the targets lay tables out by the Itanium C++ ABI, on Windows too: the entries stand in
+// the order of declaration, and a virtual destructor has two, the plain one and the one that also frees the
+// object. Each derived class declares one operation more, which takes the first entry behind those of its
+// base: that tells how many there are.
 #include <cstddef>
 #include <map>
 #include <memory>

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Clipping against exact clipping. The two must agree on segments that cross at most one of the left and right
-// edge lines and at most one of the top and bottom edge lines: no end is then moved twice along one axis, and a
-// refused segment has both ends beyond one edge. Segments across two opposite edges deliberately differ.
+// Clipping against exact clipping. The two must agree on segments that cross at most one of the left and
+// right edge lines and at most one of the top and bottom edge lines: no end is then moved twice along one
+// axis, and a refused segment has both ends beyond one edge. Segments across two opposite edges deliberately
+// differ.
 
 #include <cmath>
 #include <optional>
@@ -22,8 +23,8 @@ struct Line {
   long double x0, y0, x1, y1;
 };
 
-// The part of the line within the closed area by intersecting parameter intervals (Y.-D. Liang and B. A. Barsky, "A
-// new concept and method for line clipping", 1984); none when it is empty or a point.
+// The part of the line within the closed area by intersecting parameter intervals (Y.-D. Liang and B. A.
+// Barsky, "A new concept and method for line clipping", 1984); none when it is empty or a point.
 std::optional<Line> ExactPart(const Line& s, tRect<int> r) {
   long double from = 0, to = 1;
   const auto cut = [&](long double start, long double change, long double low, long double high) {

@@ -156,8 +156,9 @@ TYPED_TEST(ClippingTest, SmallestIntAsRightOrBottomRefusesEverything) {
   }
 }
 
-// Both side edges are crossed at one quarter and three quarters. The left crossing is computed with the parameter
-// of the whole segment from a segment that already ends at the right edge, so it lies at 34.375 instead of 37.5.
+// Both side edges are crossed at one quarter and three quarters. The left crossing is computed with the
+// parameter of the whole segment from a segment that already ends at the right edge, so it lies at 34.375
+// instead of 37.5.
 TEST(ClippingOdditiesTest, SlantingSegmentAcrossBothSidesEndsBesideItsTrueCrossing) {
   Reals real{-50, 25, 150, 75};
   EXPECT_TRUE(RealPath::Clip(real, kSquare));
@@ -178,8 +179,8 @@ TEST(ClippingOdditiesTest, SlantingSegmentAcrossTopAndBottomEndsBesideItsTrueCro
   EXPECT_EQ(real, (Reals{34.375, 0, 62.5, 100}));
 }
 
-// The true segment passes below the corner: at x = 0 it is at y = 102.5. The displaced left end lies inside at
-// 99.375 and nothing is tested after the clipping in y.
+// The true segment passes below the corner: at x = 0 it is at y = 102.5. The displaced left end lies inside
+// at 99.375 and nothing is tested after the clipping in y.
 TEST(ClippingOdditiesTest, NothingIsTestedAfterTheClippingInY) {
   Reals real{-200, 90, 200, 115};
   EXPECT_TRUE(RealPath::Clip(real, kSquare));
@@ -234,8 +235,8 @@ TEST(ClippingOdditiesTest, FixedPointProductsWrap) {
   EXPECT_EQ(fixed, (Pixels{0, -4046, 100, -16334}));
 }
 
-// 32768 << 16 is the smallest int, and dividing it by -1 wraps to itself; then y clips at 5/55 of the way, where x
-// is 10 - 1/11, rounded down.
+// 32768 << 16 is the smallest int, and dividing it by -1 wraps to itself; then y clips at 5/55 of the way,
+// where x is 10 - 1/11, rounded down.
 TEST(ClippingOdditiesTest, SmallestIntDividedByMinusOneWraps) {
   Pixels fixed{10, -5, 9, 50};
   EXPECT_TRUE(FixedPath::Clip(fixed, {0, 0, 32779, 101}));

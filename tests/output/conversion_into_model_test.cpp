@@ -94,8 +94,8 @@ TEST_F(ConversionIntoModelTest, AConstellationStandsInTheDirectionOfItsCentre) {
 }
 
 TEST_F(ConversionIntoModelTest, ACometOfTheUserMovesByTheGravityOfTheModel) {
-  // A circle of 1 au in the ecliptic, a quarter of a turn at the epoch and, by the Gaussian constant, a quarter more
-  // after 365.2568983 / 4 days.
+  // A circle of 1 au in the ecliptic, a quarter of a turn at the epoch and, by the Gaussian constant, a
+  // quarter more after 365.2568983 / 4 days.
   OrbitalElements elements;
   elements.epoch = kJ2000;
   elements.a = 1.0;

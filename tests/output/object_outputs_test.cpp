@@ -26,7 +26,8 @@ static_assert(std::is_nothrow_move_constructible_v<StarOutput>);
 static_assert(std::has_virtual_destructor_v<BaseOutput>);
 
 TEST(ObjectOutputsTest, FieldsStandInOrderWithTheirWidths) {
-  // The first field follows the pointer to the virtual table; everything behind moves with that pointer's width.
+  // The first field follows the pointer to the virtual table; everything behind moves with that pointer's
+  // width.
   constexpr std::ptrdiff_t w = sizeof(void*);
   StarOutput star;
   EXPECT_EQ(Offset(star, star.m_Frame), w);

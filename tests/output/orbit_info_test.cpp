@@ -43,7 +43,8 @@ void ExpectShape(const OrbitInfo& orbit, double e, double p, double cosAnomaly, 
   EXPECT_NEAR(orbit.m_SinAnomaly, sinAnomaly, kTiny);
 }
 
-// In all of these h is r times the tangential speed, p = h^2 / mu, e cos nu = p / r - 1 and e sin nu = h vr / mu.
+// In all of these h is r times the tangential speed, p = h^2 / mu, e cos nu = p / r - 1 and e sin nu = h vr /
+// mu.
 
 TEST(OrbitInfoTest, CircleCountsTheAnomalyFromTheBody) {
   const OrbitInfo orbit = Orbit(4.0, 0.0, 4.0, 0.0, -1.0, 0.0, 0.0);  // v^2 = mu / r

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Orbits on their way into the solar-system model: of databases, of the user's lists, and those that go as they are.
+// Orbits on their way into the solar-system model: of databases, of the user's lists, and those that go as
+// they are.
 #include <cmath>
 #include <cstring>
 #include <limits>

@@ -10,7 +10,8 @@
 
 namespace host_test {
 
-// The shipped string table of a language as the data root has it: the source file in the language's code page.
+// The shipped string table of a language as the data root has it: the source file in the language's code
+// page.
 inline std::string ShippedStrings(const std::string& language) {
   std::ifstream in(std::string(CI_DATA_SOURCE) + "/strings/" + language + "/qxstrings.txt", std::ios::binary);
   const std::string source{std::istreambuf_iterator<char>(in), {}};

@@ -8,8 +8,8 @@
 
 namespace host_test {
 
-// A few asteroids and comets with the elements that the Jet Propulsion Laboratory publishes (Small-Body Database):
-// degrees, of comets the perihelion distance and the date of the perihelion.
+// A few asteroids and comets with the elements that the Jet Propulsion Laboratory publishes (Small-Body
+// Database): degrees, of comets the perihelion distance and the date of the perihelion.
 struct OrbitRow {
   int number;
   const char* name;
@@ -44,7 +44,8 @@ inline std::string OrbitTable(const OrbitRow* rows, int count, bool comets) {
   return table;
 }
 
-// The International Space Station, 2014 January 20 (the verification set of Vallado et al. 2006, AIAA 2006-6753).
+// The International Space Station, 2014 January 20 (the verification set of Vallado et al. 2006, AIAA
+// 2006-6753).
 inline constexpr const char* kStationLine1 =
     "1 25544U 98067A   14020.93268519  .00009878  00000-0  18200-3 0  5082";
 inline constexpr const char* kStationLine2 =

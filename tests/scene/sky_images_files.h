@@ -37,8 +37,8 @@ inline constexpr const char* kConstellationFile = "data/media/skyobjects/constel
 inline constexpr const char* kMilkyWayFile = "data/media/skyobjects/mway_images/mway.dat";
 inline constexpr const char* kDeepskyFile = "data/media/skyobjects/dso_images/dsoimagestrue.txt";
 
-// Orion, a piece of the Milky Way beside it, and the Great Orion Nebula, 80 minutes of arc wide and 40 high, the width
-// along the meridian.
+// Orion, a piece of the Milky Way beside it, and the Great Orion Nebula, 80 minutes of arc wide and 40 high,
+// the width along the meridian.
 inline void WriteSkyImages(const test_support::TempDir& dir) {
   dir.Write(kConstellationFile, BinaryImages({{"Ori ", {{92, -12}, {75, -12}, {75, 15}, {92, 15}}}}));
   dir.Write(kMilkyWayFile, BinaryImages({{"MW01", {{110, -20}, {95, -20}, {95, 10}, {110, 10}}}}));

@@ -16,8 +16,8 @@
 namespace host_test {
 
 // The brightest stars, from the Bright Star Catalogue (Hoffleit & Warren 1991; CDS V/50): right ascension and
-// declination in degrees (J2000), V, proper motion in mas/yr (right ascension times cos Dec), parallax in mas, radial
-// velocity in km/s.
+// declination in degrees (J2000), V, proper motion in mas/yr (right ascension times cos Dec), parallax in
+// mas, radial velocity in km/s.
 struct BrightStar {
   int number;
   const char* name;

@@ -115,8 +115,8 @@ TEST_F(SettingsDamage, RestoreOfABlockCutAtEveryLengthTakesWhatIsBeforeTheCut) {
   }
 }
 
-// Every value in every place: what stands before the changed byte is read as it was, provided that the block is
-// found; everything can be asked for afterwards.
+// Every value in every place: what stands before the changed byte is read as it was, provided that the block
+// is found; everything can be asked for afterwards.
 TEST_F(SettingsDamage, EveryByteWithEveryValueIsReadUpToTheChange) {
   const std::string file = FileWith(kDefaults);
   const std::string name = WriteFile(file);

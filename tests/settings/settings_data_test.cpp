@@ -102,8 +102,8 @@ TEST_F(SettingsLife, ModifyFlagIsSharedByAllContainers) {
 }
 
 #if defined(__GNUC__)
-// Which slot a call goes through is part of the binary interface. The destructor, third in order, takes two slots
-// here, so that the numbers of those behind it are their place in the order, counted from 1.
+// Which slot a call goes through is part of the binary interface. The destructor, third in order, takes two
+// slots here, so that the numbers of those behind it are their place in the order, counted from 1.
 TEST_F(SettingsLife, VirtualOperationsKeepTheirSlots) {
   // In this binary interface a pointer to a virtual member function holds 1 + the offset of its slot.
   const auto slotOf = [](auto member) {

@@ -33,8 +33,8 @@ using Lines = std::vector<std::string>;
 
 using Field = test_support::FieldTest;
 
-// The CRC-32 table of the reflected polynomial 0xEDB88320, as the code of RFC 1952 (1996), section 8 makes it, has
-// T[0] = 0 and T[1] = 0x77073096. From h = 0 one byte c gives T[c].
+// The CRC-32 table of the reflected polynomial 0xEDB88320, as the code of RFC 1952 (1996), section 8 makes
+// it, has T[0] = 0 and T[1] = 0x77073096. From h = 0 one byte c gives T[c].
 TEST(GetUniqueID, OneByteIsItsTableEntry) {
   EXPECT_EQ(CommonInterfaces::GetUniqueID(""), 0);
   EXPECT_EQ(CommonInterfaces::GetUniqueID("\x01"), 0x77073096);

@@ -44,8 +44,8 @@ bool IsWhole(const std::string& path, unsigned id) {
 }
 
 // The thousand writes run in as many processes as are stopped: each writes on where the last one was stopped,
-// behind whatever that left of its last block, and takes a new id for it. Returns the ids of the blocks that were
-// written whole.
+// behind whatever that left of its last block, and takes a new id for it. Returns the ids of the blocks that
+// were written whole.
 std::set<unsigned> WriteWithStops(const std::string& path, std::mt19937& random) {
   std::set<unsigned> written;
   unsigned next = 1;

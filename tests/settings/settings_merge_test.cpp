@@ -116,7 +116,8 @@ TEST_F(SettingsMerge, EmptyDefaultSectionTakesTheCopies) {
   EXPECT_EQ(SectionsOf(*settings), (std::vector{Section(kAstr, 0, 1), Section(kPlnt, 2, 2)}));
 }
 
-// The copies stay behind the defaults, in the order of the block's sections; their section records go with it.
+// The copies stay behind the defaults, in the order of the block's sections; their section records go with
+// it.
 TEST_F(SettingsMerge, SectionThatOnlyTheOwnBlockHasLeavesItsCopiesBehindTheDefaults) {
   Merge({Section(kPlnt, 0, 0), Section(kScft, 1, 1)}, {Int(kPlnt, 1, 0), Int(kScft, 4, 0)},
         {Section(kAstr, 0, 0), Section(kComt, 1, 2)},

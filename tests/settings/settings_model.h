@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A settings container as its rules describe it: plain vectors, searched from their start. It uses nothing of the
-// library but the hash of a name, so that it can be held against it.
+// A settings container as its rules describe it: plain vectors, searched from their start. It uses nothing of
+// the library but the hash of a name, so that it can be held against it.
 #pragma once
 
 #include <map>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the second process writes: blocks of several thousand bytes, which go to the file in more than one piece.
-// The first field of each block holds its id.
+// What the second process writes: blocks of several thousand bytes, which go to the file in more than one
+// piece. The first field of each block holds its id.
 #pragma once
 
 #include <string>

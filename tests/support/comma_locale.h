@@ -7,8 +7,8 @@
 
 namespace test_support {
 
-// Puts the process into a locale that writes 1,5 for one and a half, while it lives. The build makes one for its tests
-// ("comma", tests/CMakeLists.txt) where the system can; otherwise one of the system is taken.
+// Puts the process into a locale that writes 1,5 for one and a half, while it lives. The build makes one for
+// its tests ("comma", tests/CMakeLists.txt) where the system can; otherwise one of the system is taken.
 class CommaLocale {
  public:
   CommaLocale() : m_Previous(std::setlocale(LC_ALL, nullptr)) {

@@ -10,8 +10,8 @@
 
 namespace test_support {
 
-// A line with a cursor on its first byte. It stands alone on the heap and ends in its zero byte, so that the address
-// sanitizer sees every look beyond it.
+// A line with a cursor on its first byte. It stands alone on the heap and ends in its zero byte, so that the
+// address sanitizer sees every look beyond it.
 class Line {
  public:
   explicit Line(std::string_view text) : m_Text(new char[text.size() + 1]), m_Size(text.size()) {

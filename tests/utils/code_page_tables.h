@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The upper halves of the code pages as glibc 2.36 (iconv, 2022) converts them, byte by byte: an origin other than that
-// of the table under test. U+FFFD stands for a byte without a character.
+// The upper halves of the code pages as glibc 2.36 (iconv, 2022) converts them, byte by byte: an origin other
+// than that of the table under test. U+FFFD stands for a byte without a character.
 #pragma once
 
 namespace utils_test {

@@ -248,8 +248,8 @@ TEST(MFileSearch, BeginsAtThePosition) {
   EXPECT_FALSE(SearchText(file, "b"));
 }
 
-// The search reads blocks of a fixed size that this test does not know: the key is tried at every place around
-// every power of two up to 64 KiB.
+// The search reads blocks of a fixed size that this test does not know: the key is tried at every place
+// around every power of two up to 64 KiB.
 TEST(MFileSearch, MatchAcrossABlockBorderIsFound) {
   TempDir dir;
   const std::string key = "8-byte-k";

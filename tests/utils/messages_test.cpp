@@ -8,7 +8,9 @@
 
 namespace {
 
-TEST(FormatText, IsAsPrintf) { EXPECT_EQ(FormatText("%s: %d of %05.1f%%", "sky", -3, 2.25), "sky: -3 of 002.2%"); }
+TEST(FormatText, IsAsPrintf) {
+  EXPECT_EQ(FormatText("%s: %d of %05.1f%%", "sky", -3, 2.25), "sky: -3 of 002.2%");
+}
 
 TEST(FormatText, LongTextIsCutAt511Bytes) {
   const std::string longText(600, 'x');

@@ -44,8 +44,8 @@ constexpr long Hours(int hours, int minutes = 0, int seconds = 0) {
   return hours * 3600L + minutes * 60 + seconds;
 }
 
-// The facts below are those of the IANA time zone database (release 2025b), from its files europe, northamerica,
-// southamerica, asia and australasia.
+// The facts below are those of the IANA time zone database (release 2025b), from its files europe,
+// northamerica, southamerica, asia and australasia.
 
 TEST(KnownZones, BerlinSummerAndWinter) {
   EXPECT_EQ(GetOffset("Europe/Berlin", UnixTime(2000, 1, 1, 12)), Hours(1));
@@ -185,7 +185,8 @@ TEST(CLibrary, AgreesAtEveryChange) {
   }
 }
 
-// The folder "right" has the zones for clocks that count leap seconds. They have no rule: the table is all they know.
+// The folder "right" has the zones for clocks that count leap seconds. They have no rule: the table is all
+// they know.
 TEST(LeapSecondZones, GiveTheSameOffsets) {
   if (ReadBytes(std::string(kZoneFolder) + "right/Europe/Berlin").empty()) GTEST_SKIP() << "no such folder";
   const Zone plain = ParseSystemZone("Europe/Berlin"), leap = ParseSystemZone("right/Europe/Berlin");

@@ -51,8 +51,8 @@ TEST(LocalTimeOffset, ZoneIsKeptForTheProcess) {
   EXPECT_DOUBLE_EQ(getLocalUTCDeltaForTimezone("Test/Kept", kJ2000), kHour);
 }
 
-// 2440587.5 is 1970-01-01 00:00. A change at a whole second takes place at the Julian date of that second, although
-// the nearest double may lie before it: the 86400 seconds of a day are tried.
+// 2440587.5 is 1970-01-01 00:00. A change at a whole second takes place at the Julian date of that second,
+// although the nearest double may lie before it: the 86400 seconds of a day are tried.
 TEST(LocalTimeOffset, ChangesAtTheVerySecond) {
   TempRoots roots;
   ZoneFileBuilder builder;

@@ -6,7 +6,8 @@
 
 namespace {
 
-// The reference values come from this Python script, whose table is taken from zlib instead of being computed:
+// The reference values come from this Python script, whose table is taken from zlib instead of being
+// computed:
 //
 //   import zlib
 //   T = [zlib.crc32(bytes([i]), 0xFFFFFFFF) ^ 0xFFFFFFFF for i in range(256)]

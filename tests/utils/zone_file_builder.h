@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-// Builds compiled zone files by hand, field by field as RFC 8536 lays them out; counts that lie can be put in.
+// Builds compiled zone files by hand, field by field as RFC 8536 lays them out; counts that lie can be put
+// in.
 struct ZoneFileBuilder {
   struct Type {
     int offset;

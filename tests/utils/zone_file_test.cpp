@@ -112,8 +112,8 @@ TEST(ZoneFile, IndicatorsAreSkipped) {
   EXPECT_EQ(Parse(builder.Build()).GetOffset(1500), 7200);
 }
 
-// Two leap seconds, at the plain times 500 and 1500. The file's clock counts them: it shows 501 when the second one
-// second later begins, and 1001 and 2002 at the changes.
+// Two leap seconds, at the plain times 500 and 1500. The file's clock counts them: it shows 501 when the
+// second one second later begins, and 1001 and 2002 at the changes.
 TEST(ZoneFile, LeapSecondsAreTakenOutOfTheChanges) {
   ZoneFileBuilder builder = Sample();
   builder.leaps = {{500, 1}, {1501, 2}};

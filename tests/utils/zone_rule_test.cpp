@@ -102,14 +102,14 @@ TEST(ZoneRuleParse, TextCutAnywhereIsRefusedOrAnotherRule) {
   }
 }
 
-// Central European Time: the last Sundays of March and October at 01:00 UT (directive 2000/84/EC). In 2050 these
-// are the 27th and the 30th.
+// Central European Time: the last Sundays of March and October at 01:00 UT (directive 2000/84/EC). In 2050
+// these are the 27th and the 30th.
 TEST(ZoneRuleOffset, LastSundayOfAMonth) {
   ExpectDaylight(Rule("CET-1CEST,M3.5.0,M10.5.0/3"), Moment(2050, 3, 27, 1), Moment(2050, 10, 30, 1));
 }
 
-// Energy Policy Act of 2005: from the second Sunday of March to the first of November, at 02:00 local time. In 2007
-// these were 11 March and 4 November.
+// Energy Policy Act of 2005: from the second Sunday of March to the first of November, at 02:00 local time.
+// In 2007 these were 11 March and 4 November.
 TEST(ZoneRuleOffset, SecondAndFirstSunday) {
   ExpectDaylight(Rule("EST5EDT,M3.2.0,M11.1.0"), Moment(2007, 3, 11, 7), Moment(2007, 11, 4, 6));
 }
@@ -132,7 +132,8 @@ TEST(ZoneRuleOffset, NegativeTimeLiesOnTheDayBefore) {
 }
 
 TEST(ZoneRuleOffset, TimeBeyondADayLiesOnALaterDay) {
-  // Israel: the Friday before the last Sunday of March at 02:00, written as Thursday of the fourth week at 26:00.
+  // Israel: the Friday before the last Sunday of March at 02:00, written as Thursday of the fourth week at
+  // 26:00.
   ExpectDaylight(Rule("IST-2IDT,M3.4.4/26,M10.5.0"), Moment(2024, 3, 29, 0), Moment(2024, 10, 26, 23));
   // 167 hours after the midnight that begins 1 January: 7 January, 23:00.
   ExpectDaylight(Rule("AAA0BBB,0/167,M12.1.0"), Moment(2024, 1, 7, 23), Moment(2024, 12, 1, 1));

@@ -28,8 +28,9 @@ struct ClassLimits {
   float label;  // and up to this one with their label
 };
 
-// The radius of the dot of a star of that code, in pixels of the standard picture, by the limits of stars: 0.6 at the
-// limit, growing by a quarter for each magnitude above it. Planets of that magnitude have the same.
+// The radius of the dot of a star of that code, in pixels of the standard picture, by the limits of stars:
+// 0.6 at the limit, growing by a quarter for each magnitude above it. Planets of that magnitude have the
+// same.
 inline double GetDotRadius(const ClassLimits& stars, float code) {
   return 0.6 * std::pow(10.0, 0.1 * (static_cast<double>(stars.draw - code) * 0.1));
 }

@@ -4,8 +4,8 @@
 
 namespace scene {
 
-// How the objects of one class are labelled. Only stars have abbreviations and magnitudes beside the name, only
-// clusters, galaxies and nebulae numbers of two catalogues.
+// How the objects of one class are labelled. Only stars have abbreviations and magnitudes beside the name,
+// only clusters, galaxies and nebulae numbers of two catalogues.
 struct LabelRules {
   bool shown = true;
   bool commonName = false;    // a proper name before any designation

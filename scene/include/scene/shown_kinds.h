@@ -35,7 +35,7 @@ struct SCENE_API ShownKinds {
   LabelRules clusterLabels, galaxyLabels, nebulaLabels, otherDeepskyLabels;
   LabelRules planetLabels, moonLabels, asteroidLabels, cometLabels, spacecraftLabels;
 
-  bool IsShown(int kind) const;  // of a class of objects, by its four-character code
+  bool IsShown(int kind) const;                 // of a class of objects, by its four-character code
   const LabelRules& GetLabels(int kind) const;  // of an unknown class: those of "dsnv"
 };
 
@@ -50,8 +50,8 @@ struct KindState {
 // changes nothing, and a switch is a field of one byte. The current section stays.
 SCENE_API ShownKinds ReadShownKinds(CommonInterfaces::SettingsData& settings);
 
-// What keeps a field of the settings from changing any picture, such as "grids are not drawn"; null for a field that
-// acts and for one that is not known. Static text.
+// What keeps a field of the settings from changing any picture, such as "grids are not drawn"; null for a
+// field that acts and for one that is not known. Static text.
 SCENE_API const char* FindUndrawnReason(unsigned section, int nameId);
 
 }  // namespace scene

@@ -16,15 +16,15 @@
 namespace scene {
 
 struct SCENE_API DeepskyObject {
-  Direction direction;     // J2000
-  float code;              // magnitude code
-  int kind;                // four-character code: "gala", "nebu", "clst", "dsnv"
-  int number;              // catalogue number, -1: none
-  float largest;           // radians, 0 when unknown
-  float smallest;          // radians, 0 when unknown
-  std::string label;       // "M42", else the NGC or IC number, else the proper name
-  unsigned char catalogs;  // DeepskyCatalogBit
-  int record;              // of the table that it came from
+  Direction direction;                  // J2000
+  float code;                           // magnitude code
+  int kind;                             // four-character code: "gala", "nebu", "clst", "dsnv"
+  int number;                           // catalogue number, -1: none
+  float largest;                        // radians, 0 when unknown
+  float smallest;                       // radians, 0 when unknown
+  std::string label;                    // "M42", else the NGC or IC number, else the proper name
+  unsigned char catalogs;               // DeepskyCatalogBit
+  int record;                           // of the table that it came from
   std::string designation, properName;  // "NGC 1976", "Great Orion Nebula"; "" without one
 
   // What the rules say stands beside it. The object's.

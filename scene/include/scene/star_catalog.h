@@ -36,7 +36,8 @@ class SCENE_API StarCatalog {
   const char* GetLabel(int star) const { return GetLabel(star, {true, true, false, false, false}); }
   // What the rules say stands beside it, without the magnitude.
   const char* GetLabel(int star, const LabelRules& rules) const {
-    if (m_ProperNames[star] != 0 && (rules.commonName || m_Letters[star] == 0)) return GetText(m_ProperNames[star]);
+    if (m_ProperNames[star] != 0 && (rules.commonName || m_Letters[star] == 0))
+      return GetText(m_ProperNames[star]);
     return GetText(rules.abbreviation ? m_Designations[star] : m_Letters[star]);
   }
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }

@@ -29,7 +29,8 @@ inline std::vector<std::vector<std::string>> ReadCells(const std::string& path) 
   return rows;
 }
 
-// The rows of numbers below the header line of a tab separated table. A cell that is not a number fails the test.
+// The rows of numbers below the header line of a tab separated table. A cell that is not a number fails the
+// test.
 inline std::vector<std::vector<double>> ReadTable(const std::string& path) {
   std::vector<std::vector<double>> rows;
   std::ifstream file(path, std::ios::binary);

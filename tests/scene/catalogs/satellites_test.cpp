@@ -120,7 +120,8 @@ TEST_F(Satellites, SeveralSetsThatAreTooOldAreOneLineForTheFile) {
   }
 }
 
-// The numbers are held in tests/astro/satellite_pass_test.cpp; here the frame's own satellite has the same light.
+// The numbers are held in tests/astro/satellite_pass_test.cpp; here the frame's own satellite has the same
+// light.
 TEST_F(Satellites, StationShinesOutsideTheShadow) {
   ASSERT_TRUE(LoadSatellites(f.sky.dir.Write("s.tle", host_test::StationSet()), f.catalogs.bodies, error));
   BodyModel model(f.catalogs.bodies);

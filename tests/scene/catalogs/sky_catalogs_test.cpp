@@ -7,9 +7,9 @@
 #include <cmath>
 
 #include "astro/vectors.h"
-#include "support/debug_capture.h"
 #include "scene/data_root.h"
 #include "scene/small_root.h"
+#include "support/debug_capture.h"
 
 using namespace scene;
 

@@ -74,7 +74,8 @@ TEST(CaptionBlock, CompassLettersKeepOffItsGround) {
     f.SetLook(200.0, altitude);
     f.Compute();
     for (const auto& label : f.frame.GetParts().labels.GetLabels()) {
-      if (label.kind != scene::LabelKind::kCompass && label.kind != scene::LabelKind::kCompassBetween) continue;
+      if (label.kind != scene::LabelKind::kCompass && label.kind != scene::LabelKind::kCompassBetween)
+        continue;
       ++letters;
       EXPECT_GE(label.place.y, 3 * scene::kCaptionLineStep * 0.99) << label.text << " at " << altitude;
     }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Where the frame draws the brightest stars, turned back from pixels into azimuth and altitude, against the astrometry
-// library erfa, which knows parallax, light bending and the daily aberration as well.
+// Where the frame draws the brightest stars, turned back from pixels into azimuth and altitude, against the
+// astrometry library erfa, which knows parallax, light bending and the daily aberration as well.
 #include <erfa.h>
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 #include <cstdio>
 
 #include "astro/astro.h"
-#include "scene/frame_helpers.h"
 #include "scene/base_plane.h"
+#include "scene/frame_helpers.h"
 
 using namespace scene;
 
@@ -29,8 +29,8 @@ struct HorizonPlace {
   double azimuth, altitude;
 };
 
-// The observed place without atmosphere. UT1 is the moment as given and TT lies `deltaT` seconds after it; the routine
-// wants them as UTC and UT1 - UTC.
+// The observed place without atmosphere. UT1 is the moment as given and TT lies `deltaT` seconds after it;
+// the routine wants them as UTC and UT1 - UTC.
 HorizonPlace ErfaPlace(const host_test::BrightStar& star, const Moment& moment, double deltaT,
                        double latitude, double longitude) {
   double leap = 0.0, day1 = 0.0, day2 = 0.0;

@@ -53,7 +53,8 @@ TEST_F(ShowerRadiantsTest, NameLeavesAPlanetFree) {
   f.Compute();
   const SolarSystemPart& bodies = f.frame.GetParts().solarSystem;
   const int jupiter = FindBody(f.catalogs.bodies, SSO_ID(FourCC("plnt"), 5));
-  const Direction seen = MakeDirection(bodies.GetModel().GetStates()[static_cast<std::size_t>(jupiter)].seen.apparent);
+  const Direction seen =
+      MakeDirection(bodies.GetModel().GetStates()[static_cast<std::size_t>(jupiter)].seen.apparent);
   Shower shower = host_test::MakePerseids();
   shower.radiant = Normalised(Direction{{seen.v[0], seen.v[1], seen.v[2] + 0.001}});
   const Standing standing = FindStanding(seen, f.observer);

@@ -29,8 +29,8 @@ void ExpectNear(const Direction& turned, double lon, double lat, double toleranc
 
 }  // namespace
 
-// Pole and node as the frame is defined (ESA 1997); the centre is 17h45m37.199s, -28 56' 10.22" (frame_against_erfa_test
-// compares whole frames).
+// Pole and node as the frame is defined (ESA 1997); the centre is 17h45m37.199s, -28 56' 10.22"
+// (frame_against_erfa_test compares whole frames).
 TEST(PlaneMatrix, GalacticPoleNodeAndCentreAreWhereTheyAreDefined) {
   ExpectNear(Turn(kGalacticPlane, 192.85948, 27.12825), 0.0, 90.0, 0.01 * kArcsecond);
   ExpectNear(Turn(kGalacticPlane, 266.404996, -28.936172), 0.0, 0.0, 0.1 * kArcsecond);

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A region's picture, filled by the even-odd rule, must hold exactly the pixels whose directions lie in the region.
+// A region's picture, filled by the even-odd rule, must hold exactly the pixels whose directions lie in the
+// region.
 #include "scene/view/sky_region.h"
 
 #include <gtest/gtest.h>
@@ -48,8 +49,8 @@ Direction DirectionAt(const CommonInterfaces::Camera& camera, int x, int yDown) 
   return direction;
 }
 
-// Compares the picture of the region around `pole` out to `radius` with the angle of each pixel's direction. Pixels
-// within a degree of the edge are left to the rounding of the polygon.
+// Compares the picture of the region around `pole` out to `radius` with the angle of each pixel's direction.
+// Pixels within a degree of the edge are left to the rounding of the polygon.
 void CheckCap(const CommonInterfaces::Camera& camera, const Direction& pole, double radius) {
   std::vector<Direction> ring;
   for (int i = 0; i < 720; ++i) {

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/debug_capture.h"
 #include "support/camera_settings.h"
+#include "support/debug_capture.h"
 #include "utils/text.h"
 
 using namespace scene;

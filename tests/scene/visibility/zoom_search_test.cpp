@@ -40,7 +40,8 @@ TEST_F(ZoomSearch, BrightObjectsAreShownFromTheLeastZoomOn) {
 
 TEST_F(ZoomSearch, WhatNoZoomShowsHasNone) {
   EXPECT_EQ(Find("star", 25.0), -1.0);
-  // The limit of stars with a correction of 20 magnitudes ends at code 254, and 254 - 200 + 35 is magnitude 6.9.
+  // The limit of stars with a correction of 20 magnitudes ends at code 254, and 254 - 200 + 35 is magnitude
+  // 6.9.
   f.camera.SetMagCorrection(0, 200.0f);
   EXPECT_EQ(Find("star", 8.0), -1.0);
   EXPECT_NE(f.camera.CalcZoomForShowObject(FourCC("star"), 8.0), -1.0) << "it leaves corrections aside";

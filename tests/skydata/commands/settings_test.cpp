@@ -70,7 +70,8 @@ TEST_F(SettingsCommand, SetChangesOneFieldAndNothingElse) {
   EXPECT_EQ(Run({"set", file, "star.VisMagnitude=-1,3"}).code, kDone);
   EXPECT_EQ(Run({"set", file, "camr.m_fi=52.5deg", "--block", "CAMR,1"}).code, kDone);
   const std::string dump = Run({"dump", file}).output;
-  for (const char* line : {"m_Zoom = f64 2.5\n", "m_fi = f64 52.5deg\n", "VisMagnitude = f32 -1, 3 | condition=1\n"})
+  for (const char* line :
+       {"m_Zoom = f64 2.5\n", "m_fi = f64 52.5deg\n", "VisMagnitude = f32 -1, 3 | condition=1\n"})
     EXPECT_NE(dump.find(line), std::string::npos) << line << dump;
   EXPECT_EQ(m_Dir.Read("view.data").size(), before.size());
   EXPECT_EQ(Run({"set", file, "camr.m_Zoom=0.68"}).code, kDone);
@@ -87,7 +88,8 @@ TEST_F(SettingsCommand, SetThatDoesNotFitLeavesTheFileAsItWas) {
     EXPECT_EQ(set.errors.substr(0, file.size() + 2), file + ": ") << set.errors;
     EXPECT_EQ(std::count(set.errors.begin(), set.errors.end(), '\n'), 1) << set.errors;
   }
-  for (const char* change : {"star.Draw", "star=1", "=1"}) EXPECT_EQ(Run({"set", file, change}).code, kBadUsage) << change;
+  for (const char* change : {"star.Draw", "star=1", "=1"})
+    EXPECT_EQ(Run({"set", file, change}).code, kBadUsage) << change;
   EXPECT_EQ(m_Dir.Read("a.data"), kSound);
   EXPECT_EQ(Run({"set", Write("cut.data", kDamaged), "star.Draw=0"}).code, kBadData);
   EXPECT_EQ(m_Dir.Read("cut.data"), kDamaged);

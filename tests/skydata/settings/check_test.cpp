@@ -237,7 +237,8 @@ TEST(SettingsCheck, FindingsNameFileOffsetSeverityAndCode) {
   EXPECT_EQ(FormatFinding("a.data", finding), "a.data:60: warning: say \"what\" [stray-bytes]");
   EXPECT_EQ(
       FormatFindingAsJson("a.data", finding),
-      R"({"file": "a.data", "offset": 60, "code": "stray-bytes", "severity": "warning", "text": "say \"what\""})");
+      R"({"file": "a.data", "offset": 60, "code": "stray-bytes", "severity": "warning", )"
+      R"("text": "say \"what\""})");
 }
 
 }  // namespace

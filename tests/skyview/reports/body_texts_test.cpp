@@ -45,7 +45,8 @@ TEST(BodyTexts, ReportSaysPhasesAndSizesInWords) {
 TEST(BodyTexts, PhaseOfTheMoonFollowsFromWhatIsLit) {
   const struct {
     int lit, waxing, waning;
-  } expected[] = {{0, 0, 0}, {2, 1, 7}, {32, 1, 7}, {44, 1, 7}, {50, 2, 6}, {55, 2, 6}, {56, 3, 5}, {98, 3, 5}, {99, 4, 4}};
+  } expected[] = {{0, 0, 0},  {2, 1, 7},  {32, 1, 7}, {44, 1, 7}, {50, 2, 6},
+                  {55, 2, 6}, {56, 3, 5}, {98, 3, 5}, {99, 4, 4}};
   for (const auto& entry : expected) {
     EXPECT_EQ(GetMoonPhase(entry.lit, true), entry.waxing) << entry.lit;
     EXPECT_EQ(GetMoonPhase(entry.lit, false), entry.waning) << entry.lit;

@@ -179,9 +179,10 @@ TEST_F(Status, TheCameraIsNotChanged) {
 
 TEST(StatusYears, TimesBeforeTheFirstYearCountAsTheDateDoes) {
   host_test::SmallSky sky;
-  for (const auto& [time, line] : {std::pair("-0500-03-01T12:00Z", "Universal Time: 12:00, -0500-03-01\n"),
-                                   std::pair("0000-03-01T12:00Z", "Universal Time: 12:00, 0000-03-01\n"),
-                                   std::pair("0001-03-01T12:00Z", "Universal Time: 12:00, 01/03/0001 AD\n")}) {
+  for (const auto& [time, line] :
+       {std::pair("-0500-03-01T12:00Z", "Universal Time: 12:00, -0500-03-01\n"),
+        std::pair("0000-03-01T12:00Z", "Universal Time: 12:00, 0000-03-01\n"),
+        std::pair("0001-03-01T12:00Z", "Universal Time: 12:00, 01/03/0001 AD\n")}) {
     ASSERT_EQ(sky.Run({"--place", "52.5,13.4", "--time", time}), 0) << sky.errors.str();
     EXPECT_TRUE(sky.Printed(line)) << sky.output.str();
   }

@@ -41,7 +41,8 @@ TEST(Where, SignOfAnAngleStandsBeforeItsDegrees) {
   EXPECT_EQ(PutSignsFirst("Dec 0\u00B000'-07.41\""), "Dec -0\u00B000'07.41\"");
   EXPECT_EQ(PutSignsFirst("Dec -10\u00B017'57.41\", 0\u00B017'"), "Dec -10\u00B017'57.41\", 0\u00B017'");
   SmallSky sky;
-  ASSERT_EQ(sky.Run({"--moving-type", "2", "--place", "52.5,13.4", "--look", "0,-0.1"}), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"--moving-type", "2", "--place", "52.5,13.4", "--look", "0,-0.1"}), 0)
+      << sky.errors.str();
   EXPECT_EQ(sky.output.str().find("\u00B0-"), std::string::npos) << sky.output.str();
 }
 
@@ -55,7 +56,9 @@ TEST(Where, PassOfASatelliteIsOnePass) {
     const auto minutes = [&text](const std::string& caption) {
       const auto at = text.find(caption);
       const auto colon = text.find(':', at + caption.size());
-      return at == std::string::npos ? -1 : 60 * std::stoi(text.substr(colon - 2, 2)) + std::stoi(text.substr(colon + 1, 2));
+      return at == std::string::npos
+                 ? -1
+                 : 60 * std::stoi(text.substr(colon - 2, 2)) + std::stoi(text.substr(colon + 1, 2));
     };
     const int rise = minutes("Rises: "), top = minutes("Transit: "), set = minutes("Sets: ");
     ASSERT_GE(rise, 0) << text;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Every field that the shipped settings have changes a picture of the shipped sky, or --set says that it does not.
+// Every field that the shipped settings have changes a picture of the shipped sky, or --set says that it does
+// not.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -54,8 +55,8 @@ struct RichView {
   std::vector<std::string> settings;  // of the view, before the change
 };
 
-// The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon with
-// Sun, planets, asteroids and satellites, no horizon; Venus as a crescent.
+// The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
+// with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent.
 const RichView kViews[] = {
     {{1997, 4, 1, 17, 30, 0.0},
      30.0,
@@ -64,8 +65,9 @@ const RichView kViews[] = {
      35.0,
      0.28,
      {"star.StarZoomDependShow=30", "star.StarZoomDependLabel=16", "clst.SCZoomDependLabel=60",
-      "gala.GLZoomDependShow=100", "gala.GLZoomDependLabel=160", "nebu.NBZoomDependLabel=60", "dsnv.NonOpticLabel=1", "dsnv.NOZoomDependLabel=60",
-      "comt.ComtZoomDependShow=60", "comt.ComtZoomDependLabel=60"}},
+      "gala.GLZoomDependShow=100", "gala.GLZoomDependLabel=160", "nebu.NBZoomDependLabel=60",
+      "dsnv.NonOpticLabel=1", "dsnv.NOZoomDependLabel=60", "comt.ComtZoomDependShow=60",
+      "comt.ComtZoomDependLabel=60"}},
     {{2014, 1, 30, 21, 40, 0.0},
      50.1,
      8.7,
@@ -80,7 +82,8 @@ class ShippedSky : public testing::Test {
   void SetUp() override {
     std::string error;
     ASSERT_TRUE(scene::OpenDataRoot(CI_BUILT_DATA, "", "en", m_Catalogs, error)) << error;
-    ASSERT_TRUE(scene::LoadSatellites(ZentharPath::GetPath("catalogs:satellites.tle"), m_Catalogs.bodies, error));
+    ASSERT_TRUE(
+        scene::LoadSatellites(ZentharPath::GetPath("catalogs:satellites.tle"), m_Catalogs.bodies, error));
     AddOtherDeepsky();
     m_Frame = std::make_unique<scene::SkyFrame>(m_Catalogs);
   }
@@ -176,7 +179,9 @@ TEST_F(ShippedSky, EveryFieldOfTheSettingsActsOrIsRefused) {
 // Its own place is cut by the upper edge of that view.
 TEST(ShippedViews, ConstellationOfTheViewHasItsName) {
   std::ostringstream output, errors;
-  ASSERT_EQ(skyview::Run({"why", "Ori", "--view", "views/orion.data:1", "--data", CI_BUILT_DATA}, "", output, errors), 0)
+  ASSERT_EQ(skyview::Run({"why", "Ori", "--view", "views/orion.data:1", "--data", CI_BUILT_DATA}, "", output,
+                         errors),
+            0)
       << errors.str();
   EXPECT_NE(output.str().find("Orion (Ori): drawn\n"), std::string::npos) << output.str();
 }
