@@ -4,8 +4,8 @@
 // Runs a fuzz target without libFuzzer: every seed of a folder, then mutations of the seeds. Mutation number
 // i depends on nothing but i and the seeds, so that a failure comes back:
 //
-//   fuzz_settings_file fuzz/corpus/settings_file --mutations=20000 --seconds=20 --trace    prints each number
-//   fuzz_settings_file fuzz/corpus/settings_file --first=1234 --mutations=1 --dump   writes that input to stdout
+//   fuzz_settings_file fuzz/corpus/settings_file --mutations=20000 --seconds=20 --trace  prints each number
+//   fuzz_settings_file fuzz/corpus/settings_file --first=1234 --mutations=1 --dump   writes it to stdout
 #include <algorithm>
 #include <chrono>
 #include <cstdint>

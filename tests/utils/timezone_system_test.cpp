@@ -10,8 +10,8 @@
 
 #include <gtest/gtest.h>
 
-#include "companions/utils/zone_calendar.h"
-#include "companions/utils/zone_file.h"
+#include "companions/utils/zones/zone_calendar.h"
+#include "companions/utils/zones/zone_file.h"
 #include "support/debug_capture.h"
 #include "utils/file.h"
 #include "utils/timezone.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/utils/zone_file.h"
+#include "companions/utils/zones/zone_file.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/utils/zone_rule.h"
+#include "companions/utils/zones/zone_rule.h"
 
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "companions/utils/zone_calendar.h"
+#include "companions/utils/zones/zone_calendar.h"
 
 namespace {
 

@@ -235,10 +235,9 @@ TEST(SettingsCheck, OwnFieldsWithoutADefaultAreDropped) {
 TEST(SettingsCheck, FindingsNameFileOffsetSeverityAndCode) {
   const Finding finding{FindingCode::kStrayBytes, 60, "say \"what\""};
   EXPECT_EQ(FormatFinding("a.data", finding), "a.data:60: warning: say \"what\" [stray-bytes]");
-  EXPECT_EQ(
-      FormatFindingAsJson("a.data", finding),
-      R"({"file": "a.data", "offset": 60, "code": "stray-bytes", "severity": "warning", )"
-      R"("text": "say \"what\""})");
+  EXPECT_EQ(FormatFindingAsJson("a.data", finding),
+            R"({"file": "a.data", "offset": 60, "code": "stray-bytes", "severity": "warning", )"
+            R"("text": "say \"what\""})");
 }
 
 }  // namespace

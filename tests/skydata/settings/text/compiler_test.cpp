@@ -59,11 +59,10 @@ TEST_F(SettingsCompiler, EveryByteOfAFieldRecordCanBeWritten) {
   const std::string bytes = Compile(
       "header 1\n[block FLTR defaults]\n[section star status=3 alias=gala]\n"
       "@89ABCDEF = u16 0x0201 | size=0x0605 condition=0x04030201 compare=7 query=0x0A090807 tail=0b0c\n");
-  EXPECT_EQ(
-      bytes.substr(18),
-      "ratsalag\x00\x00\x00\x00\x03\x01\x00\x00\x00"
-      "\x18\x00\x00\x00rats\xEF\xCD\xAB\x89\x03\x05\x06\x01\x02\x03\x04"
-      "\x07\x07\x08\x09\x0A\x01\x02\x0B\x0C"s);
+  EXPECT_EQ(bytes.substr(18),
+            "ratsalag\x00\x00\x00\x00\x03\x01\x00\x00\x00"
+            "\x18\x00\x00\x00rats\xEF\xCD\xAB\x89\x03\x05\x06\x01\x02\x03\x04"
+            "\x07\x07\x08\x09\x0A\x01\x02\x0B\x0C"s);
 }
 
 TEST_F(SettingsCompiler, HeaderNoneWritesTheBlocksAlone) {

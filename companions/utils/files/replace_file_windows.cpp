@@ -10,9 +10,9 @@
 #include <iterator>
 #include <system_error>
 
-#include "companions/utils/file_platform.h"
-#include "companions/utils/replace_file_platform.h"
-#include "companions/utils/wide_text_windows.h"
+#include "companions/utils/files/file_platform.h"
+#include "companions/utils/files/replace_file_platform.h"
+#include "companions/utils/files/wide_text_windows.h"
 #include "utils/file.h"
 
 namespace utils_internal {

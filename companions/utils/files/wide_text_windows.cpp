@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/utils/wide_text_windows.h"
+#include "companions/utils/files/wide_text_windows.h"
 
 #include <windows.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/utils/zone_rule.h"
+#include "companions/utils/zones/zone_rule.h"
 
-#include "companions/utils/zone_calendar.h"
+#include "companions/utils/zones/zone_calendar.h"
 #include "utils/characters.h"
 
 namespace utils_internal {

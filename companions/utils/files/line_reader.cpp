@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "companions/utils/line_reader.h"
+#include "companions/utils/files/line_reader.h"
 
 #include <algorithm>
 #include <climits>

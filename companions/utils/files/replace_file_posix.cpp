@@ -11,8 +11,8 @@
 #include <ctime>
 #include <system_error>
 
-#include "companions/utils/absence_posix.h"
-#include "companions/utils/replace_file_platform.h"
+#include "companions/utils/files/absence_posix.h"
+#include "companions/utils/files/replace_file_platform.h"
 
 namespace utils_internal {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <vector>
 
-#include "companions/utils/file_platform.h"
+#include "companions/utils/files/file_platform.h"
 #include "utils/file_presence.h"
 
 namespace {

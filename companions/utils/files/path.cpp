@@ -5,7 +5,7 @@
 #include <cctype>
 #include <string_view>
 
-#include "companions/utils/file_platform.h"
+#include "companions/utils/files/file_platform.h"
 
 namespace {
 

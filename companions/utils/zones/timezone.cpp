@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "companions/utils/zone_file.h"
-#include "companions/utils/zone_folders.h"
+#include "companions/utils/zones/zone_file.h"
+#include "companions/utils/zones/zone_folders.h"
 #include "utils/debug.h"
 #include "utils/file.h"
 #include "utils/path.h"

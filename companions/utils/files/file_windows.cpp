@@ -6,8 +6,8 @@
 
 #include <cstdio>
 
-#include "companions/utils/file_platform.h"
-#include "companions/utils/wide_text_windows.h"
+#include "companions/utils/files/file_platform.h"
+#include "companions/utils/files/wide_text_windows.h"
 #include "utils/file.h"
 
 namespace utils_internal {

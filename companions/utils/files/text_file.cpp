@@ -6,8 +6,8 @@
 #include <exception>
 #include <string_view>
 
-#include "companions/utils/file_platform.h"
-#include "companions/utils/line_reader.h"
+#include "companions/utils/files/file_platform.h"
+#include "companions/utils/files/line_reader.h"
 #include "utils/characters.h"
 #include "utils/file.h"
 #include "utils/numbers.h"

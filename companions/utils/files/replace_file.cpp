@@ -6,7 +6,7 @@
 #include <exception>
 #include <system_error>
 
-#include "companions/utils/replace_file_platform.h"
+#include "companions/utils/files/replace_file_platform.h"
 #include "utils/file.h"
 #include "utils/file_presence.h"
 

@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "companions/utils/absence_posix.h"
-#include "companions/utils/file_platform.h"
-#include "companions/utils/replace_file_platform.h"
+#include "companions/utils/files/absence_posix.h"
+#include "companions/utils/files/file_platform.h"
+#include "companions/utils/files/replace_file_platform.h"
 #include "utils/file.h"
 
 namespace utils_internal {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstdlib>
 
-#include "companions/utils/zone_folders.h"
+#include "companions/utils/zones/zone_folders.h"
 
 namespace utils_internal {
 

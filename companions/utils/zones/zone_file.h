@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "companions/utils/zone_rule.h"
+#include "companions/utils/zones/zone_rule.h"
 
 namespace utils_internal {
 
