@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "astro/constants.h"
 #include "scene/base_plane.h"
 #include "scene/directions.h"
 #include "skyview/reports/host_texts.h"
@@ -17,8 +18,6 @@ namespace {
 
 using CommonInterfaces::Camera;
 using CommonInterfaces::HomeParameters;
-
-const SSO_ID kEarth(FourCC("plnt"), 3);
 
 std::string FormatCode(int kind) {
   std::string text;
@@ -83,16 +82,16 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
   const std::size_t before = diagnostics.lines.size();
   camera.StoreParams(CommonInterfaces::kHomeLocation | CommonInterfaces::kHomeView |
                      CommonInterfaces::kHomeTime);
-  camera.SaveHomeParams();
-  if (diagnostics.lines.size() == before) return true;
-  error = "home_params.ini: " + scene::MessageToUtf8(diagnostics.lines[before]);
+  if (camera.StoreHomeParams()) return true;
+  error = "home_params.ini: ";
+  if (diagnostics.lines.size() > before) error += scene::MessageToUtf8(diagnostics.lines[before]);
   error.erase(error.find_last_not_of('\n') + 1);
   diagnostics.lines.resize(before);
   return false;
 }
 
 ViewResult GoHome(Camera& camera) {
-  if (!camera.FindHome(kEarth)) {
+  if (!camera.FindHome(astro::kEarth)) {
     return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);

@@ -234,19 +234,10 @@ ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionC
 }
 
 bool SaveView(Camera& camera, const ViewFile& view, std::string& error) {
-  namespace fs = std::filesystem;
-  const std::string target = fs::absolute(view.path).string(), beside = target + ".part";
-  std::error_code ignored;
-  fs::remove(beside, ignored);
-  // The camera appends to files; the block it writes into a fresh one then takes its place in the target.
-  camera.WriteSelfAll(beside.c_str(), view.id);
-  SettingsData record(static_cast<unsigned>(view.id), kCameraRecord, "filters.data");
-  const bool saved =
-      SettingsData::HoldsBlock(beside.c_str(), kCameraRecord, static_cast<unsigned>(view.id)) &&
-      record.Read(beside.c_str()) && record.Save(target.c_str());
-  fs::remove(beside, ignored);
-  if (!saved) error = view.path + ": the view cannot be saved there";
-  return saved;
+  const std::string target = std::filesystem::absolute(view.path).string();
+  if (camera.SaveSelfAll(target.c_str(), view.id)) return true;
+  error = view.path + ": the view cannot be saved there";
+  return false;
 }
 
 }  // namespace skyview
