@@ -38,9 +38,7 @@ int RunAction(const Action& action, std::ostream& output, std::ostream& errors) 
   }
 }
 
-}  // namespace
-
-int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
+int ParseAndRun(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
   Action action;
   CLI::App parser("Makes, checks and shows the data that the library and its applications read.", "skydata");
   parser.set_version_flag("--version", std::string("skydata ") + CI_VERSION);
@@ -59,6 +57,17 @@ int Run(const std::vector<std::string>& arguments, std::ostream& output, std::os
     return RefuseUsage(error.what(), errors);
   }
   return RunAction(action, output, errors);
+}
+
+}  // namespace
+
+// Nothing counts as said that could not be written.
+int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
+  const int code = ParseAndRun(arguments, output, errors);
+  output.flush();
+  if (output) return code;
+  errors << "skydata: standard output: cannot be written\n";
+  return kBadData;
 }
 
 }  // namespace skydata

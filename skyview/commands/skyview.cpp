@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/skyview.h"
 
+#include <new>
+
 #include "skyview/commands/command_table.h"
 #include "skyview/options/stop.h"
 #include "skyview/reports/host_texts.h"
@@ -30,22 +32,31 @@ std::string RunCommand(const std::vector<std::string>& arguments, const std::str
   return command->run({*command, {first, arguments.end()}, programFolder, clock, diagnostics});
 }
 
+int Fail(const std::string& message, int code, std::ostream& errors) {
+  errors << "skyview: " << message << "\n";
+  return code;
+}
+
+// Nothing counts as said that could not be written.
+int Print(const std::string& text, std::ostream& output, std::ostream& errors) {
+  output << text << std::flush;
+  return output ? kDone : Fail("standard output: cannot be written", kBadData, errors);
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, const std::string& programFolder, std::ostream& output,
         std::ostream& errors, const Clock& clock) {
   Diagnostics diagnostics;
   try {
-    output << RunCommand(arguments, programFolder, clock, diagnostics);
+    const int code = Print(RunCommand(arguments, programFolder, clock, diagnostics), output, errors);
+    if (code != kDone) return code;
     for (const auto& line : diagnostics.lines) errors << "skyview: " << scene::MessageToUtf8(line);
     return kDone;
   } catch (const Stop& stop) {
-    if (stop.code == kDone) {
-      output << stop.message;
-    } else {
-      errors << "skyview: " << stop.message << "\n";
-    }
-    return stop.code;
+    return stop.code == kDone ? Print(stop.message, output, errors) : Fail(stop.message, stop.code, errors);
+  } catch (const std::bad_alloc&) {
+    return Fail("there is not enough memory for this", kBadData, errors);
   }
 }
 

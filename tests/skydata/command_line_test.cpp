@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "tests/skydata/source_text.h"
+#include "tests/support/full_stream.h"
 
 namespace skydata {
 namespace {
@@ -78,6 +79,19 @@ TEST(CommandLine, ALanguageWithoutTextsIsExitCodeOne) {
   const Result result = RunWith({"build", CI_DATA_SOURCE, dir.Path("out"), "--language", "xx"});
   EXPECT_EQ(result.code, kBadData);
   EXPECT_NE(result.errors.find("xx"), std::string::npos);
+}
+
+TEST(CommandLine, NothingCountsAsSaidThatCouldNotBeWritten) {
+  const test_support::TempDir dir;
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--version"}, {"--help"}, {"build", CI_DATA_SOURCE, dir.Path("out")}}) {
+    for (const int room : {0, 5}) {
+      test_support::FullStream output(room);
+      std::ostringstream errors;
+      EXPECT_EQ(skydata::Run(arguments, output, errors), kBadData);
+      EXPECT_EQ(errors.str(), "skydata: standard output: cannot be written\n");
+    }
+  }
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "skyview/small_sky.h"
+#include "support/full_stream.h"
 #include "support/xml_check.h"
 
 using host_test::SmallSky;
@@ -309,4 +310,20 @@ TEST(Skyview, VersionIsThatOfTheProject) {
   EXPECT_EQ(skyview::Run({"--version"}, "", output, errors), 0);
   EXPECT_EQ(output.str(), "skyview " CI_VERSION "\n");
   EXPECT_EQ(errors.str(), "");
+}
+
+TEST(Skyview, NothingCountsAsSaidThatCouldNotBeWritten) {
+  const SmallSky sky;
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{}, {"where", "Sirius"}, {"limits"}, {"--help"}}) {
+    std::vector<std::string> arguments = words;
+    if (words != std::vector<std::string>{"--help"})
+      arguments.insert(arguments.end(), {"--data", sky.dir.Path("data")});
+    for (const int room : {0, 40}) {
+      test_support::FullStream output(room);
+      std::ostringstream errors;
+      EXPECT_EQ(skyview::Run(arguments, "", output, errors), 1);
+      EXPECT_EQ(errors.str(), "skyview: standard output: cannot be written\n");
+    }
+  }
 }
