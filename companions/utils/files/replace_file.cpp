@@ -74,6 +74,7 @@ void FileReplacement::OpenNewFile(const char* path) {
 
 bool FileReplacement::Write(std::string_view bytes) noexcept {
   if (!m_File) return Fail(kNothingIsOpen);
+  if (bytes.empty()) return !m_Spoiled;  // the address of nothing may be null
   return (std::fwrite(bytes.data(), 1, bytes.size(), m_File) == bytes.size() || FailByErrno()) && !m_Spoiled;
 }
 
