@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/build/catalog_text.h"
+#include "astro/constants.h"
 
 #include <charconv>
 
 namespace skydata {
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using astro::kRadiansPerDegree;
 constexpr double kArcMinutesPerDegree = 60.0;
 
 template <class T>

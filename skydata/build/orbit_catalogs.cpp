@@ -4,9 +4,9 @@
 // The catalogs of bodies by their orbits. Field names and units of a database record: angles in radians, mean
 // motion in radians per day, for e >= 1 the perihelion distance in place of the semi-major axis.
 #include <cmath>
-#include <numbers>
 #include <set>
 
+#include "astro/constants.h"
 #include "astro/satellite.h"
 #include "astro/two_body.h"
 #include "skydata/build/catalog_text.h"
@@ -18,7 +18,7 @@
 namespace skydata {
 namespace {
 
-constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
+using astro::kRadiansPerDegree;
 constexpr int kMaxNumber = 999999999;
 constexpr double kFirstJulianDate = 0.0, kLastJulianDate = 1e7;
 constexpr double kMaxSize = 1e6;  // au

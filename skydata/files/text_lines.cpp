@@ -52,7 +52,7 @@ std::vector<TextField> SplitAtTabs(const TextLine& line) {
   return fields;
 }
 
-bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\r\n") == std::string::npos; }
+bool IsBlankText(const std::string& text) { return text.find_first_not_of(" \t\r\n") == std::string::npos; }
 
 int FindBadUtf8(const std::string& text) {
   for (int at = 0, length = 1; at < static_cast<int>(text.size()); at += length) {

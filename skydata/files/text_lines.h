@@ -37,7 +37,7 @@ TextLines SplitTrimmedLines(const std::string& bytes);
 // The fields between the tabs of a line.
 std::vector<TextField> SplitAtTabs(const TextLine& line);
 
-bool IsBlank(const std::string& text);
+bool IsBlankText(const std::string& text);
 
 // The byte at which the first character begins that is none in UTF-8, -1 when there is none.
 int FindBadUtf8(const std::string& text);

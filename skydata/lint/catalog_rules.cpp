@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/lint/catalog_rules.h"
+#include "astro/constants.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -9,7 +10,7 @@
 namespace skydata {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
+using astro::kPi;
 constexpr double kDegreesPerTurn = 360.0;
 constexpr double kLargeSize = 0.5;  // radians: no catalogued object is 29 degrees across
 

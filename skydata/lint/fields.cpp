@@ -44,7 +44,7 @@ std::optional<int> Accept(const FieldPlace& place, const ScannedNumber& scanned)
     Add(place, LintCode::kOutOfRange, Quote(place.field.text) + " does not fit 32 bits");
     return std::nullopt;
   }
-  if (!IsBlank(scanned.rest)) {
+  if (!IsBlankText(scanned.rest)) {
     Add(place, LintCode::kNumberRest,
         Quote(place.field.text) + " is read as " + std::to_string(scanned.value));
   }
@@ -110,7 +110,7 @@ bool HasFields(const TextLine& line, const std::vector<TextField>& fields, int l
 }
 
 void CheckName(const FieldPlace& place) {
-  if (IsBlank(place.field.text)) {
+  if (IsBlankText(place.field.text)) {
     Add(place, LintCode::kEmptyName, " is empty");
   } else if (place.field.text.size() > kMaxName) {
     Add(place, LintCode::kLongName,

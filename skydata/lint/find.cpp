@@ -91,7 +91,7 @@ using Objects = FirstLines<std::pair<int, int>>;
 bool CheckFlightLine(const TextLine& line, const LintRun& run, Objects& objects, LintReport& report,
                      std::pair<int, int>& object) {
   const auto fields = SplitAtTabs(line);
-  if (IsBlank(line.text) || !HasFields(line, fields, 2, 3, report)) return false;
+  if (IsBlankText(line.text) || !HasFields(line, fields, 2, 3, report)) return false;
   const auto kind = ReadNumberOrKind({line, fields[0], "kind", report});
   const auto number = ReadInteger({line, fields[1], "number", report});
   if (!kind || !number) return false;

@@ -16,7 +16,7 @@ using Entries = FirstLines<std::pair<int, int>>;
 bool CheckEntry(const TextLine& line, int fieldCount, const LintRun& run, Entries& entries,
                 LintReport& report) {
   const auto fields = SplitAtTabs(line);
-  if (IsBlank(line.text) || !HasFields(line, fields, fieldCount, fieldCount, report)) return false;
+  if (IsBlankText(line.text) || !HasFields(line, fields, fieldCount, fieldCount, report)) return false;
   CheckName({line, fields[0], "name", report});
   const auto kind = ReadInteger({line, fields[1], "kind", report});
   const auto number = ReadInteger({line, fields[2], "number", report});

@@ -44,7 +44,7 @@ bool ReadMoment(const TextLine& line, const TextField& field, ObservationTime& t
                "moment '" + field.text + "' is not day/month/year, a blank, hours");
     return false;
   }
-  if (!IsBlank(field.text.substr(static_cast<std::size_t>(end)))) {
+  if (!IsBlankText(field.text.substr(static_cast<std::size_t>(end)))) {
     report.Add(LintCode::kNumberRest, line.number, field.column + end,
                "moment '" + field.text + "' has something behind the hours");
   }
@@ -60,7 +60,7 @@ bool ReadMoment(const TextLine& line, const TextField& field, ObservationTime& t
 
 bool ReadTime(const TextLine& line, const LintRun& run, ObservationTime& time, LintReport& report) {
   const auto fields = SplitAtTabs(line);
-  if (IsBlank(line.text) || !HasFields(line, fields, 3, 3, report)) return false;
+  if (IsBlankText(line.text) || !HasFields(line, fields, 3, 3, report)) return false;
   const auto kind = ReadNumberOrKind({line, fields[0], "kind", report});
   const auto number = ReadInteger({line, fields[1], "number", report});
   if (!ReadMoment(line, fields[2], time, report) || !kind || !number) return false;

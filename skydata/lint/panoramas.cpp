@@ -22,7 +22,7 @@ struct Seen {
 
 void CheckPicture(const TextLine& line, const TextField& field, const LintFile& file, LintReport& report) {
   const std::string folder = file.path.substr(0, file.path.find_last_of("/\\") + 1);
-  if (!IsBlank(field.text) && MFile().Open((folder + field.text).c_str(), MFile::kRead)) return;
+  if (!IsBlankText(field.text) && MFile().Open((folder + field.text).c_str(), MFile::kRead)) return;
   report.Add(LintCode::kMissingFile, line.number, field.column, "there is no file '" + field.text + "'");
 }
 
@@ -44,7 +44,7 @@ void CheckRepeated(const std::string& what, int first, const TextLine& line, con
 void CheckLine(const TextLine& line, const LintFile& file, const LintRun& run, Seen& seen,
                LintReport& report) {
   const auto fields = SplitAtTabs(line);
-  if (IsBlank(line.text) || !HasFields(line, fields, kFields, kFields, report)) return;
+  if (IsBlankText(line.text) || !HasFields(line, fields, kFields, kFields, report)) return;
   const auto kind = ReadKind({line, fields[0], "kind", report});
   const auto number = ReadInteger({line, fields[1], "number", report});
   CheckPicture(line, fields[2], file, report);

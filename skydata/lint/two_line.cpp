@@ -88,7 +88,7 @@ void LintTwoLineElements(const LintFile& file, LintRun& run) {
   rules.maxLine = 0;
   rules.mayBeginWithMark = false;
   for (const TextLine& line : ReadLintLines(file.bytes, rules, report)) {
-    if (!IsBlank(line.text) && line.text[0] != '#') reader.Take(line);
+    if (!IsBlankText(line.text) && line.text[0] != '#') reader.Take(line);
   }
   reader.Finish();
   AddMessages(watch, {}, report);

@@ -30,7 +30,7 @@ ShownTable ShowLines(const std::string& bytes, std::vector<std::string> columns,
   table.columns = std::move(columns);
   for (const TextLine& line : SplitPlainLines(bytes)) {
     const auto fields = SplitAtTabs(line);
-    if (IsBlank(line.text)) continue;
+    if (IsBlankText(line.text)) continue;
     if (fields.size() < least || !add(fields, table)) ++table.unreadable;
   }
   return table;

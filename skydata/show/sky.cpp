@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "astro/constants.h"
 #include "skydata/files/catalog_reader.h"
 #include "skydata/files/deepsky_picture.h"
 #include "skydata/show/files.h"
@@ -15,7 +16,7 @@
 namespace skydata {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
+using astro::kPi;
 constexpr double kDegreesPerRadian = 180.0 / kPi, kHoursPerRadian = 12.0 / kPi;
 constexpr double kDegreesPerHour = 15.0, kMinutesPerDegree = 60.0, kMinutesPerHour = 60.0;
 constexpr std::size_t kShowerFields = 12;
@@ -128,7 +129,7 @@ ShownTable ShowTwoLineElements(const std::string& bytes) {
                    "eccentricity", "perigee [deg]", "anomaly [deg]", "motion [rev/day]"};
   std::string name, first;
   for (const TextLine& line : SplitPlainLines(bytes)) {
-    if (IsBlank(line.text) || line.text[0] == '#') continue;
+    if (IsBlankText(line.text) || line.text[0] == '#') continue;
     if (line.text.starts_with("1 ")) {
       if (!first.empty()) ++table.unreadable;
       first = line.text;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
@@ -79,12 +80,12 @@ std::string DescribeEclipses(const scene::EclipseShadows& shadows) {
 }
 
 std::string DescribeSatellite(const scene::SkyFrame& frame, int body) {
-  constexpr double kKmPerAu = 149597870.7;
   const scene::BodyModel& model = frame.GetBodies();
   const std::string name =
       scene::ToCodePage(scene::GetBodyLabel(model.GetBodies()[static_cast<std::size_t>(body)]));
   const HostText light = frame.IsSunlit(body) ? HostText::kSatelliteSunlit : HostText::kSatelliteInShadow;
-  const double distance = model.GetStates()[static_cast<std::size_t>(body)].seen.distance * kKmPerAu;
+  const double distance =
+      model.GetStates()[static_cast<std::size_t>(body)].seen.distance * astro::kKilometresPerAu;
   return Line(HostText::kSatelliteSeen, {name.c_str(), distance, Localize(light, {}).c_str()});
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "astro/constants.h"
 #include "astro/coordinates.h"
 #include "astro/earth_orientation.h"
 #include "astro/julian_date.h"
@@ -246,8 +247,8 @@ void WhereWriter::AddEvents() {
 }  // namespace
 
 char ChooseUnit(double distance) {
-  constexpr double kKmPerAu = 149597870.7, kAuPerLightYear = 63241.077;
-  if (distance * kKmPerAu < 1e5) return CommonInterfaces::kKilometre;
+  constexpr double kAuPerLightYear = 63241.077;
+  if (distance * astro::kKilometresPerAu < 1e5) return CommonInterfaces::kKilometre;
   if (distance < 0.1) return CommonInterfaces::kThousandKilometres;
   if (distance < 1000.0) return CommonInterfaces::kAstronomicalUnit;
   return distance < 1e5 * kAuPerLightYear ? CommonInterfaces::kLightYear : CommonInterfaces::kKiloparsec;

@@ -10,6 +10,7 @@
 
 #include "astro/constants.h"
 #include "astro/satellite.h"
+#include "utils/characters.h"
 
 namespace {
 
@@ -18,8 +19,6 @@ using astro::kRadiansPerDegree;
 constexpr double kRadiansPerMinute = astro::kTurn / astro::kMinutesPerDay;  // for each revolution per day
 constexpr std::size_t kLineLength = 69;
 constexpr int kFirstYear = 57;  // 57 to 99 are 1957 to 1999
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);

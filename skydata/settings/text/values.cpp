@@ -8,6 +8,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "astro/constants.h"
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/settings_data.h"
 
@@ -15,7 +16,7 @@ namespace skydata {
 namespace {
 
 constexpr char kBlanks[] = " \t";
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using astro::kRadiansPerDegree;
 
 constexpr std::string_view kTypeNames[] = {"i8", "u8", "i16", "u16", "i32", "u32", "f32", "f64", "byte"};
 
