@@ -25,11 +25,11 @@ void DisplayList::Begin(int width, int height, double unit) {
 
 // Records of one type and layer that follow one another make one run. `count`: how many of the type there are
 // now.
-void DisplayList::Note(RecordType type, Layer layer, std::size_t count) {
+void DisplayList::Note(RecordType type, Layer layer, int count) {
   if (!m_Runs.empty() && m_Runs.back().type == type && m_Runs.back().layer == layer) {
     ++m_Runs.back().count;
   } else {
-    m_Runs.push_back({type, layer, static_cast<int>(count) - 1, 1});
+    m_Runs.push_back({type, layer, count - 1, 1});
   }
 }
 
@@ -45,27 +45,27 @@ void DisplayList::EndRing() {
 
 void DisplayList::Add(Layer layer, const PointRecord& point) {
   m_Points.push_back(point);
-  Note(RecordType::kPoint, layer, m_Points.size());
+  Note(RecordType::kPoint, layer, static_cast<int>(m_Points.size()));
 }
 
 void DisplayList::Add(Layer layer, const DiscRecord& disc) {
   m_Discs.push_back(disc);
-  Note(RecordType::kDisc, layer, m_Discs.size());
+  Note(RecordType::kDisc, layer, static_cast<int>(m_Discs.size()));
 }
 
 void DisplayList::Add(Layer layer, const ShadowRecord& shadow) {
   m_Shadows.push_back(shadow);
-  Note(RecordType::kShadow, layer, m_Shadows.size());
+  Note(RecordType::kShadow, layer, static_cast<int>(m_Shadows.size()));
 }
 
 void DisplayList::Add(Layer layer, const EllipseRecord& ellipse) {
   m_Ellipses.push_back(ellipse);
-  Note(RecordType::kEllipse, layer, m_Ellipses.size());
+  Note(RecordType::kEllipse, layer, static_cast<int>(m_Ellipses.size()));
 }
 
 void DisplayList::Add(Layer layer, const GradientRecord& gradient) {
   m_Gradients.push_back(gradient);
-  Note(RecordType::kGradient, layer, m_Gradients.size());
+  Note(RecordType::kGradient, layer, static_cast<int>(m_Gradients.size()));
 }
 
 void DisplayList::AddLine(Layer layer, PolylineRecord line) {
@@ -73,7 +73,7 @@ void DisplayList::AddLine(Layer layer, PolylineRecord line) {
   m_OpenVertex = static_cast<int>(m_Vertices.size());
   line.vertexCount = m_OpenVertex - line.firstVertex;
   m_Polylines.push_back(line);
-  Note(RecordType::kPolyline, layer, m_Polylines.size());
+  Note(RecordType::kPolyline, layer, static_cast<int>(m_Polylines.size()));
 }
 
 void DisplayList::AddArea(Layer layer, PolygonRecord area) {
@@ -82,7 +82,7 @@ void DisplayList::AddArea(Layer layer, PolygonRecord area) {
   m_OpenRing = static_cast<int>(m_Rings.size());
   area.ringCount = m_OpenRing - area.firstRing;
   m_Polygons.push_back(area);
-  Note(RecordType::kPolygon, layer, m_Polygons.size());
+  Note(RecordType::kPolygon, layer, static_cast<int>(m_Polygons.size()));
 }
 
 void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
@@ -91,7 +91,7 @@ void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
   m_TextBytes.insert(m_TextBytes.end(), utf8.begin(), utf8.end());
   m_TextBytes.push_back('\0');
   m_Texts.push_back(text);
-  Note(RecordType::kText, layer, m_Texts.size());
+  Note(RecordType::kText, layer, static_cast<int>(m_Texts.size()));
 }
 
 void DisplayList::Reserve(const Capacity& capacity) {

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <exception>
 #include <iterator>
+#include <mutex>
 #include <system_error>
 
 #include "companions/utils/files/file_platform.h"
@@ -114,6 +115,9 @@ bool MoveOver(const std::string& path, const std::string& target, std::string& r
   constexpr int kTries = 100;
   constexpr DWORD kPause = 5;  // milliseconds
   const std::wstring from = Widen(path), to = Widen(target);
+  // One after the other: not every system of this interface replaces a file in one step.
+  static std::mutex s_Moving;  // any thread
+  const std::lock_guard<std::mutex> alone(s_Moving);
   for (int i = 0; i < kTries; ++i) {
     const PathKind kind = GetPathKind(target);
     // Not every system of this interface refuses it by itself.

@@ -226,7 +226,7 @@ class SCENE_API DisplayList {
   void Reserve(const Capacity& capacity);
 
  private:
-  void Note(RecordType type, Layer layer, std::size_t count);
+  void Note(RecordType type, Layer layer, int count);
 
   int m_Width = 0, m_Height = 0;
   float m_Unit = 1.0f;
