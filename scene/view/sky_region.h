@@ -37,12 +37,23 @@ class RegionProjector {
   void AddRing(std::span<const Direction> ring);
 
  private:
-  void AddEdge(const tPoint<double>& a, const tPoint<double>& b, int turn);
+  // An end of an edge.
+  struct End {
+    const Direction* direction;
+    tPoint<double> place;  // pixels from the centre of the window
+    bool inDisc;
+    bool side;  // of the great circle of m_PathNormal
+  };
+
+  End MakeEnd(const Direction& direction, const tPoint<double>& pixel) const;
+  bool IsInDisc(const tPoint<double>& p) const;
+  bool IsBehind(const End& end) const { return Dot(m_Axis, *end.direction) < 0.0; }
+  bool IsNearLast(const tPoint<double>& p) const;
+  void AddEdge(const End& from, const End& to);
   bool CrossesPath(const Direction& a, const Direction& b) const;
   void LineTo(const tPoint<double>& p);
   void AlongRim(const tPoint<double>& p, int turn, bool exact = false);
   int TurnOf(const Direction& a, const Direction& b) const;
-  tPoint<double> FromCentre(const Direction& direction) const;
 
   const ViewGeometry& m_Geometry;
   SkyFrameOf m_Frame;
@@ -50,9 +61,9 @@ class RegionProjector {
   Direction m_Axis;  // of the view, in the frame of the rings
   Direction m_Outside;
   Direction m_Opposite;
-  Direction m_PathNormal;  // of the great circle from m_Opposite to m_Outside
-  Direction m_PathMiddle;  // the middle of that arc, of any length; zero when there is no arc
-  double m_Bearing = 0.0;  // radians, of the last point added, about the centre of the window
+  Direction m_PathNormal;   // of the great circle from m_Opposite to m_Outside
+  Direction m_PathMiddle;   // the middle of that arc, of any length; zero when there is no arc
+  tPoint<double> m_Last{};  // the last point added, pixels from the centre of the window
 };
 
 }  // namespace scene

@@ -28,14 +28,18 @@ ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) 
 }
 
 tPoint<double> ViewGeometry::Project(const Direction& direction, SkyFrameOf frame) const {
-  double v[3] = {direction.v[0], direction.v[1], direction.v[2]};
   tPoint<double> p;
   if (frame == SkyFrameOf::kJ2000) {
-    camera.RA_Dec2K2PixD(v, &p);
+    camera.RA_Dec2K2PixD(direction.v, &p);
   } else {
-    camera.RA_Dec2PixD(v, &p);
+    camera.RA_Dec2PixD(direction.v, &p);
   }
   return p;
+}
+
+void ViewGeometry::Project(std::span<const Direction> directions, SkyFrameOf frame,
+                           tPoint<double>* pixels) const {
+  for (const Direction& direction : directions) *pixels++ = Project(direction, frame);
 }
 
 bool ViewGeometry::IsInside(const tPoint<double>& p, double margin) const {

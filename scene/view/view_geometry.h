@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
+
 #include "common_interfaces/camera.h"
 #include "scene/directions.h"
 
@@ -20,6 +22,8 @@ struct ViewGeometry {
   explicit ViewGeometry(const CommonInterfaces::Camera& camera);
 
   tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const;
+  // The same of many: as many pixels as there are directions.
+  void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
   // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
   // not finite.
   bool IsInside(const tPoint<double>& p, double margin) const;
