@@ -16,8 +16,6 @@ constexpr double kRimFactor = 1.3;
 constexpr double kRimStep = 10.0 * kRadiansPerDegree;
 constexpr double kLeastRimStep = 3.0 * kRadiansPerDegree;
 
-constexpr std::size_t kProjectedAtOnce = 256;  // points: a few kilobytes of stack
-
 // The tangent of an angle a little below kLeastRimStep.
 const double kTanOfLess = std::tan(0.999 * kLeastRimStep);
 
@@ -55,7 +53,15 @@ RegionProjector::RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame,
     Vprod(m_PathNormal.v, m_Opposite.v, m_PathMiddle.v);
     if (there) m_PathMiddle = {};
   }
+  m_PathNormalLength = Vmod(m_PathNormal.v, 3);
   m_Picture.rim = kRimFactor * geometry.halfDiagonal;
+  const double tangent = m_Picture.rim / geometry.scale;  // of half the angle
+  m_RimSine = 2.0 * tangent / (1.0 + tangent * tangent);
+  m_RimCosine = (1.0 - tangent * tangent) / (1.0 + tangent * tangent);
+}
+
+tPoint<double> RegionProjector::FromCentre(const tPoint<double>& pixel) const {
+  return {pixel.x - m_Geometry.width * 0.5, pixel.y - m_Geometry.height * 0.5};
 }
 
 bool RegionProjector::IsInDisc(const tPoint<double>& p) const {
@@ -98,8 +104,10 @@ void RegionProjector::AddEdge(const End& from, const End& to) {
   const tPoint<double>&a = from.place, &b = to.place;
   const double rim = m_Picture.rim;
   if (from.inDisc && to.inDisc) return LineTo(b);
-  if (!from.inDisc && !to.inDisc && IsBehind(from) && IsBehind(to))
-    return AlongRim(b, TurnOf(*from.direction, *to.direction));
+  if (!from.inDisc && !to.inDisc && IsBehind(from) && IsBehind(to)) {
+    if (!IsNearLast(b)) AlongRim(b, TurnOf(*from.direction, *to.direction));
+    return;
+  }
   // Where the line a + t (b - a) meets the rim.
   const tPoint<double> d = {b.x - a.x, b.y - a.y};
   const double dd = d.x * d.x + d.y * d.y, ad = a.x * d.x + a.y * d.y, aa = a.x * a.x + a.y * a.y;
@@ -134,25 +142,62 @@ bool RegionProjector::CrossesPath(const Direction& a, const Direction& b) const 
 }
 
 RegionProjector::End RegionProjector::MakeEnd(const Direction& direction, const tPoint<double>& pixel) const {
-  const tPoint<double> place = {pixel.x - m_Geometry.width * 0.5, pixel.y - m_Geometry.height * 0.5};
+  const tPoint<double> place = FromCentre(pixel);
   return {&direction, place, IsInDisc(place), Dot(m_PathNormal, direction) > 0.0};
 }
 
-void RegionProjector::AddRing(std::span<const Direction> ring) {
+void RegionProjector::AppendCaps(std::span<const Direction> ring, std::vector<SkyCap>& caps) {
+  std::vector<Direction> points(1, ring.back());
+  for (std::size_t first = 0; first < ring.size(); first += kStretch) {
+    const auto stretch = ring.subspan(first, std::min(kStretch, ring.size() - first));
+    points.insert(points.end(), stretch.begin(), stretch.end());
+    caps.push_back(MakeCap(points));
+    points.assign(1, stretch.back());
+  }
+}
+
+// Whether nothing comes of the edges under a cap: it lies outside the disc and on one side of the way to the
+// outside, and the bearings of all its points are so near to that of the last point added that the picture
+// runs on along the rim later. Margins of a thousandth part leave rounding to the edges themselves.
+bool RegionProjector::IsUneventful(const SkyCap& cap) const {
+  constexpr double kMargin = 1e-9;
+  const double sinReach = m_RimSine * cap.cosine + m_RimCosine * cap.sine,
+               cosReach = m_RimCosine * cap.cosine - m_RimSine * cap.sine;
+  const double cosine = Dot(m_Axis, cap.axis);
+  if (cap.cosine <= 0.0 || sinReach <= 0.0 || cosine > cosReach - kMargin) return false;
+  if (std::fabs(Dot(m_PathNormal, cap.axis)) < m_PathNormalLength * cap.sine + kMargin) return false;
+  // A tangent at the cap's edge makes the largest difference in bearing: its sine is that of the radius through
+  // that of the angle between the axes.
+  const double square = 1.0 - cosine * cosine - cap.sine * cap.sine;
+  if (square < kMargin) return false;
+  const double halfWidth = cap.sine / std::sqrt(square);  // tangent
+  if (halfWidth >= kTanOfLess) return false;
+  const tPoint<double> p = FromCentre(m_Geometry.Project(cap.axis, m_Frame));
+  const double along = m_Last.x * p.x + m_Last.y * p.y, aside = m_Last.x * p.y - m_Last.y * p.x;
+  return std::fabs(aside) * (1.0 + kTanOfLess * halfWidth) < (kTanOfLess - halfWidth) * along;
+}
+
+void RegionProjector::AddStretch(std::span<const Direction> stretch, End& last) {
+  std::array<tPoint<double>, kStretch> pixels;
+  m_Geometry.Project(stretch, m_Frame, pixels.data());
+  for (std::size_t i = 0; i < stretch.size(); ++i) {
+    const End end = MakeEnd(stretch[i], pixels[i]);
+    if (end.side != last.side && CrossesPath(*last.direction, *end.direction))
+      m_Picture.holdsOutside = !m_Picture.holdsOutside;
+    AddEdge(last, end);
+    last = end;
+  }
+}
+
+void RegionProjector::AddRing(std::span<const Direction> ring, std::span<const SkyCap> caps) {
   if (ring.empty()) return;
-  std::array<tPoint<double>, kProjectedAtOnce> pixels;
   End last = MakeEnd(ring.back(), m_Geometry.Project(ring.back(), m_Frame));
   m_Last = std::isfinite(last.place.x) ? last.place : tPoint<double>{1.0, 0.0};
-  for (std::size_t first = 0; first < ring.size(); first += kProjectedAtOnce) {
-    const auto block = ring.subspan(first, std::min(kProjectedAtOnce, ring.size() - first));
-    m_Geometry.Project(block, m_Frame, pixels.data());
-    for (std::size_t i = 0; i < block.size(); ++i) {
-      const End end = MakeEnd(block[i], pixels[i]);
-      if (end.side != last.side && CrossesPath(*last.direction, *end.direction))
-        m_Picture.holdsOutside = !m_Picture.holdsOutside;
-      AddEdge(last, end);
-      last = end;
-    }
+  for (std::size_t first = 0; first < ring.size(); first += kStretch) {
+    if (!caps.empty() && IsUneventful(caps[first / kStretch])) continue;
+    const Direction& before = first > 0 ? ring[first - 1] : ring.back();
+    if (last.direction != &before) last = MakeEnd(before, m_Geometry.Project(before, m_Frame));
+    AddStretch(ring.subspan(first, std::min(kStretch, ring.size() - first)), last);
   }
   m_Picture.ringEnds.push_back(static_cast<int>(m_Picture.points.size()));
 }
