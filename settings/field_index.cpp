@@ -32,6 +32,12 @@ FieldRun RunOf(const SectionRecord& section, int count) {
   return {begin, std::max(begin, std::min(end, count))};
 }
 
+void FieldIndex::ForgetWhatIsStale() {
+  if (!IsStale()) return;
+  m_FieldsKnown = m_AllKnown = false;
+  m_NameChanges = SettingField::m_sNameChanges;
+}
+
 void FieldIndex::Forget() { m_SectionsKnown = m_FieldsKnown = m_AllKnown = false; }
 
 void FieldIndex::GatherSections(const std::vector<SectionRecord>& sections) {
@@ -48,7 +54,7 @@ void FieldIndex::GatherSections(const std::vector<SectionRecord>& sections) {
 
 void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
                               const std::vector<SettingField*>& fields) {
-  IsStale();  // what is gathered now is up to date
+  ForgetWhatIsStale();
   const int count = static_cast<int>(fields.size());
   m_InSections.Clear();
   m_Runs.clear();
@@ -77,7 +83,7 @@ void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
 }
 
 void FieldIndex::GatherAllFields(const std::vector<SettingField*>& fields) {
-  IsStale();
+  ForgetWhatIsStale();
   m_All.Clear();
   m_All.Reserve(fields.size());
   for (SettingField* field : fields) m_All.Insert(static_cast<unsigned>(field->GetNameId()), field);

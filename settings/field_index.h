@@ -9,7 +9,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
-#include "settings/flat_table.h"
+#include "text/flat_table.h"
 
 namespace CommonInterfaces {
 
@@ -38,8 +38,8 @@ class FieldIndex {
   // Questions about what is not known are not allowed; gather first. Gathering takes time in proportion to
   // what is gathered (with a logarithm where runs are not orderly).
   bool KnowsSections() const { return m_SectionsKnown; }
-  bool KnowsFields() { return !IsStale() && m_FieldsKnown; }
-  bool KnowsAllFields() { return !IsStale() && m_AllKnown; }
+  bool KnowsFields() const { return m_FieldsKnown && !IsStale(); }
+  bool KnowsAllFields() const { return m_AllKnown && !IsStale(); }
   void GatherSections(const std::vector<SectionRecord>& sections);
   void GatherFields(const std::vector<SectionRecord>& sections, const std::vector<SettingField*>& fields);
   void GatherAllFields(const std::vector<SettingField*>& fields);
@@ -53,7 +53,11 @@ class FieldIndex {
 
   // Null when there is none.
   SettingField* FindInSection(int section, int nameId) const {
-    return m_Orderly ? m_InSections.Find(Key(section, nameId)) : FindInRun(section, nameId);
+    return m_Orderly ? FindInOrderlySection(section, nameId) : FindInRun(section, nameId);
+  }
+  // The same, and null wherever runs are not orderly: nothing is called.
+  SettingField* FindInOrderlySection(int section, int nameId) const {
+    return m_InSections.Find(Key(section, nameId));
   }
   SettingField* FindAnywhere(int nameId) const { return m_All.Find(static_cast<unsigned>(nameId)); }
 
@@ -74,12 +78,8 @@ class FieldIndex {
     return static_cast<std::uint64_t>(section) << 32 | static_cast<unsigned>(nameId);
   }
   // Callers hold fields and may give them other names. They do so rarely enough to gather again.
-  bool IsStale() {
-    if (m_NameChanges == SettingField::m_sNameChanges) return false;
-    m_NameChanges = SettingField::m_sNameChanges;
-    m_FieldsKnown = m_AllKnown = false;
-    return true;
-  }
+  bool IsStale() const { return m_NameChanges != SettingField::m_sNameChanges; }
+  void ForgetWhatIsStale();
   SettingField* FindInRun(int section, int nameId) const;
 
   bool m_SectionsKnown = false, m_FieldsKnown = false, m_AllKnown = false;
@@ -88,7 +88,7 @@ class FieldIndex {
   FlatTable<SettingField*> m_All;
 
   bool m_Orderly = true;
-  FlatTable<SettingField*> m_InSections;  // orderly
+  FlatTable<SettingField*> m_InSections;  // orderly, else empty
   std::vector<FieldRun> m_Runs;           // not orderly: of each section,
   std::vector<Place> m_Places;            // and the fields by name id, then index
 };

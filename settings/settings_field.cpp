@@ -6,6 +6,8 @@
 #include "common_interfaces/settings_field.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 #include "common_interfaces/string_table.h"
@@ -32,6 +34,27 @@ void CopyValues(void* to, const void* from, unsigned size) {
     default:
       std::memmove(to, from, size);
   }
+}
+
+// Which length of value comes next cannot be guessed, and a wrong guess costs more than all of this: the
+// stores of greater lengths than the value's go to where nobody looks. The value is taken with the bytes in
+// front of it, for a record ends with its last value, but always has a header in front of the first.
+inline void CopyOut(void* out, const unsigned char* values, unsigned size) {
+  static_assert(std::endian::native == std::endian::little && kFieldHeaderSize >= 8);
+  constexpr unsigned kLengthsOfOne = 1u << 1 | 1u << 2 | 1u << 4 | 1u << 8;
+  if (size > 8 || (kLengthsOfOne >> size & 1) == 0) {
+    std::memmove(out, values, size);
+    return;
+  }
+  std::uint64_t value = 0;
+  std::memcpy(&value, values + size - sizeof value, sizeof value);
+  value >>= 8 * (sizeof value - size);
+  unsigned char nobody[sizeof value];
+  void* const places[] = {nobody, out};
+  std::memcpy(places[size >= 8], &value, 8);
+  std::memcpy(places[size >= 4], &value, 4);
+  std::memcpy(places[size >= 2], &value, 2);
+  std::memcpy(out, &value, 1);
 }
 
 bool AreEqual(const void* a, const void* b, unsigned size) {
@@ -158,9 +181,17 @@ bool SettingField::Write(MFile* file) const {
   return file && m_RecordSize >= 0 && WriteFieldRecord(write, {m_pFieldData, m_RecordSize});
 }
 
+inline unsigned SettingField::GetDataSize() const {
+  if (!m_pFieldData) return 0;
+  const unsigned width = WidthOf(m_pFieldData->type);
+  const unsigned claimed = m_pFieldData->size * width;
+  const auto room = static_cast<unsigned>(m_RecordSize - kFieldHeaderSize);
+  return claimed <= room ? claimed : room - room % width;
+}
+
 bool SettingField::GetData(void* out) const {
   const unsigned size = GetDataSize();
-  if (out && size > 0) CopyValues(out, m_pFieldData->data, size);
+  if (out && size > 0) CopyOut(out, m_pFieldData->data, size);
   return true;
 }
 
@@ -218,10 +249,6 @@ unsigned SettingField::GetOffset(unsigned inIndex) const {
     return kNoOffset;
   }
   return GetTypeSize() * inIndex;
-}
-
-unsigned SettingField::GetDataSize() const {
-  return m_pFieldData ? WidthOf(m_pFieldData->type) * HeldElements(*m_pFieldData, m_RecordSize) : 0;
 }
 
 // Every setter ends here: a change is reported only when a byte differs.

@@ -89,14 +89,26 @@ SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
   return last;
 }
 
+// What is asked for all the time: a field that is where it is looked for. The rest stands apart, so that this
+// has no need to keep anything across a call.
 SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbose) {
-  const FieldIndex& index = Index();
-  if (section != kNoSection) m_CurSection = index.FindSection(section, false);
+  const FieldIndex& index = m_Tables->index;
+  if (index.KnowsSections() && index.KnowsFields()) {
+    if (section != kNoSection) m_CurSection = index.FindSection(section, false);
+    if (m_CurSection >= 0) {
+      if (SettingField* const field = index.FindInOrderlySection(m_CurSection, nameId)) return field;
+    }
+  }
+  return GetAtFieldSlowly(section, nameId, verbose);
+}
+
+SettingField* SettingsData::GetAtFieldSlowly(unsigned section, int nameId, bool verbose) {
+  if (section != kNoSection) SetCurSection(section);
   if (m_CurSection < 0) {
     PrintNoCurrentSection();
     return nullptr;
   }
-  if (SettingField* const field = index.FindInSection(m_CurSection, nameId)) return field;
+  if (SettingField* const field = FindInSection(m_CurSection, nameId)) return field;
   if (verbose)
     PrintDebugString("Bad field name id %d (section %x) in SettingsData::GetAtField\n", nameId,
                      GetCurSection());

@@ -9,7 +9,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "settings/field_values.h"
-#include "settings/flat_table.h"
+#include "text/flat_table.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

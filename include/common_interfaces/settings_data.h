@@ -269,6 +269,7 @@ class COMMON_INTERFACES_API SettingsData {
   const FieldIndex& Index() const;
   int FindSection(unsigned id, bool withAlias) const;
   FieldRun GetRunOf(int sectionIndex) const;
+  SettingField* GetAtFieldSlowly(unsigned section, int nameId, bool verbose);
   SettingField* FindInSection(int sectionIndex, int nameId) const;
   SettingField* FindAnywhere(int nameId) const;
   int FindPlace(int sectionIndex, const SettingField* field) const;

@@ -3,7 +3,6 @@
 #include "settings/field_index.h"
 
 #include <memory>
-#include <random>
 
 #include "settings/settings_bytes.h"
 
@@ -188,31 +187,6 @@ TEST_F(FieldIndexTest, NewSectionIsFollowedAndHiddenByAnEarlierAlias) {
   EXPECT_EQ(index.FindSection(20, true), 1);
   EXPECT_EQ(index.FindSection(30, false), 2);
   EXPECT_EQ(index.FindSection(30, true), 0);
-}
-
-TEST(FlatTableTest, AgreesWithAMapThroughInsertionsAndErasures) {
-  std::mt19937 random(3);
-  CommonInterfaces::FlatTable<int> table;
-  std::map<std::uint64_t, int> expected;
-  for (int i = 1; i <= 20000; ++i) {
-    // Few keys, so that they collide and come again; large ones too.
-    const std::uint64_t key = (random() % 300) * 0x100000001u;
-    if (random() % 3 == 0) {
-      table.Erase(key);
-      expected.erase(key);
-    } else {
-      EXPECT_EQ(table.Insert(key, i), expected.insert({key, i}).second);
-    }
-    const std::uint64_t asked = (random() % 300) * 0x100000001u;
-    const auto found = expected.find(asked);
-    ASSERT_EQ(table.Find(asked), found == expected.end() ? 0 : found->second);
-  }
-  for (std::uint64_t key = 0; key < 300; ++key) {
-    const auto found = expected.find(key * 0x100000001u);
-    ASSERT_EQ(table.Find(key * 0x100000001u), found == expected.end() ? 0 : found->second);
-  }
-  table.Clear();
-  EXPECT_EQ(table.Find(0), 0);
 }
 
 }  // namespace
