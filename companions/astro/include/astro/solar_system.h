@@ -27,6 +27,8 @@ struct ObservedBody {
   double elongation = 0.0;                   // radians from the Sun's direction, 0 to pi
   double magnitude = kUnknownStarMagnitude;  // visual; kUnknownStarMagnitude where the model has none
   double angularRadius = 0.0;                // radians; 0: unknown or a point
+  // au: the vector from the Sun to where the body was when the light left; 0 outside the solar system.
+  double fromSun[3] = {0.0, 0.0, 0.0};
 };
 
 // A moment, an observer, and a few objects that the application is busy with: the aim object, the one the
