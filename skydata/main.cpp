@@ -5,8 +5,15 @@
 
 #include "skydata/command_line.h"
 #include "skydata/standard_streams.h"
+#include "utils/program.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int Run(int argc, char** argv) {
   skydata::KeepStreamBytes();
   return skydata::Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), std::cout, std::cerr);
 }
+
+}  // namespace
+
+int main(int argc, char** argv) { return RunProgram("skydata", Run, argc, argv); }

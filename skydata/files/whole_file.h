@@ -10,7 +10,8 @@
 
 namespace skydata {
 
-// The whole file. Throws SourceError when it cannot be read.
+// The whole file. Throws SourceError when it cannot be read and when it is longer than utils/whole_file.h
+// allows.
 std::string ReadFile(const std::filesystem::path& path);
 
 // The lines of a text file, each without the blanks at its end. Throws SourceError when it cannot be read.
