@@ -24,8 +24,8 @@ std::vector<Finding> CheckFile(const std::string& path, const FieldNames& names)
   try {
     const std::string bytes = ReadInput(path);
     return CheckSettings(bytes, ReadSettingsFile(bytes, names), names, KindOfFile(path));
-  } catch (const SourceError&) {
-    return {{FindingCode::kUnreadable, 0, "the file is missing or cannot be read"}};
+  } catch (const SourceError& error) {
+    return {{FindingCode::kUnreadable, 0, DescribeRefusal(error)}};
   }
 }
 

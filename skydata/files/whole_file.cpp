@@ -4,7 +4,6 @@
 
 #include <random>
 
-#include "skydata/files/source_error.h"
 #include "utils/replace_file.h"
 #include "utils/whole_file.h"
 
@@ -29,6 +28,11 @@ std::string ReadFile(const std::filesystem::path& path) {
   std::string bytes, reason;
   if (!ReadWholeFile(ToUtf8(path).c_str(), bytes, reason)) throw SourceError(path.string(), 0, reason);
   return bytes;
+}
+
+std::string DescribeRefusal(const SourceError& refusal) {
+  const std::string& reason = refusal.GetMessage();
+  return "the file " + (reason == kTooManyBytes ? reason : "is missing or " + reason);
 }
 
 TextLines ReadLines(const std::filesystem::path& path) { return SplitTrimmedLines(ReadFile(path)); }

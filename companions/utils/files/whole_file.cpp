@@ -10,6 +10,8 @@
 
 namespace {
 
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
 constexpr std::size_t kFirstPiece = 1u << 16;  // of what has no length, or changes it meanwhile
 constexpr char kUnreadable[] = "cannot be read";
 
@@ -36,17 +38,27 @@ bool ReadPieces(std::size_t expected, std::string& content, Read read) {
 
 }  // namespace
 
+bool IsBoundedFile(const char* path, std::string& reason) {
+  using utils_internal::PathKind;
+  const bool isFile = path && utils_internal::GetPathKind(path) == PathKind::kFile;
+  const File file(isFile ? mm_fopen(path, "rb") : nullptr, std::fclose);
+  const long long length = file ? utils_internal::GetStreamLength(file.get()) : -1;
+  if (length < 0 || length > static_cast<long long>(kMostFileBytes))
+    reason = length < 0 ? kUnreadable : kTooManyBytes;
+  return length >= 0 && length <= static_cast<long long>(kMostFileBytes);
+}
+
 bool ReadWholeFile(const char* path, std::string& content, std::string& reason) {
   const bool isFolder = path && utils_internal::GetPathKind(path) == utils_internal::PathKind::kFolder;
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(isFolder ? nullptr : mm_fopen(path, "rb"),
-                                                             std::fclose);
+  const File file(isFolder ? nullptr : mm_fopen(path, "rb"), std::fclose);
   if (!file) return Refuse(kUnreadable, content, reason);
   const long long length = utils_internal::GetStreamLength(file.get());
   if (length > static_cast<long long>(kMostFileBytes)) return Refuse(kTooManyBytes, content, reason);
   const auto read = [&file](char* bytes, std::size_t count) {
     return std::fread(bytes, 1, count, file.get());
   };
-  const bool isBounded = ReadPieces(length > 0 ? static_cast<std::size_t>(length) : kFirstPiece, content, read);
+  const bool isBounded =
+      ReadPieces(length > 0 ? static_cast<std::size_t>(length) : kFirstPiece, content, read);
   if (std::ferror(file.get()) != 0) return Refuse(kUnreadable, content, reason);
   return isBounded || Refuse(kTooManyBytes, content, reason);
 }

@@ -24,3 +24,7 @@ UTILS_API bool ReadWholeFile(const char* path, std::string& content, std::string
 
 // The same for what is left of a stream.
 UTILS_API bool ReadWholeStream(std::istream& stream, std::string& content, std::string& reason);
+
+// Whether `path` is a regular file of no more than these bytes, for readers that move about in it. False with
+// the reason as above; nothing is read.
+UTILS_API bool IsBoundedFile(const char* path, std::string& reason);
