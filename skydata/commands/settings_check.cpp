@@ -8,6 +8,7 @@
 #include "skydata/commands/settings_input.h"
 #include "skydata/files/json.h"
 #include "skydata/files/source_error.h"
+#include "skydata/files/whole_file.h"
 #include "skydata/settings/check.h"
 
 namespace skydata {

@@ -7,6 +7,7 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/strings_options.h"
 #include "skydata/files/source_error.h"
+#include "skydata/files/whole_file.h"
 #include "skydata/strings/check.h"
 
 namespace skydata {
