@@ -9,6 +9,8 @@
 
 namespace {
 
+UTILS_MADE_FIRST const MemoryGuard s_Guard("skydata");
+
 int Run(int argc, char** argv) {
   skydata::KeepStreamBytes();
   return skydata::Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), std::cout, std::cerr);
@@ -16,4 +18,4 @@ int Run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) { return RunProgram("skydata", Run, argc, argv); }
+int main(int argc, char** argv) { return RunProgram(Run, argc, argv); }

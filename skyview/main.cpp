@@ -8,10 +8,12 @@
 
 namespace {
 
+UTILS_MADE_FIRST const MemoryGuard s_Guard("skyview");
+
 int Run(int argumentCount, char** arguments) {
   return skyview::Run({arguments + 1, arguments + argumentCount}, GetProgramFolder(), std::cout, std::cerr);
 }
 
 }  // namespace
 
-int main(int argumentCount, char** arguments) { return RunProgram("skyview", Run, argumentCount, arguments); }
+int main(int argumentCount, char** arguments) { return RunProgram(Run, argumentCount, arguments); }

@@ -40,8 +40,12 @@ bool ReadPieces(std::size_t expected, std::string& content, Read read) {
 
 bool IsBoundedFile(const char* path, std::string& reason) {
   using utils_internal::PathKind;
-  const bool isFile = path && utils_internal::GetPathKind(path) == PathKind::kFile;
-  const File file(isFile ? mm_fopen(path, "rb") : nullptr, std::fclose);
+  const PathKind kind = path ? utils_internal::GetPathKind(path) : PathKind::kNone;
+  if (kind == PathKind::kOther) {
+    reason = "is no regular file";
+    return false;
+  }
+  const File file(kind == PathKind::kFile ? mm_fopen(path, "rb") : nullptr, std::fclose);
   const long long length = file ? utils_internal::GetStreamLength(file.get()) : -1;
   if (length < 0 || length > static_cast<long long>(kMostFileBytes))
     reason = length < 0 ? kUnreadable : kTooManyBytes;

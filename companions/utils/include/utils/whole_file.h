@@ -26,5 +26,5 @@ UTILS_API bool ReadWholeFile(const char* path, std::string& content, std::string
 UTILS_API bool ReadWholeStream(std::istream& stream, std::string& content, std::string& reason);
 
 // Whether `path` is a regular file of no more than these bytes, for readers that move about in it. False with
-// the reason as above; nothing is read.
+// the reason as above, or "is no regular file"; nothing is read.
 UTILS_API bool IsBoundedFile(const char* path, std::string& reason);
