@@ -8,8 +8,8 @@
 #include "catalogs/deepsky_line.h"
 #include "common_interfaces/sky_images.h"
 #include "utils/debug.h"
-#include "utils/file.h"
 #include "utils/path.h"
+#include "utils/whole_file.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -41,15 +41,6 @@ void AddLine(char* line) {
   s_Images.emplace(KeyOf(image.number), image);
 }
 
-// The whole file, ended by a zero byte. False when it cannot be read.
-bool ReadWhole(const std::string& path, std::string& text) {
-  MFile file;
-  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
-  text.resize(static_cast<std::size_t>(file.GetLength()));
-  text.resize(file.Read(text.data(), static_cast<unsigned>(text.size())));
-  return true;
-}
-
 const DSOImageDesc* Visit(Catalog::iterator at) {
   if (at == s_Images.end()) return nullptr;
   s_Current = &at->second;
@@ -72,9 +63,10 @@ DSOImages::~DSOImages() {
 
 void DSOImages::Reload() {
   Clear();
-  std::string text;
-  if (!ReadWhole(ZentharPath::GetPath(kImageFile), text)) {
-    PrintDebugString("File %s not found\n", kImageFile);
+  const std::string path = ZentharPath::GetPath(kImageFile);
+  std::string text, reason = "not found";
+  if (path.empty() || !ReadWholeFile(path.c_str(), text, reason)) {
+    PrintDebugString("File %s %s\n", kImageFile, reason.c_str());
     return;
   }
   char* line = text.data();

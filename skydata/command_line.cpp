@@ -5,16 +5,26 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <ostream>
+#include <stdexcept>
+
+#include "skydata/files/printable_stream.h"
 
 namespace skydata {
 namespace {
 
-void DeclareAll(const std::vector<Command>& commands, CLI::App& parser, Action& chosen) {
+struct Chosen {
+  Action action;
+  Content content = Content::kText;
+};
+
+void DeclareAll(const std::vector<Command>& commands, CLI::App& parser, Chosen& chosen) {
   parser.require_subcommand(1);
   for (const Command& command : commands) {
     CLI::App& below = *parser.add_subcommand(command.name, command.help);
     if (command.declare) {
-      below.callback([action = command.declare(below), &chosen] { chosen = action; });
+      below.callback([action = command.declare(below), content = command.content, &chosen] {
+        chosen = {action, content};
+      });
     } else {
       DeclareAll(command.group, below, chosen);
     }
@@ -27,23 +37,26 @@ int RefuseUsage(std::string reason, std::ostream& errors) {
   return kBadUsage;
 }
 
-int RunAction(const Action& action, std::ostream& output, std::ostream& errors) {
+int RunAction(const Chosen& chosen, std::ostream& output, std::ostream& errors) {
   try {
-    return action(output, errors);
+    if (chosen.content == Content::kBytes) return chosen.action(output, errors);
+    PrintableStream text(output);
+    return chosen.action(text, errors);
   } catch (const UsageError& error) {
     return RefuseUsage(error.what(), errors);
-  } catch (const std::exception& error) {  // a SourceError, whose text names the file, or the system's own
+  } catch (
+      const std::runtime_error& error) {  // a SourceError, whose text names the file, or the system's own
     errors << error.what() << '\n';
     return kBadData;
   }
 }
 
 int ParseAndRun(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
-  Action action;
+  Chosen chosen;
   CLI::App parser("Makes, checks and shows the data that the library and its applications read.", "skydata");
   parser.set_version_flag("--version", std::string("skydata ") + CI_VERSION);
   parser.allow_windows_style_options(false);  // a path may begin with a slash on every system
-  DeclareAll(GetCommands(), parser, action);
+  DeclareAll(GetCommands(), parser, chosen);
   try {
     // The parser takes its arguments from the back.
     parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -56,17 +69,17 @@ int ParseAndRun(const std::vector<std::string>& arguments, std::ostream& output,
   } catch (const CLI::Error& error) {
     return RefuseUsage(error.what(), errors);
   }
-  return RunAction(action, output, errors);
+  return RunAction(chosen, output, errors);
 }
 
 }  // namespace
 
 // Nothing counts as said that could not be written.
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
-  const int code = ParseAndRun(arguments, output, errors);
-  output.flush();
-  if (output) return code;
-  errors << "skydata: standard output: cannot be written\n";
+  PrintableStream lines(errors);
+  const int code = ParseAndRun(arguments, output, lines);
+  if (output.flush()) return code;
+  lines << "skydata: standard output: cannot be written\n";
   return kBadData;
 }
 

@@ -6,6 +6,14 @@
 #include "skyview/commands/skyview.h"
 #include "utils/program.h"
 
-int main(int argumentCount, char** arguments) {
+namespace {
+
+UTILS_MADE_FIRST const MemoryGuard s_Guard("skyview");
+
+int Run(int argumentCount, char** arguments) {
   return skyview::Run({arguments + 1, arguments + argumentCount}, GetProgramFolder(), std::cout, std::cerr);
 }
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) { return RunProgram(Run, argumentCount, arguments); }

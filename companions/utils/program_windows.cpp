@@ -1,10 +1,18 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include "companions/utils/program_platform.h"
 #include "utils/program.h"
 
 #include <windows.h>
 
 #include <filesystem>
+
+namespace utils_internal {
+
+// A closed pipe is a failed writing here, and files never take the place of a standard stream.
+void PrepareStandardStreams() {}
+
+}  // namespace utils_internal
 
 std::string GetProgramFolder() {
   wchar_t path[32768];

@@ -5,11 +5,10 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <memory>
 
 #include "utils/debug.h"
-#include "utils/file.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace scene {
 namespace {
@@ -92,22 +91,13 @@ std::string_view TakePiece(std::string_view& rest, char separator) {
   return piece;
 }
 
-bool ReadWholeFile(const char* path, std::string& content) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(mm_fopen(path, "rb"), std::fclose);
-  if (!file) return false;
-  char block[65536];
-  for (std::size_t got; (got = std::fread(block, 1, sizeof block, file.get())) > 0;)
-    content.append(block, got);
-  return std::ferror(file.get()) == 0;
-}
-
 }  // namespace
 
 bool CatalogTable::Load(const char* path) {
   *this = CatalogTable();
-  std::string content;
-  if (!ReadWholeFile(path, content)) {
-    m_Error = std::string(path) + ": cannot be read";
+  std::string content, reason;
+  if (!ReadWholeFile(path, content, reason)) {
+    m_Error = std::string(path) + ": " + reason;
     return false;
   }
   std::string_view rest = content;

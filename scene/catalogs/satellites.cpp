@@ -4,16 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "astro/satellite.h"
 #include "utils/debug.h"
-#include "utils/file.h"
 #include "utils/messages.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace scene {
 namespace {
@@ -33,15 +31,6 @@ const char* Describe(SatelliteFault fault) {
     default:
       return "it has decayed";
   }
-}
-
-bool ReadWhole(const std::string& path, std::string& content) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(mm_fopen(path.c_str(), "rb"), std::fclose);
-  if (!file) return false;
-  char block[65536];
-  for (std::size_t got; (got = std::fread(block, 1, sizeof block, file.get())) > 0;)
-    content.append(block, got);
-  return std::ferror(file.get()) == 0;
 }
 
 // Takes the lines of a file one after the other.
@@ -159,9 +148,9 @@ void ReportOld(const std::string& file, const std::vector<DoubtfulSatellite>& ol
 }  // namespace
 
 bool LoadSatellites(const std::string& path, BodyList& bodies, std::string& error) {
-  std::string content;
-  if (!ReadWhole(path, content)) {
-    error = path + ": cannot be read";
+  std::string content, reason;
+  if (!ReadWholeFile(path.c_str(), content, reason)) {
+    error = path + ": " + reason;
     return false;
   }
   std::string_view rest = content;

@@ -22,6 +22,9 @@ enum ExitCode { kDone = 0, kBadData = 1, kBadUsage = 2 };
 // What a command does: results to `output`, what is wrong to `errors`; returns an exit code. A UsageError
 // that it throws is told like an argument that the parser refuses; any other exception is printed as one line
 // and is kBadData.
+//
+// Both streams show what would harm a terminal as escapes (skydata/files/printable_stream.h), except for the
+// output of a command whose content is bytes.
 using Action = std::function<int(std::ostream& output, std::ostream& errors)>;
 
 // An argument that the command cannot do anything with.
@@ -34,12 +37,16 @@ class UsageError : public std::runtime_error {
 // Declares the arguments of a command on its parser; the action reads them when they have been parsed.
 using Declare = Action (*)(CLI::App& command);
 
+// What a command writes to its output.
+enum class Content { kText, kBytes };
+
 // A command, or a group of commands.
 struct Command {
   const char* name;
   const char* help;
   Declare declare = nullptr;   // null for a group
   std::vector<Command> group;  // what stands below it, one of which must be chosen
+  Content content = Content::kText;
 };
 
 // All commands, in the order in which the help shows them.

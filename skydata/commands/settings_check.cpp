@@ -8,6 +8,7 @@
 #include "skydata/commands/settings_input.h"
 #include "skydata/files/json.h"
 #include "skydata/files/source_error.h"
+#include "skydata/files/whole_file.h"
 #include "skydata/settings/check.h"
 
 namespace skydata {
@@ -24,8 +25,8 @@ std::vector<Finding> CheckFile(const std::string& path, const FieldNames& names)
   try {
     const std::string bytes = ReadInput(path);
     return CheckSettings(bytes, ReadSettingsFile(bytes, names), names, KindOfFile(path));
-  } catch (const SourceError&) {
-    return {{FindingCode::kUnreadable, 0, "the file is missing or cannot be read"}};
+  } catch (const SourceError& error) {
+    return {{FindingCode::kUnreadable, 0, DescribeRefusal(error)}};
   }
 }
 

@@ -4,11 +4,12 @@
 
 #include <CLI/CLI.hpp>
 #include <iostream>
-#include <iterator>
 
 #include "skydata/commands/command.h"
+#include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/settings/text/values.h"
+#include "utils/whole_file.h"
 
 namespace skydata {
 
@@ -44,7 +45,10 @@ std::pair<unsigned, unsigned> ParseBlockKey(const std::string& text) {
 }
 
 std::string ReadInput(const std::string& path) {
-  return path == kStandardStream ? std::string{std::istreambuf_iterator<char>(std::cin), {}} : ReadFile(path);
+  if (path != kStandardStream) return ReadFile(path);
+  std::string bytes, reason;
+  if (!ReadWholeStream(std::cin, bytes, reason)) throw SourceError("standard input", 0, reason);
+  return bytes;
 }
 
 SettingsFile LoadSettings(const std::string& path, const FieldNames& names, std::ostream& errors,

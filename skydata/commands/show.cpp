@@ -22,7 +22,7 @@ struct Arguments {
   bool isJson = false;
 };
 
-ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string& bytes) {
+ShownTable ShowFileOf(DataKind kind, const std::string& path) {
   using Show = ShownTable (*)(const std::string&);
   static const std::map<DataKind, Show> kShows = {
       {DataKind::kSettings, ShowSettings},     {DataKind::kYearLimits, ShowYearLimits},
@@ -33,7 +33,7 @@ ShownTable ShowFileOf(DataKind kind, const std::string& path, const std::string&
       {DataKind::kMilkyWayImages, ShowImages}, {DataKind::kDeepskyImages, ShowDeepskyImages},
       {DataKind::kPanoramas, ShowPanoramas},   {DataKind::kFavourites, ShowList},
       {DataKind::kChosen, ShowList},           {DataKind::kSelection, ShowList}};
-  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(bytes);
+  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(ReadFile(path));
 }
 
 DataKind FindKind(const Arguments& arguments) {
@@ -56,12 +56,11 @@ int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& erro
     errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
     return kBadUsage;
   }
-  const std::string bytes = ReadFile(arguments.file);
   if (kind == DataKind::kSettings && !arguments.isJson) {
-    WriteSettingsText(ReadSettingsFile(bytes, FieldNames()), output);
+    WriteSettingsText(ReadSettingsFile(ReadFile(arguments.file), FieldNames()), output);
     return kDone;
   }
-  const ShownTable table = ShowFileOf(kind, arguments.file, bytes);
+  const ShownTable table = ShowFileOf(kind, arguments.file);
   output << (arguments.isJson ? FormatTableAsJson(table) : FormatTable(table));
   if (table.unreadable == 0) return kDone;
   errors << arguments.file << ": " << table.unreadable << " records cannot be read (skydata lint says why)\n";

@@ -7,6 +7,7 @@
 #include "skydata/commands/command.h"
 #include "skydata/commands/strings_options.h"
 #include "skydata/files/source_error.h"
+#include "skydata/files/whole_file.h"
 #include "skydata/strings/check.h"
 
 namespace skydata {
@@ -30,8 +31,8 @@ int Check(const Arguments& arguments, std::ostream& output) {
     try {
       sources.push_back(ReadStrings(file, arguments.language, arguments.encoding));
       Append(CheckStrings(sources.back()), findings);
-    } catch (const SourceError&) {
-      findings.push_back({file, 0, "unreadable", true, "the file is missing or cannot be read"});
+    } catch (const SourceError& error) {
+      findings.push_back({file, 0, "unreadable", true, DescribeRefusal(error)});
     }
   }
   Append(CompareStrings(sources), findings);

@@ -7,7 +7,7 @@ namespace skydata {
 const std::vector<Command>& GetCommands() {
   static const std::vector<Command> kSettings = {
       {"dump", "print a settings file as text", DeclareSettingsDump, {}},
-      {"build", "make a settings file of a text", DeclareSettingsBuild, {}},
+      {"build", "make a settings file of a text", DeclareSettingsBuild, {}, Content::kBytes},
       {"check", "say what is wrong with settings files", DeclareSettingsCheck, {}},
       {"diff", "compare two settings files", DeclareSettingsDiff, {}},
       {"convert", "bring a file of an earlier version to the current layout", DeclareSettingsConvert, {}},
@@ -20,7 +20,8 @@ const std::vector<Command>& GetCommands() {
       {"pseudo",
        "write a language that nobody speaks: it shows what is not translated or is cut",
        DeclareStringsPseudo,
-       {}},
+       {},
+       Content::kBytes},
       {"list", "list the texts that the library uses", DeclareStringsList, {}},
   };
   static const std::vector<Command> kCommands = {

@@ -31,7 +31,7 @@ std::string JsonString(const std::string& utf8) {
     const int character = DecodeUtf8(utf8, at, &length);
     if (character < 0) {
       json += kReplacement;
-    } else if (character < ' ') {
+    } else if (character < ' ' || (character >= 0x7F && character < 0xA0)) {
       json += EscapeControl(static_cast<unsigned char>(character));
     } else {
       if (character == '"' || character == '\\') json += '\\';

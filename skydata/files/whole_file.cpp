@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/files/whole_file.h"
 
-#include <fstream>
-#include <iterator>
 #include <random>
 
-#include "skydata/files/source_error.h"
 #include "utils/replace_file.h"
+#include "utils/whole_file.h"
 
 namespace skydata {
 namespace {
@@ -27,13 +25,14 @@ std::filesystem::path FromUtf8(const std::string& path) { return std::u8string(p
 }  // namespace
 
 std::string ReadFile(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw SourceError(path.string(), 0, "cannot be opened");
-  try {
-    return {std::istreambuf_iterator<char>(in), {}};
-  } catch (const std::ios_base::failure&) {  // a folder
-    throw SourceError(path.string(), 0, "cannot be read");
-  }
+  std::string bytes, reason;
+  if (!ReadWholeFile(ToUtf8(path).c_str(), bytes, reason)) throw SourceError(path.string(), 0, reason);
+  return bytes;
+}
+
+std::string DescribeRefusal(const SourceError& refusal) {
+  const std::string& reason = refusal.GetMessage();
+  return "the file " + (reason == kTooManyBytes ? reason : "is missing or " + reason);
 }
 
 TextLines ReadLines(const std::filesystem::path& path) { return SplitTrimmedLines(ReadFile(path)); }

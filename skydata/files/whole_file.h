@@ -6,12 +6,17 @@
 #include <functional>
 #include <string>
 
+#include "skydata/files/source_error.h"
 #include "skydata/files/text_lines.h"
 
 namespace skydata {
 
-// The whole file. Throws SourceError when it cannot be read.
+// The whole file. Throws SourceError when it cannot be read and when it is longer than utils/whole_file.h
+// allows.
 std::string ReadFile(const std::filesystem::path& path);
+
+// What a check says of a file that ReadFile refused: "the file is missing or cannot be read".
+std::string DescribeRefusal(const SourceError& refusal);
 
 // The lines of a text file, each without the blanks at its end. Throws SourceError when it cannot be read.
 TextLines ReadLines(const std::filesystem::path& path);

@@ -59,8 +59,8 @@ void AddFile(const fs::path& path, LintRun& run) {
   try {
     file.bytes = ReadFile(path);
     run.files.push_back(std::move(file));
-  } catch (const SourceError&) {
-    LintReport(file.name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the file cannot be read");
+  } catch (const SourceError& error) {
+    LintReport(file.name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the file " + error.GetMessage());
   }
 }
 

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/skyview.h"
 
-#include <new>
+#include <stdexcept>
 
 #include "skyview/commands/command_table.h"
 #include "skyview/options/stop.h"
 #include "skyview/reports/host_texts.h"
+#include "utils/messages.h"
 
 namespace skyview {
 namespace {
@@ -33,13 +34,13 @@ std::string RunCommand(const std::vector<std::string>& arguments, const std::str
 }
 
 int Fail(const std::string& message, int code, std::ostream& errors) {
-  errors << "skyview: " << message << "\n";
+  errors << "skyview: " << MakePrintable(message) << "\n";
   return code;
 }
 
 // Nothing counts as said that could not be written.
 int Print(const std::string& text, std::ostream& output, std::ostream& errors) {
-  output << text << std::flush;
+  output << MakePrintable(text) << std::flush;
   return output ? kDone : Fail("standard output: cannot be written", kBadData, errors);
 }
 
@@ -51,12 +52,13 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   try {
     const int code = Print(RunCommand(arguments, programFolder, clock, diagnostics), output, errors);
     if (code != kDone) return code;
-    for (const auto& line : diagnostics.lines) errors << "skyview: " << scene::MessageToUtf8(line);
+    for (const auto& line : diagnostics.lines)
+      errors << "skyview: " << MakePrintable(scene::MessageToUtf8(line));
     return kDone;
   } catch (const Stop& stop) {
     return stop.code == kDone ? Print(stop.message, output, errors) : Fail(stop.message, stop.code, errors);
-  } catch (const std::bad_alloc&) {
-    return Fail("there is not enough memory for this", kBadData, errors);
+  } catch (const std::runtime_error& error) {  // of the standard library
+    return Fail(error.what(), kBadData, errors);
   }
 }
 

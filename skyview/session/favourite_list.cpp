@@ -64,11 +64,8 @@ class ListEditor {
     return m_Changed = true;
   }
 
-  // Whether what was written reads back; the file itself says nothing of a failure.
   bool Save(std::string& error) {
-    if (!m_Changed) return true;
-    m_File.Write();
-    if (ReadFavourites() == m_File.GetObjects()) return true;
+    if (!m_Changed || m_File.Save()) return true;
     error =
         ZentharPath::GetWorkPath(kFile, false, false) + ": the list of favourites cannot be written there";
     return false;

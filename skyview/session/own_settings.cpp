@@ -14,7 +14,9 @@
 #include "skyview/options/setting_text.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
+#include "utils/path.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace skyview {
 namespace {
@@ -110,10 +112,14 @@ void ChangeField(const SettingText& change, unsigned section, SettingsData& sett
 }  // namespace
 
 ViewResult LoadSettings(const std::optional<std::string>& file, SettingsData& settings) {
+  std::string reason;
+  const std::string defaults = ZentharPath::GetPath("filters.data");
+  if (!defaults.empty() && !IsBoundedFile(defaults.c_str(), reason)) return BadFile(defaults + ": " + reason);
   if (!settings.Read(nullptr)) return BadFile("filters.data: missing from the data root, or damaged");
   if (!file) return {};
   const std::string path = ResolveInput(*file);
   if (path.empty()) return BadFile(*file + ": not found, neither here nor in the data root");
+  if (!IsBoundedFile(path.c_str(), reason)) return BadFile(path + ": " + reason);
   if (!SettingsData::HoldsBlock(path.c_str(), settings.GetOwner(), settings.GetID())) {
     return BadFile(path + ": holds no settings");
   }

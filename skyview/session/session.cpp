@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <random>
 
@@ -17,6 +16,7 @@
 #include "utils/file.h"
 #include "utils/path.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace skyview {
 namespace {
@@ -130,23 +130,33 @@ class TemporaryFile {
   std::string m_Path;
 };
 
-std::optional<std::string> ReadFile(const std::string& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(mm_fopen(path.c_str(), "rb"), std::fclose);
-  if (!file) return std::nullopt;
+// A data file as it is now: one that is there has a checksum, or a reason why it cannot be read.
+struct DataFile {
+  std::optional<unsigned long long> checksum;
+  std::string reason;
+};
+
+DataFile LookAt(const std::string& name) {
+  DataFile file;
+  const std::string path = ZentharPath::GetPath(name.c_str());
   std::string bytes;
-  char block[1 << 16];
-  for (std::size_t count; (count = std::fread(block, 1, sizeof block, file.get())) > 0;)
-    bytes.append(block, count);
-  if (std::ferror(file.get()) != 0) return std::nullopt;
-  return bytes;
+  if (!path.empty() && ReadWholeFile(path.c_str(), bytes, file.reason)) file.checksum = Checksum(bytes);
+  return file;
 }
 
-std::optional<unsigned long long> FindChecksum(const std::string& name) {
-  const std::string path = ZentharPath::GetPath(name.c_str());
-  if (path.empty()) return std::nullopt;
-  const auto bytes = ReadFile(path);
-  if (!bytes) return std::nullopt;
-  return Checksum(*bytes);
+// Of every file that the picture depends on. A session that lacked one would never tell that it changed.
+bool FindChecksums(SessionCapsule& capsule, std::string& error) {
+  std::vector<std::string> names(std::begin(kDataFiles), std::end(kDataFiles));
+  names.push_back(capsule.tle);
+  for (const auto& name : names) {
+    const DataFile file = LookAt(name);
+    if (!file.reason.empty()) {
+      error = name + ": " + file.reason + ", and a session wants its checksum";
+      return false;
+    }
+    if (file.checksum) capsule.data.push_back({name, *file.checksum});
+  }
+  return true;
 }
 
 bool DescribeView(Camera& camera, std::vector<std::string>& view) {
@@ -191,12 +201,8 @@ bool Write(const std::string& path, const std::string& text) {
 }  // namespace
 
 bool LoadSession(const std::string& path, SessionCapsule& capsule, std::string& error) {
-  const auto text = ReadFile(path);
-  if (!text) {
-    error = path + ": cannot be read";
-    return false;
-  }
-  if (ParseSession(*text, capsule, error)) return true;
+  std::string text;
+  if (ReadWholeFile(path.c_str(), text, error) && ParseSession(text, capsule, error)) return true;
   error = path + ": " + error;
   return false;
 }
@@ -256,10 +262,12 @@ std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const st
   std::vector<std::string> lines;
   for (const auto& file : capsule.data) {
     if (file.name == kTextFile && language != capsule.language) continue;
-    const auto now = FindChecksum(file.name);
-    if (!now) {
+    const DataFile now = LookAt(file.name);
+    if (!now.reason.empty()) {
+      lines.push_back(file.name + ": " + now.reason + ", so it may have changed since the session was saved");
+    } else if (!now.checksum) {
       lines.push_back(file.name + ": missing, it was there when the session was saved");
-    } else if (*now != file.checksum) {
+    } else if (*now.checksum != file.checksum) {
       lines.push_back(file.name + ": changed since the session was saved");
     }
   }
@@ -289,10 +297,7 @@ bool SaveSession(const std::string& path, const std::string& language, const Sky
   capsule.showers = options.extras.showers;
   if (options.extras.orbits) capsule.orbits = FormatOrbits(*options.extras.orbits);
   if (options.satellites.tle) capsule.tle = FindLasting(*options.satellites.tle);
-  for (const char* name : kDataFiles) {
-    if (const auto checksum = FindChecksum(name)) capsule.data.push_back({name, *checksum});
-  }
-  if (const auto checksum = FindChecksum(capsule.tle)) capsule.data.push_back({capsule.tle, *checksum});
+  if (!FindChecksums(capsule, error)) return false;
   if (Write(path, FormatSession(capsule))) return true;
   error = path + ": the session cannot be saved there";
   return false;

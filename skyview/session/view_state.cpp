@@ -18,6 +18,7 @@
 #include "utils/messages.h"
 #include "utils/path.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace skyview {
 namespace {
@@ -34,6 +35,8 @@ ViewResult BadOption(const std::string& message) { return {Failure::kBadOption, 
 ViewResult RestoreView(const ViewFile& view, Camera& camera) {
   const std::string path = ResolveInput(view.path);
   if (path.empty()) return BadData(view.path + ": not found, neither here nor in the data root");
+  std::string reason;
+  if (!IsBoundedFile(path.c_str(), reason)) return BadData(path + ": " + reason);
   const std::string number = std::to_string(view.id);
   if (!SettingsData::HoldsBlock(path.c_str(), kCameraRecord, static_cast<unsigned>(view.id))) {
     return BadData(path + ": holds no view " + number);

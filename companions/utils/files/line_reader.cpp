@@ -23,7 +23,9 @@ bool LineReader::Fill() {
   // What follows a failed read may have lost bytes in front of it, which would make one line of two.
   if (m_Failed) return false;
   m_End = std::fread(m_Buffer.data(), 1, m_Buffer.size(), m_File);
-  m_Failed = std::ferror(m_File) != 0;
+  m_Taken += static_cast<unsigned>(m_End);
+  m_Failed = std::ferror(m_File) != 0 || IsTooLong();
+  if (IsTooLong()) m_End = 0;
   return m_End > 0;
 }
 

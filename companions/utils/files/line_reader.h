@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <vector>
 
+#include "utils/whole_file.h"
+
 namespace utils_internal {
 
 // What one line held, beside the text that was copied.
@@ -16,7 +18,7 @@ struct LineInfo {
 
 // Lines of a stream, through a buffer of its own. The stream stays the caller's. A byte-order mark at the
 // start is skipped, and is no part of the first line. A read error ends the reading: the line that it fell
-// into is not handed out, nor anything behind it.
+// into is not handed out, nor anything behind it; a stream that goes on beyond the bound is such an error.
 class LineReader {
  public:
   explicit LineReader(std::FILE* file);
@@ -27,12 +29,16 @@ class LineReader {
 
   bool HasFailed() const { return m_Failed; }
 
+  // Whether that was because the stream has more than kMostFileBytes (utils/whole_file.h).
+  bool IsTooLong() const { return m_Taken > kMostFileBytes; }
+
  private:
   bool Fill();
 
   std::FILE* m_File;
   std::vector<char> m_Buffer;
   std::size_t m_Begin = 0, m_End = 0;  // what is read and not yet used
+  unsigned m_Taken = 0;                // bytes that the stream gave
   bool m_Failed = false;               // nothing more can be read
 };
 

@@ -12,6 +12,7 @@
 #include "utils/file.h"
 #include "utils/numbers.h"
 #include "utils/replace_file.h"
+#include "utils/whole_file.h"
 
 using utils_internal::LineInfo;
 using utils_internal::LineReader;
@@ -29,11 +30,16 @@ struct MTextFile::State {
   std::unique_ptr<LineReader> lines;
   bool readFailed = false;
   FileReplacement output;
-  std::string outputPath;  // as the caller knows it, for the message
+  std::string inputPath, outputPath;  // as the caller knows them, for messages
 
   void EndReading() {
     lines.reset();
     input.reset();
+  }
+
+  void TellFailure() {
+    if (lines->IsTooLong() && !readFailed) PrintDebugString("File %s %s\n", inputPath.c_str(), kTooManyBytes);
+    readFailed = true;
   }
 
   bool GiveUp() {
@@ -47,7 +53,7 @@ struct MTextFile::State {
     for (;;) {
       const LineInfo none{0, -1, 0};
       const LineInfo line = lines ? lines->Next(out, std::min(limit, lineLimit)) : none;
-      if (line.bytes == 0 && lines && lines->HasFailed()) readFailed = true;
+      if (line.bytes == 0 && lines && lines->HasFailed()) TellFailure();
       if (line.bytes == 0 || !comments || line.first < 0) return line;
       if (line.first == static_cast<unsigned char>(end)) {
         EndReading();
@@ -83,7 +89,7 @@ bool WriteFormatted(FileReplacement& output, const char* format, std::va_list ar
 
 MTextFile::MTextFile(bool comments, char comment, char end, unsigned lineSize)
     : m_State(new State{
-          comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, false, {}, {}}) {}
+          comments, comment, end, lineSize > 0 ? lineSize - 1 : 0, nullptr, nullptr, false, {}, {}, {}}) {}
 
 MTextFile::~MTextFile() {
   if (m_State->output.IsOpen()) m_State->GiveUp();
@@ -98,6 +104,7 @@ bool MTextFile::Open(const char* path, bool write) {
     return m_State->output.Open(path);
   }
   if (utils_internal::GetPathKind(path) == utils_internal::PathKind::kFolder) return false;
+  m_State->inputPath = path;
   m_State->input.reset(mm_fopen(path, "rb"));
   if (!m_State->input) return false;
   m_State->lines = std::make_unique<LineReader>(m_State->input.get());

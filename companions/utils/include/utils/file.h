@@ -86,7 +86,9 @@ class UTILS_API MFile {
 // file is skipped. A line longer than lineSize - 1 characters is cut there, and its rest is dropped. Bytes
 // are copied as they are, zero bytes included (a C string then ends early, the next line is not touched).
 // With `comments` set, a line whose first character is the comment character is skipped and a line that
-// begins with the end character ends the reading for good; without it neither character means anything.
+// begins with the end character ends the reading for good; without it neither character means anything. A
+// file that goes on beyond kMostFileBytes (utils/whole_file.h), as a device may, ends there with a read error
+// and one line that names it.
 //
 // Writing: the text is the new content of a FileReplacement (utils/replace_file.h), which Close commits. A
 // write that failed, or an object destroyed without Close, leaves the old file as it was and prints one line

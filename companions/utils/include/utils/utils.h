@@ -23,3 +23,4 @@
 #include "utils/text.h"
 #include "utils/timezone.h"
 #include "utils/version.h"
+#include "utils/whole_file.h"
