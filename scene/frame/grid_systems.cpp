@@ -14,8 +14,8 @@ namespace scene {
 
 GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer) {
   const double julianDateTT = astro::kJ2000 + observer.years * astro::kDaysPerJulianYear;
-  GridSystem system = {{}, false, LongitudeUnit::kDegrees, false, palette::kEquatorialGrid,
-                       LabelKind::kEquatorialGrid};
+  GridSystem system = {
+      {}, false, LongitudeUnit::kDegrees, false, palette::kEquatorialGrid, LabelKind::kEquatorialGrid};
   switch (id) {
     case GridSystemId::kEquatorOfDate:
       system.unit = LongitudeUnit::kHours;
@@ -49,7 +49,8 @@ GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer) {
   return system;
 }
 
-Direction ShownDirection(const GridSystem& system, const Direction& coordinates, const ObserverFrame& observer) {
+Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
+                         const ObserverFrame& observer) {
   Direction direction;
   V3Mprod(coordinates.v, system.axes, direction.v);
   return system.ofCatalogues ? ApparentDirection(direction, observer) : direction;

@@ -14,12 +14,12 @@ enum class GridSystemId { kEquatorOfDate, kEquatorJ2000, kEcliptic, kGalactic, k
 inline constexpr int kGridSystemCount = 5;
 
 struct GridSystem {
-  double axes[9];      // from J2000 axes to those of the system
+  double axes[9];  // from J2000 axes to those of the system
   // Whether its coordinates are places in catalogues, which aberration moves with their stars; the others are
   // coordinates of what is seen.
   bool ofCatalogues;
   LongitudeUnit unit;
-  bool westward;       // labels count against the direction of the axes, as azimuths do
+  bool westward;  // labels count against the direction of the axes, as azimuths do
   Colour colour;
   LabelKind label;
 };
@@ -29,6 +29,7 @@ struct GridSystem {
 GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer);
 
 // Of the system's coordinates, as the picture shows them: J2000 axes, with aberration where the system asks for it.
-Direction ShownDirection(const GridSystem& system, const Direction& coordinates, const ObserverFrame& observer);
+Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
+                         const ObserverFrame& observer);
 
 }  // namespace scene

@@ -21,7 +21,26 @@ constexpr unsigned kFirstName = 900401;  // of the string table, in the order of
 constexpr std::size_t kMostTexts = 1000, kVerticesReserved = 60000, kChainsReserved = 1000;
 
 // What stands here where the string table has no text.
-constexpr const char* kEnglish[] = {"North celestial pole", "South celestial pole", "March equinox", "June solstice", "September equinox", "December solstice", "North ecliptic pole", "South ecliptic pole", "North galactic pole", "South galactic pole", "Galactic centre", "Zenith", "Nadir", "Equator", "Equator J2000", "Ecliptic", "Galactic equator", "Meridian", "Prime vertical", "Precession"};
+constexpr const char* kEnglish[] = {"North celestial pole",
+                                    "South celestial pole",
+                                    "March equinox",
+                                    "June solstice",
+                                    "September equinox",
+                                    "December solstice",
+                                    "North ecliptic pole",
+                                    "South ecliptic pole",
+                                    "North galactic pole",
+                                    "South galactic pole",
+                                    "Galactic centre",
+                                    "Zenith",
+                                    "Nadir",
+                                    "Equator",
+                                    "Equator J2000",
+                                    "Ecliptic",
+                                    "Galactic equator",
+                                    "Meridian",
+                                    "Prime vertical",
+                                    "Precession"};
 
 constexpr Direction kX = {{1.0, 0.0, 0.0}}, kY = {{0.0, 1.0, 0.0}}, kZ = {{0.0, 0.0, 1.0}};
 
@@ -43,7 +62,8 @@ Reach FindReach(const GridSystem& system, const ViewGeometry& geometry) {
   MV3prod(system.axes, geometry.centreJ2000.v, centre);
   psf(centre, 1.0, longitude, latitude);
   const double radius = std::min(1.01 * geometry.cornerAngle + kMargin, kPi);
-  Reach reach = {std::max(latitude - radius, -0.5 * kPi), std::min(latitude + radius, 0.5 * kPi), longitude, kPi};
+  Reach reach = {std::max(latitude - radius, -0.5 * kPi), std::min(latitude + radius, 0.5 * kPi), longitude,
+                 kPi};
   if (std::fabs(latitude) + radius < 0.5 * kPi)
     reach.halfWidth = std::asin(std::min(1.0, std::sin(radius) / std::cos(latitude)));
   return reach;
@@ -137,7 +157,8 @@ void SkyGrids::Compute(const ViewGeometry& geometry, const ObserverFrame& observ
   const Context context = {geometry, observer, tests, labels};
   AddPoints(context, wanted.points);
   const auto add = [&](GridSystemId id, unsigned grid, unsigned equator, Name name) {
-    if (grid != 0 || equator != 0) AddSystem(context, id, grid != 0, equator != 0 ? m_Names[name].c_str() : nullptr);
+    if (grid != 0 || equator != 0)
+      AddSystem(context, id, grid != 0, equator != 0 ? m_Names[name].c_str() : nullptr);
   };
   add(GridSystemId::kEquatorOfDate, wanted.equatorialGrid & 1u, wanted.equator & 1u, kEquator);
   add(GridSystemId::kEquatorJ2000, wanted.equatorialGrid & 2u, wanted.equator & 2u, kEquatorJ2000);
@@ -147,7 +168,8 @@ void SkyGrids::Compute(const ViewGeometry& geometry, const ObserverFrame& observ
   add(GridSystemId::kHorizontal, wanted.horizontalGrid, 0, kMeridian);
   const GridSystem horizontal = MakeGridSystem(GridSystemId::kHorizontal, observer);
   const auto circle = [&](const Direction& start, Name name) {
-    AddCircle(context, horizontal, start, kZ, {CircleColour(horizontal.colour), kCircleWidth, m_Names[name].c_str()});
+    AddCircle(context, horizontal, start, kZ,
+              {CircleColour(horizontal.colour), kCircleWidth, m_Names[name].c_str()});
   };
   if (wanted.meridian & 1u) circle(kX, kMeridian);
   if (wanted.meridian & 2u) circle(kY, kPrimeVertical);
@@ -260,7 +282,8 @@ void SkyGrids::AddPoints(const Context& context, unsigned choice) {
 }
 
 // A cross, upright in the picture.
-void SkyGrids::AddPoint(const Context& context, const GridSystem& system, const Direction& coordinates, Name name) {
+void SkyGrids::AddPoint(const Context& context, const GridSystem& system, const Direction& coordinates,
+                        Name name) {
   constexpr double kArm = 6.0, kSize = 11.0;  // pixels
   const ViewGeometry& geometry = context.geometry;
   const Direction direction = ShownDirection(system, coordinates, context.observer);

@@ -77,8 +77,8 @@ class SkyGrids {
 
   void AddSystem(const Context& context, GridSystemId id, bool grid, const char* equator);
   void AddGrid(const Context& context, const GridSystem& system, bool withEquator);
-  void AddParallel(const Context& context, const GridSystem& system, double latitude, double middle, double half,
-                   const Stroke& stroke);
+  void AddParallel(const Context& context, const GridSystem& system, double latitude, double middle,
+                   double half, const Stroke& stroke);
   void AddMeridian(const Context& context, const GridSystem& system, double longitude, double from, double to,
                    const Stroke& stroke);
   // A great circle through two coordinates that stand a right angle apart.

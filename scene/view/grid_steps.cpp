@@ -15,12 +15,12 @@ constexpr double kSecondsPerUnit = 3600.0;
 constexpr double kRadiansPerHour = 15.0 * kRadiansPerDegree;
 
 // In seconds of the unit. Finer ones than the last are never asked for: the camera's zoom ends before.
-constexpr double kDegreeSteps[] = {0.01,  0.02,  0.05,   0.1,    0.2,    0.5,     1.0,     2.0,     5.0,
-                                   10.0,  20.0,  30.0,   60.0,   120.0,  300.0,   600.0,   1200.0,  1800.0,
-                                   3600.0, 7200.0, 18000.0, 36000.0, 54000.0, 108000.0, 162000.0};
-constexpr double kHourSteps[] = {0.001, 0.002, 0.005, 0.01,  0.02,  0.05,   0.1,    0.2,    0.5,     1.0,
-                                 2.0,   5.0,   10.0,  20.0,  30.0,  60.0,   120.0,  300.0,  600.0,   1200.0,
-                                 1800.0, 3600.0, 7200.0, 10800.0};
+constexpr double kDegreeSteps[] = {
+    0.01,  0.02,  0.05,  0.1,    0.2,    0.5,    1.0,    2.0,     5.0,     10.0,    20.0,     30.0,    60.0,
+    120.0, 300.0, 600.0, 1200.0, 1800.0, 3600.0, 7200.0, 18000.0, 36000.0, 54000.0, 108000.0, 162000.0};
+constexpr double kHourSteps[] = {0.001, 0.002, 0.005, 0.01,   0.02,   0.05,   0.1,    0.2,
+                                 0.5,   1.0,   2.0,   5.0,    10.0,   20.0,   30.0,   60.0,
+                                 120.0, 300.0, 600.0, 1200.0, 1800.0, 3600.0, 7200.0, 10800.0};
 
 template <std::size_t kCount>
 double ChooseStep(const double (&steps)[kCount], double least) {

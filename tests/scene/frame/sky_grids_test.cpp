@@ -61,10 +61,9 @@ TEST_F(Grids, NothingUnlessAskedFor) {
 }
 
 TEST_F(Grids, EveryFieldDrawsItsOwn) {
-  unsigned char SkyLines::*const fields[] = {&SkyLines::equatorialGrid, &SkyLines::equator,
-                                             &SkyLines::eclipticGrid,   &SkyLines::ecliptic,
-                                             &SkyLines::galacticGrid,   &SkyLines::horizontalGrid,
-                                             &SkyLines::meridian,       &SkyLines::points};
+  unsigned char SkyLines::*const fields[] = {
+      &SkyLines::equatorialGrid, &SkyLines::equator,        &SkyLines::eclipticGrid, &SkyLines::ecliptic,
+      &SkyLines::galacticGrid,   &SkyLines::horizontalGrid, &SkyLines::meridian,     &SkyLines::points};
   f.camera.SetZoom(0.25);
   for (std::size_t i = 0; i < std::size(fields); ++i) {
     f.shown.lines = {};
@@ -85,13 +84,18 @@ TEST_F(Grids, HorizontalLinesLieOnTheirCoordinates) {
       const Vertex& v = f.frame.GetDisplayList().GetVertices()[static_cast<std::size_t>(i)];
       // Back from the picture to azimuth and altitude: one of them is a multiple of the step of five degrees.
       const double left = v.x - 800.0, up = 500.0 - static_cast<double>(v.y);
-      const double theta = 2.0 * std::atan(std::hypot(left, up) / geometry.scale), bearing = std::atan2(up, left);
-      const double x = std::cos(theta), y = -std::sin(theta) * std::cos(bearing), z = std::sin(theta) * std::sin(bearing);
+      const double theta = 2.0 * std::atan(std::hypot(left, up) / geometry.scale),
+                   bearing = std::atan2(up, left);
+      const double x = std::cos(theta), y = -std::sin(theta) * std::cos(bearing),
+                   z = std::sin(theta) * std::sin(bearing);
       const double tilt = 30.0 * kRadiansPerDegree;
-      const double ahead = x * std::cos(tilt) - z * std::sin(tilt), high = x * std::sin(tilt) + z * std::cos(tilt);
-      const double altitude = std::asin(high) / kRadiansPerDegree, azimuth = std::atan2(y, ahead) / kRadiansPerDegree;
-      const double off = std::min(std::fabs(std::remainder(altitude, 5.0)),
-                                  std::fabs(std::remainder(azimuth, 5.0)) * std::cos(altitude * kRadiansPerDegree));
+      const double ahead = x * std::cos(tilt) - z * std::sin(tilt),
+                   high = x * std::sin(tilt) + z * std::cos(tilt);
+      const double altitude = std::asin(high) / kRadiansPerDegree,
+                   azimuth = std::atan2(y, ahead) / kRadiansPerDegree;
+      const double off =
+          std::min(std::fabs(std::remainder(altitude, 5.0)),
+                   std::fabs(std::remainder(azimuth, 5.0)) * std::cos(altitude * kRadiansPerDegree));
       EXPECT_LT(off * kRadiansPerDegree * geometry.scale * 0.5, 0.01) << azimuth << " " << altitude;
     }
   });
@@ -121,7 +125,8 @@ TEST_F(Grids, LabelsSitAtTheEdgeOfTheWindow) {
     if (label.kind != LabelKind::kEquatorialGrid) continue;
     ++labels;
     const double width = TextExtents().GetWidth(label.text, label.size, 0);
-    const double away = std::min({label.place.x, 1600.0 - label.place.x - width, label.place.y, 1000.0 - label.place.y});
+    const double away =
+        std::min({label.place.x, 1600.0 - label.place.x - width, label.place.y, 1000.0 - label.place.y});
     EXPECT_LE(away, 14.0) << label.text;
     EXPECT_GE(away, 0.0) << label.text;
   }
@@ -164,7 +169,8 @@ TEST_F(Grids, MeridianRunsThroughSouthPointAndZenith) {
   EXPECT_EQ(CountLines(), 1);
   ForEachLine([&](const PolylineRecord& line) {
     for (int i = 0; i < line.vertexCount; ++i)
-      EXPECT_NEAR(f.frame.GetDisplayList().GetVertices()[static_cast<std::size_t>(line.firstVertex + i)].x, 800.0, 0.01);
+      EXPECT_NEAR(f.frame.GetDisplayList().GetVertices()[static_cast<std::size_t>(line.firstVertex + i)].x,
+                  800.0, 0.01);
   });
   EXPECT_TRUE(f.HasLabel("Meridian"));
 }
@@ -182,7 +188,8 @@ TEST_F(Grids, NoHorizonNoMeridian) {
 TEST_F(Grids, J2000CoordinatesMoveWithTheStars) {
   const GridSystem system = MakeGridSystem(GridSystemId::kEquatorJ2000, (f.Compute(), f.observer));
   const Direction rigel = MakeDirection(78.6344671 * kRadiansPerDegree, -8.2016384 * kRadiansPerDegree);
-  const Direction shown = ShownDirection(system, rigel, f.observer), star = ApparentDirection(rigel, f.observer);
+  const Direction shown = ShownDirection(system, rigel, f.observer),
+                  star = ApparentDirection(rigel, f.observer);
   EXPECT_EQ(VectorsAngle(shown.v, star.v), 0.0);
   EXPECT_GT(VectorsAngle(shown.v, rigel.v), 1e-6);
 }

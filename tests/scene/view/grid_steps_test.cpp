@@ -25,9 +25,12 @@ std::string Latitude(double angle, double step) { return FormatGridLatitude(angl
 TEST(GridSteps, NextStepThatIsLargeEnough) {
   const struct {
     double least, latitude, hours;
-  } cases[] = {{7.0 * kDegree, 10.0 * kDegree, 0.5 * kHour},       {10.0 * kDegree, 10.0 * kDegree, kHour},
-               {11.0 * kDegree, 15.0 * kDegree, kHour},            {16.0 * kDegree, 30.0 * kDegree, 2.0 * kHour},
-               {0.9 * kDegree, kDegree, kHour / 12.0},             {3.0 * kMinute, 5.0 * kMinute, kHour / 3600.0 * 20.0},
+  } cases[] = {{7.0 * kDegree, 10.0 * kDegree, 0.5 * kHour},
+               {10.0 * kDegree, 10.0 * kDegree, kHour},
+               {11.0 * kDegree, 15.0 * kDegree, kHour},
+               {16.0 * kDegree, 30.0 * kDegree, 2.0 * kHour},
+               {0.9 * kDegree, kDegree, kHour / 12.0},
+               {3.0 * kMinute, 5.0 * kMinute, kHour / 3600.0 * 20.0},
                {0.06 * kSecond, 0.1 * kSecond, kHour / 3600.0 * 0.005}};
   for (const auto& c : cases) {
     const GridSteps steps = ChooseGridSteps(c.least, 0.0, LongitudeUnit::kHours);
@@ -55,7 +58,8 @@ TEST(GridTexts, HaveNoMorePartsThanTheStepAsksFor) {
   EXPECT_EQ(Longitude((5.0 + 59.0 / 60.0 + 50.0 / 3600.0) * kHour, kHour / 360.0, kHours), "5h59m50s");
   EXPECT_EQ(Longitude((23.0 + 59.0 / 60.0 + 59.9 / 3600.0) * kHour, kHour / 36000.0, kHours), "23h59m59.9s");
   EXPECT_EQ(Longitude(359.5 * kDegree, 0.5 * kDegree, kDegrees), "359\u00B030\u2032");
-  EXPECT_EQ(Longitude(12.0 * kDegree + 5.02 * kSecond, 0.02 * kSecond, kDegrees), "12\u00B000\u203205.02\u2033");
+  EXPECT_EQ(Longitude(12.0 * kDegree + 5.02 * kSecond, 0.02 * kSecond, kDegrees),
+            "12\u00B000\u203205.02\u2033");
   EXPECT_EQ(Latitude(20.0 * kDegree, 10.0 * kDegree), "+20\u00B0");
   EXPECT_EQ(Latitude(-kDegree / 3.0, 10.0 * kMinute), "\u22120\u00B020\u2032");
 }
