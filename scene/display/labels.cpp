@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/display/labels.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "scene/display/palette.h"
@@ -15,6 +16,8 @@ namespace {
 constexpr double kAscent = 0.76;
 constexpr double kDescent = 0.22;
 constexpr double kGap = 3.0;  // pixels between an object and its label
+
+Colour GridLabel(const Colour& lines) { return {lines.red, lines.green, lines.blue, 0.9}; }
 
 Colour GetColour(LabelKind kind) {
   switch (kind) {
@@ -42,6 +45,16 @@ Colour GetColour(LabelKind kind) {
       return {0.62, 0.90, 0.96, 0.95};
     case LabelKind::kPassTime:
       return {0.62, 0.90, 0.96, 0.75};
+    case LabelKind::kEquatorialGrid:
+      return GridLabel(palette::kEquatorialGrid);
+    case LabelKind::kJ2000Grid:
+      return GridLabel(palette::kJ2000Grid);
+    case LabelKind::kEclipticGrid:
+      return GridLabel(palette::kEclipticGrid);
+    case LabelKind::kGalacticGrid:
+      return GridLabel(palette::kGalacticGrid);
+    case LabelKind::kHorizontalGrid:
+      return GridLabel(palette::kHorizontalGrid);
     case LabelKind::kCaption:
       return {0.72, 0.77, 0.84, 0.95};
     default: {
@@ -131,6 +144,20 @@ int LabelPlacer::PlaceCentred(const char* text, const tPoint<double>& p, double 
   const double baseline = p.y - (kAscent - kDescent) * 0.5 * size;
   const Box box = BoxAt(p.x - width * 0.5, baseline, width, size);
   return IsFree(box) ? Add(text, box, 0.5, baseline, size, kind, object) : -1;
+}
+
+int LabelPlacer::PlaceAtEdge(const char* text, const tPoint<double>& p, double size, LabelKind kind) {
+  constexpr double kNear = 1.5, kAway = 4.0;  // pixels
+  const bool left = p.x<kNear, right = p.x> m_Width - kNear, low = p.y<kNear, high = p.y> m_Height - kNear;
+  if (!left && !right && !low && !high) return PlaceCentred(text, p, size, kind);
+  if (!*text || static_cast<int>(m_Labels.size()) >= kMaxLabels) return -1;
+  const double width = m_Extents->GetWidth(text, size, GetStyle(kind));
+  const double x = right ? m_Width - kAway - width : p.x + kAway;
+  const double lowest = kAway + kDescent * size, highest = m_Height - kAway - kAscent * size;
+  const double y = left || right ? p.y + kAway : low ? lowest : highest;
+  const double baseline = std::clamp(y, lowest, std::max(lowest, highest));
+  const Box box = BoxAt(x, baseline, width, size);
+  return IsFree(box) ? Add(text, box, 0.0, baseline, size, kind, {}) : -1;
 }
 
 int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind,

@@ -27,7 +27,12 @@ enum class LabelKind {
   kPlanet,     // the Sun and the Moon too
   kSmallBody,  // asteroid or comet
   kSatellite,
-  kPassTime  // along the path of a satellite
+  kPassTime,  // along the path of a satellite
+  kEquatorialGrid,
+  kJ2000Grid,
+  kEclipticGrid,
+  kGalacticGrid,
+  kHorizontalGrid
 };
 
 LabelKind LabelKindOfDeepsky(int kind);  // by four-character code
@@ -66,6 +71,9 @@ class LabelPlacer {
   // about a line of text farther away.
   int PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object,
                 int rings);
+  // Puts the text inside the window at the point of its edge where a line leaves it, above the line at the left and
+  // the right edge, right of it at the others. At a point inside: as PlaceCentred.
+  int PlaceAtEdge(const char* text, const tPoint<double>& p, double size, LabelKind kind);
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 

@@ -46,6 +46,10 @@ inline constexpr Colour kMilkyWay[] = {{0.62, 0.70, 0.92, 0.0100},
 inline constexpr Colour kHaze = {0.33, 0.47, 0.60, 0.022};
 inline constexpr Colour kGround = {0.034, 0.044, 0.048, 1.0}, kGroundEdge = {0.42, 0.58, 0.62, 0.75};
 inline constexpr Colour kFigure = {0.42, 0.53, 0.72, 0.45};
+inline constexpr Colour kEquatorialGrid = {0.36, 0.55, 0.90, 0.34}, kJ2000Grid = {0.30, 0.62, 0.72, 0.30},
+                        kEclipticGrid = {0.92, 0.74, 0.32, 0.30}, kGalacticGrid = {0.76, 0.52, 0.90, 0.30},
+                        kHorizontalGrid = {0.44, 0.78, 0.50, 0.30};
+inline constexpr double kCircleStrength = 2.2;  // equators and other circles, against the lines of their grid
 inline constexpr Colour kConstellationImage = {0.45, 0.66, 0.90, 0.75},
                         kDeepskyImage = {0.90, 0.91, 0.94, 0.75}, kMilkyWayImage = {0.80, 0.72, 0.92, 0.75};
 

@@ -12,6 +12,7 @@
 #include "scene/frame/milky_way_picture.h"
 #include "scene/frame/shower_radiants.h"
 #include "scene/frame/sky_figures.h"
+#include "scene/frame/sky_grids.h"
 #include "scene/frame/sky_horizon.h"
 #include "scene/frame/sky_objects.h"
 
@@ -27,6 +28,7 @@ struct FrameParts {
   MarkerMarks markers;
   MilkyWayPicture milkyWay;
   SkyHorizon horizon;
+  SkyGrids grids;
   SkyFigures figures;
   SolarSystemPart solarSystem;
   SkyObjects objects;

@@ -14,7 +14,8 @@ namespace {
 // Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits)
 // grows once.
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
-  constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24;
+  constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
+                        kGridVertices = 60000;
   constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
   constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
@@ -22,12 +23,12 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
   capacity.discs = catalogs.bodies.size();
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
-  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays;
+  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   capacity.rings = catalogs.milkyWay.size() + kOverlays;
   capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
-                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size();
+                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
@@ -56,6 +57,7 @@ void Draw(FrameParts& parts) {
   DrawBackground(list);
   parts.milkyWay.Draw(list);
   parts.horizon.DrawHaze(list);
+  parts.grids.Draw(list);
   parts.figures.Draw(list);
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
@@ -109,6 +111,7 @@ void SkyFrame::SetTextExtents(const TextExtents& extents) { m_Parts->labels.SetE
 
 void SkyFrame::FetchTexts() {
   m_Parts->horizon.FetchTexts();
+  m_Parts->grids.FetchTexts();
   m_Parts->radiants.FetchTexts();
   m_Parts->solarSystem.FetchTexts();
 }
@@ -127,6 +130,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
+  parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.figures.Compute(geometry, observer, tests);
   parts.objects.Compute(geometry, tests);
   parts.solarSystem.Compute(geometry, observer, shown, filters, labels);

@@ -64,6 +64,16 @@ constexpr LabelSwitch kLabelSwitches[] = {
     {&ShownKinds::cometLabels, &LabelRules::shown, FourCC("comt"), "ShowLabel"},
     {&ShownKinds::spacecraftLabels, &LabelRules::shown, FourCC("scft"), "ShowLabel"}};
 
+struct LineChoice {
+  unsigned char SkyLines::*choice;
+  const char* name;
+};
+constexpr LineChoice kLineChoices[] = {
+    {&SkyLines::equatorialGrid, "RADecGrid"}, {&SkyLines::equator, "RADecEquator"},
+    {&SkyLines::eclipticGrid, "EclGrid"},     {&SkyLines::ecliptic, "EclEquator"},
+    {&SkyLines::galacticGrid, "GalGrid"},     {&SkyLines::horizontalGrid, "Grid"},
+    {&SkyLines::meridian, "Meridian"},        {&SkyLines::points, "Poles"}};
+
 // Fields that the settings have for other programs that read them.
 struct Undrawn {
   unsigned section;
@@ -76,7 +86,6 @@ constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
                kBrightMoon[] = "the Moon, the only moon drawn, is brighter than every limit",
                kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
-               kGrid[] = "grids, circles and poles are not drawn",
                kImages[] = "images of constellations are not drawn";
 constexpr Undrawn kUndrawn[] = {
     {FourCC("star"), "ShowBinary", kStarKinds},
@@ -101,20 +110,10 @@ constexpr Undrawn kUndrawn[] = {
     {FourCC("cnst"), "BoundariesVisible", "boundaries of constellations are not drawn"},
     {FourCC("cnst"), "ImagesVisible", kImages},
     {FourCC("cnst"), "ImagesBrightness", kImages},
-    {FourCC("cnst"), "LatinGenitive", "the catalog of constellations has no genitives"},
-    {FourCC("grid"), "RADecGrid", kGrid},
-    {FourCC("grid"), "RADecEquator", kGrid},
-    {FourCC("grid"), "EclGrid", kGrid},
-    {FourCC("grid"), "EclEquator", kGrid},
-    {FourCC("grid"), "GalGrid", kGrid},
-    {FourCC("grid"), "Meridian", kGrid},
-    {FourCC("grid"), "Poles", kGrid}};
+    {FourCC("cnst"), "LatinGenitive", "the catalog of constellations has no genitives"}};
 
-// What the settings lack counts as `otherwise`, a whole section as on.
-KindState ReadState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
-  KindState state = {name, true, otherwise};
-  if (!HasSection(settings, section)) return state;
-  state.sectionOn = settings.GetSectionStatus(section, false) != 0;
+// The value of a field of one byte, `otherwise` where the section has none.
+unsigned char ReadByte(SettingsData& settings, unsigned section, const char* name, unsigned char otherwise) {
   const unsigned before = settings.SetCurSection(section);
   const int nameId = GetUniqueID(name);
   unsigned char value = otherwise;
@@ -123,8 +122,14 @@ KindState ReadState(SettingsData& settings, unsigned section, const char* name, 
     settings.GetFieldElement(nameId, &value, 0);
   }
   settings.SetCurSection(before);
-  state.switchOn = value != 0;
-  return state;
+  return value;
+}
+
+// What the settings lack counts as `otherwise`, a whole section as on.
+KindState ReadState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
+  if (!HasSection(settings, section)) return {name, true, otherwise};
+  return {name, settings.GetSectionStatus(section, false) != 0,
+          ReadByte(settings, section, name, otherwise) != 0};
 }
 
 }  // namespace
@@ -178,6 +183,13 @@ ShownKinds ReadShownKinds(SettingsData& settings) {
   for (const auto& entry : kLabelSwitches) {
     bool& flag = (shown.*entry.rules).*entry.flag;
     flag = ReadState(settings, entry.section, entry.name, flag).switchOn;
+  }
+  constexpr unsigned kGrid = FourCC("grid");
+  if (HasSection(settings, kGrid) && settings.GetSectionStatus(kGrid, false) != 0) {
+    for (const auto& entry : kLineChoices) {
+      unsigned char& choice = shown.lines.*entry.choice;
+      choice = ReadByte(settings, kGrid, entry.name, choice);
+    }
   }
   return shown;
 }

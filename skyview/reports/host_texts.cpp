@@ -58,6 +58,7 @@ constexpr TextUse kHostTexts[] = {
     {900356, 900356, "", kMaxLength, true, "skyview: that the drawn horizon is without refraction"},
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
     {900371, 900374, "", kMaxLength, true, "skyview: what is shown when neither view nor time is given"},
+    {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},
 };
 
 }  // namespace

@@ -107,6 +107,21 @@ TEST(AgainstErfa, LongRangeDriftIsAsTheHeaderSays) {
   }
 }
 
+// The mean ecliptic of date, turned by the full nutation in longitude.
+TEST(AgainstErfa, TrueEclipticOfDate) {
+  Largest difference("ecliptic of date against eraEcm06 and eraNut06a, 1900 to 2100", "arc second");
+  for (double year = 1900; year <= 2100; year += 1.7) {
+    const double date = JulianDateOfYear(year);
+    double m[9], expected[3][3], longitude, obliquity;
+    TrueEclipticMatrix(date, m);
+    eraEcm06(date, 0.0, expected);
+    eraNut06a(date, 0.0, &longitude, &obliquity);
+    eraRz(-longitude, expected);
+    difference.Note(AngleBetween(m, expected) / kArcSecond, year);
+  }
+  difference.Expect(0.003);
+}
+
 TEST(AgainstErfa, MeanObliquity) {
   Largest difference("mean obliquity against eraObl06, -4800 to 9999", "arc second");
   for (double year = -4800; year < 9999; year += 3.7) {

@@ -91,8 +91,9 @@ TEST(EarthOrientation, HorizonAxesAreNorthWestZenith) {
 TEST(EarthOrientation, MatricesAreRotations) {
   Largest difference("third row against the product of the others", "");
   for (const double year : {-4800.0, 1600.0, 2000.0, 2100.0, 9999.0}) {
-    double matrices[2][9];
+    double matrices[3][9];
     PrecessionNutationMatrix(JulianDateOfYear(year), matrices[0]);
+    TrueEclipticMatrix(JulianDateOfYear(year), matrices[2]);
     HorizonMatrix(year, 0.4, matrices[1]);
     for (const auto& m : matrices) {
       double cross[3];
@@ -104,9 +105,21 @@ TEST(EarthOrientation, MatricesAreRotations) {
   difference.Expect(1e-15);
 }
 
+// The equator and the ecliptic of date share the equinox and stand at the true obliquity: Meeus, example 22.a, gives
+// 23 26' 36.850" for 1987 April 10.0, with the obliquity of 1976 and the nutation of 1980, whose terms are up to 0.01
+// arc second from those of 2000.
+TEST(EarthOrientation, EclipticMeetsTheEquatorAtTheEquinox) {
+  double equator[9], ecliptic[9];
+  PrecessionNutationMatrix(2446895.5, equator);
+  TrueEclipticMatrix(2446895.5, ecliptic);
+  EXPECT_NEAR(VectorsAngle(equator, ecliptic), 0.0, 1e-15);
+  EXPECT_NEAR((VectorsAngle(equator + 6, ecliptic + 6) - FromDms(23, 26, 36.850 - 0.042)) / kArcSecond, 0.0,
+              0.01);
+}
+
 // Meeus, example 22.a: 23 26' 27.407" with the obliquity of 1976, 0.042 arc second larger than that of 2006.
 TEST(EarthOrientation, PublishedMeanObliquity) {
-  EXPECT_NEAR((MeanObliquity(2446895.5) - FromDms(23, 26, 27.407 - 0.042)) / kArcSecond, 0.0, 0.005);
+  EXPECT_NEAR((MeanObliquity(2446895.5) - FromDms(23, 26, 27.407 - 0.042)) / kArcSecond, 0.0, 0.01);
   EXPECT_NEAR(MeanObliquity(2451545.0) / kArcSecond, 84381.406, 1e-9);
 }
 

@@ -65,17 +65,27 @@ double EquationOfEquinoxes(double centuries) {
          complementary * kRadiansPerArcsecond;
 }
 
-double Centuries(double julianDateTT) { return (julianDateTT - kJ2000) / kDaysPerJulianCentury; }
-
-}  // namespace
-
-void PrecessionNutationMatrix(double julianDateTT, double m[9]) {
-  const double centuries = Centuries(julianDateTT);
-  const astro_internal::Nutation nutation = astro_internal::NutationAt(centuries);
+// Catalogue frame to the ecliptic and the true equinox of date.
+void EclipticAxes(double centuries, const astro_internal::Nutation& nutation, double m[9]) {
   for (int i = 0; i < 9; ++i) m[i] = i % 4 == 0 ? 1.0 : 0.0;
   TurnAxes(2, Evaluate(kGamma, centuries), m);
   TurnAxes(0, Evaluate(kPhi, centuries), m);
   TurnAxes(2, -(Evaluate(kPsi, centuries) + nutation.longitude), m);
+}
+
+double Centuries(double julianDateTT) { return (julianDateTT - kJ2000) / kDaysPerJulianCentury; }
+
+}  // namespace
+
+void TrueEclipticMatrix(double julianDateTT, double m[9]) {
+  const double centuries = Centuries(julianDateTT);
+  EclipticAxes(centuries, astro_internal::NutationAt(centuries), m);
+}
+
+void PrecessionNutationMatrix(double julianDateTT, double m[9]) {
+  const double centuries = Centuries(julianDateTT);
+  const astro_internal::Nutation nutation = astro_internal::NutationAt(centuries);
+  EclipticAxes(centuries, nutation, m);
   TurnAxes(0, -(Evaluate(kObliquity, centuries) + nutation.obliquity), m);
 }
 

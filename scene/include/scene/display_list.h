@@ -32,11 +32,13 @@ struct ObjectRef {
   bool operator==(const ObjectRef&) const = default;
 };
 
-// What is painted first lies lowest. Readers keep these numbers: frozen.
+// What lies together, in the order of painting: what is painted first lies lowest. Readers keep the numbers: frozen,
+// so that a layer that came later has a number out of the order.
 enum class Layer : int {
   kBackground = 0,
   kMilkyWay = 1,
   kHaze = 2,
+  kSkyLines = 16,  // grids, circles and poles
   kFigures = 3,
   kImageFrames = 4,
   kOrbits = 5,

@@ -8,6 +8,19 @@
 
 namespace scene {
 
+// Which lines of the sky are drawn: each number is a sum, and 0 draws nothing.
+struct SkyLines {
+  unsigned char equatorialGrid = 0;              // "RADecGrid": 1 of date, 2 of J2000
+  unsigned char equator = 0;                     // "RADecEquator": likewise
+  unsigned char eclipticGrid = 0, ecliptic = 0;  // "EclGrid", "EclEquator", of date
+  unsigned char galacticGrid = 0;                // "GalGrid": 1 the grid, 2 the equator alone
+  unsigned char horizontalGrid = 0;              // "Grid"
+  unsigned char meridian = 0;                    // "Meridian": 1 the meridian, 2 the prime vertical
+  // "Poles": 1 of the equator, with equinoxes and solstices, 2 of the ecliptic, 4 of the Galaxy, with its centre,
+  // 8 zenith and nadir, 16 the paths of the equator's poles through 26,000 years
+  unsigned char points = 0;
+};
+
 // What the settings say is to be drawn.
 struct SCENE_API ShownKinds {
   bool stars = true;
@@ -30,6 +43,7 @@ struct SCENE_API ShownKinds {
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
   bool noradNumbers = false;  // beside satellites, in place of names
+  SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};
   LabelRules clusterLabels, galaxyLabels, nebulaLabels, otherDeepskyLabels;
