@@ -52,6 +52,7 @@ void FillGeometry(const Moment& moment, const Sight& sight, double lightTime, Ob
   result.lightTime = lightTime;
   result.distance = lightTime * astro::kLightAuPerDay;
   result.sunDistance = Vmod(sight.fromSun, 3);
+  std::copy_n(sight.fromSun, 3, result.fromSun);
   const double toSun[3] = {-moment.observer[0], -moment.observer[1], -moment.observer[2]};
   const bool isSun = result.sunDistance == 0.0;
   result.phaseAngle = isSun ? 0.0 : VectorsAngle(sight.fromSun, sight.fromObserver);
@@ -73,6 +74,7 @@ bool ObserveFixed(const Moment& moment, const double place[3], double parallax, 
   result.distance = std::isfinite(distance) ? distance : 0.0;
   result.lightTime = 0.0;
   result.sunDistance = 0.0;
+  std::fill_n(result.fromSun, 3, 0.0);
   result.phaseAngle = 0.0;
   result.elongation = moment.earthKnown ? VectorsAngle(toSun, sight.fromObserver) : 0.0;
   FillDirections(moment, sight, false, result);

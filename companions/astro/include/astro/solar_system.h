@@ -27,6 +27,8 @@ struct ObservedBody {
   double elongation = 0.0;                   // radians from the Sun's direction, 0 to pi
   double magnitude = kUnknownStarMagnitude;  // visual; kUnknownStarMagnitude where the model has none
   double angularRadius = 0.0;                // radians; 0: unknown or a point
+  // au: the vector from the Sun to where the body was when the light left; 0 outside the solar system.
+  double fromSun[3] = {0.0, 0.0, 0.0};
 };
 
 // A moment, an observer, and a few objects that the application is busy with: the aim object, the one the
@@ -35,7 +37,7 @@ struct ObservedBody {
 // that the application's library calls, in this slot order.
 //
 // `data` of every operation is the converted record of the object's kind (object_records.h), at any address,
-// which is copied; null for "plnt" and "moon", and for an object that was given before to any of the
+// which is copied; null for "plnt" and "moon" (the moons of moons.h), and for an object that was given before to any of the
 // operations that keep one (the aim object is asked first, then the locate object, then the additional ones).
 // Two-line elements must carry the tag kTwoLineTag.
 //
