@@ -36,7 +36,7 @@ tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], c
 }  // namespace
 
 BodyMarks::BodyMarks(const BodyModel& model)
-    : m_Model(model), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
+    : m_Model(model), m_Globes(model.GetBodies()), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
   m_Drawn.reserve(m_Labels.size());
   for (std::size_t i = 0; i < m_Numbers.size(); ++i) {
     const SSO_ID& id = model.GetBodies()[i].id;
@@ -87,6 +87,7 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
                     : tPoint<double>{0.0, 1.0};
   drawn.distance = state.seen.distance;
   drawn.labelIndex = -1;
+  if (drawn.asDisc) drawn.globe = m_Globes.Find(body, state, geometry, m_Model.GetMoment().julianDateTT);
   m_Drawn.push_back(drawn);
 }
 
