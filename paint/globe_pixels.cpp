@@ -8,9 +8,9 @@
 namespace paint {
 namespace {
 
-constexpr double kShadowed = 0.06;      // light of what stands in a shadow
-constexpr double kUnlitRing = 0.25;     // what the ring lets through, seen from its dark side
-constexpr double kResponse = 0.6;       // how light becomes the value of a pixel
+constexpr double kShadowed = 0.06;   // light of what stands in a shadow
+constexpr double kUnlitRing = 0.25;  // what the ring lets through, seen from its dark side
+constexpr double kResponse = 0.6;    // how light becomes the value of a pixel
 
 float Clamped(double v) { return static_cast<float>(std::clamp(v, 0.0, 1.0)); }
 
@@ -33,7 +33,8 @@ MapColour ToMapColour(const scene::Rgba& c) {
 
 }  // namespace
 
-GlobeShader::GlobeShader(const scene::GlobeRecord& globe, std::span<const scene::Rgba> ring, const SurfaceMap* map)
+GlobeShader::GlobeShader(const scene::GlobeRecord& globe, std::span<const scene::Rgba> ring,
+                         const SurfaceMap* map)
     : m_Globe(globe), m_Map(map), m_Stretch(1.0 / (1.0 - static_cast<double>(globe.flattening))) {
   const double cosine = std::clamp(static_cast<double>(globe.disc.cosPhase), -1.0, 1.0);
   const double sine = std::sqrt(1.0 - cosine * cosine);
@@ -77,7 +78,9 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   const Vector surface = {unit.x, unit.y, unit.z / m_Stretch};
   const Vector steep = {unit.x, unit.y, unit.z * m_Stretch};
   const double length = std::sqrt(steep.x * steep.x + steep.y * steep.y + steep.z * steep.z);
-  const auto along = [&](const Vector& d) { return (steep.x * d.x + steep.y * d.y + steep.z * d.z) / length; };
+  const auto along = [&](const Vector& d) {
+    return (steep.x * d.x + steep.y * d.y + steep.z * d.z) / length;
+  };
   const double toSun = along(m_Sun), toViewer = std::max(along(m_Viewer), 0.0), limb = m_Globe.limbDarkening;
   double light = 0.0;
   if (toSun > 0.0) {
@@ -95,8 +98,8 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   const auto mix = [&](float sunny, float night) {
     return std::max(static_cast<float>(sunny * light), static_cast<float>(night * sunny / bright));
   };
-  return Multiplied({mix(colour.red, dark.red), mix(colour.green, dark.green), mix(colour.blue, dark.blue)}, 1.0,
-                    cover * lit.alpha / 255.0);
+  return Multiplied({mix(colour.red, dark.red), mix(colour.green, dark.green), mix(colour.blue, dark.blue)},
+                    1.0, cover * lit.alpha / 255.0);
 }
 
 GlobePixel GlobeShader::GetRing(double radius, double width) const {
@@ -104,8 +107,10 @@ GlobePixel GlobeShader::GetRing(double radius, double width) const {
   const double perEntry = (outer - inner) / static_cast<double>(m_RingSums.size() - 1);
   const double half = 0.5 * std::max(width, perEntry), last = static_cast<double>(m_RingSums.size() - 1);
   const auto sum = [&](double at) {
-    const double entry = std::clamp((at - inner) / perEntry, 0.0, last), whole = std::min(std::floor(entry), last - 1.0);
-    const GlobePixel &a = m_RingSums[static_cast<std::size_t>(whole)], &b = m_RingSums[static_cast<std::size_t>(whole) + 1];
+    const double entry = std::clamp((at - inner) / perEntry, 0.0, last),
+                 whole = std::min(std::floor(entry), last - 1.0);
+    const GlobePixel &a = m_RingSums[static_cast<std::size_t>(whole)],
+                     &b = m_RingSums[static_cast<std::size_t>(whole) + 1];
     const auto part = static_cast<float>(entry - whole);
     return GlobePixel{a.red + part * (b.red - a.red), a.green + part * (b.green - a.green),
                       a.blue + part * (b.blue - a.blue), a.opacity + part * (b.opacity - a.opacity)};
@@ -129,7 +134,8 @@ bool GlobeShader::ShadeRing(double x, double y, double pixel, RingLight& light) 
   const Vector there = FindRingPlane(x, y, light.z);
   const Vector right = FindRingPlane(x + pixel, y, aside), below = FindRingPlane(x, y + pixel, aside);
   const double radius = std::hypot(there.x, there.y);
-  const double width = std::hypot(std::hypot(right.x, right.y) - radius, std::hypot(below.x, below.y) - radius);
+  const double width =
+      std::hypot(std::hypot(right.x, right.y) - radius, std::hypot(below.x, below.y) - radius);
   const GlobePixel ring = GetRing(radius, width);
   if (!(ring.opacity > 0.0f)) return false;
   const bool seesLitSide = (m_Viewer.z > 0.0) == (m_Sun.z > 0.0);
@@ -153,7 +159,8 @@ double GlobeShader::RingShadow(const Vector& surface, double pixel) const {
   if (m_RingSums.empty() || surface.z * m_Sun.z >= 0.0) return 1.0;
   const double t = -surface.z / m_Sun.z;
   const double radius = std::hypot(surface.x + t * m_Sun.x, surface.y + t * m_Sun.y);
-  return 1.0 - (1.0 - kShadowed) * static_cast<double>(GetRing(radius, 2.0 * pixel / std::fabs(m_Sun.z)).opacity);
+  return 1.0 -
+         (1.0 - kShadowed) * static_cast<double>(GetRing(radius, 2.0 * pixel / std::fabs(m_Sun.z)).opacity);
 }
 
 }  // namespace paint

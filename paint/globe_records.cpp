@@ -19,7 +19,8 @@ struct Field {
   int width, height;
 };
 
-Field FindField(const scene::DisplayList& list, const scene::DiscRecord& disc, double reach, cairo_t* context) {
+Field FindField(const scene::DisplayList& list, const scene::DiscRecord& disc, double reach,
+                cairo_t* context) {
   double scale = 1.0, across = 0.0;
   cairo_user_to_device_distance(context, &scale, &across);
   scale = std::clamp(std::hypot(scale, across), 0.05, 4.0);
@@ -27,7 +28,8 @@ Field FindField(const scene::DisplayList& list, const scene::DiscRecord& disc, d
   const auto type = cairo_surface_get_type(cairo_get_target(context));
   if (type != CAIRO_SURFACE_TYPE_IMAGE) scale *= 2.0;
   const double radius = disc.radius * reach + 2.0;
-  const double left = std::floor(std::max(disc.x - radius, 0.0)), top = std::floor(std::max(disc.y - radius, 0.0));
+  const double left = std::floor(std::max(disc.x - radius, 0.0)),
+               top = std::floor(std::max(disc.y - radius, 0.0));
   const double right = std::min<double>(disc.x + radius, list.GetWidth());
   const double bottom = std::min<double>(disc.y + radius, list.GetHeight());
   scale = std::min(scale, kMostPixels / std::max({right - left, bottom - top, 1.0}));
@@ -47,10 +49,10 @@ void PaintGlobe(const scene::DisplayList& list, const scene::GlobeRecord& globe,
   PaintGlow(disc.x, disc.y, disc.glow, context);
   const SurfaceMap* const map =
       globe.map < 0 ? nullptr : FindSurfaceMap(list.GetMaps()[static_cast<std::size_t>(globe.map)]);
-  const GlobeShader shader(globe,
-                           {list.GetColours().data() + globe.firstRingColour,
-                            static_cast<std::size_t>(globe.ringColourCount)},
-                           map);
+  const GlobeShader shader(
+      globe,
+      {list.GetColours().data() + globe.firstRingColour, static_cast<std::size_t>(globe.ringColourCount)},
+      map);
   const Field field = FindField(list, disc, shader.GetReach(), context);
   if (field.width == 0 || field.height == 0) return;
   cairo_surface_t* const image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, field.width, field.height);
@@ -58,8 +60,8 @@ void PaintGlobe(const scene::DisplayList& list, const scene::GlobeRecord& globe,
   if (bytes) {
     cairo_surface_flush(image);
     for (int row = 0; row < field.height; ++row) {
-      auto* const pixels =
-          reinterpret_cast<std::uint32_t*>(bytes + std::ptrdiff_t{row} * cairo_image_surface_get_stride(image));
+      auto* const pixels = reinterpret_cast<std::uint32_t*>(
+          bytes + std::ptrdiff_t{row} * cairo_image_surface_get_stride(image));
       const double y = (field.top + (row + 0.5) * field.step - disc.y) / disc.radius;
       for (int column = 0; column < field.width; ++column) {
         const double x = (field.left + (column + 0.5) * field.step - disc.x) / disc.radius;

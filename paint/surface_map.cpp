@@ -105,9 +105,11 @@ MapColour SurfaceMap::Sample(const Level& level, double x, double y) const {
   };
   const int x0 = column(left), x1 = column(left + 1.0), y0 = row(top), y1 = row(top + 1.0);
   const unsigned char *const a = pixel(x0, y0), *const b = pixel(x1, y0), *const c = pixel(x0, y1),
-                      *const d = pixel(x1, y1);
+                             *const d = pixel(x1, y1);
   const auto u = static_cast<float>(x - left), v = static_cast<float>(y - top);
-  const auto mix = [&](int i) { return (1 - v) * ((1 - u) * a[i] + u * b[i]) + v * ((1 - u) * c[i] + u * d[i]); };
+  const auto mix = [&](int i) {
+    return (1 - v) * ((1 - u) * a[i] + u * b[i]) + v * ((1 - u) * c[i] + u * d[i]);
+  };
   return {mix(0), mix(1), mix(2)};
 }
 

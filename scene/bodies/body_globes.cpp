@@ -21,11 +21,12 @@ struct MapName {
   int number;  // of a planet or a moon
   const char* name;
 };
-constexpr MapName kPlanetMaps[] = {{1, "mercury"}, {2, "venus"},  {4, "mars"},    {5, "jupiter"}, {6, "saturn"},
-                                   {7, "uranus"},  {8, "neptune"}, {9, "pluto"},  {10, "sun"}};
-constexpr MapName kMoonMaps[] = {{301, "moon"},   {501, "io"},     {502, "europa"}, {503, "ganymede"},
-                                 {504, "callisto"}, {602, "enceladus"}, {605, "rhea"}, {606, "titan"},
-                                 {608, "iapetus"}, {801, "triton"}, {901, "charon"}};
+constexpr MapName kPlanetMaps[] = {{1, "mercury"}, {2, "venus"},  {4, "mars"},
+                                   {5, "jupiter"}, {6, "saturn"}, {7, "uranus"},
+                                   {8, "neptune"}, {9, "pluto"},  {10, "sun"}};
+constexpr MapName kMoonMaps[] = {{301, "moon"},     {501, "io"},        {502, "europa"}, {503, "ganymede"},
+                                 {504, "callisto"}, {602, "enceladus"}, {605, "rhea"},   {606, "titan"},
+                                 {608, "iapetus"},  {801, "triton"},    {901, "charon"}};
 
 const char* FindMapName(const SSO_ID& id) {
   const auto find = [&id](const auto& names) -> const char* {

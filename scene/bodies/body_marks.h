@@ -18,12 +18,12 @@ struct DrawnBody {
   int body;  // index in the list of bodies
   tPoint<double> place;
   double radius;
-  bool asDisc;           // drawn at its true size, or with a phase as the Sun and the Moon always are
-  float opacity;         // 0 to 1
-  double cosPhase;       // cosine of the phase angle: 1 wholly lit, -1 wholly dark
-  tPoint<double> toSun;  // unit vector from the middle of the disc to that of its bright limb
-  double distance;       // au
-  int labelIndex;        // -1: none
+  bool asDisc;                 // drawn at its true size, or with a phase as the Sun and the Moon always are
+  float opacity;               // 0 to 1
+  double cosPhase;             // cosine of the phase angle: 1 wholly lit, -1 wholly dark
+  tPoint<double> toSun;        // unit vector from the middle of the disc to that of its bright limb
+  double distance;             // au
+  int labelIndex;              // -1: none
   std::optional<Globe> globe;  // its surface, where it is drawn as a disc and known
 };
 

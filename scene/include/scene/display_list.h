@@ -97,14 +97,15 @@ struct DiscRecord {
 // A body whose surface is seen: what the disc says, for painters without maps, and the rest for the others.
 // docs/formats/display_list.md says how a pixel of it gets its colour.
 struct GlobeRecord {
-  DiscRecord disc;   // its radius is that of the equator
-  float toBody[9];   // from the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
-                     // longitude 0)
-  float flattening;  // what the axis is shorter than the equator's, as a part of it
-  float limbDarkening;          // 0: as bright at the limb as in the middle, 1: dark there
-  float ringInner, ringOuter;   // radii of a ring about the equator, units of the equator's; 0: no ring
+  DiscRecord disc;  // its radius is that of the equator
+  float toBody
+      [9];  // from the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
+            // longitude 0)
+  float flattening;            // what the axis is shorter than the equator's, as a part of it
+  float limbDarkening;         // 0: as bright at the limb as in the middle, 1: dark there
+  float ringInner, ringOuter;  // radii of a ring about the equator, units of the equator's; 0: no ring
   int firstRingColour, ringColourCount;  // of the colours, from the inner to the outer radius
-  int map;                      // index of the map of its surface, -1: the colour of the disc
+  int map;                               // index of the map of its surface, -1: the colour of the disc
 };
 
 // A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of
