@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What moves in a frame: a hundred thousand bodies on their orbits, a thousand artificial satellites.
+// What moves in a frame: a hundred thousand bodies on their orbits, a thousand artificial satellites, Jupiter's
+// moons.
 #include <cmath>
 #include <random>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "astro/moons.h"
 #include "astro/satellite.h"
 #include "astro/two_body.h"
 
@@ -142,8 +144,45 @@ void AdvanceUndisturbed(benchmark::State& state, const char* const lines[2]) {
 void SatellitesNearPeer(benchmark::State& state) { AdvanceUndisturbed(state, kNear); }
 void SatellitesDeepPeer(benchmark::State& state) { AdvanceUndisturbed(state, kDeep); }
 
+// All four, with velocities, as a frame wants them for the light time.
+void JupiterMoons(benchmark::State& state) {
+  double moment = 2460000.5;
+  for (auto _ : state) {
+    for (const int number : astro::GetMoonsOfPlanet(5)) {
+      double position[3], velocity[3];
+      benchmark::DoNotOptimize(
+          astro::ComputeMoonOfPlanet(SSO_ID(astro::kMoonKind, number), moment, position, velocity));
+      benchmark::DoNotOptimize(position);
+    }
+    moment += kFrame;
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+
+// The sines alone of as many terms as the series of the four moons have.
+void JupiterMoonsPeer(benchmark::State& state) {
+  constexpr int kTerms = 476;
+  std::mt19937 random(5);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  std::vector<double> phases, rates;
+  for (int i = 0; i < kTerms; ++i) {
+    phases.push_back(kTurn * unit(random));
+    rates.push_back(20.0 * unit(random));
+  }
+  double days = 26718.0;
+  for (auto _ : state) {
+    double sum = 0.0;
+    for (std::size_t i = 0; i < kTerms; ++i) sum += std::sin(phases[i] + rates[i] * days);
+    benchmark::DoNotOptimize(sum);
+    days += kFrame;
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+
 BENCHMARK(AdvanceOrbits)->Arg(100000);
 BENCHMARK(AdvanceOrbitsPeer)->Arg(100000);
+BENCHMARK(JupiterMoons);
+BENCHMARK(JupiterMoonsPeer);
 BENCHMARK(SatellitesNear)->Arg(1000);
 BENCHMARK(SatellitesNearPeer)->Arg(1000);
 BENCHMARK(SatellitesDeep)->Arg(1000);

@@ -23,6 +23,9 @@ void PaintRun(const scene::DisplayList& list, const scene::Run& run, cairo_t* co
     case scene::RecordType::kDisc:
       for (const auto& disc : GetRecords(list.GetDiscs(), run)) PaintDisc(disc, context);
       break;
+    case scene::RecordType::kGlobe:
+      for (const auto& globe : GetRecords(list.GetGlobes(), run)) PaintGlobe(list, globe, context);
+      break;
     case scene::RecordType::kShadow:
       for (const auto& shadow : GetRecords(list.GetShadows(), run)) PaintShadow(shadow, context);
       break;

@@ -15,6 +15,9 @@ namespace paint {
 
 void PaintPoint(const scene::PointRecord& point, cairo_t* context);
 void PaintDisc(const scene::DiscRecord& disc, cairo_t* context);
+// As a picture of its surface, made pixel by pixel.
+void PaintGlobe(const scene::DisplayList& list, const scene::GlobeRecord& globe, cairo_t* context);
+void PaintGlow(double x, double y, const scene::Glow& glow, cairo_t* context);
 void PaintShadow(const scene::ShadowRecord& shadow, cairo_t* context);
 // Neighbours of one style with one stroke, so that nothing darkens where they meet.
 void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines,

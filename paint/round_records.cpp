@@ -16,17 +16,6 @@ scene::Rgba Faded(scene::Rgba colour) {
   return colour;
 }
 
-void PaintGlow(double x, double y, const scene::Glow& glow, cairo_t* context) {
-  if (!(glow.radius > 0.0f)) return;
-  cairo_pattern_t* shine = cairo_pattern_create_radial(x, y, glow.innerRadius, x, y, glow.radius);
-  AddStop(shine, 0.0, glow.colour);
-  AddStop(shine, glow.middle, glow.middleColour);
-  AddStop(shine, 1.0, Faded(glow.colour));
-  cairo_new_path(context);
-  cairo_arc(context, x, y, glow.radius, 0.0, kTurn);
-  FillWith(shine, context);
-}
-
 void FillCircle(double x, double y, double radius, const scene::Rgba& colour, cairo_t* context) {
   cairo_new_path(context);
   cairo_arc(context, x, y, radius, 0.0, kTurn);
@@ -55,6 +44,17 @@ void FillLitPart(const scene::DiscRecord& disc, cairo_t* context) {
 }
 
 }  // namespace
+
+void PaintGlow(double x, double y, const scene::Glow& glow, cairo_t* context) {
+  if (!(glow.radius > 0.0f)) return;
+  cairo_pattern_t* shine = cairo_pattern_create_radial(x, y, glow.innerRadius, x, y, glow.radius);
+  AddStop(shine, 0.0, glow.colour);
+  AddStop(shine, glow.middle, glow.middleColour);
+  AddStop(shine, 1.0, Faded(glow.colour));
+  cairo_new_path(context);
+  cairo_arc(context, x, y, glow.radius, 0.0, kTurn);
+  FillWith(shine, context);
+}
 
 void PaintPoint(const scene::PointRecord& point, cairo_t* context) {
   PaintGlow(point.x, point.y, point.glow, context);

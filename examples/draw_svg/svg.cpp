@@ -32,6 +32,7 @@ class SvgPainter {
     m_Out << "<circle cx=\"" << d.x << "\" cy=\"" << d.y << "\" r=\"" << d.radius << "\" " << Fill(d.lit)
           << "/>\n";
   }
+  void Paint(const GlobeRecord& g) { Paint(g.disc); }
   void Paint(const PolylineRecord& l) {
     m_Out << (l.flags & kClosedLine ? "<polygon" : "<polyline") << " fill=\"none\" ";
     Stroke(l.colour, l.width, l.dash);
@@ -113,6 +114,9 @@ void WriteSvg(const DisplayList& list, std::ostream& out) {
         break;
       case RecordType::kDisc:
         painter.PaintRun(list.GetDiscs(), run);
+        break;
+      case RecordType::kGlobe:
+        painter.PaintRun(list.GetGlobes(), run);
         break;
       case RecordType::kShadow:
         break;

@@ -12,7 +12,9 @@
 namespace scene {
 namespace {
 
-constexpr double kNightSide = 0.10;  // brightness of the part that the Sun does not light
+// Brightness of the part that the Sun does not light. That of the Moon is in the light of the Earth, which is full when
+// the Moon is new.
+constexpr double kNightSide = 0.03, kEarthShine = 0.10;
 
 float Pixel(double v) { return static_cast<float>(v); }
 
@@ -30,9 +32,10 @@ const Colour& GetColour(const SSO_ID& id) {
 // Draws one body.
 class BodyPen {
  public:
-  BodyPen(const DrawnBody& drawn, const SSO_ID& id, DisplayList& list)
+  BodyPen(const DrawnBody& drawn, const SSO_ID& id, const BodyGlobes& globes, DisplayList& list)
       : m_Drawn(drawn),
         m_Id(id),
+        m_Globes(globes),
         m_Object{id.kind, id.number},
         m_X(drawn.place.x),
         m_Y(list.GetHeight() - drawn.place.y),
@@ -40,7 +43,8 @@ class BodyPen {
 
   void Draw(const DrawnShadow& moonShadow) const {
     const Colour& colour = GetColour(m_Id);
-    if (m_Drawn.body == kSunBody) return DrawPoint(colour, 1.0, MakeGlow(4.0, colour, 0.55));
+    if (m_Drawn.body == kSunBody && !m_Drawn.globe)
+      return DrawPoint(colour, 1.0, MakeGlow(4.0, colour, 0.55));
     if (m_Drawn.asDisc) {
       DrawDisc(colour);
       if (moonShadow.falls && m_Drawn.body == kMoonBody) DrawShadow(moonShadow);
@@ -71,7 +75,11 @@ class BodyPen {
     const bool shines = PaintedDot::Shines(Pixel(m_Drawn.radius), m_List.GetUnit());
     DrawPoint(colour, m_Drawn.opacity, shines ? MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity) : Glow{});
   }
+  double GetNightSide() const {
+    return m_Drawn.body == kMoonBody ? kNightSide + kEarthShine * 0.5 * (1.0 - m_Drawn.cosPhase) : kNightSide;
+  }
   void DrawDisc(const Colour& colour) const;
+  void DrawGlobe(const DiscRecord& disc) const;
   void DrawShadow(const DrawnShadow& shadow) const;
   void DrawTail(const Colour& colour) const;
   void DrawRinged(const Colour& colour) const;
@@ -79,6 +87,7 @@ class BodyPen {
 
   const DrawnBody& m_Drawn;
   const SSO_ID& m_Id;
+  const BodyGlobes& m_Globes;
   ObjectRef m_Object;
   double m_X, m_Y;
   DisplayList& m_List;
@@ -94,13 +103,30 @@ void BodyPen::DrawDisc(const Colour& colour) const {
   disc.sunY = Pixel(-m_Drawn.toSun.y);
   disc.cosPhase = Pixel(m_Drawn.cosPhase);
   disc.lit = ToRgba(Scaled(colour, 1.0, m_Drawn.opacity));
-  disc.dark = ToRgba(Scaled(colour, kNightSide, m_Drawn.opacity));
-  if (m_Drawn.radius < kLarge * static_cast<double>(m_List.GetUnit())) {
+  disc.dark = ToRgba(Scaled(colour, GetNightSide(), m_Drawn.opacity));
+  if (m_Drawn.body == kSunBody) {
+    disc.glow = MakeGlow(4.0, colour, 0.55);
+  } else if (m_Drawn.radius < kLarge * static_cast<double>(m_List.GetUnit())) {
     const double lit = 0.5 * (1.0 + m_Drawn.cosPhase);
     disc.glow = MakeGlow(2.6, colour, 0.35 * lit * m_Drawn.opacity);
   }
   disc.object = m_Object;
-  m_List.Add(Layer::kBodies, disc);
+  m_Drawn.globe ? DrawGlobe(disc) : m_List.Add(Layer::kBodies, disc);
+}
+
+void BodyPen::DrawGlobe(const DiscRecord& disc) const {
+  GlobeRecord record = {};
+  record.disc = disc;
+  std::copy(std::begin(m_Drawn.globe->toBody), std::end(m_Drawn.globe->toBody), record.toBody);
+  record.flattening = m_Drawn.globe->flattening;
+  record.limbDarkening = m_Drawn.globe->limbDarkening;
+  record.map = m_Drawn.globe->map;
+  if (m_Drawn.globe->ringed) {
+    record.ringInner = m_Globes.GetRingInner();
+    record.ringOuter = m_Globes.GetRingOuter();
+    for (const Rgba& colour : m_Globes.GetRing()) m_List.AddColour(colour);
+  }
+  m_List.Add(Layer::kBodies, record);
 }
 
 // The penumbra takes more and more of the sunlight towards the umbra, which is dark and red.
@@ -178,7 +204,8 @@ void BodyPen::DrawDiamond(const Colour& colour) const {
 
 void BodyMarks::Draw(DisplayList& list) const {
   for (const auto& drawn : m_Drawn) {
-    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, list).Draw(m_Shadow);
+    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, m_Globes, list)
+        .Draw(m_Shadow);
   }
 }
 

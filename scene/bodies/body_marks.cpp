@@ -10,7 +10,8 @@
 namespace scene {
 namespace {
 
-constexpr double kStep = 1e-4;  // radians towards the Sun, to see which way that is in the picture
+constexpr double kLabelApart = 18.0;  // pixels of a picture of 1600 x 1000, of a moon from its planet
+constexpr double kStep = 1e-4;        // radians towards the Sun, to see which way that is in the picture
 
 LabelKind LabelKindOfBody(int kind) {
   if (kind == FourCC("scft")) return LabelKind::kSatellite;
@@ -36,7 +37,10 @@ tPoint<double> FindSunward(const ViewGeometry& geometry, const double body[3], c
 }  // namespace
 
 BodyMarks::BodyMarks(const BodyModel& model)
-    : m_Model(model), m_Labels(model.GetBodies().size()), m_Numbers(m_Labels.size()) {
+    : m_Model(model),
+      m_Globes(model.GetBodies()),
+      m_Labels(model.GetBodies().size()),
+      m_Numbers(m_Labels.size()) {
   m_Drawn.reserve(m_Labels.size());
   for (std::size_t i = 0; i < m_Numbers.size(); ++i) {
     const SSO_ID& id = model.GetBodies()[i].id;
@@ -79,7 +83,8 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
   drawn.body = body;
   drawn.place = place.pixel;
   drawn.radius = place.radius;
-  drawn.asDisc = body == kSunBody || moon || tests.GetTrueRadius(state) > tests.GetSymbolRadius(body);
+  drawn.asDisc =
+      body == kSunBody || body == kMoonBody || tests.GetTrueRadius(state) > tests.GetSymbolRadius(body);
   drawn.opacity = tests.HasMagnitude(body) ? tests.GetLimits(entry.id.kind).Opacity(state.code) : 1.0f;
   drawn.cosPhase = (moon ? shown.moonPhases : shown.planetPhases) ? std::cos(state.seen.phaseAngle) : 1.0;
   drawn.toSun = m_Model.GetSun().known
@@ -87,6 +92,7 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
                     : tPoint<double>{0.0, 1.0};
   drawn.distance = state.seen.distance;
   drawn.labelIndex = -1;
+  if (drawn.asDisc) drawn.globe = m_Globes.Find(body, state, geometry, m_Model.GetMoment().julianDateTT);
   m_Drawn.push_back(drawn);
 }
 
@@ -100,8 +106,12 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
     if (tests.HasMagnitude(drawn.body) && m_Model.GetStates()[body].code > tests.GetLimits(kind).label) {
       continue;
     }
+    if (tests.FindDistanceToPlanet(drawn.body, drawn.place) < kLabelApart * geometry.unit) continue;
     const LabelKind labelKind = LabelKindOfBody(kind);
-    const double size = (labelKind == LabelKind::kPlanet ? 14.0 : 11.0) * geometry.unit;
+    const double size = (drawn.body > kMoonBody && kind == FourCC("moon") ? 11.0
+                         : labelKind == LabelKind::kPlanet                ? 14.0
+                                                                          : 11.0) *
+                        geometry.unit;
     const SSO_ID& id = m_Model.GetBodies()[body].id;
     drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius,
                                           size, labelKind, {id.kind, id.number});

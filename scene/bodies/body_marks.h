@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "scene/bodies/body_globes.h"
 #include "scene/bodies/body_tests.h"
 #include "scene/display/labels.h"
 #include "scene/eclipse.h"
@@ -16,12 +18,13 @@ struct DrawnBody {
   int body;  // index in the list of bodies
   tPoint<double> place;
   double radius;
-  bool asDisc;           // drawn at its true size, or with a phase as the Sun and the Moon always are
-  float opacity;         // 0 to 1
-  double cosPhase;       // cosine of the phase angle: 1 wholly lit, -1 wholly dark
-  tPoint<double> toSun;  // unit vector from the middle of the disc to that of its bright limb
-  double distance;       // au
-  int labelIndex;        // -1: none
+  bool asDisc;                 // drawn at its true size, or with a phase as the Sun and the Moon always are
+  float opacity;               // 0 to 1
+  double cosPhase;             // cosine of the phase angle: 1 wholly lit, -1 wholly dark
+  tPoint<double> toSun;        // unit vector from the middle of the disc to that of its bright limb
+  double distance;             // au
+  int labelIndex;              // -1: none
+  std::optional<Globe> globe;  // its surface, where it is drawn as a disc and known
 };
 
 // The Earth's shadow on the Moon's disc. Pixels, y up.
@@ -52,6 +55,7 @@ class BodyMarks {
 
   const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
   const DrawnBody* Find(int body) const;                              // null when it is not drawn
+  const BodyGlobes& GetGlobes() const { return m_Globes; }
   const DrawnShadow& GetMoonShadow() const { return m_Shadow; }
   // The name, or of a satellite its number where numbers are wanted.
   const std::string& GetLabel(int body, const ShownKinds& shown) const;
@@ -62,6 +66,7 @@ class BodyMarks {
   void AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
 
   const BodyModel& m_Model;
+  BodyGlobes m_Globes;
   std::vector<std::string> m_Labels, m_Numbers;  // of each body; the numbers of satellites
   std::vector<DrawnBody> m_Drawn;
   DrawnShadow m_Shadow;

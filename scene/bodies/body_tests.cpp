@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+
+#include "astro/moons.h"
 
 namespace scene {
 namespace {
@@ -11,7 +14,9 @@ namespace {
 // Pixels of the standard picture.
 constexpr double kSunRadius = 13.0, kMoonRadius = 12.0;
 constexpr double kSatellite = 3.0, kLargestDot = 7.0;
-constexpr double kMargin = 40.0;  // where the tail of a comet may still reach in
+constexpr double kLargestMoonDot = 2.5;  // moons crowd about their planet
+constexpr double kLeastApart = 2.0;      // a moon from the dot of its planet
+constexpr double kMargin = 40.0;         // where the tail of a comet may still reach in
 
 }  // namespace
 
@@ -52,7 +57,9 @@ double BodyTests::GetSymbolRadius(int body) const {
   const auto index = static_cast<std::size_t>(body);
   if (!HasMagnitude(body)) return kSatellite * m_Geometry.unit;
   const float code = m_Model.GetStates()[index].code;
-  return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), kLargestDot);
+  const SSO_ID& id = m_Model.GetBodies()[index].id;
+  const double largest = id.kind == FourCC("moon") ? kLargestMoonDot : kLargestDot;
+  return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), largest);
 }
 
 // A body is seen as soon as its upper limb is.
@@ -61,6 +68,18 @@ bool BodyTests::IsAboveHorizon(const BodyState& state) const {
   const double* zenith = m_Observer.reduction + 6;
   const double* v = state.seen.apparent;
   return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2] >= -std::sin(state.seen.angularRadius);
+}
+
+double BodyTests::FindDistanceToPlanet(int moon, const tPoint<double>& place) const {
+  constexpr double kFar = std::numeric_limits<double>::infinity();
+  const SSO_ID& id = m_Model.GetBodies()[static_cast<std::size_t>(moon)].id;
+  if (!astro::IsMoonOfPlanet(id) || id.number == kMoonNumber) return kFar;
+  const int planet = FindBody(m_Model.GetBodies(), astro::PlanetOfMoon(id));
+  const BodyState& state = m_Model.GetStates()[static_cast<std::size_t>(planet)];
+  const double symbol = GetSymbolRadius(planet);
+  if (!state.known || GetTrueRadius(state) > symbol) return kFar;
+  const tPoint<double> p = m_Geometry.Project(MakeDirection(state.seen.apparent), SkyFrameOf::kJ2000);
+  return std::hypot(place.x - p.x, place.y - p.y) - symbol;
 }
 
 template <bool kFirst>
@@ -81,7 +100,9 @@ unsigned BodyTests::Test(int index, ObjectPlace& place) const {
   place.apparent = MakeDirection(state.seen.apparent);
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index));
-  ends(!m_Geometry.IsInside(place.pixel, place.radius + kMargin * m_Geometry.unit), kOutside);
+  if (ends(!m_Geometry.IsInside(place.pixel, place.radius + kMargin * m_Geometry.unit), kOutside))
+    return obstacles;
+  ends(FindDistanceToPlanet(index, place.pixel) < kLeastApart * m_Geometry.unit, kBesidePlanet);
   return obstacles;
 }
 

@@ -4,8 +4,10 @@
 
 #include <limits>
 
+#include "astro/moons.h"
 #include "astro/solar_system.h"
 #include "common_interfaces/field_names.h"
+#include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/record_conversion.h"
 #include "scene/object_names.h"
 #include "scene/texts.h"
@@ -45,6 +47,21 @@ void AddKnownBodies(BodyList& bodies) {
   add(FourCC("moon"), kMoonNumber);
   for (int planet = 1; planet <= kPlanets; ++planet) {
     if (planet != kEarthNumber) add(FourCC("plnt"), planet);
+  }
+}
+
+// Those that the list of planets and moons names and the model places.
+void AddMoons(BodyList& bodies) {
+  CommonInterfaces::PlanetMoonDescription description;
+  for (int planet = 1; planet <= astro::kPlutoNumber; ++planet) {
+    SkyBody body;
+    const SSO_ID parent(FourCC("plnt"), planet);
+    for (bool more = description.GetFirstMoon(body.id, parent); more;
+         more = description.GetNextMoon(body.id)) {
+      if (body.id.number == kMoonNumber || !astro::IsMoonOfPlanet(body.id)) continue;
+      body.names = {description.GetObjectName(body.id)};
+      bodies.push_back(body);
+    }
   }
 }
 
@@ -103,6 +120,7 @@ void AddTable(const char* name, int kind, BodyList& bodies) {
 BodyList LoadBodies() {
   BodyList bodies;
   AddKnownBodies(bodies);
+  AddMoons(bodies);
   AddTable("catalogs:asteroids.txt", FourCC("astr"), bodies);
   AddTable("catalogs:comets.txt", FourCC("comt"), bodies);
   return bodies;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/object_names.h"
 
+#include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/text_formats.h"
 #include "scene/texts.h"
 #include "utils/text.h"
@@ -36,8 +37,11 @@ std::string GetStarName(int number, const StarCatalog& stars) {
 
 std::string GetPlanetOrMoonName(const SSO_ID& object) {
   if (object.kind == FourCC("plnt")) return GetPlanetName(object.number);
-  if (object.kind == FourCC("moon") && object.number == kMoonNumber) return GetText(kMoonText);
-  return "";
+  if (object.kind != FourCC("moon")) return "";
+  if (object.number == kMoonNumber) return GetText(kMoonText);
+  const CommonInterfaces::PlanetMoonDescription description;
+  const char* const name = description.GetObjectName(object);
+  return name ? ToCodePage(name) : "";
 }
 
 std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {

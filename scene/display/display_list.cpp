@@ -8,10 +8,11 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_Width = width;
   m_Height = height;
   m_Unit = static_cast<float>(unit);
-  m_OpenVertex = m_OpenRing = 0;
+  m_OpenVertex = m_OpenRing = m_OpenColour = 0;
   m_Runs.clear();
   m_Points.clear();
   m_Discs.clear();
+  m_Globes.clear();
   m_Shadows.clear();
   m_Polylines.clear();
   m_Ellipses.clear();
@@ -21,6 +22,7 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_Rings.clear();
   m_Vertices.clear();
   m_TextBytes.clear();
+  m_Colours.clear();
 }
 
 // Records of one type and layer that follow one another make one run. `count`: how many of the type there are
@@ -51,6 +53,14 @@ void DisplayList::Add(Layer layer, const PointRecord& point) {
 void DisplayList::Add(Layer layer, const DiscRecord& disc) {
   m_Discs.push_back(disc);
   Note(RecordType::kDisc, layer, static_cast<int>(m_Discs.size()));
+}
+
+void DisplayList::Add(Layer layer, GlobeRecord globe) {
+  globe.firstRingColour = m_OpenColour;
+  m_OpenColour = static_cast<int>(m_Colours.size());
+  globe.ringColourCount = m_OpenColour - globe.firstRingColour;
+  m_Globes.push_back(globe);
+  Note(RecordType::kGlobe, layer, static_cast<int>(m_Globes.size()));
 }
 
 void DisplayList::Add(Layer layer, const ShadowRecord& shadow) {
@@ -97,6 +107,8 @@ void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
 void DisplayList::Reserve(const Capacity& capacity) {
   m_Points.reserve(capacity.points);
   m_Discs.reserve(capacity.discs);
+  m_Globes.reserve(capacity.globes);
+  m_Colours.reserve(capacity.colours);
   m_Shadows.reserve(capacity.shadows);
   m_Polylines.reserve(capacity.polylines);
   m_Ellipses.reserve(capacity.ellipses);

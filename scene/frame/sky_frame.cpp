@@ -20,7 +20,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
   constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
   capacity.points = static_cast<std::size_t>(catalogs.stars.GetCount()) + catalogs.bodies.size() + kOverlays;
+  constexpr std::size_t kRingColours = 4096;
   capacity.discs = catalogs.bodies.size();
+  capacity.globes = catalogs.bodies.size();
+  capacity.colours = kRingColours;
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
   capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays + kGridLines;
@@ -82,6 +85,7 @@ FrameParts::FrameParts(const SkyCatalogs& catalogs)
       objects(catalogs),
       favourites(catalogs) {
   list.Reserve(FindCapacity(catalogs));
+  list.SetMaps(solarSystem.GetMarks().GetGlobes().GetMapPaths());
 }
 
 SkyFrame::SkyFrame(const SkyCatalogs& catalogs)

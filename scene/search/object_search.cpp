@@ -64,6 +64,8 @@ std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs
 }
 
 ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) {
+  m_KnownBodies = static_cast<int>(std::count_if(catalogs.bodies.begin(), catalogs.bodies.end(),
+                                                 [](const SkyBody& body) { return !body.hasElements; }));
   AddStars(catalogs);
   AddDeepsky(catalogs);
   AddBodies(catalogs);
@@ -100,7 +102,7 @@ void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
   }
 }
 
-// The list of planets and moons has English names; its moons other than ours have no place in the model.
+// The list of planets and moons has English names.
 void ObjectSearch::AddBodies(const SkyCatalogs& catalogs) {
   const CommonInterfaces::PlanetMoonDescription description;
   for (int i = 0; i < static_cast<int>(catalogs.bodies.size()); ++i) {
@@ -151,6 +153,17 @@ std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, co
   return found;
 }
 
+// Planets and moons are meant before the asteroids of their names, which their numbers tell: "52 Europa".
+std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject> found) const {
+  const auto isBody = [](const FoundObject& object) { return object.group == ObjectGroup::kBody; };
+  const bool known = std::any_of(found.begin(), found.end(), [&](const auto& object) {
+    return isBody(object) && object.index < m_KnownBodies;
+  });
+  if (known)
+    std::erase_if(found, [&](const auto& object) { return isBody(object) && object.index >= m_KnownBodies; });
+  return found;
+}
+
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   constexpr std::string_view kMessier = "messier";
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
@@ -158,7 +171,7 @@ std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   if (found.empty()) found = FindIn(m_Names, expanded);
   if (found.empty() && key.starts_with(kMessier)) found = FindIn(m_Names, "m" + key.substr(kMessier.size()));
   if (found.empty()) found = FindIn(m_Unnumbered, expanded);
-  return found;
+  return WithoutNamesakes(std::move(found));
 }
 
 std::string ObjectSearch::DescribeMissing(const std::string& name) const {

@@ -22,6 +22,10 @@ class Probe {
 
   double To(const PointRecord& point) const { return ToCircle(point.x, point.y, point.radius); }
   double To(const DiscRecord& disc) const { return ToCircle(disc.x, disc.y, disc.radius); }
+  // The ring counts as the circle around it.
+  double To(const GlobeRecord& globe) const {
+    return ToCircle(globe.disc.x, globe.disc.y, globe.disc.radius * std::max(1.0f, globe.ringOuter));
+  }
   double To(const ShadowRecord& shadow) const {
     return ToCircle(shadow.clipX, shadow.clipY, shadow.clipRadius);
   }
@@ -118,6 +122,12 @@ double Probe::To(const TextRecord& text) const {
   return ToBox(left, text.y - kAscent * text.size, left + width, text.y + kDescent * text.size);
 }
 
+template <class Record>
+ObjectRef GetObject(const Record& record) {
+  return record.object;
+}
+ObjectRef GetObject(const GlobeRecord& globe) { return globe.disc.object; }
+
 // Takes what is hit, from the last record of a run to its first.
 class Picker {
  public:
@@ -130,6 +140,8 @@ class Picker {
         return Visit(run, m_List.GetPoints());
       case RecordType::kDisc:
         return Visit(run, m_List.GetDiscs());
+      case RecordType::kGlobe:
+        return Visit(run, m_List.GetGlobes());
       case RecordType::kShadow:
         return Visit(run, m_List.GetShadows());
       case RecordType::kPolyline:
@@ -152,9 +164,10 @@ class Picker {
   void Visit(const Run& run, const std::vector<Record>& records) {
     for (int i = run.first + run.count - 1; i >= run.first; --i) {
       const Record& record = records[static_cast<std::size_t>(i)];
-      if (record.object == ObjectRef{}) continue;
+      const ObjectRef object = GetObject(record);
+      if (object == ObjectRef{}) continue;
       const double distance = m_Probe.To(record);
-      if (distance <= m_Tolerance) Take({record.object, run.layer, distance});
+      if (distance <= m_Tolerance) Take({object, run.layer, distance});
     }
   }
   void Take(const Hit& hit) {

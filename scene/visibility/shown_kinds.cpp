@@ -81,10 +81,10 @@ struct Undrawn {
   const char* reason;
 };
 constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
+               kFeatures[] = "features of surfaces are not named",
                kPlanetPath[] = "paths of planets are not drawn",
                kAsteroidGroups[] = "groups of asteroids are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
-               kBrightMoon[] = "the Moon, the only moon drawn, is brighter than every limit",
                kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
                kImages[] = "images of constellations are not drawn";
 constexpr Undrawn kUndrawn[] = {
@@ -94,14 +94,12 @@ constexpr Undrawn kUndrawn[] = {
     {FourCC("star"), "LuminosityUndef", "stars are not filtered by luminosity class"},
     {FourCC("plnt"), "PlanetGuides", kPhysicalGrid},
     {FourCC("plnt"), "PlanetGrid", kPhysicalGrid},
-    {FourCC("plnt"), "PlanetFeatures", "surfaces are not drawn"},
+    {FourCC("plnt"), "PlanetFeatures", kFeatures},
     {FourCC("plnt"), "PlanetCelPath", kPlanetPath},
     {FourCC("plnt"), "PlanetLocPath", kPlanetPath},
-    {FourCC("moon"), "MoonZoomDependShow", kBrightMoon},
-    {FourCC("moon"), "MoonZoomDependLabel", kBrightMoon},
     {FourCC("moon"), "MoonGuides", kPhysicalGrid},
     {FourCC("moon"), "MoonGrid", kPhysicalGrid},
-    {FourCC("moon"), "MoonFeatures", "surfaces are not drawn"},
+    {FourCC("moon"), "MoonFeatures", kFeatures},
     {FourCC("astr"), "ShowAsterBelt", "the belt of asteroids is not drawn"},
     {FourCC("astr"), "AsterGroups", kAsteroidGroups},
     {FourCC("astr"), "AsterLabels", kAsteroidGroups},

@@ -33,6 +33,7 @@ constexpr Catalog kCatalogs[] = {{"stars", "stars", MakeStarCatalog},
                                  {"constellations", "constellations", MakeConstellationCatalog},
                                  {"constellation_lines", "constellations", MakeConstellationLines},
                                  {"milkyway", "milkyway", MakeMilkyWay},
+                                 {"saturn_ring", "maps", MakeSaturnRing},
                                  {"asteroids", "orbits", MakeAsteroidCatalog},
                                  {"comets", "orbits", MakeCometCatalog}};
 
@@ -73,11 +74,10 @@ void AddCatalogFiles(const fs::path& source, Files& files) {
   }
 }
 
-// The pictures of the landscapes, as they stand.
-void AddPanoramaPictures(const fs::path& folder, Files& files) {
+// Pictures, as they stand.
+void AddPictures(const fs::path& folder, const char* extension, const fs::path& to, Files& files) {
   for (const auto& entry : fs::directory_iterator(folder)) {
-    if (entry.path().extension() == ".svg")
-      files[fs::path("media/surface") / entry.path().filename()] = ReadFile(entry.path());
+    if (entry.path().extension() == extension) files[to / entry.path().filename()] = ReadFile(entry.path());
   }
 }
 
@@ -114,7 +114,9 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
   AddCatalogFiles(source, files);
-  AddPanoramaPictures(source / "surface", files);
+  AddPictures(source / "surface", ".svg", "media/surface", files);
+  AddPictures(source / "maps", ".jpg", "media/maps", files);
+  files["media/maps/maps.source.md"] = ReadFile(source / "maps" / "SOURCE.md");
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
   return static_cast<int>(files.size());

@@ -54,7 +54,9 @@ std::string DescribeBody(const scene::BodyModel& model, int body) {
   const SSO_ID& id = model.GetBodies()[static_cast<std::size_t>(body)].id;
   const ObservedBody& seen = model.GetStates()[static_cast<std::size_t>(body)].seen;
   const std::string name = scene::GetPlanetOrMoonName(id), size = FormatSize(2.0 * seen.angularRadius);
-  if (body == scene::kSunBody) return Line(HostText::kSunSeen, {name.c_str(), seen.magnitude, size.c_str()});
+  const bool otherMoon = id.kind == FourCC("moon") && body != scene::kMoonBody;
+  if (body == scene::kSunBody || otherMoon)
+    return Line(HostText::kSunSeen, {name.c_str(), seen.magnitude, size.c_str()});
   const HostText phase = body == scene::kMoonBody ? MoonPhase(model) : PlanetPhase(model, seen);
   return Line(HostText::kBodySeen, {name.c_str(), seen.magnitude, size.c_str(),
                                     GetLitPercent(seen.phaseAngle), Localize(phase, {}).c_str()});

@@ -57,6 +57,9 @@ std::vector<std::string> ListReasons(const scene::Explanation& why, const scene:
     reasons.push_back(FormatText("below the horizon: altitude %.1f\u00B0", why.standing.altitude));
   }
   if (why.obstacles & scene::kOutside) reasons.push_back(DescribeOutside(why, view.observer.horizon));
+  if (why.obstacles & scene::kBesidePlanet) {
+    reasons.push_back("at this zoom it falls together with its planet");
+  }
   if (why.obstacles == 0 && why.label == scene::LabelFate::kNone) {
     reasons.push_back(why.code ? "no memory was left for it" : "no free place for its name");
   }

@@ -46,8 +46,7 @@ Disc SeeDisc(const SSO_ID& body, double julianDateTT) {
 }
 
 void ExpectDegrees(double angle, double degrees, double tolerance) {
-  EXPECT_NEAR(std::remainder(angle - degrees * kDegree, astro_test::kTurn) / kDegree, 0.0,
-              tolerance)
+  EXPECT_NEAR(std::remainder(angle - degrees * kDegree, astro_test::kTurn) / kDegree, 0.0, tolerance)
       << angle / kDegree << " for " << degrees;
 }
 
@@ -95,15 +94,16 @@ TEST(PhysicalEphemeris, JupiterInMeeusExample) {
 }
 
 // Meeus, example 45.a: 1992 December 16, 0h TD. The difference of the longitudes of Sun and Earth in the
-// plane of the rings is 4.198 degrees. His pole of the rings is 0.025 degree from the IAU's, mostly across the
-// line of sight, which shows in the position angle.
+// plane of the rings is 4.198 degrees. His pole of the rings is 0.025 degree from the IAU's, mostly across
+// the line of sight, which shows in the position angle.
 TEST(PhysicalEphemeris, RingTiltInMeeusExample) {
   const PhysicalEphemeris saturn = SeeDisc(Planet(6), 2448972.5).physical;
   ExpectDegrees(saturn.observer.latitude, 16.442, 0.01);
   ExpectDegrees(saturn.sun.latitude, 14.679, 0.01);
   ExpectDegrees(saturn.poleAngle, 6.741, 0.03);
-  ExpectDegrees(std::fabs(std::remainder(saturn.sun.longitude - saturn.observer.longitude, astro_test::kTurn)),
-                4.198, 0.01);
+  ExpectDegrees(
+      std::fabs(std::remainder(saturn.sun.longitude - saturn.observer.longitude, astro_test::kTurn)), 4.198,
+      0.01);
 }
 
 // The rings were seen edge-on from the Earth on 2025 March 23, 16h UT, and lit edge-on on May 6, 12h (the
@@ -177,14 +177,16 @@ TEST(Rotation, MatrixTurnsThePoleAndTheMeridianToTheAxes) {
     double node[3], x[3];
     sfp(1.0, rotation->poleRA + astro_test::kTurn / 4.0, 0.0, node);
     MV3prod(rotation->toBody, node, x);
-    EXPECT_NEAR(std::remainder(std::atan2(x[1], x[0]) + rotation->primeMeridian, astro_test::kTurn), 0.0, 1e-12);
+    EXPECT_NEAR(std::remainder(std::atan2(x[1], x[0]) + rotation->primeMeridian, astro_test::kTurn), 0.0,
+                1e-12);
     EXPECT_NEAR(x[2], 0.0, 1e-14);
   }
 }
 
 TEST(Rotation, OtherBodiesHaveNone) {
-  for (const SSO_ID& body : {SSO_ID(), Planet(3), Planet(0), Planet(11), Planet(501), SSO_ID(FourCC("moon"), 5),
-                             SSO_ID(FourCC("moon"), 607), SSO_ID(FourCC("astr"), 5)}) {
+  for (const SSO_ID& body :
+       {SSO_ID(), Planet(3), Planet(0), Planet(11), Planet(501), SSO_ID(FourCC("moon"), 5),
+        SSO_ID(FourCC("moon"), 607), SSO_ID(FourCC("astr"), 5)}) {
     EXPECT_FALSE(ComputeRotation(body, 2451545.0)) << body.number;
   }
   EXPECT_FALSE(ComputeRotation(Planet(5), std::numeric_limits<double>::quiet_NaN()));

@@ -250,5 +250,7 @@ TEST(Planets, MeanRadii) {
   EXPECT_DOUBLE_EQ(GetBodyRadius(kMoon), 1737.4);
   EXPECT_EQ(GetBodyRadius(Planet(11)), 0.0);
   EXPECT_EQ(GetBodyRadius(Planet(0)), 0.0);
-  EXPECT_EQ(GetBodyRadius(SSO_ID(FourCC("moon"), 501)), 0.0);
+  EXPECT_NEAR(GetBodyRadius(SSO_ID(FourCC("moon"), 501)), 1821.5, 0.1);   // Io
+  EXPECT_NEAR(GetBodyRadius(SSO_ID(FourCC("moon"), 606)), 2574.8, 0.01);  // Titan
+  EXPECT_EQ(GetBodyRadius(SSO_ID(FourCC("moon"), 302)), 0.0);
 }

@@ -28,7 +28,7 @@ TEST(SolarSystemRecords, UnknownKindsAndMissingRecordsAreRefused) {
   ObservedBody seen;
   seen.distance = 77.0;
   for (const SSO_ID& id :
-       {SSO_ID(), Planet(0), Planet(11), SSO_ID(FourCC("moon"), 501), SSO_ID(FourCC("flda"), 1)}) {
+       {SSO_ID(), Planet(0), Planet(11), SSO_ID(FourCC("moon"), 505), SSO_ID(FourCC("flda"), 1)}) {
     EXPECT_FALSE(model.SetAimObject(id, &elements)) << id.kind;
     EXPECT_FALSE(model.Observe(id, &elements, seen)) << id.kind;
   }

@@ -362,6 +362,7 @@ TEST(SolarSystem, ObservingOrbitsPlanetsAndStarsAllocatesNothing) {
   model.SetMoment(satellite.epoch + 0.1, 64.0);
   EXPECT_TRUE(model.Observe(kCeresId, &elements, seen));
   EXPECT_TRUE(model.Observe(Planet(5), nullptr, seen));
+  EXPECT_TRUE(model.Observe(SSO_ID(FourCC("moon"), 606), nullptr, seen));
   EXPECT_TRUE(model.Observe(SSO_ID(FourCC("star"), 1), &star, seen));
   EXPECT_TRUE(model.Observe(satelliteId, nullptr, seen));
   EXPECT_TRUE(model.ObserveIntegrated(seen));

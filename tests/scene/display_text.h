@@ -71,6 +71,14 @@ class DisplayText {
     GlowOf(disc.glow);
     Object(disc.object);
   }
+  void Add(const scene::GlobeRecord& globe) {
+    m_Text += " body";
+    for (const float value : globe.toBody) m_Text += FormatText(" %.3f", Round(value, 3));
+    m_Text += FormatText(" flat %.3f limb %.2f map %d ring %.2f %.2f with %d colours,",
+                         Round(globe.flattening, 3), Round(globe.limbDarkening, 2), globe.map,
+                         Round(globe.ringInner, 2), Round(globe.ringOuter, 2), globe.ringColourCount);
+    Add(globe.disc);
+  }
   void Add(const scene::ShadowRecord& shadow) {
     for (const float value : {shadow.x, shadow.y, shadow.innerRadius, shadow.outerRadius}) Number(value);
     m_Text += FormatText(" %.2f on", Round(shadow.middle, 2));
@@ -139,6 +147,8 @@ class DisplayText {
         return AddRecords("points", run, m_List.GetPoints());
       case scene::RecordType::kDisc:
         return AddRecords("discs", run, m_List.GetDiscs());
+      case scene::RecordType::kGlobe:
+        return AddRecords("globes", run, m_List.GetGlobes());
       case scene::RecordType::kShadow:
         return AddRecords("shadows", run, m_List.GetShadows());
       case scene::RecordType::kPolyline:

@@ -79,9 +79,10 @@ class SmallRoot {
               "1\t0\t1.6\t0.3\n");
     dir.Write("data/catalogs/asteroids.txt", OrbitTable(kAsteroids, 2, false));
     dir.Write("data/catalogs/comets.txt", OrbitTable(kComets, 1, true));
-    dir.Write(
-        "data/catalogs/planets&moons/planets&moons.txt",
-        "plnt\t4\tMars\t0\nplnt\t5\tJupiter\t0\nplnt\t10\tSun\t0\nmoon\t301\tMoon\t0\nmoon\t501\tIo\t0\n");
+    dir.Write("data/catalogs/planets&moons/planets&moons.txt",
+              "plnt\t2\tVenus\t0\nplnt\t4\tMars\t0\nplnt\t5\tJupiter\t0\nplnt\t10\tSun\t0\nmoon\t301\tMoon\t0"
+              "\nmoon\t501\tIo\t0\n"
+              "moon\t201\tNeith\t0\n");
     WriteSettings();
   }
   ~SmallRoot() { ZentharPath::SetRoots(nullptr, nullptr); }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "astro/planets.h"
+#include "companions/astro/model/far_moons.h"
 #include "companions/astro/model/fixed_objects.h"
 #include "companions/astro/model/magnitudes.h"
 #include "companions/astro/model/moving_object.h"
@@ -103,7 +104,8 @@ MovingObject ViewOf(const ModelObject& object) {
 bool IsSun(const SSO_ID& id) { return id == astro::kSun; }
 
 double MagnitudeOf(const MovingObject& view, const Illumination& light) {
-  if (view.elements == nullptr) return PlanetMagnitude(view.id, light);
+  if (view.elements == nullptr)
+    return IsFarMoon(view.id) ? FarMoonMagnitude(view.id, light) : PlanetMagnitude(view.id, light);
   if (view.satellite == nullptr && IsAsteroid(view.id.kind)) return AsteroidMagnitude(*view.elements, light);
   if (view.satellite == nullptr && IsComet(view.id.kind)) return CometMagnitude(*view.elements, light);
   return static_cast<double>(kUnknownStarMagnitude);
@@ -115,13 +117,22 @@ double AngularRadiusOf(const MovingObject& view, double distance) {
   return radius < distance ? std::asin(radius / distance) : 0.0;
 }
 
-bool ObserveMovingObject(const ModelObject& object, const Moment& moment, ObservedBody& result) {
-  const MovingObject view = ViewOf(object);
-  Sight sight;
+// All but magnitude and size.
+bool SeeMovingObject(const MovingObject& view, const Moment& moment, Sight& sight, ObservedBody& result) {
+  if (view.elements == nullptr && IsFarMoon(view.id)) {
+    FarMoonPath path = {};
+    return MakeFarMoonPath(moment, view.id, path) && ObserveMoving(moment, false, path, sight, result);
+  }
   const auto stateBefore = [&view, &moment](double days, double position[3]) {
     return StateOf(view, moment, days, position, nullptr);
   };
-  if (!ObserveMoving(moment, IsSun(object.id), stateBefore, sight, result)) return false;
+  return ObserveMoving(moment, IsSun(view.id), stateBefore, sight, result);
+}
+
+bool ObserveMovingObject(const ModelObject& object, const Moment& moment, ObservedBody& result) {
+  const MovingObject view = ViewOf(object);
+  Sight sight;
+  if (!SeeMovingObject(view, moment, sight, result)) return false;
   const Illumination light = {result.sunDistance, result.distance, result.phaseAngle,
                               moment.dateTT,      sight.fromSun,   sight.fromObserver};
   result.magnitude = MagnitudeOf(view, light);

@@ -12,6 +12,14 @@ namespace astro_internal {
 inline constexpr double kFarthestDays = 36525000.0;
 inline constexpr double kLargestDeltaT = 1e7;
 
+// A planet as it was when the light left that arrives at the moment: about the Sun.
+struct PlanetSight {
+  enum State : unsigned char { kNotAsked, kKnown, kUnknown };
+  State state = kNotAsked;
+  double lightTime = 0.0;  // days
+  double position[3] = {}, velocity[3] = {};
+};
+
 // What every object has in common at one moment for one observer. Vectors are
 // on J2000 (ICRS) axes, au and au/day.
 struct Moment {
@@ -25,6 +33,7 @@ struct Moment {
   double barycentre[3] = {};        // the barycentre of the solar system about the Sun
   double sunVelocity[3] = {};       // of the Sun about the barycentre
   double observerVelocity[3] = {};  // of the observer about the barycentre, in units of the speed of light
+  mutable PlanetSight planets[9];   // 1 to 9 as far as their moons were asked for: LookAtPlanet
 };
 
 // A place on the Earth.

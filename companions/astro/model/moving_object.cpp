@@ -6,6 +6,7 @@
 
 #include "astro/constants.h"
 #include "astro/planets.h"
+#include "companions/astro/model/far_moons.h"
 
 namespace astro_internal {
 
@@ -62,6 +63,8 @@ bool StateOf(const MovingObject& object, const Moment& moment, double before, do
     known = SatelliteState(object, moment, before, position, velocity);
   } else if (object.elements != nullptr) {
     known = OrbitState(*object.elements, object.plane, moment.dateTT - before, position, velocity);
+  } else if (IsFarMoon(object.id)) {
+    known = FarMoonState(object.id, moment.dateTT - before, position, velocity);
   } else {
     known = ComputePlanetState(object.id, moment.dateTT - before, position, velocity);
   }

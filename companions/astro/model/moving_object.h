@@ -13,7 +13,7 @@ namespace astro_internal {
 // A body of the solar system and how its motion is computed: by exactly one of
 // the three. A view: owns nothing.
 struct MovingObject {
-  SSO_ID id;                                  // a planet, the Sun, the Moon, where both pointers are null
+  SSO_ID id;                                  // a planet, the Sun, a moon, where both pointers are null
   const OrbitalElements* elements = nullptr;  // of a two-body orbit, or of the satellite
   OrbitPlane plane = {};                      // of the two-body orbit
   const SatelliteModel* satellite = nullptr;

@@ -3,6 +3,7 @@
 #include "companions/astro/model/object_kinds.h"
 
 #include "astro/constants.h"
+#include "astro/moons.h"
 #include "utils/text.h"
 
 namespace astro_internal {
@@ -30,7 +31,7 @@ constexpr KindOfFamily kFamilies[] = {
 
 ObjectFamily FamilyOf(const SSO_ID& id) {
   const bool isPlanet = id.kind == astro::kPlanetKind && id.number >= 1 && id.number <= astro::kSunNumber;
-  if (isPlanet || id == astro::kMoon) return ObjectFamily::kPlanet;
+  if (isPlanet || astro::IsMoonOfPlanet(id)) return ObjectFamily::kPlanet;
   for (const KindOfFamily& row : kFamilies) {
     if (row.kind == id.kind) return row.family;
   }

@@ -9,7 +9,7 @@ namespace astro_internal {
 // What the model does with an object; object_records.h lists the kinds.
 enum class ObjectFamily { kUnknown, kPlanet, kStar, kDeepsky, kConstellation, kOrbit };
 
-// kPlanet for the planets, the Sun and the Moon only: of other moons the model knows nothing.
+// kPlanet for the planets, the Sun and the moons that have a theory: of other moons the model knows nothing.
 ObjectFamily FamilyOf(const SSO_ID& id);
 
 bool IsComet(int kind);

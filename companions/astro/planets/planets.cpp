@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "astro/planets.h"
 
+#include <cmath>
+
 #include "astro/constants.h"
+#include "astro/rotation.h"
 #include "companions/astro/planets/series.h"
 
 namespace {
@@ -54,8 +57,10 @@ bool ComputeMoonState(double julianDateTT, double position[3], double velocity[3
 double GetBodyRadius(const SSO_ID& body) {
   static constexpr double kRadii[kSunNumber] = {2439.4,  6051.8,  6371.0084, 3389.50, 69911.0,
                                                 58232.0, 25362.0, 24622.0,   1188.3,  695700.0};
-  constexpr double kMoonRadius = 1737.4;
-  if (body == astro::kMoon) return kMoonRadius;
+  if (body.kind == astro::kMoonKind) {
+    const astro::BodyShape shape = astro::GetBodyShape(body).value_or(astro::BodyShape());
+    return std::cbrt(shape.a * shape.b * shape.c);
+  }
   if (body.kind != kPlanetKind || body.number < 1 || body.number > kSunNumber) return 0.0;
   return kRadii[body.number - 1];
 }

@@ -55,8 +55,8 @@ double Turned(double angle) {
 void SumPeriodicTerms(const RotationRow& row, double centuries, double sums[3]) {
   for (int i = row.firstTerm; i < row.firstTerm + row.terms; ++i) {
     const PeriodicTerm& term = kPeriodicTerms[i];
-    const double angle = (term.angle[0] + centuries * (term.angle[1] + centuries * term.angle[2])) *
-                         kRadiansPerDegree;
+    const double angle =
+        (term.angle[0] + centuries * (term.angle[1] + centuries * term.angle[2])) * kRadiansPerDegree;
     sums[term.variable] += term.amplitude * (term.variable == kPoleDec ? std::cos(angle) : std::sin(angle));
   }
 }

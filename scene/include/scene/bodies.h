@@ -23,16 +23,17 @@ struct SkyBody {
   SSO_ID id;
   bool hasElements = false;  // asteroids, comets, satellites; the model knows the others
   OrbitalElements elements;
-  std::vector<std::string> names;  // UTF-8, the best known first; of planets "" until GetBodyLabel is asked
+  std::vector<std::string>
+      names;  // UTF-8, the best known first; of the Sun, the Moon and planets none: GetBodyLabel
 };
 
-// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, asteroids, comets,
+// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, their moons, asteroids, comets,
 // satellites.
 using BodyList = std::vector<SkyBody>;
 
 inline constexpr int kSunBody = 0, kMoonBody = 1;  // indices in the list
 
-// The Sun, the Moon and the planets, then what "catalogs:asteroids.txt" and "catalogs:comets.txt" hold
+// The Sun, the Moon, the planets, the moons that astro/moons.h knows and the list of planets and moons names, then what "catalogs:asteroids.txt" and "catalogs:comets.txt" hold
 // (docs/formats/catalog_tables.md), without the asteroid 134340, which is the planet Pluto. A table that is
 // missing or is none leaves its bodies out, with one diagnostic line, and so does a record whose elements are
 // no orbit.

@@ -11,8 +11,10 @@
 #pragma once
 
 #include <bit>
+#include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "scene/api.h"
@@ -63,7 +65,8 @@ enum class RecordType : int {
   kEllipse = 4,
   kPolygon = 5,
   kGradient = 6,
-  kText = 7
+  kText = 7,
+  kGlobe = 9
 };
 
 // Light around a round thing: a radial gradient from `innerRadius` (colour) over `middle` of the way
@@ -89,6 +92,20 @@ struct DiscRecord {
   Rgba lit, dark;
   Glow glow;
   ObjectRef object;
+};
+
+// A body whose surface is seen: what the disc says, for painters without maps, and the rest for the others.
+// docs/formats/display_list.md says how a pixel of it gets its colour.
+struct GlobeRecord {
+  DiscRecord disc;  // its radius is that of the equator
+  float toBody
+      [9];  // from the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
+            // longitude 0)
+  float flattening;            // what the axis is shorter than the equator's, as a part of it
+  float limbDarkening;         // 0: as bright at the limb as in the middle, 1: dark there
+  float ringInner, ringOuter;  // radii of a ring about the equator, units of the equator's; 0: no ring
+  int firstRingColour, ringColourCount;  // of the colours, from the inner to the outer radius
+  int map;                               // index of the map of its surface, -1: the colour of the disc
 };
 
 // A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of
@@ -177,6 +194,7 @@ struct Run {
 static_assert(std::endian::native == std::endian::little, "records are read as bytes elsewhere");
 static_assert(sizeof(Rgba) == 4 && sizeof(ObjectRef) == 8 && sizeof(Glow) == 20 && sizeof(Vertex) == 8);
 static_assert(sizeof(PointRecord) == 44 && sizeof(DiscRecord) == 60 && sizeof(ShadowRecord) == 52);
+static_assert(sizeof(GlobeRecord) == 124);
 static_assert(sizeof(PolylineRecord) == 32 && sizeof(EllipseRecord) == 40 && sizeof(PolygonRecord) == 28);
 static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(TextRecord) == 40);
 static_assert(sizeof(Run) == 16);
@@ -193,6 +211,7 @@ class SCENE_API DisplayList {
   const std::vector<Run>& GetRuns() const { return m_Runs; }
   const std::vector<PointRecord>& GetPoints() const { return m_Points; }
   const std::vector<DiscRecord>& GetDiscs() const { return m_Discs; }
+  const std::vector<GlobeRecord>& GetGlobes() const { return m_Globes; }
   const std::vector<ShadowRecord>& GetShadows() const { return m_Shadows; }
   const std::vector<PolylineRecord>& GetPolylines() const { return m_Polylines; }
   const std::vector<EllipseRecord>& GetEllipses() const { return m_Ellipses; }
@@ -202,9 +221,14 @@ class SCENE_API DisplayList {
   const std::vector<RingRecord>& GetRings() const { return m_Rings; }
   const std::vector<Vertex>& GetVertices() const { return m_Vertices; }
   const std::vector<char>& GetTextBytes() const { return m_TextBytes; }
+  const std::vector<Rgba>& GetColours() const { return m_Colours; }
+  // Resolved paths of the maps of surfaces, plate carree JPEG, north up, longitude 0 in the middle, east to the right;
+  // the same for all frames.
+  const std::vector<std::string>& GetMaps() const { return m_Maps; }
   const char* GetText(const TextRecord& text) const { return m_TextBytes.data() + text.first; }
 
-  // Empties the list for a picture of that size.
+  void SetMaps(std::vector<std::string> maps) { m_Maps = std::move(maps); }
+  // Empties the list, but for the maps, for a picture of that size.
   void Begin(int width, int height, double unit);
 
   // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
@@ -213,6 +237,9 @@ class SCENE_API DisplayList {
   void EndRing();
   void Add(Layer layer, const PointRecord& point);
   void Add(Layer layer, const DiscRecord& disc);
+  // Takes the colours that were added since the record before as those of its ring.
+  void Add(Layer layer, GlobeRecord globe);
+  void AddColour(Rgba colour) { m_Colours.push_back(colour); }
   void Add(Layer layer, const ShadowRecord& shadow);
   void Add(Layer layer, const EllipseRecord& ellipse);
   void Add(Layer layer, const GradientRecord& gradient);
@@ -223,7 +250,7 @@ class SCENE_API DisplayList {
   // Room for so many records, so that frames up to that size allocate nothing.
   struct Capacity {
     std::size_t points = 0, discs = 0, shadows = 0, polylines = 0, ellipses = 0, polygons = 0, gradients = 0,
-                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0;
+                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0, globes = 0, colours = 0;
   };
   void Reserve(const Capacity& capacity);
 
@@ -232,10 +259,11 @@ class SCENE_API DisplayList {
 
   int m_Width = 0, m_Height = 0;
   float m_Unit = 1.0f;
-  int m_OpenVertex = 0, m_OpenRing = 0;  // the first that belong to no record yet
+  int m_OpenVertex = 0, m_OpenRing = 0, m_OpenColour = 0;  // the first that belong to no record yet
   std::vector<Run> m_Runs;
   std::vector<PointRecord> m_Points;
   std::vector<DiscRecord> m_Discs;
+  std::vector<GlobeRecord> m_Globes;
   std::vector<ShadowRecord> m_Shadows;
   std::vector<PolylineRecord> m_Polylines;
   std::vector<EllipseRecord> m_Ellipses;
@@ -245,6 +273,8 @@ class SCENE_API DisplayList {
   std::vector<RingRecord> m_Rings;
   std::vector<Vertex> m_Vertices;
   std::vector<char> m_TextBytes;
+  std::vector<Rgba> m_Colours;
+  std::vector<std::string> m_Maps;
 };
 
 }  // namespace scene

@@ -35,7 +35,8 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or
 // catalogue number. Pluto is one object, the planet, and "134340 Pluto" another name of it. A Bayer letter
 // that several stars share by numbers stands for all of them: "alpha Cen" for α1 and α2. Upper and lower
-// case, accents, blanks and punctuation do not matter.
+// case, accents, blanks and punctuation do not matter. Planets and moons come before asteroids of the same name:
+// "Europa" is the moon, "52 Europa" the asteroid.
 class SCENE_API ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
@@ -71,11 +72,13 @@ class SCENE_API ObjectSearch {
   void AddBodies(const SkyCatalogs& catalogs);
   void AddUnplacedMoons(const SkyCatalogs& catalogs);
   static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
+  std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::string DescribeMissing(const std::string& name) const;
 
   std::vector<Name> m_Names;       // those of one object together, the best known first
   std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it
   std::vector<UnplacedMoon> m_Moons;
+  int m_KnownBodies = 0;  // the first so many of the list are planets and moons
 };
 
 }  // namespace scene

@@ -6,12 +6,13 @@ namespace scene {
 
 // What keeps an object from being drawn; several may be true at once.
 enum Obstacle : unsigned {
-  kKindOff = 1,       // its section or its kind is switched off
-  kFiltered = 2,      // a filter of its section rejects it
-  kTooFaint = 4,      // fainter than the drawing limit of its class
-  kBelowHorizon = 8,  // while a horizon is shown
-  kOutside = 16,      // its disc or symbol does not reach into the window
-  kNoPlace = 32       // nobody can tell where the body is at that moment
+  kKindOff = 1,        // its section or its kind is switched off
+  kFiltered = 2,       // a filter of its section rejects it
+  kTooFaint = 4,       // fainter than the drawing limit of its class
+  kBelowHorizon = 8,   // while a horizon is shown
+  kOutside = 16,       // its disc or symbol does not reach into the window
+  kNoPlace = 32,       // nobody can tell where the body is at that moment
+  kBesidePlanet = 128  // a moon that at this zoom falls together with the dot of its planet
 };
 
 }  // namespace scene

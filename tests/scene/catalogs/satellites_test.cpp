@@ -151,7 +151,8 @@ TEST_F(Satellites, PassHasAPathWithAMarkEachMinute) {
   for (const auto& mark : passes.GetMarks()) now = now || std::string(mark.text) == "05:07";
   EXPECT_TRUE(now);
   // The path leads through the satellite.
-  const DrawnBody* station = frame.GetParts().solarSystem.GetMarks().Find(13);
+  const DrawnBody* station = frame.GetParts().solarSystem.GetMarks().Find(
+      FindBody(f.catalogs.bodies, SSO_ID(FourCC("scft"), 25544)));
   ASSERT_NE(station, nullptr);
   double least = 1e9;
   for (const auto& line : passes.GetLines())

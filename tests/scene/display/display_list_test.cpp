@@ -225,6 +225,12 @@ TEST(DisplayRecords, HaveTheirMembersWhereReadersExpectThem) {
   EXPECT_EQ(offsetof(DiscRecord, dark), 28u);
   EXPECT_EQ(offsetof(DiscRecord, glow), 32u);
   EXPECT_EQ(offsetof(DiscRecord, object), 52u);
+  EXPECT_EQ(offsetof(GlobeRecord, toBody), 60u);
+  EXPECT_EQ(offsetof(GlobeRecord, flattening), 96u);
+  EXPECT_EQ(offsetof(GlobeRecord, limbDarkening), 100u);
+  EXPECT_EQ(offsetof(GlobeRecord, ringInner), 104u);
+  EXPECT_EQ(offsetof(GlobeRecord, firstRingColour), 112u);
+  EXPECT_EQ(offsetof(GlobeRecord, map), 120u);
   EXPECT_EQ(offsetof(ShadowRecord, innerRadius), 8u);
   EXPECT_EQ(offsetof(ShadowRecord, middle), 16u);
   EXPECT_EQ(offsetof(ShadowRecord, clipX), 20u);
@@ -265,6 +271,7 @@ TEST(DisplayRecords, AreWordsWithoutPadding) {
   EXPECT_EQ(sizeof(Glow), 3u * 4 + 2 * 4);
   EXPECT_EQ(sizeof(PointRecord), 3u * 4 + 4 + 20 + 8);
   EXPECT_EQ(sizeof(DiscRecord), 6u * 4 + 2 * 4 + 20 + 8);
+  EXPECT_EQ(sizeof(GlobeRecord), 60u + 9 * 4 + 4 * 4 + 3 * 4);
   EXPECT_EQ(sizeof(ShadowRecord), 8u * 4 + 3 * 4 + 8);
   EXPECT_EQ(sizeof(PolylineRecord), 4u * 4 + 4 + 4 + 8);
   EXPECT_EQ(sizeof(EllipseRecord), 7u * 4 + 4 + 8);
@@ -275,6 +282,20 @@ TEST(DisplayRecords, AreWordsWithoutPadding) {
   EXPECT_EQ(sizeof(Vertex), 2u * 4);
   EXPECT_EQ(sizeof(scene::Run), 4u * 4);
   EXPECT_TRUE(std::is_trivially_copyable_v<DiscRecord> && std::is_standard_layout_v<DiscRecord>);
+}
+
+TEST(DisplayGlobes, TakeTheColoursOfTheirRing) {
+  DisplayList list;
+  list.Begin(100, 100, 1.0);
+  list.Add(Layer::kBodies, GlobeRecord{});
+  list.AddColour({1, 2, 3, 4});
+  list.AddColour({5, 6, 7, 8});
+  list.Add(Layer::kBodies, GlobeRecord{});
+  EXPECT_EQ(list.GetGlobes()[0].ringColourCount, 0);
+  EXPECT_EQ(list.GetGlobes()[1].firstRingColour, 0);
+  EXPECT_EQ(list.GetGlobes()[1].ringColourCount, 2);
+  list.Begin(100, 100, 1.0);
+  EXPECT_TRUE(list.GetGlobes().empty() && list.GetColours().empty());
 }
 
 TEST(DisplayColours, AreBytesOfTheFractions) {

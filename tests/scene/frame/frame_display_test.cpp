@@ -31,9 +31,10 @@ std::string Bytes(const std::vector<Record>& records) {
 
 std::string AllBytes(const DisplayList& list) {
   return Bytes(list.GetRuns()) + Bytes(list.GetPoints()) + Bytes(list.GetDiscs()) + Bytes(list.GetShadows()) +
-         Bytes(list.GetPolylines()) + Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) +
-         Bytes(list.GetGradients()) + Bytes(list.GetTexts()) + Bytes(list.GetRings()) +
-         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes());
+         Bytes(list.GetGlobes()) + Bytes(list.GetColours()) + Bytes(list.GetPolylines()) +
+         Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) + Bytes(list.GetGradients()) +
+         Bytes(list.GetTexts()) + Bytes(list.GetRings()) + Bytes(list.GetVertices()) +
+         Bytes(list.GetTextBytes());
 }
 
 // The records of one layer that a function sees.
@@ -125,18 +126,19 @@ TEST_F(FrameDisplay, RunsHoldEveryRecordOnce) {
   f.camera.SetZoom(0.4);
   f.Compute();
   const DisplayList& list = GetList();
-  const std::size_t sizes[] = {list.GetPoints().size(),    list.GetDiscs().size(),
-                               list.GetShadows().size(),   list.GetPolylines().size(),
-                               list.GetEllipses().size(),  list.GetPolygons().size(),
-                               list.GetGradients().size(), list.GetTexts().size()};
-  int next[8] = {};
+  const std::size_t sizes[] = {
+      list.GetPoints().size(),    list.GetDiscs().size(),    list.GetShadows().size(),
+      list.GetPolylines().size(), list.GetEllipses().size(), list.GetPolygons().size(),
+      list.GetGradients().size(), list.GetTexts().size(),    0,
+      list.GetGlobes().size()};
+  int next[10] = {};
   for (const scene::Run& run : list.GetRuns()) {
     int& from = next[static_cast<int>(run.type)];
     EXPECT_EQ(run.first, from);
     EXPECT_GT(run.count, 0);
     from = run.first + run.count;
   }
-  for (int type = 0; type < 8; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
+  for (int type = 0; type < 10; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
 }
 
 TEST_F(FrameDisplay, AreasHaveRings) {
@@ -209,6 +211,8 @@ TEST_F(FrameDisplay, BodiesAndTheirNamesStandForThem) {
     };
     ForEach(GetList(), RecordType::kPoint, Layer::kBodies, GetList().GetPoints(), take);
     ForEach(GetList(), RecordType::kDisc, Layer::kBodies, GetList().GetDiscs(), take);
+    ForEach(GetList(), RecordType::kGlobe, Layer::kBodies, GetList().GetGlobes(),
+            [&take](const GlobeRecord& globe) { take(globe.disc); });
     EXPECT_EQ(painted, drawn) << azimuth;
     for (const TextRecord& text : GetList().GetTexts()) {
       if (std::string(GetList().GetText(text)) == "Jupiter") named.insert(text.object.number);
@@ -256,8 +260,8 @@ TEST_F(FrameDisplay, ShadowOnTheMoonFollowsItsDisc) {
   LookAtMoon();
   f.Compute();
   ASSERT_EQ(GetList().GetShadows().size(), 2u) << "penumbra and umbra";
-  ASSERT_EQ(GetList().GetDiscs().size(), 1u);
-  const DiscRecord& disc = GetList().GetDiscs()[0];
+  ASSERT_EQ(GetList().GetGlobes().size(), 1u);
+  const DiscRecord& disc = GetList().GetGlobes()[0].disc;
   for (const ShadowRecord& shadow : GetList().GetShadows()) {
     EXPECT_EQ(shadow.object, (ObjectRef{FourCC("moon"), 301}));
     EXPECT_EQ(shadow.clipX, disc.x);

@@ -133,8 +133,8 @@ TEST_F(ObjectSearchTest, BayerLetterWithoutItsNumberIsAmbiguous) {
 }
 
 TEST_F(ObjectSearchTest, MoonThatTheModelDoesNotPlaceIsToldFromWhatNobodyKnows) {
-  EXPECT_EQ(TitleOf("Io"), "? 'Io': a moon of Jupiter; the model does not place it yet");
-  EXPECT_EQ(TitleOf("io"), "? 'io': a moon of Jupiter; the model does not place it yet");
+  EXPECT_EQ(TitleOf("Neith"), "? 'Neith': a moon of Venus; the model does not place it yet");
+  EXPECT_EQ(TitleOf("neith"), "? 'neith': a moon of Venus; the model does not place it yet");
   EXPECT_EQ(TitleOf("Moon"), "Moon");
 }
 

@@ -38,6 +38,7 @@ std::string GetBytes(const scene::DisplayList& list) {
   AppendBytes(list.GetRuns(), bytes);
   AppendBytes(list.GetPoints(), bytes);
   AppendBytes(list.GetDiscs(), bytes);
+  AppendBytes(list.GetGlobes(), bytes);
   AppendBytes(list.GetPolylines(), bytes);
   AppendBytes(list.GetEllipses(), bytes);
   AppendBytes(list.GetPolygons(), bytes);
@@ -56,7 +57,8 @@ struct RichView {
 };
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
-// with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent.
+// with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent; Jupiter and
+// its moons.
 const RichView kViews[] = {
     {{1997, 4, 1, 17, 30, 0.0},
      30.0,
@@ -75,7 +77,8 @@ const RichView kViews[] = {
      -40.0,
      0.3,
      {"grid.HorizonDraw=0", "astr.AstrZoomDependShow=60", "astr.AstrZoomDependLabel=60"}},
-    {{2014, 1, 20, 12, 0, 0.0}, 50.1, 8.7, 202.49, 21.26, 200.0, {}}};
+    {{2014, 1, 20, 12, 0, 0.0}, 50.1, 8.7, 202.49, 21.26, 200.0, {}},
+    {{2014, 1, 20, 22, 0, 0.0}, 50.1, 8.7, 168.4636, 62.4473, 60.0, {}}};
 
 class ShippedSky : public testing::Test {
  protected:

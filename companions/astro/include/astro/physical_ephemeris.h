@@ -34,9 +34,9 @@ struct PhysicalEphemeris {
   double phaseAngle = 0.0;        // Sun - body - observer, 0 to pi; of the Sun itself 0
   double illuminated = 1.0;       // the part of the disc that is lit, 0 to 1
   double equatorialRadius = 0.0;  // angular, of the body as a spheroid
-  double polarRadius = 0.0;       // angular, along the axis as it is seen: the short half of the disc's ellipse
-  double julianDate = 0.0;        // when the light left, dynamical time
-  double toBody[9] = {};          // BodyRotation::toBody then
+  double polarRadius = 0.0;  // angular, along the axis as it is seen: the short half of the disc's ellipse
+  double julianDate = 0.0;   // when the light left, dynamical time
+  double toBody[9] = {};     // BodyRotation::toBody then
 };
 
 // Of a body that is seen so (CQXSolSys::Observe) at a moment (Julian date, TT). Nothing for bodies that

@@ -37,7 +37,7 @@ struct ObservedBody {
 // that the application's library calls, in this slot order.
 //
 // `data` of every operation is the converted record of the object's kind (object_records.h), at any address,
-// which is copied; null for "plnt" and "moon", and for an object that was given before to any of the
+// which is copied; null for "plnt" and "moon" (the moons of moons.h), and for an object that was given before to any of the
 // operations that keep one (the aim object is asked first, then the locate object, then the additional ones).
 // Two-line elements must carry the tag kTwoLineTag.
 //

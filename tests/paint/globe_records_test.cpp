@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <cmath>
+#include <vector>
+
+#include "paint/globe_pixels.h"
+#include "paint/record_fixture.h"
+#include "paint/surface_map.h"
+#include "support/debug_capture.h"
+#include "support/temp_dir.h"
+
+using namespace scene;
+using namespace host_test;
+
+namespace {
+
+// A globe of radius 40 in the middle of the picture, its north up, longitude 0 towards the viewer: the body's x is the
+// picture's z, y its x, z its -y.
+GlobeRecord MakeGlobe(float sunX, float sunY, float cosPhase) {
+  GlobeRecord globe = {};
+  globe.disc = DiscRecord{100.0f, 50.0f, 40.0f, sunX, sunY, cosPhase, kRed, {40, 0, 0, 255}, {}, {}};
+  const float axes[9] = {0, 0, 1, 1, 0, 0, 0, -1, 0};
+  std::copy(axes, axes + 9, globe.toBody);
+  globe.map = -1;
+  return globe;
+}
+
+// The same, turned so that the pole is `tilt` towards the viewer.
+void Tilt(GlobeRecord& globe, double tilt) {
+  const auto c = static_cast<float>(std::cos(tilt)), s = static_cast<float>(std::sin(tilt));
+  const float axes[9] = {0, s, c, 1, 0, 0, 0, -c, s};
+  std::copy(axes, axes + 9, globe.toBody);
+}
+
+class GlobeRecords : public Records {};
+
+double Light(const paint::GlobePixel& pixel) { return static_cast<double>(pixel.red); }
+
+}  // namespace
+
+TEST_F(GlobeRecords, FullOneIsLitAllOver) {
+  list.Add(Layer::kBodies, MakeGlobe(1.0f, 0.0f, 1.0f));
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(100, 50), kRedPixel);
+  EXPECT_NEAR(picture.At(138, 50).red, 255, 2);
+  EXPECT_EQ(picture.At(142, 50), kBlack);
+  EXPECT_EQ(picture.At(100, 8), kBlack);
+}
+
+TEST_F(GlobeRecords, HalfIsLitOnTheSideOfTheSunAndTheNightKeepsTheDarkColour) {
+  list.Add(Layer::kBodies, MakeGlobe(-1.0f, 0.0f, 0.0f));
+  const Painted picture(list);
+  EXPECT_GT(picture.At(70, 50).red, 240);
+  EXPECT_EQ(picture.At(130, 50), (Pixel{40, 0, 0}));
+  // The terminator is soft: light grows with the height of the Sun.
+  EXPECT_LT(picture.At(98, 50).red, picture.At(92, 50).red);
+  EXPECT_LT(picture.At(92, 50).red, picture.At(80, 50).red);
+}
+
+// By the formula: limb darkening of 0.6 leaves 0.4 + 0.6 mu, mu 0.6 at 0.8 of the radius; to the power of 0.6.
+TEST_F(GlobeRecords, LimbIsDarker) {
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
+  globe.limbDarkening = 0.6f;
+  const paint::GlobeShader shader(globe, {}, nullptr);
+  EXPECT_NEAR(Light(shader.Shade(0.0, 0.0, 0.01)), 1.0, 1e-6);
+  EXPECT_NEAR(Light(shader.Shade(0.8, 0.0, 0.01)), std::pow(0.4 + 0.6 * 0.6, 0.6), 1e-6);
+}
+
+TEST_F(GlobeRecords, FlattenedOneIsLowerAlongItsAxis) {
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
+  globe.flattening = 0.5f;
+  const paint::GlobeShader shader(globe, {}, nullptr);
+  EXPECT_EQ(shader.Shade(0.0, 0.45, 0.01).opacity, 1.0f);
+  EXPECT_EQ(shader.Shade(0.0, 0.55, 0.01).opacity, 0.0f);
+  EXPECT_EQ(shader.Shade(0.95, 0.0, 0.01).opacity, 1.0f);
+}
+
+// Opened by 30 degrees, the ring of 1.5 to 2 radii reaches from 0.75 to 1 above and below the middle, and to 2 beside it.
+TEST_F(GlobeRecords, RingLiesBehindTheGlobeAboveAndBeforeItBelow) {
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
+  Tilt(globe, 0.5235987755982988);
+  globe.ringInner = 1.5f;
+  globe.ringOuter = 2.0f;
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  const paint::GlobeShader shader(globe, ring, nullptr);
+  EXPECT_NEAR(shader.Shade(1.75, 0.0, 0.01).green, 1.0, 0.02);
+  EXPECT_EQ(shader.Shade(2.1, 0.0, 0.01).opacity, 0.0f);
+  EXPECT_EQ(shader.Shade(1.3, 0.0, 0.01).opacity, 0.0f);
+  EXPECT_GT(shader.Shade(0.0, 0.87, 0.01).green, 0.9f) << "before the globe";
+  EXPECT_EQ(shader.Shade(0.0, -0.87, 0.01).green, 0.0f) << "behind it";
+  EXPECT_DOUBLE_EQ(shader.GetReach(), 2.0);
+}
+
+// The Sun stands to the left, level with the ring's lit side: the globe's shadow falls on the ring to the right.
+TEST_F(GlobeRecords, GlobeThrowsItsShadowOnTheRing) {
+  GlobeRecord globe = MakeGlobe(-1.0f, 0.0f, 0.0f);
+  Tilt(globe, 0.5235987755982988);
+  globe.ringInner = 1.5f;
+  globe.ringOuter = 2.0f;
+  globe.disc.sunX = -0.98058f;  // and a little above, so that it lights the side we see
+  globe.disc.sunY = -0.19612f;
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  const paint::GlobeShader shader(globe, ring, nullptr);
+  EXPECT_GT(shader.Shade(-1.75, 0.0, 0.01).green, 0.9f);
+  EXPECT_LT(shader.Shade(1.75, 0.0, 0.01).green, 0.1f);
+}
+
+TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {
+  GlobeRecord globe = MakeGlobe(0.0f, -1.0f, 0.8660254f);  // 30 degrees above the ring's plane, which is seen edge-on
+  globe.ringInner = 1.05f;
+  globe.ringOuter = 3.0f;
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  const paint::GlobeShader with(globe, ring, nullptr), without(globe, {}, nullptr);
+  // Below the equator, where the way to the Sun goes through the ring.
+  EXPECT_LT(Light(with.Shade(0.0, 0.2, 0.01)), 0.2 * Light(without.Shade(0.0, 0.2, 0.01)));
+  EXPECT_EQ(Light(with.Shade(0.0, -0.5, 0.01)), Light(without.Shade(0.0, -0.5, 0.01)));
+}
+
+// Tycho (43 S, 11 W) is bright, Mare Crisium (17 N, 59 E) dark, Mare Imbrium (33 N, 16 W) darker than the highlands
+// around 30 S, 10 E.
+TEST_F(GlobeRecords, MapOfTheMoonHasItsFeaturesWhereTheyAre) {
+  paint::SurfaceMap map;
+  ASSERT_TRUE(map.Load(CI_DATA_SOURCE "/maps/moon.jpg"));
+  constexpr double kDegree = 0.017453292519943295;
+  const auto grey = [&map](double latitude, double longitude) {
+    return map.GetColour(longitude * kDegree, latitude * kDegree, 1e6).green;
+  };
+  EXPECT_GT(grey(-43, -11), grey(17, 59) + 30);
+  EXPECT_GT(grey(-30, 10), grey(33, -16) + 20);
+  EXPECT_EQ(grey(10, 370), grey(10, 10)) << "longitudes go around";
+}
+
+// At a pixel a radian one pixel of the smallest step of the map is 45 degrees wide: the mean of all that lies there.
+TEST_F(GlobeRecords, SmallDiscsTakeMeans) {
+  paint::SurfaceMap map;
+  ASSERT_TRUE(map.Load(CI_DATA_SOURCE "/maps/moon.jpg"));
+  constexpr double kDegree = 0.017453292519943295;
+  for (const double west : {-180.0, -45.0, 0.0, 90.0}) {
+    double sum = 0.0;
+    int count = 0;
+    for (double longitude = west + 0.5; longitude < west + 45.0; longitude += 1.0) {
+      for (double latitude = 0.5; latitude < 45.0; latitude += 1.0, ++count)
+        sum += map.GetColour(longitude * kDegree, latitude * kDegree, 1e6).green;
+    }
+    EXPECT_NEAR(map.GetColour((west + 22.5) * kDegree, 22.5 * kDegree, 1.0).green, sum / count, 3.0) << west;
+  }
+}
+
+TEST_F(GlobeRecords, DamagedMapIsToldOnceAndTheBodyIsPlain) {
+  test_support::TempDir dir;
+  dir.Write("moon.jpg", "\xff\xd8\xff\xe0 no picture");
+  test_support::DebugCapture diagnostics;
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
+  globe.map = 0;
+  list.SetMaps({dir.Path("moon.jpg")});
+  list.Add(Layer::kBodies, globe);
+  EXPECT_EQ(Painted(list).At(100, 50), kRedPixel);
+  EXPECT_EQ(Painted(list).At(100, 50), kRedPixel);
+  ASSERT_EQ(diagnostics.lines.size(), 1u);
+  EXPECT_NE(diagnostics.lines[0].find("moon.jpg"), std::string::npos);
+}
