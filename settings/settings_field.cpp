@@ -131,7 +131,7 @@ void SettingField::Assign(const SettingField& other) {
     // the rare one. One would trip over it with a leak checker; see tests/support/lsan.supp. A record in the
     // field's own block stays until the field goes.
     m_pFieldData = nullptr;
-    m_bRecordBehind = false;
+    m_bRecordBeside = false;
     m_RecordSize = 0;
     m_bModified = false;
   }
@@ -141,7 +141,7 @@ void SettingField::Assign(const SettingField& other) {
 // m_pSavedData is deliberately not released: an undo that nobody asked for outlives its field. Whoever stores
 // values restores them before the field dies; see tests/support/lsan.supp for those who do not.
 SettingField::~SettingField() {
-  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
+  if (!m_bRecordBeside) FreeFieldData(m_pFieldData);
   DeleteQuery();
 }
 
@@ -171,7 +171,8 @@ bool SettingField::ReadRecord(MFile* file) {
   // The record goes, and a query of it would no longer answer to the modified flag.
   DeleteQuery();
   FieldRecord record;
-  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, RecordPlace::kAlone, record);
+  OwnMemory memory;
+  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, memory, record);
   ReplaceRecord(record.data, record.size);
   return ok;
 }
@@ -260,8 +261,8 @@ bool SettingField::ReplaceBytes(unsigned char* target, const void* in, unsigned 
 }
 
 void SettingField::ReplaceRecord(FieldData* record, int recordSize) {
-  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
-  m_bRecordBehind = false;
+  if (!m_bRecordBeside) FreeFieldData(m_pFieldData);
+  m_bRecordBeside = false;
   m_pFieldData = record;
   m_RecordSize = recordSize;
 }
