@@ -35,7 +35,8 @@ FieldData* FieldArena::Allocate(int size) {
 }
 
 SettingField* FieldArena::MakeField(FieldData* record, int size) {
-  return ::new (reinterpret_cast<unsigned char*>(record) + FieldOffset(size)) SettingField(record, size, true);
+  return ::new (reinterpret_cast<unsigned char*>(record) + FieldOffset(size))
+      SettingField(record, size, true);
 }
 
 void ReleaseField(SettingField* field) {

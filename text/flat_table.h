@@ -50,6 +50,9 @@ class FlatTable {
     return true;
   }
 
+  // For a key that has a value.
+  void Replace(std::uint64_t key, Value value) { At(FindPlace(key)).value = value; }
+
   // Keys that did not find room before the erased one move up: a search ends at the first free slot.
   void Erase(std::uint64_t key) {
     if (m_Groups.empty()) return;
