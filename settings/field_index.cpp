@@ -57,6 +57,7 @@ void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
   ForgetWhatIsStale();
   const int count = static_cast<int>(fields.size());
   m_InSections.Clear();
+  ForgetCopies();
   m_Runs.clear();
   m_Places.clear();
   m_Orderly = AreOrderly(sections, count);
@@ -100,6 +101,15 @@ SettingField* FieldIndex::FindInRun(int section, int nameId) const {
                                                                                       : nullptr;
 }
 
+void FieldIndex::KeepCopy(int section, int nameId, const SettingField& field) {
+  const unsigned size = field.GetDataSize();
+  const std::ptrdiff_t slot = m_InSections.FindNearSlot(Key(section, nameId));
+  if (!IsShort(size) || slot < 0 || FindInOrderlySection(section, nameId) != &field) return;
+  if (m_Copies.size() < m_InSections.GetSlotCount()) m_Copies.resize(m_InSections.GetSlotCount());
+  m_Copies[static_cast<std::size_t>(slot)] = {LoadShort(field.m_pFieldData->data, size),
+                                              SettingField::m_sChanges << 8 | size};
+}
+
 void FieldIndex::NoteNewSection(unsigned id, int section) {
   if (!m_SectionsKnown) return;
   m_ById.Insert(id, section + 1);
@@ -108,6 +118,7 @@ void FieldIndex::NoteNewSection(unsigned id, int section) {
 
 void FieldIndex::NoteNewField(int section, SettingField* field) {
   if (m_Orderly) {
+    ForgetCopies();
     m_InSections.Insert(Key(section, field->GetNameId()), field);
   } else {
     m_FieldsKnown = false;
@@ -118,6 +129,7 @@ void FieldIndex::NoteNewField(int section, SettingField* field) {
 
 void FieldIndex::NoteDeletedField(int section, int nameId, SettingField* next) {
   if (m_Orderly) {
+    ForgetCopies();
     m_InSections.Erase(Key(section, nameId));
     if (next) m_InSections.Insert(Key(section, nameId), next);
   } else {

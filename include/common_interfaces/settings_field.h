@@ -5,6 +5,8 @@
 // reading and writing, and the query last made from it (queries.h).
 #pragma once
 
+#include <cstdint>
+
 #include <new>
 
 #include "astro/object_id.h"
@@ -129,7 +131,7 @@ class COMMON_INTERFACES_API SettingField {
 
  private:
   friend struct SettingFieldTestAccess;  // defined by tests only
-  friend class FieldIndex;               // reads m_sNameChanges
+  friend class FieldIndex;               // follows m_sNameChanges and m_sChanges
   friend class SettingsData;             // assigns without the copy that operator= returns
   friend class FieldArena;
   friend void ReleaseField(SettingField* field);
@@ -159,6 +161,8 @@ class COMMON_INTERFACES_API SettingField {
   // How often a field got another name id after it was made: containers find fields by name and cannot see
   // it.
   static unsigned m_sNameChanges;
+  // How often the values of a field changed: containers keep copies of them.
+  static std::uint64_t m_sChanges;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record
   int m_RecordSize = -1;         // bytes of header and values; -1 after a failed read, 0 for an empty copy

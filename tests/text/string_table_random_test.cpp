@@ -55,7 +55,8 @@ struct Model {
     }
     if (field.size() < 4) return std::nullopt;
     unsigned code = 0;
-    for (int i = 0; i < 4; ++i) code = code * 256 + static_cast<unsigned char>(field[static_cast<unsigned>(i)]);
+    for (int i = 0; i < 4; ++i)
+      code = code * 256 + static_cast<unsigned char>(field[static_cast<unsigned>(i)]);
     return code;
   }
 
