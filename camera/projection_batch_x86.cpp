@@ -102,7 +102,8 @@ CI_AVX2 void RunWithAvx2(const BatchProjection& projection, const double* v, tPo
   Run<Four>(projection, v, p, count);
 }
 
-CI_AVX512 void RunWithAvx512(const BatchProjection& projection, const double* v, tPoint<double>* p, int count) {
+CI_AVX512 void RunWithAvx512(const BatchProjection& projection, const double* v, tPoint<double>* p,
+                             int count) {
   Run<Eight>(projection, v, p, count);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Projections one at a time, many at a time and by every kind of vector instructions, against the formula written
-// out with the products of the astronomy library: the same bits.
+// Projections one at a time, many at a time and by every kind of vector instructions, against the formula
+// written out with the products of the astronomy library: the same bits.
 #include "camera/projection_batch.h"
 
 #include <cmath>
@@ -40,10 +40,10 @@ Pixel ByTheFormula(const double* matrix, double scale, const Pixel& centre, cons
   return {centre.x - r[0] * k, r[1] * k + centre.y};
 }
 
-// Directions one after the other: all over the sky, in front, close to what has no picture and exactly that, and
-// vectors that are no directions.
+// Directions one after the other: all over the sky, in front, close to what has no picture and exactly that,
+// and vectors that are no directions.
 std::vector<double> MakeVectors(std::mt19937& random, int count) {
-  const double kOdd[] = {0.0,  -0.0,      1.0,        -1.0,  5e-324, 1e-310, 1e150,
+  const double kOdd[] = {0.0,   -0.0,      1.0,        -1.0,  5e-324, 1e-310, 1e150,
                          1e308, kInfinite, -kInfinite, kNone, 1e-9,   -0.5};
   std::uniform_real_distribution<double> any(-1.0, 1.0);
   std::vector<double> vectors;
@@ -91,8 +91,8 @@ void ExpectTheFormula(BatchRun run, const std::vector<double>& m, double scale, 
         isAsked ? ByTheFormula(m.data(), scale, centre, vectors.data() + 3 * vector) : untouched;
     ASSERT_TRUE(IsSame(pixels[static_cast<std::size_t>(i)], expected))
         << "vector " << vector << " of " << first << " to " << first + count << ": "
-        << pixels[static_cast<std::size_t>(i)].x << ' ' << pixels[static_cast<std::size_t>(i)].y << " and not "
-        << expected.x << ' ' << expected.y;
+        << pixels[static_cast<std::size_t>(i)].x << ' ' << pixels[static_cast<std::size_t>(i)].y
+        << " and not " << expected.x << ' ' << expected.y;
   }
 }
 
@@ -173,8 +173,7 @@ TEST(ProjectionBatch, ACameraProjectsByTheFormulaWithItsMatrices) {
     Camera::InitCameraMatrix(viewAngles, view);
     Camera::InitCameraMatrix(reductionAngles, reduction);
     M3prod(view, reduction, combo);
-    const double scale =
-        std::hypot(640.0, 400.0) / std::tan(Camera::s_ZoomOneAngle / (2.0 * (0.7 + seed)));
+    const double scale = std::hypot(640.0, 400.0) / std::tan(Camera::s_ZoomOneAngle / (2.0 * (0.7 + seed)));
     const Pixel centre{0.5 * (801 + 2 * seed), 300.0};
     const std::vector<double> vectors = MakeVectors(random, 200);
     for (int i = 0; i < 200; ++i) {
