@@ -103,11 +103,9 @@ SettingField* FieldIndex::FindInRun(int section, int nameId) const {
 
 void FieldIndex::KeepCopy(int section, int nameId, const SettingField& field) {
   const unsigned size = field.GetDataSize();
-  const std::ptrdiff_t slot = m_InSections.FindNearSlot(Key(section, nameId));
-  if (!IsShort(size) || slot < 0 || FindInOrderlySection(section, nameId) != &field) return;
-  if (m_Copies.size() < m_InSections.GetSlotCount()) m_Copies.resize(m_InSections.GetSlotCount());
-  m_Copies[static_cast<std::size_t>(slot)] = {LoadShort(field.m_pFieldData->data, size),
-                                              SettingField::m_sChanges << 8 | size};
+  if (!IsShort(size) || FindInSection(section, nameId) != &field) return;
+  m_Copies.Keep(Key(section, nameId), SettingField::m_sChanges, m_InSections.GetCount(),
+                LoadShort(field.m_pFieldData->data, size), size);
 }
 
 void FieldIndex::NoteNewSection(unsigned id, int section) {

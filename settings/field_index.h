@@ -9,7 +9,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
-#include "settings/short_values.h"
+#include "settings/value_cache.h"
 #include "text/flat_table.h"
 
 namespace CommonInterfaces {
@@ -62,15 +62,10 @@ class FieldIndex {
   }
   SettingField* FindAnywhere(int nameId) const { return m_All.Find(static_cast<unsigned>(nameId)); }
 
-  // Copies the values of the field, when a copy of them has been kept and no field has changed since. False
+  // Copies the values of the field, when a copy of them has been kept and nothing has changed since. False
   // when it does nothing.
   bool CopyValues(int section, int nameId, void* out) const {
-    const std::ptrdiff_t slot = m_InSections.FindNearSlot(Key(section, nameId));
-    if (slot < 0 || static_cast<std::size_t>(slot) >= m_Copies.size()) return false;
-    const ValueCopy& copy = m_Copies[static_cast<std::size_t>(slot)];
-    if (copy.changesAndSize >> 8 != SettingField::m_sChanges) return false;
-    StoreShort(out, copy.value, copy.changesAndSize & 0xFF);
-    return true;
+    return m_Copies.Load(Key(section, nameId), SettingField::m_sChanges, out);
   }
   // Keeps a copy of the values of that field, if they are short and it is the one of the section.
   void KeepCopy(int section, int nameId, const SettingField& field);
@@ -88,15 +83,8 @@ class FieldIndex {
     SettingField* field;
   };
 
-  // The slots of fields have changed.
+  // Other fields are found now.
   static void ForgetCopies() { ++SettingField::m_sChanges; }
-
-  // Beside the slot of a field: its values, and the process-wide count of changes at which they were so. One
-  // access to memory, where slot, field and record are three that wait for each other.
-  struct ValueCopy {
-    std::uint64_t value = 0;
-    std::uint64_t changesAndSize = 0;  // shifted by 8; the size is never 0
-  };
 
   static std::uint64_t Key(int section, int nameId) {
     return static_cast<std::uint64_t>(section) << 32 | static_cast<unsigned>(nameId);
@@ -113,7 +101,7 @@ class FieldIndex {
 
   bool m_Orderly = true;
   FlatTable<SettingField*> m_InSections;  // orderly, else empty
-  std::vector<ValueCopy> m_Copies;        // of the slots of m_InSections, or none
+  ValueCache m_Copies;                    // of values of fields in sections
   std::vector<FieldRun> m_Runs;           // not orderly: of each section,
   std::vector<Place> m_Places;            // and the fields by name id, then index
 };

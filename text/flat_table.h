@@ -21,6 +21,8 @@ class FlatTable {
     m_Count = 0;
   }
 
+  std::size_t GetCount() const { return m_Count; }
+
   // Makes room for that many keys, so that none of them moves the others.
   void Reserve(std::size_t count) {
     std::size_t groups = m_Groups.empty() ? kFewestGroups : m_Groups.size();
@@ -34,17 +36,6 @@ class FlatTable {
     const Slot& slot = m_Groups[HomeGroup(key)].Guess(key);
     return slot.key == key && slot.value != Value{} ? slot.value : At(FindPlace(key)).value;
   }
-
-  // For whoever keeps more about a key than its value: the number of its slot, below GetSlotCount(), which
-  // stays until the next change of the table. -1 when there is none, or none in the key's own group.
-  std::ptrdiff_t FindNearSlot(std::uint64_t key) const {
-    if (m_Groups.empty()) return -1;
-    const std::size_t home = HomeGroup(key);
-    const Slot& slot = m_Groups[home].Guess(key);
-    if (slot.key != key || slot.value == Value{}) return -1;
-    return static_cast<std::ptrdiff_t>(home * kGroupSize) + (&slot - m_Groups[home].slots);
-  }
-  std::size_t GetSlotCount() const { return m_Groups.size() * kGroupSize; }
 
   // The earlier value of the key stays; false when there is one.
   bool Insert(std::uint64_t key, Value value) {

@@ -51,7 +51,8 @@ class SettingsCopies : public SettingsTest, public testing::WithParamInterface<u
 
   void Add(int nameId) {
     const auto type = static_cast<unsigned>(Below(9));
-    const std::string values = RandomBytes(kWidths[type] * static_cast<unsigned>(1 + Below(5) / 4 * Below(9)));
+    const std::string values =
+        RandomBytes(kWidths[type] * static_cast<unsigned>(1 + Below(5) / 4 * Below(9)));
     Create(m_Settings, Record(nameId, type, values));
     m_Expected[nameId] = {type, values};
   }
