@@ -20,14 +20,18 @@ void ValueCache::Keep(std::uint64_t key, std::uint64_t changes, std::size_t fiel
                       unsigned size) {
   const bool roomy = !m_Sets.empty() && m_Sets.size() >= fields / 2;
   if (!roomy || changes - m_Base > kLastStamp) Clear(changes, fields);
-  const std::uint64_t stamp = changes - m_Base;
-  const auto isStale = [stamp](std::uint64_t kept) { return (kept >> kSizeBits & kLastStamp) != stamp; };
+  const std::uint64_t stamp = changes - m_Base, keyAndStamp = key << kStampBits | stamp;
   Set& set = m_Sets[Home(key)];
-  // The place of a copy that is good no more; where there is none, the last one goes.
-  const auto place = std::min<std::ptrdiff_t>(
-      std::find_if(set.keys, set.keys + kWays, isStale) - set.keys, kWays - 1);
-  set.keys[place] = (key << kStampBits | stamp) << kSizeBits | static_cast<unsigned>(std::countr_zero(size));
-  set.values[place] = value;
+  std::uint64_t* const end = set.keys + kWays;
+  // In the place of the same key, else of a copy that is good no more, else of the last one.
+  std::uint64_t* place = std::find_if(
+      set.keys, end, [keyAndStamp](std::uint64_t kept) { return kept >> kSizeBits == keyAndStamp; });
+  if (place == end) {
+    place = std::find_if(set.keys, end - 1,
+                         [stamp](std::uint64_t kept) { return (kept >> kSizeBits & kLastStamp) != stamp; });
+  }
+  *place = keyAndStamp << kSizeBits | static_cast<unsigned>(std::countr_zero(size));
+  set.values[place - set.keys] = value;
 }
 
 }  // namespace CommonInterfaces

@@ -54,7 +54,7 @@ class ValueCache {
   }
   void Clear(std::uint64_t changes, std::size_t fields);
 
-  std::vector<Set> m_Sets;   // a power of two of them, two at least, or none
+  std::vector<Set> m_Sets;  // a power of two of them, two at least, or none
   int m_Shift = 0;
   std::uint64_t m_Base = 0;  // the count of changes that has stamp 0
 };

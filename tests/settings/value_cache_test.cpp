@@ -54,7 +54,7 @@ TEST(ValueCache, NeverGivesAValueOfAnotherKeyOrCount) {
     const std::uint64_t key = pick() & 0xFFFFFFFFFFFFu;
     if (random() % 2 == 0) {
       const unsigned size = 1u << random() % 4;
-      cache.Keep(key, changes, random() % 100, 0x0101010101010101u * (random() % 128), size);
+      cache.Keep(key, changes, random() % 100, 0x0101010101010101u * (random() % 64), size);
       kept[key] = Load(cache, key, changes);
       ASSERT_EQ(kept[key].find('~'), size == 8 ? 8 : size);
     }
