@@ -118,14 +118,14 @@ void DistanceLookUp(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
   const std::string table = Words({kKind, static_cast<int>(numbers.size())}) + Words(numbers);
   CommonInterfaces::General3DFlightObjectsList list(WriteFile("distances.bin", table).c_str());
-  AskAll(state, [&list](int number) { return list.objectInList(kKind, number); });
+  AskAll(state, [&list](int number) { return int{list.objectInList(kKind, number)}; });
 }
 
 void DistanceLookUpPeer(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
   AskAll(state, [&numbers](int number) {
     const auto found = std::lower_bound(numbers.begin(), numbers.end(), number);
-    return found != numbers.end() && *found == number;
+    return int{found != numbers.end() && *found == number};
   });
 }
 
@@ -133,7 +133,7 @@ template <class Set>
 void NumbersInSet(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
   const Set set(numbers.begin(), numbers.end());
-  AskAll(state, [&set](int number) { return set.count(number) != 0; });
+  AskAll(state, [&set](int number) { return int{set.count(number) != 0}; });
 }
 
 // One access to a table of as many bytes as the smallest hash of the numbers would take.

@@ -7,8 +7,9 @@
   bench/ratios.py build/release/bin/bench_pool -- --benchmark_filter=PoolGet
   bench/ratios.py --write docs/benchmarks.md build/release/bin/bench_*     also puts the tables into that page
 
-The peers of Name/args are NamePeer/args and NamePeerOther/args, its limit is NameLimit/args. All are repeated in turn
-and in random order, so that a busy moment meets them alike. What is compared is the least time of an item; median and
+The peers of Name/args are NamePeer/args and NamePeerOther/args, its limit is NameLimit/args. Each program runs several
+times, since where its memory happens to lie can cost some loops a multiple, and within a run all benchmarks are
+repeated in random order, so that a busy moment meets them alike. What is compared is the least time of an item; median and
 spread (half of the repetitions lie that far apart, in percent of the median) say how quiet the machine was. Aims stand
 in bench/aims.tsv."""
 import argparse
@@ -22,6 +23,8 @@ import subprocess
 import sys
 
 AIMS = pathlib.Path(__file__).with_name("aims.tsv")
+REPETITIONS = 3
+NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 BEGIN, END = "<!-- figures: written by script/bench -->", "<!-- end of figures -->"
 
 
@@ -35,23 +38,24 @@ class Times:
         self.spread = (quarters[2] - quarters[0]) / self.median
 
 
-def measure(program, repetitions, options):
+def measure(program, runs, options):
     """Times by benchmark name. A benchmark that counts no items has one item an iteration."""
     command = [program, "--benchmark_format=json", "--benchmark_enable_random_interleaving=true",
-               f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.1", *options]
-    report = json.loads(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
-    units = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
+               f"--benchmark_repetitions={REPETITIONS}", "--benchmark_min_time=0.1", *options]
     found = {}
-    for run in report["benchmarks"]:
-        if run["run_type"] != "iteration":
-            continue
-        if run.get("error_occurred"):
-            print(f"{run['name']}: {run['error_message']}", file=sys.stderr)
-            continue
-        items = run.get("items_per_second")
-        time = 1e9 / items if items else run["cpu_time"] * units[run["time_unit"]]
-        found.setdefault(run["run_name"], []).append(time)
+    for _ in range(runs):
+        report = json.loads(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
+        for run in report["benchmarks"]:
+            if run.get("error_occurred"):
+                print(f"{run['name']}: {run['error_message']}", file=sys.stderr)
+            elif run["run_type"] == "iteration":
+                found.setdefault(run["run_name"], []).append(item_time(run))
     return {name: Times(repeated) for name, repeated in found.items()}
+
+
+def item_time(run):
+    items = run.get("items_per_second")
+    return 1e9 / items if items else run["cpu_time"] * NANOSECONDS[run["time_unit"]]
 
 
 def split(name):
@@ -137,33 +141,33 @@ def machine():
     return f"{names[0] if names else 'unknown processor'}, {os.cpu_count()} cores"
 
 
-def write(page, tables, repetitions):
+def write(page, tables, runs):
     path = pathlib.Path(page)
     before, _, rest = path.read_text(encoding="utf-8").partition(BEGIN)
     _, _, after = rest.partition(END)
     if not rest or not after:
         sys.exit(f"{page} has no place for the figures: {BEGIN} and {END}")
     date = datetime.date.today().isoformat()
-    head = f"{date}, {machine()}, the release preset, {repetitions} repetitions of each benchmark."
+    head = f"{date}, {machine()}, the release preset, {runs} runs of {REPETITIONS} repetitions."
     path.write_text("\n\n".join([before + BEGIN, head, *tables, END]) + after, encoding="utf-8")
 
 
 def main():
     own, _, options = (" ".join(sys.argv[1:]) + " ").partition(" -- ")
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--repetitions", type=int, default=15)
+    parser.add_argument("--runs", type=int, default=5)
     parser.add_argument("--write", metavar="PAGE")
     parser.add_argument("programs", nargs="+")
     arguments = parser.parse_args(own.split())
     times = {}
     for program in arguments.programs:
         print(f"running {pathlib.Path(program).name}", file=sys.stderr)
-        times.update(measure(program, arguments.repetitions, options.split()))
+        times.update(measure(program, arguments.runs, options.split()))
     measured = Measured(times)
     tables = [table for table in (measured.aims(), measured.all()) if len(table) > 1]
     print("\n\n".join(as_text(table) for table in tables))
     if arguments.write:
-        write(arguments.write, [as_markdown(table) for table in tables], arguments.repetitions)
+        write(arguments.write, [as_markdown(table) for table in tables], arguments.runs)
 
 
 if __name__ == "__main__":

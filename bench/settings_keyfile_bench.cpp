@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The same work done by GKeyFile of GLib: an INI file, values kept as text.
+// The same work done by GKeyFile of GLib: an INI file, values kept as text, all of them whole numbers.
 #include <glib.h>
 
 #include "bench/scratch_file.h"
@@ -9,6 +9,8 @@
 
 namespace bench {
 namespace {
+
+std::string SectionText(const FieldKey& key) { return std::to_string(key.section); }
 
 struct KeyFile {
   KeyFile() = default;
@@ -21,32 +23,40 @@ struct KeyFile {
 void Fill(KeyFile& keyFile, const benchmark::State& state) {
   int value = 0;
   for (const FieldKey& key : MakeKeys(state))
-    g_key_file_set_integer(keyFile.file, key.sectionText.c_str(), key.name.c_str(), value++);
+    g_key_file_set_integer(keyFile.file, SectionText(key).c_str(), NameOf(key.field).c_str(), value++);
+}
+
+// The texts that its questions are made of.
+struct TextKey {
+  std::string section, name;
+};
+
+std::vector<TextKey> MakeTexts(const benchmark::State& state) {
+  std::vector<TextKey> texts;
+  for (const FieldKey& key : MakeKeys(state)) texts.push_back({SectionText(key), NameOf(key.field)});
+  return texts;
 }
 
 void SettingsGetPeerKeyFile(benchmark::State& state) {
   KeyFile keyFile;
   Fill(keyFile, state);
-  const auto keys = MakeQuestions(state);
-  for (auto _ : state) {
-    for (const FieldKey& key : keys)
-      benchmark::DoNotOptimize(
-          g_key_file_get_integer(keyFile.file, key.sectionText.c_str(), key.name.c_str(), nullptr));
-  }
-  CountQuestions(state);
+  const auto texts = MakeTexts(state);
+  RunOver(state, MakeQuestions(state), [&](const FieldKey& key) {
+    const TextKey& text = texts[static_cast<std::size_t>(key.field)];
+    return g_key_file_get_integer(keyFile.file, text.section.c_str(), text.name.c_str(), nullptr);
+  });
 }
 
 void SettingsSetPeerKeyFile(benchmark::State& state) {
   KeyFile keyFile;
   Fill(keyFile, state);
-  const auto keys = MakeQuestions(state);
+  const auto texts = MakeTexts(state);
   int value = 0;
-  for (auto _ : state) {
-    ++value;
-    for (const FieldKey& key : keys)
-      g_key_file_set_integer(keyFile.file, key.sectionText.c_str(), key.name.c_str(), value);
-  }
-  CountQuestions(state);
+  RunOver(state, MakeQuestions(state), [&](const FieldKey& key) {
+    const TextKey& text = texts[static_cast<std::size_t>(key.field)];
+    g_key_file_set_integer(keyFile.file, text.section.c_str(), text.name.c_str(), ++value);
+    return value;
+  });
 }
 
 void SettingsLoadPeerKeyFile(benchmark::State& state) {
@@ -61,7 +71,7 @@ void SettingsLoadPeerKeyFile(benchmark::State& state) {
     KeyFile keyFile;
     g_key_file_load_from_file(keyFile.file, path.c_str(), G_KEY_FILE_NONE, nullptr);
     benchmark::DoNotOptimize(
-        g_key_file_get_integer(keyFile.file, key.sectionText.c_str(), key.name.c_str(), nullptr));
+        g_key_file_get_integer(keyFile.file, SectionText(key).c_str(), NameOf(key.field).c_str(), nullptr));
   }
   CountFields(state);
 }

@@ -73,38 +73,31 @@ void Fill(Database& database, const benchmark::State& state) {
 void SettingsGetPeerSqlite(benchmark::State& state) {
   Database database(":memory:");
   Fill(database, state);
-  const auto keys = MakeQuestions(state);
   database.Execute("BEGIN");
   Statement select(database, "SELECT value FROM field WHERE section = ? AND name = ?");
-  for (auto _ : state) {
-    for (const FieldKey& key : keys) {
-      select.Bind(1, static_cast<int>(key.section));
-      select.Bind(2, key.nameId);
-      if (select.Step()) benchmark::DoNotOptimize(select.Column(0));
-      select.Reset();
-    }
-  }
-  CountQuestions(state);
+  RunOver(state, MakeQuestions(state), [&select](const FieldKey& key) {
+    select.Bind(1, static_cast<int>(key.section));
+    select.Bind(2, key.nameId);
+    const int value = select.Step() ? select.Column(0) : 0;
+    select.Reset();
+    return value;
+  });
 }
 
 void SettingsSetPeerSqlite(benchmark::State& state) {
   Database database(":memory:");
   Fill(database, state);
-  const auto keys = MakeQuestions(state);
   database.Execute("BEGIN");
   Statement update(database, "UPDATE field SET value = ? WHERE section = ? AND name = ?");
   int value = 0;
-  for (auto _ : state) {
-    ++value;
-    for (const FieldKey& key : keys) {
-      update.Bind(1, value);
-      update.Bind(2, static_cast<int>(key.section));
-      update.Bind(3, key.nameId);
-      update.Step();
-      update.Reset();
-    }
-  }
-  CountQuestions(state);
+  RunOver(state, MakeQuestions(state), [&](const FieldKey& key) {
+    update.Bind(1, ++value);
+    update.Bind(2, static_cast<int>(key.section));
+    update.Bind(3, key.nameId);
+    update.Step();
+    update.Reset();
+    return value;
+  });
 }
 
 void SettingsLoadPeerSqlite(benchmark::State& state) {

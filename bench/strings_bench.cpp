@@ -1,37 +1,61 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The string table: loading its file and looking texts up, against a plain hash map filled from the same
-// file.
+// The string table: loading its file and looking texts up, against a sorted vector and hash maps made from the
+// same file, read whole.
 #include <algorithm>
-#include <cstdlib>
+#include <cstring>
 #include <fstream>
-#include <random>
 #include <string>
 #include <unordered_map>
-#include <vector>
+#include <utility>
 
 #include <benchmark/benchmark.h>
 
+#include "bench/different_inputs.h"
 #include "bench/scratch_file.h"
 #include "common_interfaces/string_table.h"
 #include "utils/path.h"
 
+#if defined(BENCH_HAS_ABSEIL)
+#include <absl/container/flat_hash_map.h>
+#endif
+
+namespace bench {
 namespace {
 
 using CommonInterfaces::QX4Strings;
 
-// Makes the table's file with that many entries and returns its path. Identifiers are 7 apart, in random
-// order.
-std::string MakeFile(int entries) {
-  const std::string path = bench::ScratchPath("qxstrings.txt");
-  std::vector<int> order(static_cast<unsigned>(entries));
-  for (int i = 0; i < entries; ++i) order[static_cast<unsigned>(i)] = i;
-  std::shuffle(order.begin(), order.end(), std::mt19937(3));
+// Identifiers in ascending order, with gaps.
+std::vector<unsigned> MakeIdentifiers(const benchmark::State& state) {
+  unsigned identifier = 0;
+  return MakeInputs(
+      3,
+      [&identifier](std::mt19937& random) {
+        return identifier += 1 + static_cast<unsigned>(Below(random, 13));
+      },
+      static_cast<std::size_t>(state.range(0)));
+}
+
+// Makes the table's file and returns its path: texts of 1 to 60 characters, one in twenty with an escape, one
+// in ten with a translator's note, in random order.
+std::string MakeFile(const benchmark::State& state) {
+  const std::string path = ScratchPath("qxstrings.txt");
+  std::vector<unsigned> identifiers = MakeIdentifiers(state);
+  std::mt19937 random(4);
+  std::shuffle(identifiers.begin(), identifiers.end(), random);
   std::ofstream out(path, std::ios::binary);
-  for (int i : order) out << i * 7 << "\tText number " << i << " of the table\n";
+  for (const unsigned identifier : identifiers) {
+    std::string text;
+    for (int length = 1 + Below(random, 60); length > 0; --length)
+      text += static_cast<char>(
+          Below(random, 6) == 0 && length > 1 && !text.empty() ? ' ' : 'a' + Below(random, 26));
+    if (Below(random, 20) == 0) text += "\\n";
+    if (Below(random, 10) == 0) text += "\ta note";
+    out << identifier << '\t' << text << '\n';
+  }
   out.close();
-  ZentharPath::SetRoots(bench::ScratchPath("").c_str(), nullptr);
+  ZentharPath::SetRoots(ScratchPath("").c_str(), nullptr);
   return path;
 }
 
@@ -41,63 +65,105 @@ void Reload() {
   QX4Strings::FinishLocaleUpdate();
 }
 
-using Table = std::unordered_map<unsigned, std::string>;
-
-Table LoadPeer(const std::string& path) {
-  const std::string content = bench::ReadWhole(path);
-  Table table;
-  for (std::size_t at = 0; at < content.size();) {
-    const std::size_t end = content.find('\n', at), tab = content.find('\t', at);
-    const auto identifier = static_cast<unsigned>(std::strtoul(content.c_str() + at, nullptr, 10));
-    table[identifier] = content.substr(tab + 1, end - tab - 1);
-    at = end + 1;
+// Cuts the file up in place and hands each identifier with its text to add(identifier, text). The peers resolve
+// no escapes, trim nothing and look for no duplicates.
+template <class Add>
+void ForEachText(std::string& file, Add add) {
+  char* at = file.data();
+  char* const end = at + file.size();
+  while (at < end) {
+    char* const lineEnd = static_cast<char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+    unsigned identifier = 0;
+    for (; *at != '\t'; ++at) identifier = 10 * identifier + static_cast<unsigned>(*at - '0');
+    char* const text = ++at;
+    auto* const note = static_cast<char*>(std::memchr(text, '\t', static_cast<std::size_t>(lineEnd - text)));
+    *(note ? note : lineEnd) = '\0';
+    add(identifier, text);
+    at = lineEnd + 1;
   }
-  return table;
 }
 
+struct Sorted {
+  std::string file;
+  std::vector<std::pair<unsigned, const char*>> texts;
+
+  explicit Sorted(const std::string& path) : file(ReadWhole(path)) {
+    ForEachText(file,
+                [this](unsigned identifier, const char* text) { texts.emplace_back(identifier, text); });
+    std::sort(texts.begin(), texts.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  }
+  const char* Find(unsigned identifier) const {
+    const auto less = [](const auto& entry, unsigned wanted) { return entry.first < wanted; };
+    return std::lower_bound(texts.begin(), texts.end(), identifier, less)->second;
+  }
+};
+
+template <class Map>
+struct Hashed {
+  std::string file;
+  Map texts;
+
+  explicit Hashed(const std::string& path) : file(ReadWhole(path)) {
+    ForEachText(file, [this](unsigned identifier, const char* text) { texts[identifier] = text; });
+  }
+  const char* Find(unsigned identifier) const { return texts.find(identifier)->second; }
+};
+using InUnorderedMap = Hashed<std::unordered_map<unsigned, const char*>>;
+
 void StringsLoad(benchmark::State& state) {
-  MakeFile(static_cast<int>(state.range(0)));
+  MakeFile(state);
   for (auto _ : state) Reload();
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void StringsLoadPeer(benchmark::State& state) {
-  const std::string path = MakeFile(static_cast<int>(state.range(0)));
-  for (auto _ : state) benchmark::DoNotOptimize(LoadPeer(path).size());
+template <class Table>
+void LoadInto(benchmark::State& state) {
+  const std::string path = MakeFile(state);
+  for (auto _ : state) benchmark::DoNotOptimize(Table(path).texts.size());
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-std::vector<unsigned> MakeQuestions(int entries) {
-  std::mt19937 random(4);
-  std::vector<unsigned> identifiers(4096);
-  for (unsigned& identifier : identifiers) {
-    identifier = static_cast<unsigned>(random() % static_cast<unsigned>(entries)) * 7;
-  }
-  return identifiers;
+void StringsLoadLimit(benchmark::State& state) {
+  const std::string path = MakeFile(state);
+  for (auto _ : state) benchmark::DoNotOptimize(ReadWhole(path).size());
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+std::vector<unsigned> MakeQuestions(const benchmark::State& state) {
+  const std::vector<unsigned> identifiers = MakeIdentifiers(state);
+  return MakeInputs(
+      5, [&identifiers](std::mt19937& random) { return identifiers[random() % identifiers.size()]; });
 }
 
 void StringsLookUp(benchmark::State& state) {
-  MakeFile(static_cast<int>(state.range(0)));
+  MakeFile(state);
   Reload();
-  const auto identifiers = MakeQuestions(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
-    for (unsigned identifier : identifiers) benchmark::DoNotOptimize(QX4Strings::GetString(identifier, true));
-  }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(identifiers.size()));
+  RunOver(state, MakeQuestions(state),
+          [](unsigned identifier) { return QX4Strings::GetString(identifier, true); });
 }
 
-void StringsLookUpPeer(benchmark::State& state) {
-  const Table table = LoadPeer(MakeFile(static_cast<int>(state.range(0))));
-  const auto identifiers = MakeQuestions(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
-    for (unsigned identifier : identifiers) benchmark::DoNotOptimize(table.find(identifier)->second.c_str());
-  }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(identifiers.size()));
+template <class Table>
+void LookUpIn(benchmark::State& state) {
+  const Table table(MakeFile(state));
+  RunOver(state, MakeQuestions(state), [&table](unsigned identifier) { return table.Find(identifier); });
 }
 
-BENCHMARK(StringsLoad)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(StringsLoadPeer)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(StringsLookUp)->Arg(10000)->Arg(100000);
-BENCHMARK(StringsLookUpPeer)->Arg(10000)->Arg(100000);
+void Sizes(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(1000)->Arg(10000)->Arg(100000); }
+void LoadSizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(StringsLoad)->Apply(LoadSizes);
+BENCHMARK(LoadInto<Sorted>)->Name("StringsLoadPeerSorted")->Apply(LoadSizes);
+BENCHMARK(LoadInto<InUnorderedMap>)->Name("StringsLoadPeerHash")->Apply(LoadSizes);
+BENCHMARK(StringsLoadLimit)->Apply(LoadSizes);
+BENCHMARK(StringsLookUp)->Apply(Sizes);
+BENCHMARK(LookUpIn<Sorted>)->Name("StringsLookUpPeerSorted")->Apply(Sizes);
+BENCHMARK(LookUpIn<InUnorderedMap>)->Name("StringsLookUpPeerHash")->Apply(Sizes);
+#if defined(BENCH_HAS_ABSEIL)
+using InFlatMap = Hashed<absl::flat_hash_map<unsigned, const char*>>;
+BENCHMARK(LoadInto<InFlatMap>)->Name("StringsLoadPeerFlatHash")->Apply(LoadSizes);
+BENCHMARK(LookUpIn<InFlatMap>)->Name("StringsLookUpPeerFlatHash")->Apply(Sizes);
+#endif
 
 }  // namespace
+}  // namespace bench

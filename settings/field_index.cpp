@@ -57,6 +57,7 @@ void FieldIndex::GatherFields(const std::vector<SectionRecord>& sections,
   ForgetWhatIsStale();
   const int count = static_cast<int>(fields.size());
   m_InSections.Clear();
+  ForgetCopies();
   m_Runs.clear();
   m_Places.clear();
   m_Orderly = AreOrderly(sections, count);
@@ -100,6 +101,13 @@ SettingField* FieldIndex::FindInRun(int section, int nameId) const {
                                                                                       : nullptr;
 }
 
+void FieldIndex::KeepCopy(int section, int nameId, const SettingField& field) {
+  const unsigned size = field.GetDataSize();
+  if (!IsShort(size) || FindInSection(section, nameId) != &field) return;
+  m_Copies.Keep(Key(section, nameId), SettingField::m_sChanges, m_InSections.GetCount(),
+                LoadShort(field.m_pFieldData->data, size), size);
+}
+
 void FieldIndex::NoteNewSection(unsigned id, int section) {
   if (!m_SectionsKnown) return;
   m_ById.Insert(id, section + 1);
@@ -108,6 +116,7 @@ void FieldIndex::NoteNewSection(unsigned id, int section) {
 
 void FieldIndex::NoteNewField(int section, SettingField* field) {
   if (m_Orderly) {
+    ForgetCopies();
     m_InSections.Insert(Key(section, field->GetNameId()), field);
   } else {
     m_FieldsKnown = false;
@@ -118,6 +127,7 @@ void FieldIndex::NoteNewField(int section, SettingField* field) {
 
 void FieldIndex::NoteDeletedField(int section, int nameId, SettingField* next) {
   if (m_Orderly) {
+    ForgetCopies();
     m_InSections.Erase(Key(section, nameId));
     if (next) m_InSections.Insert(Key(section, nameId), next);
   } else {

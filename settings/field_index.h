@@ -9,6 +9,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "settings/value_cache.h"
 #include "text/flat_table.h"
 
 namespace CommonInterfaces {
@@ -61,6 +62,14 @@ class FieldIndex {
   }
   SettingField* FindAnywhere(int nameId) const { return m_All.Find(static_cast<unsigned>(nameId)); }
 
+  // Copies the values of the field, when a copy of them has been kept and nothing has changed since. False
+  // when it does nothing.
+  bool CopyValues(int section, int nameId, void* out) const {
+    return m_Copies.Load(Key(section, nameId), SettingField::m_sChanges, out);
+  }
+  // Keeps a copy of the values of that field, if they are short and it is the one of the section.
+  void KeepCopy(int section, int nameId, const SettingField& field);
+
   // A section record was appended; its id is that of no other.
   void NoteNewSection(unsigned id, int section);
   // The section, which had no field with that name, got one at its end.
@@ -73,6 +82,9 @@ class FieldIndex {
     int nameId, index;
     SettingField* field;
   };
+
+  // Other fields are found now.
+  static void ForgetCopies() { ++SettingField::m_sChanges; }
 
   static std::uint64_t Key(int section, int nameId) {
     return static_cast<std::uint64_t>(section) << 32 | static_cast<unsigned>(nameId);
@@ -89,6 +101,7 @@ class FieldIndex {
 
   bool m_Orderly = true;
   FlatTable<SettingField*> m_InSections;  // orderly, else empty
+  ValueCache m_Copies;                    // of values of fields in sections
   std::vector<FieldRun> m_Runs;           // not orderly: of each section,
   std::vector<Place> m_Places;            // and the fields by name id, then index
 };

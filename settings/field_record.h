@@ -22,11 +22,6 @@ struct FieldRecord {
   int size = -1;              // bytes at data; -1 when reading failed
 };
 
-// Where a record is to stand: alone, to be released with FreeFieldData, or with room for its field right
-// before it, to be made a field of with MakeField. Containers hold many fields: with one block for each they
-// are loaded and found sooner.
-enum class RecordPlace { kAlone, kBehindField };
-
 // An uninitialised record of `size` bytes, header included; size >= kFieldHeaderSize. Null stands for none.
 FieldData* AllocateFieldData(int size);
 void FreeFieldData(FieldData* data);
@@ -43,9 +38,16 @@ inline unsigned HeldElements(const FieldData& data, int recordSize) {
 
 // Reads a length and a record that is at least a whole header and at most kMaxFieldRecordSize long. False
 // when that fails: `record` is then {null, -1}. A length of 0 in the current layout is a record of no bytes,
-// {null, 0}. Source: MFile or BufferedFile, which stands behind the bytes that were read, wherever that is.
-template <class Source>
-bool ReadFieldRecord(Source& source, bool oldLayout, RecordPlace place, FieldRecord& record);
+// {null, 0}. The record stands where `memory` says: Allocate(size) gives an uninitialised one, Free takes it
+// back. Source: MFile or BufferedFile, which stands behind the bytes that were read, wherever that is.
+template <class Source, class Memory>
+bool ReadFieldRecord(Source& source, bool oldLayout, Memory& memory, FieldRecord& record);
+
+// For a record that its field releases.
+struct OwnMemory {
+  FieldData* Allocate(int size) { return AllocateFieldData(size); }
+  void Free(FieldData* record) { FreeFieldData(record); }
+};
 
 // Writes a length and that many bytes: `write` takes bytes and tells whether it could. False when not all
 // could be written.
@@ -57,10 +59,7 @@ bool WriteFieldRecord(const Write& write, const FieldRecord& record) {
          (record.size == 0 || write(record.data, static_cast<unsigned>(record.size)));
 }
 
-// The field of a record that was made kBehindField; the caller owns it, and the record with it.
-SettingField* MakeField(FieldData* record, int size);
-
-// The same of a copy of a record.
+// A field with a copy of the record, in one block of memory; the caller owns it.
 SettingField* MakeFieldOfCopy(const FieldData* data, int size);
 
 }  // namespace CommonInterfaces

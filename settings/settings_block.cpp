@@ -51,7 +51,7 @@ bool ReadSectionRecords(MFile& file, std::vector<SectionRecord>& sections) {
   return true;
 }
 
-bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields) {
+bool ReadFieldRecords(MFile& file, FieldArena& arena, std::vector<SettingField*>& fields) {
   unsigned char bytes[4];
   if (file.Read(bytes, sizeof bytes) != sizeof bytes) return false;
   const int count = static_cast<int>(LoadLE32(bytes));
@@ -64,10 +64,8 @@ bool ReadFieldRecords(MFile& file, std::vector<SettingField*>& fields) {
   BufferedFile source(file);
   for (int i = 0; i < count; ++i) {
     FieldRecord record;
-    if (!ReadFieldRecord(source, SettingField::IsOldSettings(), RecordPlace::kBehindField, record) ||
-        !record.data)
-      return false;
-    fields.push_back(MakeField(record.data, record.size));
+    if (!ReadFieldRecord(source, SettingField::IsOldSettings(), arena, record) || !record.data) return false;
+    fields.push_back(arena.MakeField(record.data, record.size));
   }
   return true;
 }

@@ -7,6 +7,7 @@
 
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "settings/field_arena.h"
 #include "settings/field_record.h"
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
@@ -68,7 +69,7 @@ bool SettingsData::DeleteField(const char* name, int section) {
   if (!field) return false;
   const int place = FindPlace(sectionIndex, field);
   m_Tables->index.NoteDeletedField(sectionIndex, field->GetNameId(), FindNextOfName(sectionIndex, place));
-  delete field;
+  ReleaseField(field);
   Fields().erase(Fields().begin() + place);
   SectionRecord& record = m_Sections[static_cast<std::size_t>(sectionIndex)];
   record.last = static_cast<unsigned short>(record.last - 1);

@@ -47,8 +47,9 @@ SettingsData& SettingsData::operator=(const SettingsData& other) {
 
 // Everything that depends on the fields goes with them.
 void SettingsData::DeleteFields() {
-  for (SettingField* field : Fields()) delete field;
+  for (SettingField* field : Fields()) ReleaseField(field);
   m_Fields.clear();
+  m_Tables->arenas.clear();
   m_Tables->index.Forget();
   delete m_pAimQuery;
   m_pAimQuery = nullptr;
@@ -64,7 +65,7 @@ void SettingsData::LoadCorrectionFields() {
   const CurrentLayout always;
   std::vector<SectionRecord> skipped;
   if (FindBlock(file, m_Owner, kDefaultsTag) && ReadSectionRecords(file, skipped))
-    ReadFieldRecords(file, m_CorrectionFields);
+    ReadFieldRecords(file, *new FieldArena, m_CorrectionFields);  // it stays as they do
 }
 
 void SettingsData::SetID(unsigned id) { m_ID = id; }

@@ -6,12 +6,11 @@
 #include "common_interfaces/settings_field.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstdint>
 #include <cstring>
 
 #include "common_interfaces/string_table.h"
 #include "settings/field_record.h"
+#include "settings/short_values.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -36,25 +35,12 @@ void CopyValues(void* to, const void* from, unsigned size) {
   }
 }
 
-// Which length of value comes next cannot be guessed, and a wrong guess costs more than all of this: the
-// stores of greater lengths than the value's go to where nobody looks. The value is taken with the bytes in
-// front of it, for a record ends with its last value, but always has a header in front of the first.
-inline void CopyOut(void* out, const unsigned char* values, unsigned size) {
-  static_assert(std::endian::native == std::endian::little && kFieldHeaderSize >= 8);
-  constexpr unsigned kLengthsOfOne = 1u << 1 | 1u << 2 | 1u << 4 | 1u << 8;
-  if (size > 8 || (kLengthsOfOne >> size & 1) == 0) {
+void CopyOut(void* out, const unsigned char* values, unsigned size) {
+  if (IsShort(size)) {
+    StoreShort(out, LoadShort(values, size), size);
+  } else {
     std::memmove(out, values, size);
-    return;
   }
-  std::uint64_t value = 0;
-  std::memcpy(&value, values + size - sizeof value, sizeof value);
-  value >>= 8 * (sizeof value - size);
-  unsigned char nobody[sizeof value];
-  void* const places[] = {nobody, out};
-  std::memcpy(places[size >= 8], &value, 8);
-  std::memcpy(places[size >= 4], &value, 4);
-  std::memcpy(places[size >= 2], &value, 2);
-  std::memcpy(out, &value, 1);
 }
 
 bool AreEqual(const void* a, const void* b, unsigned size) {
@@ -82,10 +68,18 @@ unsigned char WidthOf(unsigned type) {
   return width;
 }
 
+inline unsigned ValuesSize(const FieldData& data, int recordSize) {
+  const unsigned width = WidthOf(data.type);
+  const unsigned claimed = data.size * width;
+  const auto room = static_cast<unsigned>(recordSize - kFieldHeaderSize);
+  return claimed <= room ? claimed : room - room % width;
+}
+
 }  // namespace
 
 bool SettingField::m_sOldSettings = false;
 unsigned SettingField::m_sNameChanges = 0;
+std::uint64_t SettingField::m_sChanges = 0;
 
 SettingField::SettingField(MFile* file, const FieldData* data, unsigned size) {
   if (!data) {
@@ -115,6 +109,7 @@ SettingField SettingField::operator=(const SettingField& other) {
 }
 
 void SettingField::Assign(const SettingField& other) {
+  ++m_sChanges;
   const int earlierName = GetNameId();
   DeleteQuery();
   if (other.m_pFieldData) {
@@ -131,7 +126,7 @@ void SettingField::Assign(const SettingField& other) {
     // the rare one. One would trip over it with a leak checker; see tests/support/lsan.supp. A record in the
     // field's own block stays until the field goes.
     m_pFieldData = nullptr;
-    m_bRecordBehind = false;
+    m_bRecordBeside = false;
     m_RecordSize = 0;
     m_bModified = false;
   }
@@ -141,7 +136,7 @@ void SettingField::Assign(const SettingField& other) {
 // m_pSavedData is deliberately not released: an undo that nobody asked for outlives its field. Whoever stores
 // values restores them before the field dies; see tests/support/lsan.supp for those who do not.
 SettingField::~SettingField() {
-  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
+  if (!m_bRecordBeside) FreeFieldData(m_pFieldData);
   DeleteQuery();
 }
 
@@ -171,7 +166,8 @@ bool SettingField::ReadRecord(MFile* file) {
   // The record goes, and a query of it would no longer answer to the modified flag.
   DeleteQuery();
   FieldRecord record;
-  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, RecordPlace::kAlone, record);
+  OwnMemory memory;
+  const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, memory, record);
   ReplaceRecord(record.data, record.size);
   return ok;
 }
@@ -181,17 +177,14 @@ bool SettingField::Write(MFile* file) const {
   return file && m_RecordSize >= 0 && WriteFieldRecord(write, {m_pFieldData, m_RecordSize});
 }
 
-inline unsigned SettingField::GetDataSize() const {
-  if (!m_pFieldData) return 0;
-  const unsigned width = WidthOf(m_pFieldData->type);
-  const unsigned claimed = m_pFieldData->size * width;
-  const auto room = static_cast<unsigned>(m_RecordSize - kFieldHeaderSize);
-  return claimed <= room ? claimed : room - room % width;
+unsigned SettingField::GetDataSize() const {
+  return m_pFieldData ? ValuesSize(*m_pFieldData, m_RecordSize) : 0;
 }
 
 bool SettingField::GetData(void* out) const {
-  const unsigned size = GetDataSize();
-  if (out && size > 0) CopyOut(out, m_pFieldData->data, size);
+  if (!out || !m_pFieldData) return true;
+  const unsigned size = ValuesSize(*m_pFieldData, m_RecordSize);
+  if (size > 0) CopyOut(out, m_pFieldData->data, size);
   return true;
 }
 
@@ -256,18 +249,21 @@ bool SettingField::ReplaceBytes(unsigned char* target, const void* in, unsigned 
   if (!in || size == 0 || AreEqual(target, in, size)) return false;
   CopyValues(target, in, size);
   m_bModified = true;
+  ++m_sChanges;
   return true;
 }
 
 void SettingField::ReplaceRecord(FieldData* record, int recordSize) {
-  if (!m_bRecordBehind) FreeFieldData(m_pFieldData);
-  m_bRecordBehind = false;
+  ++m_sChanges;
+  if (!m_bRecordBeside) FreeFieldData(m_pFieldData);
+  m_bRecordBeside = false;
   m_pFieldData = record;
   m_RecordSize = recordSize;
 }
 
 void SettingField::Swap() {
   if (!m_pFieldData) return;
+  ++m_sChanges;
   const auto reverse = [](void* bytes, std::size_t size) {
     std::reverse(static_cast<unsigned char*>(bytes), static_cast<unsigned char*>(bytes) + size);
   };

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "common_interfaces/settings_data.h"
+#include "settings/field_arena.h"
 #include "settings/field_values.h"
 #include "text/flat_table.h"
 #include "utils/debug.h"
@@ -51,7 +52,7 @@ std::array<ListedObjects, 4> CollectListedObjects(const std::vector<SettingField
 }  // namespace
 
 void SettingsData::ReplaceDefaults(int fieldCount, int sectionCount) {
-  for (int i = 0; i < fieldCount; ++i) delete GetFieldAt(i);
+  for (int i = 0; i < fieldCount; ++i) ReleaseField(GetFieldAt(i));
   m_Fields.erase(m_Fields.begin(), m_Fields.begin() + fieldCount);
   m_Sections.erase(m_Sections.begin(), m_Sections.begin() + sectionCount);
 }
@@ -75,7 +76,7 @@ void SettingsData::Merge(int fieldCount, int sectionCount) {
     }
   }
   m_Fields.erase(kept, m_Fields.end());
-  for (SettingField* field : justRead) delete field;
+  for (SettingField* field : justRead) ReleaseField(field);
   KeepOnlyStatuses(sectionCount);
 }
 

@@ -37,14 +37,18 @@ bool SettingsData::ReadFrom(const char* fileName) {
   if (fileName) m_Version = ReadSettingsHeader(file).version;
   bool isDefaults = false;
   const bool found = FindOwnOrDefaultsBlock(file, isDefaults);
-  const bool whole = found && ReadSectionRecords(file, m_Sections) && ReadFieldRecords(file, m_Fields);
+  const bool whole = found && ReadSectionRecords(file, m_Sections) &&
+                     ReadFieldRecords(file, m_Tables->arenas.emplace_back(), m_Fields);
   if (found != whole || file.HasReadFailed()) NoteIncomplete(fileName);
   if (!whole) return false;
 
+  std::vector<FieldArena>& arenas = m_Tables->arenas;
   if (isDefaults) {
     ReplaceDefaults(fieldCount, sectionCount);
+    arenas.erase(arenas.begin(), arenas.end() - 1);
   } else {
     Merge(fieldCount, sectionCount);
+    arenas.pop_back();
   }
   MarkAllSectionsChanged();
   return true;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // Taking the values of a saved block over into the fields that a container already has.
-#include <memory>
-
 #include "common_interfaces/settings_data.h"
 #include "settings/settings_block.h"
 #include "utils/file.h"
@@ -23,13 +21,14 @@ bool SettingsData::Restore(const char* fileName) {
   }
   for (const SectionRecord& section : sections) SetSectionStatus(section.id, section.status);
 
+  FieldArena arena;
   std::vector<SettingField*> fields;
-  const bool result = ReadFieldRecords(file, fields);
+  const bool result = ReadFieldRecords(file, arena, fields);
   if (!result || file.HasReadFailed()) NoteIncomplete(fileName);
-  for (SettingField* field : fields) {
-    const std::unique_ptr<SettingField> saved(field);
+  for (SettingField* saved : fields) {
     SettingField* const counterpart = GetAtField(saved->GetSection(), saved->GetNameId(), false);
     if (counterpart) counterpart->Assign(*saved);
+    ReleaseField(saved);
   }
   return result;
 }

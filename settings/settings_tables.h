@@ -5,6 +5,7 @@
 // them loses nothing.
 #pragma once
 
+#include "settings/field_arena.h"
 #include "settings/field_index.h"
 #include "settings/field_insertions.h"
 #include "utils/incomplete_files.h"
@@ -12,6 +13,7 @@
 namespace CommonInterfaces {
 
 struct SettingsData::Tables {
+  std::vector<FieldArena> arenas;  // of the blocks that were read
   FieldIndex index;
   FlatTable<bool*> changedFlags;  // into m_SectionChanged, which never loses an entry
   FieldInsertions waiting;        // fields that m_Fields does not hold yet: Fields() puts them there

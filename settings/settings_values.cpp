@@ -16,8 +16,17 @@ void SettingsData::NoteChange(bool changed, unsigned section) {
 }
 
 bool SettingsData::GetField(int nameId, void* outData) {
+  const FieldIndex& index = m_Tables->index;
+  const bool copied = outData && m_CurSection >= 0 && index.KnowsSections() && index.KnowsFields() &&
+                      index.CopyValues(m_CurSection, nameId, outData);
+  return copied || GetFieldSlowly(nameId, outData);
+}
+
+bool SettingsData::GetFieldSlowly(int nameId, void* outData) {
   const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
-  return field && field->GetData(outData);
+  if (!field) return false;
+  if (m_CurSection >= 0) m_Tables->index.KeepCopy(m_CurSection, nameId, *field);
+  return field->GetData(outData);
 }
 
 bool SettingsData::GetField(const char* name, void* outData) {

@@ -21,6 +21,8 @@ class FlatTable {
     m_Count = 0;
   }
 
+  std::size_t GetCount() const { return m_Count; }
+
   // Makes room for that many keys, so that none of them moves the others.
   void Reserve(std::size_t count) {
     std::size_t groups = m_Groups.empty() ? kFewestGroups : m_Groups.size();
@@ -31,12 +33,7 @@ class FlatTable {
   // Value{} when there is none.
   Value Find(std::uint64_t key) const {
     if (m_Groups.empty()) return Value{};
-    const std::size_t home = Home(key);
-    // Which of the four it is cannot be guessed, so nothing jumps on it. The sum of several, where free slots
-    // have the key too, is any slot, and then the search goes the long way.
-    const Slot* const slots = m_Groups[home / kGroupSize].slots;
-    const unsigned place = (slots[1].key == key) + 2u * (slots[2].key == key) + 3u * (slots[3].key == key);
-    const Slot& slot = slots[place % kGroupSize];
+    const Slot& slot = m_Groups[HomeGroup(key)].Guess(key);
     return slot.key == key && slot.value != Value{} ? slot.value : At(FindPlace(key)).value;
   }
 
@@ -49,6 +46,9 @@ class FlatTable {
     ++m_Count;
     return true;
   }
+
+  // For a key that has a value.
+  void Replace(std::uint64_t key, Value value) { At(FindPlace(key)).value = value; }
 
   // Keys that did not find room before the erased one move up: a search ends at the first free slot.
   void Erase(std::uint64_t key) {
@@ -75,16 +75,24 @@ class FlatTable {
   };
   struct alignas(64) Group {
     Slot slots[kGroupSize];
+
+    // The slot that has the key, if one does: which it is nobody can guess, so nothing jumps on it. Any slot
+    // if none does, or if free ones look as if they did.
+    const Slot& Guess(std::uint64_t key) const {
+      const unsigned at1 = slots[1].key == key, at2 = slots[2].key == key, at3 = slots[3].key == key;
+      return slots[(at1 | at3) | (at2 | at3) << 1];
+    }
   };
 
   Slot& At(std::size_t i) { return m_Groups[i / kGroupSize].slots[i % kGroupSize]; }
   const Slot& At(std::size_t i) const { return m_Groups[i / kGroupSize].slots[i % kGroupSize]; }
 
-  // The first slot of the key's group, by the upper bits of a product with 2^64 divided by the golden ratio:
-  // Knuth, The Art of Computer Programming 3, section 6.4 (1998).
-  std::size_t Home(std::uint64_t key) const {
-    return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15u) >> m_Shift) * kGroupSize;
+  // By the upper bits of a product with 2^64 divided by the golden ratio: Knuth, The Art of Computer
+  // Programming 3, section 6.4 (1998).
+  std::size_t HomeGroup(std::uint64_t key) const {
+    return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15u) >> m_Shift);
   }
+  std::size_t Home(std::uint64_t key) const { return HomeGroup(key) * kGroupSize; }
 
   // The slot that has the key, or the free one where it would go. There are slots.
   std::size_t FindPlace(std::uint64_t key) const {

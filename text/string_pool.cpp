@@ -10,12 +10,17 @@ namespace CommonInterfaces {
 
 char* StringPool::Add(const char* source) {
   // ParseString2 never writes more than it reads, so the length of the source bounds the text.
-  if (std::strlen(source) >= m_Left) return nullptr;
+  std::size_t length = std::strlen(source);
+  if (length >= m_Left) return nullptr;
   char* const text = m_Next;
-  const auto length = static_cast<unsigned>(ParseString2(source, text));
+  if (std::memchr(source, '\\', length)) {
+    length = static_cast<unsigned>(ParseString2(source, text));
+  } else {
+    std::memmove(text, source, length);
+  }
   text[length] = '\0';
   m_Next += length + 1;
-  m_Left -= length + 1;
+  m_Left -= static_cast<unsigned>(length) + 1;
   return text;
 }
 

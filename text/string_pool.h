@@ -10,7 +10,8 @@ class StringPool {
   StringPool(char* block, unsigned size) : m_Next(block), m_Left(size) {}
 
   // Resolves the escapes of `source` into the block and returns where the text stands, or null when the block
-  // has no room for it: the block is then as it was.
+  // has no room for it: the block is then as it was. `source` may stand in the block itself, at or behind the
+  // place where its text goes.
   char* Add(const char* source);
 
  private:

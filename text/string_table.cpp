@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/string_table.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
-#include <vector>
 
+#include "text/flat_table.h"
 #include "text/string_line.h"
 #include "text/string_pool.h"
 #include "utils/debug.h"
@@ -17,41 +18,58 @@ namespace CommonInterfaces {
 namespace {
 
 constexpr char kFileName[] = "qxstrings.txt";
-constexpr unsigned kLineSize = 4096;
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+constexpr int kMostOfALine = 4095;  // characters; what is behind them is dropped
 
-using StringMap = std::map<unsigned, char*>;
+using StringMap = FlatTable<char*>;
 
 // The last line with an identifier wins, so that a translator can override a text by appending a line.
 void AddString(StringMap& strings, unsigned identifier, char* text) {
-  const auto [place, isNew] = strings.emplace(identifier, text);
-  if (isNew) return;
+  if (strings.Insert(identifier, text)) return;
   const int id = static_cast<int>(identifier);
-  if (std::strcmp(place->second, text) == 0) {
+  const char* const earlier = strings.Find(identifier);
+  if (std::strcmp(earlier, text) == 0) {
     PrintDebugString("Duplicated string, ID = %d\n", id);
   } else {
-    PrintDebugString("Strings conflict, ID = %d\nOld: %s\nNew: %s\n", id, place->second, text);
+    PrintDebugString("Strings conflict, ID = %d\nOld: %s\nNew: %s\n", id, earlier, text);
   }
-  place->second = text;
+  strings.Replace(identifier, text);
 }
 
-void ReadStrings(MTextFile& file, StringPool pool, StringMap& strings) {
-  std::vector<char> line(kLineSize);
-  while (file.Readln(line.data(), kLineSize) > 0) {
+// Reads the file, which said that it has `length` bytes, and returns how many came. One byte more is asked
+// for: a file that has it was written to meanwhile.
+int ReadBytes(MFile& file, char* bytes, int length) {
+  auto count = static_cast<int>(file.Read(bytes, static_cast<unsigned>(length) + 1));
+  if (file.HasReadFailed()) {
+    PrintDebugString("File %s cannot be read to its end\n", kFileName);
+    while (count > 0 && bytes[count - 1] != '\n') --count;  // the line that it fell into is none
+  } else if (count > length) {
+    PrintDebugString("File %s changed while it was read\n", kFileName);
+  }
+  return std::min(count, length);
+}
+
+// Cuts the bytes up in place. Every text moves to the front and keeps its zero byte behind it, so that it
+// ends where its line ended at the latest; behind the last byte there is room for one.
+void ReadStrings(char* bytes, int count, StringMap& strings) {
+  StringPool pool(bytes, static_cast<unsigned>(count) + 1);
+  char* const end = bytes + count;
+  char* line = bytes + (count >= 3 && std::memcmp(bytes, kByteOrderMark, 3) == 0 ? 3 : 0);
+  while (line < end) {
+    auto* const feed = static_cast<char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+    char* lineEnd = feed ? feed : end;
+    if (feed && feed > line && feed[-1] == '\r') --lineEnd;
+    if (lineEnd - line > kMostOfALine) lineEnd = line + kMostOfALine;
+    *lineEnd = '\0';
     StringLine entry;
-    if (!ParseStringLine(line.data(), entry)) continue;
-    char* const text = pool.Add(entry.text);
-    if (!text) {
-      // The pool has the length of the file, so only a file that grew since then gets here.
-      PrintDebugString("File %s changed while it was read\n", kFileName);
-      return;
-    }
-    AddString(strings, entry.identifier, text);
+    if (ParseStringLine(line, entry)) AddString(strings, entry.identifier, pool.Add(entry.text));
+    line = feed ? feed + 1 : end;
   }
 }
 
 }  // namespace
 
-std::map<unsigned, char*>* QX4Strings::s_Strings = nullptr;
+FlatTable<char*>* QX4Strings::s_Strings = nullptr;
 char* QX4Strings::s_Pool = nullptr;
 char* QX4Strings::s_PreviousPool = nullptr;
 int QX4Strings::s_ProgramNameId = -1;
@@ -61,30 +79,27 @@ QX4Strings::QX4Strings() {
   if (s_Pool || s_Done || Load()) return;
   // The entries of an unfinished change of language belong to another file: a failed reload leaves none of
   // them.
-  if (s_Strings) s_Strings->clear();
+  if (s_Strings) s_Strings->Clear();
   PrintDebugString("File %s not found\n", kFileName);
 }
 
 bool QX4Strings::Load() {
   const std::string path = ZentharPath::GetPath(kFileName);
-  MTextFile file(false, '!', '}', kLineSize);
-  if (path.empty() || !file.Open(path.c_str(), false)) return false;
+  MFile file;
+  if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
+  const int length = file.GetLength();
+  if (length < 0) return false;
 
   if (!s_Strings) s_Strings = new StringMap;
-  s_Strings->clear();
-  // One byte at least: an empty file is a loaded table without texts.
-  const int length = MFile::GetLength(path.c_str());
-  const unsigned size = length > 0 ? static_cast<unsigned>(length) : 1;
-  s_Pool = new char[size];
-  s_Pool[0] = '\0';
-  ReadStrings(file, StringPool(s_Pool, size), *s_Strings);
+  s_Strings->Clear();
+  s_Pool = new char[static_cast<std::size_t>(length) + 1];
+  ReadStrings(s_Pool, ReadBytes(file, s_Pool, length), *s_Strings);
   return true;
 }
 
 char* QX4Strings::GetString(unsigned int identifier, bool quiet) {
   if (!s_Strings) return nullptr;
-  const auto place = s_Strings->find(identifier);
-  if (place != s_Strings->end()) return place->second;
+  if (char* const text = s_Strings->Find(identifier)) return text;
   if (!quiet) {
     PrintDebugString("String with ID = %d not found in file %s\n", static_cast<int>(identifier), kFileName);
   }
@@ -104,7 +119,7 @@ void QX4Strings::StartLocaleUpdate() {
 void QX4Strings::FinishLocaleUpdate() {
   if (!s_PreviousPool) return;
   // Without a reload in between the entries still point into the pool that goes: they go with it.
-  if (!s_Pool && s_Strings) s_Strings->clear();
+  if (!s_Pool && s_Strings) s_Strings->Clear();
   delete[] s_PreviousPool;
   s_PreviousPool = nullptr;
 }

@@ -270,6 +270,7 @@ class COMMON_INTERFACES_API SettingsData {
   int FindSection(unsigned id, bool withAlias) const;
   FieldRun GetRunOf(int sectionIndex) const;
   SettingField* GetAtFieldSlowly(unsigned section, int nameId, bool verbose);
+  bool GetFieldSlowly(int nameId, void* outData);
   SettingField* FindInSection(int sectionIndex, int nameId) const;
   SettingField* FindAnywhere(int nameId) const;
   int FindPlace(int sectionIndex, const SettingField* field) const;

@@ -5,6 +5,8 @@
 // reading and writing, and the query last made from it (queries.h).
 #pragma once
 
+#include <cstdint>
+
 #include <new>
 
 #include "astro/object_id.h"
@@ -129,13 +131,15 @@ class COMMON_INTERFACES_API SettingField {
 
  private:
   friend struct SettingFieldTestAccess;  // defined by tests only
-  friend class FieldIndex;               // reads m_sNameChanges
+  friend class FieldIndex;               // follows m_sNameChanges and m_sChanges
   friend class SettingsData;             // assigns without the copy that operator= returns
-  friend SettingField* MakeField(FieldData* record, int size);
+  friend class FieldArena;
+  friend void ReleaseField(SettingField* field);
+  friend SettingField* MakeFieldOfCopy(const FieldData* data, int size);
 
-  // For a record that stands right behind the field, in the same block of memory.
-  SettingField(FieldData* record, int recordSize)
-      : m_pFieldData(record), m_RecordSize(recordSize), m_bRecordBehind(true) {}
+  // For a record that stands right beside the field, in the same block of memory.
+  SettingField(FieldData* record, int recordSize, bool inArena)
+      : m_pFieldData(record), m_RecordSize(recordSize), m_bRecordBeside(true), m_bInArena(inArena) {}
   unsigned char GetTypeSize() const;
   unsigned GetOffset(unsigned inIndex) const;
   // Reverses the byte order of section, condition, size and of every value, to bring a record from a machine
@@ -157,11 +161,14 @@ class COMMON_INTERFACES_API SettingField {
   // How often a field got another name id after it was made: containers find fields by name and cannot see
   // it.
   static unsigned m_sNameChanges;
+  // How often the values of a field changed: containers keep copies of them.
+  static std::uint64_t m_sChanges;
 
   FieldData* m_pFieldData = nullptr;  // owned; null when there is no record
   int m_RecordSize = -1;         // bytes of header and values; -1 after a failed read, 0 for an empty copy
   bool m_bModified = false;      // a value or the compare status changed since the query was made
-  bool m_bRecordBehind = false;  // the record is part of the field's block (settings/field_record.h)
+  bool m_bRecordBeside = false;  // the record is part of the field's block (settings/field_record.h)
+  bool m_bInArena = false;       // the block is part of a larger one (settings/field_arena.h)
   unsigned char* m_pSavedData = nullptr;  // owned: what SetDataAndStore saved (settings/field_undo.cpp)
   unsigned char m_SavedCompareStatus = 0;
   int m_StoreState = 0;           // 0 nothing saved, 1 values saved, 2 compare status saved

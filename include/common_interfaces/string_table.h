@@ -5,12 +5,12 @@
 // identifier. File format: docs/formats/strings.md.
 #pragma once
 
-#include <map>
-
 #include "common_interfaces/api.h"
 
 namespace CommonInterfaces {
 
+template <class Value>
+class FlatTable;
 struct StringTableTestAccess;
 
 // The table is process-wide and loaded once, by the first construction of a QX4Strings; every user constructs
@@ -29,6 +29,8 @@ class COMMON_INTERFACES_API QX4Strings {
   // Loads the table unless it is loaded. Every failure leaves a valid table, possibly an empty one:
   //   "File qxstrings.txt not found\n"                  no such file: the table is empty and counts as not
   //                                                     loaded, so that the next construction tries again
+  //   "File qxstrings.txt cannot be read to its end\n"  the texts up to there are kept
+  //   "File qxstrings.txt changed while it was read\n"  so are those up to the length that it had first
   //   "Duplicated string, ID = %d\n"                    the same text twice: kept
   //   "Strings conflict, ID = %d\nOld: %s\nNew: %s\n"   two texts: the later one is kept
   QX4Strings();
@@ -64,9 +66,9 @@ class COMMON_INTERFACES_API QX4Strings {
 
   static bool Load();
 
-  static std::map<unsigned, char*>* s_Strings;  // made by the first load
-  static char* s_Pool;                          // all texts of the current load; null: not loaded
-  static char* s_PreviousPool;                  // those of the load before, during a change of language
+  static FlatTable<char*>* s_Strings;  // made by the first load
+  static char* s_Pool;                 // all texts of the current load; null: not loaded
+  static char* s_PreviousPool;         // those of the load before, during a change of language
   static int s_ProgramNameId;
   static bool s_Done;
 };

@@ -6,6 +6,7 @@
 
 #include "camera/home_fixture.h"
 #include "common_interfaces/object_lists.h"
+#include "common_interfaces/string_table.h"
 #include "injection/every_call.h"
 #include "settings/settings_bytes.h"
 #include "utils/file.h"
@@ -17,6 +18,7 @@ namespace {
 using CommonInterfaces::Camera;
 using CommonInterfaces::ChoosingObjectsFile;
 using CommonInterfaces::FavouriteObjectsFile;
+using CommonInterfaces::QX4Strings;
 using CommonInterfaces::SelectedObjectsFile;
 
 class ReadingFaults : public testing::Test {
@@ -108,6 +110,24 @@ TEST_F(ReadingFaults, HomesBeforeTheErrorAreThereAndAreNotSavedOverTheFile) {
   copy = camera;
   EXPECT_FALSE(copy.StoreHomeParams()) << "a copy knows it too";
   EXPECT_EQ(roots.dir.Read("work/home_params.ini"), homes);
+}
+
+// Of the file the second half is lost.
+TEST_F(ReadingFaults, TextsBeforeTheErrorAreThereAndTheErrorIsTold) {
+  std::string content;
+  for (unsigned i = 1; i <= 1000; ++i) content += std::to_string(i) + "\ttext\n";
+  const std::size_t half = (content.size() + 1) / 2;
+  const auto whole = static_cast<unsigned>(std::count(content.begin(), content.begin() + half, '\n'));
+  roots.dir.Write("data/qxstrings.txt", content);
+  QX4Strings::StartLocaleUpdate();
+  FaultInjection fault(0, "fread");
+  { QX4Strings strings; }
+  fault.Stop();
+  QX4Strings::FinishLocaleUpdate();
+  EXPECT_EQ(debug.lines, std::vector<std::string>{"File qxstrings.txt cannot be read to its end\n"});
+  EXPECT_STREQ(QX4Strings::GetString(1, false), "text");
+  EXPECT_STREQ(QX4Strings::GetString(whole, false), "text");
+  EXPECT_EQ(QX4Strings::GetString(whole + 1, true), nullptr);
 }
 
 TEST_F(ReadingFaults, HomesThatCannotBeOpenedAreNotReplaced) {

@@ -30,15 +30,16 @@ constexpr unsigned kWritesPerStop = 5;
 bool IsWhole(const std::string& path, unsigned id) {
   MFile file;
   std::vector<SectionRecord> sections;
+  CommonInterfaces::FieldArena arena;
   std::vector<SettingField*> fields;
   bool whole = file.Open(path.c_str(), MFile::kRead) && FindBlock(file, kPeerOwner, id) &&
-               ReadSectionRecords(file, sections) && ReadFieldRecords(file, fields) && sections.size() == 1 &&
-               fields.size() == static_cast<std::size_t>(kPeerFields);
+               ReadSectionRecords(file, sections) && ReadFieldRecords(file, arena, fields) &&
+               sections.size() == 1 && fields.size() == static_cast<std::size_t>(kPeerFields);
   for (std::size_t i = 0; i < fields.size(); ++i) {
     unsigned value = 0;
     whole =
         whole && fields[i]->GetElement(&value, 0) && value == (i == 0 ? id : static_cast<unsigned>(i) * 3);
-    delete fields[i];
+    ReleaseField(fields[i]);
   }
   return whole;
 }

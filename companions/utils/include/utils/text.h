@@ -21,7 +21,8 @@ UTILS_API void DeleteBorderSpace(char* text);
 
 // Copies `source` to `destination` and resolves the escapes \n, \t, \\ and \"; a backslash before any other
 // character, or at the end, stands for itself. Returns the number of characters written, never more than were
-// read; no terminating zero is written. The two may be the same buffer.
+// read; no terminating zero is written. The two may be the same buffer, and the destination may begin before
+// the source in it.
 UTILS_API int ParseString2(const char* source, char* destination);
 
 // True for null, "" and a text of blanks only.
