@@ -46,7 +46,7 @@ std::vector<TileStar> MakeStars(int count) {
 }
 
 std::string WriteStars(const TempDir& dir, const char* name, const std::vector<TileStar>& stars,
-                       std::size_t inMemory = StarTileWriter::kStarsInMemory) {
+                       std::uint32_t inMemory = StarTileWriter::kStarsInMemory) {
   const std::string path = dir.Path(name);
   StarTileWriter writer(inMemory);
   EXPECT_TRUE(writer.Open(path.c_str(), "a test"));
@@ -198,7 +198,8 @@ TEST(StarTiles, NothingIsOpenAfterAFailure) {
   EXPECT_EQ(error.find(dir.Path("missing") + ": "), 0u) << error;
   EXPECT_FALSE(tiles.IsOpen());
   EXPECT_EQ(tiles.GetBandCount(), 0);
-  for (const char* content : {"", "S", "STARTILE", "no such file at all, but long enough for a header......."}) {
+  for (const char* content :
+       {"", "S", "STARTILE", "no such file at all, but long enough for a header......."}) {
     EXPECT_FALSE(tiles.Open(dir.Write("bad", content).c_str(), error));
     EXPECT_EQ(error, dir.Path("bad") + ": it is no star tile catalog") << content;
   }
