@@ -22,7 +22,8 @@ const std::vector<std::string> kColumns = {"HIP", "RA_deg", "Dec_deg", "V_mag", 
 constexpr int kMostHip = 999999;
 
 constexpr char kOrigin[] =
-    "Hipparcos stars that are not in the Bright Star Catalogue. XHIP (Anderson & Francis 2012, CDS V/137D), from "
+    "Hipparcos stars that are not in the Bright Star Catalogue. XHIP (Anderson & Francis 2012, CDS V/137D), "
+    "from "
     "d3-celestial 0.7.35, BSD-3-Clause, (c) 2015 Olaf Frohn; licence in stars.source.md.";
 
 std::vector<scene::TileStar> ReadStars(const std::filesystem::path& path, std::set<int>& brightHip,

@@ -55,8 +55,7 @@ bool KnownStars::Has(const scene::Direction& direction, double magnitude) const 
   bool isKnown = false;
   VisitWithin(direction, [&](std::uint32_t index, double away) {
     const Star& star = m_Stars[index];
-    isKnown |= away <= kNear ||
-               (!star.isPaired && std::fabs(star.magnitude - magnitude) <= kSameMagnitude);
+    isKnown |= away <= kNear || (!star.isPaired && std::fabs(star.magnitude - magnitude) <= kSameMagnitude);
   });
   return isKnown;
 }

@@ -32,8 +32,7 @@ struct Opened {
       for (std::uint32_t cell = 0; cell < astro::GetHealpixCellCount(tiles.GetBand(band).order); ++cell) {
         const auto records = tiles.GetStars(band, cell);
         for (std::uint32_t i = 0; i < records.GetCount(); ++i)
-          EXPECT_TRUE(
-              stars.emplace(scene::GetHipparcosNumber(records[i].GetNumber()), records[i]).second);
+          EXPECT_TRUE(stars.emplace(scene::GetHipparcosNumber(records[i].GetNumber()), records[i]).second);
       }
     }
     EXPECT_FALSE(tiles.HasDamage());
@@ -61,10 +60,10 @@ StarTilesFile Make(const skydata_test::TinySource& source, const std::string& ro
 TEST(StarTilesFile, BrightStarsAreLeftOutByNumberAndByPlace) {
   const skydata_test::TinySource source;
   const StarTilesFile made = Make(source,
-                                  "100\t10.01\t20\t5\t0.5\n"       // the bright star, 34" off
-                                  "101\t10\t20.003\t5.1\t0.5\n"    // 11" from a bright star that has its own
-                                  "200\t30\t-40.0008\t8\t\n"       // 3" from the other one
-                                  "201\t30\t-40.003\t5.6\t\n"      // 11" from it, which has a nearer one
+                                  "100\t10.01\t20\t5\t0.5\n"     // the bright star, 34" off
+                                  "101\t10\t20.003\t5.1\t0.5\n"  // 11" from a bright star that has its own
+                                  "200\t30\t-40.0008\t8\t\n"     // 3" from the other one
+                                  "201\t30\t-40.003\t5.6\t\n"    // 11" from it, which has a nearer one
                                   "300\t200\t60\t9\t1.25\n");
   EXPECT_EQ(made.knownByNumber, 1);
   EXPECT_EQ(made.knownByPlace, 1);
