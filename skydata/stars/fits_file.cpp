@@ -10,7 +10,7 @@
 namespace skydata {
 namespace {
 
-constexpr std::uint64_t kBlock = 2880, kCard = 80;  // bytes
+constexpr std::uint64_t kBlock = 2880, kCard = 80;       // bytes
 constexpr std::uint64_t kMost = std::uint64_t{1} << 48;  // bytes of a file that there may be
 constexpr int kMostAxes = 999;
 
@@ -95,7 +95,8 @@ std::uint64_t FitsFile::GetDataSize(const Cards& cards) const {
   int width = 0;
   if (!TakeNumber(digits, width, -64, 64) || width % 8 != 0) Fail("its header gives no size in BITPIX");
   size = std::min(size + ReadInteger(cards, "PCOUNT", 0), kMost);
-  return Multiply(Multiply(size, ReadInteger(cards, "GCOUNT", 1)), static_cast<std::uint64_t>(std::abs(width) / 8));
+  return Multiply(Multiply(size, ReadInteger(cards, "GCOUNT", 1)),
+                  static_cast<std::uint64_t>(std::abs(width) / 8));
 }
 
 const FitsTable& FitsFile::Get(const std::string& column, std::uint64_t rowSize) const {

@@ -51,7 +51,8 @@ void AddTiles(const fs::path& dataRoot, KnownStars& known) {
     for (std::uint32_t cell = 0; cell < astro::GetHealpixCellCount(tiles.GetBand(band).order); ++cell) {
       const scene::StarTileRecords stars = tiles.GetStars(band, cell);
       for (std::uint32_t i = 0; i < stars.GetCount(); ++i)
-        known.Add(stars[i].GetDirection(), stars[i].GetMotion(), stars[i].GetMillimagnitudes() / 1000.0, false);
+        known.Add(stars[i].GetDirection(), stars[i].GetMotion(), stars[i].GetMillimagnitudes() / 1000.0,
+                  false);
     }
   }
 }
@@ -90,6 +91,7 @@ StarImport ImportStars(const fs::path& file, const fs::path& dataRoot, const fs:
   if (isWritten && taken != counts.read) throw SourceError(file.string(), 0, "it changed while it was read");
   if (!isWritten || !writer.Commit([&](double share) { progress.Show("writing", share); }))
     throw std::runtime_error(writer.GetError());
+  counts.placeless = input->GetPlaceless();
   return counts;
 }
 

@@ -10,8 +10,9 @@
 namespace skydata {
 
 struct StarImport {
-  std::uint64_t read = 0;   // stars of the file
-  std::uint64_t known = 0;  // of them drawn already, and left out
+  std::uint64_t read = 0;       // stars of the file
+  std::uint64_t known = 0;      // of them drawn already, and left out
+  std::uint64_t placeless = 0;  // further records that have no place
 };
 
 // Makes the tile catalog `output` of the stars of a file (star_input.h) that neither the bright stars nor the

@@ -13,6 +13,7 @@ namespace skydata {
 namespace {
 
 constexpr char kLittleEndian[] = "04:03:02:01";
+constexpr double kRounding = 1e-8;  // of coordinates: 2 mas
 constexpr std::uint64_t kRangeRows = 7, kRangeSize = 8, kPlaceSize = 12, kMagnitudeSize = 4;
 
 double LoadDouble(const unsigned char* from) { return std::bit_cast<double>(LoadLE64(from)); }
@@ -42,13 +43,20 @@ StarIndexInput::StarIndexInput(const std::filesystem::path& path) : m_File(path)
              "Astrometry.net";
 }
 
-bool StarIndexInput::Take(scene::TileStar& star) {
-  if (m_Next == m_Count) return false;
+void StarIndexInput::TakePlace(double place[3]) {
   const unsigned char* const codes = m_Places + m_Next * kPlaceSize;
-  const std::uint32_t magnitude = LoadBE32(m_Magnitudes + m_Next * kMagnitudeSize);
-  ++m_Next;
-  double place[3];
   for (int axis = 0; axis < 3; ++axis) place[axis] = m_Least[axis] + LoadLE32(codes + 4 * axis) / m_Scale;
+  ++m_Next;
+}
+
+bool StarIndexInput::Take(scene::TileStar& star) {
+  double place[3] = {1.0, 0.0, 0.0};
+  const auto hasPlace = [&place] { return std::hypot(place[1], place[2]) > kRounding || place[0] < 0.0; };
+  for (; !hasPlace(); m_Placeless += !hasPlace()) {
+    if (m_Next == m_Count) return false;
+    TakePlace(place);
+  }
+  const std::uint32_t magnitude = LoadBE32(m_Magnitudes + (m_Next - 1) * kMagnitudeSize);
   constexpr double kMostOff = 1e-6;  // of the length 1, for three rounded coordinates
   star = {};
   star.number = scene::kImportedNumbers + static_cast<int>(m_Next);

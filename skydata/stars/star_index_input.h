@@ -14,22 +14,26 @@ namespace skydata {
 //   MAG_VT              a star: its magnitude in the band V_T of Tycho, a big-endian 32-bit float
 //
 // The tables are in the byte order of the machine that made the file, which its card ENDIAN names; it must be
-// little-endian. Directions are of J2000. Numbers count the stars from 1 on.
+// little-endian. Directions are of J2000. Numbers count the stars from 1 on. A star at right ascension and
+// declination 0 has no place: nothing was known of it when the file was made.
 class StarIndexInput : public StarInput {
  public:
   explicit StarIndexInput(const std::filesystem::path& path);
 
   bool Take(scene::TileStar& star) override;
-  void Rewind() override { m_Next = 0; }
+  void Rewind() override { m_Next = m_Placeless = 0; }
+  std::uint64_t GetPlaceless() const override { return m_Placeless; }
   double GetShare() const override;
   std::string GetOrigin() const override { return m_Origin; }
 
  private:
+  void TakePlace(double place[3]);
+
   FitsFile m_File;
   const unsigned char *m_Places, *m_Magnitudes;
   std::uint64_t m_Count;
   double m_Least[3], m_Scale;
-  std::uint64_t m_Next = 0;
+  std::uint64_t m_Next = 0, m_Placeless = 0;
   std::string m_Origin;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -24,6 +25,9 @@ class StarInput {
 
   // How much of the file was taken, 0 to 1.
   virtual double GetShare() const = 0;
+
+  // How many records were passed over since the beginning because they have no place.
+  virtual std::uint64_t GetPlaceless() const { return 0; }
 
   // Where the stars come from: goes into the tile catalog.
   virtual std::string GetOrigin() const = 0;

@@ -144,7 +144,8 @@ double StarTableInput::GetNumber(Column column) const {
   const std::string& cell = m_Cells[static_cast<std::size_t>(m_Columns[column])];
   std::string_view text = cell;
   double value = 0.0;
-  if (!TakeNumber(text, value) || !text.empty()) Fail(std::string(kTitles[column]) + ": '" + cell + "' is no number");
+  if (!TakeNumber(text, value) || !text.empty())
+    Fail(std::string(kTitles[column]) + ": '" + cell + "' is no number");
   return value;
 }
 
@@ -195,6 +196,8 @@ double StarTableInput::GetShare() const {
   return m_Size == 0 ? 1.0 : static_cast<double>(m_Taken) / static_cast<double>(m_Size);
 }
 
-void StarTableInput::Fail(const std::string& message) const { throw SourceError(m_Path.string(), m_Line, message); }
+void StarTableInput::Fail(const std::string& message) const {
+  throw SourceError(m_Path.string(), m_Line, message);
+}
 
 }  // namespace skydata

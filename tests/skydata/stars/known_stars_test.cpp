@@ -38,10 +38,10 @@ TEST(KnownStars, NearOneIsTheSameWhateverItsMagnitude) {
 
 TEST(KnownStars, FartherOneOfItsMagnitudeIsTheSameWhereNothingIsNear) {
   const KnownStars known = MakeOne(false);
-  EXPECT_TRUE(known.Has(East(14.9), 7.49));
-  EXPECT_TRUE(known.Has(East(14.9), 6.51));
-  EXPECT_FALSE(known.Has(East(14.9), 7.51));
-  EXPECT_FALSE(known.Has(East(15.1), 7.0));
+  EXPECT_TRUE(known.Has(East(29.9), 7.69));
+  EXPECT_TRUE(known.Has(East(29.9), 6.31));
+  EXPECT_FALSE(known.Has(East(29.9), 7.71));
+  EXPECT_FALSE(known.Has(East(30.1), 7.0));
 }
 
 TEST(KnownStars, SecondOfADoubleStarStaysWhereTheFirstIsNear) {
@@ -74,7 +74,7 @@ TEST(KnownStars, BordersOfTheGridHideNothing) {
     KnownStars known;
     known.Add(scene::MakeDirection(lon, lat), {}, 7.0, false);
     known.Sort();
-    for (const double north : {-14.0, 14.0}) {
+    for (const double north : {-29.0, 29.0}) {
       const double other = lat + north * kSecond;  // beyond the pole it comes down on the other side
       const scene::Direction at = {
           {std::cos(other) * std::cos(lon), std::cos(other) * std::sin(lon), std::sin(other)}};
