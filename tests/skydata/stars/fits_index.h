@@ -58,8 +58,7 @@ class FitsIndex {
 
  private:
   static void Append(std::string& to, std::uint64_t value, int bytes, bool isBig) {
-    for (int i = 0; i < bytes; ++i)
-      to += static_cast<char>(value >> 8 * (isBig ? bytes - 1 - i : i) & 0xFFu);
+    for (int i = 0; i < bytes; ++i) to += static_cast<char>(value >> 8 * (isBig ? bytes - 1 - i : i) & 0xFFu);
   }
   std::string Range() const {
     std::string range;

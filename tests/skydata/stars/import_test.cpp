@@ -49,16 +49,15 @@ TEST(ImportStars, WhatIsDrawnAlreadyIsLeftOut) {
   const std::string root = MakeRoot(dir);
   const std::string table = dir.Write("t.csv",
                                       "RA,Dec,Mag\n"
-                                      "10.0095,20,5.1\n"    // where the bright star stood in 1991.25
-                                      "30.0003,-40,8.1\n"   // the tile star
-                                      "30.004,-40,8.2\n"    // beside it, which has its own
+                                      "10.0095,20,5.1\n"   // where the bright star stood in 1991.25
+                                      "30.0003,-40,8.1\n"  // the tile star
+                                      "30.004,-40,8.2\n"   // beside it, which has its own
                                       "200,10,9\n");
   const Ran ran = Import({table, "--data", root});
   const std::string made = dir.Path("root/catalogs/deep_stars.tiles");
   EXPECT_EQ(ran.code, 0) << ran.errors;
-  EXPECT_EQ(ran.output,
-            (std::filesystem::path(root) / "catalogs" / "deep_stars.tiles").string() +
-                ": 2 stars of 4, 2 are drawn already\n");
+  EXPECT_EQ(ran.output, (std::filesystem::path(root) / "catalogs" / "deep_stars.tiles").string() +
+                            ": 2 stars of 4, 2 are drawn already\n");
   EXPECT_EQ(ran.errors, "") << "no progress where nobody watches";
   scene::StarTiles tiles;
   std::string error;
@@ -102,7 +101,8 @@ TEST(ImportStars, IndexFileIsKnownByItsBytes) {
   const skydata_test::FitsIndex index({{30.0, -40.0, 8.0f}, {0.0, 0.0, 1.9f}, {100.0, 5.0, 11.0f}});
   const Ran ran = Import({dir.Write("some.file", index.Make()), "--data", root});
   EXPECT_EQ(ran.code, 0) << ran.errors;
-  EXPECT_NE(ran.output.find(": 1 stars of 2, 1 are drawn already; 1 more without a place\n"), std::string::npos)
+  EXPECT_NE(ran.output.find(": 1 stars of 2, 1 are drawn already; 1 more without a place\n"),
+            std::string::npos)
       << ran.output;
 }
 

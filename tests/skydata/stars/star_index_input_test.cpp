@@ -19,8 +19,11 @@ using skydata_test::FitsIndex;
 
 constexpr double kMas = scene::kRadiansPerDegree / 3600000.0;
 
-const std::vector<FitsIndex::Star> kStars = {
-    {219.920, -60.835, 0.137f}, {0.001, 89.9, 9.5f}, {359.5, -0.001, 11.25f}, {0.0, 0.0, 1.9f}, {180.0, 0.0, 8.0f}};
+const std::vector<FitsIndex::Star> kStars = {{219.920, -60.835, 0.137f},
+                                             {0.001, 89.9, 9.5f},
+                                             {359.5, -0.001, 11.25f},
+                                             {0.0, 0.0, 1.9f},
+                                             {180.0, 0.0, 8.0f}};
 
 std::string MessageOf(const std::string& bytes) {
   const test_support::TempDir dir;
@@ -94,10 +97,13 @@ TEST(StarIndexInput, SizesThatLieAreRefused) {
     bytes.replace(bytes.find(from), to.size(), to);
     return MessageOf(bytes);
   };
-  EXPECT_EQ(change("NAXIS2  = 5 / rows", "NAXIS2  = 999999999999999999999"), "i.fits: it ends in the middle of its data");
+  EXPECT_EQ(change("NAXIS2  = 5 / rows", "NAXIS2  = 999999999999999999999"),
+            "i.fits: it ends in the middle of its data");
   EXPECT_EQ(change("NAXIS2  = 5 / rows", "NAXIS2  = -5"), "i.fits: its header gives no size in NAXIS2");
-  EXPECT_EQ(change("NAXIS   =                    2", "NAXIS   = 4000000000000   "), "i.fits: its header gives no size in NAXIS");
-  EXPECT_EQ(change("BITPIX  =                    8", "BITPIX  = 99                "), "i.fits: its header gives no size in BITPIX");
+  EXPECT_EQ(change("NAXIS   =                    2", "NAXIS   = 4000000000000   "),
+            "i.fits: its header gives no size in NAXIS");
+  EXPECT_EQ(change("BITPIX  =                    8", "BITPIX  = 99                "),
+            "i.fits: its header gives no size in BITPIX");
   EXPECT_EQ(change("NAXIS1  = 12", "NAXIS1  = 11"),
             "i.fits: the rows of its table kdtree_data_stars have 11 bytes, wants 12");
   EXPECT_EQ(change("'MAG_VT'", "'MAG_BT'"), "i.fits: it has no table MAG_VT");

@@ -64,7 +64,8 @@ TEST(StarTableInput, CommasQuotesByteOrderMarkAndCarriageReturns) {
 
 // Ten years at 3.6" a year along the meridian: 0.01 degree.
 TEST(StarTableInput, PlacesAreBroughtToTheEpoch2000) {
-  const auto stars = Read("RA,Dec,Mag,pmRA,pmDec,Epoch\n10,20,5,0,3600,1990\n10,20,5,,,1990\n10,60,5,3600,0,2010\n");
+  const auto stars =
+      Read("RA,Dec,Mag,pmRA,pmDec,Epoch\n10,20,5,0,3600,1990\n10,20,5,,,1990\n10,60,5,3600,0,2010\n");
   EXPECT_NEAR(stars[0].dec / kDegree, 20.01, 1e-8);
   EXPECT_NEAR(stars[1].dec / kDegree, 20.0, 1e-12);
   EXPECT_NEAR(stars[2].ra / kDegree, 10.0 - 0.02, 1e-7);
@@ -81,7 +82,8 @@ TEST(StarTableInput, WhatIsWrongIsNamedWithItsLine) {
   EXPECT_EQ(MessageOf(head + "1,2,3,1,5\n"), "t.tsv:2: it has only one of pmRA and pmDec");
   EXPECT_EQ(MessageOf(head + "1,2,3,1\n1,2,3,1\n"), "t.tsv:3: Number: 1 stands above already");
   EXPECT_EQ(MessageOf(head + "1,2,3,1.5\n"), "t.tsv:2: Number is no whole number from 1 to 2047483647");
-  EXPECT_EQ(MessageOf(head + "1,2,3,2047483648\n"), "t.tsv:2: Number is no whole number from 1 to 2047483647");
+  EXPECT_EQ(MessageOf(head + "1,2,3,2047483648\n"),
+            "t.tsv:2: Number is no whole number from 1 to 2047483647");
   EXPECT_EQ(MessageOf(head + "1,91,3,1\n"), "t.tsv:2: its place is not on the sphere");
   EXPECT_EQ(MessageOf(head + "1,2,99,1\n"), "t.tsv:2: its magnitude is not between -32 and 32");
   EXPECT_EQ(MessageOf(head + "1,2,3,1,1,1,99\n"), "t.tsv:2: Epoch is no year from 1800 to 2200");
