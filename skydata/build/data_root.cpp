@@ -6,6 +6,7 @@
 
 #include "skydata/build/catalog_files.h"
 #include "skydata/build/catalogs.h"
+#include "skydata/build/star_tiles.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/files/year_limits.h"
@@ -114,6 +115,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
   AddCatalogFiles(source, files);
+  files["catalogs/stars.tiles"] = MakeStarTiles(source, out).bytes;  // its origin: stars.source.md
   AddPictures(source / "surface", ".svg", "media/surface", files);
   AddPictures(source / "maps", ".jpg", "media/maps", files);
   files["media/maps/maps.source.md"] = ReadFile(source / "maps" / "SOURCE.md");
