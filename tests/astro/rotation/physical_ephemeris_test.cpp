@@ -54,13 +54,13 @@ TEST(PhysicalEphemeris, SunInMeeusExample) {
   EXPECT_EQ(sun.illuminated, 1.0);
 }
 
-// Meeus, example 42.a: 1992 November 9, 0h UT. His pole is that of 1980, some 0.05 degree from today's.
+// Meeus, example 42.a: 1992 November 9, 0h UT. His meridian is that of 1980.
 TEST(PhysicalEphemeris, MarsInMeeusExample) {
   const PhysicalEphemeris mars = SeeDisc(Planet(4), 2448935.500683).physical;
-  ExpectDegrees(mars.observer.latitude, 12.44, 0.06);
-  ExpectDegrees(mars.sun.latitude, -2.76, 0.06);
-  ExpectDegrees(mars.observer.longitude, 111.55, 0.3);
-  ExpectDegrees(mars.poleAngle, 347.64, 0.06);
+  ExpectDegrees(mars.observer.latitude, 12.44, 0.006);
+  ExpectDegrees(mars.sun.latitude, -2.76, 0.006);
+  ExpectDegrees(mars.observer.longitude, 111.55, 0.03);
+  ExpectDegrees(mars.poleAngle, 347.64, 0.006);
   EXPECT_NEAR(mars.illuminated, 0.9012, 0.0001);
   EXPECT_NEAR(2.0 * mars.equatorialRadius / astro_test::kArcSecond, 10.75, 0.02);
 }
