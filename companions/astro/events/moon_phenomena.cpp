@@ -47,8 +47,7 @@ class Passages {
 
   // Adds what goes on within a span.
   void Find(Viewer viewer, double from, double to, std::vector<MoonEvent>& events) {
-    const double revolution = Revolution(0.5 * (from + to));
-    if (!(revolution > 0.0)) return;
+    const double revolution = Revolution();
     const double reach = kReach * revolution, step = revolution / kStepsPerRevolution;
     const double first = from - reach, last = to + reach;
     const auto beside = [this, viewer](double date) { return Beside(date, viewer); };
@@ -67,9 +66,10 @@ class Passages {
  private:
   static constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
 
-  double Revolution(double date) const {
-    double position[3], velocity[3];
-    if (!ComputeMoonOfPlanet(m_Moon, date, position, velocity)) return 0.0;
+  // Days, to the eccentricity.
+  double Revolution() const {
+    double position[3] = {}, velocity[3] = {};
+    ComputeMoonOfPlanet(m_Moon, kJ2000, position, velocity);
     return kTurn * Vmod(position, 3) / Vmod(velocity, 3);
   }
 

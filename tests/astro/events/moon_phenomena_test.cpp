@@ -299,6 +299,7 @@ TEST(MoonPhenomena, NothingWhereThereIsNothing) {
   EXPECT_TRUE(FindMoonEvents(5, kLastPlanetDate + 5.0, infinity).empty());
   EXPECT_TRUE(FindMoonEvents(5, 700000.5, 700100.5).empty()) << "before the range of L1.2";
   EXPECT_FALSE(FindMoonEvents(6, kLastPlanetDate - 30.0, infinity).empty());
+  EXPECT_FALSE(FindMoonEvents(5, 2133860.5, 2133900.5).empty()) << "the range begins in between, in 1130";
   const ObservedBody nowhere;
   const MoonSituation situation = FindMoonSituation(Planet(5), nowhere, nowhere, 2460000.5);
   EXPECT_FALSE(situation.isInTransit || situation.isOcculted || situation.isEclipsed ||
