@@ -188,8 +188,8 @@ TEST(Moons, DistancesStayWithinTheEccentricities) {
 // Moons that always show their planets the same side have them above their prime meridians, which were chosen
 // so by other people from other data: the rotations of the IAU. Those of Saturn's moons are tied to craters,
 // up to 5 degrees away, and all moons swing by twice their eccentricities, Titan and Iapetus by 3.3 and 3.2
-// degrees. Triton's theory and meridian are 3.7 degrees apart all the time; Mimas, whose meridian swings by 45
-// degrees with a period of 71 years, goes from 3 to 10 degrees in 33 years.
+// degrees. Triton's theory and meridian are 3.7 degrees apart all the time; Mimas, whose meridian swings by
+// 45 degrees with a period of 71 years, goes from 3 to 10 degrees in 33 years.
 TEST(Moons, TurnTheSameSideToTheirPlanets) {
   Largest sub("planets above the prime meridians of their moons", "degree");
   Largest mimas("Saturn above that of Mimas", "degree"), north("above their equators", "degree");
