@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What moves in a frame: a hundred thousand bodies on their orbits, a thousand artificial satellites, Jupiter's
-// moons.
+// What moves in a frame: a hundred thousand bodies on their orbits, a thousand artificial satellites,
+// Jupiter's moons.
 #include <cmath>
 #include <random>
 #include <string>

@@ -12,33 +12,6 @@ namespace astro_internal {
 
 namespace {
 
-double DaysOfLight(const double from[3], const double to[3]) {
-  return std::hypot(to[0] - from[0], to[1] - from[1], to[2] - from[2]) / astro::kLightAuPerDay;
-}
-
-// The first look is at the moment, from which the planet moves straight back: that is good to 0.1 second of
-// the light's way.
-bool Look(const Moment& moment, const SSO_ID& planet, PlanetSight& sight) {
-  if (!moment.earthKnown) return false;
-  if (!ComputePlanetState(planet, moment.dateTT, sight.position, sight.velocity)) return false;
-  double lightTime = 0.0;
-  for (int step = 0; step < 2; ++step) {
-    double place[3];
-    for (int i = 0; i < 3; ++i) place[i] = sight.position[i] - lightTime * sight.velocity[i];
-    lightTime = DaysOfLight(moment.observer, place);
-  }
-  sight.lightTime = lightTime;
-  return ComputePlanetState(planet, moment.dateTT - lightTime, sight.position, sight.velocity);
-}
-
-const PlanetSight* LookAtPlanet(const Moment& moment, const SSO_ID& planet) {
-  PlanetSight& sight = moment.planets[planet.number - 1];
-  if (sight.state == PlanetSight::kNotAsked) {
-    sight.state = Look(moment, planet, sight) ? PlanetSight::kKnown : PlanetSight::kUnknown;
-  }
-  return sight.state == PlanetSight::kKnown ? &sight : nullptr;
-}
-
 // At 1 au from Sun and Earth, phase angle 0, as the Astronomical Almanac tabulates them (section F); of what
 // turns a bright and a dark side to us the mean. The change with the phase angle in degrees, linear and
 // squared: Jupiter's moons D. Morrison & N. D. Morrison 1977 (Planetary Satellites, ed. J. A. Burns, 363),
@@ -75,15 +48,15 @@ bool FarMoonState(const SSO_ID& moon, double date, double position[3], double ve
   return true;
 }
 
-bool MakeFarMoonPath(const Moment& moment, const SSO_ID& moon, FarMoonPath& path) {
-  const PlanetSight* planet = LookAtPlanet(moment, astro::PlanetOfMoon(moon));
-  if (planet == nullptr) return false;
-  path.lightTime = planet->lightTime;
-  if (!astro::ComputeMoonOfPlanet(moon, moment.dateTT - path.lightTime, path.position, path.velocity))
+bool MakeFarMoonPath(const Moment& moment, const SSO_ID& moon, StraightPath& path) {
+  StraightPath planet = {};
+  if (!MakePlanetPath(moment, astro::PlanetOfMoon(moon), planet)) return false;
+  if (!astro::ComputeMoonOfPlanet(moon, moment.dateTT - planet.lightTime, path.position, path.velocity))
     return false;
+  path.lightTime = planet.lightTime;
   for (int i = 0; i < 3; ++i) {
-    path.position[i] += planet->position[i];
-    path.velocity[i] += planet->velocity[i];
+    path.position[i] += planet.position[i];
+    path.velocity[i] += planet.velocity[i];
   }
   return true;
 }

@@ -5,6 +5,7 @@
 #include "astro/object_id.h"
 #include "companions/astro/model/magnitudes.h"
 #include "companions/astro/model/moment.h"
+#include "companions/astro/model/planet_path.h"
 
 namespace astro_internal {
 
@@ -15,21 +16,9 @@ bool IsFarMoon(const SSO_ID& id);
 // the results are then undefined.
 bool FarMoonState(const SSO_ID& moon, double date, double position[3], double velocity[3]);
 
-// A moon when the light left that arrives at the moment from its planet, and how it moves on from there: over
-// the seconds by which its own light is earlier or later, straight on is good to some metres.
-struct FarMoonPath {
-  double lightTime;
-  double position[3], velocity[3];  // about the Sun
-
-  // Where it is some days before the moment.
-  bool operator()(double days, double place[3]) const {
-    for (int i = 0; i < 3; ++i) place[i] = position[i] + (lightTime - days) * velocity[i];
-    return true;
-  }
-};
-
-// False where there is no such moon, or the moment is out of range. The planet is computed once a moment.
-bool MakeFarMoonPath(const Moment& moment, const SSO_ID& moon, FarMoonPath& path);
+// False where there is no such moon, or the moment is out of range. Over the seconds by which its own light
+// is earlier or later than its planet's the moon goes straight on to some metres.
+bool MakeFarMoonPath(const Moment& moment, const SSO_ID& moon, StraightPath& path);
 
 // Visual magnitude; kUnknownStarMagnitude where there is none.
 double FarMoonMagnitude(const SSO_ID& moon, const Illumination& light);

@@ -13,6 +13,7 @@
 #include "companions/astro/model/moving_object.h"
 #include "companions/astro/model/object_kinds.h"
 #include "companions/astro/model/observation.h"
+#include "companions/astro/model/planet_path.h"
 #include "companions/astro/planets/gravity.h"
 #include "utils/text.h"
 
@@ -119,8 +120,11 @@ double AngularRadiusOf(const MovingObject& view, double distance) {
 
 // All but magnitude and size.
 bool SeeMovingObject(const MovingObject& view, const Moment& moment, Sight& sight, ObservedBody& result) {
-  if (view.elements == nullptr && IsFarMoon(view.id)) {
-    FarMoonPath path = {};
+  StraightPath path;
+  if (IsPlanet(view.id)) {
+    return MakePlanetPath(moment, view.id, path) && ObserveMoving(moment, false, path, sight, result);
+  }
+  if (IsFarMoon(view.id)) {
     return MakeFarMoonPath(moment, view.id, path) && ObserveMoving(moment, false, path, sight, result);
   }
   const auto stateBefore = [&view, &moment](double days, double position[3]) {

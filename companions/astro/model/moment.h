@@ -12,12 +12,23 @@ namespace astro_internal {
 inline constexpr double kFarthestDays = 36525000.0;
 inline constexpr double kLargestDeltaT = 1e7;
 
-// A planet as it was when the light left that arrives at the moment: about the Sun.
+// A body about the Sun some days before the moment, and how it goes straight on from there.
+struct StraightPath {
+  double lightTime = 0.0;  // days
+  double position[3] = {}, velocity[3] = {};
+
+  // Where it is some days before the moment.
+  bool operator()(double days, double place[3]) const {
+    for (int i = 0; i < 3; ++i) place[i] = position[i] + (lightTime - days) * velocity[i];
+    return true;
+  }
+};
+
+// What is known of a planet at the moment.
 struct PlanetSight {
   enum State : unsigned char { kNotAsked, kKnown, kUnknown };
   State state = kNotAsked;
-  double lightTime = 0.0;  // days
-  double position[3] = {}, velocity[3] = {};
+  StraightPath path;
 };
 
 // What every object has in common at one moment for one observer. Vectors are
@@ -33,7 +44,7 @@ struct Moment {
   double barycentre[3] = {};        // the barycentre of the solar system about the Sun
   double sunVelocity[3] = {};       // of the Sun about the barycentre
   double observerVelocity[3] = {};  // of the observer about the barycentre, in units of the speed of light
-  mutable PlanetSight planets[9];   // 1 to 9 as far as their moons were asked for: LookAtPlanet
+  mutable PlanetSight planets[9];   // 1 to 9 as far as they were asked for: MakePlanetPath
 };
 
 // A place on the Earth.

@@ -6,6 +6,7 @@
 // equator, time in days from 1950; Chebyshev polynomials take up what has periods of centuries and more.
 #include <cmath>
 
+#include "astro/constants.h"
 #include "companions/astro/moons/moon_orbit.h"
 #include "companions/astro/moons/moon_series.h"
 #include "companions/astro/moons/moon_theories.h"
@@ -17,7 +18,6 @@ namespace {
 #include "companions/astro/moons/jupiter_moon_tables.inc"
 
 constexpr double kEpoch = 2433282.5;
-constexpr double kDaysPerYear = 365.25;
 constexpr double kFirstYear = -819.727638594856, kLastYear = 812.721806990360;       // from the epoch
 constexpr double kNode = 0.6249501830657150e+01, kInclination = 0.4450947364976650;  // of the plane, radians
 // Of Jupiter and each moon, au^3 / day^2.
@@ -44,7 +44,7 @@ void ToEquator(double v[3]) {
 
 bool JupiterMoonState(int moon, double date, double position[3], double velocity[3]) {
   const double time = date - kEpoch;
-  const double x = 2.0 * (time / kDaysPerYear - kFirstYear) / (kLastYear - kFirstYear) - 1.0;
+  const double x = 2.0 * (time / astro::kDaysPerJulianYear - kFirstYear) / (kLastYear - kFirstYear) - 1.0;
   if (!(std::fabs(x) <= 1.0)) return false;
   const MoonSeries<SeriesTerm>& series = kJupiterMoons[moon];
   const TimeArgument argument = {time};

@@ -55,8 +55,6 @@ constexpr double kToJ2000[9] = {0.9999256794956877, -0.0111814832204662, -0.0048
                                 0.0111814832391717, 0.9999374848933135,  -0.0000271625947142,
                                 0.0048590037723143, -0.0000271702937440, 0.9999881946023742};
 
-double Radians(double degrees) { return degrees * astro::kRadiansPerDegree; }
-
 }  // namespace
 
 void MarsMoonState(int moon, double date, double position[3], double velocity[3]) {

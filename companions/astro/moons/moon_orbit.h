@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "astro/constants.h"
+
 namespace astro_internal {
 
 // An orbit in elements that stay regular where it is a circle or lies in the reference plane.
@@ -15,6 +17,8 @@ struct MoonOrbit {
 
 // Position and velocity (may be null) on the axes of the reference plane. Eccentricities of moons: below 0.9.
 void ToState(const MoonOrbit& orbit, double position[3], double velocity[3]);
+
+constexpr double Radians(double degrees) { return degrees * astro::kRadiansPerDegree; }
 
 // Turns a vector by an angle (radians): about the third axis, from the first towards the second; about the
 // first axis, from the second towards the third.

@@ -31,8 +31,6 @@ constexpr SolarTerm kTerms[] = {
     {-2, 2, -0.00000225, 0.00000730, 0.00000536},
 };
 
-double Radians(double degrees) { return degrees * astro::kRadiansPerDegree; }
-
 }  // namespace
 
 void TritonState(double date, double position[3], double velocity[3]) {

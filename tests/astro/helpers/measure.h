@@ -22,6 +22,11 @@ inline double FromDms(double degrees, double minutes, double seconds) {
 inline double FromHms(double hours, double minutes, double seconds) {
   return 15.0 * FromDms(hours, minutes, seconds);
 }
+// An angle in radians against one in degrees, whole turns aside.
+inline void ExpectDegrees(double angle, double degrees, double tolerance) {
+  EXPECT_NEAR(std::remainder(angle - degrees * kDegree, kTurn) / kDegree, 0.0, tolerance)
+      << angle / kDegree << " for " << degrees;
+}
 inline double JulianDateOfYear(double year) { return 2451545.0 + (year - 2000.0) * 365.25; }
 
 // Keeps the largest difference of a quantity; Expect prints it and holds it against the tolerance.

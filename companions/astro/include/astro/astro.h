@@ -13,6 +13,7 @@
 #include "astro/horizon_frame.h"
 #include "astro/julian_date.h"
 #include "astro/libration.h"
+#include "astro/moon_phenomena.h"
 #include "astro/moons.h"
 #include "astro/object_id.h"
 #include "astro/object_records.h"

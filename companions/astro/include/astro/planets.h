@@ -37,6 +37,6 @@ ASTRO_API bool ComputePlanetState(const SSO_ID& body, double julianDateTT, doubl
 ASTRO_API bool ComputeMoonState(double julianDateTT, double position[3], double velocity[3]);
 
 // Mean radius of "plnt" 1 to 10 and of the moons in rotation.h, km (IAU Working Group on Cartographic
-// Coordinates, Archinal et al. 2018; the Sun: IAU 2015 Resolution B3); of moons that of the ball with the same
-// volume. 0 for any other body.
+// Coordinates, Archinal et al. 2018; the Sun: IAU 2015 Resolution B3); of moons that of the ball with the
+// same volume. 0 for any other body.
 ASTRO_API double GetBodyRadius(const SSO_ID& body);

@@ -37,9 +37,9 @@ struct ObservedBody {
 // that the application's library calls, in this slot order.
 //
 // `data` of every operation is the converted record of the object's kind (object_records.h), at any address,
-// which is copied; null for "plnt" and "moon" (the moons of moons.h), and for an object that was given before to any of the
-// operations that keep one (the aim object is asked first, then the locate object, then the additional ones).
-// Two-line elements must carry the tag kTwoLineTag.
+// which is copied; null for "plnt" and "moon" (those of moons.h), and for an object that was given before to
+// any of the operations that keep one (the aim object is asked first, then the locate object, then the
+// additional ones). Two-line elements must carry the tag kTwoLineTag.
 //
 // One thread at a time. Whoever observes hundreds of bodies a frame calls Observe with their
 // records: for orbits of elements it allocates nothing. A satellite's model is costly to prepare:
