@@ -16,8 +16,8 @@ namespace {
 using test_support::TempDir;
 using Words = std::vector<std::string>;
 
-// Well-formed UTF-8 without control characters, line ends and tabs aside. Written out by the rules of RFC 3629
-// and ISO 6429: a terminal obeys C0, DEL and C1.
+// Where text stops being well-formed UTF-8 without control characters, line ends and tabs aside; npos where
+// it does not. By the rules of RFC 3629 and ISO 6429: a terminal obeys C0, DEL and C1.
 std::size_t FindHarm(const std::string& text) {
   const auto isTail = [&text](std::size_t at, unsigned char least, unsigned char most) {
     const auto byte = static_cast<unsigned char>(at < text.size() ? text[at] : 0);

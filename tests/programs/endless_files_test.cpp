@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Files that never end, that are gigantic, or that are none, in the place of every file that the programs read.
+// Files that never end, that are gigantic, or that are none, in the place of every file that the programs
+// read.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A module for LD_PRELOAD: the operators new of a whole program, of which one call fails, or all from that one
-// on. CI_FAIL_AT=N is the call, counted from 0, CI_FAIL_ON=1 means all from it on, and CI_ALLOCATIONS names a
-// file that receives how many calls there were.
+// A module for LD_PRELOAD: the operators new of a whole program, of which one call fails, or all from that
+// one on. CI_FAIL_AT=N is the call, counted from 0, CI_FAIL_ON=1 means all from it on, and CI_ALLOCATIONS
+// names a file that receives how many calls there were.
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>

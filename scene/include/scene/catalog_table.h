@@ -27,8 +27,8 @@ SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
 // A last line without an end is a record like any other, unless cells are missing at its end: then it was cut
 // off, and so may the last of its cells be.
 //
-// Load reads the whole table into memory; the file is not needed afterwards. The fields of the record chosen by
-// Select are asked for by name id, GetUniqueID("VisMagnitude").
+// Load reads the whole table into memory; the file is not needed afterwards. The fields of the record chosen
+// by Select are asked for by name id, GetUniqueID("VisMagnitude").
 class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
  public:
   // Reads the file at a resolved path. False when it cannot be read, has no header or a header that is not of
