@@ -7,6 +7,7 @@
 
 #include "catalogs/deepsky_line.h"
 #include "common_interfaces/sky_images.h"
+#include "utils/characters.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/whole_file.h"
@@ -41,6 +42,17 @@ void AddLine(char* line) {
   s_Images.emplace(KeyOf(image.number), image);
 }
 
+// The last line of a file may lack its end, but not what its format always has.
+bool IsCutOff(const char* line) {
+  constexpr int kFields = 9;
+  int fields = 0;
+  for (bool isInside = false; *line != '\0'; ++line) {
+    if (!isInside && !IsBlank(*line)) ++fields;
+    isInside = !IsBlank(*line);
+  }
+  return fields > 0 && fields < kFields;
+}
+
 const DSOImageDesc* Visit(Catalog::iterator at) {
   if (at == s_Images.end()) return nullptr;
   s_Current = &at->second;
@@ -72,8 +84,10 @@ void DSOImages::Reload() {
   char* line = text.data();
   if (text.starts_with("\xEF\xBB\xBF")) line += 3;
   char* const end = text.data() + text.size();
-  while (line < end) {
+  for (int number = 1; line < end; ++number) {
     auto* next = static_cast<char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+    if (!next && *line != '!' && IsCutOff(line))
+      PrintDebugString("%s:%d: the line was cut off, what it lacks has its default\n", path.c_str(), number);
     if (!next) next = end;  // the zero byte of the string is there
     *next = '\0';
     AddLine(line);

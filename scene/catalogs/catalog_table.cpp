@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/catalog_table.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -34,53 +35,46 @@ const TypeName* FindType(std::string_view name) {
 }
 
 template <class T>
-void AppendBytes(std::vector<unsigned char>& values, T value) {
-  unsigned char bytes[sizeof(T)];
-  std::memcpy(bytes, &value, sizeof(T));
-  values.insert(values.end(), bytes, bytes + sizeof(T));
+T LoadValue(const void* from) {
+  T value;
+  std::memcpy(&value, from, sizeof(T));
+  return value;
 }
 
-// The whole cell as a number of type T; an infinity or a value that is not a number is no number of a
-// catalog.
+// The cell that begins at `cell` as a number of type T, which must end where the cell does; an infinity or a
+// value that is not a number is no number of a catalog. Leaves `cell` at its end.
 template <class T>
-bool AppendNumber(std::vector<unsigned char>& values, std::string_view cell) {
-  T value{};
-  if (cell.front() == '+') cell.remove_prefix(1);
-  const auto [end, error] = std::from_chars(cell.data(), cell.data() + cell.size(), value);
-  if (error != std::errc() || end != cell.data() + cell.size()) return false;
+bool TakeValue(char*& cell, const char* lineEnd, unsigned char* value) {
+  T number{};
+  const auto [end, error] = std::from_chars(cell + (*cell == '+' ? 1 : 0), lineEnd, number);
+  if (error != std::errc() || (end != lineEnd && *end != '\t')) return false;
   if constexpr (std::is_floating_point_v<T>) {
-    if (!std::isfinite(value)) return false;
+    if (!std::isfinite(number)) return false;
   }
-  AppendBytes(values, value);
+  std::memcpy(value, &number, sizeof(T));
+  cell += end - cell;
   return true;
 }
 
-bool AppendTyped(unsigned type, std::vector<unsigned char>& values, std::string_view cell) {
+bool TakeTyped(unsigned type, char*& cell, const char* lineEnd, unsigned char* value) {
   switch (type) {
     case kI8:
-      return AppendNumber<signed char>(values, cell);
+      return TakeValue<signed char>(cell, lineEnd, value);
     case kU8:
-      return AppendNumber<unsigned char>(values, cell);
+      return TakeValue<unsigned char>(cell, lineEnd, value);
     case kI16:
-      return AppendNumber<short>(values, cell);
+      return TakeValue<short>(cell, lineEnd, value);
     case kU16:
-      return AppendNumber<unsigned short>(values, cell);
+      return TakeValue<unsigned short>(cell, lineEnd, value);
     case kI32:
-      return AppendNumber<int>(values, cell);
+      return TakeValue<int>(cell, lineEnd, value);
     case kU32:
-      return AppendNumber<unsigned>(values, cell);
+      return TakeValue<unsigned>(cell, lineEnd, value);
     case kF32:
-      return AppendNumber<float>(values, cell);
+      return TakeValue<float>(cell, lineEnd, value);
     default:
-      return AppendNumber<double>(values, cell);
+      return TakeValue<double>(cell, lineEnd, value);
   }
-}
-
-template <class T>
-double Load(const void* from) {
-  T value;
-  std::memcpy(&value, from, sizeof(T));
-  return static_cast<double>(value);
 }
 
 // The next piece of `rest` up to the separator, which is passed over.
@@ -91,7 +85,37 @@ std::string_view TakePiece(std::string_view& rest, char separator) {
   return piece;
 }
 
+unsigned RoundUp(unsigned offset, unsigned width) { return (offset + width - 1) / width * width; }
+
 }  // namespace
+
+// The lines of a text that are neither blank nor comments.
+struct CatalogTable::Lines {
+  char* next;
+  char* end;
+  char *line = nullptr, *lineEnd = nullptr;
+  bool isWhole = true;  // has a line end
+  int number = 0;
+
+  explicit Lines(std::string& text) : next(text.data()), end(next + text.size()) {
+    if (text.starts_with("\xEF\xBB\xBF")) next += 3;
+  }
+
+  bool Take() {
+    while (next < end) {
+      line = next;
+      const auto left = static_cast<std::size_t>(end - line);
+      auto* const feed = static_cast<char*>(std::memchr(line, '\n', left));
+      isWhole = feed != nullptr;
+      lineEnd = isWhole ? feed : end;
+      next = isWhole ? feed + 1 : end;
+      ++number;
+      if (lineEnd > line && lineEnd[-1] == '\r') --lineEnd;
+      if (lineEnd > line && *line != '#') return true;
+    }
+    return false;
+  }
+};
 
 bool CatalogTable::Load(const char* path) {
   *this = CatalogTable();
@@ -100,24 +124,22 @@ bool CatalogTable::Load(const char* path) {
     m_Error = std::string(path) + ": " + reason;
     return false;
   }
-  std::string_view rest = content;
-  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
-  for (int number = 1; !rest.empty(); ++number) {
-    auto line = TakePiece(rest, '\n');
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    if (line.empty() || line.front() == '#') continue;
-    if (m_Columns.empty()) {
-      if (!ReadHeader(line, std::string(path) + ":" + std::to_string(number))) return false;
-    } else if (!ReadRecord(line)) {
-      PrintDebugString("%s:%d: not a record of this table, left out\n", path, number);
-    }
+  m_Texts = std::move(content);
+  Lines lines(m_Texts);
+  if (!lines.Take()) {
+    m_Error = std::string(path) + ": no header line";
+    return false;
   }
-  if (m_Columns.empty()) m_Error = std::string(path) + ": no header line";
-  return !m_Columns.empty();
+  const std::string_view header(lines.line, static_cast<std::size_t>(lines.lineEnd - lines.line));
+  if (!ReadHeader(header, std::string(path) + ":" + std::to_string(lines.number))) return false;
+  LayOutRecords();
+  ReadRecords(path, lines);
+  return true;
 }
 
 bool CatalogTable::ReadHeader(std::string_view line, const std::string& where) {
   std::vector<Column> columns;
+  std::vector<int> nameIds;
   while (!line.empty()) {
     auto type = TakePiece(line, '\t');
     const std::string name(TakePiece(type, ':'));
@@ -127,101 +149,134 @@ bool CatalogTable::ReadHeader(std::string_view line, const std::string& where) {
           where + ": column '" + name + ":" + std::string(type) + "' is not NAME:TYPE with a known type";
       return false;
     }
-    columns.push_back({GetUniqueID(name.c_str()), found->type, {}, {}});
+    nameIds.push_back(GetUniqueID(name.c_str()));
+    columns.push_back({found->type, 0});
   }
   m_Columns = std::move(columns);
+  m_NameIds = std::move(nameIds);
   return true;
 }
 
-bool CatalogTable::ReadRecord(std::string_view line) {
-  bool good = true;
-  for (auto& column : m_Columns) good = AppendCell(column, TakePiece(line, '\t')) && good;
-  if (!good || !line.empty()) {
-    DropRecord();
-    return false;
-  }
-  ++m_Count;
-  return true;
-}
-
-// Every column grows by one value, present or not, so that a record is found by its index.
-bool CatalogTable::AppendCell(Column& column, std::string_view cell) {
-  column.present.push_back(!cell.empty());
-  if (column.type == kText && !cell.empty()) {
-    AppendBytes(column.values, static_cast<unsigned>(m_Texts.size()));
-    m_Texts.append(cell);
-    m_Texts.push_back('\0');
-    return true;
-  }
-  if (!cell.empty() && AppendTyped(column.type, column.values, cell)) return true;
-  column.values.insert(column.values.end(), kTypes[column.type].width, 0);
-  return cell.empty();
-}
-
-void CatalogTable::DropRecord() {
+void CatalogTable::LayOutRecords() {
+  constexpr unsigned kLargestWidth = sizeof(double);
+  unsigned size = 0;
   for (auto& column : m_Columns) {
-    column.present.pop_back();
-    column.values.erase(column.values.end() - kTypes[column.type].width, column.values.end());
+    const unsigned width = kTypes[column.type].width;
+    column.offset = RoundUp(size, width);
+    size = column.offset + width;
   }
+  m_Presence = size;
+  m_RecordSize = RoundUp(size + static_cast<unsigned>(m_Columns.size()), kLargestWidth);
+}
+
+void CatalogTable::ReadRecords(const char* path, Lines& lines) {
+  const auto count = static_cast<std::size_t>(std::count(lines.next, lines.end, '\n')) + 1;
+  // Blank lines cost a byte in the file and would a record here: no more is reserved than a table needs whose
+  // records have an empty cell for each column.
+  m_Records.reserve(m_RecordSize * std::min(count, m_Texts.size() / m_Columns.size() + 1));
+  while (lines.Take()) {
+    if (ReadRecord(lines.line, lines.lineEnd, lines.isWhole)) {
+      ++m_Count;
+    } else {
+      PrintDebugString("%s:%d: not a record of this table, left out\n", path, lines.number);
+    }
+  }
+}
+
+bool CatalogTable::ReadRecord(char* line, char* end, bool isWhole) {
+  const std::size_t begin = m_Records.size();
+  m_Records.resize(begin + m_RecordSize);
+  const int cells = ReadCells(line, end, m_Records.data() + begin);
+  const bool isCutOff = !isWhole && cells < static_cast<int>(m_Columns.size());
+  if (cells < 0 || isCutOff) m_Records.resize(begin);
+  return cells >= 0 && !isCutOff;
+}
+
+// How many cells the line has, at most as many as there are columns; -1 for a line that is no record. Texts
+// end where their cells do, at a tab or at the end of the line, where a zero byte takes its place.
+int CatalogTable::ReadCells(char* cell, char* end, unsigned char* record) {
+  int count = 0;
+  for (const Column& column : m_Columns) {
+    unsigned char& isPresent = record[m_Presence + static_cast<unsigned>(count++)];
+    isPresent = cell < end && *cell != '\t';
+    if (isPresent && column.type == kText) {
+      const auto place = static_cast<unsigned>(cell - m_Texts.data());
+      std::memcpy(record + column.offset, &place, sizeof place);
+      cell = std::find(cell, end, '\t');
+    } else if (isPresent && !TakeTyped(column.type, cell, end, record + column.offset)) {
+      return -1;
+    }
+    const bool isLast = cell == end;
+    if (column.type == kText) *cell = '\0';
+    if (isLast) return count;
+    ++cell;
+  }
+  return cell == end ? count : -1;
 }
 
 void CatalogTable::Select(int record) { m_Current = record >= 0 && record < m_Count ? record : -1; }
 
-const CatalogTable::Column* CatalogTable::FindColumn(int fieldId) const {
-  for (const auto& column : m_Columns) {
-    if (column.nameId == fieldId) return &column;
-  }
-  return nullptr;
+int CatalogTable::FindColumn(int fieldId) const {
+  const auto found = std::find(m_NameIds.begin(), m_NameIds.end(), fieldId);
+  return found == m_NameIds.end() ? -1 : static_cast<int>(found - m_NameIds.begin());
+}
+
+const unsigned char* CatalogTable::FindValue(int column) const {
+  if (m_Current < 0 || column < 0) return nullptr;
+  const auto place = static_cast<std::size_t>(column);
+  const unsigned char* const record = m_Records.data() + static_cast<std::size_t>(m_Current) * m_RecordSize;
+  return record[m_Presence + place] != 0 ? record + m_Columns[place].offset : nullptr;
 }
 
 const void* CatalogTable::GetField(int fieldId) const {
-  const auto* column = FindColumn(fieldId);
-  if (m_Current < 0 || !column || !column->present[m_Current]) return nullptr;
-  const unsigned char* value =
-      column->values.data() + kTypes[column->type].width * static_cast<unsigned>(m_Current);
-  if (column->type != kText) return value;
-  unsigned offset;
-  std::memcpy(&offset, value, sizeof offset);
-  return m_Texts.c_str() + offset;
+  const int column = FindColumn(fieldId);
+  const unsigned char* const value = FindValue(column);
+  if (!value || m_Columns[static_cast<std::size_t>(column)].type != kText) return value;
+  return m_Texts.c_str() + LoadValue<unsigned>(value);
 }
 
 unsigned CatalogTable::GetFieldType(int fieldId) const {
-  const auto* column = FindColumn(fieldId);
-  if (!column) return kI8;
-  return column->type == kText ? static_cast<unsigned>(kI8) : column->type;
+  const int column = FindColumn(fieldId);
+  const unsigned type = column < 0 ? kText : m_Columns[static_cast<std::size_t>(column)].type;
+  return type == kText ? static_cast<unsigned>(kI8) : type;
 }
 
 bool CatalogTable::IsText(int fieldId) const {
-  const auto* column = FindColumn(fieldId);
-  return column && column->type == kText;
+  const int column = FindColumn(fieldId);
+  return column >= 0 && m_Columns[static_cast<std::size_t>(column)].type == kText;
 }
 
 double FieldNumber(const CatalogTable& record, int fieldId, double missing) {
-  const void* value = record.IsText(fieldId) ? nullptr : record.GetField(fieldId);
+  const int column = record.FindColumn(fieldId);
+  const unsigned char* const value = record.FindValue(column);
   if (!value) return missing;
-  switch (record.GetFieldType(fieldId)) {
+  switch (record.m_Columns[static_cast<std::size_t>(column)].type) {
     case kI8:
-      return Load<signed char>(value);
+      return LoadValue<signed char>(value);
     case kU8:
-      return Load<unsigned char>(value);
+      return *value;
     case kI16:
-      return Load<short>(value);
+      return LoadValue<short>(value);
     case kU16:
-      return Load<unsigned short>(value);
+      return LoadValue<unsigned short>(value);
     case kI32:
-      return Load<int>(value);
+      return LoadValue<int>(value);
     case kU32:
-      return Load<unsigned>(value);
+      return LoadValue<unsigned>(value);
     case kF32:
-      return Load<float>(value);
+      return static_cast<double>(LoadValue<float>(value));
+    case kF64:
+      return LoadValue<double>(value);
     default:
-      return Load<double>(value);
+      return missing;
   }
 }
 
 const char* FieldText(const CatalogTable& record, int fieldId) {
-  const void* value = record.IsText(fieldId) ? record.GetField(fieldId) : nullptr;
-  return value ? static_cast<const char*>(value) : "";
+  const int column = record.FindColumn(fieldId);
+  const unsigned char* const value = record.FindValue(column);
+  if (!value || record.m_Columns[static_cast<std::size_t>(column)].type != kText) return "";
+  return record.m_Texts.c_str() + LoadValue<unsigned>(value);
 }
 
 }  // namespace scene

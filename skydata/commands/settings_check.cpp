@@ -26,7 +26,7 @@ std::vector<Finding> CheckFile(const std::string& path, const FieldNames& names)
     const std::string bytes = ReadInput(path);
     return CheckSettings(bytes, ReadSettingsFile(bytes, names), names, KindOfFile(path));
   } catch (const SourceError& error) {
-    return {{FindingCode::kUnreadable, 0, DescribeRefusal(error)}};
+    return {{FindingCode::kUnreadable, 0, DescribeRefusal(error, "is missing or cannot be read")}};
   }
 }
 

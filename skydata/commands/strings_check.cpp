@@ -32,7 +32,8 @@ int Check(const Arguments& arguments, std::ostream& output) {
       sources.push_back(ReadStrings(file, arguments.language, arguments.encoding));
       Append(CheckStrings(sources.back()), findings);
     } catch (const SourceError& error) {
-      findings.push_back({file, 0, "unreadable", true, DescribeRefusal(error)});
+      findings.push_back(
+          {file, 0, "unreadable", true, DescribeRefusal(error, "is missing or cannot be read")});
     }
   }
   Append(CompareStrings(sources), findings);

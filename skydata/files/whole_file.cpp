@@ -25,14 +25,15 @@ std::filesystem::path FromUtf8(const std::string& path) { return std::u8string(p
 }  // namespace
 
 std::string ReadFile(const std::filesystem::path& path) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(path, ignored)) throw SourceError(path.string(), 0, "cannot be opened");
   std::string bytes, reason;
   if (!ReadWholeFile(ToUtf8(path).c_str(), bytes, reason)) throw SourceError(path.string(), 0, reason);
   return bytes;
 }
 
-std::string DescribeRefusal(const SourceError& refusal) {
-  const std::string& reason = refusal.GetMessage();
-  return "the file " + (reason == kTooManyBytes ? reason : "is missing or " + reason);
+std::string DescribeRefusal(const SourceError& refusal, const std::string& otherwise) {
+  return "the file " + (refusal.GetMessage() == kTooManyBytes ? refusal.GetMessage() : otherwise);
 }
 
 TextLines ReadLines(const std::filesystem::path& path) { return SplitTrimmedLines(ReadFile(path)); }

@@ -15,8 +15,8 @@ namespace skydata {
 // allows.
 std::string ReadFile(const std::filesystem::path& path);
 
-// What a check says of a file that ReadFile refused: "the file is missing or cannot be read".
-std::string DescribeRefusal(const SourceError& refusal);
+// What a check says of a file that ReadFile refused: that it is too long, or "the file " and `otherwise`.
+std::string DescribeRefusal(const SourceError& refusal, const std::string& otherwise);
 
 // The lines of a text file, each without the blanks at its end. Throws SourceError when it cannot be read.
 TextLines ReadLines(const std::filesystem::path& path);

@@ -63,7 +63,8 @@ void AddFile(const fs::path& path, LintRun& run) {
     if (file.kind != DataKind::kStarTiles) file.bytes = ReadFile(path);
     run.files.push_back(std::move(file));
   } catch (const SourceError& error) {
-    LintReport(file.name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the file " + error.GetMessage());
+    LintReport(file.name, run.findings)
+        .Add(LintCode::kUnreadable, 0, 0, DescribeRefusal(error, "cannot be read"));
   }
 }
 

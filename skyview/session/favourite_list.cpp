@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 
 #include "common_interfaces/object_lists.h"
 #include "scene/name_key.h"
 #include "scene/object_filter.h"
 #include "skyview/reports/host_texts.h"
+#include "utils/file_presence.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
@@ -38,6 +40,11 @@ class ListEditor {
       : m_Search(search), m_Catalogs(catalogs) {
     m_File.Read();
   }
+  ~ListEditor() {
+    if (!m_Saved) RemoveEmptyFile();
+  }
+  ListEditor(const ListEditor&) = delete;
+  ListEditor& operator=(const ListEditor&) = delete;
 
   bool Add(const std::string& name, std::string& error) {
     const auto id = Identify(name, error);
@@ -65,13 +72,19 @@ class ListEditor {
   }
 
   bool Save(std::string& error) {
-    if (!m_Changed || m_File.Save()) return true;
-    error =
-        ZentharPath::GetWorkPath(kFile, false, false) + ": the list of favourites cannot be written there";
+    m_Saved = !m_Changed || m_File.Save();
+    if (m_Saved) return true;
+    error = m_Name + ": the list of favourites cannot be written there";
     return false;
   }
 
  private:
+  // The list makes its file at once. One that came to nothing leaves none where none was.
+  void RemoveEmptyFile() const {
+    std::error_code ignored;
+    if (m_WasAbsent && std::filesystem::is_empty(m_Path, ignored)) std::filesystem::remove(m_Path, ignored);
+  }
+
   std::optional<SSO_ID> Identify(const std::string& name, std::string& error) const {
     const auto found = m_Search.FindOne(name, error);
     if (!found) return std::nullopt;
@@ -102,8 +115,11 @@ class ListEditor {
 
   const scene::ObjectSearch& m_Search;
   const scene::SkyCatalogs& m_Catalogs;
+  const std::string m_Name = ZentharPath::GetWorkPath(kFile, false, false);
+  const std::filesystem::path m_Path = std::u8string(m_Name.begin(), m_Name.end());
+  const bool m_WasAbsent = GetFilePresence(m_Name.c_str()) == FilePresence::kAbsent;
   FavouriteObjectsFile m_File;
-  bool m_Changed = false;
+  bool m_Changed = false, m_Saved = false;
 };
 
 }  // namespace

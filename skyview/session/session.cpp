@@ -116,17 +116,20 @@ class TemporaryFile {
     std::random_device random;
     char name[48];
     std::snprintf(name, sizeof name, "skyview-%08x%08x.data", random(), random());
-    if (!failure) m_Path = (folder / name).string();
+    if (!failure) m_File = folder / name;
+    m_Path = m_File.string();
   }
+  // Removing allocates nothing: it may be for lack of memory that this object goes.
   ~TemporaryFile() {
     std::error_code ignored;
-    if (!m_Path.empty()) fs::remove(m_Path, ignored);
+    if (!m_Path.empty()) fs::remove(m_File, ignored);
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   const char* GetPath() const { return m_Path.c_str(); }
 
  private:
+  fs::path m_File;
   std::string m_Path;
 };
 

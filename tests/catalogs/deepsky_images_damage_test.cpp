@@ -56,6 +56,24 @@ TEST(DeepskyImages, ByteOrderMarkCarriageReturnsAndAMissingLastLineEndAreNoDamag
   EXPECT_EQ(catalog.images().Find(kGalaxy, 2)->brightness, 3.0);
 }
 
+TEST(DeepskyImages, LastLineThatWasCutOffIsNamedByFileAndLine) {
+  for (const char* cut : {"2", "2 10 0 0 0 0 1", "2 10 0 0 0 0 1 0 "}) {
+    DebugCapture debug;
+    Catalog catalog(std::string("1 10 0 0 0 0 1 0 0.5\n! a comment\n") + cut);
+    catalog.images();
+    ASSERT_EQ(debug.lines.size(), 1u) << cut;
+    EXPECT_NE(debug.lines[0].find("dsoimagestrue.txt:3: the line was cut off"), std::string::npos)
+        << debug.lines[0];
+    EXPECT_EQ(catalog.Numbers(), (std::vector<unsigned>{1u, 2u}));
+  }
+  DebugCapture debug;
+  for (const char* whole : {"2 10 0 0 0 0 1 0 0.5", "! comment", " \t", "2 1\n"}) {
+    Catalog catalog(whole);
+    catalog.images();
+    EXPECT_TRUE(debug.lines.empty()) << whole;
+  }
+}
+
 TEST(DeepskyImages, ShortLineKeepsTheDefaultsOfWhatIsMissing) {
   Catalog catalog("31 10\n");
   const DSOImageDesc& image = Only(catalog);

@@ -11,19 +11,30 @@
 
 namespace scene {
 
+class CatalogTable;
+
+// The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
+SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
+
+// The text of a field, "" when the record lacks it or it is a number.
+SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
+
 // A catalog table of the data root as a record source: UTF-8 text, fields separated by tabs. Lines that begin
 // with '#' and blank lines are passed over; the first other line is the header, each column "Name:type" with
 // the type i8 u8 i16 u16 i32 u32 f32 f64 or text; then one record a line. An empty cell means that the record
 // lacks the field, and so do cells missing at the end of a line. A byte-order mark and CR LF are understood.
 //
-// Load reads the whole table into memory; the text of the file is not needed afterwards. The fields of the
-// record chosen by Select are asked for by name id, GetUniqueID("VisMagnitude").
+// A last line without an end is a record like any other, unless cells are missing at its end: then it was cut
+// off, and so may the last of its cells be.
+//
+// Load reads the whole table into memory; the file is not needed afterwards. The fields of the record chosen
+// by Select are asked for by name id, GetUniqueID("VisMagnitude").
 class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
  public:
   // Reads the file at a resolved path. False when it cannot be read, has no header or a header that is not of
   // that form: GetError then says why in one line, beginning with the path, and the table is empty. A record
-  // that is not of that form (a number out of its type's range, more cells than columns) is left out with one
-  // diagnostic line that names file and line; the others are kept.
+  // that is not of that form (a number out of its type's range, more cells than columns) or cut off is left
+  // out with one diagnostic line that names file and line; the others are kept.
   bool Load(const char* path);
   const std::string& GetError() const { return m_Error; }
 
@@ -37,30 +48,33 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
   bool IsText(int fieldId) const;  // whether the table has that column and it holds texts
 
  private:
-  struct Column {
-    int nameId;
-    unsigned type;                      // element type code of settings fields, or a code of texts
-    std::vector<unsigned char> values;  // fixed width per record; for texts the offset in m_Texts
-    std::vector<bool> present;
-  };
+  friend double FieldNumber(const CatalogTable& record, int fieldId, double missing);
+  friend const char* FieldText(const CatalogTable& record, int fieldId);
 
-  const Column* FindColumn(int fieldId) const;
+  struct Column {
+    unsigned type;    // element type code of settings fields, or a code of texts
+    unsigned offset;  // of its value in a record; of a text the value is where it begins in m_Texts
+  };
+  struct Lines;
+
+  int FindColumn(int fieldId) const;  // -1: none
+  const unsigned char* FindValue(int column) const;
   bool ReadHeader(std::string_view line, const std::string& where);
-  bool ReadRecord(std::string_view line);
-  bool AppendCell(Column& column, std::string_view cell);
-  void DropRecord();
+  void LayOutRecords();
+  void ReadRecords(const char* path, Lines& lines);
+  bool ReadRecord(char* line, char* end, bool isWhole);
+  int ReadCells(char* cell, char* end, unsigned char* record);
 
   std::string m_Error;
   std::vector<Column> m_Columns;
-  std::string m_Texts;
+  std::vector<int> m_NameIds;  // of the columns
+  // Record after record: the values of the columns, each at a multiple of its width, and behind them a byte a
+  // column that says whether there is one.
+  std::vector<unsigned char> m_Records;
+  unsigned m_Presence = 0, m_RecordSize = 0;  // offset of those bytes; a multiple of the largest width
+  std::string m_Texts;                        // the file, its texts ended by zero bytes
   int m_Count = 0;
   int m_Current = -1;
 };
-
-// The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
-SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
-
-// The text of a field, "" when the record lacks it or it is a number.
-SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
 
 }  // namespace scene

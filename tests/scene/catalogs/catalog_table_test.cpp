@@ -123,6 +123,49 @@ TEST_F(CatalogTableTest, BadRecordIsNamedByFileAndLineAndTheOthersStay) {
   EXPECT_STREQ(FieldText(table, Id("b")), "z");
 }
 
+TEST_F(CatalogTableTest, LastLineThatWasCutOffIsNamedByFileAndLine) {
+  for (const char* cut : {"3", "3\tx", "3\tx\t"}) {
+    debug.lines.clear();
+    ASSERT_TRUE(Load(std::string("a:u8\tb:text\tc:text\td:f64\n1\tx\ty\t2\n") + cut));
+    EXPECT_EQ(table.GetCount(), 1) << cut;
+    ASSERT_EQ(debug.lines.size(), 1u) << cut;
+    EXPECT_NE(debug.lines[0].find("table.txt:3: "), std::string::npos) << debug.lines[0];
+  }
+}
+
+TEST_F(CatalogTableTest, LastLineThatIsWholeNeedsNoEnd) {
+  for (const char* last : {"3\tx\t4", "3\tx\t", "\t\t4"}) {
+    ASSERT_TRUE(Load(std::string("a:u8\tb:text\tc:f64\n1\ty\t2\n") + last));
+    EXPECT_EQ(table.GetCount(), 2) << last;
+  }
+  EXPECT_TRUE(debug.lines.empty());
+  table.Select(1);
+  EXPECT_DOUBLE_EQ(FieldNumber(table, Id("c"), 7.0), 4.0);
+}
+
+// The texts stand where they were read, one behind the other.
+TEST_F(CatalogTableTest, TextsOfTheLastColumnEndWithTheirLines) {
+  ASSERT_TRUE(Load("a:text\tb:text\r\nx\tyy\r\nz\t\r\n\tw"));
+  ASSERT_EQ(table.GetCount(), 3);
+  const char* const texts[3][2] = {{"x", "yy"}, {"z", ""}, {"", "w"}};
+  for (int record = 0; record < 3; ++record) {
+    table.Select(record);
+    EXPECT_STREQ(FieldText(table, Id("a")), texts[record][0]);
+    EXPECT_STREQ(FieldText(table, Id("b")), texts[record][1]);
+  }
+  EXPECT_TRUE(debug.lines.empty());
+}
+
+// A refused record leaves no trace in the ones behind it.
+TEST_F(CatalogTableTest, CellsOfARefusedRecordAreNotThoseOfTheNext) {
+  ASSERT_TRUE(Load("a:i32\tb:f32\tc:i8\n5\t1.5\tx\n\t\t3\n"));
+  ASSERT_EQ(table.GetCount(), 1);
+  table.Select(0);
+  EXPECT_EQ(table.GetField(Id("a")), nullptr);
+  EXPECT_EQ(table.GetField(Id("b")), nullptr);
+  EXPECT_DOUBLE_EQ(FieldNumber(table, Id("c"), 0.0), 3.0);
+}
+
 TEST_F(CatalogTableTest, EveryMalformedCellIsRefused) {
   for (const char* cell : {"x", "1x", "1.5", "-1", "256", " 1", "0x1", "++1"}) {
     ASSERT_TRUE(Load(std::string("a:u8\n") + cell + "\n"));

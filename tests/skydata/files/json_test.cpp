@@ -17,7 +17,8 @@ TEST(Json, PlainTextStandsBetweenQuotes) {
 TEST(Json, QuotesAndBackslashesAreEscaped) { EXPECT_EQ(JsonString("a\"b\\c"), R"("a\"b\\c")"); }
 
 TEST(Json, ControlCharactersAreEscaped) {
-  EXPECT_EQ(JsonString("a\n\r\tb\x01\x1F\x7F"s), R"("a\n\r\tb\u0001\u001f)"s + "\x7F\"");
+  EXPECT_EQ(JsonString("a\n\r\tb\x01\x1F\x7F"s), R"("a\n\r\tb\u0001\u001f\u007f")");
+  EXPECT_EQ(JsonString("\u0080\u009B\u009F\u00A0"), "\"\\u0080\\u009b\\u009f\u00A0\"");
   EXPECT_EQ(JsonString("a\0b"s), R"("a\u0000b")");
 }
 

@@ -31,6 +31,17 @@ class FavouriteList : public testing::Test {
 
 }  // namespace
 
+TEST_F(FavouriteList, NameThatIsUnknownMakesNoEmptyList) {
+  EXPECT_NE(Run({"favourites", "add", "Nobody"}), 0);
+  EXPECT_FALSE(HasFile());
+}
+
+TEST_F(FavouriteList, EmptyListThatIsThereStays) {
+  sky.dir.Write(kFile, "");
+  EXPECT_NE(Run({"favourites", "add", "Nobody"}), 0);
+  EXPECT_TRUE(HasFile());
+}
+
 // 1937006962 is "star", 1852138101 "nebu", 0x6E656275.
 TEST_F(FavouriteList, ObjectsAreWrittenAtOnceWithKindAndNumber) {
   ASSERT_EQ(Run({"favourites", "add", "Sirius", "M 42"}), 0) << sky.errors.str();

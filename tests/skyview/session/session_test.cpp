@@ -213,3 +213,30 @@ TEST(Session, HoldsViewAndSettingsOfItsOwn) {
     EXPECT_NE(sky.GetErrorLine().find(other), std::string::npos) << sky.errors.str();
   }
 }
+
+// No reader takes a file of more than 256 MiB.
+TEST(Session, DataFileThatCannotBeReadIsNamedAndNoSessionIsSaved) {
+  SmallSky sky;
+  const std::string comets = sky.dir.Write("data/catalogs/comets.txt", "Number:i32\n");
+  const std::string file = sky.dir.Path("it.session");
+  std::filesystem::resize_file(comets, (1u << 28) + 1);
+  EXPECT_EQ(sky.Run({"--save-session", file}), 1);
+  EXPECT_EQ(
+      sky.GetErrorLine(),
+      "skyview: catalogs:comets.txt: holds more than 256 MiB, the most that is read, and a session wants "
+      "its checksum");
+  EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST(Session, DataFileThatCannotBeReadAnyMoreIsTold) {
+  SmallSky sky;
+  const std::string comets = sky.dir.Write("data/catalogs/comets.txt", "Number:i32\n");
+  const std::string file = sky.dir.Path("it.session");
+  ASSERT_EQ(sky.Run({"--save-session", file}), 0) << sky.errors.str();
+  std::filesystem::resize_file(comets, (1u << 28) + 1);
+  EXPECT_EQ(sky.Run({"--session", file}), 0);
+  const std::string line =
+      "skyview: catalogs:comets.txt: holds more than 256 MiB, the most that is read, so it may have changed "
+      "since the session was saved\n";
+  EXPECT_NE(sky.errors.str().find(line), std::string::npos) << sky.errors.str();
+}

@@ -13,8 +13,9 @@
 // As std::printf, for formats that the program itself has; at most 511 bytes. Any thread.
 UTILS_API std::string FormatText(const char* format, ...) UTILS_PRINTF_FORMAT(1, 2);
 
-// The text as a terminal may show it: UTF-8 whose only control characters are line feeds and tabs. Each byte of any
-// other one, and each that is part of no character, becomes "\x" and two hexadecimal digits. Any thread.
+// The text as a terminal may show it: UTF-8 whose only control characters are line feeds and tabs. Each byte
+// of any other one, and each that is part of no character, becomes "\x" and two hexadecimal digits. Any
+// thread.
 UTILS_API std::string MakePrintable(const std::string& text);
 
 // "A, B, C"; "" for none. Any thread.
