@@ -9,6 +9,7 @@
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "astro/eclipse.h"
+#include "astro/healpix.h"
 #include "astro/horizon_frame.h"
 #include "astro/julian_date.h"
 #include "astro/object_id.h"

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "utils/checksum.h"
+
+#include <array>
+
+#include "utils/bytes.h"
+
+namespace {
+
+constexpr std::uint32_t kPolynomial = 0xEDB88320u;
+
+// Table k: what a byte does to the sum when k more bytes follow it. Eight bytes a step are several times as
+// fast as one.
+using Tables = std::array<std::array<std::uint32_t, 256>, 8>;
+
+constexpr Tables MakeTables() {
+  Tables tables{};
+  for (std::uint32_t byte = 0; byte < 256; ++byte) {
+    std::uint32_t crc = byte;
+    for (int bit = 0; bit < 8; ++bit) crc = crc >> 1 ^ (crc & 1u ? kPolynomial : 0u);
+    tables[0][byte] = crc;
+  }
+  for (std::size_t k = 1; k < tables.size(); ++k) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      const std::uint32_t before = tables[k - 1][byte];
+      tables[k][byte] = before >> 8 ^ tables[0][before & 0xFFu];
+    }
+  }
+  return tables;
+}
+
+constexpr Tables kTables = MakeTables();
+
+std::uint32_t Look(int table, std::uint32_t word, int shift) { return kTables[table][word >> shift & 0xFFu]; }
+
+}  // namespace
+
+std::uint32_t GetCrc32(const void* bytes, std::size_t size, std::uint32_t crc) noexcept {
+  const auto* at = static_cast<const unsigned char*>(bytes);
+  crc = ~crc;
+  for (; size >= 8; size -= 8, at += 8) {
+    const std::uint32_t low = LoadLE32(at) ^ crc, high = LoadLE32(at + 4);
+    crc = Look(7, low, 0) ^ Look(6, low, 8) ^ Look(5, low, 16) ^ Look(4, low, 24) ^ Look(3, high, 0) ^
+          Look(2, high, 8) ^ Look(1, high, 16) ^ Look(0, high, 24);
+  }
+  for (; size > 0; --size, ++at) crc = crc >> 8 ^ Look(0, crc ^ *at, 0);
+  return ~crc;
+}

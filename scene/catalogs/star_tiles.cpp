@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/star_tiles.h"
+
+#include <cstring>
+#include <utility>
+
+#include "astro/constants.h"
+#include "astro/healpix.h"
+#include "scene/catalogs/star_tile_layout.h"
+#include "utils/debug.h"
+
+namespace scene {
+namespace {
+
+namespace layout = star_tile_layout;
+
+enum CellState : unsigned { kNew = 0, kWhole = 1, kDamaged = 2 };
+
+constexpr double kRadiansPerMotion = StarTileRecord::kMotionUnit * astro::kRadiansPerArcsecond / 1000.0;
+
+int LoadInt16(const unsigned char* from) { return static_cast<std::int16_t>(LoadLE16(from)); }
+float GetCode(int millimagnitudes) { return static_cast<float>((millimagnitudes + 2000) / 100.0); }
+
+bool Fail(std::string& reason, const char* text) {
+  reason = text;
+  return false;
+}
+
+// Motions up to the largest of the band, in its units.
+bool IsWithin(const StarTileRecord& star, std::uint32_t maxMotion) {
+  if (!star.HasMotion()) return true;
+  const double east = star.GetMotionEast(), north = star.GetMotionNorth(), most = maxMotion;
+  return east * east + north * north <= most * most;
+}
+
+}  // namespace
+
+bool StarTiles::Open(const char* path, std::string& error) {
+  StarTiles opened;
+  std::string reason;
+  *this = StarTiles();
+  if (!opened.m_File.Open(path, reason) || !opened.ReadHeader(reason)) {
+    error = std::string(path) + ": " + reason;
+    return false;
+  }
+  opened.m_Path = path;
+  *this = std::move(opened);
+  return true;
+}
+
+bool StarTiles::ReadHeader(std::string& reason) {
+  const unsigned char* const header = m_File.GetBytes();
+  const std::size_t fileSize = m_File.GetSize();
+  if (fileSize < layout::kBandsAt || std::memcmp(header, layout::kMagic, layout::kVersionAt) != 0)
+    return Fail(reason, "it is no star tile catalog");
+  if (LoadLE32(header + layout::kVersionAt) != layout::kVersion)
+    return Fail(reason, "it is a star tile catalog of another version");
+  const std::uint32_t size = LoadLE32(header + layout::kHeaderSizeAt);
+  const std::uint32_t bands = LoadLE32(header + layout::kBandCountAt);
+  constexpr char kBadHeader[] = "the header of the star tile catalog is damaged";
+  if (bands > layout::kMostBands) return Fail(reason, kBadHeader);
+  const std::size_t originAt = layout::kBandsAt + bands * layout::kBandSize;
+  if (size < originAt || size > fileSize || size - originAt > layout::kMostOrigin ||
+      layout::GetHeaderCheck(header, size) != LoadLE32(header + layout::kCheckAt)) {
+    return Fail(reason, kBadHeader);
+  }
+  if (LoadLE64(header + layout::kFileSizeAt) != fileSize)
+    return Fail(reason, "the star tile catalog is not as long as it says");
+  const std::uint32_t lowest = LoadLE32(header + layout::kLowestAt);
+  const std::uint32_t highest = LoadLE32(header + layout::kHighestAt);
+  if (highest > 0x7FFFFFFFu || lowest > highest) return Fail(reason, kBadHeader);
+  std::uint64_t at = size, cells = 0;
+  for (std::uint32_t i = 0; i < bands; ++i) {
+    if (!PlaceBand(header + layout::kBandsAt + i * layout::kBandSize, at, cells, reason)) return false;
+    m_Count += m_Bands.back().band.count;
+  }
+  if (at != fileSize || m_Count != LoadLE64(header + layout::kStarCountAt)) return Fail(reason, kBadHeader);
+  m_Lowest = static_cast<int>(lowest);
+  m_Highest = static_cast<int>(highest);
+  m_Origin.assign(reinterpret_cast<const char*>(header) + originAt, size - originAt);
+  m_States.resize(static_cast<std::size_t>((cells + 3) / 4));
+  return true;
+}
+
+// The records of a band and its index stand at `at`. Sizes stay far below 2^64: 2^32 records a band.
+bool StarTiles::PlaceBand(const unsigned char* entry, std::uint64_t& at, std::uint64_t& cells,
+                          std::string& reason) {
+  constexpr char kBadBand[] = "a band of the star tile catalog is damaged";
+  const std::uint32_t order = LoadLE32(entry + layout::kOrderAt);
+  const std::uint32_t count = LoadLE32(entry + layout::kCountAt);
+  if (order > astro::kMaxHealpixOrder || count == 0) return Fail(reason, kBadBand);
+  PlacedBand band;
+  band.brightest = LoadInt16(entry + layout::kBrightestAt);
+  band.faintest = LoadInt16(entry + layout::kFaintestAt);
+  band.maxMotion = LoadLE32(entry + layout::kMotionAt);
+  const std::uint64_t bandCells = astro::GetHealpixCellCount(static_cast<int>(order));
+  const std::uint64_t records = std::uint64_t{count} * StarTileRecord::kSize;
+  const std::uint64_t size = records + bandCells * layout::kEntrySize;
+  if (!layout::IsOrderAllowed(bandCells, count) || band.brightest > band.faintest ||
+      size > m_File.GetSize() - at) {
+    return Fail(reason, kBadBand);
+  }
+  band.band = {static_cast<int>(order), GetCode(band.brightest), GetCode(band.faintest),
+               band.maxMotion * kRadiansPerMotion, count};
+  band.records = m_File.GetBytes() + at;
+  band.index = band.records + records;
+  band.firstCell = cells;
+  m_Bands.push_back(band);
+  at += size;
+  cells += bandCells;
+  return true;
+}
+
+StarTileRecords StarTiles::GetStars(int band, std::uint32_t cell) const {
+  const PlacedBand& placed = m_Bands[band];
+  const std::uint64_t number = placed.firstCell + cell;
+  unsigned char& states = m_States[static_cast<std::size_t>(number / 4)];
+  const auto shift = static_cast<unsigned>(number % 4 * 2);
+  const unsigned state = states >> shift & 3u;
+  if (state == kDamaged) return {};
+  const unsigned char* const entry = placed.index + std::size_t{cell} * layout::kEntrySize;
+  const bool isLast = cell + 1 == astro::GetHealpixCellCount(placed.band.order);
+  const std::uint32_t first = LoadLE32(entry);
+  const std::uint32_t end = isLast ? placed.band.count : LoadLE32(entry + layout::kEntrySize);
+  const bool isPlaced = first <= end && end <= placed.band.count;
+  const StarTileRecords stars = isPlaced ? placed.GetRecords(first, end) : StarTileRecords();
+  if (state == kWhole) return stars;
+  const std::uint32_t check =
+      layout::GetCellCheck(static_cast<std::uint32_t>(band), cell, first, stars.GetCount(), stars.GetBytes());
+  const bool isWhole = isPlaced && check == LoadLE32(entry + 4) && KeepsPromises(placed, stars);
+  states = static_cast<unsigned char>(states | (isWhole ? kWhole : kDamaged) << shift);
+  if (isWhole) return stars;
+  ReportDamage(band, cell);
+  return {};
+}
+
+// What frames rely on: the order of magnitudes, the limits of the band, places and numbers that are some.
+bool StarTiles::KeepsPromises(const PlacedBand& band, const StarTileRecords& stars) const {
+  constexpr int kQuarterTurn = 1 << 30;
+  int before = band.brightest;
+  for (std::uint32_t i = 0; i < stars.GetCount(); ++i) {
+    const StarTileRecord star = stars[i];
+    const std::uint32_t number = LoadLE32(star.GetBytes() + 16);
+    if (star.GetMillimagnitudes() < before || star.GetMillimagnitudes() > band.faintest ||
+        star.GetDecUnits() < -kQuarterTurn || star.GetDecUnits() > kQuarterTurn ||
+        number < static_cast<std::uint32_t>(m_Lowest) || number > static_cast<std::uint32_t>(m_Highest) ||
+        !IsWithin(star, band.maxMotion)) {
+      return false;
+    }
+    before = star.GetMillimagnitudes();
+  }
+  return true;
+}
+
+StarTileRecords StarTiles::FindNumber(int number) const {
+  if (number < m_Lowest || number > m_Highest) return {};
+  for (int band = 0; band < GetBandCount(); ++band) {
+    const std::uint32_t cells = astro::GetHealpixCellCount(GetBand(band).order);
+    for (std::uint32_t cell = 0; cell < cells; ++cell) {
+      const StarTileRecords stars = GetStars(band, cell);
+      for (std::uint32_t i = 0; i < stars.GetCount(); ++i) {
+        if (stars[i].GetNumber() == number) return {stars[i].GetBytes(), 1};
+      }
+    }
+  }
+  return {};
+}
+
+void StarTiles::ReportDamage(int band, std::uint32_t cell) const {
+  if (!m_HasDamage) {
+    PrintDebugString("%s: cell %lu of band %d is damaged and left out\n", m_Path.c_str(),
+                     static_cast<unsigned long>(cell), band);
+  }
+  m_HasDamage = true;
+}
+
+}  // namespace scene
