@@ -52,8 +52,8 @@ class StarTileRuns {
   FileReplacement m_Spill;
   std::vector<std::uint64_t> m_RunEnds;  // entries, of all runs up to each
   std::uint64_t m_Spilt = 0;
-  MappedFile m_Spilled;      // the same file, to read
-  std::vector<Run> m_Runs;   // a heap, the lowest key on top
+  MappedFile m_Spilled;     // the same file, to read
+  std::vector<Run> m_Runs;  // a heap, the lowest key on top
 };
 
 }  // namespace scene

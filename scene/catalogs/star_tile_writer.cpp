@@ -26,7 +26,6 @@ constexpr double kMostMotion = 16383.0;  // milliarcseconds a year; the fastest 
 constexpr double kFastMotion = 500.0;  // milliarcseconds a year
 constexpr int kFastBand = 0, kBrightBand = 1, kFirstMagnitude = 5, kBands = 30;
 
-
 // As the density of stars is known while they come in: how many there are in each cell of a coarse grid.
 constexpr int kDensityOrder = 6;
 constexpr std::uint32_t kDensityCells = astro::GetHealpixCellCount(kDensityOrder);
@@ -37,7 +36,9 @@ constexpr std::uint64_t kFewestStars = 16, kMostStars = 1024;
 
 std::int16_t ToInt16(double value) { return static_cast<std::int16_t>(std::lround(value)); }
 
-void StoreInt16(unsigned char* to, double value) { StoreLE16(to, static_cast<std::uint16_t>(ToInt16(value))); }
+void StoreInt16(unsigned char* to, double value) {
+  StoreLE16(to, static_cast<std::uint16_t>(ToInt16(value)));
+}
 
 bool IsKnownColour(double colour) { return std::fabs(colour) <= kMostColour; }
 
@@ -163,7 +164,8 @@ bool StarTileWriter::State::TakeCell(std::uint64_t endKey) {
     return left.GetNumber() != right.GetNumber() ? left.GetNumber() < right.GetNumber() : a < b;
   });
   cellBytes.clear();
-  for (const auto& star : cellStars) cellBytes.append(reinterpret_cast<const char*>(star.data()), star.size());
+  for (const auto& star : cellStars)
+    cellBytes.append(reinterpret_cast<const char*>(star.data()), star.size());
   return file.Write(cellBytes);
 }
 

@@ -41,8 +41,7 @@ class Sphere {
     Vprod(from.v, other.v, side);
     const double length = Vmod(side, 3);
     Vector at;
-    for (int i = 0; i < 3; ++i)
-      at.v[i] = std::cos(angle) * from.v[i] + std::sin(angle) * side[i] / length;
+    for (int i = 0; i < 3; ++i) at.v[i] = std::cos(angle) * from.v[i] + std::sin(angle) * side[i] / length;
     return at;
   }
 
@@ -68,7 +67,8 @@ TEST(Healpix, CellsAndCentresAreThoseOfTheAuthorsLibrary) {
   for (const auto& row : astro_test::ReadTable(ASTRO_TEST_DATA "healpix.tsv")) {
     const int order = static_cast<int>(row[0]);
     const auto cell = static_cast<std::uint32_t>(row[4]);
-    EXPECT_EQ(GetHealpixCell(order, &row[1]), cell) << order << " " << row[1] << " " << row[2] << " " << row[3];
+    EXPECT_EQ(GetHealpixCell(order, &row[1]), cell)
+        << order << " " << row[1] << " " << row[2] << " " << row[3];
     double centre[3];
     GetHealpixCentre(order, cell, centre);
     // That library takes the distance from the axis from z, which has few digits left next to a pole.
@@ -145,7 +145,7 @@ TEST(Healpix, NoPointIsFartherFromTheCentreThanTheRadius) {
       const double ring[3] = {kR * std::cos(lon), kR * std::sin(lon), i % 2 == 0 ? 2.0 / 3.0 : -2.0 / 3.0};
       const std::uint32_t cell = cells <= 50000 ? static_cast<std::uint32_t>(i) % cells
                                  : i % 4 == 0   ? GetHealpixCell(order, ring)
-                                                : static_cast<std::uint32_t>(sphere.Uniform(0.0, cells - 1.0));
+                                              : static_cast<std::uint32_t>(sphere.Uniform(0.0, cells - 1.0));
       double centre[3], corners[4][3];
       GetHealpixCentre(order, cell, centre);
       astro::GetHealpixCorners(order, cell, corners);

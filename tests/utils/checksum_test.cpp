@@ -24,7 +24,8 @@ TEST(Crc32, PiecesGiveTheSumOfTheWhole) {
   std::string text;
   for (int i = 0; i < 100; ++i) text += static_cast<char>(i * 37);
   for (std::size_t cut = 0; cut <= text.size(); ++cut)
-    EXPECT_EQ(GetCrc32(text.data() + cut, text.size() - cut, GetCrc32(text.data(), cut)), OfText(text)) << cut;
+    EXPECT_EQ(GetCrc32(text.data() + cut, text.size() - cut, GetCrc32(text.data(), cut)), OfText(text))
+        << cut;
 }
 
 TEST(Crc32, NothingMayBeNull) { EXPECT_EQ(GetCrc32(nullptr, 0, 0x1234u), 0x1234u); }

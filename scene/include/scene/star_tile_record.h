@@ -27,10 +27,10 @@ constexpr int GetHipparcosNumber(int star) {
 // for as long as it is used.
 class SCENE_API StarTileRecord {
  public:
-  static constexpr std::size_t kSize = 20;         // bytes
-  static constexpr int kUnknown = -32768;          // colour and motion
-  static constexpr double kMotionUnit = 0.5;       // milliarcseconds a year
-  static constexpr double kTurnUnits = 0x1p32;     // a turn in the units of a position: 0.3 mas
+  static constexpr std::size_t kSize = 20;      // bytes
+  static constexpr int kUnknown = -32768;       // colour and motion
+  static constexpr double kMotionUnit = 0.5;    // milliarcseconds a year
+  static constexpr double kTurnUnits = 0x1p32;  // a turn in the units of a position: 0.3 mas
 
   explicit StarTileRecord(const unsigned char* bytes) : m_Bytes(bytes) {}
 

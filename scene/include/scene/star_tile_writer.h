@@ -16,10 +16,10 @@ namespace scene {
 struct TileStar {
   static constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
-  int number;               // star_tile_record.h
-  double ra, dec;           // radians
+  int number;      // star_tile_record.h
+  double ra, dec;  // radians
   double magnitude;
-  double colour = kUnknown;                          // B-V, magnitudes
+  double colour = kUnknown;                              // B-V, magnitudes
   double motionEast = kUnknown, motionNorth = kUnknown;  // milliarcseconds a year, to the east with cos Dec
 };
 

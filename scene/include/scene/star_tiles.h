@@ -67,8 +67,8 @@ class SCENE_API StarTiles {
  private:
   struct PlacedBand {
     StarTileBand band;
-    int brightest, faintest;     // millimagnitudes
-    std::uint32_t maxMotion;     // kMotionUnit
+    int brightest, faintest;  // millimagnitudes
+    std::uint32_t maxMotion;  // kMotionUnit
     const unsigned char* records;
     const unsigned char* index;
     std::uint64_t firstCell;  // of all cells of the file

@@ -198,7 +198,8 @@ TEST(StarTiles, NothingIsOpenAfterAFailure) {
   EXPECT_EQ(error.find(dir.Path("missing") + ": "), 0u) << error;
   EXPECT_FALSE(tiles.IsOpen());
   EXPECT_EQ(tiles.GetBandCount(), 0);
-  for (const char* content : {"", "S", "STARTILE", "no such file at all, but long enough for a header......."}) {
+  for (const char* content :
+       {"", "S", "STARTILE", "no such file at all, but long enough for a header......."}) {
     EXPECT_FALSE(tiles.Open(dir.Write("bad", content).c_str(), error));
     EXPECT_EQ(error, dir.Path("bad") + ": it is no star tile catalog") << content;
   }
