@@ -16,7 +16,7 @@ namespace host_test {
 // Stars all over the sphere, `growth` times as many a magnitude, numbered upwards from `first`; every third
 // moves, some of them fast. The first stand at the poles and on the edges of the base cells of the grid.
 inline std::vector<scene::TileStar> MakeTileStars(int count, int first, double brightest, double faintest,
- double growth = 3.0) {
+                                                  double growth = 3.0) {
   std::mt19937_64 random(20260115);
   std::uniform_real_distribution<double> unit(0.0, 1.0);
   const double ratio = std::pow(growth, faintest - brightest);

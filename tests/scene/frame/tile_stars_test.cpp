@@ -144,7 +144,8 @@ TEST_F(TileStarsTest, BrightAndFaintStarsStandInOneOrder) {
 }
 
 TEST_F(TileStarsTest, PointsCarryNumberAndTintOfTheStar) {
-  UseStars({{kFirst, 1.0, 0.5, 3.0, 1.6}, {kFirst + 1, 1.001, 0.5, 3.0, -0.2}, {kFirst + 2, 1.002, 0.5, 3.0}});
+  UseStars(
+      {{kFirst, 1.0, 0.5, 3.0, 1.6}, {kFirst + 1, 1.001, 0.5, 3.0, -0.2}, {kFirst + 2, 1.002, 0.5, 3.0}});
   f.shown.horizon = false;
   f.camera.SetBasePlane(2);
   f.camera.SetZoom(kMinZoom);
