@@ -36,8 +36,9 @@ std::uint32_t Look(int table, std::uint32_t word, int shift) { return kTables[ta
 
 }  // namespace
 
-std::uint32_t GetCrc32(const void* bytes, std::size_t size, std::uint32_t crc) noexcept {
-  const auto* at = static_cast<const unsigned char*>(bytes);
+std::uint32_t GetCrc32(std::string_view bytes, std::uint32_t crc) noexcept {
+  const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+  std::size_t size = bytes.size();
   crc = ~crc;
   for (; size >= 8; size -= 8, at += 8) {
     const std::uint32_t low = LoadLE32(at) ^ crc, high = LoadLE32(at + 4);

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "scene/star_tile_record.h"
 #include "utils/bytes.h"
@@ -35,6 +36,10 @@ constexpr bool IsOrderAllowed(std::uint64_t cells, std::uint64_t stars) {
   return cells <= 12 || cells <= stars;
 }
 
+inline std::string_view ToText(const unsigned char* bytes, std::size_t size) {
+  return {reinterpret_cast<const char*>(bytes), size};
+}
+
 // The sum over a cell: what it is, and its records.
 inline std::uint32_t GetCellCheck(std::uint32_t band, std::uint32_t cell, std::uint32_t first,
                                   std::uint32_t count, const unsigned char* records) {
@@ -43,14 +48,14 @@ inline std::uint32_t GetCellCheck(std::uint32_t band, std::uint32_t cell, std::u
   StoreLE32(place + 4, cell);
   StoreLE32(place + 8, first);
   StoreLE32(place + 12, count);
-  return GetCrc32(records, std::size_t{count} * StarTileRecord::kSize, GetCrc32(place, sizeof place));
+  const std::size_t size = std::size_t{count} * StarTileRecord::kSize;
+  return GetCrc32(ToText(records, size), GetCrc32(ToText(place, sizeof place)));
 }
 
 // The sum over a header, whose own place counts as zeros.
 inline std::uint32_t GetHeaderCheck(const unsigned char* header, std::size_t size) {
-  constexpr unsigned char kZeros[4] = {};
-  const std::uint32_t before = GetCrc32(kZeros, sizeof kZeros, GetCrc32(header, kCheckAt));
-  return GetCrc32(header + kCheckAt + 4, size - kCheckAt - 4, before);
+  const std::uint32_t before = GetCrc32({"\0\0\0\0", 4}, GetCrc32(ToText(header, kCheckAt)));
+  return GetCrc32(ToText(header + kCheckAt + 4, size - kCheckAt - 4), before);
 }
 
 }  // namespace scene::star_tile_layout

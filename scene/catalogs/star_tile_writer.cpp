@@ -118,7 +118,7 @@ constexpr int kKeyShift = 32;  // the band above the cell of the finest grid
 }  // namespace
 
 struct StarTileWriter::State {
-  explicit State(std::size_t starsInMemory) : mostInMemory(starsInMemory) {}
+  explicit State(std::uint32_t starsInMemory) : mostInMemory(starsInMemory) {}
 
   bool Fail(const std::string& reason) {
     error = path + ": " + reason;
@@ -136,7 +136,7 @@ struct StarTileWriter::State {
   bool TakeCell(std::uint64_t endKey);
   void Report();
 
-  std::size_t mostInMemory;
+  std::uint32_t mostInMemory;
   std::string path, origin, error;
   FileReplacement file;
   std::unique_ptr<StarTileRuns> runs;
@@ -231,7 +231,8 @@ std::string StarTileWriter::State::MakeHeader() const {
 }
 
 StarTileWriter::StarTileWriter() : StarTileWriter(kStarsInMemory) {}
-StarTileWriter::StarTileWriter(std::size_t starsInMemory) : m_State(std::make_unique<State>(starsInMemory)) {}
+StarTileWriter::StarTileWriter(std::uint32_t starsInMemory)
+    : m_State(std::make_unique<State>(starsInMemory)) {}
 StarTileWriter::~StarTileWriter() = default;
 
 std::uint64_t StarTileWriter::GetCount() const { return m_State->count; }

@@ -6,6 +6,7 @@
 
 #include "skydata/build/catalog_files.h"
 #include "skydata/build/catalogs.h"
+#include "skydata/build/star_tiles.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/files/year_limits.h"
@@ -114,6 +115,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddSettings(source / "views", "views", out, files);
   AddCatalogs(source, files);
   AddCatalogFiles(source, files);
+  files["catalogs/stars.tiles"] = MakeStarTiles(source, out).bytes;  // its origin: stars.source.md
   AddPanoramaPictures(source / "surface", files);
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);

@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include "skydata/build/star_catalog.h"
+
 #include <set>
 
+#include "scene/directions.h"
 #include "skydata/build/catalog_text.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/source_table.h"
@@ -47,6 +50,7 @@ const std::vector<std::string> kCatalogColumns = {
     "ProperName:text", "Bayer:text",       "Flamsteed:text",    "HipparcosID:i32"};
 
 constexpr int kMaxNumber = 999999999;
+constexpr double kBrightest = -2.0, kFaintest = 30.0;
 constexpr double kMaxMotion = 20000.0;   // mas/yr; the fastest star has 10400 (Barnard's Star)
 constexpr double kMaxParallax = 1000.0;  // mas; the nearest star has 769
 constexpr double kMaxVelocity = 1000.0;  // km/s
@@ -54,7 +58,7 @@ constexpr double kMaxVelocity = 1000.0;  // km/s
 void AddStar(const SourceTable& table, int row, CatalogText& catalog) {
   catalog.AddAngle(table.GetNumber(row, kRA, 0.0, 360.0));
   catalog.AddAngle(table.GetNumber(row, kDec, -90.0, 90.0));
-  catalog.AddFloat(table.GetNumber(row, kMagnitude, -2.0, 30.0));
+  catalog.AddFloat(table.GetNumber(row, kMagnitude, kBrightest, kFaintest));
   catalog.AddFloat(table.FindNumber(row, kColorIndex, -2.0, 10.0));
   catalog.AddText(table.GetText(row, kSpectralType));
   catalog.AddFloat(table.FindNumber(row, kMotionRA, -kMaxMotion, kMaxMotion));
@@ -72,6 +76,19 @@ void AddStar(const SourceTable& table, int row, CatalogText& catalog) {
 }
 
 }  // namespace
+
+std::vector<BrightStar> ReadBrightStars(const std::filesystem::path& source) {
+  const SourceTable table(source / "stars" / "stars.tsv", kSourceColumns);
+  std::vector<BrightStar> stars;
+  for (int row = 0; row < table.GetRowCount(); ++row) {
+    const bool hasHip = !table.GetText(row, kHipparcos).empty();
+    stars.push_back({table.GetNumber(row, kRA, 0.0, 360.0) * scene::kRadiansPerDegree,
+                     table.GetNumber(row, kDec, -90.0, 90.0) * scene::kRadiansPerDegree,
+                     table.GetNumber(row, kMagnitude, kBrightest, kFaintest),
+                     hasHip ? table.GetInteger(row, kHipparcos, 1, kMaxNumber) : 0});
+  }
+  return stars;
+}
 
 std::string MakeStarCatalog(const std::filesystem::path& source) {
   const SourceTable table(source / "stars" / "stars.tsv", kSourceColumns);

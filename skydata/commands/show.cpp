@@ -12,6 +12,7 @@
 #include "skydata/settings/dump.h"
 #include "skydata/settings/reader/file_reader.h"
 #include "skydata/show/files.h"
+#include "utils/numbers.h"
 
 namespace skydata {
 namespace {
@@ -19,6 +20,7 @@ namespace {
 struct Arguments {
   std::string file;
   std::string kindName;  // "": the file's name says it
+  std::string cell;      // BAND:CELL of a tile catalog, "": its bands
   bool isJson = false;
 };
 
@@ -50,18 +52,31 @@ bool CanShow(DataKind kind) {
   return false;
 }
 
+ShownTable ShowStarTiles(const Arguments& arguments) {
+  if (arguments.cell.empty()) return ShowStarBands(arguments.file);
+  int band = 0, cell = 0;
+  std::string_view text = arguments.cell;
+  const bool hasBand = TakeNumber(text, band, 0) && !text.empty() && text.front() == ':';
+  if (hasBand) text.remove_prefix(1);
+  if (!hasBand || !TakeNumber(text, cell, 0) || !text.empty()) throw UsageError("--cell", "wants BAND:CELL");
+  return ShowStarCell(arguments.file, band, static_cast<unsigned>(cell));
+}
+
 int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& errors) {
   const DataKind kind = FindKind(arguments);
   if (!CanShow(kind)) {
     errors << arguments.file << ": nothing is known of a file of this name; --as says what it is\n";
     return kBadUsage;
   }
-  const std::string bytes = ReadFile(arguments.file);
+  const bool isTiles = kind == DataKind::kStarTiles;
+  if (!isTiles && !arguments.cell.empty()) throw UsageError("--cell", "is for tile catalogs of stars");
+  const std::string bytes = isTiles ? "" : ReadFile(arguments.file);
+  if (isTiles && !arguments.isJson) output << DescribeStarTiles(arguments.file);
   if (kind == DataKind::kSettings && !arguments.isJson) {
     WriteSettingsText(ReadSettingsFile(bytes, FieldNames()), output);
     return kDone;
   }
-  const ShownTable table = ShowFileOf(kind, arguments.file, bytes);
+  const ShownTable table = isTiles ? ShowStarTiles(arguments) : ShowFileOf(kind, arguments.file, bytes);
   output << (arguments.isJson ? FormatTableAsJson(table) : FormatTable(table));
   if (table.unreadable == 0) return kDone;
   errors << arguments.file << ": " << table.unreadable << " records cannot be read (skydata lint says why)\n";
@@ -77,6 +92,9 @@ Action DeclareShow(CLI::App& command) {
   command.add_option("FILE", arguments->file, "file of a data root or a work area")->required();
   command.add_option("--as", arguments->kindName, "what the file is; else its name says it")
       ->check(CLI::IsMember(names));
+  command
+      .add_option("--cell", arguments->cell, "the stars of a cell of a tile catalog, in place of its bands")
+      ->type_name("BAND:CELL");
   command.add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
   return
       [arguments](std::ostream& output, std::ostream& errors) { return RunShow(*arguments, output, errors); };

@@ -16,6 +16,7 @@ enum class DataKind {
   kYearLimits,
   kCatalogTable,
   kTwoLineElements,
+  kStarTiles,
   kPlanets,
   kObservationTimes,
   kArticles,

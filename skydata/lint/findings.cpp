@@ -60,6 +60,7 @@ const std::vector<LintKind>& GetLintKinds() {
       {"bad-header", kError},
       {"missing-column", kError},
       {"two-line-elements", kError},
+      {"damaged-cell", kError},
       {"year-limits", kError},
       {"reader-message", kError},
       {"reader-differs", kError},

@@ -50,6 +50,7 @@ enum class LintCode {
   kBadHeader,
   kMissingColumn,
   kTwoLineElements,
+  kDamagedCell,
   kYearLimits,
   kReaderMessage,
   kReaderDiffers,

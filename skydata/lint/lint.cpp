@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "skydata/lint/lint.h"
-#include "skydata/files/object_names.h"
 
 #include <algorithm>
 
+#include "scene/star_tile_record.h"
+#include "skydata/files/object_names.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/lint/rules.h"
 #include "utils/path.h"
+#include "utils/text.h"
 
 namespace skydata {
 namespace {
@@ -24,6 +26,7 @@ constexpr KindRule kRules[] = {{DataKind::kStrings, LintStrings},
                                {DataKind::kYearLimits, LintYearLimits},
                                {DataKind::kCatalogTable, LintCatalog},
                                {DataKind::kTwoLineElements, LintTwoLineElements},
+                               {DataKind::kStarTiles, LintStarTiles},
                                {DataKind::kPlanets, LintPlanets},
                                {DataKind::kObservationTimes, LintObservationTimes},
                                {DataKind::kArticles, LintArticles},
@@ -57,7 +60,7 @@ void AddFile(const fs::path& path, LintRun& run) {
   file.kind = KindOfName(file.name);
   if (file.kind == DataKind::kOthers) return;
   try {
-    file.bytes = ReadFile(path);
+    if (file.kind != DataKind::kStarTiles) file.bytes = ReadFile(path);
     run.files.push_back(std::move(file));
   } catch (const SourceError&) {
     LintReport(file.name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the file cannot be read");
@@ -118,7 +121,8 @@ LintFindings Lint(const fs::path& root) {
 }
 
 void CheckReference(const LintRun& run, int kind, int number, int line, int column, LintReport& report) {
-  if (!run.objects.IsMissing(kind, number)) return;
+  const bool isImported = kind == FourCC("star") && number > scene::kImportedNumbers;
+  if (isImported || !run.objects.IsMissing(kind, number)) return;
   report.Add(LintCode::kDanglingReference, line, column, "no catalog has " + NameObject(kind, number));
 }
 

@@ -51,6 +51,7 @@ void CollectObjects(const LintFile& file, LintRun& run) {
   if (file.kind == DataKind::kCatalogTable) CollectCatalog(file, run);
   if (file.kind == DataKind::kPlanets) CollectBodies(file, run);
   if (file.kind == DataKind::kTwoLineElements) CollectSatellites(file, run);
+  if (file.kind == DataKind::kStarTiles) CollectStarTiles(file, run);
 }
 
 }  // namespace skydata

@@ -23,7 +23,7 @@ struct LintFile {
   std::string name;  // below the root, with '/'
   std::string path;  // for readers
   DataKind kind = DataKind::kUnknown;
-  std::string bytes;
+  std::string bytes;  // not of tile catalogs, which may be larger than the memory
 };
 
 struct LintRun {
@@ -37,6 +37,7 @@ struct LintRun {
 
 void LintCatalog(const LintFile& file, LintRun& run);
 void LintTwoLineElements(const LintFile& file, LintRun& run);
+void LintStarTiles(const LintFile& file, LintRun& run);
 void LintPlanets(const LintFile& file, LintRun& run);
 void LintObservationTimes(const LintFile& file, LintRun& run);
 void LintArticles(const LintFile& file, LintRun& run);
@@ -64,6 +65,7 @@ void LintGazetteers(LintRun& run);
 // Puts the objects and labels of a catalog into the run, for those that refer to them.
 void CollectObjects(const LintFile& file, LintRun& run);
 void CollectSatellites(const LintFile& file, LintRun& run);
+void CollectStarTiles(const LintFile& file, LintRun& run);
 
 // A finding when a catalog of that kind is there and has no such object.
 void CheckReference(const LintRun& run, int kind, int number, int line, int column, LintReport& report);

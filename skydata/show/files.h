@@ -23,6 +23,12 @@ ShownTable ShowImages(const std::string& bytes);
 ShownTable ShowDeepskyImages(const std::string& bytes);
 ShownTable ShowCatalog(const std::string& bytes);
 ShownTable ShowTwoLineElements(const std::string& bytes);
+// The bands of a tile catalog, and the stars of one of its cells. What is no tile catalog, and a cell that is
+// not there, throws std::runtime_error with one line.
+ShownTable ShowStarBands(const std::string& path);
+ShownTable ShowStarCell(const std::string& path, int band, unsigned cell);
+// Its stars, their numbers and where they come from: two lines.
+std::string DescribeStarTiles(const std::string& path);
 ShownTable ShowSettings(const std::string& bytes);
 // The meteor showers of a string table in the language of its folder.
 ShownTable ShowShowers(const std::string& path);

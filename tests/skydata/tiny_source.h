@@ -20,6 +20,7 @@ class TinySource {
           "HR\tRA_deg\tDec_deg\tV_mag\tB-V_mag\tSpectralType\tpmRAcosDec_mas_yr\tpmDec_mas_yr\tParallax_mas\t"
           "RadialVelocity_km_s\tName\tBayer\tFlamsteed\tHIP\n"
           "7\t1\t1\t1\t\t\t\t\t25\n1\t1\t1\t1\t\t\t\t\t-3\n3\t1\t1\t1\n2\t1\t1\t1\t\t\t\t\t10\n");
+    Write("stars/hipparcos.tsv", "HIP\tRA_deg\tDec_deg\tV_mag\tB-V_mag\n8\t20\t-30\t9.5\t0.6\n");
     Write("deepsky/messier.tsv",
           "Messier\tNGC_IC\tName\tType\tV_mag\tLargest_arcmin\tSmallest_arcmin\tRA_deg\tDec_deg\n"
           "13\t\t\tglobular cluster\t5.8\t20\t20\t250\t36\n31\t\t\tspiral galaxy\t3.4\t178\t63\t10\t41\n");

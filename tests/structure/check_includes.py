@@ -28,15 +28,15 @@ SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "
 for place, room in enumerate(SCENE_ROOMS):
     MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
 
-# The rooms of skydata, which all may use the library.
-ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}}
+# The rooms of skydata, which all may use the library and what the scene reads.
+ROOMS = {"files": set(), "settings/text": {"files"}, "settings/reader": {"files", "settings/text"}, "strings": {"files"}, "stars": {"files"}}
 ROOMS["settings"] = {"files", "settings/text", "settings/reader"}
 for room in ["build", "lint", "show"]:
-    ROOMS[room] = {"strings", "settings", *ROOMS["settings"]}
+    ROOMS[room] = {"strings", "stars", "settings", *ROOMS["settings"]}
 ROOMS["commands"] = {*ROOMS}
 ROOMS[""] = {*ROOMS}
 for room, below in ROOMS.items():
-    MAY_INCLUDE["skydata/" + room] = LIBRARY | {"skydata/" + name for name in below}
+    MAY_INCLUDE["skydata/" + room] = LIBRARY | {"scene/view", "scene/catalogs"} | {"skydata/" + name for name in below}
 
 # Above the libraries: a painter, and the program.
 SCENE = {"scene/" + room for room in SCENE_ROOMS}

@@ -6,7 +6,7 @@
 usage: convert.py ORIGINALS SOURCE
 
 ORIGINALS is a folder that holds the data sets as tables separated by tabs:
-  stars-bsc5/bsc5.tsv, stars-names-iau/iau_names.tsv, deepsky-messier-d3/messier.tsv,
+  stars-bsc5/bsc5.tsv, stars-names-iau/iau_names.tsv, stars-hipparcos-d3/hip.tsv, deepsky-messier-d3/messier.tsv,
   constellations-d3/constellations.tsv, constellations-d3/lines.tsv, milkyway-d3/milkyway.tsv
 SOURCE is the folder to write to, data/source of this tree. The SOURCE.md beside each table says what was taken and
 what was changed. Nothing needs to run this script to build the data root: its results are kept, and edited, here.
@@ -98,6 +98,14 @@ def stars(originals, source):
            "Parallax_mas", "RadialVelocity_km_s", "Name", "Bayer", "Flamsteed", "HIP"), lines())
 
 
+def hipparcos(originals, source):
+    def lines():
+        for row in rows(originals, "stars-hipparcos-d3/hip.tsv"):
+            yield row["HIP"], number(row["RA_deg"]), number(row["DE_deg"]), number(row["Vmag"]), number(row["B-V"])
+
+    write(source, "stars/hipparcos.tsv", ("HIP", "RA_deg", "Dec_deg", "V_mag", "B-V_mag"), lines())
+
+
 def deepsky(originals, source):
     def lines():
         for row in rows(originals, "deepsky-messier-d3/messier.tsv"):
@@ -142,7 +150,7 @@ def milkyway(originals, source):
 def main():
     if len(sys.argv) != 3:
         raise SystemExit(__doc__)
-    for make in (stars, deepsky, constellations, milkyway):
+    for make in (stars, hipparcos, deepsky, constellations, milkyway):
         make(sys.argv[1], sys.argv[2])
 
 

@@ -31,11 +31,11 @@ struct TileStar {
 // After an operation that failed, GetError is one line that names the file, and nothing is open. One thread.
 class SCENE_API StarTileWriter {
  public:
-  static constexpr std::size_t kStarsInMemory = 1u << 21;
+  static constexpr std::uint32_t kStarsInMemory = 1u << 21;
 
   // The second is for tests: how many stars are held in memory.
   StarTileWriter();
-  explicit StarTileWriter(std::size_t starsInMemory);
+  explicit StarTileWriter(std::uint32_t starsInMemory);
   ~StarTileWriter();  // leaves the target as it was, unless it was committed
 
   // Begins a file that replaces `path` (UTF-8). `origin`: where the stars come from and their licence, UTF-8.

@@ -46,7 +46,7 @@ std::vector<TileStar> MakeStars(int count) {
 }
 
 std::string WriteStars(const TempDir& dir, const char* name, const std::vector<TileStar>& stars,
-                       std::size_t inMemory = StarTileWriter::kStarsInMemory) {
+                       std::uint32_t inMemory = StarTileWriter::kStarsInMemory) {
   const std::string path = dir.Path(name);
   StarTileWriter writer(inMemory);
   EXPECT_TRUE(writer.Open(path.c_str(), "a test"));

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "skydata/stars/known_stars.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "astro/constants.h"
+#include "astro/healpix.h"
+#include "astro/vectors.h"
+
+namespace skydata {
+namespace {
+
+constexpr int kOrder = 9;  // cells of 7': few stars in each, and few stars near a border
+
+}  // namespace
+
+void KnownStars::Add(const scene::Direction& direction, double magnitude, bool isPaired) {
+  const auto star = static_cast<std::uint32_t>(m_Stars.size());
+  m_Stars.push_back({direction, magnitude, isPaired});
+  astro::VisitHealpixCone(kOrder, direction.v, kFar * astro::kRadiansPerArcsecond,
+                          [&](std::uint32_t first, std::uint32_t last) {
+                            for (std::uint32_t cell = first; cell <= last; ++cell)
+                              m_Entries.push_back({cell, star});
+                          });
+}
+
+void KnownStars::Sort() {
+  std::sort(m_Entries.begin(), m_Entries.end(), [](const Entry& a, const Entry& b) {
+    return a.cell != b.cell ? a.cell < b.cell : a.star < b.star;
+  });
+}
+
+// visit(star, arc seconds) for the stars within reach.
+template <class Visit>
+void KnownStars::VisitWithin(const scene::Direction& direction, Visit&& visit) const {
+  const std::uint32_t cell = astro::GetHealpixCell(kOrder, direction.v);
+  auto entry = std::lower_bound(m_Entries.begin(), m_Entries.end(), cell,
+                                [](const Entry& a, std::uint32_t b) { return a.cell < b; });
+  for (; entry != m_Entries.end() && entry->cell == cell; ++entry) {
+    const double away =
+        VectorsAngle(direction.v, m_Stars[entry->star].direction.v) / astro::kRadiansPerArcsecond;
+    if (away <= kFar) visit(entry->star, away);
+  }
+}
+
+void KnownStars::NoteNear(const scene::Direction& direction) {
+  VisitWithin(direction, [&](std::uint32_t star, double away) {
+    if (away <= kNear) m_Stars[star].isPaired = true;
+  });
+}
+
+bool KnownStars::Has(const scene::Direction& direction, double magnitude) const {
+  bool isKnown = false;
+  VisitWithin(direction, [&](std::uint32_t index, double away) {
+    const Star& star = m_Stars[index];
+    isKnown |= away <= kNear || (!star.isPaired && std::fabs(star.magnitude - magnitude) <= kSameMagnitude);
+  });
+  return isKnown;
+}
+
+}  // namespace skydata
