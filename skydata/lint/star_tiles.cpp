@@ -44,7 +44,8 @@ void CheckNumbers(const LintFile& file, std::vector<int>& numbers, LintReport& r
   const bool isShipped = file.name == kShippedTiles;
   const int least = isShipped ? scene::kHipparcosNumbers : scene::kImportedNumbers;
   std::sort(numbers.begin(), numbers.end());
-  if (!numbers.empty() && (numbers.front() <= least || (isShipped && numbers.back() > scene::kImportedNumbers))) {
+  if (!numbers.empty() &&
+      (numbers.front() <= least || (isShipped && numbers.back() > scene::kImportedNumbers))) {
     const int number = numbers.front() <= least ? numbers.front() : numbers.back();
     report.Add(LintCode::kOutOfRange, 0, kNumberColumn,
                "number " + std::to_string(number) + " belongs to the stars of another catalog");
@@ -83,8 +84,7 @@ void LintStarTiles(const LintFile& file, LintRun& run) {
   VisitStars(tiles, [&](int band, std::uint32_t cell, const scene::StarTileRecord& star) {
     ++found[static_cast<std::size_t>(band)];
     numbers.push_back(star.GetNumber());
-    const std::uint32_t wanted =
-        astro::GetHealpixCell(tiles.GetBand(band).order, star.GetDirection().v);
+    const std::uint32_t wanted = astro::GetHealpixCell(tiles.GetBand(band).order, star.GetDirection().v);
     if (wanted == cell || astray++ > 0) return;
     report.Add(LintCode::kOutOfRange, band + 1, kCellColumn,
                "star " + std::to_string(star.GetNumber()) + " stands in cell " + std::to_string(cell) +

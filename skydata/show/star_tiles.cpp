@@ -40,11 +40,11 @@ ShownTable ShowStarBands(const std::string& path) {
   table.columns = {"band", "order", "cells", "stars", "brightest [mag]", "faintest [mag]", "motion [mas/yr]"};
   for (int i = 0; i < tiles.GetBandCount(); ++i) {
     const scene::StarTileBand& band = tiles.GetBand(i);
-    table.rows.push_back({i, band.order, ShownCell::Number(std::to_string(astro::GetHealpixCellCount(band.order))),
-                          ShownCell::Number(std::to_string(band.count)),
-                          ShownCell::Real(GetMagnitude(band.brightest), 3),
-                          ShownCell::Real(GetMagnitude(band.faintest), 3),
-                          ShownCell::Real(band.maxMotion * kMasPerRadian, 1)});
+    table.rows.push_back(
+        {i, band.order, ShownCell::Number(std::to_string(astro::GetHealpixCellCount(band.order))),
+         ShownCell::Number(std::to_string(band.count)), ShownCell::Real(GetMagnitude(band.brightest), 3),
+         ShownCell::Real(GetMagnitude(band.faintest), 3),
+         ShownCell::Real(band.maxMotion * kMasPerRadian, 1)});
   }
   return table;
 }
@@ -57,17 +57,22 @@ ShownTable ShowStarCell(const std::string& path, int band, unsigned cell) {
                              std::to_string(band));
   }
   ShownTable table;
-  table.columns = {"number", "RA [h]", "Dec [deg]", "V [mag]", "B-V [mag]", "motion east [mas/yr]",
+  table.columns = {"number",
+                   "RA [h]",
+                   "Dec [deg]",
+                   "V [mag]",
+                   "B-V [mag]",
+                   "motion east [mas/yr]",
                    "motion north [mas/yr]"};
   const scene::StarTileRecords stars = tiles.GetStars(band, cell);
   for (std::uint32_t i = 0; i < stars.GetCount(); ++i) {
     const scene::StarTileRecord star = stars[i];
-    table.rows.push_back({star.GetNumber(), ShownCell::Real(star.GetRAUnits() / kUnitsPerDegree / kDegreesPerHour, 7),
-                          ShownCell::Real(star.GetDecUnits() / kUnitsPerDegree, 6),
-                          ShownCell::Real(star.GetMillimagnitudes() / 1000.0, 3),
-                          star.GetColour() == star.GetColour() ? ShownCell::Real(star.GetColour(), 3)
-                                                               : ShownCell::Missing(),
-                          ShowMotion(star, star.GetMotionEast()), ShowMotion(star, star.GetMotionNorth())});
+    table.rows.push_back(
+        {star.GetNumber(), ShownCell::Real(star.GetRAUnits() / kUnitsPerDegree / kDegreesPerHour, 7),
+         ShownCell::Real(star.GetDecUnits() / kUnitsPerDegree, 6),
+         ShownCell::Real(star.GetMillimagnitudes() / 1000.0, 3),
+         star.GetColour() == star.GetColour() ? ShownCell::Real(star.GetColour(), 3) : ShownCell::Missing(),
+         ShowMotion(star, star.GetMotionEast()), ShowMotion(star, star.GetMotionNorth())});
   }
   table.unreadable = tiles.HasDamage() ? 1 : 0;
   return table;

@@ -22,12 +22,12 @@ constexpr int kBarnard = kHipparcosNumbers + 87937, kImported = kImportedNumbers
 class TileStarSearch : public host_test::WhyFixture {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(host_test::WriteTiles(
-        f.sky.dir.Path("data/catalogs/stars.tiles"),
-        {{kBarnard, 269.45207 * kRadiansPerDegree, 4.69339 * kRadiansPerDegree, 9.54, 1.57, -798.6, 10328.1}}));
-    ASSERT_TRUE(host_test::WriteTiles(
-        f.sky.dir.Path("data/catalogs/deep_stars.tiles"),
-        {{kImported, 269.46 * kRadiansPerDegree, 4.70 * kRadiansPerDegree, 10.5}}));
+    ASSERT_TRUE(host_test::WriteTiles(f.sky.dir.Path("data/catalogs/stars.tiles"),
+                                      {{kBarnard, 269.45207 * kRadiansPerDegree, 4.69339 * kRadiansPerDegree,
+                                        9.54, 1.57, -798.6, 10328.1}}));
+    ASSERT_TRUE(
+        host_test::WriteTiles(f.sky.dir.Path("data/catalogs/deep_stars.tiles"),
+                              {{kImported, 269.46 * kRadiansPerDegree, 4.70 * kRadiansPerDegree, 10.5}}));
     UseCatalogs();
     f.SetTime(2026, 7, 1, 22, 0);
   }
