@@ -5,6 +5,7 @@
 change of a file format. Formats: docs/formats/settings_file.md; RFC 8536 for compiled time zones; the inputs of
 record_conversion: its source."""
 import struct
+import zlib
 from pathlib import Path
 
 CORPUS = Path(__file__).parent / "corpus"
@@ -234,7 +235,51 @@ def orbit_seeds():
         save(target, name + "_repaired", f"c{first}\n{second}".encode())
 
 
+def star(ra, dec, magnitude, colour, east, north, number):
+    """Degrees, magnitudes, milliarcseconds a year; None is unknown."""
+    thousandths = lambda value: -32768 if value is None else round(value * 1000)
+    halves = lambda value: -32768 if value is None else round(value * 2)
+    return struct.pack("<IihhhhI", round(ra / 360 * 2**32), round(dec / 360 * 2**32), thousandths(magnitude),
+                       thousandths(colour), halves(east), halves(north), number)
+
+
+def tiles(origin, *bands):
+    """bands: (order, largest motion, {cell: stars}); docs/formats/star_tiles.md."""
+    entries, body, numbers = b"", b"", []
+    for band, (order, motion, cells) in enumerate(bands):
+        records, index, first = b"", b"", 0
+        for cell in range(12 << 2 * order):
+            stars = cells.get(cell, [])
+            check = zlib.crc32(struct.pack("<IIII", band, cell, first, len(stars)) + b"".join(stars))
+            index += struct.pack("<II", first, check)
+            records += b"".join(stars)
+            first += len(stars)
+        each = [struct.unpack("<IihhhhI", records[i:i + 20]) for i in range(0, len(records), 20)]
+        magnitudes = [record[2] for record in each]
+        numbers += [record[6] for record in each]
+        entries += struct.pack("<IhhII", order, min(magnitudes), max(magnitudes), len(each), motion)
+        body += records + index
+    size = 48 + len(entries) + len(origin)
+    header = struct.pack("<8sII4xIQQII", b"STARTILE", 1, size, len(bands), len(numbers), size + len(body),
+                         min(numbers, default=0), max(numbers, default=0)) + entries + origin
+    return header[:16] + struct.pack("<I", zlib.crc32(header)) + header[20:] + body
+
+
+def star_tile_seeds():
+    target = "star_tiles"
+    slow = star(45, -30, 9.1, 0.482, None, None, 1000001)
+    fast = star(269.452, 4.6935, 9.54, None, -798.5, 10328, 1087937)
+    two = tiles(b"Two stars", (0, 20718, {7: [fast]}), (0, 0, {8: [slow]}))
+    save(target, "empty", b"")
+    save(target, "without_stars", tiles(b""))
+    save(target, "two_stars", two)
+    save(target, "cut", two[:200])
+    save(target, "finer_grid", tiles(b"", (1, 0, {i: [star(i, 0, 7 + j / 10, 1, None, None, 100 * i + j + 1) for j in range(5)]
+                                                  for i in range(0, 48, 3)})))
+
+
 if __name__ == "__main__":
+    star_tile_seeds()
     orbit_seeds()
     conversion_seeds()
     settings_seeds()

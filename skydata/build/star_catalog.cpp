@@ -85,6 +85,8 @@ std::vector<BrightStar> ReadBrightStars(const std::filesystem::path& source) {
     stars.push_back({table.GetNumber(row, kRA, 0.0, 360.0) * scene::kRadiansPerDegree,
                      table.GetNumber(row, kDec, -90.0, 90.0) * scene::kRadiansPerDegree,
                      table.GetNumber(row, kMagnitude, kBrightest, kFaintest),
+                     table.FindNumber(row, kMotionRA, -kMaxMotion, kMaxMotion).value_or(0.0),
+                     table.FindNumber(row, kMotionDec, -kMaxMotion, kMaxMotion).value_or(0.0),
                      hasHip ? table.GetInteger(row, kHipparcos, 1, kMaxNumber) : 0});
   }
   return stars;

@@ -11,7 +11,8 @@ namespace skydata {
 struct BrightStar {
   double ra, dec;  // radians
   double magnitude;
-  int hip;  // 0: none
+  double motionEast, motionNorth;  // milliarcseconds a year, 0 when unknown
+  int hip;                         // 0: none
 };
 
 // Throws SourceError when the table is not as it should be.

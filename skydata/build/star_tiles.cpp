@@ -12,6 +12,7 @@
 #include "skydata/build/star_catalog.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/stars/known_stars.h"
+#include "skydata/stars/motion.h"
 
 namespace skydata {
 namespace {
@@ -56,7 +57,9 @@ StarTilesFile MakeStarTiles(const std::filesystem::path& source, const std::file
   KnownStars bright;
   std::set<int> brightHip;
   for (const BrightStar& star : ReadBrightStars(source)) {
-    bright.Add(scene::MakeDirection(star.ra, star.dec), star.magnitude, star.hip > 0);
+    bright.Add(scene::MakeDirection(star.ra, star.dec),
+               MakeMotion(star.ra, star.dec, star.motionEast, star.motionNorth), star.magnitude,
+               star.hip > 0);
     if (star.hip > 0) brightHip.insert(star.hip);
   }
   bright.Sort();

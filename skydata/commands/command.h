@@ -57,6 +57,8 @@ Action DeclareSettingsConvert(CLI::App& command);
 Action DeclareSettingsExplain(CLI::App& command);
 Action DeclareSettingsSet(CLI::App& command);
 
+Action DeclareStarsImport(CLI::App& command);
+
 Action DeclareStringsCheck(CLI::App& command);
 Action DeclareStringsShow(CLI::App& command);
 Action DeclareStringsPseudo(CLI::App& command);

@@ -14,6 +14,9 @@ const std::vector<Command>& GetCommands() {
       {"explain", "say where the value of a field comes from", DeclareSettingsExplain, {}},
       {"set", "give one field of a settings file other values", DeclareSettingsSet, {}},
   };
+  static const std::vector<Command> kStars = {
+      {"import", "make a tile catalog of the stars of a file", DeclareStarsImport, {}},
+  };
   static const std::vector<Command> kStrings = {
       {"check", "say what is wrong with string tables", DeclareStringsCheck, {}},
       {"show", "show every text as users see it, with sample values", DeclareStringsShow, {}},
@@ -28,6 +31,7 @@ const std::vector<Command>& GetCommands() {
       {"lint", "say what is wrong with the files of a data root", DeclareLint, {}},
       {"settings", "look into settings files", nullptr, kSettings},
       {"show", "print a data file, one line a record", DeclareShow, {}},
+      {"stars", "take further stars into the data root", nullptr, kStars},
       {"strings", "check, show and disguise string tables", nullptr, kStrings},
   };
   return kCommands;

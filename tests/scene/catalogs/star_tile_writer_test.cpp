@@ -3,7 +3,9 @@
 #include "scene/star_tile_writer.h"
 
 #include <cmath>
+#include <fstream>
 #include <limits>
+#include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -125,6 +127,28 @@ TEST(StarTileWriter, CrowdedPlaceIsStored) {
   EXPECT_EQ(tiles.GetBandCount(), 1);
   EXPECT_EQ(tiles.GetBand(0).order, 5) << "12288 cells";
   for (int i = 1; i <= kStars; i += 999) EXPECT_EQ(tiles.FindNumber(i).GetCount(), 1u);
+}
+
+// docs/formats/star_tiles.md shows these bytes.
+TEST(StarTileWriter, MakesTheBytesOfThePage) {
+  const TempDir dir;
+  StarTileWriter writer;
+  constexpr double kDegree = scene::kRadiansPerDegree;
+  ASSERT_TRUE(writer.Open(dir.Path("t.tiles").c_str(), "Two stars"));
+  ASSERT_TRUE(writer.Add({1000001, 45.0 * kDegree, -30.0 * kDegree, 9.1, 0.482}));
+  ASSERT_TRUE(
+      writer.Add({1087937, 269.452 * kDegree, 4.6935 * kDegree, 9.54, TileStar::kUnknown, -798.5, 10328.0}));
+  ASSERT_TRUE(writer.Commit());
+  std::ifstream page(CI_STAR_TILES_PAGE);
+  std::string wanted;
+  for (std::string line; std::getline(page, line);) {
+    const bool isDump = line.size() > 6 && line.substr(3, 2) == "  " &&
+                        line.find_first_not_of("0123456789ABCDEF \r") == std::string::npos;
+    std::istringstream bytes(isDump ? line.substr(5) : "");
+    for (int byte; bytes >> std::hex >> byte;) wanted += static_cast<char>(byte);
+  }
+  EXPECT_EQ(wanted.size(), 321u);
+  EXPECT_EQ(dir.Read("t.tiles"), wanted);
 }
 
 TEST(StarTileWriter, ProgressRisesToTheEnd) {
