@@ -51,7 +51,8 @@ class StarGenerator {
                      kPoleDec = 27.12825 * scene::kRadiansPerDegree,
                      kNode = 122.93192 * scene::kRadiansPerDegree;
     const double away = kNode - longitude, cosine = std::cos(latitude);
-    const double sineDec = std::sin(latitude) * std::sin(kPoleDec) + cosine * std::cos(kPoleDec) * std::cos(away);
+    const double sineDec =
+        std::sin(latitude) * std::sin(kPoleDec) + cosine * std::cos(kPoleDec) * std::cos(away);
     star.dec = std::asin(std::clamp(sineDec, -1.0, 1.0));
     star.ra = kPoleRA + std::atan2(cosine * std::sin(away), std::sin(latitude) * std::cos(kPoleDec) -
                                                                 cosine * std::sin(kPoleDec) * std::cos(away));

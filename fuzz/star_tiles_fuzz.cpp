@@ -47,7 +47,8 @@ std::uint32_t Sum(const std::string& bytes, std::size_t from, std::size_t size, 
   return GetCrc32(std::string_view(bytes).substr(from, size), before);
 }
 
-void MendCells(std::string& bytes, std::size_t at, std::uint32_t band, std::uint32_t stars, std::uint32_t cells) {
+void MendCells(std::string& bytes, std::size_t at, std::uint32_t band, std::uint32_t stars,
+               std::uint32_t cells) {
   auto* const begin = reinterpret_cast<unsigned char*>(bytes.data());
   const std::size_t index = at + std::size_t{stars} * 20;
   for (std::uint32_t cell = 0; cell < cells; ++cell) {
@@ -94,6 +95,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   LookEverywhere(scratch.Write("data/a.tiles", data, size), size);
   std::string bytes(reinterpret_cast<const char*>(data), size);
   Mend(bytes);
-  LookEverywhere(scratch.Write("data/b.tiles", reinterpret_cast<const std::uint8_t*>(bytes.data()), size), size);
+  LookEverywhere(scratch.Write("data/b.tiles", reinterpret_cast<const std::uint8_t*>(bytes.data()), size),
+                 size);
   return 0;
 }
