@@ -46,10 +46,6 @@ void ViewGeometry::Project(std::span<const Direction> directions, SkyFrameOf fra
   }
 }
 
-bool ViewGeometry::IsInside(const tPoint<double>& p, double margin) const {
-  return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
-}
-
 // The picture of a cap is a disc, in which straight stretches between its points stay, unless it holds the
 // point opposite to the view.
 bool ViewGeometry::MayReach(const SkyCap& cap) const {

@@ -35,7 +35,9 @@ struct ViewGeometry {
   void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
   // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
   // not finite.
-  bool IsInside(const tPoint<double>& p, double margin) const;
+  bool IsInside(const tPoint<double>& p, double margin) const {
+    return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+  }
   // Whether a point in a cap on J2000 axes, moved by aberration, or a straight stretch between two of them can
   // lie in the window.
   bool MayReach(const SkyCap& cap) const;
