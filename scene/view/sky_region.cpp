@@ -111,6 +111,8 @@ void RegionProjector::AddEdge(const End& from, const End& to) {
   // Where the line a + t (b - a) meets the rim.
   const tPoint<double> d = {b.x - a.x, b.y - a.y};
   const double dd = d.x * d.x + d.y * d.y, ad = a.x * d.x + a.y * d.y, aa = a.x * a.x + a.y * a.y;
+  const bool endIsNearest = ad >= 0.0 || ad + dd <= 0.0;  // to the centre
+  if (!from.inDisc && !to.inDisc && endIsNearest) return AlongRim(b, 0);
   const double root = ad * ad - dd * (aa - rim * rim);
   if (!(root > 0.0)) return AlongRim(b, 0);
   const double enter = (-ad - std::sqrt(root)) / dd, leave = (-ad + std::sqrt(root)) / dd;

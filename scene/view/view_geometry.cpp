@@ -32,23 +32,18 @@ ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) 
   centreHorizon = MakeDirection(camera.GetViewAngles().lon, camera.GetViewAngles().lat);
 }
 
-tPoint<double> ViewGeometry::Project(const Direction& direction, SkyFrameOf frame) const {
-  tPoint<double> p;
-  if (frame == SkyFrameOf::kJ2000) {
-    camera.RA_Dec2K2PixD(direction.v, &p);
-  } else {
-    camera.RA_Dec2PixD(direction.v, &p);
-  }
-  return p;
-}
+static_assert(sizeof(Direction) == 3 * sizeof(double), "a row of directions is a row of vectors");
 
 void ViewGeometry::Project(std::span<const Direction> directions, SkyFrameOf frame,
                            tPoint<double>* pixels) const {
-  for (const Direction& direction : directions) *pixels++ = Project(direction, frame);
-}
-
-bool ViewGeometry::IsInside(const tPoint<double>& p, double margin) const {
-  return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+  if (directions.empty()) return;
+  const double* const first = directions.front().v;
+  const int count = static_cast<int>(directions.size());
+  if (frame == SkyFrameOf::kJ2000) {
+    camera.BatchRA_Dec2K2PixD(first, pixels, count);
+  } else {
+    camera.BatchRA_Dec2PixD(first, pixels, count);
+  }
 }
 
 // The picture of a cap is a disc, in which straight stretches between its points stay, unless it holds the

@@ -22,12 +22,22 @@ enum class SkyFrameOf { kJ2000, kHorizon };
 struct ViewGeometry {
   explicit ViewGeometry(const CommonInterfaces::Camera& camera);
 
-  tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const;
+  tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const {
+    tPoint<double> p;
+    if (frame == SkyFrameOf::kJ2000) {
+      camera.RA_Dec2K2PixD(direction.v, &p);
+    } else {
+      camera.RA_Dec2PixD(direction.v, &p);
+    }
+    return p;
+  }
   // The same of many: as many pixels as there are directions.
   void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
   // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
   // not finite.
-  bool IsInside(const tPoint<double>& p, double margin) const;
+  bool IsInside(const tPoint<double>& p, double margin) const {
+    return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+  }
   // Whether a point in a cap on J2000 axes, moved by aberration, or a straight stretch between two of them can
   // lie in the window.
   bool MayReach(const SkyCap& cap) const;
