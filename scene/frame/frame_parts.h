@@ -10,7 +10,9 @@
 #include "scene/frame/image_frames.h"
 #include "scene/frame/marker_marks.h"
 #include "scene/frame/milky_way_picture.h"
+#include "scene/frame/nebula_clouds.h"
 #include "scene/frame/shower_radiants.h"
+#include "scene/frame/sky_boundaries.h"
 #include "scene/frame/sky_figures.h"
 #include "scene/frame/sky_horizon.h"
 #include "scene/frame/sky_objects.h"
@@ -27,7 +29,9 @@ struct FrameParts {
   MarkerMarks markers;
   MilkyWayPicture milkyWay;
   SkyHorizon horizon;
+  SkyBoundaries boundaries;
   SkyFigures figures;
+  NebulaClouds nebulae;
   SolarSystemPart solarSystem;
   SkyObjects objects;
   FavouriteMarks favourites;

@@ -51,6 +51,13 @@ const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
 
 const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
 
+float ObjectTests::GetFaintestDeepskyCode() const {
+  const auto faintest =
+      std::max_element(m_Deepsky.begin(), m_Deepsky.end(),
+                       [](const auto& a, const auto& b) { return a.limits.draw < b.limits.draw; });
+  return faintest->limits.draw;
+}
+
 double ObjectTests::StarRadius(float code) const {
   return m_Geometry.unit * GetDotRadius(m_StarLimits, code);
 }
@@ -93,10 +100,14 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   return found.obstacles;
 }
 
-bool ObjectTests::IsFigureDrawn(int constellation) const {
-  if (!m_Shown.figures || m_ConstellationFilter.IsEmpty()) return m_Shown.figures;
+bool ObjectTests::PassesConstellationFilter(int constellation) const {
+  if (m_ConstellationFilter.IsEmpty()) return true;
   return constellation >= 0 && m_ConstellationFilter.Passes(GetTraits(
                                    m_Catalogs.constellations[static_cast<std::size_t>(constellation)]));
+}
+
+bool ObjectTests::IsFigureDrawn(int constellation) const {
+  return m_Shown.figures && PassesConstellationFilter(constellation);
 }
 
 bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {

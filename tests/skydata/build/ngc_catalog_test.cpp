@@ -97,16 +97,16 @@ TEST(NgcCatalog, TypesHaveTheirKindAndSubType) {
     const char *designation, *kind;
     int subType, low;
   };
-  constexpr Known kKnown[] = {{"NGC 7331", "gala", 62, 1733100},  {"NGC 1399", "gala", 63, 1139900},
-                              {"IC 10", "gala", 64, 2001000},     {"NGC 3115", "gala", 65, 1311500},
-                              {"NGC 1499", "nebu", 0, 1149900},   {"NGC 7000", "nebu", 34, 1700000},
-                              {"B 33", "nebu", 35, 3000033},      {"NGC 2237", "nebu", 0, 1223700},
-                              {"NGC 7293", "nebu", 32, 1729300},  {"NGC 6992", "nebu", 33, 1699200},
-                              {"NGC 104", "clst", 41, 1010400},   {"NGC 869", "clst", 40, 1086900},
-                              {"C 14", "clst", 45, 3100014},      {"HCG 92", "gala", 68, 3400092},
-                              {"NGC 1990", "dsnv", 71, 1199000},  {"IC 1", "clst", 44, 2000100},
+  constexpr Known kKnown[] = {{"NGC 7331", "gala", 62, 1733100},    {"NGC 1399", "gala", 63, 1139900},
+                              {"IC 10", "gala", 64, 2001000},       {"NGC 3115", "gala", 65, 1311500},
+                              {"NGC 1499", "nebu", 0, 1149900},     {"NGC 7000", "nebu", 34, 1700000},
+                              {"B 33", "nebu", 35, 3000033},        {"NGC 2237", "nebu", 0, 1223700},
+                              {"NGC 7293", "nebu", 32, 1729300},    {"NGC 6992", "nebu", 33, 1699200},
+                              {"NGC 104", "clst", 41, 1010400},     {"NGC 869", "clst", 40, 1086900},
+                              {"C 14", "clst", 45, 3100014},        {"HCG 92", "gala", 68, 3400092},
+                              {"NGC 1990", "dsnv", 71, 1199000},    {"IC 1", "clst", 44, 2000100},
                               {"IC 80 NED02", "gala", 63, 2008032}, {"ESO 56-115", "gala", 62, 4056115},
-                              {"PGC 3853", "gala", 62, 5003853},  {"UGC 5470", "gala", 63, 15005470}};
+                              {"PGC 3853", "gala", 62, 5003853},    {"UGC 5470", "gala", 63, 15005470}};
   for (const Known& known : kKnown) {
     const std::size_t i = Ngc().Find("NGC_ICnumber:text", known.designation);
     EXPECT_EQ(Ngc().GetText(i, "Type:text"), known.kind) << known.designation;
@@ -115,9 +115,9 @@ TEST(NgcCatalog, TypesHaveTheirKindAndSubType) {
 }
 
 TEST(NgcCatalog, EntriesOfOtherFormsHaveNoNumber) {
-  for (const char* name : {"", "NGC", "NGC ", "NGC x", "NGC 7841", "NGC 224 ", "NGC 224AB", "NGC 224 NED00",
-                           "NGC 224 NED30", "NGC 224 NED1", "NGC -1", "IC 5387", "B 33A", "ESO 56", "ESO 56-",
-                           "ESO 56-1150", "M 111", "XYZ 1"}) {
+  for (const char* name :
+       {"", "NGC", "NGC ", "NGC x", "NGC 7841", "NGC 224 ", "NGC 224AB", "NGC 224 NED00", "NGC 224 NED30",
+        "NGC 224 NED1", "NGC -1", "IC 5387", "B 33A", "ESO 56", "ESO 56-", "ESO 56-1150", "M 111", "XYZ 1"}) {
     EXPECT_EQ(FindEntryNumber(name), std::nullopt) << name;
   }
   EXPECT_EQ(FindEntryNumber("NGC 61A"), 1006101);
@@ -137,7 +137,8 @@ TEST(NgcCatalog, TypicalColoursAreTheMediansOfTheTable) {
   const SourceTable& source = Entries().GetTable();
   std::map<std::string, std::vector<double>> colours;
   for (int row = 0; row < source.GetRowCount(); ++row) {
-    const auto blue = source.FindNumber(row, kNgcBlue, -2, 30), visual = source.FindNumber(row, kNgcVisual, -2, 30);
+    const auto blue = source.FindNumber(row, kNgcBlue, -2, 30),
+               visual = source.FindNumber(row, kNgcVisual, -2, 30);
     if (!blue || !visual) continue;
     const std::string& type = source.GetText(row, kNgcType);
     const bool has = type == "G" || type == "GCl" || type == "PN";
@@ -165,9 +166,9 @@ TEST(NgcCatalog, NamesOfDuplicatesAndOtherEntriesStay) {
   const auto names = [](const char* designation) {
     return ";" + Ngc().GetText(Ngc().Find("NGC_ICnumber:text", designation), "OtherNames:text") + ";";
   };
-  EXPECT_NE(names("NGC 281").find(";IC 11;"), std::string::npos);    // a duplicate
-  EXPECT_NE(names("NGC 7000").find(";C 20;"), std::string::npos);    // Caldwell's
-  EXPECT_NE(names("C 9").find(";Sh 2-155;"), std::string::npos);     // Sharpless'
+  EXPECT_NE(names("NGC 281").find(";IC 11;"), std::string::npos);  // a duplicate
+  EXPECT_NE(names("NGC 7000").find(";C 20;"), std::string::npos);  // Caldwell's
+  EXPECT_NE(names("C 9").find(";Sh 2-155;"), std::string::npos);   // Sharpless'
   EXPECT_NE(names("NGC 224").find(";PGC 2557;"), std::string::npos);
   EXPECT_NE(names("C 41").find(";Cr 50;Mel 25;"), std::string::npos);
   EXPECT_EQ(names("NGC 5457").find("M 102"), std::string::npos) << "Messier's list has another for 102";
@@ -177,7 +178,8 @@ TEST(NgcCatalog, NamesOfDuplicatesAndOtherEntriesStay) {
 // IC 4703 shares the name Eagle Nebula with M 16.
 TEST(NgcCatalog, NamesOfMessiersObjectsAreTheirsAlone) {
   std::set<std::string> names;
-  for (std::size_t i = 0; i < Messier().GetCount(); ++i) names.insert(Messier().GetText(i, "ProperName:text"));
+  for (std::size_t i = 0; i < Messier().GetCount(); ++i)
+    names.insert(Messier().GetText(i, "ProperName:text"));
   names.erase("");
   for (std::size_t i = 0; i < Ngc().GetCount(); ++i) {
     if (!Ngc().GetText(i, "MessierNumber:i32").empty()) continue;
@@ -200,8 +202,8 @@ TEST(NebulaOutlines, EveryContourNamesItsObjectWhereThereIsOne) {
   }
   EXPECT_EQ(contours, 513);
   EXPECT_EQ(objects.size(), 193u);
-  EXPECT_EQ(regions, (std::set<std::string>{"Antlia", "Cepheus", "CoronaAustralis", "Cygnus", "LBN 1032", "LBN 1037",
-                                            "Orion", "Puppis", "Scorpion", "Vela"}));
+  EXPECT_EQ(regions, (std::set<std::string>{"Antlia", "Cepheus", "CoronaAustralis", "Cygnus", "LBN 1032",
+                                            "LBN 1037", "Orion", "Puppis", "Scorpion", "Vela"}));
   EXPECT_EQ(outlines.GetText(outlines.Find("Object:text", "NGC 1976"), "Number:i32"), NumberOf(30, 42));
 }
 

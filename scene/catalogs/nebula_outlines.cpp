@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/nebula_outlines.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <string>
+
+#include "astro/vectors.h"
+#include "common_interfaces/field_names.h"
+#include "utils/debug.h"
+#include "utils/text.h"
+
+namespace scene {
+namespace {
+
+using CommonInterfaces::FieldIds;
+
+constexpr int kLevels = 3;
+
+const int kObject = GetUniqueID("Object"), kLevel = GetUniqueID("Level");  // columns of this table alone
+
+// The middle of the outline and how far it reaches, once it has all its points.
+void Measure(const NebulaOutlines& all, NebulaOutline& outline) {
+  const NebulaArea &first = all.areas[static_cast<std::size_t>(outline.firstArea)],
+                   &last = all.areas[static_cast<std::size_t>(outline.firstArea + outline.areaCount - 1)];
+  const int begin = all.rings[static_cast<std::size_t>(first.firstRing)].first;
+  const NebulaRing& end = all.rings[static_cast<std::size_t>(last.firstRing + last.ringCount - 1)];
+  Direction sum = {};
+  for (int i = begin; i < end.first + end.count; ++i) {
+    for (int k = 0; k < 3; ++k) sum.v[k] += all.points[static_cast<std::size_t>(i)].v[k];
+  }
+  outline.centre = Normalised(sum);
+  outline.radius = 0.0;
+  for (int i = begin; i < end.first + end.count; ++i) {
+    outline.radius = std::max(outline.radius,
+                              VectorsAngle(outline.centre.v, all.points[static_cast<std::size_t>(i)].v));
+  }
+}
+
+// Takes the vertices one after the other; a vertex with a level begins a ring.
+class OutlineReader {
+ public:
+  OutlineReader(NebulaOutlines& all, const DeepskyCatalog& objects) : m_All(all) {
+    for (std::size_t i = 0; i < objects.size(); ++i)
+      m_Objects.emplace(std::pair(objects[i].kind, objects[i].number), static_cast<int>(i));
+  }
+
+  // False for one that has no place in an outline.
+  bool Add(const CatalogTable& table) {
+    constexpr double kMissing = std::numeric_limits<double>::infinity();
+    const double ra = FieldNumber(table, FieldIds::RA, kMissing), dec = FieldNumber(table, FieldIds::Dec, kMissing),
+                 level = FieldNumber(table, kLevel, 0.0);
+    const bool isPlaced = ra + dec < kMissing;
+    if (level != 0.0) m_InRing = level >= 1.0 && level <= kLevels && isPlaced;
+    if (!m_InRing || !isPlaced) return false;
+    if (level != 0.0) BeginRing(table, static_cast<int>(level));
+    m_All.points.push_back(MakeDirection(ra, dec));
+    ++m_All.rings.back().count;
+    return true;
+  }
+
+ private:
+  void BeginRing(const CatalogTable& table, int level) {
+    const std::string name = FieldText(table, kObject);
+    if (m_All.outlines.empty() || name != m_Name) {
+      const auto object = m_Objects.find({GetFOURCC(FieldText(table, FieldIds::Type)),
+                                          static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0))});
+      m_All.outlines.push_back({object == m_Objects.end() ? -1 : object->second, {}, 0.0,
+                                static_cast<int>(m_All.areas.size()), 0});
+      m_Name = name;
+      m_Level = 0;
+    }
+    if (level != m_Level) {
+      m_All.areas.push_back({level, static_cast<int>(m_All.rings.size()), 0});
+      ++m_All.outlines.back().areaCount;
+      m_Level = level;
+    }
+    m_All.rings.push_back({static_cast<int>(m_All.points.size()), 0});
+    ++m_All.areas.back().ringCount;
+  }
+
+  NebulaOutlines& m_All;
+  std::map<std::pair<int, int>, int> m_Objects;  // by kind and number
+  std::string m_Name;
+  int m_Level = 0;
+  bool m_InRing = false;
+};
+
+}  // namespace
+
+void NebulaOutlines::Fill(CatalogTable& table, const DeepskyCatalog& objects) {
+  *this = NebulaOutlines();
+  if (table.GetCount() == 0) return;
+  OutlineReader reader(*this, objects);
+  int left = 0;
+  for (int record = 0; record < table.GetCount(); ++record) {
+    table.Select(record);
+    left += !reader.Add(table);
+  }
+  for (auto& outline : outlines) Measure(*this, outline);
+  if (left > 0) PrintDebugString("Outlines of nebulae: %d vertices left out\n", left);
+}
+
+}  // namespace scene
