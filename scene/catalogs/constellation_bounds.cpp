@@ -29,10 +29,12 @@ int FindName(std::string_view abbreviation, const std::vector<ConstellationName>
   return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
-// A parallel bends away from the straight way between two points of it, the more the nearer the pole.
-int CountPieces(double length, double turn) {
-  constexpr double kMostLength = 0.25 * kRadiansPerDegree, kMostTurn = 2.0 * kRadiansPerDegree;
-  return std::max(1, static_cast<int>(std::ceil(std::max(length / kMostLength, turn / kMostTurn))));
+// The middle of the straight way between two points of a parallel lies turn^2 / 8 sin(dec) cos(dec) off it.
+int CountPieces(double turn, double dec, double length) {
+  constexpr double kMostOff = 0.9 / 3600.0 * kRadiansPerDegree, kMostLength = 1.0 * kRadiansPerDegree;
+  const double bend = std::fabs(std::sin(dec) * std::cos(dec)) / 8.0;
+  return std::max(
+      1, static_cast<int>(std::ceil(std::max(turn * std::sqrt(bend / kMostOff), length / kMostLength))));
 }
 
 }  // namespace
@@ -40,7 +42,7 @@ int CountPieces(double length, double turn) {
 void ConstellationBounds::AddEdge(const BoundaryEdge& sides, double ra, double dec, double endRA,
                                   double endDec) {
   const double turn = std::fabs(endRA - ra);
-  const int pieces = CountPieces(turn * std::cos(dec) + std::fabs(endDec - dec), turn);
+  const int pieces = CountPieces(turn, dec, turn * std::cos(dec) + std::fabs(endDec - dec));
   const std::size_t first = m_Points.size();
   for (int i = 0; i <= pieces; ++i) {
     const double part = static_cast<double>(i) / pieces;
@@ -61,11 +63,13 @@ void ConstellationBounds::Fill(CatalogTable& table, const std::vector<Constellat
   int left = 0;
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
-    const double ra = FieldNumber(table, FieldIds::RA, kMissing), dec = FieldNumber(table, FieldIds::Dec, kMissing),
+    const double ra = FieldNumber(table, FieldIds::RA, kMissing),
+                 dec = FieldNumber(table, FieldIds::Dec, kMissing),
                  endRA = FieldNumber(table, kEndRA, kMissing), endDec = FieldNumber(table, kEndDec, kMissing);
     const bool isParallel = dec == endDec && ra < endRA, isMeridian = ra == endRA;
     const auto isAngle = [](double angle) { return std::fabs(angle) <= 2.0 * kPi; };
-    if (!isAngle(ra) || !isAngle(dec) || !isAngle(endRA) || !isAngle(endDec) || (!isParallel && !isMeridian)) {
+    if (!isAngle(ra) || !isAngle(dec) || !isAngle(endRA) || !isAngle(endDec) ||
+        (!isParallel && !isMeridian)) {
       ++left;
       continue;
     }

@@ -62,7 +62,8 @@ std::size_t Collector::AddText(std::string_view text) {
 }
 
 bool Collector::Add(const CatalogTable& table, DeepskyTable from, int record) {
-  const double ra = FieldNumber(table, FieldIds::RA, kMissing), dec = FieldNumber(table, FieldIds::Dec, kMissing),
+  const double ra = FieldNumber(table, FieldIds::RA, kMissing),
+               dec = FieldNumber(table, FieldIds::Dec, kMissing),
                magnitude = FieldNumber(table, FieldIds::VisMagnitude, kMissing);
   const bool hasMagnitude = magnitude < 99.0;
   if (!(ra + dec < kMissing) || (from == kMessierTable && !hasMagnitude)) return false;
@@ -71,22 +72,14 @@ bool Collector::Add(const CatalogTable& table, DeepskyTable from, int record) {
                          properName = FieldText(table, FieldIds::ProperName);
   const float largest = static_cast<float>(FieldNumber(table, FieldIds::LargestDimension, 0.0)),
               smallest = static_cast<float>(FieldNumber(table, FieldIds::SmallestDimension, 0.0));
-  m_Objects.push_back({MakeDirection(ra, dec),
-                       hasMagnitude ? MakeCode(magnitude) : GetCodeOfSize(largest, smallest),
-                       GetFOURCC(FieldText(table, FieldIds::Type)),
-                       static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0)),
-                       largest,
-                       smallest,
-                       static_cast<float>(FieldNumber(table, kPositionAngle, static_cast<double>(kUnknown))),
-                       record,
-                       from,
-                       CatalogBits(designation, messier),
-                       hasMagnitude,
-                       nullptr,
-                       nullptr,
-                       nullptr});
+  m_Objects.push_back(
+      {MakeDirection(ra, dec), hasMagnitude ? MakeCode(magnitude) : GetCodeOfSize(largest, smallest),
+       GetFOURCC(FieldText(table, FieldIds::Type)),
+       static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0)), largest, smallest,
+       static_cast<float>(FieldNumber(table, kPositionAngle, static_cast<double>(kUnknown))), record, from,
+       CatalogBits(designation, messier), hasMagnitude, nullptr, nullptr, nullptr});
   Texts texts = {0, AddText(designation), AddText(properName)};
-  texts.label = messier > 0          ? AddText("M" + std::to_string(messier))
+  texts.label = messier > 0           ? AddText("M" + std::to_string(messier))
                 : designation.empty() ? texts.properName
                                       : texts.designation;
   m_ObjectTexts.push_back(texts);
@@ -116,8 +109,8 @@ int ReadMessier(const CatalogTable& table) {
 }  // namespace
 
 float GetCodeOfSize(float largest, float smallest) {
-  constexpr double kSurface = 23.0, kFaintest = 16.0;          // magnitudes a square second of arc, magnitude
-  constexpr double kSeconds = 3600.0 / kRadiansPerDegree;      // of arc in a radian
+  constexpr double kSurface = 23.0, kFaintest = 16.0;      // magnitudes a square second of arc, magnitude
+  constexpr double kSeconds = 3600.0 / kRadiansPerDegree;  // of arc in a radian
   if (!(largest > 0.0f)) return MakeCode(kFaintest);
   const double a = static_cast<double>(largest) * kSeconds,
                b = smallest > 0.0f ? static_cast<double>(smallest) * kSeconds : a;
@@ -164,7 +157,8 @@ void DeepskyCatalog::Fill() {
   collector.Finish(*this);
   for (DeepskyObject& object : objects) {
     if (const CatalogTable* further = SelectFurther(object))
-      object.positionAngle = static_cast<float>(FieldNumber(*further, kPositionAngle, static_cast<double>(kUnknown)));
+      object.positionAngle =
+          static_cast<float>(FieldNumber(*further, kPositionAngle, static_cast<double>(kUnknown)));
   }
 }
 

@@ -34,8 +34,8 @@ void Measure(const NebulaOutlines& all, NebulaOutline& outline) {
   outline.centre = Normalised(sum);
   outline.radius = 0.0;
   for (int i = begin; i < end.first + end.count; ++i) {
-    outline.radius = std::max(outline.radius,
-                              VectorsAngle(outline.centre.v, all.points[static_cast<std::size_t>(i)].v));
+    outline.radius =
+        std::max(outline.radius, VectorsAngle(outline.centre.v, all.points[static_cast<std::size_t>(i)].v));
   }
 }
 
@@ -50,8 +50,8 @@ class OutlineReader {
   // False for one that has no place in an outline.
   bool Add(const CatalogTable& table) {
     constexpr double kMissing = std::numeric_limits<double>::infinity();
-    const double ra = FieldNumber(table, FieldIds::RA, kMissing), dec = FieldNumber(table, FieldIds::Dec, kMissing),
-                 level = FieldNumber(table, kLevel, 0.0);
+    const double ra = FieldNumber(table, FieldIds::RA, kMissing),
+                 dec = FieldNumber(table, FieldIds::Dec, kMissing), level = FieldNumber(table, kLevel, 0.0);
     const bool isPlaced = ra + dec < kMissing;
     if (level != 0.0) m_InRing = level >= 1.0 && level <= kLevels && isPlaced;
     if (!m_InRing || !isPlaced) return false;
@@ -67,8 +67,11 @@ class OutlineReader {
     if (m_All.outlines.empty() || name != m_Name) {
       const auto object = m_Objects.find({GetFOURCC(FieldText(table, FieldIds::Type)),
                                           static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0))});
-      m_All.outlines.push_back({object == m_Objects.end() ? -1 : object->second, {}, 0.0,
-                                static_cast<int>(m_All.areas.size()), 0});
+      m_All.outlines.push_back({object == m_Objects.end() ? -1 : object->second,
+                                {},
+                                0.0,
+                                static_cast<int>(m_All.areas.size()),
+                                0});
       m_Name = name;
       m_Level = 0;
     }

@@ -26,15 +26,16 @@ NebulaClouds::NebulaClouds(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
   m_Apparent.reserve(longest);
 }
 
-bool NebulaClouds::IsShown(const NebulaOutline& outline, const ObjectTests& tests, const ShownKinds& shown) const {
+bool NebulaClouds::IsShown(const NebulaOutline& outline, const ObjectTests& tests,
+                           const ShownKinds& shown) const {
   if (outline.object < 0) return shown.nebulae;
   ObjectPlace place;
   // Whether the outline reaches the window is another question than where the middle of its object lies.
   return (tests.FindDeepskyObstacles(outline.object, place) & ~static_cast<unsigned>(kOutside)) == 0;
 }
 
-void NebulaClouds::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
-                           const ShownKinds& shown) {
+void NebulaClouds::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                           const ObjectTests& tests, const ShownKinds& shown) {
   m_Picture.Clear();
   m_Clouds.clear();
   const auto& outlines = m_Catalogs.nebulaOutlines.outlines;
@@ -63,7 +64,8 @@ void NebulaClouds::AddOutline(const ViewGeometry& geometry, const ObserverFrame&
 }
 
 // A nebula spans some degrees: the point opposite to any of its own is outside.
-void NebulaClouds::AddArea(const ViewGeometry& geometry, const ObserverFrame& observer, const NebulaArea& area) {
+void NebulaClouds::AddArea(const ViewGeometry& geometry, const ObserverFrame& observer,
+                           const NebulaArea& area) {
   const NebulaOutlines& all = m_Catalogs.nebulaOutlines;
   for (int i = area.firstRing; i < area.firstRing + area.ringCount; ++i) {
     const NebulaRing& ring = all.rings[static_cast<std::size_t>(i)];

@@ -15,14 +15,15 @@ SkyBoundaries::SkyBoundaries(const SkyCatalogs& catalogs) : m_Catalogs(catalogs)
   m_Lines.reserve(catalogs.bounds.GetPointCount());
 }
 
-void SkyBoundaries::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
-                            bool shown) {
+void SkyBoundaries::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                            const ObjectTests& tests, bool shown) {
   m_Points.clear();
   m_Lines.clear();
   if (!shown) return;
   constexpr double kMargin = 0.001;  // radians, aberration and more
   for (const BoundaryEdge& edge : m_Catalogs.bounds.GetEdges()) {
-    if (!tests.PassesConstellationFilter(edge.northOrEast) && !tests.PassesConstellationFilter(edge.southOrWest))
+    if (!tests.PassesConstellationFilter(edge.northOrEast) &&
+        !tests.PassesConstellationFilter(edge.southOrWest))
       continue;
     const Direction& middle = m_Catalogs.bounds.GetPoints(edge)[edge.count / 2];
     const double reach = std::min(geometry.cornerAngle + edge.radius + kMargin, kPi);
@@ -30,8 +31,8 @@ void SkyBoundaries::Compute(const ViewGeometry& geometry, const ObserverFrame& o
   }
 }
 
-void SkyBoundaries::AddEdge(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
-                            const BoundaryEdge& edge) {
+void SkyBoundaries::AddEdge(const ViewGeometry& geometry, const ObserverFrame& observer,
+                            const ObjectTests& tests, const BoundaryEdge& edge) {
   const Direction* const points = m_Catalogs.bounds.GetPoints(edge);
   SkyPath path(geometry);
   bool goesOn = false;
@@ -46,8 +47,7 @@ void SkyBoundaries::AddEdge(const ViewGeometry& geometry, const ObserverFrame& o
 
 // A line goes on where the stretch begins at its end: clipping moves ends.
 void SkyBoundaries::AddStretch(const DrawnLine& stretch, bool goesOn) {
-  const bool joins =
-      goesOn && m_Points.back().x == stretch.from.x && m_Points.back().y == stretch.from.y;
+  const bool joins = goesOn && m_Points.back().x == stretch.from.x && m_Points.back().y == stretch.from.y;
   if (!joins) {
     m_Lines.push_back({static_cast<int>(m_Points.size()), 1});
     m_Points.push_back(stretch.from);

@@ -19,7 +19,8 @@ class SkyBoundaries {
   explicit SkyBoundaries(const SkyCatalogs& catalogs);
 
   // An edge is drawn when one of its constellations passes the filters.
-  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests, bool shown);
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+               bool shown);
 
   void Draw(DisplayList& list) const;
 

@@ -17,9 +17,15 @@ std::array<double, 9> MakeMatrix() {
                    kTheta = (2004.3109 - (0.42665 + 0.041833 * t) * t) * t * kSecond;
   const double sa = std::sin(kZeta), ca = std::cos(kZeta), sz = std::sin(kZ), cz = std::cos(kZ),
                st = std::sin(kTheta), ct = std::cos(kTheta);
-  return {ca * ct * cz - sa * sz, -sa * ct * cz - ca * sz, -st * cz,
-          ca * ct * sz + sa * cz, -sa * ct * sz + ca * cz, -st * sz,
-          ca * st,                -sa * st,                ct};
+  return {ca * ct * cz - sa * sz,
+          -sa * ct * cz - ca * sz,
+          -st * cz,
+          ca * ct * sz + sa * cz,
+          -sa * ct * sz + ca * cz,
+          -st * sz,
+          ca * st,
+          -sa * st,
+          ct};
 }
 
 const std::array<double, 9>& Matrix() {

@@ -29,6 +29,8 @@ CONSTELLATIONS = {"Se1": "Ser", "Se2": "Ser"}
 SIZES = {"C099": ("420", "300")}
 # Names of the star that an entry is about, as the catalog of stars has them.
 NO_NAMES = {"gam Cyg", "Alnilam"}
+# What people call them for short.
+SHORT_NAMES = {"ESO056-115": "LMC", "NGC0292": "SMC"}
 # Names that the original has beside the wrong entry: the Flame Nebula is NGC 2024, beside IC 434.
 MOVED_NAMES = {"IC0434": ("Flame Nebula,Orion B", ""), "NGC2024": ("", "Flame Nebula,Orion B")}
 # How the outlines call objects whose entry has another name.
@@ -54,7 +56,8 @@ def common_names(row):
     if row["Name"] in MOVED_NAMES:
         before, names = MOVED_NAMES[row["Name"]]
         assert row["CommonNames"] == before, row["Name"]
-    return ";".join(title(name) for name in names.split(",") if name and name not in NO_NAMES)
+    names = [title(name) for name in names.split(",") if name and name not in NO_NAMES]
+    return ";".join(names + [SHORT_NAMES[row["Name"]]] if row["Name"] in SHORT_NAMES else names)
 
 
 def other_entries(row):

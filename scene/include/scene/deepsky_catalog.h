@@ -21,13 +21,13 @@ struct SCENE_API DeepskyObject {
   // What the limits of its class are compared with: the magnitude code, or GetCodeOfSize where the magnitude
   // is unknown.
   float code;
-  int kind;             // four-character code: "gala", "nebu", "clst", "dsnv"
-  int number;           // in lists of favourites, the sub-type in its top byte; -1: none
-  float largest;        // radians, 0 when unknown
-  float smallest;       // radians, 0 when unknown
-  float positionAngle;  // of the larger axis, radians from north by east; not a number when unknown
-  int record;           // of the table that it came from
-  unsigned char table;  // DeepskyTable
+  int kind;                // four-character code: "gala", "nebu", "clst", "dsnv"
+  int number;              // in lists of favourites, the sub-type in its top byte; -1: none
+  float largest;           // radians, 0 when unknown
+  float smallest;          // radians, 0 when unknown
+  float positionAngle;     // of the larger axis, radians from north by east; not a number when unknown
+  int record;              // of the table that it came from
+  unsigned char table;     // DeepskyTable
   unsigned char catalogs;  // DeepskyCatalogBit
   bool hasMagnitude;
   const char* label;        // "M42", else the entry in a catalogue, else the proper name

@@ -13,7 +13,7 @@ namespace scene {
 
 // What a nebula looks like: areas of one level of brightness, the next brighter one within.
 struct NebulaOutline {
-  int object;  // index among the deep-sky objects, -1: a region that is no object
+  int object;        // index among the deep-sky objects, -1: a region that is no object
   Direction centre;  // J2000, within the outline or near it
   double radius;     // radians from the centre to the farthest point
   int firstArea, areaCount;
