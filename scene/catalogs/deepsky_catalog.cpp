@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
@@ -87,16 +88,20 @@ bool Collector::Add(const CatalogTable& table, DeepskyTable from, int record) {
 }
 
 void Collector::Finish(DeepskyCatalog& catalog) {
+  std::vector<std::pair<float, std::size_t>> order;
+  order.reserve(m_Objects.size());
+  for (const auto& object : m_Objects) order.emplace_back(object.code, order.size());
+  std::sort(order.begin(), order.end());
   catalog.texts = std::make_shared<const std::string>(std::move(m_Texts));
   const char* const texts = catalog.texts->c_str();
-  for (std::size_t i = 0; i < m_Objects.size(); ++i) {
-    m_Objects[i].label = texts + m_ObjectTexts[i].label;
-    m_Objects[i].designation = texts + m_ObjectTexts[i].designation;
-    m_Objects[i].properName = texts + m_ObjectTexts[i].properName;
+  catalog.objects.clear();
+  catalog.objects.reserve(m_Objects.size());
+  for (const auto& [code, i] : order) {
+    DeepskyObject& object = catalog.objects.emplace_back(m_Objects[i]);
+    object.label = texts + m_ObjectTexts[i].label;
+    object.designation = texts + m_ObjectTexts[i].designation;
+    object.properName = texts + m_ObjectTexts[i].properName;
   }
-  catalog.objects = std::move(m_Objects);
-  std::stable_sort(catalog.objects.begin(), catalog.objects.end(),
-                   [](const auto& a, const auto& b) { return a.code < b.code; });
 }
 
 // The number of Messier's list that a record carries, 0 for none.

@@ -32,20 +32,18 @@ void Measure(const NebulaOutlines& all, NebulaOutline& outline) {
     for (int k = 0; k < 3; ++k) sum.v[k] += all.points[static_cast<std::size_t>(i)].v[k];
   }
   outline.centre = Normalised(sum);
-  outline.radius = 0.0;
+  const Direction* farthest = &outline.centre;
   for (int i = begin; i < end.first + end.count; ++i) {
-    outline.radius =
-        std::max(outline.radius, VectorsAngle(outline.centre.v, all.points[static_cast<std::size_t>(i)].v));
+    const Direction& point = all.points[static_cast<std::size_t>(i)];
+    if (Dot(outline.centre, point) < Dot(outline.centre, *farthest)) farthest = &point;
   }
+  outline.radius = VectorsAngle(outline.centre.v, farthest->v);
 }
 
 // Takes the vertices one after the other; a vertex with a level begins a ring.
 class OutlineReader {
  public:
-  OutlineReader(NebulaOutlines& all, const DeepskyCatalog& objects) : m_All(all) {
-    for (std::size_t i = 0; i < objects.size(); ++i)
-      m_Objects.emplace(std::pair(objects[i].kind, objects[i].number), static_cast<int>(i));
-  }
+  explicit OutlineReader(NebulaOutlines& all) : m_All(all) {}
 
   // False for one that has no place in an outline.
   bool Add(const CatalogTable& table) {
@@ -61,17 +59,22 @@ class OutlineReader {
     return true;
   }
 
+  void FindObjects(const DeepskyCatalog& objects) {
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+      const auto named = m_Named.find({objects[i].kind, objects[i].number});
+      if (named == m_Named.end()) continue;
+      for (const std::size_t outline : named->second) m_All.outlines[outline].object = static_cast<int>(i);
+    }
+  }
+
  private:
   void BeginRing(const CatalogTable& table, int level) {
     const std::string name = FieldText(table, kObject);
     if (m_All.outlines.empty() || name != m_Name) {
-      const auto object = m_Objects.find({GetFOURCC(FieldText(table, FieldIds::Type)),
-                                          static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0))});
-      m_All.outlines.push_back({object == m_Objects.end() ? -1 : object->second,
-                                {},
-                                0.0,
-                                static_cast<int>(m_All.areas.size()),
-                                0});
+      m_Named[{GetFOURCC(FieldText(table, FieldIds::Type)),
+               static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0))}]
+          .push_back(m_All.outlines.size());
+      m_All.outlines.push_back({-1, {}, 0.0, static_cast<int>(m_All.areas.size()), 0});
       m_Name = name;
       m_Level = 0;
     }
@@ -85,7 +88,7 @@ class OutlineReader {
   }
 
   NebulaOutlines& m_All;
-  std::map<std::pair<int, int>, int> m_Objects;  // by kind and number
+  std::map<std::pair<int, int>, std::vector<std::size_t>> m_Named;  // outlines by kind and number
   std::string m_Name;
   int m_Level = 0;
   bool m_InRing = false;
@@ -96,12 +99,13 @@ class OutlineReader {
 void NebulaOutlines::Fill(CatalogTable& table, const DeepskyCatalog& objects) {
   *this = NebulaOutlines();
   if (table.GetCount() == 0) return;
-  OutlineReader reader(*this, objects);
+  OutlineReader reader(*this);
   int left = 0;
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     left += !reader.Add(table);
   }
+  reader.FindObjects(objects);
   for (auto& outline : outlines) Measure(*this, outline);
   if (left > 0) PrintDebugString("Outlines of nebulae: %d vertices left out\n", left);
 }

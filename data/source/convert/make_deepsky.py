@@ -62,7 +62,7 @@ def common_names(row):
 
 def other_entries(row):
     entries = [written(name.strip()) for name in row["Identifiers"].split(",")]
-    return ";".join(dict.fromkeys(filter(None, entries)))
+    return ";".join(dict.fromkeys(entry for entry in entries if entry and not entry.startswith("MWSC")))
 
 
 def same_as(row, messier):

@@ -9,8 +9,8 @@
 
 #include "scene/constellation_tables.h"
 #include "scene/data_root.h"
-#include "scene/small_root.h"
 #include "scene/sky_catalogs.h"
+#include "scene/small_root.h"
 #include "scene/view/b1875.h"
 
 using namespace scene;
@@ -22,9 +22,9 @@ TEST(ConstellationBoundsAgainstErfa, PublishedPositionsLieInTheirConstellations)
     double hours, degrees;
     const char* abbreviation;
   };
-  constexpr Known kKnown[] = {{9.0, 65.0, "UMa"},       {23.5, -20.0, "Aqr"},     {5.12, 9.12, "Ori"},
-                              {9.4555, -19.9, "Hya"},   {12.8888, 22.0, "Com"},   {15.6687, -12.1234, "Lib"},
-                              {19.0, -40.0, "CrA"},     {6.2222, -81.1234, "Men"}};
+  constexpr Known kKnown[] = {{9.0, 65.0, "UMa"},     {23.5, -20.0, "Aqr"},     {5.12, 9.12, "Ori"},
+                              {9.4555, -19.9, "Hya"}, {12.8888, 22.0, "Com"},   {15.6687, -12.1234, "Lib"},
+                              {19.0, -40.0, "CrA"},   {6.2222, -81.1234, "Men"}};
   host_test::SmallRoot sky;
   host_test::WriteConstellations(sky.dir);
   SkyCatalogs catalogs;

@@ -12,8 +12,8 @@
 #include "astro/vectors.h"
 #include "scene/constellation_tables.h"
 #include "scene/data_root.h"
-#include "scene/small_root.h"
 #include "scene/sky_catalogs.h"
+#include "scene/small_root.h"
 #include "scene/view/b1875.h"
 #include "support/debug_capture.h"
 
@@ -82,8 +82,8 @@ TEST_F(ConstellationBoundsTest, ThousandsOfObjectsLieInThePublishedConstellation
     constexpr double kNear = 1.0 / 60.0;
     const double east = kNear / std::max(std::cos(dec * kRadiansPerDegree), 0.01);
     const std::string here = At(ra, dec);
-    if (At(ra + east, dec) != here || At(ra - east, dec) != here || At(ra, std::min(dec + kNear, 90.0)) != here ||
-        At(ra, std::max(dec - kNear, -90.0)) != here)
+    if (At(ra + east, dec) != here || At(ra - east, dec) != here ||
+        At(ra, std::min(dec + kNear, 90.0)) != here || At(ra, std::max(dec - kNear, -90.0)) != here)
       continue;
     ++compared;
     if (here == row[12]) continue;

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "scene/data_root.h"
-#include "scene/small_root.h"
 #include "scene/sky_catalogs.h"
+#include "scene/small_root.h"
 #include "support/debug_capture.h"
 #include "utils/text.h"
 
@@ -51,8 +51,9 @@ TEST_F(DeepskyCatalogTest, ADataRootMayLackTheNgc) {
 }
 
 TEST_F(DeepskyCatalogTest, ObjectsOfBothTablesComeBrightestFirst) {
-  Load("gala\t7\t1\t0\t9\t\t\t\t\tNGC 7\n"
-       "clst\t8\t1\t0\t2\t\t\t\t\tIC 8\tSome Cluster\n");
+  Load(
+      "gala\t7\t1\t0\t9\t\t\t\t\tNGC 7\n"
+      "clst\t8\t1\t0\t2\t\t\t\t\tIC 8\tSome Cluster\n");
   ASSERT_EQ(catalogs.deepsky.size(), 5u);
   const char* const labels[] = {"M45", "IC 8", "M31", "M42", "NGC 7"};
   for (std::size_t i = 0; i < 5; ++i) EXPECT_STREQ(catalogs.deepsky[i].label, labels[i]);
@@ -81,10 +82,11 @@ TEST_F(DeepskyCatalogTest, ARecordAboutAMessierObjectThatIsNotThereIsAnObject) {
 
 // 1' by 1' are 2827.43 square seconds of arc: 23 - 2.5 log10 of it is 14.372.
 TEST_F(DeepskyCatalogTest, AnObjectWithoutMagnitudeIsShownByItsSize) {
-  Load("nebu\t7\t1\t0\t\t0.00029088821\t\t\t\tNGC 7\n"
-       "nebu\t8\t1\t0\t\t0.00058177642\t0.00029088821\t\t\tNGC 8\n"
-       "nebu\t9\t1\t0\t\t\t\t\t\tNGC 9\n"
-       "nebu\t10\t1\t0\t\t0.0000001\t\t\t\tNGC 10\n");
+  Load(
+      "nebu\t7\t1\t0\t\t0.00029088821\t\t\t\tNGC 7\n"
+      "nebu\t8\t1\t0\t\t0.00058177642\t0.00029088821\t\t\tNGC 8\n"
+      "nebu\t9\t1\t0\t\t\t\t\t\tNGC 9\n"
+      "nebu\t10\t1\t0\t\t0.0000001\t\t\t\tNGC 10\n");
   EXPECT_NEAR(Get("NGC 7").code, 10.0f * (14.3716f + 2.0f), 0.01f);
   EXPECT_NEAR(Get("NGC 8").code, 10.0f * (13.6190f + 2.0f), 0.01f) << "twice the area";
   EXPECT_NEAR(Get("NGC 9").code, 180.0f, 1e-3f);

@@ -6,16 +6,15 @@
 
 #include "astro/vectors.h"
 #include "scene/data_root.h"
-#include "scene/small_root.h"
 #include "scene/sky_catalogs.h"
+#include "scene/small_root.h"
 #include "support/debug_capture.h"
 
 using namespace scene;
 
 namespace {
 
-const std::string kHeader =
-    "Object:text\tType:text\tNumber:i32\tLevel:i32\tContour:i32\tRA:f32\tDec:f32\n";
+const std::string kHeader = "Object:text\tType:text\tNumber:i32\tLevel:i32\tContour:i32\tRA:f32\tDec:f32\n";
 
 class NebulaOutlinesTest : public testing::Test {
  protected:
@@ -40,11 +39,11 @@ TEST_F(NebulaOutlinesTest, ADataRootMayLackThem) {
 }
 
 TEST_F(NebulaOutlinesTest, AVertexWithALevelBeginsARing) {
-  const NebulaOutlines& all =
-      Load("Great\tnebu\t42\t1\t0\t1\t0\n\t\t\t\t\t1.02\t0\n\t\t\t\t\t1.01\t0.01\n"
-           "Great\tnebu\t42\t1\t1\t1.1\t0\n\t\t\t\t\t1.12\t0\n"
-           "Great\tnebu\t42\t2\t0\t1.01\t0\n"
-           "Region\t\t\t1\t0\t2\t0\n\t\t\t\t\t2.1\t0\n");
+  const NebulaOutlines& all = Load(
+      "Great\tnebu\t42\t1\t0\t1\t0\n\t\t\t\t\t1.02\t0\n\t\t\t\t\t1.01\t0.01\n"
+      "Great\tnebu\t42\t1\t1\t1.1\t0\n\t\t\t\t\t1.12\t0\n"
+      "Great\tnebu\t42\t2\t0\t1.01\t0\n"
+      "Region\t\t\t1\t0\t2\t0\n\t\t\t\t\t2.1\t0\n");
   ASSERT_EQ(all.outlines.size(), 2u);
   EXPECT_EQ(catalogs.deepsky[static_cast<std::size_t>(all.outlines[0].object)].number, 42);
   EXPECT_EQ(all.outlines[1].object, -1);

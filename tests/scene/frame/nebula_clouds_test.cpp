@@ -48,9 +48,7 @@ class NebulaCloudsTest : public testing::Test {
     const Direction there = ApparentDirection(MakeDirection(1.464, -0.0951), PrepareObserver(f.camera));
     Aim(there);
   }
-  void Aim(const Direction& apparent) {
-    LookTo(FindStanding(apparent, PrepareObserver(f.camera)), f.camera);
-  }
+  void Aim(const Direction& apparent) { LookTo(FindStanding(apparent, PrepareObserver(f.camera)), f.camera); }
   const std::vector<NebulaClouds::Cloud>& Compute() {
     frame->Compute(f.camera, PrepareObserver(f.camera), f.shown);
     return frame->GetParts().nebulae.GetClouds();
@@ -75,7 +73,8 @@ TEST_F(NebulaCloudsTest, EachLevelIsAnAreaThatNamesItsObject) {
   EXPECT_EQ(clouds[1].level, 2);
   const auto& areas = frame->GetDisplayList().GetPolygons();
   const ObjectRef nebula = {FourCC("nebu"), 42};
-  EXPECT_EQ(std::count_if(areas.begin(), areas.end(), [&](const auto& area) { return area.object == nebula; }), 2);
+  EXPECT_EQ(
+      std::count_if(areas.begin(), areas.end(), [&](const auto& area) { return area.object == nebula; }), 2);
 }
 
 // The field is 5.9 degrees wide at zoom 10 and 1600 pixels: 0.3 degrees are 80 pixels.
@@ -85,8 +84,9 @@ TEST_F(NebulaCloudsTest, AClickOnTheCloudFindsTheNebula) {
   ASSERT_FALSE(hits.empty());
   EXPECT_EQ(hits.front().object, (ObjectRef{FourCC("nebu"), 42}));
   const auto outside = PickObjects(frame->GetDisplayList(), 800.0, 500.0 + 200.0, 1.0);
-  EXPECT_TRUE(std::none_of(outside.begin(), outside.end(),
-                           [](const Hit& hit) { return hit.object == ObjectRef{FourCC("nebu"), 42}; }));
+  EXPECT_TRUE(std::none_of(outside.begin(), outside.end(), [](const Hit& hit) {
+    return hit.object == ObjectRef{FourCC("nebu"), 42};
+  }));
 }
 
 TEST_F(NebulaCloudsTest, ANebulaWithItsFormHasNoBox) {
