@@ -87,6 +87,10 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(index)];
   const Deepsky& kind = FindKind(object.kind);
   Found<kFirst> found;
+  // Most objects are far from the window: told before aberration, which is less than this, is computed.
+  constexpr double kMostAberration = 2e-4;
+  if (kFirst && Dot(object.direction, m_Geometry.centreJ2000) < m_DeepskyReach - kMostAberration)
+    return kOutside;
   if (found.EndsWith(!m_Shown.IsShown(object.kind), kKindOff)) return found.obstacles;
   if (found.EndsWith(object.code > kind.limits.draw, kTooFaint)) return found.obstacles;
   if (found.EndsWith(!kind.filter.Passes(GetTraits(object)), kFiltered)) return found.obstacles;
