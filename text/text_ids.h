@@ -14,11 +14,11 @@ enum TextId : unsigned {
   kUnknownElementType = 0,
   kFirstSubType = 1,  // to kLastSubType: types of deep-sky objects, by sub-type code
   kFirstNebula = 30,
-  kLastNebula = 33,
+  kLastNebula = 36,
   kFirstCluster = 40,
-  kLastCluster = 44,
+  kLastCluster = 45,
   kFirstGalaxy = 61,
-  kLastGalaxy = 64,
+  kLastGalaxy = 68,
   kLastSubType = 255,
   kPlanetsUnreadable = 3007,
   kFirstShower = 6101,  // to kLastShower

@@ -4,11 +4,9 @@
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
 #include <utility>
 
 #include "common_interfaces/field_names.h"
-#include "common_interfaces/zoom_dependence.h"
 #include "scene/view/arcs.h"
 #include "utils/debug.h"
 #include "utils/path.h"
@@ -34,6 +32,12 @@ bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
   return false;
 }
 
+// A table that a data root may lack; it is then empty.
+bool LoadOptionalTable(const char* name, CatalogTable& table, std::string& error) {
+  table = CatalogTable();
+  return ZentharPath::GetPath(name).empty() || LoadTable(name, table, error);
+}
+
 // False when the current record lacks its position.
 bool TakePosition(const CatalogTable& table, Direction& direction) {
   constexpr double kMissing = std::numeric_limits<double>::infinity();
@@ -42,48 +46,6 @@ bool TakePosition(const CatalogTable& table, Direction& direction) {
   if (!(ra + dec < kMissing)) return false;
   direction = MakeDirection(ra, dec);
   return true;
-}
-
-std::string DeepskyLabel(const CatalogTable& table) {
-  const int messier = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::MessierNumber, 0.0));
-  if (messier > 0) return "M" + std::to_string(messier);
-  const char* ngc = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
-  return *ngc ? ngc : FieldText(table, CommonInterfaces::FieldIds::ProperName);
-}
-
-unsigned char CatalogBits(const CatalogTable& table) {
-  const std::string_view designation = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
-  unsigned bits = 0;
-  if (FieldNumber(table, CommonInterfaces::FieldIds::MessierNumber, 0.0) > 0.0) bits |= kInMessier;
-  if (designation.starts_with("NGC")) bits |= kInNgc;
-  if (designation.starts_with("IC")) bits |= kInIc;
-  return bits == 0 ? static_cast<unsigned char>(kInNoCatalog) : static_cast<unsigned char>(bits);
-}
-
-void FillDeepsky(CatalogTable& table, std::vector<DeepskyObject>& objects) {
-  for (int record = 0; record < table.GetCount(); ++record) {
-    table.Select(record);
-    DeepskyObject object;
-    const double magnitude =
-        FieldNumber(table, CommonInterfaces::FieldIds::VisMagnitude, std::numeric_limits<double>::infinity());
-    if (!TakePosition(table, object.direction) || magnitude > 99.0) continue;
-    object.code = static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) *
-                                     CommonInterfaces::kMagCodesPerMag);
-    object.kind = GetFOURCC(FieldText(table, CommonInterfaces::FieldIds::Type));
-    object.number = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0));
-    object.largest =
-        static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::LargestDimension, 0.0));
-    object.smallest =
-        static_cast<float>(FieldNumber(table, CommonInterfaces::FieldIds::SmallestDimension, 0.0));
-    object.label = DeepskyLabel(table);
-    object.catalogs = CatalogBits(table);
-    object.record = record;
-    object.designation = FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber);
-    object.properName = FieldText(table, CommonInterfaces::FieldIds::ProperName);
-    objects.push_back(std::move(object));
-  }
-  std::stable_sort(objects.begin(), objects.end(),
-                   [](const auto& a, const auto& b) { return a.code < b.code; });
 }
 
 int FindConstellation(const std::string& abbreviation, const std::vector<ConstellationName>& names) {
@@ -175,23 +137,6 @@ void OpenStarTiles(std::vector<StarTiles>& catalogs) {
 
 }  // namespace
 
-const char* DeepskyObject::GetLabel(const LabelRules& rules) const {
-  if (rules.commonName && !properName.empty()) return properName.c_str();
-  return rules.ngcFirst && !designation.empty() ? designation.c_str() : label.c_str();
-}
-
-ObjectTraits GetTraits(const DeepskyObject& object) {
-  constexpr unsigned kSubTypeShift = 24;  // the number of a deep-sky object carries its sub-type on top
-  const auto subType = static_cast<unsigned char>(static_cast<unsigned>(object.number) >> kSubTypeShift);
-  constexpr float kUnknown = std::numeric_limits<float>::quiet_NaN();
-  return {object.code,
-          kUnknown,
-          object.largest > 0.0f ? object.largest : kUnknown,
-          subType == 0 ? ObjectTraits::kNoClass : subType,
-          object.catalogs,
-          object.number};
-}
-
 ObjectTraits GetTraits(const ConstellationName& constellation) {
   ObjectTraits traits;
   traits.number = GetUniqueID(constellation.abbreviation.c_str());
@@ -221,12 +166,17 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   CatalogTable table;
   if (!LoadTable("catalogs:stars.txt", loaded.starTable, error)) return false;
   loaded.stars.Fill(loaded.starTable);
-  if (!LoadTable("catalogs:deepsky.txt", loaded.deepskyTable, error)) return false;
-  FillDeepsky(loaded.deepskyTable, loaded.deepsky);
+  if (!LoadTable("catalogs:deepsky.txt", loaded.deepsky.tables[kMessierTable], error)) return false;
+  if (!LoadOptionalTable("catalogs:ngc_ic.txt", loaded.deepsky.tables[kNgcTable], error)) return false;
+  loaded.deepsky.Fill();
+  if (!LoadOptionalTable("catalogs:nebula_outlines.txt", table, error)) return false;
+  loaded.nebulaOutlines.Fill(table, loaded.deepsky);
   if (!LoadTable("catalogs:constellations.txt", table, error)) return false;
   FillNames(table, loaded.constellations);
   if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
   FillFigures(table, loaded);
+  if (!LoadOptionalTable("catalogs:constellation_bounds.txt", table, error)) return false;
+  loaded.bounds.Fill(table, loaded.constellations);
   if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
   FillMilkyWay(table, loaded);
   OpenStarTiles(loaded.starTiles);

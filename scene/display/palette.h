@@ -50,6 +50,7 @@ inline constexpr Colour kEquatorialGrid = {0.36, 0.55, 0.90, 0.34}, kJ2000Grid =
                         kEclipticGrid = {0.92, 0.74, 0.32, 0.30}, kGalacticGrid = {0.76, 0.52, 0.90, 0.30},
                         kHorizontalGrid = {0.44, 0.78, 0.50, 0.30};
 inline constexpr double kCircleStrength = 2.2;  // equators and other circles, against the lines of their grid
+inline constexpr Colour kBoundary = {0.62, 0.55, 0.42, 0.55};
 inline constexpr Colour kConstellationImage = {0.45, 0.66, 0.90, 0.75},
                         kDeepskyImage = {0.90, 0.91, 0.94, 0.75}, kMilkyWayImage = {0.80, 0.72, 0.92, 0.75};
 
@@ -62,6 +63,9 @@ inline constexpr unsigned kSpectralClasses = 7;
 
 inline constexpr Colour kGalaxy = {0.93, 0.60, 0.66, 0.9}, kCluster = {0.90, 0.80, 0.47, 0.9},
                         kNebula = {0.47, 0.83, 0.70, 0.9}, kOtherDeepsky = {0.75, 0.67, 0.92, 0.9};
+// The levels of an outline, the next one within the one before; of their soft edges as of the Milky Way's.
+inline constexpr Colour kNebulaLevels[] = {
+    {0.47, 0.83, 0.70, 0.016}, {0.55, 0.88, 0.76, 0.018}, {0.75, 0.96, 0.88, 0.026}};
 
 inline constexpr Colour kSun = {1.00, 0.93, 0.72, 1.0}, kMoon = {0.93, 0.92, 0.88, 1.0};
 // Mercury to Pluto, as the eye has them.

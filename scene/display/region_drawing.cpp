@@ -19,13 +19,16 @@ void AddRing(const RegionPicture& region, int begin, int end, double leastStep, 
 
 }  // namespace
 
-void AddRegion(const RegionPicture& region, double leastStep, DisplayList& list) {
-  int begin = 0;
-  for (const int end : region.ringEnds) {
-    AddRing(region, begin, end, leastStep, list);
+void AddRings(const RegionPicture& region, int first, int count, double leastStep, DisplayList& list) {
+  for (int ring = first; ring < first + count; ++ring) {
+    const auto i = static_cast<std::size_t>(ring);
+    AddRing(region, ring == 0 ? 0 : region.ringEnds[i - 1], region.ringEnds[i], leastStep, list);
     list.EndRing();
-    begin = end;
   }
+}
+
+void AddRegion(const RegionPicture& region, double leastStep, DisplayList& list) {
+  AddRings(region, 0, static_cast<int>(region.ringEnds.size()), leastStep, list);
   if (!region.holdsOutside) return;
   const double beyond = 2.0 * region.rim, x = list.GetWidth() * 0.5, y = list.GetHeight() * 0.5;
   list.AddVertex(x - beyond, y - beyond);
@@ -33,6 +36,15 @@ void AddRegion(const RegionPicture& region, double leastStep, DisplayList& list)
   list.AddVertex(x + beyond, y + beyond);
   list.AddVertex(x - beyond, y + beyond);
   list.EndRing();
+}
+
+void SetSoftColour(const Colour& edge, float softness, PolygonRecord& area) {
+  constexpr double kBands = 4.0;  // of a soft edge
+  Colour inside = edge;
+  inside.opacity = 1.0 - std::pow(1.0 - edge.opacity, kBands + 1.0);
+  area.colour = ToFaintRgba(inside);
+  area.edge = ToFaintRgba(edge);
+  area.softness = softness;
 }
 
 void AddOutlines(const RegionPicture& region, double leastStep, Layer layer, const PolylineRecord& style,

@@ -71,7 +71,8 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
   for (const int object : m_Deepsky) {
     if (!tests.IsDeepskyDrawn(object, place)) continue;
     const DeepskyObject& entry = m_Catalogs.deepsky[static_cast<std::size_t>(object)];
-    AddBeside(geometry, place.pixel, GetSymbolRadius(entry, geometry), {entry.kind, entry.number}, labels);
+    AddBeside(geometry, place.pixel, GetSymbolRadius(entry, geometry, tests.GetDeepskyLimits(entry.kind)),
+              {entry.kind, entry.number}, labels);
   }
   for (const int constellation : m_Constellations) {
     if (!tests.IsConstellationShown(constellation, place)) continue;

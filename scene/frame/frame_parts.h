@@ -10,7 +10,9 @@
 #include "scene/frame/image_frames.h"
 #include "scene/frame/marker_marks.h"
 #include "scene/frame/milky_way_picture.h"
+#include "scene/frame/nebula_clouds.h"
 #include "scene/frame/shower_radiants.h"
+#include "scene/frame/sky_boundaries.h"
 #include "scene/frame/sky_figures.h"
 #include "scene/frame/sky_grids.h"
 #include "scene/frame/sky_horizon.h"
@@ -29,7 +31,9 @@ struct FrameParts {
   MilkyWayPicture milkyWay;
   SkyHorizon horizon;
   SkyGrids grids;
+  SkyBoundaries boundaries;
   SkyFigures figures;
+  NebulaClouds nebulae;
   SolarSystemPart solarSystem;
   SkyObjects objects;
   FavouriteMarks favourites;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "scene/frame/milky_way_picture.h"
 
-#include <cmath>
-
 #include "scene/display/palette.h"
 #include "scene/display/region_drawing.h"
 
@@ -56,19 +54,12 @@ void MilkyWayPicture::Compute(const ViewGeometry& geometry, bool shown) {
 
 void MilkyWayPicture::Draw(DisplayList& list) const {
   constexpr double kLeastStep = 2.0;  // pixels; the edge is soft
-  constexpr double kBands = 4.0;      // of a soft edge
   for (std::size_t level = 0; level < m_Levels.size(); ++level) {
     const RegionPicture& region = m_Levels[level];
     if (region.points.empty() && !region.holdsOutside) continue;
-    const Colour& edge = palette::kMilkyWay[level];
-    // The inside gets as much light as meets at its edge.
-    Colour inside = edge;
-    inside.opacity = 1.0 - std::pow(1.0 - edge.opacity, kBands + 1.0);
     AddRegion(region, kLeastStep, list);
     PolygonRecord area = {};
-    area.colour = ToFaintRgba(inside);
-    area.edge = ToFaintRgba(edge);
-    area.softness = 2.0f * list.GetUnit();
+    SetSoftColour(palette::kMilkyWay[level], 2.0f * list.GetUnit(), area);
     list.AddArea(Layer::kMilkyWay, area);
   }
 }

@@ -26,12 +26,15 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.colours = kRingColours;
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
-  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + kOverlays + kGridLines;
-  capacity.polygons = catalogs.bodies.size() + kOverlays;
+  const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
+  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + catalogs.bounds.GetPointCount() +
+                       kOverlays + kGridLines;
+  capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
-  capacity.rings = catalogs.milkyWay.size() + kOverlays;
+  capacity.rings = catalogs.milkyWay.size() + nebulae.rings.size() + kOverlays;
   capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
-                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices;
+                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
+                      nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
@@ -61,10 +64,12 @@ void Draw(FrameParts& parts) {
   parts.milkyWay.Draw(list);
   parts.horizon.DrawHaze(list);
   parts.grids.Draw(list);
+  parts.boundaries.Draw(list);
   parts.figures.Draw(list);
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
-  parts.objects.DrawDeepsky(list);
+  parts.nebulae.Draw(list);
+  parts.objects.DrawDeepsky(parts.nebulae, list);
   parts.objects.DrawStars(list);
   parts.solarSystem.DrawBodies(list);
   parts.horizon.DrawGround(list);
@@ -80,7 +85,9 @@ void Draw(FrameParts& parts) {
 
 FrameParts::FrameParts(const SkyCatalogs& catalogs)
     : milkyWay(catalogs),
+      boundaries(catalogs),
       figures(catalogs),
+      nebulae(catalogs),
       solarSystem(catalogs.bodies),
       objects(catalogs),
       favourites(catalogs) {
@@ -135,7 +142,9 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
+  parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
+  parts.nebulae.Compute(geometry, observer, tests, shown);
   parts.objects.Compute(geometry, tests);
   parts.solarSystem.Compute(geometry, observer, shown, filters, labels);
   parts.favourites.Compute(geometry, tests, labels);

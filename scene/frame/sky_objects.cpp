@@ -37,11 +37,31 @@ CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoi
           static_cast<float>(AngleFromAxis(geometry, p))};
 }
 
+// The direction in the picture in which the larger axis of an object lies, from the x axis downwards. Where
+// the position angle is unknown all symbols lie alike.
+float FindSymbolAngle(const ViewGeometry& geometry, const ObjectPlace& place, float positionAngle) {
+  constexpr float kUnknown = static_cast<float>(-25.0 * kRadiansPerDegree);
+  constexpr double kStep = 1e-4;  // radians
+  if (std::isnan(positionAngle)) return kUnknown;
+  const double north = kStep * std::cos(static_cast<double>(positionAngle)),
+               east = kStep * std::sin(static_cast<double>(positionAngle));
+  const double* v = place.apparent.v;
+  const double aside = std::max(std::hypot(v[0], v[1]), 1e-12);
+  const Direction along =
+      Normalised({{v[0] - east * v[1] / aside - north * v[0] * v[2] / aside,
+                   v[1] + east * v[0] / aside - north * v[1] * v[2] / aside, v[2] + north * aside}});
+  const tPoint<double> p = geometry.Project(along, SkyFrameOf::kJ2000);
+  return static_cast<float>(std::atan2(place.pixel.y - p.y, p.x - place.pixel.x));
+}
+
 }  // namespace
 
-double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry) {
-  constexpr double kLeast = 4.5, kMost = 2000.0;
-  return std::clamp(0.5 * geometry.camera.VisRad2PixD(object.largest), kLeast * geometry.unit,
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry, const ClassLimits& limits) {
+  constexpr double kFaintest = 2.0, kBright = 4.5, kMost = 2000.0;  // pixels
+  constexpr float kBrightFrom = 30.0f;                              // codes brighter than the limit
+  const float part = std::clamp((limits.draw - object.code) / kBrightFrom, 0.0f, 1.0f);
+  const double least = kFaintest + (kBright - kFaintest) * static_cast<double>(part);
+  return std::clamp(0.5 * geometry.camera.VisRad2PixD(object.largest), least * geometry.unit,
                     kMost * geometry.unit);
 }
 
@@ -120,15 +140,17 @@ StarOutput* SkyObjects::MakeStarOutput(const ViewGeometry& geometry, const tPoin
   return output;
 }
 
+// The catalog begins with the brightest object.
 void SkyObjects::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests) {
   ObjectPlace place;
   for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
+    if (m_Catalogs.deepsky[i].code > tests.GetFaintestDeepskyCode()) break;
     if (!tests.IsDeepskyDrawn(i, place)) continue;
-    AddDeepskyObject(geometry, place.pixel, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
+    AddDeepskyObject(geometry, place, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
   }
 }
 
-void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlace& place, int object,
                                   const ClassLimits& limits) {
   const auto& entry = m_Catalogs.deepsky[object];
   auto* output = new (m_Pool) DeepskyOutput;
@@ -136,15 +158,16 @@ void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<dou
     m_PoolExhausted = true;
     return;
   }
-  const double major = GetSymbolRadius(entry, geometry);
+  const double major = GetSymbolRadius(entry, geometry, limits);
   const double ratio = entry.largest > 0.0f && entry.smallest > 0.0f ? entry.smallest / entry.largest : 1.0;
   output->m_Frame = m_Number;
-  output->m_Place = MakePlace(geometry, p, major);
-  output->m_OnScreen = geometry.IsInside(p, 0.0);
+  output->m_Place = MakePlace(geometry, place.pixel, major);
+  output->m_OnScreen = geometry.IsInside(place.pixel, 0.0);
   output->m_MajorSize = static_cast<float>(2.0 * major);
   output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
   output->m_SymbolDrawn = output->m_Drawn = true;
-  m_Deepsky.push_back({output, object, limits.Opacity(entry.code)});
+  m_Deepsky.push_back(
+      {output, object, limits.Opacity(entry.code), FindSymbolAngle(geometry, place, entry.positionAngle)});
 }
 
 // The label as the catalog has it, or with the magnitude behind it while there is room for such texts.
@@ -189,10 +212,13 @@ void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& t
     if (!rules.shown || object.code > tests.GetDeepskyLimits(object.kind).label) continue;
     // The outline of its image may name it already.
     int& label = drawn.output->m_LabelIndex;
-    label = labels.Find(object.label.c_str(), LabelKind::kImageFrame);
+    label = labels.Find(object.label, LabelKind::kImageFrame);
     if (label >= 0) continue;
     const auto& place = drawn.output->m_Place;
-    label = labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y}, place.radius, 11.0 * geometry.unit,
+    // An object that fills the picture has its label inside.
+    const double most = 0.2 * std::min(geometry.width, geometry.height);
+    label = labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y},
+                               std::min<double>(place.radius, most), 11.0 * geometry.unit,
                                LabelKindOfDeepsky(object.kind), {object.kind, object.number});
   }
 }

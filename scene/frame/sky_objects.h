@@ -9,6 +9,7 @@
 #include "scene/class_limits.h"
 #include "scene/display/labels.h"
 #include "scene/drawn_objects.h"
+#include "scene/frame/nebula_clouds.h"
 #include "scene/frame/tile_stars.h"
 #include "scene/sky_catalogs.h"
 #include "scene/visibility/object_tests.h"
@@ -16,8 +17,8 @@
 namespace scene {
 
 // Radius of a deep-sky object's symbol, pixels: along its larger axis, true to scale where it can be seen and
-// ends somewhere.
-double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry);
+// ends somewhere. Smaller ones get smaller symbols towards the limit of their class.
+double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry, const ClassLimits& limits);
 
 // The stars and deep-sky objects of one frame and their records.
 //
@@ -32,8 +33,9 @@ class SkyObjects {
   // Labels what Compute has found.
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
-  // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond.
-  void DrawDeepsky(DisplayList& list) const;
+  // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond; ellipses
+  // and boxes lie as the objects do. A nebula whose outline has its form already has no box.
+  void DrawDeepsky(const NebulaClouds& clouds, DisplayList& list) const;
   // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
   // so that a bright star lies over its neighbours.
   void DrawStars(DisplayList& list) const;
@@ -51,7 +53,7 @@ class SkyObjects {
   CommonInterfaces::StarOutput* MakeStarOutput(const ViewGeometry& geometry, const tPoint<double>& pixel,
                                                double radius);
   void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
-  void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+  void AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlace& place, int object,
                         const ClassLimits& limits);
   void LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
   const char* MakeStarLabel(int star, const LabelRules& rules);

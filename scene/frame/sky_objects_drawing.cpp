@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <cmath>
 
 #include "scene/display/dot.h"
 #include "scene/display/palette.h"
@@ -29,11 +30,14 @@ void DrawStar(const DrawnStar& drawn, DisplayList& list) {
   list.Add(Layer::kStars, point);
 }
 
-void AddBox(double x, double y, double halfWidth, double halfHeight, DisplayList& list) {
-  list.AddVertex(x - halfWidth, y - halfHeight);
-  list.AddVertex(x + halfWidth, y - halfHeight);
-  list.AddVertex(x + halfWidth, y + halfHeight);
-  list.AddVertex(x - halfWidth, y + halfHeight);
+// A box whose longer sides lie at that angle.
+void AddBox(double x, double y, double halfLength, double halfWidth, double angle, DisplayList& list) {
+  constexpr int kCorners[][2] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
+  const double c = std::cos(angle), s = std::sin(angle);
+  for (const auto& [along, across] : kCorners) {
+    const double a = along * halfLength, b = across * halfWidth;
+    list.AddVertex(x + a * c - b * s, y + a * s + b * c);
+  }
 }
 
 void AddDiamond(double x, double y, double radius, DisplayList& list) {
@@ -43,9 +47,12 @@ void AddDiamond(double x, double y, double radius, DisplayList& list) {
   list.AddVertex(x, y + radius);
 }
 
+// Boxes of objects whose position angle is unknown stand upright.
+double GetBoxAngle(const DrawnDeepsky& drawn, const DeepskyObject& object) {
+  return std::isnan(object.positionAngle) ? 0.0 : static_cast<double>(drawn.angle);
+}
+
 void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayList& list) {
-  // The catalogue holds no position angles, so all symbols lie alike.
-  constexpr float kSlant = static_cast<float>(-25.0 * kRadiansPerDegree);
   const auto& output = *drawn.output;
   const float x = output.m_Place.x, y = static_cast<float>(list.GetHeight()) - output.m_Place.y;
   const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize,
@@ -54,22 +61,25 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
   const Rgba colour = ToRgba(GetSymbolColour(kind), static_cast<double>(drawn.opacity));
   const ObjectRef ref = {object.kind, object.number};
   if (kind == LabelKind::kGalaxy) {
-    list.Add(Layer::kDeepsky,
-             EllipseRecord{x, y, major, std::min(minor, 0.75f * major), kSlant, width, 0.0f, colour, ref});
+    list.Add(Layer::kDeepsky, EllipseRecord{x, y, major, std::min(minor, 0.75f * major), drawn.angle, width,
+                                            0.0f, colour, ref});
   } else if (kind == LabelKind::kCluster) {
     list.Add(Layer::kDeepsky,
              EllipseRecord{x, y, major, major, 0.0f, width, 3.0f * list.GetUnit(), colour, ref});
   } else {
-    kind == LabelKind::kNebula ? AddBox(x, y, major, minor, list) : AddDiamond(x, y, major, list);
+    kind == LabelKind::kNebula ? AddBox(x, y, major, minor, GetBoxAngle(drawn, object), list)
+                               : AddDiamond(x, y, major, list);
     list.AddLine(Layer::kDeepsky, PolylineRecord{0, 0, width, 0.0f, colour, kClosedLine, ref});
   }
 }
 
 }  // namespace
 
-void SkyObjects::DrawDeepsky(DisplayList& list) const {
+void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, DisplayList& list) const {
   for (const auto& drawn : m_Deepsky) {
-    DrawSymbol(drawn, m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)], list);
+    const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
+    const bool isNebula = LabelKindOfDeepsky(object.kind) == LabelKind::kNebula;
+    if (!isNebula || !clouds.IsFormed(drawn.object)) DrawSymbol(drawn, object, list);
   }
 }
 

@@ -23,6 +23,20 @@ namespace {
 const SSO_ID kPluto(FourCC("plnt"), astro::kPlutoNumber);
 constexpr const char* kPlutoAsAsteroid = "134340 Pluto";
 
+const int kOtherNames = GetUniqueID("OtherNames");  // a column of the NGC alone
+
+// Catalogues by what people call them, and how their entries begin in the tables.
+struct CatalogueName {
+  std::string_view name;
+  std::string entry;
+};
+const CatalogueName kCatalogues[] = {{"messier", "m"},    {"barnard", "b"},   {"caldwell", "c"},
+                                     {"collinder", "cr"}, {"melotte", "mel"}, {"hickson", "hcg"},
+                                     {"sharpless", "sh2"}};
+
+// What a name may leave out at its end, in this order.
+constexpr std::string_view kClassWords[] = {"galaxy", "nebula", "cluster", "galaxies"};
+
 // "alpha1cen" is "alphacen".
 std::string WithoutDigits(std::string key) {
   std::erase_if(key, [](char c) { return c >= '0' && c <= '9'; });
@@ -99,13 +113,27 @@ void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
 }
 
 void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
-  CatalogTable& table = catalogs.deepskyTable;
   for (int i = 0; i < static_cast<int>(catalogs.deepsky.size()); ++i) {
-    table.Select(catalogs.deepsky[i].record);
+    const DeepskyObject& entry = catalogs.deepsky[static_cast<std::size_t>(i)];
+    const CatalogTable& table = catalogs.deepsky.SelectRecord(entry);
     const FoundObject object = {ObjectGroup::kDeepsky, i};
     Add(Numbered("M ", table, CommonInterfaces::FieldIds::MessierNumber), object);
     Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
     Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
+    AddOthers(table, object);
+    if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry)) AddOthers(*further, object);
+  }
+}
+
+// What a record of the NGC has besides: its own name and what stands between semicolons.
+void ObjectSearch::AddOthers(const CatalogTable& table, const FoundObject& object) {
+  Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
+  Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
+  std::string_view others = FieldText(table, kOtherNames);
+  while (!others.empty()) {
+    const auto end = std::min(others.find(';'), others.size());
+    Add(std::string(others.substr(0, end)), object);
+    others.remove_prefix(std::min(end + 1, others.size()));
   }
 }
 
@@ -172,12 +200,16 @@ std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject>
 }
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
-  constexpr std::string_view kMessier = "messier";
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
   std::vector<FoundObject> found = FindIn(m_Names, key);
   if (found.empty()) found = FindIn(m_Names, expanded);
-  if (found.empty() && key.starts_with(kMessier)) found = FindIn(m_Names, "m" + key.substr(kMessier.size()));
+  for (const auto& [called, entry] : kCatalogues) {
+    if (found.empty() && key.starts_with(called)) found = FindIn(m_Names, entry + key.substr(called.size()));
+  }
   if (found.empty()) found = FindIn(m_Unnumbered, expanded);
+  for (const auto word : kClassWords) {
+    if (found.empty()) found = FindIn(m_Names, key + std::string(word));
+  }
   if (!found.empty()) return WithoutNamesakes(std::move(found));
   if (const auto star = FindTileStarNamed(key)) found.push_back(*star);
   return found;

@@ -36,8 +36,8 @@ ObjectSight::ObjectSight(const FoundObject& object, SkyCatalogs& catalogs) {
     StarRecord record = star ? MakeStarRecord(*star) : StarRecord();
     CommonInterfaces::SetDataToSolSys(id, &record, &m_Model, kMode);
   } else if (object.group == ObjectGroup::kDeepsky) {
-    catalogs.deepskyTable.Select(catalogs.deepsky[index].record);
-    CommonInterfaces::ConvertDBRecord(id, &catalogs.deepskyTable, nullptr, &m_Model, kMode);
+    CommonInterfaces::ConvertDBRecord(id, &catalogs.deepsky.SelectRecord(catalogs.deepsky[index]), nullptr,
+                                      &m_Model, kMode);
   } else if (object.group == ObjectGroup::kConstellation) {
     ConstellationRecord record;
     for (int i = 0; i < 3; ++i) record.center[i] = catalogs.constellations[index].direction.v[i];

@@ -51,6 +51,13 @@ const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
 
 const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
 
+float ObjectTests::GetFaintestDeepskyCode() const {
+  const auto faintest =
+      std::max_element(m_Deepsky.begin(), m_Deepsky.end(),
+                       [](const auto& a, const auto& b) { return a.limits.draw < b.limits.draw; });
+  return faintest->limits.draw;
+}
+
 double ObjectTests::StarRadius(float code) const {
   return m_Geometry.unit * GetDotRadius(m_StarLimits, code);
 }
@@ -81,6 +88,10 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(index)];
   const Deepsky& kind = FindKind(object.kind);
   Found<kFirst> found;
+  // Most objects are far from the window: told before aberration, which is less than this, is computed.
+  constexpr double kMostAberration = 2e-4;
+  if (kFirst && Dot(object.direction, m_Geometry.centreJ2000) < m_DeepskyReach - kMostAberration)
+    return kOutside;
   if (found.EndsWith(!m_Shown.IsShown(object.kind), kKindOff)) return found.obstacles;
   if (found.EndsWith(object.code > kind.limits.draw, kTooFaint)) return found.obstacles;
   if (found.EndsWith(!kind.filter.Passes(GetTraits(object)), kFiltered)) return found.obstacles;
@@ -94,10 +105,14 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   return found.obstacles;
 }
 
-bool ObjectTests::IsFigureDrawn(int constellation) const {
-  if (!m_Shown.figures || m_ConstellationFilter.IsEmpty()) return m_Shown.figures;
+bool ObjectTests::PassesConstellationFilter(int constellation) const {
+  if (m_ConstellationFilter.IsEmpty()) return true;
   return constellation >= 0 && m_ConstellationFilter.Passes(GetTraits(
                                    m_Catalogs.constellations[static_cast<std::size_t>(constellation)]));
+}
+
+bool ObjectTests::IsFigureDrawn(int constellation) const {
+  return m_Shown.figures && PassesConstellationFilter(constellation);
 }
 
 bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {

@@ -63,6 +63,8 @@ class ObjectTests {
   }
   // Whether its figure or its name is switched on and the place of the name lies in the window.
   bool IsConstellationShown(int constellation, ObjectPlace& place) const;
+  // Whether the filters let a constellation pass; -1, one of no name, where there are none.
+  bool PassesConstellationFilter(int constellation) const;
   // Whether its figure is drawn where it stands in the window.
   bool IsFigureDrawn(int constellation) const;
 
@@ -88,6 +90,7 @@ class ObjectTests {
   bool IsAboveHorizon(const Direction& apparent) const;
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
+  float GetFaintestDeepskyCode() const;                 // up to which any kind is drawn
   const LabelRules& GetLabels(int kind) const { return m_Shown.GetLabels(kind); }
 
  private:

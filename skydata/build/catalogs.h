@@ -12,8 +12,12 @@ namespace skydata {
 
 std::string MakeStarCatalog(const std::filesystem::path& source);
 std::string MakeDeepskyCatalog(const std::filesystem::path& source);
+// What openngc.tsv adds to it: share-alike data, in a table of its own.
+std::string MakeNgcCatalog(const std::filesystem::path& source);
+std::string MakeNebulaOutlines(const std::filesystem::path& source);
 std::string MakeConstellationCatalog(const std::filesystem::path& source);
 std::string MakeConstellationLines(const std::filesystem::path& source);
+std::string MakeConstellationBounds(const std::filesystem::path& source);
 std::string MakeMilkyWay(const std::filesystem::path& source);
 std::string MakeSaturnRing(const std::filesystem::path& source);
 std::string MakeAsteroidCatalog(const std::filesystem::path& source);

@@ -26,23 +26,27 @@ constexpr char kStringTable[] = "qxstrings.txt";
 
 struct Catalog {
   const char* name;
-  const char* folder;  // of its source, with the SOURCE.md
+  const char* origin;  // below the source folder
   std::string (*make)(const fs::path& source);
 };
-constexpr Catalog kCatalogs[] = {{"stars", "stars", MakeStarCatalog},
-                                 {"deepsky", "deepsky", MakeDeepskyCatalog},
-                                 {"constellations", "constellations", MakeConstellationCatalog},
-                                 {"constellation_lines", "constellations", MakeConstellationLines},
-                                 {"milkyway", "milkyway", MakeMilkyWay},
-                                 {"saturn_ring", "maps", MakeSaturnRing},
-                                 {"asteroids", "orbits", MakeAsteroidCatalog},
-                                 {"comets", "orbits", MakeCometCatalog}};
+constexpr Catalog kCatalogs[] = {
+    {"stars", "stars/SOURCE.md", MakeStarCatalog},
+    {"deepsky", "deepsky/SOURCE.md", MakeDeepskyCatalog},
+    {"ngc_ic", "deepsky/openngc.source.md", MakeNgcCatalog},
+    {"nebula_outlines", "deepsky/outlines.source.md", MakeNebulaOutlines},
+    {"constellations", "constellations/SOURCE.md", MakeConstellationCatalog},
+    {"constellation_lines", "constellations/SOURCE.md", MakeConstellationLines},
+    {"constellation_bounds", "constellations/SOURCE.md", MakeConstellationBounds},
+    {"milkyway", "milkyway/SOURCE.md", MakeMilkyWay},
+    {"saturn_ring", "maps/SOURCE.md", MakeSaturnRing},
+    {"asteroids", "orbits/SOURCE.md", MakeAsteroidCatalog},
+    {"comets", "orbits/SOURCE.md", MakeCometCatalog}};
 
 void AddCatalogs(const fs::path& source, Files& files) {
   for (const Catalog& catalog : kCatalogs) {
     const fs::path base = fs::path("catalogs") / catalog.name;
     files[base.string() + ".txt"] = catalog.make(source);
-    files[base.string() + ".source.md"] = ReadFile(source / catalog.folder / "SOURCE.md");
+    files[base.string() + ".source.md"] = ReadFile(source / catalog.origin);
   }
 }
 

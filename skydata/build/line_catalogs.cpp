@@ -52,6 +52,24 @@ std::string MakeConstellationLines(const std::filesystem::path& source) {
   return catalog.GetBytes();
 }
 
+// The positions stay at the equinox in which the edges are straight.
+std::string MakeConstellationBounds(const std::filesystem::path& source) {
+  const SourceTable table(source / "constellations" / "bounds.tsv",
+                          {"NorthOrEast", "SouthOrWest", "RA_deg", "Dec_deg", "EndRA_deg", "EndDec_deg"});
+  CatalogText catalog("constellations/bounds.tsv",
+                      {"Label:text", "OtherLabel:text", "RA:f64", "Dec:f64", "EndRA:f64", "EndDec:f64"});
+  for (int row = 0; row < table.GetRowCount(); ++row) {
+    AddRequiredText(table, row, 0, catalog);
+    AddRequiredText(table, row, 1, catalog);
+    AddPosition(table, row, 2, catalog);
+    AddPosition(table, row, 4, catalog);
+    if (table.GetText(row, 2) != table.GetText(row, 4) && table.GetText(row, 3) != table.GetText(row, 5))
+      table.Fail(row, 4, "the edge follows neither right ascension nor declination");
+    catalog.EndRecord();
+  }
+  return catalog.GetBytes();
+}
+
 std::string MakeMilkyWay(const std::filesystem::path& source) {
   const SourceTable table(source / "milkyway" / "outlines.tsv", {"Level", "Ring", "RA_deg", "Dec_deg"});
   CatalogText catalog("milkyway/outlines.tsv", {"Type:i32", "Number:i32", "RA:f64", "Dec:f64"});

@@ -17,6 +17,9 @@ constexpr double kLargeSize = 0.5;  // radians: no catalogued object is 29 degre
 constexpr ColumnRange kRanges[] = {
     {"RA", 0.0, 2.0 * kPi, kDegreesPerTurn},
     {"Dec", -kPi / 2.0, kPi / 2.0, 90.0},
+    {"EndRA", 0.0, 2.0 * kPi, kDegreesPerTurn},
+    {"EndDec", -kPi / 2.0, kPi / 2.0, 90.0},
+    {"PositionAngle", 0.0, kPi, 180.0},
     {"VisMagnitude", -30.0, 40.0, 0.0},
     {"AbsMagnitude", -30.0, 60.0, 0.0},
     {"LargestDimension", 0.0, kLargeSize, 1e9},
@@ -41,7 +44,10 @@ const CatalogRule* FindCatalogRule(const std::string& fileName) {
   static const CatalogRule kRules[] = {
       {"stars", {"Number", "RA", "Dec"}, "star"},
       {"deepsky", {"Type", "Number", "RA", "Dec"}, ""},
+      {"ngc_ic", {"Type", "Number", "RA", "Dec"}, ""},
+      {"nebula_outlines", {"RA", "Dec"}, nullptr},
       {"constellations", {"Label", "RA", "Dec"}, nullptr},
+      {"constellation_bounds", {"Label", "OtherLabel", "RA", "Dec", "EndRA", "EndDec"}, nullptr},
       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
       {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
       {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},

@@ -63,7 +63,7 @@ class CatalogChecker {
     CheckRequired(record);
     CheckNumber(record);
     CheckName(record);
-    CheckLabel(record);
+    for (const char* const column : {"Label", "OtherLabel"}) CheckLabel(record, column);
   }
 
   void CheckCell(const CatalogColumn& column, int line, const TextField& cell) {
@@ -128,8 +128,8 @@ class CatalogChecker {
     }
   }
 
-  void CheckLabel(const CatalogRecord& record) {
-    const TextField* const cell = m_Data.FindCell(record, m_Data.FindColumn("Label"));
+  void CheckLabel(const CatalogRecord& record, const char* column) {
+    const TextField* const cell = m_Data.FindCell(record, m_Data.FindColumn(column));
     const auto labels = m_Run.labels.find("Label");
     if (!cell || !m_Rule || m_Rule->kind || labels == m_Run.labels.end()) return;
     if (std::find(labels->second.begin(), labels->second.end(), cell->text) != labels->second.end()) return;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/reports/explanation.h"
 
+#include <cmath>
+
 #include "scene/zoom_range.h"
 #include "skyview/reports/filter_text.h"
 #include "utils/messages.h"
@@ -25,10 +27,18 @@ std::string DescribeZoom(const std::optional<double>& zoom) {
   return *zoom <= scene::kMinZoom ? "shown at every zoom" : FormatText("shown from zoom %.4g on", *zoom);
 }
 
+// The magnitude of an object, or what stands for it.
+std::string DescribeMagnitude(const scene::Explanation& why) {
+  const double magnitude = scene::MagnitudeOfCode(*why.code);
+  return FormatText(
+      std::isnan(why.traits.code) ? "magnitude unknown, by its size shown as %.2f" : "magnitude %.2f",
+      magnitude);
+}
+
 std::string DescribeFaintness(const scene::Explanation& why, double zoom) {
-  return FormatText("too faint at zoom %.4g: the limit is magnitude %.2f, its magnitude %.2f; ", zoom,
-                    scene::MagnitudeOfCode(why.limits.draw), scene::MagnitudeOfCode(*why.code)) +
-         DescribeZoom(why.drawnFromZoom);
+  return FormatText("too faint at zoom %.4g: the limit is magnitude %.2f, its ", zoom,
+                    scene::MagnitudeOfCode(why.limits.draw)) +
+         DescribeMagnitude(why) + "; " + DescribeZoom(why.drawnFromZoom);
 }
 
 std::string DescribeOutside(const scene::Explanation& why, bool horizon) {
@@ -93,8 +103,7 @@ std::vector<std::string> ListFacts(const scene::Explanation& why, const scene::S
   if (!why.IsDrawn()) return facts;
   facts.push_back(FormatText("pixel %.0f, %.0f from the upper left corner", why.pixel.x, why.pixel.y));
   if (!why.code) return facts;
-  facts.push_back(FormatText("magnitude %.2f: ", scene::MagnitudeOfCode(*why.code)) +
-                  DescribeZoom(why.drawnFromZoom));
+  facts.push_back(DescribeMagnitude(why) + ": " + DescribeZoom(why.drawnFromZoom));
   facts.push_back(DescribeLabel(why));
   return facts;
 }

@@ -21,8 +21,10 @@ constexpr double kMinutesPerRadian = 60.0 / scene::kRadiansPerDegree;
 std::string DescribeRange(const scene::FilterRule& rule, const scene::ObjectTraits& traits) {
   switch (rule.quantity) {
     case scene::Quantity::kMagnitude:
-      return FormatText("lets magnitudes %.2f to %.2f pass, it has %.2f", scene::MagnitudeOfCode(rule.least),
-                        scene::MagnitudeOfCode(rule.most), scene::MagnitudeOfCode(traits.code));
+      return FormatText("lets magnitudes %.2f to %.2f pass, ", scene::MagnitudeOfCode(rule.least),
+                        scene::MagnitudeOfCode(rule.most)) +
+             (std::isnan(traits.code) ? "its own is unknown"
+                                      : FormatText("it has %.2f", scene::MagnitudeOfCode(traits.code)));
     case scene::Quantity::kColour:
       return FormatText("lets colour indices %.2f to %.2f pass, ", rule.least, rule.most) +
              (std::isnan(traits.colour) ? "its own is unknown" : FormatText("it has %.2f", traits.colour));

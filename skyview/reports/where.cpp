@@ -42,18 +42,22 @@ constexpr double kSatelliteStep = 1.0 / 2880.0;  // half a minute: a pass lasts 
 // Writes the lines about one object.
 class WhereWriter {
  public:
-  WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, int kind)
+  WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, int kind,
+              const scene::SkyCatalogs& catalogs)
       : m_Sight(sight),
         m_Seen(seen),
         m_Camera(camera),
+        m_Catalogs(catalogs),
         m_Place(scene::GetPlace(camera)),
         m_Now(scene::GetMoment(camera)),
         m_Satellite(kind == FourCC("scft")),
+        m_Constellation(kind == FourCC("cnst")),
         m_InSolarSystem(kind == FourCC("plnt") || kind == FourCC("moon") || kind == FourCC("astr") ||
                         kind == FourCC("comt")) {}
 
   std::string Write() {
     AddPositions();
+    AddConstellation();
     AddDirection();
     AddDistance();
     AddLook();
@@ -65,6 +69,7 @@ class WhereWriter {
  private:
   void Add(const std::string& text) { m_Text += PutSignsFirst(scene::ToUtf8(text)) + "\n"; }
   void AddPositions();
+  void AddConstellation();
   void AddDirection();
   void AddDistance();
   void AddLook();
@@ -81,9 +86,10 @@ class WhereWriter {
   scene::ObjectSight& m_Sight;
   const ObservedBody& m_Seen;
   const Camera& m_Camera;
+  const scene::SkyCatalogs& m_Catalogs;
   scene::EarthPlace m_Place;
   scene::SkyMoment m_Now;
-  bool m_Satellite, m_InSolarSystem;
+  bool m_Satellite, m_Constellation, m_InSolarSystem;
   std::string m_Text;
 };
 
@@ -105,6 +111,15 @@ void WhereWriter::AddPositions() {
   MV3prod(orientation, m_Seen.apparent, ofDate);
   Add(Localize(HostText::kWhereJ2000, {FormatEquatorial(m_Seen.astrometric).c_str()}));
   Add(Localize(HostText::kWhereOfDate, {FormatEquatorial(ofDate).c_str()}));
+}
+
+// The Latin names of the catalog, which a code page may lack letters for, stand behind the text.
+void WhereWriter::AddConstellation() {
+  const double* const v = m_Seen.astrometric;
+  const int found = m_Constellation ? -1 : m_Catalogs.bounds.Find({{v[0], v[1], v[2]}});
+  if (found < 0) return;
+  m_Text += scene::ToUtf8(Localize(HostText::kWhereConstellation, {})) + ": " +
+            m_Catalogs.constellations[static_cast<std::size_t>(found)].name + "\n";
 }
 
 void WhereWriter::AddDirection() {
@@ -269,7 +284,7 @@ bool DescribeWhere(const scene::FoundObject& object, const std::string& title, s
   const int kind = scene::GetKind(object, catalogs);
   const char* type = CommonInterfaces::GetObjectTypeName(kind, scene::GetNumber(object, catalogs));
   text = title + (type ? " - " + scene::ToUtf8(type) : "") + "\n";
-  text += WhereWriter(sight, seen, camera, kind).Write();
+  text += WhereWriter(sight, seen, camera, kind, catalogs).Write();
   return true;
 }
 

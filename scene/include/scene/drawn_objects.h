@@ -22,6 +22,7 @@ struct DrawnDeepsky {
   CommonInterfaces::DeepskyOutput* output;
   int object;
   float opacity;
+  float angle;  // of the symbol's larger axis in the picture: from the x axis downwards, radians
 };
 
 }  // namespace scene

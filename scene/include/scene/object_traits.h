@@ -8,7 +8,7 @@ namespace scene {
 struct ObjectTraits {
   static constexpr unsigned char kNoClass = 255;
 
-  float code = 0.0f;             // magnitude code, (magnitude + 2) * 10
+  float code = 0.0f;             // magnitude code, (magnitude + 2) * 10; not a number when unknown
   float colour = 0.0f;           // colour index B-V, magnitudes; not a number when unknown
   float size = 0.0f;             // largest dimension, radians; not a number when unknown
   unsigned char cls = kNoClass;  // spectral class of a star (GetSpectrType), sub-type of a deep-sky object

@@ -30,6 +30,7 @@ struct SCENE_API ShownKinds {
   bool otherDeepsky = true;  // "dsnv", the objects that are not seen in visible light
   bool figures = true;
   bool constellationNames = true;
+  bool boundaries = false;    // of the constellations
   bool englishNames = false;  // of the constellations
   bool milkyWay = true;
   bool horizon = true;

@@ -9,29 +9,15 @@
 #include "scene/api.h"
 #include "scene/bodies.h"
 #include "scene/catalog_table.h"
+#include "scene/constellation_bounds.h"
+#include "scene/deepsky_catalog.h"
 #include "scene/directions.h"
-#include "scene/label_rules.h"
+#include "scene/nebula_outlines.h"
 #include "scene/object_traits.h"
 #include "scene/star_catalog.h"
 #include "scene/star_tiles.h"
 
 namespace scene {
-
-struct SCENE_API DeepskyObject {
-  Direction direction;                  // J2000
-  float code;                           // magnitude code
-  int kind;                             // four-character code: "gala", "nebu", "clst", "dsnv"
-  int number;                           // catalogue number, -1: none
-  float largest;                        // radians, 0 when unknown
-  float smallest;                       // radians, 0 when unknown
-  std::string label;                    // "M42", else the NGC or IC number, else the proper name
-  unsigned char catalogs;               // DeepskyCatalogBit
-  int record;                           // of the table that it came from
-  std::string designation, properName;  // "NGC 1976", "Great Orion Nebula"; "" without one
-
-  // What the rules say stands beside it. The object's.
-  const char* GetLabel(const LabelRules& rules) const;
-};
 
 // One stroke of a constellation figure from star to star, along the great circle: `count` points from `first`
 // on.
@@ -57,30 +43,32 @@ struct MilkyWayRing {
 
 // What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class of
 // a star of a tile catalog is unknown.
-SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
 
 // All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
 // and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
-  StarCatalog stars;                   // the bright ones, which have names
-  std::vector<StarTiles> starTiles;    // all others, catalog by catalog; no star is in two
-  std::vector<DeepskyObject> deepsky;  // brightest first
+  StarCatalog stars;                 // the bright ones, which have names
+  std::vector<StarTiles> starTiles;  // all others, catalog by catalog; no star is in two
+  DeepskyCatalog deepsky;
+  NebulaOutlines nebulaOutlines;
   std::vector<Direction> figurePoints;
   std::vector<FigureStroke> figures;
   std::vector<ConstellationName> constellations;
+  ConstellationBounds bounds;
   std::vector<Direction> milkyWayPoints;
   std::vector<MilkyWayRing> milkyWay;  // by level
   BodyList bodies;
-  CatalogTable starTable, deepskyTable;  // for what no frame needs, such as all the names of an object
+  CatalogTable starTable;  // for what no frame needs, such as all the names of an object
 };
 
-// Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are
-// such: the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False
-// when one of the five is missing or is no table: `error` is then one line that names the
-// file, and `catalogs` is what it was.
+// Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what there
+// was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are such:
+// the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False when
+// stars, Messier's list, the names or figures of constellations or the Milky Way are missing, or a table is none:
+// `error` is then one line that names the file, and `catalogs` is what it was. Without the NGC, the outlines of
+// nebulae or the boundaries of constellations there are none of these.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 // The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a catalog

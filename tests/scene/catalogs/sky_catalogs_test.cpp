@@ -68,7 +68,7 @@ TEST_F(SkyCatalogsTest, StarsWithoutPositionOrMagnitudeAreCountedInOneLine) {
 TEST_F(SkyCatalogsTest, DeepSkyObjectsCarryKindSizeAndLabel) {
   ASSERT_TRUE(Load()) << error;
   ASSERT_EQ(catalogs.deepsky.size(), 3u);
-  EXPECT_EQ(catalogs.deepsky[0].label, "M45");
+  EXPECT_STREQ(catalogs.deepsky[0].label, "M45");
   EXPECT_STREQ(catalogs.deepsky[0].GetLabel({true, false, false, false, false}), "M45");
   EXPECT_STREQ(catalogs.deepsky[0].GetLabel({true, true, false, false, false}), "Pleiades");
   EXPECT_EQ(catalogs.deepsky[1].kind, FourCC("gala"));

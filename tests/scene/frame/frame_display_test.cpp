@@ -4,6 +4,8 @@
 // What a frame puts into its display list.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -177,6 +179,37 @@ TEST_F(FrameDisplay, DeepskyObjectsAreNamedByKindAndNumber) {
   EXPECT_EQ(boxes, 1);
   EXPECT_EQ(named, (std::set<std::pair<int, int>>{
                        {FourCC("nebu"), 42}, {FourCC("gala"), 31}, {FourCC("clst"), 45}}));
+}
+
+// M 31 lies at position angle 35 degrees, from north by east. Where a point a little way along its axis is
+// drawn, says the angle of its ellipse, however the view is rolled.
+TEST_F(FrameDisplay, SymbolsLieAtTheirPositionAngle) {
+  f.sky.dir.Write("data/catalogs/ngc_ic.txt",
+                  "Type:text\tNumber:i32\tRA:f64\tDec:f64\tPositionAngle:f32\tMessierNumber:i32\n"
+                  "gala\t31\t0.18643\t0.72030\t0.6108652\t31\n");
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(f.catalogs, error)) << error;
+  SkyFrame frame(f.catalogs);
+  f.camera.SetZoom(0.3);
+  for (const double azimuth : {200.0, 240.0, 280.0}) {
+    f.SetLook(azimuth, 50.0);
+    const ObserverFrame observer = PrepareObserver(f.camera);
+    frame.Compute(f.camera, observer, f.shown);
+    const auto& ellipses = frame.GetDisplayList().GetEllipses();
+    const auto galaxy = std::find_if(ellipses.begin(), ellipses.end(), [](const EllipseRecord& ellipse) {
+      return ellipse.object == ObjectRef{FourCC("gala"), 31};
+    });
+    ASSERT_NE(galaxy, ellipses.end());
+    constexpr double kStep = 1e-5, kAngle = 35.0 * kRadiansPerDegree;
+    const Direction along = MakeDirection(0.18643 + kStep * std::sin(kAngle) / std::cos(0.72030),
+                                          0.72030 + kStep * std::cos(kAngle));
+    const auto from = ViewGeometry(f.camera).Project(
+        ApparentDirection(MakeDirection(0.18643, 0.72030), observer), SkyFrameOf::kJ2000);
+    const auto to = ViewGeometry(f.camera).Project(ApparentDirection(along, observer), SkyFrameOf::kJ2000);
+    // Pixels of the geometry count upwards; an axis has no direction.
+    const double expected = std::atan2(from.y - to.y, to.x - from.x);
+    EXPECT_NEAR(std::remainder(static_cast<double>(galaxy->angle) - expected, kPi), 0.0, 1e-3) << azimuth;
+  }
 }
 
 TEST_F(FrameDisplay, FiguresAndNamesStandForTheirConstellation) {

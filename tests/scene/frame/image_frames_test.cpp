@@ -168,7 +168,7 @@ TEST_F(ImageFramesTest, DeepskyImageIsNamedOnceByItsObjectAndItsLetter) {
 
 // The catalog's numbers carry the sub-type in the top byte, those of the images a letter.
 TEST_F(ImageFramesTest, SubTypeInTheNumberOfTheObjectDoesNotMatter) {
-  for (auto& object : f.catalogs.deepsky) {
+  for (auto& object : f.catalogs.deepsky.objects) {
     if (object.number == 42) object.number |= 0x1E << 24;
   }
   Load(kDeepskyImages);

@@ -68,6 +68,32 @@ TEST_F(ObjectSearchTest, EveryNameOfAnObjectFindsIt) {
   for (const char* name : {"Orion", "ori", "HUNTER"}) EXPECT_EQ(TitleOf(name), "Orion (Ori, Hunter)") << name;
 }
 
+TEST_F(ObjectSearchTest, EveryEntryOfADeepskyObjectFindsIt) {
+  f.sky.dir.Write("data/catalogs/ngc_ic.txt",
+                  "Type:text\tNumber:i32\tRA:f64\tDec:f64\tMessierNumber:i32\tNGC_ICnumber:text\t"
+                  "ProperName:text\tOtherNames:text\n"
+                  "gala\t31\t1\t0\t31\tNGC 224\tAndromeda Galaxy\tUGC 454;PGC 2557\n"
+                  "nebu\t3000033\t1\t0\t\tB 33\tHorsehead Nebula\n"
+                  "clst\t3100014\t1\t0\t\tC 14\tDouble Cluster\tH & chi Persei\n"
+                  "nebu\t2043400\t1\t0\t\tIC 434\t\tC 9;Sh 2-155;Cr 50;Mel 25\n"
+                  "gala\t3400092\t1\t0\t\tHCG 92\tStephan's Quintet\n");
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(f.catalogs, error)) << error;
+  search = ObjectSearch(f.catalogs);
+  EXPECT_EQ(TitleOf("PGC 2557"), "M 31 (NGC 224, Andromeda Galaxy, UGC 454, PGC 2557)");
+  for (const char* name : {"B33", "b 33", "Barnard 33", "Horsehead", "horsehead nebula"})
+    EXPECT_EQ(TitleOf(name), "B 33 (Horsehead Nebula)") << name;
+  for (const char* name : {"C14", "Caldwell 14", "caldwell14", "Double Cluster", "h & chi Persei"})
+    EXPECT_EQ(TitleOf(name), "C 14 (Double Cluster, H & chi Persei)") << name;
+  for (const char* name : {"IC434", "ic 434", "C9", "Sharpless 155", "Sh2-155", "Collinder 50", "Melotte 25"})
+    EXPECT_EQ(TitleOf(name), "IC 434 (C 9, Sh 2-155, Cr 50, Mel 25)") << name;
+  for (const char* name : {"Hickson 92", "hcg92", "Stephan's Quintet"})
+    EXPECT_EQ(TitleOf(name), "HCG 92 (Stephan's Quintet)") << name;
+  EXPECT_EQ(TitleOf("Andromeda"), "M 31 (NGC 224, Andromeda Galaxy, UGC 454, PGC 2557)")
+      << "the constellation of that name is not in these catalogs";
+  EXPECT_EQ(TitleOf("Orion"), "Orion (Ori, Hunter)") << "what has the name goes before what begins with it";
+}
+
 TEST_F(ObjectSearchTest, UnknownNameNamesSimilarOnes) {
   EXPECT_EQ(TitleOf("Rigl"), "? 'Rigl': no such object; similar: Rigel");
   EXPECT_EQ(TitleOf("Xyzzy"), "? 'Xyzzy': no such object");

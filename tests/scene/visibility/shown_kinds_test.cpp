@@ -59,10 +59,10 @@ TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
 }
 
 TEST_F(ShownKindsTest, ReasonsAreGivenForWhatNoPictureFollowsOnly) {
-  EXPECT_STREQ(FindUndrawnReason(FourCC("cnst"), GetUniqueID("BoundariesVisible")),
-               "boundaries of constellations are not drawn");
+  EXPECT_STREQ(FindUndrawnReason(FourCC("cnst"), GetUniqueID("ImagesVisible")),
+               "images of constellations are not drawn");
   EXPECT_EQ(FindUndrawnReason(FourCC("star"), GetUniqueID("Draw")), nullptr);
-  EXPECT_EQ(FindUndrawnReason(FourCC("star"), GetUniqueID("BoundariesVisible")), nullptr);
+  EXPECT_EQ(FindUndrawnReason(FourCC("star"), GetUniqueID("ImagesVisible")), nullptr);
 }
 
 TEST_F(ShownKindsTest, SectionThatIsOffHidesWhateverItsSwitchesSay) {

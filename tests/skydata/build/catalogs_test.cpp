@@ -10,40 +10,16 @@
 #include <map>
 #include <set>
 
+#include "tests/skydata/made_table.h"
 #include "tests/skydata/source_text.h"
 
 namespace skydata {
 namespace {
 
-using Records = std::vector<std::vector<std::string>>;
+using Table = skydata_test::MadeTable;
 
 constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 constexpr double kArcSecond = kRadiansPerDegree / 3600.0;
-
-// A table with cells by record and column name.
-class Table {
- public:
-  explicit Table(const std::string& bytes) : m_Records(skydata_test::SplitTable(bytes)) {
-    for (std::size_t i = 0; i < m_Records[0].size(); ++i) m_Columns[m_Records[0][i]] = i;
-  }
-  std::size_t GetCount() const { return m_Records.size() - 1; }
-  const std::string& GetText(std::size_t record, const std::string& column) const {
-    return m_Records[record + 1].at(m_Columns.at(column));
-  }
-  double GetNumber(std::size_t record, const std::string& column) const {
-    return std::strtod(GetText(record, column).c_str(), nullptr);
-  }
-  std::size_t Find(const std::string& column, const std::string& text) const {
-    for (std::size_t i = 0; i < GetCount(); ++i) {
-      if (GetText(i, column) == text) return i;
-    }
-    throw std::out_of_range(column + " " + text);
-  }
-
- private:
-  Records m_Records;
-  std::map<std::string, std::size_t> m_Columns;
-};
 
 double Hours(double hours, double minutes, double seconds) {
   return (hours + minutes / 60.0 + seconds / 3600.0) * 15.0 * kRadiansPerDegree;

@@ -41,7 +41,8 @@ TEST_F(DataRoot, HasEveryFileOfTheLayout) {
                            "views/southern_cross.data", "views/pleiades.data", "media/time_interval.ini"}) {
     EXPECT_FALSE(m_Roots.dir.Read(std::string("data/") + name).empty()) << name;
   }
-  for (const char* name : {"stars", "deepsky", "constellations", "constellation_lines", "milkyway"}) {
+  for (const char* name : {"stars", "deepsky", "ngc_ic", "nebula_outlines", "constellations",
+                           "constellation_lines", "constellation_bounds", "milkyway"}) {
     const std::string base = std::string("data/catalogs/") + name;
     EXPECT_EQ(m_Roots.dir.Read(base + ".txt")[0], '#') << name;
     EXPECT_NE(m_Roots.dir.Read(base + ".source.md").find("Licence"), std::string::npos) << name;

@@ -92,15 +92,16 @@ class ShippedSky : public testing::Test {
   }
   void TearDown() override { ZentharPath::SetRoots(nullptr, nullptr); }
 
-  // The shipped catalog has no object of the section dsnv: M 77 again, as a source of radio waves.
+  // The shipped catalogs have no object of the section dsnv that bright: M 77 again, as a source of radio
+  // waves.
   void AddOtherDeepsky() {
     for (const auto& object : m_Catalogs.deepsky) {
-      if (object.label != "M77") continue;
+      if (std::string_view(object.label) != "M77") continue;
       scene::DeepskyObject other = object;
       other.kind = FourCC("dsnv");
       other.label = other.properName = other.designation = "Cet A";
       other.code = 30.0f;
-      m_Catalogs.deepsky.insert(m_Catalogs.deepsky.begin(), other);
+      m_Catalogs.deepsky.objects.insert(m_Catalogs.deepsky.begin(), other);
       return;
     }
   }

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "scene/display_list.h"
+#include "scene/observer_frame.h"
+#include "scene/sky_catalogs.h"
+#include "scene/view/sky_region.h"
+#include "scene/visibility/object_tests.h"
+
+namespace scene {
+
+// The outlines of the nebulae of one frame: those that are large enough in the picture to have a form, whose
+// object is shown by its switch, the filters and the limit of its class; a region that is no object goes with
+// the nebulae. Allocates at its construction only; `catalogs` is kept by reference.
+class NebulaClouds {
+ public:
+  explicit NebulaClouds(const SkyCatalogs& catalogs);
+
+  void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+               const ShownKinds& shown);
+
+  // Each level a faint area with a soft edge, the brighter ones over the fainter; each names its object.
+  void Draw(DisplayList& list) const;
+
+  // An area of the picture: rings of GetPicture.
+  struct Cloud {
+    int outline, level;
+    int firstRing, ringCount;
+    float opacity;
+  };
+  const std::vector<Cloud>& GetClouds() const { return m_Clouds; }
+  const RegionPicture& GetPicture() const { return m_Picture; }
+  // Whether the outline of that object is drawn in its full colour, so that it needs no symbol.
+  bool IsFormed(int object) const;
+
+ private:
+  bool IsShown(const NebulaOutline& outline, const ObjectTests& tests, const ShownKinds& shown) const;
+  void AddOutline(const ViewGeometry& geometry, const ObserverFrame& observer, int outline, float opacity);
+  void AddArea(const ViewGeometry& geometry, const ObserverFrame& observer, const NebulaArea& area);
+
+  const SkyCatalogs& m_Catalogs;
+  RegionPicture m_Picture;
+  std::vector<Cloud> m_Clouds;
+  std::vector<Direction> m_Apparent;  // the points of one ring
+};
+
+}  // namespace scene
