@@ -58,10 +58,10 @@ struct SkyCatalogs {
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
 };
 
-// Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what there
-// was. False when stars, Messier's list, the names or figures of constellations or the Milky Way are missing,
-// or a table is none: `error` is then one line that names the file, and `catalogs` is what it was. Without the
-// NGC, the outlines of nebulae or the boundaries of constellations there are none of these.
+// Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
+// there was. False when stars, Messier's list, the names or figures of constellations or the Milky Way are
+// missing, or a table is none: `error` is then one line that names the file, and `catalogs` is what it was.
+// Without the NGC, the outlines of nebulae or the boundaries of constellations there are none of these.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
 }  // namespace scene
