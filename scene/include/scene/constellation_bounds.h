@@ -12,8 +12,8 @@ namespace scene {
 
 struct ConstellationName;
 
-// A boundary between two constellations: `count` points from `first` on, so near that the straight way between
-// two is the boundary within a second of arc.
+// A boundary between two constellations: `count` points from `first` on, so near that the straight way
+// between two is the boundary within a second of arc.
 struct BoundaryEdge {
   int first, count;
   double radius;                 // radians from point count / 2 to the farthest one

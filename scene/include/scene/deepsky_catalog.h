@@ -67,8 +67,8 @@ struct SCENE_API DeepskyCatalog {
 };
 
 // The code by which an object of unknown magnitude is shown: that of one of its size whose every square
-// second of arc shines like a star of magnitude 23, as faint nebulae and the rims of galaxies do; magnitude 16
-// where the size is unknown too. Radians; `smallest` 0: as wide as long.
+// second of arc shines like a star of magnitude 23, as faint nebulae and the rims of galaxies do;
+// magnitude 16 where the size is unknown too. Radians; `smallest` 0: as wide as long.
 SCENE_API float GetCodeOfSize(float largest, float smallest);
 
 // What filters compare. The magnitude of an object that has none is not a number.

@@ -70,8 +70,8 @@ TEST_F(ConstellationBoundsTest, ThePolesAndTheSeamOfRightAscensionHaveTheirs) {
 }
 
 // The entries of the NGC and IC with their constellations as OpenNGC has them, from positions of the same
-// table. Those nearer than a minute of arc to a boundary are left to rounding. One is wrong there: Holmberg II,
-// UGC 4305, belongs to Ursa Major.
+// table. Those nearer than a minute of arc to a boundary are left to rounding. One is wrong there: Holmberg
+// II, UGC 4305, belongs to Ursa Major.
 TEST_F(ConstellationBoundsTest, ThousandsOfObjectsLieInThePublishedConstellation) {
   ASSERT_TRUE(Load());
   int compared = 0, other = 0;

@@ -72,6 +72,21 @@ TEST_F(ExplanationTest, FaintStarIsToldTheZoomThatShowsItAndItDoes) {
   }
 }
 
+// A nebula of 1' by 1': 23 - 2.5 log10(2827.43) is 14.37.
+TEST_F(ExplanationTest, AnUnknownMagnitudeIsSaidToBeUnknown) {
+  f.sky.dir.Write("data/catalogs/ngc_ic.txt",
+                  "Type:text\tNumber:i32\tRA:f64\tDec:f64\tLargestDimension:f32\tNGC_ICnumber:text\n"
+                  "nebu\t1000700\t1.46\t0.0\t0.00029088821\tNGC 7\n");
+  UseCatalogs();
+  host_test::AddRange(settings, "nebu", "VisMagnitude", 1.0f, 3.0f);
+  Compute();
+  const ExplanationLines why = Tell("NGC 7");
+  EXPECT_TRUE(AnyContains(why.reasons, "its magnitude unknown, by its size shown as 14.37; shown from zoom"))
+      << why.reasons.back();
+  EXPECT_TRUE(AnyContains(why.reasons, "lets magnitudes 1.00 to 3.00 pass, its own is unknown"))
+      << why.reasons.front();
+}
+
 TEST_F(ExplanationTest, ObjectOutsideIsToldWhereToLookAndIsThenDrawn) {
   UseCatalogs();
   f.SetLook(60.0, 30.0);

@@ -68,6 +68,22 @@ TEST(Where, PassOfASatelliteIsOnePass) {
   }
 }
 
+// All that lies north of a parallel is Orion here; what lies south of it belongs to none that has a name.
+TEST(Where, TheConstellationIsNamedWhereThereAreBoundaries) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(Ask("Sirius")), 0) << sky.errors.str();
+  EXPECT_FALSE(sky.Printed("Constellation"));
+  sky.dir.Write("data/catalogs/constellation_bounds.txt",
+                "Label:text\tOtherLabel:text\tRA:f64\tDec:f64\tEndRA:f64\tEndDec:f64\n"
+                "Ori\tXxx\t0\t-0.5\t6.283185\t-0.5\n");
+  ASSERT_EQ(sky.Run(Ask("Sirius")), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Constellation: Orion\n")) << sky.output.str();
+  ASSERT_EQ(sky.Run(Ask("Canopus")), 0) << sky.errors.str();
+  EXPECT_FALSE(sky.Printed("Constellation")) << sky.output.str();
+  ASSERT_EQ(sky.Run(Ask("Orion")), 0) << sky.errors.str();
+  EXPECT_FALSE(sky.Printed("Constellation: ")) << sky.output.str();
+}
+
 TEST(Where, HorizonOfThePictureIsSaidToBeWithoutRefraction) {
   SmallSky sky;
   ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
