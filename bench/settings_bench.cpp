@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Getting and setting values of the container, beside tables that hold values by section and name id. Creating
-// and loading are in settings_load_bench.cpp, further peers in settings_keyfile_bench.cpp and
+// Getting and setting values of the container, beside tables that hold values by section and name id.
+// Creating and loading are in settings_load_bench.cpp, further peers in settings_keyfile_bench.cpp and
 // settings_sqlite_bench.cpp.
 #include "bench/settings_subjects.h"
 #include "common_interfaces/settings_field.h"

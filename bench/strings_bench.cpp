@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The string table: loading its file and looking texts up, against a sorted vector and hash maps made from the
-// same file, read whole.
+// The string table: loading its file and looking texts up, against a sorted vector and hash maps made from
+// the same file, read whole.
 #include <algorithm>
 #include <cstring>
 #include <fstream>
@@ -65,8 +65,8 @@ void Reload() {
   QX4Strings::FinishLocaleUpdate();
 }
 
-// Cuts the file up in place and hands each identifier with its text to add(identifier, text). The peers resolve
-// no escapes, trim nothing and look for no duplicates.
+// Cuts the file up in place and hands each identifier with its text to add(identifier, text). The peers
+// resolve no escapes, trim nothing and look for no duplicates.
 template <class Add>
 void ForEachText(std::string& file, Add add) {
   char* at = file.data();

@@ -35,9 +35,9 @@ bool FindBlock(MFile& file, unsigned owner, unsigned id);
 // missing, negative or larger than the rest of the file allows.
 bool ReadSectionRecords(MFile& file, std::vector<SectionRecord>& sections);
 
-// Reads the fields of a block into the arena and appends them; the caller owns them. False for a count that is missing or
-// negative and at the first field that cannot be read; the fields before it are appended. The file then
-// stands somewhere behind what was read.
+// Reads the fields of a block into the arena and appends them; the caller owns them. False for a count that
+// is missing or negative and at the first field that cannot be read; the fields before it are appended. The
+// file then stands somewhere behind what was read.
 bool ReadFieldRecords(MFile& file, FieldArena& arena, std::vector<SettingField*>& fields);
 
 SectionRecord LoadSectionRecord(const unsigned char* from);

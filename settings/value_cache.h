@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Copies of short values, for one access to memory where slot, field and record of a field are three that wait
+// Copies of short values: one access to memory, where slot, field and record of a field are three that wait
 // for each other.
 #pragma once
 

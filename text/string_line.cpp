@@ -16,8 +16,8 @@ namespace {
 
 bool IsDelimiter(char c) { return c == '\t' || c == '\n'; }
 
-// Where the first field of `text` ends that has no blanks at its end. Looks for one character after the other:
-// searches for several at once take much longer.
+// Where the first field of `text` ends, without blanks at its end. Looks for one character after the other:
+// a search for several at once takes much longer.
 char* FindEnd(char* text) {
   std::size_t length = std::strlen(text);
   for (const char delimiter : {'\t', '\n'}) {

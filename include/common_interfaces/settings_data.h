@@ -53,7 +53,8 @@ static_assert(offsetof(SectionRecord, status) == 12);
 // An operation on a field that the container does not have prints a line; what else it does is said below.
 //
 // What it costs: a section is found by id or alias, and a field by name id in a section or anywhere, in the
-// same time however many there are. The first such question after a Read or an assignment, or after a field
+// same time however many there are. GetField of a single number is quicker still as long as no field of any
+// container changes: it keeps copies. The first such question after a Read or an assignment, or after a field
 // that the caller holds got another name id, goes over all fields once. Adding a field takes a time in
 // proportion to the sections behind its own, adding many and reading them grows with their number, and
 // deleting one goes over the fields behind it. What looks at the values of a section (objects, favourites,
