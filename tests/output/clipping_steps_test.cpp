@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Clipping against its steps as one would tell them, one decision after the other: the same answer and the same bits
-// for segments of every kind, in windows of every kind.
+// Clipping against its steps as one would tell them, one decision after the other: the same answer and the
+// same bits for segments of every kind, in windows of every kind.
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -102,9 +102,7 @@ bool ClipByStep(tPoint<typename Way::Coordinate>& p0, tPoint<typename Way::Coord
 }
 
 bool IsSame(int a, int b) { return a == b; }
-bool IsSame(double a, double b) {
-  return std::isnan(a) ? std::isnan(b) : std::memcmp(&a, &b, sizeof a) == 0;
-}
+bool IsSame(double a, double b) { return std::isnan(a) ? std::isnan(b) : std::memcmp(&a, &b, sizeof a) == 0; }
 
 // How often each thing happened, so that a test can see that it tried it.
 struct Tally {
@@ -130,7 +128,9 @@ void Compare(tPoint<typename Way::Coordinate> p0, tPoint<typename Way::Coordinat
 
 // Windows of which some are empty, inside out or as large as integers go.
 tRect<int> MakeWindow(std::mt19937& random) {
-  const auto some = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+  const auto some = [&random](int limit) {
+    return static_cast<int>(random() % static_cast<unsigned>(limit));
+  };
   switch (some(8)) {
     case 0: {
       const int ends[] = {kMin, kMin + 1, -1, 0, 1, 2, kMax - 1, kMax};
