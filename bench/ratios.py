@@ -49,7 +49,7 @@ def measure(program, runs, options):
             if run.get("error_occurred"):
                 print(f"{run['name']}: {run['error_message']}", file=sys.stderr)
             elif run["run_type"] == "iteration":
-                found.setdefault(run["run_name"], []).append(item_time(run))
+                found.setdefault(run["run_name"].removesuffix("/manual_time"), []).append(item_time(run))
     return {name: Times(repeated) for name, repeated in found.items()}
 
 

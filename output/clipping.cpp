@@ -45,19 +45,6 @@ double InsideOrZero(double t) {
   return std::bit_cast<double>(std::bit_cast<std::uint64_t>(t) & (0 - isInside));
 }
 
-// Integer points, parameters in doubles. Differences are exact: those of any two ints fit a double.
-struct DoubleParameter {
-  using Coordinate = int;
-  using Wide = std::int64_t;
-  using Parameter = double;
-  static Parameter At(std::int64_t edge, int from, int to) {
-    return InsideOrZero(static_cast<double>(edge - from) / static_cast<double>(std::int64_t{to} - from));
-  }
-  static int Between(int from, int to, Parameter t) {
-    return static_cast<int>(from + static_cast<double>(std::int64_t{to} - from) * t);
-  }
-};
-
 struct DoublePoint {
   using Coordinate = double;
   using Wide = double;
@@ -66,6 +53,17 @@ struct DoublePoint {
     return InsideOrZero((static_cast<double>(edge) - from) / (to - from));
   }
   static double Between(double from, double to, Parameter t) { return from + (to - from) * t; }
+};
+
+// Integer points in doubles, which hold every int and every difference of two.
+struct DoubleParameter {
+  using Coordinate = int;
+  using Wide = std::int64_t;
+  using Parameter = double;
+  static Parameter At(std::int64_t edge, int from, int to) { return DoublePoint::At(edge, from, to); }
+  static int Between(int from, int to, Parameter t) {
+    return static_cast<int>(DoublePoint::Between(from, to, t));
+  }
 };
 
 // The usable range along one axis. Wider than int, so that the smallest int as right edge makes an empty area
@@ -87,13 +85,16 @@ struct Ends {
   Ends(Coordinate p0, Coordinate p1) : at{p0, p1, p1}, larger(!(p0 > p1)) {}
 
   auto Crossing(std::int64_t edge) const { return Math::At(edge, at[0], at[1]); }
+  // Whether the larger one is not above, or the smaller one not below. Told so that a coordinate that is no
+  // number counts as it does for the roles: then the second point is the larger one, the first the smaller
+  // one.
   bool IsBeyond(const Range& range) const {
     const auto low = static_cast<Wide>(range.low), high = static_cast<Wide>(range.high);
-    return (at[larger] <= low) + (at[1 - larger] >= high) != 0;
+    return ((at[1] <= low) & !(at[0] > low)) + ((at[0] >= high) & !(at[1] < high)) != 0;
   }
   bool IsWithin(const Range& range) const {
     const auto low = static_cast<Wide>(range.low), high = static_cast<Wide>(range.high);
-    return (at[larger] < high) + (at[1 - larger] > low) == 2;
+    return ((at[1] < high) & !(at[0] >= high)) + ((at[0] > low) & !(at[1] <= low)) == 2;
   }
   // Whether neither end lies strictly inside.
   bool AreBothOutside(const Range& range) const {

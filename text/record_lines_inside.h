@@ -12,11 +12,10 @@
 namespace CommonInterfaces::record_lines {
 
 enum CharacterClass : unsigned char {
-  kBlank = 1,        // space, tab, line feed, carriage return
-  kFieldEnd = 2,     // a blank, ";" or the end
-  kNumberStop = 4,   // a blank, ";", "!" or the end
-  kDigit = 8,        // 0 to 9
-  kNumberPart = 16,  // what a real number is made of: digits, ".", "e", "E", "-"
+  kBlank = 1,       // space, tab, line feed, carriage return
+  kFieldEnd = 2,    // a blank, ";" or the end
+  kNumberStop = 4,  // a blank, ";", "!" or the end
+  kNumberPart = 8,  // what a real number is made of: digits, ".", "e", "E", "-"
 };
 
 constexpr std::array<unsigned char, 256> MakeCharacterClasses() {
@@ -26,7 +25,7 @@ constexpr std::array<unsigned char, 256> MakeCharacterClasses() {
   classes['\0'] = classes[';'] = kFieldEnd | kNumberStop;
   classes['!'] = kNumberStop;
   for (char c : {'.', 'e', 'E', '-'}) classes[static_cast<unsigned char>(c)] = kNumberPart;
-  for (char c = '0'; c <= '9'; ++c) classes[static_cast<unsigned char>(c)] = kDigit | kNumberPart;
+  for (char c = '0'; c <= '9'; ++c) classes[static_cast<unsigned char>(c)] = kNumberPart;
   return classes;
 }
 

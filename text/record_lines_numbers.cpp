@@ -9,6 +9,7 @@
 
 #include "common_interfaces/record_lines.h"
 #include "text/record_lines_inside.h"
+#include "utils/characters.h"
 #include "utils/numbers.h"
 
 namespace CommonInterfaces::record_lines {
@@ -34,7 +35,7 @@ struct Decimal {
 
 inline const char* ScanDigits(const char* text, Decimal& number) {
   const char* const start = text;
-  for (; Is(*text, kDigit); ++text) number.digits = number.digits * 10 + static_cast<unsigned>(*text - '0');
+  for (; IsDigit(*text); ++text) number.digits = number.digits * 10 + static_cast<unsigned>(*text - '0');
   number.digitCount += text - start;
   return text;
 }
@@ -46,9 +47,9 @@ inline void ScanExponent(Decimal& number) {
   ++text;
   const bool isNegative = *text == '-';
   if (isNegative) ++text;
-  if (!Is(*text, kDigit)) return;
+  if (!IsDigit(*text)) return;
   int exponent = 0;
-  for (; Is(*text, kDigit); ++text) {
+  for (; IsDigit(*text); ++text) {
     if (exponent < kLargestExponent) exponent = exponent * 10 + (*text - '0');
   }
   number.exponent += isNegative ? -exponent : exponent;
@@ -75,7 +76,7 @@ long long FindMagnitude(const Decimal& number) {
   long long magnitude = 0;
   while (*text == '0') ++text;
   if (*text != '.') {
-    for (; Is(*text, kDigit); ++text) ++magnitude;
+    for (; IsDigit(*text); ++text) ++magnitude;
   } else {
     for (++text; *text == '0'; ++text) --magnitude;
   }
@@ -126,7 +127,7 @@ inline double Convert(const Decimal& number) {
 
 inline int TakeInteger(char*& cursor) {
   unsigned number = 0;
-  for (; Is(*cursor, kDigit); ++cursor) {
+  for (; IsDigit(*cursor); ++cursor) {
     const auto digit = static_cast<unsigned>(*cursor - '0');
     number = number > (INT_MAX - digit) / 10 ? static_cast<unsigned>(INT_MAX) : number * 10 + digit;
   }
