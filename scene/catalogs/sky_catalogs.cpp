@@ -158,6 +158,13 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
                    [](const auto& a, const auto& b) { return a.level < b.level; });
 }
 
+bool LoadMilkyWay(SkyCatalogs& catalogs, std::string& error) {
+  CatalogTable table;
+  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
+  FillMilkyWay(table, catalogs);
+  return true;
+}
+
 }  // namespace
 
 const char* DeepskyObject::GetLabel(const LabelRules& rules) const {
@@ -183,7 +190,7 @@ ObjectTraits GetTraits(const ConstellationName& constellation) {
   return traits;
 }
 
-bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
+bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error, CatalogUse use) {
   SkyCatalogs loaded;
   CatalogTable table;
   if (!LoadTable("catalogs:stars.txt", loaded.starTable, error)) return false;
@@ -194,8 +201,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   FillNames(table, loaded.constellations);
   if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
   FillFigures(table, loaded);
-  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
-  FillMilkyWay(table, loaded);
+  if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded, error)) return false;
   loaded.bodies = LoadBodies();
   catalogs = std::move(loaded);
   return true;

@@ -71,9 +71,14 @@ struct SkyCatalogs {
   CatalogTable starTable, deepskyTable;  // for what no frame needs, such as all the names of an object
 };
 
+// What catalogs are loaded for. Questions about objects do without the outlines of the Milky Way, the largest
+// of the tables: it is not read then, and nobody is told what is wrong with it.
+enum class CatalogUse { kPictures, kQuestions };
+
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was. False when one of the five is missing or is no table: `error` is then one line that names the
-// file, and `catalogs` is what it was.
-SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
+// there was. False when one of those that are wanted is missing or is no table: `error` is then one line that
+// names the file, and `catalogs` is what it was.
+SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error,
+                               CatalogUse use = CatalogUse::kPictures);
 
 }  // namespace scene
