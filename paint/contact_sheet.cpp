@@ -10,6 +10,7 @@
 #include "paint/font.h"
 #include "paint/painter.h"
 #include "paint/picture_file.h"
+#include "paint/png_bytes.h"
 
 namespace paint {
 namespace {
@@ -28,11 +29,6 @@ bool IsGood(cairo_status_t status, std::string& error) {
   if (status == CAIRO_STATUS_SUCCESS) return true;
   error = cairo_status_to_string(status);
   return false;
-}
-
-cairo_status_t Append(void* bytes, const unsigned char* data, unsigned length) {
-  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
-  return CAIRO_STATUS_SUCCESS;
 }
 
 }  // namespace
@@ -105,7 +101,7 @@ bool ContactSheet::Add(const scene::DisplayList& list, const std::string& text, 
 
 bool ContactSheet::Write(const std::string& path, std::string& error) const {
   std::string bytes;
-  if (!IsGood(cairo_surface_write_to_png_stream(m_Sheet->sheet.get(), Append, &bytes), error)) {
+  if (!MakePngBytes(m_Sheet->sheet.get(), bytes, error)) {
     error = path + ": cannot be drawn: " + error;
     return false;
   }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "paint/painter.h"
+#include "paint/png_bytes.h"
 #include "paint/text_layer.h"
 
 namespace paint {
@@ -49,8 +50,7 @@ bool MakePng(const scene::DisplayList& list, std::string& bytes, std::string& er
   bytes.clear();
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, list.GetWidth(), list.GetHeight()),
                         cairo_surface_destroy);
-  return PaintOn(list, surface.get(), error) &&
-         Succeeded(cairo_surface_write_to_png_stream(surface.get(), Append, &bytes), error);
+  return PaintOn(list, surface.get(), error) && MakePngBytes(surface.get(), bytes, error);
 }
 
 bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& error) {

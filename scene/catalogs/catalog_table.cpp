@@ -170,10 +170,6 @@ void CatalogTable::LayOutRecords() {
 }
 
 void CatalogTable::ReadRecords(const char* path, Lines& lines) {
-  const auto count = static_cast<std::size_t>(std::count(lines.next, lines.end, '\n')) + 1;
-  // Blank lines cost a byte in the file and would a record here: no more is reserved than a table needs whose
-  // records have an empty cell for each column.
-  m_Records.reserve(m_RecordSize * std::min(count, m_Texts.size() / m_Columns.size() + 1));
   while (lines.Take()) {
     if (ReadRecord(lines.line, lines.lineEnd, lines.isWhole)) {
       ++m_Count;

@@ -135,6 +135,13 @@ void OpenStarTiles(std::vector<StarTiles>& catalogs) {
   }
 }
 
+bool LoadMilkyWay(SkyCatalogs& catalogs, std::string& error) {
+  CatalogTable table;
+  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
+  FillMilkyWay(table, catalogs);
+  return true;
+}
+
 }  // namespace
 
 ObjectTraits GetTraits(const ConstellationName& constellation) {
@@ -161,7 +168,7 @@ std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int numb
   return std::nullopt;
 }
 
-bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
+bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error, CatalogUse use) {
   SkyCatalogs loaded;
   CatalogTable table;
   if (!LoadTable("catalogs:stars.txt", loaded.starTable, error)) return false;
@@ -177,8 +184,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   FillFigures(table, loaded);
   if (!LoadOptionalTable("catalogs:constellation_bounds.txt", table, error)) return false;
   loaded.bounds.Fill(table, loaded.constellations);
-  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
-  FillMilkyWay(table, loaded);
+  if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded, error)) return false;
   OpenStarTiles(loaded.starTiles);
   loaded.bodies = LoadBodies();
   catalogs = std::move(loaded);

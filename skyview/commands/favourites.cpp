@@ -46,7 +46,7 @@ std::string RunChange(const Call& call, Change change) {
   EnterRoots(options.root, call.programFolder);
   const PreparedView view({}, {}, std::nullopt, call.clock, call.diagnostics);
   scene::SkyCatalogs catalogs;
-  LoadCatalogs(options.satellites, view.camera, catalogs);
+  LoadCatalogs(options.satellites, view.camera, scene::CatalogUse::kQuestions, catalogs);
   std::string error;
   Require(change(options.names, scene::ObjectSearch(catalogs), catalogs, error), error);
   return FormatFavourites(ReadFavourites());

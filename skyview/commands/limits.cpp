@@ -30,7 +30,7 @@ LimitsOptions Parse(const Call& call) {
 void AddFavourites(const SettingsOptions& options, PreparedView& view) {
   if (options.favourites.empty()) return;
   scene::SkyCatalogs catalogs;
-  LoadCatalogs({}, view.camera, catalogs);
+  LoadCatalogs({}, view.camera, scene::CatalogUse::kQuestions, catalogs);
   ObjectFinder finder(catalogs);
   AddFavourites(options, catalogs, finder, view.settings);
 }

@@ -29,9 +29,9 @@ void AddSatellites(const std::string& file, const CommonInterfaces::Camera& came
 }  // namespace
 
 void LoadCatalogs(const SatelliteOptions& options, const CommonInterfaces::Camera& camera,
-                  scene::SkyCatalogs& catalogs) {
+                  scene::CatalogUse use, scene::SkyCatalogs& catalogs) {
   std::string error;
-  Require(scene::LoadSkyCatalogs(catalogs, error), error);
+  Require(scene::LoadSkyCatalogs(catalogs, error, use), error);
   if (options.tle) AddSatellites(*options.tle, camera, catalogs.bodies);
 }
 

@@ -17,7 +17,7 @@ namespace skyview {
 // The catalogs and the satellites of --tle; those that are lost at the view's moment become diagnostic lines.
 // Throws Stop.
 void LoadCatalogs(const SatelliteOptions& options, const CommonInterfaces::Camera& camera,
-                  scene::SkyCatalogs& catalogs);
+                  scene::CatalogUse use, scene::SkyCatalogs& catalogs);
 
 // Finds the objects that the command line names. Names are read from the catalogs when the first one is asked
 // for. `catalogs` is kept by reference.

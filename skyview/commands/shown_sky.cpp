@@ -59,7 +59,7 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
     : m_View(options.view, options.settings, session, clock, diagnostics),
       m_Finder(m_Catalogs),
       m_WithShowers(options.extras.showers) {
-  LoadCatalogs(options.satellites, m_View.camera, m_Catalogs);
+  LoadCatalogs(options.satellites, m_View.camera, scene::CatalogUse::kPictures, m_Catalogs);
   AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics);
   m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);

@@ -36,7 +36,7 @@ std::string RunWhere(const Call& call) {
   const auto session = Start(call, options.root, options.view, options.satellites);
   PreparedView view(options.view, {}, session, call.clock, call.diagnostics);
   scene::SkyCatalogs catalogs;
-  LoadCatalogs(options.satellites, view.camera, catalogs);
+  LoadCatalogs(options.satellites, view.camera, scene::CatalogUse::kQuestions, catalogs);
   ObjectFinder finder(catalogs);
   const scene::FoundObject object = finder.Find(call.command.name, options.name);
   std::string text, error;

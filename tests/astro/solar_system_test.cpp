@@ -136,6 +136,23 @@ TEST(SolarSystem, StarsEndAfterAHundredThousandYears) {
   }
 }
 
+// A model that keeps its place, moment after moment, sees what a new one sees.
+TEST(SolarSystem, PlaceThatIsSetAgainIsThatOfTheNewMoment) {
+  CQXSolSys model;
+  for (int i = 0; i < 20; ++i) {
+    const double date = 2461056.0 + 37.3 * i, lon = 0.3 * (i / 3), height = i % 2 == 0 ? 0.0 : 2000.0;
+    CQXSolSys fresh;
+    for (CQXSolSys* one : {&model, &fresh}) {
+      one->SetMoment(date, 69.0);
+      one->SetObserverOnEarth(lon, 0.8, height);
+    }
+    ObservedBody seen, wanted;
+    ASSERT_TRUE(model.Observe(SSO_ID(FourCC("moon"), 301), nullptr, seen));
+    ASSERT_TRUE(fresh.Observe(SSO_ID(FourCC("moon"), 301), nullptr, wanted));
+    for (int k = 0; k < 3; ++k) EXPECT_EQ(seen.apparent[k], wanted.apparent[k]) << i;
+  }
+}
+
 TEST(SolarSystem, PlanetsEndWithTheirSeries) {
   CQXSolSys model;
   const OrbitalElements elements = Ceres();

@@ -1,11 +1,39 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <cairo.h>
+
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <utility>
+
+#include "paint/painter.h"
+#include "paint/picture_file.h"
 #include "paint/record_fixture.h"
 
 using namespace scene;
 using namespace host_test;
 
 using AreaRecords = Records;
+
+namespace {
+
+void ExpectSamePixels(cairo_surface_t* surface, const Painted& wanted, int number) {
+  cairo_surface_flush(surface);
+  for (int y = 0; y < 100; ++y) {
+    const unsigned char* const row =
+        cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+    for (int x = 0; x < 200; ++x) {
+      std::uint32_t pixel;
+      std::memcpy(&pixel, row + 4 * x, sizeof pixel);
+      const Pixel is = {static_cast<int>(pixel >> 16 & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
+                        static_cast<int>(pixel & 0xFF)};
+      ASSERT_EQ(is, wanted.At(x, y)) << "ring " << number << ", pixel " << x << " " << y;
+    }
+  }
+}
+
+}  // namespace
 
 TEST_F(AreaRecords, AreaHasAHoleWhereItsRingsLieInEachOther) {
   AddBox(20, 10, 180, 90);
@@ -50,6 +78,51 @@ TEST_F(AreaRecords, SoftEdgeLiesInTheHoleToo) {
   ExpectNear(picture.At(63, 50), {51, 0, 0});
   EXPECT_EQ(picture.At(100, 50), kBlack);
   EXPECT_EQ(picture.At(30, 50), kBluePixel);
+}
+
+// A surface that keeps what is painted as paths, painted in turn. Rings of which most lies outside, on every
+// side, some of them round the whole picture.
+TEST_F(AreaRecords, PathsWithoutUnseenVerticesEncloseTheSameInThePicture) {
+  std::mt19937 random(20260115);
+  const auto pick = [&random](int least, int most) {
+    return least + static_cast<int>(random() % static_cast<unsigned>(most - least + 1));
+  };
+  for (int i = 0; i < 200; ++i) {
+    list.Begin(200, 100, 1.0);
+    for (int left = pick(3, 60); left > 0; --left) {
+      const int reach = pick(0, 2) == 0 ? 20 : 900;
+      list.AddVertex(pick(-reach, 200 + reach), pick(-reach, 100 + reach));
+    }
+    list.EndRing();
+    list.AddArea(Layer::kGround, PolygonRecord{0, 0, kRed, {}, 0.0f, {}});
+    cairo_surface_t* const paths = cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, nullptr);
+    cairo_t* const context = cairo_create(paths);
+    paint::PaintDisplayList(list, context);
+    cairo_destroy(context);
+    cairo_surface_t* const again = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 200, 100);
+    cairo_t* const image = cairo_create(again);
+    cairo_set_source_surface(image, paths, 0, 0);
+    cairo_paint(image);
+    cairo_destroy(image);
+    ExpectSamePixels(again, Painted(list), i);
+    cairo_surface_destroy(again);
+    cairo_surface_destroy(paths);
+  }
+}
+
+TEST_F(AreaRecords, SvgHasNoVerticesFarOutside) {
+  const auto makeSvg = [this](int unseen) {
+    list.Begin(200, 100, 1.0);
+    for (const auto& [x, y] : {std::pair{-500, 50}, std::pair{100, 20}, std::pair{100, 80}})
+      list.AddVertex(x, y);
+    for (int i = 0; i < unseen; ++i) list.AddVertex(-400.0 - i % 7, 80.0 - 0.01 * i);
+    list.EndRing();
+    list.AddArea(Layer::kGround, PolygonRecord{0, 0, kRed, {}, 0.0f, {}});
+    std::string bytes, error;
+    EXPECT_TRUE(paint::MakeSvg(list, bytes, error)) << error;
+    return bytes;
+  };
+  EXPECT_LT(makeSvg(3000).size(), makeSvg(3).size() + 100);
 }
 
 TEST_F(AreaRecords, GradientHasItsColoursAtItsStopsAndEndsAtItsCorners) {

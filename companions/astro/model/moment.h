@@ -52,6 +52,8 @@ struct Place {
   bool onSurface = false;                  // else the Earth's centre, and the rest is not looked at
   double longitude = 0.0, latitude = 0.0;  // radians, geodetic (WGS 84), east and north positive
   double height = 0.0;                     // metres
+
+  bool operator==(const Place&) const = default;
 };
 
 Moment MomentAt(double dateTT, double deltaT, const Place& place);

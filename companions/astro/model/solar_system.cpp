@@ -116,6 +116,8 @@ void CQXSolSys::SetObserverOnEarth(double lon, double lat, double height) {
   if (std::isfinite(lon) && std::isfinite(lat) && std::fabs(height) <= kFarthestHeight) {
     place = {true, lon, lat, height};
   }
+  if (place == m_Inside->place)
+    return;  // the moment knows it, and to compute it costs most of an observation
   m_Inside->place = place;
   SetMoment(m_Inside->moment.dateTT, m_Inside->moment.deltaT);
 }

@@ -63,13 +63,18 @@ struct SkyCatalogs {
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
 };
 
+// What catalogs are loaded for. Questions about objects do without the outlines of the Milky Way, the largest
+// of the tables: it is not read then, and nobody is told what is wrong with it.
+enum class CatalogUse { kPictures, kQuestions };
+
 // Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what there
 // was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are such:
 // the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False when
-// stars, Messier's list, the names or figures of constellations or the Milky Way are missing, or a table is none:
-// `error` is then one line that names the file, and `catalogs` is what it was. Without the NGC, the outlines of
-// nebulae or the boundaries of constellations there are none of these.
-SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
+// one of the tables that are wanted, of stars, Messier's list, the names or figures of constellations or the Milky
+// Way, is missing, or a table is none: `error` is then one line that names the file, and `catalogs` is what it
+// was. Without the NGC, the outlines of nebulae or the boundaries of constellations there are none of these.
+SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error,
+                               CatalogUse use = CatalogUse::kPictures);
 
 // The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a catalog
 // that has numbers like that one (StarTiles::FindNumber).

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 
 #include "astro/vectors.h"
 #include "scene/data_root.h"
@@ -22,6 +23,18 @@ class SkyCatalogsTest : public testing::Test {
   SkyCatalogs catalogs;
   std::string error;
 };
+
+TEST_F(SkyCatalogsTest, QuestionsDoWithoutTheMilkyWay) {
+  ASSERT_TRUE(Load()) << error;
+  EXPECT_FALSE(catalogs.milkyWay.empty());
+  std::filesystem::remove(sky.dir.Path("data/catalogs/milkyway.txt"));
+  EXPECT_FALSE(LoadSkyCatalogs(catalogs, error));
+  EXPECT_NE(error.find("milkyway.txt"), std::string::npos) << error;
+  EXPECT_FALSE(catalogs.milkyWay.empty()) << "what was there stays";
+  ASSERT_TRUE(LoadSkyCatalogs(catalogs, error, CatalogUse::kQuestions)) << error;
+  EXPECT_TRUE(catalogs.milkyWay.empty() && catalogs.milkyWayPoints.empty());
+  EXPECT_EQ(catalogs.stars.GetCount(), 10);
+}
 
 TEST_F(SkyCatalogsTest, StarsComeBrightestFirstWithTheirNames) {
   ASSERT_TRUE(Load()) << error;
