@@ -25,6 +25,7 @@ StarTileRuns::StarTileRuns(const std::string& target, std::size_t entriesInMemor
     : m_Path(target + ".sort"), m_Most(entriesInMemory) {}
 
 bool StarTileRuns::Add(const Entry& entry) {
+  m_Entries.reserve(m_Most);  // pages that are never written to cost nothing, growing would copy
   if (m_Entries.size() == m_Most && !Spill()) return false;
   m_Entries.push_back(entry);
   return true;

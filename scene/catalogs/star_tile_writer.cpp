@@ -133,7 +133,7 @@ struct StarTileWriter::State {
   }
   std::string MakeHeader() const;
   bool WriteBand(int band, std::uint32_t index);
-  bool TakeCell(std::uint64_t endKey);
+  bool TakeCell(int band, std::uint32_t cell, int order);
   void Report();
 
   std::uint32_t mostInMemory;
@@ -154,7 +154,9 @@ struct StarTileWriter::State {
 };
 
 // The records of a cell, brightest first, whatever the order they came in.
-bool StarTileWriter::State::TakeCell(std::uint64_t endKey) {
+bool StarTileWriter::State::TakeCell(int band, std::uint32_t cell, int order) {
+  const int shift = 2 * (astro::kMaxHealpixOrder - order);
+  const std::uint64_t endKey = (std::uint64_t(band) << kKeyShift) + ((std::uint64_t{cell} + 1) << shift);
   cellStars.clear();
   for (; hasNext && next.key < endKey; hasNext = runs->Take(next)) cellStars.push_back(next.record);
   std::sort(cellStars.begin(), cellStars.end(), [](const auto& a, const auto& b) {
@@ -172,12 +174,10 @@ bool StarTileWriter::State::TakeCell(std::uint64_t endKey) {
 bool StarTileWriter::State::WriteBand(int band, std::uint32_t number) {
   const int order = bands[band].ChooseOrder();
   const std::uint32_t cells = astro::GetHealpixCellCount(order);
-  const int shift = 2 * (astro::kMaxHealpixOrder - order);
   std::uint32_t first = 0;
   index.clear();
   for (std::uint32_t cell = 0; cell < cells; ++cell) {
-    const std::uint64_t endKey = (std::uint64_t(band) << kKeyShift) + ((std::uint64_t{cell} + 1) << shift);
-    if (!TakeCell(endKey)) return false;
+    if (!TakeCell(band, cell, order)) return false;
     const auto stars = static_cast<std::uint32_t>(cellStars.size());
     unsigned char entry[layout::kEntrySize];
     StoreLE32(entry, first);

@@ -70,22 +70,22 @@ bool StarTiles::ReadHeader(std::string& reason) {
   const std::uint32_t lowest = LoadLE32(header + layout::kLowestAt);
   const std::uint32_t highest = LoadLE32(header + layout::kHighestAt);
   if (highest > 0x7FFFFFFFu || lowest > highest) return Fail(reason, kBadHeader);
-  std::uint64_t at = size, cells = 0;
+  Places places = {size, 0};
   for (std::uint32_t i = 0; i < bands; ++i) {
-    if (!PlaceBand(header + layout::kBandsAt + i * layout::kBandSize, at, cells, reason)) return false;
+    if (!PlaceBand(header + layout::kBandsAt + i * layout::kBandSize, places, reason)) return false;
     m_Count += m_Bands.back().band.count;
   }
-  if (at != fileSize || m_Count != LoadLE64(header + layout::kStarCountAt)) return Fail(reason, kBadHeader);
+  if (places.at != fileSize || m_Count != LoadLE64(header + layout::kStarCountAt))
+    return Fail(reason, kBadHeader);
   m_Lowest = static_cast<int>(lowest);
   m_Highest = static_cast<int>(highest);
   m_Origin.assign(reinterpret_cast<const char*>(header) + originAt, size - originAt);
-  m_States.resize(static_cast<std::size_t>((cells + 3) / 4));
+  m_States.resize(static_cast<std::size_t>((places.cells + 3) / 4));
   return true;
 }
 
-// The records of a band and its index stand at `at`. Sizes stay far below 2^64: 2^32 records a band.
-bool StarTiles::PlaceBand(const unsigned char* entry, std::uint64_t& at, std::uint64_t& cells,
-                          std::string& reason) {
+// Sizes stay far below 2^64: 2^32 records a band.
+bool StarTiles::PlaceBand(const unsigned char* entry, Places& places, std::string& reason) {
   constexpr char kBadBand[] = "a band of the star tile catalog is damaged";
   const std::uint32_t order = LoadLE32(entry + layout::kOrderAt);
   const std::uint32_t count = LoadLE32(entry + layout::kCountAt);
@@ -98,17 +98,17 @@ bool StarTiles::PlaceBand(const unsigned char* entry, std::uint64_t& at, std::ui
   const std::uint64_t records = std::uint64_t{count} * StarTileRecord::kSize;
   const std::uint64_t size = records + bandCells * layout::kEntrySize;
   if (!layout::IsOrderAllowed(bandCells, count) || band.brightest > band.faintest ||
-      size > m_File.GetSize() - at) {
+      size > m_File.GetSize() - places.at) {
     return Fail(reason, kBadBand);
   }
   band.band = {static_cast<int>(order), GetCode(band.brightest), GetCode(band.faintest),
                band.maxMotion * kRadiansPerMotion, count};
-  band.records = m_File.GetBytes() + at;
+  band.records = m_File.GetBytes() + places.at;
   band.index = band.records + records;
-  band.firstCell = cells;
+  band.firstCell = places.cells;
   m_Bands.push_back(band);
-  at += size;
-  cells += bandCells;
+  places.at += size;
+  places.cells += bandCells;
   return true;
 }
 

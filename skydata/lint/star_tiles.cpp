@@ -37,6 +37,8 @@ void CheckCounts(const scene::StarTiles& tiles, const std::vector<std::uint32_t>
                std::to_string(has) + " of " + std::to_string(wanted) +
                    " stars of the band can be read: the others stand in damaged cells");
   }
+  if (tiles.HasDamage() && !report.HasErrors())
+    report.Add(LintCode::kDamagedCell, 0, 0, "cells that have no star are damaged");
 }
 
 // The ranges of numbers keep catalogs apart.

@@ -78,8 +78,12 @@ class SCENE_API StarTiles {
     }
   };
 
+  struct Places {
+    std::uint64_t at, cells;  // bytes of the file and cells before the next band
+  };
+
   bool ReadHeader(std::string& reason);
-  bool PlaceBand(const unsigned char* entry, std::uint64_t& at, std::uint64_t& cells, std::string& reason);
+  bool PlaceBand(const unsigned char* entry, Places& places, std::string& reason);
   bool KeepsPromises(const PlacedBand& band, const StarTileRecords& stars) const;
   void ReportDamage(int band, std::uint32_t cell) const;
 
