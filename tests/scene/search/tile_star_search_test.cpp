@@ -76,8 +76,8 @@ TEST_F(TileStarSearch, KindNumberAndNamesAreThoseOfAStar) {
   EXPECT_EQ(FindObject({FourCC("gala"), kBarnard}, catalogs), std::nullopt);
 }
 
-// The view turned to where the model of the solar system places the star has it in the middle of the picture: 26
-// years of proper motion, five minutes of arc in all, count on both roads.
+// The view turned to where the model of the solar system places the star has it in the middle of the picture.
+// On both roads count 26 years of proper motion, four and a half minutes of arc.
 TEST_F(TileStarSearch, ViewAimedAtItHasItInTheMiddle) {
   LookAtBarnard(60.0);
   const ViewGeometry geometry(f.camera);
