@@ -33,7 +33,8 @@ struct StarReach {
   double cosine;  // -1 where there is no limit
 };
 
-// A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile catalog.
+// A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile
+// catalog.
 struct CatalogStar {
   const StarCatalog& stars;
   int star;

@@ -55,8 +55,8 @@ struct MilkyWayRing {
   int first, count;
 };
 
-// What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class of
-// a star of a tile catalog is unknown.
+// What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class
+// of a star of a tile catalog is unknown.
 SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
@@ -77,14 +77,14 @@ struct SkyCatalogs {
 };
 
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are
-// such: the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False
-// when one of the five is missing or is no table: `error` is then one line that names the
-// file, and `catalogs` is what it was.
+// there was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there
+// are such: the second is what somebody imported. One that cannot be used is left out with one diagnostic
+// line. False when one of the five is missing or is no table: `error` is then one line that names the file,
+// and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
 
-// The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a catalog
-// that has numbers like that one (StarTiles::FindNumber).
+// The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a
+// catalog that has numbers like that one (StarTiles::FindNumber).
 SCENE_API std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int number);
 
 }  // namespace scene

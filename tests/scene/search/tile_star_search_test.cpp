@@ -1,8 +1,7 @@
-// SPDX-FileCopyrightText: the common_interfaces authors
-// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: the common_interfaces authors SPDX-License-Identifier: MIT
 //
-// A star of a tile catalog is an object like the others: found by its number, explained, aimed at, clicked on,
-// kept among the favourites.
+// A star of a tile catalog is an object like the others: found by its number, explained, aimed at, clicked
+// on, kept among the favourites.
 #include <gtest/gtest.h>
 
 #include "scene/aim.h"
