@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Look-ups in the tables of the object search, beside a plain bisection of the same table and a hash table.
-// Half of the objects asked for are there.
+// Look-ups in the tables of the object search, beside a plain bisection of the same table and hash tables.
+// Half of the objects asked for are there; as many different ones are asked for as there are.
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
@@ -14,16 +14,22 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/different_inputs.h"
 #include "bench/scratch_file.h"
 #include "common_interfaces/flight_objects.h"
 #include "common_interfaces/object_articles.h"
 #include "utils/bytes.h"
 #include "utils/text.h"
 
+#if defined(BENCH_HAS_ABSEIL)
+#include <absl/container/flat_hash_map.h>
+#include <absl/container/flat_hash_set.h>
+#endif
+
+namespace bench {
 namespace {
 
 constexpr int kKind = FourCC("star");
-constexpr int kQuestions = 1 << 16;  // more than the caches and the branch predictor keep in mind
 
 struct Article {
   int kind, number, article;
@@ -32,18 +38,23 @@ bool operator<(const Article& a, const Article& b) {
   return a.kind != b.kind ? a.kind < b.kind : a.number < b.number;
 }
 
+// In ascending order, with gaps of different sizes, the way catalogs number what is left of them.
 std::vector<int> MakeNumbers(int count) {
+  std::mt19937 random(3);
   std::vector<int> numbers;
-  for (int i = 0; i < count; ++i) numbers.push_back(i * 2);
+  int number = 0;
+  for (int i = 0; i < count; ++i) numbers.push_back(number += 1 + Below(random, 3));
   return numbers;
 }
 
+// Half of them from the table, half from the gaps in it and from beyond it.
 std::vector<int> MakeQuestions(int count) {
-  std::mt19937 random(1);
-  std::uniform_int_distribution<int> any(0, count * 2 - 1);
-  std::vector<int> questions;
-  for (int i = 0; i < kQuestions; ++i) questions.push_back(any(random));
-  return questions;
+  const std::vector<int> numbers = MakeNumbers(count);
+  const auto make = [&numbers](std::mt19937& random) {
+    if (random() % 2 == 0) return numbers[random() % numbers.size()];
+    return Below(random, numbers.back() + 1000);
+  };
+  return MakeInputs(1, make, std::max(kInputs, numbers.size()));
 }
 
 std::string Words(const std::vector<int>& values) {
@@ -58,7 +69,7 @@ std::string Words(const std::vector<int>& values) {
 
 std::vector<Article> MakeArticles(int count) {
   std::vector<Article> articles;
-  for (const int number : MakeNumbers(count)) articles.push_back({kKind, number, number / 2});
+  for (const int number : MakeNumbers(count)) articles.push_back({kKind, number, number / 2 + 7});
   return articles;
 }
 
@@ -68,14 +79,9 @@ std::string WriteFile(const char* name, const std::string& content) {
   return path;
 }
 
-// Asks all questions again and again.
 template <class Ask>
 void AskAll(benchmark::State& state, Ask ask) {
-  const std::vector<int> questions = MakeQuestions(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
-    for (const int number : questions) benchmark::DoNotOptimize(ask(number));
-  }
-  state.SetItemsProcessed(state.iterations() * kQuestions);
+  RunOver(state, MakeQuestions(static_cast<int>(state.range(0))), ask);
 }
 
 void ArticleLookUp(benchmark::State& state) {
@@ -95,8 +101,9 @@ void ArticleLookUpPeer(benchmark::State& state) {
   });
 }
 
-void ArticleLookUpPeerHash(benchmark::State& state) {
-  std::unordered_map<std::uint64_t, int> articles;
+template <class Map>
+void ArticlesInMap(benchmark::State& state) {
+  Map articles;
   const std::uint64_t kind = static_cast<std::uint64_t>(kKind) << 32;
   for (const Article& article : MakeArticles(static_cast<int>(state.range(0)))) {
     articles.emplace(kind | static_cast<unsigned>(article.number), article.article);
@@ -111,28 +118,50 @@ void DistanceLookUp(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
   const std::string table = Words({kKind, static_cast<int>(numbers.size())}) + Words(numbers);
   CommonInterfaces::General3DFlightObjectsList list(WriteFile("distances.bin", table).c_str());
-  AskAll(state, [&list](int number) { return list.objectInList(kKind, number); });
+  AskAll(state, [&list](int number) { return int{list.objectInList(kKind, number)}; });
 }
 
 void DistanceLookUpPeer(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
   AskAll(state, [&numbers](int number) {
     const auto found = std::lower_bound(numbers.begin(), numbers.end(), number);
-    return found != numbers.end() && *found == number;
+    return int{found != numbers.end() && *found == number};
   });
 }
 
-void DistanceLookUpPeerHash(benchmark::State& state) {
+template <class Set>
+void NumbersInSet(benchmark::State& state) {
   const std::vector<int> numbers = MakeNumbers(static_cast<int>(state.range(0)));
-  const std::unordered_set<int> set(numbers.begin(), numbers.end());
-  AskAll(state, [&set](int number) { return set.count(number) != 0; });
+  const Set set(numbers.begin(), numbers.end());
+  AskAll(state, [&set](int number) { return int{set.count(number) != 0}; });
 }
 
-BENCHMARK(ArticleLookUp)->Arg(1000)->Arg(1000000);
-BENCHMARK(ArticleLookUpPeer)->Arg(1000)->Arg(1000000);
-BENCHMARK(ArticleLookUpPeerHash)->Arg(1000)->Arg(1000000);
-BENCHMARK(DistanceLookUp)->Arg(1000)->Arg(1000000);
-BENCHMARK(DistanceLookUpPeer)->Arg(1000)->Arg(1000000);
-BENCHMARK(DistanceLookUpPeerHash)->Arg(1000)->Arg(1000000);
+// One access to a table of as many bytes as the smallest hash of the numbers would take.
+void OneAccess(benchmark::State& state) {
+  const std::vector<int> table(static_cast<std::size_t>(2 * state.range(0)), 1);
+  AskAll(state, [&table](int number) {
+    return table[static_cast<unsigned>(number) * std::uint64_t{2654435769u} % (1ull << 32) * table.size() >>
+                 32];
+  });
+}
+
+void Counts(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(1000)->Arg(1000000); }
+BENCHMARK(ArticleLookUp)->Apply(Counts);
+BENCHMARK(ArticleLookUpPeer)->Apply(Counts);
+BENCHMARK(ArticlesInMap<std::unordered_map<std::uint64_t, int>>)
+    ->Name("ArticleLookUpPeerHash")
+    ->Apply(Counts);
+BENCHMARK(OneAccess)->Name("ArticleLookUpLimit")->Apply(Counts);
+BENCHMARK(DistanceLookUp)->Apply(Counts);
+BENCHMARK(DistanceLookUpPeer)->Apply(Counts);
+BENCHMARK(NumbersInSet<std::unordered_set<int>>)->Name("DistanceLookUpPeerHash")->Apply(Counts);
+BENCHMARK(OneAccess)->Name("DistanceLookUpLimit")->Apply(Counts);
+#if defined(BENCH_HAS_ABSEIL)
+BENCHMARK(ArticlesInMap<absl::flat_hash_map<std::uint64_t, int>>)
+    ->Name("ArticleLookUpPeerFlatHash")
+    ->Apply(Counts);
+BENCHMARK(NumbersInSet<absl::flat_hash_set<int>>)->Name("DistanceLookUpPeerFlatHash")->Apply(Counts);
+#endif
 
 }  // namespace
+}  // namespace bench

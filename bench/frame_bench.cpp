@@ -2,102 +2,167 @@
 // SPDX-License-Identifier: MIT
 //
 // A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars,
-// figures, Milky Way, horizon, labels. Between frames the time advances and the view pans, so that nothing
-// can be kept.
+// figures, Milky Way, horizon, labels. Every frame has a view and a moment of its own, so that nothing can be
+// kept and nothing is learnt.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
+#include <filesystem>
+#include <map>
 #include <memory>
-#include <random>
 #include <string>
 
+#include "bench/different_inputs.h"
+#include "bench/process_memory.h"
+#include "bench/star_generator.h"
 #include "common_interfaces/camera.h"
-#include "scene/catalog_table.h"
 #include "scene/data_root.h"
 #include "scene/observer_frame.h"
 #include "scene/sky_frame.h"
-#include "scratch_file.h"
 #include "utils/program.h"
 
 namespace {
 
-// The data root of the build tree, beside this program.
-bool LoadShippedCatalogs(scene::SkyCatalogs& catalogs, std::string& error) {
-  std::string root;
-  return scene::FindDataRoot(GetProgramFolder(), root, error) && scene::SetSkyRoots(root, "", error) &&
-         scene::LoadSkyCatalogs(catalogs, error);
+struct View {
+  double fraction, lon, lat;
+};
+
+// More than any benchmark computes.
+const std::vector<View>& GetViews() {
+  static const auto views = bench::MakeInputs(3, [](std::mt19937& random) {
+    return View{bench::Between(random, 0.0, 1.0), bench::Between(random, -scene::kPi, scene::kPi),
+                std::asin(bench::Between(random, 0.0, 1.0))};
+  });
+  return views;
 }
 
-// Stars spread evenly over the sphere; their numbers grow threefold a magnitude, as on the sky, down to
-// magnitude 12.
-std::string MakeStarTable(int count) {
-  std::mt19937 random(20260115);
-  std::uniform_real_distribution<double> unit(0.0, 1.0);
-  std::string table = "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tPropMotionRA:f32\tPropMotionDec:f32\n";
-  char line[160];
-  for (int i = 0; i < count; ++i) {
-    const double ra = unit(random) * 2.0 * scene::kPi, dec = std::asin(2.0 * unit(random) - 1.0);
-    const double magnitude = 12.0 + std::log(std::max(unit(random), 1e-6)) / std::log(3.0);
-    std::snprintf(line, sizeof line, "%d\t%.9f\t%.9f\t%.2f\t%.1f\t%.1f\n", i, ra, dec, magnitude,
-                  100.0 * (unit(random) - 0.5), 100.0 * (unit(random) - 0.5));
-    table += line;
+// The data root of the build tree, beside this program, without tile catalogs; null where it is missing.
+std::unique_ptr<scene::SkyCatalogs> LoadShippedCatalogs() {
+  auto catalogs = std::make_unique<scene::SkyCatalogs>();
+  std::string root, error;
+  if (!scene::FindDataRoot(GetProgramFolder(), root, error) || !scene::SetSkyRoots(root, "", error) ||
+      !scene::LoadSkyCatalogs(*catalogs, error)) {
+    return nullptr;
   }
-  return table;
+  return catalogs;
 }
 
-void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom) {
-  CommonInterfaces::Camera camera(1);
-  camera.CreateDefault();
-  camera.SetBasePlane(1);
-  camera.SetZoom(zoom);
-  camera.SetWinRect({1600, 1000, 1600, 1000});
-  scene::SkyFrame frame(catalogs);
-  int number = 0;
-  for (auto _ : state) {
-    ++number;
+// A camera with a window of 1600 x 1000.
+class Looker {
+ public:
+  explicit Looker(double zoom) {
+    m_Camera.CreateDefault();
+    m_Camera.SetBasePlane(1);
+    m_Camera.SetZoom(zoom);
+    m_Camera.SetWinRect({1600, 1000, 1600, 1000});
+  }
+  void Compute(const View& view, scene::SkyFrame& frame) {
     CommonInterfaces::_Date time;
     time.day = 2461056;
-    time.fraction = 0.4 + 1e-5 * (number % 1000);
-    camera.SetUniversalTime(time);
+    time.fraction = view.fraction;
+    m_Camera.SetUniversalTime(time);
     SphViewCoor angles;
-    angles.lon = -scene::kPi + 1e-3 * (number % 1000);
-    angles.lat = 0.6;
-    camera.SetRA_Dec(angles);
-    frame.Compute(camera, scene::PrepareObserver(camera), scene::ShownKinds());
-    benchmark::DoNotOptimize(frame.GetStars().data());
+    angles.lon = view.lon;
+    angles.lat = view.lat;
+    m_Camera.SetRA_Dec(angles);
+    frame.Compute(m_Camera, scene::PrepareObserver(m_Camera), scene::ShownKinds());
   }
-  state.counters["stars"] = catalogs.stars.GetCount();
-  state.counters["drawn"] = static_cast<double>(frame.GetStars().size());
+
+ private:
+  CommonInterfaces::Camera m_Camera{1};
+};
+
+void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom) {
+  Looker looker(zoom);
+  scene::SkyFrame frame(catalogs);
+  std::size_t next = 0, drawn = 0;
+  for (auto _ : state) {
+    looker.Compute(GetViews()[next++ % GetViews().size()], frame);
+    drawn += frame.GetStars().size();
+  }
+  state.counters["drawn"] = static_cast<double>(drawn) / static_cast<double>(next);
+  const bench::ProcessMemory memory = bench::GetProcessMemory();
+  state.counters["own_MB"] = memory.own;
+  state.counters["mapped_MB"] = memory.mapped;
 }
 
-// The catalogs that ship: 9,096 stars.
+// What ships: 9,096 bright stars and those in tiles.
 void FrameOfShippedCatalogs(benchmark::State& state) {
-  scene::SkyCatalogs catalogs;
-  std::string error;
-  if (!LoadShippedCatalogs(catalogs, error)) return state.SkipWithError(error.c_str());
-  RunFrames(state, catalogs, static_cast<double>(state.range(0)));
-}
-BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);
-
-// The shipped figures and Milky Way with a million stars that nobody has seen.
-void FrameOfAMillionStars(benchmark::State& state) {
-  static const std::unique_ptr<scene::SkyCatalogs> catalogs = [] {
-    auto made = std::make_unique<scene::SkyCatalogs>();
-    std::string error;
-    if (!LoadShippedCatalogs(*made, error)) return std::unique_ptr<scene::SkyCatalogs>();
-    const std::string path = bench::ScratchPath("million_stars.txt");
-    std::ofstream(path, std::ios::binary) << MakeStarTable(1000000);
-    scene::CatalogTable table;
-    table.Load(path.c_str());
-    made->stars.Fill(table);
-    return made;
-  }();
+  const auto catalogs = LoadShippedCatalogs();
   if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
   RunFrames(state, *catalogs, static_cast<double>(state.range(0)));
 }
-BENCHMARK(FrameOfAMillionStars)->ArgName("zoom")->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// The same without tiles: what a frame costs besides its faint stars.
+void FrameWithoutTiles(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
+  catalogs->starTiles.clear();
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)));
+}
+BENCHMARK(FrameWithoutTiles)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// A tile catalog of so many stars (StarGenerator), made by the first run and kept beside the programs; "" with a
+// reason where it cannot be.
+std::string GetSyntheticCatalog(std::int64_t count, std::string& reason) {
+  constexpr double kBytesWhileMaking = 60.0;  // a star: in the file, and in the runs that are sorted
+  namespace fs = std::filesystem;
+  const fs::path folder = fs::path(GetProgramFolder()).parent_path() / "bench_stars";
+  const std::string path = (folder / (std::to_string(count) + ".tiles")).string();
+  std::error_code fault;
+  if (fs::exists(path, fault)) return path;
+  fs::create_directories(folder, fault);
+  if (static_cast<double>(fs::space(folder, fault).available) <
+      kBytesWhileMaking * static_cast<double>(count)) {
+    reason = "the disk is too small for a catalog of that size";
+    return "";
+  }
+  return bench::MakeStarCatalog(path, static_cast<std::uint64_t>(count), reason) ? path : "";
+}
+
+bool UseSyntheticCatalog(std::int64_t count, std::vector<scene::StarTiles>& catalogs, std::string& reason) {
+  const std::string path = GetSyntheticCatalog(count, reason);
+  scene::StarTiles tiles;
+  if (path.empty() || !tiles.Open(path.c_str(), reason)) return false;
+  catalogs.clear();
+  catalogs.push_back(std::move(tiles));
+  return true;
+}
+
+// 10^5, 10^6.3 and 10^8 stars. At zoom 2, whose limit of 8.7 all of them reach, equally many are drawn.
+void FrameOfTiles(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  std::string reason = "the shipped catalogs are missing: build the target data_root";
+  if (!catalogs || !UseSyntheticCatalog(state.range(1), catalogs->starTiles, reason))
+    return state.SkipWithError(reason.c_str());
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)));
+}
+BENCHMARK(FrameOfTiles)
+    ->ArgNames({"zoom", "stars"})
+    ->ArgsProduct({{2, 20}, {100000, 2000000, 100000000}})
+    ->Unit(benchmark::kMicrosecond);
+
+// The stars that somebody imported, beside those that ship.
+void FrameOfDeepCatalog(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs || catalogs->starTiles.size() < 2)
+    return state.SkipWithError("no deep catalog was imported: script/setup --deep-stars");
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)));
+}
+BENCHMARK(FrameOfDeepCatalog)->ArgName("zoom")->Arg(2)->Arg(20)->Unit(benchmark::kMicrosecond);
+
+void OpenTiles(benchmark::State& state) {
+  std::string reason;
+  const std::string path = GetSyntheticCatalog(state.range(0), reason);
+  if (path.empty()) return state.SkipWithError(reason.c_str());
+  for (auto _ : state) {
+    scene::StarTiles tiles;
+    if (!tiles.Open(path.c_str(), reason)) return state.SkipWithError(reason.c_str());
+    benchmark::DoNotOptimize(tiles.GetBandCount());
+  }
+}
+BENCHMARK(OpenTiles)->ArgName("stars")->Arg(100000)->Arg(2000000)->Arg(100000000)->Unit(
+    benchmark::kMicrosecond);
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// 10,000 markers to the picture: the camera's list against the same projection called marker by marker.
+// Markers to the picture: the camera's list against the same projection called marker by marker.
 #include <cmath>
 #include <random>
 #include <vector>
@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kMarkers = 10000;
+constexpr int kMarkers = 1 << 17;
 
 // Evenly spread over the sky, of which the window shows a part. The list is filled directly: adding looks for
 // the identifier first.

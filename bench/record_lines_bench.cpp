@@ -4,16 +4,18 @@
 // One line of a catalog: an integer with its letter, a size, right ascension, declination and five numbers,
 // read with the parsers of record lines, against one sscanf and against a cursor over std::from_chars.
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <random>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "bench/different_inputs.h"
 #include "common_interfaces/record_lines.h"
 
+namespace bench {
 namespace {
 
 struct Record {
@@ -22,20 +24,22 @@ struct Record {
   double size = 0, ra = 0, dec = 0, rotation = 0, ratio = 0, brightness = 0;
 };
 
-std::vector<std::string> MakeLines() {
-  std::mt19937 random(9);
-  const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
-  std::vector<std::string> lines;
-  for (int i = 0; i < 1024; ++i) {
-    char line[128];
-    std::snprintf(line, sizeof line,
-                  "%d%c %d.%d %dh%02dm%02d.%ds %d\xB0%02d'%02d\" %d.%d %d %d.%03d %d %d.%02d\r", below(8000),
-                  'A' + below(7), below(200), below(10), below(24), below(60), below(60), below(10),
-                  below(90), below(60), below(60), below(360), below(10), below(3), below(5), below(1000),
-                  below(16), below(3), below(100));
-    lines.emplace_back(line);
-  }
-  return lines;
+// Lines of different lengths: numbers of one to five digits, fractions of none to three.
+std::string MakeLine(std::mt19937& random) {
+  const auto below = [&random](int limit) { return Below(random, limit); };
+  const auto fraction = [&random](int digits) {
+    std::string text =
+        std::to_string(random() % 1000000u + 1000000u).substr(1, static_cast<std::size_t>(digits));
+    return digits == 0 ? text : "." + text;
+  };
+  char line[160];
+  std::snprintf(line, sizeof line, "%d%c %d%s %dh%02dm%02d%ss %s%d\xB0%02d'%02d%s\" %d%s %d %d%s %d %d%s\r",
+                below(below(2) ? 80000 : 90), 'A' + below(7), below(200), fraction(below(3)).c_str(),
+                below(24), below(60), below(60), fraction(below(4)).c_str(), below(2) ? "-" : "", below(90),
+                below(60), below(60), fraction(below(2)).c_str(), below(360), fraction(below(2)).c_str(),
+                below(3), below(5), fraction(below(4)).c_str(), below(16), below(3),
+                fraction(1 + below(3)).c_str());
+  return line;
 }
 
 bool ReadWithParsers(std::string& line, Record& r) {
@@ -57,7 +61,8 @@ bool ReadWithSscanf(std::string& line, Record& r) {
     return false;
   }
   r.ra = (ra[0] + ra[1] / 60 + ra[2] / 3600) * 15;
-  r.dec = dec[0] + dec[1] / 60 + dec[2] / 3600;
+  r.dec =
+      std::signbit(dec[0]) ? -(-dec[0] + dec[1] / 60 + dec[2] / 3600) : dec[0] + dec[1] / 60 + dec[2] / 3600;
   return true;
 }
 
@@ -74,12 +79,16 @@ struct FromChars {
     return result.ec == std::errc();
   }
   bool TakeAngle(double& value) {
+    while (cursor != end && *cursor == ' ') ++cursor;
+    const bool isNegative = cursor != end && *cursor == '-';
+    if (isNegative) ++cursor;
     double parts[3];
     for (double& part : parts) {
       if (!Take(part) || cursor == end) return false;
       ++cursor;
     }
     value = parts[0] + parts[1] / 60 + parts[2] / 3600;
+    if (isNegative) value = -value;
     return true;
   }
 };
@@ -102,7 +111,7 @@ bool IsEqual(const Record& a, const Record& b) {
 
 template <class Read>
 void Run(benchmark::State& state, Read read) {
-  auto lines = MakeLines();
+  static std::vector<std::string> lines = MakeInputs(9, MakeLine);
   for (std::string& line : lines) {
     Record record, same;
     if (!read(line, record) || !ReadWithSscanf(line, same) || !IsEqual(record, same)) {
@@ -117,17 +126,23 @@ void Run(benchmark::State& state, Read read) {
       benchmark::DoNotOptimize(record);
     }
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(lines.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<benchmark::IterationCount>(lines.size()));
 }
 
-void RecordLineSscanf(benchmark::State& state) { Run(state, ReadWithParsers); }
-void RecordLineSscanfPeer(benchmark::State& state) { Run(state, ReadWithSscanf); }
-void RecordLineFromChars(benchmark::State& state) { Run(state, ReadWithParsers); }
-void RecordLineFromCharsPeer(benchmark::State& state) { Run(state, ReadWithFromChars); }
+void RecordLine(benchmark::State& state) { Run(state, ReadWithParsers); }
+void RecordLinePeerSscanf(benchmark::State& state) { Run(state, ReadWithSscanf); }
+void RecordLinePeerFromChars(benchmark::State& state) { Run(state, ReadWithFromChars); }
 
-BENCHMARK(RecordLineSscanf);
-BENCHMARK(RecordLineSscanfPeer);
-BENCHMARK(RecordLineFromChars);
-BENCHMARK(RecordLineFromCharsPeer);
+// Looking at every byte of the line.
+void RecordLineLimit(benchmark::State& state) {
+  const std::vector<std::string> lines = MakeInputs(9, MakeLine);
+  RunOver(state, lines, [](const std::string& line) { return std::strchr(line.c_str(), '\r'); });
+}
+
+BENCHMARK(RecordLine);
+BENCHMARK(RecordLinePeerSscanf);
+BENCHMARK(RecordLinePeerFromChars);
+BENCHMARK(RecordLineLimit);
 
 }  // namespace
+}  // namespace bench

@@ -5,6 +5,7 @@
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
+#include "camera/projection_batch.h"
 #include "camera/saturate.h"
 #include "common_interfaces/camera.h"
 
@@ -14,34 +15,23 @@ namespace {
 // From this size on the tangent of half an angle is told apart from half the angle.
 constexpr double kTangentFrom = 0.35;
 
-// The centre plus or minus a truncated offset, as if the integers had no bounds.
-int WholePixel(int centre, double offset) {
-  return SaturatingTruncate(centre + std::trunc(offset), std::numeric_limits<int>::min());
-}
-
-tPoint<double> ProjectTo(const double* matrix, const double* v, double scale, const tPoint<double>& centre) {
-  double r[3];
-  MV3prod(matrix, v, r);
-  const double k = scale / (r[2] + 1.0);
-  return {centre.x - r[0] * k, r[1] * k + centre.y};
+void RunBatch(const BatchProjection& projection, const double* v, tPoint<double>* p, int count) {
+  static const BatchRun s_Run = FindBatchRuns().front();
+  s_Run(projection, v, p, count);
 }
 
 }  // namespace
 
-void Camera::RA_Dec2Pix(const double* v, tPoint<int>* p) const {
-  double r[3];
-  MV3prod(m_ViewMatrix, v, r);
-  const double k = m_Scale / (r[2] + 1.0);
-  p->x = WholePixel(m_WinRect.left >> 1, -(r[0] * k));
-  p->y = WholePixel(m_WinRect.top >> 1, r[1] * k);
+int Camera::FarPixel(int centre, double offset) {
+  return SaturatingTruncate(centre + std::trunc(offset), std::numeric_limits<int>::min());
 }
 
-void Camera::RA_Dec2PixD(const double* v, tPoint<double>* p) const {
-  *p = ProjectTo(m_ViewMatrix, v, m_Scale, m_WinCentre);
+void Camera::BatchRA_Dec2PixD(const double* v, tPoint<double>* p, int count) const {
+  RunBatch({m_ViewPicture, m_Scale, m_WinCentre}, v, p, count);
 }
 
-void Camera::RA_Dec2K2PixD(const double* v, tPoint<double>* p) const {
-  *p = ProjectTo(m_ComboMatrix, v, m_Scale, m_WinCentre);
+void Camera::BatchRA_Dec2K2PixD(const double* v, tPoint<double>* p, int count) const {
+  RunBatch({m_ComboPicture, m_Scale, m_WinCentre}, v, p, count);
 }
 
 // dy is counted down from the centre where the forward projection counts up: the two are mirrored on purpose,

@@ -61,7 +61,12 @@ void Camera::CalcAnglesFromCameraMatrix(const double* matrix, double* angles) {
   angles[2] = slope;
 }
 
-void Camera::UpdateComboMatrix() { M3prod(m_ViewMatrix, m_ReductionMatrix, m_ComboMatrix); }
+void Camera::UpdateComboMatrix() {
+  double combo[9];
+  M3prod(m_ViewMatrix, m_ReductionMatrix, combo);
+  m_ViewPicture = PictureMatrix(m_ViewMatrix);
+  m_ComboPicture = PictureMatrix(combo);
+}
 
 void Camera::SetReductionMatrix(const double matrix[9]) {
   std::copy_n(matrix, 9, m_ReductionMatrix);

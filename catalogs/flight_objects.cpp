@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "catalogs/key_blocks.h"
+#include "catalogs/key_positions.h"
 #include "catalogs/line_fields.h"
 #include "catalogs/object_table.h"
 #include "utils/bytes.h"
@@ -18,7 +18,7 @@ namespace CommonInterfaces {
 
 struct DistanceGroup {
   int kind;
-  std::unique_ptr<const KeyBlocks> numbers;  // null: the group is empty
+  std::unique_ptr<const KeyPositions> numbers;  // null: the group is empty
 };
 
 struct FlightObjects {
@@ -87,7 +87,7 @@ void General3DFlightObjectsList::Load(const char* path) {
     ReadWord(file, count);
     const std::vector<int> numbers = ReadObjectNumbers(file, count);
     DistanceGroup group{static_cast<int>(kind), nullptr};
-    if (!numbers.empty()) group.numbers = std::make_unique<const KeyBlocks>(numbers);
+    if (!numbers.empty()) group.numbers = std::make_unique<const KeyPositions>(numbers);
     m_Groups.push_back(std::move(group));
   }
 }

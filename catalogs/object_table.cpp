@@ -13,9 +13,9 @@ ObjectTable::ObjectTable(const std::vector<KindAndNumber>& objects) {
       numbers.push_back(objects[end].second);
     }
     kinds.push_back(kind);
-    m_Groups.push_back({static_cast<int>(first), KeyBlocks(numbers)});
+    m_Groups.push_back({static_cast<int>(first), KeyPositions(numbers)});
   }
-  m_Kinds = KeyBlocks(kinds);
+  m_Kinds = KeyPositions(kinds);
 }
 
 }  // namespace CommonInterfaces

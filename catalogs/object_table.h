@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "catalogs/key_blocks.h"
+#include "catalogs/key_positions.h"
 
 namespace CommonInterfaces {
 
@@ -25,16 +25,16 @@ class ObjectTable {
     if (place < 0) return -1;
     const Group& group = m_Groups[static_cast<std::size_t>(place)];
     const int position = group.numbers.Find(number);
-    return position + (group.first & ~(position >> 31));  // without a jump, as KeyBlocks does
+    return position + (group.first & ~(position >> 31));  // without a jump: half of the questions are in vain
   }
 
  private:
   struct Group {
     int first;  // the position of its first object
-    KeyBlocks numbers;
+    KeyPositions numbers;
   };
 
-  KeyBlocks m_Kinds;
+  KeyPositions m_Kinds;
   std::vector<Group> m_Groups;  // one for each kind
 };
 

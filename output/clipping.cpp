@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/clipping.h"
 
+#include <bit>
 #include <cstdint>
-#include <limits>
-#include <type_traits>
 
 namespace CommonInterfaces {
 
@@ -16,23 +15,22 @@ constexpr double kFixedPointScale = 0.006457718232378999;
 
 int Wrap(std::int64_t value) { return static_cast<int>(static_cast<std::uint32_t>(value)); }
 
-int Truncate(double value) {
-  constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
-  if (value >= kMax) return kMax;
-  if (value <= kMin) return kMin;
-  return static_cast<int>(value);
-}
+// How parameters and coordinates are computed. At() gives where along the segment an edge is crossed, counted
+// from 0 at `from` to 1 at `to`; 0 stands for a crossing that does not lie strictly inside. Between() is
+// asked for parameters of At() alone, so that what it gives lies between the ends.
 
 // 16.16 fixed point. Every step is computed in 64 bits, where nothing overflows, and then wrapped to 32:
 // shifts of negative numbers, products beyond 32 bits and INT_MIN / -1 give what 32-bit registers would.
 struct FixedPoint {
   using Coordinate = int;
+  using Wide = std::int64_t;
   using Parameter = int;
   static Parameter At(std::int64_t edge, int from, int to) {
+    const int difference = Wrap(std::int64_t{to} - from);
     const int rise = Wrap((edge - from) * 65536);
-    return Wrap(std::int64_t{rise} / Wrap(std::int64_t{to} - from));
+    const int t = Wrap(std::int64_t{rise} / (difference + int{difference == 0}));
+    return t * int{(t >= 1) & (t <= 65534) & (difference != 0)};
   }
-  static bool IsInside(Parameter t) { return t >= 1 && t <= 65534; }
   static int Between(int from, int to, Parameter t) {
     const int difference = Wrap(std::int64_t{to} - from);
     const int product = Wrap(std::int64_t{difference} * t);
@@ -40,104 +38,108 @@ struct FixedPoint {
   }
 };
 
+// The parameter where it lies inside, else 0. A difference of 0 makes it infinite or no number, which is not
+// inside.
+double InsideOrZero(double t) {
+  const std::uint64_t isInside = (t > 0.0) & (t < 1.0);
+  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(t) & (0 - isInside));
+}
+
 // Integer points, parameters in doubles. Differences are exact: those of any two ints fit a double.
 struct DoubleParameter {
   using Coordinate = int;
+  using Wide = std::int64_t;
   using Parameter = double;
   static Parameter At(std::int64_t edge, int from, int to) {
-    return static_cast<double>(edge - from) / static_cast<double>(std::int64_t{to} - from);
+    return InsideOrZero(static_cast<double>(edge - from) / static_cast<double>(std::int64_t{to} - from));
   }
-  static bool IsInside(Parameter t) { return t > 0.0 && t < 1.0; }
   static int Between(int from, int to, Parameter t) {
-    return Truncate(from + static_cast<double>(std::int64_t{to} - from) * t);
+    return static_cast<int>(from + static_cast<double>(std::int64_t{to} - from) * t);
   }
 };
 
 struct DoublePoint {
   using Coordinate = double;
+  using Wide = double;
   using Parameter = double;
   static Parameter At(std::int64_t edge, double from, double to) {
-    return (static_cast<double>(edge) - from) / (to - from);
+    return InsideOrZero((static_cast<double>(edge) - from) / (to - from));
   }
-  static bool IsInside(Parameter t) { return t > 0.0 && t < 1.0; }
   static double Between(double from, double to, Parameter t) { return from + (to - from) * t; }
 };
 
-// The usable area. Wider than int, so that the smallest int as right edge makes an empty area instead of
-// wrapping.
-struct Area {
-  std::int64_t left, top, right, bottom;
+// The usable range along one axis. Wider than int, so that the smallest int as right edge makes an empty area
+// instead of wrapping.
+struct Range {
+  std::int64_t low, high;
 };
 
-template <class T>
-bool IsBetween(T value, std::int64_t low, std::int64_t high) {
-  return value > static_cast<T>(low) && value < static_cast<T>(high);
-}
-
-// Clips at the left and right edge; false when nothing of the segment can be left.
-template <class Math, class Point>
-bool ClipInX(Point& p0, Point& p1, Point& larger, Point& smaller, const Area& area) {
+// The coordinates of both ends along one axis, and a third that is written when neither is to be.
+//
+// Which edges a segment crosses is as good as random, so that a jump for each would be guessed wrong half the
+// time: conditions are joined as numbers, and what is not to be written is written to the third place.
+template <class Math>
+struct Ends {
   using Coordinate = typename Math::Coordinate;
-  if (p1.x == p0.x) return true;
-  const auto tRight = Math::At(area.right, p0.x, p1.x);
-  const auto tLeft = Math::At(area.left, p0.x, p1.x);
-  if (Math::IsInside(tRight)) {
-    const Coordinate y = Math::Between(p0.y, p1.y, tRight);
-    larger.x = static_cast<Coordinate>(area.right);
-    larger.y = y;
-    if (!IsBetween(y, area.top, area.bottom) && !IsBetween(smaller.y, area.top, area.bottom)) return false;
-  }
-  if (Math::IsInside(tLeft)) {
-    // tLeft still counts along the whole segment although one end may have moved to the right edge just now.
-    // This is deliberate: pictures drawn with these functions must not change. A slanting segment that
-    // crosses both edges therefore ends beside its true crossing on the left.
-    const Coordinate y = Math::Between(p0.y, p1.y, tLeft);
-    smaller.x = static_cast<Coordinate>(area.left);
-    smaller.y = y;
-    if (!IsBetween(larger.y, area.top, area.bottom) && !IsBetween(y, area.top, area.bottom)) return false;
-  }
-  return true;
-}
+  using Wide = typename Math::Wide;
+  static constexpr int kNowhere = 2;
 
-// Clips at the top and bottom edge. `larger` and `smaller` are the roles at entry: clipping in x may have
-// turned them round, which is deliberately not looked at again.
-template <class Math, class Point>
-void ClipInY(Point& p0, Point& p1, Point& larger, Point& smaller, const Area& area) {
-  using Coordinate = typename Math::Coordinate;
-  if (p1.y == p0.y) return;
-  const auto tBottom = Math::At(area.bottom, p0.y, p1.y);
-  const auto tTop = Math::At(area.top, p0.y, p1.y);
-  if (Math::IsInside(tBottom)) {
-    const Coordinate x = Math::Between(p0.x, p1.x, tBottom);
-    larger.y = static_cast<Coordinate>(area.bottom);
-    larger.x = x;
+  Ends(Coordinate p0, Coordinate p1) : at{p0, p1, p1}, larger(!(p0 > p1)) {}
+
+  auto Crossing(std::int64_t edge) const { return Math::At(edge, at[0], at[1]); }
+  bool IsBeyond(const Range& range) const {
+    const auto low = static_cast<Wide>(range.low), high = static_cast<Wide>(range.high);
+    return (at[larger] <= low) + (at[1 - larger] >= high) != 0;
   }
-  if (Math::IsInside(tTop)) {
-    const Coordinate x = Math::Between(p0.x, p1.x, tTop);
-    smaller.y = static_cast<Coordinate>(area.top);
-    smaller.x = x;
+  bool IsWithin(const Range& range) const {
+    const auto low = static_cast<Wide>(range.low), high = static_cast<Wide>(range.high);
+    return (at[larger] < high) + (at[1 - larger] > low) == 2;
   }
+  // Whether neither end lies strictly inside.
+  bool AreBothOutside(const Range& range) const {
+    const auto low = static_cast<Wide>(range.low), high = static_cast<Wide>(range.high);
+    return ((at[0] > low) & (at[0] < high)) + ((at[1] > low) & (at[1] < high)) == 0;
+  }
+
+  Coordinate at[3];
+  int larger;  // the end with the larger coordinate; stays when they are moved
+};
+
+// Moves the end `index` to where the segment crosses an edge of the axis `along`, if `moves`.
+template <class Math>
+void MoveTo(std::int64_t edge, typename Math::Parameter t, int index, bool moves, Ends<Math>& along,
+            Ends<Math>& across) {
+  const auto crossing = Math::Between(across.at[0], across.at[1], t);
+  const int place = Ends<Math>::kNowhere + (index - Ends<Math>::kNowhere) * moves;
+  along.at[place] = static_cast<typename Math::Coordinate>(edge);
+  across.at[place] = crossing;
 }
 
 template <class Math, class Point>
 bool Clip(Point& p0, Point& p1, const tRect<int>& r) {
-  using Coordinate = typename Math::Coordinate;
-  using Wide = std::conditional_t<std::is_same_v<Coordinate, int>, std::int64_t, double>;
-  const Area area{r.left, r.top, std::int64_t{r.right} - 1, std::int64_t{r.bottom} - 1};
-  Point& largerX = p0.x > p1.x ? p0 : p1;
-  Point& smallerX = p0.x > p1.x ? p1 : p0;
-  Point& largerY = p0.y > p1.y ? p0 : p1;
-  Point& smallerY = p0.y > p1.y ? p1 : p0;
+  const Range inX{r.left, std::int64_t{r.right} - 1}, inY{r.top, std::int64_t{r.bottom} - 1};
+  Ends<Math> x(p0.x, p1.x), y(p0.y, p1.y);
+  if (x.IsBeyond(inX) + y.IsBeyond(inY) != 0) return false;
+  if (x.IsWithin(inX) + y.IsWithin(inY) == 2) return true;
 
-  const auto left = static_cast<Wide>(area.left), right = static_cast<Wide>(area.right);
-  const auto top = static_cast<Wide>(area.top), bottom = static_cast<Wide>(area.bottom);
-  if (largerX.x <= left || smallerX.x >= right || largerY.y <= top || smallerY.y >= bottom) return false;
-  if (largerX.x < right && smallerX.x > left && largerY.y < bottom && smallerY.y > top) return true;
+  const auto tRight = x.Crossing(inX.high);
+  // The left edge's parameter still counts along the whole segment when one end moves to the right edge
+  // below. This is deliberate: pictures drawn with these functions must not change. A slanting segment that
+  // crosses both edges therefore ends beside its true crossing on the left.
+  const auto tLeft = x.Crossing(inX.low);
+  MoveTo<Math>(inX.high, tRight, x.larger, tRight != 0, x, y);
+  bool isLost = (tRight != 0) & y.AreBothOutside(inY);
+  MoveTo<Math>(inX.low, tLeft, 1 - x.larger, (tLeft != 0) & !isLost, x, y);
+  isLost |= (tLeft != 0) & y.AreBothOutside(inY);
 
-  if (!ClipInX<Math>(p0, p1, largerX, smallerX, area)) return false;
-  // No test follows this step: what has passed the clipping in x is reported visible.
-  ClipInY<Math>(p0, p1, largerY, smallerY, area);
-  return true;
+  // Which end is the larger one is deliberately not looked at again, though clipping in x may have turned
+  // them round; and no test follows: what has passed the clipping in x is reported visible.
+  const auto tBottom = y.Crossing(inY.high), tTop = y.Crossing(inY.low);
+  MoveTo<Math>(inY.high, tBottom, y.larger, (tBottom != 0) & !isLost, y, x);
+  MoveTo<Math>(inY.low, tTop, 1 - y.larger, (tTop != 0) & !isLost, y, x);
+  p0 = {x.at[0], y.at[0]};
+  p1 = {x.at[1], y.at[1]};
+  return !isLost;
 }
 
 }  // namespace

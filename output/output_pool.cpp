@@ -7,7 +7,7 @@
 namespace CommonInterfaces {
 
 OutputPool::OutputPool(unsigned blockSize, unsigned blockCount)
-    : m_Blocks(blockCount ? new Block[blockCount]{} : nullptr),
+    : m_Blocks(new Block[blockCount != 0 ? blockCount : 1]{}),
       m_BlockSize(blockSize),
       m_BlockCount(blockCount) {}
 
@@ -16,20 +16,18 @@ OutputPool::~OutputPool() {
   delete[] m_Blocks;
 }
 
-void* OutputPool::getMem(unsigned size) {
+// For a request that the current block cannot serve, or that is the first of all.
+void* OutputPool::GetFromLaterBlock(unsigned size) {
   // Blocks too small for their own reserved bytes are not even allocated: their free count would wrap around.
   if (m_BlockSize < kReservedBytes) return nullptr;
   for (unsigned i = m_Current; i < m_BlockCount; ++i) {
     Block& block = m_Blocks[i];
     if (block.base == 0 && !Allocate(block)) return nullptr;
     if (block.free < size) continue;
-    void* memory = reinterpret_cast<void*>(block.next);
-    block.next += size;
-    block.free -= size;
     // Blocks before this one are not looked at again until clear, whatever room they have left: one
     // comparison a request, however full the pool is.
     m_Current = i;
-    return memory;
+    return Take(block, size);
   }
   return nullptr;
 }

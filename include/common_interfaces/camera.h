@@ -13,6 +13,7 @@
 #include "common_interfaces/camera_state.h"
 #include "common_interfaces/date.h"
 #include "common_interfaces/daylight_savings.h"
+#include "common_interfaces/projection.h"
 #include "common_interfaces/zoom_dependence.h"
 #include "utils/geometry.h"
 
@@ -240,10 +241,25 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   // rejected: a direction behind the observer gives very large coordinates, which saturate in whole pixels.
   // The one direction without a picture (exactly opposite, or a vector that is not finite) gives coordinates
   // that are not numbers, and in whole pixels the lowest int; the caller culls.
-  void RA_Dec2Pix(const double* v, tPoint<int>* p) const;
-  void RA_Dec2PixD(const double* v, tPoint<double>* p) const;
+  COMMON_INTERFACES_INLINE void RA_Dec2Pix(const double* v, tPoint<int>* p) const {
+    double left, up;
+    Project(m_ViewPicture, m_Scale, v[0], v[1], v[2], left, up);
+    p->x = WholePixel(m_WinRect.left >> 1, -left);
+    p->y = WholePixel(m_WinRect.top >> 1, up);
+  }
+  COMMON_INTERFACES_INLINE void RA_Dec2PixD(const double* v, tPoint<double>* p) const {
+    *p = ProjectBy(m_ViewPicture, v);
+  }
   // The same for a J2000 unit vector.
-  void RA_Dec2K2PixD(const double* v, tPoint<double>* p) const;
+  COMMON_INTERFACES_INLINE void RA_Dec2K2PixD(const double* v, tPoint<double>* p) const {
+    *p = ProjectBy(m_ComboPicture, v);
+  }
+
+  // The same for `count` unit vectors, one after the other, to as many pixels. Whatever is a number has the
+  // bits that the single call gives, on every processor. Vectors and pixels must not overlap; nothing happens
+  // for a count of 0 or less.
+  void BatchRA_Dec2PixD(const double* v, tPoint<double>* p, int count) const;
+  void BatchRA_Dec2K2PixD(const double* v, tPoint<double>* p, int count) const;
 
   // The unit vector in the frame of V, or its longitude [0, 2 pi) and latitude, seen at a pixel whose y
   // counts DOWN from the top. Not a number while the camera has no window.
@@ -419,6 +435,18 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void UpdateComboMatrix();
 
  private:
+  tPoint<double> ProjectBy(const PictureMatrix& matrix, const double* v) const {
+    double left, up;
+    Project(matrix, m_Scale, v[0], v[1], v[2], left, up);
+    return {m_WinCentre.x - left, up + m_WinCentre.y};
+  }
+  // The centre plus an offset truncated towards 0, as if the integers had no bounds.
+  static int WholePixel(int centre, double offset) {
+    // The centre is half of an int: sums with such an offset are ints.
+    constexpr double kNear = 1e9;
+    return offset > -kNear && offset < kNear ? centre + static_cast<int>(offset) : FarPixel(centre, offset);
+  }
+  static int FarPixel(int centre, double offset);
   CameraState& State() { return *this; }
   bool ReadFrom(SettingsData& settings, const char* file, unsigned id);
   bool ReadSavedView(const char* file, unsigned viewId);

@@ -17,6 +17,7 @@
 #include "common_interfaces/home_parameters.h"
 #include "common_interfaces/marker_info.h"
 #include "common_interfaces/play_desc.h"
+#include "common_interfaces/projection.h"
 #include "utils/geometry.h"
 #include "utils/incomplete_files.h"
 
@@ -116,7 +117,8 @@ struct CameraState {
   // Matrices of nine doubles in row order, element (i, j) at 3 i + j; layout and signs stand in camera.h.
   double m_ViewMatrix[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
   double m_ReductionMatrix[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
-  double m_ComboMatrix[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+  // V and C = V R, for the projection.
+  PictureMatrix m_ViewPicture, m_ComboPicture;
 
   std::array<CameraStepSize, kCameraSteps> m_Steps;
 

@@ -32,6 +32,7 @@
 #include "common_interfaces/path_line.h"
 #include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/play_desc.h"
+#include "common_interfaces/projection.h"
 #include "common_interfaces/queries.h"
 #include "common_interfaces/record_conversion.h"
 #include "common_interfaces/record_lines.h"

@@ -34,9 +34,9 @@ class COMMON_INTERFACES_API General3DFlightObjectsList : public _3DFlightObjects
   General3DFlightObjectsList& operator=(const General3DFlightObjectsList&) = delete;
 
   // Always true, even without a file, for "plnt", "moon", "astr", "comt" and "scft". Otherwise whether the
-  // first group of that kind has the number; a second group of a kind is never looked at. One bisection: the
-  // numbers are searched as they stand in the file and never sorted, and of numbers out of order those are
-  // found that std::binary_search finds.
+  // first group of that kind has the number; a second group of a kind is never looked at. One look-up in a
+  // hash table. The numbers are never sorted: where the file has them out of order, those are found that
+  // std::binary_search finds.
   bool objectInList(int kind, int number) override;
 
  private:
@@ -55,7 +55,7 @@ class COMMON_INTERFACES_API Voyvane3DFlightObjectsList : public _3DFlightObjects
   Voyvane3DFlightObjectsList(const Voyvane3DFlightObjectsList&) = delete;
   Voyvane3DFlightObjectsList& operator=(const Voyvane3DFlightObjectsList&) = delete;
 
-  // Always true for "star", even without a file. Otherwise one bisection.
+  // Always true for "star", even without a file. Otherwise one look-up in a hash table.
   bool objectInList(int kind, int number) override;
 
  private:

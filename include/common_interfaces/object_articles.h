@@ -26,7 +26,7 @@ class COMMON_INTERFACES_API ArticlesInformation {
   // The identifier of the article, which is the article store's business; -1 when there is none, and for
   // every "mesh". Articles of a galaxy are deliberately filed under another number, 0x3C000000 and the low 24
   // bits of its own: for ("gala", 0x12345678) number 0x3C345678 is looked up. Of two records for one object
-  // the first one in the file counts. One bisection.
+  // the first one in the file counts. One look-up in a hash table.
   int GetArticleId(int kind, int number) const;
 
  private:

@@ -35,7 +35,10 @@ class COMMON_INTERFACES_API OutputPool {
   // `size` bytes, or null when no block from the current one on has room, when the heap gives no block, and
   // always for more than blockSize - 8. A request that does not fit the current block gives up the rest of it
   // until the next clear.
-  void* getMem(unsigned size);
+  COMMON_INTERFACES_INLINE void* getMem(unsigned size) {
+    Block& block = m_Blocks[m_Current];
+    return block.base != 0 && size <= block.free ? Take(block, size) : GetFromLaterBlock(size);
+  }
 
   // Makes all memory free again. The blocks are kept for reuse, or returned to the heap with `freeBlocks`.
   void clear(bool freeBlocks);
@@ -54,10 +57,17 @@ class COMMON_INTERFACES_API OutputPool {
   };
   static_assert(sizeof(void*) != 4 || sizeof(Block) == 12);
 
+  static void* Take(Block& block, unsigned size) {
+    void* const memory = reinterpret_cast<void*>(block.next);
+    block.next += size;
+    block.free -= size;
+    return memory;
+  }
+  void* GetFromLaterBlock(unsigned size);
   void Reset(Block& block) const;
   bool Allocate(Block& block) const;
 
-  Block* m_Blocks;
+  Block* m_Blocks;  // one at least, so that there is a current one in every pool
   unsigned m_BlockSize;
   unsigned m_BlockCount;
   unsigned m_Current = 0;  // the block where the next request is tried first

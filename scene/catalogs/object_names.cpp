@@ -24,12 +24,13 @@ std::string GetPlanetName(int number) {
 
 // A Greek letter alone would not say which star, and the code pages of the languages lack it: a star without
 // a proper name goes by its number in the Bright Star Catalogue.
-std::string GetStarName(int number, const StarCatalog& stars) {
+std::string GetStarName(int number, const SkyCatalogs& catalogs) {
+  const StarCatalog& stars = catalogs.stars;
   for (int i = 0; i < stars.GetCount(); ++i) {
     if (stars.GetNumber(i) != number) continue;
     return stars.HasProperName(i) ? ToCodePage(stars.GetLabel(i)) : "HR " + std::to_string(number);
   }
-  return "";
+  return FindTileStar(catalogs, number) ? GetTileStarName(number) : "";
 }
 
 }  // namespace
@@ -40,9 +41,14 @@ std::string GetPlanetOrMoonName(const SSO_ID& object) {
   return "";
 }
 
+std::string GetTileStarName(int number) {
+  const int hipparcos = GetHipparcosNumber(number);
+  return hipparcos != 0 ? "HIP " + std::to_string(hipparcos) : "Star " + std::to_string(number);
+}
+
 std::string GetObjectName(const SSO_ID& object, const SkyCatalogs& catalogs) {
   if (const std::string name = GetPlanetOrMoonName(object); !name.empty()) return name;
-  if (object.kind == FourCC("star")) return GetStarName(object.number, catalogs.stars);
+  if (object.kind == FourCC("star")) return GetStarName(object.number, catalogs);
   for (const auto& entry : catalogs.deepsky) {
     if (entry.kind == object.kind && entry.number == object.number) return ToCodePage(entry.label);
   }

@@ -10,6 +10,7 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
 #include "scene/view/arcs.h"
+#include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -158,6 +159,20 @@ void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
                    [](const auto& a, const auto& b) { return a.level < b.level; });
 }
 
+void OpenStarTiles(std::vector<StarTiles>& catalogs) {
+  for (const char* name : {"catalogs:stars.tiles", "catalogs:deep_stars.tiles"}) {
+    const std::string path = ZentharPath::GetPath(name);
+    if (path.empty()) continue;
+    StarTiles tiles;
+    std::string error;
+    if (tiles.Open(path.c_str(), error)) {
+      catalogs.push_back(std::move(tiles));
+    } else {
+      PrintDebugString("%s; the sky goes without its stars\n", error.c_str());
+    }
+  }
+}
+
 }  // namespace
 
 const char* DeepskyObject::GetLabel(const LabelRules& rules) const {
@@ -183,6 +198,24 @@ ObjectTraits GetTraits(const ConstellationName& constellation) {
   return traits;
 }
 
+ObjectTraits GetTraits(const StarTileRecord& star) {
+  ObjectTraits traits;
+  traits.code = star.GetCode();
+  traits.colour = star.GetColour();
+  traits.size = std::numeric_limits<float>::quiet_NaN();
+  traits.number = star.GetNumber();
+  if (GetHipparcosNumber(traits.number) != 0) traits.catalogs = kInHipparcos;
+  return traits;
+}
+
+std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int number) {
+  for (const StarTiles& tiles : catalogs.starTiles) {
+    const StarTileRecords found = tiles.FindNumber(number);
+    if (found.GetCount() > 0) return found[0];
+  }
+  return std::nullopt;
+}
+
 bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   SkyCatalogs loaded;
   CatalogTable table;
@@ -196,6 +229,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error) {
   FillFigures(table, loaded);
   if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
   FillMilkyWay(table, loaded);
+  OpenStarTiles(loaded.starTiles);
   loaded.bodies = LoadBodies();
   catalogs = std::move(loaded);
   return true;

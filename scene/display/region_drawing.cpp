@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "scene/display/region_drawing.h"
 
-#include <cmath>
-
 namespace scene {
 namespace {
 
@@ -12,7 +10,8 @@ void AddRing(const RegionPicture& region, int begin, int end, double leastStep, 
   tPoint<double> last{};
   for (int i = begin; i < end; ++i) {
     const auto& p = region.points[static_cast<std::size_t>(i)];
-    if (i > begin && std::hypot(p.x - last.x, p.y - last.y) < leastStep) continue;
+    const double dx = p.x - last.x, dy = p.y - last.y;
+    if (i > begin && dx * dx + dy * dy < leastStep * leastStep) continue;
     list.AddVertex(p.x, list.GetHeight() - p.y);
     last = p;
   }

@@ -30,14 +30,20 @@ double FavouriteMarks::GetRadius(double unit) { return std::max(5.5 * unit, 4.0)
 void FavouriteMarks::SetObjects(const std::vector<SSO_ID>& objects) {
   std::vector<SSO_ID> sorted = objects;
   std::sort(sorted.begin(), sorted.end());
+  sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
   const auto holds = [&sorted](int kind, int number) {
     return std::binary_search(sorted.begin(), sorted.end(), SSO_ID(kind, number));
   };
   m_Stars.clear();
+  m_TileStars.clear();
   m_Deepsky.clear();
   m_Constellations.clear();
   for (int i = 0; i < m_Catalogs.stars.GetCount(); ++i) {
     if (holds(FourCC("star"), m_Catalogs.stars.GetNumber(i))) m_Stars.push_back(i);
+  }
+  for (const SSO_ID& object : sorted) {
+    if (object.kind != FourCC("star")) continue;
+    if (const auto star = FindTileStar(m_Catalogs, object.number)) m_TileStars.push_back(*star);
   }
   for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
     if (holds(m_Catalogs.deepsky[i].kind, m_Catalogs.deepsky[i].number)) m_Deepsky.push_back(i);
@@ -45,7 +51,7 @@ void FavouriteMarks::SetObjects(const std::vector<SSO_ID>& objects) {
   for (int i = 0; i < static_cast<int>(m_Catalogs.constellations.size()); ++i) {
     if (holds(FourCC("cnst"), GetTraits(m_Catalogs.constellations[i]).number)) m_Constellations.push_back(i);
   }
-  m_Marks.reserve(m_Stars.size() + m_Deepsky.size() + m_Constellations.size());
+  m_Marks.reserve(m_Stars.size() + m_TileStars.size() + m_Deepsky.size() + m_Constellations.size());
 }
 
 void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
@@ -57,6 +63,10 @@ void FavouriteMarks::Compute(const ViewGeometry& geometry, const ObjectTests& te
       AddBeside(geometry, place.pixel, place.radius, {FourCC("star"), m_Catalogs.stars.GetNumber(star)},
                 labels);
     }
+  }
+  for (const StarTileRecord& star : m_TileStars) {
+    if (tests.IsStarDrawn(star, ObjectTests::kNoReachLimit, place))
+      AddBeside(geometry, place.pixel, place.radius, {FourCC("star"), star.GetNumber()}, labels);
   }
   for (const int object : m_Deepsky) {
     if (!tests.IsDeepskyDrawn(object, place)) continue;

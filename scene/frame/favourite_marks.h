@@ -44,6 +44,7 @@ class FavouriteMarks {
 
   const SkyCatalogs& m_Catalogs;
   std::vector<int> m_Stars, m_Deepsky, m_Constellations;  // indices in the catalogs
+  std::vector<StarTileRecord> m_TileStars;
   std::vector<Mark> m_Marks;
 };
 

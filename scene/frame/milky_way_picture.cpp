@@ -19,6 +19,11 @@ constexpr double kGalacticPoleDec = 27.12825 * kRadiansPerDegree;
 }  // namespace
 
 MilkyWayPicture::MilkyWayPicture(const SkyCatalogs& catalogs) : m_Catalogs(catalogs), m_Levels(kLevels) {
+  for (const auto& ring : catalogs.milkyWay) {
+    m_FirstCaps.push_back(m_Caps.size());
+    RegionProjector::AppendCaps(GetPoints(ring), m_Caps);
+  }
+  m_FirstCaps.push_back(m_Caps.size());
   for (int level = 1; level <= kLevels; ++level) {
     std::size_t rings = 0, points = 0;
     for (const auto& ring : m_Catalogs.milkyWay) {
@@ -30,16 +35,21 @@ MilkyWayPicture::MilkyWayPicture(const SkyCatalogs& catalogs) : m_Catalogs(catal
   }
 }
 
+std::span<const Direction> MilkyWayPicture::GetPoints(const MilkyWayRing& ring) const {
+  return {m_Catalogs.milkyWayPoints.data() + ring.first, static_cast<std::size_t>(ring.count)};
+}
+
 void MilkyWayPicture::Compute(const ViewGeometry& geometry, bool shown) {
   for (auto& level : m_Levels) level.Clear();
   if (!shown) return;
   const Direction pole = MakeDirection(kGalacticPoleRA, kGalacticPoleDec);
   for (int level = 1; level <= kLevels; ++level) {
     RegionProjector projector(geometry, SkyFrameOf::kJ2000, pole, m_Levels[level - 1]);
-    for (const auto& ring : m_Catalogs.milkyWay) {
+    for (std::size_t i = 0; i < m_Catalogs.milkyWay.size(); ++i) {
+      const MilkyWayRing& ring = m_Catalogs.milkyWay[i];
       if (ring.level != level) continue;
-      projector.AddRing(
-          {m_Catalogs.milkyWayPoints.data() + ring.first, static_cast<std::size_t>(ring.count)});
+      projector.AddRing(GetPoints(ring),
+                        {m_Caps.data() + m_FirstCaps[i], m_FirstCaps[i + 1] - m_FirstCaps[i]});
     }
   }
 }

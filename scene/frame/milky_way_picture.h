@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "scene/display_list.h"
@@ -23,7 +24,11 @@ class MilkyWayPicture {
   const std::vector<RegionPicture>& GetLevels() const { return m_Levels; }  // 1 to 5, faintest first
 
  private:
+  std::span<const Direction> GetPoints(const MilkyWayRing& ring) const;
+
   const SkyCatalogs& m_Catalogs;
+  std::vector<SkyCap> m_Caps;            // of all rings
+  std::vector<std::size_t> m_FirstCaps;  // of each ring, and the end of the last one
   std::vector<RegionPicture> m_Levels;
 };
 

@@ -20,13 +20,18 @@ ObjectRef FindObject(const SkyCatalogs& catalogs, int constellation) {
 
 SkyFigures::SkyFigures(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
   m_Lines.reserve(catalogs.figurePoints.size());
+  for (const auto& stroke : catalogs.figures)
+    m_Caps.push_back(
+        MakeCap({catalogs.figurePoints.data() + stroke.first, static_cast<std::size_t>(stroke.count)}));
 }
 
 void SkyFigures::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
                          const ObjectTests& tests) {
   m_Lines.clear();
-  for (const auto& stroke : m_Catalogs.figures) {
-    if (tests.IsFigureDrawn(stroke.constellation)) AddStroke(geometry, observer, tests, stroke);
+  for (std::size_t i = 0; i < m_Catalogs.figures.size(); ++i) {
+    const FigureStroke& stroke = m_Catalogs.figures[i];
+    if (geometry.MayReach(m_Caps[i]) && tests.IsFigureDrawn(stroke.constellation))
+      AddStroke(geometry, observer, tests, stroke);
   }
 }
 

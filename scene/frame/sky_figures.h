@@ -6,6 +6,7 @@
 
 #include "scene/display/labels.h"
 #include "scene/sky_catalogs.h"
+#include "scene/view/sky_cap.h"
 #include "scene/view/sky_path.h"
 #include "scene/visibility/object_tests.h"
 
@@ -38,6 +39,7 @@ class SkyFigures {
                  const FigureStroke& stroke);
 
   const SkyCatalogs& m_Catalogs;
+  std::vector<SkyCap> m_Caps;  // of the strokes
   std::vector<FigureLine> m_Lines;
 };
 

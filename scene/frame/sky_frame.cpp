@@ -13,12 +13,13 @@ namespace {
 
 // Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits)
 // grows once.
-DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs) {
+DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24;
   constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
   constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
-  capacity.points = static_cast<std::size_t>(catalogs.stars.GetCount()) + catalogs.bodies.size() + kOverlays;
+  capacity.points =
+      static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
@@ -79,7 +80,7 @@ FrameParts::FrameParts(const SkyCatalogs& catalogs)
       solarSystem(catalogs.bodies),
       objects(catalogs),
       favourites(catalogs) {
-  list.Reserve(FindCapacity(catalogs));
+  list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity()));
 }
 
 SkyFrame::SkyFrame(const SkyCatalogs& catalogs)

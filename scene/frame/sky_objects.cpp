@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "scene/display/star_tint.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -16,12 +17,12 @@ using CommonInterfaces::StarOutput;
 
 constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
 
-// Blocks enough for a record of every object of the catalogs; they are allocated when they are first needed.
-unsigned PoolBlockCount(const SkyCatalogs& catalogs) {
+// Blocks enough for a record of every object that a frame can show; they are allocated when they are first needed.
+unsigned PoolBlockCount(const SkyCatalogs& catalogs, std::size_t tileStars) {
   const std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
   const auto blocks = [usable](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };
   return static_cast<unsigned>(
-      blocks(static_cast<std::size_t>(catalogs.stars.GetCount()), sizeof(StarOutput)) +
+      blocks(static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars, sizeof(StarOutput)) +
       blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));
 }
 
@@ -45,8 +46,10 @@ double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry
 }
 
 SkyObjects::SkyObjects(const SkyCatalogs& catalogs)
-    : m_Catalogs(catalogs), m_Pool(kPoolBlockSize, PoolBlockCount(catalogs)) {
-  m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()));
+    : m_Catalogs(catalogs),
+      m_TileStars(catalogs),
+      m_Pool(kPoolBlockSize, PoolBlockCount(catalogs, m_TileStars.GetCapacity())) {
+  m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()) + m_TileStars.GetCapacity());
   m_Deepsky.reserve(catalogs.deepsky.size());
   m_StarLabels.reserve(LabelPlacer::kMaxLabels);
 }
@@ -66,29 +69,55 @@ void SkyObjects::PlaceLabels(const ViewGeometry& geometry, const ObjectTests& te
   LabelDeepsky(geometry, tests, labels);
 }
 
-// The catalog begins with the brightest star: behind the first one that is too faint there is no other.
+// The catalog begins with the brightest star: behind the first one that is too faint there is no other. Stars
+// of tile catalogs come in between where their magnitude has its place.
 void SkyObjects::AddStars(const ViewGeometry& geometry, const ObjectTests& tests) {
   const StarCatalog& stars = m_Catalogs.stars;
   const ClassLimits& limits = tests.GetStarLimits();
+  m_TileStars.Find(geometry, tests);
+  std::size_t next = 0;
   ObjectPlace place;
   for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
-    if (tests.IsStarDrawn(i, place)) AddStar(geometry, place, i, limits);
+    if (!tests.IsStarDrawn(i, place)) continue;
+    while (next < m_TileStars.GetCount() && m_TileStars.Get(next).star.GetCode() < stars.GetCode(i))
+      AddTileStar(geometry, m_TileStars.Get(next++), limits);
+    AddBrightStar(geometry, place, i, limits);
+  }
+  while (next < m_TileStars.GetCount()) AddTileStar(geometry, m_TileStars.Get(next++), limits);
+}
+
+void SkyObjects::AddBrightStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
+                               const ClassLimits& limits) {
+  const StarCatalog& stars = m_Catalogs.stars;
+  if (auto* output = MakeStarOutput(geometry, place.pixel, place.radius)) {
+    m_Stars.push_back(
+        {output, star, stars.GetNumber(star), limits.Opacity(stars.GetCode(star)), stars.GetSpectrum(star)});
   }
 }
 
-void SkyObjects::AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
-                         const ClassLimits& limits) {
+void SkyObjects::AddTileStar(const ViewGeometry& geometry, const PlacedTileStar& placed,
+                             const ClassLimits& limits) {
+  const StarTileRecord& star = placed.star;
+  if (auto* output = MakeStarOutput(geometry, placed.pixel, placed.radius)) {
+    m_Stars.push_back(
+        {output, -1, star.GetNumber(), limits.Opacity(star.GetCode()), GetClassOfColour(star.GetColour())});
+  }
+}
+
+// Null when the pool has no room.
+StarOutput* SkyObjects::MakeStarOutput(const ViewGeometry& geometry, const tPoint<double>& pixel,
+                                       double radius) {
   auto* output = new (m_Pool) StarOutput;
   if (!output) {
     m_PoolExhausted = true;
-    return;
+    return nullptr;
   }
   output->m_Frame = m_Number;
-  output->m_Place = MakePlace(geometry, place.pixel, place.radius);
-  output->m_OnScreen = geometry.IsInside(place.pixel, 0.0);
-  output->m_AsDisc = place.radius >= 1.0;
+  output->m_Place = MakePlace(geometry, pixel, radius);
+  output->m_OnScreen = geometry.IsInside(pixel, 0.0);
+  output->m_AsDisc = radius >= 1.0;
   output->m_Drawn = true;
-  m_Stars.push_back({output, star, limits.Opacity(m_Catalogs.stars.GetCode(star))});
+  return output;
 }
 
 void SkyObjects::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests) {
@@ -142,13 +171,14 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tes
   m_StarLabels.clear();
   if (!rules.shown) return;
   for (const auto& drawn : m_Stars) {
+    if (drawn.star < 0) continue;  // nameless
     if (stars.GetCode(drawn.star) > tests.GetStarLimits().label) break;
     const auto& place = drawn.output->m_Place;
     const bool proper = rules.commonName && stars.HasProperName(drawn.star);
     drawn.output->m_LabelIndex = labels.PlaceBeside(MakeStarLabel(drawn.star, rules), {place.x, place.y},
                                                     place.radius, (proper ? 13.0 : 11.0) * geometry.unit,
                                                     proper ? LabelKind::kStarName : LabelKind::kStarLetter,
-                                                    {FourCC("star"), stars.GetNumber(drawn.star)});
+                                                    {FourCC("star"), drawn.number});
   }
 }
 

@@ -9,6 +9,7 @@
 #include "scene/class_limits.h"
 #include "scene/display/labels.h"
 #include "scene/drawn_objects.h"
+#include "scene/frame/tile_stars.h"
 #include "scene/sky_catalogs.h"
 #include "scene/visibility/object_tests.h"
 
@@ -20,8 +21,8 @@ double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry
 
 // The stars and deep-sky objects of one frame and their records.
 //
-// The lists have room for the whole catalogs from the start and the pool keeps its blocks, so that nothing is
-// allocated but the pool's blocks, each when the first frame needs it. The records are valid until the next
+// The lists have room for the whole catalogs (TileStars: as many as are shown) from the start and the pool keeps
+// its blocks, so that nothing is allocated but the pool's blocks, each when the first frame needs it. The records are valid until the next
 // Compute. `catalogs` is kept by reference.
 class SkyObjects {
  public:
@@ -40,10 +41,15 @@ class SkyObjects {
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
   const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
   bool IsPoolExhausted() const { return m_PoolExhausted; }
+  const TileStars& GetTileStars() const { return m_TileStars; }
 
  private:
   void AddStars(const ViewGeometry& geometry, const ObjectTests& tests);
-  void AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star, const ClassLimits& limits);
+  void AddBrightStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
+                     const ClassLimits& limits);
+  void AddTileStar(const ViewGeometry& geometry, const PlacedTileStar& placed, const ClassLimits& limits);
+  CommonInterfaces::StarOutput* MakeStarOutput(const ViewGeometry& geometry, const tPoint<double>& pixel,
+                                               double radius);
   void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
   void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
                         const ClassLimits& limits);
@@ -52,6 +58,7 @@ class SkyObjects {
   void LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
   const SkyCatalogs& m_Catalogs;
+  TileStars m_TileStars;
   CommonInterfaces::OutputPool m_Pool;
   bool m_PoolExhausted = false;
   unsigned m_Number = 0;  // of the frame

@@ -11,10 +11,9 @@
 namespace scene {
 namespace {
 
-void DrawStar(const DrawnStar& drawn, const StarCatalog& stars, DisplayList& list) {
+void DrawStar(const DrawnStar& drawn, DisplayList& list) {
   const auto& place = drawn.output->m_Place;
-  const Colour& colour =
-      palette::kStars[std::min<unsigned>(stars.GetSpectrum(drawn.star), palette::kSpectralClasses)];
+  const Colour& colour = palette::kStars[std::min<unsigned>(drawn.spectrum, palette::kSpectralClasses)];
   const double opacity = drawn.opacity;
   PointRecord point = {};
   point.x = place.x;
@@ -26,7 +25,7 @@ void DrawStar(const DrawnStar& drawn, const StarCatalog& stars, DisplayList& lis
     point.glow = {0.0f, 3.6f * place.radius, 0.35f, ToRgba(colour, 0.55 * opacity),
                   ToRgba(colour, 0.20 * opacity)};
   }
-  point.object = {FourCC("star"), stars.GetNumber(drawn.star)};
+  point.object = {FourCC("star"), drawn.number};
   list.Add(Layer::kStars, point);
 }
 
@@ -75,8 +74,7 @@ void SkyObjects::DrawDeepsky(DisplayList& list) const {
 }
 
 void SkyObjects::DrawStars(DisplayList& list) const {
-  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn)
-    DrawStar(*drawn, m_Catalogs.stars, list);
+  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn) DrawStar(*drawn, list);
 }
 
 }  // namespace scene

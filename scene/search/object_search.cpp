@@ -3,11 +3,16 @@
 #include "scene/object_search.h"
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
 #include "scene/name_key.h"
+#include "scene/object_names.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
@@ -32,7 +37,7 @@ std::string Numbered(const char* catalog, const CatalogTable& table, int field) 
 }  // namespace
 
 int GetKind(const FoundObject& object, const SkyCatalogs& catalogs) {
-  if (object.group == ObjectGroup::kStar) return FourCC("star");
+  if (object.group == ObjectGroup::kStar || object.group == ObjectGroup::kTileStar) return FourCC("star");
   if (object.group == ObjectGroup::kConstellation) return FourCC("cnst");
   if (object.group == ObjectGroup::kBody)
     return catalogs.bodies[static_cast<std::size_t>(object.index)].id.kind;
@@ -42,6 +47,7 @@ int GetKind(const FoundObject& object, const SkyCatalogs& catalogs) {
 int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs) {
   const auto index = static_cast<std::size_t>(object.index);
   if (object.group == ObjectGroup::kStar) return catalogs.stars.GetNumber(object.index);
+  if (object.group == ObjectGroup::kTileStar) return object.index;
   if (object.group == ObjectGroup::kConstellation) return GetTraits(catalogs.constellations[index]).number;
   if (object.group == ObjectGroup::kBody) return catalogs.bodies[index].id.number;
   return catalogs.deepsky[index].number;
@@ -60,10 +66,11 @@ std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs
       if (GetNumber(found, catalogs) == object.number) return found;
     }
   }
-  return std::nullopt;
+  if (object.kind != FourCC("star") || !FindTileStar(catalogs, object.number)) return std::nullopt;
+  return FoundObject{ObjectGroup::kTileStar, object.number};
 }
 
-ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) {
+ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
   AddStars(catalogs);
   AddDeepsky(catalogs);
   AddBodies(catalogs);
@@ -158,7 +165,26 @@ std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   if (found.empty()) found = FindIn(m_Names, expanded);
   if (found.empty() && key.starts_with(kMessier)) found = FindIn(m_Names, "m" + key.substr(kMessier.size()));
   if (found.empty()) found = FindIn(m_Unnumbered, expanded);
+  if (!found.empty()) return found;
+  if (const auto star = FindTileStarNamed(key)) found.push_back(*star);
   return found;
+}
+
+// What GetTileStarName writes.
+std::optional<FoundObject> ObjectSearch::FindTileStarNamed(const std::string& key) const {
+  constexpr struct {
+    std::string_view prefix;
+    int first;
+  } kNames[] = {{"hip", kHipparcosNumbers}, {"star", 0}};
+  for (const auto& [prefix, first] : kNames) {
+    if (!key.starts_with(prefix)) continue;
+    int number = 0;
+    const char* const end = key.data() + key.size();
+    const auto [rest, fault] = std::from_chars(key.data() + prefix.size(), end, number);
+    if (fault != std::errc() || rest != end || number > std::numeric_limits<int>::max() - first) continue;
+    if (FindTileStar(m_Catalogs, first + number)) return FoundObject{ObjectGroup::kTileStar, first + number};
+  }
+  return std::nullopt;
 }
 
 std::string ObjectSearch::DescribeMissing(const std::string& name) const {
@@ -198,12 +224,14 @@ std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
 }
 
 std::string ObjectSearch::GetName(const FoundObject& object) const {
+  if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
   const auto name =
       std::find_if(m_Names.begin(), m_Names.end(), [&object](const Name& n) { return n.object == object; });
   return name == m_Names.end() ? "" : name->written;
 }
 
 std::string ObjectSearch::GetTitle(const FoundObject& object) const {
+  if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
   std::string title, others;
   for (const auto& name : m_Names) {
     if (!(name.object == object)) continue;

@@ -50,6 +50,19 @@ Case MakeStarCase(int star, const ObjectTests& tests, const SkyFrame& frame) {
   return made;
 }
 
+Case MakeTileStarCase(int number, const ObjectTests& tests, const SkyFrame& frame) {
+  Case made = {FourCC("star"), {}, {}, kNoPlace, {}, "", {}, tests.GetStarLimits()};
+  const auto star = FindTileStar(frame.GetCatalogs(), number);
+  if (!star) return made;
+  made.code = star->GetCode();
+  made.traits = GetTraits(*star);
+  made.obstacles = tests.FindStarObstacles(*star, made.place);
+  made.labelIndex = FindLabelIndex(frame.GetStars(), [number](const DrawnStar& drawn) {
+    return drawn.star < 0 && drawn.number == number;
+  });
+  return made;
+}
+
 Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame) {
   const auto& object = frame.GetCatalogs().deepsky[static_cast<std::size_t>(index)];
   Case made = {object.kind,
@@ -119,6 +132,8 @@ Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const Show
   switch (found.group) {
     case ObjectGroup::kStar:
       return MakeStarCase(found.index, tests, view.frame);
+    case ObjectGroup::kTileStar:
+      return MakeTileStarCase(found.index, tests, view.frame);
     case ObjectGroup::kDeepsky:
       return MakeDeepskyCase(found.index, tests, view.frame);
     default:

@@ -35,6 +35,7 @@ ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
   observer.horizon = camera.GetBasePlane() == kHorizonPlane;
   FindReduction(camera, FindMoment(camera, julianDateTT), observer.reduction);
   if (MovesWithEarth(camera)) EarthVelocity(julianDateTT, observer.velocity);
+  observer.inverseLorentzFactor = astro::InverseLorentzFactor(observer.velocity);
   observer.years = (dynamical.day - astro::kJ2000 + dynamical.fraction) / astro::kDaysPerJulianYear;
 
   camera.SetReductionMatrix(observer.reduction);
@@ -46,7 +47,7 @@ ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
 
 Direction ApparentDirection(const Direction& direction, const ObserverFrame& observer) {
   Direction apparent;
-  Aberration(direction.v, observer.velocity, apparent.v);
+  astro::Aberration(direction.v, observer.velocity, observer.inverseLorentzFactor, apparent.v);
   return apparent;
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "scene/view/sky_cap.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {
@@ -34,15 +35,35 @@ class RegionProjector {
  public:
   RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame, const Direction& outside,
                   RegionPicture& picture);
-  void AddRing(std::span<const Direction> ring);
+  // With the caps of the ring (AppendCaps), what lies outside is passed over stretch by stretch; the picture is
+  // the same.
+  void AddRing(std::span<const Direction> ring, std::span<const SkyCap> caps = {});
+
+  static constexpr std::size_t kStretch = 32;  // points
+  // Appends the caps around the stretches of a ring: kStretch points and the one before them, the last fewer.
+  static void AppendCaps(std::span<const Direction> ring, std::vector<SkyCap>& caps);
 
  private:
-  void AddEdge(const tPoint<double>& a, const tPoint<double>& b, int turn);
+  // An end of an edge.
+  struct End {
+    const Direction* direction;
+    tPoint<double> place;  // pixels from the centre of the window
+    bool inDisc;
+    bool side;  // of the great circle of m_PathNormal
+  };
+
+  End MakeEnd(const Direction& direction, const tPoint<double>& pixel) const;
+  tPoint<double> FromCentre(const tPoint<double>& pixel) const;
+  bool IsInDisc(const tPoint<double>& p) const;
+  bool IsBehind(const End& end) const { return Dot(m_Axis, *end.direction) < 0.0; }
+  bool IsNearLast(const tPoint<double>& p) const;
+  bool IsUneventful(const SkyCap& cap) const;
+  void AddStretch(std::span<const Direction> stretch, End& last);
+  void AddEdge(const End& from, const End& to);
   bool CrossesPath(const Direction& a, const Direction& b) const;
   void LineTo(const tPoint<double>& p);
   void AlongRim(const tPoint<double>& p, int turn, bool exact = false);
   int TurnOf(const Direction& a, const Direction& b) const;
-  tPoint<double> FromCentre(const Direction& direction) const;
 
   const ViewGeometry& m_Geometry;
   SkyFrameOf m_Frame;
@@ -51,8 +72,10 @@ class RegionProjector {
   Direction m_Outside;
   Direction m_Opposite;
   Direction m_PathNormal;  // of the great circle from m_Opposite to m_Outside
-  Direction m_PathMiddle;  // the middle of that arc, of any length; zero when there is no arc
-  double m_Bearing = 0.0;  // radians, of the last point added, about the centre of the window
+  double m_PathNormalLength;
+  double m_RimSine, m_RimCosine;  // of the angle from the view axis to the rim
+  Direction m_PathMiddle;         // the middle of that arc, of any length; zero when there is no arc
+  tPoint<double> m_Last{};        // the last point added, pixels from the centre of the window
 };
 
 }  // namespace scene

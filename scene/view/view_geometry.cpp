@@ -21,25 +21,37 @@ ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) 
   constexpr double kSmallAngle = 0.1;
   scale = camera.VisRad2PixD(kSmallAngle) * 2.0 / kSmallAngle;
   cornerAngle = 2.0 * std::atan(halfDiagonal / scale);
+  constexpr double kAberration = 1.1e-4;  // radians, a little above its constant, 20.5 arcseconds
+  constexpr double kPixels = 2.0;
+  const double reach = std::min(cornerAngle + kAberration + 2.0 * kPixels / scale, kPi);
+  reachSine = std::sin(reach);
+  reachCosine = std::cos(reach);
   double ra = 0.0, dec = 0.0;
   camera.GetRA_Dec2K(ra, dec);
   centreJ2000 = MakeDirection(ra, dec);
   centreHorizon = MakeDirection(camera.GetViewAngles().lon, camera.GetViewAngles().lat);
 }
 
-tPoint<double> ViewGeometry::Project(const Direction& direction, SkyFrameOf frame) const {
-  double v[3] = {direction.v[0], direction.v[1], direction.v[2]};
-  tPoint<double> p;
+static_assert(sizeof(Direction) == 3 * sizeof(double), "a row of directions is a row of vectors");
+
+void ViewGeometry::Project(std::span<const Direction> directions, SkyFrameOf frame,
+                           tPoint<double>* pixels) const {
+  if (directions.empty()) return;
+  const double* const first = directions.front().v;
+  const int count = static_cast<int>(directions.size());
   if (frame == SkyFrameOf::kJ2000) {
-    camera.RA_Dec2K2PixD(v, &p);
+    camera.BatchRA_Dec2K2PixD(first, pixels, count);
   } else {
-    camera.RA_Dec2PixD(v, &p);
+    camera.BatchRA_Dec2PixD(first, pixels, count);
   }
-  return p;
 }
 
-bool ViewGeometry::IsInside(const tPoint<double>& p, double margin) const {
-  return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+// The picture of a cap is a disc, in which straight stretches between its points stay, unless it holds the
+// point opposite to the view.
+bool ViewGeometry::MayReach(const SkyCap& cap) const {
+  const double along = Dot(cap.axis, centreJ2000), sine = reachSine * cap.cosine + reachCosine * cap.sine;
+  return cap.cosine <= 0.0 || sine <= 0.0 || along >= reachCosine * cap.cosine - reachSine * cap.sine ||
+         along <= -cap.cosine;
 }
 
 double ViewGeometry::GetWidthAngle() const { return 4.0 * std::atan(width * 0.5 / scale); }

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
+
 #include "common_interfaces/camera.h"
 #include "scene/directions.h"
+#include "scene/view/sky_cap.h"
 
 namespace scene {
 
@@ -19,22 +22,38 @@ enum class SkyFrameOf { kJ2000, kHorizon };
 struct ViewGeometry {
   explicit ViewGeometry(const CommonInterfaces::Camera& camera);
 
-  tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const;
+  tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const {
+    tPoint<double> p;
+    if (frame == SkyFrameOf::kJ2000) {
+      camera.RA_Dec2K2PixD(direction.v, &p);
+    } else {
+      camera.RA_Dec2PixD(direction.v, &p);
+    }
+    return p;
+  }
+  // The same of many: as many pixels as there are directions.
+  void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
   // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
   // not finite.
-  bool IsInside(const tPoint<double>& p, double margin) const;
+  bool IsInside(const tPoint<double>& p, double margin) const {
+    return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
+  }
+  // Whether a point in a cap on J2000 axes, moved by aberration, or a straight stretch between two of them can
+  // lie in the window.
+  bool MayReach(const SkyCap& cap) const;
   // The angles across the picture's width and height through its centre, radians.
   double GetWidthAngle() const;
   double GetHeightAngle() const;
 
   const CommonInterfaces::Camera& camera;
   int width, height;
-  double unit;              // GetPictureUnit of the window
-  double halfDiagonal;      // pixels from the centre to a corner
-  double scale;             // pixels, see above
-  double cornerAngle;       // radians from the view axis to a corner
-  Direction centreJ2000;    // the view axis on J2000 axes
-  Direction centreHorizon;  // the view axis in the horizon frame
+  double unit;                    // GetPictureUnit of the window
+  double halfDiagonal;            // pixels from the centre to a corner
+  double scale;                   // pixels, see above
+  double cornerAngle;             // radians from the view axis to a corner
+  double reachSine, reachCosine;  // of an angle a little wider, for what aberration moves
+  Direction centreJ2000;          // the view axis on J2000 axes
+  Direction centreHorizon;        // the view axis in the horizon frame
 };
 
 }  // namespace scene

@@ -9,16 +9,6 @@ namespace {
 
 constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
 
-// The margin covers the largest proper motion to the date and the aberration.
-double CosineOfStarReach(const StarCatalog& stars, const ViewGeometry& geometry,
-                         const ObserverFrame& observer) {
-  constexpr double kAberration =
-      1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
-  const double margin =
-      kAberration + stars.GetMaxMotion() * std::fabs(observer.years) + 2.0 * kMargin / geometry.scale;
-  return std::cos(std::min(geometry.cornerAngle + margin, kPi));
-}
-
 }  // namespace
 
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
@@ -38,8 +28,18 @@ ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geomet
            {FourCC("gala"), ClassLimits(geometry.camera, FourCC("gala")), filters.Get(FourCC("gala"))},
            {FourCC("nebu"), ClassLimits(geometry.camera, FourCC("nebu")), filters.Get(FourCC("nebu"))},
            {FourCC("dsnv"), ClassLimits(geometry.camera, FourCC("dsnv")), filters.Get(FourCC("dsnv"))}}},
-      m_StarReach(CosineOfStarReach(catalogs.stars, geometry, observer)),
+      m_StarReach(GetStarReach(catalogs.stars.GetMaxMotion())),
       m_DeepskyReach(std::cos(std::min(1.05 * geometry.cornerAngle, kPi))) {}
+
+// The margin covers the largest proper motion to the date and the aberration.
+StarReach ObjectTests::GetStarReach(double maxMotion) const {
+  constexpr double kAberration =
+      1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
+  const double margin =
+      kAberration + maxMotion * std::fabs(m_Observer.years) + 2.0 * kMargin / m_Geometry.scale;
+  const double angle = std::min(m_Geometry.cornerAngle + margin, kPi);
+  return {angle, std::cos(angle)};
+}
 
 // An unknown kind is never shown, so that it matters little whose limits it gets.
 const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
@@ -62,15 +62,16 @@ bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
   return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
 }
 
-template <bool kFirst>
-unsigned ObjectTests::TestStarPlace(int star, Found<kFirst> found, ObjectPlace& place) const {
-  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(m_Stars.GetTraits(star)), kFiltered)) {
+template <bool kFirst, class Star>
+unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction, Found<kFirst> found,
+                                    ObjectPlace& place) const {
+  if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(GetTraits(star)), kFiltered)) {
     return found.obstacles;
   }
-  place.apparent = ApparentDirection(m_Stars.GetDirection(star), m_Stars.GetMotion(star), m_Observer);
+  place.apparent = ApparentDirection(direction, star.GetMotion(), m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = StarRadius(m_Stars.GetCode(star));
+  place.radius = StarRadius(star.GetCode());
   found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
   return found.obstacles;
 }
@@ -119,8 +120,14 @@ unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
   return found.obstacles;
 }
 
-template unsigned ObjectTests::TestStarPlace<true>(int, Found<true>, ObjectPlace&) const;
-template unsigned ObjectTests::TestStarPlace<false>(int, Found<false>, ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<true>(const CatalogStar&, const Direction&, Found<true>,
+                                                   ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(const CatalogStar&, const Direction&, Found<false>,
+                                                    ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<true>(const StarTileRecord&, const Direction&, Found<true>,
+                                                   ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(const StarTileRecord&, const Direction&, Found<false>,
+                                                    ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<true>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<false>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestConstellation<true>(int, ObjectPlace&) const;

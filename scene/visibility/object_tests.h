@@ -27,13 +27,36 @@ struct ObjectPlace {
   double radius = 0.0;     // of a star's disc, pixels
 };
 
+// How far from the view axis a star may stand in its catalogue and yet be seen in the window.
+struct StarReach {
+  double angle;   // radians
+  double cosine;  // -1 where there is no limit
+};
+
+// A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile catalog.
+struct CatalogStar {
+  const StarCatalog& stars;
+  int star;
+
+  float GetCode() const { return stars.GetCode(star); }
+  const Direction& GetDirection() const { return stars.GetDirection(star); }
+  const Direction& GetMotion() const { return stars.GetMotion(star); }
+};
+inline ObjectTraits GetTraits(const CatalogStar& star) { return star.stars.GetTraits(star.star); }
+
 // Everything is kept by reference. Makes no allocation.
 class ObjectTests {
  public:
   ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
               const ShownKinds& shown, const ObjectFilters& filters);
 
-  bool IsStarDrawn(int star, ObjectPlace& place) const { return TestStar<true>(star, place) == 0; }
+  bool IsStarDrawn(int star, ObjectPlace& place) const {
+    return TestStar<true>(CatalogStar{m_Stars, star}, m_StarReach, place) == 0;
+  }
+  // Of a star that moves no faster than the reach was made for.
+  bool IsStarDrawn(const StarTileRecord& star, const StarReach& reach, ObjectPlace& place) const {
+    return TestStar<true>(star, reach, place) == 0;
+  }
   bool IsDeepskyDrawn(int object, ObjectPlace& place) const { return TestDeepsky<true>(object, place) == 0; }
   bool IsConstellationNamed(int constellation, ObjectPlace& place) const {
     return TestConstellation<true>(constellation, place) == 0;
@@ -44,7 +67,12 @@ class ObjectTests {
   bool IsFigureDrawn(int constellation) const;
 
   // All obstacles, a combination of Obstacle.
-  unsigned FindStarObstacles(int star, ObjectPlace& place) const { return TestStar<false>(star, place); }
+  unsigned FindStarObstacles(int star, ObjectPlace& place) const {
+    return TestStar<false>(CatalogStar{m_Stars, star}, m_StarReach, place);
+  }
+  unsigned FindStarObstacles(const StarTileRecord& star, ObjectPlace& place) const {
+    return TestStar<false>(star, kNoReachLimit, place);
+  }
   unsigned FindDeepskyObstacles(int object, ObjectPlace& place) const {
     return TestDeepsky<false>(object, place);
   }
@@ -52,6 +80,11 @@ class ObjectTests {
     return TestConstellation<false>(constellation, place);
   }
 
+  // For stars that move no faster than that, radians a year.
+  StarReach GetStarReach(double maxMotion) const;
+  static constexpr StarReach kNoReachLimit = {kPi, -1.0};
+
+  bool AreStarsShown() const { return m_StarsShown; }
   bool IsAboveHorizon(const Direction& apparent) const;
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
@@ -68,10 +101,11 @@ class ObjectTests {
     }
   };
 
-  template <bool kFirst>
-  unsigned TestStar(int star, ObjectPlace& place) const;
-  template <bool kFirst>
-  unsigned TestStarPlace(int star, Found<kFirst> found, ObjectPlace& place) const;
+  template <bool kFirst, class Star>
+  unsigned TestStar(const Star& star, const StarReach& reach, ObjectPlace& place) const;
+  template <bool kFirst, class Star>
+  unsigned TestStarPlace(const Star& star, const Direction& direction, Found<kFirst> found,
+                         ObjectPlace& place) const;
   template <bool kFirst>
   unsigned TestDeepsky(int object, ObjectPlace& place) const;
   template <bool kFirst>
@@ -96,21 +130,20 @@ class ObjectTests {
   const ObjectFilter& m_StarFilter;
   const ObjectFilter& m_ConstellationFilter;
   std::array<Deepsky, 4> m_Deepsky;
-  double
-      m_StarReach;  // cosines of the angles from the view axis, in the catalogue for stars, of the apparent
-  double m_DeepskyReach;  // direction for deep-sky objects, beyond which nothing reaches into the window
+  StarReach m_StarReach;  // of the bright stars
+  double m_DeepskyReach;  // the same of deep-sky objects, of their apparent direction: a cosine
 };
 
 // Costs least first: the direction in the catalogue needs no projection. Most stars of a frame end here, so
 // that this part is worth inlining and the rest is not.
-template <bool kFirst>
-unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
+template <bool kFirst, class Star>
+unsigned ObjectTests::TestStar(const Star& star, const StarReach& reach, ObjectPlace& place) const {
   Found<kFirst> found;
   if (found.EndsWith(!m_StarsShown, kKindOff)) return found.obstacles;
-  if (found.EndsWith(m_Stars.GetCode(star) > m_StarLimits.draw, kTooFaint)) return found.obstacles;
-  if (found.EndsWith(Dot(m_Stars.GetDirection(star), m_Centre) < m_StarReach, kOutside))
-    return found.obstacles;
-  return TestStarPlace<kFirst>(star, found, place);
+  if (found.EndsWith(star.GetCode() > m_StarLimits.draw, kTooFaint)) return found.obstacles;
+  const Direction& direction = star.GetDirection();
+  if (found.EndsWith(Dot(direction, m_Centre) < reach.cosine, kOutside)) return found.obstacles;
+  return TestStarPlace<kFirst>(star, direction, found, place);
 }
 
 }  // namespace scene

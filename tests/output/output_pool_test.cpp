@@ -79,6 +79,24 @@ TEST(OutputPoolTest, RequestsFollowEachOtherWithoutPaddingOrAlignment) {
   EXPECT_EQ(d, c);
 }
 
+TEST(OutputPoolTest, ARequestOfNoBytesIsServedByTheCurrentBlockHoweverFullItIs) {
+  OutputPool pool(64, 2);
+  EXPECT_NE(pool.getMem(0), nullptr) << "it allocates the first block";
+  char* memory = Get(pool, 56);
+  EXPECT_EQ(Get(pool, 0), memory + 56);
+  EXPECT_FALSE(pool.isPoolMemory(memory + 56));
+  EXPECT_NE(Get(pool, 1), memory + 56) << "a byte comes from the next block";
+}
+
+TEST(OutputPoolTest, BlocksThatClearLeftUnallocatedAreAllocatedWhenTheyAreCurrent) {
+  OutputPool pool(64, 2);
+  pool.clear(false);  // their free counts say 56 now, and their addresses are no memory
+  char* memory = Get(pool, 56);
+  ASSERT_NE(memory, nullptr);
+  std::memset(memory, 1, 56);
+  EXPECT_TRUE(pool.isPoolMemory(memory - 8));
+}
+
 TEST(OutputPoolTest, LeftoverOfAnAbandonedBlockIsNeverServed) {
   OutputPool pool(64, 2);
   char* first = Get(pool, 40);  // leaves 16

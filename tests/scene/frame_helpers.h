@@ -52,7 +52,7 @@ class FrameFixture {
   // The drawn star of that catalogue number, null when it was not drawn.
   const scene::DrawnStar* Find(int number) const {
     for (const auto& drawn : frame.GetStars()) {
-      if (catalogs.stars.GetNumber(drawn.star) == number) return &drawn;
+      if (drawn.number == number) return &drawn;
     }
     return nullptr;
   }

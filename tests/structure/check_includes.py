@@ -65,6 +65,7 @@ PUBLIC = {
     "daylight_savings.h": "camera", "zoom_dependence.h": "camera", "moving_modes.h": "camera",
     "camera.h": "camera", "camera_state.h": "camera", "home_parameters.h": "camera", "marker_info.h": "camera",
     "play_desc.h": "camera",
+    "projection.h": "camera",
     "thread.h": "thread",
     "common_interfaces.h": "umbrella",
 }

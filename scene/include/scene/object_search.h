@@ -12,9 +12,9 @@
 
 namespace scene {
 
-enum class ObjectGroup { kStar, kDeepsky, kConstellation, kBody };
+enum class ObjectGroup { kStar, kTileStar, kDeepsky, kConstellation, kBody };
 
-// An object of the catalogs by its index there.
+// An object of the catalogs by its index there; a star of a tile catalog by its number.
 struct FoundObject {
   ObjectGroup group;
   int index;
@@ -33,12 +33,14 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491",
 // "HIP 32349", "M 31", "NGC 224", constellations in Latin and English; planets in the current language and as
 // the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or
-// catalogue number. Pluto is one object, the planet, and "134340 Pluto" another name of it. A Bayer letter
+// catalogue number; stars of tile catalogs, which have no names, by "HIP 70890", and those that were imported
+// by "Star 100000123". Pluto is one object, the planet, and "134340 Pluto" another name of it. A Bayer letter
 // that several stars share by numbers stands for all of them: "alpha Cen" for α1 and α2. Upper and lower
 // case, accents, blanks and punctuation do not matter.
 class SCENE_API ObjectSearch {
  public:
-  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are not kept.
+  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by reference,
+  // for the stars of tile catalogs.
   explicit ObjectSearch(SkyCatalogs& catalogs);
 
   // Every object of that name: none, one, or several when the name is ambiguous.
@@ -71,7 +73,10 @@ class SCENE_API ObjectSearch {
   void AddBodies(const SkyCatalogs& catalogs);
   void AddUnplacedMoons(const SkyCatalogs& catalogs);
   static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
+  std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
   std::string DescribeMissing(const std::string& name) const;
+
+  const SkyCatalogs& m_Catalogs;
 
   std::vector<Name> m_Names;       // those of one object together, the best known first
   std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it

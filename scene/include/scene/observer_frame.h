@@ -16,8 +16,9 @@ namespace scene {
 struct ObserverFrame {
   double reduction[9];  // J2000 to the frame of the view angles; with a horizon: x north, y west, z zenith
   double velocity[3];   // of the observer, units of the speed of light, J2000 axes
-  double years;         // Julian years since J2000, dynamical time
-  bool horizon;         // the view angles count from the horizon; otherwise there is none
+  double inverseLorentzFactor = 1.0;  // of the velocity
+  double years;                       // Julian years since J2000, dynamical time
+  bool horizon;                       // the view angles count from the horizon; otherwise there is none
 };
 
 // The matrix for Camera::SetReductionMatrix: from J2000 axes to the frame that the camera's angles count in,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "scene/label_rules.h"
 #include "scene/object_traits.h"
 #include "scene/star_catalog.h"
+#include "scene/star_tiles.h"
 
 namespace scene {
 
@@ -53,14 +55,17 @@ struct MilkyWayRing {
   int first, count;
 };
 
-// What filters compare. The number of a constellation is the name id of its abbreviation.
+// What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class of
+// a star of a tile catalog is unknown.
 SCENE_API ObjectTraits GetTraits(const DeepskyObject& object);
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
+SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
 
 // All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
 // and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
-  StarCatalog stars;
+  StarCatalog stars;                   // the bright ones, which have names
+  std::vector<StarTiles> starTiles;    // all others, catalog by catalog; no star is in two
   std::vector<DeepskyObject> deepsky;  // brightest first
   std::vector<Direction> figurePoints;
   std::vector<FigureStroke> figures;
@@ -72,8 +77,14 @@ struct SkyCatalogs {
 };
 
 // Reads the five tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
-// there was. False when one of the five is missing or is no table: `error` is then one line that names the
+// there was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are
+// such: the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False
+// when one of the five is missing or is no table: `error` is then one line that names the
 // file, and `catalogs` is what it was.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error);
+
+// The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a catalog
+// that has numbers like that one (StarTiles::FindNumber).
+SCENE_API std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int number);
 
 }  // namespace scene

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 
 #include "scene/view/horizon.h"
 
@@ -139,4 +140,41 @@ TEST(SkyRegion, NoPointLiesBeyondTheRim) {
   for (const auto& p : picture.points) {
     EXPECT_LE(std::hypot(p.x - kWidth * 0.5, p.y - kHeight * 0.5), picture.rim * (1.0 + 1e-9));
   }
+}
+
+TEST(SkyRegion, CapsOfARingChangeNothingInItsPicture) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> unit(-1.0, 1.0);
+  int outside = 0;
+  for (int i = 0; i < 3000; ++i) {
+    // A ragged circle of any size, its points up to two degrees apart.
+    const double radius = 0.02 * std::pow(70.0, 0.5 + 0.5 * unit(random));
+    const double tilt = unit(random), turn = kPi * unit(random);
+    std::vector<Direction> ring;
+    for (int k = 0; k < 300; ++k) {
+      const Direction raw = MakeDirection(k * kPi / 150.0, 0.5 * kPi - radius * (1.0 + 0.03 * unit(random)));
+      const double x = std::cos(tilt) * raw.v[0] - std::sin(tilt) * raw.v[2];
+      ring.push_back(
+          {{std::cos(turn) * x - std::sin(turn) * raw.v[1], std::sin(turn) * x + std::cos(turn) * raw.v[1],
+            std::sin(tilt) * raw.v[0] + std::cos(tilt) * raw.v[2]}});
+    }
+    std::vector<SkyCap> caps;
+    RegionProjector::AppendCaps(ring, caps);
+    ASSERT_EQ(caps.size(), 10u) << "300 points in stretches of 32";
+    const auto camera = MakeCamera(kPi * unit(random), std::asin(unit(random)), unit(random),
+                                   0.25 * std::pow(400.0, 0.5 + 0.5 * unit(random)));
+    const ViewGeometry geometry(camera);
+    const Direction opposite = {{-ring[0].v[0], -ring[0].v[1], -ring[0].v[2]}};
+    RegionPicture with, without;
+    RegionProjector(geometry, SkyFrameOf::kHorizon, opposite, with).AddRing(ring, caps);
+    RegionProjector(geometry, SkyFrameOf::kHorizon, opposite, without).AddRing(ring);
+    ASSERT_EQ(with.points.size(), without.points.size()) << i;
+    for (std::size_t k = 0; k < with.points.size(); ++k) {
+      ASSERT_EQ(with.points[k].x, without.points[k].x) << i;
+      ASSERT_EQ(with.points[k].y, without.points[k].y) << i;
+    }
+    EXPECT_EQ(with.holdsOutside, without.holdsOutside) << i;
+    outside += with.points.size() < ring.size();
+  }
+  EXPECT_GT(outside, 1000) << "views that ring was not wholly in";
 }

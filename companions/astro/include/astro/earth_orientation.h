@@ -8,7 +8,10 @@
 // Julian dates are in dynamical time (TT); a double holds them to 0.00004 second.
 #pragma once
 
+#include <cmath>
+
 #include "astro/api.h"
+#include "astro/vectors.h"
 
 // Catalogue frame (J2000, ICRS axes) to true equator and equinox of date: frame bias and precession IAU 2006
 // (Hilton et al. 2006), nutation IAU 2000B (McCarthy & Luzum 2003, 77 terms). Within 0.003 arc second of the
@@ -46,3 +49,23 @@ ASTRO_API void EarthVelocity(double julianDateTT, double v[3]);
 // below 1) sees a light source whose direction is the unit vector `direction`, by the theory of relativity;
 // the bending of light by the Sun is not part of it. The result is a unit vector; it may be the same array.
 ASTRO_API void Aberration(const double direction[3], const double velocity[3], double apparent[3]);
+
+namespace astro {
+
+// The same for many directions: what depends on the velocity alone is computed once. It is the inverse of the
+// Lorentz factor, 1 for an observer at rest.
+ASTRO_API double InverseLorentzFactor(const double velocity[3]);
+
+// Lorentz transformation of a direction, for example Explanatory Supplement to the Astronomical Almanac (3rd
+// edition, 2013), equation 7.40. The product with the velocity is taken before anything is written: both arrays
+// may be the same.
+inline void Aberration(const double direction[3], const double velocity[3], double inverseLorentzFactor,
+                       double apparent[3]) {
+  const double share = 1.0 + Dot(direction, velocity) / (1.0 + inverseLorentzFactor);
+  double seen[3];
+  for (int i = 0; i < 3; ++i) seen[i] = inverseLorentzFactor * direction[i] + share * velocity[i];
+  const double length = std::sqrt(Dot(seen, seen));
+  for (int i = 0; i < 3; ++i) apparent[i] = seen[i] / length;
+}
+
+}  // namespace astro
