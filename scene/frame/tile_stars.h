@@ -51,7 +51,7 @@ class TileStars {
   std::vector<PlacedTileStar> m_Placed;  // as they were found
   std::vector<std::uint32_t> m_Order;    // indices of m_Placed, brightest first
   std::vector<std::uint32_t> m_Counts;   // of m_Placed, by millimagnitudes above those of the brightest
-  int m_Brightest = 0, m_TooFaint = 0;   // millimagnitudes
+  int m_Brightest = 0, m_TooFaint = INT16_MAX + 1;  // millimagnitudes
 };
 
 }  // namespace scene
