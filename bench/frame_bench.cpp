@@ -103,8 +103,8 @@ void FrameWithoutTiles(benchmark::State& state) {
 }
 BENCHMARK(FrameWithoutTiles)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
-// A tile catalog of so many stars (StarGenerator), made by the first run and kept beside the programs; "" with a
-// reason where it cannot be.
+// A tile catalog of so many stars (StarGenerator), made by the first run and kept beside the programs; ""
+// with a reason where it cannot be.
 std::string GetSyntheticCatalog(std::int64_t count, std::string& reason) {
   constexpr double kBytesWhileMaking = 60.0;  // a star: in the file, and in the runs that are sorted
   namespace fs = std::filesystem;

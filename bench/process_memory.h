@@ -7,8 +7,8 @@
 
 namespace bench {
 
-// The memory of this process that is resident, megabytes: its own, and pages of files that it has mapped, which
-// the system may take back at any time. Zero where the system does not tell.
+// The memory of this process that is resident, megabytes: its own, and pages of files that it has mapped,
+// which the system may take back at any time. Zero where the system does not tell.
 struct ProcessMemory {
   double own = 0.0, mapped = 0.0;
 };

@@ -14,10 +14,10 @@
 
 namespace bench {
 
-// A catalog of stars that nobody has seen, for measurements: 2.67 times as many for each magnitude, 100,000 of
-// them down to 9.0, as on the sky, so that catalogs of any size agree in how many stars are brighter than a
-// magnitude that all of them reach. Six in ten lie in a disc around the galactic equator; two in three move, one
-// in a thousand fast.
+// A catalog of stars that nobody has seen, for measurements: 2.67 times as many for each magnitude, 100,000
+// of them down to 9.0, as on the sky, so that catalogs of any size agree in how many stars are brighter than
+// a magnitude that all of them reach. Six in ten lie in a disc around the galactic equator; two in three
+// move, one in a thousand fast.
 class StarGenerator {
  public:
   explicit StarGenerator(std::uint64_t count)

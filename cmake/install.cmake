@@ -43,5 +43,7 @@ install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces
 if(CI_BUILD_PROGRAMS)
   install(TARGETS skyview skydata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   set_target_properties(skyview skydata PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
-  install(DIRECTORY ${PROJECT_BINARY_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/common_interfaces/data)
+  # What a user of this tree has imported is his.
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/common_interfaces/data
+    PATTERN deep_stars.tiles EXCLUDE)
 endif()

@@ -32,7 +32,7 @@ struct Parts {
 
 const Parts kParts;
 
-SineCosine GetSineCosine(std::uint32_t units) {
+inline SineCosine GetSineCosine(std::uint32_t units) {
   constexpr int kRestBits = 32 - kPartBits;
   constexpr std::uint32_t kRest = (1u << kRestBits) - 1u, kHalf = 1u << (kRestBits - 1);
   const SineCosine& part = kParts.parts[units >> kRestBits];

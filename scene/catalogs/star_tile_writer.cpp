@@ -30,9 +30,9 @@ constexpr int kFastBand = 0, kBrightBand = 1, kFirstMagnitude = 5, kBands = 30;
 constexpr int kDensityOrder = 6;
 constexpr std::uint32_t kDensityCells = astro::GetHealpixCellCount(kDensityOrder);
 
-// A cell of a band holds 16 to 64 stars on the average over the sky, and where they crowd not many more than
+// A cell of a band holds 8 to 32 stars on the average over the sky, and where they crowd not many more than
 // these. A frame then takes few stars that lie beside its window, and the index stays small.
-constexpr std::uint64_t kFewestStars = 16, kMostStars = 1024;
+constexpr std::uint64_t kFewestStars = 8, kMostStars = 1024;
 
 std::int16_t ToInt16(double value) { return static_cast<std::int16_t>(std::lround(value)); }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/star_tiles.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -80,7 +81,9 @@ bool StarTiles::ReadHeader(std::string& reason) {
   m_Lowest = static_cast<int>(lowest);
   m_Highest = static_cast<int>(highest);
   m_Origin.assign(reinterpret_cast<const char*>(header) + originAt, size - originAt);
-  m_States.resize(static_cast<std::size_t>((places.cells + 3) / 4));
+  const auto stateBytes = static_cast<std::size_t>(places.cells / 4 + 1);
+  m_States.reset(static_cast<unsigned char*>(std::calloc(stateBytes, 1)));
+  if (!m_States) return Fail(reason, "there is no memory for it");
   return true;
 }
 

@@ -17,7 +17,8 @@ using CommonInterfaces::StarOutput;
 
 constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
 
-// Blocks enough for a record of every object that a frame can show; they are allocated when they are first needed.
+// Blocks enough for a record of every object that a frame can show; they are allocated when they are first
+// needed.
 unsigned PoolBlockCount(const SkyCatalogs& catalogs, std::size_t tileStars) {
   const std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
   const auto blocks = [usable](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };

@@ -22,9 +22,9 @@ double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry
 
 // The stars and deep-sky objects of one frame and their records.
 //
-// The lists have room for the whole catalogs (TileStars: as many as are shown) from the start and the pool keeps
-// its blocks, so that nothing is allocated but the pool's blocks, each when the first frame needs it. The records are valid until the next
-// Compute. `catalogs` is kept by reference.
+// The lists have room for the whole catalogs (TileStars: as many as are shown) from the start and the pool
+// keeps its blocks, so that nothing is allocated but the pool's blocks, each when the first frame needs it.
+// The records are valid until the next Compute. `catalogs` is kept by reference.
 class SkyObjects {
  public:
   explicit SkyObjects(const SkyCatalogs& catalogs);

@@ -41,7 +41,7 @@ void TileStars::AddBand(const StarTiles& tiles, int band, const ViewGeometry& ge
                         const ObjectTests& tests) {
   const StarTileBand& stars = tiles.GetBand(band);
   if (!tests.AreStarsShown() || stars.brightest > tests.GetStarLimits().draw) return;
-  const StarReach reach = tests.GetStarReach(stars.maxMotion);
+  const StarReach reach = tests.GetStarReach(stars.maxMotion, stars.brightest);
   astro::VisitHealpixCone(stars.order, geometry.centreJ2000.v, reach.angle,
                           [&](std::uint32_t first, std::uint32_t last) {
                             for (std::uint32_t cell = first; cell <= last; ++cell)

@@ -18,16 +18,16 @@ struct PlacedTileStar {
   double radius;         // of its disc, pixels
 };
 
-// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, in them at
-// the cells that the window touches, and there at the stars down to the limit, so that a frame costs what it
-// shows, whatever the catalogs hold.
+// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, in them
+// at the cells that the window touches, and there at the stars down to the limit, so that a frame costs what
+// it shows, whatever the catalogs hold.
 //
-// Allocates at its construction only, room for all stars of the catalogs but for kMostTileStars at most; memory
-// that no frame has used yet is address space alone. `catalogs` is kept by reference.
+// Allocates at its construction only: room for all stars of the catalogs, or for kMostTileStars. Room that no
+// frame has used yet is address space and no memory. `catalogs` is kept by reference.
 class TileStars {
  public:
-  // More than these are never shown, on a picture with fewer pixels than it would have stars: a frame that has
-  // more shows those brighter than a magnitude down to which they are fewer.
+  // No frame shows more: one that would have more shows those brighter than a magnitude, the same all over the
+  // window.
   static constexpr std::size_t kMostTileStars = 1u << 18;
 
   explicit TileStars(const SkyCatalogs& catalogs);
@@ -51,7 +51,7 @@ class TileStars {
   std::vector<PlacedTileStar> m_Placed;  // as they were found
   std::vector<std::uint32_t> m_Order;    // indices of m_Placed, brightest first
   std::vector<std::uint32_t> m_Counts;   // of m_Placed, by millimagnitudes above those of the brightest
-  int m_Brightest = 0, m_TooFaint = 0;   // millimagnitudes
+  int m_Brightest = 0, m_TooFaint = INT16_MAX + 1;  // millimagnitudes
 };
 
 }  // namespace scene

@@ -73,8 +73,8 @@ void RegionProjector::LineTo(const tPoint<double>& p) {
   m_Last = p;
 }
 
-// Whether the step along the rim to the bearing of `p` is surely below kLeastRimStep. Most points of an outline
-// lie outside, each a little further along than the one before, and need no angle.
+// Whether the step along the rim to the bearing of `p` is surely below kLeastRimStep. Most points of an
+// outline lie outside, each a little further along than the one before, and need no angle.
 bool RegionProjector::IsNearLast(const tPoint<double>& p) const {
   const double along = m_Last.x * p.x + m_Last.y * p.y, aside = m_Last.x * p.y - m_Last.y * p.x;
   return std::fabs(aside) < kTanOfLess * along;
@@ -168,8 +168,8 @@ bool RegionProjector::IsUneventful(const SkyCap& cap) const {
   const double cosine = Dot(m_Axis, cap.axis);
   if (cap.cosine <= 0.0 || sinReach <= 0.0 || cosine > cosReach - kMargin) return false;
   if (std::fabs(Dot(m_PathNormal, cap.axis)) < m_PathNormalLength * cap.sine + kMargin) return false;
-  // A tangent at the cap's edge makes the largest difference in bearing: its sine is that of the radius through
-  // that of the angle between the axes.
+  // A tangent at the cap's edge makes the largest difference in bearing: its sine is that of the radius
+  // through that of the angle between the axes.
   const double square = 1.0 - cosine * cosine - cap.sine * cap.sine;
   if (square < kMargin) return false;
   const double halfWidth = cap.sine / std::sqrt(square);  // tangent

@@ -35,8 +35,8 @@ class RegionProjector {
  public:
   RegionProjector(const ViewGeometry& geometry, SkyFrameOf frame, const Direction& outside,
                   RegionPicture& picture);
-  // With the caps of the ring (AppendCaps), what lies outside is passed over stretch by stretch; the picture is
-  // the same.
+  // With the caps of the ring (AppendCaps), what lies outside is passed over stretch by stretch; the picture
+  // is the same.
   void AddRing(std::span<const Direction> ring, std::span<const SkyCap> caps = {});
 
   static constexpr std::size_t kStretch = 32;  // points

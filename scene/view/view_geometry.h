@@ -38,8 +38,8 @@ struct ViewGeometry {
   bool IsInside(const tPoint<double>& p, double margin) const {
     return p.x >= -margin && p.x <= width + margin && p.y >= -margin && p.y <= height + margin;
   }
-  // Whether a point in a cap on J2000 axes, moved by aberration, or a straight stretch between two of them can
-  // lie in the window.
+  // Whether a point in a cap on J2000 axes, moved by aberration, or a straight stretch between two of them
+  // can lie in the window.
   bool MayReach(const SkyCap& cap) const;
   // The angles across the picture's width and height through its centre, radians.
   double GetWidthAngle() const;

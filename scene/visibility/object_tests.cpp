@@ -28,15 +28,16 @@ ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geomet
            {FourCC("gala"), ClassLimits(geometry.camera, FourCC("gala")), filters.Get(FourCC("gala"))},
            {FourCC("nebu"), ClassLimits(geometry.camera, FourCC("nebu")), filters.Get(FourCC("nebu"))},
            {FourCC("dsnv"), ClassLimits(geometry.camera, FourCC("dsnv")), filters.Get(FourCC("dsnv"))}}},
-      m_StarReach(GetStarReach(catalogs.stars.GetMaxMotion())),
+      m_StarReach(GetStarReach(catalogs.stars.GetMaxMotion(),
+                               catalogs.stars.GetCount() > 0 ? catalogs.stars.GetCode(0) : 0.0f)),
       m_DeepskyReach(std::cos(std::min(1.05 * geometry.cornerAngle, kPi))) {}
 
-// The margin covers the largest proper motion to the date and the aberration.
-StarReach ObjectTests::GetStarReach(double maxMotion) const {
+// The margin covers the largest proper motion to the date, the aberration and the largest disc.
+StarReach ObjectTests::GetStarReach(double maxMotion, float brightest) const {
   constexpr double kAberration =
       1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
-  const double margin =
-      kAberration + maxMotion * std::fabs(m_Observer.years) + 2.0 * kMargin / m_Geometry.scale;
+  const double margin = kAberration + maxMotion * std::fabs(m_Observer.years) +
+                        2.0 * std::max(kMargin, StarRadius(brightest)) / m_Geometry.scale;
   const double angle = std::min(m_Geometry.cornerAngle + margin, kPi);
   return {angle, std::cos(angle)};
 }

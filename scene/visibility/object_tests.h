@@ -33,7 +33,8 @@ struct StarReach {
   double cosine;  // -1 where there is no limit
 };
 
-// A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile catalog.
+// A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile
+// catalog.
 struct CatalogStar {
   const StarCatalog& stars;
   int star;
@@ -53,7 +54,7 @@ class ObjectTests {
   bool IsStarDrawn(int star, ObjectPlace& place) const {
     return TestStar<true>(CatalogStar{m_Stars, star}, m_StarReach, place) == 0;
   }
-  // Of a star that moves no faster than the reach was made for.
+  // Of a star that moves no faster, and is no brighter, than the reach was made for.
   bool IsStarDrawn(const StarTileRecord& star, const StarReach& reach, ObjectPlace& place) const {
     return TestStar<true>(star, reach, place) == 0;
   }
@@ -82,8 +83,8 @@ class ObjectTests {
     return TestConstellation<false>(constellation, place);
   }
 
-  // For stars that move no faster than that, radians a year.
-  StarReach GetStarReach(double maxMotion) const;
+  // For stars that move no faster than that, radians a year, and are no brighter than that magnitude code.
+  StarReach GetStarReach(double maxMotion, float brightest) const;
   static constexpr StarReach kNoReachLimit = {kPi, -1.0};
 
   bool AreStarsShown() const { return m_StarsShown; }

@@ -15,16 +15,16 @@ namespace skydata {
 //
 // A star of the other catalog is a known one when it stands within 4" of it, whatever its magnitude: it may
 // vary, and catalogs give for close pairs one star of the joint light. Places may also be bad, or that of the
-// other component; so it is one, too, when it stands within 30" of a known star of its magnitude, to 0.7, that
-// has nothing nearer in the other catalog. To know that, the other catalog is gone through twice: NoteNear for
-// each of its stars, then Has.
+// other component; so it is one, too, when it stands within 30" of a known star of its magnitude, to 0.7,
+// that has nothing nearer in the other catalog. To know that, the other catalog is gone through twice:
+// NoteNear for each of its stars, then Has.
 class KnownStars {
  public:
   static constexpr double kNear = 4.0, kFar = 30.0;  // arc seconds
   static constexpr double kSameMagnitude = 0.7;
 
-  // The direction of J2000.0 and its change a year. isPaired: its counterpart in the other catalog is known by
-  // other means.
+  // The direction of J2000.0 and its change a year. isPaired: its counterpart in the other catalog is known
+  // by other means.
   void Add(const scene::Direction& direction, const scene::Direction& motion, double magnitude,
            bool isPaired);
 

@@ -22,7 +22,7 @@ namespace skydata {
 //   B-V, B-V_mag                      colour index, magnitudes
 //   pmRA, pmRAcosDec_mas_yr           milliarcseconds a year along the great circle
 //   pmDec, pmDec_mas_yr               milliarcseconds a year
-//   Epoch                             Julian year of the place, which is brought to 2000.0; 2000.0 without one
+//   Epoch                             Julian year of the place, which is brought to 2000.0; else it is 2000.0
 //   Number                            from 1 on, each once; else stars count from 1 on
 //
 // Cells that are not needed may be empty. Blank lines and lines that begin with '#' are passed over.

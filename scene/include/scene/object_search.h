@@ -41,8 +41,8 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // same name: "Europa" is the moon, "52 Europa" the asteroid.
 class SCENE_API ObjectSearch {
  public:
-  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by reference,
-  // for the stars of tile catalogs.
+  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by
+  // reference, for the stars of tile catalogs.
   explicit ObjectSearch(SkyCatalogs& catalogs);
 
   // Every object of that name: none, one, or several when the name is ambiguous.

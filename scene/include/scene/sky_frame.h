@@ -30,9 +30,10 @@ struct FrameParts;
 // Everything of one picture: from a camera and catalogs to a display list. Objects below the horizon are left
 // out while the horizon is shown.
 //
-// There is room for the whole catalogs from the start, so that Compute allocates nothing but blocks of the
-// pool of output records, each when the first frame needs it. Output records and display list are valid until
-// the next Compute. `catalogs` is kept by reference. One thread.
+// There is room for the whole catalogs from the start, of tile catalogs for the 262,144 stars that a frame
+// shows at most (where there would be more, the faintest are left out all over the window), so that Compute
+// allocates nothing but blocks of the pool of output records, each when the first frame needs it. Output
+// records and display list are valid until the next Compute. `catalogs` is kept by reference. One thread.
 class SCENE_API SkyFrame {
  public:
   explicit SkyFrame(const SkyCatalogs& catalogs);

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -78,6 +80,9 @@ class SCENE_API StarTiles {
     }
   };
 
+  struct FreeBytes {
+    void operator()(unsigned char* bytes) const { std::free(bytes); }
+  };
   struct Places {
     std::uint64_t at, cells;  // bytes of the file and cells before the next band
   };
@@ -92,7 +97,9 @@ class SCENE_API StarTiles {
   std::uint64_t m_Count = 0;
   int m_Lowest = 0, m_Highest = 0;
   std::vector<PlacedBand> m_Bands;
-  mutable std::vector<unsigned char> m_States;  // two bits a cell: not looked at yet, whole, damaged
+  // Two bits a cell: not looked at yet, whole, damaged. Zeros that the system hands out page by page: a file of
+  // a billion stars has 30 MB of them, of which a frame needs few.
+  std::unique_ptr<unsigned char[], FreeBytes> m_States;
   mutable bool m_HasDamage = false;
 };
 

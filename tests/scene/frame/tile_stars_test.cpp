@@ -10,7 +10,9 @@
 #include <memory>
 #include <random>
 
+#include "astro/coordinates.h"
 #include "astro/healpix.h"
+#include "astro/vectors.h"
 #include "scene/display/star_tint.h"
 #include "scene/frame_helpers.h"
 #include "scene/tile_files.h"
@@ -120,6 +122,33 @@ TEST_F(TileStarsTest, FrameDrawsExactlyTheStarsThatAWalkOverAllFinds) {
   EXPECT_GT(drawn, 20000u);
   EXPECT_GT(most, 200u);
   EXPECT_LT(empty, 1000u);
+}
+
+// The disc of a bright star reaches into a window from far outside, in a large picture.
+TEST_F(TileStarsTest, DiscThatReachesInFromOutsideIsDrawn) {
+  UseStars({{kFirst, 1.0, 0.3, -1.0}});
+  f.shown.horizon = false;
+  f.SetWindow(6000, 4000);
+  f.camera.SetZoom(200.0);
+  int reachIn = 0, away = 0;
+  for (int i = 0; i < 4000; ++i) {
+    f.observer = PrepareObserver(f.camera);
+    double there[3];
+    MV3prod(f.observer.reduction, ApparentDirection(MakeDirection(1.0, 0.3), f.observer).v, there);
+    const double corner = ViewGeometry(f.camera).cornerAngle;
+    SphViewCoor angles;
+    psf(there, 1.0, angles.lon, angles.lat);
+    angles.lon += 1.2 * corner * Any(-1.0, 1.0) / std::cos(angles.lat);
+    angles.lat += 1.2 * corner * Any(-1.0, 1.0);
+    f.camera.SetRA_Dec(angles);
+    Compute();
+    const auto expected = FindAll();
+    ASSERT_EQ(CountDrawnTileStars(), expected.size()) << i;
+    away += expected.empty();
+    for (const auto& entry : expected) reachIn += !ViewGeometry(f.camera).IsInside(entry.second, 30.0);
+  }
+  EXPECT_GT(reachIn, 20);
+  EXPECT_GT(away, 100);
 }
 
 TEST_F(TileStarsTest, BrightAndFaintStarsStandInOneOrder) {

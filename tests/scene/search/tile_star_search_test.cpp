@@ -1,8 +1,7 @@
-// SPDX-FileCopyrightText: the common_interfaces authors
-// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: the common_interfaces authors SPDX-License-Identifier: MIT
 //
-// A star of a tile catalog is an object like the others: found by its number, explained, aimed at, clicked on,
-// kept among the favourites.
+// A star of a tile catalog is an object like the others: found by its number, explained, aimed at, clicked
+// on, kept among the favourites.
 #include <gtest/gtest.h>
 
 #include "scene/aim.h"
@@ -76,8 +75,8 @@ TEST_F(TileStarSearch, KindNumberAndNamesAreThoseOfAStar) {
   EXPECT_EQ(FindObject({FourCC("gala"), kBarnard}, catalogs), std::nullopt);
 }
 
-// The view turned to where the model of the solar system places the star has it in the middle of the picture: 26
-// years of proper motion, five minutes of arc in all, count on both roads.
+// The view turned to where the model of the solar system places the star has it in the middle of the picture.
+// On both roads count 26 years of proper motion, four and a half minutes of arc.
 TEST_F(TileStarSearch, ViewAimedAtItHasItInTheMiddle) {
   LookAtBarnard(60.0);
   const ViewGeometry geometry(f.camera);

@@ -61,8 +61,8 @@ namespace astro {
 ASTRO_API double InverseLorentzFactor(const double velocity[3]);
 
 // Lorentz transformation of a direction, for example Explanatory Supplement to the Astronomical Almanac (3rd
-// edition, 2013), equation 7.40. The product with the velocity is taken before anything is written: both arrays
-// may be the same.
+// edition, 2013), equation 7.40. The product with the velocity is taken before anything is written: both
+// arrays may be the same.
 inline void Aberration(const double direction[3], const double velocity[3], double inverseLorentzFactor,
                        double apparent[3]) {
   const double share = 1.0 + Dot(direction, velocity) / (1.0 + inverseLorentzFactor);
