@@ -274,6 +274,9 @@ def star_tile_seeds():
     save(target, "without_stars", tiles(b""))
     save(target, "two_stars", two)
     save(target, "cut", two[:200])
+    body = bytearray(tiles(b"", (0, 0, {0: [star(45, 60, 9, 1, None, None, 1)], 8: [slow]})))
+    body[104] = 1  # the first cell begins behind the first star
+    save(target, "before_the_first_cell", bytes(body))
     save(target, "finer_grid", tiles(b"", (1, 0, {i: [star(i, 0, 7 + j / 10, 1, None, None, 100 * i + j + 1) for j in range(5)]
                                                   for i in range(0, 48, 3)})))
 

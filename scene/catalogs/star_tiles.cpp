@@ -126,7 +126,7 @@ StarTileRecords StarTiles::GetStars(int band, std::uint32_t cell) const {
   const bool isLast = cell + 1 == astro::GetHealpixCellCount(placed.band.order);
   const std::uint32_t first = LoadLE32(entry);
   const std::uint32_t end = isLast ? placed.band.count : LoadLE32(entry + layout::kEntrySize);
-  const bool isPlaced = first <= end && end <= placed.band.count;
+  const bool isPlaced = first <= end && end <= placed.band.count && (cell > 0 || first == 0);
   const StarTileRecords stars = isPlaced ? placed.GetRecords(first, end) : StarTileRecords();
   if (state == kWhole) return stars;
   const std::uint32_t check =

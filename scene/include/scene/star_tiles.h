@@ -97,8 +97,8 @@ class SCENE_API StarTiles {
   std::uint64_t m_Count = 0;
   int m_Lowest = 0, m_Highest = 0;
   std::vector<PlacedBand> m_Bands;
-  // Two bits a cell: not looked at yet, whole, damaged. Zeros that the system hands out page by page: a file of
-  // a billion stars has 30 MB of them, of which a frame needs few.
+  // Two bits a cell: not looked at yet, whole, damaged. Zeros that the system hands out page by page: a file
+  // of a billion stars has 30 MB of them, of which a frame needs few.
   std::unique_ptr<unsigned char[], FreeBytes> m_States;
   mutable bool m_HasDamage = false;
 };

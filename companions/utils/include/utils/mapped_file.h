@@ -13,8 +13,8 @@
 // space holds them: in a 32-bit process those of more than about 1 GB are refused.
 //
 // Whoever replaces the file by another one of the same name (utils/replace_file.h) does not touch what is
-// mapped here; Windows refuses to replace it meanwhile. Nobody may shorten the file itself meanwhile: as with a disk that fails, the system ends a
-// process that looks at bytes which it cannot read.
+// mapped here; Windows refuses to replace it meanwhile. Nobody may shorten the file itself: as with a disk
+// that fails, the system ends a process that looks at bytes which it cannot read.
 //
 // Not copyable. An object belongs to one thread; its bytes may be read by all.
 class UTILS_API MappedFile {
