@@ -242,11 +242,11 @@ bool CatalogTable::IsText(int fieldId) const {
   return column >= 0 && m_Columns[static_cast<std::size_t>(column)].type == kText;
 }
 
-double FieldNumber(const CatalogTable& record, int fieldId, double missing) {
-  const int column = record.FindColumn(fieldId);
-  const unsigned char* const value = record.FindValue(column);
+double CatalogTable::GetNumber(int fieldId, double missing) const {
+  const int column = FindColumn(fieldId);
+  const unsigned char* const value = FindValue(column);
   if (!value) return missing;
-  switch (record.m_Columns[static_cast<std::size_t>(column)].type) {
+  switch (m_Columns[static_cast<std::size_t>(column)].type) {
     case kI8:
       return LoadValue<signed char>(value);
     case kU8:
@@ -268,11 +268,17 @@ double FieldNumber(const CatalogTable& record, int fieldId, double missing) {
   }
 }
 
-const char* FieldText(const CatalogTable& record, int fieldId) {
-  const int column = record.FindColumn(fieldId);
-  const unsigned char* const value = record.FindValue(column);
-  if (!value || record.m_Columns[static_cast<std::size_t>(column)].type != kText) return "";
-  return record.m_Texts.c_str() + LoadValue<unsigned>(value);
+const char* CatalogTable::GetText(int fieldId) const {
+  const int column = FindColumn(fieldId);
+  const unsigned char* const value = FindValue(column);
+  if (!value || m_Columns[static_cast<std::size_t>(column)].type != kText) return "";
+  return m_Texts.c_str() + LoadValue<unsigned>(value);
 }
+
+double FieldNumber(const CatalogTable& record, int fieldId, double missing) {
+  return record.GetNumber(fieldId, missing);
+}
+
+const char* FieldText(const CatalogTable& record, int fieldId) { return record.GetText(fieldId); }
 
 }  // namespace scene

@@ -11,14 +11,6 @@
 
 namespace scene {
 
-class CatalogTable;
-
-// The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
-SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
-
-// The text of a field, "" when the record lacks it or it is a number.
-SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
-
 // A catalog table of the data root as a record source: UTF-8 text, fields separated by tabs. Lines that begin
 // with '#' and blank lines are passed over; the first other line is the header, each column "Name:type" with
 // the type i8 u8 i16 u16 i32 u32 f32 f64 or text; then one record a line. An empty cell means that the record
@@ -46,11 +38,10 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
   const void* GetField(int fieldId) const override;
   unsigned GetFieldType(int fieldId) const override;
   bool IsText(int fieldId) const;  // whether the table has that column and it holds texts
+  double GetNumber(int fieldId, double missing) const;  // FieldNumber, below
+  const char* GetText(int fieldId) const;               // FieldText
 
  private:
-  friend double FieldNumber(const CatalogTable& record, int fieldId, double missing);
-  friend const char* FieldText(const CatalogTable& record, int fieldId);
-
   struct Column {
     unsigned type;    // element type code of settings fields, or a code of texts
     unsigned offset;  // of its value in a record; of a text the value is where it begins in m_Texts
@@ -76,5 +67,11 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
   int m_Count = 0;
   int m_Current = -1;
 };
+
+// The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
+SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
+
+// The text of a field, "" when the record lacks it or it is a number.
+SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
 
 }  // namespace scene
