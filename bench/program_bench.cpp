@@ -45,7 +45,7 @@ double RunProgram(std::vector<std::string> words) {
 void Measure(benchmark::State& state, const std::vector<std::string>& words) {
   for (auto _ : state) {
     const double seconds = RunProgram(words);
-    if (seconds < 0.0) return state.SkipWithError("the program fails: build the targets skyview and data_root");
+    if (seconds < 0.0) return state.SkipWithError("skyview fails: build it and data_root");
     state.SetIterationTime(seconds);
   }
   state.SetItemsProcessed(state.iterations());

@@ -26,8 +26,8 @@ struct PlacedTileStar {
 // frame has used yet is address space and no memory. `catalogs` is kept by reference.
 class TileStars {
  public:
-  // No frame shows more: one that would have more shows those brighter than a magnitude, the same all over the
-  // window.
+  // No frame shows more: one that would have more shows those brighter than a magnitude, the same all over
+  // the window.
   static constexpr std::size_t kMostTileStars = 1u << 18;
 
   explicit TileStars(const SkyCatalogs& catalogs);
