@@ -84,7 +84,7 @@ std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs
   return FoundObject{ObjectGroup::kTileStar, object.number};
 }
 
-ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
+ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(&catalogs) {
   m_KnownBodies = static_cast<int>(std::count_if(catalogs.bodies.begin(), catalogs.bodies.end(),
                                                  [](const SkyBody& body) { return !body.hasElements; }));
   AddStars(catalogs);
@@ -227,7 +227,7 @@ std::optional<FoundObject> ObjectSearch::FindTileStarNamed(const std::string& ke
     const char* const end = key.data() + key.size();
     const auto [rest, fault] = std::from_chars(key.data() + prefix.size(), end, number);
     if (fault != std::errc() || rest != end || number > std::numeric_limits<int>::max() - first) continue;
-    if (FindTileStar(m_Catalogs, first + number)) return FoundObject{ObjectGroup::kTileStar, first + number};
+    if (FindTileStar(*m_Catalogs, first + number)) return FoundObject{ObjectGroup::kTileStar, first + number};
   }
   return std::nullopt;
 }

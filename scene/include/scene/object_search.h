@@ -80,7 +80,7 @@ class SCENE_API ObjectSearch {
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
   std::string DescribeMissing(const std::string& name) const;
 
-  const SkyCatalogs& m_Catalogs;
+  const SkyCatalogs* m_Catalogs;
 
   std::vector<Name> m_Names;       // those of one object together, the best known first
   std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it

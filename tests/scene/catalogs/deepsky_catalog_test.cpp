@@ -101,10 +101,10 @@ TEST_F(DeepskyCatalogTest, AnObjectWithoutMagnitudeIsShownByItsSize) {
 
 TEST_F(DeepskyCatalogTest, TextsOutliveMovesAndCopiesOfTheCatalogs) {
   Load("gala\t7\t1\t0\t9\t\t\t\t\tNGC 7\tSeven\n");
-  const SkyCatalogs copy = catalogs;
+  const DeepskyCatalog copy = catalogs.deepsky;
   const SkyCatalogs moved = std::move(catalogs);
   catalogs = SkyCatalogs();
-  EXPECT_STREQ(copy.deepsky[3].properName, "Seven");
+  EXPECT_STREQ(copy[3].properName, "Seven");
   EXPECT_STREQ(moved.deepsky[3].designation, "NGC 7");
 }
 
