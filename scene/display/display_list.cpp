@@ -8,7 +8,7 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_Width = width;
   m_Height = height;
   m_Unit = static_cast<float>(unit);
-  m_OpenVertex = m_OpenRing = 0;
+  m_OpenVertex = m_OpenRing = m_OpenColour = 0;
   m_Runs.clear();
   m_Points.clear();
   m_Discs.clear();
@@ -18,8 +18,10 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_Polygons.clear();
   m_Gradients.clear();
   m_Texts.clear();
+  m_Meshes.clear();
   m_Rings.clear();
   m_Vertices.clear();
+  m_MeshColours.clear();
   m_TextBytes.clear();
 }
 
@@ -42,6 +44,8 @@ void DisplayList::EndRing() {
   m_Rings.push_back({m_OpenVertex, end - m_OpenVertex});
   m_OpenVertex = end;
 }
+
+void DisplayList::AddMeshColour(const Rgba& colour) { m_MeshColours.push_back(colour); }
 
 void DisplayList::Add(Layer layer, const PointRecord& point) {
   m_Points.push_back(point);
@@ -85,6 +89,15 @@ void DisplayList::AddArea(Layer layer, PolygonRecord area) {
   Note(RecordType::kPolygon, layer, static_cast<int>(m_Polygons.size()));
 }
 
+void DisplayList::AddMesh(Layer layer, MeshRecord mesh) {
+  const int end = static_cast<int>(m_MeshColours.size());
+  mesh.firstColour = m_OpenColour;
+  mesh.rows = mesh.columns > 0 ? (end - m_OpenColour) / mesh.columns : 0;
+  m_OpenColour = end;
+  m_Meshes.push_back(mesh);
+  Note(RecordType::kMesh, layer, static_cast<int>(m_Meshes.size()));
+}
+
 void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
   text.first = static_cast<int>(m_TextBytes.size());
   text.length = static_cast<int>(utf8.size());
@@ -103,8 +116,10 @@ void DisplayList::Reserve(const Capacity& capacity) {
   m_Polygons.reserve(capacity.polygons);
   m_Gradients.reserve(capacity.gradients);
   m_Texts.reserve(capacity.texts);
+  m_Meshes.reserve(capacity.meshes);
   m_Rings.reserve(capacity.rings);
   m_Vertices.reserve(capacity.vertices);
+  m_MeshColours.reserve(capacity.meshColours);
   m_TextBytes.reserve(capacity.textBytes);
   m_Runs.reserve(capacity.runs);
 }

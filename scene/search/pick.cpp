@@ -30,6 +30,7 @@ class Probe {
   double To(const PolygonRecord& area) const;
   double To(const GradientRecord& gradient) const;
   double To(const TextRecord& text) const;
+  double To(const MeshRecord& mesh) const;
 
  private:
   double ToCircle(double x, double y, double radius) const {
@@ -118,6 +119,8 @@ double Probe::To(const TextRecord& text) const {
   return ToBox(left, text.y - kAscent * text.size, left + width, text.y + kDescent * text.size);
 }
 
+double Probe::To(const MeshRecord& mesh) const { return ToBox(mesh.left, mesh.top, mesh.right, mesh.bottom); }
+
 // Takes what is hit, from the last record of a run to its first.
 class Picker {
  public:
@@ -142,6 +145,8 @@ class Picker {
         return Visit(run, m_List.GetGradients());
       case RecordType::kText:
         return Visit(run, m_List.GetTexts());
+      case RecordType::kMesh:
+        return Visit(run, m_List.GetMeshes());
     }
   }
 

@@ -63,7 +63,8 @@ enum class RecordType : int {
   kEllipse = 4,
   kPolygon = 5,
   kGradient = 6,
-  kText = 7
+  kText = 7,
+  kMesh = 8
 };
 
 // Light around a round thing: a radial gradient from `innerRadius` (colour) over `middle` of the way
@@ -148,6 +149,16 @@ struct GradientRecord {
   ObjectRef object;
 };
 
+// An area of colours that blend into each other: `columns` x `rows` nodes, evenly spread over the rectangle, the
+// outermost on its edges, row by row from the upper left one on. Between four nodes each channel is interpolated
+// linearly along x and along y.
+struct MeshRecord {
+  float left, top, right, bottom;
+  int columns, rows;  // 2 or more each
+  int firstColour;    // in the array of colours of meshes
+  ObjectRef object;
+};
+
 // Bits of TextRecord::style.
 enum TextStyle : unsigned { kItalicText = 1, kBoldText = 2 };
 
@@ -179,6 +190,7 @@ static_assert(sizeof(Rgba) == 4 && sizeof(ObjectRef) == 8 && sizeof(Glow) == 20 
 static_assert(sizeof(PointRecord) == 44 && sizeof(DiscRecord) == 60 && sizeof(ShadowRecord) == 52);
 static_assert(sizeof(PolylineRecord) == 32 && sizeof(EllipseRecord) == 40 && sizeof(PolygonRecord) == 28);
 static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(TextRecord) == 40);
+static_assert(sizeof(MeshRecord) == 36);
 static_assert(sizeof(Run) == 16);
 
 // Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and
@@ -199,8 +211,10 @@ class SCENE_API DisplayList {
   const std::vector<PolygonRecord>& GetPolygons() const { return m_Polygons; }
   const std::vector<GradientRecord>& GetGradients() const { return m_Gradients; }
   const std::vector<TextRecord>& GetTexts() const { return m_Texts; }
+  const std::vector<MeshRecord>& GetMeshes() const { return m_Meshes; }
   const std::vector<RingRecord>& GetRings() const { return m_Rings; }
   const std::vector<Vertex>& GetVertices() const { return m_Vertices; }
+  const std::vector<Rgba>& GetMeshColours() const { return m_MeshColours; }
   const std::vector<char>& GetTextBytes() const { return m_TextBytes; }
   const char* GetText(const TextRecord& text) const { return m_TextBytes.data() + text.first; }
 
@@ -208,9 +222,11 @@ class SCENE_API DisplayList {
   void Begin(int width, int height, double unit);
 
   // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
-  // the record before; vertices without a ring stand for one.
+  // the record before; vertices without a ring stand for one. A mesh takes the colours added since the mesh
+  // before: one for each node, of `columns` a row.
   void AddVertex(double x, double y);
   void EndRing();
+  void AddMeshColour(const Rgba& colour);
   void Add(Layer layer, const PointRecord& point);
   void Add(Layer layer, const DiscRecord& disc);
   void Add(Layer layer, const ShadowRecord& shadow);
@@ -218,12 +234,13 @@ class SCENE_API DisplayList {
   void Add(Layer layer, const GradientRecord& gradient);
   void AddLine(Layer layer, PolylineRecord line);
   void AddArea(Layer layer, PolygonRecord area);
+  void AddMesh(Layer layer, MeshRecord mesh);
   void AddText(Layer layer, TextRecord text, std::string_view utf8);
 
   // Room for so many records, so that frames up to that size allocate nothing.
   struct Capacity {
     std::size_t points = 0, discs = 0, shadows = 0, polylines = 0, ellipses = 0, polygons = 0, gradients = 0,
-                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0;
+                texts = 0, meshes = 0, rings = 0, vertices = 0, meshColours = 0, textBytes = 0, runs = 0;
   };
   void Reserve(const Capacity& capacity);
 
@@ -232,7 +249,7 @@ class SCENE_API DisplayList {
 
   int m_Width = 0, m_Height = 0;
   float m_Unit = 1.0f;
-  int m_OpenVertex = 0, m_OpenRing = 0;  // the first that belong to no record yet
+  int m_OpenVertex = 0, m_OpenRing = 0, m_OpenColour = 0;  // the first that belong to no record yet
   std::vector<Run> m_Runs;
   std::vector<PointRecord> m_Points;
   std::vector<DiscRecord> m_Discs;
@@ -242,8 +259,10 @@ class SCENE_API DisplayList {
   std::vector<PolygonRecord> m_Polygons;
   std::vector<GradientRecord> m_Gradients;
   std::vector<TextRecord> m_Texts;
+  std::vector<MeshRecord> m_Meshes;
   std::vector<RingRecord> m_Rings;
   std::vector<Vertex> m_Vertices;
+  std::vector<Rgba> m_MeshColours;
   std::vector<char> m_TextBytes;
 };
 

@@ -33,7 +33,8 @@ std::string AllBytes(const DisplayList& list) {
   return Bytes(list.GetRuns()) + Bytes(list.GetPoints()) + Bytes(list.GetDiscs()) + Bytes(list.GetShadows()) +
          Bytes(list.GetPolylines()) + Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) +
          Bytes(list.GetGradients()) + Bytes(list.GetTexts()) + Bytes(list.GetRings()) +
-         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes());
+         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes()) + Bytes(list.GetMeshes()) +
+         Bytes(list.GetMeshColours());
 }
 
 // The records of one layer that a function sees.
@@ -125,18 +126,18 @@ TEST_F(FrameDisplay, RunsHoldEveryRecordOnce) {
   f.camera.SetZoom(0.4);
   f.Compute();
   const DisplayList& list = GetList();
-  const std::size_t sizes[] = {list.GetPoints().size(),    list.GetDiscs().size(),
-                               list.GetShadows().size(),   list.GetPolylines().size(),
-                               list.GetEllipses().size(),  list.GetPolygons().size(),
-                               list.GetGradients().size(), list.GetTexts().size()};
-  int next[8] = {};
+  const std::size_t sizes[] = {
+      list.GetPoints().size(),    list.GetDiscs().size(),    list.GetShadows().size(),
+      list.GetPolylines().size(), list.GetEllipses().size(), list.GetPolygons().size(),
+      list.GetGradients().size(), list.GetTexts().size(),    list.GetMeshes().size()};
+  int next[9] = {};
   for (const scene::Run& run : list.GetRuns()) {
     int& from = next[static_cast<int>(run.type)];
     EXPECT_EQ(run.first, from);
     EXPECT_GT(run.count, 0);
     from = run.first + run.count;
   }
-  for (int type = 0; type < 8; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
+  for (int type = 0; type < 9; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
 }
 
 TEST_F(FrameDisplay, AreasHaveRings) {
