@@ -18,14 +18,15 @@ struct Between {
 };
 
 Between FindNodes(int pixel, int pixels, int nodes) {
-  const float at = (static_cast<float>(pixel) + 0.5f) / static_cast<float>(pixels) * static_cast<float>(nodes - 1);
+  const float at =
+      (static_cast<float>(pixel) + 0.5f) / static_cast<float>(pixels) * static_cast<float>(nodes - 1);
   const int node = std::clamp(static_cast<int>(at), 0, nodes - 2);
   return {node, at - static_cast<float>(node)};
 }
 
-// What is added before a value is cut off to a whole number: in each square of eight pixels every 64th between 0
-// and 1 once, neighbours far apart, so that slow gradients show no steps (Bayer 1973). The pattern follows from the
-// bits of x ^ y and y, the lowest first.
+// What is added before a value is cut off to a whole number: in each square of eight pixels every 64th
+// between 0 and 1 once, neighbours far apart, so that slow gradients show no steps (Bayer 1973). The pattern
+// follows from the bits of x ^ y and y, the lowest first.
 float GetThreshold(int x, int y) {
   int order = 0;
   for (int bit = 0; bit < 3; ++bit) {
@@ -52,7 +53,8 @@ class MeshPixels {
     const Between down = FindNodes(y, m_Height, m_Mesh.rows);
     for (int x = 0; x < m_Width; ++x) {
       const Between right = FindNodes(x, m_Width, m_Mesh.columns);
-      const Channels above = Mix(GetNode(right.node, down.node), GetNode(right.node + 1, down.node), right.part);
+      const Channels above =
+          Mix(GetNode(right.node, down.node), GetNode(right.node + 1, down.node), right.part);
       const Channels below =
           Mix(GetNode(right.node, down.node + 1), GetNode(right.node + 1, down.node + 1), right.part);
       const std::uint32_t word = MakeWord(Mix(above, below, down.part), GetThreshold(x & 7, y & 7));

@@ -27,20 +27,25 @@ const Colour& GetColour(const SSO_ID& id) {
              : palette::kPlanets[index];
 }
 
+Rgba Lighter(const Rgba& a, const Rgba& b) {
+  return {std::max(a.red, b.red), std::max(a.green, b.green), std::max(a.blue, b.blue), a.alpha};
+}
+
 // Draws one body.
 class BodyPen {
  public:
-  BodyPen(const DrawnBody& drawn, const SSO_ID& id, DisplayList& list)
+  BodyPen(const DrawnBody& drawn, const SSO_ID& id, const SkyColours& sky, DisplayList& list)
       : m_Drawn(drawn),
         m_Id(id),
         m_Object{id.kind, id.number},
         m_X(drawn.place.x),
         m_Y(list.GetHeight() - drawn.place.y),
+        m_Sky(sky),
         m_List(list) {}
 
   void Draw(const DrawnShadow& moonShadow) const {
+    if (m_Drawn.body == kSunBody) return DrawSun();
     const Colour& colour = GetColour(m_Id);
-    if (m_Drawn.body == kSunBody) return DrawPoint(colour, 1.0, MakeGlow(4.0, colour, 0.55));
     if (m_Drawn.asDisc) {
       DrawDisc(colour);
       if (moonShadow.falls && m_Drawn.body == kMoonBody) DrawShadow(moonShadow);
@@ -71,6 +76,11 @@ class BodyPen {
     const bool shines = PaintedDot::Shines(Pixel(m_Drawn.radius), m_List.GetUnit());
     DrawPoint(colour, m_Drawn.opacity, shines ? MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity) : Glow{});
   }
+  void DrawSun() const {
+    const bool covered = m_Sky.IsSunCovered();
+    const Colour colour = covered ? palette::kCorona : m_Sky.GetSun();
+    DrawPoint(colour, covered ? 0.0 : 1.0, MakeGlow(4.0, colour, covered ? 0.9 : 0.55));
+  }
   void DrawDisc(const Colour& colour) const;
   void DrawShadow(const DrawnShadow& shadow) const;
   void DrawTail(const Colour& colour) const;
@@ -81,6 +91,7 @@ class BodyPen {
   const SSO_ID& m_Id;
   ObjectRef m_Object;
   double m_X, m_Y;
+  const SkyColours& m_Sky;
   DisplayList& m_List;
 };
 
@@ -94,7 +105,7 @@ void BodyPen::DrawDisc(const Colour& colour) const {
   disc.sunY = Pixel(-m_Drawn.toSun.y);
   disc.cosPhase = Pixel(m_Drawn.cosPhase);
   disc.lit = ToRgba(Scaled(colour, 1.0, m_Drawn.opacity));
-  disc.dark = ToRgba(Scaled(colour, kNightSide, m_Drawn.opacity));
+  disc.dark = Lighter(ToRgba(Scaled(colour, kNightSide, m_Drawn.opacity)), m_Sky.Find(m_X, m_Y));
   if (m_Drawn.radius < kLarge * static_cast<double>(m_List.GetUnit())) {
     const double lit = 0.5 * (1.0 + m_Drawn.cosPhase);
     disc.glow = MakeGlow(2.6, colour, 0.35 * lit * m_Drawn.opacity);
@@ -176,9 +187,9 @@ void BodyPen::DrawDiamond(const Colour& colour) const {
 
 }  // namespace
 
-void BodyMarks::Draw(DisplayList& list) const {
+void BodyMarks::Draw(const SkyColours& sky, DisplayList& list) const {
   for (const auto& drawn : m_Drawn) {
-    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, list).Draw(m_Shadow);
+    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, sky, list).Draw(m_Shadow);
   }
 }
 

@@ -16,11 +16,12 @@ constexpr double kMargin = 40.0;  // where the tail of a comet may still reach i
 }  // namespace
 
 BodyTests::BodyTests(const BodyModel& model, const ViewGeometry& geometry, const ObserverFrame& observer,
-                     const ShownKinds& shown, const ObjectFilters& filters)
+                     const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light)
     : m_Model(model),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
+      m_Light(light),
       m_StarLimits(geometry.camera, FourCC("star")),
       m_Kinds{{{FourCC("plnt"), ClassLimits(geometry.camera, FourCC("plnt")), filters.Get(FourCC("plnt"))},
                {FourCC("moon"), ClassLimits(geometry.camera, FourCC("moon")), filters.Get(FourCC("moon"))},
@@ -46,21 +47,27 @@ bool BodyTests::HasMagnitude(int body) const {
   return m_Model.GetBodies()[static_cast<std::size_t>(body)].id.kind != FourCC("scft");
 }
 
-double BodyTests::GetSymbolRadius(int body) const {
+double BodyTests::GetSymbolRadius(int body, float dim) const {
   if (body == kSunBody) return kSunRadius * m_Geometry.unit;
   if (body == kMoonBody) return kMoonRadius * m_Geometry.unit;
   const auto index = static_cast<std::size_t>(body);
   if (!HasMagnitude(body)) return kSatellite * m_Geometry.unit;
-  const float code = m_Model.GetStates()[index].code;
+  constexpr float kSmaller = 0.5f;  // as stars
+  const float code = m_Model.GetStates()[index].code + kSmaller * dim;
   return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), kLargestDot);
+}
+
+double BodyTests::GetSine(const BodyState& state) const {
+  if (!m_Observer.horizon) return 1.0;
+  const double* zenith = m_Observer.reduction + 6;
+  const double* v = state.seen.apparent;
+  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2];
 }
 
 // A body is seen as soon as its upper limb is.
 bool BodyTests::IsAboveHorizon(const BodyState& state) const {
-  if (!m_Shown.horizon || !m_Observer.horizon) return true;
-  const double* zenith = m_Observer.reduction + 6;
-  const double* v = state.seen.apparent;
-  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2] >= -std::sin(state.seen.angularRadius);
+  if (!m_Shown.horizon) return true;
+  return GetSine(state) >= -std::sin(state.seen.angularRadius);
 }
 
 template <bool kFirst>
@@ -80,7 +87,12 @@ unsigned BodyTests::Test(int index, ObjectPlace& place) const {
   if (ends(!IsAboveHorizon(state), kBelowHorizon)) return obstacles;
   place.apparent = MakeDirection(state.seen.apparent);
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index));
+  if (HasMagnitude(index) && index != kSunBody && index != kMoonBody) {
+    place.dim = m_Light.FindDim(kind.limits, place.pixel, GetSine(state));
+    const bool above = (obstacles & kBelowHorizon) == 0;
+    if (ends(above && SkyLight::Hides(kind.limits, state.code, place.dim), kSkyTooBright)) return obstacles;
+  }
+  place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index, place.dim));
   ends(!m_Geometry.IsInside(place.pixel, place.radius + kMargin * m_Geometry.unit), kOutside);
   return obstacles;
 }

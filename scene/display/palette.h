@@ -63,6 +63,7 @@ inline constexpr unsigned kSpectralClasses = 7;
 inline constexpr Colour kGalaxy = {0.93, 0.60, 0.66, 0.9}, kCluster = {0.90, 0.80, 0.47, 0.9},
                         kNebula = {0.47, 0.83, 0.70, 0.9}, kOtherDeepsky = {0.75, 0.67, 0.92, 0.9};
 
+inline constexpr Colour kCorona = {0.93, 0.95, 1.00, 1.0};
 inline constexpr Colour kSun = {1.00, 0.93, 0.72, 1.0}, kMoon = {0.93, 0.92, 0.88, 1.0};
 // Mercury to Pluto, as the eye has them.
 inline constexpr Colour kPlanets[] = {

@@ -44,13 +44,15 @@ void MilkyWayPicture::Compute(const ViewGeometry& geometry, bool shown) {
   }
 }
 
-void MilkyWayPicture::Draw(DisplayList& list) const {
+void MilkyWayPicture::Draw(double strength, DisplayList& list) const {
+  if (!(strength > 0.0)) return;
   constexpr double kLeastStep = 2.0;  // pixels; the edge is soft
   constexpr double kBands = 4.0;      // of a soft edge
   for (std::size_t level = 0; level < m_Levels.size(); ++level) {
     const RegionPicture& region = m_Levels[level];
     if (region.points.empty() && !region.holdsOutside) continue;
-    const Colour& edge = palette::kMilkyWay[level];
+    Colour edge = palette::kMilkyWay[level];
+    edge.opacity *= strength;
     // The inside gets as much light as meets at its edge.
     Colour inside = edge;
     inside.opacity = 1.0 - std::pow(1.0 - edge.opacity, kBands + 1.0);

@@ -71,7 +71,7 @@ void SkyObjects::AddStars(const ViewGeometry& geometry, const ObjectTests& tests
   const StarCatalog& stars = m_Catalogs.stars;
   const ClassLimits& limits = tests.GetStarLimits();
   ObjectPlace place;
-  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
+  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= tests.GetFaintestStar(); ++i) {
     if (tests.IsStarDrawn(i, place)) AddStar(geometry, place, i, limits);
   }
 }
@@ -88,20 +88,21 @@ void SkyObjects::AddStar(const ViewGeometry& geometry, const ObjectPlace& place,
   output->m_OnScreen = geometry.IsInside(place.pixel, 0.0);
   output->m_AsDisc = place.radius >= 1.0;
   output->m_Drawn = true;
-  m_Stars.push_back({output, star, limits.Opacity(m_Catalogs.stars.GetCode(star))});
+  m_Stars.push_back({output, star, limits.Opacity(m_Catalogs.stars.GetCode(star) + place.dim)});
 }
 
 void SkyObjects::AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests) {
   ObjectPlace place;
   for (int i = 0; i < static_cast<int>(m_Catalogs.deepsky.size()); ++i) {
     if (!tests.IsDeepskyDrawn(i, place)) continue;
-    AddDeepskyObject(geometry, place.pixel, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
+    AddDeepskyObject(geometry, place, i, tests.GetDeepskyLimits(m_Catalogs.deepsky[i].kind));
   }
 }
 
-void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlace& place, int object,
                                   const ClassLimits& limits) {
   const auto& entry = m_Catalogs.deepsky[object];
+  const tPoint<double>& p = place.pixel;
   auto* output = new (m_Pool) DeepskyOutput;
   if (!output) {
     m_PoolExhausted = true;
@@ -115,7 +116,7 @@ void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const tPoint<dou
   output->m_MajorSize = static_cast<float>(2.0 * major);
   output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
   output->m_SymbolDrawn = output->m_Drawn = true;
-  m_Deepsky.push_back({output, object, limits.Opacity(entry.code)});
+  m_Deepsky.push_back({output, object, limits.Opacity(entry.code + place.dim)});
 }
 
 // The label as the catalog has it, or with the magnitude behind it while there is room for such texts.

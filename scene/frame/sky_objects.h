@@ -32,7 +32,8 @@ class SkyObjects {
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
   // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond.
-  void DrawDeepsky(DisplayList& list) const;
+  // `strength`: what the sky leaves of symbols, 0 to 1.
+  void DrawDeepsky(double strength, DisplayList& list) const;
   // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
   // so that a bright star lies over its neighbours.
   void DrawStars(DisplayList& list) const;
@@ -45,7 +46,7 @@ class SkyObjects {
   void AddStars(const ViewGeometry& geometry, const ObjectTests& tests);
   void AddStar(const ViewGeometry& geometry, const ObjectPlace& place, int star, const ClassLimits& limits);
   void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
-  void AddDeepskyObject(const ViewGeometry& geometry, const tPoint<double>& p, int object,
+  void AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlace& place, int object,
                         const ClassLimits& limits);
   void LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
   const char* MakeStarLabel(int star, const LabelRules& rules);

@@ -44,7 +44,7 @@ void AddDiamond(double x, double y, double radius, DisplayList& list) {
   list.AddVertex(x, y + radius);
 }
 
-void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayList& list) {
+void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, double strength, DisplayList& list) {
   // The catalogue holds no position angles, so all symbols lie alike.
   constexpr float kSlant = static_cast<float>(-25.0 * kRadiansPerDegree);
   const auto& output = *drawn.output;
@@ -52,7 +52,7 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
   const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize,
               width = 1.1f * list.GetUnit();
   const LabelKind kind = LabelKindOfDeepsky(object.kind);
-  const Rgba colour = ToRgba(GetSymbolColour(kind), static_cast<double>(drawn.opacity));
+  const Rgba colour = ToRgba(GetSymbolColour(kind), strength * static_cast<double>(drawn.opacity));
   const ObjectRef ref = {object.kind, object.number};
   if (kind == LabelKind::kGalaxy) {
     list.Add(Layer::kDeepsky,
@@ -68,9 +68,9 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
 
 }  // namespace
 
-void SkyObjects::DrawDeepsky(DisplayList& list) const {
+void SkyObjects::DrawDeepsky(double strength, DisplayList& list) const {
   for (const auto& drawn : m_Deepsky) {
-    DrawSymbol(drawn, m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)], list);
+    DrawSymbol(drawn, m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)], strength, list);
   }
 }
 

@@ -7,6 +7,8 @@
 namespace scene {
 namespace {
 
+// How far a dot shrinks that the sky makes fainter: not as far as it fades.
+constexpr float kSmaller = 0.5f;
 constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
 
 // The margin covers the largest proper motion to the date and the aberration.
@@ -22,15 +24,18 @@ double CosineOfStarReach(const StarCatalog& stars, const ViewGeometry& geometry,
 }  // namespace
 
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
-                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters)
+                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters,
+                         const SkyLight& light)
     : m_Catalogs(catalogs),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
+      m_Light(light),
       m_Stars(catalogs.stars),
       m_Centre(geometry.centreJ2000),
       m_StarsShown(shown.stars),
       m_StarLimits(geometry.camera, FourCC("star")),
+      m_FaintestStar(m_StarLimits.draw - light.FindLeastDim(m_StarLimits)),
       m_StarFilter(filters.Get(FourCC("star"))),
       m_ConstellationFilter(filters.Get(FourCC("cnst"))),
       m_Deepsky{
@@ -55,11 +60,21 @@ double ObjectTests::StarRadius(float code) const {
   return m_Geometry.unit * GetDotRadius(m_StarLimits, code);
 }
 
+// What stands below the ground is not hidden by the sky.
+bool ObjectTests::IsHidden(const ClassLimits& limits, float code, unsigned obstacles,
+                           const ObjectPlace& place) {
+  return (obstacles & kBelowHorizon) == 0 && SkyLight::Hides(limits, code, place.dim);
+}
+
 // The third row of the reduction gives the sine of the altitude.
-bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
-  if (!m_Shown.horizon || !m_Observer.horizon) return true;
+double ObjectTests::GetSine(const Direction& apparent) const {
+  if (!m_Observer.horizon) return 1.0;
   const double* zenith = m_Observer.reduction + 6;
-  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
+  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2];
+}
+
+bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
+  return !m_Shown.horizon || GetSine(apparent) >= 0.0;
 }
 
 template <bool kFirst>
@@ -70,7 +85,11 @@ unsigned ObjectTests::TestStarPlace(int star, Found<kFirst> found, ObjectPlace& 
   place.apparent = ApparentDirection(m_Stars.GetDirection(star), m_Stars.GetMotion(star), m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = StarRadius(m_Stars.GetCode(star));
+  const float code = m_Stars.GetCode(star);
+  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, GetSine(place.apparent));
+  if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
+    return found.obstacles;
+  place.radius = StarRadius(code + kSmaller * place.dim);
   found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
   return found.obstacles;
 }
@@ -89,11 +108,15 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   }
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside);
+  if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
+  place.dim = m_Light.FindDim(kind.limits, place.pixel, GetSine(place.apparent));
+  const bool faded = m_Light.GetLineStrength() <= 0.0;
+  found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);
   return found.obstacles;
 }
 
 bool ObjectTests::IsFigureDrawn(int constellation) const {
+  if (m_Light.GetLineStrength() <= 0.0) return false;
   if (!m_Shown.figures || m_ConstellationFilter.IsEmpty()) return m_Shown.figures;
   return constellation >= 0 && m_ConstellationFilter.Passes(GetTraits(
                                    m_Catalogs.constellations[static_cast<std::size_t>(constellation)]));
@@ -112,6 +135,7 @@ unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
   if (found.EndsWith(!m_Shown.constellationNames, kKindOff)) return found.obstacles;
   if (found.EndsWith(!m_ConstellationFilter.Passes(GetTraits(constellation)), kFiltered))
     return found.obstacles;
+  if (found.EndsWith(m_Light.GetLineStrength() <= 0.0, kSkyTooBright)) return found.obstacles;
   place.apparent = ApparentDirection(constellation.direction, m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);

@@ -17,6 +17,7 @@
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
 #include "scene/view/view_geometry.h"
+#include "scene/visibility/sky_light.h"
 
 namespace scene {
 
@@ -25,13 +26,14 @@ struct ObjectPlace {
   Direction apparent{};    // J2000
   tPoint<double> pixel{};  // y up
   double radius = 0.0;     // of a star's disc, pixels
+  float dim = 0.0f;        // codes by which the sky makes it look fainter
 };
 
 // Everything is kept by reference. Makes no allocation.
 class ObjectTests {
  public:
   ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
-              const ShownKinds& shown, const ObjectFilters& filters);
+              const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light);
 
   bool IsStarDrawn(int star, ObjectPlace& place) const { return TestStar<true>(star, place) == 0; }
   bool IsDeepskyDrawn(int object, ObjectPlace& place) const { return TestDeepsky<true>(object, place) == 0; }
@@ -53,6 +55,9 @@ class ObjectTests {
   }
 
   bool IsAboveHorizon(const Direction& apparent) const;
+  // No star of a larger code is drawn.
+  float GetFaintestStar() const { return m_FaintestStar; }
+  const SkyLight& GetLight() const { return m_Light; }
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
   const LabelRules& GetLabels(int kind) const { return m_Shown.GetLabels(kind); }
@@ -83,16 +88,21 @@ class ObjectTests {
     const ObjectFilter& filter;
   };
   const Deepsky& FindKind(int kind) const;
+  static bool IsHidden(const ClassLimits& limits, float code, unsigned obstacles, const ObjectPlace& place);
   double StarRadius(float code) const;
+  // Sine of the altitude; 1 where the view has no horizon.
+  double GetSine(const Direction& apparent) const;
 
   const SkyCatalogs& m_Catalogs;
   const ViewGeometry& m_Geometry;
   const ObserverFrame& m_Observer;
   const ShownKinds& m_Shown;
+  const SkyLight& m_Light;
   const StarCatalog& m_Stars;
   Direction m_Centre;  // the view axis, J2000
   bool m_StarsShown;
   ClassLimits m_StarLimits;
+  float m_FaintestStar;
   const ObjectFilter& m_StarFilter;
   const ObjectFilter& m_ConstellationFilter;
   std::array<Deepsky, 4> m_Deepsky;
@@ -108,6 +118,7 @@ unsigned ObjectTests::TestStar(int star, ObjectPlace& place) const {
   Found<kFirst> found;
   if (found.EndsWith(!m_StarsShown, kKindOff)) return found.obstacles;
   if (found.EndsWith(m_Stars.GetCode(star) > m_StarLimits.draw, kTooFaint)) return found.obstacles;
+  if (kFirst && m_Stars.GetCode(star) > m_FaintestStar) return kSkyTooBright;
   if (found.EndsWith(Dot(m_Stars.GetDirection(star), m_Centre) < m_StarReach, kOutside))
     return found.obstacles;
   return TestStarPlace<kFirst>(star, found, place);

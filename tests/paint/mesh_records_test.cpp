@@ -25,22 +25,25 @@ class MeshRecords : public host_test::Records {
 
 }  // namespace
 
-// The middle of the pixel (x, y) stands (x + 0.5) / 200 of the way to the right and (y + 0.5) / 100 downwards.
+// The middle of the pixel (x, y) stands (x + 0.5) / 200 of the way to the right, (y + 0.5) / 100 downwards.
 TEST_F(MeshRecords, BlendBetweenTheirNodes) {
-  AddMesh(0, 0, 200, 100, 2, {{0, 0, 100, 255}, {200, 0, 100, 255}, {0, 100, 100, 255}, {200, 100, 100, 255}});
+  AddMesh(0, 0, 200, 100, 2,
+          {{0, 0, 100, 255}, {200, 0, 100, 255}, {0, 100, 100, 255}, {200, 100, 100, 255}});
   const Painted picture(list);
   ASSERT_TRUE(picture.IsGood());
   for (const int x : {0, 50, 99, 150, 199}) {
     for (const int y : {0, 25, 49, 99}) {
       SCOPED_TRACE(x * 1000 + y);
-      ExpectNear(picture.At(x, y), {static_cast<int>(std::lround(x + 0.5)), static_cast<int>(std::lround(y + 0.5)), 100});
+      ExpectNear(picture.At(x, y),
+                 {static_cast<int>(std::lround(x + 0.5)), static_cast<int>(std::lround(y + 0.5)), 100});
     }
   }
 }
 
 TEST_F(MeshRecords, HaveTheirInnerNodesBetweenTheEdges) {
-  AddMesh(0, 0, 200, 100, 3,
-          {{0, 0, 0, 255}, {240, 0, 0, 255}, {0, 0, 0, 255}, {0, 0, 0, 255}, {240, 0, 0, 255}, {0, 0, 0, 255}});
+  AddMesh(
+      0, 0, 200, 100, 3,
+      {{0, 0, 0, 255}, {240, 0, 0, 255}, {0, 0, 0, 255}, {0, 0, 0, 255}, {240, 0, 0, 255}, {0, 0, 0, 255}});
   const Painted picture(list);
   ExpectNear(picture.At(100, 50), {239, 0, 0}, 1);
   ExpectNear(picture.At(50, 50), {121, 0, 0}, 1);
@@ -52,7 +55,8 @@ TEST_F(MeshRecords, FillTheirRectangleAndNothingBeside) {
   const Painted picture(list);
   EXPECT_EQ(picture.At(40, 20), (Pixel{9, 9, 9}));
   EXPECT_EQ(picture.At(79, 59), (Pixel{9, 9, 9}));
-  for (const auto& [x, y] : {std::pair{39, 30}, {80, 30}, {60, 19}, {60, 60}}) EXPECT_EQ(picture.At(x, y), kBlack);
+  for (const auto& [x, y] : {std::pair{39, 30}, {80, 30}, {60, 19}, {60, 60}})
+    EXPECT_EQ(picture.At(x, y), kBlack);
 }
 
 TEST_F(MeshRecords, LetShineThroughWhatLiesBelow) {
@@ -85,7 +89,8 @@ TEST_F(MeshRecords, OfNoSizeOrTooFewNodesPaintNothing) {
 }
 
 TEST_F(MeshRecords, AreOneImageInSvgAndPdf) {
-  AddMesh(0, 0, 200, 100, 2, {{0, 0, 100, 255}, {200, 0, 100, 255}, {0, 100, 100, 255}, {200, 100, 100, 255}});
+  AddMesh(0, 0, 200, 100, 2,
+          {{0, 0, 100, 255}, {200, 0, 100, 255}, {0, 100, 100, 255}, {200, 100, 100, 255}});
   std::string bytes, error;
   ASSERT_TRUE(paint::MakeSvg(list, bytes, error)) << error;
   EXPECT_NE(bytes.find("<image "), std::string::npos);

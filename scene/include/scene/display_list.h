@@ -32,8 +32,8 @@ struct ObjectRef {
   bool operator==(const ObjectRef&) const = default;
 };
 
-// What lies together, in the order of painting: what is painted first lies lowest. Readers keep the numbers: frozen,
-// so that a layer that came later has a number out of the order.
+// What lies together, in the order of painting: what is painted first lies lowest. Readers keep the numbers:
+// frozen, so that a layer that came later has a number out of the order.
 enum class Layer : int {
   kBackground = 0,
   kMilkyWay = 1,
@@ -149,9 +149,9 @@ struct GradientRecord {
   ObjectRef object;
 };
 
-// An area of colours that blend into each other: `columns` x `rows` nodes, evenly spread over the rectangle, the
-// outermost on its edges, row by row from the upper left one on. Between four nodes each channel is interpolated
-// linearly along x and along y.
+// An area of colours that blend into each other: `columns` x `rows` nodes, evenly spread over the rectangle,
+// the outermost on its edges, row by row from the upper left one on. Between four nodes each channel is
+// interpolated linearly along x and along y.
 struct MeshRecord {
   float left, top, right, bottom;
   int columns, rows;  // 2 or more each

@@ -11,7 +11,8 @@ enum Obstacle : unsigned {
   kTooFaint = 4,      // fainter than the drawing limit of its class
   kBelowHorizon = 8,  // while a horizon is shown
   kOutside = 16,      // its disc or symbol does not reach into the window
-  kNoPlace = 32       // nobody can tell where the body is at that moment
+  kNoPlace = 32,      // nobody can tell where the body is at that moment
+  kSkyTooBright = 64  // the sky there, or the air low above the horizon, hides it
 };
 
 }  // namespace scene

@@ -44,7 +44,7 @@ void Fill(DisplayList& list) {
     AddSquare(i, i, 1.0, list);
     list.AddArea(Layer::kHaze, PolygonRecord{});
     for (int node = 0; node < 4; ++node) list.AddMeshColour({1, 2, 3, 255});
-    list.AddMesh(Layer::kBackground, {.columns = 2});
+    list.AddMesh(Layer::kBackground, {0.0f, 0.0f, 1.0f, 1.0f, 2, 0, 0, {}});
     list.AddText(Layer::kLabels, TextRecord{}, "a text that is too long for a short string");
   }
 }

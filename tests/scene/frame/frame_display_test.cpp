@@ -93,6 +93,16 @@ TEST_F(FrameDisplay, HasTheSizeOfTheWindow) {
 TEST_F(FrameDisplay, BeginsWithTheBackgroundOverTheWholePicture) {
   f.Compute();
   ASSERT_FALSE(GetList().GetRuns().empty());
+  const scene::Run& mesh = GetList().GetRuns()[0];
+  EXPECT_EQ(mesh.layer, Layer::kBackground);
+  ASSERT_EQ(mesh.type, RecordType::kMesh);
+  const MeshRecord& natural = GetList().GetMeshes()[0];
+  EXPECT_EQ(std::tuple(natural.left, natural.top, natural.right, natural.bottom),
+            std::tuple(0.0f, 0.0f, 1600.0f, 1000.0f));
+  EXPECT_EQ(static_cast<std::size_t>(natural.columns * natural.rows), GetList().GetMeshColours().size());
+
+  f.shown.naturalSky = false;
+  f.Compute();
   const scene::Run& run = GetList().GetRuns()[0];
   EXPECT_EQ(run.layer, Layer::kBackground);
   ASSERT_EQ(run.type, RecordType::kGradient);
@@ -349,7 +359,7 @@ TEST_F(FrameDisplay, SmallSkyIsTheOneOfTheFile) {
   f.SetWindow(400, 300);
   f.SetLook(190.0, 35.0);
   f.camera.SetZoom(0.8);
-  f.shown.horizon = f.shown.compass = false;
+  f.shown.horizon = f.shown.compass = f.shown.naturalSky = false;
   f.Compute();
   std::ifstream in(CI_SMALL_FRAME, std::ios::binary);
   const std::string expected{std::istreambuf_iterator<char>(in), {}};
