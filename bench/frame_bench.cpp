@@ -48,7 +48,10 @@ std::string MakeStarTable(int count) {
   return table;
 }
 
-void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom) {
+void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom,
+               bool natural = true) {
+  scene::ShownKinds shown;
+  shown.naturalSky = natural;
   CommonInterfaces::Camera camera(1);
   camera.CreateDefault();
   camera.SetBasePlane(1);
@@ -66,7 +69,7 @@ void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, doub
     angles.lon = -scene::kPi + 1e-3 * (number % 1000);
     angles.lat = 0.6;
     camera.SetRA_Dec(angles);
-    frame.Compute(camera, scene::PrepareObserver(camera), scene::ShownKinds());
+    frame.Compute(camera, scene::PrepareObserver(camera), shown);
     benchmark::DoNotOptimize(frame.GetStars().data());
   }
   state.counters["stars"] = catalogs.stars.GetCount();
@@ -81,6 +84,15 @@ void FrameOfShippedCatalogs(benchmark::State& state) {
   RunFrames(state, catalogs, static_cast<double>(state.range(0)));
 }
 BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// The same under a sky without day and night: what is left is the price of the light.
+void FrameUnderAPlainSky(benchmark::State& state) {
+  scene::SkyCatalogs catalogs;
+  std::string error;
+  if (!LoadShippedCatalogs(catalogs, error)) return state.SkipWithError(error.c_str());
+  RunFrames(state, catalogs, static_cast<double>(state.range(0)), false);
+}
+BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);
 
 // The shipped figures and Milky Way with a million stars that nobody has seen.
 void FrameOfAMillionStars(benchmark::State& state) {

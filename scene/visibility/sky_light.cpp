@@ -75,14 +75,15 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
         {m_Width * (i % kColumns) / (kColumns - 1), m_Height * (kRows - 1 - i / kColumns) / (kRows - 1)});
     node.altitude = std::fabs(GetAltitude(direction));
     node.fromSun = GetAngle(direction, sources.sun);
-    node.scattered = brightness.GetScattered(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
-    node.limit = MakeCode(astro::GetNakedEyeLimit(node.scattered + brightness.GetOwnGlow(node.altitude)));
+    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
+    node.scattered = parts.scattered;
+    node.limit = MakeCode(astro::GetNakedEyeLimit(parts.own + parts.scattered));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
     m_LeastLuminance = std::min(m_LeastLuminance, node.scattered);
   }
   const Direction zenith = {{0.0, 0.0, 1.0}};
   m_ZenithLuminance =
-      brightness.GetScattered(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon));
+      brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon)).scattered;
   m_LineStrength = Rise(m_FaintestLimit, MakeCode(1.0), MakeCode(5.0));
   m_GlowStrength = Rise(m_FaintestLimit, MakeCode(4.4), MakeCode(6.2));
 }

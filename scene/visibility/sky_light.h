@@ -29,7 +29,7 @@ struct SkySources {
 class SkyLight {
  public:
   // Nodes evenly spread over the window, the outermost on its edges; row by row from the upper left one on.
-  static constexpr int kColumns = 41, kRows = 27;
+  static constexpr int kColumns = 35, kRows = 23;
   struct Node {
     double altitude,
         fromSun;       // radians; below the horizon the altitude is that of the point as high above it

@@ -153,14 +153,14 @@ TEST(SkyBrightness, DaylightIsThatOfClearSkies) {
 TEST(SkyBrightness, FullMoonBrightensTheZenithAsPublished) {
   SkyLights lights = WithMoon(60.0, 0.0);
   lights.extinction = 0.172;
-  EXPECT_NEAR(SkyBrightness(lights).GetScattered(0.5 * kPi, kPi, 30.0 * kDegree), 0.0093, 0.0003);
+  EXPECT_NEAR(SkyBrightness(lights).GetParts(0.5 * kPi, kPi, 30.0 * kDegree).scattered, 0.0093, 0.0003);
 }
 
 // A Moon 90 degrees old is 2.6 magnitudes fainter than a full one (0.026 * 90 + 4e-9 * 90^4), and so is its
 // sky.
 TEST(SkyBrightness, HalfMoonGivesATenth) {
   const auto scattered = [](double phase) {
-    return SkyBrightness(WithMoon(45.0, phase)).GetScattered(0.5 * kPi, kPi, 45.0 * kDegree);
+    return SkyBrightness(WithMoon(45.0, phase)).GetParts(0.5 * kPi, kPi, 45.0 * kDegree).scattered;
   };
   EXPECT_NEAR(scattered(90.0) / scattered(0.0), std::pow(10.0, -0.4 * 2.6024), 1e-3);
   EXPECT_LT(scattered(170.0) / scattered(0.0), 2e-3);
@@ -189,9 +189,10 @@ TEST(SkyBrightness, IsBrighterTowardsTheSunAndTheHorizon) {
   for (const double h : {-9.0, -3.0, 20.0}) {
     const SkyBrightness sky(WithSun(h));
     for (int from = 10; from < 90; from += 5) {
-      EXPECT_GT(sky.GetScattered(0.3, from * kDegree, kPi), sky.GetScattered(0.3, (from + 5) * kDegree, kPi));
-      EXPECT_GT(sky.GetScattered((90 - from) * kDegree, 1.5, kPi),
-                sky.GetScattered((95 - from) * kDegree, 1.5, kPi));
+      EXPECT_GT(sky.GetParts(0.3, from * kDegree, kPi).scattered,
+                sky.GetParts(0.3, (from + 5) * kDegree, kPi).scattered);
+      EXPECT_GT(sky.GetParts((90 - from) * kDegree, 1.5, kPi).scattered,
+                sky.GetParts((95 - from) * kDegree, 1.5, kPi).scattered);
     }
   }
 }

@@ -19,7 +19,7 @@ constexpr double kDegree = kRadiansPerDegree;
 Chromaticity ColourAt(double sun, double altitude, double azimuth) {
   const double h = altitude * kDegree, s = sun * kDegree;
   const double cosine = std::sin(h) * std::sin(s) + std::cos(h) * std::cos(s) * std::cos(azimuth * kDegree);
-  return SkyColour(s, 1.0).Get(h, std::acos(std::fmax(-1.0, std::fmin(1.0, cosine))));
+  return SkyColour(s, 1.0).Get(h, std::acos(std::fmax(-1.0, std::fmin(1.0, cosine)))).colour;
 }
 
 double Apart(const Chromaticity& a, const Chromaticity& b) { return std::hypot(a.x - b.x, a.y - b.y); }
@@ -64,18 +64,18 @@ TEST(SkyColour, ArchStandsOverTheShadowOfTheEarth) {
   EXPECT_GT(arch.x, above.x + 0.03);
   EXPECT_GT(arch.x - arch.y, shadow.x - shadow.y + 0.02) << "pink";
   const SkyColour colour(-3.0 * kDegree, 1.0);
-  EXPECT_LT(colour.GetShade(1.0 * kDegree, kPi), 0.6);
-  EXPECT_GT(colour.GetShade(10.7 * kDegree, 166.0 * kDegree), 1.05);
-  EXPECT_NEAR(colour.GetShade(60.0 * kDegree, 70.0 * kDegree), 1.0, 0.05);
+  EXPECT_LT(colour.Get(1.0 * kDegree, kPi).shade, 0.6);
+  EXPECT_GT(colour.Get(10.7 * kDegree, 166.0 * kDegree).shade, 1.05);
+  EXPECT_NEAR(colour.Get(60.0 * kDegree, 70.0 * kDegree).shade, 1.0, 0.05);
 }
 
 TEST(SkyColour, TotalEclipseHasSunsetAllAround) {
   const SkyColour total(30.0 * kDegree, 1e-4), day(30.0 * kDegree, 1.0);
   for (const double from : {40.0, 90.0, 140.0}) {
-    EXPECT_GT(total.Get(0.0, from * kDegree).x, 0.40);
-    EXPECT_LT(day.Get(0.0, from * kDegree).x, 0.36);
-    EXPECT_GT(total.GetShade(0.0, from * kDegree), 3.0);
-    EXPECT_EQ(day.GetShade(60.0 * kDegree, from * kDegree), 1.0);
+    EXPECT_GT(total.Get(0.0, from * kDegree).colour.x, 0.40);
+    EXPECT_LT(day.Get(0.0, from * kDegree).colour.x, 0.36);
+    EXPECT_GT(total.Get(0.0, from * kDegree).shade, 3.0);
+    EXPECT_EQ(day.Get(60.0 * kDegree, from * kDegree).shade, 1.0);
   }
 }
 
@@ -97,10 +97,9 @@ TEST(SkyColour, JumpsNowhereAndStaysAColour) {
 TEST(SkyColour, HasAnAnswerForEveryNumber) {
   const double infinity = std::numeric_limits<double>::infinity();
   for (const double bad : {std::numeric_limits<double>::quiet_NaN(), infinity, -infinity, 1e300}) {
-    const Chromaticity answers[] = {SkyColour(bad, 1.0).Get(0.5, 0.5), SkyColour(0.1, bad).Get(0.5, 0.5),
-                                    SkyColour(0.1, 1.0).Get(bad, 0.5), SkyColour(0.1, 1.0).Get(0.5, bad)};
-    for (const Chromaticity& answer : answers)
-      EXPECT_TRUE(std::isfinite(answer.x) && std::isfinite(answer.y));
-    EXPECT_TRUE(std::isfinite(SkyColour(bad, bad).GetShade(bad, bad)));
+    for (const SkyTint& tint : {SkyColour(bad, 1.0).Get(0.5, 0.5), SkyColour(0.1, bad).Get(0.5, 0.5),
+                                SkyColour(0.1, 1.0).Get(bad, 0.5), SkyColour(0.1, 1.0).Get(0.5, bad)}) {
+      EXPECT_TRUE(std::isfinite(tint.colour.x) && std::isfinite(tint.colour.y) && std::isfinite(tint.shade));
+    }
   }
 }

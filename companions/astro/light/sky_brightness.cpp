@@ -14,7 +14,8 @@ namespace {
 constexpr double kPerNanolambert = 1e-5 / kPi;  // cd/m2
 constexpr double kSunMagnitude = -26.74;
 
-double Magnitudes(double count) { return std::exp(-0.4 * 2.302585092994046 * count); }
+double Tenfold(double count) { return std::exp(2.302585092994046 * count); }
+double Magnitudes(double count) { return Tenfold(-0.4 * count); }
 
 // The zenith's magnitude per square arcsecond in twilight alone, without the night's own glow, by each three
 // degrees that the Sun stands below the horizon, from 9 degrees above it on; between them a cubic, beyond
@@ -57,13 +58,14 @@ double GetAirMass(double altitude) {
 
 // What light meets on its way from the sky.
 struct SkyBrightness::Path {
-  double scattered;   // the part of sunlight that air scatters out of it
-  double fromZenith;  // degrees
+  double scattered;  // the part of sunlight that air scatters out of it
+  double rise;       // of twilight from the zenith to there
 };
 
 SkyBrightness::SkyBrightness(const SkyLights& lights)
     : m_Extinction(Bounded(lights.extinction, 0.05, 1.0)),
       m_Zenith(astro::GetLuminance(Bounded(lights.darkness, 10.0, 23.0))),
+      m_Transparency(Magnitudes(m_Extinction * GetAirMass(0.5 * kPi))),
       m_Sun(MakeLamp(Bounded(lights.sunlight, 0.0, 1.0), lights.sunAltitude, m_Extinction)),
       m_Moon(MakeLamp(Bounded(lights.moonlight, 0.0, 1.0) *
                           Magnitudes(FindMoonMagnitude(Bounded(std::fabs(lights.moonPhaseAngle), 0.0, kPi) /
@@ -73,20 +75,17 @@ SkyBrightness::SkyBrightness(const SkyLights& lights)
 
 SkyBrightness::Lamp SkyBrightness::MakeLamp(double flux, double altitude, double extinction) {
   const double h = Bounded(altitude, -0.5 * kPi, 0.5 * kPi);
-  return {flux, Magnitudes(extinction * GetAirMass(h)),
-          flux * astro::GetLuminance(FindTwilightZenith(-h / kRadiansPerDegree))};
+  return {flux * kPerNanolambert * Magnitudes(kSunMagnitude + 16.57), Magnitudes(extinction * GetAirMass(h)),
+          flux * astro::GetLuminance(FindTwilightZenith(-h / kRadiansPerDegree)) /
+              (1.0 - Magnitudes(extinction))};
 }
 
-double SkyBrightness::GetOwnGlow(double altitude) const {
+SkyBrightness::Parts SkyBrightness::GetParts(double altitude, double fromSun, double fromMoon) const {
   const double h = Bounded(altitude, 0.0, 0.5 * kPi), c = std::cos(h);
-  return m_Zenith * (0.4 + 0.6 / std::sqrt(1.0 - 0.96 * c * c)) *
-         Magnitudes(m_Extinction * (GetAirMass(h) - 1.0));
-}
-
-double SkyBrightness::GetScattered(double altitude, double fromSun, double fromMoon) const {
-  const double h = Bounded(altitude, 0.0, 0.5 * kPi);
-  const Path path = {1.0 - Magnitudes(m_Extinction * GetAirMass(h)), 90.0 - h / kRadiansPerDegree};
-  return Scatter(m_Sun, path, fromSun) + Scatter(m_Moon, path, fromMoon);
+  const double through = Magnitudes(m_Extinction * GetAirMass(h)), fromZenith = 90.0 - h / kRadiansPerDegree;
+  const Path path = {1.0 - through, Magnitudes(-fromZenith / (720.0 * m_Extinction))};
+  return {m_Zenith * (0.4 + 0.6 / std::sqrt(1.0 - 0.96 * c * c)) * through / m_Transparency,
+          Scatter(m_Sun, path, fromSun) + Scatter(m_Moon, path, fromMoon)};
 }
 
 // By day light scattered once (Krisciunas & Schaefer, equations 15 to 20, of the light that reaches the
@@ -98,14 +97,11 @@ double SkyBrightness::GetScattered(double altitude, double fromSun, double fromM
 double SkyBrightness::Scatter(const Lamp& lamp, const Path& path, double fromLamp) const {
   constexpr double kHeldByDay = 2.0, kHeldInTwilight = 8.0;  // degrees
   const double rho = Bounded(fromLamp, 0.0, kPi), degrees = rho / kRadiansPerDegree, c = std::cos(rho);
-  const double once = std::pow(10.0, 5.36) * (1.06 + c * c) + std::pow(10.0, 6.15 - degrees / 40.0) +
+  const double once = 229087.0 * (1.06 + c * c) + 1412538.0 * Tenfold(-degrees / 40.0) +
                       6.2e7 / (degrees * degrees + kHeldByDay * kHeldByDay);
-  const double day = kPerNanolambert * lamp.flux * Magnitudes(kSunMagnitude + 16.57) * path.scattered *
-                     (once * lamp.direct + 440000.0 * (1.0 - lamp.direct));
-  const double atZenith = 1.0 - Magnitudes(m_Extinction);
-  const double twilight = lamp.twilight * path.scattered / atZenith *
-                          Magnitudes(-path.fromZenith / (720.0 * m_Extinction)) * 90.0 /
-                          std::hypot(degrees, kHeldInTwilight);
+  const double day = lamp.day * path.scattered * (once * lamp.direct + 440000.0 * (1.0 - lamp.direct));
+  const double twilight = lamp.twilight * path.scattered * path.rise * 90.0 /
+                          std::sqrt(degrees * degrees + kHeldInTwilight * kHeldInTwilight);
   const double sum = day + twilight;
   return sum > 0.0 ? day * twilight / sum : 0.0;
 }

@@ -99,7 +99,7 @@ double SkyColour::FindShadow(const Place& place) const {
   return Bump(m_SunHeight + 4.0, 5.0) * opposite * (1.0 - Rise(place.height, edge - 3.0, edge + 4.0));
 }
 
-Chromaticity SkyColour::Get(double altitude, double fromSun) const {
+SkyTint SkyColour::Get(double altitude, double fromSun) const {
   const Place place = FindPlace(altitude, fromSun);
   const double cosine = std::sin(place.altitude);
   const Chromaticity day = {m_ZenithX.value * m_ZenithX.scale * kX.At(cosine, place.fromSun),
@@ -114,15 +114,12 @@ Chromaticity SkyColour::Get(double altitude, double fromSun) const {
   colour = Mix(colour, {0.385, 0.385}, 0.85 * glow * std::exp(-place.height / reach));
   colour = Mix(colour, Mix({0.455, 0.405}, {0.50, 0.395}, depth),
                0.9 * glow * std::exp(-place.height / (0.45 * reach)));
-  colour = Mix(colour, {0.268, 0.272}, 0.8 * FindShadow(place));
-  colour = Mix(colour, {0.362, 0.316}, 0.8 * FindArch(place));
-  return Mix(Mix(colour, {0.245, 0.245}, 0.7 * m_Ring), {0.46, 0.40}, m_Ring * std::exp(-place.height / 5.0));
-}
-
-double SkyColour::GetShade(double altitude, double fromSun) const {
-  const Place place = FindPlace(altitude, fromSun);
-  return (1.0 - 0.75 * FindShadow(place)) * (1.0 + 0.25 * FindArch(place)) *
-         (1.0 + 4.0 * m_Ring * std::exp(-place.height / 5.0));
+  const double shadow = FindShadow(place), arch = FindArch(place);
+  colour = Mix(colour, {0.268, 0.272}, 0.8 * shadow);
+  colour = Mix(colour, {0.362, 0.316}, 0.8 * arch);
+  const double ring = m_Ring * std::exp(-place.height / 5.0);
+  return {Mix(Mix(colour, {0.245, 0.245}, 0.7 * m_Ring), {0.46, 0.40}, ring),
+          (1.0 - 0.75 * shadow) * (1.0 + 0.25 * arch) * (1.0 + 4.0 * ring)};
 }
 
 }  // namespace astro

@@ -52,26 +52,31 @@ class ASTRO_API SkyBrightness {
  public:
   explicit SkyBrightness(const SkyLights& lights);
 
+  // The night's own, and light of Sun and Moon that air scatters.
+  struct Parts {
+    double own, scattered;
+  };
+
   // Of a direction at an altitude (one below the horizon counts as the horizon), that many radians away from
   // the Sun and the Moon.
+  Parts GetParts(double altitude, double fromSun, double fromMoon) const;
   double GetLuminance(double altitude, double fromSun, double fromMoon) const {
-    return GetOwnGlow(altitude) + GetScattered(altitude, fromSun, fromMoon);
+    const Parts parts = GetParts(altitude, fromSun, fromMoon);
+    return parts.own + parts.scattered;
   }
-  // Its two parts: the night's own, and light of Sun and Moon that air scatters.
-  double GetOwnGlow(double altitude) const;
-  double GetScattered(double altitude, double fromSun, double fromMoon) const;
 
  private:
   struct Lamp {
-    double flux;      // that of the source against the uneclipsed Sun's
-    double direct;    // the part of it that reaches the ground
-    double twilight;  // luminance that twilight has at the zenith
+    double day;       // factor of what is scattered by day
+    double direct;    // the part of the light that reaches the ground
+    double twilight;  // luminance of the zenith in twilight, against the part of light scattered there
   };
   struct Path;
   static Lamp MakeLamp(double flux, double altitude, double extinction);
   double Scatter(const Lamp& lamp, const Path& path, double fromLamp) const;
 
   double m_Extinction, m_Zenith;
+  double m_Transparency;  // the part of light that comes through one air mass
   Lamp m_Sun, m_Moon;
 };
 

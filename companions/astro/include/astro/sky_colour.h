@@ -21,6 +21,11 @@ struct Chromaticity {
   double x, y;
 };
 
+struct SkyTint {
+  Chromaticity colour;
+  double shade;  // what the luminance of an even twilight is multiplied with: the Earth's shadow, the arch
+};
+
 class ASTRO_API SkyColour {
  public:
   // `sunlight`: the part of the Sun's light that no eclipse takes. What is left in a total one comes from
@@ -29,10 +34,7 @@ class ASTRO_API SkyColour {
 
   // Of a direction at an altitude (one below the horizon counts as the horizon), that many radians from the
   // Sun.
-  Chromaticity Get(double altitude, double fromSun) const;
-
-  // What the luminance of an even twilight is multiplied with: less in the Earth's shadow, more in the arch.
-  double GetShade(double altitude, double fromSun) const;
+  SkyTint Get(double altitude, double fromSun) const;
 
  private:
   struct Place;
