@@ -50,12 +50,14 @@ double Rise(float code, float from, float to) {
 
 }  // namespace
 
+// The limits of a zoom are those of objects in the upper half of the sky.
 SkyLight::SkyLight() : m_Nodes(kColumns * kRows) {
+  constexpr double kUsual = 30.0 * kRadiansPerDegree;
   for (int i = 0; i <= kExtinctionSteps; ++i) {
     const double root = static_cast<double>(i) / kExtinctionSteps, altitude = std::asin(root * root);
-    m_Extinction[static_cast<std::size_t>(i)] = static_cast<float>(
-        astro::kClearExtinction * (astro::GetAirMass(altitude) - astro::GetAirMass(0.5 * kPi)) *
-        CommonInterfaces::kMagCodesPerMag);
+    const double more = astro::GetAirMass(altitude) - astro::GetAirMass(kUsual);
+    m_Extinction[static_cast<std::size_t>(i)] =
+        static_cast<float>(astro::kClearExtinction * std::max(0.0, more) * CommonInterfaces::kMagCodesPerMag);
   }
 }
 

@@ -52,7 +52,7 @@ class SkyLight {
   double GetZenith() const { return m_ZenithLuminance; }
   double GetLeast() const { return m_LeastLuminance; }
 
-  // By how many codes an object of a class looks fainter than in a dark sky at the zenith, at a pixel (y up)
+  // By how many codes an object of a class looks fainter than high in a dark sky, at a pixel (y up)
   // in a direction with that sine of its altitude: it is drawn, faded and labelled as one so much fainter.
   float FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const;
   // Whether that keeps an object from being drawn that is bright enough for the zoom.
