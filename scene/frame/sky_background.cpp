@@ -28,8 +28,8 @@ Light FromPalette(const Colour& colour) {
   return {FromCurve(colour.red), FromCurve(colour.green), FromCurve(colour.blue)};
 }
 
-// The curve at even steps of the square root of the light, between which it is nearly straight: 0.02 of 255 off at
-// most.
+// The curve at even steps of the square root of the light, between which it is nearly straight: 0.02 of 255
+// off at most.
 class CurveTable {
  public:
   CurveTable() {

@@ -62,8 +62,8 @@ TEST_F(SkyLightTest, DarkSkyHidesNothingAboveTheAirNearTheHorizon) {
   EXPECT_EQ(light.GetGlowStrength(), 1.0);
 }
 
-// 0.2 magnitudes for each air mass more than at 30 degrees (Kasten & Young 1989, table II): 1.9939 there, 5.5841
-// at 10, 26.3079 at 1.
+// 0.2 magnitudes for each air mass more than at 30 degrees (Kasten & Young 1989, table II): 1.9939 there,
+// 5.5841 at 10, 26.3079 at 1.
 TEST_F(SkyLightTest, AirTakesLightNearTheHorizon) {
   Compute(AtNight());
   const ClassLimits stars = Limits("star");
