@@ -50,7 +50,8 @@ std::unique_ptr<scene::SkyCatalogs> LoadShippedCatalogs() {
 // A camera with a window of 1600 x 1000.
 class Looker {
  public:
-  explicit Looker(double zoom) {
+  Looker(double zoom, bool naturalSky) {
+    m_Shown.naturalSky = naturalSky;
     m_Camera.CreateDefault();
     m_Camera.SetBasePlane(1);
     m_Camera.SetZoom(zoom);
@@ -65,15 +66,17 @@ class Looker {
     angles.lon = view.lon;
     angles.lat = view.lat;
     m_Camera.SetRA_Dec(angles);
-    frame.Compute(m_Camera, scene::PrepareObserver(m_Camera), scene::ShownKinds());
+    frame.Compute(m_Camera, scene::PrepareObserver(m_Camera), m_Shown);
   }
 
  private:
   CommonInterfaces::Camera m_Camera{1};
+  scene::ShownKinds m_Shown;
 };
 
-void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom) {
-  Looker looker(zoom);
+void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom,
+               bool naturalSky = true) {
+  Looker looker(zoom, naturalSky);
   scene::SkyFrame frame(catalogs);
   std::size_t next = 0, drawn = 0;
   for (auto _ : state) {
@@ -94,7 +97,15 @@ void FrameOfShippedCatalogs(benchmark::State& state) {
 }
 BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
-// The same without tiles: what a frame costs besides its faint stars.
+// The same under a sky without day and night: what the night shows, at every moment.
+void FrameUnderAPlainSky(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), false);
+}
+BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// What ships without tiles: what a frame costs besides its faint stars.
 void FrameWithoutTiles(benchmark::State& state) {
   const auto catalogs = LoadShippedCatalogs();
   if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");

@@ -95,10 +95,12 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   }
   const MapColour dark = ToMapColour(m_Globe.disc.dark);
   const double bright = std::max({lit.red, lit.green, lit.blue, static_cast<unsigned char>(1)});
-  const auto mix = [&](float sunny, float night) {
-    return std::max(static_cast<float>(sunny * light), static_cast<float>(night * sunny / bright));
+  const MapColour air = ToMapColour(m_Globe.air);
+  const auto mix = [&](float sunny, float night, float sky) {
+    return std::max({static_cast<float>(sunny * light), static_cast<float>(night * sunny / bright), sky});
   };
-  return Multiplied({mix(colour.red, dark.red), mix(colour.green, dark.green), mix(colour.blue, dark.blue)},
+  return Multiplied({mix(colour.red, dark.red, air.red), mix(colour.green, dark.green, air.green),
+                     mix(colour.blue, dark.blue, air.blue)},
                     1.0, cover * lit.alpha / 255.0);
 }
 

@@ -44,6 +44,9 @@ void PaintRun(const scene::DisplayList& list, const scene::Run& run, cairo_t* co
     case scene::RecordType::kText:
       for (const auto& text : GetRecords(list.GetTexts(), run)) PaintText(list, text, context);
       break;
+    case scene::RecordType::kMesh:
+      for (const auto& mesh : GetRecords(list.GetMeshes(), run)) PaintMesh(list, mesh, context);
+      break;
   }
 }
 

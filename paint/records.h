@@ -25,6 +25,7 @@ void PaintPolylines(const scene::DisplayList& list, std::span<const scene::Polyl
 void PaintEllipse(const scene::EllipseRecord& ellipse, cairo_t* context);
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context);
 void PaintGradient(const scene::GradientRecord& gradient, cairo_t* context);
+void PaintMesh(const scene::DisplayList& list, const scene::MeshRecord& mesh, cairo_t* context);
 void PaintText(const scene::DisplayList& list, const scene::TextRecord& text, cairo_t* context);
 
 }  // namespace paint

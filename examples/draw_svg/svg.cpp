@@ -66,6 +66,19 @@ class SvgPainter {
     for (int i = 0; i < 4; ++i) m_Out << g.cornerX[i] << "," << g.cornerY[i] << " ";
     m_Out << "\"/>\n";
   }
+  // Each stretch between nodes in one colour: a coarse likeness, but a small one.
+  void Paint(const MeshRecord& m) {
+    const float width = (m.right - m.left) / static_cast<float>(m.columns),
+                height = (m.bottom - m.top) / static_cast<float>(m.rows);
+    m_Out << "<g shape-rendering=\"crispEdges\">\n";
+    for (int i = 0; i < m.columns * m.rows; ++i) {
+      m_Out << "<rect x=\"" << m.left + width * static_cast<float>(i % m.columns) << "\" y=\""
+            << m.top + height * static_cast<float>(i / m.columns) << "\" width=\"" << width + 0.5f
+            << "\" height=\"" << height + 0.5f << "\" " << Fill(m_List.GetColours()[m.firstColour + i])
+            << "/>\n";
+    }
+    m_Out << "</g>\n";
+  }
   void Paint(const TextRecord& t) {
     const char* anchor = t.anchor == 0.0f ? "start" : t.anchor == 1.0f ? "end" : "middle";
     m_Out << "<text x=\"" << t.x << "\" y=\"" << t.y << "\" font-family=\"sans-serif\" font-size=\"" << t.size
@@ -134,6 +147,9 @@ void WriteSvg(const DisplayList& list, std::ostream& out) {
         break;
       case RecordType::kText:
         painter.PaintRun(list.GetTexts(), run);
+        break;
+      case RecordType::kMesh:
+        painter.PaintRun(list.GetMeshes(), run);
         break;
     }
   }

@@ -29,24 +29,29 @@ const Colour& GetColour(const SSO_ID& id) {
              : palette::kPlanets[index];
 }
 
+Rgba Lighter(const Rgba& a, const Rgba& b) {
+  return {std::max(a.red, b.red), std::max(a.green, b.green), std::max(a.blue, b.blue), a.alpha};
+}
+
 // Draws one body.
 class BodyPen {
  public:
-  BodyPen(const DrawnBody& drawn, const SSO_ID& id, const BodyGlobes& globes, DisplayList& list)
+  BodyPen(const DrawnBody& drawn, const SSO_ID& id, const BodyGlobes& globes, const SkyColours& sky,
+          DisplayList& list)
       : m_Drawn(drawn),
         m_Id(id),
         m_Globes(globes),
         m_Object{id.kind, id.number},
         m_X(drawn.place.x),
         m_Y(list.GetHeight() - drawn.place.y),
+        m_Sky(sky),
         m_List(list) {}
 
   void Draw(const DrawnShadow& moonShadow) const {
+    if (m_Drawn.body == kSunBody) return DrawSun();
     const Colour& colour = GetColour(m_Id);
-    if (m_Drawn.body == kSunBody && !m_Drawn.globe)
-      return DrawPoint(colour, 1.0, MakeGlow(4.0, colour, 0.55));
     if (m_Drawn.asDisc) {
-      DrawDisc(colour);
+      DrawDisc(colour, MakeMoonlight(colour));
       if (moonShadow.falls && m_Drawn.body == kMoonBody) DrawShadow(moonShadow);
     } else if (m_Id.kind == FourCC("comt")) {
       DrawTail(colour);
@@ -65,6 +70,13 @@ class BodyPen {
     return {Pixel(0.5 * m_Drawn.radius), Pixel(reach * m_Drawn.radius), 0.4f,
             ToRgba(Scaled(colour, 1.0, strength)), ToRgba(Scaled(colour, 1.0, 0.3 * strength))};
   }
+  bool IsLarge() const { return m_Drawn.radius >= 40.0 * static_cast<double>(m_List.GetUnit()); }
+  // Of what shines by sunlight; around a large disc it would look like fog.
+  Glow MakeMoonlight(const Colour& colour) const {
+    if (IsLarge()) return {};
+    const double lit = 0.5 * (1.0 + m_Drawn.cosPhase);
+    return MakeGlow(2.6, colour, 0.35 * lit * m_Drawn.opacity);
+  }
   void DrawPoint(const Colour& colour, double opacity, const Glow& glow) const {
     const PaintedDot dot = PaintedDot::Fit(Pixel(m_Drawn.radius));
     m_List.Add(Layer::kBodies,
@@ -78,7 +90,13 @@ class BodyPen {
   double GetNightSide() const {
     return m_Drawn.body == kMoonBody ? kNightSide + kEarthShine * 0.5 * (1.0 - m_Drawn.cosPhase) : kNightSide;
   }
-  void DrawDisc(const Colour& colour) const;
+  void DrawSun() const {
+    const bool covered = m_Sky.IsSunCovered();
+    const Colour colour = covered ? palette::kCorona : m_Sky.GetSun();
+    const Glow glow = MakeGlow(4.0, colour, covered ? 0.9 : 0.55);
+    m_Drawn.globe && !covered ? DrawDisc(colour, glow) : DrawPoint(colour, covered ? 0.0 : 1.0, glow);
+  }
+  void DrawDisc(const Colour& colour, const Glow& glow) const;
   void DrawGlobe(const DiscRecord& disc) const;
   void DrawShadow(const DrawnShadow& shadow) const;
   void DrawTail(const Colour& colour) const;
@@ -90,11 +108,11 @@ class BodyPen {
   const BodyGlobes& m_Globes;
   ObjectRef m_Object;
   double m_X, m_Y;
+  const SkyColours& m_Sky;
   DisplayList& m_List;
 };
 
-void BodyPen::DrawDisc(const Colour& colour) const {
-  constexpr double kLarge = 40.0;  // pixels; a shine around a large disc would look like fog
+void BodyPen::DrawDisc(const Colour& colour, const Glow& glow) const {
   DiscRecord disc = {};
   disc.x = Pixel(m_X);
   disc.y = Pixel(m_Y);
@@ -103,13 +121,8 @@ void BodyPen::DrawDisc(const Colour& colour) const {
   disc.sunY = Pixel(-m_Drawn.toSun.y);
   disc.cosPhase = Pixel(m_Drawn.cosPhase);
   disc.lit = ToRgba(Scaled(colour, 1.0, m_Drawn.opacity));
-  disc.dark = ToRgba(Scaled(colour, GetNightSide(), m_Drawn.opacity));
-  if (m_Drawn.body == kSunBody) {
-    disc.glow = MakeGlow(4.0, colour, 0.55);
-  } else if (m_Drawn.radius < kLarge * static_cast<double>(m_List.GetUnit())) {
-    const double lit = 0.5 * (1.0 + m_Drawn.cosPhase);
-    disc.glow = MakeGlow(2.6, colour, 0.35 * lit * m_Drawn.opacity);
-  }
+  disc.dark = Lighter(ToRgba(Scaled(colour, GetNightSide(), m_Drawn.opacity)), m_Sky.Find(m_X, m_Y));
+  disc.glow = glow;
   disc.object = m_Object;
   m_Drawn.globe ? DrawGlobe(disc) : m_List.Add(Layer::kBodies, disc);
 }
@@ -117,10 +130,13 @@ void BodyPen::DrawDisc(const Colour& colour) const {
 void BodyPen::DrawGlobe(const DiscRecord& disc) const {
   GlobeRecord record = {};
   record.disc = disc;
+  record.air = m_Sky.Find(m_X, m_Y);
   std::copy(std::begin(m_Drawn.globe->toBody), std::end(m_Drawn.globe->toBody), record.toBody);
   record.flattening = m_Drawn.globe->flattening;
-  record.limbDarkening = m_Drawn.globe->limbDarkening;
-  record.map = m_Drawn.globe->map;
+  // A small Sun dazzles and has the colour that the air leaves it, a large one is seen as through a filter.
+  const bool dazzles = m_Drawn.body == kSunBody && m_Sky.IsNatural() && !IsLarge();
+  record.limbDarkening = dazzles ? 0.0f : m_Drawn.globe->limbDarkening;
+  record.map = dazzles ? -1 : m_Drawn.globe->map;
   if (m_Drawn.globe->ringed) {
     record.ringInner = m_Globes.GetRingInner();
     record.ringOuter = m_Globes.GetRingOuter();
@@ -202,10 +218,10 @@ void BodyPen::DrawDiamond(const Colour& colour) const {
 
 }  // namespace
 
-void BodyMarks::Draw(DisplayList& list) const {
+void BodyMarks::Draw(const SkyColours& sky, DisplayList& list) const {
   for (const auto& drawn : m_Drawn) {
-    BodyPen(drawn, m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id, m_Globes, list)
-        .Draw(m_Shadow);
+    const SSO_ID& id = m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id;
+    BodyPen(drawn, id, m_Globes, sky, list).Draw(m_Shadow);
   }
 }
 

@@ -83,9 +83,10 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
   drawn.body = body;
   drawn.place = place.pixel;
   drawn.radius = place.radius;
-  drawn.asDisc =
-      body == kSunBody || body == kMoonBody || tests.GetTrueRadius(state) > tests.GetSymbolRadius(body);
-  drawn.opacity = tests.HasMagnitude(body) ? tests.GetLimits(entry.id.kind).Opacity(state.code) : 1.0f;
+  drawn.asDisc = body == kSunBody || body == kMoonBody ||
+                 tests.GetTrueRadius(state) > tests.GetSymbolRadius(body, place.dim);
+  drawn.opacity =
+      tests.HasMagnitude(body) ? tests.GetLimits(entry.id.kind).Opacity(state.code + place.dim) : 1.0f;
   drawn.cosPhase = (moon ? shown.moonPhases : shown.planetPhases) ? std::cos(state.seen.phaseAngle) : 1.0;
   drawn.toSun = m_Model.GetSun().known
                     ? FindSunward(geometry, state.seen.apparent, m_Model.GetSun().seen.apparent, place.pixel)

@@ -9,6 +9,7 @@
 #include "scene/bodies/body_globes.h"
 #include "scene/bodies/body_tests.h"
 #include "scene/display/labels.h"
+#include "scene/display/sky_colours.h"
 #include "scene/eclipse.h"
 
 namespace scene {
@@ -50,8 +51,9 @@ class BodyMarks {
 
   void Clear();
 
-  // The farthest body first: discs with their phase, dots, comets with a tail away from the Sun.
-  void Draw(DisplayList& list) const;
+  // The farthest body first: discs with their phase, dots, comets with a tail away from the Sun. Air shines
+  // before the night side of a body as it does beside it.
+  void Draw(const SkyColours& sky, DisplayList& list) const;
 
   const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
   const DrawnBody* Find(int body) const;                              // null when it is not drawn

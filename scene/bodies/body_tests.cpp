@@ -21,11 +21,12 @@ constexpr double kMargin = 40.0;         // where the tail of a comet may still 
 }  // namespace
 
 BodyTests::BodyTests(const BodyModel& model, const ViewGeometry& geometry, const ObserverFrame& observer,
-                     const ShownKinds& shown, const ObjectFilters& filters)
+                     const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light)
     : m_Model(model),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
+      m_Light(light),
       m_StarLimits(geometry.camera, FourCC("star")),
       m_Kinds{{{FourCC("plnt"), ClassLimits(geometry.camera, FourCC("plnt")), filters.Get(FourCC("plnt"))},
                {FourCC("moon"), ClassLimits(geometry.camera, FourCC("moon")), filters.Get(FourCC("moon"))},
@@ -51,23 +52,37 @@ bool BodyTests::HasMagnitude(int body) const {
   return m_Model.GetBodies()[static_cast<std::size_t>(body)].id.kind != FourCC("scft");
 }
 
-double BodyTests::GetSymbolRadius(int body) const {
+double BodyTests::GetSymbolRadius(int body, float dim) const {
   if (body == kSunBody) return kSunRadius * m_Geometry.unit;
   if (body == kMoonBody) return kMoonRadius * m_Geometry.unit;
   const auto index = static_cast<std::size_t>(body);
   if (!HasMagnitude(body)) return kSatellite * m_Geometry.unit;
-  const float code = m_Model.GetStates()[index].code;
+  constexpr float kSmaller = 0.5f;  // as stars
+  const float code = m_Model.GetStates()[index].code + kSmaller * dim;
   const SSO_ID& id = m_Model.GetBodies()[index].id;
   const double largest = id.kind == FourCC("moon") ? kLargestMoonDot : kLargestDot;
   return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), largest);
 }
 
-// A body is seen as soon as its upper limb is.
-bool BodyTests::IsAboveHorizon(const BodyState& state) const {
-  if (!m_Shown.horizon || !m_Observer.horizon) return true;
+double BodyTests::GetSine(const BodyState& state) const {
+  if (!m_Observer.horizon) return 1.0;
   const double* zenith = m_Observer.reduction + 6;
   const double* v = state.seen.apparent;
-  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2] >= -std::sin(state.seen.angularRadius);
+  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2];
+}
+
+// A body is seen as soon as its upper limb is.
+bool BodyTests::IsAboveHorizon(const BodyState& state) const {
+  if (!m_Shown.horizon) return true;
+  return GetSine(state) >= -std::sin(state.seen.angularRadius);
+}
+
+// The Sun and the Moon are seen under any sky.
+float BodyTests::FindDim(int body, const tPoint<double>& pixel) const {
+  if (!HasMagnitude(body) || body == kSunBody || body == kMoonBody) return 0.0f;
+  const auto index = static_cast<std::size_t>(body);
+  return m_Light.FindDim(GetLimits(m_Model.GetBodies()[index].id.kind), pixel,
+                         GetSine(m_Model.GetStates()[index]));
 }
 
 double BodyTests::FindDistanceToPlanet(int moon, const tPoint<double>& place) const {
@@ -76,9 +91,10 @@ double BodyTests::FindDistanceToPlanet(int moon, const tPoint<double>& place) co
   if (!astro::IsMoonOfPlanet(id) || id.number == kMoonNumber) return kFar;
   const int planet = FindBody(m_Model.GetBodies(), astro::PlanetOfMoon(id));
   const BodyState& state = m_Model.GetStates()[static_cast<std::size_t>(planet)];
-  const double symbol = GetSymbolRadius(planet);
-  if (!state.known || GetTrueRadius(state) > symbol) return kFar;
+  if (!state.known) return kFar;
   const tPoint<double> p = m_Geometry.Project(MakeDirection(state.seen.apparent), SkyFrameOf::kJ2000);
+  const double symbol = GetSymbolRadius(planet, FindDim(planet, p));
+  if (GetTrueRadius(state) > symbol) return kFar;
   return std::hypot(place.x - p.x, place.y - p.y) - symbol;
 }
 
@@ -99,7 +115,10 @@ unsigned BodyTests::Test(int index, ObjectPlace& place) const {
   if (ends(!IsAboveHorizon(state), kBelowHorizon)) return obstacles;
   place.apparent = MakeDirection(state.seen.apparent);
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index));
+  place.dim = FindDim(index, place.pixel);
+  const bool above = (obstacles & kBelowHorizon) == 0;
+  if (ends(above && SkyLight::Hides(kind.limits, state.code, place.dim), kSkyTooBright)) return obstacles;
+  place.radius = std::max(GetTrueRadius(state), GetSymbolRadius(index, place.dim));
   if (ends(!m_Geometry.IsInside(place.pixel, place.radius + kMargin * m_Geometry.unit), kOutside))
     return obstacles;
   ends(FindDistanceToPlanet(index, place.pixel) < kLeastApart * m_Geometry.unit, kBesidePlanet);

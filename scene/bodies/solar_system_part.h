@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+
 #include "scene/bodies/body_marks.h"
 #include "scene/bodies/body_tests.h"
 #include "scene/bodies/orbit_paths.h"
@@ -20,19 +22,24 @@ class SolarSystemPart {
 
   void FetchTexts() { m_Marks.FetchTexts(); }
 
-  // Keeps labels off the bodies. Allocates nothing.
+  // Where everything stands, before anything else of the frame. None of it allocates.
+  void Observe(const ViewGeometry& geometry);
+  // What lights the sky; nothing when it was not observed from the Earth or the model has no Sun or Moon
+  // then.
+  std::optional<SkySources> FindSources(const ObserverFrame& observer) const;
+  // Keeps labels off the bodies.
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
-               const ObjectFilters& filters, LabelPlacer& labels);
+               const ObjectFilters& filters, const SkyLight& light, LabelPlacer& labels);
 
   // Labels what Compute has found, and the passes of satellites.
   void PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
-                   const ObjectFilters& filters, LabelPlacer& labels);
+                   const ObjectFilters& filters, const SkyLight& light, LabelPlacer& labels);
 
   void DrawOrbits(DisplayList& list) const { m_Orbits.Draw(list); }
   // The paths of satellites under the bodies.
-  void DrawBodies(DisplayList& list) const {
+  void DrawBodies(const SkyColours& sky, DisplayList& list) const {
     m_Passes.Draw(list);
-    m_Marks.Draw(list);
+    m_Marks.Draw(sky, list);
   }
 
   // Whether the last frame was seen from the Earth, so that the model stands at its moment.

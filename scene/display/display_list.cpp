@@ -19,6 +19,7 @@ void DisplayList::Begin(int width, int height, double unit) {
   m_Polygons.clear();
   m_Gradients.clear();
   m_Texts.clear();
+  m_Meshes.clear();
   m_Rings.clear();
   m_Vertices.clear();
   m_TextBytes.clear();
@@ -95,6 +96,15 @@ void DisplayList::AddArea(Layer layer, PolygonRecord area) {
   Note(RecordType::kPolygon, layer, static_cast<int>(m_Polygons.size()));
 }
 
+void DisplayList::AddMesh(Layer layer, MeshRecord mesh) {
+  const int end = static_cast<int>(m_Colours.size());
+  mesh.firstColour = m_OpenColour;
+  mesh.rows = mesh.columns > 0 ? (end - m_OpenColour) / mesh.columns : 0;
+  m_OpenColour = end;
+  m_Meshes.push_back(mesh);
+  Note(RecordType::kMesh, layer, static_cast<int>(m_Meshes.size()));
+}
+
 void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
   text.first = static_cast<int>(m_TextBytes.size());
   text.length = static_cast<int>(utf8.size());
@@ -115,6 +125,7 @@ void DisplayList::Reserve(const Capacity& capacity) {
   m_Polygons.reserve(capacity.polygons);
   m_Gradients.reserve(capacity.gradients);
   m_Texts.reserve(capacity.texts);
+  m_Meshes.reserve(capacity.meshes);
   m_Rings.reserve(capacity.rings);
   m_Vertices.reserve(capacity.vertices);
   m_TextBytes.reserve(capacity.textBytes);

@@ -177,7 +177,7 @@ int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double siz
   return index;
 }
 
-void LabelPlacer::Draw(DisplayList& list) const {
+void LabelPlacer::Draw(double strength, DisplayList& list) const {
   for (const Label& label : m_Labels) {
     TextRecord text = {};
     text.x = static_cast<float>(label.place.x);
@@ -185,7 +185,7 @@ void LabelPlacer::Draw(DisplayList& list) const {
     text.anchor = static_cast<float>(label.anchor);
     text.size = static_cast<float>(label.size);
     text.style = GetStyle(label.kind);
-    text.colour = ToRgba(GetColour(label.kind));
+    text.colour = ToRgba(GetColour(label.kind), label.kind == LabelKind::kConstellation ? strength : 1.0);
     text.object = label.object;
     list.AddText(Layer::kLabels, text, label.text);
   }

@@ -71,8 +71,8 @@ class LabelPlacer {
   // about a line of text farther away.
   int PlaceNear(const char* text, const tPoint<double>& p, double size, LabelKind kind, ObjectRef object,
                 int rings);
-  // Puts the text inside the window at the point of its edge where a line leaves it, above the line at the left and
-  // the right edge, right of it at the others. At a point inside: as PlaceCentred.
+  // Puts the text inside the window at the point of its edge where a line leaves it, above the line at the
+  // left and the right edge, right of it at the others. At a point inside: as PlaceCentred.
   int PlaceAtEdge(const char* text, const tPoint<double>& p, double size, LabelKind kind);
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
@@ -81,7 +81,8 @@ class LabelPlacer {
   int Find(const char* text, LabelKind kind) const;
 
   const std::vector<Label>& GetLabels() const { return m_Labels; }
-  void Draw(DisplayList& list) const;
+  // `strength`: what the sky leaves of the names of constellations, 0 to 1.
+  void Draw(double strength, DisplayList& list) const;
 
   static constexpr int kMaxLabels = 600;
   static constexpr int kMaxBoxes = 2000;  // labels and reserved places; a later place is not kept free

@@ -67,6 +67,7 @@ inline constexpr Colour kGalaxy = {0.93, 0.60, 0.66, 0.9}, kCluster = {0.90, 0.8
 inline constexpr Colour kNebulaLevels[] = {
     {0.47, 0.83, 0.70, 0.016}, {0.55, 0.88, 0.76, 0.018}, {0.75, 0.96, 0.88, 0.026}};
 
+inline constexpr Colour kCorona = {0.93, 0.95, 1.00, 1.0};
 inline constexpr Colour kSun = {1.00, 0.93, 0.72, 1.0}, kMoon = {0.93, 0.92, 0.88, 1.0};
 // Mercury to Pluto, as the eye has them.
 inline constexpr Colour kPlanets[] = {

@@ -25,6 +25,7 @@ namespace scene {
 struct FrameParts {
   explicit FrameParts(const SkyCatalogs& catalogs);
 
+  SkyLight light;
   LabelPlacer labels;
   CaptionBlock caption;
   MarkerMarks markers;

@@ -52,14 +52,17 @@ void MilkyWayPicture::Compute(const ViewGeometry& geometry, bool shown) {
   }
 }
 
-void MilkyWayPicture::Draw(DisplayList& list) const {
+void MilkyWayPicture::Draw(double strength, DisplayList& list) const {
+  if (!(strength > 0.0)) return;
   constexpr double kLeastStep = 2.0;  // pixels; the edge is soft
   for (std::size_t level = 0; level < m_Levels.size(); ++level) {
     const RegionPicture& region = m_Levels[level];
     if (region.points.empty() && !region.holdsOutside) continue;
+    Colour edge = palette::kMilkyWay[level];
+    edge.opacity *= strength;
     AddRegion(region, kLeastStep, list);
     PolygonRecord area = {};
-    SetSoftColour(palette::kMilkyWay[level], 2.0f * list.GetUnit(), area);
+    SetSoftColour(edge, 2.0f * list.GetUnit(), area);
     list.AddArea(Layer::kMilkyWay, area);
   }
 }

@@ -19,7 +19,8 @@ class MilkyWayPicture {
   // Empties the picture and, where it is shown, fills it in.
   void Compute(const ViewGeometry& geometry, bool shown);
 
-  void Draw(DisplayList& list) const;
+  // `strength`: what the sky leaves of it, 0 to 1.
+  void Draw(double strength, DisplayList& list) const;
 
   const std::vector<RegionPicture>& GetLevels() const { return m_Levels; }  // 1 to 5, faintest first
 

@@ -84,7 +84,8 @@ bool NebulaClouds::IsFormed(int object) const {
   });
 }
 
-void NebulaClouds::Draw(DisplayList& list) const {
+void NebulaClouds::Draw(double strength, DisplayList& list) const {
+  if (!(strength > 0.0)) return;
   constexpr double kLeastStep = 1.0;  // pixels; the edge is soft
   constexpr float kSoftness = 0.4f;
   for (const Cloud& cloud : m_Clouds) {
@@ -95,7 +96,7 @@ void NebulaClouds::Draw(DisplayList& list) const {
       area.object = {entry.kind, entry.number};
     }
     Colour colour = palette::kNebulaLevels[cloud.level - 1];
-    colour.opacity *= static_cast<double>(cloud.opacity);
+    colour.opacity *= strength * static_cast<double>(cloud.opacity);
     SetSoftColour(colour, kSoftness * list.GetUnit(), area);
     AddRings(m_Picture, cloud.firstRing, cloud.ringCount, kLeastStep, list);
     list.AddArea(Layer::kDeepsky, area);

@@ -23,7 +23,8 @@ class NebulaClouds {
                const ShownKinds& shown);
 
   // Each level a faint area with a soft edge, the brighter ones over the fainter; each names its object.
-  void Draw(DisplayList& list) const;
+  // `strength`: what the sky leaves of them, 0 to 1.
+  void Draw(double strength, DisplayList& list) const;
 
   // An area of the picture: rings of GetPicture.
   struct Cloud {

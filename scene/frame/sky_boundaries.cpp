@@ -56,11 +56,12 @@ void SkyBoundaries::AddStretch(const DrawnLine& stretch, bool goesOn) {
   ++m_Lines.back().count;
 }
 
-void SkyBoundaries::Draw(DisplayList& list) const {
+void SkyBoundaries::Draw(double strength, DisplayList& list) const {
+  if (!(strength > 0.0)) return;
   PolylineRecord style = {};
   style.width = 0.8f * list.GetUnit();
   style.dash = 4.0f * list.GetUnit();
-  style.colour = ToRgba(palette::kBoundary);
+  style.colour = ToRgba(palette::kBoundary, strength);
   for (const Line& line : m_Lines) {
     for (int i = line.first; i < line.first + line.count; ++i) {
       const auto& p = m_Points[static_cast<std::size_t>(i)];

@@ -22,7 +22,8 @@ class SkyBoundaries {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
                bool shown);
 
-  void Draw(DisplayList& list) const;
+  // `strength`: what the sky leaves of lines, 0 to 1.
+  void Draw(double strength, DisplayList& list) const;
 
   // A line in the window, pixels, y up: `count` points from `first` on.
   struct Line {

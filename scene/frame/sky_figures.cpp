@@ -86,10 +86,10 @@ int SkyFigures::FindMiddle(const ViewGeometry& geometry, const ObjectTests& test
   return middle;
 }
 
-void SkyFigures::Draw(DisplayList& list) const {
+void SkyFigures::Draw(double strength, DisplayList& list) const {
   PolylineRecord line = {};
   line.width = 1.0f * list.GetUnit();
-  line.colour = ToRgba(palette::kFigure);
+  line.colour = ToRgba(palette::kFigure, strength);
   for (const auto& [stretch, constellation] : m_Lines) {
     line.object = constellation;
     list.AddVertex(stretch.from.x, list.GetHeight() - stretch.from.y);

@@ -28,7 +28,8 @@ class SkyFigures {
   // nearest to the middle of the picture chooses first and looks farther.
   void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
 
-  void Draw(DisplayList& list) const;
+  // `strength`: what the sky leaves of the lines, 0 to 1.
+  void Draw(double strength, DisplayList& list) const;
 
   const std::vector<FigureLine>& GetLines() const { return m_Lines; }  // inside the window
 

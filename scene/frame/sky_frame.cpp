@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "scene/display/palette.h"
 #include "scene/frame/frame_parts.h"
+#include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {
@@ -23,14 +23,15 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.globes = catalogs.bodies.size();
-  capacity.colours = kRingColours;
+  capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows;
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
-  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() + catalogs.bounds.GetPointCount() +
-                       kOverlays + kGridLines;
+  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() +
+                       catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
+  capacity.meshes = 1;
   capacity.rings = catalogs.milkyWay.size() + nebulae.rings.size() + kOverlays;
   capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
                       2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
@@ -41,44 +42,33 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   return capacity;
 }
 
-void DrawBackground(DisplayList& list) {
-  const float width = static_cast<float>(list.GetWidth()), height = static_cast<float>(list.GetHeight());
-  const Rgba foot = ToRgba(palette::kSkyFoot);
-  list.Add(Layer::kBackground, GradientRecord{{0.0f, width, width, 0.0f},
-                                              {0.0f, 0.0f, height, height},
-                                              0.0f,
-                                              0.0f,
-                                              0.0f,
-                                              height,
-                                              1.0f,
-                                              ToRgba(palette::kSkyTop),
-                                              foot,
-                                              foot,
-                                              {}});
-}
-
 // What lies lowest first.
 void Draw(FrameParts& parts) {
   DisplayList& list = parts.list;
-  DrawBackground(list);
-  parts.milkyWay.Draw(list);
-  parts.horizon.DrawHaze(list);
+  const double lines = parts.light.GetLineStrength();
+  if (parts.light.IsNatural()) {
+    DrawNaturalSky(parts.light, list);
+  } else {
+    DrawPlainSky(list);
+  }
+  parts.milkyWay.Draw(parts.light.GetGlowStrength(), list);
+  parts.horizon.DrawHaze(parts.light.GetGlowStrength(), list);
   parts.grids.Draw(list);
-  parts.boundaries.Draw(list);
-  parts.figures.Draw(list);
+  parts.boundaries.Draw(lines, list);
+  parts.figures.Draw(lines, list);
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
-  parts.nebulae.Draw(list);
-  parts.objects.DrawDeepsky(parts.nebulae, list);
+  parts.nebulae.Draw(lines, list);
+  parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
-  parts.solarSystem.DrawBodies(list);
-  parts.horizon.DrawGround(list);
+  parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
+  parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
   parts.radiants.Draw(list);
   parts.favourites.Draw(list);
   parts.caption.DrawGround(list);
   parts.horizon.DrawCompass(list);
   parts.markers.Draw(list);
-  parts.labels.Draw(list);
+  parts.labels.Draw(lines, list);
 }
 
 }  // namespace
@@ -134,7 +124,14 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   FrameParts& parts = *m_Parts;
   LabelPlacer& labels = parts.labels;
   labels.Begin(geometry.width, geometry.height);
-  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters);
+  parts.solarSystem.Observe(geometry);
+  const auto sources = shown.naturalSky ? parts.solarSystem.FindSources(observer) : std::nullopt;
+  if (sources) {
+    parts.light.Compute(geometry, *sources);
+  } else {
+    parts.light.SetPlain();
+  }
+  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
   parts.caption.Place(geometry, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, shown.milkyWay);
@@ -146,11 +143,11 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.figures.Compute(geometry, observer, tests);
   parts.nebulae.Compute(geometry, observer, tests, shown);
   parts.objects.Compute(geometry, tests);
-  parts.solarSystem.Compute(geometry, observer, shown, filters, labels);
+  parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, labels);
   parts.favourites.Compute(geometry, tests, labels);
   parts.radiants.Compute(geometry, observer, tests, labels);
   parts.imageFrames.Compute(geometry, observer, tests, labels);
-  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, labels);
+  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
@@ -165,6 +162,9 @@ const BodyModel& SkyFrame::GetBodies() const { return m_Parts->solarSystem.GetMo
 const EclipseShadows& SkyFrame::GetEclipses() const { return m_Parts->solarSystem.GetShadows(); }
 bool SkyFrame::IsBodyDrawn(int body) const { return m_Parts->solarSystem.GetMarks().Find(body) != nullptr; }
 bool SkyFrame::IsSunlit(int body) const { return m_Parts->solarSystem.GetPasses().IsSunlitNow(body); }
+ClassLimits SkyFrame::GetDrawnLimits(const ClassLimits& limits) const {
+  return limits.Dimmed(m_Parts->light.FindLeastDim(limits));
+}
 bool SkyFrame::IsPoolExhausted() const { return m_Parts->objects.IsPoolExhausted(); }
 
 }  // namespace scene

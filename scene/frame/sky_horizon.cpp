@@ -68,28 +68,31 @@ void SkyHorizon::AddCompass(const ViewGeometry& geometry, LabelPlacer& labels) {
   }
 }
 
-void SkyHorizon::DrawHaze(DisplayList& list) const {
+void SkyHorizon::DrawHaze(double strength, DisplayList& list) const {
   constexpr double kLeastStep = 0.5;  // pixels
+  if (!(strength > 0.0)) return;
+  Colour haze = palette::kHaze;
+  haze.opacity *= strength;
   for (const auto& band : m_Haze) {
     if (band.ringEnds.empty()) continue;
     AddRegion(band, kLeastStep, list);
     PolygonRecord area = {};
-    area.colour = ToFaintRgba(palette::kHaze);
+    area.colour = ToFaintRgba(haze);
     list.AddArea(Layer::kHaze, area);
   }
 }
 
-void SkyHorizon::DrawGround(DisplayList& list) const {
+void SkyHorizon::DrawGround(const Rgba& colour, double strength, DisplayList& list) const {
   constexpr double kLeastStep = 0.5;  // pixels
   if (m_Ground.ringEnds.empty()) return;
   AddRegion(m_Ground, kLeastStep, list);
   PolygonRecord area = {};
-  area.colour = ToRgba(palette::kGround);
+  area.colour = colour;
   list.AddArea(Layer::kGround, area);
   if (!m_WithLine) return;
   PolylineRecord edge = {};
   edge.width = 1.3f * list.GetUnit();
-  edge.colour = ToRgba(palette::kGroundEdge);
+  edge.colour = ToRgba(palette::kGroundEdge, 0.3 + 0.7 * strength);
   AddOutlines(m_Ground, kLeastStep, Layer::kGround, edge, list);
 }
 

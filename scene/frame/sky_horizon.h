@@ -34,8 +34,9 @@ class SkyHorizon {
   // stands in the sky; they stay valid until the next FetchTexts.
   void Compute(const ViewGeometry& geometry, const HorizonParts& wanted, LabelPlacer& labels);
 
-  void DrawHaze(DisplayList& list) const;
-  void DrawGround(DisplayList& list) const;
+  // `strength`: what the sky leaves of the haze and of the line along the ground, 0 to 1.
+  void DrawHaze(double strength, DisplayList& list) const;
+  void DrawGround(const Rgba& colour, double strength, DisplayList& list) const;
   void DrawCompass(DisplayList& list) const;
 
   const RegionPicture& GetGround() const { return m_Ground; }

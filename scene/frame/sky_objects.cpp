@@ -98,7 +98,7 @@ void SkyObjects::AddStars(const ViewGeometry& geometry, const ObjectTests& tests
   m_TileStars.Find(geometry, tests);
   std::size_t next = 0;
   ObjectPlace place;
-  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= limits.draw; ++i) {
+  for (int i = 0; i < stars.GetCount() && stars.GetCode(i) <= tests.GetFaintestStar(); ++i) {
     if (!tests.IsStarDrawn(i, place)) continue;
     while (next < m_TileStars.GetCount() && m_TileStars.Get(next).star.GetCode() < stars.GetCode(i))
       AddTileStar(geometry, m_TileStars.Get(next++), limits);
@@ -111,8 +111,8 @@ void SkyObjects::AddBrightStar(const ViewGeometry& geometry, const ObjectPlace& 
                                const ClassLimits& limits) {
   const StarCatalog& stars = m_Catalogs.stars;
   if (auto* output = MakeStarOutput(geometry, place.pixel, place.radius)) {
-    m_Stars.push_back(
-        {output, star, stars.GetNumber(star), limits.Opacity(stars.GetCode(star)), stars.GetSpectrum(star)});
+    m_Stars.push_back({output, star, stars.GetNumber(star), limits.Opacity(stars.GetCode(star) + place.dim),
+                       stars.GetSpectrum(star)});
   }
 }
 
@@ -120,8 +120,8 @@ void SkyObjects::AddTileStar(const ViewGeometry& geometry, const PlacedTileStar&
                              const ClassLimits& limits) {
   const StarTileRecord& star = placed.star;
   if (auto* output = MakeStarOutput(geometry, placed.pixel, placed.radius)) {
-    m_Stars.push_back(
-        {output, -1, star.GetNumber(), limits.Opacity(star.GetCode()), GetClassOfColour(star.GetColour())});
+    m_Stars.push_back({output, -1, star.GetNumber(), limits.Opacity(star.GetCode() + placed.dim),
+                       GetClassOfColour(star.GetColour())});
   }
 }
 
@@ -167,8 +167,8 @@ void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlac
   output->m_MajorSize = static_cast<float>(2.0 * major);
   output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
   output->m_SymbolDrawn = output->m_Drawn = true;
-  m_Deepsky.push_back(
-      {output, object, limits.Opacity(entry.code), FindSymbolAngle(geometry, place, entry.positionAngle)});
+  m_Deepsky.push_back({output, object, limits.Opacity(entry.code + place.dim),
+                       FindSymbolAngle(geometry, place, entry.positionAngle)});
 }
 
 // The label as the catalog has it, or with the magnitude behind it while there is room for such texts.

@@ -34,8 +34,9 @@ class SkyObjects {
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
   // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond; ellipses
-  // and boxes lie as the objects do. A nebula whose outline has its form already has no box.
-  void DrawDeepsky(const NebulaClouds& clouds, DisplayList& list) const;
+  // and boxes lie as the objects do. A nebula whose outline has its form already has no box. `strength`: what
+  // the sky leaves of symbols, 0 to 1.
+  void DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const;
   // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
   // so that a bright star lies over its neighbours.
   void DrawStars(DisplayList& list) const;

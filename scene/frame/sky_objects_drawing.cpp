@@ -52,13 +52,13 @@ double GetBoxAngle(const DrawnDeepsky& drawn, const DeepskyObject& object) {
   return std::isnan(object.positionAngle) ? 0.0 : static_cast<double>(drawn.angle);
 }
 
-void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayList& list) {
+void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, double strength, DisplayList& list) {
   const auto& output = *drawn.output;
   const float x = output.m_Place.x, y = static_cast<float>(list.GetHeight()) - output.m_Place.y;
   const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize,
               width = 1.1f * list.GetUnit();
   const LabelKind kind = LabelKindOfDeepsky(object.kind);
-  const Rgba colour = ToRgba(GetSymbolColour(kind), static_cast<double>(drawn.opacity));
+  const Rgba colour = ToRgba(GetSymbolColour(kind), strength * static_cast<double>(drawn.opacity));
   const ObjectRef ref = {object.kind, object.number};
   if (kind == LabelKind::kGalaxy) {
     list.Add(Layer::kDeepsky, EllipseRecord{x, y, major, std::min(minor, 0.75f * major), drawn.angle, width,
@@ -75,11 +75,11 @@ void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, DisplayL
 
 }  // namespace
 
-void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, DisplayList& list) const {
+void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const {
   for (const auto& drawn : m_Deepsky) {
     const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
     const bool isNebula = LabelKindOfDeepsky(object.kind) == LabelKind::kNebula;
-    if (!isNebula || !clouds.IsFormed(drawn.object)) DrawSymbol(drawn, object, list);
+    if (!isNebula || !clouds.IsFormed(drawn.object)) DrawSymbol(drawn, object, strength, list);
   }
 }
 

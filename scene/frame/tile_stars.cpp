@@ -40,7 +40,7 @@ void TileStars::Find(const ViewGeometry& geometry, const ObjectTests& tests) {
 void TileStars::AddBand(const StarTiles& tiles, int band, const ViewGeometry& geometry,
                         const ObjectTests& tests) {
   const StarTileBand& stars = tiles.GetBand(band);
-  if (!tests.AreStarsShown() || stars.brightest > tests.GetStarLimits().draw) return;
+  if (!tests.AreStarsShown() || stars.brightest > tests.GetFaintestStar()) return;
   const StarReach reach = tests.GetStarReach(stars.maxMotion, stars.brightest);
   astro::VisitHealpixCone(stars.order, geometry.centreJ2000.v, reach.angle,
                           [&](std::uint32_t first, std::uint32_t last) {
@@ -51,14 +51,15 @@ void TileStars::AddBand(const StarTiles& tiles, int band, const ViewGeometry& ge
 
 // A cell begins with its brightest star.
 void TileStars::AddCell(const StarTileRecords& stars, const StarReach& reach, const ObjectTests& tests) {
-  const float limit = tests.GetStarLimits().draw;
+  const float limit = tests.GetFaintestStar();
   ObjectPlace place;
   for (std::uint32_t i = 0; i < stars.GetCount(); ++i) {
     const StarTileRecord star = stars[i];
     if (star.GetCode() > limit || star.GetMillimagnitudes() >= m_TooFaint) return;
     if (!tests.IsStarDrawn(star, reach, place)) continue;
     if (m_Placed.size() == m_Placed.capacity()) LeaveOutFaintest();
-    if (star.GetMillimagnitudes() < m_TooFaint) m_Placed.push_back({star, place.pixel, place.radius});
+    if (star.GetMillimagnitudes() < m_TooFaint)
+      m_Placed.push_back({star, place.pixel, place.radius, place.dim});
   }
 }
 

@@ -16,9 +16,10 @@ struct PlacedTileStar {
   StarTileRecord star;
   tPoint<double> pixel;  // y up
   double radius;         // of its disc, pixels
+  float dim;             // codes by which the sky makes it look fainter
 };
 
-// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, in them
+// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, of the zoom and of the sky, in them
 // at the cells that the window touches, and there at the stars down to the limit, so that a frame costs what
 // it shows, whatever the catalogs hold.
 //

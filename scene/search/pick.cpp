@@ -34,6 +34,7 @@ class Probe {
   double To(const PolygonRecord& area) const;
   double To(const GradientRecord& gradient) const;
   double To(const TextRecord& text) const;
+  double To(const MeshRecord& mesh) const;
 
  private:
   double ToCircle(double x, double y, double radius) const {
@@ -122,6 +123,8 @@ double Probe::To(const TextRecord& text) const {
   return ToBox(left, text.y - kAscent * text.size, left + width, text.y + kDescent * text.size);
 }
 
+double Probe::To(const MeshRecord& mesh) const { return ToBox(mesh.left, mesh.top, mesh.right, mesh.bottom); }
+
 template <class Record>
 ObjectRef GetObject(const Record& record) {
   return record.object;
@@ -154,6 +157,8 @@ class Picker {
         return Visit(run, m_List.GetGradients());
       case RecordType::kText:
         return Visit(run, m_List.GetTexts());
+      case RecordType::kMesh:
+        return Visit(run, m_List.GetMeshes());
     }
   }
 

@@ -100,7 +100,8 @@ Case MakeConstellationCase(int index, const ObjectTests& tests, const ShownView&
 
 Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view) {
   const SolarSystemPart& part = view.frame.GetParts().solarSystem;
-  const BodyTests tests(part.GetModel(), geometry, view.observer, view.shown, view.filters);
+  const BodyTests tests(part.GetModel(), geometry, view.observer, view.shown, view.filters,
+                        view.frame.GetParts().light);
   const SkyBody& body = part.GetModel().GetBodies()[static_cast<std::size_t>(index)];
   const BodyState& state = part.GetModel().GetStates()[static_cast<std::size_t>(index)];
   Case made = {body.id.kind,
@@ -128,7 +129,8 @@ LabelFate FindLabelFate(const Case& object, const ShownKinds& shown) {
 
 Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const ShownView& view) {
   if (found.group == ObjectGroup::kBody) return MakeBodyCase(found.index, geometry, view);
-  const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters);
+  const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters,
+                          view.frame.GetParts().light);
   switch (found.group) {
     case ObjectGroup::kStar:
       return MakeStarCase(found.index, tests, view.frame);
@@ -153,6 +155,7 @@ Explanation Explain(const FoundObject& found, const ShownView& view) {
                      {},
                      object.code,
                      object.limits,
+                     object.place.dim,
                      {},
                      {},
                      {},
@@ -166,7 +169,8 @@ Explanation Explain(const FoundObject& found, const ShownView& view) {
     if (!filter.Passes(rule, object.traits)) why.rejecting.push_back(rule);
   }
   if (object.code) {
-    why.drawnFromZoom = FindLeastZoom(view.camera, object.kind, *object.code, LimitOf::kDrawing);
+    why.drawnFromZoom =
+        FindLeastZoom(view.camera, object.kind, *object.code + object.place.dim, LimitOf::kDrawing);
     why.labelFromZoom = FindLeastZoom(view.camera, object.kind, *object.code, LimitOf::kLabel);
   }
   if (object.obstacles & kNoPlace) return why;

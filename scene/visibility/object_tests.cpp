@@ -7,20 +7,25 @@
 namespace scene {
 namespace {
 
+// How far a dot shrinks that the sky makes fainter: not as far as it fades.
+constexpr float kSmaller = 0.5f;
 constexpr double kMargin = 20.0;  // pixels outside the window where an object's disc may still reach in
 
 }  // namespace
 
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
-                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters)
+                         const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters,
+                         const SkyLight& light)
     : m_Catalogs(catalogs),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
+      m_Light(light),
       m_Stars(catalogs.stars),
       m_Centre(geometry.centreJ2000),
       m_StarsShown(shown.stars),
       m_StarLimits(geometry.camera, FourCC("star")),
+      m_FaintestStar(m_StarLimits.draw - light.FindLeastDim(m_StarLimits)),
       m_StarFilter(filters.Get(FourCC("star"))),
       m_ConstellationFilter(filters.Get(FourCC("cnst"))),
       m_Deepsky{
@@ -63,11 +68,21 @@ double ObjectTests::StarRadius(float code) const {
   return m_Geometry.unit * GetDotRadius(m_StarLimits, code);
 }
 
+// What stands below the ground is not hidden by the sky.
+bool ObjectTests::IsHidden(const ClassLimits& limits, float code, unsigned obstacles,
+                           const ObjectPlace& place) {
+  return (obstacles & kBelowHorizon) == 0 && SkyLight::Hides(limits, code, place.dim);
+}
+
 // The third row of the reduction gives the sine of the altitude.
-bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
-  if (!m_Shown.horizon || !m_Observer.horizon) return true;
+double ObjectTests::GetSine(const Direction& apparent) const {
+  if (!m_Observer.horizon) return 1.0;
   const double* zenith = m_Observer.reduction + 6;
-  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2] >= 0.0;
+  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2];
+}
+
+bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
+  return !m_Shown.horizon || GetSine(apparent) >= 0.0;
 }
 
 template <bool kFirst, class Star>
@@ -79,7 +94,11 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   place.apparent = ApparentDirection(direction, star.GetMotion(), m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  place.radius = StarRadius(star.GetCode());
+  const float code = star.GetCode();
+  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, GetSine(place.apparent));
+  if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
+    return found.obstacles;
+  place.radius = StarRadius(code + kSmaller * place.dim);
   found.EndsWith(!m_Geometry.IsInside(place.pixel, place.radius), kOutside);
   return found.obstacles;
 }
@@ -102,7 +121,10 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   }
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
-  found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside);
+  if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
+  place.dim = m_Light.FindDim(kind.limits, place.pixel, GetSine(place.apparent));
+  const bool faded = m_Light.GetLineStrength() <= 0.0;
+  found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);
   return found.obstacles;
 }
 
@@ -113,7 +135,7 @@ bool ObjectTests::PassesConstellationFilter(int constellation) const {
 }
 
 bool ObjectTests::IsFigureDrawn(int constellation) const {
-  return m_Shown.figures && PassesConstellationFilter(constellation);
+  return m_Shown.figures && m_Light.GetLineStrength() > 0.0 && PassesConstellationFilter(constellation);
 }
 
 bool ObjectTests::IsConstellationShown(int constellation, ObjectPlace& place) const {
@@ -129,6 +151,7 @@ unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
   if (found.EndsWith(!m_Shown.constellationNames, kKindOff)) return found.obstacles;
   if (found.EndsWith(!m_ConstellationFilter.Passes(GetTraits(constellation)), kFiltered))
     return found.obstacles;
+  if (found.EndsWith(m_Light.GetLineStrength() <= 0.0, kSkyTooBright)) return found.obstacles;
   place.apparent = ApparentDirection(constellation.direction, m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);

@@ -17,6 +17,7 @@
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
 #include "scene/view/view_geometry.h"
+#include "scene/visibility/sky_light.h"
 
 namespace scene {
 
@@ -25,6 +26,7 @@ struct ObjectPlace {
   Direction apparent{};    // J2000
   tPoint<double> pixel{};  // y up
   double radius = 0.0;     // of a star's disc, pixels
+  float dim = 0.0f;        // codes by which the sky makes it look fainter
 };
 
 // How far from the view axis a star may stand in its catalogue and yet be seen in the window.
@@ -49,7 +51,7 @@ inline ObjectTraits GetTraits(const CatalogStar& star) { return star.stars.GetTr
 class ObjectTests {
  public:
   ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
-              const ShownKinds& shown, const ObjectFilters& filters);
+              const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light);
 
   bool IsStarDrawn(int star, ObjectPlace& place) const {
     return TestStar<true>(CatalogStar{m_Stars, star}, m_StarReach, place) == 0;
@@ -89,6 +91,9 @@ class ObjectTests {
 
   bool AreStarsShown() const { return m_StarsShown; }
   bool IsAboveHorizon(const Direction& apparent) const;
+  // No star of a larger code is drawn.
+  float GetFaintestStar() const { return m_FaintestStar; }
+  const SkyLight& GetLight() const { return m_Light; }
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
   float GetFaintestDeepskyCode() const;                 // up to which any kind is drawn
@@ -121,16 +126,21 @@ class ObjectTests {
     const ObjectFilter& filter;
   };
   const Deepsky& FindKind(int kind) const;
+  static bool IsHidden(const ClassLimits& limits, float code, unsigned obstacles, const ObjectPlace& place);
   double StarRadius(float code) const;
+  // Sine of the altitude; 1 where the view has no horizon.
+  double GetSine(const Direction& apparent) const;
 
   const SkyCatalogs& m_Catalogs;
   const ViewGeometry& m_Geometry;
   const ObserverFrame& m_Observer;
   const ShownKinds& m_Shown;
+  const SkyLight& m_Light;
   const StarCatalog& m_Stars;
   Direction m_Centre;  // the view axis, J2000
   bool m_StarsShown;
   ClassLimits m_StarLimits;
+  float m_FaintestStar;
   const ObjectFilter& m_StarFilter;
   const ObjectFilter& m_ConstellationFilter;
   std::array<Deepsky, 4> m_Deepsky;
@@ -145,6 +155,7 @@ unsigned ObjectTests::TestStar(const Star& star, const StarReach& reach, ObjectP
   Found<kFirst> found;
   if (found.EndsWith(!m_StarsShown, kKindOff)) return found.obstacles;
   if (found.EndsWith(star.GetCode() > m_StarLimits.draw, kTooFaint)) return found.obstacles;
+  if (kFirst && star.GetCode() > m_FaintestStar) return kSkyTooBright;
   const Direction& direction = star.GetDirection();
   if (found.EndsWith(Dot(direction, m_Centre) < reach.cosine, kOutside)) return found.obstacles;
   return TestStarPlace<kFirst>(star, direction, found, place);

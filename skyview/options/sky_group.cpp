@@ -28,12 +28,21 @@ constexpr OptionRow<ExtraOptions> kExtraRows[] = {
     {{"--frames-of", "constellations|deepsky|milkyway[,...]",
       "draw the outlines of these images of the sky; may be given again"},
      Times::kAgain,
-     ReadImageGroups}};
+     ReadImageGroups},
+    {{"--sky", "natural|none", "day, twilight and moonlight, which hide what is faint, or a black sky"},
+     Times::kOnce,
+     [](const std::string& text, ExtraOptions& extras) { return Put(ParseSkyKind(text), extras.sky); }}};
 
 }  // namespace
 
 const OptionGroup<SatelliteOptions> kSatelliteGroup = {"Satellites", kSatelliteRows, nullptr};
 const OptionGroup<ExtraOptions> kExtraGroup = {"What the sky shows besides", kExtraRows, nullptr};
+
+std::optional<SkyKind> ParseSkyKind(std::string_view text) {
+  if (text == "natural") return SkyKind::kNatural;
+  if (text == "none") return SkyKind::kNone;
+  return std::nullopt;
+}
 
 void TakeSky(CommandLine& line, SkyOptions& sky) {
   line.Take(kViewGroup, sky.view);

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"
@@ -19,10 +20,16 @@ struct SatelliteOptions {
   std::optional<std::string> tle;  // file of two-line elements
 };
 
+// Day, twilight and moonlight as they are, or a black sky that hides nothing.
+enum class SkyKind { kNatural, kNone };
+
+std::optional<SkyKind> ParseSkyKind(std::string_view text);
+
 struct ExtraOptions {
   bool showers = false;
   std::optional<OrbitRequest> orbits;
   unsigned framesOf = 0;  // a combination of ImageGroup
+  std::optional<SkyKind> sky;
 };
 
 // All that a shown sky follows from.

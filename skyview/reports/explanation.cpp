@@ -6,6 +6,7 @@
 
 #include "scene/zoom_range.h"
 #include "skyview/reports/filter_text.h"
+#include "skyview/reports/host_texts.h"
 #include "utils/messages.h"
 
 namespace skyview {
@@ -41,6 +42,13 @@ std::string DescribeFaintness(const scene::Explanation& why, double zoom) {
          DescribeMagnitude(why) + "; " + DescribeZoom(why.drawnFromZoom);
 }
 
+std::string DescribeSky(const scene::Explanation& why) {
+  if (!why.code || !(*why.code + why.dim > why.limits.draw))
+    return scene::ToUtf8(Localize(HostText::kHiddenByDaylight, {}));
+  return scene::ToUtf8(Localize(HostText::kHiddenBySky, {scene::MagnitudeOfCode(why.limits.draw - why.dim),
+                                                         scene::MagnitudeOfCode(*why.code)}));
+}
+
 std::string DescribeOutside(const scene::Explanation& why, bool horizon) {
   const char* where = why.fromCentre > 90.0 ? "behind the view" : "outside the picture";
   if (!horizon) return FormatText("%s, %.1f\u00B0 from its centre", where, why.fromCentre);
@@ -63,6 +71,7 @@ std::vector<std::string> ListReasons(const scene::Explanation& why, const scene:
     }
   }
   if (why.obstacles & scene::kTooFaint) reasons.push_back(DescribeFaintness(why, view.camera.GetZoom()));
+  if (why.obstacles & scene::kSkyTooBright) reasons.push_back(DescribeSky(why));
   if (why.obstacles & scene::kBelowHorizon) {
     reasons.push_back(FormatText("below the horizon: altitude %.1f\u00B0", why.standing.altitude));
   }

@@ -59,6 +59,8 @@ constexpr TextUse kHostTexts[] = {
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
     {900371, 900374, "", kMaxLength, true, "skyview: what is shown when neither view nor time is given"},
     {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},
+    {900431, 900431, "ff", kMaxLength, true, "skyview: hidden by the sky, its limit and the magnitude"},
+    {900432, 900432, "", kMaxLength, true, "skyview: hidden by daylight"},
 };
 
 }  // namespace

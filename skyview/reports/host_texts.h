@@ -83,6 +83,8 @@ enum class HostText : int {
   kChoseTonightThere,
   kChoseTonight,
   kChoseNow,
+  kHiddenBySky = 900431,  // why an object is not drawn: the limit there and its magnitude
+  kHiddenByDaylight
 };
 
 // What is done with each of them, ascending by identifier. Static data.

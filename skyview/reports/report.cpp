@@ -22,12 +22,14 @@ std::string Line(HostText text, std::initializer_list<CommonInterfaces::FormatAr
   return scene::ToUtf8(Localize(text, arguments)) + "\n";
 }
 
-// A line for each class.
-std::string FormatLimits(const Camera& camera, HostText format, const char* indent) {
+// A line for each class; in the sky of a frame when there is one.
+std::string FormatLimits(const Camera& camera, const scene::SkyFrame* frame, HostText format,
+                         const char* indent) {
   std::string lines;
   int text = static_cast<int>(HostText::kFirstClass);
   for (const int cls : kClasses) {
-    const scene::ClassLimits limits(camera, cls);
+    const scene::ClassLimits ofZoom(camera, cls);
+    const scene::ClassLimits limits = frame ? frame->GetDrawnLimits(ofZoom) : ofZoom;
     const std::string name = Localize(static_cast<HostText>(text++), {});
     lines +=
         indent + Line(format, {name.c_str(), scene::MagnitudeOfCode(limits.draw),
@@ -42,7 +44,7 @@ std::string MakeReport(const Camera& camera, const std::vector<std::string>& sta
                        const scene::SkyFrame& frame) {
   std::string report;
   for (const auto& text : status) report += text + "\n";
-  report += FormatLimits(camera, HostText::kMagnitudeLimits, "");
+  report += FormatLimits(camera, &frame, HostText::kMagnitudeLimits, "");
   report += Line(HostText::kStarsDrawn, {static_cast<int>(frame.GetStars().size())});
   report += Line(HostText::kDeepskyDrawn, {static_cast<int>(frame.GetDeepsky().size())});
   report += DescribeBodies(frame);
@@ -52,7 +54,7 @@ std::string MakeReport(const Camera& camera, const std::vector<std::string>& sta
 std::string MakeLimitsTable(Camera& camera) {
   const double own = camera.GetZoom();
   const auto list = [&camera](HostText heading) {
-    return Line(heading, {camera.GetZoom()}) + FormatLimits(camera, HostText::kLimitsOfClass, "  ");
+    return Line(heading, {camera.GetZoom()}) + FormatLimits(camera, nullptr, HostText::kLimitsOfClass, "  ");
   };
   std::string table = list(HostText::kZoomOfView);
   for (const double zoom : {0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0}) {

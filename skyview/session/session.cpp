@@ -229,6 +229,7 @@ void TakeOver(const SessionCapsule& capsule, ExtraOptions& extras) {
   if (!extras.orbits && !capsule.orbits.empty()) extras.orbits = ParseOrbits(capsule.orbits);
   extras.framesOf |= capsule.framesOf;
   extras.showers |= capsule.showers;
+  if (!extras.sky && capsule.plainSky) extras.sky = SkyKind::kNone;
 }
 
 void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std::vector<std::string>& lost) {
@@ -300,6 +301,7 @@ bool SaveSession(const std::string& path, const std::string& language, const Sky
   }
   capsule.framesOf = options.extras.framesOf;
   capsule.showers = options.extras.showers;
+  capsule.plainSky = options.extras.sky == SkyKind::kNone;
   if (options.extras.orbits) capsule.orbits = FormatOrbits(*options.extras.orbits);
   if (options.satellites.tle) capsule.tle = FindLasting(*options.satellites.tle);
   if (!FindChecksums(capsule, error)) return false;

@@ -52,6 +52,7 @@ class SessionReader {
     if (word == "mark") return TakeFavourite(value, m_Capsule.marks);
     if (word == "frames-of") return TakeFrames(value);
     if (word == "showers") return TakeShowers(value);
+    if (word == "sky") return TakeSky(value);
     if (word == "tle") return TakeText(value, m_HasTle, m_Capsule.tle);
     if (word == "orbits") return ParseOrbits(value) && TakeText(value, m_HasOrbits, m_Capsule.orbits);
     if (word == "marker") return TakeMarker(value);
@@ -93,6 +94,11 @@ class SessionReader {
   bool TakeShowers(std::string_view value) {
     if (value != "on" || m_Capsule.showers) return false;
     return m_Capsule.showers = true;
+  }
+
+  bool TakeSky(std::string_view value) {
+    if (value != "none" || m_Capsule.plainSky) return false;
+    return m_Capsule.plainSky = true;
   }
 
   static bool TakeFavourite(std::string_view value, std::vector<SessionFavourite>& list) {
@@ -167,6 +173,7 @@ std::string FormatSession(const SessionCapsule& capsule) {
   for (const auto& mark : capsule.marks) AppendLine("mark", FormatFavourite(mark), text);
   AppendLine("frames-of", FormatImageGroups(capsule.framesOf), text);
   AppendLine("showers", capsule.showers ? "on" : "", text);
+  AppendLine("sky", capsule.plainSky ? "none" : "", text);
   AppendLine("tle", capsule.tle, text);
   AppendLine("orbits", capsule.orbits, text);
   for (const auto& marker : capsule.markers) {

@@ -40,8 +40,9 @@ struct SessionCapsule {
   std::vector<SessionFavourite> marks;  // objects that the picture marks as favourites
   unsigned framesOf = 0;                // a combination of ImageGroup
   bool showers = false;
-  std::string tle;     // file of two-line elements, "": none
-  std::string orbits;  // as --orbits takes it, "": none
+  bool plainSky = false;  // else day, twilight and moonlight
+  std::string tle;        // file of two-line elements, "": none
+  std::string orbits;     // as --orbits takes it, "": none
   std::vector<DataVersion> data;
 };
 

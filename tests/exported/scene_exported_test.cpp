@@ -60,6 +60,19 @@ std::string Hex(const std::vector<Record>& records) {
   return text;
 }
 
+TEST(DisplayListBytes, AreThoseOfTheMesh) {
+  DisplayList list;
+  list.Begin(320, 200, 0.2);
+  for (const Rgba& colour : {Rgba{4, 6, 14, 255}, {4, 6, 14, 255}, {8, 12, 25, 255}, {8, 12, 25, 255}}) {
+    list.AddColour(colour);
+  }
+  list.AddMesh(Layer::kBackground, {0.0f, 0.0f, 320.0f, 200.0f, 2, 0, 0, {}});
+  EXPECT_EQ(Hex(list.GetRuns()), "08000000 00000000 00000000 01000000");
+  EXPECT_EQ(Hex(list.GetMeshes()),
+            "00000000 00000000 0000A043 00004843 02000000 02000000 00000000 00000000 00000000");
+  EXPECT_EQ(Hex(list.GetColours()), "04060EFF 04060EFF 080C19FF 080C19FF");
+}
+
 TEST(DisplayListBytes, AreThoseOfTheWorkedExample) {
   const DisplayList list = MakeExample();
   EXPECT_EQ(Hex(list.GetRuns()),

@@ -57,6 +57,16 @@ TEST_F(GlobeRecords, HalfIsLitOnTheSideOfTheSunAndTheNightKeepsTheDarkColour) {
   EXPECT_LT(picture.At(92, 50).red, picture.At(80, 50).red);
 }
 
+TEST_F(GlobeRecords, SkyShinesBeforeTheNight) {
+  GlobeRecord globe = MakeGlobe(-1.0f, 0.0f, 0.0f);
+  globe.air = {60, 90, 140, 255};
+  list.Add(Layer::kBodies, globe);
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(130, 50), (Pixel{60, 90, 140}));
+  EXPECT_GT(picture.At(70, 50).red, 240);
+  EXPECT_EQ(picture.At(70, 50).blue, 140) << "and before the day";
+}
+
 // By the formula: limb darkening of 0.6 leaves 0.4 + 0.6 mu, mu 0.6 at 0.8 of the radius; to the power of 0.6.
 TEST_F(GlobeRecords, LimbIsDarker) {
   GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
@@ -106,7 +116,8 @@ TEST_F(GlobeRecords, GlobeThrowsItsShadowOnTheRing) {
 }
 
 TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {
-  GlobeRecord globe = MakeGlobe(0.0f, -1.0f, 0.8660254f);  // 30 degrees above the ring's plane, which is seen edge-on
+  GlobeRecord globe =
+      MakeGlobe(0.0f, -1.0f, 0.8660254f);  // 30 degrees above the ring's plane, which is seen edge-on
   globe.ringInner = 1.05f;
   globe.ringOuter = 3.0f;
   const std::vector<Rgba> ring(64, {0, 255, 0, 255});

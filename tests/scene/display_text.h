@@ -77,6 +77,8 @@ class DisplayText {
     m_Text += FormatText(" flat %.3f limb %.2f map %d ring %.2f %.2f with %d colours,",
                          Round(globe.flattening, 3), Round(globe.limbDarkening, 2), globe.map,
                          Round(globe.ringInner, 2), Round(globe.ringOuter, 2), globe.ringColourCount);
+    m_Text += " air";
+    Colour(globe.air);
     Add(globe.disc);
   }
   void Add(const scene::ShadowRecord& shadow) {
@@ -125,6 +127,17 @@ class DisplayText {
       Colour(colour);
     Object(gradient.object);
   }
+  // The colours of a mesh, a line for each row.
+  void Add(const scene::MeshRecord& mesh) {
+    for (const float value : {mesh.left, mesh.top, mesh.right, mesh.bottom}) Number(value);
+    m_Text += FormatText(" nodes %d x %d", mesh.columns, mesh.rows);
+    Object(mesh.object);
+    for (int i = 0; i < mesh.columns * mesh.rows; ++i) {
+      if (i % mesh.columns == 0) m_Text += "   ";
+      Colour(m_List.GetColours()[static_cast<std::size_t>(mesh.firstColour + i)]);
+      if (i % mesh.columns == mesh.columns - 1) m_Text += "\n";
+    }
+  }
   void Add(const scene::TextRecord& text) {
     for (const float value : {text.x, text.y, text.anchor, text.size}) Number(value);
     m_Text += FormatText(" style %u", text.style);
@@ -161,6 +174,8 @@ class DisplayText {
         return AddRecords("gradients", run, m_List.GetGradients());
       case scene::RecordType::kText:
         return AddRecords("texts", run, m_List.GetTexts());
+      case scene::RecordType::kMesh:
+        return AddRecords("meshes", run, m_List.GetMeshes());
     }
   }
 

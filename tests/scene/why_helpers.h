@@ -15,6 +15,7 @@ class WhyFixture : public testing::Test {
   void Compute() {
     f.observer = scene::PrepareObserver(f.camera);
     f.shown = scene::ReadShownKinds(settings);
+    f.shown.naturalSky = naturalSky;
     filters.Refresh(settings);
     frame->Compute(f.camera, f.observer, f.shown, filters);
   }
@@ -31,6 +32,7 @@ class WhyFixture : public testing::Test {
   scene::ShownView GetView() { return {*frame, f.camera, f.observer, f.shown, filters, settings}; }
 
   FrameFixture f;
+  bool naturalSky = true;
   CommonInterfaces::SettingsData settings{1, FourCC("FLTR"), "nothing.data"};
   scene::ObjectFilters filters;
   scene::SkyCatalogs catalogs;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "common_interfaces/camera.h"
@@ -21,6 +22,16 @@ struct ClassLimits {
     constexpr float kFaintest = 0.3f;
     if (code <= full || draw <= full) return 1.0f;
     return 1.0f - (1.0f - kFaintest) * (code - full) / (draw - full);
+  }
+
+  // The limits where every object of the class looks fainter by so many codes. Names help to read: they go as
+  // far as objects are drawn.
+  ClassLimits Dimmed(float codes) const {
+    ClassLimits limits = *this;
+    limits.draw -= codes;
+    limits.full -= codes;
+    limits.label = std::min(limits.label, limits.draw);
+    return limits;
   }
 
   float draw;   // objects up to this code are drawn,

@@ -34,8 +34,8 @@ struct ObjectRef {
   bool operator==(const ObjectRef&) const = default;
 };
 
-// What lies together, in the order of painting: what is painted first lies lowest. Readers keep the numbers: frozen,
-// so that a layer that came later has a number out of the order.
+// What lies together, in the order of painting: what is painted first lies lowest. Readers keep the numbers:
+// frozen, so that a layer that came later has a number out of the order.
 enum class Layer : int {
   kBackground = 0,
   kMilkyWay = 1,
@@ -66,6 +66,7 @@ enum class RecordType : int {
   kPolygon = 5,
   kGradient = 6,
   kText = 7,
+  kMesh = 8,
   kGlobe = 9
 };
 
@@ -106,6 +107,8 @@ struct GlobeRecord {
   float ringInner, ringOuter;  // radii of a ring about the equator, units of the equator's; 0: no ring
   int firstRingColour, ringColourCount;  // of the colours, from the inner to the outer radius
   int map;                               // index of the map of its surface, -1: the colour of the disc
+  Rgba
+      air;  // what the sky before it shines with: no part of the ball is darker in any channel; its opacity is nothing
 };
 
 // A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of
@@ -165,6 +168,16 @@ struct GradientRecord {
   ObjectRef object;
 };
 
+// An area of colours that blend into each other: `columns` x `rows` nodes, evenly spread over the rectangle,
+// the outermost on its edges, row by row from the upper left one on. Between four nodes each channel is
+// interpolated linearly along x and along y.
+struct MeshRecord {
+  float left, top, right, bottom;
+  int columns, rows;  // 2 or more each
+  int firstColour;    // in the array of colours
+  ObjectRef object;
+};
+
 // Bits of TextRecord::style.
 enum TextStyle : unsigned { kItalicText = 1, kBoldText = 2 };
 
@@ -194,9 +207,10 @@ struct Run {
 static_assert(std::endian::native == std::endian::little, "records are read as bytes elsewhere");
 static_assert(sizeof(Rgba) == 4 && sizeof(ObjectRef) == 8 && sizeof(Glow) == 20 && sizeof(Vertex) == 8);
 static_assert(sizeof(PointRecord) == 44 && sizeof(DiscRecord) == 60 && sizeof(ShadowRecord) == 52);
-static_assert(sizeof(GlobeRecord) == 124);
+static_assert(sizeof(GlobeRecord) == 128);
 static_assert(sizeof(PolylineRecord) == 32 && sizeof(EllipseRecord) == 40 && sizeof(PolygonRecord) == 28);
 static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(TextRecord) == 40);
+static_assert(sizeof(MeshRecord) == 36);
 static_assert(sizeof(Run) == 16);
 
 // Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and
@@ -218,6 +232,7 @@ class SCENE_API DisplayList {
   const std::vector<PolygonRecord>& GetPolygons() const { return m_Polygons; }
   const std::vector<GradientRecord>& GetGradients() const { return m_Gradients; }
   const std::vector<TextRecord>& GetTexts() const { return m_Texts; }
+  const std::vector<MeshRecord>& GetMeshes() const { return m_Meshes; }
   const std::vector<RingRecord>& GetRings() const { return m_Rings; }
   const std::vector<Vertex>& GetVertices() const { return m_Vertices; }
   const std::vector<char>& GetTextBytes() const { return m_TextBytes; }
@@ -232,25 +247,28 @@ class SCENE_API DisplayList {
   void Begin(int width, int height, double unit);
 
   // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
-  // the record before; vertices without a ring stand for one.
+  // the record before; vertices without a ring stand for one. A mesh takes the colours added since the
+  // record that took some before, one for each node, of `columns` a row; a globe takes them as those of its
+  // ring.
   void AddVertex(double x, double y);
   void EndRing();
+  void AddColour(Rgba colour) { m_Colours.push_back(colour); }
   void Add(Layer layer, const PointRecord& point);
   void Add(Layer layer, const DiscRecord& disc);
-  // Takes the colours that were added since the record before as those of its ring.
   void Add(Layer layer, GlobeRecord globe);
-  void AddColour(Rgba colour) { m_Colours.push_back(colour); }
   void Add(Layer layer, const ShadowRecord& shadow);
   void Add(Layer layer, const EllipseRecord& ellipse);
   void Add(Layer layer, const GradientRecord& gradient);
   void AddLine(Layer layer, PolylineRecord line);
   void AddArea(Layer layer, PolygonRecord area);
+  void AddMesh(Layer layer, MeshRecord mesh);
   void AddText(Layer layer, TextRecord text, std::string_view utf8);
 
   // Room for so many records, so that frames up to that size allocate nothing.
   struct Capacity {
     std::size_t points = 0, discs = 0, shadows = 0, polylines = 0, ellipses = 0, polygons = 0, gradients = 0,
-                texts = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0, globes = 0, colours = 0;
+                texts = 0, meshes = 0, rings = 0, vertices = 0, textBytes = 0, runs = 0, globes = 0,
+                colours = 0;
   };
   void Reserve(const Capacity& capacity);
 
@@ -270,6 +288,7 @@ class SCENE_API DisplayList {
   std::vector<PolygonRecord> m_Polygons;
   std::vector<GradientRecord> m_Gradients;
   std::vector<TextRecord> m_Texts;
+  std::vector<MeshRecord> m_Meshes;
   std::vector<RingRecord> m_Rings;
   std::vector<Vertex> m_Vertices;
   std::vector<char> m_TextBytes;

@@ -36,6 +36,8 @@ class SCENE_API EclipseShadows {
   SolarEclipse GetSolarEclipse() const { return m_Solar.kind; }
   // The part of the Sun's diameter that the Moon covers, seen from the place; above 1 while it is total.
   double GetSolarMagnitude() const { return m_Solar.magnitude; }
+  // The part of the area of the Sun's disc that the Moon covers, seen from the place, 0 to 1.
+  double GetSolarObscuration() const { return m_Solar.obscuration; }
 
  private:
   CommonInterfaces::ObjectShadowMap m_Map;

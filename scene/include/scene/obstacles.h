@@ -12,6 +12,7 @@ enum Obstacle : unsigned {
   kBelowHorizon = 8,   // while a horizon is shown
   kOutside = 16,       // its disc or symbol does not reach into the window
   kNoPlace = 32,       // nobody can tell where the body is at that moment
+  kSkyTooBright = 64,  // the sky there, or the air low above the horizon, hides it
   kBesidePlanet = 128  // a moon that at this zoom falls together with the dot of its planet
 };
 

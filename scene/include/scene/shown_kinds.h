@@ -16,8 +16,8 @@ struct SkyLines {
   unsigned char galacticGrid = 0;                // "GalGrid": 1 the grid, 2 the equator alone
   unsigned char horizontalGrid = 0;              // "Grid"
   unsigned char meridian = 0;                    // "Meridian": 1 the meridian, 2 the prime vertical
-  // "Poles": 1 of the equator, with equinoxes and solstices, 2 of the ecliptic, 4 of the Galaxy, with its centre,
-  // 8 zenith and nadir, 16 the paths of the equator's poles through 26,000 years
+  // "Poles": 1 of the equator, with equinoxes and solstices, 2 of the ecliptic, 4 of the Galaxy, with its
+  // centre, 8 zenith and nadir, 16 the paths of the equator's poles through 26,000 years
   unsigned char points = 0;
 };
 
@@ -44,6 +44,9 @@ struct SCENE_API ShownKinds {
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
   bool noradNumbers = false;  // beside satellites, in place of names
+  // Day, twilight, moonlight and extinction for an observer on the Earth with a horizon; else a black sky
+  // that hides nothing.
+  bool naturalSky = true;
   SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};

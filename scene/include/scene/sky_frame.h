@@ -12,6 +12,7 @@
 #include "common_interfaces/marker_info.h"
 #include "scene/api.h"
 #include "scene/body_model.h"
+#include "scene/class_limits.h"
 #include "scene/display_list.h"
 #include "scene/drawn_objects.h"
 #include "scene/eclipse.h"
@@ -83,6 +84,8 @@ class SCENE_API SkyFrame {
   bool IsBodyDrawn(int body) const;
   bool IsSunlit(int body) const;  // of a satellite; true for any other body
   bool IsPoolExhausted() const;
+  // The limits of a class in the part of the window where the sky is darkest.
+  ClassLimits GetDrawnLimits(const ClassLimits& limits) const;
 
   const SkyCatalogs& GetCatalogs() const { return m_Catalogs; }
   // The parts of the frame, for the tests of visibility (scene/frame/frame_parts.h).

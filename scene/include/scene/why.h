@@ -45,6 +45,7 @@ struct Explanation {
   std::vector<FilterRule> rejecting;  // the rules of its section's filter that it does not pass
   std::optional<float> code;          // magnitude code; constellations and satellites have none
   ClassLimits limits;
+  float dim;                                           // codes by which the sky makes it look fainter
   std::optional<double> drawnFromZoom, labelFromZoom;  // of what has a code; nothing: at no zoom
   // Below, all zero with the obstacle kNoPlace.
   Standing standing;

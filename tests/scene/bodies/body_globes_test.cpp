@@ -54,7 +54,8 @@ TEST_F(BodyGlobesTest, MiddleOfTheDiscIsBelowTheObserver) {
     ASSERT_TRUE(globe && surface) << id.number;
     const float* m = globe->toBody;  // its third column is the way to the viewer
     const double longitude = std::atan2(m[5], m[2]), latitude = std::asin(m[8]);
-    EXPECT_NEAR(std::remainder(longitude - surface->observer.eastLongitude, 2.0 * kPi), 0.0, 1.02e-4) << id.number;
+    EXPECT_NEAR(std::remainder(longitude - surface->observer.eastLongitude, 2.0 * kPi), 0.0, 1.02e-4)
+        << id.number;
     EXPECT_NEAR(latitude, surface->observer.latitude, 1.02e-4) << id.number;
   }
 }
@@ -65,7 +66,9 @@ TEST_F(BodyGlobesTest, AxisPointsWhereItsPositionAngleSays) {
   const GlobeRecord* const globe = LookAt(Planet(5));
   ASSERT_TRUE(globe && surface);
   const ViewGeometry geometry(f.camera);
-  const double* apparent = f.frame.GetBodies().GetStates()[static_cast<std::size_t>(FindBody(f.catalogs.bodies, Planet(5)))].seen.apparent;
+  const double* apparent = f.frame.GetBodies()
+                               .GetStates()[static_cast<std::size_t>(FindBody(f.catalogs.bodies, Planet(5)))]
+                               .seen.apparent;
   double toDate[9], ofDate[3], ra = 0.0, dec = 0.0;
   PrecessionNutationMatrix(f.frame.GetBodies().GetMoment().julianDateTT, toDate);
   MV3prod(toDate, apparent, ofDate);
@@ -74,11 +77,13 @@ TEST_F(BodyGlobesTest, AxisPointsWhereItsPositionAngleSays) {
   Direction step;
   sfp(1.0, ra, dec + 1e-5, north);
   V3Mprod(north, toDate, step.v);
-  const auto here = geometry.Project(MakeDirection(apparent), SkyFrameOf::kJ2000), up = geometry.Project(step, SkyFrameOf::kJ2000);
+  const auto here = geometry.Project(MakeDirection(apparent), SkyFrameOf::kJ2000),
+             up = geometry.Project(step, SkyFrameOf::kJ2000);
   const double skyNorth = std::atan2(up.y - here.y, up.x - here.x);
   // Position angles count over east, which is to the left of north as seen from inside the sky.
   const double expected = skyNorth + surface->poleAngle;
-  const double drawn = std::atan2(-static_cast<double>(globe->toBody[7]), static_cast<double>(globe->toBody[6]));
+  const double drawn =
+      std::atan2(-static_cast<double>(globe->toBody[7]), static_cast<double>(globe->toBody[6]));
   EXPECT_NEAR(std::remainder(drawn - expected, 2.0 * kPi), 0.0, 1e-3);
 }
 
@@ -98,8 +103,9 @@ TEST_F(BodyGlobesTest, WithoutMapsTheDiscSaysTheColour) {
 
 // The profile in kilometres becomes Saturn's equatorial radii of 60268 km (Archinal et al. 2018).
 TEST_F(BodyGlobesTest, RingCountsInRadiiOfItsPlanet) {
-  f.sky.dir.Write("data/catalogs/saturn_ring.txt",
-                  "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n90402\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
+  f.sky.dir.Write(
+      "data/catalogs/saturn_ring.txt",
+      "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n90402\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
   const BodyGlobes globes(f.catalogs.bodies);
   EXPECT_EQ(globes.GetRing(), (std::vector<Rgba>{{10, 20, 30, 40}, {50, 60, 70, 80}}));
   EXPECT_NEAR(globes.GetRingInner(), 1.5, 1e-6);
@@ -107,8 +113,9 @@ TEST_F(BodyGlobesTest, RingCountsInRadiiOfItsPlanet) {
 }
 
 TEST_F(BodyGlobesTest, RingInsideItsPlanetIsNone) {
-  f.sky.dir.Write("data/catalogs/saturn_ring.txt",
-                  "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n30000\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
+  f.sky.dir.Write(
+      "data/catalogs/saturn_ring.txt",
+      "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n30000\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
   EXPECT_TRUE(BodyGlobes(f.catalogs.bodies).GetRing().empty());
 }
 
@@ -120,15 +127,16 @@ TEST_F(BodyGlobesTest, DamagedRingIsToldAndLeftOut) {
 }
 
 TEST_F(BodyGlobesTest, OnlySaturnHasTheRing) {
-  f.sky.dir.Write("data/catalogs/saturn_ring.txt",
-                  "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n90402\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
+  f.sky.dir.Write(
+      "data/catalogs/saturn_ring.txt",
+      "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n90402\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
   const BodyGlobes globes(f.catalogs.bodies);
   f.Compute();
   const ViewGeometry geometry(f.camera);
   for (const int planet : {5, 6, 7}) {
     const int body = FindBody(f.catalogs.bodies, Planet(planet));
-    const auto globe = globes.Find(body, f.frame.GetBodies().GetStates()[static_cast<std::size_t>(body)], geometry,
-                                   f.frame.GetBodies().GetMoment().julianDateTT);
+    const auto globe = globes.Find(body, f.frame.GetBodies().GetStates()[static_cast<std::size_t>(body)],
+                                   geometry, f.frame.GetBodies().GetMoment().julianDateTT);
     ASSERT_TRUE(globe);
     EXPECT_EQ(globe->ringed, planet == 6);
   }
@@ -145,7 +153,8 @@ TEST(MoonsOfPlanets, FallTogetherWithTheDotOfTheirPlanetUntilTheViewIsLarge) {
     f.Compute();
     EXPECT_FALSE(f.frame.IsBodyDrawn(io)) << azimuth;
   }
-  const auto& jupiter = f.frame.GetBodies().GetStates()[static_cast<std::size_t>(FindBody(f.catalogs.bodies, Planet(5)))];
+  const auto& jupiter =
+      f.frame.GetBodies().GetStates()[static_cast<std::size_t>(FindBody(f.catalogs.bodies, Planet(5)))];
   double v[3], longitude = 0.0, latitude = 0.0;
   MV3prod(f.observer.reduction, jupiter.seen.apparent, v);
   psf(v, 1.0, longitude, latitude);

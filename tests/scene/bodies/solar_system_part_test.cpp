@@ -68,6 +68,7 @@ TEST(SolarSystemPart, BrightPlanetHasItsNameInTheOrionSky) {
 // Uranus, magnitude 5.6: neither its place among the planets nor its colour makes it as large as Betelgeuse.
 TEST(SolarSystemPart, FaintPlanetIsADotAsLargeAsAStarOfItsMagnitude) {
   FrameFixture f;
+  f.shown.naturalSky = false;
   f.SetLook(200.0, 40.0);
   f.camera.SetZoom(0.5);
   f.Compute();

@@ -43,6 +43,8 @@ void Fill(DisplayList& list) {
     list.AddLine(Layer::kOrbits, PolylineRecord{});
     AddSquare(i, i, 1.0, list);
     list.AddArea(Layer::kHaze, PolygonRecord{});
+    for (int node = 0; node < 4; ++node) list.AddColour({1, 2, 3, 255});
+    list.AddMesh(Layer::kBackground, {0.0f, 0.0f, 1.0f, 1.0f, 2, 0, 0, {}});
     list.AddText(Layer::kLabels, TextRecord{}, "a text that is too long for a short string");
   }
 }
@@ -143,6 +145,20 @@ TEST_F(DisplayListTest, LinesAndAreasDoNotTakeEachOthersVertices) {
   EXPECT_EQ(list.GetRings()[1].vertexCount, 4);
 }
 
+TEST_F(DisplayListTest, MeshTakesTheColoursAddedSince) {
+  for (unsigned char i = 0; i < 6; ++i) list.AddColour({i, 0, 0, 255});
+  list.AddMesh(Layer::kBackground, {0.0f, 0.0f, 1600.0f, 1000.0f, 3, 77, 88, {5, 6}});
+  for (unsigned char i = 0; i < 8; ++i) list.AddColour({i, 0, 0, 255});
+  list.AddMesh(Layer::kBackground, {0.0f, 0.0f, 10.0f, 10.0f, 2, 0, 0, {}});
+  ASSERT_EQ(list.GetMeshes().size(), 2u);
+  const MeshRecord &first = list.GetMeshes()[0], &second = list.GetMeshes()[1];
+  EXPECT_EQ(std::tuple(first.columns, first.rows, first.firstColour), std::tuple(3, 2, 0));
+  EXPECT_EQ(std::tuple(second.columns, second.rows, second.firstColour), std::tuple(2, 4, 6));
+  EXPECT_EQ(first.object, (ObjectRef{5, 6}));
+  EXPECT_EQ(list.GetColours()[13], (Rgba{7, 0, 0, 255}));
+  EXPECT_EQ(GetRuns(list), (std::vector<RunFields>{{RecordType::kMesh, Layer::kBackground, 0, 2}}));
+}
+
 TEST_F(DisplayListTest, TextsStandBehindOneAnotherWithAZero) {
   list.AddText(Layer::kLabels, TextRecord{}, "Vega");
   list.AddText(Layer::kLabels, TextRecord{}, "");
@@ -162,6 +178,7 @@ TEST_F(DisplayListTest, BeginEmptiesTheList) {
   list.AddVertex(1.0, 1.0);
   list.EndRing();
   list.AddVertex(1.0, 1.0);
+  list.AddColour({});
   list.Begin(640, 480, 0.4);
   EXPECT_EQ(list.GetWidth(), 640);
   EXPECT_EQ(list.GetHeight(), 480);
@@ -169,7 +186,8 @@ TEST_F(DisplayListTest, BeginEmptiesTheList) {
   EXPECT_EQ(list.GetRuns().size() + list.GetPoints().size() + list.GetDiscs().size() +
                 list.GetShadows().size() + list.GetPolylines().size() + list.GetEllipses().size() +
                 list.GetPolygons().size() + list.GetGradients().size() + list.GetTexts().size() +
-                list.GetRings().size() + list.GetVertices().size() + list.GetTextBytes().size(),
+                list.GetRings().size() + list.GetVertices().size() + list.GetTextBytes().size() +
+                list.GetMeshes().size() + list.GetColours().size(),
             0u);
   list.AddVertex(7.0, 8.0);
   list.AddArea(Layer::kHaze, PolygonRecord{});
@@ -198,10 +216,12 @@ TEST_F(DisplayListTest, RoomThatWasReservedIsNotAllocatedAgain) {
                 .polygons = 20,
                 .gradients = 20,
                 .texts = 20,
+                .meshes = 20,
                 .rings = 20,
                 .vertices = 160,
                 .textBytes = 1000,
-                .runs = 160});
+                .runs = 180,
+                .colours = 80});
   const unsigned long long before = host_test::GetAllocationCount();
   Fill(list);
   EXPECT_EQ(host_test::GetAllocationCount(), before);
@@ -231,6 +251,7 @@ TEST(DisplayRecords, HaveTheirMembersWhereReadersExpectThem) {
   EXPECT_EQ(offsetof(GlobeRecord, ringInner), 104u);
   EXPECT_EQ(offsetof(GlobeRecord, firstRingColour), 112u);
   EXPECT_EQ(offsetof(GlobeRecord, map), 120u);
+  EXPECT_EQ(offsetof(GlobeRecord, air), 124u);
   EXPECT_EQ(offsetof(ShadowRecord, innerRadius), 8u);
   EXPECT_EQ(offsetof(ShadowRecord, middle), 16u);
   EXPECT_EQ(offsetof(ShadowRecord, clipX), 20u);
@@ -260,6 +281,11 @@ TEST(DisplayRecords, HaveTheirMembersWhereReadersExpectThem) {
   EXPECT_EQ(offsetof(TextRecord, style), 24u);
   EXPECT_EQ(offsetof(TextRecord, colour), 28u);
   EXPECT_EQ(offsetof(TextRecord, object), 32u);
+  EXPECT_EQ(offsetof(MeshRecord, bottom), 12u);
+  EXPECT_EQ(offsetof(MeshRecord, columns), 16u);
+  EXPECT_EQ(offsetof(MeshRecord, rows), 20u);
+  EXPECT_EQ(offsetof(MeshRecord, firstColour), 24u);
+  EXPECT_EQ(offsetof(MeshRecord, object), 28u);
   EXPECT_EQ(offsetof(scene::Run, layer), 4u);
   EXPECT_EQ(offsetof(scene::Run, first), 8u);
   EXPECT_EQ(offsetof(scene::Run, count), 12u);
@@ -271,7 +297,7 @@ TEST(DisplayRecords, AreWordsWithoutPadding) {
   EXPECT_EQ(sizeof(Glow), 3u * 4 + 2 * 4);
   EXPECT_EQ(sizeof(PointRecord), 3u * 4 + 4 + 20 + 8);
   EXPECT_EQ(sizeof(DiscRecord), 6u * 4 + 2 * 4 + 20 + 8);
-  EXPECT_EQ(sizeof(GlobeRecord), 60u + 9 * 4 + 4 * 4 + 3 * 4);
+  EXPECT_EQ(sizeof(GlobeRecord), 60u + 9 * 4 + 4 * 4 + 3 * 4 + 4);
   EXPECT_EQ(sizeof(ShadowRecord), 8u * 4 + 3 * 4 + 8);
   EXPECT_EQ(sizeof(PolylineRecord), 4u * 4 + 4 + 4 + 8);
   EXPECT_EQ(sizeof(EllipseRecord), 7u * 4 + 4 + 8);
@@ -279,6 +305,7 @@ TEST(DisplayRecords, AreWordsWithoutPadding) {
   EXPECT_EQ(sizeof(RingRecord), 2u * 4);
   EXPECT_EQ(sizeof(GradientRecord), 13u * 4 + 3 * 4 + 8);
   EXPECT_EQ(sizeof(TextRecord), 7u * 4 + 4 + 8);
+  EXPECT_EQ(sizeof(MeshRecord), 7u * 4 + 8);
   EXPECT_EQ(sizeof(Vertex), 2u * 4);
   EXPECT_EQ(sizeof(scene::Run), 4u * 4);
   EXPECT_TRUE(std::is_trivially_copyable_v<DiscRecord> && std::is_standard_layout_v<DiscRecord>);

@@ -33,10 +33,10 @@ std::string Bytes(const std::vector<Record>& records) {
 
 std::string AllBytes(const DisplayList& list) {
   return Bytes(list.GetRuns()) + Bytes(list.GetPoints()) + Bytes(list.GetDiscs()) + Bytes(list.GetShadows()) +
-         Bytes(list.GetGlobes()) + Bytes(list.GetColours()) + Bytes(list.GetPolylines()) +
-         Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) + Bytes(list.GetGradients()) +
-         Bytes(list.GetTexts()) + Bytes(list.GetRings()) + Bytes(list.GetVertices()) +
-         Bytes(list.GetTextBytes());
+         Bytes(list.GetGlobes()) + Bytes(list.GetMeshes()) + Bytes(list.GetColours()) +
+         Bytes(list.GetPolylines()) + Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) +
+         Bytes(list.GetGradients()) + Bytes(list.GetTexts()) + Bytes(list.GetRings()) +
+         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes());
 }
 
 // The records of one layer that a function sees.
@@ -95,6 +95,16 @@ TEST_F(FrameDisplay, HasTheSizeOfTheWindow) {
 TEST_F(FrameDisplay, BeginsWithTheBackgroundOverTheWholePicture) {
   f.Compute();
   ASSERT_FALSE(GetList().GetRuns().empty());
+  const scene::Run& mesh = GetList().GetRuns()[0];
+  EXPECT_EQ(mesh.layer, Layer::kBackground);
+  ASSERT_EQ(mesh.type, RecordType::kMesh);
+  const MeshRecord& natural = GetList().GetMeshes()[0];
+  EXPECT_EQ(std::tuple(natural.left, natural.top, natural.right, natural.bottom),
+            std::tuple(0.0f, 0.0f, 1600.0f, 1000.0f));
+  EXPECT_EQ(static_cast<std::size_t>(natural.columns * natural.rows), GetList().GetColours().size());
+
+  f.shown.naturalSky = false;
+  f.Compute();
   const scene::Run& run = GetList().GetRuns()[0];
   EXPECT_EQ(run.layer, Layer::kBackground);
   ASSERT_EQ(run.type, RecordType::kGradient);
@@ -128,19 +138,19 @@ TEST_F(FrameDisplay, RunsHoldEveryRecordOnce) {
   f.camera.SetZoom(0.4);
   f.Compute();
   const DisplayList& list = GetList();
-  const std::size_t sizes[] = {
-      list.GetPoints().size(),    list.GetDiscs().size(),    list.GetShadows().size(),
-      list.GetPolylines().size(), list.GetEllipses().size(), list.GetPolygons().size(),
-      list.GetGradients().size(), list.GetTexts().size(),    0,
-      list.GetGlobes().size()};
-  int next[10] = {};
+  const std::vector<std::size_t> sizes = {list.GetPoints().size(),    list.GetDiscs().size(),
+                                          list.GetShadows().size(),   list.GetPolylines().size(),
+                                          list.GetEllipses().size(),  list.GetPolygons().size(),
+                                          list.GetGradients().size(), list.GetTexts().size(),
+                                          list.GetMeshes().size(),    list.GetGlobes().size()};
+  std::vector<std::size_t> next(sizes.size());
   for (const scene::Run& run : list.GetRuns()) {
-    int& from = next[static_cast<int>(run.type)];
-    EXPECT_EQ(run.first, from);
+    std::size_t& from = next[static_cast<std::size_t>(run.type)];
+    EXPECT_EQ(static_cast<std::size_t>(run.first), from);
     EXPECT_GT(run.count, 0);
-    from = run.first + run.count;
+    from += static_cast<std::size_t>(run.count);
   }
-  for (int type = 0; type < 10; ++type) EXPECT_EQ(static_cast<std::size_t>(next[type]), sizes[type]) << type;
+  EXPECT_EQ(next, sizes);
 }
 
 TEST_F(FrameDisplay, AreasHaveRings) {
@@ -385,7 +395,7 @@ TEST_F(FrameDisplay, SmallSkyIsTheOneOfTheFile) {
   f.SetWindow(400, 300);
   f.SetLook(190.0, 35.0);
   f.camera.SetZoom(0.8);
-  f.shown.horizon = f.shown.compass = false;
+  f.shown.horizon = f.shown.compass = f.shown.naturalSky = false;
   f.Compute();
   std::ifstream in(CI_SMALL_FRAME, std::ios::binary);
   const std::string expected{std::istreambuf_iterator<char>(in), {}};

@@ -48,7 +48,7 @@ TEST_F(ShowerRadiantsTest, StandWhereTheSkyHasThemWithTheirName) {
 // The name, to the right of the radiant, would lie on the planet.
 TEST_F(ShowerRadiantsTest, NameLeavesAPlanetFree) {
   f.SetTime(2026, 8, 12, 3, 0);
-  f.shown.horizon = false;
+  f.shown.horizon = f.shown.naturalSky = false;
   f.camera.SetZoom(0.5);
   f.Compute();
   const SolarSystemPart& bodies = f.frame.GetParts().solarSystem;

@@ -13,6 +13,7 @@
 #include "astro/coordinates.h"
 #include "astro/healpix.h"
 #include "astro/vectors.h"
+#include "scene/bodies/solar_system_part.h"
 #include "scene/display/star_tint.h"
 #include "scene/frame_helpers.h"
 #include "scene/tile_files.h"
@@ -23,8 +24,13 @@ using namespace scene;
 
 namespace {
 
+struct Seen {
+  std::size_t drawn = 0, empty = 0, most = 0;
+};
+
 class TileStarsTest : public testing::Test {
  protected:
+  TileStarsTest() { f.shown.naturalSky = false; }  // by day too
   void UseStars(const std::vector<TileStar>& stars) {
     ASSERT_TRUE(host_test::WriteTiles(f.sky.dir.Path("data/catalogs/stars.tiles"), stars));
     Load();
@@ -73,12 +79,32 @@ class TileStarsTest : public testing::Test {
   std::map<int, tPoint<double>> FindAll() const {
     std::map<int, tPoint<double>> found;
     const ViewGeometry geometry(f.camera);
-    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None());
+    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
     VisitAll([&](const StarTileRecord& star) {
       ObjectPlace place;
       if (tests.FindStarObstacles(star, place) == 0) found[star.GetNumber()] = place.pixel;
     });
     return found;
+  }
+  // Whether the frame of this view draws the stars of the walk.
+  void CompareWithWalk(int view, Seen& all) {
+    Compute();
+    const auto expected = FindAll();
+    std::map<int, tPoint<double>> seen;
+    for (const DrawnStar& star : frame->GetStars()) {
+      if (star.star < 0) seen[star.number] = {star.output->m_Place.x, star.output->m_Place.y};
+    }
+    ASSERT_EQ(seen.size(), CountDrawnTileStars()) << "one is drawn twice, view " << view;
+    ASSERT_EQ(seen.size(), expected.size()) << view;
+    for (const auto& [number, place] : expected) {
+      const auto found = seen.find(number);
+      ASSERT_NE(found, seen.end()) << view << ", star " << number;
+      ASSERT_EQ(static_cast<float>(place.x), found->second.x) << view;
+      ASSERT_EQ(static_cast<float>(place.y), found->second.y) << view;
+    }
+    all.drawn += seen.size();
+    all.empty += seen.empty();
+    all.most = std::max(all.most, seen.size());
   }
   std::size_t CountDrawnTileStars() const {
     std::size_t count = 0;
@@ -89,6 +115,7 @@ class TileStarsTest : public testing::Test {
   host_test::FrameFixture f;
   SkyCatalogs catalogs;
   std::unique_ptr<SkyFrame> frame;
+  SkyLight light;  // of the walk
   std::mt19937_64 random{7};
 };
 
@@ -98,30 +125,68 @@ constexpr int kFirst = kHipparcosNumbers + 1;
 
 TEST_F(TileStarsTest, FrameDrawsExactlyTheStarsThatAWalkOverAllFinds) {
   UseStars(host_test::MakeTileStars(12000, kFirst, 0.0, 14.0, 1.1));
-  std::size_t drawn = 0, empty = 0, most = 0;
+  Seen seen;
   for (int i = 0; i < 1500; ++i) {
     TakeAnyView(i % 3 == 0 ? 20000.0 : 100.0);
-    Compute();
-    const auto expected = FindAll();
-    std::map<int, tPoint<double>> seen;
-    for (const DrawnStar& star : frame->GetStars()) {
-      if (star.star < 0) seen[star.number] = {star.output->m_Place.x, star.output->m_Place.y};
-    }
-    ASSERT_EQ(seen.size(), CountDrawnTileStars()) << "one is drawn twice, view " << i;
-    ASSERT_EQ(seen.size(), expected.size()) << i;
-    for (const auto& [number, place] : expected) {
-      const auto found = seen.find(number);
-      ASSERT_NE(found, seen.end()) << i << ", star " << number;
-      ASSERT_EQ(static_cast<float>(place.x), found->second.x) << i;
-      ASSERT_EQ(static_cast<float>(place.y), found->second.y) << i;
-    }
-    drawn += seen.size();
-    empty += seen.empty();
-    most = std::max(most, seen.size());
+    ASSERT_NO_FATAL_FAILURE(CompareWithWalk(i, seen));
   }
-  EXPECT_GT(drawn, 20000u);
-  EXPECT_GT(most, 200u);
-  EXPECT_LT(empty, 1000u);
+  EXPECT_GT(seen.drawn, 20000u);
+  EXPECT_GT(seen.most, 200u);
+  EXPECT_LT(seen.empty, 1000u);
+}
+
+// Day, twilight and night, and low air: the walk stops where the sky hides everything fainter.
+TEST_F(TileStarsTest, FrameUnderANaturalSkyDrawsExactlyTheStarsThatItDoesNotHide) {
+  UseStars(host_test::MakeTileStars(12000, kFirst, 0.0, 14.0, 1.1));
+  f.shown.naturalSky = true;
+  SolarSystemPart bodies(catalogs.bodies);
+  Seen seen;
+  int fewer = 0, same = 0;
+  for (int i = 0; i < 600; ++i) {
+    TakeAnyView(100.0);
+    f.observer = PrepareObserver(f.camera);
+    light.SetPlain();
+    const std::size_t plain = FindAll().size();
+    const ViewGeometry geometry(f.camera);
+    bodies.Observe(geometry);
+    const auto sources = bodies.FindSources(f.observer);
+    if (sources) light.Compute(geometry, *sources);
+    ASSERT_NO_FATAL_FAILURE(CompareWithWalk(i, seen));
+    fewer += CountDrawnTileStars() < plain;
+    same += plain > 0 && CountDrawnTileStars() == plain;
+  }
+  EXPECT_GT(seen.drawn, 2000u);
+  EXPECT_GT(fewer, 100);
+  EXPECT_GT(same, 20);
+}
+
+// Their opacity as that of bright stars: by the limits of the class and what the sky takes.
+TEST_F(TileStarsTest, SkyFadesTileStarsAsItFadesBrightOnes) {
+  UseStars(host_test::MakeTileStars(5000, kFirst, 0.0, 7.0));
+  f.shown.naturalSky = true;
+  SolarSystemPart bodies(catalogs.bodies);
+  std::map<int, StarTileRecord> records;
+  VisitAll([&](const StarTileRecord& star) { records.emplace(star.GetNumber(), star); });
+  int faded = 0;
+  for (int i = 0; i < 300; ++i) {
+    TakeAnyView(1.0);
+    Compute();
+    const ViewGeometry geometry(f.camera);
+    bodies.Observe(geometry);
+    const auto sources = bodies.FindSources(f.observer);
+    light.SetPlain();
+    if (sources) light.Compute(geometry, *sources);
+    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
+    for (const DrawnStar& star : frame->GetStars()) {
+      if (star.star >= 0) continue;
+      ObjectPlace place;
+      const StarTileRecord& record = records.at(star.number);
+      ASSERT_EQ(tests.FindStarObstacles(record, place), 0u);
+      ASSERT_EQ(star.opacity, tests.GetStarLimits().Opacity(record.GetCode() + place.dim)) << i;
+      faded += star.opacity < tests.GetStarLimits().Opacity(record.GetCode());
+    }
+  }
+  EXPECT_GT(faded, 200);
 }
 
 // The disc of a bright star reaches into a window from far outside, in a large picture.
@@ -247,7 +312,7 @@ TEST_F(TileStarsTest, MoreThanAFrameShowsLeavesTheFaintestOut) {
   f.camera.SetZoom(kMinZoom);
   f.observer = PrepareObserver(f.camera);
   const ViewGeometry geometry(f.camera);
-  const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None());
+  const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
   ASSERT_GT(tests.GetStarLimits().draw, 40.5f);
   TileStars stars(catalogs);
   std::size_t all = 0;

@@ -106,6 +106,24 @@ TEST_F(WhyTest, ConstellationIsDrawnWhereItsNameIs) {
   EXPECT_FALSE(off.state.switchOn);
 }
 
+// Low air takes from a star's light, and the zoom that shows it makes up for that.
+TEST_F(WhyTest, ZoomThatShowsAStarCountsWhatTheAirTakes) {
+  f.sky.dir.Write("data/catalogs/stars.txt",
+                  "RA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\n1.46\t-0.35\t9.99\tFaint\n");
+  UseCatalogs();
+  Compute();
+  const Explanation faint = Why("Faint");
+  EXPECT_GT(faint.dim, 2.0f);  // 17 degrees high: 1.3 air masses more than at 30 degrees
+  ASSERT_TRUE(faint.drawnFromZoom);
+  EXPECT_GT(*faint.drawnFromZoom, 4.4) << "10 ^ ((9.99 - 7.5) / 4) = 4.19 without air";
+  f.SetLook(faint.standing.azimuth, faint.standing.altitude);
+  for (const double share : {0.995, 1.0}) {
+    f.camera.SetZoom(share * *faint.drawnFromZoom);
+    Compute();
+    EXPECT_EQ(Why("Faint").IsDrawn(), share == 1.0) << share;
+  }
+}
+
 TEST_F(WhyTest, CameraKeepsItsZoom) {
   UseCatalogs();
   f.camera.SetZoom(1.7);

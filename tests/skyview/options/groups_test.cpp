@@ -216,10 +216,13 @@ TEST(SettingsGroup, SessionHoldsSettings) {
 
 TEST(SkyGroups, AreRead) {
   const auto extras = ParseGroup(kExtraGroup, {"--frames-of", "deepsky", "--frames-of", "constellations",
-                                               "--showers", "--orbits", "planets,Ceres"});
+                                               "--showers", "--orbits", "planets,Ceres", "--sky", "none"});
   ASSERT_FALSE(extras.stop) << extras.message;
   EXPECT_EQ(extras.options.framesOf, unsigned{scene::kDeepskyImages | scene::kConstellationImages});
   EXPECT_TRUE(extras.options.showers);
+  EXPECT_EQ(extras.options.sky, SkyKind::kNone);
+  EXPECT_EQ(ParseGroup(kExtraGroup, {"--sky", "natural"}).options.sky, SkyKind::kNatural);
+  EXPECT_TRUE(ParseGroup(kExtraGroup, {"--sky", "black"}).stop);
   EXPECT_EQ(extras.options.orbits->names, (std::vector<std::string>{"Ceres"}));
   EXPECT_EQ(ParseGroup(kSatelliteGroup, {"--tle", "f"}).options.tle.value_or(""), "f");
 }
@@ -227,7 +230,7 @@ TEST(SkyGroups, AreRead) {
 TEST(SkyGroups, NothingIsShownUnlessAskedFor) {
   const auto extras = ParseGroup(kExtraGroup, {});
   EXPECT_EQ(extras.options.framesOf, 0u);
-  EXPECT_FALSE(extras.options.showers || extras.options.orbits);
+  EXPECT_FALSE(extras.options.showers || extras.options.orbits || extras.options.sky);
 }
 
 TEST(SkyGroups, BadValueNamesOptionValueAndForm) {

@@ -57,6 +57,7 @@ TEST_F(ExplanationTest, FaintStarIsToldTheZoomThatShowsItAndItDoes) {
   f.sky.dir.Write("data/catalogs/stars.txt",
                   "RA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\n1.46\t0.0\t9.99\tFaint\n");
   UseCatalogs();
+  naturalSky = false;
   Compute();
   // Magnitude 9.99 is drawn from 10 ^ ((9.99 - 7.5) / 4) = 4.193 on; in whole codes, as CalcZoomForShowObject
   // computes, it would be 10 ^ ((9.9 - 7.5) / 4) = 3.981.
@@ -85,6 +86,21 @@ TEST_F(ExplanationTest, AnUnknownMagnitudeIsSaidToBeUnknown) {
       << why.reasons.back();
   EXPECT_TRUE(AnyContains(why.reasons, "lets magnitudes 1.00 to 3.00 pass, its own is unknown"))
       << why.reasons.front();
+}
+
+// At noon in June Orion stands beside the Sun.
+TEST_F(ExplanationTest, SkyThatHidesAnObjectIsNamed) {
+  UseCatalogs();
+  f.SetTime(2026, 6, 21, 11, 0);
+  f.SetLook(180.0, 40.0);
+  Compute();
+  EXPECT_TRUE(
+      AnyContains(Tell("Betelgeuse").reasons, "too faint for the sky there: the limit is magnitude -"));
+  EXPECT_TRUE(AnyContains(Tell("Orion").reasons, "daylight hides it"));
+  EXPECT_TRUE(AnyContains(Tell("M42").reasons, "too faint for the sky there"));
+  naturalSky = false;
+  Compute();
+  EXPECT_TRUE(Tell("Betelgeuse").reasons.empty());
 }
 
 TEST_F(ExplanationTest, ObjectOutsideIsToldWhereToLookAndIsThenDrawn) {

@@ -27,6 +27,7 @@ SessionCapsule MakeCapsule() {
   capsule.marks = {{FourCC("star"), 2491}, {FourCC("cnst"), 7}};
   capsule.framesOf = kDeepskyImages | kMilkyWayImages;
   capsule.showers = true;
+  capsule.plainSky = true;
   capsule.data = {{"catalogs:stars.txt", 0x0123456789ABCDEFu}};
   return capsule;
 }
@@ -73,6 +74,7 @@ TEST(SessionFile, EverythingComesBack) {
   EXPECT_EQ(back.marks[0].number, 2491);
   EXPECT_EQ(back.framesOf, unsigned{kDeepskyImages | kMilkyWayImages});
   EXPECT_TRUE(back.showers);
+  EXPECT_TRUE(back.plainSky);
   ASSERT_EQ(back.data.size(), 1u);
   EXPECT_EQ(back.data[0].name, "catalogs:stars.txt");
   EXPECT_EQ(back.data[0].checksum, 0x0123456789ABCDEFu);
@@ -100,7 +102,7 @@ TEST(SessionFile, OutlinesAndShowersAreSaidOnce) {
   const std::string start = "skyview session 1\nlanguage en\nsize 800x500\nview m_Zoom=1\n";
   SessionCapsule capsule;
   std::string error;
-  for (const std::string line : {"frames-of deepsky\n", "showers on\n"}) {
+  for (const std::string line : {"frames-of deepsky\n", "showers on\n", "sky none\n"}) {
     EXPECT_TRUE(ParseSession(Sealed(start + line), capsule, error)) << error;
     EXPECT_FALSE(ParseSession(Sealed(start + line + line), capsule, error)) << line;
   }
@@ -117,10 +119,27 @@ TEST(SessionFile, LinesThatAreNotUnderstoodAreNamed) {
   SessionCapsule capsule;
   std::string error;
   ASSERT_TRUE(ParseSession(Sealed(start), capsule, error)) << error;
-  for (const char* bad : {"", "colour red", "size 800x500", "language de", "view", "view m_Zoom",
-                          "favourite star", "favourite star x", "marker 1,2", "marker 400,0,1",
-                          "data 12 stars.txt", "data 0123456789abcdef", "zone ", "end 0123456789abcdef",
-                          "mark star", "mark star x", "frames-of stars", "showers off", "showers"}) {
+  for (const char* bad : {"",
+                          "colour red",
+                          "size 800x500",
+                          "language de",
+                          "view",
+                          "view m_Zoom",
+                          "favourite star",
+                          "favourite star x",
+                          "marker 1,2",
+                          "marker 400,0,1",
+                          "data 12 stars.txt",
+                          "data 0123456789abcdef",
+                          "zone ",
+                          "end 0123456789abcdef",
+                          "mark star",
+                          "mark star x",
+                          "frames-of stars",
+                          "showers off",
+                          "showers",
+                          "sky natural",
+                          "sky"}) {
     EXPECT_FALSE(ParseSession(Sealed(start + bad + "\n"), capsule, error)) << bad;
     EXPECT_EQ(error, "line 5 '" + std::string(bad) + "' is not understood");
   }

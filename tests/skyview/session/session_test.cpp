@@ -94,12 +94,15 @@ TEST(Session, MarksOutlinesAndRadiantsComeBackWithoutTheUsersList) {
                           "--frames-of",
                           "milkyway",
                           "--showers",
+                          "--sky",
+                          "none",
                           "--work",
                           sky.dir.Path("work")};
   ExpectSamePictures(sky, view);
   const std::string text = sky.dir.Read("it.session");
   EXPECT_NE(text.find("mark star 2491\nmark nebu 42\nmark cnst "), std::string::npos) << text;
-  EXPECT_NE(text.find("frames-of constellations,deepsky,milkyway\nshowers on\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("frames-of constellations,deepsky,milkyway\nshowers on\nsky none\n"), std::string::npos)
+      << text;
   const std::string marked = sky.dir.Read("saved.png");
   ASSERT_EQ(sky.Run({"favourites", "remove", "Sirius", "--work", sky.dir.Path("work")}), 0);
   ASSERT_EQ(sky.Run(With(view, {"--out", sky.dir.Path("saved.png")})), 0);

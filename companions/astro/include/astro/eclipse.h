@@ -56,7 +56,8 @@ struct SolarEclipseState {
   // The part of the Sun's diameter that the Moon covers; while the one disc lies within the other the ratio
   // of their diameters, above 1 while the eclipse is total.
   double magnitude = 0.0;
-  Shadow shadow = {};  // of the Moon, at the Earth; while there is an eclipse
+  Shadow shadow = {};        // of the Moon, at the Earth; while there is an eclipse
+  double obscuration = 0.0;  // the part of the area of the Sun's disc that the Moon covers, 0 to 1
 };
 
 // `sun` and `moon` as seen from the Earth's centre, as above; `sunSeen` and `moonSeen` as the observer sees

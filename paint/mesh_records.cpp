@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+#include "paint/records.h"
+
+namespace paint {
+namespace {
+
+// Where a pixel stands between two nodes: the first of them, and the part of the way to the next.
+struct Between {
+  int node;
+  float part;
+};
+
+Between FindNodes(int pixel, int pixels, int nodes) {
+  const float at =
+      (static_cast<float>(pixel) + 0.5f) / static_cast<float>(pixels) * static_cast<float>(nodes - 1);
+  const int node = std::clamp(static_cast<int>(at), 0, nodes - 2);
+  return {node, at - static_cast<float>(node)};
+}
+
+// What is added before a value is cut off to a whole number: in each square of eight pixels every 64th
+// between 0 and 1 once, neighbours far apart, so that slow gradients show no steps (Bayer 1973). The pattern
+// follows from the bits of x ^ y and y, the lowest first.
+float GetThreshold(int x, int y) {
+  int order = 0;
+  for (int bit = 0; bit < 3; ++bit) {
+    order = order << 2 | ((x ^ y) >> bit & 1) << 1 | (y >> bit & 1);
+  }
+  return (static_cast<float>(order) + 0.5f) / 64.0f;
+}
+
+using Channels = std::array<float, 4>;
+
+Channels Mix(const Channels& a, const Channels& b, float part) {
+  Channels mixed;
+  for (std::size_t i = 0; i < mixed.size(); ++i) mixed[i] = a[i] + (b[i] - a[i]) * part;
+  return mixed;
+}
+
+// The mesh as the pixels of an image of some size.
+class MeshPixels {
+ public:
+  MeshPixels(const scene::DisplayList& list, const scene::MeshRecord& mesh, int width, int height)
+      : m_List(list), m_Mesh(mesh), m_Width(width), m_Height(height) {}
+
+  void FillRow(int y, unsigned char* row) const {
+    const Between down = FindNodes(y, m_Height, m_Mesh.rows);
+    for (int x = 0; x < m_Width; ++x) {
+      const Between right = FindNodes(x, m_Width, m_Mesh.columns);
+      const Channels above =
+          Mix(GetNode(right.node, down.node), GetNode(right.node + 1, down.node), right.part);
+      const Channels below =
+          Mix(GetNode(right.node, down.node + 1), GetNode(right.node + 1, down.node + 1), right.part);
+      const std::uint32_t word = MakeWord(Mix(above, below, down.part), GetThreshold(x & 7, y & 7));
+      std::memcpy(row + 4 * x, &word, sizeof word);
+    }
+  }
+
+ private:
+  Channels GetNode(int column, int row) const {
+    const auto index = static_cast<std::size_t>(m_Mesh.firstColour + row * m_Mesh.columns + column);
+    const scene::Rgba& colour = m_List.GetColours()[index];
+    return {static_cast<float>(colour.red), static_cast<float>(colour.green), static_cast<float>(colour.blue),
+            static_cast<float>(colour.alpha)};
+  }
+  // Opacity in the highest byte, the colours multiplied with it.
+  static std::uint32_t MakeWord(const Channels& colour, float threshold) {
+    const auto whole = [threshold](float value) {
+      return static_cast<std::uint32_t>(std::clamp(value + threshold, 0.0f, 255.0f));
+    };
+    const float opacity = colour[3] / 255.0f;
+    return whole(colour[3]) << 24 | whole(colour[0] * opacity) << 16 | whole(colour[1] * opacity) << 8 |
+           whole(colour[2] * opacity);
+  }
+
+  const scene::DisplayList& m_List;
+  const scene::MeshRecord& m_Mesh;
+  int m_Width, m_Height;
+};
+
+// Pictures of pixels get a value for each of them; others a coarser image, which viewers make smooth.
+double GetImageScale(cairo_t* context) {
+  constexpr double kCoarse = 0.25;
+  return cairo_surface_get_type(cairo_get_target(context)) == CAIRO_SURFACE_TYPE_IMAGE ? 1.0 : kCoarse;
+}
+
+}  // namespace
+
+void PaintMesh(const scene::DisplayList& list, const scene::MeshRecord& mesh, cairo_t* context) {
+  const double width = static_cast<double>(mesh.right - mesh.left),
+               height = static_cast<double>(mesh.bottom - mesh.top);
+  if (mesh.columns < 2 || mesh.rows < 2 || !(width > 0.0) || !(height > 0.0)) return;
+  const double scale = GetImageScale(context);
+  const int columns = std::max(1, static_cast<int>(std::lround(width * scale))),
+            rows = std::max(1, static_cast<int>(std::lround(height * scale)));
+  cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
+  if (cairo_surface_status(image) == CAIRO_STATUS_SUCCESS) {
+    const MeshPixels pixels(list, mesh, columns, rows);
+    unsigned char* const data = cairo_image_surface_get_data(image);
+    for (int y = 0; y < rows; ++y) pixels.FillRow(y, data + y * cairo_image_surface_get_stride(image));
+    cairo_surface_mark_dirty(image);
+  }
+  cairo_save(context);
+  cairo_translate(context, mesh.left, mesh.top);
+  cairo_scale(context, width / columns, height / rows);
+  cairo_set_source_surface(context, image, 0.0, 0.0);
+  cairo_rectangle(context, 0.0, 0.0, columns, rows);
+  cairo_fill(context);
+  cairo_restore(context);
+  cairo_surface_destroy(image);
+}
+
+}  // namespace paint

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/visibility/sky_light.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common_interfaces/zoom_dependence.h"
+#include "scene/view/pixel_directions.h"
+#include "utils/text.h"
+
+namespace scene {
+namespace {
+
+// A sky of this brightness or a darker one hides nothing: magnitudes per square arcsecond.
+constexpr double kDark = 21.5;
+
+float MakeCode(double magnitude) {
+  return static_cast<float>((magnitude + CommonInterfaces::kMagCodeOffset) *
+                            CommonInterfaces::kMagCodesPerMag);
+}
+
+// The naked eye's limit in a dark sky, magnitude code.
+float GetDarkLimit() {
+  static const float code = MakeCode(astro::GetNakedEyeLimit(astro::GetLuminance(kDark)));
+  return code;
+}
+
+double GetAltitude(const Direction& direction) { return std::asin(std::clamp(direction.v[2], -1.0, 1.0)); }
+
+double GetAngle(const Direction& a, const Direction& b) {
+  return std::acos(std::clamp(Dot(a, b), -1.0, 1.0));
+}
+
+astro::SkyLights MakeLights(const SkySources& sources) {
+  astro::SkyLights lights;
+  lights.sunAltitude = GetAltitude(sources.sun);
+  lights.sunlight = sources.sunlight;
+  lights.moonAltitude = GetAltitude(sources.moon);
+  lights.moonPhaseAngle = sources.moonPhaseAngle;
+  lights.moonlight = sources.moonlight;
+  return lights;
+}
+
+// From 0 at `from` to 1 at `to`, magnitude codes, without corners.
+double Rise(float code, float from, float to) {
+  const double t = std::clamp((static_cast<double>(code) - from) / (to - from), 0.0, 1.0);
+  return t * t * (3.0 - 2.0 * t);
+}
+
+}  // namespace
+
+// The limits of a zoom are those of objects in the upper half of the sky.
+SkyLight::SkyLight() : m_Nodes(kColumns * kRows) {
+  constexpr double kUsual = 30.0 * kRadiansPerDegree;
+  for (int i = 0; i <= kExtinctionSteps; ++i) {
+    const double root = static_cast<double>(i) / kExtinctionSteps, altitude = std::asin(root * root);
+    const double more = astro::GetAirMass(altitude) - astro::GetAirMass(kUsual);
+    m_Extinction[static_cast<std::size_t>(i)] =
+        static_cast<float>(astro::kClearExtinction * std::max(0.0, more) * CommonInterfaces::kMagCodesPerMag);
+  }
+}
+
+void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) {
+  m_Natural = true;
+  m_Sources = sources;
+  m_Width = geometry.width;
+  m_Height = geometry.height;
+  m_StarGain = std::max(0.0f, ClassLimits(geometry.camera, FourCC("star")).draw - GetDarkLimit());
+  const astro::SkyBrightness brightness(MakeLights(sources));
+  const PixelDirections directions(geometry);
+  m_FaintestLimit = MakeCode(-10.0);
+  m_LeastLuminance = 1e12;
+  for (int i = 0; i < kColumns * kRows; ++i) {
+    Node& node = m_Nodes[static_cast<std::size_t>(i)];
+    const Direction direction = directions.Find(
+        {m_Width * (i % kColumns) / (kColumns - 1), m_Height * (kRows - 1 - i / kColumns) / (kRows - 1)});
+    node.altitude = std::fabs(GetAltitude(direction));
+    node.fromSun = GetAngle(direction, sources.sun);
+    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
+    node.scattered = parts.scattered;
+    node.limit = MakeCode(astro::GetNakedEyeLimit(parts.own + parts.scattered));
+    m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
+    m_LeastLuminance = std::min(m_LeastLuminance, node.scattered);
+  }
+  const Direction zenith = {{0.0, 0.0, 1.0}};
+  m_ZenithLuminance =
+      brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon)).scattered;
+  m_LineStrength = Rise(m_FaintestLimit, MakeCode(1.0), MakeCode(5.0));
+  m_GlowStrength = Rise(m_FaintestLimit, MakeCode(4.4), MakeCode(6.2));
+}
+
+float SkyLight::FindLimit(const tPoint<double>& pixel) const {
+  const auto at = [](double part, int nodes) {
+    const double place = std::clamp(part, 0.0, 1.0) * (nodes - 1);
+    const int node = std::min(static_cast<int>(place), nodes - 2);
+    return std::pair<int, float>(node, static_cast<float>(place - node));
+  };
+  const auto [column, right] = at(pixel.x / m_Width, kColumns);
+  const auto [row, down] = at(1.0 - pixel.y / m_Height, kRows);
+  const Node* const node = m_Nodes.data() + row * kColumns + column;
+  const float above = node[0].limit + (node[1].limit - node[0].limit) * right;
+  const float below = node[kColumns].limit + (node[kColumns + 1].limit - node[kColumns].limit) * right;
+  return above + (below - above) * down;
+}
+
+// What the eye loses everything loses. Classes that reach beyond the stars of the zoom lose that lead too as
+// the sky brightens: nine parts in ten when the eye has lost two magnitudes.
+float SkyLight::DimBySky(const ClassLimits& limits, float limit) const {
+  const float dark = GetDarkLimit(), loss = std::max(0.0f, dark - limit);
+  const float own = std::min(limits.draw, dark) - limit;
+  const float lead = (limits.draw - limit - m_StarGain) * (1.0f - std::exp(-0.12f * loss));
+  return std::max({0.0f, own, lead});
+}
+
+float SkyLight::FindExtinction(double sineOfAltitude) const {
+  const double place = std::sqrt(std::min(std::fabs(sineOfAltitude), 1.0)) * kExtinctionSteps;
+  const int step = std::min(static_cast<int>(place), kExtinctionSteps - 1);
+  const float* const from = m_Extinction.data() + step;
+  return from[0] + (from[1] - from[0]) * static_cast<float>(place - step);
+}
+
+float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
+  if (!m_Natural) return 0.0f;
+  return DimBySky(limits, FindLimit(pixel)) + FindExtinction(sineOfAltitude);
+}
+
+float SkyLight::FindLeastDim(const ClassLimits& limits) const {
+  return m_Natural ? DimBySky(limits, m_FaintestLimit) : 0.0f;
+}
+
+}  // namespace scene
