@@ -96,8 +96,10 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   const MapColour dark = ToMapColour(m_Globe.disc.dark);
   const double bright = std::max({lit.red, lit.green, lit.blue, static_cast<unsigned char>(1)});
   const MapColour air = ToMapColour(m_Globe.air);
+  // The light of the sky comes to that of the surface, and both together are white at most.
   const auto mix = [&](float sunny, float night, float sky) {
-    return std::max({static_cast<float>(sunny * light), static_cast<float>(night * sunny / bright), sky});
+    const double lightened = sky + sunny * light * (1.0 - sky / 255.0);
+    return std::max(static_cast<float>(lightened), static_cast<float>(night * sunny / bright));
   };
   return Multiplied({mix(colour.red, dark.red, air.red), mix(colour.green, dark.green, air.green),
                      mix(colour.blue, dark.blue, air.blue)},

@@ -107,8 +107,7 @@ struct GlobeRecord {
   float ringInner, ringOuter;  // radii of a ring about the equator, units of the equator's; 0: no ring
   int firstRingColour, ringColourCount;  // of the colours, from the inner to the outer radius
   int map;                               // index of the map of its surface, -1: the colour of the disc
-  Rgba
-      air;  // what the sky before it shines with: no part of the ball is darker in any channel; its opacity is nothing
+  Rgba air;  // of the sky before it, whose light comes to that of the surface; opacity has no meaning
 };
 
 // A shadow that falls on a disc: a radial gradient with three colours, from `innerRadius` over `middle` of

@@ -31,12 +31,11 @@ std::string Bytes(const std::vector<Record>& records) {
   return {reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record)};
 }
 
-std::string AllBytes(const DisplayList& list) {
-  return Bytes(list.GetRuns()) + Bytes(list.GetPoints()) + Bytes(list.GetDiscs()) + Bytes(list.GetShadows()) +
-         Bytes(list.GetGlobes()) + Bytes(list.GetMeshes()) + Bytes(list.GetColours()) +
-         Bytes(list.GetPolylines()) + Bytes(list.GetEllipses()) + Bytes(list.GetPolygons()) +
-         Bytes(list.GetGradients()) + Bytes(list.GetTexts()) + Bytes(list.GetRings()) +
-         Bytes(list.GetVertices()) + Bytes(list.GetTextBytes());
+std::string AllBytes(const DisplayList& l) {
+  return Bytes(l.GetRuns()) + Bytes(l.GetPoints()) + Bytes(l.GetDiscs()) + Bytes(l.GetShadows()) +
+         Bytes(l.GetGlobes()) + Bytes(l.GetMeshes()) + Bytes(l.GetColours()) + Bytes(l.GetPolylines()) +
+         Bytes(l.GetEllipses()) + Bytes(l.GetPolygons()) + Bytes(l.GetGradients()) + Bytes(l.GetTexts()) +
+         Bytes(l.GetRings()) + Bytes(l.GetVertices()) + Bytes(l.GetTextBytes());
 }
 
 // The records of one layer that a function sees.
@@ -96,8 +95,7 @@ TEST_F(FrameDisplay, BeginsWithTheBackgroundOverTheWholePicture) {
   f.Compute();
   ASSERT_FALSE(GetList().GetRuns().empty());
   const scene::Run& mesh = GetList().GetRuns()[0];
-  EXPECT_EQ(mesh.layer, Layer::kBackground);
-  ASSERT_EQ(mesh.type, RecordType::kMesh);
+  ASSERT_EQ(std::tuple(mesh.layer, mesh.type), std::tuple(Layer::kBackground, RecordType::kMesh));
   const MeshRecord& natural = GetList().GetMeshes()[0];
   EXPECT_EQ(std::tuple(natural.left, natural.top, natural.right, natural.bottom),
             std::tuple(0.0f, 0.0f, 1600.0f, 1000.0f));
@@ -137,14 +135,13 @@ TEST_F(FrameDisplay, RunsHoldEveryRecordOnce) {
   ShowAll();
   f.camera.SetZoom(0.4);
   f.Compute();
-  const DisplayList& list = GetList();
-  const std::vector<std::size_t> sizes = {list.GetPoints().size(),    list.GetDiscs().size(),
-                                          list.GetShadows().size(),   list.GetPolylines().size(),
-                                          list.GetEllipses().size(),  list.GetPolygons().size(),
-                                          list.GetGradients().size(), list.GetTexts().size(),
-                                          list.GetMeshes().size(),    list.GetGlobes().size()};
+  const DisplayList& l = GetList();
+  const std::vector<std::size_t> sizes = {
+      l.GetPoints().size(),   l.GetDiscs().size(),    l.GetShadows().size(),   l.GetPolylines().size(),
+      l.GetEllipses().size(), l.GetPolygons().size(), l.GetGradients().size(), l.GetTexts().size(),
+      l.GetMeshes().size(),   l.GetGlobes().size()};
   std::vector<std::size_t> next(sizes.size());
-  for (const scene::Run& run : list.GetRuns()) {
+  for (const scene::Run& run : l.GetRuns()) {
     std::size_t& from = next[static_cast<std::size_t>(run.type)];
     EXPECT_EQ(static_cast<std::size_t>(run.first), from);
     EXPECT_GT(run.count, 0);
