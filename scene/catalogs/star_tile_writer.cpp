@@ -117,8 +117,8 @@ constexpr int kKeyShift = 32;  // the band above the cell of the finest grid
 
 }  // namespace
 
-struct StarTileWriter::State {
-  explicit State(std::uint32_t starsInMemory) : mostInMemory(starsInMemory) {}
+struct StarTileWriterState {
+  explicit StarTileWriterState(std::uint32_t starsInMemory) : mostInMemory(starsInMemory) {}
 
   bool Fail(const std::string& reason) {
     error = path + ": " + reason;
@@ -154,7 +154,7 @@ struct StarTileWriter::State {
 };
 
 // The records of a cell, brightest first, whatever the order they came in.
-bool StarTileWriter::State::TakeCell(int band, std::uint32_t cell, int order) {
+bool StarTileWriterState::TakeCell(int band, std::uint32_t cell, int order) {
   const int shift = 2 * (astro::kMaxHealpixOrder - order);
   const std::uint64_t endKey = (std::uint64_t(band) << kKeyShift) + ((std::uint64_t{cell} + 1) << shift);
   cellStars.clear();
@@ -171,7 +171,7 @@ bool StarTileWriter::State::TakeCell(int band, std::uint32_t cell, int order) {
   return file.Write(cellBytes);
 }
 
-bool StarTileWriter::State::WriteBand(int band, std::uint32_t number) {
+bool StarTileWriterState::WriteBand(int band, std::uint32_t number) {
   const int order = bands[band].ChooseOrder();
   const std::uint32_t cells = astro::GetHealpixCellCount(order);
   std::uint32_t first = 0;
@@ -191,13 +191,13 @@ bool StarTileWriter::State::WriteBand(int band, std::uint32_t number) {
 }
 
 // Some thousand times in all.
-void StarTileWriter::State::Report() {
+void StarTileWriterState::Report() {
   written += cellStars.size();
   if (progress && written / 65536 != (written - cellStars.size()) / 65536)
     progress(static_cast<double>(written) / static_cast<double>(count));
 }
 
-std::string StarTileWriter::State::MakeHeader() const {
+std::string StarTileWriterState::MakeHeader() const {
   std::string entries;
   std::uint64_t fileSize = layout::kBandsAt + origin.size();
   std::uint32_t bandCount = 0;
@@ -232,14 +232,14 @@ std::string StarTileWriter::State::MakeHeader() const {
 
 StarTileWriter::StarTileWriter() : StarTileWriter(kStarsInMemory) {}
 StarTileWriter::StarTileWriter(std::uint32_t starsInMemory)
-    : m_State(std::make_unique<State>(starsInMemory)) {}
+    : m_State(std::make_unique<StarTileWriterState>(starsInMemory)) {}
 StarTileWriter::~StarTileWriter() = default;
 
 std::uint64_t StarTileWriter::GetCount() const { return m_State->count; }
 const std::string& StarTileWriter::GetError() const { return m_State->error; }
 
 bool StarTileWriter::Open(const char* path, const std::string& origin) {
-  State& state = *m_State;
+  StarTileWriterState& state = *m_State;
   state.Close();
   state.path = path;
   state.origin = origin.substr(0, layout::kMostOrigin);
@@ -259,7 +259,7 @@ const char* StarTileWriter::FindFault(const TileStar& star) {
 }
 
 bool StarTileWriter::Add(const TileStar& star) {
-  State& state = *m_State;
+  StarTileWriterState& state = *m_State;
   if (!state.runs) return false;
   if (const char* fault = FindFault(star)) return state.Fail(std::string("a star was refused: ") + fault);
   StarTileRuns::Entry entry;
@@ -277,7 +277,7 @@ bool StarTileWriter::Add(const TileStar& star) {
 }
 
 bool StarTileWriter::Commit(const std::function<void(double)>& progress) {
-  State& state = *m_State;
+  StarTileWriterState& state = *m_State;
   if (!state.runs) return false;
   state.progress = progress;
   state.written = 0;

@@ -24,6 +24,7 @@ constexpr DataPlace kPlaces[] = {
     {DataKind::kCatalogTable, "catalogs/constellation_bounds.txt"},
     {DataKind::kCatalogTable, "catalogs/constellation_lines.txt"},
     {DataKind::kCatalogTable, "catalogs/milkyway.txt"},
+    {DataKind::kCatalogTable, "catalogs/saturn_ring.txt"},
     {DataKind::kCatalogTable, "catalogs/asteroids.txt"},
     {DataKind::kCatalogTable, "catalogs/comets.txt"},
     {DataKind::kTwoLineElements, "catalogs/satellites.tle"},

@@ -50,6 +50,7 @@ const CatalogRule* FindCatalogRule(const std::string& fileName) {
       {"constellation_bounds", {"Label", "OtherLabel", "RA", "Dec", "EndRA", "EndDec"}, nullptr},
       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
       {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
+      {"saturn_ring", {"Radius", "Red", "Green", "Blue", "Opacity"}, nullptr},
       {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},
       {"comets", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "comt"}};
   const auto found = std::find_if(std::begin(kRules), std::end(kRules),

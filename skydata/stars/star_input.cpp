@@ -13,7 +13,10 @@ namespace skydata {
 
 std::unique_ptr<StarInput> OpenStarInput(const std::filesystem::path& path) {
   std::error_code ignored;
-  if (!std::filesystem::is_regular_file(path, ignored)) throw SourceError(path.string(), 0, "no such file");
+  if (!std::filesystem::is_regular_file(path, ignored)) {
+    const bool exists = std::filesystem::exists(path, ignored);
+    throw SourceError(path.string(), 0, exists ? "is no regular file" : "no such file");
+  }
   char first[10] = {};
   std::ifstream file(path, std::ios::binary);
   file.read(first, sizeof first);

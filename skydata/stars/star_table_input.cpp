@@ -86,10 +86,13 @@ void StarTableInput::Rewind() {
 
 // The next line that says something.
 bool StarTableInput::ReadLine() {
-  while (std::getline(m_File, m_Text)) {
+  std::array<char, kMostLine + 2> line;  // a zero stands behind the longest
+  while (m_File.getline(line.data(), line.size()) || m_File.gcount() > 0) {
     ++m_Line;
-    m_Taken += m_Text.size() + 1;
-    if (m_Text.size() > kMostLine) Fail("the line is longer than 65536 bytes");
+    if (m_File.fail()) Fail("the line is longer than 65536 bytes");
+    const auto taken = static_cast<std::size_t>(m_File.gcount());
+    m_Text.assign(line.data(), m_File.eof() ? taken : taken - 1);
+    m_Taken += taken;
     if (m_Line == 1 && HasByteOrderMark(m_Text)) m_Text.erase(0, sizeof kUtf8Mark - 1);
     if (!m_Text.empty() && m_Text.back() == '\r') m_Text.pop_back();
     if (!IsBlankText(m_Text) && m_Text[0] != '#') return true;

@@ -85,7 +85,10 @@ Endings MakeSkydataEndings(const TempDir& dir) {
       {"strings check", {"<" + dir.Write("de/qxstrings.txt", "100|%s%s%d\n101")}},
       {"strings show", {strings}},
       {"strings pseudo", {strings}},
-      {"strings list", {}}};
+      {"strings list", {}},
+      {"stars import",
+       {"<" + dir.Write("stars.tsv", "RA\tDec\tMag\n10.5\t-20.25\t11.5\n200.125\t40.5\t9.75\n"), "--output",
+        dir.Path("deep.tiles"), "--data", data}}};
 }
 
 Words SplitWords(const std::string& text) {

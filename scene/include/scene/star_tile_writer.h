@@ -23,6 +23,8 @@ struct TileStar {
   double motionEast = kUnknown, motionNorth = kUnknown;  // milliarcseconds a year, to the east with cos Dec
 };
 
+struct StarTileWriterState;
+
 // Writes a tile catalog (docs/formats/star_tiles.md) of any number of stars, which come in any order. It
 // holds two million of them in memory, 64 MB, and writes what is more to a file beside the target, 28 bytes
 // each, which is gone at the end. Besides that it needs 8 bytes for each cell of a band, which are fewer than
@@ -56,8 +58,7 @@ class SCENE_API StarTileWriter {
   const std::string& GetError() const;
 
  private:
-  struct State;
-  std::unique_ptr<State> m_State;
+  std::unique_ptr<StarTileWriterState> m_State;
 };
 
 }  // namespace scene

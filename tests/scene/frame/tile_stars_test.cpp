@@ -318,7 +318,7 @@ TEST_F(TileStarsTest, MoreThanAFrameShowsLeavesTheFaintestOut) {
   std::size_t all = 0;
   int brightestOut = 100000;
   stars.Find(geometry, tests);
-  std::vector<char> shown(catalogs.starTiles[0].GetCount());
+  std::vector<char> shown(static_cast<std::size_t>(catalogs.starTiles[0].GetCount()));
   int faintest = -100000;
   for (std::size_t i = 0; i < stars.GetCount(); ++i) {
     shown[static_cast<std::size_t>(stars.Get(i).star.GetNumber() - kFirst)] = 1;
