@@ -18,9 +18,7 @@
 #define COMMON_INTERFACES_API __attribute__((visibility("default")))
 #endif
 
-#if defined(COMMON_INTERFACES_BUILD) && defined(_WIN32)
-#define COMMON_INTERFACES_INLINE __attribute__((used))
-#elif defined(COMMON_INTERFACES_BUILD)
+#if defined(COMMON_INTERFACES_BUILD)
 #define COMMON_INTERFACES_INLINE COMMON_INTERFACES_API __attribute__((used))
 #else
 #define COMMON_INTERFACES_INLINE
