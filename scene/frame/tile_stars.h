@@ -19,9 +19,9 @@ struct PlacedTileStar {
   float dim;             // codes by which the sky makes it look fainter
 };
 
-// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, of the zoom and of the sky, in them
-// at the cells that the window touches, and there at the stars down to the limit, so that a frame costs what
-// it shows, whatever the catalogs hold.
+// The stars of the tile catalogs in one frame. It looks at the bands that the limit of stars reaches, that of
+// the zoom and of the sky, in them at the cells that the window touches, and there at the stars down to the
+// limit, so that a frame costs what it shows, whatever the catalogs hold.
 //
 // Allocates at its construction only: room for all stars of the catalogs, or for kMostTileStars. Room that no
 // frame has used yet is address space and no memory. `catalogs` is kept by reference.
