@@ -15,14 +15,14 @@ struct GlobePixel {
   float red, green, blue, opacity;
 };
 
-// The light of a globe and its ring at any point of the picture (docs/formats/display_list.md). `map` may be null;
-// everything is kept by reference.
+// The light of a globe and its ring at any point of the picture (docs/formats/display_list.md). `map` may be
+// null; everything is kept by reference.
 class GlobeShader {
  public:
   GlobeShader(const scene::GlobeRecord& globe, std::span<const scene::Rgba> ring, const SurfaceMap* map);
 
-  // x, y: from the middle of the disc, y down, in units of the equator's radius. `pixel`: the size of a pixel in the
-  // same unit, for smooth edges.
+  // x, y: from the middle of the disc, y down, in units of the equator's radius. `pixel`: the size of a pixel
+  // in the same unit, for smooth edges.
   GlobePixel Shade(double x, double y, double pixel) const;
   double GetReach() const;  // nothing is farther from the middle, same unit
 

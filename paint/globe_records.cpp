@@ -13,7 +13,8 @@ namespace {
 
 constexpr int kMostPixels = 8192;  // of a side
 
-// The part of the window that the globe may show in, and how many picture elements a unit of the context takes.
+// The part of the window that the globe may show in, and how many picture elements a unit of the context
+// takes.
 struct Field {
   double left, top, step;  // of an element
   int width, height;

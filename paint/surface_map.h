@@ -12,15 +12,15 @@ struct MapColour {
   float red, green, blue;
 };
 
-// The map of a body's surface: plate carree, north up, longitude 0 in the middle, east to the right; in steps of half
-// the size, so that a small disc takes the mean of what a pixel covers.
+// The map of a body's surface: plate carree, north up, longitude 0 in the middle, east to the right; in steps
+// of half the size, so that a small disc takes the mean of what a pixel covers.
 class SurfaceMap {
  public:
   // Reads a JPEG file of at most 8192 x 4096 pixels. False, with one diagnostic line, when it is none.
   bool Load(const std::string& path);
 
-  // Between the pixels. Longitude and latitude in radians, any longitude; `perRadian`: how many pixels of the picture
-  // a radian of the surface takes.
+  // Between the pixels. Longitude and latitude in radians, any longitude; `perRadian`: how many pixels of the
+  // picture a radian of the surface takes.
   MapColour GetColour(double longitude, double latitude, double perRadian) const;
 
  private:

@@ -12,8 +12,8 @@
 namespace scene {
 namespace {
 
-// Brightness of the part that the Sun does not light. That of the Moon is in the light of the Earth, which is full when
-// the Moon is new.
+// Brightness of the part that the Sun does not light. That of the Moon is in the light of the Earth, which is
+// full when the Moon is new.
 constexpr double kNightSide = 0.03, kEarthShine = 0.10;
 
 float Pixel(double v) { return static_cast<float>(v); }

@@ -46,8 +46,8 @@ float LimbDarkening(const SSO_ID& id) {
   return id.number == 1 || id.number == 9 ? 0.1f : id.number == 4 ? 0.3f : 0.6f;
 }
 
-// The axes of the picture where the body stands, on J2000 axes: right, down, and towards the viewer. The projection
-// keeps angles, so one step in the sky tells them all.
+// The axes of the picture where the body stands, on J2000 axes: right, down, and towards the viewer. The
+// projection keeps angles, so one step in the sky tells them all.
 void FindPictureAxes(const Direction& body, const ViewGeometry& geometry, double axes[9]) {
   constexpr double kStep = 1e-5;  // radians
   const Direction any = std::fabs(body.v[2]) < 0.9 ? Direction{{0.0, 0.0, 1.0}} : Direction{{1.0, 0.0, 0.0}};

@@ -20,8 +20,8 @@ struct Globe {
   bool ringed;
 };
 
-// The surfaces of bodies: their maps in the data root (media/maps, docs/data.md) and Saturn's ring. Allocates at its
-// construction only.
+// The surfaces of bodies: their maps in the data root (media/maps, docs/data.md) and Saturn's ring. Allocates
+// at its construction only.
 class BodyGlobes {
  public:
   explicit BodyGlobes(const BodyList& bodies);

@@ -31,8 +31,8 @@ class BodyTests {
   double GetSymbolRadius(int body, float dim) const;
   // Satellites are drawn whatever their magnitude, which nobody knows.
   bool HasMagnitude(int body) const;
-  // Pixels from a moon at that place to the edge of the dot that stands for its planet; infinite where the planet is
-  // seen as a disc, and for other bodies and our Moon.
+  // Pixels from a moon at that place to the edge of the dot that stands for its planet; infinite where the
+  // planet is seen as a disc, and for other bodies and our Moon.
   double FindDistanceToPlanet(int moon, const tPoint<double>& place) const;
 
  private:

@@ -76,8 +76,8 @@ double VertexStep(const ViewGeometry& geometry) {
 
 }  // namespace
 
-// Draws one line of the sky and labels it: the vertices go to the frame's list, the label where the line leaves the
-// window, at most twice.
+// Draws one line of the sky and labels it: the vertices go to the frame's list, the label where the line
+// leaves the window, at most twice.
 class SkyGrids::Pen {
  public:
   Pen(const Context& context, const GridSystem& system, const Stroke& stroke, SkyGrids& grids)
@@ -230,8 +230,8 @@ void SkyGrids::AddMeridian(const Context& context, const GridSystem& system, dou
   }
 }
 
-// Only the part that the window may show: up to the angle of its corners from the point of the circle that is nearest
-// to the middle of the picture.
+// Only the part that the window may show: up to the angle of its corners from the point of the circle that is
+// nearest to the middle of the picture.
 void SkyGrids::AddCircle(const Context& context, const GridSystem& system, const Direction& start,
                          const Direction& quarter, const Stroke& stroke) {
   const ViewGeometry& geometry = context.geometry;
@@ -248,8 +248,8 @@ void SkyGrids::AddCircle(const Context& context, const GridSystem& system, const
   }
 }
 
-// Through a round of precession the poles of the equator keep, but for some two degrees, their distance from those
-// of the ecliptic.
+// Through a round of precession the poles of the equator keep, but for some two degrees, their distance from
+// those of the ecliptic.
 void SkyGrids::AddPrecessionCircles(const Context& context) {
   GridSystem system = MakeGridSystem(GridSystemId::kEcliptic, context.observer);
   system.label = LabelKind::kEquatorialGrid;

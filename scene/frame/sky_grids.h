@@ -14,12 +14,13 @@
 
 namespace scene {
 
-// The grids of one frame, its circles (equators, ecliptic, meridian) and points (poles, equinoxes), with their
-// labels. Lines stand about 110 pixels apart whatever the zoom; each is labelled where it leaves the window, and
-// one that stays inside where it begins. Meridians other than the four main ones end a step before the poles.
+// The grids of one frame, its circles (equators, ecliptic, meridian) and points (poles, equinoxes), with
+// their labels. Lines stand about 110 pixels apart whatever the zoom; each is labelled where it leaves the
+// window, and one that stays inside where it begins. Meridians other than the four main ones end a step
+// before the poles.
 //
-// Vertices lie on their line, at most 10 pixels (of a picture of 1600 x 1000) apart. Allocates at its construction
-// and in FetchTexts only, unless more lines are asked for than a picture can hold.
+// Vertices lie on their line, at most 10 pixels (of a picture of 1600 x 1000) apart. Allocates at its
+// construction and in FetchTexts only, unless more lines are asked for than a picture can hold.
 class SkyGrids {
  public:
   SkyGrids();

@@ -105,9 +105,9 @@ TEST(EarthOrientation, MatricesAreRotations) {
   difference.Expect(1e-15);
 }
 
-// The equator and the ecliptic of date share the equinox and stand at the true obliquity: Meeus, example 22.a, gives
-// 23 26' 36.850" for 1987 April 10.0, with the obliquity of 1976 and the nutation of 1980, whose terms are up to 0.01
-// arc second from those of 2000.
+// The equator and the ecliptic of date share the equinox and stand at the true obliquity: Meeus, example
+// 22.a, gives 23 26' 36.850" for 1987 April 10.0, with the obliquity of 1976 and the nutation of 1980, whose
+// terms are up to 0.01 arc second from those of 2000.
 TEST(EarthOrientation, EclipticMeetsTheEquatorAtTheEquinox) {
   double equator[9], ecliptic[9];
   PrecessionNutationMatrix(2446895.5, equator);

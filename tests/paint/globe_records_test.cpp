@@ -14,8 +14,8 @@ using namespace host_test;
 
 namespace {
 
-// A globe of radius 40 in the middle of the picture, its north up, longitude 0 towards the viewer: the body's x is the
-// picture's z, y its x, z its -y.
+// A globe of radius 40 in the middle of the picture, its north up, longitude 0 towards the viewer: the body's
+// x is the picture's z, y its x, z its -y.
 GlobeRecord MakeGlobe(float sunX, float sunY, float cosPhase) {
   GlobeRecord globe = {};
   globe.disc = DiscRecord{100.0f, 50.0f, 40.0f, sunX, sunY, cosPhase, kRed, {40, 0, 0, 255}, {}, {}};
@@ -67,7 +67,8 @@ TEST_F(GlobeRecords, SkyShinesBeforeTheNight) {
   EXPECT_EQ(picture.At(70, 50).blue, 140) << "and before the day";
 }
 
-// By the formula: limb darkening of 0.6 leaves 0.4 + 0.6 mu, mu 0.6 at 0.8 of the radius; to the power of 0.6.
+// By the formula: limb darkening of 0.6 leaves 0.4 + 0.6 mu, mu 0.6 at 0.8 of the radius; to the power of
+// 0.6.
 TEST_F(GlobeRecords, LimbIsDarker) {
   GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
   globe.limbDarkening = 0.6f;
@@ -85,7 +86,8 @@ TEST_F(GlobeRecords, FlattenedOneIsLowerAlongItsAxis) {
   EXPECT_EQ(shader.Shade(0.95, 0.0, 0.01).opacity, 1.0f);
 }
 
-// Opened by 30 degrees, the ring of 1.5 to 2 radii reaches from 0.75 to 1 above and below the middle, and to 2 beside it.
+// Opened by 30 degrees, the ring of 1.5 to 2 radii reaches from 0.75 to 1 above and below the middle, and to
+// 2 beside it.
 TEST_F(GlobeRecords, RingLiesBehindTheGlobeAboveAndBeforeItBelow) {
   GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
   Tilt(globe, 0.5235987755982988);
@@ -101,7 +103,8 @@ TEST_F(GlobeRecords, RingLiesBehindTheGlobeAboveAndBeforeItBelow) {
   EXPECT_DOUBLE_EQ(shader.GetReach(), 2.0);
 }
 
-// The Sun stands to the left, level with the ring's lit side: the globe's shadow falls on the ring to the right.
+// The Sun stands to the left, level with the ring's lit side: the globe's shadow falls on the ring to the
+// right.
 TEST_F(GlobeRecords, GlobeThrowsItsShadowOnTheRing) {
   GlobeRecord globe = MakeGlobe(-1.0f, 0.0f, 0.0f);
   Tilt(globe, 0.5235987755982988);
@@ -127,8 +130,8 @@ TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {
   EXPECT_EQ(Light(with.Shade(0.0, -0.5, 0.01)), Light(without.Shade(0.0, -0.5, 0.01)));
 }
 
-// Tycho (43 S, 11 W) is bright, Mare Crisium (17 N, 59 E) dark, Mare Imbrium (33 N, 16 W) darker than the highlands
-// around 30 S, 10 E.
+// Tycho (43 S, 11 W) is bright, Mare Crisium (17 N, 59 E) dark, Mare Imbrium (33 N, 16 W) darker than the
+// highlands around 30 S, 10 E.
 TEST_F(GlobeRecords, MapOfTheMoonHasItsFeaturesWhereTheyAre) {
   paint::SurfaceMap map;
   ASSERT_TRUE(map.Load(CI_DATA_SOURCE "/maps/moon.jpg"));
@@ -141,7 +144,8 @@ TEST_F(GlobeRecords, MapOfTheMoonHasItsFeaturesWhereTheyAre) {
   EXPECT_EQ(grey(10, 370), grey(10, 10)) << "longitudes go around";
 }
 
-// At a pixel a radian one pixel of the smallest step of the map is 45 degrees wide: the mean of all that lies there.
+// At a pixel a radian one pixel of the smallest step of the map is 45 degrees wide: the mean of all that lies
+// there.
 TEST_F(GlobeRecords, SmallDiscsTakeMeans) {
   paint::SurfaceMap map;
   ASSERT_TRUE(map.Load(CI_DATA_SOURCE "/maps/moon.jpg"));

@@ -58,7 +58,7 @@ void RefuseEveryInput(MakeFile makeFile, bool namesBound) {
     for (const std::size_t input : line.inputs) {
       CommandLine changed = line;
       changed.arguments[input] = file;
-      const bool isView = line.program == "skyview";  // its reader moves about in the file
+      const bool isView = line.program == "skyview";            // its reader moves about in the file
       const bool isStarTable = line.command == "stars import";  // of any length, its lines are bounded
       ExpectRefusal(changed, file, namesBound && !isStarTable && !(isView && file.starts_with("/dev")));
       ++tried;
@@ -225,7 +225,7 @@ TEST(EndlessFiles, LintNamesEveryGiganticFileAndTheBound) {
     fs::create_directories(place.parent_path());
     fs::create_symlink(gigantic, place);
     const bool isPicture = file.extension() == ".svg" || file.extension() == ".jpg";
-    known += isPicture ? 0 : 1;                      // those are looked for, not read
+    known += isPicture ? 0 : 1;                     // those are looked for, not read
     tiles += file.extension() == ".tiles" ? 1 : 0;  // of any length, and no tiles here
   }
   const ProgramRun run = RunCommand("skydata", {"lint", dir.Path("root")});

@@ -27,16 +27,16 @@ struct SkyBody {
       names;  // UTF-8, the best known first; of the Sun, the Moon and planets none: GetBodyLabel
 };
 
-// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, their moons, asteroids, comets,
-// satellites.
+// The Sun first, then the Moon, the planets from Mercury to Pluto without the Earth, their moons, asteroids,
+// comets, satellites.
 using BodyList = std::vector<SkyBody>;
 
 inline constexpr int kSunBody = 0, kMoonBody = 1;  // indices in the list
 
-// The Sun, the Moon, the planets, the moons that astro/moons.h knows and the list of planets and moons names, then what "catalogs:asteroids.txt" and "catalogs:comets.txt" hold
-// (docs/formats/catalog_tables.md), without the asteroid 134340, which is the planet Pluto. A table that is
-// missing or is none leaves its bodies out, with one diagnostic line, and so does a record whose elements are
-// no orbit.
+// The Sun, the Moon, the planets, the moons that astro/moons.h knows and the list of planets and moons names,
+// then what "catalogs:asteroids.txt" and "catalogs:comets.txt" hold (docs/formats/catalog_tables.md), without
+// the asteroid 134340, which is the planet Pluto. A table that is missing or is none leaves its bodies out,
+// with one diagnostic line, and so does a record whose elements are no orbit.
 SCENE_API BodyList LoadBodies();
 
 // What is written beside a body, UTF-8: the name of a planet in the current language, else its first name.

@@ -99,9 +99,9 @@ struct DiscRecord {
 // docs/formats/display_list.md says how a pixel of it gets its colour.
 struct GlobeRecord {
   DiscRecord disc;  // its radius is that of the equator
-  float toBody
-      [9];  // from the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
-            // longitude 0)
+  // From the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
+  // longitude 0).
+  float toBody[9];
   float flattening;            // what the axis is shorter than the equator's, as a part of it
   float limbDarkening;         // 0: as bright at the limb as in the middle, 1: dark there
   float ringInner, ringOuter;  // radii of a ring about the equator, units of the equator's; 0: no ring
@@ -236,8 +236,8 @@ class SCENE_API DisplayList {
   const std::vector<Vertex>& GetVertices() const { return m_Vertices; }
   const std::vector<char>& GetTextBytes() const { return m_TextBytes; }
   const std::vector<Rgba>& GetColours() const { return m_Colours; }
-  // Resolved paths of the maps of surfaces, plate carree JPEG, north up, longitude 0 in the middle, east to the right;
-  // the same for all frames.
+  // Resolved paths of the maps of surfaces, plate carree JPEG, north up, longitude 0 in the middle, east to
+  // the right; the same for all frames.
   const std::vector<std::string>& GetMaps() const { return m_Maps; }
   const char* GetText(const TextRecord& text) const { return m_TextBytes.data() + text.first; }
 

@@ -31,14 +31,14 @@ SCENE_API int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
 SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs& catalogs);
 
 // Finds objects by any of their names: proper names, "α CMa" or "alpha CMa" or "alp CMa", "9 CMa", "HR 2491",
-// "HIP 32349", "M 31", "NGC 224", "Caldwell 20" or "C20", constellations in Latin and English; planets in the current language and as
-// the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P", satellites by name or
-// catalogue number; stars of tile catalogs, which have no names, by "HIP 70890", and those that were imported
-// by "Star 100000123". Pluto is one object, the planet, and "134340 Pluto" another name of it. A Bayer letter
-// that several stars share by numbers stands for all of them: "alpha Cen" for α1 and α2. Upper and lower
-// case, accents, blanks and punctuation do not matter, and where nothing else has such a name "Galaxy",
-// "Nebula" or "Cluster" at its end may be missing: "Sombrero". Planets and moons come before asteroids of the
-// same name: "Europa" is the moon, "52 Europa" the asteroid.
+// "HIP 32349", "M 31", "NGC 224", "Caldwell 20" or "C20", constellations in Latin and English; planets in the
+// current language and as the list of bodies calls them, "Ceres" or "1 Ceres", "1P/Halley", "Halley" or "1P",
+// satellites by name or catalogue number; stars of tile catalogs, which have no names, by "HIP 70890", and
+// those that were imported by "Star 100000123". Pluto is one object, the planet, and "134340 Pluto" another
+// name of it. A Bayer letter that several stars share by numbers stands for all of them: "alpha Cen" for α1
+// and α2. Upper and lower case, accents, blanks and punctuation do not matter, and where nothing else has
+// such a name "Galaxy", "Nebula" or "Cluster" at its end may be missing: "Sombrero". Planets and moons come
+// before asteroids of the same name: "Europa" is the moon, "52 Europa" the asteroid.
 class SCENE_API ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by

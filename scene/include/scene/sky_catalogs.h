@@ -41,8 +41,8 @@ struct MilkyWayRing {
   int first, count;
 };
 
-// What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class of
-// a star of a tile catalog is unknown.
+// What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class
+// of a star of a tile catalog is unknown.
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
 
@@ -67,12 +67,13 @@ struct SkyCatalogs {
 // of the tables: it is not read then, and nobody is told what is wrong with it.
 enum class CatalogUse { kPictures, kQuestions };
 
-// Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what there
-// was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there are such:
-// the second is what somebody imported. One that cannot be used is left out with one diagnostic line. False when
-// one of the tables that are wanted, of stars, Messier's list, the names or figures of constellations or the Milky
-// Way, is missing, or a table is none: `error` is then one line that names the file, and `catalogs` is what it
-// was. Without the NGC, the outlines of nebulae or the boundaries of constellations there are none of these.
+// Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what
+// there was, and opens the tile catalogs "catalogs:stars.tiles" and "catalogs:deep_stars.tiles", where there
+// are such: the second is what somebody imported. One that cannot be used is left out with one diagnostic
+// line. False when one of the tables that are wanted, of stars, Messier's list, the names or figures of
+// constellations or the Milky Way, is missing, or a table is none: `error` is then one line that names the
+// file, and `catalogs` is what it was. Without the NGC, the outlines of nebulae or the boundaries of
+// constellations there are none of these.
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error,
                                CatalogUse use = CatalogUse::kPictures);
 

@@ -46,8 +46,8 @@ SSO_ID Planet(int number) { return SSO_ID(FourCC("plnt"), number); }
 
 }  // namespace
 
-// The middle of the disc is the point of the surface that has the observer in its zenith, but for the aberration, which
-// turns the apparent way to the body by up to 20.7 arc seconds.
+// The middle of the disc is the point of the surface that has the observer in its zenith, but for the
+// aberration, which turns the apparent way to the body by up to 20.7 arc seconds.
 TEST_F(BodyGlobesTest, MiddleOfTheDiscIsBelowTheObserver) {
   for (const SSO_ID& id : {Planet(5), Planet(6), Planet(10), SSO_ID(FourCC("moon"), 301)}) {
     const GlobeRecord* const globe = LookAt(id);
@@ -60,8 +60,8 @@ TEST_F(BodyGlobesTest, MiddleOfTheDiscIsBelowTheObserver) {
   }
 }
 
-// The north pole points in the picture where its position angle says: the picture's own north is found by a step of the
-// camera towards the pole of the sky.
+// The north pole points in the picture where its position angle says: the picture's own north is found by a
+// step of the camera towards the pole of the sky.
 TEST_F(BodyGlobesTest, AxisPointsWhereItsPositionAngleSays) {
   const GlobeRecord* const globe = LookAt(Planet(5));
   ASSERT_TRUE(globe && surface);

@@ -183,8 +183,8 @@ TEST_F(Grids, NoHorizonNoMeridian) {
   EXPECT_EQ(CountLines(), 0);
 }
 
-// The small sky has Rigel's place in the catalogue; the line of its right ascension goes through the drawn star, 20 arc
-// seconds of aberration and all.
+// The small sky has Rigel's place in the catalogue; the line of its right ascension goes through the drawn
+// star, 20 arc seconds of aberration and all.
 TEST_F(Grids, J2000CoordinatesMoveWithTheStars) {
   const GridSystem system = MakeGridSystem(GridSystemId::kEquatorJ2000, (f.Compute(), f.observer));
   const Direction rigel = MakeDirection(78.6344671 * kRadiansPerDegree, -8.2016384 * kRadiansPerDegree);

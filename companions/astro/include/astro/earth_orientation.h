@@ -20,8 +20,8 @@
 // in -3000, 90 in -5000; 5 in 5000, 250 in 10000.
 ASTRO_API void PrecessionNutationMatrix(double julianDateTT, double m[9]);
 
-// Catalogue frame to the ecliptic and the true equinox of date, with the precession and the nutation of above;
-// turned about the equinox by the true obliquity of date it is the matrix above.
+// Catalogue frame to the ecliptic and the true equinox of date, with the precession and the nutation of
+// above; turned about the equinox by the true obliquity of date it is the matrix above.
 ASTRO_API void TrueEclipticMatrix(double julianDateTT, double m[9]);
 
 // Mean obliquity of the ecliptic of date, radians, IAU 2006 (Hilton et al. 2006): a polynomial of the fifth
