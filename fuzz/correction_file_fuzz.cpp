@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The file of magnitude corrections that every settings container loads when it is made.
+// The file of magnitude corrections that every settings container loads when it is made, and never releases.
 #include <cstdint>
 
 #include "common_interfaces/settings_data.h"
@@ -15,8 +15,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int i = 0; i < settings.GetCorrectionCount(); ++i) {
     fuzz::Require(settings.GetCorrectionAt(i) != nullptr, "every counted correction is there");
     fuzz::WalkField(*settings.GetCorrectionAt(i));
-    // The container deliberately never releases them.
-    delete settings.GetCorrectionAt(i);
   }
   return 0;
 }

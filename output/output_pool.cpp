@@ -6,14 +6,16 @@
 
 namespace CommonInterfaces {
 
+// A pool without blocks has a current one too, which is never allocated and never written: all such pools share it.
 OutputPool::OutputPool(unsigned blockSize, unsigned blockCount)
-    : m_Blocks(new Block[blockCount != 0 ? blockCount : 1]{}),
-      m_BlockSize(blockSize),
-      m_BlockCount(blockCount) {}
+    : m_BlockSize(blockSize), m_BlockCount(blockCount) {
+  static Block none = {};
+  m_Blocks = blockCount != 0 ? new Block[blockCount]{} : &none;
+}
 
 OutputPool::~OutputPool() {
   clear(true);
-  delete[] m_Blocks;
+  if (m_BlockCount != 0) delete[] m_Blocks;
 }
 
 // For a request that the current block cannot serve, or that is the first of all.

@@ -63,9 +63,10 @@ void SettingsData::LoadCorrectionFields() {
   MFile file;
   if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return;
   const CurrentLayout always;
+  static FieldArena& arena = *new FieldArena;  // it stays as its fields do
   std::vector<SectionRecord> skipped;
   if (FindBlock(file, m_Owner, kDefaultsTag) && ReadSectionRecords(file, skipped))
-    ReadFieldRecords(file, *new FieldArena, m_CorrectionFields);  // it stays as they do
+    ReadFieldRecords(file, arena, m_CorrectionFields);
 }
 
 void SettingsData::SetID(unsigned id) { m_ID = id; }
