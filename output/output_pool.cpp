@@ -6,7 +6,8 @@
 
 namespace CommonInterfaces {
 
-// A pool without blocks has a current one too, which is never allocated and never written: all such pools share it.
+// A pool without blocks has a current one too, which is never allocated and never written: all such pools
+// share it.
 OutputPool::OutputPool(unsigned blockSize, unsigned blockCount)
     : m_BlockSize(blockSize), m_BlockCount(blockCount) {
   static Block none = {};
