@@ -145,7 +145,13 @@ bool GlobeShader::ShadeRing(double x, double y, double pixel, RingLight& light) 
   const bool seesLitSide = (m_Viewer.z > 0.0) == (m_Sun.z > 0.0);
   const double sunlight = (seesLitSide ? 1.0 : kUnlitRing) * (IsInShadowOfBall(there) ? kShadowed : 1.0);
   const float opacity = m_Globe.disc.lit.alpha / 255.0f, bright = static_cast<float>(sunlight) * opacity;
-  light.pixel = {bright * ring.red, bright * ring.green, bright * ring.blue, opacity * ring.opacity};
+  const float covered = opacity * ring.opacity;
+  const auto withAir = [&](float own, unsigned char air) {
+    const float sky = static_cast<float>(air) / 255.0f;
+    return sky * covered + bright * own * (1.0f - sky);
+  };
+  light.pixel = {withAir(ring.red, m_Globe.air.red), withAir(ring.green, m_Globe.air.green),
+                 withAir(ring.blue, m_Globe.air.blue), covered};
   return true;
 }
 

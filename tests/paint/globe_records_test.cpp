@@ -118,6 +118,21 @@ TEST_F(GlobeRecords, GlobeThrowsItsShadowOnTheRing) {
   EXPECT_LT(shader.Shade(1.75, 0.0, 0.01).green, 0.1f);
 }
 
+// In the globe's shadow 6 % of the ring's light are left, and before it stands the sky: 90 + 0.06 * 255 * (1
+// - 90 / 255).
+TEST_F(GlobeRecords, SkyShinesBeforeTheShadowOnTheRing) {
+  GlobeRecord globe = MakeGlobe(-0.98058f, -0.19612f, 0.0f);
+  Tilt(globe, 0.5235987755982988);
+  globe.ringInner = 1.5f;
+  globe.ringOuter = 2.0f;
+  globe.air = {60, 90, 140, 255};
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  const paint::GlobePixel pixel = paint::GlobeShader(globe, ring, nullptr).Shade(1.75, 0.0, 0.01);
+  EXPECT_NEAR(255.0 * pixel.red, 60.0, 0.5);
+  EXPECT_NEAR(255.0 * pixel.green, 99.9, 0.5);
+  EXPECT_NEAR(255.0 * pixel.blue, 140.0, 0.5);
+}
+
 TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {
   GlobeRecord globe =
       MakeGlobe(0.0f, -1.0f, 0.8660254f);  // 30 degrees above the ring's plane, which is seen edge-on

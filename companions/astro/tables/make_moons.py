@@ -12,6 +12,8 @@ import math
 import pathlib
 import sys
 
+from table_files import write_or_check
+
 HERE = pathlib.Path(__file__).resolve().parent
 BANNER = [
     "// SPDX-FileCopyrightText: the common_interfaces authors",
@@ -120,20 +122,7 @@ def uranus():
     return lines + ["constexpr MoonSeries<SeriesTerm> kUranusMoons[] = {", *means, "};"]
 
 
-def main():
-    current = True
-    for name, made in (("jupiter_moon_tables.inc", jupiter), ("saturn_moon_tables.inc", saturn),
-                       ("uranus_moon_tables.inc", uranus)):
-        text = "\n".join(made()) + "\n"
-        target = HERE.parent / "moons" / name
-        if sys.argv[1:] == ["--check"]:
-            if not target.exists() or target.read_text() != text:
-                print(f"{name} is not what {pathlib.Path(__file__).name} makes of the tables", file=sys.stderr)
-                current = False
-        else:
-            target.write_text(text)
-    return 0 if current else 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(write_or_check(HERE.parent / "moons",
+                          (("jupiter_moon_tables.inc", jupiter), ("saturn_moon_tables.inc", saturn),
+                           ("uranus_moon_tables.inc", uranus))))

@@ -11,6 +11,8 @@ import csv
 import pathlib
 import sys
 
+from table_files import write_or_check
+
 HERE = pathlib.Path(__file__).resolve().parent
 BANNER = [
     "// SPDX-FileCopyrightText: the common_interfaces authors",
@@ -92,20 +94,7 @@ def pluto_table():
     return lines + ["};"]
 
 
-def main():
-    current = True
-    for name, made in (("planet_tables.inc", planet_tables), ("moon_tables.inc", moon_tables),
-                       ("pluto_table.inc", pluto_table)):
-        text = "\n".join(made()) + "\n"
-        target = HERE.parent / "planets" / name
-        if sys.argv[1:] == ["--check"]:
-            if not target.exists() or target.read_text() != text:
-                print(f"{name} is not what {pathlib.Path(__file__).name} makes of the tables", file=sys.stderr)
-                current = False
-        else:
-            target.write_text(text)
-    return 0 if current else 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(write_or_check(HERE.parent / "planets",
+                          (("planet_tables.inc", planet_tables), ("moon_tables.inc", moon_tables),
+                           ("pluto_table.inc", pluto_table))))
