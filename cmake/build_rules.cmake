@@ -52,13 +52,18 @@ target_compile_options(ci_compile_rules INTERFACE $<$<CONFIG:RelWithDebInfo>:-g1
 # Files of 2 GiB and more are recognised as such on 32-bit systems too.
 target_compile_definitions(ci_compile_rules INTERFACE _FILE_OFFSET_BITS=64)
 if(CI_SANITIZE)
-  set(ci_sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+  set(ci_sanitizers -fsanitize=${CI_SANITIZE} -fno-sanitize-recover=all)
   target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -fno-omit-frame-pointer -g1)
   target_link_options(ci_compile_rules INTERFACE ${ci_sanitizers})
 endif()
 
 # What is tested is optimised, the tests are not: they would take three times as long to compile.
-set(CI_OBJECT_OPTIONS $<$<BOOL:${CI_SANITIZE}>:-O1>)
+set(CI_OBJECT_OPTIONS)
+set(ci_is_sanitized 0)
+if(CI_SANITIZE)
+  set(CI_OBJECT_OPTIONS -O1)
+  set(ci_is_sanitized 1)
+endif()
 set(CI_TEST_OPTIONS -O0 -g1)
 
 include(cmake/precompiled_headers.cmake)
