@@ -22,7 +22,8 @@ void DeclareAll(const std::vector<Command>& commands, CLI::App& parser, Chosen& 
   for (const Command& command : commands) {
     CLI::App& below = *parser.add_subcommand(command.name, command.help);
     if (command.declare) {
-      below.callback([action = command.declare(below), content = command.content, &chosen] {
+      ArgumentList arguments(below);
+      below.callback([action = command.declare(arguments), content = command.content, &chosen] {
         chosen = {action, content};
       });
     } else {

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -23,15 +22,13 @@ int Build(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareBuild(CLI::App& command) {
+Action DeclareBuild(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("SOURCE", arguments->source, "folder of the sources, for example data/source")
-      ->required();
-  command.add_option("OUT", arguments->out, "folder to make, or to bring up to date, file by file")
-      ->required();
-  command.add_option("--language", arguments->language, "folder below SOURCE/strings of the default texts")
-      ->type_name("NAME")
-      ->capture_default_str();
+  command.Take("SOURCE", arguments->source, "folder of the sources, for example data/source").Require();
+  command.Take("OUT", arguments->out, "folder to make, or to bring up to date, file by file").Require();
+  command.Take("--language", arguments->language, "folder below SOURCE/strings of the default texts")
+      .Form("NAME")
+      .ShowDefault();
   return [arguments](std::ostream& output, std::ostream&) { return Build(*arguments, output); };
 }
 

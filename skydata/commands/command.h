@@ -10,9 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
+#include "skydata/commands/arguments.h"
 
 namespace skydata {
 
@@ -35,7 +33,7 @@ class UsageError : public std::runtime_error {
 };
 
 // Declares the arguments of a command on its parser; the action reads them when they have been parsed.
-using Declare = Action (*)(CLI::App& command);
+using Declare = Action (*)(ArgumentList& command);
 
 // What a command writes to its output.
 enum class Content { kText, kBytes };
@@ -52,23 +50,23 @@ struct Command {
 // All commands, in the order in which the help shows them.
 const std::vector<Command>& GetCommands();
 
-Action DeclareBuild(CLI::App& command);
-Action DeclareLint(CLI::App& command);
-Action DeclareShow(CLI::App& command);
+Action DeclareBuild(ArgumentList& command);
+Action DeclareLint(ArgumentList& command);
+Action DeclareShow(ArgumentList& command);
 
-Action DeclareSettingsDump(CLI::App& command);
-Action DeclareSettingsBuild(CLI::App& command);
-Action DeclareSettingsCheck(CLI::App& command);
-Action DeclareSettingsDiff(CLI::App& command);
-Action DeclareSettingsConvert(CLI::App& command);
-Action DeclareSettingsExplain(CLI::App& command);
-Action DeclareSettingsSet(CLI::App& command);
+Action DeclareSettingsDump(ArgumentList& command);
+Action DeclareSettingsBuild(ArgumentList& command);
+Action DeclareSettingsCheck(ArgumentList& command);
+Action DeclareSettingsDiff(ArgumentList& command);
+Action DeclareSettingsConvert(ArgumentList& command);
+Action DeclareSettingsExplain(ArgumentList& command);
+Action DeclareSettingsSet(ArgumentList& command);
 
-Action DeclareStarsImport(CLI::App& command);
+Action DeclareStarsImport(ArgumentList& command);
 
-Action DeclareStringsCheck(CLI::App& command);
-Action DeclareStringsShow(CLI::App& command);
-Action DeclareStringsPseudo(CLI::App& command);
-Action DeclareStringsList(CLI::App& command);
+Action DeclareStringsCheck(ArgumentList& command);
+Action DeclareStringsShow(ArgumentList& command);
+Action DeclareStringsPseudo(ArgumentList& command);
+Action DeclareStringsList(ArgumentList& command);
 
 }  // namespace skydata

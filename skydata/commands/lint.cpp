@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <ostream>
@@ -45,12 +44,11 @@ int RunLint(const Arguments& arguments, std::ostream& output, std::ostream& erro
 
 }  // namespace
 
-Action DeclareLint(CLI::App& command) {
+Action DeclareLint(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("ROOT", arguments->root,
-                     "data root or work area; else the data root beside this program");
-  command.add_flag("--json", arguments->isJson, "one JSON array in place of lines");
-  command.add_flag("--strict", arguments->isStrict, "exit code 1 for warnings too");
+  command.Take("ROOT", arguments->root, "data root or work area; else the data root beside this program");
+  command.TakeFlag("--json", arguments->isJson, "one JSON array in place of lines");
+  command.TakeFlag("--strict", arguments->isStrict, "exit code 1 for warnings too");
   return
       [arguments](std::ostream& output, std::ostream& errors) { return RunLint(*arguments, output, errors); };
 }

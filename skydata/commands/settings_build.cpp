@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -31,10 +30,10 @@ int BuildSettings(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareSettingsBuild(CLI::App& command) {
+Action DeclareSettingsBuild(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("TEXT", arguments->text, "settings text; - is standard input")->required();
-  command.add_option("OUT", arguments->out, "file to make or to replace; - is standard output")->required();
+  command.Take("TEXT", arguments->text, "settings text; - is standard input").Require();
+  command.Take("OUT", arguments->out, "file to make or to replace; - is standard output").Require();
   return [arguments](std::ostream& output, std::ostream&) { return BuildSettings(*arguments, output); };
 }
 

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -50,11 +49,11 @@ int Check(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareSettingsCheck(CLI::App& command) {
+Action DeclareSettingsCheck(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILES", arguments->files, "settings files; - is standard input")->required();
+  command.Take("FILES", arguments->files, "settings files; - is standard input").Require();
   AddNamesOption(command, arguments->names);
-  command.add_flag("--json", arguments->isJson, "an array of objects: file, offset, code, severity, text");
+  command.TakeFlag("--json", arguments->isJson, "an array of objects: file, offset, code, severity, text");
   return [arguments](std::ostream& output, std::ostream&) { return Check(*arguments, output); };
 }
 

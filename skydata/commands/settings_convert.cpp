@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -37,15 +36,14 @@ int Convert(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareSettingsConvert(CLI::App& command) {
+Action DeclareSettingsConvert(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILE", arguments->file, "settings file")->required();
-  CLI::Option_group* const target = command.add_option_group("target");
-  target->add_option("--out", arguments->out, "file to make, which must not exist")->type_name("NEW");
-  target->add_flag("--in-place", arguments->isInPlace, "put the new file in the place of the old one");
-  target->require_option(1);
-  command.add_option("--from", arguments->from, "'old': so are blocks that fit neither layout")
-      ->check(CLI::IsMember({"old"}));
+  command.Take("FILE", arguments->file, "settings file").Require();
+  ArgumentList target = command.Group("target");
+  target.Take("--out", arguments->out, "file to make, which must not exist").Form("NEW");
+  target.TakeFlag("--in-place", arguments->isInPlace, "put the new file in the place of the old one");
+  target.RequireOne();
+  command.Take("--from", arguments->from, "'old': so are blocks that fit neither layout").OneOf({"old"});
   return [arguments](std::ostream& output, std::ostream&) { return Convert(*arguments, output); };
 }
 

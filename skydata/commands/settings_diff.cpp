@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -32,7 +31,7 @@ int Diff(const Arguments& arguments, std::ostream& output, std::ostream& errors)
 
 }  // namespace
 
-Action DeclareSettingsDiff(CLI::App& command) {
+Action DeclareSettingsDiff(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
   AddSettingsFile(command, "A", arguments->first);
   AddSettingsFile(command, "B", arguments->second);

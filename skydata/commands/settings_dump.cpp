@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -32,7 +31,7 @@ int Dump(const Arguments& arguments, std::ostream& output, std::ostream& errors)
 
 }  // namespace
 
-Action DeclareSettingsDump(CLI::App& command) {
+Action DeclareSettingsDump(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
   AddSettingsFile(command, "FILE", arguments->file);
   AddNamesOption(command, arguments->names);

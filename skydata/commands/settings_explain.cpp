@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -37,14 +36,12 @@ int Explain(const Arguments& arguments, std::ostream& output, std::ostream& erro
 
 }  // namespace
 
-Action DeclareSettingsExplain(CLI::App& command) {
+Action DeclareSettingsExplain(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
   AddSettingsFile(command, "FILE", arguments->file);
-  command.add_option("FIELD", arguments->field, "SECTION.NAME, for example star.Draw")->required();
-  command.add_option("--block", arguments->block, "the container, where several have the field")
-      ->type_name("OWNER,ID");
-  command.add_option("--defaults", arguments->defaults, "file with the defaults, unless it is FILE")
-      ->type_name("FILE");
+  command.Take("FIELD", arguments->field, "SECTION.NAME, for example star.Draw").Require();
+  command.Take("--block", arguments->block, "the container, where several have the field").Form("OWNER,ID");
+  command.Take("--defaults", arguments->defaults, "file with the defaults, unless it is FILE").Form("FILE");
   AddNamesOption(command, arguments->names);
   return
       [arguments](std::ostream& output, std::ostream& errors) { return Explain(*arguments, output, errors); };

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/commands/settings_input.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 
 #include "skydata/commands/command.h"
@@ -13,12 +12,12 @@
 
 namespace skydata {
 
-void AddSettingsFile(CLI::App& command, const char* name, std::string& file) {
-  command.add_option(name, file, "settings file; - is standard input")->required();
+void AddSettingsFile(ArgumentList& command, const char* name, std::string& file) {
+  command.Take(name, file, "settings file; - is standard input").Require();
 }
 
-void AddNamesOption(CLI::App& command, std::string& names) {
-  command.add_option("--names", names, "settings text whose field names are known too")->type_name("TEXT");
+void AddNamesOption(ArgumentList& command, std::string& names) {
+  command.Take("--names", names, "settings text whose field names are known too").Form("TEXT");
 }
 
 FieldNames LoadNames(const std::string& names) {

@@ -8,20 +8,17 @@
 #include <string>
 #include <utility>
 
+#include "skydata/commands/arguments.h"
 #include "skydata/settings/explain.h"
 #include "skydata/settings/reader/file_reader.h"
-
-namespace CLI {
-class App;
-}
 
 namespace skydata {
 
 inline constexpr char kStandardStream[] = "-";  // in place of a file's name
 
 // A required settings file, and the option --names.
-void AddSettingsFile(CLI::App& command, const char* name, std::string& file);
-void AddNamesOption(CLI::App& command, std::string& names);
+void AddSettingsFile(ArgumentList& command, const char* name, std::string& file);
+void AddNamesOption(ArgumentList& command, std::string& names);
 
 // The library's names and those of the settings text that --names gives, "" for none.
 FieldNames LoadNames(const std::string& names);

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -43,13 +42,12 @@ int Set(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareSettingsSet(CLI::App& command) {
+Action DeclareSettingsSet(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILE", arguments->file, "settings file, which is replaced whole")->required();
-  command.add_option("CHANGE", arguments->change, "SECTION.FIELD=VALUE[,VALUE...], as many values as it has")
-      ->required();
-  command.add_option("--block", arguments->block, "the container, where several have the field")
-      ->type_name("OWNER,ID");
+  command.Take("FILE", arguments->file, "settings file, which is replaced whole").Require();
+  command.Take("CHANGE", arguments->change, "SECTION.FIELD=VALUE[,VALUE...], as many values as it has")
+      .Require();
+  command.Take("--block", arguments->block, "the container, where several have the field").Form("OWNER,ID");
   AddNamesOption(command, arguments->names);
   return [arguments](std::ostream& output, std::ostream&) { return Set(*arguments, output); };
 }

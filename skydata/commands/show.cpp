@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <map>
 #include <memory>
 #include <ostream>
@@ -84,17 +83,15 @@ int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& erro
 
 }  // namespace
 
-Action DeclareShow(CLI::App& command) {
+Action DeclareShow(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
   std::vector<std::string> names;
   for (const DataKindName& known : GetDataKindNames()) names.emplace_back(known.name);
-  command.add_option("FILE", arguments->file, "file of a data root or a work area")->required();
-  command.add_option("--as", arguments->kindName, "what the file is; else its name says it")
-      ->check(CLI::IsMember(names));
-  command
-      .add_option("--cell", arguments->cell, "the stars of a cell of a tile catalog, in place of its bands")
-      ->type_name("BAND:CELL");
-  command.add_flag("--json", arguments->isJson, "one JSON array of objects in place of lines");
+  command.Take("FILE", arguments->file, "file of a data root or a work area").Require();
+  command.Take("--as", arguments->kindName, "what the file is; else its name says it").OneOf(names);
+  command.Take("--cell", arguments->cell, "the stars of a cell of a tile catalog, in place of its bands")
+      .Form("BAND:CELL");
+  command.TakeFlag("--json", arguments->isJson, "one JSON array of objects in place of lines");
   return
       [arguments](std::ostream& output, std::ostream& errors) { return RunShow(*arguments, output, errors); };
 }

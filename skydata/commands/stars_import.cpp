@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 
@@ -36,18 +35,16 @@ int ImportStarFile(const Arguments& arguments, std::ostream& output, std::ostrea
 
 }  // namespace
 
-Action DeclareStarsImport(CLI::App& command) {
+Action DeclareStarsImport(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILE", arguments->file, "index file (FITS) or table (TSV, CSV) of stars")->required();
+  command.Take("FILE", arguments->file, "index file (FITS) or table (TSV, CSV) of stars").Require();
   command
-      .add_option("--output", arguments->output,
-                  "tile catalog to make; else catalogs/deep_stars.tiles of the data root, where the programs "
-                  "look, as they do in a work area")
-      ->type_name("FILE");
-  command
-      .add_option("--data", arguments->data,
-                  "data root whose stars are left out; else that beside this program")
-      ->type_name("ROOT");
+      .Take("--output", arguments->output,
+            "tile catalog to make; else catalogs/deep_stars.tiles of the data root, where the programs "
+            "look, as they do in a work area")
+      .Form("FILE");
+  command.Take("--data", arguments->data, "data root whose stars are left out; else that beside this program")
+      .Form("ROOT");
   return [arguments](std::ostream& output, std::ostream& errors) {
     return ImportStarFile(*arguments, output, errors);
   };

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -44,11 +43,10 @@ int Check(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareStringsCheck(CLI::App& command) {
+Action DeclareStringsCheck(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILE", arguments->files, "string tables; several are compared with each other")
-      ->required();
-  command.add_flag("--json", arguments->isJson, "one JSON array in place of lines");
+  command.Take("FILE", arguments->files, "string tables; several are compared with each other").Require();
+  command.TakeFlag("--json", arguments->isJson, "one JSON array in place of lines");
   AddLanguageOption(command, arguments->language);
   AddEncodingOption(command, arguments->encoding);
   return [arguments](std::ostream& output, std::ostream&) { return Check(*arguments, output); };

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -9,9 +8,9 @@
 
 namespace skydata {
 
-Action DeclareStringsList(CLI::App& command) {
+Action DeclareStringsList(ArgumentList& command) {
   const auto isMarkdown = std::make_shared<bool>(false);
-  command.add_flag("--markdown", *isMarkdown, "as a table of Markdown");
+  command.TakeFlag("--markdown", *isMarkdown, "as a table of Markdown");
   return [isMarkdown](std::ostream& output, std::ostream&) {
     output << (*isMarkdown ? ListTextsAsMarkdown() : ListTexts());
     return kDone;

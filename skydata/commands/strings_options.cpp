@@ -2,26 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/commands/strings_options.h"
 
-#include <CLI/CLI.hpp>
-#include <map>
-
 namespace skydata {
 
-CLI::Option* AddLanguageOption(CLI::App& command, std::string& language) {
-  return command
-      .add_option("--language", language, "language of the texts; else the name of the file's folder")
-      ->type_name("NAME");
+Argument AddLanguageOption(ArgumentList& command, std::string& language) {
+  return command.Take("--language", language, "language of the texts; else the name of the file's folder")
+      .Form("NAME");
 }
 
-void AddEncodingOption(CLI::App& command, StringsEncoding& encoding) {
-  static const std::map<std::string, StringsEncoding> kEncodings = {
-      {"utf-8", StringsEncoding::kUtf8}, {"code-page", StringsEncoding::kCodePage}};
+void AddEncodingOption(ArgumentList& command, StringsEncoding& encoding) {
   command
-      .add_option(
-          "--encoding", encoding,
+      .TakeWord(
+          "--encoding", {"utf-8", "code-page"},
+          [&encoding](const std::string& word) {
+            encoding = word == "utf-8" ? StringsEncoding::kUtf8 : StringsEncoding::kCodePage;
+          },
           "encoding of the files; else UTF-8 where they are valid UTF-8, else the language's code page")
-      ->transform(CLI::CheckedTransformer(kEncodings, CLI::ignore_case))
-      ->type_name("utf-8|code-page");
+      .Form("utf-8|code-page");
 }
 
 }  // namespace skydata

@@ -6,17 +6,13 @@
 
 #include <string>
 
+#include "skydata/commands/arguments.h"
 #include "skydata/strings/source.h"
-
-namespace CLI {
-class App;
-class Option;
-}  // namespace CLI
 
 namespace skydata {
 
 // The options --language and --encoding.
-CLI::Option* AddLanguageOption(CLI::App& command, std::string& language);
-void AddEncodingOption(CLI::App& command, StringsEncoding& encoding);
+Argument AddLanguageOption(ArgumentList& command, std::string& language);
+void AddEncodingOption(ArgumentList& command, StringsEncoding& encoding);
 
 }  // namespace skydata

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -13,13 +12,13 @@ namespace skydata {
 namespace {
 
 struct Arguments {
-  std::vector<std::string> file;  // one
+  std::string file;
   std::string out, language;
   StringsEncoding encoding = StringsEncoding::kDetect;
 };
 
 int Pseudo(const Arguments& arguments, std::ostream& output) {
-  const StringsSource source = ReadStrings(arguments.file.front(), arguments.language, arguments.encoding);
+  const StringsSource source = ReadStrings(arguments.file, arguments.language, arguments.encoding);
   const std::string table = MakePseudoLanguage(source);
   if (arguments.out.empty()) {
     output << table;
@@ -31,11 +30,10 @@ int Pseudo(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareStringsPseudo(CLI::App& command) {
+Action DeclareStringsPseudo(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  command.add_option("FILE", arguments->file, "string table to disguise")->required()->expected(1);
-  command.add_option("--out", arguments->out, "file to write in place of the standard output")
-      ->type_name("OUT");
+  command.Take("FILE", arguments->file, "string table to disguise").Require();
+  command.Take("--out", arguments->out, "file to write in place of the standard output").Form("OUT");
   AddLanguageOption(command, arguments->language);
   AddEncodingOption(command, arguments->encoding);
   return [arguments](std::ostream& output, std::ostream&) { return Pseudo(*arguments, output); };

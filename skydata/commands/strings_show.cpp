@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
 
@@ -29,17 +28,16 @@ int Show(const Arguments& arguments, std::ostream& output) {
 
 }  // namespace
 
-Action DeclareStringsShow(CLI::App& command) {
+Action DeclareStringsShow(ArgumentList& command) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::Option* const file =
-      command.add_option("FILE", arguments->file, "string table in place of the data root's");
-  file->expected(0, 1);
-  CLI::Option* const language = AddLanguageOption(command, arguments->language);
-  command.add_option("--data", arguments->data, "data root; else the one beside this program")
-      ->type_name("ROOT")
-      ->excludes(file)
-      ->needs(language);
-  command.require_option(1, 0);  // a file or a language
+  Argument file = command.Take("FILE", arguments->file, "string table in place of the data root's");
+  file.AtMostOnce();
+  const Argument language = AddLanguageOption(command, arguments->language);
+  command.Take("--data", arguments->data, "data root; else the one beside this program")
+      .Form("ROOT")
+      .Excludes(file)
+      .Needs(language);
+  command.RequireAny();  // a file or a language
   return [arguments](std::ostream& output, std::ostream&) { return Show(*arguments, output); };
 }
 
