@@ -46,8 +46,8 @@ class ArgumentList {
   Argument Take(const char* name, std::vector<std::string>& place, const char* purpose);
   void TakeFlag(const char* name, bool& place, const char* purpose);
   // One of some words, in any case: `take` gets it as it stands here.
-  Argument TakeWord(const char* name, const std::vector<std::string>& words, std::function<void(const std::string&)> take,
-                    const char* purpose);
+  Argument TakeWord(const char* name, const std::vector<std::string>& words,
+                    std::function<void(const std::string&)> take, const char* purpose);
 
   // Further arguments of the command, for which the next two count apart.
   ArgumentList Group(const char* name);

@@ -9,7 +9,7 @@
 
 #include "common_interfaces/settings_field.h"
 #include "scene/favourites.h"
-#include "skyview/options/setting_values.h"
+#include "scene/setting_values.h"
 #include "skyview/session/checksum.h"
 #include "skyview/session/own_settings.h"
 #include "utils/bytes.h"
@@ -171,7 +171,7 @@ bool DescribeView(Camera& camera, std::vector<std::string>& view) {
   if (!record.Read(file.GetPath())) return false;
   for (int i = 0; i < record.GetFieldCount(); ++i) {
     const SettingField& field = *record.GetFieldAt(i);
-    const std::string values = FormatValues(field);
+    const std::string values = scene::FormatValues(field);
     if (!values.empty()) view.push_back(GetKey(field.GetNameId()) + "=" + values);
   }
   return !view.empty();
@@ -293,7 +293,7 @@ bool SaveSession(const std::string& path, const std::string& language, const Sky
     error = path + ": the session cannot be saved without the defaults in filters.data";
     return false;
   }
-  capsule.settings = FindChanges(settings, defaults);
+  capsule.settings = scene::FindChanges(settings, defaults);
   capsule.favourites = FindFavourites(settings);
   capsule.markers = markers.GetMarks();
   for (const auto& mark : marks) {

@@ -6,8 +6,8 @@
 #include <charconv>
 
 #include "scene/object_filter.h"
+#include "scene/setting_values.h"
 #include "skyview/options/orbit_request.h"
-#include "skyview/options/setting_values.h"
 #include "skyview/session/checksum.h"
 #include "utils/text.h"
 
@@ -177,10 +177,10 @@ std::string FormatSession(const SessionCapsule& capsule) {
   AppendLine("tle", capsule.tle, text);
   AppendLine("orbits", capsule.orbits, text);
   for (const auto& marker : capsule.markers) {
-    AppendLine(
-        "marker",
-        FormatExact(marker.ra) + "," + FormatExact(marker.dec) + "," + std::to_string(marker.id.value_or(0)),
-        text);
+    AppendLine("marker",
+               scene::FormatExact(marker.ra) + "," + scene::FormatExact(marker.dec) + "," +
+                   std::to_string(marker.id.value_or(0)),
+               text);
   }
   for (const auto& file : capsule.data)
     AppendLine("data", FormatChecksum(file.checksum) + " " + file.name, text);

@@ -47,6 +47,8 @@
 #include "scene/obstacles.h"
 #include "scene/pick.h"
 #include "scene/satellites.h"
+#include "scene/setting_change.h"
+#include "scene/setting_values.h"
 #include "scene/shower_activity.h"
 #include "scene/showers.h"
 #include "scene/shown_kinds.h"

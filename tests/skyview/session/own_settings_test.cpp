@@ -7,7 +7,6 @@
 #include "common_interfaces/settings_field.h"
 #include "scene/favourites.h"
 #include "scene/filter_fields.h"
-#include "skyview/options/setting_text.h"
 #include "skyview/session/diagnostics.h"
 #include "skyview/small_sky.h"
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "skyview/options/setting_values.h"
+#include "scene/setting_values.h"
 #include "skyview/session/checksum.h"
 #include "support/comma_locale.h"
 #include "utils/text.h"

@@ -9,11 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace skyview {
-
-inline constexpr char kSettingForm[] =
-    "SECTION.FIELD=VALUE[,VALUE...], SECTION.FIELD[INDEX]=VALUE, "
-    "SECTION.FIELD:on|off or SECTION:on|off";
+namespace scene {
 
 struct SettingText {
   std::string section;
@@ -35,4 +31,4 @@ bool AppendSettingValue(unsigned type, const std::string& text, std::vector<unsi
 // "a whole number from 0 to 255", for messages.
 std::string DescribeElementType(unsigned type);
 
-}  // namespace skyview
+}  // namespace scene

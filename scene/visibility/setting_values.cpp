@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/setting_values.h"
+#include "scene/setting_values.h"
 
 #include <charconv>
 #include <cstring>
@@ -10,7 +10,7 @@
 #include "utils/bytes.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
 using CommonInterfaces::SettingField;
@@ -59,7 +59,7 @@ SettingField* FindSame(const SettingField& field, SettingsData& defaults) {
 }
 
 bool CanFilter(const SettingField& field) {
-  return field.GetCondition() != scene::kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
+  return field.GetCondition() != kNoCondition || field.GetType() == CommonInterfaces::kFieldBytes;
 }
 
 void AddFieldChange(const SettingField& field, SettingsData& defaults, std::vector<std::string>& changes) {
@@ -70,8 +70,8 @@ void AddFieldChange(const SettingField& field, SettingsData& defaults, std::vect
   const bool switched = CanFilter(field) && on != (same->GetCompareStatus() != 0);
   const bool changed = values != FormatValues(*same);
   if (!switched && !changed) return;
-  std::string change = scene::GetCodeText(static_cast<int>(field.GetSection())) + "." +
-                       scene::GetFieldTitle(field.GetNameId());
+  std::string change =
+      GetCodeText(static_cast<int>(field.GetSection())) + "." + GetFieldTitle(field.GetNameId());
   if (changed) change += "=" + values;
   if (switched) change += on ? ":on" : ":off";
   changes.push_back(change);
@@ -102,7 +102,7 @@ std::vector<std::string> FindChanges(SettingsData& settings, SettingsData& defau
     bool known = false;
     for (int k = 0; k < defaults.GetSectionCount(); ++k) known = known || defaults.GetSectionAt(k)->id == id;
     if (known && on != (defaults.GetSectionStatus(id, false) != 0)) {
-      changes.push_back(scene::GetCodeText(static_cast<int>(id)) + (on ? ":on" : ":off"));
+      changes.push_back(GetCodeText(static_cast<int>(id)) + (on ? ":on" : ":off"));
     }
   }
   for (int i = 0; i < settings.GetFieldCount(); ++i)
@@ -110,4 +110,4 @@ std::vector<std::string> FindChanges(SettingsData& settings, SettingsData& defau
   return changes;
 }
 
-}  // namespace skyview
+}  // namespace scene

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/setting_text.h"
+#include "scene/visibility/setting_text.h"
 
 #include <charconv>
 #include <cmath>
@@ -11,28 +11,24 @@
 #include "common_interfaces/field_data.h"
 #include "scene/directions.h"
 #include "utils/bytes.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 
-namespace skyview {
+namespace scene {
 namespace {
 
-// The whole text as a number of type T.
+// The whole text as an integer of type T.
 template <class T>
-bool ReadNumber(std::string_view text, T& value, int base = 10) {
-  if constexpr (std::is_floating_point_v<T>) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
-  } else {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-    return error == std::errc() && end == text.data() + text.size();
-  }
+bool ReadInteger(std::string_view text, T& value, int base = 10) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+  return error == std::errc() && end == text.data() + text.size();
 }
 
 bool ReadReal(std::string_view text, double& value) {
   const bool degrees = text.ends_with("deg");
   if (degrees) text.remove_suffix(3);
-  if (!ReadNumber(text, value)) return false;
-  if (degrees) value *= scene::kRadiansPerDegree;
+  if (!TakeNumber(text, value) || !text.empty()) return false;
+  if (degrees) value *= kRadiansPerDegree;
   return true;
 }
 
@@ -78,7 +74,7 @@ bool TakeField(std::string_view text, SettingText& change) {
   const auto bracket = text.find('[');
   if (bracket != std::string_view::npos) {
     unsigned index = 0;
-    if (!text.ends_with(']') || !ReadNumber(text.substr(bracket + 1, text.size() - bracket - 2), index))
+    if (!text.ends_with(']') || !ReadInteger(text.substr(bracket + 1, text.size() - bracket - 2), index))
       return false;
     change.index = index;
     text = text.substr(0, bracket);
@@ -101,7 +97,7 @@ bool TakeValues(std::string_view text, SettingText& change) {
 
 int SettingText::GetNameId() const {
   unsigned id = 0;
-  if (field.size() > 1 && field.front() == '@' && ReadNumber(std::string_view(field).substr(1), id, 16)) {
+  if (field.size() > 1 && field.front() == '@' && ReadInteger(std::string_view(field).substr(1), id, 16)) {
     return static_cast<int>(id);
   }
   return GetUniqueID(field.c_str());
@@ -146,7 +142,7 @@ bool AppendSettingValue(unsigned type, const std::string& text, std::vector<unsi
   }
   long long value = 0;
   const IntegerRange range = RangeOf(type);
-  if (width == 0 || !ReadNumber(text, value) || value < range.least || value > range.most) return false;
+  if (width == 0 || !ReadInteger(text, value) || value < range.least || value > range.most) return false;
   AppendLE(static_cast<unsigned long long>(value), width, bytes);
   return true;
 }
@@ -157,4 +153,4 @@ std::string DescribeElementType(unsigned type) {
   return "a whole number from " + std::to_string(range.least) + " to " + std::to_string(range.most);
 }
 
-}  // namespace skyview
+}  // namespace scene
