@@ -38,8 +38,8 @@ endif()
 
 add_library(ci_compile_rules INTERFACE)
 target_compile_options(ci_compile_rules INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wformat=2
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor$<SEMICOLON>-Woverloaded-virtual>
   $<$<BOOL:${CI_WARNINGS_AS_ERRORS}>:-Werror>)
 # GCC 12 sees overlapping copies in the concatenation of strings where there are none (GCC bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)

@@ -47,7 +47,8 @@ std::string Propose(const std::string& name, const std::vector<std::string>& all
   return near.empty() ? "one of " + JoinNames(all) : "for example " + JoinNames(near);
 }
 
-bool FindSection(const std::string& name, const SettingsData& settings, unsigned& section, std::string& error) {
+bool FindSection(const std::string& name, const SettingsData& settings, unsigned& section,
+                 std::string& error) {
   const int code = GetFOURCC(name.c_str());
   for (int i = 0; i < settings.GetSectionCount(); ++i) {
     section = settings.GetSectionAt(i)->id;
@@ -93,7 +94,8 @@ bool ReadValues(const SettingText& change, const SettingField& field, std::vecto
 bool ChangeField(const SettingText& change, unsigned section, SettingsData& settings, std::string& error) {
   SettingField* const field = FindField(section, change, settings, error);
   if (!field) return false;
-  const bool canFilter = field->GetCondition() != kNoCondition || field->GetType() == CommonInterfaces::kFieldBytes;
+  const bool canFilter =
+      field->GetCondition() != kNoCondition || field->GetType() == CommonInterfaces::kFieldBytes;
   if (change.on && !canFilter) {
     error = "the field is a plain setting, no filter; wants its values, " + change.field + "=VALUE";
     return false;

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "scene/interface_c/sky.h"
+
+#include <cstddef>
+
+#include "astro/object_id.h"
+#include "scene/base_plane.h"
+#include "scene/data_root.h"
+#include "scene/language.h"
+#include "scene/zoom_range.h"
+#include "utils/debug.h"
+#include "utils/text.h"
+
+namespace {
+
+constexpr unsigned kOwner = 1;  // of the camera and of the settings
+constexpr int kWidth = 1600, kHeight = 1000;
+
+SceneSky* g_Open = nullptr;  // roots and language belong to the process
+
+}  // namespace
+
+SceneSky::SceneSky() : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(kOwner) {}
+
+int SceneSky::Open(const SceneRoots& roots) {
+  data = roots.data;
+  const char* const language = roots.language ? roots.language : scene::kDefaultLanguage;
+  if (!scene::OpenDataRoot(data, roots.work ? roots.work : "", language, catalogs, error)) return SCENE_BAD_DATA;
+  if (!settings.Read(nullptr))
+    return scene::Fail(*this, SCENE_BAD_DATA, "filters.data: missing from the data root, or damaged");
+  camera.CreateDefault();
+  camera.SetWinRect({kWidth, kHeight, kWidth, kHeight});
+  ReadSettings();
+  maker.emplace(camera, catalogs, shown, filters, markers);
+  maker->Prepare();
+  isOpen = true;
+  return SCENE_OK;
+}
+
+const scene::ObjectSearch& SceneSky::GetSearch() {
+  if (!search) search.emplace(catalogs);
+  return *search;
+}
+
+void SceneSky::ReadSettings() {
+  shown = scene::ReadShownKinds(settings);
+  filters.Refresh(settings);
+  camera.FillMagCorrectionsVector(&settings);
+}
+
+const char* SceneSky::FindFault() const {
+  if (const char* const fault = scene::FindObserverFault(camera)) return fault;
+  if (!(camera.GetZoom() >= scene::kMinZoom && camera.GetZoom() <= scene::kMaxZoom))
+    return "has a zoom outside 0.25 to 10000";
+  return nullptr;
+}
+
+int scene_open(const SceneRoots* roots, SceneSky** sky) {
+  if (!sky) return SCENE_BAD_ARGUMENT;
+  *sky = nullptr;
+  if (!scene::IsKnown(roots, offsetof(SceneRoots, language) + sizeof roots->language)) return SCENE_BAD_ARGUMENT;
+  if (!roots->data || g_Open) return SCENE_BAD_ARGUMENT;
+  try {
+    *sky = new SceneSky;
+  } catch (const std::bad_alloc&) {
+    return SCENE_NO_MEMORY;
+  }
+  g_Open = *sky;
+  return scene::Guard(**sky, [&] { return (*sky)->Open(*roots); });
+}
+
+void scene_close(SceneSky* sky) {
+  if (!sky) return;
+  g_Open = nullptr;
+  delete sky;
+}
+
+const char* scene_error(const SceneSky* sky) { return sky ? sky->error.c_str() : ""; }
+
+void scene_set_log(void (*log)(const char* text, void* context), void* context) { SetDebugSink(log, context); }
+
+int scene_set_language(SceneSky* sky, const char* language) {
+  return scene::Call(sky, [&] {
+    if (!language) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the language is null");
+    std::string error;
+    const auto fetch = [&] { sky->maker->GetFrame().FetchTexts(); };
+    if (!scene::SwitchLanguage(sky->data, language, fetch, error))
+      return scene::Fail(*sky, SCENE_BAD_ARGUMENT, std::string(language) + ": " + error);
+    sky->search.reset();
+    return static_cast<int>(SCENE_OK);
+  });
+}
