@@ -84,6 +84,9 @@ class PlaceTrack {
   double m_Zenith[3];
 };
 
+// For looks at the height of a body: from the lowest to the highest point it is half a day, at a pole more.
+inline constexpr double kHalfTurnStep = 1.0 / 8.0;  // days
+
 // Radians, -pi to pi, westwards.
 double HourAngleOf(const PlaceState& state);
 

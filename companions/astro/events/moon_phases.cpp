@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "astro/moon_events.h"
+#include "companions/astro/events/ecliptic_places.h"
 #include "companions/astro/events/event_grid.h"
 #include "companions/astro/events/quarters.h"
-#include "companions/astro/events/ecliptic_places.h"
 
 namespace astro {
 

@@ -14,8 +14,6 @@ namespace astro {
 
 namespace {
 
-constexpr double kStep = 1.0 / 8.0;  // days; from the highest to the lowest point is half a day
-
 bool IsSpacecraft(int kind) {
   return kind == FourCC("scft") || kind == FourCC("fSCO") || kind == FourCC("uSCO");
 }
@@ -41,9 +39,7 @@ bool FindRisings(const EventSearch& search, const SSO_ID& body, const void* data
       return state.altitude - GetRiseAltitude(std::asin(radius / state.distance));
     });
   };
-  const auto hourAngle = [&](double date) {
-    return look(date, astro_internal::HourAngleOf);
-  };
+  const auto hourAngle = [&](double date) { return look(date, astro_internal::HourAngleOf); };
   const auto report = [&](double date, EventKind kind) {
     PlaceState state;
     if (!track.Get(date, state)) return;
@@ -54,12 +50,13 @@ bool FindRisings(const EventSearch& search, const SSO_ID& body, const void* data
     event.value = kind == EventKind::kTransit ? state.altitude : AzimuthOf(state, search.place->lat);
     sink(event);
   };
-  astro_internal::FindZerosAndGrazes(height, span.from, span.to, kStep, [&](double date, bool rises) {
-    report(date, rises ? EventKind::kRise : EventKind::kSet);
-  });
-  astro_internal::FindZeros(hourAngle, span.from, span.to, kStep, [&](double date, bool westward) {
-    if (westward) report(date, EventKind::kTransit);
-  });
+  astro_internal::FindZerosAndGrazes(
+      height, span.from, span.to, astro_internal::kHalfTurnStep,
+      [&](double date, bool rises) { report(date, rises ? EventKind::kRise : EventKind::kSet); });
+  astro_internal::FindZeros(hourAngle, span.from, span.to, astro_internal::kHalfTurnStep,
+                            [&](double date, bool westward) {
+                              if (westward) report(date, EventKind::kTransit);
+                            });
   return isKnown;
 }
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "astro/seasons.h"
 
+#include "companions/astro/events/ecliptic_places.h"
 #include "companions/astro/events/event_grid.h"
 #include "companions/astro/events/quarters.h"
-#include "companions/astro/events/ecliptic_places.h"
 
 namespace astro {
 

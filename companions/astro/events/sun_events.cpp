@@ -11,8 +11,6 @@ namespace astro {
 
 namespace {
 
-constexpr double kStep = 1.0 / 8.0;  // days; from noon to midnight is half a day
-
 struct Level {
   double altitude;
   EventKind rising, sinking;
@@ -37,16 +35,17 @@ bool FindSunEvents(const EventSearch& search, const EventSink& sink) {
       return track.Get(date, state) ? state.altitude - level.altitude
                                     : std::numeric_limits<double>::quiet_NaN();
     };
-    astro_internal::FindZerosAndGrazes(height, span.from, span.to, kStep, [&](double date, bool rises) {
-      astro_internal::PlaceState state;
-      if (!track.Get(date, state)) return;
-      SkyEvent event;
-      event.kind = rises ? level.rising : level.sinking;
-      event.moment = MakeMomentTT(date);
-      event.body = kSun;
-      event.value = AzimuthOf(state, search.place->lat);
-      sink(event);
-    });
+    astro_internal::FindZerosAndGrazes(height, span.from, span.to, astro_internal::kHalfTurnStep,
+                                       [&](double date, bool rises) {
+                                         astro_internal::PlaceState state;
+                                         if (!track.Get(date, state)) return;
+                                         SkyEvent event;
+                                         event.kind = rises ? level.rising : level.sinking;
+                                         event.moment = MakeMomentTT(date);
+                                         event.body = kSun;
+                                         event.value = AzimuthOf(state, search.place->lat);
+                                         sink(event);
+                                       });
   }
   return span.isWhole;
 }

@@ -16,7 +16,8 @@ namespace {
 
 // Compares the events of every `years`th year from 1900 with a table: dates in TT and what distinguishes kinds.
 template <class Finder, class Number>
-void Compare(Finder find, int years, const char* table, Number number, const char* quantity, double tolerance) {
+void Compare(Finder find, int years, const char* table, Number number, const char* quantity,
+             double tolerance) {
   const auto rows = astro_test::ReadTable(std::string(ASTRO_TEST_DATA) + table);
   std::vector<SkyEvent> events;
   for (int year = 1900; year <= 2100; year += years) {
@@ -36,7 +37,9 @@ void Compare(Finder find, int years, const char* table, Number number, const cha
 }  // namespace
 
 TEST(MoonEvents, EveryPhaseOf41YearsIsWhereAnotherLibraryHasIt) {
-  const auto quarter = [](EventKind kind) { return static_cast<int>(kind) - static_cast<int>(EventKind::kNewMoon); };
+  const auto quarter = [](EventKind kind) {
+    return static_cast<int>(kind) - static_cast<int>(EventKind::kNewMoon);
+  };
   Compare(FindMoonPhases, 5, "event_phases.tsv", quarter, "phases against PyEphem", 10.0);
 }
 

@@ -41,7 +41,8 @@ TEST(Seasons, AsInTheBook) {
     int day = 0;
     double fraction = 0.0;
     DJ(date, day, fraction);
-    const auto events = Collect(FindSeasons, astro_test::SearchTT(day + fraction - 1.0, day + fraction + 1.0));
+    const auto events =
+        Collect(FindSeasons, astro_test::SearchTT(day + fraction - 1.0, day + fraction + 1.0));
     ASSERT_EQ(events.size(), 1u) << date.year << "-" << date.month;
     difference.Note((events[0].moment.julianDateTT - (day + fraction)) * kSecondsPerDay, date.year);
   }

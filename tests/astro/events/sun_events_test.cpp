@@ -30,14 +30,25 @@ TEST(SunEvents, TheSunStandsAtTheAltitudeOfItsKind) {
     double altitude = 0.0;
     switch (event.kind) {
       case EventKind::kAstronomicalDawn:
-      case EventKind::kAstronomicalDusk: altitude = -18.0; break;
+      case EventKind::kAstronomicalDusk:
+        altitude = -18.0;
+        break;
       case EventKind::kNauticalDawn:
-      case EventKind::kNauticalDusk: altitude = -12.0; break;
+      case EventKind::kNauticalDusk:
+        altitude = -12.0;
+        break;
       case EventKind::kCivilDawn:
-      case EventKind::kCivilDusk: altitude = -6.0; break;
-      case EventKind::kGoldenHourBegins: altitude = isMorning ? -4.0 : 6.0; break;
-      case EventKind::kGoldenHourEnds: altitude = isMorning ? 6.0 : -4.0; break;
-      default: ADD_FAILURE();
+      case EventKind::kCivilDusk:
+        altitude = -6.0;
+        break;
+      case EventKind::kGoldenHourBegins:
+        altitude = isMorning ? -4.0 : 6.0;
+        break;
+      case EventKind::kGoldenHourEnds:
+        altitude = isMorning ? 6.0 : -4.0;
+        break;
+      default:
+        ADD_FAILURE();
     }
     difference.Note((stands->altitude - altitude * kRadiansPerDegree) / astro_test::kArcSecond,
                     event.moment.julianDateTT);
@@ -66,8 +77,9 @@ TEST(SunEvents, NightsOfSummerHaveTwilightAllNight) {
 TEST(SunEvents, AtThePoleEachComesOnceAYear) {
   const auto events = Collect(FindSunEvents, astro_test::SearchYears(2026, 2027, At(90.0, 0.0)));
   EXPECT_EQ(events.size(), 10u);
-  for (const EventKind kind : {EventKind::kAstronomicalDawn, EventKind::kNauticalDawn, EventKind::kCivilDawn,
-                               EventKind::kCivilDusk, EventKind::kNauticalDusk, EventKind::kAstronomicalDusk}) {
+  for (const EventKind kind :
+       {EventKind::kAstronomicalDawn, EventKind::kNauticalDawn, EventKind::kCivilDawn, EventKind::kCivilDusk,
+        EventKind::kNauticalDusk, EventKind::kAstronomicalDusk}) {
     EXPECT_EQ(OfKind(events, kind).size(), 1u);
   }
 }
