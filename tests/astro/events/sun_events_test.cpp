@@ -22,7 +22,7 @@ TEST(SunEvents, TheSunStandsAtTheAltitudeOfItsKind) {
   const EarthPlace place = At(52.52, 13.41);
   CQXSolSys model;
   const auto find = MakeBodyFinder(model, kSun, nullptr, place, RisingPart::kCentre);
-  astro_test::Largest difference("altitude of the Sun at its events", "arc seconds");
+  astro_test::Largest difference("altitude of the Sun at its events against the model", "arc seconds");
   for (const SkyEvent& event : Collect(FindSunEvents, astro_test::SearchYears(2026, 2027, place))) {
     const auto stands = find(event.moment);
     ASSERT_TRUE(stands);
