@@ -27,6 +27,16 @@ TEST(HorizonFrame, MomentHasItsScales) {
   EXPECT_EQ(later.fraction, 0.25);
 }
 
+// There and back, also where delta T is large and changes by half a second a day.
+TEST(HorizonFrame, MomentOfDynamicalTimeIsTheSameMoment) {
+  for (const double date : {kJ2000, 2461042.123, 2299160.5, 1000000.75, 2816000.0}) {
+    const SkyMoment moment = MakeMomentTT(date);
+    EXPECT_EQ(moment.julianDateTT, date);
+    EXPECT_NEAR((moment.day - date) + (moment.fraction + moment.deltaT / 86400.0), 0.0, 1e-9) << date;
+    EXPECT_NEAR(MakeMoment(moment.day, moment.fraction).julianDateTT, date, 1e-9);
+  }
+}
+
 // The pole of date stands in the north as high as the latitude; the axes are right-handed and of length 1.
 TEST(HorizonFrame, PoleStandsInTheNorthAtTheHeightOfTheLatitude) {
   const SkyMoment moment = Midnight(2026, 3, 20);

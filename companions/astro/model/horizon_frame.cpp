@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "astro/horizon_frame.h"
 
+#include <cmath>
+
 #include "astro/coordinates.h"
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
@@ -19,6 +21,16 @@ SkyMoment MakeMoment(int day, double fraction) {
   moment.deltaT = ET_UT::Get(moment.day, moment.fraction);
   // The small parts are added first: that keeps their digits.
   moment.julianDateTT = moment.day + (moment.fraction + moment.deltaT / kSecondsPerDay);
+  return moment;
+}
+
+// Delta T changes so slowly that the second guess of it is good to a microsecond.
+SkyMoment MakeMomentTT(double julianDateTT) {
+  const int day = static_cast<int>(std::floor(julianDateTT));
+  const double fraction = julianDateTT - day;
+  const double guess = ET_UT::Get(day, fraction) / kSecondsPerDay;
+  SkyMoment moment = MakeMoment(day, fraction - ET_UT::Get(day, fraction - guess) / kSecondsPerDay);
+  moment.julianDateTT = julianDateTT;
   return moment;
 }
 

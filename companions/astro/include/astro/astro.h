@@ -23,6 +23,7 @@
 #include "astro/rotation.h"
 #include "astro/satellite.h"
 #include "astro/satellite_pass.h"
+#include "astro/sky_events.h"
 #include "astro/solar_system.h"
 #include "astro/twilight.h"
 #include "astro/two_body.h"
