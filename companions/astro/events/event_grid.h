@@ -51,6 +51,35 @@ void FindZeros(Function function, double from, double to, double step, Found fou
   }
 }
 
+// The same for a smooth function that rises and falls: two zeros that are closer than a step, on both sides of
+// a minimum or maximum, are found too, however close. `step` stays below half of the shortest time between a
+// minimum and a maximum.
+template <class Function, class Found>
+void FindZerosAndGrazes(Function function, double from, double to, double step, Found found) {
+  constexpr double kBeside = 1e-4;  // days
+  const auto slope = [&function](double date) { return function(date + kBeside) - function(date - kBeside); };
+  const auto report = [&](double a, double fa, double b, double fb) {
+    const double date = FindZero(function, a, fa, b, fb, kEventPrecision);
+    if (date >= from && date < to) found(date, fb >= 0.0);
+  };
+  if (!(from < to)) return;
+  double k = std::floor(from / step), before = function(k * step), slopeBefore = slope(k * step);
+  for (; k * step < to; k += 1.0) {
+    const double a = k * step, b = (k + 1.0) * step, now = function(b), slopeNow = slope(b);
+    if ((before < 0.0) != (now < 0.0)) {
+      if (std::isfinite(before) && std::isfinite(now)) report(a, before, b, now);
+    } else if (before < 0.0 ? slopeBefore > 0.0 && slopeNow < 0.0 : slopeBefore < 0.0 && slopeNow > 0.0) {
+      const double top = FindZero(slope, a, slopeBefore, b, slopeNow, kEventPrecision), there = function(top);
+      if ((there < 0.0) != (now < 0.0)) {
+        report(a, before, top, there);
+        report(top, there, b, now);
+      }
+    }
+    before = now;
+    slopeBefore = slopeNow;
+  }
+}
+
 // The angle within -pi to pi.
 inline double Wrap(double angle) { return std::remainder(angle, astro::kTurn); }
 

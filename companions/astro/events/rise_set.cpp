@@ -6,6 +6,7 @@
 
 #include "astro/solar_system.h"
 #include "astro/vectors.h"
+#include "companions/astro/events/bracketing.h"
 
 namespace astro {
 namespace {
@@ -18,17 +19,16 @@ double Height(const HorizonPlace& place) { return place.altitude - place.eventAl
 // Above 0 on the western side of the meridian.
 double Westward(const HorizonPlace& place) { return -std::sin(place.azimuth); }
 
-// The moment between two at which a quantity changes from negative to positive or back.
+// The moment, up to `length` days after `from`, at which a quantity changes its sign.
 template <class Quantity>
-SkyMoment FindCrossing(const FindHorizonPlace& find, SkyMoment from, double length, bool rising,
-                       Quantity quantity) {
-  while (length > kPrecision) {
-    length *= 0.5;
-    const SkyMoment middle = Later(from, length);
-    const auto place = find(middle);
-    if (place && (quantity(*place) < 0.0) == rising) from = middle;
-  }
-  return Later(from, 0.5 * length);
+SkyMoment FindCrossing(const FindHorizonPlace& find, const SkyMoment& from, double length,
+                       const HorizonPlace& before, const HorizonPlace& after, Quantity quantity) {
+  const double last = quantity(after);
+  const auto later = [&](double days) {
+    const auto place = find(Later(from, days));
+    return place ? quantity(*place) : last;
+  };
+  return Later(from, astro_internal::FindZero(later, 0.0, quantity(before), length, last, kPrecision));
 }
 
 }  // namespace
@@ -68,11 +68,14 @@ RiseTransitSet FindRiseTransitSet(const FindHorizonPlace& find, const SkyMoment&
     const auto place = find(moment);
     if (place && lastPlace) {
       const double span = now - (i - 1) * step;
+      const auto cross = [&](auto quantity) {
+        return FindCrossing(find, last, span, *lastPlace, *place, quantity);
+      };
       const bool wasUp = Height(*lastPlace) >= 0.0, isUp = Height(*place) >= 0.0;
-      if (!wasUp && isUp && !result.rise) result.rise = FindCrossing(find, last, span, true, Height);
-      if (wasUp && !isUp && !result.set) result.set = FindCrossing(find, last, span, false, Height);
+      if (!wasUp && isUp && !result.rise) result.rise = cross(Height);
+      if (wasUp && !isUp && !result.set) result.set = cross(Height);
       if (!result.transit && Westward(*lastPlace) < 0.0 && Westward(*place) >= 0.0) {
-        result.transit = FindCrossing(find, last, span, true, Westward);
+        result.transit = cross(Westward);
         if (const auto there = find(*result.transit)) result.transitAltitude = there->altitude;
       }
       up = up && isUp;

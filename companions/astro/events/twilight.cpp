@@ -2,32 +2,35 @@
 // SPDX-License-Identifier: MIT
 #include "astro/twilight.h"
 
-#include "astro/rise_set.h"
-#include "astro/solar_system.h"
+#include <limits>
+
+#include "companions/astro/events/body_track.h"
+#include "companions/astro/events/event_grid.h"
 
 namespace astro {
-namespace {
-
-constexpr double kStep = 10.0 / kMinutesPerDay;  // days between two looks at the Sun
-
-SunCourse CourseOf(const RiseTransitSet& events) {
-  if (events.rise || events.set) return SunCourse::kCrosses;
-  if (events.staysUp) return SunCourse::kStaysAbove;
-  return events.staysDown ? SunCourse::kStaysBelow : SunCourse::kUnknown;
-}
-
-}  // namespace
 
 Twilight FindTwilight(const EarthPlace& place, const SkyMoment& start, double length, double altitude) {
-  CQXSolSys model;
-  const auto sun = MakeBodyFinder(model, kSun, nullptr, place, RisingPart::kCentre);
-  const auto aboutAltitude = [&sun, altitude](const SkyMoment& moment) {
-    auto stands = sun(moment);
-    if (stands) stands->eventAltitude = altitude;
-    return stands;
+  astro_internal::PlaceTrack sun(kSun, nullptr, place);
+  bool isKnown = true;
+  const auto height = [&](double date) {
+    astro_internal::PlaceState state;
+    if (sun.Get(date, state)) return state.altitude - altitude;
+    isKnown = false;
+    return std::numeric_limits<double>::quiet_NaN();
   };
-  const RiseTransitSet events = FindRiseTransitSet(aboutAltitude, start, length, kStep);
-  return {CourseOf(events), events.rise, events.set};
+  Twilight twilight;
+  astro_internal::FindZerosAndGrazes(height, start.julianDateTT, Later(start, length).julianDateTT,
+                                     astro_internal::kHalfTurnStep, [&twilight](double date, bool rises) {
+                                       auto& first = rises ? twilight.dawn : twilight.dusk;
+                                       if (!first) first = MakeMomentTT(date);
+                                     });
+  const bool isUp = height(start.julianDateTT) >= 0.0;
+  if (twilight.dawn || twilight.dusk) {
+    twilight.course = SunCourse::kCrosses;
+  } else if (isKnown) {
+    twilight.course = isUp ? SunCourse::kStaysAbove : SunCourse::kStaysBelow;
+  }
+  return twilight;
 }
 
 }  // namespace astro

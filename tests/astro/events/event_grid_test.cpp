@@ -49,10 +49,11 @@ TEST(EventGrid, SpansThatAdjoinGiveTheWholeWhereverTheyMeet) {
 
 TEST(EventGrid, AJumpOfAnAngleAndWhatIsNotFiniteAreNoZeros) {
   int zeros = 0;
-  FindZeros([](double date) { return Wrap(date); }, 1.0, 11.0, 0.5, [&](double date, bool) {
-    ++zeros;
-    EXPECT_NEAR(date, kTurn, kEventPrecision);
-  });
+  FindZeros([](double date) { return Wrap(date); }, 1.0, 11.0, 0.5,
+            [&](double date, bool) {
+              ++zeros;
+              EXPECT_NEAR(date, kTurn, kEventPrecision);
+            });
   EXPECT_EQ(zeros, 1);
   const double nothing = std::numeric_limits<double>::quiet_NaN();
   FindZeros([=](double date) { return date < 5.0 ? -1.0 : nothing; }, 0.0, 10.0, 1.0,

@@ -32,9 +32,9 @@ struct Twilight {
   std::optional<SkyMoment> dusk;  // and the first at which it goes down through it
 };
 
-// Over `length` days from `start`, to a tenth of a second; for a day of the calendar a length of 1 from its
-// midnight. A night or a twilight shorter than ten minutes, which the Sun's centre passes with less than 0.01
-// degree to spare, is not noticed. Allocates; every thread may call.
+// Over `length` days from `start`, to 0.01 second; for a day of the calendar a length of 1 from its midnight.
+// A night or a twilight of a moment is noticed. Allocates; every thread may call. All of them over a span:
+// sun_events.h.
 ASTRO_API Twilight FindTwilight(const EarthPlace& place, const SkyMoment& start, double length,
                                 double altitude);
 

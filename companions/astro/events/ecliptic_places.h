@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "astro/object_id.h"
+#include "astro/solar_system.h"
+
+namespace astro_internal {
+
+// A direction on the true ecliptic and equinox of date, radians.
+struct EclipticPlace {
+  double longitude;  // -pi to pi
+  double latitude;
+};
+
+// Apparent places from the Earth's centre at dates in TT; not a number where there is none.
+class EclipticPlaces {
+ public:
+  EclipticPlaces() { m_Model.SetObserverAtEarthCentre(); }
+
+  EclipticPlace Get(const SSO_ID& body, double date);
+  // The longitude of the Moon less that of the Sun, -pi to pi.
+  double Elongation(double date);
+
+ private:
+  CQXSolSys m_Model;
+};
+
+}  // namespace astro_internal

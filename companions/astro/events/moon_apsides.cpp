@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include <limits>
+
+#include "astro/moon_events.h"
+#include "astro/planets.h"
+#include "astro/vectors.h"
+#include "companions/astro/events/event_grid.h"
+
+namespace astro {
+
+namespace {
+
+constexpr double kStep = 4.0;  // days; from perigee to apogee are 12 at least
+
+// Above 0 while the Moon moves away.
+double MovesAway(double date) {
+  double position[3], velocity[3];
+  if (!ComputeMoonState(date, position, velocity)) return std::numeric_limits<double>::quiet_NaN();
+  return Dot(position, velocity);
+}
+
+}  // namespace
+
+bool FindMoonApsides(const EventSearch& search, const EventSink& sink) {
+  const astro_internal::EventSpan span(search);
+  astro_internal::FindZeros(MovesAway, span.from, span.to, kStep, [&](double date, bool movesAway) {
+    double position[3];
+    if (!ComputeMoonState(date, position, nullptr)) return;
+    SkyEvent event;
+    event.kind = movesAway ? EventKind::kPerigee : EventKind::kApogee;
+    event.moment = MakeMomentTT(date);
+    event.body = kMoon;
+    event.value = Vmod(position, 3) * kKilometresPerAu;
+    sink(event);
+  });
+  return span.isWhole;
+}
+
+}  // namespace astro
