@@ -12,10 +12,8 @@ namespace scene {
 namespace {
 
 // Io to Callisto: apart from each other for every eye, by brightness too.
-constexpr Colour kMoons[] = {{1.00, 0.80, 0.35, 1.0},
-                             {0.55, 0.80, 1.00, 1.0},
-                             {0.62, 0.93, 0.60, 1.0},
-                             {0.95, 0.58, 0.72, 1.0}};
+constexpr Colour kMoons[] = {
+    {1.00, 0.80, 0.35, 1.0}, {0.55, 0.80, 1.00, 1.0}, {0.62, 0.93, 0.60, 1.0}, {0.95, 0.58, 0.72, 1.0}};
 constexpr Colour kDisc = {0.98, 0.89, 0.74, 0.22}, kDiscEdge = {0.98, 0.89, 0.74, 0.7};
 
 const Colour& GetMoonColour(std::size_t moon) { return kMoons[moon % std::size(kMoons)]; }
@@ -23,7 +21,8 @@ const Colour& GetMoonColour(std::size_t moon) { return kMoons[moon % std::size(k
 double FindReach(const std::vector<MoonPath>& paths) {
   double reach = 1.0;
   for (const auto& path : paths) {
-    for (const auto& point : path.points) reach = std::max(reach, std::fabs(static_cast<double>(point.offset)));
+    for (const auto& point : path.points)
+      reach = std::max(reach, std::fabs(static_cast<double>(point.offset)));
   }
   return 1.04 * reach;
 }
@@ -47,7 +46,8 @@ void DrawDays(const ChartFrame& chart, double days, const std::vector<std::strin
     const double y = chart.Y(day);
     chart.DrawGridLine(chart.GetLeft(), y, chart.GetRight(), y);
     if (day < static_cast<int>(texts.size()))
-      chart.DrawText(texts[static_cast<std::size_t>(day)], chart.GetLeft() - 12.0 * unit, y + 6.0 * unit, 1.0, 16.0);
+      chart.DrawText(texts[static_cast<std::size_t>(day)], chart.GetLeft() - 12.0 * unit, y + 6.0 * unit, 1.0,
+                     16.0);
   }
 }
 

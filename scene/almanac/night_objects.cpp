@@ -11,6 +11,7 @@
 namespace scene {
 namespace {
 
+constexpr double kFavourOfMessier = 1.5;  // magnitudes
 constexpr double kLeastAltitude = 10.0 * kRadiansPerDegree;
 
 // What is asked of the sky for an object.
@@ -18,14 +19,17 @@ struct Candidate {
   FoundObject object;
   Direction direction;  // J2000
   double magnitude;
-  double surface;  // magnitudes per square arcsecond; of a point none: not above any sky
+  double surface = 0.0;  // magnitudes per square arcsecond; of a point none: not above any sky
+  double size = 0.0;     // radians
+  double favour = 0.0;   // magnitudes by which it is put before others
 };
 
 class ObjectRanking {
  public:
   ObjectRanking(const NightPlan& plan, const EarthPlace& place, double aperture)
       : m_Samples(MakeNightSamples(plan, place)),
-        m_Gain(5.0 * std::log10(std::max(aperture, kEyeAperture) / kEyeAperture)) {}
+        m_Power(std::max(aperture, kEyeAperture) / kEyeAperture),
+        m_Gain(5.0 * std::log10(m_Power)) {}
 
   const std::vector<NightSample>& GetSamples() const { return m_Samples; }
 
@@ -45,25 +49,38 @@ class ObjectRanking {
       largest = margin;
       best = &sample;
     }
-    if (best) m_Found.push_back(Describe(candidate, *best, largest));
+    if (best) m_Found.push_back({Describe(candidate, *best, largest), largest + candidate.favour});
   }
 
   std::vector<NightObject> Take(int most) {
     std::stable_sort(m_Found.begin(), m_Found.end(),
-                     [](const NightObject& a, const NightObject& b) { return a.margin > b.margin; });
-    if (m_Found.size() > static_cast<std::size_t>(std::max(most, 0)))
-      m_Found.resize(static_cast<std::size_t>(std::max(most, 0)));
-    return std::move(m_Found);
+                     [](const Ranked& a, const Ranked& b) { return a.rank > b.rank; });
+    std::vector<NightObject> best;
+    for (const auto& found : m_Found) {
+      if (static_cast<int>(best.size()) < most) best.push_back(found.object);
+    }
+    return best;
   }
 
  private:
+  struct Ranked {
+    NightObject object;
+    double rank;
+  };
+
+  // What does not fit into the field of view: that of an eyepiece of the least power that an opening allows.
+  double FindOverflow(double size) const {
+    constexpr double kEyepiece = 50.0 * kRadiansPerDegree;
+    return size > 0.0 ? std::max(0.0, 5.0 * std::log10(size * m_Power / kEyepiece)) : 0.0;
+  }
+
   double FindMargin(const Candidate& candidate, const NightSample& sample, double altitude) const {
     constexpr double kLossPerAirMass = 0.7, kSurfaceDepth = 1.0;  // magnitudes
     const double luminance = sample.GetLuminance(candidate.direction, altitude);
     const double spread =
         std::max(0.0, candidate.surface - astro::GetSurfaceMagnitude(luminance) - kSurfaceDepth);
     return astro::GetNakedEyeLimit(luminance) + m_Gain - candidate.magnitude -
-           kLossPerAirMass * (astro::GetAirMass(altitude) - 1.0) - spread;
+           kLossPerAirMass * (astro::GetAirMass(altitude) - 1.0) - spread - FindOverflow(candidate.size);
   }
 
   static NightObject Describe(const Candidate& candidate, const NightSample& sample, double margin) {
@@ -77,8 +94,9 @@ class ObjectRanking {
   }
 
   std::vector<NightSample> m_Samples;
-  double m_Gain;
-  std::vector<NightObject> m_Found;
+  double m_Power;  // the least magnification
+  double m_Gain;   // magnitudes
+  std::vector<Ranked> m_Found;
 };
 
 double GetSurface(const DeepskyObject& object, double magnitude) {
@@ -99,11 +117,14 @@ std::vector<NightObject> FindBestObjects(const NightPlan& plan, const EarthPlace
   for (std::size_t i = 0; i < catalogs.deepsky.size(); ++i) {
     const DeepskyObject& object = catalogs.deepsky[i];
     const double magnitude = GetMagnitude(object.code);
-    if (!object.hasMagnitude || magnitude > faintest || !*object.label) continue;
+    // Entries of catalogues that are single stars, or nothing at all, are no objects to look for.
+    if (object.kind == FourCC("dsnv") || !object.hasMagnitude || magnitude > faintest) continue;
     ranking.Add({{ObjectGroup::kDeepsky, static_cast<int>(i)},
                  object.direction,
                  magnitude,
-                 GetSurface(object, magnitude)});
+                 GetSurface(object, magnitude),
+                 object.largest,
+                 object.catalogs & kInMessier ? kFavourOfMessier : 0.0});
   }
   return ranking.Take(most);
 }
@@ -119,8 +140,7 @@ std::vector<NightObject> FindBestSmallBodies(const NightPlan& plan, const EarthP
     if (body.id.kind != FourCC("astr") && body.id.kind != FourCC("comt")) continue;
     ObservedBody seen;
     if (!model.Observe(body.id, &body.elements, seen) || !(seen.magnitude <= faintest)) continue;
-    ranking.Add(
-        {{ObjectGroup::kBody, static_cast<int>(i)}, MakeDirection(seen.apparent), seen.magnitude, 0.0});
+    ranking.Add({{ObjectGroup::kBody, static_cast<int>(i)}, MakeDirection(seen.apparent), seen.magnitude});
   }
   return ranking.Take(most);
 }

@@ -56,8 +56,7 @@ class BodyWatch {
   NightBody Watch(const SSO_ID& id) {
     const bool large = id == astro::kMoon;
     const auto find = astro::MakeBodyFinder(
-        m_Model, id, nullptr, m_Place,
-        large ? astro::RisingPart::kUpperLimb : astro::RisingPart::kCentre);
+        m_Model, id, nullptr, m_Place, large ? astro::RisingPart::kUpperLimb : astro::RisingPart::kCentre);
     NightBody body;
     body.id = id;
     body.events = astro::FindRiseTransitSet(find, m_Plan.whole.begin, 1.0, kStep);
@@ -69,14 +68,15 @@ class BodyWatch {
 
   std::vector<NightSpan> FindMoonless() {
     if (m_Plan.darkness == Darkness::kNone) return {};
-    const auto find = astro::MakeBodyFinder(m_Model, astro::kMoon, nullptr, m_Place,
-                                            astro::RisingPart::kUpperLimb);
+    const auto find =
+        astro::MakeBodyFinder(m_Model, astro::kMoon, nullptr, m_Place, astro::RisingPart::kUpperLimb);
     std::vector<NightSpan> spans;
     std::optional<SkyMoment> down;  // since when
     if (!IsUp(find(m_Plan.dark.begin))) down = m_Plan.dark.begin;
     SkyMoment at = m_Plan.dark.begin;
     // At most one rise and one set a day, so three stretches.
-    for (double left = m_Plan.dark.GetLength(); left > 0.0; left = NightSpan{at, m_Plan.dark.end}.GetLength()) {
+    for (double left = m_Plan.dark.GetLength(); left > 0.0;
+         left = NightSpan{at, m_Plan.dark.end}.GetLength()) {
       const auto events = astro::FindRiseTransitSet(find, at, left, kStep);
       const auto& next = down ? events.rise : events.set;
       if (!next) break;
@@ -155,7 +155,8 @@ std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& p
   plan.moonless = watch.FindMoonless();
   constexpr int kNeptune = 8;
   for (int planet = 1; planet <= kNeptune; ++planet) {
-    if (planet != astro::kEarthNumber) plan.planets.push_back(watch.Watch(SSO_ID(astro::kPlanetKind, planet)));
+    if (planet != astro::kEarthNumber)
+      plan.planets.push_back(watch.Watch(SSO_ID(astro::kPlanetKind, planet)));
   }
   return plan;
 }

@@ -18,8 +18,8 @@ int FindConstellation(const double astrometric[3], const scene::SkyCatalogs& cat
 }  // namespace
 
 std::string GetText(HostText text, int further) {
-  return scene::ToUtf8(CommonInterfaces::FormatLocalizedText(
-      static_cast<unsigned>(static_cast<int>(text) + further), {}));
+  return scene::ToUtf8(
+      CommonInterfaces::FormatLocalizedText(static_cast<unsigned>(static_cast<int>(text) + further), {}));
 }
 
 std::string FormatPlace(const scene::EarthPlace& place) {
@@ -71,6 +71,14 @@ std::string GetConstellationLetters(const double astrometric[3], const scene::Sk
 std::string GetBodyName(const SSO_ID& id, const scene::SkyCatalogs& catalogs) {
   const int body = scene::FindBody(catalogs.bodies, id);
   return body < 0 ? "" : scene::GetBodyLabel(catalogs.bodies[static_cast<std::size_t>(body)]);
+}
+
+std::string GetNightObjectName(const scene::FoundObject& object, const scene::SkyCatalogs& catalogs) {
+  const auto index = static_cast<std::size_t>(object.index);
+  if (object.group == scene::ObjectGroup::kBody) return scene::GetBodyLabel(catalogs.bodies[index]);
+  const scene::DeepskyObject& found = catalogs.deepsky[index];
+  const std::string label = found.label, name = found.properName;
+  return name.empty() || name == label ? label : label + " " + name;
 }
 
 }  // namespace skyview

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "scene/night_plan.h"
+#include "scene/object_search.h"
 #include "scene/sky_catalogs.h"
 #include "skyview/almanac/local_clock.h"
 #include "skyview/reports/host_texts.h"
@@ -35,5 +36,8 @@ std::string GetConstellationLetters(const double astrometric[3], const scene::Sk
 
 // The label of a body of the model, by its identifier.
 std::string GetBodyName(const SSO_ID& id, const scene::SkyCatalogs& catalogs);
+
+// "M42 Great Orion Nebula", "1P/Halley": of a deep-sky object or a body.
+std::string GetNightObjectName(const scene::FoundObject& object, const scene::SkyCatalogs& catalogs);
 
 }  // namespace skyview

@@ -55,7 +55,6 @@ class NightWriter {
     if (table.HasRows()) m_Text += "\n" + heading + "\n" + table.Format(kIndent);
   }
   std::vector<std::string> MakeBodyRow(const scene::NightBody& body) const;
-  std::string GetObjectName(const scene::FoundObject& object) const;
   std::string GetObjectKind(const scene::FoundObject& object) const;
   std::string GetLettersOf(const scene::NightObject& object) const;
   std::string FormatMoonless() const;
@@ -117,8 +116,11 @@ void NightWriter::AddDarkness() {
 void NightWriter::AddMoon() {
   const ObservedBody& moon = m_Report.plan.moon.seen;
   const int lit = GetLitPercent(moon.phaseAngle);
-  const std::string age = m_Report.moonAge ? FormatText("%.1f", *m_Report.moonAge) : "-";
-  const bool waxing = m_Report.moonAge.value_or(0.0) < 0.5 * kSynodicMonth;
+  // It waxes until it is full, which is the next of the two to come.
+  const auto turn = std::find_if(m_Report.phases.begin(), m_Report.phases.end(), [](const auto& event) {
+    return event.kind == astro::EventKind::kNewMoon || event.kind == astro::EventKind::kFullMoon;
+  });
+  const bool waxing = turn != m_Report.phases.end() && turn->kind == astro::EventKind::kFullMoon;
   const std::string name = GetBodyName(astro::kMoon, m_Catalogs),
                     phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing)),
                     constellation = GetConstellationName(moon.astrometric, m_Catalogs);
@@ -131,7 +133,7 @@ void NightWriter::AddMoon() {
   for (const auto& event : m_Report.phases) {
     phases.push_back(GetEventTitle(event, m_Catalogs, m_Showers) + " " + m_Clock.FormatMoment(event.moment));
   }
-  if (!phases.empty()) m_Text += Wrap(JoinNames(phases), kPageWidth, 0);
+  if (!phases.empty()) m_Text += WrapList("", phases, kPageWidth, 0);
 }
 
 std::vector<std::string> NightWriter::MakeBodyRow(const scene::NightBody& body) const {
@@ -149,7 +151,15 @@ std::vector<std::string> NightWriter::MakeBodyRow(const scene::NightBody& body) 
 }
 
 void NightWriter::AddPlanets() {
-  TextTable table({{kLeft, 12}, {kRight}, {kRight}, {kRight}, {kRight}, {kRight}, {kLeft}, {kRight}, {kRight},
+  TextTable table({{kLeft, 12},
+                   {kRight},
+                   {kRight},
+                   {kRight},
+                   {kRight},
+                   {kRight},
+                   {kLeft},
+                   {kRight},
+                   {kRight},
                    {kLeft, 20}});
   table.AddRow({"", GetText(HostText::kRise), GetText(HostText::kTransit), GetText(HostText::kSet),
                 GetText(HostText::kBest), GetText(HostText::kAltitude), GetText(HostText::kTowards),
@@ -166,14 +176,6 @@ std::string NightWriter::FormatObjectsHeading() const {
                            : equipment == Equipment::kBinoculars ? Localize(HostText::kBinoculars, {aperture})
                                                                  : Localize(HostText::kTelescope, {aperture});
   return GetText(HostText::kWhatIsBest) + " (" + Utf8(with) + ")";
-}
-
-std::string NightWriter::GetObjectName(const scene::FoundObject& object) const {
-  const auto index = static_cast<std::size_t>(object.index);
-  if (object.group == scene::ObjectGroup::kBody) return scene::GetBodyLabel(m_Catalogs.bodies[index]);
-  const scene::DeepskyObject& found = m_Catalogs.deepsky[index];
-  const std::string label = found.label, name = found.properName;
-  return name.empty() || name == label ? label : label + " " + name;
 }
 
 std::string NightWriter::GetObjectKind(const scene::FoundObject& object) const {
@@ -193,8 +195,8 @@ void NightWriter::AddObjects(const std::string& heading, const std::vector<scene
   table.AddRow({"", GetText(HostText::kKind), "", GetText(HostText::kBest), GetText(HostText::kAltitude),
                 GetText(HostText::kTowards), GetText(HostText::kMagnitude), GetText(HostText::kFromMoon)});
   for (const auto& object : objects) {
-    table.AddRow({GetObjectName(object.object), GetObjectKind(object.object), GetLettersOf(object),
-                  Time(object.best.moment), FormatDegrees(object.best.altitude),
+    table.AddRow({GetNightObjectName(object.object, m_Catalogs), GetObjectKind(object.object),
+                  GetLettersOf(object), Time(object.best.moment), FormatDegrees(object.best.altitude),
                   FormatTowards(object.best.azimuth), FormatMagnitude(object.magnitude),
                   object.moonAltitude > 0.0 ? FormatDegrees(object.fromMoon) : "-"});
   }
@@ -221,7 +223,7 @@ void NightWriter::AddShowers() {
 
 void NightWriter::AddMoonEvents() {
   TextTable table({{kLeft}, {kLeft}, {kLeft}});
-  table.AddRow({"", "", ""});
+  table.AddRow({"", GetText(HostText::kKind), ""});
   for (const auto& event : m_Report.moonEvents) {
     table.AddRow({GetBodyName(event.event.moon, m_Catalogs),
                   GetText(HostText::kFirstMoonPhenomenon, static_cast<int>(event.event.kind)),
@@ -246,10 +248,10 @@ void NightWriter::AddPasses() {
 void NightWriter::AddNext() {
   m_Text += "\n" + Utf8(Localize(HostText::kNextDays, {kNextDays})) + "\n";
   for (const auto& event : m_Report.next) {
-    m_Text += CutTo("  " + m_Clock.FormatMoment(event.moment) + "  " +
-                        GetEventTitle(event, m_Catalogs, m_Showers),
-                    kPageWidth) +
-              "\n";
+    m_Text +=
+        CutTo("  " + m_Clock.FormatMoment(event.moment) + "  " + GetEventTitle(event, m_Catalogs, m_Showers),
+              kPageWidth) +
+        "\n";
   }
   if (m_Report.next.empty()) m_Text += "  " + GetText(HostText::kNone) + "\n";
 }

@@ -28,7 +28,7 @@ struct NightReport {
   scene::NightPlan plan;
   scene::EarthPlace place;
   EquipmentOptions equipment;
-  std::optional<double> moonAge;  // days since the last new Moon
+  std::optional<double> moonAge;        // days since the last new Moon
   std::vector<astro::SkyEvent> phases;  // the next four of the Moon
   std::vector<scene::NightObject> objects, smallBodies;
   std::vector<scene::NightShower> showers;

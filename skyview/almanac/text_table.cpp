@@ -26,17 +26,16 @@ std::string CutTo(const std::string& utf8, int characters) {
   return utf8.substr(0, end) + ".";
 }
 
-std::string Wrap(const std::string& utf8, int characters, int indent) {
-  std::string text, line;
-  for (std::size_t at = 0; at < utf8.size();) {
-    const std::size_t end = std::min(utf8.find(' ', at), utf8.size());
-    const std::string word = utf8.substr(at, end - at);
-    at = end + 1;
-    if (!line.empty() && CountCharacters(line) + 1 + CountCharacters(word) > characters) {
+std::string WrapList(const std::string& begin, const std::vector<std::string>& items, int characters,
+                     int indent) {
+  std::string text, line = begin;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const std::string item = items[i] + (i + 1 < items.size() ? "," : "");
+    if (i > 0 && CountCharacters(line) + 1 + CountCharacters(item) > characters) {
       text += line + "\n";
-      line = Blanks(indent) + word;
+      line = Blanks(indent) + item;
     } else {
-      line += (line.empty() ? "" : " ") + word;
+      line += (line.empty() ? "" : " ") + item;
     }
   }
   return text + line + "\n";

@@ -12,8 +12,10 @@ int CountCharacters(const std::string& utf8);
 // The first so many of them, the last one replaced by a full stop where the text is cut.
 std::string CutTo(const std::string& utf8, int characters);
 
-// The text on lines of at most so many characters, broken at blanks, those behind the first indented.
-std::string Wrap(const std::string& utf8, int characters, int indent);
+// The items with commas between, on lines of at most so many characters, those behind the first indented.
+// No item is broken.
+std::string WrapList(const std::string& begin, const std::vector<std::string>& items, int characters,
+                     int indent);
 
 enum class Align { kLeft, kRight };
 

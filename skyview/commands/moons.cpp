@@ -7,10 +7,10 @@
 #include "scene/bodies.h"
 #include "scene/moon_chart.h"
 #include "skyview/almanac/local_clock.h"
+#include "skyview/commands/chart_files.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/prepared_view.h"
 #include "skyview/commands/start.h"
-#include "skyview/commands/chart_files.h"
 #include "skyview/options/almanac_group.h"
 #include "skyview/options/day_span.h"
 #include "skyview/options/picture_group.h"
@@ -37,7 +37,8 @@ MoonsOptions Parse(const Call& call) {
   line.Take(kPictureGroup, options.pictures);
   line.Parse(call.arguments);
   if (!ParseMonth(options.month))
-    throw Stop{kBadOption, call.command.name + (" '" + options.month) + "': wants YYYY-MM, for example 2027-03"};
+    throw Stop{kBadOption,
+               call.command.name + (" '" + options.month) + "': wants YYYY-MM, for example 2027-03"};
   RequirePicture(call.command.name, options.pictures);
   return options;
 }
@@ -88,7 +89,8 @@ std::string RunMoons(const Call& call) {
   const auto first = clock.FindMidnight(month.first), last = clock.FindMidnight(month.last + 1);
   const double days = last.day - first.day + (last.fraction - first.fraction);
   const auto paths = scene::MakeJupiterMoonPaths(first, days, kStep);
-  Require(!paths.empty(), call.command.name + (" '" + options.month) + "': nobody can tell where they are then");
+  Require(!paths.empty(),
+          call.command.name + (" '" + options.month) + "': nobody can tell where they are then");
   const auto texts = MakeTexts(month, clock, paths);
   const PictureSize size = options.view.size.value_or(kPageSize);
   scene::DisplayList chart;

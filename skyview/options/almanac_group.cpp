@@ -11,7 +11,7 @@
 namespace skyview {
 namespace {
 
-constexpr double kApertures[] = {7.0, 50.0, 200.0};               // mm, by Equipment
+constexpr double kApertures[] = {7.0, 50.0, 200.0};                // mm, by Equipment
 constexpr double kFirstBinoculars = 15.0, kFirstTelescope = 80.0;  // mm
 constexpr double kLeastAperture = 5.0, kMostAperture = 5000.0;
 

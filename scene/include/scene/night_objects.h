@@ -17,7 +17,7 @@ struct NightObject {
   FoundObject object;
   NightSight best;
   double magnitude = 0.0;
-  double fromMoon = 0.0;   // angle to the Moon then
+  double fromMoon = 0.0;  // angle to the Moon then
   double moonAltitude = 0.0;
   // Magnitudes by which it is brighter than what can just be seen there and then, 0 or more.
   double margin = 0.0;
@@ -34,7 +34,9 @@ inline constexpr double kEyeAperture = 7.0;
 // is left of the Sun's, and 5 log(aperture / pupil) magnitudes more through an instrument. From it go 0.7
 // magnitudes for each air mass beyond the first: 0.2 of extinction, and haze and restless air, which cost
 // more than light near the horizon; and of an extended object what its surface, its light spread evenly over
-// its ellipse, is fainter than one magnitude below the sky's. Objects without a magnitude are left out.
+// its ellipse, is fainter than one magnitude below the sky's, and as much as its size exceeds the field of the
+// instrument at its least power. Messier's objects, the showpieces, come as if they had 1.5 magnitudes more.
+// Objects without a magnitude are left out.
 SCENE_API std::vector<NightObject> FindBestObjects(const NightPlan& plan, const EarthPlace& place,
                                                    const SkyCatalogs& catalogs, double aperture, int most);
 

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "astro/sky_events.h"
+#include "skyview/almanac/event_kinds.h"
+
+namespace skyview {
+
+struct FoundEvents {
+  std::vector<astro::SkyEvent> events;  // in the order of time
+  bool complete = true;                 // false: for a part of the span nobody can tell
+};
+
+// The events of these kinds in the span: of the Sun, the Moon, the planets to Neptune, and the bright stars on
+// their way. Kinds that need a place have none without one. Every thread may call.
+FoundEvents FindEvents(const EventKinds& kinds, const astro::EventSearch& search);
+
+}  // namespace skyview
