@@ -13,19 +13,23 @@ namespace astro_internal {
 
 // At the Earth's centre nothing depends on delta T.
 EclipticPlace EclipticPlaces::Get(const SSO_ID& body, double date) {
+  m_Model.SetMoment(date, 0.0);
+  TrueEclipticMatrix(date, m_Axes);
+  return Get(body, nullptr);
+}
+
+EclipticPlace EclipticPlaces::Get(const SSO_ID& object, const void* data) const {
   constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
   ObservedBody seen;
-  m_Model.SetMoment(date, 0.0);
-  if (!m_Model.Observe(body, nullptr, seen)) return {kNowhere, kNowhere};
-  double axes[9], v[3];
-  TrueEclipticMatrix(date, axes);
-  MV3prod(axes, seen.apparent, v);
+  if (!m_Model.Observe(object, data, seen)) return {kNowhere, kNowhere};
+  double v[3];
+  MV3prod(m_Axes, seen.apparent, v);
   return {std::atan2(v[1], v[0]), std::atan2(v[2], std::hypot(v[0], v[1]))};
 }
 
 double EclipticPlaces::Elongation(double date) {
   const double moon = Get(astro::kMoon, date).longitude;
-  return std::remainder(moon - Get(astro::kSun, date).longitude, astro::kTurn);
+  return std::remainder(moon - Get(astro::kSun, nullptr).longitude, astro::kTurn);
 }
 
 }  // namespace astro_internal

@@ -19,11 +19,14 @@ class EclipticPlaces {
   EclipticPlaces() { m_Model.SetObserverAtEarthCentre(); }
 
   EclipticPlace Get(const SSO_ID& body, double date);
+  // Of another object (`data` as CQXSolSys::Observe takes it) at the date of the last question.
+  EclipticPlace Get(const SSO_ID& object, const void* data) const;
   // The longitude of the Moon less that of the Sun, -pi to pi.
   double Elongation(double date);
 
  private:
   CQXSolSys m_Model;
+  double m_Axes[9] = {};
 };
 
 }  // namespace astro_internal

@@ -51,13 +51,41 @@ void FindZeros(Function function, double from, double to, double step, Found fou
   }
 }
 
-// The same for a smooth function that rises and falls: two zeros that are closer than a step, on both sides of
-// a minimum or maximum, are found too, however close. `step` stays below half of the shortest time between a
-// minimum and a maximum.
+// How a function grows in some seconds about a date.
+template <class Function>
+double Slope(Function& function, double date) {
+  constexpr double kBeside = 1e-4;  // days
+  return function(date + kBeside) - function(date - kBeside);
+}
+
+// The minimum of a smooth function that falls at one moment and rises at the other, or its maximum: where
+// the slope is zero.
+template <class Function>
+double FindTurn(Function function, double a, double b) {
+  const auto slope = [&function](double date) { return Slope(function, date); };
+  return FindZero(slope, a, slope(a), b, slope(b), kEventPrecision);
+}
+
+// The lowest point between two moments of a smooth function, whose dips are wider than two steps.
+template <class Function>
+double FindLowest(Function function, double a, double b, double step) {
+  double lowest = a, least = function(a);
+  for (double date = a + step; date < b; date += step) {
+    const double value = function(date);
+    if (value < least) {
+      lowest = date;
+      least = value;
+    }
+  }
+  return FindTurn(function, lowest - step, lowest + step);
+}
+
+// FindZeros for a smooth function that rises and falls: two zeros that are closer than a step, on both sides
+// of a minimum or maximum, are found too, however close. `step` stays below half of the shortest time between
+// a minimum and a maximum.
 template <class Function, class Found>
 void FindZerosAndGrazes(Function function, double from, double to, double step, Found found) {
-  constexpr double kBeside = 1e-4;  // days
-  const auto slope = [&function](double date) { return function(date + kBeside) - function(date - kBeside); };
+  const auto slope = [&function](double date) { return Slope(function, date); };
   const auto report = [&](double a, double fa, double b, double fb) {
     const double date = FindZero(function, a, fa, b, fb, kEventPrecision);
     if (date >= from && date < to) found(date, fb >= 0.0);

@@ -124,12 +124,65 @@ def risings():
                            "%.6f" % (DUBLIN + place.date), "%.6f" % (DUBLIN + date))
 
 
+STARS = {  # J2000, no proper motion
+    "Aldebaran": ("4:35:55.24", "16:30:33.5"), "Regulus": ("10:08:22.31", "11:58:02.0"),
+    "Spica": ("13:25:11.58", "-11:09:40.8"), "Antares": ("16:29:24.46", "-26:25:55.2"),
+}
+
+
+def target(name):
+    if name in STARS:
+        return ephem.readdb("%s,f|S,%s,%s,1.0,2000" % ((name,) + STARS[name]))
+    return getattr(ephem, name)()
+
+
+def outside_edge(place, moon, body, date):
+    """Radians from the edge of the Moon, of 0.2725076 equatorial radii of the Earth, as the place sees it."""
+    place.date = date
+    moon.compute(place)
+    body.compute(place)
+    distance = moon.earth_distance * 149597870.7 / 6378.137  # from the place
+    return float(ephem.separation(moon, body)) - math.asin(0.2725076 / distance)
+
+
+def occultations():
+    """Those above the horizon by a degree at least."""
+    moon = ephem.Moon()
+    for name in list(STARS) + ["Venus", "Mars", "Jupiter", "Saturn"]:
+        body, near = target(name), []
+        date, last = ephem.Date("2016/1/1"), ephem.Date("2026/1/1")
+        while date < last:
+            moon.compute(date)
+            body.compute(date)
+            if ephem.separation(moon, body) < math.radians(4.0):
+                near.append(date)
+            date += 0.125
+        for place_name, (latitude, longitude) in PLACES.items():
+            place = ephem.Observer()
+            place.lat, place.lon, place.pressure = str(latitude), str(longitude), 0.0
+            for start in near:
+                step = 0.125 / 36.0
+                before = outside_edge(place, moon, body, start)
+                for index in range(1, 37):
+                    date = start + index * step
+                    now = outside_edge(place, moon, body, date)
+                    if (before < 0.0) != (now < 0.0):
+                        moment = crossing(lambda at: outside_edge(place, moon, body, at), date - step, date)
+                        outside_edge(place, moon, body, moment)
+                        if body.alt > math.radians(1.0):
+                            yield (place_name, "%.4f" % latitude, "%.4f" % longitude, name,
+                                   "begin" if now < 0.0 else "end", "%.6f" % (DUBLIN + moment),
+                                   "%.2f" % math.degrees(body.alt))
+                    before = now
+
+
 def main():
     sun, moon = ephem.Sun(), ephem.Moon()
     write("event_seasons.tsv", ("jd_tt", "quarter"), seasons(sun))
     write("event_phases.tsv", ("jd_tt", "quarter"), phases(sun, moon))
     write("event_nodes.tsv", ("jd_tt", "ascending"), nodes(moon))
     write("event_risings.tsv", ("place", "lat", "lon", "body", "what", "from_ut", "jd_ut"), risings())
+    write("event_occultations.tsv", ("place", "lat", "lon", "body", "what", "jd_ut", "altitude"), occultations())
 
 
 if __name__ == "__main__":

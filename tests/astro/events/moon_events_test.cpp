@@ -14,7 +14,8 @@ using astro_test::SearchYears;
 
 namespace {
 
-// Compares the events of every `years`th year from 1900 with a table: dates in TT and what distinguishes kinds.
+// Compares the events of every `years`th year from 1900 with a table: dates in TT and what tells the kinds
+// apart.
 template <class Finder, class Number>
 void Compare(Finder find, int years, const char* table, Number number, const char* quantity,
              double tolerance) {
@@ -61,8 +62,8 @@ TEST(MoonEvents, PhasesAsInTheBook) {
   EXPECT_NEAR(events[0].moment.julianDateTT, 2467636.49186, 10.0 / kSecondsPerDay);
 }
 
-// The same, example 50.a and the table of extremes at the end of chapter 50: apogee of 1988 October 7 at 20:30
-// (+- 1 minute) dynamical time; 356375 km on 1912 January 4, 406712 km on 1984 March 2.
+// The same, example 50.a and the table of extremes at the end of chapter 50: apogee of 1988 October 7 at
+// 20:30 dynamical time; 356375 km on 1912 January 4, 406712 km on 1984 March 2.
 TEST(MoonEvents, ApsidesAsInTheBook) {
   auto events = Collect(FindMoonApsides, astro_test::SearchTT(2447440.0, 2447445.0));
   ASSERT_EQ(events.size(), 1u);

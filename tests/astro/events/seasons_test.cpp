@@ -30,7 +30,8 @@ TEST(Seasons, EveryOneOf201YearsIsWhereAnotherLibraryHasIt) {
 
 // Meeus, Astronomical Algorithms (2nd edition 1998), example 27.a and table 27.E, dynamical time: the June
 // solstice of 1962 at June 21 21:24:42; 1996 March 20 08:04:07, June 21 02:24:46, September 22 18:01:08,
-// December 21 14:06:56; 2005 March 20 12:34:29, June 21 06:47:12, September 22 22:24:14, December 21 18:36:01.
+// December 21 14:06:56; 2005 March 20 12:34:29, June 21 06:47:12, September 22 22:24:14, December 21
+// 18:36:01.
 TEST(Seasons, AsInTheBook) {
   const CalendarDate expected[] = {
       {1962, 6, 21, 21, 24, 42}, {1996, 3, 20, 8, 4, 7},    {1996, 6, 21, 2, 24, 46},

@@ -8,6 +8,7 @@
 #include "astro/constants.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
+#include "companions/astro/eclipses/covered_part.h"
 
 namespace astro {
 namespace {
@@ -17,24 +18,10 @@ constexpr double kEarthRadius = kEarthEquatorialRadius / kKilometresPerAu;
 double RadiusInAu(const SSO_ID& body) { return GetBodyRadius(body) / kKilometresPerAu; }
 
 // The kind and the magnitude for an observer who sees the two discs so far apart.
-// The part of a disc's area that another one covers whose centre is `apart` from its own.
-double FindCoveredPart(double radius, double coverRadius, double apart) {
-  if (apart >= radius + coverRadius) return 0.0;
-  const double ratio = coverRadius / radius;
-  if (apart <= std::fabs(radius - coverRadius)) return std::min(1.0, ratio * ratio);
-  // Half the angles under which the two centres see the common chord.
-  const double d = apart / radius;
-  const double own = std::acos(std::clamp((d * d + 1.0 - ratio * ratio) / (2.0 * d), -1.0, 1.0)),
-               other = std::acos(std::clamp((d * d + ratio * ratio - 1.0) / (2.0 * d * ratio), -1.0, 1.0));
-  const double segments =
-      own - std::sin(own) * std::cos(own) + ratio * ratio * (other - std::sin(other) * std::cos(other));
-  return std::clamp(segments / kPi, 0.0, 1.0);
-}
-
 void CompareDiscs(const ObservedBody& sun, const ObservedBody& moon, SolarEclipseState& state) {
   const double apart = VectorsAngle(sun.apparent, moon.apparent);
   const double sunRadius = sun.angularRadius, moonRadius = moon.angularRadius;
-  state.obscuration = FindCoveredPart(sunRadius, moonRadius, apart);
+  state.obscuration = astro_internal::FindCoveredPart(sunRadius, moonRadius, apart);
   if (apart >= sunRadius + moonRadius) {
     state.kind = SolarEclipse::kElsewhere;
   } else if (apart > std::fabs(sunRadius - moonRadius)) {

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "astro/occultations.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "astro/object_records.h"
+#include "tests/astro/helpers/events.h"
+#include "tests/astro/helpers/measure.h"
+#include "tests/astro/helpers/midnight.h"
+#include "tests/astro/helpers/tsv.h"
+
+using namespace astro;
+using astro_test::At;
+using astro_test::Collect;
+using astro_test::DaysFromUT;
+using astro_test::OfKind;
+using astro_test::SearchYears;
+
+namespace {
+
+StarRecord StarAt(double ra, double dec) {
+  StarRecord star;
+  star.ra = ra;
+  star.dec = dec;
+  return star;
+}
+
+// The stars as the table has them: J2000, at rest.
+const StarRecord kStars[] = {StarAt(astro_test::FromHms(4, 35, 55.24), astro_test::FromDms(16, 30, 33.5)),
+                             StarAt(astro_test::FromHms(10, 8, 22.31), astro_test::FromDms(11, 58, 2.0)),
+                             StarAt(astro_test::FromHms(13, 25, 11.58), -astro_test::FromDms(11, 9, 40.8)),
+                             StarAt(astro_test::FromHms(16, 29, 24.46), -astro_test::FromDms(26, 25, 55.2))};
+
+const std::map<std::string, OccultationTarget> kTargets = {
+    {"Aldebaran", {SSO_ID(FourCC("star"), 1), &kStars[0]}}, {"Regulus", {SSO_ID(FourCC("star"), 2), &kStars[1]}},
+    {"Spica", {SSO_ID(FourCC("star"), 3), &kStars[2]}},     {"Antares", {SSO_ID(FourCC("star"), 4), &kStars[3]}},
+    {"Venus", {SSO_ID(kPlanetKind, 2), nullptr}},           {"Mars", {SSO_ID(kPlanetKind, 4), nullptr}},
+    {"Jupiter", {SSO_ID(kPlanetKind, 5), nullptr}},         {"Saturn", {SSO_ID(kPlanetKind, 6), nullptr}}};
+
+std::vector<OccultationTarget> AllTargets() {
+  std::vector<OccultationTarget> targets;
+  for (const auto& [name, target] : kTargets) targets.push_back(target);
+  return targets;
+}
+
+}  // namespace
+
+// Ten years at six places, four stars and four planets; PyEphem (data/SOURCE.md). The table leaves out what
+// stands lower than 1 degree.
+TEST(Occultations, OfTenYearsAreWhereAnotherLibraryHasThem) {
+  const auto rows = astro_test::ReadCells(ASTRO_TEST_DATA "event_occultations.tsv");
+  ASSERT_GT(rows.size(), 100u);
+  std::map<std::string, std::vector<SkyEvent>> ofPlace;
+  astro_test::Largest difference("occultations against PyEphem", "s");
+  for (const auto& row : rows) {
+    auto& events = ofPlace[row[0]];
+    if (events.empty()) {
+      const EarthPlace place = At(std::stod(row[1]), std::stod(row[2]));
+      events = Collect(FindOccultations, SearchYears(2016, 2026, place), AllTargets());
+    }
+    const SSO_ID body = kTargets.at(row[3]).id;
+    const EventKind kind = row[4] == "begin" ? EventKind::kOccultationBegins : EventKind::kOccultationEnds;
+    const auto found = std::find_if(events.begin(), events.end(), [&](const SkyEvent& event) {
+      return event.kind == kind && event.other == body && std::fabs(DaysFromUT(event, std::stod(row[5]))) < 0.1;
+    });
+    ASSERT_NE(found, events.end()) << row[0] << " " << row[3] << " " << row[5];
+    difference.Note(DaysFromUT(*found, std::stod(row[5])) * kSecondsPerDay, std::stod(row[5]));
+    astro_test::ExpectDegrees(found->more, std::stod(row[6]), 0.1);
+    events.erase(found);
+  }
+  difference.Expect(20.0);
+  for (const auto& [name, events] : ofPlace) {
+    for (const SkyEvent& event : events) EXPECT_LT(event.more, 1.1 * kRadiansPerDegree) << name;
+  }
+}
+
+// Aldebaran in front of the waxing Moon of 2017 March 4: it vanishes behind the dark eastern edge and comes
+// out at the sunlit western one. (Seen from Honolulu.)
+TEST(Occultations, TheWaxingMoonGoesAheadWithItsDarkEdge) {
+  const EventSearch search = {astro_test::Midnight(2017, 3, 4), astro_test::Midnight(2017, 3, 6),
+                              At(21.31, -157.86)};
+  const auto events = Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")});
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[0].kind, EventKind::kOccultationBegins);
+  EXPECT_EQ(events[0].detail, static_cast<int>(OccultationLimb::kDark));
+  EXPECT_LT(events[0].value, kPi);
+  EXPECT_EQ(events[1].detail, static_cast<int>(OccultationLimb::kSunlit));
+  EXPECT_GT(events[1].value, kPi);
+}
+
+// Between a place where the star is covered and one where it passes by there is the graze: covered for a
+// minute or two.
+TEST(Occultations, AGrazeIsFoundHoweverShort) {
+  const SkyMoment from = astro_test::Midnight(2017, 3, 4), to = astro_test::Midnight(2017, 3, 6);
+  const auto at = [&](double latitude) {
+    const EventSearch search = {from, to, At(latitude, -100.0)};
+    return Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")});
+  };
+  double inside = 20.0, outside = 60.0;
+  ASSERT_EQ(at(inside).size(), 2u);
+  ASSERT_EQ(at(outside).size(), 0u);
+  while (outside - inside > 1e-3) {
+    const double middle = 0.5 * (inside + outside);
+    (at(middle).empty() ? outside : inside) = middle;
+  }
+  const auto graze = at(inside);
+  ASSERT_EQ(graze.size(), 2u);
+  EXPECT_GE(graze[0].detail, static_cast<int>(OccultationLimb::kSunlitGraze));
+  EXPECT_LT((graze[1].moment.julianDateTT - graze[0].moment.julianDateTT) * kMinutesPerDay, 5.0);
+}
+
+TEST(Occultations, WithoutAPlaceNobodyCanTell) {
+  EXPECT_FALSE(FindOccultations(SearchYears(2026, 2027), AllTargets(), [](const SkyEvent&) { ADD_FAILURE(); }));
+}

@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#include "astro/solar_eclipses.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "astro/rise_events.h"
+#include "tests/astro/helpers/events.h"
+#include "tests/astro/helpers/measure.h"
+#include "tests/astro/helpers/midnight.h"
+
+using namespace astro;
+using astro_test::At;
+using astro_test::Collect;
+using astro_test::Midnight;
+using astro_test::OfKind;
+using astro_test::SearchYears;
+
+namespace {
+
+// Another way over the ground from one place to another, for short ways.
+EarthPlace Between(const EarthPlace& a, const EarthPlace& b, double part) {
+  return {a.lon + part * (b.lon - a.lon), a.lat + part * (b.lat - a.lat), 0.0};
+}
+
+double Kilometres(const EarthPlace& a, const EarthPlace& b) {
+  const double north = b.lat - a.lat, east = (b.lon - a.lon) * std::cos(0.5 * (a.lat + b.lat));
+  return std::hypot(north, east) * 6371.0;
+}
+
+}  // namespace
+
+// Espenak & Meeus, Five Millennium Catalog of Solar Eclipses (NASA): dynamical time of the greatest eclipse;
+// places to a degree's tenth, as its delta T moves them. Without a central line no duration and width.
+TEST(SolarEclipses, AsInTheCanon) {
+  const struct {
+    CalendarDate greatest;
+    SolarEclipseType type;
+    double gamma, magnitude, latitude, longitude, duration, width;
+  } expected[] = {
+      {{1991, 7, 11, 19, 7, 1}, SolarEclipseType::kTotal, -0.0041, 1.0800, 22.0, -105.2, 413, 258},
+      {{1999, 8, 11, 11, 4, 9}, SolarEclipseType::kTotal, 0.5062, 1.0286, 45.1, 24.3, 143, 112},
+      {{2005, 4, 8, 20, 36, 51}, SolarEclipseType::kHybrid, -0.3473, 1.0074, -10.6, -119.0, 42, 27},
+      {{2006, 3, 29, 10, 12, 23}, SolarEclipseType::kTotal, 0.3843, 1.0515, 23.2, 16.7, 247, 184},
+      {{2009, 7, 22, 2, 36, 25}, SolarEclipseType::kTotal, 0.0698, 1.0799, 24.2, 144.1, 399, 258},
+      {{2011, 1, 4, 8, 51, 42}, SolarEclipseType::kPartial, 1.0627, 0.8576, 64.7, 20.8, 0, 0},
+      {{2014, 4, 29, 6, 4, 33}, SolarEclipseType::kAnnular, -1.0000, 0.9868, -70.6, 131.3, 0, 0},
+      {{2017, 8, 21, 18, 26, 40}, SolarEclipseType::kTotal, 0.4367, 1.0306, 37.0, -87.7, 160, 115},
+      {{2018, 2, 15, 20, 52, 33}, SolarEclipseType::kPartial, -1.2116, 0.5991, -71.0, 0.6, 0, 0},
+      {{2023, 4, 20, 4, 17, 56}, SolarEclipseType::kHybrid, -0.3952, 1.0132, -9.6, 125.8, 76, 49},
+      {{2023, 10, 14, 18, 0, 41}, SolarEclipseType::kAnnular, 0.3753, 0.9520, 11.4, -83.1, 317, 187},
+      {{2024, 4, 8, 18, 18, 29}, SolarEclipseType::kTotal, 0.3431, 1.0566, 25.3, -104.1, 268, 198},
+  };
+  astro_test::Largest time("greatest solar eclipse against the canon", "s"),
+      gamma("gamma of solar eclipses against the canon", ""),
+      magnitude("magnitudes of solar eclipses against the canon", ""),
+      duration("durations of solar eclipses against the canon", "s"),
+      width("widths of the path against the canon", "km");
+  for (const auto& row : expected) {
+    int day = 0;
+    double fraction = 0.0;
+    DJ(row.greatest, day, fraction);
+    const double date = day + fraction;
+    const auto eclipse = ComputeSolarEclipse(MakeMomentTT(date));
+    ASSERT_TRUE(eclipse) << row.greatest.year;
+    EXPECT_EQ(eclipse->type, row.type) << row.greatest.year;
+    time.Note((eclipse->greatest.julianDateTT - date) * kSecondsPerDay, row.greatest.year);
+    gamma.Note(eclipse->gamma - row.gamma, row.greatest.year);
+    magnitude.Note(eclipse->magnitude - row.magnitude, row.greatest.year);
+    astro_test::ExpectDegrees(eclipse->place.lat, row.latitude, 0.15);
+    astro_test::ExpectDegrees(eclipse->place.lon, row.longitude, 0.3);
+    EXPECT_EQ(eclipse->centralBegin.has_value(), row.width > 0.0);
+    const auto path = ComputeEclipsePath(*eclipse, 60.0);
+    EXPECT_EQ(path.empty(), row.width == 0.0);
+    for (const EclipsePathPoint& point : path) {
+      if (std::fabs(point.moment.julianDateTT - eclipse->greatest.julianDateTT) > 1e-6) continue;
+      duration.Note(point.duration - row.duration, row.greatest.year);
+      width.Note(point.width - row.width, row.greatest.year);
+      EXPECT_NEAR(point.centre.lat, eclipse->place.lat, 1e-6);
+    }
+  }
+  time.Expect(2.5);
+  gamma.Expect(0.00015);
+  magnitude.Expect(0.00015);
+  duration.Expect(1.0);
+  width.Expect(1.5);
+}
+
+// The same canon counts 78 partial, 73 annular, 71 total and 6 hybrid eclipses from 1901 to 2000, and 77, 72,
+// 68 and 7 from 2001 to 2100.
+TEST(SolarEclipses, AsManyOfEachTypeAsTheCanonCounts) {
+  const std::map<int, int> expected[] = {{{0, 78}, {1, 73}, {2, 71}, {3, 6}}, {{0, 77}, {1, 72}, {2, 68}, {3, 7}}};
+  for (int century = 0; century < 2; ++century) {
+    std::map<int, int> counts;
+    const int year = 1901 + 100 * century;
+    for (const SkyEvent& event : Collect(FindSolarEclipses, SearchYears(year, year + 100))) ++counts[event.detail];
+    EXPECT_EQ(counts, expected[century]) << year;
+  }
+}
+
+// At the limits of the path the umbra is touched and no more: a kilometre inside the eclipse is total, one
+// outside partial. Across the path they are as far apart as its width.
+TEST(SolarEclipses, LimitsOfThePathAreWhereTotalityEnds) {
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse && eclipse->centralBegin);
+  const auto path = ComputeEclipsePath(*eclipse, 1200.0);
+  ASSERT_GT(path.size(), 8u);
+  int compared = 0;
+  for (const EclipsePathPoint& point : path) {
+    if (point.sunAltitude < 15.0 * kRadiansPerDegree) continue;
+    for (const auto& limit : {point.northernLimit, point.southernLimit}) {
+      ASSERT_TRUE(limit);
+      const double part = 1.0 / Kilometres(*limit, point.centre);
+      const auto inside = ComputeLocalSolarEclipse(*eclipse, Between(*limit, point.centre, part));
+      const auto outside = ComputeLocalSolarEclipse(*eclipse, Between(*limit, point.centre, -part));
+      ASSERT_TRUE(inside && outside);
+      EXPECT_EQ(inside->kind, SolarEclipse::kTotal);
+      EXPECT_EQ(outside->kind, SolarEclipse::kPartial);
+      ++compared;
+    }
+    const auto centre = ComputeLocalSolarEclipse(*eclipse, point.centre);
+    ASSERT_TRUE(centre && centre->second && centre->third);
+    EXPECT_NEAR((centre->third->moment.julianDateTT - centre->second->moment.julianDateTT) * kSecondsPerDay,
+                point.duration, 1.0);
+    EXPECT_NEAR((centre->maximum.moment.julianDateTT - point.moment.julianDateTT) * kSecondsPerDay, 0.0, 1.0);
+    EXPECT_NEAR(centre->obscuration, 1.0, 1e-12);
+  }
+  EXPECT_GE(compared, 10);
+}
+
+// In Dublin the Sun of 2024 April 8 sets soon after the beginning: the best that is seen is at its set.
+TEST(SolarEclipses, WhatIsSeenEndsWithTheSunsSet) {
+  const EarthPlace dublin = At(53.35, -6.26);
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  const auto local = ComputeLocalSolarEclipse(*eclipse, dublin);
+  ASSERT_TRUE(local && local->bestSeen);
+  EXPECT_TRUE(local->first.isVisible);
+  EXPECT_FALSE(local->maximum.isVisible);
+  EXPECT_FALSE(local->last.isVisible);
+  EXPECT_LT(local->magnitudeSeen, local->magnitude);
+  const EventSearch day = {Midnight(2024, 4, 8), Midnight(2024, 4, 9), dublin};
+  const auto sets = OfKind(Collect(FindRisings, day, kSun, nullptr, RisingPart::kUpperLimb), EventKind::kSet);
+  ASSERT_EQ(sets.size(), 1u);
+  EXPECT_NEAR(local->bestSeen->julianDateTT, sets[0].moment.julianDateTT, 1.0 / kSecondsPerDay);
+  const auto events = OfKind(Collect(FindSolarEclipses, day), EventKind::kSolarEclipseHere);
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].value, local->magnitudeSeen);
+}
+
+TEST(SolarEclipses, NoneWhereAndWhenThereIsNone) {
+  EXPECT_FALSE(ComputeSolarEclipse(Midnight(2024, 5, 8)));
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  // The cone goes on through the Earth, but in Sydney it is night.
+  const auto local = ComputeLocalSolarEclipse(*eclipse, At(-33.9, 151.2));
+  EXPECT_FALSE(local && local->bestSeen);
+  EXPECT_FALSE(ComputeLocalSolarEclipse(*eclipse, At(-54.8, -68.3)));
+  const EventSearch sydney = {Midnight(2024, 4, 1), Midnight(2024, 4, 20), At(-33.9, 151.2)};
+  const auto events = Collect(FindSolarEclipses, sydney);
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].kind, EventKind::kSolarEclipse);
+}
