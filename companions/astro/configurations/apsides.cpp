@@ -34,8 +34,7 @@ bool FindPlanetApsides(const EventSearch& search, const SSO_ID& planet, const Ev
   const auto rate = [&planet](double date) { return DistanceRate(planet, date); };
   SearchPieces(span.from, span.to, [&](double from, double to) {
     FindDates(from, to, StepOf(planet.number), rate, [&](double date, bool rises) {
-      SkyEvent event =
-          MakePlanetEvent(rises ? EventKind::kPerihelion : EventKind::kAphelion, date, planet);
+      SkyEvent event = MakePlanetEvent(rises ? EventKind::kPerihelion : EventKind::kAphelion, date, planet);
       double position[3] = {};
       ComputePlanetState(planet, date, position, nullptr);
       event.other = kSun;

@@ -42,7 +42,8 @@ bool SkyTrack::SetDate(double date) {
   m_Moment = Moment();
   m_Moment.dateTT = date;
   m_Moment.usable = true;
-  if (!m_Tracks[astro::kEarthNumber - 1]->GetState(date, m_Moment.earth, m_Moment.earthVelocity)) return false;
+  if (!m_Tracks[astro::kEarthNumber - 1]->GetState(date, m_Moment.earth, m_Moment.earthVelocity))
+    return false;
   m_Moment.earthKnown = true;
   Copy(m_Moment.earth, m_Moment.observer);
   EarthVelocity(date, m_Moment.observerVelocity);

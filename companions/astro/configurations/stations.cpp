@@ -26,8 +26,8 @@ bool FindStations(const EventSearch& search, const SSO_ID& planet, const EventSi
   return SearchPlanet(search, planet, [&](PlanetAndSun& pair, double from, double to) {
     const auto rate = [&pair](double date) { return RightAscensionRate(pair, date); };
     FindDates(from, to, StepFor(planet), rate, [&](double date, bool rises) {
-      SkyEvent event = MakePlanetEvent(rises ? EventKind::kStationDirect : EventKind::kStationRetrograde,
-                                       date, planet);
+      SkyEvent event =
+          MakePlanetEvent(rises ? EventKind::kStationDirect : EventKind::kStationRetrograde, date, planet);
       const double rightAscension = pair.OnEquator(kThePlanet, date).lon;
       event.value = rightAscension < 0.0 ? rightAscension + kTurn : rightAscension;
       sink(event);
