@@ -72,10 +72,10 @@ enum class EventKind {
   kOccultationEnds,
   // `body` and `other` have the same right ascension; value: how far `body` is north of `other`.
   kConjunction,
-  kAppulse,               // they come closest; value: how far apart
-  kInferiorConjunction,   // `body` and the Sun have the same longitude; value: the body's latitude
-  kSuperiorConjunction,   // the same, behind the Sun; outer planets too
-  kOpposition,            // value: distance; more: magnitude
+  kAppulse,                 // they come closest; value: how far apart
+  kInferiorConjunction,     // `body` and the Sun have the same longitude; value: the body's latitude
+  kSuperiorConjunction,     // the same, behind the Sun; outer planets too
+  kOpposition,              // value: distance; more: magnitude
   kGreatestElongationEast,  // value: elongation; more: magnitude
   kGreatestElongationWest,
   kStationRetrograde,  // `body` turns, to the west from now on; value: the coordinate in which it stands
