@@ -19,16 +19,15 @@ double Longitude(PlanetAndSun& pair, double date) {
   return std::remainder(pair.OnEcliptic(kThePlanet, date).lon - pair.OnEcliptic(kTheSun, date).lon, kTurn);
 }
 
-// Near the formula's other end, where Venus is a thin crescent next to the Sun, the light that its clouds
-// scatter forwards makes a second maximum, which is not meant.
-constexpr double kThinCrescent = 150.0 * kRadiansPerDegree;
-// Neither is the weaker one of the full disc behind the Sun.
-constexpr double kHalfDisc = 90.0 * kRadiansPerDegree;
+// The part of the sky that the lit part of the disc covers, in any unit.
+double LitExtent(PlanetAndSun& pair, double date) {
+  const ObservedBody seen = pair.See(kThePlanet, date);
+  return (1.0 + std::cos(seen.phaseAngle)) / (seen.distance * seen.distance);
+}
 
-double MagnitudeRate(PlanetAndSun& pair, double date) {
-  constexpr double kHalfInterval = 0.25;  // days: the light changes by a thousandth of a magnitude
-  return pair.See(kThePlanet, date + kHalfInterval).magnitude -
-         pair.See(kThePlanet, date - kHalfInterval).magnitude;
+double LitExtentRate(PlanetAndSun& pair, double date) {
+  constexpr double kHalfInterval = 0.25;  // days
+  return LitExtent(pair, date + kHalfInterval) - LitExtent(pair, date - kHalfInterval);
 }
 
 bool IsInner(const SSO_ID& planet) {
@@ -85,10 +84,10 @@ bool FindGreatestElongations(const EventSearch& search, const SSO_ID& planet, co
 bool FindGreatestBrilliancies(const EventSearch& search, const EventSink& sink) {
   const SSO_ID venus(kPlanetKind, 2);
   return SearchPlanet(search, venus, [&](PlanetAndSun& pair, double from, double to) {
-    const auto rate = [&pair](double date) { return MagnitudeRate(pair, date); };
+    const auto rate = [&pair](double date) { return LitExtentRate(pair, date); };
     FindDates(from, to, StepFor(venus), rate, [&](double date, bool rises) {
+      if (rises) return;
       const ObservedBody seen = pair.See(kThePlanet, date);
-      if (!rises || seen.phaseAngle < kHalfDisc || seen.phaseAngle > kThinCrescent) return;
       SkyEvent event = MakePlanetEvent(EventKind::kGreatestBrilliancy, date, venus);
       event.value = seen.magnitude;
       event.more = seen.elongation;

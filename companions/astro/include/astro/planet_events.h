@@ -58,7 +58,9 @@ ASTRO_API bool FindStations(const EventSearch& search, const SSO_ID& planet, con
 // smallest or largest. Neptune has two of a kind, years apart, where the Sun's own motion bends its distance.
 ASTRO_API bool FindPlanetApsides(const EventSearch& search, const SSO_ID& planet, const EventSink& sink);
 
-// kGreatestBrilliancy of Venus: of all its light, by the formula of the magnitudes (docs/solar_system.md).
+// kGreatestBrilliancy of Venus: the lit part of its disc covers most of the sky, which almanacs give as the
+// greatest illuminated extent. By magnitudes it is brightest within five days of that, the moment depending
+// on the formula; for weeks the light changes by less than the eye tells. more: elongation.
 ASTRO_API bool FindGreatestBrilliancies(const EventSearch& search, const EventSink& sink);
 
 }  // namespace astro
