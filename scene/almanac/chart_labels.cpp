@@ -11,7 +11,8 @@ bool ChartLabels::IsFree(const Box& box) const {
   if (box.left < m_Chart.GetLeft() || box.right > m_Chart.GetRight()) return false;
   if (box.top < m_Chart.GetTop() || box.bottom > m_Chart.GetBottom()) return false;
   return std::none_of(m_Taken.begin(), m_Taken.end(), [&box](const Box& taken) {
-    return box.left < taken.right && taken.left < box.right && box.top < taken.bottom && taken.top < box.bottom;
+    return box.left < taken.right && taken.left < box.right && box.top < taken.bottom &&
+           taken.top < box.bottom;
   });
 }
 

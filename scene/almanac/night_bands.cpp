@@ -16,7 +16,8 @@ NightHours MiddleOf(const NightHours& hours) {
 
 class BandPen {
  public:
-  BandPen(const ChartFrame& chart, const NightHours& shown, const std::vector<std::vector<NightHours>>& nights)
+  BandPen(const ChartFrame& chart, const NightHours& shown,
+          const std::vector<std::vector<NightHours>>& nights)
       : m_Chart(chart), m_Shown(shown), m_Nights(nights) {}
 
   bool Add() {

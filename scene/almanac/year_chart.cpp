@@ -20,9 +20,9 @@ constexpr Colour kBands[kTwilightBands] = {
 constexpr Colour kHourLine = {0.60, 0.70, 0.90, 0.13}, kMidnight = {0.70, 0.80, 1.00, 0.34};
 constexpr Colour kMoonLine = {0.86, 0.86, 0.82, 0.42};
 // Mercury to Neptune: colours that tell lines apart, near to those of the planets.
-constexpr Colour kPlanetLines[] = {
-    {0.80, 0.66, 0.95, 1.0}, {1.00, 0.97, 0.86, 1.0}, {0.60, 0.75, 1.00, 1.0}, {1.00, 0.48, 0.36, 1.0},
-    {1.00, 0.76, 0.36, 1.0}, {0.72, 0.93, 0.48, 1.0}, {0.46, 0.90, 0.90, 0.8}, {0.48, 0.66, 1.00, 0.8}};
+constexpr Colour kPlanetLines[] = {{0.80, 0.66, 0.95, 1.0}, {1.00, 0.97, 0.86, 1.0}, {0.60, 0.75, 1.00, 1.0},
+                                   {1.00, 0.48, 0.36, 1.0}, {1.00, 0.76, 0.36, 1.0}, {0.72, 0.93, 0.48, 1.0},
+                                   {0.46, 0.90, 0.90, 0.8}, {0.48, 0.66, 1.00, 0.8}};
 
 Colour GetLineColour(const SSO_ID& body) {
   return body == astro::kMoon ? kMoonLine : kPlanetLines[body.number - 1];
@@ -38,7 +38,8 @@ NightHours FindHours(const YearGraph& graph) {
     }
   }
   if (!(last > first)) return {0.0f, static_cast<float>(kHours)};
-  return {static_cast<float>(std::max(first - kMargin, 0.0)), static_cast<float>(std::min(last + kMargin, kHours))};
+  return {static_cast<float>(std::max(first - kMargin, 0.0)),
+          static_cast<float>(std::min(last + kMargin, kHours))};
 }
 
 constexpr double kEventsOut = 70.0, kEventSize = 13.0;  // units
@@ -54,8 +55,8 @@ double FindRoom(const YearChartTexts& texts, const TextExtents& extents) {
 
 class YearPen {
  public:
-  YearPen(const YearGraph& graph, const YearChartTexts& texts, const TextExtents& extents, int width, int height,
-          DisplayList& list)
+  YearPen(const YearGraph& graph, const YearChartTexts& texts, const TextExtents& extents, int width,
+          int height, DisplayList& list)
       : m_Graph(graph),
         m_Texts(texts),
         m_Hours(FindHours(graph)),
@@ -105,7 +106,8 @@ class YearPen {
 
 void YearPen::DrawBands() {
   DisplayList& list = m_Chart.GetList();
-  AddNightQuad(m_Chart, m_Hours, {m_Hours.begin, m_Hours.end}, {m_Hours.begin, m_Hours.end}, 0.0, m_Graph.nights);
+  AddNightQuad(m_Chart, m_Hours, {m_Hours.begin, m_Hours.end}, {m_Hours.begin, m_Hours.end}, 0.0,
+               m_Graph.nights);
   PolygonRecord area = {};
   area.colour = ToRgba(kDay);
   list.AddArea(Layer::kMilkyWay, area);
@@ -164,7 +166,8 @@ void YearPen::DrawRisings(const RisingLine& line) {
     before = &point;
     if (!seen) continue;
     // A line of one vertex is none: whether the next point goes on is looked at first.
-    const NightPoint* const next = &point + 1 < line.points.data() + line.points.size() ? &point + 1 : nullptr;
+    const NightPoint* const next =
+        &point + 1 < line.points.data() + line.points.size() ? &point + 1 : nullptr;
     if (open == 0 && !(next && IsSeen(*next) && GoesOn(point, *next))) continue;
     m_Chart.GetList().AddVertex(X(point), Y(point));
     if (!moon) m_Labels.AddObstacle({X(point), Y(point)});

@@ -51,9 +51,7 @@ class YearWatch {
   bool AddBands() {
     std::vector<Crossing> crossings[kTwilightBands];
     const auto sort = [&](const astro::SkyEvent& event) {
-      const auto add = [&](int band, bool down) {
-        crossings[band].push_back({GetDays(event.moment), down});
-      };
+      const auto add = [&](int band, bool down) { crossings[band].push_back({GetDays(event.moment), down}); };
       switch (event.kind) {
         case EventKind::kSet:
         case EventKind::kRise:
@@ -71,7 +69,8 @@ class YearWatch {
           return;
       }
     };
-    if (!astro::FindRisings(m_Search, astro::kSun, nullptr, astro::RisingPart::kUpperLimb, sort)) return false;
+    if (!astro::FindRisings(m_Search, astro::kSun, nullptr, astro::RisingPart::kUpperLimb, sort))
+      return false;
     if (!astro::FindSunEvents(m_Search, sort)) return false;
     for (int band = 0; band < kTwilightBands; ++band) MakeBand(crossings[band], band);
     return true;
@@ -82,7 +81,8 @@ class YearWatch {
     constexpr double kAltitudes[] = {0.0, astro::kCivilTwilight, astro::kNauticalTwilight,
                                      astro::kAstronomicalTwilight};
     CQXSolSys model;
-    const auto sun = astro::MakeBodyFinder(model, astro::kSun, nullptr, m_Place, astro::RisingPart::kUpperLimb);
+    const auto sun =
+        astro::MakeBodyFinder(model, astro::kSun, nullptr, m_Place, astro::RisingPart::kUpperLimb);
     const auto there = sun(m_Search.from);
     return there && there->altitude < (band == 0 ? there->eventAltitude : kAltitudes[band]);
   }

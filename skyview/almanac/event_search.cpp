@@ -5,20 +5,29 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "astro/delta_t.h"
+#include "astro/lunar_eclipses.h"
+#include "astro/meteor_showers.h"
 #include "astro/moon_events.h"
 #include "astro/moon_phenomena.h"
+#include "astro/occultations.h"
 #include "astro/planet_events.h"
+#include "astro/planet_transits.h"
 #include "astro/rise_events.h"
+#include "astro/satellite_passes.h"
 #include "astro/seasons.h"
+#include "astro/solar_eclipses.h"
 #include "astro/sun_events.h"
 
 namespace skyview {
 namespace {
 
 using astro::EventKind;
-using astro::EventSearch;
 using astro::EventSink;
+
+// What is searched, and whose satellites.
+struct EventSearch : astro::EventSearch {
+  const scene::BodyList& bodies;
+};
 
 constexpr int kPlanets[] = {1, 2, 4, 5, 6, 7, 8};
 constexpr int kJupiter = 5;
@@ -103,6 +112,40 @@ bool FindJupiterMoons(const EventSearch& search, const EventSink& sink) {
   return true;
 }
 
+bool FindAllOccultations(const EventSearch& search, const EventSink& sink) {
+  if (!search.place) return true;
+  std::vector<astro::OccultationTarget> targets;
+  for (const auto& target : MakeTargets(false)) targets.push_back({target.id, target.star});
+  return astro::FindOccultations(search, targets, sink);
+}
+
+bool FindAllPlanetTransits(const EventSearch& search, const EventSink& sink) {
+  const bool mercury = astro::FindPlanetTransits(search, MakePlanet(1), sink);
+  return astro::FindPlanetTransits(search, MakePlanet(2), sink) && mercury;
+}
+
+bool FindShowers(const EventSearch& search, const EventSink& sink) {
+  return astro::FindShowerMaxima(search, astro::GetVisualShowers(), sink);
+}
+
+// A pass that is not seen, by day or in the shadow, is of no use to anybody who looks up.
+bool FindSeenPasses(const EventSearch& search, const EventSink& sink) {
+  if (!search.place) return true;
+  std::vector<astro::SatelliteTarget> targets;
+  for (const auto& body : search.bodies) {
+    if (body.id.kind == FourCC("scft")) targets.push_back({body.id, &body.elements});
+  }
+  return astro::FindSatellitePasses(search, targets, {}, [&sink](const astro::SkyEvent& event) {
+    if (event.detail == 1) sink(event);
+  });
+}
+
+// A finder of `astro` as it is.
+template <bool (*kFind)(const astro::EventSearch&, const EventSink&)>
+bool Find(const EventSearch& search, const EventSink& sink) {
+  return kFind(search, sink);
+}
+
 struct Finder {
   std::initializer_list<EventKind> kinds;  // what it finds
   bool (*find)(const EventSearch& search, const EventSink& sink);
@@ -117,11 +160,14 @@ const Finder kFinders[] = {
      FindTwilights},
     {{EventKind::kMarchEquinox, EventKind::kJuneSolstice, EventKind::kSeptemberEquinox,
       EventKind::kDecemberSolstice},
-     astro::FindSeasons},
+     Find<astro::FindSeasons>},
     {{EventKind::kNewMoon, EventKind::kFirstQuarter, EventKind::kFullMoon, EventKind::kLastQuarter},
-     astro::FindMoonPhases},
-    {{EventKind::kPerigee, EventKind::kApogee}, astro::FindMoonApsides},
-    {{EventKind::kAscendingNode, EventKind::kDescendingNode}, astro::FindMoonNodes},
+     Find<astro::FindMoonPhases>},
+    {{EventKind::kPerigee, EventKind::kApogee}, Find<astro::FindMoonApsides>},
+    {{EventKind::kAscendingNode, EventKind::kDescendingNode}, Find<astro::FindMoonNodes>},
+    {{EventKind::kSolarEclipse, EventKind::kSolarEclipseHere}, Find<astro::FindSolarEclipses>},
+    {{EventKind::kLunarEclipse}, Find<astro::FindLunarEclipses>},
+    {{EventKind::kOccultationBegins, EventKind::kOccultationEnds}, FindAllOccultations},
     {{EventKind::kConjunction}, FindAllConjunctions},
     {{EventKind::kAppulse}, FindAllAppulses},
     {{EventKind::kInferiorConjunction, EventKind::kSuperiorConjunction, EventKind::kOpposition},
@@ -129,6 +175,9 @@ const Finder kFinders[] = {
     {{EventKind::kGreatestElongationEast, EventKind::kGreatestElongationWest}, FindElongations},
     {{EventKind::kStationRetrograde, EventKind::kStationDirect}, FindAllStations},
     {{EventKind::kPerihelion, EventKind::kAphelion}, FindApsides},
+    {{EventKind::kPlanetTransit}, FindAllPlanetTransits},
+    {{EventKind::kSatellitePass}, FindSeenPasses},
+    {{EventKind::kShowerMaximum}, FindShowers},
     {{EventKind::kMoonTransit, EventKind::kMoonShadowTransit, EventKind::kMoonOccultation,
       EventKind::kMoonEclipse},
      FindJupiterMoons}};
@@ -137,7 +186,9 @@ double SortKey(const astro::SkyEvent& event) { return event.moment.day + event.m
 
 }  // namespace
 
-FoundEvents FindEvents(const EventKinds& kinds, const EventSearch& search) {
+FoundEvents FindEvents(const EventKinds& kinds, const astro::EventSearch& asked,
+                       const scene::BodyList& bodies) {
+  const EventSearch search = {asked, bodies};
   FoundEvents found;
   const EventSink sink = [&](const astro::SkyEvent& event) {
     if (kinds.contains(event.kind)) found.events.push_back(event);

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/almanac/event_texts.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "astro/meteor_showers.h"
+#include "astro/solar_eclipses.h"
 #include "scene/object_names.h"
 #include "skyview/almanac/night_cells.h"
 
@@ -33,53 +36,23 @@ struct Row {
 };
 
 // By kind.
-constexpr Row kRows[] = {{900730, Form::kBody},
-                         {900731, Form::kBodyAngle},
-                         {900732, Form::kBody},
-                         {900733, Form::kPlain},
-                         {900734, Form::kPlain},
-                         {900735, Form::kPlain},
-                         {900736, Form::kPlain},
-                         {900737, Form::kPlain},
-                         {900738, Form::kPlain},
-                         {900739, Form::kPlain},
-                         {900740, Form::kPlain},
-                         {900741, Form::kPlain},
-                         {900742, Form::kPlain},
-                         {900743, Form::kPlain},
-                         {900744, Form::kPlain},
-                         {900745, Form::kPlain},
-                         {900746, Form::kPlain},
-                         {900747, Form::kPlain},
-                         {900748, Form::kPlain},
-                         {900749, Form::kNumber},
-                         {900750, Form::kNumber},
-                         {900751, Form::kPlain},
-                         {900752, Form::kPlain},
-                         {900753, Form::kEclipse},
-                         {900754, Form::kEclipse},
-                         {900755, Form::kEclipse},
-                         {900756, Form::kOther},
-                         {900757, Form::kOther},
-                         {900758, Form::kTwo},
-                         {900760, Form::kTwo},
-                         {900761, Form::kBody},
-                         {900762, Form::kBody},
-                         {900764, Form::kBodyMore},
-                         {900765, Form::kBodyAngle},
-                         {900766, Form::kBodyAngle},
-                         {900767, Form::kBody},
-                         {900768, Form::kBody},
-                         {900769, Form::kBodyNumber},
-                         {900770, Form::kBodyNumber},
-                         {900771, Form::kBodyNumber},
-                         {900772, Form::kBody},
-                         {900773, Form::kBodyAngle},
-                         {900774, Form::kBodyNumber},
-                         {900715, Form::kMoonOfPlanet},
-                         {900716, Form::kMoonOfPlanet},
-                         {900717, Form::kMoonOfPlanet},
-                         {900718, Form::kMoonOfPlanet}};
+constexpr Row kRows[] = {
+    {900730, Form::kBody},         {900731, Form::kBodyAngle},    {900732, Form::kBody},
+    {900733, Form::kPlain},        {900734, Form::kPlain},        {900735, Form::kPlain},
+    {900736, Form::kPlain},        {900737, Form::kPlain},        {900738, Form::kPlain},
+    {900739, Form::kPlain},        {900740, Form::kPlain},        {900741, Form::kPlain},
+    {900742, Form::kPlain},        {900743, Form::kPlain},        {900744, Form::kPlain},
+    {900745, Form::kPlain},        {900746, Form::kPlain},        {900747, Form::kPlain},
+    {900748, Form::kPlain},        {900749, Form::kNumber},       {900750, Form::kNumber},
+    {900751, Form::kPlain},        {900752, Form::kPlain},        {900753, Form::kEclipse},
+    {900754, Form::kEclipse},      {900755, Form::kEclipse},      {900756, Form::kOther},
+    {900757, Form::kOther},        {900758, Form::kTwo},          {900760, Form::kTwo},
+    {900761, Form::kBody},         {900762, Form::kBody},         {900764, Form::kBodyMore},
+    {900765, Form::kBodyAngle},    {900766, Form::kBodyAngle},    {900767, Form::kBody},
+    {900768, Form::kBody},         {900769, Form::kBodyNumber},   {900770, Form::kBodyNumber},
+    {900771, Form::kBodyNumber},   {900772, Form::kBody},         {900773, Form::kBodyAngle},
+    {900774, Form::kBodyNumber},   {900715, Form::kMoonOfPlanet}, {900716, Form::kMoonOfPlanet},
+    {900717, Form::kMoonOfPlanet}, {900718, Form::kMoonOfPlanet}};
 static_assert(std::size(kRows) == astro::kEventKinds);
 
 constexpr unsigned kMoonAndPhenomenon = 900775, kSouthOf = 900759, kWithTheSun = 900763;
@@ -95,10 +68,14 @@ unsigned ChooseText(const astro::SkyEvent& event) {
 }
 
 std::string GetEclipseKind(const astro::SkyEvent& event) {
-  const int detail = std::max(event.detail, 1) - 1;
-  if (event.kind == EventKind::kLunarEclipse)
-    return FormatLocalizedText(kFirstLunar + static_cast<unsigned>(std::min(detail, 2)), {});
-  return FormatLocalizedText(detail > 2 ? kHybrid : kFirstSolar + static_cast<unsigned>(detail), {});
+  const auto text = [&event](unsigned first, auto kind) {
+    return FormatLocalizedText(first + static_cast<unsigned>(event.detail - static_cast<int>(kind)), {});
+  };
+  if (event.kind == EventKind::kLunarEclipse) return text(kFirstLunar, astro::LunarEclipse::kPenumbral);
+  if (event.kind == EventKind::kSolarEclipseHere) return text(kFirstSolar, astro::SolarEclipse::kPartial);
+  if (event.detail == static_cast<int>(astro::SolarEclipseType::kHybrid))
+    return FormatLocalizedText(kHybrid, {});
+  return text(kFirstSolar, astro::SolarEclipseType::kPartial);
 }
 
 // Of a penumbral eclipse of the Moon the magnitude in the penumbra.
@@ -108,9 +85,17 @@ double GetEclipseMagnitude(const astro::SkyEvent& event) {
 
 }  // namespace
 
+std::string GetShowerName(int number, const std::vector<scene::Shower>& showers) {
+  const std::string code = astro::GetVisualShowers()[static_cast<std::size_t>(number)].code;
+  const auto named = std::find_if(showers.begin(), showers.end(), [&code](const scene::Shower& shower) {
+    return code == shower.record.code;
+  });
+  return named == showers.end() ? code : named->name;
+}
+
 std::string GetEventBody(const SSO_ID& id, const scene::SkyCatalogs& catalogs,
                          const std::vector<scene::Shower>& showers) {
-  if (id.kind == kShowerKind) return showers[static_cast<std::size_t>(id.number)].name;
+  if (id.kind == astro::kShowerKind) return GetShowerName(id.number, showers);
   const std::string name = GetBodyName(id, catalogs);
   return name.empty() && !id.IsEmpty() ? scene::ToUtf8(scene::GetObjectName(id, catalogs)) : name;
 }

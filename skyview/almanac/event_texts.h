@@ -13,9 +13,6 @@
 
 namespace skyview {
 
-// A shower as the body of an event: its place in the list of showers.
-inline constexpr int kShowerKind = FourCC("mtrs");
-
 // "Venus at greatest elongation west, 46.8°", in the current language, UTF-8.
 std::string GetEventTitle(const astro::SkyEvent& event, const scene::SkyCatalogs& catalogs,
                           const std::vector<scene::Shower>& showers);
@@ -24,5 +21,8 @@ std::string GetEventTitle(const astro::SkyEvent& event, const scene::SkyCatalogs
 // passes, of a shower. "" for none.
 std::string GetEventBody(const SSO_ID& id, const scene::SkyCatalogs& catalogs,
                          const std::vector<scene::Shower>& showers);
+
+// The name of a shower of astro::GetVisualShowers, UTF-8: that of the list of showers, else its code.
+std::string GetShowerName(int number, const std::vector<scene::Shower>& showers);
 
 }  // namespace skyview

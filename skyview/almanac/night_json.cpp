@@ -3,7 +3,9 @@
 #include <cmath>
 #include <utility>
 
+#include "astro/meteor_showers.h"
 #include "skyview/almanac/event_formats.h"
+#include "skyview/almanac/event_texts.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/night_report.h"
 #include "skyview/reports/body_texts.h"
@@ -23,30 +25,33 @@ class NightJson {
 
   std::string Write() const {
     const scene::NightPlan& plan = m_Report.plan;
-    Members night = {{"latitude", Degrees(m_Report.place.lat, 4)},
-                     {"longitude", Degrees(m_Report.place.lon, 4)},
-                     {"zone", JsonString(m_Clock.GetZone())},
-                     {"from", Moment(plan.whole.begin)},
-                     {"to", Moment(plan.whole.end)},
-                     {"sunset", Moment(plan.sun.set)},
-                     {"sunrise", Moment(plan.sun.rise)},
-                     {"twilights", JsonObject({{"civil", Twilight(plan.civil)},
-                                               {"nautical", Twilight(plan.nautical)},
-                                               {"astronomical", Twilight(plan.astronomical)}})},
-                     {"darkness", JsonString(kDarkness[static_cast<int>(plan.darkness)])},
-                     {"dark", plan.darkness == scene::Darkness::kNone ? "null" : Span(plan.dark)},
-                     {"moonless", List(plan.moonless, [this](const auto& span) { return Span(span); })},
-                     {"moon", Moon()},
-                     {"planets", List(plan.planets, [this](const auto& body) { return JsonObject(Body(body)); })},
-                     {"aperture_mm", FormatText("%.0f", m_Report.equipment.GetAperture())}};
+    Members night = {
+        {"latitude", Degrees(m_Report.place.lat, 4)},
+        {"longitude", Degrees(m_Report.place.lon, 4)},
+        {"zone", JsonString(m_Clock.GetZone())},
+        {"from", Moment(plan.whole.begin)},
+        {"to", Moment(plan.whole.end)},
+        {"sunset", Moment(plan.sun.set)},
+        {"sunrise", Moment(plan.sun.rise)},
+        {"twilights", JsonObject({{"civil", Twilight(plan.civil)},
+                                  {"nautical", Twilight(plan.nautical)},
+                                  {"astronomical", Twilight(plan.astronomical)}})},
+        {"darkness", JsonString(kDarkness[static_cast<int>(plan.darkness)])},
+        {"dark", plan.darkness == scene::Darkness::kNone ? "null" : Span(plan.dark)},
+        {"moonless", List(plan.moonless, [this](const auto& span) { return Span(span); })},
+        {"moon", Moon()},
+        {"planets", List(plan.planets, [this](const auto& body) { return JsonObject(Body(body)); })},
+        {"aperture_mm", FormatText("%.0f", m_Report.equipment.GetAperture())}};
     const auto object = [this](const auto& found) { return Object(found); };
     const auto event = [this](const auto& found) {
       return FormatEventAsJson(found, m_Catalogs, m_Showers, m_Clock);
     };
     night.push_back({"objects", List(m_Report.objects, object)});
     night.push_back({"small_bodies", List(m_Report.smallBodies, object)});
-    night.push_back({"showers", List(m_Report.showers, [this](const auto& shower) { return Shower(shower); })});
-    night.push_back({"jupiter_moons", List(m_Report.moonEvents, [this](const auto& e) { return MoonEvent(e); })});
+    night.push_back(
+        {"showers", List(m_Report.showers, [this](const auto& shower) { return Shower(shower); })});
+    night.push_back(
+        {"jupiter_moons", List(m_Report.moonEvents, [this](const auto& e) { return MoonEvent(e); })});
     night.push_back({"passes", List(m_Report.passes, event)});
     night.push_back({"phases", List(m_Report.phases, event)});
     night.push_back({"next", List(m_Report.next, event)});
@@ -86,16 +91,17 @@ class NightJson {
   }
   Members Body(const scene::NightBody& body) const {
     const auto& events = body.events;
-    Members members = {{"name", JsonString(GetBodyName(body.id, m_Catalogs))},
-                       {"rise", Moment(events.rise)},
-                       {"transit", Moment(events.transit)},
-                       {"set", Moment(events.set)},
-                       {"stays_up", events.staysUp ? "true" : "false"},
-                       {"stays_down", events.staysDown ? "true" : "false"},
-                       {"magnitude", Number(body.seen.magnitude, 2)},
-                       {"diameter_arcsec", Number(2.0 * body.seen.angularRadius / astro::kRadiansPerArcsecond, 2)},
-                       {"lit_percent", std::to_string(GetLitPercent(body.seen.phaseAngle))},
-                       {"constellation", JsonString(GetConstellationName(body.seen.astrometric, m_Catalogs))}};
+    Members members = {
+        {"name", JsonString(GetBodyName(body.id, m_Catalogs))},
+        {"rise", Moment(events.rise)},
+        {"transit", Moment(events.transit)},
+        {"set", Moment(events.set)},
+        {"stays_up", events.staysUp ? "true" : "false"},
+        {"stays_down", events.staysDown ? "true" : "false"},
+        {"magnitude", Number(body.seen.magnitude, 2)},
+        {"diameter_arcsec", Number(2.0 * body.seen.angularRadius / astro::kRadiansPerArcsecond, 2)},
+        {"lit_percent", std::to_string(GetLitPercent(body.seen.phaseAngle))},
+        {"constellation", JsonString(GetConstellationName(body.seen.astrometric, m_Catalogs))}};
     if (!body.best) return members;
     for (auto& member : Sight(*body.best)) members.push_back(std::move(member));
     return members;
@@ -115,11 +121,12 @@ class NightJson {
     return JsonObject(members);
   }
   std::string Shower(const scene::NightShower& shower) const {
-    const scene::Shower& record = m_Showers[static_cast<std::size_t>(shower.shower)];
+    const std::string code = astro::GetVisualShowers()[static_cast<std::size_t>(shower.shower)].code;
     Members members = Sight(shower.radiant);
-    members.insert(members.begin(), {{"name", JsonString(record.name)}, {"code", JsonString(record.record.code)}});
+    members.insert(members.begin(), {{"name", JsonString(GetShowerName(shower.shower, m_Showers))},
+                                     {"code", JsonString(code)}});
     members.push_back({"an_hour", Number(shower.rate, 1)});
-    members.push_back({"days_to_maximum", Number(shower.toPeak, 1)});
+    members.push_back({"days_to_maximum", Degrees(shower.toPeak)});
     return JsonObject(members);
   }
   std::string MoonEvent(const NightMoonEvent& event) const {

@@ -214,9 +214,10 @@ void NightWriter::AddShowers() {
   table.AddRow({"", GetText(HostText::kRate), GetText(HostText::kBest), GetText(HostText::kAltitude),
                 GetText(HostText::kTowards), GetText(HostText::kMaximum)});
   for (const auto& shower : m_Report.showers) {
-    table.AddRow({m_Showers[static_cast<std::size_t>(shower.shower)].name, FormatText("%.0f", shower.rate),
+    table.AddRow({GetShowerName(shower.shower, m_Showers), FormatText("%.0f", shower.rate),
                   Time(shower.radiant.moment), FormatDegrees(shower.radiant.altitude),
-                  FormatTowards(shower.radiant.azimuth), FormatPeak(shower.toPeak)});
+                  FormatTowards(shower.radiant.azimuth),
+                  FormatPeak(shower.toPeak / scene::kRadiansPerDegree)});
   }
   AddTable(GetText(HostText::kShowersOfNight), table);
 }

@@ -13,7 +13,8 @@ namespace {
 
 using astro::EventKind;
 
-constexpr int kMostObjects = 10, kMostSmallBodies = 4, kMostShowers = 4, kMostMoonEvents = 6, kMostNext = 14;
+constexpr int kMostObjects = 10, kMostSmallBodies = 4, kMostShowers = 4, kMostMoonEvents = 6, kMostPasses = 6,
+              kMostNext = 14;
 constexpr int kJupiter = 5, kUranus = 7;
 
 scene::SkyMoment FromDynamicalTime(double julianDateTT) {
@@ -26,7 +27,7 @@ void AddPhases(const scene::SkyMoment& now, NightReport& report) {
   constexpr double kBefore = 31.0, kAfter = 31.0;  // days: more than a month of the Moon
   constexpr std::size_t kPhases = 4;
   const auto found = FindEvents(FindKinds("phases"),
-                                {scene::Later(now, -kBefore), scene::Later(now, kAfter), std::nullopt});
+                                {scene::Later(now, -kBefore), scene::Later(now, kAfter), std::nullopt}, {});
   for (const auto& event : found.events) {
     const double since = scene::NightSpan{event.moment, now}.GetLength();
     if (since >= 0.0 && event.kind == EventKind::kNewMoon) report.moonAge = since;
@@ -40,6 +41,8 @@ bool IsFaint(const SSO_ID& id) { return id.kind == astro::kPlanetKind && id.numb
 // to the list of all events.
 bool IsWorthTelling(const astro::SkyEvent& event) {
   constexpr double kGlare = 12.0 * astro::kRadiansPerDegree, kNear = 2.0 * astro::kRadiansPerDegree;
+  constexpr double kLeastRate = 5.0;  // meteors an hour
+  if (event.kind == EventKind::kShowerMaximum) return event.value >= kLeastRate;
   if (event.kind != EventKind::kConjunction) return true;
   if (IsFaint(event.body) || IsFaint(event.other)) return false;
   const bool moonAndStar = event.body == astro::kMoon && event.other.kind == FourCC("star");
@@ -57,10 +60,32 @@ EventKinds GetNextKinds() {
 void AddNext(NightReport& report) {
   const astro::EventSearch search = {report.plan.whole.begin,
                                      scene::Later(report.plan.whole.begin, kNextDays), report.place};
-  auto found = FindEvents(GetNextKinds(), search);
+  auto found = FindEvents(GetNextKinds(), search, {});
   std::erase_if(found.events, [](const auto& event) { return !IsWorthTelling(event); });
   if (found.events.size() > kMostNext) found.events.resize(kMostNext);
   report.next = std::move(found.events);
+}
+
+bool IsDarkAt(const scene::SkyMoment& moment, const scene::NightPlan& plan) {
+  const scene::NightSpan since = {plan.civil.dusk.value_or(plan.whole.begin), moment},
+                         left = {moment, plan.civil.dawn.value_or(plan.whole.end)};
+  return plan.civil.course != astro::SunCourse::kStaysAbove && since.GetLength() >= 0.0 &&
+         left.GetLength() >= 0.0;
+}
+
+// The highest ones of those that culminate in the dark, in the order of time.
+void AddPasses(const scene::SkyCatalogs& catalogs, NightReport& report) {
+  const astro::EventSearch search = {report.plan.whole.begin, report.plan.whole.end, report.place};
+  auto passes = FindEvents({EventKind::kSatellitePass}, search, catalogs.bodies).events;
+  std::erase_if(passes, [&report](const auto& pass) { return !IsDarkAt(pass.moment, report.plan); });
+  auto sorted = passes;
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const auto& a, const auto& b) { return a.value > b.value; });
+  if (sorted.size() > kMostPasses) {
+    const double lowest = sorted[kMostPasses - 1].value;
+    std::erase_if(passes, [lowest](const auto& pass) { return pass.value < lowest; });
+  }
+  report.passes = std::move(passes);
 }
 
 class JupiterWatch {
@@ -74,8 +99,8 @@ class JupiterWatch {
 
   std::vector<NightMoonEvent> Watch() const {
     std::vector<NightMoonEvent> seen;
-    for (const auto& event : astro::FindMoonEvents(kJupiter, m_Plan.whole.begin.julianDateTT,
-                                                   m_Plan.whole.end.julianDateTT)) {
+    for (const auto& event :
+         astro::FindMoonEvents(kJupiter, m_Plan.whole.begin.julianDateTT, m_Plan.whole.end.julianDateTT)) {
       const NightMoonEvent night = {event, FromDynamicalTime(event.begin), FromDynamicalTime(event.end)};
       const bool begins = !event.beginIsHidden && IsSeen(night.begin),
                  ends = !event.endIsHidden && IsSeen(night.end);
@@ -101,8 +126,7 @@ class JupiterWatch {
 
 std::optional<NightReport> MakeNightReport(const scene::SkyMoment& now, const scene::EarthPlace& place,
                                            const EquipmentOptions& equipment,
-                                           const scene::SkyCatalogs& catalogs,
-                                           const std::vector<scene::Shower>& showers) {
+                                           const scene::SkyCatalogs& catalogs) {
   auto plan = scene::MakeNightPlan(now, place);
   if (!plan) return std::nullopt;
   NightReport report;
@@ -112,9 +136,10 @@ std::optional<NightReport> MakeNightReport(const scene::SkyMoment& now, const sc
   const double aperture = equipment.GetAperture();
   report.objects = scene::FindBestObjects(report.plan, place, catalogs, aperture, kMostObjects);
   report.smallBodies = scene::FindBestSmallBodies(report.plan, place, catalogs, aperture, kMostSmallBodies);
-  report.showers = scene::FindNightShowers(report.plan, place, showers);
+  report.showers = scene::FindNightShowers(report.plan, place);
   if (report.showers.size() > kMostShowers) report.showers.resize(kMostShowers);
   report.moonEvents = JupiterWatch(report).Watch();
+  AddPasses(catalogs, report);
   AddPhases(report.plan.middle, report);
   AddNext(report);
   return report;

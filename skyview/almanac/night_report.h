@@ -12,7 +12,8 @@
 #include "astro/sky_events.h"
 #include "scene/night_objects.h"
 #include "scene/night_plan.h"
-#include "scene/shower_rates.h"
+#include "scene/night_showers.h"
+#include "scene/showers.h"
 #include "skyview/almanac/local_clock.h"
 #include "skyview/options/almanac_group.h"
 
@@ -42,8 +43,7 @@ inline constexpr int kNextDays = 30;
 // The night around `now`; nothing where nobody can tell where the Sun is.
 std::optional<NightReport> MakeNightReport(const scene::SkyMoment& now, const scene::EarthPlace& place,
                                            const EquipmentOptions& equipment,
-                                           const scene::SkyCatalogs& catalogs,
-                                           const std::vector<scene::Shower>& showers);
+                                           const scene::SkyCatalogs& catalogs);
 
 // One page of lines of at most 100 characters, in the current language, UTF-8.
 std::string FormatNight(const NightReport& report, const scene::SkyCatalogs& catalogs,

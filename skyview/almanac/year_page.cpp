@@ -19,6 +19,7 @@ using astro::EventKind;
 
 constexpr int kIndent = 2, kPageWidth = 100;
 constexpr int kQuarters = 4;
+constexpr double kLeastRate = 1.0, kChartRate = 5.0;  // meteors an hour
 
 // The parts of the almanac in the order of HostText::kFirstYearPart.
 const std::vector<const char*> kParts[] = {
@@ -69,9 +70,11 @@ std::string FormatList(const std::vector<astro::SkyEvent>& events, const EventWr
   return text;
 }
 
-// The Moon passes everything every month.
+// The Moon passes everything every month, and nobody sees a shower of less than a meteor an hour.
 bool IsOfAlmanac(const astro::SkyEvent& event) {
-  return event.kind != EventKind::kConjunction || !(event.body == astro::kMoon || event.other == astro::kMoon);
+  if (event.kind == EventKind::kShowerMaximum) return event.value >= kLeastRate;
+  return event.kind != EventKind::kConjunction ||
+         !(event.body == astro::kMoon || event.other == astro::kMoon);
 }
 
 }  // namespace
@@ -81,7 +84,7 @@ std::vector<astro::SkyEvent> FindYearEvents(const astro::EventSearch& search) {
   for (int part = 0; part < static_cast<int>(std::size(kParts)); ++part) kinds.merge(FindKindsOfPart(part));
   // Conjunctions have the same nights, and tell less.
   kinds.erase(EventKind::kAppulse);
-  auto found = FindEvents(kinds, search);
+  auto found = FindEvents(kinds, search, {});
   std::erase_if(found.events, [](const auto& event) { return !IsOfAlmanac(event); });
   return std::move(found.events);
 }
@@ -116,8 +119,9 @@ bool IsOfChart(const astro::SkyEvent& event) {
     case EventKind::kGreatestElongationWest:
     case EventKind::kGreatestBrilliancy:
     case EventKind::kPlanetTransit:
-    case EventKind::kShowerMaximum:
       return true;
+    case EventKind::kShowerMaximum:
+      return event.value >= kChartRate;
     default:
       return false;
   }

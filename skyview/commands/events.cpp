@@ -19,7 +19,8 @@ namespace skyview {
 namespace {
 
 constexpr const char* kSpanForm = "FROM..TO";
-constexpr const char* kSpanPurpose = "days, both included, for example 2027-03-01..2027-03-31; also 2027-03 or 2027";
+constexpr const char* kSpanPurpose =
+    "days, both included, for example 2027-03-01..2027-03-31; also 2027-03 or 2027";
 
 struct EventsOptions {
   RootOptions root;
@@ -107,7 +108,7 @@ std::string RunEvents(const Call& call) {
   const DaySpan span = *ParseDaySpan(options.span);
   astro::EventSearch search = {clock.FindMidnight(span.first), clock.FindMidnight(span.last + 1), {}};
   if (scene::IsNearSurface(view.camera)) search.place = scene::GetPlace(view.camera);
-  const FoundEvents found = FindEvents(ReadKinds(options.events.kinds), search);
+  const FoundEvents found = FindEvents(ReadKinds(options.events.kinds), search, catalogs.bodies);
   if (!found.complete)
     call.diagnostics.lines.push_back("events: for a part of " + options.span + " nobody can tell\n");
   const std::string text = Format(options.events.format.value_or(TextFormat::kText), found.events,

@@ -53,7 +53,7 @@ std::string RunTonight(const Call& call) {
   LoadCatalogs(options.satellites, view.camera, scene::CatalogUse::kQuestions, catalogs);
   const auto showers = scene::LoadShowers();
   const auto report = MakeNightReport(FindNow(options.view, view.camera), scene::GetPlace(view.camera),
-                                      options.equipment, catalogs, showers);
+                                      options.equipment, catalogs);
   Require(report.has_value(), name + ": nobody can tell where the Sun is at that moment");
   const LocalClock clock(view.camera);
   return options.page.format == TextFormat::kJson ? FormatNightAsJson(*report, catalogs, showers, clock)

@@ -63,7 +63,8 @@ std::vector<scene::NightName> NameMonths(const DaySpan& year) {
   std::vector<scene::NightName> months;
   for (int day = year.first; day <= year.last; ++day) {
     const CalendarDate date = GetDate(day);
-    if (date.day == 1) months.push_back({day - year.first, scene::ToUtf8(CommonInterfaces::GetMonth(date.month))});
+    if (date.day == 1)
+      months.push_back({day - year.first, scene::ToUtf8(CommonInterfaces::GetMonth(date.month))});
   }
   return months;
 }
@@ -81,7 +82,8 @@ class YearChart {
                                   const std::vector<astro::SkyEvent>& events) const {
     scene::YearChartTexts texts;
     const std::string place = scene::ToCodePage(FormatPlace(*m_Writing.place));
-    texts.title = scene::ToUtf8(Localize(HostText::kYearChartTitle, {GetDate(m_Year.first).year, place.c_str()}));
+    texts.title =
+        scene::ToUtf8(Localize(HostText::kYearChartTitle, {GetDate(m_Year.first).year, place.c_str()}));
     texts.note = scene::ToUtf8(Localize(HostText::kYearChartNote, {FormatOffset(m_Offset).c_str()}));
     texts.months = NameMonths(m_Year);
     for (const auto& line : graph.lines) texts.lines.push_back(NameLine(line));
@@ -99,8 +101,7 @@ class YearChart {
   }
   scene::NightName NameEvent(const astro::SkyEvent& event) const {
     const double local = event.moment.fraction + m_Offset + (event.moment.day - m_Year.first);
-    return {static_cast<int>(std::floor(local)),
-            GetEventTitle(event, m_Writing.catalogs, m_Writing.showers)};
+    return {static_cast<int>(std::floor(local)), GetEventTitle(event, m_Writing.catalogs, m_Writing.showers)};
   }
 
   const DaySpan& m_Year;

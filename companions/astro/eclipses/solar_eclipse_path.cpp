@@ -84,7 +84,8 @@ std::vector<EclipsePathPoint> ComputeEclipsePath(const GlobalSolarEclipse& eclip
   // At its ends the axis touches the Earth to the precision of the moments: a little inside of them.
   constexpr double kInside = 2.0 * astro_internal::kEventPrecision;
   path.push_back(PointAt(shadow, begin + kInside));
-  for (double k = std::ceil((begin + kInside - greatest) / days); greatest + k * days < end - kInside; k += 1.0) {
+  for (double k = std::ceil((begin + kInside - greatest) / days); greatest + k * days < end - kInside;
+       k += 1.0) {
     path.push_back(PointAt(shadow, greatest + k * days));
   }
   path.push_back(PointAt(shadow, end - kInside));

@@ -102,15 +102,15 @@ void FindWhatIsSeen(PlaceView& view, LocalSolarEclipse& eclipse) {
   }
   // The Sun rises or sets nearer to the maximum or farther from it.
   const auto above = [&view](double date) { return view.AboveHorizon(date); };
-  astro_internal::FindZerosAndGrazes(
-      above, eclipse.first.moment.julianDateTT, eclipse.last.moment.julianDateTT, astro_internal::kHalfTurnStep,
-      [&](double date, bool) {
-        const Cover cover = CoverAt(view.At(date));
-        if (cover.magnitude <= eclipse.magnitudeSeen) return;
-        eclipse.bestSeen = MakeMomentTT(date);
-        eclipse.magnitudeSeen = cover.magnitude;
-        eclipse.obscurationSeen = cover.obscuration;
-      });
+  astro_internal::FindZerosAndGrazes(above, eclipse.first.moment.julianDateTT,
+                                     eclipse.last.moment.julianDateTT, astro_internal::kHalfTurnStep,
+                                     [&](double date, bool) {
+                                       const Cover cover = CoverAt(view.At(date));
+                                       if (cover.magnitude <= eclipse.magnitudeSeen) return;
+                                       eclipse.bestSeen = MakeMomentTT(date);
+                                       eclipse.magnitudeSeen = cover.magnitude;
+                                       eclipse.obscurationSeen = cover.obscuration;
+                                     });
 }
 
 }  // namespace
@@ -123,8 +123,7 @@ std::optional<LocalSolarEclipse> ComputeLocalSolarEclipse(const GlobalSolarEclip
     const ShadowAtPlace shadow = view.At(date);
     return shadow.u * shadow.u + shadow.v * shadow.v;
   };
-  const double maximum =
-      astro_internal::FindLowest(square, greatest - kReach, greatest + kReach, kLookStep);
+  const double maximum = astro_internal::FindLowest(square, greatest - kReach, greatest + kReach, kLookStep);
   const ShadowAtPlace shadow = view.At(maximum);
   if (!(shadow.apart < shadow.penumbra)) return std::nullopt;
 

@@ -59,7 +59,8 @@ std::optional<GlobalSolarEclipse> Describe(double newMoon) {
     const BesselianElements elements = shadow.Get(date);
     return elements.x * elements.x + elements.y * elements.y;
   };
-  const double date = astro_internal::FindLowest(fromCentre, newMoon - kReach, newMoon + kReach, 0.1 * kReach);
+  const double date =
+      astro_internal::FindLowest(fromCentre, newMoon - kReach, newMoon + kReach, 0.1 * kReach);
   const BesselianElements elements = shadow.Get(date);
   if (!(OutsidePenumbra(elements) < 0.0)) return std::nullopt;
 
@@ -84,8 +85,8 @@ std::optional<GlobalSolarEclipse> Describe(double newMoon) {
     const auto line = [&shadow](double at) { return FindAxisOnEarth(shadow.Get(at)).distance - 1.0; };
     eclipse.centralBegin = MakeMomentTT(touch(line, date - kReach));
     eclipse.centralEnd = MakeMomentTT(touch(line, date + kReach));
-    eclipse.type = TypeOnCentralLine(shadow, eclipse.centralBegin->julianDateTT,
-                                     eclipse.centralEnd->julianDateTT);
+    eclipse.type =
+        TypeOnCentralLine(shadow, eclipse.centralBegin->julianDateTT, eclipse.centralEnd->julianDateTT);
   } else if (isInUmbra) {
     eclipse.type = place.umbra < 0.0 ? SolarEclipseType::kTotal : SolarEclipseType::kAnnular;
   }

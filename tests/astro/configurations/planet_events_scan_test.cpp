@@ -94,8 +94,11 @@ double Wrap(double angle) { return std::remainder(angle, astro::kTurn); }
 
 class Scan {
  public:
-  Scan(int year) : m_Search(astro_test::Years(year, year + kYearsAtOnce - 1)),
-        m_From(m_Search.from.julianDateTT), m_To(m_Search.to.julianDateTT), m_Looks(m_From, m_To) {}
+  Scan(int year)
+      : m_Search(astro_test::Years(year, year + kYearsAtOnce - 1)),
+        m_From(m_Search.from.julianDateTT),
+        m_To(m_Search.to.julianDateTT),
+        m_Looks(m_From, m_To) {}
 
   void All(int& count) {
     Conjunctions();
@@ -117,11 +120,11 @@ class Scan {
       if (isKind && event.body == body && event.other == other) found.push_back(event.moment.julianDateTT);
     }
     std::erase_if(seen, [this](double date) { return date < m_From || date >= m_To; });
-    ASSERT_EQ(found.size(), seen.size()) << static_cast<int>(kinds[0]) << " " << body.number << " "
-                                         << other.number << " from " << m_From;
+    ASSERT_EQ(found.size(), seen.size())
+        << static_cast<int>(kinds[0]) << " " << body.number << " " << other.number << " from " << m_From;
     for (std::size_t i = 0; i < found.size(); ++i) {
-      ASSERT_NEAR(found[i], seen[i], kLook) << static_cast<int>(kinds[0]) << " " << body.number << " "
-                                            << other.number;
+      ASSERT_NEAR(found[i], seen[i], kLook)
+          << static_cast<int>(kinds[0]) << " " << body.number << " " << other.number;
     }
     m_Count += static_cast<int>(found.size());
   }
@@ -206,7 +209,8 @@ class Scan {
       std::vector<double> distances;
       for (std::size_t i = 0; i < m_Looks.Count(); ++i) {
         double position[3] = {};
-        EXPECT_TRUE(ComputePlanetState(Planet(number), m_Looks.Date(static_cast<double>(i)), position, nullptr));
+        EXPECT_TRUE(
+            ComputePlanetState(Planet(number), m_Looks.Date(static_cast<double>(i)), position, nullptr));
         distances.push_back(Vmod(position, 3));
       }
       const auto events =

@@ -99,7 +99,9 @@ void Compare(const PublishedElements& elements, const EarthPlace& place, bool is
     return contact.apart - std::fabs(contact.umbra);
   };
   const double maximum = hours(local->maximum);
-  const auto note = [&](double found, double expected) { difference.Note((found - expected) * 3600.0, found); };
+  const auto note = [&](double found, double expected) {
+    difference.Note((found - expected) * 3600.0, found);
+  };
   note(hours(local->first), Halve(penumbra, maximum, maximum - 2.5));
   note(hours(local->last), Halve(penumbra, maximum, maximum + 2.5));
   EXPECT_EQ(local->kind == SolarEclipse::kTotal, isTotal);

@@ -64,7 +64,8 @@ TEST(LunarEclipses, AsManyOfEachKindAsTheCanonCounts) {
   for (int century = 0; century < 2; ++century) {
     std::map<int, int> counts;
     const int year = 1901 + 100 * century;
-    for (const SkyEvent& event : Collect(FindLunarEclipses, SearchYears(year, year + 100))) ++counts[event.detail];
+    for (const SkyEvent& event : Collect(FindLunarEclipses, SearchYears(year, year + 100)))
+      ++counts[event.detail];
     EXPECT_EQ(counts, expected[century]) << year;
   }
 }
@@ -79,8 +80,10 @@ TEST(LunarEclipses, ContactsOf20260303) {
   const struct {
     SkyMoment found;
     int hour, minute, second;
-  } contacts[] = {{eclipse->penumbraBegin, 8, 44, 22}, {*eclipse->umbraBegin, 9, 50, 0},
-                  {*eclipse->totalityBegin, 11, 4, 26}, {*eclipse->totalityEnd, 12, 2, 45},
+  } contacts[] = {{eclipse->penumbraBegin, 8, 44, 22},
+                  {*eclipse->umbraBegin, 9, 50, 0},
+                  {*eclipse->totalityBegin, 11, 4, 26},
+                  {*eclipse->totalityEnd, 12, 2, 45},
                   {*eclipse->umbraEnd, 13, 17, 10}};
   astro_test::Largest difference("contacts of the lunar eclipse of 2026 March 3", "s");
   for (const auto& contact : contacts) {
@@ -96,6 +99,7 @@ TEST(LunarEclipses, ContactsOf20260303) {
 // The full moon of 2026 January 3 passes the shadow by.
 TEST(LunarEclipses, AFullMoonAsideHasNone) {
   EXPECT_FALSE(ComputeLunarEclipse(astro_test::Midnight(2026, 1, 3)));
-  const EventSearch months = {astro_test::Midnight(2026, 1, 1), astro_test::Midnight(2026, 3, 1), std::nullopt};
+  const EventSearch months = {astro_test::Midnight(2026, 1, 1), astro_test::Midnight(2026, 3, 1),
+                              std::nullopt};
   EXPECT_TRUE(Collect(FindLunarEclipses, months).empty());
 }

@@ -35,10 +35,14 @@ const StarRecord kStars[] = {StarAt(astro_test::FromHms(4, 35, 55.24), astro_tes
                              StarAt(astro_test::FromHms(16, 29, 24.46), -astro_test::FromDms(26, 25, 55.2))};
 
 const std::map<std::string, OccultationTarget> kTargets = {
-    {"Aldebaran", {SSO_ID(FourCC("star"), 1), &kStars[0]}}, {"Regulus", {SSO_ID(FourCC("star"), 2), &kStars[1]}},
-    {"Spica", {SSO_ID(FourCC("star"), 3), &kStars[2]}},     {"Antares", {SSO_ID(FourCC("star"), 4), &kStars[3]}},
-    {"Venus", {SSO_ID(kPlanetKind, 2), nullptr}},           {"Mars", {SSO_ID(kPlanetKind, 4), nullptr}},
-    {"Jupiter", {SSO_ID(kPlanetKind, 5), nullptr}},         {"Saturn", {SSO_ID(kPlanetKind, 6), nullptr}}};
+    {"Aldebaran", {SSO_ID(FourCC("star"), 1), &kStars[0]}},
+    {"Regulus", {SSO_ID(FourCC("star"), 2), &kStars[1]}},
+    {"Spica", {SSO_ID(FourCC("star"), 3), &kStars[2]}},
+    {"Antares", {SSO_ID(FourCC("star"), 4), &kStars[3]}},
+    {"Venus", {SSO_ID(kPlanetKind, 2), nullptr}},
+    {"Mars", {SSO_ID(kPlanetKind, 4), nullptr}},
+    {"Jupiter", {SSO_ID(kPlanetKind, 5), nullptr}},
+    {"Saturn", {SSO_ID(kPlanetKind, 6), nullptr}}};
 
 std::vector<OccultationTarget> AllTargets() {
   std::vector<OccultationTarget> targets;
@@ -64,7 +68,8 @@ TEST(Occultations, OfTenYearsAreWhereAnotherLibraryHasThem) {
     const SSO_ID body = kTargets.at(row[3]).id;
     const EventKind kind = row[4] == "begin" ? EventKind::kOccultationBegins : EventKind::kOccultationEnds;
     const auto found = std::find_if(events.begin(), events.end(), [&](const SkyEvent& event) {
-      return event.kind == kind && event.other == body && std::fabs(DaysFromUT(event, std::stod(row[5]))) < 0.1;
+      return event.kind == kind && event.other == body &&
+             std::fabs(DaysFromUT(event, std::stod(row[5]))) < 0.1;
     });
     ASSERT_NE(found, events.end()) << row[0] << " " << row[3] << " " << row[5];
     difference.Note(DaysFromUT(*found, std::stod(row[5])) * kSecondsPerDay, std::stod(row[5]));
@@ -113,5 +118,6 @@ TEST(Occultations, AGrazeIsFoundHoweverShort) {
 }
 
 TEST(Occultations, WithoutAPlaceNobodyCanTell) {
-  EXPECT_FALSE(FindOccultations(SearchYears(2026, 2027), AllTargets(), [](const SkyEvent&) { ADD_FAILURE(); }));
+  EXPECT_FALSE(
+      FindOccultations(SearchYears(2026, 2027), AllTargets(), [](const SkyEvent&) { ADD_FAILURE(); }));
 }

@@ -91,11 +91,13 @@ TEST(SolarEclipses, AsInTheCanon) {
 // The same canon counts 78 partial, 73 annular, 71 total and 6 hybrid eclipses from 1901 to 2000, and 77, 72,
 // 68 and 7 from 2001 to 2100.
 TEST(SolarEclipses, AsManyOfEachTypeAsTheCanonCounts) {
-  const std::map<int, int> expected[] = {{{0, 78}, {1, 73}, {2, 71}, {3, 6}}, {{0, 77}, {1, 72}, {2, 68}, {3, 7}}};
+  const std::map<int, int> expected[] = {{{0, 78}, {1, 73}, {2, 71}, {3, 6}},
+                                         {{0, 77}, {1, 72}, {2, 68}, {3, 7}}};
   for (int century = 0; century < 2; ++century) {
     std::map<int, int> counts;
     const int year = 1901 + 100 * century;
-    for (const SkyEvent& event : Collect(FindSolarEclipses, SearchYears(year, year + 100))) ++counts[event.detail];
+    for (const SkyEvent& event : Collect(FindSolarEclipses, SearchYears(year, year + 100)))
+      ++counts[event.detail];
     EXPECT_EQ(counts, expected[century]) << year;
   }
 }

@@ -72,13 +72,13 @@ struct EclipseContact {
   double sunAltitude = 0.0;  // radians, without refraction
   double sunAzimuth = 0.0;   // radians from north over east
   double positionAngle = 0.0, zenithAngle = 0.0;
-  bool isVisible = false;    // the Sun's upper limb is above the horizon, with refraction
+  bool isVisible = false;  // the Sun's upper limb is above the horizon, with refraction
 };
 
 struct LocalSolarEclipse {
-  SolarEclipse kind = SolarEclipse::kPartial;  // of all of it, seen or not: partial, annular or total
-  double magnitude = 0.0, obscuration = 0.0;   // at the maximum, as in eclipse.h
-  EclipseContact first, maximum, last;         // C1, least distance of the centres, C4
+  SolarEclipse kind = SolarEclipse::kPartial;   // of all of it, seen or not: partial, annular or total
+  double magnitude = 0.0, obscuration = 0.0;    // at the maximum, as in eclipse.h
+  EclipseContact first, maximum, last;          // C1, least distance of the centres, C4
   std::optional<EclipseContact> second, third;  // C2, C3: of totality or of the ring
   // What is seen of it: the maximum, or rise or set of the Sun when they cut it off; nothing when the Sun is
   // down all the time.
