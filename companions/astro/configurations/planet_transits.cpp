@@ -19,8 +19,9 @@ namespace {
 using namespace astro_internal;
 
 constexpr double kSunRadiusAtOneAu = 959.63 * kRadiansPerArcsecond;
-constexpr double kReach = 0.75;  // days: a transit lasts 0.33 at most, and is over 0.2 days off the conjunction
-constexpr double kNear = 3.0;    // days
+constexpr double kReach =
+    0.75;                      // days: a transit lasts 0.33 at most, and is over 0.2 days off the conjunction
+constexpr double kNear = 3.0;  // days
 // At conjunction: a planet that stands farther from the ecliptic passes the Sun.
 constexpr double kLargestLatitude = 0.5 * kRadiansPerDegree;
 
@@ -84,8 +85,10 @@ class Discs {
     MV3prod(axes, m_Sun.apparent, sun);
     MV3prod(axes, m_Seen.apparent, planet);
     const double ra = std::atan2(planet[1], planet[0]) - std::atan2(sun[1], sun[0]);
-    const double height = sun[2], flat = std::hypot(sun[0], sun[1]), planetFlat = std::hypot(planet[0], planet[1]);
-    const double angle = std::atan2(planetFlat * std::sin(ra), planet[2] * flat - planetFlat * height * std::cos(ra));
+    const double height = sun[2], flat = std::hypot(sun[0], sun[1]),
+                 planetFlat = std::hypot(planet[0], planet[1]);
+    const double angle =
+        std::atan2(planetFlat * std::sin(ra), planet[2] * flat - planetFlat * height * std::cos(ra));
     return angle < 0.0 ? angle + kTurn : angle;
   }
 
@@ -113,8 +116,7 @@ std::optional<PlanetTransit> FindAbout(const SSO_ID& planet, double conjunction,
                                        const std::optional<EarthPlace>& place) {
   Discs discs(planet, place);
   const auto separation = [&discs](double date) { return discs.SeparationAt(date); };
-  const double closest =
-      FindMinimum(separation, conjunction - kReach, conjunction + kReach, kDatePrecision);
+  const double closest = FindMinimum(separation, conjunction - kReach, conjunction + kReach, kDatePrecision);
   if (!(discs.GapAt(closest, 1.0) < 0.0)) return std::nullopt;
   PlanetTransit transit;
   transit.planet = planet;

@@ -49,8 +49,8 @@ bool IsKnown(const SSO_ID& planet, double date) {
 }  // namespace
 
 bool FindMoonPhenomena(const EventSearch& search, const SSO_ID& planet, const EventSink& sink) {
-  const bool hasMoons = planet.kind == kPlanetKind && planet.number > kEarthNumber &&
-                        !GetMoonsOfPlanet(planet.number).empty();
+  const bool hasMoons =
+      planet.kind == kPlanetKind && planet.number > kEarthNumber && !GetMoonsOfPlanet(planet.number).empty();
   if (!hasMoons) return false;
   const DateSpan span = SpanOf(search, planet);
   if (!(span.from < span.to)) return span.isWhole;

@@ -16,7 +16,8 @@ namespace astro_internal {
 // cannot tell numbers are not a number. Not for several threads at once.
 class PassTrack {
  public:
-  PassTrack(const OrbitalElements& elements, const astro::EarthPlace& place, const astro::EventSearch& search);
+  PassTrack(const OrbitalElements& elements, const astro::EarthPlace& place,
+            const astro::EventSearch& search);
 
   SatelliteFault GetFault() const { return m_Satellite.GetFault(); }
   double DayOf(const astro::SkyMoment& moment) const;
@@ -37,7 +38,7 @@ class PassTrack {
   SatelliteModel m_Satellite;
   double m_Epoch;
   astro::EarthPlace m_Place;
-  double m_From, m_To;  // Julian dates (TT)
+  double m_From, m_To;     // Julian dates (TT)
   int m_SiderealDay = -1;  // none
   double m_Sidereal = 0.0;
   CQXSolSys m_Model;

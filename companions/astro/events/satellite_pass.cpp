@@ -18,7 +18,9 @@ double SunlightMargin(const double satellite[3], const double sun[3]) {
   return VectorsAngle(towardsEarth, sun) - std::asin(kEarthRadius / distance);
 }
 
-bool IsSunlit(const double satellite[3], const double sun[3]) { return SunlightMargin(satellite, sun) >= 0.0; }
+bool IsSunlit(const double satellite[3], const double sun[3]) {
+  return SunlightMargin(satellite, sun) >= 0.0;
+}
 
 bool GetSatellitePosition(const SatelliteModel& satellite, double epoch, const SkyMoment& moment,
                           double position[3]) {

@@ -73,7 +73,8 @@ bool IsSlow(const SkyEvent& event) {
 // is the difference of the places.
 TEST(PlanetEvents, AgreeWithAnotherLibraryOneByOne) {
   std::map<EventKind, Largest> minutes;
-  for (const auto& [name, kind] : Kinds()) minutes.emplace(kind, Largest(("time of " + name).c_str(), "minute"));
+  for (const auto& [name, kind] : Kinds())
+    minutes.emplace(kind, Largest(("time of " + name).c_str(), "minute"));
   Largest slow("time of pairs of outer planets", "minute"), values("values of events", "");
   const auto rows = astro_test::ReadCells(ASTRO_TEST_DATA "planet_events.tsv");
   std::size_t compared = 0;
@@ -112,10 +113,10 @@ TEST(PlanetEvents, ApsidesOfTheEarth) {
   const struct {
     int year, month, day, hour, minute;
     EventKind kind;
-  } published[] = {{2001, 1, 4, 9, 0, EventKind::kPerihelion},  {2002, 1, 2, 14, 0, EventKind::kPerihelion},
-                   {2002, 7, 6, 4, 0, EventKind::kAphelion},    {2005, 1, 2, 1, 0, EventKind::kPerihelion},
+  } published[] = {{2001, 1, 4, 9, 0, EventKind::kPerihelion},   {2002, 1, 2, 14, 0, EventKind::kPerihelion},
+                   {2002, 7, 6, 4, 0, EventKind::kAphelion},     {2005, 1, 2, 1, 0, EventKind::kPerihelion},
                    {2006, 1, 4, 15, 30, EventKind::kPerihelion}, {2007, 7, 7, 0, 0, EventKind::kAphelion},
-                   {2010, 1, 3, 0, 0, EventKind::kPerihelion},  {2012, 1, 5, 0, 0, EventKind::kPerihelion},
+                   {2010, 1, 3, 0, 0, EventKind::kPerihelion},   {2012, 1, 5, 0, 0, EventKind::kPerihelion},
                    {2020, 1, 5, 7, 48, EventKind::kPerihelion}};
   Largest difference("apsides of the Earth", "hour");
   for (const auto& row : published) {
@@ -149,7 +150,7 @@ TEST(PlanetEvents, ApsidesOfMarsSaturnAndUranus) {
     const double date = Midnight(row.year, row.month, 1).julianDateTT + row.day - 1.0;
     int found = 0;
     for (const SkyEvent& event :
-         Collect(Years(row.year, row.year), [&row](const EventSearch& search, const EventSink& sink) {
+         Collect(Years(row.year, row.year), [&row](const EventSearch&search, const EventSink&sink) {
            return astro::FindPlanetApsides(search, Planet(row.planet), sink);
          })) {
       if (std::fabs(event.moment.julianDateTT - date) > 30.0) continue;
@@ -164,20 +165,18 @@ TEST(PlanetEvents, ApsidesOfMarsSaturnAndUranus) {
 // Meeus, examples 36.a and 36.c: Mercury stands before the Sun on 1993 November 6 at 3 h, and on November 22
 // 19.7506 degrees west of it (low-precision formulas, an hour).
 TEST(PlanetEvents, MercuryOf1993) {
-  const auto conjunctions =
-      Collect(Years(1993, 1993), [](const EventSearch& search, const EventSink& sink) {
-        return astro::FindSunConfigurations(search, Planet(1), sink);
-      });
+  const auto conjunctions = Collect(Years(1993, 1993), [](const EventSearch& search, const EventSink& sink) {
+    return astro::FindSunConfigurations(search, Planet(1), sink);
+  });
   EXPECT_EQ(std::count_if(conjunctions.begin(), conjunctions.end(),
                           [](const SkyEvent& event) {
                             return event.kind == EventKind::kInferiorConjunction &&
                                    std::fabs(event.moment.julianDateTT - 2449297.645) < 0.01;
                           }),
             1);
-  const auto elongations =
-      Collect(Years(1993, 1993), [](const EventSearch& search, const EventSink& sink) {
-        return astro::FindGreatestElongations(search, Planet(1), sink);
-      });
+  const auto elongations = Collect(Years(1993, 1993), [](const EventSearch& search, const EventSink& sink) {
+    return astro::FindGreatestElongations(search, Planet(1), sink);
+  });
   EXPECT_EQ(elongations.back().kind, EventKind::kGreatestElongationWest);
   EXPECT_NEAR(elongations.back().moment.julianDateTT, 2449314.14, 0.02);
   astro_test::ExpectDegrees(elongations.back().value, 19.7506, 0.002);
@@ -202,8 +201,8 @@ TEST(PlanetEvents, GreatConjunctions) {
     return astro::FindAppulses(search, targets, astro::kRadiansPerDegree, sink);
   });
   ASSERT_EQ(closest.size(), 1u);
-  EXPECT_NEAR(closest[0].moment.julianDateTT,
-              astro_test::MomentOf({2020, 12, 21, 18, 21, 0.0}).julianDateTT, 10.0 / kMinutesPerDay);
+  EXPECT_NEAR(closest[0].moment.julianDateTT, astro_test::MomentOf({2020, 12, 21, 18, 21, 0.0}).julianDateTT,
+              10.0 / kMinutesPerDay);
   EXPECT_NEAR(closest[0].value / astro::kRadiansPerDegree * 60.0, 6.1, 0.05);
   EXPECT_NEAR(closest[0].more / astro::kRadiansPerDegree, 30.2, 0.3);
   const auto meetings = Collect(Years(1980, 1981), [&](const EventSearch& search, const EventSink& sink) {
@@ -226,7 +225,7 @@ TEST(PlanetEvents, StarsOfTheEcliptic) {
   for (const SkyEvent& event : events) ++counts[event.body.number];
   EXPECT_EQ(counts.size(), 6u) << "no star meets another one";
   for (const auto& [star, count] : counts) EXPECT_TRUE(count == 13 || count == 14) << star << " " << count;
-  const double degrees[6][2] = {{56.87125, 24.105},   {68.98, 16.50917},      {116.32875, 28.02611},
+  const double degrees[6][2] = {{56.87125, 24.105},    {68.98, 16.50917},      {116.32875, 28.02611},
                                 {152.09292, 11.96722}, {201.29833, -11.16139}, {247.35167, -26.43194}};
   for (std::size_t i = 0; i < 6; ++i) {
     EXPECT_NEAR(targets[i].star->ra / astro::kRadiansPerDegree, degrees[i][0], 0.0005) << i;

@@ -50,9 +50,9 @@ std::vector<SkyEvent> MaximaOf(const EventSearch& search) {
 // hour of the Perseids' maximum, which lasts seven.
 TEST(MeteorShowers, MaximaOfOneYear) {
   const std::map<std::string, CalendarDate> published = {
-      {"QUA", {2023, 1, 4, 3, 0, 0.0}},    {"LYR", {2023, 4, 23, 1, 0, 0.0}},
-      {"ETA", {2023, 5, 6, 15, 0, 0.0}},   {"PER", {2023, 8, 13, 7, 0, 0.0}},
-      {"LEO", {2023, 11, 18, 5, 0, 0.0}},  {"GEM", {2023, 12, 14, 19, 0, 0.0}},
+      {"QUA", {2023, 1, 4, 3, 0, 0.0}},   {"LYR", {2023, 4, 23, 1, 0, 0.0}},
+      {"ETA", {2023, 5, 6, 15, 0, 0.0}},  {"PER", {2023, 8, 13, 7, 0, 0.0}},
+      {"LEO", {2023, 11, 18, 5, 0, 0.0}}, {"GEM", {2023, 12, 14, 19, 0, 0.0}},
       {"URS", {2023, 12, 23, 4, 0, 0.0}}};
   std::size_t compared = 0;
   for (const SkyEvent& event : MaximaOf(Years(2023, 2023))) {
@@ -75,7 +75,8 @@ TEST(MeteorShowers, EachComesOnceASiderealYear) {
   EXPECT_EQ(dates.size(), GetVisualShowers().size());
   for (const auto& [number, list] : dates) {
     EXPECT_GE(list.size(), 199u) << number;
-    for (std::size_t i = 1; i < list.size(); ++i) ASSERT_NEAR(list[i] - list[i - 1], 365.2564, 0.03) << number;
+    for (std::size_t i = 1; i < list.size(); ++i)
+      ASSERT_NEAR(list[i] - list[i - 1], 365.2564, 0.03) << number;
   }
 }
 
@@ -85,8 +86,8 @@ TEST(MeteorShowers, RatesOfTheBestMoment) {
   const astro::SkyMoment maximum = MomentOf({2023, 8, 13, 7, 42, 0.0});
   const auto night = FindShowerNight(perseids, maximum, At(52.5, 13.4));
   ASSERT_TRUE(night);
-  EXPECT_NEAR(night->rate,
-              100.0 * std::sin(night->radiantAltitude) * std::pow(2.2, night->limit - 6.5), 1e-9);
+  EXPECT_NEAR(night->rate, 100.0 * std::sin(night->radiantAltitude) * std::pow(2.2, night->limit - 6.5),
+              1e-9);
   double axes[9], radiant[3];
   astro::HorizonAxes(night->best, At(52.5, 13.4), axes);
   sfp(1.0, perseids.ra, perseids.dec, radiant);

@@ -316,9 +316,8 @@ TEST(MoonPhenomena, SpansHaveWhatGoesOnInThem) {
 TEST(MoonPhenomena, SpansThatMeetShareOutEventsOfTheCommonForm) {
   const auto collect = [](const astro::SkyMoment& from, const astro::SkyMoment& to) {
     std::vector<astro::SkyEvent> events;
-    EXPECT_TRUE(astro::FindMoonPhenomena({from, to, {}}, Planet(5), [&events](const astro::SkyEvent& event) {
-      events.push_back(event);
-    }));
+    EXPECT_TRUE(astro::FindMoonPhenomena(
+        {from, to, {}}, Planet(5), [&events](const astro::SkyEvent& event) { events.push_back(event); }));
     return events;
   };
   const astro::SkyMoment from = astro_test::Midnight(2023, 2, 25), to = astro::Later(from, 8.0);

@@ -130,7 +130,8 @@ TEST(SatellitePasses, MagnitudesFollowDistanceAndPhase) {
   const double back[3] = {-seen.astrometric[0], -seen.astrometric[1], -seen.astrometric[2]};
   const double lit = 0.5 * (1.0 + std::cos(VectorsAngle(back, sun.astrometric)));
   const double distance = seen.distance * astro::kKilometresPerAu;
-  EXPECT_NEAR(point.magnitude, -1.8 + 5.0 * std::log10(distance / 1000.0) - 2.5 * std::log10(2.0 * lit), 0.01);
+  EXPECT_NEAR(point.magnitude, -1.8 + 5.0 * std::log10(distance / 1000.0) - 2.5 * std::log10(2.0 * lit),
+              0.01);
   EXPECT_EQ(track.Look(0.5, static_cast<double>(kUnknownStarMagnitude)).magnitude,
             static_cast<double>(kUnknownStarMagnitude));
 }
@@ -145,8 +146,7 @@ TEST(SatellitePasses, TheQuickAltitudeIsTheRealOne) {
   const double sun[3] = {1.0, 0.0, 0.0};
   for (int i = 0; i < 500; ++i) {
     const astro::SkyMoment moment = astro::Later(search.from, 0.0201 * i);
-    const auto place =
-        astro::FindSatellitePlace(satellite, elements.epoch, moment, *search.place, sun);
+    const auto place = astro::FindSatellitePlace(satellite, elements.epoch, moment, *search.place, sun);
     const double flat = std::hypot(place.direction[0], place.direction[1]);
     difference.Note(
         (track.Altitude(track.DayOf(moment)) - std::atan2(place.direction[2], flat)) / astro_test::kArcSecond,
@@ -233,6 +233,6 @@ TEST(SatellitePasses, NothingWhereThereIsNothing) {
   EXPECT_TRUE(FindPasses(far, {kStation, &elements}, {}, none)) << "the orbit reaches 51 degrees";
   const OrbitalElements falling = astro_test::FallingStage();
   const astro::SkyMoment late = astro_test::Midnight(2005, 12, 20);
-  EXPECT_FALSE(FindPasses({late, astro::Later(late, 1.0), astro_test::At(50.0, 10.0)}, {kStation, &falling}, {},
-                          [](const SatellitePass&) {}));
+  EXPECT_FALSE(FindPasses({late, astro::Later(late, 1.0), astro_test::At(50.0, 10.0)}, {kStation, &falling},
+                          {}, [](const SatellitePass&) {}));
 }

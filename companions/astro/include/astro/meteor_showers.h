@@ -33,12 +33,12 @@ inline constexpr int kShowerKind = FourCC("shwr");
 
 // How a shower presents itself about its maximum.
 struct ShowerNight {
-  SkyMoment best;               // the moment of most meteors
+  SkyMoment best;  // the moment of most meteors
   double radiantAltitude = 0.0;
   double moonAltitude = 0.0;
-  double moonlit = 0.0;         // the part of the Moon's disc that is lit
-  double limit = 0.0;           // the magnitude of the faintest stars, with Moon and twilight in the sky
-  double rate = 0.0;            // meteors an hour
+  double moonlit = 0.0;  // the part of the Moon's disc that is lit
+  double limit = 0.0;    // the magnitude of the faintest stars, with Moon and twilight in the sky
+  double rate = 0.0;     // meteors an hour
 };
 
 // Within half a day to both sides of a moment, the Sun being lower than 6 degrees below the horizon: the

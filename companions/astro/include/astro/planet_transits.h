@@ -24,11 +24,11 @@ struct TransitContact {
 // A transit as it is seen from the Earth's centre or from a place.
 struct PlanetTransit {
   SSO_ID planet;
-  TransitContact greatest;          // the centres are closest
-  double separation = 0.0;          // of the centres then, radians
-  TransitContact ingress, egress;   // the planet's disc touches the Sun's from outside: contacts I and IV
-  bool isWhole = false;             // the whole planet comes before the Sun, and there are contacts II and III:
-  TransitContact inside, leaving;   // it touches from inside
+  TransitContact greatest;         // the centres are closest
+  double separation = 0.0;         // of the centres then, radians
+  TransitContact ingress, egress;  // the planet's disc touches the Sun's from outside: contacts I and IV
+  bool isWhole = false;  // the whole planet comes before the Sun, and there are contacts II and III:
+  TransitContact inside, leaving;  // it touches from inside
   // At a place: the Sun's upper limb is over the horizon, by usual refraction, at some time in between. From
   // the Earth's centre true.
   bool isSeen = true;

@@ -27,7 +27,7 @@ struct SatelliteTarget {
 };
 
 struct PassLimits {
-  double altitude = 10.0 * kRadiansPerDegree;    // a pass begins and ends here
+  double altitude = 10.0 * kRadiansPerDegree;     // a pass begins and ends here
   double sunAltitude = -6.0 * kRadiansPerDegree;  // a satellite is seen while the Sun's centre is lower
 };
 
@@ -58,8 +58,7 @@ struct SatellitePass {
 // within two days has no passes. A satellite that stands twice high between rise and set, as some that fly
 // far do, makes one pass.
 ASTRO_API bool FindPasses(const EventSearch& search, const SatelliteTarget& satellite,
-                          const PassLimits& limits,
-                          const std::function<void(const SatellitePass&)>& sink);
+                          const PassLimits& limits, const std::function<void(const SatellitePass&)>& sink);
 
 // The same of several satellites as kSatellitePass. more: the magnitude of `best`, kUnknownStarMagnitude
 // where there is none; detail: 1 when the pass is seen, else 0.
