@@ -251,8 +251,8 @@ TEST(PlanetEventsScan, NothingIsMissedNorInvented) {
   EXPECT_GT(count, 150 * (last - first + 1));
 }
 
-// Every half an hour while Mercury or Venus is within a degree of the Sun: what is before the Sun then belongs
-// to a transit.
+// Every half an hour while Mercury or Venus is within a degree of the Sun: what is before the Sun then
+// belongs to a transit.
 TEST(PlanetEventsScan, NoTransitIsMissedNorInvented) {
   constexpr double kHalfAnHour = 1.0 / 48.0;
   int first = 2003, last = 2012, seen = 0;

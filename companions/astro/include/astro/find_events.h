@@ -27,7 +27,7 @@ inline EventKinds MakeEventKinds(std::initializer_list<EventKind> list) {
 // What is looked for. What the spans refer to is the caller's.
 struct EventChoice {
   EventKinds kinds;
-  // kConjunction and kAppulse; the planets Mercury to Neptune and for conjunctions the Moon take part as well.
+  // kConjunction and kAppulse, in which Mercury to Neptune take part as well, in conjunctions the Moon too.
   std::span<const SkyTarget> stars = GetEclipticStars();
   double farthestAppulse = 5.0 * kRadiansPerDegree;
   std::span<const MeteorShower> showers = GetVisualShowers();  // kShowerMaximum

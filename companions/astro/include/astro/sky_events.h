@@ -67,7 +67,7 @@ enum class EventKind {
   // more the obscuration, detail a SolarEclipse. Begins and ends with the outer contacts.
   kSolarEclipseHere,
   // P. The Moon covers (uncovers) `other`, a star or a planet; value: the position angle on the Moon's limb
-  // from north over east; more: the altitude; detail: 1 at the dark limb, 0 at the sunlit one.
+  // from north over east; more: the altitude; detail: an OccultationLimb.
   kOccultationBegins,
   kOccultationEnds,
   // `body` and `other` have the same right ascension; value: how far `body` is north of `other`.
