@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "astro/planet_events.h"
+#include "astro/planet_transits.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
 #include "companions/astro/configurations/seen_bodies.h"
@@ -248,4 +249,37 @@ TEST(PlanetEventsScan, NothingIsMissedNorInvented) {
   for (int year = first; year <= last; year += kYearsAtOnce) Scan(year).All(count);
   std::printf("[ compared ] %d events of %d to %d\n", count, first, last);
   EXPECT_GT(count, 150 * (last - first + 1));
+}
+
+// Every half an hour while Mercury or Venus is within a degree of the Sun: what is before the Sun then
+// belongs to a transit.
+TEST(PlanetEventsScan, NoTransitIsMissedNorInvented) {
+  constexpr double kHalfAnHour = 1.0 / 48.0;
+  int first = 2003, last = 2012, seen = 0;
+  if (const char* years = std::getenv("ASTRO_SCAN_YEARS")) std::sscanf(years, "%d-%d", &first, &last);
+  const EventSearch search = astro_test::Years(first, last);
+  for (const int number : {1, 2}) {
+    const auto events = astro_test::Collect(search, [number](const EventSearch& span, const EventSink& sink) {
+      return astro::FindPlanetTransits(span, Planet(number), sink);
+    });
+    astro_internal::SeenBodies bodies;
+    bodies.Add(Planet(number), nullptr);
+    bodies.Add(astro::kSun, nullptr);
+    double step = kHalfAnHour;
+    for (double date = search.from.julianDateTT; date < search.to.julianDateTT; date += step) {
+      const ObservedBody planet = bodies.See(0, date), sun = bodies.See(1, date);
+      const double apart = VectorsAngle(planet.apparent, sun.apparent);
+      step = apart < astro::kRadiansPerDegree ? kHalfAnHour : 0.25;  // it comes nearer by 0.6 degree at most
+      const double limbs = 959.63 * astro::kRadiansPerArcsecond / sun.distance + planet.angularRadius;
+      const bool isBefore = planet.distance < sun.distance && apart < limbs;
+      const bool isListed = std::any_of(events.begin(), events.end(), [date](const SkyEvent& event) {
+        const double since = date - event.moment.julianDateTT;
+        return since > -event.sinceBegin && since < event.untilEnd;
+      });
+      EXPECT_EQ(isBefore, isListed) << number << " " << date;
+      seen += isBefore;
+    }
+  }
+  std::printf("[ compared ] %d looks at transits of %d to %d\n", seen, first, last);
+  EXPECT_GT(seen, 30);
 }

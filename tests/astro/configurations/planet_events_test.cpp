@@ -182,8 +182,8 @@ TEST(PlanetEvents, MercuryOf1993) {
   astro_test::ExpectDegrees(elongations.back().value, 19.7506, 0.002);
 }
 
-// The greatest illuminated extent of Venus in the Astronomical Almanac, to the day: 2020 April 28 and July 10,
-// 2023 July 7.
+// The greatest illuminated extent of Venus in the Astronomical Almanac, to the day: 2020 April 28 and July
+// 10, 2023 July 7.
 TEST(PlanetEvents, VenusIsBrightestTwiceInNineteenMonths) {
   const auto events = Collect(Years(2020, 2023), astro::FindGreatestBrilliancies);
   ASSERT_EQ(events.size(), 6u);

@@ -108,9 +108,9 @@ TEST(MeteorShowers, MoonlightHidesMeteors) {
   EXPECT_LT(bright->rate, 0.45 * dark->rate);
 }
 
-// In Sydney, 33.9 degrees south, the radiants of the Perseids and Ursids (58 and 76 degrees north) never rise,
-// those of the Quadrantids and Draconids (49 and 54) for an hour or two of the day. In Lapland there is no
-// night in the end of May.
+// In Sydney, 33.9 degrees south, the radiants of the Perseids and Ursids (58 and 76 degrees north) never
+// rise, those of the Quadrantids and Draconids (49 and 54) for an hour or two of the day. In Lapland there is
+// no night in the end of May.
 TEST(MeteorShowers, NothingWhereTheRadiantStaysDownOrNightDoesNotCome) {
   EXPECT_FALSE(FindShowerNight(ShowerOf("URS"), MomentOf({2023, 12, 23, 4, 0, 0.0}), At(-33.9, 151.2)));
   EXPECT_FALSE(FindShowerNight(ShowerOf("ETA"), MomentOf({2023, 5, 25, 15, 0, 0.0}), At(70.0, 25.0)));

@@ -154,9 +154,9 @@ TEST(MoonPhenomena, JupiterMoonsMeetThePublishedLists) {
 
 // Where Callisto's contacts of 2014 differ by up to two minutes both ends of a phenomenon, and all phenomena,
 // are early alike: it is its place along the orbit that differs, by 640 km or 0.2 arc second, which is twice
-// what L1.2 is off JPL's (docs/solar_system.md); that of Io is 370 km in the same list, and a third of both in
-// that of 2016. What the shape of Jupiter and of its shadow make, the duration, is that of the lists to their
-// rounding.
+// what L1.2 is off JPL's (docs/solar_system.md). Io differs by 370 km in the same list, in that of 2016 both
+// by a third of it. What the shape of Jupiter and of its shadow make, the duration, is that of the lists to
+// their rounding.
 TEST(MoonPhenomena, CallistosPhenomenaLastAsLongAsInTheLists) {
   const auto rows = astro_test::ReadCells(ASTRO_TEST_DATA "moon_phenomena.tsv");
   Largest duration("duration of Callisto's phenomena against the lists", "minute");

@@ -55,8 +55,8 @@ double SecondsOf(const PassPoint& point) {
 }  // namespace
 
 // PyEphem 4.1.4 from the same elements, searched by steps of half a minute: seconds from 2014 January 21, 0h
-// UT, of rise, culmination, set at 10 degrees, and of the way out of the shadow, whose Earth is larger by 7 km
-// there; degrees; km.
+// UT, of rise, culmination, set at 10 degrees, and of the way out of the shadow, whose Earth is larger by 7
+// km there; degrees; km.
 TEST(SatellitePasses, MeetThoseOfAnotherLibrary) {
   const struct {
     double rise, top, set, altitude, riseAzimuth, setAzimuth, distance, out;

@@ -29,8 +29,8 @@ struct SkyTarget {
 ASTRO_API std::span<const SkyTarget> GetEclipticStars();
 
 // kConjunction of every pair of targets but two stars: equal right ascension, as almanacs count. `body` is
-// the one that stands first in `targets`; value: its declination less that of `other`; more: the elongation of
-// `body` from the Sun.
+// the one that stands first in `targets`; value: its declination less that of `other`; more: the elongation
+// of `body` from the Sun.
 ASTRO_API bool FindConjunctions(const EventSearch& search, std::span<const SkyTarget> targets,
                                 const EventSink& sink);
 
