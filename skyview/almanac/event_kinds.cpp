@@ -97,7 +97,7 @@ bool IsAboutPlace(EventKind kind) {
 EventKinds FindKinds(const std::string& name) {
   EventKinds kinds;
   for (const auto& row : kRows) {
-    if (name == row.name || name == row.group) kinds.insert(row.kind);
+    if (name == row.name || name == row.group) kinds.set(static_cast<std::size_t>(row.kind));
   }
   return kinds;
 }
@@ -105,7 +105,7 @@ EventKinds FindKinds(const std::string& name) {
 EventKinds GetRareKinds() {
   EventKinds kinds;
   for (const auto& row : kRows) {
-    if (!IsDaily(row.group)) kinds.insert(row.kind);
+    if (!IsDaily(row.group)) kinds.set(static_cast<std::size_t>(row.kind));
   }
   return kinds;
 }

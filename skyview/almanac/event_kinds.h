@@ -4,15 +4,18 @@
 // The kinds of events by name.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
-#include "astro/sky_events.h"
+#include "astro/find_events.h"
 
 namespace skyview {
 
-using EventKinds = std::set<astro::EventKind>;
+using astro::EventKinds;
+
+inline bool Contains(const EventKinds& kinds, astro::EventKind kind) {
+  return kinds.test(static_cast<std::size_t>(kind));
+}
 
 // The name of a kind in options and files: "full-moon". Files keep them: frozen.
 const char* GetKindName(astro::EventKind kind);

@@ -45,14 +45,15 @@ bool IsWorthTelling(const astro::SkyEvent& event) {
   if (event.kind == EventKind::kShowerMaximum) return event.value >= kLeastRate;
   if (event.kind != EventKind::kConjunction) return true;
   if (IsFaint(event.body) || IsFaint(event.other)) return false;
-  const bool moonAndStar = event.body == astro::kMoon && event.other.kind == FourCC("star");
-  return event.more > kGlare && (!moonAndStar || std::fabs(event.value) < kNear);
+  const bool moon = event.body == astro::kMoon || event.other == astro::kMoon,
+             star = event.body.kind == FourCC("star") || event.other.kind == FourCC("star");
+  return event.more > kGlare && (!(moon && star) || std::fabs(event.value) < kNear);
 }
 
 EventKinds GetNextKinds() {
   EventKinds kinds = GetRareKinds();
   for (const auto* const left : {"phases", "moon", "perihelion", "aphelion", "appulse"}) {
-    for (const auto kind : FindKinds(left)) kinds.erase(kind);
+    kinds &= ~FindKinds(left);
   }
   return kinds;
 }
@@ -76,7 +77,7 @@ bool IsDarkAt(const scene::SkyMoment& moment, const scene::NightPlan& plan) {
 // The highest ones of those that culminate in the dark, in the order of time.
 void AddPasses(const scene::SkyCatalogs& catalogs, NightReport& report) {
   const astro::EventSearch search = {report.plan.whole.begin, report.plan.whole.end, report.place};
-  auto passes = FindEvents({EventKind::kSatellitePass}, search, catalogs.bodies).events;
+  auto passes = FindEvents(FindKinds("satellites"), search, catalogs.bodies).events;
   std::erase_if(passes, [&report](const auto& pass) { return !IsDarkAt(pass.moment, report.plan); });
   auto sorted = passes;
   std::stable_sort(sorted.begin(), sorted.end(),

@@ -28,7 +28,7 @@ constexpr int kPhasesPart = 1;
 
 EventKinds FindKindsOfPart(int part) {
   EventKinds kinds;
-  for (const auto* const group : kParts[part]) kinds.merge(FindKinds(group));
+  for (const auto* const group : kParts[part]) kinds |= FindKinds(group);
   return kinds;
 }
 
@@ -81,9 +81,9 @@ bool IsOfAlmanac(const astro::SkyEvent& event) {
 
 std::vector<astro::SkyEvent> FindYearEvents(const astro::EventSearch& search) {
   EventKinds kinds;
-  for (int part = 0; part < static_cast<int>(std::size(kParts)); ++part) kinds.merge(FindKindsOfPart(part));
+  for (int part = 0; part < static_cast<int>(std::size(kParts)); ++part) kinds |= FindKindsOfPart(part);
   // Conjunctions have the same nights, and tell less.
-  kinds.erase(EventKind::kAppulse);
+  kinds &= ~FindKinds("appulse");
   auto found = FindEvents(kinds, search, {});
   std::erase_if(found.events, [](const auto& event) { return !IsOfAlmanac(event); });
   return std::move(found.events);
@@ -98,7 +98,7 @@ std::string FormatYear(int year, const std::vector<astro::SkyEvent>& events, con
     const EventKinds kinds = FindKindsOfPart(part);
     std::vector<astro::SkyEvent> own;
     std::copy_if(events.begin(), events.end(), std::back_inserter(own),
-                 [&kinds](const auto& event) { return kinds.contains(event.kind); });
+                 [&kinds](const auto& event) { return Contains(kinds, event.kind); });
     if (own.empty()) continue;
     text += "\n" + GetText(HostText::kFirstYearPart, part) + "\n" +
             (part == kPhasesPart ? FormatPhases(own, writing) : FormatList(own, writing));

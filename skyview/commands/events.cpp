@@ -40,11 +40,11 @@ EventKinds ReadKinds(const std::vector<std::string>& names) {
   for (const auto& name : names) {
     const EventKinds more = FindKinds(name);
     const auto near = FindNearNames(name, ListKindNames());
-    if (more.empty())
+    if (more.none())
       throw Stop{kBadOption, "--kind '" + name + "': no such kind of events" +
                                  (near.empty() ? "" : ", wants for example " + JoinNames(near)) +
                                  " (--kind help lists them)"};
-    kinds.insert(more.begin(), more.end());
+    kinds |= more;
   }
   return kinds;
 }

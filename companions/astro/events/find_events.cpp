@@ -6,8 +6,15 @@
 #include <tuple>
 #include <vector>
 
+#include "astro/lunar_eclipses.h"
+#include "astro/moon_events.h"
 #include "astro/moon_phenomena.h"
+#include "astro/occultations.h"
 #include "astro/planet_transits.h"
+#include "astro/rise_events.h"
+#include "astro/seasons.h"
+#include "astro/solar_eclipses.h"
+#include "astro/sun_events.h"
 #include "companions/astro/configurations/date_span.h"
 
 namespace astro {
@@ -56,6 +63,29 @@ bool FindShowers(const EventSearch& search, const EventChoice& choice, const Eve
   return FindShowerMaxima(search, choice.showers, sink);
 }
 
+// A finder that needs nothing but the span.
+template <bool (*Find)(const EventSearch&, const EventSink&)>
+bool OfSearch(const EventSearch& search, const EventChoice&, const EventSink& sink) {
+  return Find(search, sink);
+}
+
+// Sun and Moon with their upper limbs, planets with their centres, as almanacs have it.
+bool FindAllRisings(const EventSearch& search, const EventChoice&, const EventSink& sink) {
+  const auto find = [&](const SSO_ID& body, RisingPart part) {
+    return FindRisings(search, body, nullptr, part, sink);
+  };
+  bool isWhole = find(kSun, RisingPart::kUpperLimb);
+  isWhole = find(kMoon, RisingPart::kUpperLimb) && isWhole;
+  for (const int number : kPlanetNumbers) isWhole = find(PlanetOf(number), RisingPart::kCentre) && isWhole;
+  return isWhole;
+}
+
+bool FindHiddenByMoon(const EventSearch& search, const EventChoice& choice, const EventSink& sink) {
+  std::vector<OccultationTarget> targets;
+  for (const SkyTarget& target : TargetsOf(choice)) targets.push_back({target.id, target.star});
+  return FindOccultations(search, targets, sink);
+}
+
 // A finder and the kinds that it hands out.
 struct Finder {
   EventKinds kinds;
@@ -66,6 +96,18 @@ struct Finder {
 std::span<const Finder> GetFinders() {
   using enum EventKind;
   static const Finder kFinders[] = {
+      {MakeEventKinds({kRise, kTransit, kSet}), FindAllRisings},
+      {MakeEventKinds({kAstronomicalDawn, kNauticalDawn, kCivilDawn, kCivilDusk, kNauticalDusk,
+                       kAstronomicalDusk, kGoldenHourBegins, kGoldenHourEnds}),
+       OfSearch<FindSunEvents>},
+      {MakeEventKinds({kMarchEquinox, kJuneSolstice, kSeptemberEquinox, kDecemberSolstice}),
+       OfSearch<FindSeasons>},
+      {MakeEventKinds({kNewMoon, kFirstQuarter, kFullMoon, kLastQuarter}), OfSearch<FindMoonPhases>},
+      {MakeEventKinds({kPerigee, kApogee}), OfSearch<FindMoonApsides>},
+      {MakeEventKinds({kAscendingNode, kDescendingNode}), OfSearch<FindMoonNodes>},
+      {MakeEventKinds({kSolarEclipse, kSolarEclipseHere}), OfSearch<FindSolarEclipses>},
+      {MakeEventKinds({kLunarEclipse}), OfSearch<FindLunarEclipses>},
+      {MakeEventKinds({kOccultationBegins, kOccultationEnds}), FindHiddenByMoon},
       {MakeEventKinds({kConjunction}), FindMeetings},
       {MakeEventKinds({kAppulse}), FindClosest},
       {MakeEventKinds({kInferiorConjunction, kSuperiorConjunction, kOpposition}),

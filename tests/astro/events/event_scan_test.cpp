@@ -117,7 +117,8 @@ TEST(EventScan, ApsidesAndNodes) {
   const EventSearch search = Span();
   const auto grows = [](double date) {
     double before[3], after[3];
-    EXPECT_TRUE(ComputeMoonState(date - 0.01, before, nullptr) && ComputeMoonState(date + 0.01, after, nullptr));
+    EXPECT_TRUE(ComputeMoonState(date - 0.01, before, nullptr) &&
+                ComputeMoonState(date + 0.01, after, nullptr));
     return Vmod(after, 3) - Vmod(before, 3);
   };
   const auto apsides = Collect(FindMoonApsides, search);
@@ -172,7 +173,8 @@ TEST(EventScan, Eclipses) {
   const auto along = [&](double date) {  // the cosine of the angle between them
     astro_internal::BodyState sunState, moonState;
     EXPECT_TRUE(sun.Get(date, sunState) && moon.Get(date, moonState));
-    return Dot(sunState.apparent, moonState.apparent) / Vmod(sunState.apparent, 3) / Vmod(moonState.apparent, 3);
+    return Dot(sunState.apparent, moonState.apparent) / Vmod(sunState.apparent, 3) /
+           Vmod(moonState.apparent, 3);
   };
   const auto grows = [&](double date) { return along(date + 0.001) - along(date - 0.001); };
   const Changes turns = Looks(grows, search, 0.25);
@@ -185,7 +187,8 @@ TEST(EventScan, Eclipses) {
   for (const double date : turns.up) {
     astro_internal::BodyState sunState, moonState;
     EXPECT_TRUE(sun.Get(date, sunState) && moon.Get(date, moonState));
-    if (FindLunarEclipse(sunState.apparent, moonState.apparent).kind != LunarEclipse::kNone) lunar.push_back(date);
+    if (FindLunarEclipse(sunState.apparent, moonState.apparent).kind != LunarEclipse::kNone)
+      lunar.push_back(date);
   }
   ExpectSame(Collect(FindSolarEclipses, search), solar, 0.25, "solar eclipses");
   ExpectSame(Collect(FindLunarEclipses, search), lunar, 0.25, "lunar eclipses");
