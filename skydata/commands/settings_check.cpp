@@ -5,10 +5,10 @@
 
 #include "skydata/commands/command.h"
 #include "skydata/commands/settings_input.h"
-#include "skydata/files/json.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
 #include "skydata/settings/check.h"
+#include "utils/json.h"
 
 namespace skydata {
 namespace {

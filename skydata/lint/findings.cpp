@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <tuple>
 
-#include "skydata/files/json.h"
+#include "utils/json.h"
 
 namespace skydata {
 namespace {

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "skydata/files/json.h"
 #include "skydata/files/text_lines.h"
+#include "utils/json.h"
 
 namespace skydata {
 namespace {

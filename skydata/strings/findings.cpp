@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <tuple>
 
-#include "skydata/files/json.h"
 #include "skydata/files/severity.h"
+#include "utils/json.h"
 
 namespace skydata {
 namespace {

@@ -34,6 +34,7 @@ std::string RunAt(const Call& call);
 std::string RunBody(const Call& call);
 std::string RunCurve(const Call& call);
 std::string RunDraw(const Call& call);
+std::string RunEvents(const Call& call);
 std::string RunFavouritesAdd(const Call& call);
 std::string RunFavouritesRemove(const Call& call);
 std::string RunFavouritesShow(const Call& call);
@@ -41,7 +42,10 @@ std::string RunHomesShow(const Call& call);
 std::string RunHomesStore(const Call& call);
 std::string RunLanguages(const Call& call);
 std::string RunLimits(const Call& call);
+std::string RunMoons(const Call& call);
+std::string RunTonight(const Call& call);
 std::string RunWhere(const Call& call);
 std::string RunWhy(const Call& call);
+std::string RunYear(const Call& call);
 
 }  // namespace skyview

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include "paint/picture_file.h"
 #include "scene/curve_chart.h"
 #include "scene/earth_observer.h"
 #include "scene/light_curve.h"
+#include "skyview/commands/chart_files.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/prepared_view.h"
 #include "skyview/commands/start.h"
@@ -40,8 +40,7 @@ CurveOptions Parse(const Call& call) {
     throw Stop{kBadOption, command + " '" + options.star + "': wants " + kStarForm + ", one of " +
                                JoinNames(scene::ListVariableStars())};
   }
-  if (options.pictures.out.empty())
-    throw Stop{kBadOption, command + ": wants --out FILE.svg, FILE.png or FILE.pdf beside it"};
+  RequirePicture(command, options.pictures);
   return options;
 }
 
@@ -67,8 +66,7 @@ std::string RunCurve(const Call& call) {
                         {scene::ToUtf8(Localize(HostText::kCurveDate, {})),
                          scene::ToUtf8(Localize(HostText::kCurveMagnitude, {}))},
                         size.width, size.height, chart);
-  std::string error;
-  for (const auto& name : options.pictures.out) Require(paint::WritePicture(chart, name, error), error);
+  WriteChart(options.pictures, chart);
   return Describe(curve);
 }
 

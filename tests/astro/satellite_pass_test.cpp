@@ -88,3 +88,14 @@ TEST(SatelliteLight, IsHiddenWhereTheEarthHidesTheSun) {
   EXPECT_TRUE(IsSunlit(beyond, sun));
   EXPECT_FALSE(IsSunlit(grazing, sun));
 }
+
+// By hand: from 7000 km the Earth's limb is asin(6371 / 7000) = 65.53 degrees off its centre.
+TEST(SatelliteLight, MarginIsTheAngleFromTheLimb) {
+  const double sun[3] = {1.0, 0.0, 0.0};
+  const double day[3] = {7000.0, 0.0, 0.0}, night[3] = {-7000.0, 0.0, 0.0}, side[3] = {0.0, 7000.0, 0.0};
+  EXPECT_NEAR(SunlightMargin(day, sun) / kRadiansPerDegree, 180.0 - 65.53, 0.01);
+  EXPECT_NEAR(SunlightMargin(side, sun) / kRadiansPerDegree, 90.0 - 65.53, 0.01);
+  EXPECT_NEAR(SunlightMargin(night, sun) / kRadiansPerDegree, -65.53, 0.01);
+  const double decayed[3] = {0.0, 0.0, 6000.0};
+  EXPECT_GE(SunlightMargin(decayed, sun), 0.0);
+}

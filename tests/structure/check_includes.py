@@ -24,7 +24,7 @@ MAY_INCLUDE = {
 LIBRARY = MAY_INCLUDE["umbrella"] - {"thread"} | {"umbrella"}
 
 # The rooms of scene from the ground up: each uses the library and the rooms before it.
-SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "search", "interface_c", "umbrella"]
+SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "frame", "search", "almanac", "interface_c", "umbrella"]
 for place, room in enumerate(SCENE_ROOMS):
     MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
 

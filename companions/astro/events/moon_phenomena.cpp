@@ -49,11 +49,12 @@ class Passages {
   void Find(Viewer viewer, double from, double to, std::vector<MoonEvent>& events) {
     const double revolution = Revolution();
     const double reach = kReach * revolution, step = revolution / kStepsPerRevolution;
-    const double first = from - reach, last = to + reach;
     const auto beside = [this, viewer](double date) { return Beside(date, viewer); };
-    double before = beside(first);
-    for (double k = 1.0; first + (k - 1.0) * step < last; k += 1.0) {
-      const double date = first + k * step, now = beside(date);
+    // The looks do not depend on the span, so that neighbouring spans find the same events to the last digit.
+    const double first = std::floor((from - reach) / step);
+    double before = beside(first * step);
+    for (double k = first + 1.0; (k - 1.0) * step < to + reach; k += 1.0) {
+      const double date = k * step, now = beside(date);
       if ((before < 0.0) != (now < 0.0) && std::isfinite(before) && std::isfinite(now)) {
         const double middle =
             astro_internal::FindZero(beside, date - step, before, date, now, kAxisPrecision * step);

@@ -8,15 +8,18 @@
 
 namespace astro {
 
-bool IsSunlit(const double satellite[3], const double sun[3]) {
+double SunlightMargin(const double satellite[3], const double sun[3]) {
   constexpr double kEarthRadius = 6371.0;  // km, mean (IUGG)
   const double distance = Vmod(satellite, 3);
-  if (distance <= kEarthRadius) return true;  // below the surface, which only a decayed one is
+  if (distance <= kEarthRadius) return 0.0;  // below the surface, which only a decayed one is
   // As the satellite sees them: how far the Sun's centre is from the Earth's. The Earth hides it when that is
   // less than the Earth's radius; the Sun is so far that its direction is the same from the satellite.
   const double towardsEarth[3] = {-satellite[0], -satellite[1], -satellite[2]};
-  const double apart = VectorsAngle(towardsEarth, sun);
-  return apart >= std::asin(kEarthRadius / distance);
+  return VectorsAngle(towardsEarth, sun) - std::asin(kEarthRadius / distance);
+}
+
+bool IsSunlit(const double satellite[3], const double sun[3]) {
+  return SunlightMargin(satellite, sun) >= 0.0;
 }
 
 bool GetSatellitePosition(const SatelliteModel& satellite, double epoch, const SkyMoment& moment,

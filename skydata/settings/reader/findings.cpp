@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "skydata/files/json.h"
+#include "utils/json.h"
 
 namespace skydata {
 

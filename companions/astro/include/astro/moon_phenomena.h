@@ -12,6 +12,7 @@
 
 #include "astro/api.h"
 #include "astro/object_id.h"
+#include "astro/sky_events.h"
 #include "astro/solar_system.h"
 
 namespace astro {
@@ -48,9 +49,14 @@ struct MoonEvent {
 // it; the moment at which it stands closest to the middle of the disc tells whether it touches the disc at
 // all, and lies between the beginning and the end. Found to 0.1 second; what the theories are worth, and how
 // well the planets' limbs are known, makes the times of Io, Europa and Ganymede good to half a minute, those
-// of Callisto and of Saturn's moons to two or three, and worse where a moon grazes the limb.
+// of Callisto to one, of Saturn's moons to two or three, and worse where a moon grazes the limb.
 ASTRO_API std::vector<MoonEvent> FindMoonEvents(int planet, double fromTT, double toTT,
                                                 MoonContact contact = MoonContact::kCentre);
+
+// The same of the centres as kMoonTransit, kMoonShadowTransit, kMoonOccultation and kMoonEclipse: the middle
+// between beginning and end counts. Called and answering as sky_events.h says. detail: 1 where the beginning
+// cannot be seen, 2 where the end cannot, 3 where neither.
+ASTRO_API bool FindMoonPhenomena(const EventSearch& search, const SSO_ID& planet, const EventSink& sink);
 
 // What of that goes on with the centre of a moon.
 struct MoonSituation {

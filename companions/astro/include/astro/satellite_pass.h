@@ -17,6 +17,10 @@ namespace astro {
 // says. Every thread may call.
 ASTRO_API bool IsSunlit(const double satellite[3], const double sun[3]);
 
+// The same as an angle, radians: how far the Sun's centre stands from the Earth's limb as the satellite sees
+// them, negative behind it.
+ASTRO_API double SunlightMargin(const double satellite[3], const double sun[3]);
+
 // Where a satellite is at a moment: from the Earth's centre, km, J2000 (ICRS) axes. `epoch`: of its elements,
 // Julian date in Universal Time. False, and the result untouched, when the model cannot tell. One thread at a
 // time for one satellite.

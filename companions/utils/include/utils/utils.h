@@ -15,6 +15,7 @@
 #include "utils/file_presence.h"
 #include "utils/geometry.h"
 #include "utils/incomplete_files.h"
+#include "utils/json.h"
 #include "utils/locale.h"
 #include "utils/mapped_file.h"
 #include "utils/near_names.h"

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skydata/files/json.h"
+#include "utils/json.h"
 
 #include <gtest/gtest.h>
 
-namespace skydata {
 namespace {
 
 using namespace std::string_literals;
@@ -38,4 +37,3 @@ TEST(Json, EveryByteThatIsNoUtf8BecomesTheReplacementCharacter) {
 }
 
 }  // namespace
-}  // namespace skydata

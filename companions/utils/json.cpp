@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skydata/files/json.h"
+#include "utils/json.h"
 
 #include "utils/code_page.h"
 
-namespace skydata {
 namespace {
 
 constexpr char kReplacement[] = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
@@ -54,5 +53,3 @@ std::string JsonArray(const std::vector<std::string>& elements, const std::strin
   for (const std::string& element : elements) json += (json.empty() ? "[\n" : ",\n") + indent + element;
   return json.empty() ? "[]\n" : json + "\n]\n";
 }
-
-}  // namespace skydata
