@@ -98,8 +98,10 @@ class SkyPaint {
   Rgba At(const SkyLight::Node& node) const {
     constexpr double kContrast = 0.6;  // a decade of luminance is painted as a little more than half of one
     const astro::SkyTint tint = m_Colour.Get(node.altitude, node.fromSun);
-    const double bright = Limit(m_Exposure * std::pow(node.scattered * tint.shade / m_Adaptation, kContrast));
-    const Light sky = OfColour(tint.colour);
+    constexpr Light kLamps = {1.30, 0.97, 0.66};
+    const double natural = node.scattered * tint.shade, all = std::max(natural + node.lamps, 1e-12);
+    const double bright = Limit(m_Exposure * std::pow(all / m_Adaptation, kContrast));
+    const Light sky = MixLight(OfColour(tint.colour), kLamps, node.lamps / all);
     const Light night = MixLight(m_Foot, m_Top, std::sin(node.altitude));
     return ToScreen(
         {night.red + bright * sky.red, night.green + bright * sky.green, night.blue + bright * sky.blue});

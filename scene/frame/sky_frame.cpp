@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
@@ -42,11 +43,25 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   return capacity;
 }
 
+// What lights the sky; nothing where it is black. A chart of the night knows neither Sun nor Moon, and the
+// lamps of a site only where there are some.
+std::optional<SkySources> FindSources(const FrameParts& parts, const ObserverFrame& observer,
+                                      const ShownKinds& shown) {
+  const bool night = GetStyleRules(shown.style).nightSky;
+  if (!shown.naturalSky || (night && shown.darkness >= astro::kDarkSky)) return {};
+  auto sources = parts.solarSystem.FindSources(observer);
+  if (!sources) return {};
+  sources->darkness = shown.darkness;
+  if (night) sources->sun = sources->moon = {{0.0, 0.0, -1.0}};
+  return sources;
+}
+
 // What lies lowest first.
 void Draw(FrameParts& parts) {
   DisplayList& list = parts.list;
   const double lines = parts.light.GetLineStrength();
-  if (parts.light.IsNatural()) {
+  const StyleRules& rules = GetStyleRules(list.GetStyle());
+  if (parts.light.IsNatural() && !rules.nightSky) {
     DrawNaturalSky(parts.light, list);
   } else {
     DrawPlainSky(list);
@@ -59,7 +74,7 @@ void Draw(FrameParts& parts) {
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
   parts.nebulae.Draw(lines, list);
-  parts.objects.DrawDeepsky(parts.nebulae, lines, list);
+  if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
   parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
   parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
@@ -125,7 +140,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   LabelPlacer& labels = parts.labels;
   labels.Begin(geometry.width, geometry.height);
   parts.solarSystem.Observe(geometry);
-  const auto sources = shown.naturalSky ? parts.solarSystem.FindSources(observer) : std::nullopt;
+  const auto sources = FindSources(parts, observer, shown);
   if (sources) {
     parts.light.Compute(geometry, *sources);
   } else {
@@ -151,6 +166,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
+  parts.list.SetStyle(shown.style);
   Draw(parts);
 }
 

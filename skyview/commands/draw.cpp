@@ -56,7 +56,7 @@ void Keep(const DrawOptions& options, ShownSky& sky) {
 std::string RunDraw(const Call& call) {
   DrawOptions options = Parse(call);
   SkyOptions& asked = options.sky;
-  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
+  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras, asked.chart);
   ShownSky sky(asked, session, call.clock, call.diagnostics);
   ShowOrbits(options.sequence, sky);
   sky.Compute();

@@ -67,6 +67,8 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
   m_Marks = FindMarks(session);
   m_Shown = scene::ReadShownKinds(m_View.settings);
   m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
+  m_Shown.darkness = options.chart.GetDarkness();
+  scene::SetChartStyle(options.chart.GetStyle(), m_Shown);
   m_Filters.Refresh(m_View.settings);
   for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
   m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);

@@ -17,6 +17,7 @@
 #include "scene/body_model.h"
 #include "scene/caption.h"
 #include "scene/catalog_table.h"
+#include "scene/chart_style.h"
 #include "scene/class_limits.h"
 #include "scene/compass.h"
 #include "scene/constellation_bounds.h"
