@@ -63,7 +63,29 @@ void ApplyAll(const InkTable& inks, Layer layer, PolygonRecord& area) {
   Apply(ink, area.edge);
 }
 
+void ApplyAll(const InkTable& inks, Layer layer, TextRecord& text) {
+  Apply(inks.Get(layer, InkShape::kText), text.colour);
+}
+
+// Its colours stand in the list.
+void ApplyAll(const InkTable&, Layer, MeshRecord&) {}
+
+ObjectRef& GetObject(GlobeRecord& globe) { return globe.disc.object; }
+template <class Record>
+ObjectRef& GetObject(Record& record) {
+  return record.object;
+}
+
 }  // namespace
+
+// What style and sample make of a record.
+template <class Record>
+void DisplayList::Prepare(Layer& layer, Record& record) const {
+  if (m_Inks) ApplyAll(*m_Inks, layer, record);
+  if (!m_IsSample) return;
+  layer = m_SampleLayer;
+  GetObject(record) = {};
+}
 
 void DisplayList::SetStyle(ChartStyle style) {
   m_Style = style;
@@ -119,13 +141,13 @@ void DisplayList::EndRing() {
 }
 
 void DisplayList::Add(Layer layer, PointRecord point) {
-  if (m_Inks) ApplyAll(*m_Inks, layer, point);
+  Prepare(layer, point);
   m_Points.push_back(point);
   Note(RecordType::kPoint, layer, static_cast<int>(m_Points.size()));
 }
 
 void DisplayList::Add(Layer layer, DiscRecord disc) {
-  if (m_Inks) ApplyAll(*m_Inks, layer, disc);
+  Prepare(layer, disc);
   m_Discs.push_back(disc);
   Note(RecordType::kDisc, layer, static_cast<int>(m_Discs.size()));
 }
@@ -134,28 +156,26 @@ void DisplayList::Add(Layer layer, GlobeRecord globe) {
   globe.firstRingColour = m_OpenColour;
   m_OpenColour = static_cast<int>(m_Colours.size());
   globe.ringColourCount = m_OpenColour - globe.firstRingColour;
-  if (m_Inks) {
-    InkColours(layer, globe.firstRingColour);
-    ApplyAll(*m_Inks, layer, globe);
-  }
+  if (m_Inks) InkColours(layer, globe.firstRingColour);
+  Prepare(layer, globe);
   m_Globes.push_back(globe);
   Note(RecordType::kGlobe, layer, static_cast<int>(m_Globes.size()));
 }
 
 void DisplayList::Add(Layer layer, ShadowRecord shadow) {
-  if (m_Inks) ApplyAll(*m_Inks, layer, shadow);
+  Prepare(layer, shadow);
   m_Shadows.push_back(shadow);
   Note(RecordType::kShadow, layer, static_cast<int>(m_Shadows.size()));
 }
 
 void DisplayList::Add(Layer layer, EllipseRecord ellipse) {
-  if (m_Inks) ApplyAll(*m_Inks, layer, ellipse);
+  Prepare(layer, ellipse);
   m_Ellipses.push_back(ellipse);
   Note(RecordType::kEllipse, layer, static_cast<int>(m_Ellipses.size()));
 }
 
 void DisplayList::Add(Layer layer, GradientRecord gradient) {
-  if (m_Inks) ApplyAll(*m_Inks, layer, gradient);
+  Prepare(layer, gradient);
   m_Gradients.push_back(gradient);
   Note(RecordType::kGradient, layer, static_cast<int>(m_Gradients.size()));
 }
@@ -164,7 +184,7 @@ void DisplayList::AddLine(Layer layer, PolylineRecord line) {
   line.firstVertex = m_OpenVertex;
   m_OpenVertex = static_cast<int>(m_Vertices.size());
   line.vertexCount = m_OpenVertex - line.firstVertex;
-  if (m_Inks) ApplyAll(*m_Inks, layer, line);
+  Prepare(layer, line);
   m_Polylines.push_back(line);
   Note(RecordType::kPolyline, layer, static_cast<int>(m_Polylines.size()));
 }
@@ -174,7 +194,7 @@ void DisplayList::AddArea(Layer layer, PolygonRecord area) {
   area.firstRing = m_OpenRing;
   m_OpenRing = static_cast<int>(m_Rings.size());
   area.ringCount = m_OpenRing - area.firstRing;
-  if (m_Inks) ApplyAll(*m_Inks, layer, area);
+  Prepare(layer, area);
   m_Polygons.push_back(area);
   Note(RecordType::kPolygon, layer, static_cast<int>(m_Polygons.size()));
 }
@@ -185,16 +205,17 @@ void DisplayList::AddMesh(Layer layer, MeshRecord mesh) {
   mesh.rows = mesh.columns > 0 ? (end - m_OpenColour) / mesh.columns : 0;
   m_OpenColour = end;
   if (m_Inks) InkColours(layer, mesh.firstColour);
+  Prepare(layer, mesh);
   m_Meshes.push_back(mesh);
   Note(RecordType::kMesh, layer, static_cast<int>(m_Meshes.size()));
 }
 
 void DisplayList::AddText(Layer layer, TextRecord text, std::string_view utf8) {
+  Prepare(layer, text);
   text.first = static_cast<int>(m_TextBytes.size());
   text.length = static_cast<int>(utf8.size());
   m_TextBytes.insert(m_TextBytes.end(), utf8.begin(), utf8.end());
   m_TextBytes.push_back('\0');
-  if (m_Inks) Apply(m_Inks->Get(layer, InkShape::kText), text.colour);
   m_Texts.push_back(text);
   Note(RecordType::kText, layer, static_cast<int>(m_Texts.size()));
 }

@@ -77,6 +77,9 @@ class LabelPlacer {
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 
+  // How wide an upright text is, pixels.
+  double GetWidth(const char* text, double size) const { return m_Extents->GetWidth(text, size, 0); }
+
   // The index of the first label of that kind with that text, -1 when there is none.
   int Find(const char* text, LabelKind kind) const;
 

@@ -39,6 +39,8 @@ InkTable MakePrintInks() {
   inks.Set(Layer::kGround, InkShape::kArea, Flat({229, 228, 222, 255}));
   inks.Set(Layer::kGround, InkShape::kLine, Flat({70, 70, 66, 255}));
   inks.SetLayer(Layer::kCaptionGround, Flat(kWhite));
+  inks.Set(Layer::kChart, InkShape::kArea, Flat(kWhite));
+  inks.Set(Layer::kChart, InkShape::kPoint, Flat(kBlack));
   return inks;
 }
 
@@ -46,14 +48,16 @@ InkTable MakeNightInks() {
   InkTable inks;
   inks.SetAll({Way::kTone, {232, 0, 0, 255}, 1.0f, 1.0f});
   inks.SetLayer(Layer::kBackground, Flat(kBlack));
+  inks.Set(Layer::kStars, InkShape::kPoint, {Way::kTone, {240, 0, 0, 255}, 1.5f, 1.0f});
   inks.SetLayer(Layer::kHaze, Flat(kBlack, 0.0f));
   inks.SetLayer(Layer::kCaptionGround, Flat(kBlack));
+  inks.Set(Layer::kChart, InkShape::kArea, Flat(kBlack));
   return inks;
 }
 
 InkTable MakePhotoInks() {
   InkTable inks;
-  inks.Set(Layer::kMilkyWay, InkShape::kArea, {Way::kAsIs, {}, 1.9f, 1.0f});
+  inks.Set(Layer::kMilkyWay, InkShape::kArea, {Way::kAsIs, {}, 1.5f, 1.0f});
   inks.Set(Layer::kDeepsky, InkShape::kArea, {Way::kAsIs, {}, 1.6f, 1.0f});
   return inks;
 }
@@ -83,16 +87,27 @@ Rgba Ink::Apply(const Rgba& from) const {
   return to;
 }
 
+float StyleRules::GetStarRadius(float radius, float unit) const {
+  constexpr float kLeast = 0.6f;  // what the faintest stars have (GetDotRadius)
+  if (starContrast == 1.0f) return starScale * radius;
+  return starScale * kLeast * unit * std::pow(radius / (kLeast * unit), starContrast);
+}
+
 const StyleRules& GetStyleRules(ChartStyle style) {
   static constexpr StyleRules kScreen = {};
   static constexpr StyleRules kPrint = {.nightSky = true,
                                         .ownGround = false,
                                         .ringedBodies = true,
                                         .solidStars = true,
-                                        .starScale = 1.25f};
+                                        .starScale = 1.15f,
+                                        .starContrast = 1.3f};
   static constexpr StyleRules kNight = {.nightSky = true, .ownGround = false, .ringedBodies = true};
-  static constexpr StyleRules kPhoto = {
-      .symbols = false, .caption = false, .glareReach = 6.5f, .glareFrom = 1.3f, .glareStrength = 0.62, .glareMiddle = 0.20};
+  static constexpr StyleRules kPhoto = {.symbols = false,
+                                        .caption = false,
+                                        .glareReach = 6.5f,
+                                        .glareFrom = 1.3f,
+                                        .glareStrength = 0.62,
+                                        .glareMiddle = 0.20};
   switch (style) {
     case ChartStyle::kPrint:
       return kPrint;

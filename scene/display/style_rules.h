@@ -31,17 +31,21 @@ struct Ink {
 };
 
 struct StyleRules {
-  bool nightSky = false;    // no day, twilight and moonlight
-  bool ownGround = true;    // the ground in the light of the sky, with its landscape; else plain
-  bool symbols = true;      // of deep-sky objects
-  bool caption = true;      // and what else is written over the picture
+  bool nightSky = false;      // no day, twilight and moonlight
+  bool ownGround = true;      // the ground in the light of the sky, with its landscape; else plain
+  bool symbols = true;        // of deep-sky objects
+  bool caption = true;        // and what else is written over the picture
   bool ringedBodies = false;  // a ring around what moves, as stars have none
-  bool solidStars = false;  // faint ones are small and not pale; brightest first, with a rim
-  float starScale = 1.0f;   // of their radii
+  bool solidStars = false;    // faint ones are small and not pale; brightest first, with a rim
+  // Of the radii of stars: a factor, and the power that makes bright ones larger still.
+  float starScale = 1.0f, starContrast = 1.0f;
   // Of the light around bright stars: its size in radii of the dot, the least radius that has it, in pixels of
   // the standard picture, and its opacity at the dot and in the middle of the way.
   float glareReach = 3.6f, glareFrom = 1.9f;
   double glareStrength = 0.55, glareMiddle = 0.20;
+
+  // Of the dot of a star whose radius by its magnitude is that one; `unit`: a pixel of the standard picture.
+  float GetStarRadius(float radius, float unit) const;
 };
 
 const StyleRules& GetStyleRules(ChartStyle style);

@@ -57,7 +57,7 @@ std::optional<SkySources> FindSources(const FrameParts& parts, const ObserverFra
 }
 
 // What lies lowest first.
-void Draw(FrameParts& parts) {
+void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalogs) {
   DisplayList& list = parts.list;
   const double lines = parts.light.GetLineStrength();
   const StyleRules& rules = GetStyleRules(list.GetStyle());
@@ -80,10 +80,12 @@ void Draw(FrameParts& parts) {
   parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
   parts.radiants.Draw(list);
   parts.favourites.Draw(list);
-  parts.caption.DrawGround(list);
+  if (rules.caption) parts.caption.DrawGround(list);
   parts.horizon.DrawCompass(list);
   parts.markers.Draw(list);
   parts.labels.Draw(lines, list);
+  parts.finders.Draw(list);
+  if (parts.withLegend) parts.legend.Draw(parts.objects, catalogs, stars, list);
 }
 
 }  // namespace
@@ -115,6 +117,10 @@ void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) { m_Parts->favo
 
 void SkyFrame::SetShowers(std::vector<Shower> showers) { m_Parts->radiants.SetShowers(std::move(showers)); }
 
+void SkyFrame::SetFinders(std::vector<Finder> finders) { m_Parts->finders.SetFinders(std::move(finders)); }
+
+void SkyFrame::ShowLegend(bool shown) { m_Parts->withLegend = shown; }
+
 std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
   return m_Parts->imageFrames.Load(groups, m_Catalogs);
 }
@@ -130,6 +136,7 @@ void SkyFrame::FetchTexts() {
   m_Parts->grids.FetchTexts();
   m_Parts->radiants.FetchTexts();
   m_Parts->solarSystem.FetchTexts();
+  m_Parts->legend.FetchTexts();
 }
 
 // The parts compute themselves in the order in which they take room for their labels.
@@ -147,7 +154,11 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
     parts.light.SetPlain();
   }
   const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
-  parts.caption.Place(geometry, labels);
+  const bool written = GetStyleRules(shown.style).caption;
+  if (written) parts.caption.Place(geometry, labels);
+  if (parts.withLegend)
+    parts.legend.Place(geometry, written ? parts.caption.GetHeight(geometry.unit) : 0.0, labels);
+  parts.finders.Compute(geometry, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, shown.milkyWay);
   const bool horizon = observer.horizon;
@@ -167,7 +178,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
   parts.list.SetStyle(shown.style);
-  Draw(parts);
+  Draw(parts, tests.GetStarLimits(), m_Catalogs);
 }
 
 const DisplayList& SkyFrame::GetDisplayList() const { return m_Parts->list; }

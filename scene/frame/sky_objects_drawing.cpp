@@ -28,7 +28,7 @@ void DrawStar(const DrawnStar& drawn, const StyleRules& rules, DisplayList& list
   const auto& place = drawn.output->m_Place;
   const Colour& colour = palette::kStars[std::min<unsigned>(drawn.spectrum, palette::kSpectralClasses)];
   const double opacity = rules.solidStars ? 1.0 : drawn.opacity;
-  const float radius = rules.starScale * place.radius;
+  const float radius = rules.GetStarRadius(place.radius, list.GetUnit());
   PointRecord point = {};
   point.x = place.x;
   point.y = static_cast<float>(list.GetHeight()) - place.y;
@@ -91,6 +91,16 @@ void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, double strength, Displa
     const bool isNebula = LabelKindOfDeepsky(object.kind) == LabelKind::kNebula;
     if (!isNebula || !clouds.IsFormed(drawn.object)) DrawSymbol(drawn, object, strength, list);
   }
+}
+
+void SkyObjects::DrawSample(int object, double x, double y, double radius, DisplayList& list) const {
+  constexpr float kSlope = static_cast<float>(-25.0 * kRadiansPerDegree);
+  CommonInterfaces::DeepskyOutput output;
+  output.m_Place = {static_cast<float>(x), static_cast<float>(list.GetHeight() - y),
+                    static_cast<float>(radius), 0.0f};
+  output.m_MajorSize = output.m_MinorSize = static_cast<float>(2.0 * radius);
+  DrawSymbol({&output, object, 1.0f, kSlope}, m_Catalogs.deepsky[static_cast<std::size_t>(object)], 1.0,
+             list);
 }
 
 void SkyObjects::DrawStars(DisplayList& list) const {

@@ -11,10 +11,9 @@ void SetChartStyle(ChartStyle style, ShownKinds& shown) {
   if (style != ChartStyle::kPhoto) return;
   shown.figures = shown.constellationNames = shown.boundaries = shown.horizonLine = shown.compass = false;
   shown.lines = {};
-  for (LabelRules* rules :
-       {&shown.starLabels, &shown.clusterLabels, &shown.galaxyLabels, &shown.nebulaLabels,
-        &shown.otherDeepskyLabels, &shown.planetLabels, &shown.moonLabels, &shown.asteroidLabels,
-        &shown.cometLabels, &shown.spacecraftLabels}) {
+  for (LabelRules* rules : {&shown.starLabels, &shown.clusterLabels, &shown.galaxyLabels, &shown.nebulaLabels,
+                            &shown.otherDeepskyLabels, &shown.planetLabels, &shown.moonLabels,
+                            &shown.asteroidLabels, &shown.cometLabels, &shown.spacecraftLabels}) {
     rules->shown = false;
   }
 }

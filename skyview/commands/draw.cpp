@@ -31,11 +31,17 @@ DrawOptions Parse(const Call& call) {
   return options;
 }
 
+// Nothing without --page.
+std::optional<paint::Sheet> FindSheet(const ChartOptions& chart) {
+  if (!chart.page) return std::nullopt;
+  return paint::Sheet{chart.page->width, chart.page->height, Page::kMargin};
+}
+
 void WritePictures(const DrawOptions& options, const scene::SkyFrame& frame) {
   if (options.sequence.play) return;  // the names are patterns
   std::string error;
   for (const auto& name : options.pictures.out)
-    Require(paint::WritePicture(frame.GetDisplayList(), name, error), error);
+    Require(paint::WritePicture(frame.GetDisplayList(), name, error, FindSheet(options.sky.chart)), error);
 }
 
 // Files that keep what was drawn.

@@ -81,6 +81,8 @@ void ShownSky::SetUpFrame(const SkyOptions& options) {
   scene::SkyFrame& frame = m_Maker->GetFrame();
   const PictureSize size = options.view.GetSize();
   frame.SetFavourites(m_Marks);
+  frame.SetFinders(options.chart.MakeFinders());
+  frame.ShowLegend(options.chart.HasLegend());
   if (options.extras.showers) frame.SetShowers(scene::LoadShowers());
   if (const auto missing = frame.SetImageFrames(options.extras.framesOf)) {
     Require(false, std::string(scene::GetImageCatalogName(*missing)) + ": not found, which --frames-of " +

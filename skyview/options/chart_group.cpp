@@ -38,7 +38,8 @@ constexpr OptionRow<ChartOptions> kRows[] = {
     {{"--legend", "on|off", "magnitudes, symbols, scale, north and east in a corner (default: on in print)"},
      Times::kOnce,
      [](const std::string& text, ChartOptions& chart) { return PutFirst(ParseSwitch(text), chart.legend); }},
-    {{"--eyepiece", "DEGREES", "a circle of this true field, 0.001 to 120, in the middle; may be given again"},
+    {{"--eyepiece", "DEGREES",
+      "a circle of this true field, 0.001 to 120, in the middle; may be given again"},
      Times::kAgain,
      [](const std::string& text, ChartOptions& chart) {
        return Append(ParseEyepiece(text), chart.eyepieces);

@@ -30,7 +30,7 @@ std::string FormatSensor(const Sensor& sensor);
 
 // A sheet of paper.
 struct Page {
-  std::string name;            // "A4"
+  std::string name;  // "A4"
   bool landscape = false;
   double width = 0.0, height = 0.0;  // points of 1/72 inch, as the sheet lies
   bool operator==(const Page&) const = default;

@@ -61,6 +61,7 @@ constexpr TextUse kHostTexts[] = {
     {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},
     {900431, 900431, "ff", kMaxLength, true, "skyview: hidden by the sky, its limit and the magnitude"},
     {900432, 900432, "", kMaxLength, true, "skyview: hidden by daylight"},
+    {900520, 900526, "", kMaxLength, true, "skyview: legend of a chart"},
 };
 
 }  // namespace

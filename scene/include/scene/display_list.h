@@ -252,6 +252,11 @@ class SCENE_API DisplayList {
   void SetStyle(ChartStyle style);
   ChartStyle GetStyle() const { return m_Style; }
 
+  // The records until EndSample show how things are drawn: they are drawn as they are on their own layers, but
+  // lie on that one and name no object.
+  void BeginSample(Layer layer) { m_SampleLayer = layer, m_IsSample = true; }
+  void EndSample() { m_IsSample = false; }
+
   // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
   // the record before; vertices without a ring stand for one. A mesh takes the colours added since the
   // record that took some before, one for each node, of `columns` a row; a globe takes them as those of its
@@ -280,12 +285,16 @@ class SCENE_API DisplayList {
 
  private:
   void Note(RecordType type, Layer layer, int count);
+  template <class Record>
+  void Prepare(Layer& layer, Record& record) const;
   void InkColours(Layer layer, int first);
 
   int m_Width = 0, m_Height = 0;
   float m_Unit = 1.0f;
   ChartStyle m_Style = ChartStyle::kScreen;
-  const InkTable* m_Inks = nullptr;                        // of the style, null: colours as they are
+  const InkTable* m_Inks = nullptr;  // of the style, null: colours as they are
+  Layer m_SampleLayer = Layer::kChart;
+  bool m_IsSample = false;
   int m_OpenVertex = 0, m_OpenRing = 0, m_OpenColour = 0;  // the first that belong to no record yet
   std::vector<Run> m_Runs;
   std::vector<PointRecord> m_Points;

@@ -31,6 +31,7 @@
 #include "scene/eclipse.h"
 #include "scene/favourites.h"
 #include "scene/field_of_view.h"
+#include "scene/finder.h"
 #include "scene/frame_maker.h"
 #include "scene/image_groups.h"
 #include "scene/label_rules.h"
