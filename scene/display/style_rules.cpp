@@ -39,7 +39,7 @@ InkTable MakePrintInks() {
   inks.Set(Layer::kGround, InkShape::kArea, Flat({229, 228, 222, 255}));
   inks.Set(Layer::kGround, InkShape::kLine, Flat({70, 70, 66, 255}));
   inks.SetLayer(Layer::kCaptionGround, Flat(kWhite));
-  inks.Set(Layer::kChart, InkShape::kArea, Flat(kWhite));
+  inks.Set(Layer::kChart, InkShape::kArea, Flat(kWhite, 1.2f));
   inks.Set(Layer::kChart, InkShape::kPoint, Flat(kBlack));
   return inks;
 }
@@ -51,7 +51,7 @@ InkTable MakeNightInks() {
   inks.Set(Layer::kStars, InkShape::kPoint, {Way::kTone, {240, 0, 0, 255}, 1.5f, 1.0f});
   inks.SetLayer(Layer::kHaze, Flat(kBlack, 0.0f));
   inks.SetLayer(Layer::kCaptionGround, Flat(kBlack));
-  inks.Set(Layer::kChart, InkShape::kArea, Flat(kBlack));
+  inks.Set(Layer::kChart, InkShape::kArea, Flat(kBlack, 1.2f));
   return inks;
 }
 
@@ -96,12 +96,13 @@ float StyleRules::GetStarRadius(float radius, float unit) const {
 const StyleRules& GetStyleRules(ChartStyle style) {
   static constexpr StyleRules kScreen = {};
   static constexpr StyleRules kPrint = {.nightSky = true,
-                                        .ownGround = false,
+                                        .landscape = false,
+                                        .border = true,
                                         .ringedBodies = true,
                                         .solidStars = true,
                                         .starScale = 1.15f,
                                         .starContrast = 1.3f};
-  static constexpr StyleRules kNight = {.nightSky = true, .ownGround = false, .ringedBodies = true};
+  static constexpr StyleRules kNight = {.nightSky = true, .landscape = false, .ringedBodies = true};
   static constexpr StyleRules kPhoto = {.symbols = false,
                                         .caption = false,
                                         .glareReach = 6.5f,

@@ -32,9 +32,10 @@ struct Ink {
 
 struct StyleRules {
   bool nightSky = false;      // no day, twilight and moonlight
-  bool ownGround = true;      // the ground in the light of the sky, with its landscape; else plain
+  bool landscape = true;      // else the ground is plain
   bool symbols = true;        // of deep-sky objects
   bool caption = true;        // and what else is written over the picture
+  bool border = false;        // a line around the picture
   bool ringedBodies = false;  // a ring around what moves, as stars have none
   bool solidStars = false;    // faint ones are small and not pale; brightest first, with a rim
   // Of the radii of stars: a factor, and the power that makes bright ones larger still.

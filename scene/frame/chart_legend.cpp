@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <iterator>
 
 #include "common_interfaces/string_table.h"
@@ -143,9 +144,12 @@ void ChartLegend::DrawMagnitudes(double y, const ClassLimits& stars, DisplayList
     dot.x = Pixel(x);
     dot.y = Pixel(y + 26.0 * m_Unit);
     dot.radius = rules.GetStarRadius(Pixel(GetDotRadius(stars, code) * m_Unit), Pixel(m_Unit));
-    dot.colour = ToRgba(palette::kLegendText, rules.solidStars ? 1.0 : static_cast<double>(stars.Opacity(code)));
+    dot.colour =
+        ToRgba(palette::kLegendText, rules.solidStars ? 1.0 : static_cast<double>(stars.Opacity(code)));
     list.Add(Layer::kChart, dot);
-    DrawText(std::to_string(brightest + i), x, y + 46.0 * m_Unit, 0.5, kFont, list);
+    const int magnitude = brightest + i;
+    DrawText((magnitude < 0 ? "\u2212" : "") + std::to_string(std::abs(magnitude)), x, y + 46.0 * m_Unit, 0.5,
+             kFont, list);
   }
 }
 

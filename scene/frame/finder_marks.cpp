@@ -16,25 +16,33 @@ void FinderMarks::Compute(const ViewGeometry& geometry, LabelPlacer& labels) {
   m_Middle = {0.5 * geometry.width, 0.5 * geometry.height};
   if (m_Finders.empty()) return;
   m_Axes = FindPictureAxes(geometry);
-  for (const Finder& finder : m_Finders) {
-    const auto place = FindLabel(finder);
-    const double halfWidth = 0.5 * labels.GetWidth(finder.label.c_str(), m_Font);
-    labels.Reserve({place.x, geometry.height - place.y + 0.3 * m_Font}, halfWidth, 0.6 * m_Font);
+  for (std::size_t i = 0; i < m_Finders.size(); ++i) {
+    PlaceLabel(i);
+    const double halfWidth = 0.5 * labels.GetWidth(m_Finders[i].label.c_str(), m_Font);
+    if (!std::isnan(m_Labels[i]))
+      labels.Reserve({m_Middle.x, geometry.height - m_Labels[i] + 0.35 * m_Font}, halfWidth, 0.6 * m_Font);
   }
 }
 
-// On the line, above the middle; of a sensor beside its upper edge.
-tPoint<double> FinderMarks::FindLabel(const Finder& finder) const {
-  const double away = 0.4 * m_Font;
-  if (finder.diameter > 0.0) return {m_Middle.x, m_Middle.y - GetRadius(0.5 * finder.diameter) - away};
-  double left = m_Middle.x, right = m_Middle.x, top = m_Middle.y;
-  for (const auto& [across, up] : {std::pair(-1.0, -1.0), {1.0, -1.0}, {1.0, 1.0}, {-1.0, 1.0}}) {
-    const auto corner = FindSensorPoint(finder, across, up);
-    left = std::min(left, corner.x);
-    right = std::max(right, corner.x);
-    top = std::min(top, corner.y);
+double FinderMarks::FindEnd(const Finder& finder, bool upper) const {
+  const double sign = upper ? -1.0 : 1.0;
+  if (finder.diameter > 0.0) return m_Middle.y + sign * GetRadius(0.5 * finder.diameter);
+  double end = 0.0;
+  for (const auto& [across, up] : {std::pair(-1.0, -1.0), {1.0, -1.0}, {1.0, 1.0}, {-1.0, 1.0}})
+    end = std::max(end, sign * (FindSensorPoint(finder, across, up).y - m_Middle.y));
+  return m_Middle.y + sign * end;
+}
+
+// Outside the upper end, else the lower one, wherever the labels before leave room.
+void FinderMarks::PlaceLabel(std::size_t index) {
+  for (const bool upper : {true, false}) {
+    const double baseline = FindEnd(m_Finders[index], upper) + (upper ? -0.35 : 1.05) * m_Font;
+    bool free = true;
+    for (std::size_t i = 0; i < index; ++i) free &= !(std::fabs(m_Labels[i] - baseline) < 1.2 * m_Font);
+    m_Labels[index] = baseline;
+    if (free) return;
   }
-  return {0.5 * (left + right), top - away};
+  m_Labels[index] = std::nan("");
 }
 
 // `across`, `up`: -1 to 1 from edge to edge. With the upper edge towards north the sensor's right is west.
@@ -69,19 +77,26 @@ void FinderMarks::DrawSensor(const Finder& finder, DisplayList& list) const {
 }
 
 void FinderMarks::Draw(DisplayList& list) const {
-  for (const Finder& finder : m_Finders) {
+  for (std::size_t i = 0; i < m_Finders.size(); ++i) {
+    const Finder& finder = m_Finders[i];
     if (finder.diameter > 0.0) {
       const auto radius = static_cast<float>(GetRadius(0.5 * finder.diameter));
-      list.Add(Layer::kChart,
-               EllipseRecord{static_cast<float>(m_Middle.x), static_cast<float>(m_Middle.y), radius, radius,
-                             0.0f, 1.2f * list.GetUnit(), 0.0f, ToRgba(palette::kFinder), {}});
+      list.Add(Layer::kChart, EllipseRecord{static_cast<float>(m_Middle.x),
+                                            static_cast<float>(m_Middle.y),
+                                            radius,
+                                            radius,
+                                            0.0f,
+                                            1.2f * list.GetUnit(),
+                                            0.0f,
+                                            ToRgba(palette::kFinder),
+                                            {}});
     } else {
       DrawSensor(finder, list);
     }
-    const auto place = FindLabel(finder);
+    if (std::isnan(m_Labels[i])) continue;
     TextRecord text = {};
-    text.x = static_cast<float>(place.x);
-    text.y = static_cast<float>(place.y);
+    text.x = static_cast<float>(m_Middle.x);
+    text.y = static_cast<float>(m_Labels[i]);
     text.anchor = 0.5f;
     text.size = static_cast<float>(m_Font);
     text.colour = ToRgba(palette::kFinder);

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/frame/sky_background.h"
@@ -56,6 +57,19 @@ std::optional<SkySources> FindSources(const FrameParts& parts, const ObserverFra
   return sources;
 }
 
+void DrawBorder(DisplayList& list) {
+  const double right = list.GetWidth(), bottom = list.GetHeight();
+  list.AddVertex(0.0, 0.0);
+  list.AddVertex(right, 0.0);
+  list.AddVertex(right, bottom);
+  list.AddVertex(0.0, bottom);
+  PolylineRecord line = {};
+  line.width = 3.0f * list.GetUnit();  // the half of it lies in the picture
+  line.colour = ToRgba(palette::kLegendText);
+  line.flags = kClosedLine;
+  list.AddLine(Layer::kChart, line);
+}
+
 // What lies lowest first.
 void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalogs) {
   DisplayList& list = parts.list;
@@ -86,6 +100,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   parts.labels.Draw(lines, list);
   parts.finders.Draw(list);
   if (parts.withLegend) parts.legend.Draw(parts.objects, catalogs, stars, list);
+  if (rules.border) DrawBorder(list);
 }
 
 }  // namespace

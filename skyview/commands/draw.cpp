@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <iostream>
+
 #include "paint/picture_file.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/sequence.h"
 #include "skyview/commands/shown_sky.h"
 #include "skyview/commands/start.h"
 #include "skyview/options/picture_group.h"
+#include "utils/program.h"
 
 namespace skyview {
 namespace {
@@ -29,12 +32,6 @@ DrawOptions Parse(const Call& call) {
   line.Check([&options] { CheckSequence(options.sequence, options.pictures); });
   line.Parse(call.arguments);
   return options;
-}
-
-// Nothing without --page.
-std::optional<paint::Sheet> FindSheet(const ChartOptions& chart) {
-  if (!chart.page) return std::nullopt;
-  return paint::Sheet{chart.page->width, chart.page->height, Page::kMargin};
 }
 
 void WritePictures(const DrawOptions& options, const scene::SkyFrame& frame) {
@@ -69,7 +66,7 @@ std::string RunDraw(const Call& call) {
   WritePictures(options, sky.GetMaker().GetFrame());
   Keep(options, sky);
   const std::string report = sky.MakeReport();
-  DrawSequence(options.sequence, options.pictures.out, asked.view.GetSize(), sky);
+  DrawSequence(options.sequence, options.pictures.out, asked, sky, IsErrorTerminal() ? &std::cerr : nullptr);
   return report;
 }
 
