@@ -95,7 +95,8 @@ bool Animation::Add(const scene::DisplayList& list, std::string& error) {
   const std::string header = png.substr(kSignature.size() + 8, kHeader);
   if (state.added == 0) state.header = header;
   if (state.added == state.count || header != state.header) {
-    error = state.path + ": cannot be drawn: " + (header != state.header ? "a frame of another size" : "full");
+    error =
+        state.path + ": cannot be drawn: " + (header != state.header ? "a frame of another size" : "full");
     return false;
   }
   const bool written = state.file.Write(state.MakeFrame(png));

@@ -28,6 +28,16 @@ Surface MakeSurface(int width, int height) {
   return Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height), cairo_surface_destroy);
 }
 
+// The colour as it is seen on black, or on white paper: where trails of a transparent one cross and join they
+// would grow brighter.
+scene::Rgba MakeOpaque(const scene::Rgba& colour, bool onPaper) {
+  const int ground = onPaper ? 255 : 0;
+  const auto mix = [&](int channel) {
+    return static_cast<unsigned char>(ground + (channel - ground) * colour.alpha / 255);
+  };
+  return {mix(colour.red), mix(colour.green), mix(colour.blue), 255};
+}
+
 bool IsGood(cairo_t* context, std::string& error) {
   if (cairo_status(context) == CAIRO_STATUS_SUCCESS) return true;
   error = cairo_status_to_string(cairo_status(context));
@@ -38,9 +48,11 @@ bool IsGood(cairo_t* context, std::string& error) {
 
 struct StarTrails::State {
   State(int width, int height)
-      : frame(MakeSurface(width, height)), sum(MakeSurface(width, height)), ground(MakeSurface(width, height)) {}
+      : frame(MakeSurface(width, height)),
+        sum(MakeSurface(width, height)),
+        ground(MakeSurface(width, height)) {}
 
-  void AddTrails(const scene::DisplayList& list, cairo_t* context);
+  void AddTrails(const scene::DisplayList& list, bool onPaper, cairo_t* context);
 
   Surface frame, sum, ground;
   std::map<std::pair<int, int>, scene::Vertex> places;  // in the frame before, by kind and number
@@ -48,7 +60,7 @@ struct StarTrails::State {
 };
 
 // From where each light was to where it is. What turned up in this frame, and what jumped, leaves none.
-void StarTrails::State::AddTrails(const scene::DisplayList& list, cairo_t* context) {
+void StarTrails::State::AddTrails(const scene::DisplayList& list, bool onPaper, cairo_t* context) {
   const double far = 0.25 * (list.GetWidth() + list.GetHeight());
   std::map<std::pair<int, int>, scene::Vertex> now;
   cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
@@ -63,7 +75,7 @@ void StarTrails::State::AddTrails(const scene::DisplayList& list, cairo_t* conte
       if (before == places.end()) continue;
       const double dx = point.x - before->second.x, dy = point.y - before->second.y;
       if (dx * dx + dy * dy > far * far) continue;
-      SetColour(point.colour, context);
+      SetColour(MakeOpaque(point.colour, onPaper), context);
       cairo_set_line_width(context, 2.0 * point.radius);
       cairo_move_to(context, before->second.x, before->second.y);
       cairo_line_to(context, point.x, point.y);
@@ -86,7 +98,7 @@ bool StarTrails::Add(const scene::DisplayList& list, std::string& error) {
   cairo_set_source_surface(sum.get(), state.frame.get(), 0.0, 0.0);
   cairo_paint(sum.get());
   state.empty = false;
-  state.AddTrails(list, sum.get());
+  state.AddTrails(list, onPaper, sum.get());
   const Context whole(cairo_create(state.ground.get()), cairo_destroy);
   cairo_set_source_surface(whole.get(), state.sum.get(), 0.0, 0.0);
   cairo_paint(whole.get());

@@ -10,6 +10,7 @@
 #include "scene/frame/favourite_marks.h"
 #include "scene/frame/finder_marks.h"
 #include "scene/frame/image_frames.h"
+#include "scene/frame/landscape_picture.h"
 #include "scene/frame/marker_marks.h"
 #include "scene/frame/milky_way_picture.h"
 #include "scene/frame/nebula_clouds.h"
@@ -33,6 +34,7 @@ struct FrameParts {
   MarkerMarks markers;
   MilkyWayPicture milkyWay;
   SkyHorizon horizon;
+  LandscapePicture landscape;
   SkyGrids grids;
   SkyBoundaries boundaries;
   SkyFigures figures;

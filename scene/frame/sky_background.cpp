@@ -136,6 +136,15 @@ Rgba FindGroundColour(const SkyLight& light) {
                    night.blue + bright * kEarth.blue});
 }
 
+Rgba FindLandColour(const SkyLight& light, const Colour& day, double far) {
+  constexpr double kDay = 3.4, kNear = 0.38, kFar = 0.70;  // against the light of the exposure and of the sky
+  const Light own = FromPalette(day), sky = FromPalette(palette::kSkyFoot);
+  const double bright = light.IsNatural() ? kDay * Expose(light.GetZenith()) : 0.0;
+  const double night = kNear + (kFar - kNear) * far;
+  return ToScreen({night * sky.red + bright * own.red, night * sky.green + bright * own.green,
+                   night * sky.blue + bright * own.blue});
+}
+
 void DrawPlainSky(DisplayList& list) {
   const float width = static_cast<float>(list.GetWidth()), height = static_cast<float>(list.GetHeight());
   const Rgba foot = ToRgba(palette::kSkyFoot);

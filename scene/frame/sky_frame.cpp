@@ -91,7 +91,8 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
   parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
-  parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
+  if (parts.landscape.IsEmpty()) parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
+  parts.landscape.Draw(parts.light, list);
   parts.radiants.Draw(list);
   parts.favourites.Draw(list);
   if (rules.caption) parts.caption.DrawGround(list);
@@ -131,6 +132,8 @@ void SkyFrame::SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& mark
 void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) { m_Parts->favourites.SetObjects(objects); }
 
 void SkyFrame::SetShowers(std::vector<Shower> showers) { m_Parts->radiants.SetShowers(std::move(showers)); }
+
+void SkyFrame::SetLandscape(Landscape landscape) { m_Parts->landscape.SetLandscape(std::move(landscape)); }
 
 void SkyFrame::SetFinders(std::vector<Finder> finders) { m_Parts->finders.SetFinders(std::move(finders)); }
 
@@ -179,6 +182,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
+  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
@@ -191,6 +195,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
+  parts.landscape.HideLabels(geometry, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
   parts.list.SetStyle(shown.style);
   Draw(parts, tests.GetStarLimits(), m_Catalogs);

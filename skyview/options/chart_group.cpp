@@ -35,6 +35,12 @@ constexpr OptionRow<ChartOptions> kRows[] = {
      [](const std::string& text, ChartOptions& chart) {
        return PutFirst(ParseChartStyle(text), chart.style);
      }},
+    {{"--landscape", "ID|none",
+      "what stands on the horizon, by its number in the list of landscapes, or plain ground"},
+     Times::kOnce,
+     [](const std::string& text, ChartOptions& chart) {
+       return PutFirst(ParseLandscapeChoice(text), chart.landscape);
+     }},
     {{"--legend", "on|off", "magnitudes, symbols, scale, north and east in a corner (default: on in print)"},
      Times::kOnce,
      [](const std::string& text, ChartOptions& chart) { return PutFirst(ParseSwitch(text), chart.legend); }},
@@ -109,6 +115,8 @@ std::string FormatChart(const ChartOptions& chart) {
     text += std::string(word) + " " + value + "\n";
   };
   if (chart.style) add("style", FormatChartStyle(*chart.style));
+  if (chart.landscape)
+    add("landscape", *chart.landscape == kNoLandscape ? "none" : std::to_string(*chart.landscape));
   if (chart.legend) add("legend", *chart.legend ? "on" : "off");
   for (const double degrees : chart.eyepieces) add("eyepiece", FormatExact(degrees));
   if (chart.telrad) add("telrad", "on");
@@ -130,6 +138,7 @@ bool ReadChartLine(std::string_view word, std::string_view value, ChartOptions& 
 
 void TakeOver(const ChartOptions& session, ChartOptions& chart) {
   if (!chart.style) chart.style = session.style;
+  if (!chart.landscape) chart.landscape = session.landscape;
   if (!chart.legend) chart.legend = session.legend;
   if (!chart.page) chart.page = session.page;
   if (!chart.bortle && !chart.limitMagnitude) {

@@ -19,6 +19,7 @@ struct ChartOptions {
   std::optional<scene::ChartStyle> style;
   std::optional<int> bortle;             // how dark the site is, in one of
   std::optional<double> limitMagnitude;  // two ways
+  std::optional<int> landscape;          // identifier or kNoLandscape; without it the default one
   std::optional<bool> legend;
   std::vector<double> eyepieces;  // true fields, degrees
   bool telrad = false;

@@ -112,6 +112,10 @@ std::optional<double> ParseEyepiece(std::string_view text) { return ParseWhole(t
 std::optional<int> ParseBortle(std::string_view text) { return ParseWhole(text, 1, 9); }
 std::optional<double> ParseLimitMagnitude(std::string_view text) { return ParseWhole(text, 0.0, 6.5); }
 
+std::optional<int> ParseLandscapeChoice(std::string_view text) {
+  return text == "none" ? std::optional(kNoLandscape) : ParseWhole(text, 0, 65535);
+}
+
 std::optional<bool> ParseSwitch(std::string_view text) {
   if (text != "on" && text != "off") return std::nullopt;
   return text == "on";

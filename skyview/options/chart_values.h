@@ -45,6 +45,9 @@ std::string FormatPage(const Page& page);
 std::optional<double> ParseEyepiece(std::string_view text);        // degrees, 0.001 to 120
 std::optional<int> ParseBortle(std::string_view text);             // 1 to 9
 std::optional<double> ParseLimitMagnitude(std::string_view text);  // 0 to 6.5
-std::optional<bool> ParseSwitch(std::string_view text);            // "on", "off"
+// An identifier of the list of landscapes, or kNoLandscape for "none".
+inline constexpr int kNoLandscape = -2;
+std::optional<int> ParseLandscapeChoice(std::string_view text);
+std::optional<bool> ParseSwitch(std::string_view text);  // "on", "off"
 
 }  // namespace skyview

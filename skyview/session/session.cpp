@@ -45,6 +45,7 @@ constexpr const char* kDataFiles[] = {kSettingsFile,
                                       "catalogs:asteroids.txt",
                                       "catalogs:comets.txt",
                                       "media:time_interval.ini",
+                                      "media:surface:panoramas.ini",
                                       "media:skyobjects:constell_images:constell.dat",
                                       "media:skyobjects:dso_images:dsoimagestrue.txt",
                                       "media:skyobjects:mway_images:mway.dat"};

@@ -35,6 +35,7 @@
 #include "scene/frame_maker.h"
 #include "scene/image_groups.h"
 #include "scene/label_rules.h"
+#include "scene/landscape.h"
 #include "scene/language.h"
 #include "scene/light_curve.h"
 #include "scene/name_key.h"
