@@ -11,6 +11,7 @@
 #include "paint/painter.h"
 #include "paint/picture_file.h"
 #include "paint/png_bytes.h"
+#include "scene/caption.h"
 
 namespace paint {
 namespace {
@@ -29,6 +30,16 @@ bool IsGood(cairo_status_t status, std::string& error) {
   if (status == CAIRO_STATUS_SUCCESS) return true;
   error = cairo_status_to_string(status);
   return false;
+}
+
+// What can still be read in a copy of that scale. A caption that cannot needs no ground either.
+PaintScope FindScope(const scene::DisplayList& list, double scale) {
+  constexpr double kLeastFont = 6.5;  // pixels of the sheet
+  PaintScope scope;
+  scope.leastText = static_cast<float>(kLeastFont / scale);
+  if (scene::kCaptionFont * static_cast<double>(list.GetUnit()) * scale < kLeastFont)
+    scope.layers &= ~PaintScope::GetBit(scene::Layer::kCaptionGround);
+  return scope;
 }
 
 }  // namespace
@@ -89,7 +100,7 @@ bool ContactSheet::Add(const scene::DisplayList& list, const std::string& text, 
     return false;
   }
   const Context whole(cairo_create(m_Sheet->frame.get()), cairo_destroy);
-  PaintDisplayList(list, whole.get());
+  PaintDisplayList(list, whole.get(), FindScope(list, m_Sheet->scale));
   const int row = m_Sheet->added / m_Sheet->columns, column = m_Sheet->added % m_Sheet->columns;
   const double x = kGap + column * (m_Sheet->copyWidth + kGap);
   const double y = kGap + row * (m_Sheet->copyHeight + kTextHeight + kGap);

@@ -9,7 +9,8 @@
 
 namespace paint {
 
-// One picture of many: small copies of frames of one size in rows, each with a line of text below it.
+// One picture of many: small copies of frames of one size in rows, each with a line of text below it. Texts
+// of a frame that are too small to read in its copy are left out.
 class ContactSheet {
  public:
   // `count` frames of that size in pixels. A copy is as wide as lets a row of them fill some 1600 pixels, but

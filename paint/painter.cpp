@@ -15,7 +15,14 @@ std::span<const Record> GetRecords(const std::vector<Record>& records, const sce
   return {records.data() + run.first, static_cast<std::size_t>(run.count)};
 }
 
-void PaintRun(const scene::DisplayList& list, const scene::Run& run, cairo_t* context) {
+void PaintTexts(const scene::DisplayList& list, const scene::Run& run, float least, cairo_t* context) {
+  for (const auto& text : GetRecords(list.GetTexts(), run)) {
+    if (text.size >= least) PaintText(list, text, context);
+  }
+}
+
+void PaintRun(const scene::DisplayList& list, const scene::Run& run, const PaintScope& scope,
+              cairo_t* context) {
   switch (run.type) {
     case scene::RecordType::kPoint:
       for (const auto& point : GetRecords(list.GetPoints(), run)) PaintPoint(point, context);
@@ -42,7 +49,7 @@ void PaintRun(const scene::DisplayList& list, const scene::Run& run, cairo_t* co
       for (const auto& gradient : GetRecords(list.GetGradients(), run)) PaintGradient(gradient, context);
       break;
     case scene::RecordType::kText:
-      for (const auto& text : GetRecords(list.GetTexts(), run)) PaintText(list, text, context);
+      PaintTexts(list, run, scope.leastText, context);
       break;
     case scene::RecordType::kMesh:
       for (const auto& mesh : GetRecords(list.GetMeshes(), run)) PaintMesh(list, mesh, context);
@@ -52,11 +59,13 @@ void PaintRun(const scene::DisplayList& list, const scene::Run& run, cairo_t* co
 
 }  // namespace
 
-void PaintDisplayList(const scene::DisplayList& list, cairo_t* context) {
+void PaintDisplayList(const scene::DisplayList& list, cairo_t* context, const PaintScope& scope) {
   cairo_save(context);
   cairo_rectangle(context, 0.0, 0.0, list.GetWidth(), list.GetHeight());
   cairo_clip(context);
-  for (const auto& run : list.GetRuns()) PaintRun(list, run, context);
+  for (const auto& run : list.GetRuns()) {
+    if (scope.layers & PaintScope::GetBit(run.layer)) PaintRun(list, run, scope, context);
+  }
   cairo_restore(context);
 }
 

@@ -5,6 +5,7 @@
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "paint/painter.h"
@@ -27,8 +28,16 @@ bool Succeeded(cairo_status_t status, std::string& error) {
   return false;
 }
 
-bool PaintOn(const scene::DisplayList& list, cairo_surface_t* surface, std::string& error) {
+bool PaintOn(const scene::DisplayList& list, const std::optional<Sheet>& sheet, cairo_surface_t* surface,
+             std::string& error) {
   cairo_t* context = cairo_create(surface);
+  if (sheet) {
+    const double scale = std::min((sheet->width - 2.0 * sheet->margin) / list.GetWidth(),
+                                  (sheet->height - 2.0 * sheet->margin) / list.GetHeight());
+    cairo_translate(context, 0.5 * (sheet->width - scale * list.GetWidth()),
+                    0.5 * (sheet->height - scale * list.GetHeight()));
+    cairo_scale(context, scale, scale);
+  }
   PaintDisplayList(list, context);
   const cairo_status_t status = cairo_status(context);
   cairo_destroy(context);
@@ -36,8 +45,9 @@ bool PaintOn(const scene::DisplayList& list, cairo_surface_t* surface, std::stri
 }
 
 // For surfaces that write while they are painted and when they are finished.
-bool PaintStream(const scene::DisplayList& list, const Surface& surface, std::string& error) {
-  if (!PaintOn(list, surface.get(), error)) return false;
+bool PaintStream(const scene::DisplayList& list, const std::optional<Sheet>& sheet, const Surface& surface,
+                 std::string& error) {
+  if (!PaintOn(list, sheet, surface.get(), error)) return false;
   cairo_surface_finish(surface.get());
   return Succeeded(cairo_surface_status(surface.get()), error);
 }
@@ -50,7 +60,7 @@ bool MakePng(const scene::DisplayList& list, std::string& bytes, std::string& er
   bytes.clear();
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, list.GetWidth(), list.GetHeight()),
                         cairo_surface_destroy);
-  return PaintOn(list, surface.get(), error) && MakePngBytes(surface.get(), bytes, error);
+  return PaintOn(list, std::nullopt, surface.get(), error) && MakePngBytes(surface.get(), bytes, error);
 }
 
 bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& error) {
@@ -59,24 +69,27 @@ bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& er
       cairo_svg_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
       cairo_surface_destroy);
   cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
-  if (!PaintStream(list, surface, error)) return false;
+  if (!PaintStream(list, std::nullopt, surface, error)) return false;
   const auto end = bytes.rfind("</svg>");
   if (end != std::string::npos) bytes.insert(end, MakeTextLayer(list));
   return true;
 }
 
-bool MakePdf(const scene::DisplayList& list, std::string& bytes, std::string& error) {
+bool MakePdf(const scene::DisplayList& list, std::string& bytes, std::string& error,
+             const std::optional<Sheet>& sheet) {
   bytes.clear();
-  const Surface surface(
-      cairo_pdf_surface_create_for_stream(Append, &bytes, list.GetWidth(), list.GetHeight()),
-      cairo_surface_destroy);
-  return PaintStream(list, surface, error);
+  const double width = sheet ? sheet->width : list.GetWidth(),
+               height = sheet ? sheet->height : list.GetHeight();
+  const Surface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, width, height),
+                        cairo_surface_destroy);
+  return PaintStream(list, sheet, surface, error);
 }
 
-bool WritePicture(const scene::DisplayList& list, const std::string& path, std::string& error) {
+bool WritePicture(const scene::DisplayList& list, const std::string& path, std::string& error,
+                  const std::optional<Sheet>& sheet) {
   std::string bytes;
   const bool made = path.ends_with(".svg")   ? MakeSvg(list, bytes, error)
-                    : path.ends_with(".pdf") ? MakePdf(list, bytes, error)
+                    : path.ends_with(".pdf") ? MakePdf(list, bytes, error, sheet)
                                              : MakePng(list, bytes, error);
   if (made) return WritePictureBytes(path, bytes, error);
   error = path + ": cannot be drawn: " + error;

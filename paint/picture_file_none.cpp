@@ -18,9 +18,12 @@ bool CanDraw() { return false; }
 
 bool MakePng(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
 bool MakeSvg(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
-bool MakePdf(const scene::DisplayList&, std::string&, std::string& error) { return Refuse(error); }
+bool MakePdf(const scene::DisplayList&, std::string&, std::string& error, const std::optional<Sheet>&) {
+  return Refuse(error);
+}
 
-bool WritePicture(const scene::DisplayList&, const std::string& path, std::string& error) {
+bool WritePicture(const scene::DisplayList&, const std::string& path, std::string& error,
+                  const std::optional<Sheet>&) {
   Refuse(error);
   error = path + ": " + error;
   return false;

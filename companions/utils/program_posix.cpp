@@ -4,6 +4,7 @@
 #include "utils/program.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -25,3 +26,5 @@ std::string GetProgramFolder() {
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
   return failure ? std::string() : program.parent_path().string();
 }
+
+bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }

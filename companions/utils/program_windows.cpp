@@ -3,6 +3,8 @@
 #include "companions/utils/program_platform.h"
 #include "utils/program.h"
 
+#include <io.h>
+#include <stdio.h>
 #include <windows.h>
 
 #include <filesystem>
@@ -19,3 +21,5 @@ std::string GetProgramFolder() {
   const DWORD length = GetModuleFileNameW(nullptr, path, 32768);
   return length == 0 ? std::string() : std::filesystem::path(path, path + length).parent_path().string();
 }
+
+bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }

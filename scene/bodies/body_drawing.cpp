@@ -7,6 +7,7 @@
 #include "scene/bodies/body_marks.h"
 #include "scene/display/dot.h"
 #include "scene/display/palette.h"
+#include "scene/display/style_rules.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -45,7 +46,8 @@ class BodyPen {
         m_X(drawn.place.x),
         m_Y(list.GetHeight() - drawn.place.y),
         m_Sky(sky),
-        m_List(list) {}
+        m_List(list),
+        m_Ringed(GetStyleRules(list.GetStyle()).ringedBodies) {}
 
   void Draw(const DrawnShadow& moonShadow) const {
     if (m_Drawn.body == kSunBody) return DrawSun();
@@ -67,6 +69,7 @@ class BodyPen {
 
  private:
   Glow MakeGlow(double reach, const Colour& colour, double strength) const {
+    if (m_Ringed) return {};
     return {Pixel(0.5 * m_Drawn.radius), Pixel(reach * m_Drawn.radius), 0.4f,
             ToRgba(Scaled(colour, 1.0, strength)), ToRgba(Scaled(colour, 1.0, 0.3 * strength))};
   }
@@ -84,6 +87,7 @@ class BodyPen {
                            ToRgba(Scaled(colour, 1.0, opacity * dot.opacity)), glow, m_Object});
   }
   void DrawDot(const Colour& colour) const {
+    if (m_Ringed) return DrawRinged(colour);
     const bool shines = PaintedDot::Shines(Pixel(m_Drawn.radius), m_List.GetUnit());
     DrawPoint(colour, m_Drawn.opacity, shines ? MakeGlow(3.4, colour, 0.45 * m_Drawn.opacity) : Glow{});
   }
@@ -94,6 +98,7 @@ class BodyPen {
     const bool covered = m_Sky.IsSunCovered();
     const Colour colour = covered ? palette::kCorona : m_Sky.GetSun();
     const Glow glow = MakeGlow(4.0, colour, covered ? 0.9 : 0.55);
+    if (m_Ringed && !m_Drawn.globe) return DrawRinged(colour);
     m_Drawn.globe && !covered ? DrawDisc(colour, glow) : DrawPoint(colour, covered ? 0.0 : 1.0, glow);
   }
   void DrawDisc(const Colour& colour, const Glow& glow) const;
@@ -101,6 +106,7 @@ class BodyPen {
   void DrawShadow(const DrawnShadow& shadow) const;
   void DrawTail(const Colour& colour) const;
   void DrawRinged(const Colour& colour) const;
+  void DrawRing(const Colour& colour, double away) const;
   void DrawDiamond(const Colour& colour) const;
 
   const DrawnBody& m_Drawn;
@@ -110,6 +116,7 @@ class BodyPen {
   double m_X, m_Y;
   const SkyColours& m_Sky;
   DisplayList& m_List;
+  bool m_Ringed;  // instead of shining
 };
 
 void BodyPen::DrawDisc(const Colour& colour, const Glow& glow) const {
@@ -125,6 +132,7 @@ void BodyPen::DrawDisc(const Colour& colour, const Glow& glow) const {
   disc.glow = glow;
   disc.object = m_Object;
   m_Drawn.globe ? DrawGlobe(disc) : m_List.Add(Layer::kBodies, disc);
+  if (m_Ringed) DrawRing(colour, 0.0);
 }
 
 void BodyPen::DrawGlobe(const DiscRecord& disc) const {
@@ -198,7 +206,12 @@ void BodyPen::DrawTail(const Colour& colour) const {
 // A ring around the dot tells it from a star.
 void BodyPen::DrawRinged(const Colour& colour) const {
   DrawPoint(colour, m_Drawn.opacity, {});
-  const float radius = Pixel(m_Drawn.radius + 2.5 * static_cast<double>(m_List.GetUnit()));
+  DrawRing(colour, 2.5);
+}
+
+// `away`: from the edge of the body, pixels of the standard picture.
+void BodyPen::DrawRing(const Colour& colour, double away) const {
+  const float radius = Pixel(m_Drawn.radius + away * static_cast<double>(m_List.GetUnit()));
   m_List.Add(Layer::kBodies,
              EllipseRecord{Pixel(m_X), Pixel(m_Y), radius, radius, 0.0f, 0.9f * m_List.GetUnit(), 0.0f,
                            ToRgba(colour, 0.55 * m_Drawn.opacity), m_Object});

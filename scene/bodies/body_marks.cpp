@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/display/style_rules.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -114,8 +115,9 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
                                                                           : 11.0) *
                         geometry.unit;
     const SSO_ID& id = m_Model.GetBodies()[body].id;
-    drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place, drawn.radius,
-                                          size, labelKind, {id.kind, id.number});
+    const double ring = GetStyleRules(shown.style).ringedBodies ? 3.0 * geometry.unit : 0.0;
+    drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place,
+                                          drawn.radius + ring, size, labelKind, {id.kind, id.number});
   }
   std::sort(m_Drawn.begin(), m_Drawn.end(),
             [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });

@@ -179,6 +179,7 @@ int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double siz
 
 void LabelPlacer::Draw(double strength, DisplayList& list) const {
   for (const Label& label : m_Labels) {
+    if (!*label.text) continue;
     TextRecord text = {};
     text.x = static_cast<float>(label.place.x);
     text.y = static_cast<float>(list.GetHeight() - label.place.y);

@@ -77,6 +77,17 @@ class LabelPlacer {
   // Puts the text with its baseline beginning at a point whatever is there, and keeps others away.
   void PlaceAt(const char* text, const tPoint<double>& p, double size, LabelKind kind);
 
+  // How wide an upright text is, pixels.
+  double GetWidth(const char* text, double size) const { return m_Extents->GetWidth(text, size, 0); }
+
+  // Labels of which `isHidden` says so are not drawn; their places stay taken.
+  template <class Test>
+  void Hide(const Test& isHidden) {
+    for (Label& label : m_Labels) {
+      if (isHidden(label)) label.text = "";
+    }
+  }
+
   // The index of the first label of that kind with that text, -1 when there is none.
   int Find(const char* text, LabelKind kind) const;
 

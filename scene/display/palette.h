@@ -87,6 +87,10 @@ inline constexpr Colour kAccent = {0.96, 0.60, 0.28, 1.0};    // of the compass 
 inline constexpr Colour kRadiant = {1.00, 0.72, 0.62, 0.95};  // of meteor showers
 inline constexpr Colour kFavourite = {1.00, 0.82, 0.25, 1.0}, kFavouriteEdge = {0.02, 0.03, 0.06, 0.9};
 
+inline constexpr Colour kFinder = {1.00, 0.50, 0.42, 0.9};  // fields of instruments
+inline constexpr Colour kLegendText = {0.80, 0.85, 0.92, 0.95}, kLegendEdge = {0.50, 0.56, 0.66, 0.70},
+                        kLegendGround = {0.01, 0.015, 0.03, 0.9};
+
 // Under the caption, so that it can be read whatever lies behind it; with the opacities above, at and below
 // the text.
 inline constexpr Colour kCaptionGround = {0.01, 0.015, 0.03, 1.0};

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "scene/frame/caption_block.h"
 
-#include "scene/caption.h"
 #include "scene/display/palette.h"
 
 namespace scene {
@@ -10,7 +9,7 @@ namespace scene {
 void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) const {
   const double unit = geometry.unit;
   // Its lines end where they end; what stands beside them on the dark ground reads as a part of them.
-  const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * GetLineCount() * kCaptionLineStep * unit;
+  const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * GetHeight(unit);
   if (!m_Lines.empty()) labels.Reserve({halfWidth, halfHeight}, halfWidth, halfHeight);
   double baseline = 1.1 * kCaptionFont * unit;
   for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {

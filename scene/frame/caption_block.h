@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "scene/caption.h"
 #include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
 
@@ -16,6 +17,8 @@ class CaptionBlock {
  public:
   void SetLines(std::vector<std::string> lines) { m_Lines = std::move(lines); }
   int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+
+  double GetHeight(double unit) const { return GetLineCount() * kCaptionLineStep * unit; }  // pixels
 
   // Puts the lines into the corner, whatever is there, and keeps other labels off the ground under them, in
   // the whole width. The labels point into the block.

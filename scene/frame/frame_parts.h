@@ -6,8 +6,11 @@
 #include "scene/display/labels.h"
 #include "scene/display_list.h"
 #include "scene/frame/caption_block.h"
+#include "scene/frame/chart_legend.h"
 #include "scene/frame/favourite_marks.h"
+#include "scene/frame/finder_marks.h"
 #include "scene/frame/image_frames.h"
+#include "scene/frame/landscape_picture.h"
 #include "scene/frame/marker_marks.h"
 #include "scene/frame/milky_way_picture.h"
 #include "scene/frame/nebula_clouds.h"
@@ -31,6 +34,7 @@ struct FrameParts {
   MarkerMarks markers;
   MilkyWayPicture milkyWay;
   SkyHorizon horizon;
+  LandscapePicture landscape;
   SkyGrids grids;
   SkyBoundaries boundaries;
   SkyFigures figures;
@@ -40,6 +44,9 @@ struct FrameParts {
   FavouriteMarks favourites;
   ImageFrames imageFrames;
   ShowerRadiants radiants;
+  FinderMarks finders;
+  ChartLegend legend;
+  bool withLegend = false;
   DisplayList list;
 };
 

@@ -98,8 +98,10 @@ class SkyPaint {
   Rgba At(const SkyLight::Node& node) const {
     constexpr double kContrast = 0.6;  // a decade of luminance is painted as a little more than half of one
     const astro::SkyTint tint = m_Colour.Get(node.altitude, node.fromSun);
-    const double bright = Limit(m_Exposure * std::pow(node.scattered * tint.shade / m_Adaptation, kContrast));
-    const Light sky = OfColour(tint.colour);
+    constexpr Light kLamps = {1.30, 0.97, 0.66};
+    const double natural = node.scattered * tint.shade, all = std::max(natural + node.lamps, 1e-12);
+    const double bright = Limit(m_Exposure * std::pow(all / m_Adaptation, kContrast));
+    const Light sky = MixLight(OfColour(tint.colour), kLamps, node.lamps / all);
     const Light night = MixLight(m_Foot, m_Top, std::sin(node.altitude));
     return ToScreen(
         {night.red + bright * sky.red, night.green + bright * sky.green, night.blue + bright * sky.blue});
@@ -132,6 +134,15 @@ Rgba FindGroundColour(const SkyLight& light) {
   const double bright = Expose(light.GetZenith());
   return ToScreen({night.red + bright * kEarth.red, night.green + bright * kEarth.green,
                    night.blue + bright * kEarth.blue});
+}
+
+Rgba FindLandColour(const SkyLight& light, const Colour& day, double far) {
+  constexpr double kDay = 3.4, kNear = 0.38, kFar = 0.70;  // against the light of the exposure and of the sky
+  const Light own = FromPalette(day), sky = FromPalette(palette::kSkyFoot);
+  const double bright = light.IsNatural() ? kDay * Expose(light.GetZenith()) : 0.0;
+  const double night = kNear + (kFar - kNear) * far;
+  return ToScreen({night * sky.red + bright * own.red, night * sky.green + bright * own.green,
+                   night * sky.blue + bright * own.blue});
 }
 
 void DrawPlainSky(DisplayList& list) {

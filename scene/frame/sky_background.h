@@ -4,6 +4,7 @@
 // The sky behind everything, and the ground in its light. Makes no allocation.
 #pragma once
 
+#include "scene/display/palette.h"
 #include "scene/display_list.h"
 #include "scene/visibility/sky_light.h"
 
@@ -18,5 +19,9 @@ void DrawNaturalSky(const SkyLight& light, DisplayList& list);
 void DrawPlainSky(DisplayList& list);
 
 Rgba FindGroundColour(const SkyLight& light);
+
+// Of a part of a landscape that has that colour by day. `far`: 1 where air veils it, 0 before the viewer: at
+// night it is the darker the nearer it is, and darker than the sky.
+Rgba FindLandColour(const SkyLight& light, const Colour& day, double far);
 
 }  // namespace scene

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "scene/display/palette.h"
+#include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
@@ -42,11 +44,38 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   return capacity;
 }
 
+// What lights the sky; nothing where it is black. A chart of the night knows neither Sun nor Moon, and the
+// lamps of a site only where there are some.
+std::optional<SkySources> FindSources(const FrameParts& parts, const ObserverFrame& observer,
+                                      const ShownKinds& shown) {
+  const bool night = GetStyleRules(shown.style).nightSky;
+  if (!shown.naturalSky || (night && shown.darkness >= astro::kDarkSky)) return {};
+  auto sources = parts.solarSystem.FindSources(observer);
+  if (!sources) return {};
+  sources->darkness = shown.darkness;
+  if (night) sources->sun = sources->moon = {{0.0, 0.0, -1.0}};
+  return sources;
+}
+
+void DrawBorder(DisplayList& list) {
+  const double right = list.GetWidth(), bottom = list.GetHeight();
+  list.AddVertex(0.0, 0.0);
+  list.AddVertex(right, 0.0);
+  list.AddVertex(right, bottom);
+  list.AddVertex(0.0, bottom);
+  PolylineRecord line = {};
+  line.width = 3.0f * list.GetUnit();  // the half of it lies in the picture
+  line.colour = ToRgba(palette::kLegendText);
+  line.flags = kClosedLine;
+  list.AddLine(Layer::kChart, line);
+}
+
 // What lies lowest first.
-void Draw(FrameParts& parts) {
+void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalogs) {
   DisplayList& list = parts.list;
   const double lines = parts.light.GetLineStrength();
-  if (parts.light.IsNatural()) {
+  const StyleRules& rules = GetStyleRules(list.GetStyle());
+  if (parts.light.IsNatural() && !rules.nightSky) {
     DrawNaturalSky(parts.light, list);
   } else {
     DrawPlainSky(list);
@@ -59,16 +88,20 @@ void Draw(FrameParts& parts) {
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
   parts.nebulae.Draw(lines, list);
-  parts.objects.DrawDeepsky(parts.nebulae, lines, list);
+  if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
   parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
-  parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
+  if (parts.landscape.IsEmpty()) parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
+  parts.landscape.Draw(parts.light, list);
   parts.radiants.Draw(list);
   parts.favourites.Draw(list);
-  parts.caption.DrawGround(list);
+  if (rules.caption) parts.caption.DrawGround(list);
   parts.horizon.DrawCompass(list);
   parts.markers.Draw(list);
   parts.labels.Draw(lines, list);
+  parts.finders.Draw(list);
+  if (parts.withLegend) parts.legend.Draw(parts.objects, catalogs, stars, list);
+  if (rules.border) DrawBorder(list);
 }
 
 }  // namespace
@@ -100,6 +133,12 @@ void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) { m_Parts->favo
 
 void SkyFrame::SetShowers(std::vector<Shower> showers) { m_Parts->radiants.SetShowers(std::move(showers)); }
 
+void SkyFrame::SetLandscape(Landscape landscape) { m_Parts->landscape.SetLandscape(std::move(landscape)); }
+
+void SkyFrame::SetFinders(std::vector<Finder> finders) { m_Parts->finders.SetFinders(std::move(finders)); }
+
+void SkyFrame::ShowLegend(bool shown) { m_Parts->withLegend = shown; }
+
 std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
   return m_Parts->imageFrames.Load(groups, m_Catalogs);
 }
@@ -115,6 +154,7 @@ void SkyFrame::FetchTexts() {
   m_Parts->grids.FetchTexts();
   m_Parts->radiants.FetchTexts();
   m_Parts->solarSystem.FetchTexts();
+  m_Parts->legend.FetchTexts();
 }
 
 // The parts compute themselves in the order in which they take room for their labels.
@@ -125,19 +165,24 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   LabelPlacer& labels = parts.labels;
   labels.Begin(geometry.width, geometry.height);
   parts.solarSystem.Observe(geometry);
-  const auto sources = shown.naturalSky ? parts.solarSystem.FindSources(observer) : std::nullopt;
+  const auto sources = FindSources(parts, observer, shown);
   if (sources) {
     parts.light.Compute(geometry, *sources);
   } else {
     parts.light.SetPlain();
   }
   const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
-  parts.caption.Place(geometry, labels);
+  const bool written = GetStyleRules(shown.style).caption;
+  if (written) parts.caption.Place(geometry, labels);
+  if (parts.withLegend)
+    parts.legend.Place(geometry, written ? parts.caption.GetHeight(geometry.unit) : 0.0, labels);
+  parts.finders.Compute(geometry, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, shown.milkyWay);
   const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
+  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
@@ -150,8 +195,10 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
+  parts.landscape.HideLabels(geometry, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
-  Draw(parts);
+  parts.list.SetStyle(shown.style);
+  Draw(parts, tests.GetStarLimits(), m_Catalogs);
 }
 
 const DisplayList& SkyFrame::GetDisplayList() const { return m_Parts->list; }

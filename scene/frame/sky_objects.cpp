@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "scene/display/star_tint.h"
+#include "scene/display/style_rules.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -186,10 +187,11 @@ const char* SkyObjects::MakeStarLabel(int star, const LabelRules& rules) {
 void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
   constexpr double kNotable = 2.0;  // pixels; larger discs keep labels of others away
   const StarCatalog& stars = m_Catalogs.stars;
+  const StyleRules& style = GetStyleRules(tests.GetStyle());
   for (const auto& drawn : m_Stars) {
     const auto& place = drawn.output->m_Place;
-    if (place.radius > kNotable * geometry.unit)
-      labels.Reserve({place.x, place.y}, place.radius, place.radius);
+    const float radius = style.GetStarRadius(place.radius, static_cast<float>(geometry.unit));
+    if (radius > kNotable * geometry.unit) labels.Reserve({place.x, place.y}, radius, radius);
   }
   const LabelRules& rules = tests.GetLabels(FourCC("star"));
   m_StarLabels.clear();
@@ -198,11 +200,12 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tes
     if (drawn.star < 0) continue;  // nameless
     if (stars.GetCode(drawn.star) > tests.GetStarLimits().label) break;
     const auto& place = drawn.output->m_Place;
+    const auto unit = static_cast<float>(geometry.unit);
     const bool proper = rules.commonName && stars.HasProperName(drawn.star);
-    drawn.output->m_LabelIndex = labels.PlaceBeside(MakeStarLabel(drawn.star, rules), {place.x, place.y},
-                                                    place.radius, (proper ? 13.0 : 11.0) * geometry.unit,
-                                                    proper ? LabelKind::kStarName : LabelKind::kStarLetter,
-                                                    {FourCC("star"), drawn.number});
+    drawn.output->m_LabelIndex = labels.PlaceBeside(
+        MakeStarLabel(drawn.star, rules), {place.x, place.y}, style.GetStarRadius(place.radius, unit),
+        (proper ? 13.0 : 11.0) * geometry.unit, proper ? LabelKind::kStarName : LabelKind::kStarLetter,
+        {FourCC("star"), drawn.number});
   }
 }
 

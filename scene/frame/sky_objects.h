@@ -37,8 +37,11 @@ class SkyObjects {
   // and boxes lie as the objects do. A nebula whose outline has its form already has no box. `strength`: what
   // the sky leaves of symbols, 0 to 1.
   void DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const;
+  // The symbol of a deep-sky object of the catalog, of that radius around a pixel, y down.
+  void DrawSample(int object, double x, double y, double radius, DisplayList& list) const;
   // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
-  // so that a bright star lies over its neighbours.
+  // so that a bright star lies over its neighbours. Solid ones (style_rules.h) the other way round, each with
+  // a rim: none hides another.
   void DrawStars(DisplayList& list) const;
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }

@@ -5,6 +5,7 @@
 
 #include "scene/display/dot.h"
 #include "scene/display/palette.h"
+#include "scene/display/style_rules.h"
 #include "scene/display/symbol_colour.h"
 #include "scene/frame/sky_objects.h"
 #include "utils/text.h"
@@ -12,20 +13,29 @@
 namespace scene {
 namespace {
 
-void DrawStar(const DrawnStar& drawn, DisplayList& list) {
+// Light around a bright star; of solid ones a rim that keeps it apart from what lies below.
+Glow MakeStarGlow(const Colour& colour, double opacity, float radius, const StyleRules& rules, float unit) {
+  if (rules.solidStars) {
+    const float rim = radius + std::max(0.8f * unit, 0.6f);
+    return radius < 1.1f * unit ? Glow{} : Glow{radius, rim, 0.6f, ToRgba(colour), ToRgba(colour)};
+  }
+  if (!(radius > rules.glareFrom * unit)) return {};
+  return {0.0f, rules.glareReach * radius, 0.35f, ToRgba(colour, rules.glareStrength * opacity),
+          ToRgba(colour, rules.glareMiddle * opacity)};
+}
+
+void DrawStar(const DrawnStar& drawn, const StyleRules& rules, DisplayList& list) {
   const auto& place = drawn.output->m_Place;
   const Colour& colour = palette::kStars[std::min<unsigned>(drawn.spectrum, palette::kSpectralClasses)];
-  const double opacity = drawn.opacity;
+  const double opacity = rules.solidStars ? 1.0 : drawn.opacity;
+  const float radius = rules.GetStarRadius(place.radius, list.GetUnit());
   PointRecord point = {};
   point.x = place.x;
   point.y = static_cast<float>(list.GetHeight()) - place.y;
-  const PaintedDot dot = PaintedDot::Fit(place.radius);
+  const PaintedDot dot = PaintedDot::Fit(radius);
   point.radius = dot.radius;
   point.colour = ToRgba(colour, opacity * dot.opacity);
-  if (PaintedDot::Shines(place.radius, list.GetUnit())) {
-    point.glow = {0.0f, 3.6f * place.radius, 0.35f, ToRgba(colour, 0.55 * opacity),
-                  ToRgba(colour, 0.20 * opacity)};
-  }
+  point.glow = MakeStarGlow(colour, opacity, radius, rules, list.GetUnit());
   point.object = {FourCC("star"), drawn.number};
   list.Add(Layer::kStars, point);
 }
@@ -83,8 +93,23 @@ void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, double strength, Displa
   }
 }
 
+void SkyObjects::DrawSample(int object, double x, double y, double radius, DisplayList& list) const {
+  constexpr float kSlope = static_cast<float>(-25.0 * kRadiansPerDegree);
+  CommonInterfaces::DeepskyOutput output;
+  output.m_Place = {static_cast<float>(x), static_cast<float>(list.GetHeight() - y),
+                    static_cast<float>(radius), 0.0f};
+  output.m_MajorSize = output.m_MinorSize = static_cast<float>(2.0 * radius);
+  DrawSymbol({&output, object, 1.0f, kSlope}, m_Catalogs.deepsky[static_cast<std::size_t>(object)], 1.0,
+             list);
+}
+
 void SkyObjects::DrawStars(DisplayList& list) const {
-  for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn) DrawStar(*drawn, list);
+  const StyleRules& rules = GetStyleRules(list.GetStyle());
+  if (rules.solidStars) {
+    for (const auto& drawn : m_Stars) DrawStar(drawn, rules, list);
+  } else {
+    for (auto drawn = m_Stars.rbegin(); drawn != m_Stars.rend(); ++drawn) DrawStar(*drawn, rules, list);
+  }
 }
 
 }  // namespace scene

@@ -39,6 +39,7 @@ astro::SkyLights MakeLights(const SkySources& sources) {
   lights.moonAltitude = GetAltitude(sources.moon);
   lights.moonPhaseAngle = sources.moonPhaseAngle;
   lights.moonlight = sources.moonlight;
+  lights.darkness = sources.darkness;
   return lights;
 }
 
@@ -47,6 +48,10 @@ double Rise(float code, float from, float to) {
   const double t = std::clamp((static_cast<double>(code) - from) / (to - from), 0.0, 1.0);
   return t * t * (3.0 - 2.0 * t);
 }
+
+// The light of lamps against that at the zenith: their dome grows brighter towards the horizon, as photographs
+// of towns show it.
+double FindDome(double altitude) { return 1.0 + 1.6 * std::exp(-altitude / (14.0 * kRadiansPerDegree)); }
 
 }  // namespace
 
@@ -68,6 +73,10 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
   m_Height = geometry.height;
   m_StarGain = std::max(0.0f, ClassLimits(geometry.camera, FourCC("star")).draw - GetDarkLimit());
   const astro::SkyBrightness brightness(MakeLights(sources));
+  // The part of the night's own light that comes from lamps, and what they give the zenith.
+  const double lamps = std::max(
+                   0.0, 1.0 - astro::GetLuminance(astro::kDarkSky) / astro::GetLuminance(sources.darkness)),
+               ownZenith = brightness.GetParts(0.5 * kPi, kPi, kPi).own;
   const PixelDirections directions(geometry);
   m_FaintestLimit = MakeCode(-10.0);
   m_LeastLuminance = 1e12;
@@ -79,13 +88,15 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
     node.fromSun = GetAngle(direction, sources.sun);
     const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
     node.scattered = parts.scattered;
-    node.limit = MakeCode(astro::GetNakedEyeLimit(parts.own + parts.scattered));
+    node.lamps = lamps * ownZenith * FindDome(node.altitude);
+    node.limit = MakeCode(astro::GetNakedEyeLimit((1.0 - lamps) * parts.own + node.lamps + parts.scattered));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
-    m_LeastLuminance = std::min(m_LeastLuminance, node.scattered);
+    m_LeastLuminance = std::min(m_LeastLuminance, node.scattered + node.lamps);
   }
   const Direction zenith = {{0.0, 0.0, 1.0}};
-  m_ZenithLuminance =
-      brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon)).scattered;
+  const auto above =
+      brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon));
+  m_ZenithLuminance = above.scattered + lamps * ownZenith;
   m_LineStrength = Rise(m_FaintestLimit, MakeCode(1.0), MakeCode(5.0));
   m_GlowStrength = Rise(m_FaintestLimit, MakeCode(4.4), MakeCode(6.2));
 }

@@ -23,6 +23,7 @@ struct SkySources {
   Direction sun, moon;                     // in the horizon frame
   double sunlight = 1.0, moonlight = 1.0;  // the parts that eclipses leave
   double moonPhaseAngle = 0.0;
+  double darkness = astro::kDarkSky;  // of the site's night (astro::SkyLights)
 };
 
 // Allocates at its construction only.
@@ -34,6 +35,7 @@ class SkyLight {
     double altitude,
         fromSun;       // radians; below the horizon the altitude is that of the point as high above it
     double scattered;  // luminance that Sun and Moon give the sky, cd/m2
+    double lamps;      // that the lamps on the ground give it: what the night has above that of the country
     float limit;       // of the naked eye, magnitude code
   };
 
@@ -48,7 +50,7 @@ class SkyLight {
   bool IsNatural() const { return m_Natural; }
   const std::vector<Node>& GetNodes() const { return m_Nodes; }
   const SkySources& GetSources() const { return m_Sources; }
-  // Luminances that Sun and Moon give, cd/m2: of the zenith, and the least in the window.
+  // Luminances that Sun, Moon and lamps give, cd/m2: of the zenith, and the least in the window.
   double GetZenith() const { return m_ZenithLuminance; }
   double GetLeast() const { return m_LeastLuminance; }
 

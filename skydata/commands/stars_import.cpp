@@ -5,9 +5,9 @@
 
 #include "skydata/commands/command.h"
 #include "skydata/files/source_error.h"
-#include "skydata/files/terminal.h"
 #include "skydata/stars/import.h"
 #include "skydata/strings/show.h"
+#include "utils/program.h"
 
 namespace skydata {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "skydata/stars/progress_bar.h"
+#include "utils/progress_bar.h"
 
 namespace skydata {
 

@@ -43,7 +43,7 @@ void CheckInside(const AtOptions& options, const char* command) {
 std::string RunAt(const Call& call) {
   AtOptions options = Parse(call);
   SkyOptions& asked = options.sky;
-  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
+  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras, asked.chart);
   CheckInside(options, call.command.name);
   ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);

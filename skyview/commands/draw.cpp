@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <iostream>
+
 #include "paint/picture_file.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/sequence.h"
 #include "skyview/commands/shown_sky.h"
 #include "skyview/commands/start.h"
 #include "skyview/options/picture_group.h"
+#include "utils/program.h"
 
 namespace skyview {
 namespace {
@@ -35,7 +38,7 @@ void WritePictures(const DrawOptions& options, const scene::SkyFrame& frame) {
   if (options.sequence.play) return;  // the names are patterns
   std::string error;
   for (const auto& name : options.pictures.out)
-    Require(paint::WritePicture(frame.GetDisplayList(), name, error), error);
+    Require(paint::WritePicture(frame.GetDisplayList(), name, error, FindSheet(options.sky.chart)), error);
 }
 
 // Files that keep what was drawn.
@@ -56,14 +59,14 @@ void Keep(const DrawOptions& options, ShownSky& sky) {
 std::string RunDraw(const Call& call) {
   DrawOptions options = Parse(call);
   SkyOptions& asked = options.sky;
-  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
+  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras, asked.chart);
   ShownSky sky(asked, session, call.clock, call.diagnostics);
   ShowOrbits(options.sequence, sky);
   sky.Compute();
   WritePictures(options, sky.GetMaker().GetFrame());
   Keep(options, sky);
   const std::string report = sky.MakeReport();
-  DrawSequence(options.sequence, options.pictures.out, asked.view.GetSize(), sky);
+  DrawSequence(options.sequence, options.pictures.out, asked, sky, IsErrorTerminal() ? &std::cerr : nullptr);
   return report;
 }
 

@@ -38,7 +38,7 @@ std::string RunHomesShow(const Call& call) {
 std::string RunHomesStore(const Call& call) {
   StoreOptions options = ParseStore(call);
   SkyOptions& asked = options.sky;
-  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
+  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras, asked.chart);
   ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);
   sky.Compute();

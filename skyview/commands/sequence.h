@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "paint/picture_file.h"
 #include "skyview/commands/shown_sky.h"
 #include "skyview/options/picture_group.h"
 
@@ -16,10 +19,14 @@ namespace skyview {
 void ShowOrbits(const SequenceOptions& options, ShownSky& sky);
 
 // Draws the frames that the options ask for, if any, by the plays that the camera then describes, the first
-// one where it stands, and writes pictures and contact sheet. Afterwards the plays are stopped and the camera
+// one where it stands, and writes pictures, contact sheet, animation and trails; a line on `terminal`, if
+// there is one, says how far it is. Afterwards the plays are stopped and the camera
 // stands at the last frame. Throws Stop at the first picture that cannot be written; those before it are
 // there. `patterns`: their names.
-void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns, PictureSize size,
-                  ShownSky& sky);
+void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns,
+                  const SkyOptions& asked, ShownSky& sky, std::ostream* terminal);
+
+// The sheet of paper of --page, nothing without.
+std::optional<paint::Sheet> FindSheet(const ChartOptions& chart);
 
 }  // namespace skyview

@@ -15,6 +15,7 @@
 #include "skyview/reports/status.h"
 #include "skyview/session/choice.h"
 #include "skyview/session/favourite_list.h"
+#include "utils/debug.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -52,6 +53,18 @@ std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
   return marks;
 }
 
+// That of the body below the observer, if one is wanted. The default one can be done without.
+scene::Landscape FindLandscape(const ChartOptions& chart, const CommonInterfaces::Camera& camera) {
+  scene::Landscape landscape;
+  const int choice = chart.landscape.value_or(scene::kDefaultLandscape);
+  std::string error;
+  if (choice == kNoLandscape) return landscape;
+  const bool found = scene::LoadLandscape(camera.GetObserver(), choice, landscape, error);
+  Require(found || !chart.landscape, "--landscape: " + error);
+  if (!found) PrintDebugString("%s\n", error.c_str());
+  return landscape;
+}
+
 }  // namespace
 
 ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
@@ -67,6 +80,8 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
   m_Marks = FindMarks(session);
   m_Shown = scene::ReadShownKinds(m_View.settings);
   m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
+  m_Shown.darkness = options.chart.GetDarkness();
+  scene::SetChartStyle(options.chart.GetStyle(), m_Shown);
   m_Filters.Refresh(m_View.settings);
   for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
   m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);
@@ -79,6 +94,9 @@ void ShownSky::SetUpFrame(const SkyOptions& options) {
   scene::SkyFrame& frame = m_Maker->GetFrame();
   const PictureSize size = options.view.GetSize();
   frame.SetFavourites(m_Marks);
+  frame.SetLandscape(FindLandscape(options.chart, m_View.camera));
+  frame.SetFinders(options.chart.MakeFinders());
+  frame.ShowLegend(options.chart.HasLegend());
   if (options.extras.showers) frame.SetShowers(scene::LoadShowers());
   if (const auto missing = frame.SetImageFrames(options.extras.framesOf)) {
     Require(false, std::string(scene::GetImageCatalogName(*missing)) + ": not found, which --frames-of " +

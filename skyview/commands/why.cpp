@@ -28,7 +28,7 @@ WhyOptions Parse(const Call& call) {
 std::string RunWhy(const Call& call) {
   WhyOptions options = Parse(call);
   SkyOptions& asked = options.sky;
-  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras);
+  const auto session = Start(call, options.root, asked.view, asked.satellites, asked.extras, asked.chart);
   ShownSky sky(asked, session, call.clock, call.diagnostics);
   sky.ShowOrbits(0.0);
   sky.Compute();

@@ -27,7 +27,7 @@ constexpr OptionRow<PictureOptions> kPictureRows[] = {
      Times::kAgain,
      ReadPicture}};
 
-std::optional<std::string> ParseSheetName(const std::string& text) {
+std::optional<std::string> ParsePngName(const std::string& text) {
   if (!IsPictureName(text) || !text.ends_with(".png")) return std::nullopt;
   return text;
 }
@@ -45,7 +45,17 @@ constexpr OptionRow<SequenceOptions> kSequenceRows[] = {
     {{"--contact-sheet", "FILE.png", "all frames of the sequence in one picture"},
      Times::kOnce,
      [](const std::string& text, SequenceOptions& sequence) {
-       return Put(ParseSheetName(text), sequence.contactSheet);
+       return Put(ParsePngName(text), sequence.contactSheet);
+     }},
+    {{"--animation", "FILE.png", "all frames of the sequence as one animated PNG, ten a second"},
+     Times::kOnce,
+     [](const std::string& text, SequenceOptions& sequence) {
+       return Put(ParsePngName(text), sequence.animation);
+     }},
+    {{"--trails", "FILE.png", "the trails that the stars of all frames leave, in one picture"},
+     Times::kOnce,
+     [](const std::string& text, SequenceOptions& sequence) {
+       return Put(ParsePngName(text), sequence.trails);
      }}};
 
 constexpr OptionRow<KeepOptions> kKeepRows[] = {
@@ -64,8 +74,13 @@ void CheckPictures(const PictureOptions& pictures) {
 void CheckFrames(const SequenceOptions& sequence) {
   if (sequence.play && !sequence.frames) throw Stop{kBadOption, "--play: wants --frames N beside it"};
   if (sequence.frames && !sequence.play) throw Stop{kBadOption, "--frames: wants --play beside it"};
-  if (sequence.contactSheet && !sequence.play)
-    throw Stop{kBadOption, "--contact-sheet: wants --play beside it"};
+  const std::pair<const char*, const std::optional<std::string>&> files[] = {
+      {"--contact-sheet", sequence.contactSheet},
+      {"--animation", sequence.animation},
+      {"--trails", sequence.trails}};
+  for (const auto& [name, file] : files) {
+    if (file && !sequence.play) throw Stop{kBadOption, std::string(name) + ": wants --play beside it"};
+  }
 }
 
 }  // namespace
@@ -79,7 +94,7 @@ void CheckSequence(const SequenceOptions& sequence, const PictureOptions& pictur
   for (const auto& name : pictures.out) {
     if (!FrameNames::Parse(name)) ThrowBadValue(kPatterns, name);
   }
-  if (pictures.out.empty() && !sequence.contactSheet)
+  if (pictures.out.empty() && !sequence.contactSheet && !sequence.animation && !sequence.trails)
     throw Stop{kBadOption, "--play: wants --out NAME%03d.png or --contact-sheet FILE.png beside it"};
 }
 

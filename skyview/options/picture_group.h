@@ -20,8 +20,8 @@ struct PictureOptions {
 
 struct SequenceOptions {
   std::optional<PlayRequest> play;
-  std::optional<int> frames;  // with `play`
-  std::optional<std::string> contactSheet;
+  std::optional<int> frames;                                   // with `play`
+  std::optional<std::string> contactSheet, animation, trails;  // PNG files
 };
 
 struct KeepOptions {

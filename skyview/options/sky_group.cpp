@@ -3,6 +3,7 @@
 #include "skyview/options/sky_group.h"
 
 #include "skyview/options/catalog_requests.h"
+#include "skyview/options/stop.h"
 
 namespace skyview {
 namespace {
@@ -33,6 +34,13 @@ constexpr OptionRow<ExtraOptions> kExtraRows[] = {
      Times::kOnce,
      [](const std::string& text, ExtraOptions& extras) { return Put(ParseSkyKind(text), extras.sky); }}};
 
+// A page says how large the picture is.
+void TakePageSize(SkyOptions& sky) {
+  if (!sky.chart.page) return;
+  if (sky.view.size) throw Stop{kBadOption, "--page: says the size, wants no --size beside it"};
+  sky.view.size = sky.chart.page->GetSize();
+}
+
 }  // namespace
 
 const OptionGroup<SatelliteOptions> kSatelliteGroup = {"Satellites", kSatelliteRows, nullptr};
@@ -49,7 +57,9 @@ void TakeSky(CommandLine& line, SkyOptions& sky) {
   line.Take(kSettingsGroup, sky.settings);
   line.Take(kSatelliteGroup, sky.satellites);
   line.Take(kExtraGroup, sky.extras);
+  line.Take(kChartGroup, sky.chart);
   line.Check([&sky] { CheckSettings(sky.settings, sky.view); });
+  line.Check([&sky] { TakePageSize(sky); });
 }
 
 }  // namespace skyview

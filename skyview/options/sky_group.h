@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "skyview/options/chart_group.h"
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"
 #include "skyview/options/orbit_request.h"
@@ -38,6 +39,7 @@ struct SkyOptions {
   SettingsOptions settings;
   SatelliteOptions satellites;
   ExtraOptions extras;
+  ChartOptions chart;
 };
 
 extern const OptionGroup<SatelliteOptions> kSatelliteGroup;

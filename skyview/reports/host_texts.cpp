@@ -61,6 +61,7 @@ constexpr TextUse kHostTexts[] = {
     {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},
     {900431, 900431, "ff", kMaxLength, true, "skyview: hidden by the sky, its limit and the magnitude"},
     {900432, 900432, "", kMaxLength, true, "skyview: hidden by daylight"},
+    {900520, 900526, "", kMaxLength, true, "skyview: legend of a chart"},
     {900670, 900670, "s", kMaxLength, true, "skyview: title of the chart of Jupiter's moons"},
     {900671, 900672, "", kMaxLength, true, "skyview: east and west"},
     {900673, 900673, "s", kMaxLength, true, "skyview: what stands below that chart"},

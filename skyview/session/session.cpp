@@ -45,6 +45,7 @@ constexpr const char* kDataFiles[] = {kSettingsFile,
                                       "catalogs:asteroids.txt",
                                       "catalogs:comets.txt",
                                       "media:time_interval.ini",
+                                      "media:surface:panoramas.ini",
                                       "media:skyobjects:constell_images:constell.dat",
                                       "media:skyobjects:dso_images:dsoimagestrue.txt",
                                       "media:skyobjects:mway_images:mway.dat"};
@@ -232,6 +233,8 @@ void TakeOver(const SessionCapsule& capsule, ExtraOptions& extras) {
   if (!extras.sky && capsule.plainSky) extras.sky = SkyKind::kNone;
 }
 
+void TakeOver(const SessionCapsule& capsule, ChartOptions& chart) { TakeOver(capsule.chart, chart); }
+
 void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std::vector<std::string>& lost) {
   for (const auto& change : capsule.settings) {
     const ViewResult result = ChangeSetting(change, settings);
@@ -300,6 +303,7 @@ bool SaveSession(const std::string& path, const std::string& language, const Sky
     if (IsNameableKind(mark.kind)) capsule.marks.push_back({mark.kind, mark.number});
   }
   capsule.framesOf = options.extras.framesOf;
+  capsule.chart = options.chart;
   capsule.showers = options.extras.showers;
   capsule.plainSky = options.extras.sky == SkyKind::kNone;
   if (options.extras.orbits) capsule.orbits = FormatOrbits(*options.extras.orbits);

@@ -26,6 +26,7 @@ void TakeOver(const SessionCapsule& capsule, RootOptions& root);
 void TakeOver(const SessionCapsule& capsule, ViewOptions& view);
 void TakeOver(const SessionCapsule& capsule, SatelliteOptions& satellites);
 void TakeOver(const SessionCapsule& capsule, ExtraOptions& extras);
+void TakeOver(const SessionCapsule& capsule, ChartOptions& chart);
 
 // Lays the capsule's settings and favourites over the defaults. Appends a line to `lost` for each that no
 // longer fits.

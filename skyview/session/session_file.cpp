@@ -56,7 +56,8 @@ class SessionReader {
     if (word == "tle") return TakeText(value, m_HasTle, m_Capsule.tle);
     if (word == "orbits") return ParseOrbits(value) && TakeText(value, m_HasOrbits, m_Capsule.orbits);
     if (word == "marker") return TakeMarker(value);
-    return word == "data" && TakeData(value);
+    if (word == "data") return TakeData(value);
+    return ReadChartLine(word, value, m_Capsule.chart);
   }
 
   // Once a session.
@@ -174,6 +175,7 @@ std::string FormatSession(const SessionCapsule& capsule) {
   AppendLine("frames-of", FormatImageGroups(capsule.framesOf), text);
   AppendLine("showers", capsule.showers ? "on" : "", text);
   AppendLine("sky", capsule.plainSky ? "none" : "", text);
+  text += FormatChart(capsule.chart);
   AppendLine("tle", capsule.tle, text);
   AppendLine("orbits", capsule.orbits, text);
   for (const auto& marker : capsule.markers) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "skyview/options/catalog_requests.h"
+#include "skyview/options/chart_group.h"
 #include "skyview/options/motion_values.h"
 #include "skyview/options/option_values.h"
 
@@ -42,7 +43,8 @@ struct SessionCapsule {
   bool showers = false;
   bool plainSky = false;  // else day, twilight and moonlight
   std::string tle;        // file of two-line elements, "": none
-  std::string orbits;     // as --orbits takes it, "": none
+  ChartOptions chart;
+  std::string orbits;  // as --orbits takes it, "": none
   std::vector<DataVersion> data;
 };
 

@@ -117,4 +117,19 @@ double GetNakedEyeLimit(double luminance) {
   return -16.57 - 2.5 * std::log10(std::min(rods, cones));
 }
 
+double GetDarknessOfBortle(int bortleClass) {
+  constexpr double kClasses[] = {22.0, 21.94, 21.79, 21.09, 20.0, 19.22, 18.66, 18.09, 17.5};
+  return kClasses[std::clamp(bortleClass, 1, static_cast<int>(std::size(kClasses))) - 1];
+}
+
+// The limit grows with the darkness.
+double GetDarknessOfLimit(double magnitude) {
+  double bright = 10.0, dark = 23.0;
+  for (int i = 0; i < 60; ++i) {
+    const double middle = 0.5 * (bright + dark);
+    (GetNakedEyeLimit(GetLuminance(middle)) < magnitude ? bright : dark) = middle;
+  }
+  return dark;
+}
+
 }  // namespace astro

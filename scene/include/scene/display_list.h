@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "scene/api.h"
+#include "scene/chart_style.h"
 
 namespace scene {
 
@@ -53,7 +54,8 @@ enum class Layer : int {
   kCaptionGround = 12,
   kCompass = 13,
   kMarkers = 14,
-  kLabels = 15
+  kLabels = 15,
+  kChart = 20  // legend, scale and circles of finders; painted last
 };
 
 // The arrays. Frozen.
@@ -212,6 +214,8 @@ static_assert(sizeof(RingRecord) == 8 && sizeof(GradientRecord) == 72 && sizeof(
 static_assert(sizeof(MeshRecord) == 36);
 static_assert(sizeof(Run) == 16);
 
+class InkTable;
+
 // Made by SkyFrame (sky_frame.h), read by painters. The arrays keep their memory from frame to frame, and
 // pointers into them hold until the next frame is computed. One thread.
 class SCENE_API DisplayList {
@@ -244,6 +248,14 @@ class SCENE_API DisplayList {
   void SetMaps(std::vector<std::string> maps) { m_Maps = std::move(maps); }
   // Empties the list, but for the maps, for a picture of that size.
   void Begin(int width, int height, double unit);
+  // The style in whose colours the records that follow are drawn, until the next one is set.
+  void SetStyle(ChartStyle style);
+  ChartStyle GetStyle() const { return m_Style; }
+
+  // The records until EndSample show how things are drawn: they are drawn as they are on their own layers, but
+  // lie on that one and name no object.
+  void BeginSample(Layer layer) { m_SampleLayer = layer, m_IsSample = true; }
+  void EndSample() { m_IsSample = false; }
 
   // Each appends one record. Lines and areas take the vertices, and areas the rings, that were added since
   // the record before; vertices without a ring stand for one. A mesh takes the colours added since the
@@ -252,12 +264,12 @@ class SCENE_API DisplayList {
   void AddVertex(double x, double y);
   void EndRing();
   void AddColour(Rgba colour) { m_Colours.push_back(colour); }
-  void Add(Layer layer, const PointRecord& point);
-  void Add(Layer layer, const DiscRecord& disc);
+  void Add(Layer layer, PointRecord point);
+  void Add(Layer layer, DiscRecord disc);
   void Add(Layer layer, GlobeRecord globe);
-  void Add(Layer layer, const ShadowRecord& shadow);
-  void Add(Layer layer, const EllipseRecord& ellipse);
-  void Add(Layer layer, const GradientRecord& gradient);
+  void Add(Layer layer, ShadowRecord shadow);
+  void Add(Layer layer, EllipseRecord ellipse);
+  void Add(Layer layer, GradientRecord gradient);
   void AddLine(Layer layer, PolylineRecord line);
   void AddArea(Layer layer, PolygonRecord area);
   void AddMesh(Layer layer, MeshRecord mesh);
@@ -273,9 +285,16 @@ class SCENE_API DisplayList {
 
  private:
   void Note(RecordType type, Layer layer, int count);
+  template <class Record>
+  void Prepare(Layer& layer, Record& record) const;
+  void InkColours(Layer layer, int first);
 
   int m_Width = 0, m_Height = 0;
   float m_Unit = 1.0f;
+  ChartStyle m_Style = ChartStyle::kScreen;
+  const InkTable* m_Inks = nullptr;  // of the style, null: colours as they are
+  Layer m_SampleLayer = Layer::kChart;
+  bool m_IsSample = false;
   int m_OpenVertex = 0, m_OpenRing = 0, m_OpenColour = 0;  // the first that belong to no record yet
   std::vector<Run> m_Runs;
   std::vector<PointRecord> m_Points;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "astro/sky_brightness.h"
 #include "common_interfaces/settings_data.h"
 #include "scene/api.h"
+#include "scene/chart_style.h"
 #include "scene/label_rules.h"
 
 namespace scene {
@@ -47,6 +49,8 @@ struct SCENE_API ShownKinds {
   // Day, twilight, moonlight and extinction for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.
   bool naturalSky = true;
+  double darkness = astro::kDarkSky;       // of the site's night (SkyLights)
+  ChartStyle style = ChartStyle::kScreen;  // SetChartStyle
   SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};

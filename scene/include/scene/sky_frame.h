@@ -16,7 +16,9 @@
 #include "scene/display_list.h"
 #include "scene/drawn_objects.h"
 #include "scene/eclipse.h"
+#include "scene/finder.h"
 #include "scene/image_groups.h"
+#include "scene/landscape.h"
 #include "scene/object_filter.h"
 #include "scene/observer_frame.h"
 #include "scene/showers.h"
@@ -55,6 +57,13 @@ class SCENE_API SkyFrame {
   // The groups of images that have their outlines drawn, a combination of ImageGroup. Answers the group whose
   // catalog is missing (GetImageCatalogName), if one is: no outlines are drawn then.
   std::optional<ImageGroup> SetImageFrames(unsigned groups);
+  // What stands on the ground where a horizon is shown, in styles that show the sky as it looks. An empty one:
+  // the ground is plain. Objects behind it are drawn before it, and their names are not.
+  void SetLandscape(Landscape landscape);
+  // The fields of instruments around the middle of the picture.
+  void SetFinders(std::vector<Finder> finders);
+  // The box that says what the dots and symbols mean, with a scale, north and east.
+  void ShowLegend(bool shown);
   // Switches the orbit of a body on, by its index in the catalogs' list; it appears over `fadeIn` seconds of
   // the animation clock (utils/clock.h). False for a body that has none: the Sun.
   bool ShowOrbit(int body, double fadeIn);

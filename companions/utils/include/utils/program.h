@@ -9,6 +9,9 @@
 // The folder that the running program lies in; "" when the system does not tell. Any thread.
 UTILS_API std::string GetProgramFolder();
 
+// Whether somebody watches standard error on a terminal, where a line may be written over. Any thread.
+UTILS_API bool IsErrorTerminal();
+
 // One of the static objects of a program, made before all others. From then on an exception that ends the
 // program where nothing can catch it, in a static initialiser or in a noexcept function of the standard
 // library, does so for lack of memory: one line on standard error, "NAME: there is not enough memory for

@@ -22,6 +22,7 @@
 #include "utils/numbers.h"
 #include "utils/path.h"
 #include "utils/program.h"
+#include "utils/progress_bar.h"
 #include "utils/replace_file.h"
 #include "utils/text.h"
 #include "utils/timezone.h"

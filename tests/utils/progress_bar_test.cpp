@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skydata/stars/progress_bar.h"
+#include "utils/progress_bar.h"
 
 #include <sstream>
 
 #include <gtest/gtest.h>
 
-namespace skydata {
 namespace {
 
 TEST(ProgressBar, WritesOverItsLineAndGoes) {
@@ -30,5 +29,15 @@ TEST(ProgressBar, SharesBeyondTheEndsCount) {
 
 TEST(ProgressBar, WithoutATerminalNothingIsWritten) { ProgressBar(nullptr).Show("reading", 0.5); }
 
+// 30 % took 12 seconds: the other 70 % take 28.
+TEST(ProgressBar, TheTimeLeftFollowsFromWhatIsDone) {
+  EXPECT_EQ(FormatTimeLeft(12.0, 0.3), "0:28 left");
+  EXPECT_EQ(FormatTimeLeft(100.0, 0.25), "5:00 left");
+  EXPECT_EQ(FormatTimeLeft(3600.0, 1.0 / 3.0), "2:00:00 left");
+  EXPECT_EQ(FormatTimeLeft(10.0, 1.0), "0:00 left");
+  EXPECT_EQ(FormatTimeLeft(0.5, 0.5), "") << "too soon to tell";
+  EXPECT_EQ(FormatTimeLeft(5.0, 0.0), "");
+  EXPECT_EQ(FormatTimeLeft(1e9, 0.001), "99:59:59 left");
+}
+
 }  // namespace
-}  // namespace skydata
