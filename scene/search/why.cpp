@@ -81,7 +81,7 @@ Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame)
 
 Case MakeConstellationCase(int index, const ObjectTests& tests, const ShownView& view) {
   const auto& constellation = view.frame.GetCatalogs().constellations[static_cast<std::size_t>(index)];
-  const char* name = constellation.GetShownName(view.shown.englishNames).c_str();
+  const char* name = constellation.GetName(view.shown.GetConstellationForm()).c_str();
   Case made = {FourCC("cnst"),
                {},
                GetTraits(constellation),

@@ -25,6 +25,11 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::figures, FourCC("cnst"), "PatternsVisible"},
                                 {&ShownKinds::boundaries, FourCC("cnst"), "BoundariesVisible"},
                                 {&ShownKinds::englishNames, FourCC("cnst"), "EnglishName"},
+                                {&ShownKinds::genitiveNames, FourCC("cnst"), "LatinGenitive"},
+                                {&ShownKinds::localNames, FourCC("cnst"), "LocalName"},
+                                {&ShownKinds::asterisms, FourCC("cnst"), "Asterisms"},
+                                {&ShownKinds::planetFeatures, FourCC("plnt"), "PlanetFeatures"},
+                                {&ShownKinds::moonFeatures, FourCC("moon"), "MoonFeatures"},
                                 {&ShownKinds::milkyWay, FourCC("grid"), "MilkyWayVisible"},
                                 {&ShownKinds::horizon, FourCC("grid"), "HorizonDraw"},
                                 {&ShownKinds::compass, FourCC("grid"), "Compass"},
@@ -82,7 +87,6 @@ struct Undrawn {
   const char* reason;
 };
 constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
-               kFeatures[] = "features of surfaces are not named",
                kPlanetPath[] = "paths of planets are not drawn",
                kAsteroidGroups[] = "groups of asteroids are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
@@ -95,20 +99,17 @@ constexpr Undrawn kUndrawn[] = {
     {FourCC("star"), "LuminosityUndef", "stars are not filtered by luminosity class"},
     {FourCC("plnt"), "PlanetGuides", kPhysicalGrid},
     {FourCC("plnt"), "PlanetGrid", kPhysicalGrid},
-    {FourCC("plnt"), "PlanetFeatures", kFeatures},
     {FourCC("plnt"), "PlanetCelPath", kPlanetPath},
     {FourCC("plnt"), "PlanetLocPath", kPlanetPath},
     {FourCC("moon"), "MoonGuides", kPhysicalGrid},
     {FourCC("moon"), "MoonGrid", kPhysicalGrid},
-    {FourCC("moon"), "MoonFeatures", kFeatures},
     {FourCC("astr"), "ShowAsterBelt", "the belt of asteroids is not drawn"},
     {FourCC("astr"), "AsterGroups", kAsteroidGroups},
     {FourCC("astr"), "AsterLabels", kAsteroidGroups},
     {FourCC("scft"), "USCOZoomDependShow", kNoMagnitude},
     {FourCC("scft"), "USCOZoomDependLabel", kNoMagnitude},
     {FourCC("cnst"), "ImagesVisible", kImages},
-    {FourCC("cnst"), "ImagesBrightness", kImages},
-    {FourCC("cnst"), "LatinGenitive", "the catalog of constellations has no genitives"}};
+    {FourCC("cnst"), "ImagesBrightness", kImages}};
 
 // The value of a field of one byte, `otherwise` where the section has none.
 unsigned char ReadByte(SettingsData& settings, unsigned section, const char* name, unsigned char otherwise) {
@@ -150,6 +151,12 @@ bool ShownKinds::IsShown(int kind) const {
   if (kind == FourCC("comt")) return comets;
   if (kind == FourCC("scft")) return spacecraft;
   return kind == FourCC("dsnv") && otherDeepsky;
+}
+
+NameForm ShownKinds::GetConstellationForm() const {
+  if (englishNames) return NameForm::kEnglish;
+  if (genitiveNames) return NameForm::kGenitive;
+  return localNames ? NameForm::kLocal : NameForm::kLatin;
 }
 
 const LabelRules& ShownKinds::GetLabels(int kind) const {

@@ -90,12 +90,11 @@ std::string MakeCities(const std::filesystem::path& source) {
 std::string MakeDoubleStars(const std::filesystem::path& source) {
   enum Column { kHR, kHIP, kDiscoverer, kPair, kMag1, kMag2, kSeparation, kAngle };
   constexpr double kWidest = 3600.0;  // seconds of arc
-  const SourceTable table(
-      source / "doubles" / "doubles.tsv",
-      {"HR", "HIP", "Discoverer", "Pair", "Mag1", "Mag2", "Separation_arcsec", "PosAngle_deg"});
+  const SourceTable table(source / "doubles" / "doubles.tsv", {"HR", "HIP", "Discoverer", "Pair", "Mag1",
+                                                               "Mag2", "Separation_arcsec", "PosAngle_deg"});
   CatalogText catalog("doubles/doubles.tsv",
-                      {"BrightStarID:i32", "HipparcosID:i32", "Discoverer:text", "Pair:text", "Magnitude1:f32",
-                       "Magnitude2:f32", "Separation:f64", "PairAngle:f64"});
+                      {"BrightStarID:i32", "HipparcosID:i32", "Discoverer:text", "Pair:text",
+                       "Magnitude1:f32", "Magnitude2:f32", "Separation:f64", "PairAngle:f64"});
   for (int row = 0; row < table.GetRowCount(); ++row) {
     if (table.GetText(row, kHR).empty() && table.GetText(row, kHIP).empty())
       table.Fail(row, kHIP, "wants HR or HIP");

@@ -5,12 +5,14 @@
 #include <cmath>
 #include <filesystem>
 
+#include "astro/constants.h"
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
 #include "scene/aim.h"
 #include "scene/base_plane.h"
 #include "scene/field_of_view.h"
 #include "scene/observer_frame.h"
+#include "scene/texts.h"
 #include "skyview/session/here_and_now.h"
 #include "skyview/session/homes.h"
 #include "skyview/session/session.h"
@@ -71,9 +73,9 @@ void ApplyPlace(const Place& place, Camera& camera) {
   SphCoor location = camera.GetLocation();
   location.lat = place.latitude * scene::kRadiansPerDegree;
   location.lon = place.longitude * scene::kRadiansPerDegree;
-  location.dist = 0.0;
+  location.dist = place.height / astro::kMetresPerAu;
   camera.SetLocation(location);
-  camera.SetLocationName("");
+  camera.SetLocationName(scene::ToCodePage(place.name).c_str());
 }
 
 ViewResult ApplyField(double field, const PictureSize& size, Camera& camera) {

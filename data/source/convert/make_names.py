@@ -19,6 +19,8 @@ RENAMED = {"Belt": "Orion's Belt", "Sword": "Orion's Sword"}
 UNTRUSTED = {"po"}  # names matched by machine, many of them wrong
 KINDS = {"cluster", "galaxy", "nebula", "star", "constellation", "asterism", "planet"}
 OTHER_STARS = {"Toliman", "Rigil Kent"}  # of another star, or there already
+# As the tables of deep-sky objects list them.
+RENUMBERED = {"Melotte 25": "C 41", "Melotte 111": "Mel 111", "LMC": "ESO 56-115"}
 COMMENT = "made by data/source/convert/make_names.py"
 
 
@@ -80,6 +82,8 @@ def find_thing(row):
         return "moon 301" if row["Object"] == "301" else row["Object"]
     if number:
         return f"{number[1]} {number[2]}"
+    if row["Object"] in RENUMBERED:
+        return RENUMBERED[row["Object"]]
     return row["Object"] if "," not in row["Object"] else ""
 
 
