@@ -39,8 +39,7 @@ bool IsWide(const SurfaceFeature& feature) {
 SurfaceView::SurfaceView(const ViewGeometry& geometry, const BodyState& state,
                          const astro::PhysicalEphemeris& surface)
     : m_Geometry(geometry), m_State(state), m_Surface(surface) {
-  m_PixelsPerKm =
-      geometry.camera.VisRad2PixD(1.0 / (state.seen.distance * astro::kKilometresPerAu));
+  m_PixelsPerKm = geometry.camera.VisRad2PixD(1.0 / (state.seen.distance * astro::kKilometresPerAu));
   MV3prod(surface.toBody, state.seen.apparent, m_ToObserver);
   for (double& component : m_ToObserver) component = -component;
 }
@@ -71,11 +70,13 @@ bool SurfaceView::IsLargeEnough(const SurfaceFeature& feature) const {
   return feature.prominence * m_PixelsPerKm >= m_Geometry.unit;
 }
 
-SurfaceNames::SurfaceNames(const Gazetteers& gazetteers) : m_Gazetteers(gazetteers) { m_Marks.reserve(LabelPlacer::kMaxLabels); }
+SurfaceNames::SurfaceNames(const Gazetteers& gazetteers) : m_Gazetteers(gazetteers) {
+  m_Marks.reserve(LabelPlacer::kMaxLabels);
+}
 
-void SurfaceNames::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const BodyModel& model,
-                           const std::vector<DrawnBody>& bodies, const ShownKinds& shown,
-                           LabelPlacer& labels) {
+void SurfaceNames::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                           const BodyModel& model, const std::vector<DrawnBody>& bodies,
+                           const ShownKinds& shown, LabelPlacer& labels) {
   Clear();
   m_Unit = geometry.unit;
   const double leastSine = shown.horizon && observer.horizon ? 0.0 : -2.0;
@@ -91,8 +92,8 @@ void SurfaceNames::Compute(const ViewGeometry& geometry, const ObserverFrame& ob
 }
 
 // The features are sorted by prominence.
-void SurfaceNames::AddBody(const SurfaceView& view, const SSO_ID& id, const DrawnBody& drawn, double leastSine,
-                           const double zenith[3], LabelPlacer& labels) {
+void SurfaceNames::AddBody(const SurfaceView& view, const SSO_ID& id, const DrawnBody& drawn,
+                           double leastSine, const double zenith[3], LabelPlacer& labels) {
   const auto& features = m_Gazetteers.Get(id);
   for (std::size_t i = 0; i < features.size(); ++i) {
     const SurfaceFeature& feature = features[i];

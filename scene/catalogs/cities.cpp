@@ -35,10 +35,12 @@ std::vector<std::string> SplitNames(std::string_view names) {
   return list;
 }
 
-bool IsNamed(const City& city, const std::string& key) {
-  if (MakeNameKey(city.name) == key) return true;
-  return std::any_of(city.otherNames.begin(), city.otherNames.end(),
-                     [&key](const std::string& name) { return MakeNameKey(name) == key; });
+// The one of its names that has the key, null for none.
+const std::string* FindName(const City& city, const std::string& key) {
+  if (MakeNameKey(city.name) == key) return &city.name;
+  const auto other = std::find_if(city.otherNames.begin(), city.otherNames.end(),
+                                  [&key](const std::string& name) { return MakeNameKey(name) == key; });
+  return other == city.otherNames.end() ? nullptr : &*other;
 }
 
 bool IsIn(const City& city, const std::string& country) {
@@ -69,11 +71,12 @@ std::vector<City> LoadCities() {
 }
 
 // A whole name may have a comma of its own: "Washington, D.C.".
-std::vector<const City*> FindCities(const std::vector<City>& cities, const std::string& text) {
-  std::vector<const City*> found;
+std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::string& text) {
+  std::vector<FoundCity> found;
   const auto collect = [&](const std::string& name, const std::string& country) {
     for (const City& city : cities) {
-      if (IsNamed(city, name) && (country.empty() || IsIn(city, country))) found.push_back(&city);
+      const std::string* const called = FindName(city, name);
+      if (called && (country.empty() || IsIn(city, country))) found.push_back({&city, *called});
     }
   };
   if (MakeNameKey(text).empty()) return found;
@@ -83,8 +86,9 @@ std::vector<const City*> FindCities(const std::vector<City>& cities, const std::
     const std::string country = MakeNameKey(text.substr(comma + 1));
     if (!country.empty()) collect(MakeNameKey(text.substr(0, comma)), country);
   }
-  std::stable_sort(found.begin(), found.end(),
-                   [](const City* a, const City* b) { return a->population > b->population; });
+  std::stable_sort(found.begin(), found.end(), [](const FoundCity& a, const FoundCity& b) {
+    return a.city->population > b.city->population;
+  });
   return found;
 }
 

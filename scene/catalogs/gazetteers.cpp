@@ -25,12 +25,12 @@ struct BodyName {
 };
 constexpr int kPlanet = FourCC("plnt"), kMoon = FourCC("moon");
 constexpr BodyName kNames[] = {
-    {kMoon, 301, "moon"},     {kPlanet, 4, "mars"},      {kPlanet, 1, "mercury"},  {kPlanet, 2, "venus"},
-    {kPlanet, 9, "pluto"},    {kMoon, 401, "phobos"},    {kMoon, 402, "deimos"},   {kMoon, 501, "io"},
-    {kMoon, 502, "europa"},   {kMoon, 503, "ganymede"},  {kMoon, 504, "callisto"}, {kMoon, 601, "mimas"},
+    {kMoon, 301, "moon"},      {kPlanet, 4, "mars"},     {kPlanet, 1, "mercury"},  {kPlanet, 2, "venus"},
+    {kPlanet, 9, "pluto"},     {kMoon, 401, "phobos"},   {kMoon, 402, "deimos"},   {kMoon, 501, "io"},
+    {kMoon, 502, "europa"},    {kMoon, 503, "ganymede"}, {kMoon, 504, "callisto"}, {kMoon, 601, "mimas"},
     {kMoon, 602, "enceladus"}, {kMoon, 603, "tethys"},   {kMoon, 604, "dione"},    {kMoon, 605, "rhea"},
-    {kMoon, 606, "titan"},    {kMoon, 608, "iapetus"},   {kMoon, 701, "ariel"},    {kMoon, 702, "umbriel"},
-    {kMoon, 703, "titania"},  {kMoon, 704, "oberon"},    {kMoon, 705, "miranda"},  {kMoon, 801, "triton"},
+    {kMoon, 606, "titan"},     {kMoon, 608, "iapetus"},  {kMoon, 701, "ariel"},    {kMoon, 702, "umbriel"},
+    {kMoon, 703, "titania"},   {kMoon, 704, "oberon"},   {kMoon, 705, "miranda"},  {kMoon, 801, "triton"},
     {kMoon, 901, "charon"}};
 constexpr int kBodies = static_cast<int>(std::size(kNames));
 constexpr int kBodyFeatures = 1 << 16;  // numbers of an index that a body has
@@ -49,11 +49,12 @@ struct ExtentRule {
 };
 constexpr double kLeastOfMost = 16.0;
 constexpr ExtentRule kExtents[] = {
-    {"Mare", 30.0},    {"Oceanus", 30.0}, {"Regio", 60.0},    {"Planitia", 40.0}, {"Terra", 60.0},
-    {"Planum", 60.0},  {"Catena", 140.0}, {"Chasma", 90.0},   {"Dorsum", 140.0},  {"Fluctus", 90.0},
-    {"Fossa", 140.0},  {"Linea", 140.0},  {"Rima", 140.0},    {"Rupes", 140.0},   {"Scopulus", 140.0},
-    {"Sulcus", 140.0}, {"Vallis", 140.0}, {"Virga", 140.0},   {"Flexus", 140.0},  {"Satellite feature", 60.0},
-    {"Corona", 60.0},  {"Tessera", 60.0}, {"Flumen", 140.0}, {"Albedo feature", 60.0}};
+    {"Mare", 30.0},    {"Oceanus", 30.0}, {"Regio", 60.0},     {"Planitia", 40.0},
+    {"Terra", 60.0},   {"Planum", 60.0},  {"Catena", 140.0},   {"Chasma", 90.0},
+    {"Dorsum", 140.0}, {"Fluctus", 90.0}, {"Fossa", 140.0},    {"Linea", 140.0},
+    {"Rima", 140.0},   {"Rupes", 140.0},  {"Scopulus", 140.0}, {"Sulcus", 140.0},
+    {"Vallis", 140.0}, {"Virga", 140.0},  {"Flexus", 140.0},   {"Satellite feature", 60.0},
+    {"Corona", 60.0},  {"Tessera", 60.0}, {"Flumen", 140.0},   {"Albedo feature", 60.0}};
 
 double FindProminence(const SurfaceFeature& feature) {
   const double extent =
@@ -88,9 +89,13 @@ std::vector<SurfaceFeature> ReadFeatures(const BodyName& body) {
   if (!shape) return features;
   for (int record = 0; record < std::min(table.GetCount(), kBodyFeatures); ++record) {
     table.Select(record);
-    SurfaceFeature feature = {FieldText(table, FieldIds::ProperName), FieldText(table, kType),
-                              FieldNumber(table, kLatitude, kMissing), FieldNumber(table, kLongitude, kMissing),
-                              FieldNumber(table, kDiameter, 0.0), 0.0,     {}};
+    SurfaceFeature feature = {FieldText(table, FieldIds::ProperName),
+                              FieldText(table, kType),
+                              FieldNumber(table, kLatitude, kMissing),
+                              FieldNumber(table, kLongitude, kMissing),
+                              FieldNumber(table, kDiameter, 0.0),
+                              0.0,
+                              {}};
     if (feature.name.empty() || !(feature.latitude + feature.longitude < kMissing)) continue;
     SetSurface(*shape, feature);
     feature.prominence = FindProminence(feature);

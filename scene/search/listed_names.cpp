@@ -7,9 +7,11 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "scene/language.h"
 #include "scene/name_key.h"
 #include "scene/object_search.h"
 #include "scene/search/body_name.h"
+#include "utils/locale.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -42,8 +44,8 @@ void ObjectSearch::AddConstellations(const SkyCatalogs& catalogs) {
   for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
     const auto& constellation = catalogs.constellations[static_cast<std::size_t>(i)];
     const FoundObject object = {ObjectGroup::kConstellation, i};
-    for (const auto& name : {constellation.localName, constellation.name, constellation.abbreviation,
-                             constellation.englishName})
+    for (const auto& name :
+         {constellation.localName, constellation.name, constellation.abbreviation, constellation.englishName})
       Add(name, object);
     if (const std::string key = MakeNameKey(constellation.genitive); key != MakeNameKey(constellation.name))
       m_Listed.push_back({key, constellation.genitive, object});
@@ -85,9 +87,9 @@ void ObjectSearch::AddListedFigure(const SkyCatalogs& catalogs, const ListedName
   const auto object =
       entry.object[0] == 'c'
           ? FindEntry(catalogs.constellations, ObjectGroup::kConstellation,
-                   [&key](const ConstellationName& known) { return known.abbreviation == key; })
+                      [&key](const ConstellationName& known) { return known.abbreviation == key; })
           : FindEntry(catalogs.asterisms.Get(), ObjectGroup::kAsterism,
-                   [&key](const Asterism& known) { return known.key == key; });
+                      [&key](const Asterism& known) { return known.key == key; });
   if (object) m_Listed.push_back({MakeNameKey(entry.name), entry.name, *object});
 }
 
@@ -97,7 +99,12 @@ void ObjectSearch::AddListedTileStar(const std::string& key, const std::vector<c
   if (!key.starts_with("hip")) return;
   std::from_chars(key.data() + 3, key.data() + key.size(), number);
   const FoundObject star = {ObjectGroup::kTileStar, kHipparcosNumbers + number};
-  for (const ListedName* entry : entries) Add(entry->name, star);
+  for (const std::string& language : {std::string(GetSystemLocale()), std::string(kDefaultLanguage)}) {
+    for (const ListedName* entry : entries) {
+      if (entry->language == language) Add(entry->name, star);
+    }
+  }
+  for (const ListedName* entry : entries) m_Listed.push_back({MakeNameKey(entry->name), entry->name, star});
 }
 
 // The Moon comes first of all bodies.
@@ -126,9 +133,8 @@ void ObjectSearch::AppendFeatureKeys(std::vector<Name>& names) const {
     for (int i = 0; i < static_cast<int>(features.size()); ++i) {
       const SurfaceFeature& feature = features[static_cast<std::size_t>(i)];
       if (feature.type == "Satellite feature") continue;
-      names.push_back({MakeNameKey(feature.name),
-                       feature.name,
-                       {ObjectGroup::kFeature, Gazetteers::MakeIndex(body, i)}});
+      names.push_back(
+          {MakeNameKey(feature.name), feature.name, {ObjectGroup::kFeature, Gazetteers::MakeIndex(body, i)}});
     }
   }
 }

@@ -124,14 +124,14 @@ unsigned char ReadByte(SettingsData& settings, unsigned section, const char* nam
   return value;
 }
 
-// What the settings lack counts as `otherwise`, a whole section as on.
-KindState ReadState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
-  if (!HasSection(settings, section)) return {name, true, otherwise};
-  return {name, settings.GetSectionStatus(section, false) != 0,
-          ReadByte(settings, section, name, otherwise) != 0};
-}
-
 }  // namespace
+
+// What the settings lack counts as `otherwise`, a whole section as on.
+KindState ReadSwitchState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
+  if (!HasSection(settings, section)) return {name, true, otherwise, section};
+  return {name, settings.GetSectionStatus(section, false) != 0,
+          ReadByte(settings, section, name, otherwise) != 0, section};
+}
 
 bool HasSection(const SettingsData& settings, unsigned section) {
   for (int i = 0; i < settings.GetSectionCount(); ++i) {
@@ -174,20 +174,20 @@ const LabelRules& ShownKinds::GetLabels(int kind) const {
 KindState ReadKindState(SettingsData& settings, int kind) {
   for (const auto& entry : kSwitches) {
     if (entry.section == static_cast<unsigned>(kind))
-      return ReadState(settings, entry.section, entry.name, true);
+      return ReadSwitchState(settings, entry.section, entry.name, true);
   }
-  return {nullptr, true, false};
+  return {nullptr, true, false, static_cast<unsigned>(kind)};
 }
 
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
   for (const auto& entry : kSwitches) {
-    const KindState state = ReadState(settings, entry.section, entry.name, shown.*entry.flag);
+    const KindState state = ReadSwitchState(settings, entry.section, entry.name, shown.*entry.flag);
     shown.*entry.flag = state.sectionOn && state.switchOn;
   }
   for (const auto& entry : kLabelSwitches) {
     bool& flag = (shown.*entry.rules).*entry.flag;
-    flag = ReadState(settings, entry.section, entry.name, flag).switchOn;
+    flag = ReadSwitchState(settings, entry.section, entry.name, flag).switchOn;
   }
   constexpr unsigned kGrid = FourCC("grid");
   if (HasSection(settings, kGrid) && settings.GetSectionStatus(kGrid, false) != 0) {

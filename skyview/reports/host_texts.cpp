@@ -61,6 +61,13 @@ constexpr TextUse kHostTexts[] = {
     {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},
     {900431, 900431, "ff", kMaxLength, true, "skyview: hidden by the sky, its limit and the magnitude"},
     {900432, 900432, "", kMaxLength, true, "skyview: hidden by daylight"},
+    {900560, 900563, "", kMaxLength, true, "skyview: asterism, kinds of features of surfaces"},
+    {900564, 900565, "ff", kMaxLength, true, "skyview: place of a feature on its body"},
+    {900566, 900566, "fs", kMaxLength, true, "skyview: extent of a feature"},
+    {900567, 900568, "f", kMaxLength, true, "skyview: height of the Sun over a feature"},
+    {900569, 900570, "f", kMaxLength, true, "skyview: side of the body that a feature is on"},
+    {900571, 900571, "sffff", kMaxLength, true, "skyview: pair of a double star"},
+    {900572, 900572, "f", kMaxLength, true, "skyview: aperture that separates a pair"},
 };
 
 }  // namespace

@@ -84,7 +84,20 @@ enum class HostText : int {
   kChoseTonight,
   kChoseNow,
   kHiddenBySky = 900431,  // why an object is not drawn: the limit there and its magnitude
-  kHiddenByDaylight
+  kHiddenByDaylight,
+  kAsterism = 900560,
+  kCrater,
+  kSatelliteCrater,
+  kLandingSite,
+  kOnMoon,
+  kOnBody,
+  kExtent,
+  kSunUpThere,
+  kSunDownThere,
+  kOnVisibleSide,
+  kOnFarSide,
+  kStarPair,
+  kSeparatedFrom
 };
 
 // What is done with each of them, ascending by identifier. Static data.

@@ -14,12 +14,12 @@ namespace {
 std::string NameWithCountry(const scene::City& city) { return city.name + ", " + city.country; }
 
 // "--place 'Sydney': Sydney, AU, the largest of 2; another: Sydney, CA"
-std::string DescribeChosen(const std::string& asked, const std::vector<const scene::City*>& found) {
+std::string DescribeChosen(const std::string& asked, const std::vector<scene::FoundCity>& found) {
   constexpr std::size_t kListed = 6;
   std::vector<std::string> others;
   for (std::size_t i = 1; i < std::min(found.size(), kListed); ++i)
-    others.push_back(NameWithCountry(*found[i]));
-  return asked + NameWithCountry(*found[0]) + ", which has the most inhabitants of " +
+    others.push_back(NameWithCountry(*found[i].city));
+  return asked + NameWithCountry(*found[0].city) + ", which has the most inhabitants of " +
          std::to_string(found.size()) + "; not " + JoinNames(others) + "\n";
 }
 
@@ -37,9 +37,9 @@ ViewResult TakeCity(ViewOptions& view, Diagnostics& diagnostics) {
                                    " (LAT,LON takes any place)"};
   }
   if (found.size() > 1) diagnostics.lines.push_back(DescribeChosen(asked, found));
-  const scene::City& city = *found.front();
+  const scene::City& city = *found.front().city;
   view.place = Place{city.latitude / scene::kRadiansPerDegree, city.longitude / scene::kRadiansPerDegree,
-                     city.height, city.name};
+                     city.height, found.front().name};
   if (!view.zone) view.zone = city.zone;
   return {};
 }

@@ -18,6 +18,7 @@ SAME_NAME = {"NorthernCross2", "HerschelsTelescope2"}  # other drawings of an as
 RENAMED = {"Belt": "Orion's Belt", "Sword": "Orion's Sword"}
 UNTRUSTED = {"po"}  # names matched by machine, many of them wrong
 KINDS = {"cluster", "galaxy", "nebula", "star", "constellation", "asterism", "planet"}
+SHOWN = {"Plejaden", "Туманность Кольцо"}  # before other names of their object
 OTHER_STARS = {"Toliman", "Rigil Kent"}  # of another star, or there already
 # As the tables of deep-sky objects list them.
 RENUMBERED = {"Melotte 25": "C 41", "Melotte 111": "Mel 111", "LMC": "ESO 56-115"}
@@ -44,6 +45,9 @@ class Names:
     def __init__(self):
         self.lines = []
         self.owners = {}
+
+    def has(self, thing, language):
+        return any(line[:2] == (thing, language) for line in self.lines)
 
     def add(self, thing, language, name):
         owner = self.owners.setdefault((language, key(name)), thing)
@@ -88,6 +92,7 @@ def find_thing(row):
 
 
 def add_aliases(folder, taken, names):
+    star_names = {"HIP " + row["HIP"]: row["Name"] for row in tables.rows(folder, "star_names.tsv")}
     for row in tables.rows(folder, "aliases.tsv"):
         thing = find_thing(row)
         if row["Kind"] not in KINDS or not thing:
@@ -96,7 +101,9 @@ def add_aliases(folder, taken, names):
             if key(name) not in taken and name not in OTHER_STARS:
                 names.add(thing, "en", name)
         for language in ("de", "ru"):
-            for name in split(row["Names_" + language]):
+            if thing in star_names and not names.has(thing, language):
+                names.add(thing, language, star_names[thing])  # what is shown
+            for name in sorted(split(row["Names_" + language]), key=lambda name: name not in SHOWN):
                 names.add(thing, language, name)
 
 

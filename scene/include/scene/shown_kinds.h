@@ -66,6 +66,7 @@ struct SCENE_API ShownKinds {
 struct KindState {
   const char* switchName;  // null for a kind that is never drawn
   bool sectionOn, switchOn;
+  unsigned section;
 };
 
 // Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example
