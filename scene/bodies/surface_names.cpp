@@ -102,8 +102,7 @@ void SurfaceNames::AddBody(const SurfaceView& view, const SSO_ID& id, const Draw
     if (view.FindObstacles(feature, place) != 0) continue;
     const Direction up = {{zenith[0], zenith[1], zenith[2]}};
     if (Dot(up, place.apparent) < leastSine) continue;
-    const ObjectRef object = {FourCC("feat"),
-                              m_Gazetteers.GetNumber(Gazetteers::MakeIndex(id, static_cast<int>(i)))};
+    const ObjectRef object = {FourCC("feat"), feature.number};
     const bool outline = HasOutline(feature);
     const double size = (IsWide(feature) ? kLargeText : kSmallText) * m_Unit;
     const LabelKind kind = outline ? LabelKind::kCrater : LabelKind::kRegion;

@@ -95,10 +95,12 @@ std::vector<SurfaceFeature> ReadFeatures(const BodyName& body) {
                               FieldNumber(table, kLongitude, kMissing),
                               FieldNumber(table, kDiameter, 0.0),
                               0.0,
+                              0,
                               {}};
     if (feature.name.empty() || !(feature.latitude + feature.longitude < kMissing)) continue;
     SetSurface(*shape, feature);
     feature.prominence = FindProminence(feature);
+    feature.number = GetUniqueID((std::string(body.name) + " " + feature.name).c_str());
     features.push_back(std::move(feature));
   }
   std::stable_sort(features.begin(), features.end(), [](const SurfaceFeature& a, const SurfaceFeature& b) {
@@ -144,11 +146,6 @@ SSO_ID Gazetteers::GetBody(int index) {
 
 const SurfaceFeature& Gazetteers::GetFeature(int index) const {
   return Get(GetBody(index))[static_cast<std::size_t>(index % kBodyFeatures)];
-}
-
-int Gazetteers::GetNumber(int index) const {
-  const std::string name = kNames[index / kBodyFeatures].name;
-  return GetUniqueID((name + " " + GetFeature(index).name).c_str());
 }
 
 }  // namespace scene

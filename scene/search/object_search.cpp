@@ -68,7 +68,7 @@ int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs) {
   if (object.group == ObjectGroup::kConstellation) return GetTraits(catalogs.constellations[index]).number;
   if (object.group == ObjectGroup::kBody) return catalogs.bodies[index].id.number;
   if (object.group == ObjectGroup::kAsterism) return catalogs.asterisms.Get()[index].GetNumber();
-  if (object.group == ObjectGroup::kFeature) return catalogs.gazetteers.GetNumber(object.index);
+  if (object.group == ObjectGroup::kFeature) return catalogs.gazetteers.GetFeature(object.index).number;
   return catalogs.deepsky[index].number;
 }
 
@@ -79,7 +79,7 @@ std::optional<FoundObject> FindFeature(int number, const Gazetteers& gazetteers)
     const int count = static_cast<int>(gazetteers.Get(body).size());
     for (int i = 0; i < count; ++i) {
       const int index = Gazetteers::MakeIndex(body, i);
-      if (gazetteers.GetNumber(index) == number) return FoundObject{ObjectGroup::kFeature, index};
+      if (gazetteers.GetFeature(index).number == number) return FoundObject{ObjectGroup::kFeature, index};
     }
   }
   return std::nullopt;
@@ -225,10 +225,15 @@ std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject>
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
+  const auto isLost = [this](const FoundObject& object) {  // listed, and in no catalog
+    return object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, object.index);
+  };
   std::vector<FoundObject> found = FindIn(m_Names, key);
   if (found.empty()) found = FindIn(m_Names, expanded);
+  std::erase_if(found, isLost);
   if (found.empty() || (found.size() == 1 && found[0].group == ObjectGroup::kAsterism)) {
     for (const FoundObject& listed : FindIn(m_Listed, key)) {
+      if (isLost(listed)) continue;
       if (std::find(found.begin(), found.end(), listed) == found.end()) found.push_back(listed);
     }
   }

@@ -156,7 +156,8 @@ Case MakeFeatureCase(int index, const ObjectTests& tests, const ViewGeometry& ge
   const SurfacePlace place = disc.Find(feature);
   made.obstacles |= disc.FindObstacles(feature, place) & ~static_cast<unsigned>(kOutside);
   FindPlace(place.apparent, tests, geometry, made);
-  made.labelIndex = FindNamedIndex({FourCC("feat"), catalogs.gazetteers.GetNumber(index)}, view.frame);
+  made.labelIndex =
+      FindNamedIndex({FourCC("feat"), catalogs.gazetteers.GetFeature(index).number}, view.frame);
   return made;
 }
 

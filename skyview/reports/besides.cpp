@@ -65,9 +65,9 @@ std::string DescribeFeature(const FoundObject& object, SkyCatalogs& catalogs,
   const scene::SurfaceFeature& feature = catalogs.gazetteers.GetFeature(object.index);
   const SSO_ID body = scene::Gazetteers::GetBody(object.index);
   const bool moon = body.kind == FourCC("moon") && body.number == astro::kMoonNumber;
-  std::string text = Line(Localize(moon ? HostText::kOnMoon : HostText::kOnBody,
-                                   {feature.latitude / scene::kRadiansPerDegree,
-                                    feature.longitude / scene::kRadiansPerDegree}));
+  std::string text = Line(
+      Localize(moon ? HostText::kOnMoon : HostText::kOnBody,
+               {feature.latitude / scene::kRadiansPerDegree, feature.longitude / scene::kRadiansPerDegree}));
   const FoundObject carrier = {ObjectGroup::kBody, scene::FindBody(catalogs.bodies, body)};
   ObservedBody seen;
   const scene::SkyMoment moment = scene::GetMoment(camera);
@@ -92,15 +92,16 @@ std::string DescribePair(const scene::StarPair& pair) {
   std::string text =
       Line(Localize(HostText::kStarPair, {name.c_str(), *pair.magnitudes[0], *pair.magnitudes[1], seconds,
                                           pair.angle / scene::kRadiansPerDegree}));
-  if (seconds > 0.0 && kDawes / seconds > kSmallest) text += Line(Localize(HostText::kSeparatedFrom, {kDawes / seconds}));
+  if (seconds > 0.0 && kDawes / seconds > kSmallest)
+    text += Line(Localize(HostText::kSeparatedFrom, {kDawes / seconds}));
   return text;
 }
 
 std::string DescribePairs(int brightStar, int hipparcos, const SkyCatalogs& catalogs) {
   std::string text;
   for (const scene::StarPair& pair : catalogs.starPairs.Get()) {
-    const bool is = (hipparcos > 0 && pair.hipparcos == hipparcos) ||
-                    (brightStar > 0 && pair.brightStar == brightStar);
+    const bool is =
+        (hipparcos > 0 && pair.hipparcos == hipparcos) || (brightStar > 0 && pair.brightStar == brightStar);
     if (is) text += DescribePair(pair);
   }
   return text;

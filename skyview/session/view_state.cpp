@@ -12,7 +12,6 @@
 #include "scene/base_plane.h"
 #include "scene/field_of_view.h"
 #include "scene/observer_frame.h"
-#include "scene/texts.h"
 #include "skyview/session/here_and_now.h"
 #include "skyview/session/homes.h"
 #include "skyview/session/session.h"
@@ -75,7 +74,7 @@ void ApplyPlace(const Place& place, Camera& camera) {
   location.lon = place.longitude * scene::kRadiansPerDegree;
   location.dist = place.height / astro::kMetresPerAu;
   camera.SetLocation(location);
-  camera.SetLocationName(scene::ToCodePage(place.name).c_str());
+  camera.SetLocationName(place.name.c_str());  // UTF-8, as from a file
 }
 
 ViewResult ApplyField(double field, const PictureSize& size, Camera& camera) {

@@ -20,6 +20,7 @@ struct SurfaceFeature {
   double diameter;  // its largest extent, km; 0: unknown
   // It is worth naming where so many km are a pixel of a picture of 1600 x 1000.
   double prominence;
+  int number;         // in lists, whatever else the gazetteer holds: the name id of "moon Tycho"
   double surface[3];  // of the middle, km on the body's axes (astro/rotation.h), height 0
 };
 
@@ -40,8 +41,6 @@ class SCENE_API Gazetteers {
   static int MakeIndex(const SSO_ID& body, int feature);
   static SSO_ID GetBody(int index);
   const SurfaceFeature& GetFeature(int index) const;
-  // The number that a feature has in lists whatever else the gazetteer holds: the name id of body and name.
-  int GetNumber(int index) const;
 
  private:
   mutable std::vector<std::shared_ptr<const std::vector<SurfaceFeature>>> m_Features;  // by body
