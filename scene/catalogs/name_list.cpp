@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/language_names.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/language.h"
 #include "scene/sky_catalogs.h"

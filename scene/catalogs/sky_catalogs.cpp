@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/language_names.h"
 #include "scene/view/arcs.h"
 #include "utils/debug.h"
 #include "utils/path.h"

@@ -210,7 +210,8 @@ std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, co
   return found;
 }
 
-// Asterisms give way to everything else of their names, and planets and moons are meant before the asteroids of their names, which their numbers tell: "52 Europa".
+// Asterisms give way to everything else of their names, and planets and moons are meant before the asteroids
+// of their names, which their numbers tell: "52 Europa".
 std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject> found) const {
   const auto isAsterism = [](const FoundObject& object) { return object.group == ObjectGroup::kAsterism; };
   if (!std::all_of(found.begin(), found.end(), isAsterism)) std::erase_if(found, isAsterism);

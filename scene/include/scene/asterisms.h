@@ -11,7 +11,7 @@
 namespace scene {
 
 // A pattern of stars that is no constellation, such as the Big Dipper. Directions are J2000.
-struct Asterism {
+struct SCENE_API Asterism {
   struct Stroke {
     int first, count;  // points of a stroke from star to star
   };

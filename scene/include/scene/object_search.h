@@ -14,8 +14,8 @@ namespace scene {
 
 enum class ObjectGroup { kStar, kTileStar, kDeepsky, kConstellation, kBody, kAsterism, kFeature };
 
-// An object of the catalogs by its index there; a star of a tile catalog by its number, a feature of a surface
-// by the index that the gazetteers give it.
+// An object of the catalogs by its index there; a star of a tile catalog by its number, a feature of a
+// surface by the index that the gazetteers give it.
 struct FoundObject {
   ObjectGroup group;
   int index;

@@ -81,7 +81,8 @@ TEST_F(SurfaceNamesTest, ANameStandsWhereTheMapHasItsFeature) {
     double v[3];
     for (int i = 0; i < 3; ++i) {
       const float* row = globes[0].toBody + 3 * i;
-      v[i] = static_cast<double>(row[0]) * x + static_cast<double>(row[1]) * y + static_cast<double>(row[2]) * z;
+      v[i] =
+          static_cast<double>(row[0]) * x + static_cast<double>(row[1]) * y + static_cast<double>(row[2]) * z;
     }
     // The disc is drawn as seen from afar, the crater from where it is: a quarter of a degree at the limb.
     EXPECT_NEAR(std::asin(v[2]), -0.7557, 0.005);

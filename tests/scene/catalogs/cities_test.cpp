@@ -38,7 +38,8 @@ TEST_F(CitiesTest, ACountryByCodeOrNameChooses) {
 }
 
 TEST_F(CitiesTest, NamesOfEveryLanguageAreFoundAndHandedBackAsTheyAreWritten) {
-  for (const char* name : {"Munich", "MÜNCHEN", "munchen", "мюнхен"}) EXPECT_EQ(CountriesOf(name), "DE ") << name;
+  for (const char* name : {"Munich", "MÜNCHEN", "munchen", "мюнхен"})
+    EXPECT_EQ(CountriesOf(name), "DE ") << name;
   EXPECT_EQ(FindCities(cities, "munchen").at(0).name, "München");
   EXPECT_EQ(FindCities(cities, "сидней").at(0).name, "Сидней");
 }

@@ -4,9 +4,9 @@
 
 #include "scene/frame_helpers.h"
 #include "scene/names_files.h"
-#include "utils/locale.h"
 #include "scene/object_search.h"
 #include "scene/object_sight.h"
+#include "utils/locale.h"
 
 using namespace scene;
 
