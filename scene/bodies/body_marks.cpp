@@ -65,14 +65,17 @@ void BodyMarks::Clear() {
 }
 
 void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
-                        const EclipseShadows& shadows, LabelPlacer& labels) {
+                        const EclipseShadows& shadows) {
   Clear();
   ObjectPlace place;
   for (int body = 0; body < static_cast<int>(m_Labels.size()); ++body) {
     if (tests.IsDrawn(body, place)) Add(geometry, tests, shown, body, place);
   }
-  for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
   AddMoonShadow(geometry, shadows);
+}
+
+void BodyMarks::KeepClear(LabelPlacer& labels) const {
+  for (const auto& drawn : m_Drawn) labels.Reserve(drawn.place, drawn.radius, drawn.radius);
 }
 
 void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,

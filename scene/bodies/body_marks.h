@@ -44,7 +44,9 @@ class BodyMarks {
   void FetchTexts();
 
   void Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
-               const EclipseShadows& shadows, LabelPlacer& labels);
+               const EclipseShadows& shadows);
+  // Keeps the labels that come later off the bodies.
+  void KeepClear(LabelPlacer& labels) const;
   // Labels what Compute has found, and puts the farthest first.
   void PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
                    LabelPlacer& labels);

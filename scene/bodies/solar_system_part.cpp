@@ -35,10 +35,13 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
                               LabelPlacer& labels) {
   m_Orbits.Clear();
   m_Passes.Clear();
+  m_Names.Clear();
   if (!m_FromEarth) return m_Marks.Clear();
   const EarthPlace place = GetPlace(geometry.camera);
   const BodyTests tests(m_Model, geometry, observer, shown, filters, light);
-  m_Marks.Compute(geometry, tests, shown, m_Shadows, labels);
+  m_Marks.Compute(geometry, tests, shown, m_Shadows);
+  m_Names.Compute(geometry, observer, m_Model, m_Marks.GetDrawn(), shown, labels);
+  m_Marks.KeepClear(labels);
   m_Orbits.Compute(geometry, observer, place, shown.horizon && observer.horizon);
 }
 

@@ -8,17 +8,18 @@
 #include "scene/bodies/body_tests.h"
 #include "scene/bodies/orbit_paths.h"
 #include "scene/bodies/satellite_pass.h"
+#include "scene/bodies/surface_names.h"
 #include "scene/eclipse.h"
 
 namespace scene {
 
 // What moves among the stars, for one frame: bodies, the shadows between them, orbits, passes of satellites.
-// Only for observers near the Earth's surface: elsewhere there is nothing of it. `bodies` is kept by
-// reference and must not grow.
+// Only for observers near the Earth's surface: elsewhere there is nothing of it. `bodies`, which
+// must not grow, and `gazetteers` are kept by reference.
 class SolarSystemPart {
  public:
-  explicit SolarSystemPart(const BodyList& bodies)
-      : m_Model(bodies), m_Marks(m_Model), m_Orbits(m_Model), m_Passes(m_Model) {}
+  SolarSystemPart(const BodyList& bodies, const Gazetteers& gazetteers)
+      : m_Model(bodies), m_Marks(m_Model), m_Orbits(m_Model), m_Passes(m_Model), m_Names(gazetteers) {}
 
   void FetchTexts() { m_Marks.FetchTexts(); }
 
@@ -40,6 +41,7 @@ class SolarSystemPart {
   void DrawBodies(const SkyColours& sky, DisplayList& list) const {
     m_Passes.Draw(list);
     m_Marks.Draw(sky, list);
+    m_Names.Draw(list);
   }
 
   // Whether the last frame was seen from the Earth, so that the model stands at its moment.
@@ -57,6 +59,7 @@ class SolarSystemPart {
   BodyMarks m_Marks;
   OrbitPaths m_Orbits;
   SatellitePasses m_Passes;
+  SurfaceNames m_Names;
   bool m_FromEarth = false;
 };
 

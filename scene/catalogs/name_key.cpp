@@ -32,6 +32,19 @@ constexpr LetterRun kLatin[] = {
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+// The small letter of a Cyrillic one, whose marks are left out as those of Latin letters are.
+unsigned FoldCyrillic(unsigned character) {
+  constexpr unsigned kCapitals = 0x410, kSmall = 0x430, kCapitalYo = 0x401, kYo = 0x451, kYe = 0x435;
+  if (character == kCapitalYo || character == kYo) return kYe;
+  if (character >= kCapitals && character < kSmall) return character + (kSmall - kCapitals);
+  return character >= 0x400 && character < kCapitals ? character + 0x50 : character;
+}
+
+void AppendTwoBytes(unsigned character, std::string& key) {
+  key.push_back(static_cast<char>(0xC0 | character >> 6));
+  key.push_back(static_cast<char>(0x80 | (character & 0x3F)));
+}
+
 // Appends a character of two bytes of UTF-8; false for one of a script that is left alone.
 bool AppendFolded(unsigned character, std::string& key) {
   for (const unsigned first : {kGreekCapitals, kGreekSmall}) {
@@ -42,6 +55,10 @@ bool AppendFolded(unsigned character, std::string& key) {
   for (const auto& run : kLatin) {
     if (character > run.last) continue;
     key += run.letters;
+    return true;
+  }
+  if (character >= 0x400 && character < 0x460) {
+    AppendTwoBytes(FoldCyrillic(character), key);
     return true;
   }
   return character >= kCombining && character < kCombiningEnd;

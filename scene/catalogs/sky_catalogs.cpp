@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/language_names.h"
 #include "scene/view/arcs.h"
 #include "utils/debug.h"
 #include "utils/path.h"
@@ -19,7 +20,8 @@ constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends
 constexpr double kOutlineStep = 1.0 * kRadiansPerDegree;
 constexpr int kMilkyWayLevels = 5;
 
-const int kEnglishName = GetUniqueID("EnglishName");  // a column of this catalog alone
+const int kEnglishName = GetUniqueID("EnglishName"),
+          kGenitive = GetUniqueID("Genitive");  // columns of this catalog alone
 
 bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
   const std::string path = ZentharPath::GetPath(name);
@@ -86,6 +88,9 @@ void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
     entry.name = FieldText(table, CommonInterfaces::FieldIds::ProperName);
     entry.englishName = FieldText(table, kEnglishName);
     if (entry.englishName.empty()) entry.englishName = entry.name;
+    entry.genitive = FieldText(table, kGenitive);
+    if (entry.genitive.empty()) entry.genitive = entry.name;
+    entry.localName = entry.name;
     if (TakePosition(table, entry.direction) && !entry.name.empty()) names.push_back(std::move(entry));
   }
 }
@@ -144,6 +149,12 @@ bool LoadMilkyWay(SkyCatalogs& catalogs, std::string& error) {
 
 }  // namespace
 
+const std::string& ConstellationName::GetName(NameForm form) const {
+  if (form == NameForm::kGenitive) return genitive;
+  if (form == NameForm::kEnglish) return englishName;
+  return form == NameForm::kLocal ? localName : name;
+}
+
 ObjectTraits GetTraits(const ConstellationName& constellation) {
   ObjectTraits traits;
   traits.number = GetUniqueID(constellation.abbreviation.c_str());
@@ -187,6 +198,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error, CatalogUse use) 
   if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded, error)) return false;
   OpenStarTiles(loaded.starTiles);
   loaded.bodies = LoadBodies();
+  TakeNamesOfLanguage(loaded);
   catalogs = std::move(loaded);
   return true;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "scene/display/palette.h"
 #include "scene/display/symbol_colour.h"
@@ -27,6 +28,8 @@ Colour GetColour(LabelKind kind) {
       return {0.66, 0.72, 0.84, 0.80};
     case LabelKind::kConstellation:
       return {0.50, 0.60, 0.80, 0.72};
+    case LabelKind::kAsterism:
+      return Scaled(palette::kAsterism, 1.0, 0.9);
     case LabelKind::kCompass:
       return palette::kAccent;
     case LabelKind::kCompassBetween:
@@ -43,6 +46,10 @@ Colour GetColour(LabelKind kind) {
       return {0.80, 0.84, 0.72, 0.92};
     case LabelKind::kSatellite:
       return {0.62, 0.90, 0.96, 0.95};
+    case LabelKind::kCrater:
+      return palette::kCraterName;
+    case LabelKind::kRegion:
+      return palette::kRegionName;
     case LabelKind::kPassTime:
       return {0.62, 0.90, 0.96, 0.75};
     case LabelKind::kEquatorialGrid:
@@ -64,9 +71,27 @@ Colour GetColour(LabelKind kind) {
   }
 }
 
+bool FadesWithLines(LabelKind kind) {
+  return kind == LabelKind::kConstellation || kind == LabelKind::kAsterism;
+}
+
 unsigned GetStyle(LabelKind kind) {
-  if (kind == LabelKind::kConstellation || kind == LabelKind::kStarLetter) return kItalicText;
+  if (FadesWithLines(kind) || kind == LabelKind::kStarLetter) return kItalicText;
   return kind == LabelKind::kCompass ? unsigned{kBoldText} : 0u;
+}
+
+bool IsOnDisc(LabelKind kind) { return kind == LabelKind::kCrater || kind == LabelKind::kRegion; }
+
+// Keeps a bright text readable on what is as bright.
+void AddShadow(TextRecord text, const char* written, DisplayList& list) {
+  constexpr float kAway = 0.8f;  // pixels of the standard picture
+  const float x = text.x, y = text.y;
+  text.colour = {0, 0, 0, 150};
+  for (const auto& [right, down] : {std::pair{1.0f, 1.0f}, std::pair{-1.0f, -1.0f}}) {
+    text.x = x + right * kAway * list.GetUnit();
+    text.y = y + down * kAway * list.GetUnit();
+    list.AddText(Layer::kLabels, text, written);
+  }
 }
 
 }  // namespace
@@ -186,8 +211,9 @@ void LabelPlacer::Draw(double strength, DisplayList& list) const {
     text.anchor = static_cast<float>(label.anchor);
     text.size = static_cast<float>(label.size);
     text.style = GetStyle(label.kind);
-    text.colour = ToRgba(GetColour(label.kind), label.kind == LabelKind::kConstellation ? strength : 1.0);
+    text.colour = ToRgba(GetColour(label.kind), FadesWithLines(label.kind) ? strength : 1.0);
     text.object = label.object;
+    if (IsOnDisc(label.kind)) AddShadow(text, label.text, list);
     list.AddText(Layer::kLabels, text, label.text);
   }
 }

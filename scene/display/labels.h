@@ -18,6 +18,7 @@ enum class LabelKind {
   kNebula,
   kOtherDeepsky,
   kConstellation,
+  kAsterism,
   kCompass,
   kCompassBetween,
   kCaption,
@@ -27,6 +28,8 @@ enum class LabelKind {
   kPlanet,     // the Sun and the Moon too
   kSmallBody,  // asteroid or comet
   kSatellite,
+  kCrater,    // on the disc of a body
+  kRegion,    // other features there
   kPassTime,  // along the path of a satellite
   kEquatorialGrid,
   kJ2000Grid,

@@ -15,6 +15,7 @@
 #include "scene/frame/milky_way_picture.h"
 #include "scene/frame/nebula_clouds.h"
 #include "scene/frame/shower_radiants.h"
+#include "scene/frame/sky_asterisms.h"
 #include "scene/frame/sky_boundaries.h"
 #include "scene/frame/sky_figures.h"
 #include "scene/frame/sky_grids.h"
@@ -38,6 +39,7 @@ struct FrameParts {
   SkyGrids grids;
   SkyBoundaries boundaries;
   SkyFigures figures;
+  SkyAsterisms asterisms;
   NebulaClouds nebulae;
   SolarSystemPart solarSystem;
   SkyObjects objects;

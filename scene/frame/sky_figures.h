@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "scene/display/labels.h"
@@ -14,8 +15,16 @@ namespace scene {
 
 struct FigureLine {
   DrawnLine line;
-  ObjectRef constellation;
+  ObjectRef object;
 };
+
+// What of a stroke from star to star lies in the window, appended to `lines`. The stroke leaves a gap at its
+// stars; `points` are J2000.
+void AddFigureStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
+                     std::span<const Direction> points, ObjectRef object, std::vector<FigureLine>& lines);
+// `dash`: length of dashes, pixels, 0: none.
+void DrawFigureLines(const std::vector<FigureLine>& lines, const Rgba& colour, double dash,
+                     DisplayList& list);
 
 // The constellations of one frame: the lines of their figures and their names. Allocates at its construction
 // only; `catalogs` is kept by reference.
@@ -26,7 +35,7 @@ class SkyFigures {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests);
   // Names take the room that other labels leave at their place or around it; that of the constellation
   // nearest to the middle of the picture chooses first and looks farther.
-  void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, bool english, LabelPlacer& labels);
+  void PlaceNames(const ViewGeometry& geometry, const ObjectTests& tests, NameForm form, LabelPlacer& labels);
 
   // `strength`: what the sky leaves of the lines, 0 to 1.
   void Draw(double strength, DisplayList& list) const;
@@ -36,8 +45,6 @@ class SkyFigures {
  private:
   // The constellation whose name belongs nearest to the middle, -1: none is named.
   int FindMiddle(const ViewGeometry& geometry, const ObjectTests& tests) const;
-  void AddStroke(const ViewGeometry& geometry, const ObserverFrame& observer, const ObjectTests& tests,
-                 const FigureStroke& stroke);
 
   const SkyCatalogs& m_Catalogs;
   std::vector<SkyCap> m_Caps;  // of the strokes

@@ -85,6 +85,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   parts.grids.Draw(list);
   parts.boundaries.Draw(lines, list);
   parts.figures.Draw(lines, list);
+  parts.asterisms.Draw(lines, list);
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
   parts.nebulae.Draw(lines, list);
@@ -110,8 +111,9 @@ FrameParts::FrameParts(const SkyCatalogs& catalogs)
     : milkyWay(catalogs),
       boundaries(catalogs),
       figures(catalogs),
+      asterisms(catalogs),
       nebulae(catalogs),
-      solarSystem(catalogs.bodies),
+      solarSystem(catalogs.bodies, catalogs.gazetteers),
       objects(catalogs),
       favourites(catalogs) {
   list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity()));
@@ -186,6 +188,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
+  parts.asterisms.Compute(geometry, observer, tests, shown.asterisms);
   parts.nebulae.Compute(geometry, observer, tests, shown);
   parts.objects.Compute(geometry, tests);
   parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, labels);
@@ -194,7 +197,8 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.imageFrames.Compute(geometry, observer, tests, labels);
   parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
-  parts.figures.PlaceNames(geometry, tests, shown.englishNames, labels);
+  parts.figures.PlaceNames(geometry, tests, shown.GetConstellationForm(), labels);
+  parts.asterisms.PlaceNames(geometry, observer, tests, labels);
   parts.landscape.HideLabels(geometry, labels);
   parts.list.Begin(geometry.width, geometry.height, geometry.unit);
   parts.list.SetStyle(shown.style);

@@ -13,6 +13,7 @@
 #include "common_interfaces/planets_and_moons.h"
 #include "scene/name_key.h"
 #include "scene/object_names.h"
+#include "scene/search/body_name.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
@@ -53,6 +54,8 @@ std::string Numbered(const char* catalog, const CatalogTable& table, int field) 
 int GetKind(const FoundObject& object, const SkyCatalogs& catalogs) {
   if (object.group == ObjectGroup::kStar || object.group == ObjectGroup::kTileStar) return FourCC("star");
   if (object.group == ObjectGroup::kConstellation) return FourCC("cnst");
+  if (object.group == ObjectGroup::kAsterism) return FourCC("astm");
+  if (object.group == ObjectGroup::kFeature) return FourCC("feat");
   if (object.group == ObjectGroup::kBody)
     return catalogs.bodies[static_cast<std::size_t>(object.index)].id.kind;
   return catalogs.deepsky[static_cast<std::size_t>(object.index)].kind;
@@ -64,11 +67,31 @@ int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs) {
   if (object.group == ObjectGroup::kTileStar) return object.index;
   if (object.group == ObjectGroup::kConstellation) return GetTraits(catalogs.constellations[index]).number;
   if (object.group == ObjectGroup::kBody) return catalogs.bodies[index].id.number;
+  if (object.group == ObjectGroup::kAsterism) return catalogs.asterisms.Get()[index].GetNumber();
+  if (object.group == ObjectGroup::kFeature) return catalogs.gazetteers.GetFeature(object.index).number;
   return catalogs.deepsky[index].number;
 }
 
+namespace {
+
+std::optional<FoundObject> FindFeature(int number, const Gazetteers& gazetteers) {
+  for (const SSO_ID& body : Gazetteers::GetBodies()) {
+    const int count = static_cast<int>(gazetteers.Get(body).size());
+    for (int i = 0; i < count; ++i) {
+      const int index = Gazetteers::MakeIndex(body, i);
+      if (gazetteers.GetFeature(index).number == number) return FoundObject{ObjectGroup::kFeature, index};
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs& catalogs) {
+  if (object.kind == FourCC("feat")) return FindFeature(object.number, catalogs.gazetteers);
+  const bool asterism = object.kind == FourCC("astm");
   const std::pair<ObjectGroup, int> groups[] = {
+      {ObjectGroup::kAsterism, asterism ? static_cast<int>(catalogs.asterisms.Get().size()) : 0},
       {ObjectGroup::kStar, catalogs.stars.GetCount()},
       {ObjectGroup::kDeepsky, static_cast<int>(catalogs.deepsky.size())},
       {ObjectGroup::kConstellation, static_cast<int>(catalogs.constellations.size())},
@@ -91,12 +114,9 @@ ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(&catalogs) {
   AddDeepsky(catalogs);
   AddBodies(catalogs);
   AddUnplacedMoons(catalogs);
-  for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
-    const auto& constellation = catalogs.constellations[i];
-    for (const auto& name : {constellation.name, constellation.abbreviation, constellation.englishName}) {
-      Add(name, {ObjectGroup::kConstellation, i});
-    }
-  }
+  AddConstellations(catalogs);
+  AddAsterisms(catalogs);
+  AddListed(catalogs);
 }
 
 void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
@@ -104,6 +124,7 @@ void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
   for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
     table.Select(catalogs.stars.GetRecord(i));
     const FoundObject object = {ObjectGroup::kStar, i};
+    if (catalogs.stars.HasProperName(i)) Add(catalogs.stars.GetLabel(i), object);
     Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
     AddBayer(FieldText(table, CommonInterfaces::FieldIds::Bayer), object);
     Add(FieldText(table, CommonInterfaces::FieldIds::Flamsteed), object);
@@ -119,6 +140,7 @@ void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
     const FoundObject object = {ObjectGroup::kDeepsky, i};
     Add(Numbered("M ", table, CommonInterfaces::FieldIds::MessierNumber), object);
     Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
+    Add(entry.properName, object);
     Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
     AddOthers(table, object);
     if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry)) AddOthers(*further, object);
@@ -188,8 +210,11 @@ std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, co
   return found;
 }
 
-// Planets and moons are meant before the asteroids of their names, which their numbers tell: "52 Europa".
+// Asterisms give way to everything else of their names, and planets and moons are meant before the asteroids
+// of their names, which their numbers tell: "52 Europa".
 std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject> found) const {
+  const auto isAsterism = [](const FoundObject& object) { return object.group == ObjectGroup::kAsterism; };
+  if (!std::all_of(found.begin(), found.end(), isAsterism)) std::erase_if(found, isAsterism);
   const auto isBody = [](const FoundObject& object) { return object.group == ObjectGroup::kBody; };
   const bool known = std::any_of(found.begin(), found.end(), [&](const auto& object) {
     return isBody(object) && object.index < m_KnownBodies;
@@ -201,8 +226,18 @@ std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject>
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
+  const auto isLost = [this](const FoundObject& object) {  // listed, and in no catalog
+    return object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, object.index);
+  };
   std::vector<FoundObject> found = FindIn(m_Names, key);
   if (found.empty()) found = FindIn(m_Names, expanded);
+  std::erase_if(found, isLost);
+  if (found.empty() || (found.size() == 1 && found[0].group == ObjectGroup::kAsterism)) {
+    for (const FoundObject& listed : FindIn(m_Listed, key)) {
+      if (isLost(listed)) continue;
+      if (std::find(found.begin(), found.end(), listed) == found.end()) found.push_back(listed);
+    }
+  }
   for (const auto& [called, entry] : kCatalogues) {
     if (found.empty() && key.starts_with(called)) found = FindIn(m_Names, entry + key.substr(called.size()));
   }
@@ -212,6 +247,7 @@ std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   }
   if (!found.empty()) return WithoutNamesakes(std::move(found));
   if (const auto star = FindTileStarNamed(key)) found.push_back(*star);
+  if (found.empty()) found = FindFeatures(key);
   return found;
 }
 
@@ -257,26 +293,30 @@ std::optional<FoundObject> ObjectSearch::FindOne(const std::string& name, std::s
 }
 
 std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
+  std::vector<Name> all = m_Names;
+  all.insert(all.end(), m_Listed.begin(), m_Listed.end());
+  AppendFeatureKeys(all);
   std::vector<std::string> keys;
-  for (const auto& entry : m_Names) keys.push_back(entry.key);
+  for (const auto& entry : all) keys.push_back(entry.key);
   std::vector<std::string> names;
   for (const auto& key : FindNearNames(MakeNameKey(name), keys)) {
-    const auto entry =
-        std::find_if(m_Names.begin(), m_Names.end(), [&key](const Name& n) { return n.key == key; });
+    const auto entry = std::find_if(all.begin(), all.end(), [&key](const Name& n) { return n.key == key; });
     if (std::find(names.begin(), names.end(), entry->written) == names.end()) names.push_back(entry->written);
   }
   return names;
 }
 
 std::string ObjectSearch::GetName(const FoundObject& object) const {
-  if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
-  const auto name =
-      std::find_if(m_Names.begin(), m_Names.end(), [&object](const Name& n) { return n.object == object; });
-  return name == m_Names.end() ? "" : name->written;
+  if (object.group == ObjectGroup::kFeature) return m_Catalogs->gazetteers.GetFeature(object.index).name;
+  const auto is = [&object](const Name& name) { return name.object == object; };
+  const auto name = std::find_if(m_Names.begin(), m_Names.end(), is);
+  if (name != m_Names.end()) return name->written;
+  return object.group == ObjectGroup::kTileStar ? GetTileStarName(object.index) : "";
 }
 
 std::string ObjectSearch::GetTitle(const FoundObject& object) const {
-  if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
+  if (object.group == ObjectGroup::kFeature)
+    return GetName(object) + " (" + GetBodyName(Gazetteers::GetBody(object.index), *m_Catalogs) + ")";
   std::string title, others;
   for (const auto& name : m_Names) {
     if (!(name.object == object)) continue;
@@ -285,6 +325,11 @@ std::string ObjectSearch::GetTitle(const FoundObject& object) const {
     } else {
       others += (others.empty() ? "" : ", ") + name.written;
     }
+  }
+  if (object.group == ObjectGroup::kTileStar) {
+    const std::string number = GetTileStarName(object.index);
+    if (title.empty()) return number;
+    others += (others.empty() ? "" : ", ") + number;
   }
   return others.empty() ? title : title + " (" + others + ")";
 }

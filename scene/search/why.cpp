@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "scene/why.h"
 
+#include <algorithm>
 #include <optional>
 
+#include "astro/physical_ephemeris.h"
 #include "astro/vectors.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/visibility/kind_switches.h"
@@ -81,7 +83,7 @@ Case MakeDeepskyCase(int index, const ObjectTests& tests, const SkyFrame& frame)
 
 Case MakeConstellationCase(int index, const ObjectTests& tests, const ShownView& view) {
   const auto& constellation = view.frame.GetCatalogs().constellations[static_cast<std::size_t>(index)];
-  const char* name = constellation.GetShownName(view.shown.englishNames).c_str();
+  const char* name = constellation.GetName(view.shown.GetConstellationForm()).c_str();
   Case made = {FourCC("cnst"),
                {},
                GetTraits(constellation),
@@ -96,6 +98,79 @@ Case MakeConstellationCase(int index, const ObjectTests& tests, const ShownView&
     if (labels[i].text == name) made.labelIndex = static_cast<int>(i);
   }
   return made;
+}
+
+// The index of the label that names the object.
+std::optional<int> FindNamedIndex(const ObjectRef& object, const SkyFrame& frame) {
+  const auto& labels = frame.GetParts().labels.GetLabels();
+  const auto found = std::find_if(labels.begin(), labels.end(),
+                                  [&object](const Label& label) { return label.object == object; });
+  if (found == labels.end()) return std::nullopt;
+  return static_cast<int>(found - labels.begin());
+}
+
+void FindPlace(const Direction& apparent, const ObjectTests& tests, const ViewGeometry& geometry,
+               Case& made) {
+  made.place.apparent = apparent;
+  made.place.pixel = geometry.Project(apparent, SkyFrameOf::kJ2000);
+  if (!tests.IsAboveHorizon(apparent)) made.obstacles |= kBelowHorizon;
+  if (!geometry.IsInside(made.place.pixel, 0.0)) made.obstacles |= kOutside;
+}
+
+Case MakeAsterismCase(int index, const ObjectTests& tests, const ViewGeometry& geometry,
+                      const ShownView& view) {
+  const Asterism& asterism = view.frame.GetCatalogs().asterisms.Get()[static_cast<std::size_t>(index)];
+  const ClassLimits limits(view.camera, FourCC("cnst"));
+  Case made = {FourCC("astm"), {}, {}, 0, {}, asterism.shown.c_str(), {}, limits};
+  if (!view.shown.asterisms) made.obstacles |= kKindOff;
+  if (tests.GetLight().GetLineStrength() <= 0.0) made.obstacles |= kSkyTooBright;
+  FindPlace(ApparentDirection(asterism.direction, view.observer), tests, geometry, made);
+  made.labelIndex = FindNamedIndex({FourCC("astm"), asterism.GetNumber()}, view.frame);
+  return made;
+}
+
+bool AreFeaturesShown(const SSO_ID& body, const ShownKinds& shown) {
+  return body.kind == FourCC("moon") ? shown.moonFeatures : shown.planetFeatures;
+}
+
+Case MakeFeatureCase(int index, const ObjectTests& tests, const ViewGeometry& geometry,
+                     const ShownView& view) {
+  const SkyCatalogs& catalogs = view.frame.GetCatalogs();
+  const SSO_ID id = Gazetteers::GetBody(index);
+  const SurfaceFeature& feature = catalogs.gazetteers.GetFeature(index);
+  const SolarSystemPart& part = view.frame.GetParts().solarSystem;
+  const BodyModel& model = part.GetModel();
+  Case made = {FourCC("feat"), {}, {}, 0, {}, feature.name.c_str(), {}, ClassLimits(view.camera, id.kind)};
+  const int body = FindBody(catalogs.bodies, id);
+  const BodyState* const state =
+      part.IsSeenFromEarth() && body >= 0 ? &model.GetStates()[static_cast<std::size_t>(body)] : nullptr;
+  const auto surface = state && state->known
+                           ? astro::FindPhysicalEphemeris(id, state->seen, model.GetMoment().julianDateTT)
+                           : std::nullopt;
+  if (!surface) {
+    made.obstacles = kNoPlace;
+    return made;
+  }
+  if (!AreFeaturesShown(id, view.shown) || !view.shown.IsShown(id.kind)) made.obstacles |= kKindOff;
+  const SurfaceView disc(geometry, *state, *surface);
+  const SurfacePlace place = disc.Find(feature);
+  made.obstacles |= disc.FindObstacles(feature, place) & ~static_cast<unsigned>(kOutside);
+  FindPlace(place.apparent, tests, geometry, made);
+  made.labelIndex =
+      FindNamedIndex({FourCC("feat"), catalogs.gazetteers.GetFeature(index).number}, view.frame);
+  return made;
+}
+
+// What the kind of the object depends on.
+KindState FindState(const FoundObject& found, int kind, const ShownView& view) {
+  if (found.group == ObjectGroup::kAsterism)
+    return ReadSwitchState(view.settings, FourCC("cnst"), "Asterisms", false);
+  if (found.group != ObjectGroup::kFeature) return ReadKindState(view.settings, kind);
+  const int body = Gazetteers::GetBody(found.index).kind;
+  const KindState state = ReadKindState(view.settings, body);
+  if (!state.sectionOn || !state.switchOn) return state;
+  return ReadSwitchState(view.settings, static_cast<unsigned>(body),
+                         body == FourCC("moon") ? "MoonFeatures" : "PlanetFeatures", true);
 }
 
 Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view) {
@@ -138,6 +213,10 @@ Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const Show
       return MakeTileStarCase(found.index, tests, view.frame);
     case ObjectGroup::kDeepsky:
       return MakeDeepskyCase(found.index, tests, view.frame);
+    case ObjectGroup::kAsterism:
+      return MakeAsterismCase(found.index, tests, geometry, view);
+    case ObjectGroup::kFeature:
+      return MakeFeatureCase(found.index, tests, geometry, view);
     default:
       return MakeConstellationCase(found.index, tests, view);
   }
@@ -151,7 +230,7 @@ Explanation Explain(const FoundObject& found, const ShownView& view) {
   Explanation why = {object.kind,
                      object.traits,
                      object.obstacles,
-                     ReadKindState(view.settings, object.kind),
+                     FindState(found, object.kind, view),
                      {},
                      object.code,
                      object.limits,

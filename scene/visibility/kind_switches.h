@@ -13,4 +13,8 @@ bool HasSection(const CommonInterfaces::SettingsData& settings, unsigned section
 // constellations, "cnst".
 KindState ReadKindState(CommonInterfaces::SettingsData& settings, int kind);
 
+// Of a switch of a section; `otherwise`: what it is where the settings lack it.
+KindState ReadSwitchState(CommonInterfaces::SettingsData& settings, unsigned section, const char* name,
+                          bool otherwise);
+
 }  // namespace scene

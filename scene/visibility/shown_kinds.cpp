@@ -25,6 +25,11 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::figures, FourCC("cnst"), "PatternsVisible"},
                                 {&ShownKinds::boundaries, FourCC("cnst"), "BoundariesVisible"},
                                 {&ShownKinds::englishNames, FourCC("cnst"), "EnglishName"},
+                                {&ShownKinds::genitiveNames, FourCC("cnst"), "LatinGenitive"},
+                                {&ShownKinds::localNames, FourCC("cnst"), "LocalName"},
+                                {&ShownKinds::asterisms, FourCC("cnst"), "Asterisms"},
+                                {&ShownKinds::planetFeatures, FourCC("plnt"), "PlanetFeatures"},
+                                {&ShownKinds::moonFeatures, FourCC("moon"), "MoonFeatures"},
                                 {&ShownKinds::milkyWay, FourCC("grid"), "MilkyWayVisible"},
                                 {&ShownKinds::horizon, FourCC("grid"), "HorizonDraw"},
                                 {&ShownKinds::compass, FourCC("grid"), "Compass"},
@@ -82,7 +87,6 @@ struct Undrawn {
   const char* reason;
 };
 constexpr char kPhysicalGrid[] = "lines on the discs of bodies are not drawn",
-               kFeatures[] = "features of surfaces are not named",
                kPlanetPath[] = "paths of planets are not drawn",
                kAsteroidGroups[] = "groups of asteroids are not drawn",
                kStarKinds[] = "the catalog of stars does not tell these stars from others",
@@ -95,20 +99,17 @@ constexpr Undrawn kUndrawn[] = {
     {FourCC("star"), "LuminosityUndef", "stars are not filtered by luminosity class"},
     {FourCC("plnt"), "PlanetGuides", kPhysicalGrid},
     {FourCC("plnt"), "PlanetGrid", kPhysicalGrid},
-    {FourCC("plnt"), "PlanetFeatures", kFeatures},
     {FourCC("plnt"), "PlanetCelPath", kPlanetPath},
     {FourCC("plnt"), "PlanetLocPath", kPlanetPath},
     {FourCC("moon"), "MoonGuides", kPhysicalGrid},
     {FourCC("moon"), "MoonGrid", kPhysicalGrid},
-    {FourCC("moon"), "MoonFeatures", kFeatures},
     {FourCC("astr"), "ShowAsterBelt", "the belt of asteroids is not drawn"},
     {FourCC("astr"), "AsterGroups", kAsteroidGroups},
     {FourCC("astr"), "AsterLabels", kAsteroidGroups},
     {FourCC("scft"), "USCOZoomDependShow", kNoMagnitude},
     {FourCC("scft"), "USCOZoomDependLabel", kNoMagnitude},
     {FourCC("cnst"), "ImagesVisible", kImages},
-    {FourCC("cnst"), "ImagesBrightness", kImages},
-    {FourCC("cnst"), "LatinGenitive", "the catalog of constellations has no genitives"}};
+    {FourCC("cnst"), "ImagesBrightness", kImages}};
 
 // The value of a field of one byte, `otherwise` where the section has none.
 unsigned char ReadByte(SettingsData& settings, unsigned section, const char* name, unsigned char otherwise) {
@@ -123,14 +124,14 @@ unsigned char ReadByte(SettingsData& settings, unsigned section, const char* nam
   return value;
 }
 
-// What the settings lack counts as `otherwise`, a whole section as on.
-KindState ReadState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
-  if (!HasSection(settings, section)) return {name, true, otherwise};
-  return {name, settings.GetSectionStatus(section, false) != 0,
-          ReadByte(settings, section, name, otherwise) != 0};
-}
-
 }  // namespace
+
+// What the settings lack counts as `otherwise`, a whole section as on.
+KindState ReadSwitchState(SettingsData& settings, unsigned section, const char* name, bool otherwise) {
+  if (!HasSection(settings, section)) return {name, true, otherwise, section};
+  return {name, settings.GetSectionStatus(section, false) != 0,
+          ReadByte(settings, section, name, otherwise) != 0, section};
+}
 
 bool HasSection(const SettingsData& settings, unsigned section) {
   for (int i = 0; i < settings.GetSectionCount(); ++i) {
@@ -152,6 +153,12 @@ bool ShownKinds::IsShown(int kind) const {
   return kind == FourCC("dsnv") && otherDeepsky;
 }
 
+NameForm ShownKinds::GetConstellationForm() const {
+  if (englishNames) return NameForm::kEnglish;
+  if (genitiveNames) return NameForm::kGenitive;
+  return localNames ? NameForm::kLocal : NameForm::kLatin;
+}
+
 const LabelRules& ShownKinds::GetLabels(int kind) const {
   if (kind == FourCC("star")) return starLabels;
   if (kind == FourCC("clst")) return clusterLabels;
@@ -167,20 +174,20 @@ const LabelRules& ShownKinds::GetLabels(int kind) const {
 KindState ReadKindState(SettingsData& settings, int kind) {
   for (const auto& entry : kSwitches) {
     if (entry.section == static_cast<unsigned>(kind))
-      return ReadState(settings, entry.section, entry.name, true);
+      return ReadSwitchState(settings, entry.section, entry.name, true);
   }
-  return {nullptr, true, false};
+  return {nullptr, true, false, static_cast<unsigned>(kind)};
 }
 
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
   for (const auto& entry : kSwitches) {
-    const KindState state = ReadState(settings, entry.section, entry.name, shown.*entry.flag);
+    const KindState state = ReadSwitchState(settings, entry.section, entry.name, shown.*entry.flag);
     shown.*entry.flag = state.sectionOn && state.switchOn;
   }
   for (const auto& entry : kLabelSwitches) {
     bool& flag = (shown.*entry.rules).*entry.flag;
-    flag = ReadState(settings, entry.section, entry.name, flag).switchOn;
+    flag = ReadSwitchState(settings, entry.section, entry.name, flag).switchOn;
   }
   constexpr unsigned kGrid = FourCC("grid");
   if (HasSection(settings, kGrid) && settings.GetSectionStatus(kGrid, false) != 0) {

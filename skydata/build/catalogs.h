@@ -20,8 +20,16 @@ std::string MakeConstellationLines(const std::filesystem::path& source);
 std::string MakeConstellationBounds(const std::filesystem::path& source);
 std::string MakeMilkyWay(const std::filesystem::path& source);
 std::string MakeSaturnRing(const std::filesystem::path& source);
+std::string MakeObjectNames(const std::filesystem::path& source);
+std::string MakeAsterisms(const std::filesystem::path& source);
+std::string MakeAsterismLines(const std::filesystem::path& source);
+std::string MakeCities(const std::filesystem::path& source);
+std::string MakeDoubleStars(const std::filesystem::path& source);
 std::string MakeAsteroidCatalog(const std::filesystem::path& source);
 std::string MakeCometCatalog(const std::filesystem::path& source);
+
+// The names on the surface of one body, from a table of gazetteers/.
+std::string MakeGazetteer(const std::filesystem::path& table);
 
 // Two-line elements, as they stand in the source: docs/formats/two_line_elements.md.
 std::string MakeSatellites(const std::filesystem::path& source);

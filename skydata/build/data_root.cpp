@@ -39,6 +39,11 @@ constexpr Catalog kCatalogs[] = {
     {"constellation_bounds", "constellations/SOURCE.md", MakeConstellationBounds},
     {"milkyway", "milkyway/SOURCE.md", MakeMilkyWay},
     {"saturn_ring", "maps/SOURCE.md", MakeSaturnRing},
+    {"names", "names/SOURCE.md", MakeObjectNames},
+    {"asterisms", "names/SOURCE.md", MakeAsterisms},
+    {"asterism_lines", "names/SOURCE.md", MakeAsterismLines},
+    {"cities", "cities/SOURCE.md", MakeCities},
+    {"double_stars", "doubles/SOURCE.md", MakeDoubleStars},
     {"asteroids", "orbits/SOURCE.md", MakeAsteroidCatalog},
     {"comets", "orbits/SOURCE.md", MakeCometCatalog}};
 
@@ -86,6 +91,16 @@ void AddPictures(const fs::path& folder, const char* extension, const fs::path& 
   }
 }
 
+// The names on the surfaces of bodies, a file for each.
+void AddGazetteers(const fs::path& folder, Files& files) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().extension() != ".tsv") continue;
+    files[fs::path("gazetteers") / (entry.path().stem().string() + "_features.txt")] =
+        MakeGazetteer(entry.path());
+  }
+  files["gazetteers/gazetteers.source.md"] = ReadFile(folder / "SOURCE.md");
+}
+
 // The string table of every language, and that of the default one where programs without a language look.
 void AddStrings(const fs::path& folder, const std::string& language, Files& files) {
   files[kStringTable] = MakeStringTable(folder / language / kStringTable);
@@ -123,6 +138,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddPictures(source / "surface", ".svg", "media/surface", files);
   AddPictures(source / "maps", ".jpg", "media/maps", files);
   files["media/maps/maps.source.md"] = ReadFile(source / "maps" / "SOURCE.md");
+  AddGazetteers(source / "gazetteers", files);
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
   return static_cast<int>(files.size());

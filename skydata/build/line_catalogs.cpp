@@ -26,14 +26,16 @@ void AddRequiredText(const SourceTable& table, int row, int column, CatalogText&
 
 std::string MakeConstellationCatalog(const std::filesystem::path& source) {
   const SourceTable table(source / "constellations" / "constellations.tsv",
-                          {"Abbreviation", "Latin", "English", "RA_deg", "Dec_deg"});
-  CatalogText catalog("constellations/constellations.tsv",
-                      {"Label:text", "ProperName:text", "EnglishName:text", "RA:f64", "Dec:f64"});
+                          {"Abbreviation", "Latin", "English", "RA_deg", "Dec_deg", "Genitive"});
+  CatalogText catalog(
+      "constellations/constellations.tsv",
+      {"Label:text", "ProperName:text", "EnglishName:text", "RA:f64", "Dec:f64", "Genitive:text"});
   for (int row = 0; row < table.GetRowCount(); ++row) {
     AddRequiredText(table, row, 0, catalog);
     AddRequiredText(table, row, 1, catalog);
     catalog.AddText(table.GetText(row, 2));
     AddPosition(table, row, 3, catalog);
+    catalog.AddText(table.GetText(row, 5));
     catalog.EndRecord();
   }
   return catalog.GetBytes();

@@ -25,15 +25,23 @@ struct Arguments {
 
 ShownTable ShowFileOf(DataKind kind, const std::string& path) {
   using Show = ShownTable (*)(const std::string&);
-  static const std::map<DataKind, Show> kShows = {
-      {DataKind::kSettings, ShowSettings},     {DataKind::kYearLimits, ShowYearLimits},
-      {DataKind::kCatalogTable, ShowCatalog},  {DataKind::kTwoLineElements, ShowTwoLineElements},
-      {DataKind::kPlanets, ShowPlanets},       {DataKind::kObservationTimes, ShowObservationTimes},
-      {DataKind::kArticles, ShowArticles},     {DataKind::kDistances, ShowDistances},
-      {DataKind::kFlightList, ShowFlightList}, {DataKind::kConstellationImages, ShowImages},
-      {DataKind::kMilkyWayImages, ShowImages}, {DataKind::kDeepskyImages, ShowDeepskyImages},
-      {DataKind::kPanoramas, ShowPanoramas},   {DataKind::kFavourites, ShowList},
-      {DataKind::kChosen, ShowList},           {DataKind::kSelection, ShowList}};
+  static const std::map<DataKind, Show> kShows = {{DataKind::kSettings, ShowSettings},
+                                                  {DataKind::kYearLimits, ShowYearLimits},
+                                                  {DataKind::kGazetteer, ShowCatalog},
+                                                  {DataKind::kCatalogTable, ShowCatalog},
+                                                  {DataKind::kTwoLineElements, ShowTwoLineElements},
+                                                  {DataKind::kPlanets, ShowPlanets},
+                                                  {DataKind::kObservationTimes, ShowObservationTimes},
+                                                  {DataKind::kArticles, ShowArticles},
+                                                  {DataKind::kDistances, ShowDistances},
+                                                  {DataKind::kFlightList, ShowFlightList},
+                                                  {DataKind::kConstellationImages, ShowImages},
+                                                  {DataKind::kMilkyWayImages, ShowImages},
+                                                  {DataKind::kDeepskyImages, ShowDeepskyImages},
+                                                  {DataKind::kPanoramas, ShowPanoramas},
+                                                  {DataKind::kFavourites, ShowList},
+                                                  {DataKind::kChosen, ShowList},
+                                                  {DataKind::kSelection, ShowList}};
   return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(ReadFile(path));
 }
 

@@ -25,6 +25,11 @@ constexpr DataPlace kPlaces[] = {
     {DataKind::kCatalogTable, "catalogs/constellation_lines.txt"},
     {DataKind::kCatalogTable, "catalogs/milkyway.txt"},
     {DataKind::kCatalogTable, "catalogs/saturn_ring.txt"},
+    {DataKind::kCatalogTable, "catalogs/names.txt"},
+    {DataKind::kCatalogTable, "catalogs/asterisms.txt"},
+    {DataKind::kCatalogTable, "catalogs/asterism_lines.txt"},
+    {DataKind::kCatalogTable, "catalogs/cities.txt"},
+    {DataKind::kCatalogTable, "catalogs/double_stars.txt"},
     {DataKind::kCatalogTable, "catalogs/asteroids.txt"},
     {DataKind::kCatalogTable, "catalogs/comets.txt"},
     {DataKind::kTwoLineElements, "catalogs/satellites.tle"},
@@ -68,6 +73,7 @@ const std::vector<DataKindName>& GetDataKindNames() {
       {DataKind::kSettings, "settings"},
       {DataKind::kYearLimits, "year-limits"},
       {DataKind::kCatalogTable, "catalog"},
+      {DataKind::kGazetteer, "gazetteer"},
       {DataKind::kTwoLineElements, "two-line-elements"},
       {DataKind::kStarTiles, "star-tiles"},
       {DataKind::kPlanets, "planets"},
@@ -95,7 +101,7 @@ DataKind KindOfName(const std::string& name) {
   if (EndsIn(last, ".data")) return DataKind::kSettings;
   if (EndsIn(last, ".tle")) return DataKind::kTwoLineElements;
   if (EndsIn(last, ".md")) return DataKind::kNote;
-  if (name.starts_with("gazetteers/")) return DataKind::kGazetteer;
+  if (EndsIn(last, "_features.txt")) return DataKind::kGazetteer;
   return DataKind::kUnknown;
 }
 

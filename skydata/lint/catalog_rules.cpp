@@ -19,6 +19,11 @@ constexpr ColumnRange kRanges[] = {
     {"Dec", -kPi / 2.0, kPi / 2.0, 90.0},
     {"EndRA", 0.0, 2.0 * kPi, kDegreesPerTurn},
     {"EndDec", -kPi / 2.0, kPi / 2.0, 90.0},
+    {"Latitude", -kPi / 2.0, kPi / 2.0, 90.0},
+    {"Longitude", -kPi, 2.0 * kPi, kDegreesPerTurn},
+    {"PairAngle", 0.0, 2.0 * kPi, kDegreesPerTurn},
+    {"Separation", 0.0, kLargeSize, 1e4},
+    {"Diameter", 0.0, 20000.0, 0.0},
     {"PositionAngle", 0.0, kPi, 180.0},
     {"VisMagnitude", -30.0, 40.0, 0.0},
     {"AbsMagnitude", -30.0, 60.0, 0.0},
@@ -40,7 +45,8 @@ const ColumnRange* FindRange(const std::string& column) {
 }
 
 const CatalogRule* FindCatalogRule(const std::string& fileName) {
-  const std::string name = std::filesystem::path(fileName).stem().string();
+  std::string name = std::filesystem::path(fileName).stem().string();
+  if (name.ends_with("_features")) name = "features";  // of any body
   static const CatalogRule kRules[] = {
       {"stars", {"Number", "RA", "Dec"}, "star"},
       {"deepsky", {"Type", "Number", "RA", "Dec"}, ""},
@@ -51,6 +57,12 @@ const CatalogRule* FindCatalogRule(const std::string& fileName) {
       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
       {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
       {"saturn_ring", {"Radius", "Red", "Green", "Blue", "Opacity"}, nullptr},
+      {"names", {"Object", "Language", "ProperName"}, nullptr},
+      {"asterisms", {"Key", "ProperName"}, nullptr},
+      {"asterism_lines", {"Key", "Number", "RA", "Dec"}, nullptr},
+      {"cities", {"ProperName", "Country", "Latitude", "Longitude", "Zone"}, nullptr},
+      {"features", {"ProperName", "Type", "Latitude", "Longitude"}, nullptr},
+      {"double_stars", {"Pair", "Separation", "PairAngle"}, nullptr},
       {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},
       {"comets", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "comt"}};
   const auto found = std::find_if(std::begin(kRules), std::end(kRules),

@@ -39,7 +39,7 @@ constexpr KindRule kRules[] = {{DataKind::kStrings, LintStrings},
                                {DataKind::kFavourites, LintFavourites},
                                {DataKind::kChosen, LintChosen},
                                {DataKind::kHomes, LintHomes},
-                               {DataKind::kGazetteer, LintText},
+                               {DataKind::kGazetteer, LintCatalog},
                                {DataKind::kNote, LintText}};
 
 // Points the logical paths at the root while it lives.

@@ -47,9 +47,10 @@ const scene::ObjectSearch& ObjectFinder::GetSearch() {
   return *m_Search;
 }
 
-void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFinder& finder,
-             CommonInterfaces::Camera& camera, Diagnostics& diagnostics) {
-  if (!options.aim) return;
+std::optional<scene::FoundObject> AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs,
+                                          ObjectFinder& finder, CommonInterfaces::Camera& camera,
+                                          Diagnostics& diagnostics) {
+  if (!options.aim) return std::nullopt;
   const std::string asked = "--look '" + options.aim->name + "': ";
   const scene::FoundObject object = finder.Find("--look", options.aim->name);
   if (!scene::IsNearSurface(camera))
@@ -59,6 +60,7 @@ void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFin
   if (there->altitude < 0.0)
     diagnostics.lines.push_back(asked +
                                 FormatText("below the horizon, altitude %.1f\u00B0\n", there->altitude));
+  return object;
 }
 
 void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,

@@ -34,10 +34,11 @@ class ObjectFinder {
   std::optional<scene::ObjectSearch> m_Search;
 };
 
-// Turns the view to the object of --look, when it names one; one below the horizon becomes a diagnostic line.
-// Throws Stop.
-void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFinder& finder,
-             CommonInterfaces::Camera& camera, Diagnostics& diagnostics);
+// Turns the view to the object of --look, when it names one, and returns that; one below the horizon becomes
+// a diagnostic line. Throws Stop.
+std::optional<scene::FoundObject> AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs,
+                                          ObjectFinder& finder, CommonInterfaces::Camera& camera,
+                                          Diagnostics& diagnostics);
 
 // Adds the objects of --favourite to the filters. Throws Stop.
 void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,

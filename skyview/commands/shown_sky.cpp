@@ -9,6 +9,7 @@
 #include "scene/why.h"
 #include "skyview/commands/start.h"
 #include "skyview/options/catalog_requests.h"
+#include "skyview/reports/besides.h"
 #include "skyview/reports/explanation.h"
 #include "skyview/reports/report.h"
 #include "skyview/reports/shower_report.h"
@@ -73,7 +74,8 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
       m_Finder(m_Catalogs),
       m_WithShowers(options.extras.showers) {
   LoadCatalogs(options.satellites, m_View.camera, scene::CatalogUse::kPictures, m_Catalogs);
-  AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics);
+  if (const auto aim = AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics))
+    m_Besides = DescribeAim(*aim);
   m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
   AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
@@ -88,6 +90,11 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
   m_Maker->Prepare();
   m_Status = MakeStatus(m_View.camera, m_Catalogs);
   SetUpFrame(options);
+}
+
+std::string ShownSky::DescribeAim(const scene::FoundObject& aim) {
+  const std::string text = DescribeBesides(aim, m_Catalogs, m_View.camera);
+  return text.empty() ? "" : m_Finder.GetSearch().GetTitle(aim) + "\n" + text;
 }
 
 void ShownSky::SetUpFrame(const SkyOptions& options) {
@@ -110,7 +117,8 @@ void ShownSky::ShowOrbits(double fadeIn) {
 }
 
 std::string ShownSky::MakeReport() {
-  std::string report = m_Choice + skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame());
+  std::string report =
+      m_Choice + skyview::MakeReport(m_View.camera, m_Status, m_Maker->GetFrame()) + m_Besides;
   if (m_WithShowers) report += MakeShowerReport(m_View.camera, m_Maker->GetObserver(), scene::LoadShowers());
   return report;
 }

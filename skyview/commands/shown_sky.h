@@ -48,6 +48,7 @@ class ShownSky {
   const std::vector<SSO_ID>& GetMarks() const { return m_Marks; }
 
  private:
+  std::string DescribeAim(const scene::FoundObject& aim);
   void SetUpFrame(const SkyOptions& options);
 
   PreparedView m_View;
@@ -60,6 +61,7 @@ class ShownSky {
   scene::SkyMarkers m_Markers;
   std::optional<scene::FrameMaker> m_Maker;  // makes room for the catalogs, so once they are loaded
   std::string m_Choice;                      // DescribeChoice
+  std::string m_Besides;                     // what is known of the object of --look
   std::vector<std::string> m_Status;         // of the first frame
   bool m_WithShowers;
 };

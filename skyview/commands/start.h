@@ -8,6 +8,7 @@
 #include <string>
 
 #include "skyview/commands/command.h"
+#include "skyview/session/city.h"
 #include "skyview/session/session.h"
 #include "skyview/session/view_state.h"
 
@@ -41,6 +42,7 @@ std::optional<SessionCapsule> Start(const Call& call, RootOptions& root, ViewOpt
     (TakeOver(*session, groups), ...);
   }
   EnterRoots(root, call.programFolder);
+  Require(TakeCity(view, call.diagnostics));
   if (session) ReportChangedData(*session, root.GetLanguage(), call.diagnostics);
   return session;
 }

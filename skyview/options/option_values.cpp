@@ -134,7 +134,7 @@ std::optional<ViewFile> ParseViewFile(std::string_view text) {
 std::optional<Place> ParsePlace(std::string_view text) {
   const auto pair = ParsePair(text, -90.0, 90.0, -180.0, 180.0);
   if (!pair) return std::nullopt;
-  return Place{pair->first, pair->second};
+  return Place{pair->first, pair->second, 0.0, ""};
 }
 
 std::optional<Look> ParseLook(std::string_view text) {

@@ -24,6 +24,8 @@ struct ViewFile {
 struct Place {
   double latitude = 0.0;   // -90 to 90
   double longitude = 0.0;  // -180 to 180
+  double height = 0.0;     // metres above the sea
+  std::string name;        // "": none, UTF-8
 };
 
 // A moment that the clock tells.

@@ -19,6 +19,13 @@ bool ReadTime(const std::string& text, ViewOptions& view) {
   return Put(ParseClockTime(text), view.clockTime) || Put(ParseTime(text), view.time);
 }
 
+// What looks like numbers was meant to be coordinates.
+bool ReadPlace(const std::string& text, ViewOptions& view) {
+  if (Put(ParsePlace(text), view.place)) return true;
+  const bool isName = text.find_first_not_of("0123456789+-., ") != std::string::npos;
+  return isName && Put(ParseName(text), view.city);
+}
+
 bool ReadLook(const std::string& text, ViewOptions& view) {
   return Put(ParseLook(text), view.look) || Put(ParseAim(text), view.aim);
 }
@@ -52,9 +59,11 @@ constexpr OptionRow<ViewOptions> kRows[] = {
     {{"--zone", "NAME", "time zone of the IANA database, for example Europe/Berlin"},
      Times::kOnce,
      [](const std::string& text, ViewOptions& view) { return Put(ParseZone(text), view.zone); }},
-    {{"--place", "LAT,LON", "degrees, north and east positive, for example 52.52,13.405"},
+    {{"--place", "LAT,LON|CITY[,COUNTRY]",
+      "degrees, north and east positive, for example 52.52,13.405; or a city, with its height and, without "
+      "--zone, its time zone"},
      Times::kOnce,
-     [](const std::string& text, ViewOptions& view) { return Put(ParsePlace(text), view.place); }},
+     ReadPlace},
     {{"--look", "AZ,ALT|NAME[@ZOOM]",
       "degrees, azimuth 0 to 360 from north over east, altitude -90 to 90; or an object, with the zoom "
       "behind @"},

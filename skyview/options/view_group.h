@@ -23,6 +23,7 @@ struct ViewOptions {
   std::string timeText;                // --time as written, for messages
   std::optional<std::string> zone;
   std::optional<Place> place;
+  std::optional<std::string> city;  // or that, which FindCity (session/city.h) makes a place of; never both
   std::optional<Look> look;
   std::optional<Aim> aim;  // or that; never both
   std::optional<double> zoom;

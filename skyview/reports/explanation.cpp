@@ -13,7 +13,7 @@ namespace skyview {
 namespace {
 
 void AddSwitches(const scene::Explanation& why, std::vector<std::string>& reasons) {
-  const std::string section = scene::GetCodeText(why.kind);
+  const std::string section = scene::GetCodeText(static_cast<int>(why.state.section));
   if (!why.state.sectionOn)
     reasons.push_back("the section " + section + " is switched off (--set " + section + ":on)");
   if (why.state.switchName && !why.state.switchOn) {
@@ -78,6 +78,12 @@ std::vector<std::string> ListReasons(const scene::Explanation& why, const scene:
   if (why.obstacles & scene::kOutside) reasons.push_back(DescribeOutside(why, view.observer.horizon));
   if (why.obstacles & scene::kBesidePlanet) {
     reasons.push_back("at this zoom it falls together with its planet");
+  }
+  if (why.obstacles & scene::kFarSide) {
+    reasons.push_back("on the far side of its body, or too near to the limb");
+  }
+  if (why.obstacles & scene::kTooSmall) {
+    reasons.push_back("too small at this zoom to have its name");
   }
   if (why.obstacles == 0 && why.label == scene::LabelFate::kNone) {
     reasons.push_back(why.code ? "no memory was left for it" : "no free place for its name");

@@ -84,9 +84,11 @@ std::string StatusWriter::GetEarthOrObserver() const {
 }
 
 void StatusWriter::AddPlace() {
-  const std::string& name = m_Camera.GetLocationName();
-  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : scene::NameToCodePage(name)).c_str());
-  Add(Localize(HostText::kPlace, {CommonInterfaces::GetLocationString(&m_Shown).c_str()}));
+  const std::string name = scene::NameToCodePage(m_Camera.GetLocationName());
+  const bool onEarth = scene::IsNearSurface(m_Camera);
+  m_Shown.SetLocationName((name.empty() ? GetEarthOrObserver() : name).c_str());
+  const std::string place = !name.empty() && onEarth ? name : CommonInterfaces::GetLocationString(&m_Shown);
+  Add(Localize(HostText::kPlace, {place.c_str()}));
   AddAngles(Localize(
       HostText::kCoordinates,
       {CommonInterfaces::GetPositionCoordString(&m_Shown, kSurfacePosition, kSpacePosition).c_str()}));

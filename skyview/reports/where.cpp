@@ -11,12 +11,12 @@
 #include "astro/julian_date.h"
 #include "astro/rise_set.h"
 #include "astro/vectors.h"
-#include "common_interfaces/object_kinds.h"
 #include "common_interfaces/refraction.h"
 #include "common_interfaces/text_formats.h"
 #include "common_interfaces/units.h"
 #include "scene/base_plane.h"
 #include "skyview/reports/angle_text.h"
+#include "skyview/reports/besides.h"
 #include "skyview/reports/body_texts.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/reports/moment_text.h"
@@ -43,8 +43,10 @@ constexpr double kSatelliteStep = 1.0 / 2880.0;  // half a minute: a pass lasts 
 class WhereWriter {
  public:
   WhereWriter(scene::ObjectSight& sight, const ObservedBody& seen, const Camera& camera, int kind,
-              const scene::SkyCatalogs& catalogs)
-      : m_Sight(sight),
+              const scene::SkyCatalogs& catalogs, const std::string& besides)
+      : m_Kind(kind),
+        m_Besides(besides),
+        m_Sight(sight),
         m_Seen(seen),
         m_Camera(camera),
         m_Catalogs(catalogs),
@@ -52,15 +54,16 @@ class WhereWriter {
         m_Now(scene::GetMoment(camera)),
         m_Satellite(kind == FourCC("scft")),
         m_Constellation(kind == FourCC("cnst")),
-        m_InSolarSystem(kind == FourCC("plnt") || kind == FourCC("moon") || kind == FourCC("astr") ||
-                        kind == FourCC("comt")) {}
+        m_InSolarSystem(kind == FourCC("feat") || kind == FourCC("plnt") || kind == FourCC("moon") ||
+                        kind == FourCC("astr") || kind == FourCC("comt")) {}
 
   std::string Write() {
     AddPositions();
     AddConstellation();
     AddDirection();
     AddDistance();
-    AddLook();
+    if (m_Kind != FourCC("feat")) AddLook();
+    m_Text += m_Besides;
     AddEvents();
     if (m_InSolarSystem && IsOutsideModel(m_Now)) Add(Localize(HostText::kOutsideModel, {}));
     return std::move(m_Text);
@@ -83,6 +86,8 @@ class WhereWriter {
   void FindHighest(RiseTransitSet& pass) const;
   std::string FormatEvent(const scene::SkyMoment& moment) const;
 
+  int m_Kind;
+  const std::string& m_Besides;
   scene::ObjectSight& m_Sight;
   const ObservedBody& m_Seen;
   const Camera& m_Camera;
@@ -113,13 +118,13 @@ void WhereWriter::AddPositions() {
   Add(Localize(HostText::kWhereOfDate, {FormatEquatorial(ofDate).c_str()}));
 }
 
-// The Latin names of the catalog, which a code page may lack letters for, stand behind the text.
+// The names of the catalog, which a code page may lack letters for, stand behind the text.
 void WhereWriter::AddConstellation() {
   const double* const v = m_Seen.astrometric;
   const int found = m_Constellation ? -1 : m_Catalogs.bounds.Find({{v[0], v[1], v[2]}});
   if (found < 0) return;
   m_Text += scene::ToUtf8(Localize(HostText::kWhereConstellation, {})) + ": " +
-            m_Catalogs.constellations[static_cast<std::size_t>(found)].name + "\n";
+            m_Catalogs.constellations[static_cast<std::size_t>(found)].localName + "\n";
 }
 
 void WhereWriter::AddDirection() {
@@ -282,9 +287,10 @@ bool DescribeWhere(const scene::FoundObject& object, const std::string& title, s
     return false;
   }
   const int kind = scene::GetKind(object, catalogs);
-  const char* type = CommonInterfaces::GetObjectTypeName(kind, scene::GetNumber(object, catalogs));
-  text = title + (type ? " - " + scene::ToUtf8(type) : "") + "\n";
-  text += WhereWriter(sight, seen, camera, kind, catalogs).Write();
+  const std::string type = DescribeType(object, catalogs),
+                    besides = DescribeBesides(object, catalogs, camera);
+  text = title + (type.empty() ? "" : " - " + type) + "\n";
+  text += WhereWriter(sight, seen, camera, kind, catalogs, besides).Write();
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "astro/constants.h"
 #include "astro/julian_date.h"
 #include "common_interfaces/settings_data.h"
 #include "scene/aim.h"
@@ -71,9 +72,9 @@ void ApplyPlace(const Place& place, Camera& camera) {
   SphCoor location = camera.GetLocation();
   location.lat = place.latitude * scene::kRadiansPerDegree;
   location.lon = place.longitude * scene::kRadiansPerDegree;
-  location.dist = 0.0;
+  location.dist = place.height / astro::kMetresPerAu;
   camera.SetLocation(location);
-  camera.SetLocationName("");
+  camera.SetLocationName(place.name.c_str());  // UTF-8, as from a file
 }
 
 ViewResult ApplyField(double field, const PictureSize& size, Camera& camera) {

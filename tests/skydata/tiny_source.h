@@ -25,7 +25,7 @@ class TinySource {
           "Messier\tNGC_IC\tName\tType\tV_mag\tLargest_arcmin\tSmallest_arcmin\tRA_deg\tDec_deg\n"
           "13\t\t\tglobular cluster\t5.8\t20\t20\t250\t36\n31\t\t\tspiral galaxy\t3.4\t178\t63\t10\t41\n");
     Write("constellations/constellations.tsv",
-          "Abbreviation\tLatin\tEnglish\tRA_deg\tDec_deg\nOri\tOrion\tOrion\t83\t5\n");
+          "Abbreviation\tLatin\tEnglish\tRA_deg\tDec_deg\tGenitive\nOri\tOrion\tOrion\t83\t5\n");
     Write("orbits/asteroids.tsv",
           "Number\tName\tEpoch_JD_TDB\ta_au\te\ti_deg\tom_deg\tw_deg\tM0_deg\tH_mag\tG\tDiameter_km\n"
           "1\tCeres\t2459800.5\t2.77\t0.08\t10.6\t80\t74\t334\t3.3\t0.12\t939\n");

@@ -78,7 +78,7 @@ FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings":
 
 
 # An exported header of scene has the room of its source, scene/ROOM/NAME.cpp; those that have none:
-SCENE_HEADERS = {"api.h": None, "object_traits.h": "catalogs", "label_rules.h": "catalogs", "class_limits.h": "visibility",
+SCENE_HEADERS = {"api.h": None, "object_traits.h": "catalogs", "label_rules.h": "catalogs", "on_demand.h": "catalogs", "class_limits.h": "visibility",
                  "drawn_objects.h": "visibility", "obstacles.h": "visibility", "zoom_range.h": "visibility",
                  "image_groups.h": "frame", "scene_c.h": "interface_c", "scene.h": "umbrella"}
 

@@ -36,6 +36,7 @@ MESSIER_NAMES = {
     "M83": "Southern Pinwheel Galaxy", "M101": "Pinwheel Galaxy", "M102": "Spindle Galaxy", "M104": "Sombrero Galaxy"}
 
 CONSTELLATION_NAMES = {"CrA": "Corona Australis"}
+CONSTELLATION_GENITIVES = {"CrA": "Coronae Australis"}
 CONSTELLATION_ENGLISH = {"UMa": "Great Bear", "UMi": "Little Bear"}
 
 
@@ -128,14 +129,15 @@ def constellations(originals, source):
             abbreviation = row["Abbr"]
             latin = CONSTELLATION_NAMES.get(abbreviation, row["LatinName"])
             english = CONSTELLATION_ENGLISH.get(abbreviation, row["English"])
-            yield (abbreviation, latin, english, longitude(row["LabelRA_deg"]), number(row["LabelDE_deg"]))
+            genitive = CONSTELLATION_GENITIVES.get(abbreviation, row["Genitive"])
+            yield (abbreviation, latin, english, longitude(row["LabelRA_deg"]), number(row["LabelDE_deg"]), genitive)
 
     def lines():
         for row in rows(originals, "constellations-d3/lines.tsv"):
             yield row["Abbr"], row["Polyline"], longitude(row["RA_deg"]), number(row["DE_deg"])
 
-    write(source, "constellations/constellations.tsv", ("Abbreviation", "Latin", "English", "RA_deg", "Dec_deg"),
-          names())
+    write(source, "constellations/constellations.tsv", ("Abbreviation", "Latin", "English", "RA_deg", "Dec_deg",
+                                                    "Genitive"), names())
     write(source, "constellations/lines.tsv", ("Abbreviation", "Polyline", "RA_deg", "Dec_deg"), lines())
 
 

@@ -44,8 +44,8 @@ enum DeepskyTable : unsigned char { kMessierTable, kNgcTable, kDeepskyTables };
 // All deep-sky objects with their texts and the tables that they came from, for what no frame needs, such as
 // all the names of an object. May be moved and copied; the objects' texts live as long as one of the copies.
 struct SCENE_API DeepskyCatalog {
-  std::vector<DeepskyObject> objects;  // by code, brightest first
-  std::shared_ptr<const std::string> texts;
+  std::vector<DeepskyObject> objects;                    // by code, brightest first
+  std::shared_ptr<const std::string> texts, localTexts;  // the second: names of another language
   CatalogTable tables[kDeepskyTables];
   std::map<int, int> messierRecords;  // number of Messier's list, record of the second table, -1: none
 

@@ -14,4 +14,7 @@ struct LabelRules {
   bool ngcFirst = false;      // "NGC 1976" before "M42"
 };
 
+// Of the names of constellations.
+enum class NameForm { kLatin, kGenitive, kEnglish, kLocal };
+
 }  // namespace scene

@@ -12,9 +12,10 @@
 
 namespace scene {
 
-enum class ObjectGroup { kStar, kTileStar, kDeepsky, kConstellation, kBody };
+enum class ObjectGroup { kStar, kTileStar, kDeepsky, kConstellation, kBody, kAsterism, kFeature };
 
-// An object of the catalogs by its index there; a star of a tile catalog by its number.
+// An object of the catalogs by its index there; a star of a tile catalog by its number, a feature of a
+// surface by the index that the gazetteers give it.
 struct FoundObject {
   ObjectGroup group;
   int index;
@@ -39,6 +40,11 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // and α2. Upper and lower case, accents, blanks and punctuation do not matter, and where nothing else has
 // such a name "Galaxy", "Nebula" or "Cluster" at its end may be missing: "Sombrero". Planets and moons come
 // before asteroids of the same name: "Europa" is the moon, "52 Europa" the asteroid.
+//
+// Besides the names that the tables have, those in all languages that the list of names has are found:
+// "Beteigeuze", "North Star", "Großer Wagen" (name_list.h). Asterisms give way to other objects of their
+// name. Only what nothing else is called is looked for on the surfaces of bodies (gazetteers.h): "Tycho", and
+// where several bodies have such a feature the Moon's; "Copernicus (Mars)" says which.
 class SCENE_API ObjectSearch {
  public:
   // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by
@@ -75,6 +81,13 @@ class SCENE_API ObjectSearch {
   void AddOthers(const CatalogTable& table, const FoundObject& object);
   void AddBodies(const SkyCatalogs& catalogs);
   void AddUnplacedMoons(const SkyCatalogs& catalogs);
+  void AddConstellations(const SkyCatalogs& catalogs);
+  void AddAsterisms(const SkyCatalogs& catalogs);
+  void AddListed(const SkyCatalogs& catalogs);
+  void AddListedFigure(const SkyCatalogs& catalogs, const ListedName& entry);
+  void AddListedTileStar(const std::string& key, const std::vector<const ListedName*>& entries);
+  std::vector<FoundObject> FindFeatures(const std::string& key) const;
+  void AppendFeatureKeys(std::vector<Name>& names) const;
   static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
   std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
@@ -83,6 +96,7 @@ class SCENE_API ObjectSearch {
   const SkyCatalogs* m_Catalogs;
 
   std::vector<Name> m_Names;       // those of one object together, the best known first
+  std::vector<Name> m_Listed;      // further names, which titles leave out
   std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it
   std::vector<UnplacedMoon> m_Moons;
   int m_KnownBodies = 0;  // the first so many of the list are planets and moons

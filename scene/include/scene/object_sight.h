@@ -15,11 +15,18 @@ class SCENE_API ObjectSight {
   // The catalogs' tables change their current record; nothing of them is kept.
   ObjectSight(const FoundObject& object, SkyCatalogs& catalogs);
 
+  // The place of a feature is that on the surface of its body, also on the far side; distance, magnitude,
+  // size and phase are the body's.
+  //
   // False when the model knows neither the object nor its record, or cannot tell where it is then.
   bool Observe(const SkyMoment& moment, const EarthPlace& place, ObservedBody& seen);
 
  private:
+  void SetDirection(const Direction& direction);
+
   CQXSolSys m_Model;
+  SSO_ID m_Body;  // of the feature
+  std::optional<SurfaceFeature> m_Feature;
 };
 
 }  // namespace scene

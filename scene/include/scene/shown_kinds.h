@@ -32,8 +32,10 @@ struct SCENE_API ShownKinds {
   bool otherDeepsky = true;  // "dsnv", the objects that are not seen in visible light
   bool figures = true;
   bool constellationNames = true;
-  bool boundaries = false;    // of the constellations
-  bool englishNames = false;  // of the constellations
+  bool boundaries = false;  // of the constellations
+  // Of the names of constellations the first of these that is on, else the Latin one.
+  bool englishNames = false, genitiveNames = false, localNames = true;
+  bool asterisms = false;
   bool milkyWay = true;
   bool horizon = true;
   bool horizonLine = true;  // along the edge of the ground
@@ -45,6 +47,8 @@ struct SCENE_API ShownKinds {
   bool spacecraft = true;
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
+  bool planetFeatures = true;  // names on their surfaces
+  bool moonFeatures = true;
   bool noradNumbers = false;  // beside satellites, in place of names
   // Day, twilight, moonlight and extinction for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.
@@ -57,7 +61,8 @@ struct SCENE_API ShownKinds {
   LabelRules clusterLabels, galaxyLabels, nebulaLabels, otherDeepskyLabels;
   LabelRules planetLabels, moonLabels, asteroidLabels, cometLabels, spacecraftLabels;
 
-  bool IsShown(int kind) const;                 // of a class of objects, by its four-character code
+  bool IsShown(int kind) const;  // of a class of objects, by its four-character code
+  NameForm GetConstellationForm() const;
   const LabelRules& GetLabels(int kind) const;  // of an unknown class: those of "dsnv"
 };
 
@@ -65,6 +70,7 @@ struct SCENE_API ShownKinds {
 struct KindState {
   const char* switchName;  // null for a kind that is never drawn
   bool sectionOn, switchOn;
+  unsigned section;
 };
 
 // Reads the switches: a thing is drawn while its section is on and its switch there is not 0, for example

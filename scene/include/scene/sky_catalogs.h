@@ -7,13 +7,19 @@
 #include <vector>
 
 #include "scene/api.h"
+#include "scene/asterisms.h"
 #include "scene/bodies.h"
 #include "scene/catalog_table.h"
 #include "scene/constellation_bounds.h"
 #include "scene/deepsky_catalog.h"
 #include "scene/directions.h"
+#include "scene/double_stars.h"
+#include "scene/gazetteers.h"
+#include "scene/label_rules.h"
+#include "scene/name_list.h"
 #include "scene/nebula_outlines.h"
 #include "scene/object_traits.h"
+#include "scene/on_demand.h"
 #include "scene/star_catalog.h"
 #include "scene/star_tiles.h"
 
@@ -26,13 +32,15 @@ struct FigureStroke {
   int constellation;  // index in the catalogs' list, -1 for a figure of a constellation that is not in it
 };
 
-struct ConstellationName {
+struct SCENE_API ConstellationName {
   std::string abbreviation;  // "Ori"
   Direction direction;       // J2000
   std::string name;          // Latin
   std::string englishName;   // the Latin one where there is no other
+  std::string genitive;      // Latin; likewise
+  std::string localName;     // in the language of the texts; likewise
 
-  const std::string& GetShownName(bool english) const { return english ? englishName : name; }
+  const std::string& GetName(NameForm form) const;
 };
 
 // A closed outline of the Milky Way: `count` points from `first` on, the last one joined to the first.
@@ -61,6 +69,11 @@ struct SkyCatalogs {
   std::vector<MilkyWayRing> milkyWay;  // by level
   BodyList bodies;
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
+  // What most runs do without.
+  OnDemand<std::vector<ListedName>> names{LoadNames};
+  OnDemand<std::vector<Asterism>> asterisms{LoadAsterisms};
+  OnDemand<std::vector<StarPair>> starPairs{LoadStarPairs};
+  Gazetteers gazetteers;
 };
 
 // What catalogs are loaded for. Questions about objects do without the outlines of the Milky Way, the largest

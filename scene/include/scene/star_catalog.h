@@ -40,6 +40,7 @@ class SCENE_API StarCatalog {
       return GetText(m_ProperNames[star]);
     return GetText(rules.abbreviation ? m_Designations[star] : m_Letters[star]);
   }
+  void SetProperName(int star, std::string_view name) { m_ProperNames[star] = AddText(name); }
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
   int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
   ObjectTraits GetTraits(int star) const {

@@ -139,7 +139,7 @@ TEST_F(TileStarsTest, FrameDrawsExactlyTheStarsThatAWalkOverAllFinds) {
 TEST_F(TileStarsTest, FrameUnderANaturalSkyDrawsExactlyTheStarsThatItDoesNotHide) {
   UseStars(host_test::MakeTileStars(12000, kFirst, 0.0, 14.0, 1.1));
   f.shown.naturalSky = true;
-  SolarSystemPart bodies(catalogs.bodies);
+  SolarSystemPart bodies(catalogs.bodies, catalogs.gazetteers);
   Seen seen;
   int fewer = 0, same = 0;
   for (int i = 0; i < 600; ++i) {
@@ -164,7 +164,7 @@ TEST_F(TileStarsTest, FrameUnderANaturalSkyDrawsExactlyTheStarsThatItDoesNotHide
 TEST_F(TileStarsTest, SkyFadesTileStarsAsItFadesBrightOnes) {
   UseStars(host_test::MakeTileStars(5000, kFirst, 0.0, 7.0));
   f.shown.naturalSky = true;
-  SolarSystemPart bodies(catalogs.bodies);
+  SolarSystemPart bodies(catalogs.bodies, catalogs.gazetteers);
   std::map<int, StarTileRecord> records;
   VisitAll([&](const StarTileRecord& star) { records.emplace(star.GetNumber(), star); });
   int faded = 0;

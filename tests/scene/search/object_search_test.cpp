@@ -27,8 +27,14 @@ TEST(NameKey, GreekLettersAreWrittenOut) {
   EXPECT_EQ(MakeNameKey("σς"), "sigmasigma");
 }
 
+TEST(NameKey, CyrillicLettersBecomeSmall) {
+  EXPECT_EQ(MakeNameKey("Большая Медведица"), "большаямедведица");
+  EXPECT_EQ(MakeNameKey("Пёс"), "пес");
+  EXPECT_EQ(MakeNameKey("ПЁС"), "пес");
+  EXPECT_EQ(MakeNameKey("Яя"), "яя");
+}
 TEST(NameKey, OtherScriptsAndBrokenUtf8Stay) {
-  EXPECT_EQ(MakeNameKey("Орион"), "Орион");
+  EXPECT_EQ(MakeNameKey("오리온"), "오리온");
   EXPECT_EQ(MakeNameKey("a\xCE"), "a\xCE");
   EXPECT_EQ(MakeNameKey("\xFF\x80z"), "\xFF\x80z");
 }

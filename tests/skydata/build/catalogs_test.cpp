@@ -269,7 +269,7 @@ TEST_F(DamagedCatalog, ATwiceNumberedMessierObjectIsRefused) {
 }
 TEST_F(DamagedCatalog, ANamelessConstellationIsRefused) {
   m_Dir.Write("constellations/constellations.tsv",
-              "Abbreviation\tLatin\tEnglish\tRA_deg\tDec_deg\n\tOrion\tOrion\t1\t2\n");
+              "Abbreviation\tLatin\tEnglish\tRA_deg\tDec_deg\tGenitive\n\tOrion\tOrion\t1\t2\n");
   EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeConstellationCatalog(m_Dir.Path()); }),
             "constellations/constellations.tsv:2: Abbreviation: must not be empty");
 }

@@ -120,12 +120,12 @@ TEST_F(Status, RefractionIsLeftOutDeepBelowTheHorizon) {
 
 TEST_F(Status, PlaceWithANameSaysTheName) {
   f.camera.SetLocationName("Berlin");
-  EXPECT_TRUE(Says("Place: On the surface of Berlin"));
+  EXPECT_TRUE(Says("Place: Berlin"));
   f.camera.SetLocationName("Köln");
-  EXPECT_TRUE(Says("Place: On the surface of Köln"));
+  EXPECT_TRUE(Says("Place: Köln"));
   Use("ru");
   f.camera.SetLocationName("Пулково");
-  EXPECT_TRUE(Says("Место: На поверхности — Пулково"));
+  EXPECT_TRUE(Says("Место: Пулково"));
 }
 
 TEST_F(Status, CentredObjectHasItsNameInTheLanguage) {

@@ -58,7 +58,8 @@ struct RichView {
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
 // with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent; Jupiter and
-// its moons.
+// its moons; the Moon and Mars so large that their surfaces have names. In German, so that names in the
+// language of the texts differ from the catalog's.
 const RichView kViews[] = {
     {{1997, 4, 1, 17, 30, 0.0},
      30.0,
@@ -78,13 +79,15 @@ const RichView kViews[] = {
      0.3,
      {"grid.HorizonDraw=0", "astr.AstrZoomDependShow=60", "astr.AstrZoomDependLabel=60"}},
     {{2014, 1, 20, 12, 0, 0.0}, 50.1, 8.7, 202.49, 21.26, 200.0, {}},
-    {{2014, 1, 20, 22, 0, 0.0}, 50.1, 8.7, 168.4636, 62.4473, 60.0, {}}};
+    {{2014, 1, 20, 22, 0, 0.0}, 50.1, 8.7, 168.4636, 62.4473, 60.0, {}},
+    {{2026, 6, 27, 21, 0, 0.0}, 52.52436944, 13.41053056, 174.05282, 9.19589, 60.0, {}},
+    {{2027, 2, 19, 23, 0, 0.0}, 52.52436944, 13.41053056, 170.03305278, 52.55262778, 10000.0, {}}};
 
 class ShippedSky : public testing::Test {
  protected:
   void SetUp() override {
     std::string error;
-    ASSERT_TRUE(scene::OpenDataRoot(CI_BUILT_DATA, "", "en", m_Catalogs, error)) << error;
+    ASSERT_TRUE(scene::OpenDataRoot(CI_BUILT_DATA, "", "de", m_Catalogs, error)) << error;
     ASSERT_TRUE(
         scene::LoadSatellites(ZentharPath::GetPath("catalogs:satellites.tle"), m_Catalogs.bodies, error));
     AddOtherDeepsky();

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "common_interfaces/camera.h"
+#include "scene/object_search.h"
+
+namespace skyview {
+
+// What an object is, in the current language, UTF-8: "Planet", "crater"; "" where there is no word for it.
+std::string DescribeType(const scene::FoundObject& object, const scene::SkyCatalogs& catalogs);
+
+// What is known of an object besides its place in the sky, lines of UTF-8, "" when there is nothing: of a
+// feature of a surface its place on the body, its extent, the Sun's height there and whether it is turned to
+// the observer near the Earth's surface; of a star the pairs that it makes with others.
+std::string DescribeBesides(const scene::FoundObject& object, scene::SkyCatalogs& catalogs,
+                            const CommonInterfaces::Camera& camera);
+
+}  // namespace skyview
