@@ -23,7 +23,7 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.globes = catalogs.bodies.size();
-  capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows;
+  capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
   capacity.shadows = kMoonShadows;
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
@@ -31,11 +31,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
                        catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
-  capacity.meshes = 1;
-  capacity.rings = catalogs.milkyWay.size() + nebulae.rings.size() + kOverlays;
-  capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
-                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
-                      nebulae.points.size() + nebulae.points.size() / 4;
+  capacity.meshes = 2;  // the sky, the Milky Way
+  capacity.rings = nebulae.rings.size() + kOverlays;
+  capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() +
+                      kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
@@ -51,7 +50,7 @@ void Draw(FrameParts& parts) {
   } else {
     DrawPlainSky(list);
   }
-  parts.milkyWay.Draw(parts.light.GetGlowStrength(), list);
+  parts.milkyWay.Draw(list);
   parts.horizon.DrawHaze(parts.light.GetGlowStrength(), list);
   parts.grids.Draw(list);
   parts.boundaries.Draw(lines, list);
@@ -74,7 +73,7 @@ void Draw(FrameParts& parts) {
 }  // namespace
 
 FrameParts::FrameParts(const SkyCatalogs& catalogs)
-    : milkyWay(catalogs),
+    : milkyWay(catalogs.milkyWay),
       boundaries(catalogs),
       figures(catalogs),
       nebulae(catalogs),
@@ -134,7 +133,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
   parts.caption.Place(geometry, labels);
   parts.markers.Compute(geometry, labels);
-  parts.milkyWay.Compute(geometry, shown.milkyWay);
+  parts.milkyWay.Compute(geometry, parts.light, shown.milkyWay);
   const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);

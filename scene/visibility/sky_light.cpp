@@ -48,6 +48,13 @@ double Rise(float code, float from, float to) {
   return t * t * (3.0 - 2.0 * t);
 }
 
+double RiseOfGlow(float limit) { return Rise(limit, MakeCode(4.4), MakeCode(6.2)); }
+
+// The part of the light that a loss of so many codes leaves.
+double LeftOf(float codes) {
+  return std::pow(10.0, -0.4 * static_cast<double>(codes) / CommonInterfaces::kMagCodesPerMag);
+}
+
 }  // namespace
 
 // The limits of a zoom are those of objects in the upper half of the sky.
@@ -80,6 +87,7 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
     const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
     node.scattered = parts.scattered;
     node.limit = MakeCode(astro::GetNakedEyeLimit(parts.own + parts.scattered));
+    node.glow = static_cast<float>(RiseOfGlow(node.limit) * LeftOf(FindExtinction(direction.v[2])));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
     m_LeastLuminance = std::min(m_LeastLuminance, node.scattered);
   }
@@ -87,10 +95,10 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
   m_ZenithLuminance =
       brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon)).scattered;
   m_LineStrength = Rise(m_FaintestLimit, MakeCode(1.0), MakeCode(5.0));
-  m_GlowStrength = Rise(m_FaintestLimit, MakeCode(4.4), MakeCode(6.2));
+  m_GlowStrength = RiseOfGlow(m_FaintestLimit);
 }
 
-float SkyLight::FindLimit(const tPoint<double>& pixel) const {
+float SkyLight::Find(float Node::*value, const tPoint<double>& pixel) const {
   const auto at = [](double part, int nodes) {
     const double place = std::clamp(part, 0.0, 1.0) * (nodes - 1);
     const int node = std::min(static_cast<int>(place), nodes - 2);
@@ -99,8 +107,8 @@ float SkyLight::FindLimit(const tPoint<double>& pixel) const {
   const auto [column, right] = at(pixel.x / m_Width, kColumns);
   const auto [row, down] = at(1.0 - pixel.y / m_Height, kRows);
   const Node* const node = m_Nodes.data() + row * kColumns + column;
-  const float above = node[0].limit + (node[1].limit - node[0].limit) * right;
-  const float below = node[kColumns].limit + (node[kColumns + 1].limit - node[kColumns].limit) * right;
+  const float above = node[0].*value + (node[1].*value - node[0].*value) * right;
+  const float below = node[kColumns].*value + (node[kColumns + 1].*value - node[kColumns].*value) * right;
   return above + (below - above) * down;
 }
 
@@ -122,7 +130,11 @@ float SkyLight::FindExtinction(double sineOfAltitude) const {
 
 float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
   if (!m_Natural) return 0.0f;
-  return DimBySky(limits, FindLimit(pixel)) + FindExtinction(sineOfAltitude);
+  return DimBySky(limits, Find(&Node::limit, pixel)) + FindExtinction(sineOfAltitude);
+}
+
+float SkyLight::FindGlow(const tPoint<double>& pixel) const {
+  return m_Natural ? Find(&Node::glow, pixel) : 1.0f;
 }
 
 float SkyLight::FindLeastDim(const ClassLimits& limits) const {

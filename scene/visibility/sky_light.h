@@ -35,6 +35,7 @@ class SkyLight {
         fromSun;       // radians; below the horizon the altitude is that of the point as high above it
     double scattered;  // luminance that Sun and Moon give the sky, cd/m2
     float limit;       // of the naked eye, magnitude code
+    float glow;        // what is seen of the Milky Way, 0 to 1
   };
 
   SkyLight();
@@ -62,14 +63,17 @@ class SkyLight {
   // The least that an object of the class loses to the brightness of the sky in the window, low air aside.
   float FindLeastDim(const ClassLimits& limits) const;
 
-  // How much is seen of lines, names and symbols, and of the Milky Way: 0 to 1.
+  // What the brightness of the sky and low air leave of the Milky Way at a pixel (y up), 0 to 1.
+  float FindGlow(const tPoint<double>& pixel) const;
+
+  // How much is seen of lines, names and symbols, and of the haze of a dark horizon: 0 to 1.
   double GetLineStrength() const { return m_LineStrength; }
   double GetGlowStrength() const { return m_GlowStrength; }
 
  private:
   static constexpr int kExtinctionSteps = 128;
 
-  float FindLimit(const tPoint<double>& pixel) const;
+  float Find(float Node::*value, const tPoint<double>& pixel) const;
   float DimBySky(const ClassLimits& limits, float limit) const;
   float FindExtinction(double sineOfAltitude) const;
 

@@ -49,7 +49,6 @@ const CatalogRule* FindCatalogRule(const std::string& fileName) {
       {"constellations", {"Label", "RA", "Dec"}, nullptr},
       {"constellation_bounds", {"Label", "OtherLabel", "RA", "Dec", "EndRA", "EndDec"}, nullptr},
       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
-      {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
       {"saturn_ring", {"Radius", "Red", "Green", "Blue", "Opacity"}, nullptr},
       {"asteroids", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "astr"},
       {"comets", {"Number", "JulianDate", "a", "e", "i", "om", "w", "M0", "n"}, "comt"}};

@@ -115,7 +115,7 @@ TEST(Skyview, DataRootBesideTheProgramIsFound) {
 }
 
 TEST(Skyview, EachMissingFileIsNamedAndNoPictureIsLeft) {
-  for (const char* file : {"filters.data", "qxstrings.txt", "catalogs/stars.txt", "catalogs/milkyway.txt"}) {
+  for (const char* file : {"filters.data", "qxstrings.txt", "catalogs/stars.txt", "catalogs/milkyway.map"}) {
     SmallSky sky;
     std::filesystem::remove(sky.dir.Path(std::string("data/") + file));
     EXPECT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg")})), 1) << file;
