@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "scene/display/deepsky_symbols.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
@@ -25,19 +26,20 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.globes = catalogs.bodies.size();
   capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
   capacity.shadows = kMoonShadows;
-  capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
+  const std::size_t symbols = catalogs.deepsky.size();
+  capacity.ellipses = symbols + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
-  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() +
+  capacity.polylines = catalogs.figurePoints.size() + kMostSymbolLines * symbols +
                        catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   capacity.meshes = 2;  // the sky, the Milky Way
   capacity.rings = nebulae.rings.size() + kOverlays;
-  capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() +
+  capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
                       kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
-  capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
+  capacity.runs = capacity.discs + capacity.ellipses + kOverlays;
   return capacity;
 }
 

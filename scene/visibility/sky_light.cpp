@@ -133,6 +133,14 @@ float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, 
   return DimBySky(limits, Find(&Node::limit, pixel)) + FindExtinction(sineOfAltitude);
 }
 
+float SkyLight::FindDimOfExtended(const ClassLimits& limits, const tPoint<double>& pixel,
+                                  double sineOfAltitude) const {
+  if (!m_Natural) return 0.0f;
+  constexpr float kMore = 0.5f;
+  const float loss = std::max(0.0f, GetDarkLimit() - Find(&Node::limit, pixel));
+  return FindDim(limits, pixel, sineOfAltitude) + kMore * loss;
+}
+
 float SkyLight::FindGlow(const tPoint<double>& pixel) const {
   return m_Natural ? Find(&Node::glow, pixel) : 1.0f;
 }

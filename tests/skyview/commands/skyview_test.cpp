@@ -45,12 +45,13 @@ TEST(Skyview, PrintsWhatItRestoredEachOnItsOwnLine) {
                            "Deep-sky objects drawn: 1\n"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
   }
-  // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero.
+  // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero;
+  // galaxies three magnitudes beyond the stars.
   EXPECT_TRUE(
       sky.Printed("Magnitude limits, stars: drawn to 7.5, at full brightness to 4.0, labelled to 4.0\n"))
       << sky.output.str();
   EXPECT_TRUE(sky.Printed(
-      "Magnitude limits, galaxies: drawn to 13.5, at full brightness to -2.0, labelled to -2.0\n"));
+      "Magnitude limits, galaxies: drawn to 10.5, at full brightness to -2.0, labelled to -2.0\n"));
   EXPECT_TRUE(sky.Printed("Stars drawn: "));
 }
 
