@@ -22,8 +22,7 @@ void AddStroke(const DeepskySymbol& symbol, float x0, float y0, float x1, float 
   const float r = symbol.major;
   list.AddVertex(symbol.x + x0 * r, symbol.y + y0 * r);
   list.AddVertex(symbol.x + x1 * r, symbol.y + y1 * r);
-  list.AddLine(Layer::kDeepsky,
-               PolylineRecord{0, 0, symbol.width, 0.0f, symbol.colour, 0, symbol.object});
+  list.AddLine(Layer::kDeepsky, PolylineRecord{0, 0, symbol.width, 0.0f, symbol.colour, 0, symbol.object});
 }
 
 void AddBox(const DeepskySymbol& symbol, float dash, DisplayList& list) {
@@ -52,6 +51,11 @@ void AddRing(const DeepskySymbol& symbol, float radius, float dash, DisplayList&
                                           symbol.colour, symbol.object});
 }
 
+void AddEllipse(const DeepskySymbol& symbol, float minor, DisplayList& list) {
+  list.Add(Layer::kDeepsky, EllipseRecord{symbol.x, symbol.y, symbol.major, minor, symbol.angle, symbol.width,
+                                          0.0f, symbol.colour, symbol.object});
+}
+
 }  // namespace
 
 DeepskySign FindDeepskySign(int kind, int number) {
@@ -73,9 +77,7 @@ void AddSymbolRings(const DeepskySymbol& symbol, DisplayList& list) {
   constexpr float kRoundest = 0.75f;  // of a galaxy seen face on: no circle
   switch (symbol.sign) {
     case DeepskySign::kGalaxy:
-      list.Add(Layer::kDeepsky,
-               EllipseRecord{symbol.x, symbol.y, symbol.major, std::min(symbol.minor, kRoundest * symbol.major),
-                             symbol.angle, symbol.width, 0.0f, symbol.colour, symbol.object});
+      AddEllipse(symbol, std::min(symbol.minor, kRoundest * symbol.major), list);
       break;
     case DeepskySign::kOpenCluster:
       AddRing(symbol, symbol.major, kDot * symbol.width, list);

@@ -33,8 +33,8 @@ class SkyObjects {
   // Labels what Compute has found.
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
-  // The symbols of deep-sky objects (scene/display/deepsky_symbols.h), which lie as the objects do. A nebula whose outline has its form already has no box. `strength`: what
-  // the sky leaves of symbols, 0 to 1.
+  // The symbols of deep-sky objects (scene/display/deepsky_symbols.h), which lie as the objects do. A nebula
+  // whose outline has its form already has none. `strength`: what the sky leaves of symbols, 0 to 1.
   void DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const;
   // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
   // so that a bright star lies over its neighbours.

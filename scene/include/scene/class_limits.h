@@ -42,19 +42,18 @@ struct ClassLimits {
  private:
   // As far as the camera goes. Symbols of deep-sky objects stay within three magnitudes of the stars besides,
   // so that a wide view is not full of them, which the correction of the class in the settings shifts.
-  static float FindDraw(const CommonInterfaces::Camera& camera, int cls);
-};
-
-inline float ClassLimits::FindDraw(const CommonInterfaces::Camera& camera, int cls) {
-  constexpr float kBeyondStars = 30.0f;
-  const float draw = camera.GetDarkMagDrawF(cls);
-  for (const int row : {2, 4, 6, 8}) {
-    if (static_cast<int>(CommonInterfaces::Camera::s_ZoomDependDesc[row].objectClass) == cls)
-      return std::min(draw,
-                      camera.GetDarkMagDrawF(FourCC("star")) + kBeyondStars + camera.GetMagCorrection(row));
+  static float FindDraw(const CommonInterfaces::Camera& camera, int cls) {
+    using CommonInterfaces::Camera;
+    constexpr float kBeyondStars = 30.0f;
+    const float draw = camera.GetDarkMagDrawF(cls);
+    for (const int row : {2, 4, 6, 8}) {  // of the classes in the camera's table
+      if (static_cast<int>(Camera::s_ZoomDependDesc[row].objectClass) != cls) continue;
+      const float stars = camera.GetDarkMagDrawF(FourCC("star"));
+      return std::min(draw, stars + kBeyondStars + camera.GetMagCorrection(row));
+    }
+    return draw;
   }
-  return draw;
-}
+};
 
 // The radius of the dot of a star of that code, in pixels of the standard picture, by the limits of stars:
 // 0.6 at the limit, growing by a quarter for each magnitude above it. Planets of that magnitude have the

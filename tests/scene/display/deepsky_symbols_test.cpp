@@ -92,7 +92,8 @@ TEST(DeepskySymbols, APlanetaryNebulaIsARingWithFourRays) {
   ASSERT_EQ(list.GetEllipses().size(), 1u);
   EXPECT_FLOAT_EQ(list.GetEllipses()[0].semiMajor, 6.0f);
   ASSERT_EQ(list.GetPolylines().size(), 4u);
-  ExpectVertices(list, {{106, 100}, {114, 100}, {100, 106}, {100, 114}, {94, 100}, {86, 100}, {100, 94}, {100, 86}});
+  ExpectVertices(
+      list, {{106, 100}, {114, 100}, {100, 106}, {100, 114}, {94, 100}, {86, 100}, {100, 94}, {100, 86}});
 }
 
 TEST(DeepskySymbols, NebulaeAreBoxesAndDarkOnesDashed) {

@@ -93,16 +93,15 @@ TEST(DeepskyObjects, NamesComeBeforeMessierBeforeOthers) {
     const char* first;
     const char* left;
   };
-  constexpr Case kCases[] = {
-      {"gala\t1\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t\tNGC 1\t\n"
-       "gala\t2\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t2\tNGC 2\t\n",
-       "M2", "NGC 1"},
-      {"gala\t2\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t2\tNGC 2\t\n"
-       "gala\t3\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t\tNGC 3\tNamed Galaxy\n",
-       "NGC 3", "M2"},
-      {"gala\t4\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t\tNGC 4\t\n"
-       "gala\t5\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t\tNGC 5\t\n",
-       "NGC 5", "NGC 4"}};
+  constexpr Case kCases[] = {{"gala\t1\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t\tNGC 1\t\n"
+                              "gala\t2\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t2\tNGC 2\t\n",
+                              "M2", "NGC 1"},
+                             {"gala\t2\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t2\tNGC 2\t\n"
+                              "gala\t3\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t\tNGC 3\tNamed Galaxy\n",
+                              "NGC 3", "M2"},
+                             {"gala\t4\t1.4640\t-0.0951\t4.0\t0.001\t0.001\t\tNGC 4\t\n"
+                              "gala\t5\t1.4640\t-0.0951\t3.0\t0.001\t0.001\t\tNGC 5\t\n",
+                              "NGC 5", "NGC 4"}};
   for (const Case& one : kCases) {
     FrameFixture f;
     f.sky.dir.Write("data/catalogs/deepsky.txt", std::string(kColumns) + one.rows);
