@@ -265,6 +265,21 @@ def tiles(origin, *bands):
     return header[:16] + struct.pack("<I", zlib.crc32(header)) + header[20:] + body
 
 
+def sky_map(side, cells, origin=b""):
+    """docs/formats/sky_map.md"""
+    header = struct.pack("<8sIIII", b"SKYLIGHT", 1, 24 + len(origin), 0, side) + origin
+    return header[:16] + struct.pack("<I", zlib.crc32(header + cells)) + header[20:] + cells
+
+
+def sky_map_seeds():
+    target = "sky_map"
+    save(target, "empty", b"")
+    save(target, "smallest", sky_map(2, bytes([10, 20, 30, 255]), b"Dusk"))
+    save(target, "larger", sky_map(16, bytes(range(256))))
+    save(target, "cut", sky_map(16, bytes(range(256)))[:100])
+    save(target, "odd", sky_map(3, bytes(9)))
+
+
 def star_tile_seeds():
     target = "star_tiles"
     slow = star(45, -30, 9.1, 0.482, None, None, 1000001)
@@ -282,6 +297,7 @@ def star_tile_seeds():
 
 
 if __name__ == "__main__":
+    sky_map_seeds()
     star_tile_seeds()
     orbit_seeds()
     conversion_seeds()

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include "paint/records.h"
 
@@ -24,16 +25,37 @@ Between FindNodes(int pixel, int pixels, int nodes) {
   return {node, at - static_cast<float>(node)};
 }
 
+// Of all pixels of a row, or of a column.
+std::vector<Between> FindAllNodes(int pixels, int nodes) {
+  std::vector<Between> all;
+  all.reserve(static_cast<std::size_t>(pixels));
+  for (int pixel = 0; pixel < pixels; ++pixel) all.push_back(FindNodes(pixel, pixels, nodes));
+  return all;
+}
+
 // What is added before a value is cut off to a whole number: in each square of eight pixels every 64th
 // between 0 and 1 once, neighbours far apart, so that slow gradients show no steps (Bayer 1973). The pattern
 // follows from the bits of x ^ y and y, the lowest first.
-float GetThreshold(int x, int y) {
+constexpr float MakeThreshold(int x, int y) {
   int order = 0;
   for (int bit = 0; bit < 3; ++bit) {
     order = order << 2 | ((x ^ y) >> bit & 1) << 1 | (y >> bit & 1);
   }
   return (static_cast<float>(order) + 0.5f) / 64.0f;
 }
+
+using Thresholds = std::array<std::array<float, 8>, 8>;
+
+constexpr Thresholds MakeThresholds() {
+  Thresholds thresholds{};
+  for (std::size_t y = 0; y < 8; ++y) {
+    for (std::size_t x = 0; x < 8; ++x)
+      thresholds[y][x] = MakeThreshold(static_cast<int>(x), static_cast<int>(y));
+  }
+  return thresholds;
+}
+
+constexpr Thresholds kThresholds = MakeThresholds();
 
 using Channels = std::array<float, 4>;
 
@@ -47,41 +69,52 @@ Channels Mix(const Channels& a, const Channels& b, float part) {
 class MeshPixels {
  public:
   MeshPixels(const scene::DisplayList& list, const scene::MeshRecord& mesh, int width, int height)
-      : m_List(list), m_Mesh(mesh), m_Width(width), m_Height(height) {}
+      : m_List(list),
+        m_Mesh(mesh),
+        m_Height(height),
+        m_Across(FindAllNodes(width, mesh.columns)),
+        m_Line(static_cast<std::size_t>(mesh.columns)) {}
 
-  void FillRow(int y, unsigned char* row) const {
-    const Between down = FindNodes(y, m_Height, m_Mesh.rows);
-    for (int x = 0; x < m_Width; ++x) {
-      const Between right = FindNodes(x, m_Width, m_Mesh.columns);
-      const Channels above =
-          Mix(GetNode(right.node, down.node), GetNode(right.node + 1, down.node), right.part);
-      const Channels below =
-          Mix(GetNode(right.node, down.node + 1), GetNode(right.node + 1, down.node + 1), right.part);
-      const std::uint32_t word = MakeWord(Mix(above, below, down.part), GetThreshold(x & 7, y & 7));
+  void FillRow(int y, unsigned char* row) {
+    MixNodes(FindNodes(y, m_Height, m_Mesh.rows));
+    const auto& thresholds = kThresholds[static_cast<std::size_t>(y & 7)];
+    for (std::size_t x = 0; x < m_Across.size(); ++x) {
+      const Between& at = m_Across[x];
+      const Channels* const left = m_Line.data() + at.node;
+      const std::uint32_t word = MakeWord(Mix(left[0], left[1], at.part), thresholds[x & 7]);
       std::memcpy(row + 4 * x, &word, sizeof word);
     }
   }
 
  private:
+  // The nodes of a line between two rows.
+  void MixNodes(const Between& down) {
+    for (int column = 0; column < m_Mesh.columns; ++column) {
+      m_Line[static_cast<std::size_t>(column)] =
+          Mix(GetNode(column, down.node), GetNode(column, down.node + 1), down.part);
+    }
+  }
   Channels GetNode(int column, int row) const {
     const auto index = static_cast<std::size_t>(m_Mesh.firstColour + row * m_Mesh.columns + column);
     const scene::Rgba& colour = m_List.GetColours()[index];
-    return {static_cast<float>(colour.red), static_cast<float>(colour.green), static_cast<float>(colour.blue),
+    return {static_cast<float>(colour.blue), static_cast<float>(colour.green), static_cast<float>(colour.red),
             static_cast<float>(colour.alpha)};
   }
   // Opacity in the highest byte, the colours multiplied with it.
   static std::uint32_t MakeWord(const Channels& colour, float threshold) {
-    const auto whole = [threshold](float value) {
-      return static_cast<std::uint32_t>(std::clamp(value + threshold, 0.0f, 255.0f));
-    };
-    const float opacity = colour[3] / 255.0f;
-    return whole(colour[3]) << 24 | whole(colour[0] * opacity) << 16 | whole(colour[1] * opacity) << 8 |
-           whole(colour[2] * opacity);
+    const float opacity = colour[3] * (1.0f / 255.0f);
+    const Channels multiplied = {colour[0] * opacity, colour[1] * opacity, colour[2] * opacity, colour[3]};
+    std::array<std::int32_t, 4> whole;
+    for (std::size_t i = 0; i < whole.size(); ++i)
+      whole[i] = static_cast<std::int32_t>(std::min(multiplied[i] + threshold, 255.0f));
+    return static_cast<std::uint32_t>(whole[3] << 24 | whole[2] << 16 | whole[1] << 8 | whole[0]);
   }
 
   const scene::DisplayList& m_List;
   const scene::MeshRecord& m_Mesh;
-  int m_Width, m_Height;
+  int m_Height;
+  std::vector<Between> m_Across;
+  std::vector<Channels> m_Line;
 };
 
 // Pictures of pixels get a value for each of them; others a coarser image, which viewers make smooth.
@@ -101,7 +134,7 @@ void PaintMesh(const scene::DisplayList& list, const scene::MeshRecord& mesh, ca
             rows = std::max(1, static_cast<int>(std::lround(height * scale)));
   cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
   if (cairo_surface_status(image) == CAIRO_STATUS_SUCCESS) {
-    const MeshPixels pixels(list, mesh, columns, rows);
+    MeshPixels pixels(list, mesh, columns, rows);
     unsigned char* const data = cairo_image_surface_get_data(image);
     for (int y = 0; y < rows; ++y) pixels.FillRow(y, data + y * cairo_image_surface_get_stride(image));
     cairo_surface_mark_dirty(image);

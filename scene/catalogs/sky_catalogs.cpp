@@ -17,8 +17,6 @@ namespace scene {
 namespace {
 
 constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends by less than a pixel over it
-constexpr double kOutlineStep = 1.0 * kRadiansPerDegree;
-constexpr int kMilkyWayLevels = 5;
 
 const int kEnglishName = GetUniqueID("EnglishName"),
           kGenitive = GetUniqueID("Genitive");  // columns of this catalog alone
@@ -95,37 +93,6 @@ void FillNames(CatalogTable& table, std::vector<ConstellationName>& names) {
   }
 }
 
-void CloseRing(SkyCatalogs& catalogs) {
-  if (catalogs.milkyWay.empty()) return;
-  auto& ring = catalogs.milkyWay.back();
-  auto& points = catalogs.milkyWayPoints;
-  AppendArc(points.back(), points[ring.first], kOutlineStep, points);
-  ring.count = static_cast<int>(points.size()) - ring.first;
-}
-
-void FillMilkyWay(CatalogTable& table, SkyCatalogs& catalogs) {
-  int lastLevel = 0, lastRing = -1;
-  for (int record = 0; record < table.GetCount(); ++record) {
-    table.Select(record);
-    Direction vertex;
-    const int level = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Type, 0.0));
-    const int ring = static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0));
-    if (level < 1 || level > kMilkyWayLevels || !TakePosition(table, vertex)) continue;
-    if (level != lastLevel || ring != lastRing) {
-      CloseRing(catalogs);
-      catalogs.milkyWay.push_back({level, static_cast<int>(catalogs.milkyWayPoints.size()), 1});
-      catalogs.milkyWayPoints.push_back(vertex);
-    } else {
-      AppendArc(catalogs.milkyWayPoints.back(), vertex, kOutlineStep, catalogs.milkyWayPoints);
-    }
-    lastLevel = level;
-    lastRing = ring;
-  }
-  CloseRing(catalogs);
-  std::stable_sort(catalogs.milkyWay.begin(), catalogs.milkyWay.end(),
-                   [](const auto& a, const auto& b) { return a.level < b.level; });
-}
-
 void OpenStarTiles(std::vector<StarTiles>& catalogs) {
   for (const char* name : {"catalogs:stars.tiles", "catalogs:deep_stars.tiles"}) {
     const std::string path = ZentharPath::GetPath(name);
@@ -140,11 +107,12 @@ void OpenStarTiles(std::vector<StarTiles>& catalogs) {
   }
 }
 
-bool LoadMilkyWay(SkyCatalogs& catalogs, std::string& error) {
-  CatalogTable table;
-  if (!LoadTable("catalogs:milkyway.txt", table, error)) return false;
-  FillMilkyWay(table, catalogs);
-  return true;
+bool LoadMilkyWay(SkyMap& map, std::string& error) {
+  constexpr char kName[] = "catalogs:milkyway.map";
+  const std::string path = ZentharPath::GetPath(kName);
+  if (!path.empty()) return map.Load(path.c_str(), error);
+  error = std::string(kName) + ": not found in the data root";
+  return false;
 }
 
 }  // namespace
@@ -195,7 +163,7 @@ bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error, CatalogUse use) 
   FillFigures(table, loaded);
   if (!LoadOptionalTable("catalogs:constellation_bounds.txt", table, error)) return false;
   loaded.bounds.Fill(table, loaded.constellations);
-  if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded, error)) return false;
+  if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded.milkyWay, error)) return false;
   OpenStarTiles(loaded.starTiles);
   loaded.bodies = LoadBodies();
   TakeNamesOfLanguage(loaded);

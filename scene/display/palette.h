@@ -37,12 +37,10 @@ inline Colour Scaled(const Colour& colour, double factor, double opacity) {
 namespace palette {
 
 inline constexpr Colour kSkyTop = {0.016, 0.024, 0.055, 1.0}, kSkyFoot = {0.030, 0.047, 0.098, 1.0};
-// The outermost level is wide and faint; the inner ones lie on top of it.
-inline constexpr Colour kMilkyWay[] = {{0.62, 0.70, 0.92, 0.0100},
-                                       {0.66, 0.73, 0.93, 0.0115},
-                                       {0.72, 0.76, 0.92, 0.0130},
-                                       {0.80, 0.80, 0.90, 0.0155},
-                                       {0.88, 0.86, 0.90, 0.0180}};
+// At even steps of its brightness, the first where it has none.
+inline constexpr Colour kMilkyWay[] = {{0.58, 0.66, 0.92, 0.00}, {0.64, 0.71, 0.93, 0.08},
+                                       {0.71, 0.76, 0.93, 0.17}, {0.80, 0.81, 0.91, 0.27},
+                                       {0.88, 0.85, 0.87, 0.37}, {0.96, 0.90, 0.83, 0.48}};
 inline constexpr Colour kHaze = {0.33, 0.47, 0.60, 0.022};
 inline constexpr Colour kGround = {0.034, 0.044, 0.048, 1.0}, kGroundEdge = {0.42, 0.58, 0.62, 0.75};
 inline constexpr Colour kFigure = {0.42, 0.53, 0.72, 0.45};

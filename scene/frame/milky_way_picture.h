@@ -2,35 +2,35 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "scene/display_list.h"
-#include "scene/sky_catalogs.h"
-#include "scene/view/sky_region.h"
+#include "scene/sky_map.h"
+#include "scene/view/view_geometry.h"
+#include "scene/visibility/sky_light.h"
 
 namespace scene {
 
-// The Milky Way of one frame. Allocates at its construction only; `catalogs` is kept by reference.
+// The Milky Way of one frame: a mesh of light over the part of the window where it shines. Allocates at its
+// construction only; `map` is kept by reference.
 class MilkyWayPicture {
  public:
-  explicit MilkyWayPicture(const SkyCatalogs& catalogs);
+  // The most nodes of a mesh, whatever the window.
+  static constexpr int kMostNodes = 24000;
+
+  explicit MilkyWayPicture(const SkyMap& map);
 
   // Empties the picture and, where it is shown, fills it in.
-  void Compute(const ViewGeometry& geometry, bool shown);
+  void Compute(const ViewGeometry& geometry, const SkyLight& light, bool shown);
 
-  // `strength`: what the sky leaves of it, 0 to 1.
-  void Draw(double strength, DisplayList& list) const;
-
-  const std::vector<RegionPicture>& GetLevels() const { return m_Levels; }  // 1 to 5, faintest first
+  void Draw(DisplayList& list) const;
 
  private:
-  std::span<const Direction> GetPoints(const MilkyWayRing& ring) const;
+  void FindNodes(const ViewGeometry& geometry, const SkyLight& light);
 
-  const SkyCatalogs& m_Catalogs;
-  std::vector<SkyCap> m_Caps;            // of all rings
-  std::vector<std::size_t> m_FirstCaps;  // of each ring, and the end of the last one
-  std::vector<RegionPicture> m_Levels;
+  const SkyMap& m_Map;
+  int m_Columns = 0, m_Rows = 0;  // of nodes all over the window; 0: nothing is shown
+  std::vector<float> m_Nodes;     // how bright, 0 to 1, from the upper left one on
 };
 
 }  // namespace scene

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "scene/display/deepsky_symbols.h"
 #include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
@@ -25,22 +26,22 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.globes = catalogs.bodies.size();
-  capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows;
+  capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
   capacity.shadows = kMoonShadows;
-  capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
+  const std::size_t symbols = catalogs.deepsky.size();
+  capacity.ellipses = symbols + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
-  capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() +
+  capacity.polylines = catalogs.figurePoints.size() + kMostSymbolLines * symbols +
                        catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
-  capacity.meshes = 1;
-  capacity.rings = catalogs.milkyWay.size() + nebulae.rings.size() + kOverlays;
-  capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
-                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
-                      nebulae.points.size() + nebulae.points.size() / 4;
+  capacity.meshes = 2;  // the sky, the Milky Way
+  capacity.rings = nebulae.rings.size() + kOverlays;
+  capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
+                      kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
-  capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
+  capacity.runs = capacity.discs + capacity.ellipses + kOverlays;
   return capacity;
 }
 
@@ -80,7 +81,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   } else {
     DrawPlainSky(list);
   }
-  parts.milkyWay.Draw(parts.light.GetGlowStrength(), list);
+  parts.milkyWay.Draw(list);
   parts.horizon.DrawHaze(parts.light.GetGlowStrength(), list);
   parts.grids.Draw(list);
   parts.boundaries.Draw(lines, list);
@@ -108,7 +109,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
 }  // namespace
 
 FrameParts::FrameParts(const SkyCatalogs& catalogs)
-    : milkyWay(catalogs),
+    : milkyWay(catalogs.milkyWay),
       boundaries(catalogs),
       figures(catalogs),
       asterisms(catalogs),
@@ -180,7 +181,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
     parts.legend.Place(geometry, written ? parts.caption.GetHeight(geometry.unit) : 0.0, labels);
   parts.finders.Compute(geometry, labels);
   parts.markers.Compute(geometry, labels);
-  parts.milkyWay.Compute(geometry, shown.milkyWay);
+  parts.milkyWay.Compute(geometry, parts.light, shown.milkyWay);
   const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);

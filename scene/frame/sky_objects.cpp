@@ -56,10 +56,24 @@ float FindSymbolAngle(const ViewGeometry& geometry, const ObjectPlace& place, fl
   return static_cast<float>(std::atan2(place.pixel.y - p.y, p.x - place.pixel.x));
 }
 
+// What the sky hides does not go at once: it fades over the last magnitude of what it loses.
+float FindSymbolOpacity(float code, float dim, const ClassLimits& limits) {
+  constexpr float kFade = 10.0f;
+  const float rest = limits.draw - code - dim, fade = std::min(dim, kFade);
+  return limits.Opacity(code + dim) * (rest < fade ? std::max(rest, 0.0f) / fade : 1.0f);
+}
+
+// Which labels come first: of objects that have a name, of Messier's list, of others.
+int FindLabelRank(const DeepskyObject& object) {
+  if (*object.properName) return 0;
+  return (object.catalogs & kInMessier) != 0 ? 1 : 2;
+}
+constexpr int kLabelRanks = 3;
+
 }  // namespace
 
 double GetSymbolRadius(const DeepskyObject& object, const ViewGeometry& geometry, const ClassLimits& limits) {
-  constexpr double kFaintest = 2.0, kBright = 4.5, kMost = 2000.0;  // pixels
+  constexpr double kFaintest = 2.5, kBright = 5.0, kMost = 2000.0;  // pixels
   constexpr float kBrightFrom = 30.0f;                              // codes brighter than the limit
   const float part = std::clamp((limits.draw - object.code) / kBrightFrom, 0.0f, 1.0f);
   const double least = kFaintest + (kBright - kFaintest) * static_cast<double>(part);
@@ -168,7 +182,7 @@ void SkyObjects::AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlac
   output->m_MajorSize = static_cast<float>(2.0 * major);
   output->m_MinorSize = static_cast<float>(2.0 * major * std::clamp(ratio, 0.3, 1.0));
   output->m_SymbolDrawn = output->m_Drawn = true;
-  m_Deepsky.push_back({output, object, limits.Opacity(entry.code + place.dim),
+  m_Deepsky.push_back({output, object, FindSymbolOpacity(entry.code, place.dim, limits),
                        FindSymbolAngle(geometry, place, entry.positionAngle)});
 }
 
@@ -209,22 +223,33 @@ void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tes
   }
 }
 
+// Important ones first, among them the brighter ones.
 void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
-  for (const auto& drawn : m_Deepsky) {
-    const auto& object = m_Catalogs.deepsky[drawn.object];
-    const LabelRules& rules = tests.GetLabels(object.kind);
-    if (!rules.shown || object.code > tests.GetDeepskyLimits(object.kind).label) continue;
-    // The outline of its image may name it already.
-    int& label = drawn.output->m_LabelIndex;
-    label = labels.Find(object.label, LabelKind::kImageFrame);
-    if (label >= 0) continue;
-    const auto& place = drawn.output->m_Place;
-    // An object that fills the picture has its label inside.
-    const double most = 0.2 * std::min(geometry.width, geometry.height);
-    label = labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y},
-                               std::min<double>(place.radius, most), 11.0 * geometry.unit,
-                               LabelKindOfDeepsky(object.kind), {object.kind, object.number});
+  for (int rank = 0; rank < kLabelRanks; ++rank) {
+    for (const auto& drawn : m_Deepsky) {
+      const auto& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
+      if (FindLabelRank(object) == rank) LabelDeepskyObject(geometry, tests, drawn, labels);
+    }
   }
+}
+
+void SkyObjects::LabelDeepskyObject(const ViewGeometry& geometry, const ObjectTests& tests,
+                                    const DrawnDeepsky& drawn, LabelPlacer& labels) {
+  constexpr float kFaded = 0.25f;  // opacity of a symbol that has lost its label
+  const auto& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
+  const LabelRules& rules = tests.GetLabels(object.kind);
+  if (!rules.shown || drawn.opacity < kFaded || object.code > tests.GetDeepskyLimits(object.kind).label)
+    return;
+  // The outline of its image may name it already.
+  int& label = drawn.output->m_LabelIndex;
+  label = labels.Find(object.label, LabelKind::kImageFrame);
+  if (label >= 0) return;
+  const auto& place = drawn.output->m_Place;
+  // An object that fills the picture has its label inside.
+  const double most = 0.2 * std::min(geometry.width, geometry.height);
+  label =
+      labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y}, std::min<double>(place.radius, most),
+                         11.0 * geometry.unit, LabelKindOfDeepsky(object.kind), {object.kind, object.number});
 }
 
 }  // namespace scene

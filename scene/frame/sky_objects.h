@@ -33,9 +33,8 @@ class SkyObjects {
   // Labels what Compute has found.
   void PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
 
-  // Galaxies as ellipses, clusters as dashed circles, nebulae as boxes, anything else as a diamond; ellipses
-  // and boxes lie as the objects do. A nebula whose outline has its form already has no box. `strength`: what
-  // the sky leaves of symbols, 0 to 1.
+  // The symbols of deep-sky objects (scene/display/deepsky_symbols.h), which lie as the objects do. A nebula
+  // whose outline has its form already has none. `strength`: what the sky leaves of symbols, 0 to 1.
   void DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const;
   // The symbol of a deep-sky object of the catalog, of that radius around a pixel, y down.
   void DrawSample(int object, double x, double y, double radius, DisplayList& list) const;
@@ -62,6 +61,8 @@ class SkyObjects {
   void LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
   const char* MakeStarLabel(int star, const LabelRules& rules);
   void LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
+  void LabelDeepskyObject(const ViewGeometry& geometry, const ObjectTests& tests, const DrawnDeepsky& drawn,
+                          LabelPlacer& labels);
 
   const SkyCatalogs& m_Catalogs;
   TileStars m_TileStars;

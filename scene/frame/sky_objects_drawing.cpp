@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/display/deepsky_symbols.h"
 #include "scene/display/dot.h"
 #include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
@@ -40,56 +41,36 @@ void DrawStar(const DrawnStar& drawn, const StyleRules& rules, DisplayList& list
   list.Add(Layer::kStars, point);
 }
 
-// A box whose longer sides lie at that angle.
-void AddBox(double x, double y, double halfLength, double halfWidth, double angle, DisplayList& list) {
-  constexpr int kCorners[][2] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
-  const double c = std::cos(angle), s = std::sin(angle);
-  for (const auto& [along, across] : kCorners) {
-    const double a = along * halfLength, b = across * halfWidth;
-    list.AddVertex(x + a * c - b * s, y + a * s + b * c);
-  }
-}
-
-void AddDiamond(double x, double y, double radius, DisplayList& list) {
-  list.AddVertex(x - radius, y);
-  list.AddVertex(x, y - radius);
-  list.AddVertex(x + radius, y);
-  list.AddVertex(x, y + radius);
-}
-
 // Boxes of objects whose position angle is unknown stand upright.
-double GetBoxAngle(const DrawnDeepsky& drawn, const DeepskyObject& object) {
-  return std::isnan(object.positionAngle) ? 0.0 : static_cast<double>(drawn.angle);
+float GetAngle(DeepskySign sign, const DrawnDeepsky& drawn, const DeepskyObject& object) {
+  return sign != DeepskySign::kGalaxy && std::isnan(object.positionAngle) ? 0.0f : drawn.angle;
 }
 
-void DrawSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, double strength, DisplayList& list) {
+DeepskySymbol MakeSymbol(const DrawnDeepsky& drawn, const DeepskyObject& object, double strength,
+                         const DisplayList& list) {
   const auto& output = *drawn.output;
-  const float x = output.m_Place.x, y = static_cast<float>(list.GetHeight()) - output.m_Place.y;
-  const float major = 0.5f * output.m_MajorSize, minor = 0.5f * output.m_MinorSize,
-              width = 1.1f * list.GetUnit();
-  const LabelKind kind = LabelKindOfDeepsky(object.kind);
-  const Rgba colour = ToRgba(GetSymbolColour(kind), strength * static_cast<double>(drawn.opacity));
-  const ObjectRef ref = {object.kind, object.number};
-  if (kind == LabelKind::kGalaxy) {
-    list.Add(Layer::kDeepsky, EllipseRecord{x, y, major, std::min(minor, 0.75f * major), drawn.angle, width,
-                                            0.0f, colour, ref});
-  } else if (kind == LabelKind::kCluster) {
-    list.Add(Layer::kDeepsky,
-             EllipseRecord{x, y, major, major, 0.0f, width, 3.0f * list.GetUnit(), colour, ref});
-  } else {
-    kind == LabelKind::kNebula ? AddBox(x, y, major, minor, GetBoxAngle(drawn, object), list)
-                               : AddDiamond(x, y, major, list);
-    list.AddLine(Layer::kDeepsky, PolylineRecord{0, 0, width, 0.0f, colour, kClosedLine, ref});
-  }
+  const DeepskySign sign = FindDeepskySign(object.kind, object.number);
+  const Colour& colour = GetSymbolColour(LabelKindOfDeepsky(object.kind));
+  return {sign,
+          output.m_Place.x,
+          static_cast<float>(list.GetHeight()) - output.m_Place.y,
+          0.5f * output.m_MajorSize,
+          0.5f * output.m_MinorSize,
+          GetAngle(sign, drawn, object),
+          1.1f * list.GetUnit(),
+          ToRgba(colour, strength * static_cast<double>(drawn.opacity)),
+          {object.kind, object.number}};
 }
 
 }  // namespace
 
 void SkyObjects::DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const {
-  for (const auto& drawn : m_Deepsky) {
-    const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
-    const bool isNebula = LabelKindOfDeepsky(object.kind) == LabelKind::kNebula;
-    if (!isNebula || !clouds.IsFormed(drawn.object)) DrawSymbol(drawn, object, strength, list);
+  for (const auto add : {AddSymbolRings, AddSymbolLines}) {
+    for (const auto& drawn : m_Deepsky) {
+      const DeepskyObject& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
+      const bool isNebula = LabelKindOfDeepsky(object.kind) == LabelKind::kNebula;
+      if (!isNebula || !clouds.IsFormed(drawn.object)) add(MakeSymbol(drawn, object, strength, list), list);
+    }
   }
 }
 

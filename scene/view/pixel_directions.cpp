@@ -29,16 +29,16 @@ Direction Mix(const Direction& a, double ofA, const Direction& b, double ofB) {
 }  // namespace
 
 // The camera may be turned about its axis: two directions beside it show where right and up are.
-PixelDirections::PixelDirections(const ViewGeometry& geometry)
+PixelDirections::PixelDirections(const ViewGeometry& geometry, SkyFrameOf frame)
     : m_Middle{0.5 * geometry.width, 0.5 * geometry.height},
       m_Scale(geometry.scale),
-      m_Centre(Normalised(geometry.centreHorizon)) {
+      m_Centre(Normalised(frame == SkyFrameOf::kJ2000 ? geometry.centreJ2000 : geometry.centreHorizon)) {
   constexpr double kStep = 1e-3;  // radians
   const Direction aside = FindAside(m_Centre);
   Direction across;
   Vprod(m_Centre.v, aside.v, across.v);
   const auto place = [&](const Direction& towards) {
-    const auto p = geometry.Project(Normalised(Mix(m_Centre, 1.0, towards, kStep)), SkyFrameOf::kHorizon);
+    const auto p = geometry.Project(Normalised(Mix(m_Centre, 1.0, towards, kStep)), frame);
     const tPoint<double> offset = {p.x - m_Middle.x, p.y - m_Middle.y};
     const double length = std::hypot(offset.x, offset.y);
     return tPoint<double>{offset.x / length, offset.y / length};

@@ -9,9 +9,10 @@ namespace scene {
 // The directions that pixels stand for: the projection the other way. Makes no allocation.
 class PixelDirections {
  public:
-  explicit PixelDirections(const ViewGeometry& geometry);
+  // Directions are given in that frame; those of J2000 are apparent ones.
+  explicit PixelDirections(const ViewGeometry& geometry, SkyFrameOf frame = SkyFrameOf::kHorizon);
 
-  // In the horizon frame; the pixel counts from the bottom upwards and may lie outside the window.
+  // The pixel counts from the bottom upwards and may lie outside the window.
   Direction Find(const tPoint<double>& pixel) const;
 
  private:

@@ -122,7 +122,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
-  place.dim = m_Light.FindDim(kind.limits, place.pixel, GetSine(place.apparent));
+  place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, GetSine(place.apparent));
   const bool faded = m_Light.GetLineStrength() <= 0.0;
   found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);
   return found.obstacles;

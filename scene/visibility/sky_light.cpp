@@ -53,6 +53,13 @@ double Rise(float code, float from, float to) {
 // of towns show it.
 double FindDome(double altitude) { return 1.0 + 1.6 * std::exp(-altitude / (14.0 * kRadiansPerDegree)); }
 
+double RiseOfGlow(float limit) { return Rise(limit, MakeCode(4.4), MakeCode(6.2)); }
+
+// The part of the light that a loss of so many codes leaves.
+double LeftOf(float codes) {
+  return std::pow(10.0, -0.4 * static_cast<double>(codes) / CommonInterfaces::kMagCodesPerMag);
+}
+
 }  // namespace
 
 // The limits of a zoom are those of objects in the upper half of the sky.
@@ -90,6 +97,7 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
     node.scattered = parts.scattered;
     node.lamps = lamps * ownZenith * FindDome(node.altitude);
     node.limit = MakeCode(astro::GetNakedEyeLimit((1.0 - lamps) * parts.own + node.lamps + parts.scattered));
+    node.glow = static_cast<float>(RiseOfGlow(node.limit) * LeftOf(FindExtinction(direction.v[2])));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
     m_LeastLuminance = std::min(m_LeastLuminance, node.scattered + node.lamps);
   }
@@ -98,10 +106,10 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
       brightness.GetParts(0.5 * kPi, GetAngle(zenith, sources.sun), GetAngle(zenith, sources.moon));
   m_ZenithLuminance = above.scattered + lamps * ownZenith;
   m_LineStrength = Rise(m_FaintestLimit, MakeCode(1.0), MakeCode(5.0));
-  m_GlowStrength = Rise(m_FaintestLimit, MakeCode(4.4), MakeCode(6.2));
+  m_GlowStrength = RiseOfGlow(m_FaintestLimit);
 }
 
-float SkyLight::FindLimit(const tPoint<double>& pixel) const {
+float SkyLight::Find(float Node::*value, const tPoint<double>& pixel) const {
   const auto at = [](double part, int nodes) {
     const double place = std::clamp(part, 0.0, 1.0) * (nodes - 1);
     const int node = std::min(static_cast<int>(place), nodes - 2);
@@ -110,8 +118,8 @@ float SkyLight::FindLimit(const tPoint<double>& pixel) const {
   const auto [column, right] = at(pixel.x / m_Width, kColumns);
   const auto [row, down] = at(1.0 - pixel.y / m_Height, kRows);
   const Node* const node = m_Nodes.data() + row * kColumns + column;
-  const float above = node[0].limit + (node[1].limit - node[0].limit) * right;
-  const float below = node[kColumns].limit + (node[kColumns + 1].limit - node[kColumns].limit) * right;
+  const float above = node[0].*value + (node[1].*value - node[0].*value) * right;
+  const float below = node[kColumns].*value + (node[kColumns + 1].*value - node[kColumns].*value) * right;
   return above + (below - above) * down;
 }
 
@@ -133,7 +141,19 @@ float SkyLight::FindExtinction(double sineOfAltitude) const {
 
 float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
   if (!m_Natural) return 0.0f;
-  return DimBySky(limits, FindLimit(pixel)) + FindExtinction(sineOfAltitude);
+  return DimBySky(limits, Find(&Node::limit, pixel)) + FindExtinction(sineOfAltitude);
+}
+
+float SkyLight::FindDimOfExtended(const ClassLimits& limits, const tPoint<double>& pixel,
+                                  double sineOfAltitude) const {
+  if (!m_Natural) return 0.0f;
+  constexpr float kMore = 0.5f;
+  const float loss = std::max(0.0f, GetDarkLimit() - Find(&Node::limit, pixel));
+  return FindDim(limits, pixel, sineOfAltitude) + kMore * loss;
+}
+
+float SkyLight::FindGlow(const tPoint<double>& pixel) const {
+  return m_Natural ? Find(&Node::glow, pixel) : 1.0f;
 }
 
 float SkyLight::FindLeastDim(const ClassLimits& limits) const {

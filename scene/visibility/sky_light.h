@@ -37,6 +37,7 @@ class SkyLight {
     double scattered;  // luminance that Sun and Moon give the sky, cd/m2
     double lamps;      // that the lamps on the ground give it: what the night has above that of the country
     float limit;       // of the naked eye, magnitude code
+    float glow;        // what is seen of the Milky Way, 0 to 1
   };
 
   SkyLight();
@@ -57,6 +58,10 @@ class SkyLight {
   // By how many codes an object of a class looks fainter than high in a dark sky, at a pixel (y up)
   // in a direction with that sine of its altitude: it is drawn, faded and labelled as one so much fainter.
   float FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const;
+  // The same for what is no point, whose light the sky drowns sooner: half as much again of what the eye
+  // loses.
+  float FindDimOfExtended(const ClassLimits& limits, const tPoint<double>& pixel,
+                          double sineOfAltitude) const;
   // Whether that keeps an object from being drawn that is bright enough for the zoom.
   static bool Hides(const ClassLimits& limits, float code, float dim) {
     return code <= limits.draw && code + dim > limits.draw;
@@ -64,14 +69,17 @@ class SkyLight {
   // The least that an object of the class loses to the brightness of the sky in the window, low air aside.
   float FindLeastDim(const ClassLimits& limits) const;
 
-  // How much is seen of lines, names and symbols, and of the Milky Way: 0 to 1.
+  // What the brightness of the sky and low air leave of the Milky Way at a pixel (y up), 0 to 1.
+  float FindGlow(const tPoint<double>& pixel) const;
+
+  // How much is seen of lines, names and symbols, and of the haze of a dark horizon: 0 to 1.
   double GetLineStrength() const { return m_LineStrength; }
   double GetGlowStrength() const { return m_GlowStrength; }
 
  private:
   static constexpr int kExtinctionSteps = 128;
 
-  float FindLimit(const tPoint<double>& pixel) const;
+  float Find(float Node::*value, const tPoint<double>& pixel) const;
   float DimBySky(const ClassLimits& limits, float limit) const;
   float FindExtinction(double sineOfAltitude) const;
 

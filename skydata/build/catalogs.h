@@ -18,7 +18,6 @@ std::string MakeNebulaOutlines(const std::filesystem::path& source);
 std::string MakeConstellationCatalog(const std::filesystem::path& source);
 std::string MakeConstellationLines(const std::filesystem::path& source);
 std::string MakeConstellationBounds(const std::filesystem::path& source);
-std::string MakeMilkyWay(const std::filesystem::path& source);
 std::string MakeSaturnRing(const std::filesystem::path& source);
 std::string MakeObjectNames(const std::filesystem::path& source);
 std::string MakeAsterisms(const std::filesystem::path& source);

@@ -6,6 +6,7 @@
 
 #include "skydata/build/catalog_files.h"
 #include "skydata/build/catalogs.h"
+#include "skydata/build/milky_way_map.h"
 #include "skydata/build/star_tiles.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
@@ -37,7 +38,6 @@ constexpr Catalog kCatalogs[] = {
     {"constellations", "constellations/SOURCE.md", MakeConstellationCatalog},
     {"constellation_lines", "constellations/SOURCE.md", MakeConstellationLines},
     {"constellation_bounds", "constellations/SOURCE.md", MakeConstellationBounds},
-    {"milkyway", "milkyway/SOURCE.md", MakeMilkyWay},
     {"saturn_ring", "maps/SOURCE.md", MakeSaturnRing},
     {"names", "names/SOURCE.md", MakeObjectNames},
     {"asterisms", "names/SOURCE.md", MakeAsterisms},
@@ -64,6 +64,7 @@ struct CatalogFile {
   const char* origin;  // below the source folder
 };
 constexpr CatalogFile kCatalogFiles[] = {
+    {"catalogs", "milkyway", ".map", MakeMilkyWayMap, "milkyway/SOURCE.md"},
     {"catalogs", "satellites", ".tle", MakeSatellites, "orbits/SOURCE.md"},
     {"catalogs/comets", "best_observation_time", ".ini", MakeObservationTimes, "comets/SOURCE.md"},
     {"catalogs/planets&moons", "planets&moons", ".txt", MakePlanetsAndMoons, "bodies/SOURCE.md"},

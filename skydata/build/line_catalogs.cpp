@@ -10,7 +10,6 @@ namespace skydata {
 namespace {
 
 constexpr int kMaxLines = 9999;
-constexpr int kMilkyWayLevels = 5;
 
 void AddPosition(const SourceTable& table, int row, int column, CatalogText& catalog) {
   catalog.AddAngle(table.GetNumber(row, column, 0.0, 360.0));
@@ -67,18 +66,6 @@ std::string MakeConstellationBounds(const std::filesystem::path& source) {
     AddPosition(table, row, 4, catalog);
     if (table.GetText(row, 2) != table.GetText(row, 4) && table.GetText(row, 3) != table.GetText(row, 5))
       table.Fail(row, 4, "the edge follows neither right ascension nor declination");
-    catalog.EndRecord();
-  }
-  return catalog.GetBytes();
-}
-
-std::string MakeMilkyWay(const std::filesystem::path& source) {
-  const SourceTable table(source / "milkyway" / "outlines.tsv", {"Level", "Ring", "RA_deg", "Dec_deg"});
-  CatalogText catalog("milkyway/outlines.tsv", {"Type:i32", "Number:i32", "RA:f64", "Dec:f64"});
-  for (int row = 0; row < table.GetRowCount(); ++row) {
-    catalog.AddInteger(table.GetInteger(row, 0, 1, kMilkyWayLevels));
-    catalog.AddInteger(table.GetInteger(row, 1, 0, kMaxLines));
-    AddPosition(table, row, 2, catalog);
     catalog.EndRecord();
   }
   return catalog.GetBytes();

@@ -24,6 +24,8 @@ struct Arguments {
 };
 
 ShownTable ShowFileOf(DataKind kind, const std::string& path) {
+  if (kind == DataKind::kStrings) return ShowShowers(path);
+  if (kind == DataKind::kSkyMap) return ShowSkyMap(path);
   using Show = ShownTable (*)(const std::string&);
   static const std::map<DataKind, Show> kShows = {{DataKind::kSettings, ShowSettings},
                                                   {DataKind::kYearLimits, ShowYearLimits},
@@ -42,7 +44,7 @@ ShownTable ShowFileOf(DataKind kind, const std::string& path) {
                                                   {DataKind::kFavourites, ShowList},
                                                   {DataKind::kChosen, ShowList},
                                                   {DataKind::kSelection, ShowList}};
-  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(ReadFile(path));
+  return kShows.at(kind)(ReadFile(path));
 }
 
 DataKind FindKind(const Arguments& arguments) {
@@ -78,6 +80,7 @@ int RunShow(const Arguments& arguments, std::ostream& output, std::ostream& erro
   const bool isTiles = kind == DataKind::kStarTiles;
   if (!isTiles && !arguments.cell.empty()) throw UsageError("--cell", "is for tile catalogs of stars");
   if (isTiles && !arguments.isJson) output << DescribeStarTiles(arguments.file);
+  if (kind == DataKind::kSkyMap && !arguments.isJson) output << DescribeSkyMap(arguments.file);
   if (kind == DataKind::kSettings && !arguments.isJson) {
     WriteSettingsText(ReadSettingsFile(ReadFile(arguments.file), FieldNames()), output);
     return kDone;

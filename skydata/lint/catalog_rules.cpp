@@ -55,7 +55,6 @@ const CatalogRule* FindCatalogRule(const std::string& fileName) {
       {"constellations", {"Label", "RA", "Dec"}, nullptr},
       {"constellation_bounds", {"Label", "OtherLabel", "RA", "Dec", "EndRA", "EndDec"}, nullptr},
       {"constellation_lines", {"Label", "Number", "RA", "Dec"}, nullptr},
-      {"milkyway", {"Type", "Number", "RA", "Dec"}, nullptr},
       {"saturn_ring", {"Radius", "Red", "Green", "Blue", "Opacity"}, nullptr},
       {"names", {"Object", "Language", "ProperName"}, nullptr},
       {"asterisms", {"Key", "ProperName"}, nullptr},

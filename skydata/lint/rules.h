@@ -38,6 +38,7 @@ struct LintRun {
 void LintCatalog(const LintFile& file, LintRun& run);
 void LintTwoLineElements(const LintFile& file, LintRun& run);
 void LintStarTiles(const LintFile& file, LintRun& run);
+void LintSkyMap(const LintFile& file, LintRun& run);
 void LintPlanets(const LintFile& file, LintRun& run);
 void LintObservationTimes(const LintFile& file, LintRun& run);
 void LintArticles(const LintFile& file, LintRun& run);

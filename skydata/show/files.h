@@ -29,6 +29,10 @@ ShownTable ShowStarBands(const std::string& path);
 ShownTable ShowStarCell(const std::string& path, int band, unsigned cell);
 // Its stars, their numbers and where they come from: two lines.
 std::string DescribeStarTiles(const std::string& path);
+// How bright a map of the sky is at each hour of right ascension and every 15 degrees of declination, 0 to
+// 255, and two lines about it. What is no map throws std::runtime_error with one line.
+ShownTable ShowSkyMap(const std::string& path);
+std::string DescribeSkyMap(const std::string& path);
 ShownTable ShowSettings(const std::string& bytes);
 // The meteor showers of a string table in the language of its folder.
 ShownTable ShowShowers(const std::string& path);

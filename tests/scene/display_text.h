@@ -127,15 +127,17 @@ class DisplayText {
       Colour(colour);
     Object(gradient.object);
   }
-  // The colours of a mesh, a line for each row.
+  // The colours of a mesh, a line for each row; of a fine one every eighth of both.
   void Add(const scene::MeshRecord& mesh) {
     for (const float value : {mesh.left, mesh.top, mesh.right, mesh.bottom}) Number(value);
     m_Text += FormatText(" nodes %d x %d", mesh.columns, mesh.rows);
     Object(mesh.object);
-    for (int i = 0; i < mesh.columns * mesh.rows; ++i) {
-      if (i % mesh.columns == 0) m_Text += "   ";
-      Colour(m_List.GetColours()[static_cast<std::size_t>(mesh.firstColour + i)]);
-      if (i % mesh.columns == mesh.columns - 1) m_Text += "\n";
+    const int step = mesh.columns * mesh.rows > 256 ? 8 : 1;
+    for (int row = 0; row < mesh.rows; row += step) {
+      m_Text += "   ";
+      for (int column = 0; column < mesh.columns; column += step)
+        Colour(m_List.GetColours()[static_cast<std::size_t>(mesh.firstColour + row * mesh.columns + column)]);
+      m_Text += "\n";
     }
   }
   void Add(const scene::TextRecord& text) {

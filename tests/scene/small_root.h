@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
 #include "scene/language_files.h"
 #include "scene/orbit_tables.h"
+#include "scene/sky_map.h"
 #include "support/camera_settings.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"
@@ -52,6 +54,18 @@ inline std::string StarTable() {
   return table;
 }
 
+// A piece of the Milky Way from 1.6 to 1.9 radians of right ascension and -0.2 to 0.3 of declination.
+inline std::string MilkyWayMap() {
+  constexpr int kSide = 64;
+  std::string cells;
+  for (int cell = 0; cell < kSide * kSide; ++cell) {
+    const scene::Direction direction = scene::SkyMap::GetCellDirection(kSide, cell % kSide, cell / kSide);
+    const double ra = std::atan2(direction.v[1], direction.v[0]), dec = std::asin(direction.v[2]);
+    cells += ra > 1.6 && ra < 1.9 && dec > -0.2 && dec < 0.3 ? '\x80' : '\0';
+  }
+  return scene::MakeSkyMap(kSide, cells, "A piece of the Milky Way");
+}
+
 // A data root with a few objects of every kind.
 class SmallRoot {
  public:
@@ -74,9 +88,7 @@ class SmallRoot {
     dir.Write("data/catalogs/constellation_lines.txt",
               "Label:text\tNumber:i32\tRA:f64\tDec:f64\nOri\t0\t1.5497\t0.1293\nOri\t0\t1.4871\t-0.0339\n"
               "Ori\t0\t1.3724\t-0.1431\n");
-    dir.Write("data/catalogs/milkyway.txt",
-              "Type:i32\tNumber:i32\tRA:f64\tDec:f64\n1\t0\t1.6\t-0.2\n1\t0\t1.9\t-0.2\n1\t0\t1.9\t0.3\n"
-              "1\t0\t1.6\t0.3\n");
+    dir.Write("data/catalogs/milkyway.map", MilkyWayMap());
     dir.Write("data/catalogs/asteroids.txt", OrbitTable(kAsteroids, 2, false));
     dir.Write("data/catalogs/comets.txt", OrbitTable(kComets, 1, true));
     dir.Write("data/catalogs/planets&moons/planets&moons.txt",

@@ -6,13 +6,14 @@
 #include <cmath>
 
 #include "common_interfaces/camera.h"
+#include "utils/text.h"
 
 namespace scene {
 
 // The three limits of a class of objects at the camera's zoom, magnitude codes: (magnitude + 2) * 10.
 struct ClassLimits {
   explicit ClassLimits(const CommonInterfaces::Camera& camera, int cls)
-      : draw(camera.GetDarkMagDrawF(cls)),
+      : draw(FindDraw(camera, cls)),
         full(camera.GetDarkMagObjectF(cls)),
         label(camera.GetDarkMagLabelF(cls)) {}
 
@@ -37,6 +38,21 @@ struct ClassLimits {
   float draw;   // objects up to this code are drawn,
   float full;   // up to this one at full brightness,
   float label;  // and up to this one with their label
+
+ private:
+  // As far as the camera goes. Symbols of deep-sky objects stay within three magnitudes of the stars besides,
+  // so that a wide view is not full of them, which the correction of the class in the settings shifts.
+  static float FindDraw(const CommonInterfaces::Camera& camera, int cls) {
+    using CommonInterfaces::Camera;
+    constexpr float kBeyondStars = 30.0f;
+    const float draw = camera.GetDarkMagDrawF(cls);
+    for (const int row : {2, 4, 6, 8}) {  // of the classes in the camera's table
+      if (static_cast<int>(Camera::s_ZoomDependDesc[row].objectClass) != cls) continue;
+      const float stars = camera.GetDarkMagDrawF(FourCC("star"));
+      return std::min(draw, stars + kBeyondStars + camera.GetMagCorrection(row));
+    }
+    return draw;
+  }
 };
 
 // The radius of the dot of a star of that code, in pixels of the standard picture, by the limits of stars:

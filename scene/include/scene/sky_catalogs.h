@@ -20,6 +20,7 @@
 #include "scene/nebula_outlines.h"
 #include "scene/object_traits.h"
 #include "scene/on_demand.h"
+#include "scene/sky_map.h"
 #include "scene/star_catalog.h"
 #include "scene/star_tiles.h"
 
@@ -43,12 +44,6 @@ struct SCENE_API ConstellationName {
   const std::string& GetName(NameForm form) const;
 };
 
-// A closed outline of the Milky Way: `count` points from `first` on, the last one joined to the first.
-struct MilkyWayRing {
-  int level;  // 1 faintest to 5 brightest
-  int first, count;
-};
-
 // What filters compare. The number of a constellation is the name id of its abbreviation. The spectral class
 // of a star of a tile catalog is unknown.
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
@@ -65,8 +60,7 @@ struct SkyCatalogs {
   std::vector<FigureStroke> figures;
   std::vector<ConstellationName> constellations;
   ConstellationBounds bounds;
-  std::vector<Direction> milkyWayPoints;
-  std::vector<MilkyWayRing> milkyWay;  // by level
+  SkyMap milkyWay;
   BodyList bodies;
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
   // What most runs do without.
@@ -76,8 +70,8 @@ struct SkyCatalogs {
   Gazetteers gazetteers;
 };
 
-// What catalogs are loaded for. Questions about objects do without the outlines of the Milky Way, the largest
-// of the tables: it is not read then, and nobody is told what is wrong with it.
+// What catalogs are loaded for. Questions about objects do without the map of the Milky Way: it is not
+// read then, and nobody is told what is wrong with it.
 enum class CatalogUse { kPictures, kQuestions };
 
 // Reads the tables below "catalogs:" of what stands still, and the bodies (LoadBodies), in place of what

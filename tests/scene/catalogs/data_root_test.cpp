@@ -64,7 +64,7 @@ TEST_F(DataRoot, MissingFolderIsNamed) {
 
 TEST_F(DataRoot, MissingTableIsNamed) {
   for (const char* table :
-       {"stars.txt", "deepsky.txt", "constellations.txt", "constellation_lines.txt", "milkyway.txt"}) {
+       {"stars.txt", "deepsky.txt", "constellations.txt", "constellation_lines.txt", "milkyway.map"}) {
     const std::string path = std::string("data/catalogs/") + table, content = sky.dir.Read(path);
     std::filesystem::remove(sky.dir.Path(path));
     EXPECT_FALSE(Open(sky.dir.Path("data"))) << table;

@@ -26,13 +26,13 @@ class SkyCatalogsTest : public testing::Test {
 
 TEST_F(SkyCatalogsTest, QuestionsDoWithoutTheMilkyWay) {
   ASSERT_TRUE(Load()) << error;
-  EXPECT_FALSE(catalogs.milkyWay.empty());
-  std::filesystem::remove(sky.dir.Path("data/catalogs/milkyway.txt"));
+  EXPECT_FALSE(catalogs.milkyWay.IsEmpty());
+  std::filesystem::remove(sky.dir.Path("data/catalogs/milkyway.map"));
   EXPECT_FALSE(LoadSkyCatalogs(catalogs, error));
-  EXPECT_NE(error.find("milkyway.txt"), std::string::npos) << error;
-  EXPECT_FALSE(catalogs.milkyWay.empty()) << "what was there stays";
+  EXPECT_NE(error.find("milkyway.map"), std::string::npos) << error;
+  EXPECT_FALSE(catalogs.milkyWay.IsEmpty()) << "what was there stays";
   ASSERT_TRUE(LoadSkyCatalogs(catalogs, error, CatalogUse::kQuestions)) << error;
-  EXPECT_TRUE(catalogs.milkyWay.empty() && catalogs.milkyWayPoints.empty());
+  EXPECT_TRUE(catalogs.milkyWay.IsEmpty());
   EXPECT_EQ(catalogs.stars.GetCount(), 10);
 }
 
@@ -104,25 +104,23 @@ TEST_F(SkyCatalogsTest, FiguresAreSplitAlongTheGreatCircle) {
   }
 }
 
-TEST_F(SkyCatalogsTest, MilkyWayRingsAreClosedInSmallSteps) {
-  ASSERT_TRUE(Load()) << error;
-  ASSERT_EQ(catalogs.milkyWay.size(), 1u);
-  const auto& ring = catalogs.milkyWay[0];
-  for (int i = 0; i < ring.count; ++i) {
-    const auto& a = catalogs.milkyWayPoints[ring.first + i];
-    const auto& b = catalogs.milkyWayPoints[ring.first + (i + 1) % ring.count];
-    EXPECT_LE(VectorsAngle(a.v, b.v), 1.0001 * kRadiansPerDegree);
-  }
+TEST_F(SkyCatalogsTest, ADamagedMapOfTheMilkyWayIsNamed) {
+  std::string map = sky.dir.Read("data/catalogs/milkyway.map");
+  map.back() = 'x';
+  sky.dir.Write("data/catalogs/milkyway.map", map);
+  EXPECT_FALSE(Load());
+  EXPECT_EQ(error, ZentharPath::GetPath("catalogs:milkyway.map") + ": the map is damaged: its sum is wrong");
 }
 
 TEST_F(SkyCatalogsTest, EachMissingTableIsNamed) {
-  for (const char* name : {"stars", "deepsky", "constellations", "constellation_lines", "milkyway"}) {
-    const std::string file = std::string("data/catalogs/") + name + ".txt";
+  for (const char* name :
+       {"stars.txt", "deepsky.txt", "constellations.txt", "constellation_lines.txt", "milkyway.map"}) {
+    const std::string file = std::string("data/catalogs/") + name;
     const std::string content = sky.dir.Read(file);
     std::filesystem::remove(sky.dir.Path(file));
     catalogs = SkyCatalogs();
     EXPECT_FALSE(Load());
-    EXPECT_NE(error.find(std::string(name) + ".txt"), std::string::npos) << error;
+    EXPECT_NE(error.find(name), std::string::npos) << error;
     sky.dir.Write(file, content);
   }
 }

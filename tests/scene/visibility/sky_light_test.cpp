@@ -30,6 +30,11 @@ SkySources WithSun(double altitude) {
   return sources;
 }
 
+// Of the naked eye's limit where the sky has 21.5 magnitudes a square second of arc.
+float MakeDarkCode() {
+  return static_cast<float>((astro::GetNakedEyeLimit(astro::GetLuminance(21.5)) + 2.0) * 10.0);
+}
+
 class SkyLightTest : public testing::Test {
  protected:
   void Compute(const SkySources& sources) { light.Compute(ViewGeometry(f.camera), sources); }
@@ -103,12 +108,42 @@ TEST_F(SkyLightTest, InstrumentKeepsItsLead) {
   EXPECT_NEAR(drawn() - wide, MagnitudeOfCode(Limits("star").draw) - 7.5, 0.5);
 }
 
-// Galaxies reach to 13.5 at zoom 1 by night and stars to 7.5: by day nothing of that lead is left.
+// Galaxies reach to 10.5 at zoom 1 by night and stars to 7.5: by day nothing of that lead is left.
 TEST_F(SkyLightTest, ClassesThatReachFartherComeDownToTheStars) {
   Compute(WithSun(40.0));
   const auto drawn = [&](const char* kind) { return Limits(kind).draw - light.FindLeastDim(Limits(kind)); };
   EXPECT_NEAR(drawn("gala"), drawn("star"), 0.1);
   EXPECT_NEAR(drawn("plnt"), drawn("star"), 0.1);
+}
+
+TEST_F(SkyLightTest, WhatIsNoPointLosesHalfAsMuchAgainAsTheEye) {
+  const tPoint<double> pixel = {800.0, 500.0};
+  Compute(AtNight());
+  EXPECT_EQ(light.FindDimOfExtended(Limits("gala"), pixel, 1.0), 0.0f);
+  float last = 0.0f;
+  for (const double altitude : {-14.0, -11.0, -9.0, -7.0}) {
+    Compute(WithSun(altitude));
+    const float more =
+        light.FindDimOfExtended(Limits("gala"), pixel, 1.0) - light.FindDim(Limits("gala"), pixel, 1.0);
+    EXPECT_GT(more, last) << altitude;
+    const float eye =
+        light.GetNodes()[SkyLight::kRows / 2 * SkyLight::kColumns + SkyLight::kColumns / 2].limit;
+    EXPECT_NEAR(more, 0.5f * (MakeDarkCode() - eye), 1e-3f) << altitude;
+    last = more;
+  }
+  light.SetPlain();
+  EXPECT_EQ(light.FindDimOfExtended(Limits("gala"), pixel, 1.0), 0.0f);
+}
+
+TEST_F(SkyLightTest, TheMilkyWayFadesWithTheSkyBeforeItAndTheAir) {
+  Compute(AtNight());
+  // The picture is 40 degrees high around an altitude of 30.
+  EXPECT_GT(light.FindGlow({800.0, 980.0}), 0.9f);
+  EXPECT_LT(light.FindGlow({800.0, 20.0}), light.FindGlow({800.0, 980.0}) - 0.1f);
+  Compute(WithSun(-10.0));
+  EXPECT_EQ(light.FindGlow({800.0, 500.0}), 0.0f);
+  light.SetPlain();
+  EXPECT_EQ(light.FindGlow({800.0, 20.0}), 1.0f);
 }
 
 TEST_F(SkyLightTest, LinesAndMilkyWayFade) {

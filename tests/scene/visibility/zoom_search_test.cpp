@@ -19,11 +19,13 @@ class ZoomSearch : public testing::Test {
   host_test::FrameFixture f;
 };
 
-// The draw limit of stars is 7.5 + 4 log10(zoom), that of clusters 12.5 + 3 log10(zoom).
+// The draw limit of stars is 7.5 + 4 log10(zoom), that of clusters three magnitudes more where that is less
+// than 12.5 + 3 log10(zoom): up to zoom 100.
 TEST_F(ZoomSearch, AnswersTheZoomAtWhichTheLimitReachesTheMagnitude) {
   EXPECT_DOUBLE_EQ(Find("star", 11.5), 10.0);
   EXPECT_DOUBLE_EQ(Find("star", 7.5), 1.0);
-  EXPECT_DOUBLE_EQ(Find("clst", 15.5), 10.0);
+  EXPECT_DOUBLE_EQ(Find("clst", 14.5), 10.0);
+  EXPECT_DOUBLE_EQ(Find("clst", 21.5), 1000.0);
   EXPECT_DOUBLE_EQ(Find("star", 8.0), 1.34);  // 10 ^ (0.5 / 4) = 1.3335
 }
 

@@ -216,18 +216,6 @@ TEST(ConstellationLines, RunThroughStars) {
   EXPECT_TRUE(found);
 }
 
-TEST(MilkyWay, HasFiveLevelsOfClosedRings) {
-  const Table table(MakeMilkyWay(CI_DATA_SOURCE));
-  ASSERT_EQ(table.GetCount(), 30676u);
-  std::map<std::string, std::set<std::string>> rings;
-  for (std::size_t i = 0; i < table.GetCount(); ++i)
-    rings[table.GetText(i, "Type:i32")].insert(table.GetText(i, "Number:i32"));
-  EXPECT_EQ(rings.size(), 5u);
-  std::size_t count = 0;
-  for (const auto& [level, numbers] : rings) count += numbers.size();
-  EXPECT_EQ(count, 202u);
-}
-
 class DamagedCatalog : public testing::Test {
  protected:
   test_support::TempDir m_Dir;
@@ -277,11 +265,6 @@ TEST_F(DamagedCatalog, ABrokenVertexOfAFigureIsRefused) {
   m_Dir.Write("constellations/lines.tsv", "Abbreviation\tPolyline\tRA_deg\tDec_deg\nOri\t0\t400\t2\n");
   EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeConstellationLines(m_Dir.Path()); }),
             "constellations/lines.tsv:2: RA_deg: 400 is out of range");
-}
-TEST_F(DamagedCatalog, ASixthLevelOfTheMilkyWayIsRefused) {
-  m_Dir.Write("milkyway/outlines.tsv", "Level\tRing\tRA_deg\tDec_deg\n6\t0\t1\t2\n");
-  EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeMilkyWay(m_Dir.Path()); }),
-            "milkyway/outlines.tsv:2: Level: 6 is out of range");
 }
 
 }  // namespace

@@ -42,13 +42,14 @@ TEST_F(DataRoot, HasEveryFileOfTheLayout) {
     EXPECT_FALSE(m_Roots.dir.Read(std::string("data/") + name).empty()) << name;
   }
   for (const char* name : {"stars", "deepsky", "ngc_ic", "nebula_outlines", "constellations",
-                           "constellation_lines", "constellation_bounds", "milkyway"}) {
+                           "constellation_lines", "constellation_bounds"}) {
     const std::string base = std::string("data/catalogs/") + name;
     EXPECT_EQ(m_Roots.dir.Read(base + ".txt")[0], '#') << name;
     EXPECT_NE(m_Roots.dir.Read(base + ".source.md").find("Licence"), std::string::npos) << name;
   }
   for (const auto& [base, extension] :
-       std::map<std::string, std::string>{{"catalogs/comets/best_observation_time", ".ini"},
+       std::map<std::string, std::string>{{"catalogs/milkyway", ".map"},
+                                          {"catalogs/comets/best_observation_time", ".ini"},
                                           {"catalogs/planets&moons/planets&moons", ".txt"},
                                           {"media/find/3d_flight_to_objects", ".txt"},
                                           {"media/find/object_articles_table", ".bin"},

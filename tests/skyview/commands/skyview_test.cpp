@@ -45,12 +45,13 @@ TEST(Skyview, PrintsWhatItRestoredEachOnItsOwnLine) {
                            "Deep-sky objects drawn: 1\n"}) {
     EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
   }
-  // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero.
+  // At zoom 1: draw 6 + 3.5 - 2, full and label 6 - 2, the corrections being zero;
+  // galaxies three magnitudes beyond the stars.
   EXPECT_TRUE(
       sky.Printed("Magnitude limits, stars: drawn to 7.5, at full brightness to 4.0, labelled to 4.0\n"))
       << sky.output.str();
   EXPECT_TRUE(sky.Printed(
-      "Magnitude limits, galaxies: drawn to 13.5, at full brightness to -2.0, labelled to -2.0\n"));
+      "Magnitude limits, galaxies: drawn to 10.5, at full brightness to -2.0, labelled to -2.0\n"));
   EXPECT_TRUE(sky.Printed("Stars drawn: "));
 }
 
@@ -115,7 +116,7 @@ TEST(Skyview, DataRootBesideTheProgramIsFound) {
 }
 
 TEST(Skyview, EachMissingFileIsNamedAndNoPictureIsLeft) {
-  for (const char* file : {"filters.data", "qxstrings.txt", "catalogs/stars.txt", "catalogs/milkyway.txt"}) {
+  for (const char* file : {"filters.data", "qxstrings.txt", "catalogs/stars.txt", "catalogs/milkyway.map"}) {
     SmallSky sky;
     std::filesystem::remove(sky.dir.Path(std::string("data/") + file));
     EXPECT_EQ(sky.Run(With(kOrion, {"--out", sky.dir.Path("sky.svg")})), 1) << file;
