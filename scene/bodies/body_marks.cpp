@@ -94,6 +94,7 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
   drawn.distance = state.seen.distance;
   drawn.labelIndex = -1;
   if (drawn.asDisc) drawn.globe = m_Globes.Find(body, state, geometry, m_Model.GetMoment().julianDateTT);
+  if (drawn.globe && geometry.air) drawn.place = drawn.globe->centre;
   m_Drawn.push_back(drawn);
 }
 

@@ -148,9 +148,7 @@ void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int de
   }
   const ViewGeometry& geometry = view.geometry;
   for (const Point* point : {&a, &b}) {
-    const double* zenith = view.observer.reduction + 6;
-    const double* u = point->apparent.v;
-    if (view.hideBelowHorizon && zenith[0] * u[0] + zenith[1] * u[1] + zenith[2] * u[2] < 0.0) return;
+    if (view.hideBelowHorizon && SeenSine(point->apparent, view.observer) < 0.0) return;
   }
   line.from = geometry.Project(a.apparent, SkyFrameOf::kJ2000);
   line.to = geometry.Project(b.apparent, SkyFrameOf::kJ2000);

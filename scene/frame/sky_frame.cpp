@@ -120,14 +120,14 @@ void SkyFrame::FetchTexts() {
 // The parts compute themselves in the order in which they take room for their labels.
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
-  const ViewGeometry geometry(camera);
+  const ViewGeometry geometry(camera, observer);
   FrameParts& parts = *m_Parts;
   LabelPlacer& labels = parts.labels;
   labels.Begin(geometry.width, geometry.height);
   parts.solarSystem.Observe(geometry);
   const auto sources = shown.naturalSky ? parts.solarSystem.FindSources(observer) : std::nullopt;
   if (sources) {
-    parts.light.Compute(geometry, *sources);
+    parts.light.Compute(geometry, *sources, shown.extinction);
   } else {
     parts.light.SetPlain();
   }

@@ -61,14 +61,16 @@ SkyLight::SkyLight() : m_Nodes(kColumns * kRows) {
   }
 }
 
-void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) {
+void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources, bool extinction) {
   m_Natural = true;
+  m_WithExtinction = extinction;
   m_Sources = sources;
   m_Width = geometry.width;
   m_Height = geometry.height;
   m_StarGain = std::max(0.0f, ClassLimits(geometry.camera, FourCC("star")).draw - GetDarkLimit());
   const astro::SkyBrightness brightness(MakeLights(sources));
   const PixelDirections directions(geometry);
+  const Direction sun = geometry.Seen(sources.sun), moon = geometry.Seen(sources.moon);
   m_FaintestLimit = MakeCode(-10.0);
   m_LeastLuminance = 1e12;
   for (int i = 0; i < kColumns * kRows; ++i) {
@@ -76,8 +78,8 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
     const Direction direction = directions.Find(
         {m_Width * (i % kColumns) / (kColumns - 1), m_Height * (kRows - 1 - i / kColumns) / (kRows - 1)});
     node.altitude = std::fabs(GetAltitude(direction));
-    node.fromSun = GetAngle(direction, sources.sun);
-    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
+    node.fromSun = GetAngle(direction, sun);
+    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, moon));
     node.scattered = parts.scattered;
     node.limit = MakeCode(astro::GetNakedEyeLimit(parts.own + parts.scattered));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
@@ -122,7 +124,7 @@ float SkyLight::FindExtinction(double sineOfAltitude) const {
 
 float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
   if (!m_Natural) return 0.0f;
-  return DimBySky(limits, FindLimit(pixel)) + FindExtinction(sineOfAltitude);
+  return DimBySky(limits, FindLimit(pixel)) + (m_WithExtinction ? FindExtinction(sineOfAltitude) : 0.0f);
 }
 
 float SkyLight::FindLeastDim(const ClassLimits& limits) const {

@@ -60,13 +60,13 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
       m_Finder(m_Catalogs),
       m_WithShowers(options.extras.showers) {
   LoadCatalogs(options.satellites, m_View.camera, scene::CatalogUse::kPictures, m_Catalogs);
-  AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics);
+  m_Shown = scene::ReadShownKinds(m_View.settings);
+  m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
+  AimView(options.view, m_Catalogs, m_Finder, m_Shown.refraction, m_View.camera, diagnostics);
   m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
   AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
   m_Marks = FindMarks(session);
-  m_Shown = scene::ReadShownKinds(m_View.settings);
-  m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
   m_Filters.Refresh(m_View.settings);
   for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
   m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);

@@ -12,9 +12,9 @@
 #include "astro/rise_set.h"
 #include "astro/vectors.h"
 #include "common_interfaces/object_kinds.h"
-#include "common_interfaces/refraction.h"
 #include "common_interfaces/text_formats.h"
 #include "common_interfaces/units.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 #include "skyview/reports/angle_text.h"
 #include "skyview/reports/body_texts.h"
@@ -128,9 +128,8 @@ void WhereWriter::AddDirection() {
   const HorizonPlace stands = MakeHorizonPlace(axes, m_Seen.apparent, 0.0);
   Add(Localize(HostText::kWhereDirection,
                {FormatAngles(kHorizonFormat, stands.azimuth, kAngleDegrees, stands.altitude).c_str()}));
-  double lifted = stands.altitude;
-  CommonInterfaces::ShiftAltOnEarthRefraction(&lifted);
-  if (lifted > stands.altitude) {
+  const double lifted = scene::LiftedAltitude(stands.altitude);
+  if (lifted > 0.0) {
     Add(Localize(HostText::kWhereRefraction, {lifted / scene::kRadiansPerDegree}));
   }
 }
@@ -256,7 +255,6 @@ void WhereWriter::AddEvents() {
   AddEvent(HostText::kWhereTransit, HostText::kWhereNoTransit, events.transit, true);
   if (events.staysUp) return;
   AddEvent(HostText::kWhereSets, HostText::kWhereNoSet, events.set, false);
-  Add(Localize(HostText::kWhereHorizon, {}));
 }
 
 }  // namespace

@@ -44,9 +44,11 @@ struct SCENE_API ShownKinds {
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
   bool noradNumbers = false;  // beside satellites, in place of names
-  // Day, twilight, moonlight and extinction for an observer on the Earth with a horizon; else a black sky
+  // Day, twilight and moonlight for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.
   bool naturalSky = true;
+  bool refraction = true;  // "SkyDirt" of "grid" 1, for an observer with a horizon
+  bool extinction = true;  // "SkyDirt" 2, under a natural sky
   SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};

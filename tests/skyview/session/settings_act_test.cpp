@@ -54,6 +54,7 @@ struct RichView {
   double latitude, longitude;         // degrees
   double azimuth, altitude, zoom;     // degrees
   std::vector<std::string> settings;  // of the view, before the change
+  bool naturalSky = false;            // the views of the day show what is faint, too
 };
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
@@ -137,8 +138,8 @@ class ShippedSky : public testing::Test {
     scene::ObjectFilters filters;
     filters.Refresh(settings);
     scene::ShownKinds shown = scene::ReadShownKinds(settings);
-    shown.naturalSky = false;  // the views of the day show what is faint, too
-    m_Frame->Compute(camera, scene::PrepareObserver(camera), shown, filters);
+    shown.naturalSky = view.naturalSky;
+    m_Frame->Compute(camera, scene::PrepareObserver(camera, shown.refraction), shown, filters);
     return GetBytes(m_Frame->GetDisplayList());
   }
 
