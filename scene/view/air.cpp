@@ -12,7 +12,7 @@ namespace {
 
 using CommonInterfaces::InterpoleEarthRefractionShift;
 
-constexpr double kWholeSine = 0.05;  // from here on upwards the table is taken as it is
+constexpr double kWholeSine = 0.05;     // from here on upwards the table is taken as it is
 constexpr double kLowestSine = -0.024;  // of the table: a Sun that has just set stands wholly above it
 constexpr double kFade = 0.25;          // sines below that one over which the lift goes
 

@@ -49,9 +49,6 @@ TEST(Looks, ObjectIsTheOneThatWhereTells) {
   const std::string azimuth = direction.substr(0, direction.find(','));
   EXPECT_EQ(FindLine(sky, "Direction: ").rfind(azimuth + ", altitude 53°18'", 0), 0u) << "with refraction";
   EXPECT_EQ(FindLine(sky, "Zoom: "), "Zoom: 12.50");
-  ASSERT_EQ(sky.Run(With({"--look", "Jupiter@12.5", "--set", "grid.SkyDirt=2"}, then)), 0)
-      << sky.errors.str();
-  EXPECT_EQ(FindLine(sky, "Direction: ").rfind(direction, 0), 0u) << direction;
 }
 
 TEST(Looks, ObjectBelowTheHorizonIsSaidInOneLine) {
