@@ -93,7 +93,11 @@ class BodyPen {
   void DrawSun() const {
     const bool covered = m_Sky.IsSunCovered();
     const Colour colour = covered ? palette::kCorona : m_Sky.GetSun();
-    const Glow glow = MakeGlow(4.0, colour, covered ? 0.9 : 0.55);
+    // No darker than the sky that it is painted on.
+    const Rgba sky = m_Sky.Find(m_X, m_Y);
+    const Colour light = {std::max(colour.red, sky.red / 255.0), std::max(colour.green, sky.green / 255.0),
+                          std::max(colour.blue, sky.blue / 255.0), 1.0};
+    const Glow glow = MakeGlow(4.0, light, covered ? 0.9 : 0.55);
     m_Drawn.globe && !covered ? DrawDisc(colour, glow) : DrawPoint(colour, covered ? 0.0 : 1.0, glow);
   }
   void DrawDisc(const Colour& colour, const Glow& glow) const;

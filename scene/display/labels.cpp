@@ -64,6 +64,11 @@ Colour GetColour(LabelKind kind) {
   }
 }
 
+// The others stand on the ground or on that of the caption.
+bool IsOnSky(LabelKind kind) {
+  return kind != LabelKind::kCompass && kind != LabelKind::kCompassBetween && kind != LabelKind::kCaption;
+}
+
 unsigned GetStyle(LabelKind kind) {
   if (kind == LabelKind::kConstellation || kind == LabelKind::kStarLetter) return kItalicText;
   return kind == LabelKind::kCompass ? unsigned{kBoldText} : 0u;
@@ -177,7 +182,7 @@ int LabelPlacer::PlaceNear(const char* text, const tPoint<double>& p, double siz
   return index;
 }
 
-void LabelPlacer::Draw(double strength, DisplayList& list) const {
+void LabelPlacer::Draw(double strength, const SkyColours& sky, DisplayList& list) const {
   for (const Label& label : m_Labels) {
     TextRecord text = {};
     text.x = static_cast<float>(label.place.x);
@@ -186,6 +191,7 @@ void LabelPlacer::Draw(double strength, DisplayList& list) const {
     text.size = static_cast<float>(label.size);
     text.style = GetStyle(label.kind);
     text.colour = ToRgba(GetColour(label.kind), label.kind == LabelKind::kConstellation ? strength : 1.0);
+    if (IsOnSky(label.kind)) text.colour = sky.Readable(text.colour, text.x, text.y);
     text.object = label.object;
     list.AddText(Layer::kLabels, text, label.text);
   }

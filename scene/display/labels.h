@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "scene/display/sky_colours.h"
 #include "scene/display_list.h"
 #include "scene/text_extents.h"
 #include "utils/geometry.h"
@@ -82,7 +83,7 @@ class LabelPlacer {
 
   const std::vector<Label>& GetLabels() const { return m_Labels; }
   // `strength`: what the sky leaves of the names of constellations, 0 to 1.
-  void Draw(double strength, DisplayList& list) const;
+  void Draw(double strength, const SkyColours& sky, DisplayList& list) const;
 
   static constexpr int kMaxLabels = 600;
   static constexpr int kMaxBoxes = 2000;  // labels and reserved places; a later place is not kept free

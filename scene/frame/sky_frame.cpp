@@ -53,7 +53,8 @@ void Draw(FrameParts& parts) {
   }
   parts.milkyWay.Draw(parts.light.GetGlowStrength(), list);
   parts.horizon.DrawHaze(parts.light.GetGlowStrength(), list);
-  parts.grids.Draw(list);
+  const SkyColours sky(list, parts.light);
+  parts.grids.Draw(sky, list);
   parts.boundaries.Draw(lines, list);
   parts.figures.Draw(lines, list);
   parts.imageFrames.Draw(list);
@@ -61,14 +62,14 @@ void Draw(FrameParts& parts) {
   parts.nebulae.Draw(lines, list);
   parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
-  parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
+  parts.solarSystem.DrawBodies(sky, list);
   parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
   parts.radiants.Draw(list);
   parts.favourites.Draw(list);
   parts.caption.DrawGround(list);
   parts.horizon.DrawCompass(list);
   parts.markers.Draw(list);
-  parts.labels.Draw(lines, list);
+  parts.labels.Draw(lines, sky, list);
 }
 
 }  // namespace
