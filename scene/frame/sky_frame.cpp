@@ -16,15 +16,15 @@ namespace {
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
-  constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
-  constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
+  constexpr std::size_t kEarthShadows = 2;  // penumbra and umbra on the Moon; moons have one each
+  constexpr std::size_t kGrounds = 2;       // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
   capacity.points =
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.globes = catalogs.bodies.size();
   capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows;
-  capacity.shadows = kMoonShadows;
+  capacity.shadows = kEarthShadows + catalogs.bodies.size();
   capacity.ellipses = catalogs.deepsky.size() + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
   capacity.polylines = catalogs.figurePoints.size() + catalogs.deepsky.size() +
@@ -124,7 +124,7 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   const ViewGeometry geometry(camera, observer);
   FrameParts& parts = *m_Parts;
   LabelPlacer& labels = parts.labels;
-  labels.Begin(geometry.width, geometry.height);
+  labels.Begin(geometry.width, geometry.height, geometry.centreJ2000, geometry.scale);
   parts.solarSystem.Observe(geometry);
   const auto sources = shown.naturalSky ? parts.solarSystem.FindSources(observer) : std::nullopt;
   if (sources) {

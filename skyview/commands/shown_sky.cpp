@@ -24,8 +24,10 @@ namespace {
 std::vector<int> FindOrbits(const OrbitRequest& request, const scene::BodyList& bodies) {
   std::vector<int> orbits;
   for (int i = 0; i < static_cast<int>(bodies.size()); ++i) {
-    const bool planet = bodies[static_cast<std::size_t>(i)].id.kind == FourCC("plnt");
-    if (i != scene::kSunBody && (request.all || (request.planets && planet))) orbits.push_back(i);
+    const int kind = bodies[static_cast<std::size_t>(i)].id.kind;
+    const bool asked =
+        (request.planets && kind == FourCC("plnt")) || (request.moons && kind == FourCC("moon"));
+    if (i != scene::kSunBody && (request.all || asked)) orbits.push_back(i);
   }
   return orbits;
 }

@@ -139,6 +139,7 @@ class ShippedSky : public testing::Test {
     filters.Refresh(settings);
     scene::ShownKinds shown = scene::ReadShownKinds(settings);
     shown.naturalSky = view.naturalSky;
+    m_Frame->SetTextExtents(m_Extents);  // names forget where they were in the picture before
     m_Frame->Compute(camera, scene::PrepareObserver(camera, shown.refraction), shown, filters);
     return GetBytes(m_Frame->GetDisplayList());
   }
@@ -168,6 +169,7 @@ class ShippedSky : public testing::Test {
 
   test_support::DebugCapture m_Diagnostics;
   scene::SkyCatalogs m_Catalogs;
+  scene::TextExtents m_Extents;
   std::unique_ptr<scene::SkyFrame> m_Frame;
   std::vector<std::string> m_Plain;
 };
