@@ -66,7 +66,7 @@ class Looker {
     angles.lon = view.lon;
     angles.lat = view.lat;
     m_Camera.SetRA_Dec(angles);
-    frame.Compute(m_Camera, scene::PrepareObserver(m_Camera), m_Shown);
+    frame.Compute(m_Camera, scene::PrepareObserver(m_Camera, m_Shown.refraction), m_Shown);
   }
 
  private:

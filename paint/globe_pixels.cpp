@@ -38,8 +38,14 @@ GlobeShader::GlobeShader(const scene::GlobeRecord& globe, std::span<const scene:
     : m_Globe(globe), m_Map(map), m_Stretch(1.0 / (1.0 - static_cast<double>(globe.flattening))) {
   const double cosine = std::clamp(static_cast<double>(globe.disc.cosPhase), -1.0, 1.0);
   const double sine = std::sqrt(1.0 - cosine * cosine);
-  m_Sun = ToBody(sine * globe.disc.sunX, sine * globe.disc.sunY, cosine);
   m_Viewer = ToBody(0.0, 0.0, 1.0);
+  // Where air squeezes the picture, what points sideways in it is longer on the body.
+  const Vector sideways = ToBody(globe.disc.sunX, globe.disc.sunY, 0.0);
+  const double length =
+      std::sqrt(sideways.x * sideways.x + sideways.y * sideways.y + sideways.z * sideways.z);
+  const double aside = length > 0.0 ? sine / length : 0.0;
+  m_Sun = {aside * sideways.x + cosine * m_Viewer.x, aside * sideways.y + cosine * m_Viewer.y,
+           aside * sideways.z + cosine * m_Viewer.z};
   if (ring.empty()) return;
   m_RingSums.push_back({});
   for (const scene::Rgba& entry : ring) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <span>
 
 #include "scene/bodies/body_marks.h"
 #include "scene/display/dot.h"
@@ -49,12 +50,15 @@ class BodyPen {
         m_List(list),
         m_Ringed(GetStyleRules(list.GetStyle()).ringedBodies) {}
 
-  void Draw(const DrawnShadow& moonShadow) const {
+  void Draw(std::span<const DrawnShadow> shadows) const {
     if (m_Drawn.body == kSunBody) return DrawSun();
     const Colour& colour = GetColour(m_Id);
     if (m_Drawn.asDisc) {
       DrawDisc(colour, MakeMoonlight(colour));
-      if (moonShadow.falls && m_Drawn.body == kMoonBody) DrawShadow(moonShadow);
+      for (const DrawnShadow& shadow : shadows) {
+        if (shadow.body == m_Drawn.body)
+          shadow.body == kMoonBody ? DrawShadow(shadow) : DrawSmallShadow(shadow);
+      }
     } else if (m_Id.kind == FourCC("comt")) {
       DrawTail(colour);
       DrawDot(colour);
@@ -97,13 +101,19 @@ class BodyPen {
   void DrawSun() const {
     const bool covered = m_Sky.IsSunCovered();
     const Colour colour = covered ? palette::kCorona : m_Sky.GetSun();
-    const Glow glow = MakeGlow(4.0, colour, covered ? 0.9 : 0.55);
+    // No darker than the sky that it is painted on.
+    const Rgba sky = m_Sky.Find(m_X, m_Y);
+    const Colour light = {std::max(colour.red, sky.red / 255.0), std::max(colour.green, sky.green / 255.0),
+                          std::max(colour.blue, sky.blue / 255.0), 1.0};
+    const Glow glow = MakeGlow(4.0, light, covered ? 0.9 : 0.55);
     if (m_Ringed && !m_Drawn.globe) return DrawRinged(colour);
     m_Drawn.globe && !covered ? DrawDisc(colour, glow) : DrawPoint(colour, covered ? 0.0 : 1.0, glow);
   }
   void DrawDisc(const Colour& colour, const Glow& glow) const;
   void DrawGlobe(const DiscRecord& disc) const;
+  ShadowRecord MakeShadow(const DrawnShadow& shadow) const;
   void DrawShadow(const DrawnShadow& shadow) const;
+  void DrawSmallShadow(const DrawnShadow& shadow) const;
   void DrawTail(const Colour& colour) const;
   void DrawRinged(const Colour& colour) const;
   void DrawRing(const Colour& colour, double away) const;
@@ -153,8 +163,7 @@ void BodyPen::DrawGlobe(const DiscRecord& disc) const {
   m_List.Add(Layer::kBodies, record);
 }
 
-// The penumbra takes more and more of the sunlight towards the umbra, which is dark and red.
-void BodyPen::DrawShadow(const DrawnShadow& shadow) const {
+ShadowRecord BodyPen::MakeShadow(const DrawnShadow& shadow) const {
   ShadowRecord record = {};
   record.x = Pixel(shadow.centre.x);
   record.y = Pixel(m_List.GetHeight() - shadow.centre.y);
@@ -164,6 +173,24 @@ void BodyPen::DrawShadow(const DrawnShadow& shadow) const {
   record.object = m_Object;
   record.innerRadius = Pixel(shadow.umbra);
   record.outerRadius = Pixel(shadow.penumbra);
+  return record;
+}
+
+// That of a moon on its planet: black where all the sunlight is gone, or most of it where the umbra ends above
+// the clouds.
+void BodyPen::DrawSmallShadow(const DrawnShadow& shadow) const {
+  ShadowRecord record = MakeShadow(shadow);
+  const double deep = shadow.umbra > 0.0 ? 0.94 : 0.8;
+  record.middle = 0.5f;
+  record.inner = ToRgba({0.02, 0.02, 0.02, deep});
+  record.middleColour = ToRgba({0.02, 0.02, 0.02, 0.5 * deep});
+  record.outer = ToRgba({0.02, 0.02, 0.02, 0.0});
+  m_List.Add(Layer::kBodies, record);
+}
+
+// The penumbra takes more and more of the sunlight towards the umbra, which is dark and red.
+void BodyPen::DrawShadow(const DrawnShadow& shadow) const {
+  ShadowRecord record = MakeShadow(shadow);
   record.middle = 0.25f;
   record.inner = ToRgba({0.10, 0.06, 0.05, 0.70});
   record.middleColour = ToRgba({0.08, 0.06, 0.05, 0.48});
@@ -234,7 +261,7 @@ void BodyPen::DrawDiamond(const Colour& colour) const {
 void BodyMarks::Draw(const SkyColours& sky, DisplayList& list) const {
   for (const auto& drawn : m_Drawn) {
     const SSO_ID& id = m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id;
-    BodyPen(drawn, id, m_Globes, sky, list).Draw(m_Shadow);
+    BodyPen(drawn, id, m_Globes, sky, list).Draw(m_Shadows);
   }
 }
 

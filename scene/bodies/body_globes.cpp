@@ -46,29 +46,47 @@ float LimbDarkening(const SSO_ID& id) {
   return id.number == 1 || id.number == 9 ? 0.1f : id.number == 4 ? 0.3f : 0.6f;
 }
 
-// The axes of the picture where the body stands, on J2000 axes: right, down, and towards the viewer. The
-// projection keeps angles, so one step in the sky tells them all.
-void FindPictureAxes(const Direction& body, const ViewGeometry& geometry, double axes[9]) {
-  constexpr double kStep = 1e-5;  // radians
+// The picture where a body stands.
+struct PictureAt {
+  double axes[9];         // on J2000 axes: right, down, and towards the viewer
+  tPoint<double> centre;  // of the disc, y up
+};
+
+// Told by steps in the sky that are as long as the body's radius. The projection keeps angles, but air squeezes
+// the picture upwards: right and down are then as long as a step in the picture is in the sky, and the middle
+// between the upper and the lower limb is not where the middle of the body is seen.
+PictureAt FindPicture(const Direction& body, double radius, const ViewGeometry& geometry) {
+  const double length = std::max(radius, 1e-5);
   const Direction any = std::fabs(body.v[2]) < 0.9 ? Direction{{0.0, 0.0, 1.0}} : Direction{{1.0, 0.0, 0.0}};
   Direction east, north;  // any two directions at right angles on the sky
   Vprod(any.v, body.v, east.v);
   east = Normalised(east);
   Vprod(body.v, east.v, north.v);
-  const auto step = [&](const Direction& along) {
-    Direction there;
-    for (int i = 0; i < 3; ++i) there.v[i] = body.v[i] + kStep * along.v[i];
-    return geometry.Project(Normalised(there), SkyFrameOf::kJ2000);
+  const tPoint<double> here = geometry.Project(body, SkyFrameOf::kJ2000);
+  PictureAt picture = {{}, here};
+  const auto across = [&](const Direction& along) {
+    const auto limb = [&](double side) {
+      Direction there;
+      for (int i = 0; i < 3; ++i) there.v[i] = body.v[i] + side * length * along.v[i];
+      return geometry.Project(Normalised(there), SkyFrameOf::kJ2000);
+    };
+    const tPoint<double> to = limb(1.0), from = limb(-1.0);
+    picture.centre.x += 0.5 * (to.x + from.x) - here.x;
+    picture.centre.y += 0.5 * (to.y + from.y) - here.y;
+    return tPoint<double>{0.5 * (to.x - from.x), 0.5 * (to.y - from.y)};
   };
-  const tPoint<double> here = geometry.Project(body, SkyFrameOf::kJ2000), e = step(east), n = step(north);
-  const double scale = std::max(std::hypot(e.x - here.x, e.y - here.y), 1e-12);
-  const double ex = (e.x - here.x) / scale, ey = (e.y - here.y) / scale, nx = (n.x - here.x) / scale,
-               ny = (n.y - here.y) / scale;
+  const tPoint<double> e = across(east), n = across(north);
+  // What a step would be without air: the projection's own scale there.
+  const double aside =
+      std::hypot(here.x - 0.5 * geometry.width, here.y - 0.5 * geometry.height) / geometry.scale;
+  const double step = 0.5 * geometry.scale * (1.0 + aside * aside) * length;
+  const double area = e.x * n.y - e.y * n.x, part = area == 0.0 ? 0.0 : step / area;
   for (int i = 0; i < 3; ++i) {
-    axes[i] = ex * east.v[i] + nx * north.v[i];
-    axes[3 + i] = -(ey * east.v[i] + ny * north.v[i]);
-    axes[6 + i] = -body.v[i];
+    picture.axes[i] = part * (n.y * east.v[i] - e.y * north.v[i]);
+    picture.axes[3 + i] = part * (n.x * east.v[i] - e.x * north.v[i]);
+    picture.axes[6 + i] = -body.v[i];
   }
+  return picture;
 }
 
 }  // namespace
@@ -113,14 +131,16 @@ std::optional<Globe> BodyGlobes::Find(int body, const BodyState& state, const Vi
   const auto surface = astro::FindPhysicalEphemeris(id, state.seen, julianDateTT);
   const auto shape = astro::GetBodyShape(id);
   if (!surface || !shape) return std::nullopt;
-  double picture[9], toPicture[9], toBody[9];
-  FindPictureAxes(MakeDirection(state.seen.apparent), geometry, picture);
+  const PictureAt picture =
+      FindPicture(MakeDirection(state.seen.apparent), state.seen.angularRadius, geometry);
+  double toPicture[9], toBody[9];
   for (int row = 0; row < 3; ++row) {
-    for (int column = 0; column < 3; ++column) toPicture[3 * row + column] = picture[3 * column + row];
+    for (int column = 0; column < 3; ++column) toPicture[3 * row + column] = picture.axes[3 * column + row];
   }
   M3prod(surface->toBody, toPicture, toBody);
   Globe globe = {};
   std::copy(toBody, toBody + 9, globe.toBody);
+  globe.centre = picture.centre;
   globe.flattening = static_cast<float>(1.0 - shape->c / shape->a);
   globe.limbDarkening = LimbDarkening(id);
   globe.map = m_Maps[index];

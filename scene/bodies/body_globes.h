@@ -18,6 +18,7 @@ struct Globe {
   float flattening, limbDarkening;
   int map;  // index in the paths, -1: none
   bool ringed;
+  tPoint<double> centre;  // of the disc in the picture, y up
 };
 
 // The surfaces of bodies: their maps in the data root (media/maps, docs/data.md) and Saturn's ring. Allocates

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "astro/moon_phenomena.h"
+#include "astro/moons.h"
+#include "astro/vectors.h"
 #include "scene/display/style_rules.h"
 #include "utils/text.h"
 
@@ -43,6 +46,7 @@ BodyMarks::BodyMarks(const BodyModel& model)
       m_Labels(model.GetBodies().size()),
       m_Numbers(m_Labels.size()) {
   m_Drawn.reserve(m_Labels.size());
+  m_Shadows.reserve(m_Labels.size());
   for (std::size_t i = 0; i < m_Numbers.size(); ++i) {
     const SSO_ID& id = model.GetBodies()[i].id;
     if (id.kind == FourCC("scft")) m_Numbers[i] = std::to_string(id.number);
@@ -61,7 +65,7 @@ const std::string& BodyMarks::GetLabel(int body, const ShownKinds& shown) const 
 
 void BodyMarks::Clear() {
   m_Drawn.clear();
-  m_Shadow = DrawnShadow();
+  m_Shadows.clear();
 }
 
 void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
@@ -71,7 +75,8 @@ void BodyMarks::Compute(const ViewGeometry& geometry, const BodyTests& tests, co
   for (int body = 0; body < static_cast<int>(m_Labels.size()); ++body) {
     if (tests.IsDrawn(body, place)) Add(geometry, tests, shown, body, place);
   }
-  AddMoonShadow(geometry, shadows);
+  AddEarthShadow(geometry, shadows);
+  AddMoonShadows(geometry);
 }
 
 void BodyMarks::KeepClear(LabelPlacer& labels) const {
@@ -98,6 +103,7 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
   drawn.distance = state.seen.distance;
   drawn.labelIndex = -1;
   if (drawn.asDisc) drawn.globe = m_Globes.Find(body, state, geometry, m_Model.GetMoment().julianDateTT);
+  if (drawn.globe && geometry.air) drawn.place = drawn.globe->centre;
   m_Drawn.push_back(drawn);
 }
 
@@ -126,7 +132,7 @@ void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests
             [](const DrawnBody& a, const DrawnBody& b) { return a.distance > b.distance; });
 }
 
-void BodyMarks::AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows) {
+void BodyMarks::AddEarthShadow(const ViewGeometry& geometry, const EclipseShadows& shadows) {
   const auto* shadow = shadows.GetMoonShadow();
   const DrawnBody* moon = Find(kMoonBody);
   if (!shadow || !moon) return;
@@ -139,11 +145,37 @@ void BodyMarks::AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows
   const auto pixels = [&](double radius) {
     return radius > 0.0 ? scale * geometry.camera.VisRad2PixD(radius / seen.distance) : 0.0;
   };
-  m_Shadow.falls = true;
-  m_Shadow.centre = {moon->place.x + scale * (centre.x - moon->place.x),
-                     moon->place.y + scale * (centre.y - moon->place.y)};
-  m_Shadow.umbra = pixels(shadow->m_UmbraRadius);
-  m_Shadow.penumbra = pixels(shadow->m_PenumbraRadius);
+  m_Shadows.push_back({kMoonBody,
+                       {moon->place.x + scale * (centre.x - moon->place.x),
+                        moon->place.y + scale * (centre.y - moon->place.y)},
+                       pixels(shadow->m_UmbraRadius),
+                       pixels(shadow->m_PenumbraRadius)});
+}
+
+// On the side of the planet that is seen, where they are large enough to be.
+void BodyMarks::AddMoonShadows(const ViewGeometry& geometry) {
+  constexpr double kLeast = 0.5;  // pixels
+  const BodyList& bodies = m_Model.GetBodies();
+  for (std::size_t i = 0; i < bodies.size(); ++i) {
+    const SSO_ID& id = bodies[i].id;
+    const BodyState& moon = m_Model.GetStates()[i];
+    if (!moon.known || id.number == kMoonNumber || !astro::IsMoonOfPlanet(id)) continue;
+    const DrawnBody* const planet = Find(FindBody(bodies, astro::PlanetOfMoon(id)));
+    if (!planet || !planet->asDisc) continue;
+    const ObservedBody& seen = m_Model.GetStates()[static_cast<std::size_t>(planet->body)].seen;
+    const auto shadow =
+        astro::FindMoonShadow(bodies[static_cast<std::size_t>(planet->body)].id, seen, moon.seen,
+                              moon.seen.angularRadius * moon.seen.distance, m_Model.GetMoment().julianDateTT);
+    if (!shadow || astro::Dot(shadow->place, seen.apparent) >= 0.0) continue;
+    Direction there;
+    for (int k = 0; k < 3; ++k) there.v[k] = seen.apparent[k] * seen.distance + shadow->place[k];
+    const auto pixels = [&](double radius) {
+      return radius > 0.0 ? geometry.camera.VisRad2PixD(radius / seen.distance) : 0.0;
+    };
+    const DrawnShadow drawn = {planet->body, geometry.Project(Normalised(there), SkyFrameOf::kJ2000),
+                               pixels(shadow->umbraRadius), pixels(shadow->penumbraRadius)};
+    if (drawn.penumbra >= kLeast) m_Shadows.push_back(drawn);
+  }
 }
 
 const DrawnBody* BodyMarks::Find(int body) const {

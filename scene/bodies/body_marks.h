@@ -28,9 +28,9 @@ struct DrawnBody {
   std::optional<Globe> globe;  // its surface, where it is drawn as a disc and known
 };
 
-// The Earth's shadow on the Moon's disc. Pixels, y up.
+// The Earth's shadow on the Moon's disc, or that of a moon on its planet's. Pixels, y up.
 struct DrawnShadow {
-  bool falls = false;
+  int body = -1;  // on whose disc it falls
   tPoint<double> centre{};
   double umbra = 0.0, penumbra = 0.0;  // radii; the umbra's is 0 when it does not reach so far
 };
@@ -60,20 +60,21 @@ class BodyMarks {
   const std::vector<DrawnBody>& GetDrawn() const { return m_Drawn; }  // the farthest first
   const DrawnBody* Find(int body) const;                              // null when it is not drawn
   const BodyGlobes& GetGlobes() const { return m_Globes; }
-  const DrawnShadow& GetMoonShadow() const { return m_Shadow; }
+  const std::vector<DrawnShadow>& GetShadows() const { return m_Shadows; }
   // The name, or of a satellite its number where numbers are wanted.
   const std::string& GetLabel(int body, const ShownKinds& shown) const;
 
  private:
   void Add(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown, int body,
            const ObjectPlace& place);
-  void AddMoonShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
+  void AddEarthShadow(const ViewGeometry& geometry, const EclipseShadows& shadows);
+  void AddMoonShadows(const ViewGeometry& geometry);
 
   const BodyModel& m_Model;
   BodyGlobes m_Globes;
   std::vector<std::string> m_Labels, m_Numbers;  // of each body; the numbers of satellites
   std::vector<DrawnBody> m_Drawn;
-  DrawnShadow m_Shadow;
+  std::vector<DrawnShadow> m_Shadows;
 };
 
 }  // namespace scene

@@ -7,6 +7,8 @@
 #include <limits>
 
 #include "astro/moons.h"
+#include "astro/vectors.h"
+#include "scene/air.h"
 
 namespace scene {
 namespace {
@@ -64,17 +66,13 @@ double BodyTests::GetSymbolRadius(int body, float dim) const {
   return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), largest);
 }
 
-double BodyTests::GetSine(const BodyState& state) const {
-  if (!m_Observer.horizon) return 1.0;
-  const double* zenith = m_Observer.reduction + 6;
-  const double* v = state.seen.apparent;
-  return zenith[0] * v[0] + zenith[1] * v[1] + zenith[2] * v[2];
-}
-
 // A body is seen as soon as its upper limb is.
 bool BodyTests::IsAboveHorizon(const BodyState& state) const {
   if (!m_Shown.horizon) return true;
-  return GetSine(state) >= -std::sin(state.seen.angularRadius);
+  if (!m_Observer.horizon) return true;
+  const double altitude =
+      std::asin(std::clamp(astro::Dot(m_Observer.reduction + 6, state.seen.apparent), -1.0, 1.0));
+  return std::sin(altitude + state.seen.angularRadius) >= (m_Observer.refraction ? kRisingSine : 0.0);
 }
 
 // The Sun and the Moon are seen under any sky.
@@ -82,7 +80,7 @@ float BodyTests::FindDim(int body, const tPoint<double>& pixel) const {
   if (!HasMagnitude(body) || body == kSunBody || body == kMoonBody) return 0.0f;
   const auto index = static_cast<std::size_t>(body);
   return m_Light.FindDim(GetLimits(m_Model.GetBodies()[index].id.kind), pixel,
-                         GetSine(m_Model.GetStates()[index]));
+                         SeenSine(MakeDirection(m_Model.GetStates()[index].seen.apparent), m_Observer));
 }
 
 double BodyTests::FindDistanceToPlanet(int moon, const tPoint<double>& place) const {

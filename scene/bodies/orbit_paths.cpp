@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "astro/constants.h"
+#include "astro/moons.h"
 #include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/orbit_info.h"
@@ -86,6 +87,15 @@ OrbitPaths::Point OrbitPaths::View::FindPoint(double anomaly) const {
   return {anomaly, ApparentDirection(Normalised(direction), observer)};
 }
 
+// Whether an orbit that is that large lies within the dot of what it leads around.
+bool OrbitPaths::IsTooSmall(const View& view, double radius) {
+  constexpr double kLeast = 6.0;  // pixels of a picture of 1600 x 1000
+  double away[3];
+  for (int i = 0; i < 3; ++i) away[i] = view.orbit.m_Center[i] - view.from[i];
+  const ViewGeometry& geometry = view.geometry;
+  return radius < Vmod(away, 3) && 0.5 * geometry.scale * radius / Vmod(away, 3) < kLeast * geometry.unit;
+}
+
 OrbitPaths::OrbitPaths(const BodyModel& model) : m_Model(model) {}
 
 bool OrbitPaths::Show(int body, double duration) {
@@ -112,21 +122,39 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
   }
 }
 
+// What the body moves around, as it is seen: a planet whose moons are looked at stands where its light left it.
+bool OrbitPaths::FindCentre(const View& view, const SkyBody& body, Centre& centre) const {
+  const CQXSolSys& model = m_Model.GetModel();
+  if (IsAboutEarth(body.id)) {
+    centre.body = kEarth;
+    if (!model.GetHeliocentricState(kEarth, nullptr, centre.state, centre.velocity)) return false;
+    for (int i = 0; i < 3; ++i) centre.shown[i] = centre.state[i];
+    return true;
+  }
+  if (!astro::IsMoonOfPlanet(body.id)) return true;
+  centre.body = astro::PlanetOfMoon(body.id);
+  const int planet = FindBody(m_Model.GetBodies(), centre.body);
+  if (planet < 0 || !m_Model.GetStates()[static_cast<std::size_t>(planet)].known) return false;
+  const ObservedBody& seen = m_Model.GetStates()[static_cast<std::size_t>(planet)].seen;
+  for (int i = 0; i < 3; ++i) centre.shown[i] = view.from[i] + seen.astrometric[i] * seen.distance;
+  return model.GetHeliocentricState(centre.body, nullptr, centre.state, centre.velocity);
+}
+
 void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
   const CQXSolSys& model = m_Model.GetModel();
-  const bool aboutEarth = IsAboutEarth(body.id);
-  double r[3], v[3], centre[3] = {0.0, 0.0, 0.0}, centreVelocity[3] = {0.0, 0.0, 0.0};
+  double r[3], v[3];
+  Centre centre = {kSun, {}, {}, {}};
   // The model has the elements already, and made them ready.
   if (!model.GetHeliocentricState(body.id, nullptr, r, v)) return;
-  if (aboutEarth && !model.GetHeliocentricState(kEarth, nullptr, centre, centreVelocity)) return;
+  if (!FindCentre(view, body, centre)) return;
   for (int i = 0; i < 3; ++i) {
-    r[i] -= centre[i];
-    v[i] -= centreVelocity[i];
+    r[i] -= centre.state[i];
+    v[i] -= centre.velocity[i];
+    view.orbit.m_Center[i] = centre.shown[i];
   }
-  for (int i = 0; i < 3; ++i) view.orbit.m_Center[i] = centre[i];
+  if (IsTooSmall(view, Vmod(r, 3))) return;
   // The Moon pulls at the Earth too.
-  const double mu = model.GetGravity(aboutEarth ? kEarth : kSun) +
-                    (body.id.kind == FourCC("moon") ? model.GetGravity(body.id) : 0.0);
+  const double mu = model.GetGravity(centre.body) + (IsAboutEarth(body.id) ? model.GetGravity(body.id) : 0.0);
   view.orbit.init(1.0 / mu, r, v);
   if (!IsUsable(view.orbit)) return;
   const double limit = FindAnomalyLimit(view.orbit, kFarthest);
@@ -148,9 +176,7 @@ void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int de
   }
   const ViewGeometry& geometry = view.geometry;
   for (const Point* point : {&a, &b}) {
-    const double* zenith = view.observer.reduction + 6;
-    const double* u = point->apparent.v;
-    if (view.hideBelowHorizon && zenith[0] * u[0] + zenith[1] * u[1] + zenith[2] * u[2] < 0.0) return;
+    if (view.hideBelowHorizon && SeenSine(point->apparent, view.observer) < 0.0) return;
   }
   line.from = geometry.Project(a.apparent, SkyFrameOf::kJ2000);
   line.to = geometry.Project(b.apparent, SkyFrameOf::kJ2000);

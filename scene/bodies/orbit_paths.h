@@ -22,7 +22,8 @@ struct DrawnOrbitLine {
 };
 
 // Each orbit is the ellipse, or the piece of a parabola or hyperbola, in which the body moves at the moment
-// (OrbitInfo), about the Sun, or about the Earth for the Moon and satellites. It is drawn where an observer
+// (OrbitInfo), about the Sun, or about the Earth for the Moon and satellites, or about its planet for another
+// moon, once that is large enough in the picture. It is drawn where an observer
 // sees it: points of the orbit as bodies that stand still, with the aberration of light. The path leads
 // through the body but for what it moves while its light travels.
 //
@@ -50,6 +51,13 @@ class OrbitPaths {
  private:
   struct View;
   struct Point;
+  // What an orbit leads around: position and velocity relative to the Sun at the moment, and where it is shown.
+  struct Centre {
+    SSO_ID body;
+    double state[3], velocity[3], shown[3];
+  };
+  bool FindCentre(const View& view, const SkyBody& body, Centre& centre) const;
+  static bool IsTooSmall(const View& view, double radius);
   void AddOrbit(View& view, const SkyBody& body, float opacity);
   void AddArc(const View& view, const Point& a, const Point& b, int depth, DrawnOrbitLine line);
 

@@ -80,7 +80,7 @@ void SatellitePasses::AddPath(const ViewGeometry& geometry, const EarthPlace& pl
     const SkyMoment moment = Later(now, toMark + i * step);
     const astro::SatellitePlace sample = astro::FindSatellitePlace(satellite.model, satellite.epoch, moment,
                                                                    place, m_Model.GetSunFromCentre());
-    const Direction direction = MakeDirection(sample.direction);
+    const Direction direction = geometry.Seen(MakeDirection(sample.direction));
     const auto p = geometry.Project(direction, SkyFrameOf::kHorizon);
     const bool usable =
         sample.known && direction.v[2] >= 0.0 &&

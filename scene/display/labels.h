@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
 #include <vector>
 
+#include "scene/display/sky_colours.h"
 #include "scene/display_list.h"
 #include "scene/text_extents.h"
 #include "utils/geometry.h"
@@ -52,12 +54,22 @@ struct Label {
 
 // Places labels so that they cover neither each other nor what was reserved. Allocates at its construction
 // only.
+//
+// From frame to frame the label of an object that moved a little keeps its side of the object as long as there is
+// room, and goes out of the window with it; one that was not there comes when there is a little more room than it
+// takes. One that had to go stays away until its object has moved on. So nothing flickers while the view turns. A frame after nothing, or after one that looked
+// elsewhere, is placed by what is in it alone.
 class LabelPlacer {
  public:
   LabelPlacer();
   // Who tells how wide texts are; kept by reference. An estimate until then.
-  void SetExtents(const TextExtents& extents) { m_Extents = &extents; }
-  void Begin(int width, int height);
+  void SetExtents(const TextExtents& extents) {
+    m_Extents = &extents;
+    m_Kept.clear();
+  }
+  // `centre` and `scale` tell the view: the direction of its middle on axes among the stars, and how many pixels two
+  // radians are there.
+  void Begin(int width, int height, const Direction& centre = {}, double scale = 0.0);
 
   // Nothing will be placed over this box around a point.
   void Reserve(const tPoint<double>& centre, double halfWidth, double halfHeight);
@@ -96,7 +108,7 @@ class LabelPlacer {
 
   const std::vector<Label>& GetLabels() const { return m_Labels; }
   // `strength`: what the sky leaves of the names of constellations, 0 to 1.
-  void Draw(double strength, DisplayList& list) const;
+  void Draw(double strength, const SkyColours& sky, DisplayList& list) const;
 
   static constexpr int kMaxLabels = 600;
   static constexpr int kMaxBoxes = 2000;  // labels and reserved places; a later place is not kept free
@@ -105,16 +117,45 @@ class LabelPlacer {
   struct Box {
     double left, bottom, right, top;
   };
+  // A place that a label may take.
+  struct Slot {
+    double left, baseline, anchor;
+  };
+  // What stays of the label of an object until the next frame.
+  struct Kept {
+    ObjectRef object;
+    LabelKind kind;
+    int slot;              // kLost: it had to go
+    tPoint<double> point;  // which it was placed at, or lost its place at
+  };
+  static constexpr int kLost = -1;
+  // One label of an object: what is to be placed, and at which point.
+  struct Wanted {
+    const char* text;
+    tPoint<double> point;
+    double size;
+    LabelKind kind;
+    ObjectRef object;
+    double width;
+  };
   static Box BoxAt(double left, double baseline, double width, double size);
+  static bool Precedes(const Kept& a, const Kept& b);
+  bool IsInWindow(const Box& box) const;
   bool IsFree(const Box& box) const;
-  int Add(const char* text, const Box& box, double anchor, double baseline, double size, LabelKind kind,
-          ObjectRef object);
+  const Kept* FindKept(const Wanted& label) const;
+  bool CanPlace(const char* text) const { return *text && static_cast<int>(m_Labels.size()) < kMaxLabels; }
+  // In the slot that it had, else in the first free one of the first `count`.
+  int PlaceInFirst(const Wanted& label, std::span<const Slot> slots, std::size_t count);
+  int Add(const Wanted& label, const Slot& slot);
 
   TextExtents m_Estimate;
   const TextExtents* m_Extents = &m_Estimate;
   double m_Width = 0.0, m_Height = 0.0;
+  Direction m_Centre{};  // of the view, and its scale
+  double m_Scale = 0.0;
   std::vector<Label> m_Labels;
   std::vector<Box> m_Boxes;
+  std::vector<Kept> m_Kept, m_Before;  // of this frame; of the one before, by object
 };
 
 }  // namespace scene

@@ -5,11 +5,18 @@
 #include "scene/display/palette.h"
 
 namespace scene {
+namespace {
+
+constexpr double kFade = 48.0;  // pixels of the standard picture above the text
+
+}  // namespace
 
 void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) const {
   const double unit = geometry.unit;
-  // Its lines end where they end; what stands beside them on the dark ground reads as a part of them.
-  const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * GetHeight(unit);
+  // Its lines end where they end; what stands beside them on the dark ground, or where that begins, reads as a
+  // part of them.
+  const double halfWidth = 0.5 * geometry.width,
+               halfHeight = 0.5 * (GetHeight(unit) + 0.6 * kFade * unit);
   if (!m_Lines.empty()) labels.Reserve({halfWidth, halfHeight}, halfWidth, halfHeight);
   double baseline = 1.1 * kCaptionFont * unit;
   for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {
@@ -19,7 +26,6 @@ void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) cons
 }
 
 void CaptionBlock::DrawGround(DisplayList& list) const {
-  constexpr double kFade = 48.0;  // pixels of the standard picture above the text
   if (m_Lines.empty()) return;
   const double text = GetLineCount() * kCaptionLineStep;
   const float bottom = static_cast<float>(list.GetHeight()), right = static_cast<float>(list.GetWidth());

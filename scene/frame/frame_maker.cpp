@@ -5,7 +5,7 @@
 namespace scene {
 
 void FrameMaker::Prepare() {
-  m_Observer = PrepareObserver(m_Camera);
+  m_Observer = PrepareObserver(m_Camera, m_Shown.refraction);
   m_Markers.Update(m_Observer, m_Camera);
   m_Frame.SetMarkers(*m_Camera.GetOIMarkerList());
 }

@@ -54,12 +54,12 @@ Rgba ToScreen(const Light& light) {
   return ToRgba({curve.At(light.red), curve.At(light.green), curve.At(light.blue), 1.0});
 }
 
-// CIE 1931 to the primaries of sRGB (IEC 61966-2-1), of brightness 1. White is sunlight, of 5500 K and a
-// trace less green, as for a camera that is set to it, and colours are a little more vivid than life; what
+// CIE 1931 to the primaries of sRGB (IEC 61966-2-1), of brightness 1. White is sunlight, of 5500 K and a little less
+// green, as for a camera that is set to it, and colours are a little more vivid than life; what
 // the screen cannot show becomes paler.
 Light OfColour(const astro::Chromaticity& colour) {
   constexpr double kVivid = 1.2;
-  constexpr Light kSunlight = {1.119, 0.960, 0.809};
+  constexpr Light kSunlight = {1.119, 0.925, 0.809};
   const double x = colour.x / colour.y, z = (1.0 - colour.x - colour.y) / colour.y;
   const auto vivid = [](double light, double white) { return 1.0 + kVivid * (light / white - 1.0); };
   const Light light = {vivid(3.2406 * x - 1.5372 - 0.4986 * z, kSunlight.red),
@@ -74,11 +74,20 @@ Light OfColour(const astro::Chromaticity& colour) {
 // How bright the zenith is painted by its luminance: its third root in twilight, as the eye feels brightness,
 // and towards full day in proportion.
 double Expose(double luminance) {
-  return 0.20 * std::cbrt(luminance / (luminance + 60.0)) + 0.15 * luminance / (luminance + 300.0);
+  return 0.20 * std::cbrt(luminance / (luminance + 60.0)) + 0.05 * luminance / (luminance + 300.0);
 }
 
-// Towards 1 and never beyond.
-double Limit(double light) { return 1.0 - std::exp(-light); }
+// What is brighter than the screen can show becomes paler, as on a photograph, and keeps its hue: channel by
+// channel a blue sky would turn lavender and cyan on its way to white.
+Light Soften(const Light& light) {
+  constexpr double kKnee = 0.45;
+  const double most = std::max({light.red, light.green, light.blue});
+  if (most <= kKnee) return light;
+  const double shown = 1.0 - (1.0 - kKnee) * std::exp(-(most - kKnee) / (1.0 - kKnee)), scale = shown / most;
+  const double pale = std::pow(1.0 - scale, 1.5);
+  const auto mix = [&](double channel) { return channel * scale + (shown - channel * scale) * pale; };
+  return {mix(light.red), mix(light.green), mix(light.blue)};
+}
 
 Light MixLight(const Light& a, const Light& b, double part) {
   return {a.red + (b.red - a.red) * part, a.green + (b.green - a.green) * part,
@@ -103,8 +112,8 @@ class SkyPaint {
     const double bright = Limit(m_Exposure * std::pow(all / m_Adaptation, kContrast));
     const Light sky = MixLight(OfColour(tint.colour), kLamps, node.lamps / all);
     const Light night = MixLight(m_Foot, m_Top, std::sin(node.altitude));
-    return ToScreen(
-        {night.red + bright * sky.red, night.green + bright * sky.green, night.blue + bright * sky.blue});
+    return ToScreen(Soften(
+        {night.red + bright * sky.red, night.green + bright * sky.green, night.blue + bright * sky.blue}));
   }
 
  private:

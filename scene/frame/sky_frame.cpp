@@ -19,15 +19,15 @@ namespace {
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
-  constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
-  constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
+  constexpr std::size_t kEarthShadows = 2;  // penumbra and umbra on the Moon; moons have one each
+  constexpr std::size_t kGrounds = 2;       // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
   capacity.points =
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
   capacity.discs = catalogs.bodies.size();
   capacity.globes = catalogs.bodies.size();
   capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
-  capacity.shadows = kMoonShadows;
+  capacity.shadows = kEarthShadows + catalogs.bodies.size();
   const std::size_t symbols = catalogs.deepsky.size();
   capacity.ellipses = symbols + catalogs.bodies.size();
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
@@ -83,7 +83,8 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   }
   parts.milkyWay.Draw(list);
   parts.horizon.DrawHaze(parts.light.GetGlowStrength(), list);
-  parts.grids.Draw(list);
+  const SkyColours sky(list, parts.light);
+  parts.grids.Draw(sky, list);
   parts.boundaries.Draw(lines, list);
   parts.figures.Draw(lines, list);
   parts.asterisms.Draw(lines, list);
@@ -92,7 +93,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   parts.nebulae.Draw(lines, list);
   if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
-  parts.solarSystem.DrawBodies(SkyColours(list, parts.light), list);
+  parts.solarSystem.DrawBodies(sky, list);
   if (parts.landscape.IsEmpty()) parts.horizon.DrawGround(FindGroundColour(parts.light), lines, list);
   parts.landscape.Draw(parts.light, list);
   parts.radiants.Draw(list);
@@ -100,7 +101,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   if (rules.caption) parts.caption.DrawGround(list);
   parts.horizon.DrawCompass(list);
   parts.markers.Draw(list);
-  parts.labels.Draw(lines, list);
+  parts.labels.Draw(lines, sky, list);
   parts.finders.Draw(list);
   if (parts.withLegend) parts.legend.Draw(parts.objects, catalogs, stars, list);
   if (rules.border) DrawBorder(list);
@@ -163,14 +164,14 @@ void SkyFrame::FetchTexts() {
 // The parts compute themselves in the order in which they take room for their labels.
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
-  const ViewGeometry geometry(camera);
+  const ViewGeometry geometry(camera, observer);
   FrameParts& parts = *m_Parts;
   LabelPlacer& labels = parts.labels;
-  labels.Begin(geometry.width, geometry.height);
+  labels.Begin(geometry.width, geometry.height, geometry.centreJ2000, geometry.scale);
   parts.solarSystem.Observe(geometry);
   const auto sources = FindSources(parts, observer, shown);
   if (sources) {
-    parts.light.Compute(geometry, *sources);
+    parts.light.Compute(geometry, *sources, shown.extinction);
   } else {
     parts.light.SetPlain();
   }

@@ -298,11 +298,11 @@ void SkyGrids::AddPoint(const Context& context, const GridSystem& system, const 
   context.labels.PlaceBeside(m_Names[name].c_str(), p, arm, kSize * geometry.unit, system.label);
 }
 
-void SkyGrids::Draw(DisplayList& list) const {
+void SkyGrids::Draw(const SkyColours& sky, DisplayList& list) const {
   for (const Chain& chain : m_Chains) {
     PolylineRecord line = {};
     line.width = chain.width * list.GetUnit();
-    line.colour = chain.colour;
+    line.colour = sky.ReadableLine(chain.colour);
     line.flags = kRoundJoins;
     for (int i = chain.first; i < chain.first + chain.count; ++i) {
       const tPoint<double>& p = m_Vertices[static_cast<std::size_t>(i)];

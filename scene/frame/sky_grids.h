@@ -30,7 +30,7 @@ class SkyGrids {
 
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const SkyLines& wanted,
                const ObjectTests& tests, LabelPlacer& labels);
-  void Draw(DisplayList& list) const;
+  void Draw(const SkyColours& sky, DisplayList& list) const;
 
  private:
   enum Name {

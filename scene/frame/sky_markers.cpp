@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "astro/coordinates.h"
-#include "astro/vectors.h"
 
 namespace scene {
 
@@ -33,9 +32,8 @@ void SkyMarkers::Update(const ObserverFrame& observer, CommonInterfaces::Camera&
   for (MARKER_INFO& marker : *camera.GetOIMarkerList()) {
     const Mark* const mark = Find(marker.id);
     if (!mark) continue;
-    double v[3];
-    MV3prod(observer.reduction, ApparentDirection(mark->direction, observer).v, v);
-    psf(v, 1.0, marker.lon, marker.lat);
+    const Direction seen = SeenDirection(ApparentDirection(mark->direction, observer), observer);
+    psf(seen.v, 1.0, marker.lon, marker.lat);
   }
   camera.UpdateOIMarkers();
 }

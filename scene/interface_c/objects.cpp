@@ -99,7 +99,7 @@ int scene_look_at(SceneSky* sky, SceneObject object) {
   return scene::Call(sky, [&] {
     const auto found = Find(object, *sky);
     if (!found) return FailObject(*sky, object, "not in the catalogs");
-    if (scene::AimAt(*found, sky->catalogs, sky->camera)) return static_cast<int>(SCENE_OK);
+    if (scene::AimAt(*found, sky->catalogs, sky->camera, sky->shown.refraction)) return static_cast<int>(SCENE_OK);
     return FailObject(*sky, object, "nobody can tell where it is at that moment from there");
   });
 }

@@ -3,6 +3,7 @@
 #include "scene/aim.h"
 
 #include "astro/rise_set.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 #include "scene/object_sight.h"
 
@@ -17,7 +18,7 @@ void LookTo(const Standing& direction, CommonInterfaces::Camera& camera) {
 }
 
 std::optional<Standing> AimAt(const FoundObject& object, SkyCatalogs& catalogs,
-                              CommonInterfaces::Camera& camera) {
+                              CommonInterfaces::Camera& camera, bool refraction) {
   if (!IsNearSurface(camera)) return std::nullopt;
   const SkyMoment moment = GetMoment(camera);
   const EarthPlace place = GetPlace(camera);
@@ -26,7 +27,8 @@ std::optional<Standing> AimAt(const FoundObject& object, SkyCatalogs& catalogs,
   double axes[9];
   HorizonAxes(moment, place, axes);
   const auto there = astro::MakeHorizonPlace(axes, seen.apparent, 0.0);
-  const Standing direction = {there.azimuth / kRadiansPerDegree, there.altitude / kRadiansPerDegree};
+  const double altitude = refraction ? LiftedAltitude(there.altitude) : there.altitude;
+  const Standing direction = {there.azimuth / kRadiansPerDegree, altitude / kRadiansPerDegree};
   LookTo(direction, camera);
   return direction;
 }

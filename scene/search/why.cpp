@@ -225,7 +225,7 @@ Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const Show
 }  // namespace
 
 Explanation Explain(const FoundObject& found, const ShownView& view) {
-  const ViewGeometry geometry(view.camera);
+  const ViewGeometry geometry(view.camera, view.observer);
   const Case object = MakeCase(found, geometry, view);
   Explanation why = {object.kind,
                      object.traits,

@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "scene/observer_frame.h"
 
+#include <cmath>
+
 #include "astro/constants.h"
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
+#include "astro/vectors.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 #include "scene/view/earthbound.h"
 
@@ -27,12 +31,13 @@ void FindReduction(const CommonInterfaces::Camera& camera, const SkyMoment& mome
   astro::HorizonAxes(moment, {location.lon, location.lat, 0.0}, reduction);
 }
 
-ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
+ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera, bool refraction) {
   CommonInterfaces::_Date dynamical;
   camera.GetTime(dynamical);
   const double julianDateTT = dynamical.day + dynamical.fraction;
   ObserverFrame observer = {};
   observer.horizon = camera.GetBasePlane() == kHorizonPlane;
+  observer.refraction = refraction && observer.horizon;
   FindReduction(camera, FindMoment(camera, julianDateTT), observer.reduction);
   if (MovesWithEarth(camera)) EarthVelocity(julianDateTT, observer.velocity);
   observer.inverseLorentzFactor = astro::InverseLorentzFactor(observer.velocity);
@@ -40,7 +45,9 @@ ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera) {
 
   camera.SetReductionMatrix(observer.reduction);
   double ra = 0.0, dec = 0.0;
-  camera.RADec_RADec2K(camera.GetViewAngles().lon, camera.GetViewAngles().lat, &ra, &dec);
+  const SphViewCoor& angles = camera.GetViewAngles();
+  const double latitude = observer.refraction ? LoweredAltitude(angles.lat) : angles.lat;
+  camera.RADec_RADec2K(angles.lon, latitude, &ra, &dec);
   camera.SetRA_Dec2K(ra, dec);
   return observer;
 }
@@ -56,6 +63,20 @@ Direction ApparentDirection(const Direction& direction, const Direction& motion,
   Direction moved;
   for (int i = 0; i < 3; ++i) moved.v[i] = direction.v[i] + motion.v[i] * observer.years;
   return ApparentDirection(Normalised(moved), observer);
+}
+
+Direction SeenDirection(const Direction& apparent, const ObserverFrame& observer) {
+  Direction standing;
+  MV3prod(observer.reduction, apparent.v, standing.v);
+  return observer.refraction ? Lifted(standing) : standing;
+}
+
+double SeenSine(const Direction& apparent, const ObserverFrame& observer) {
+  if (!observer.horizon) return 1.0;
+  const double sine = astro::Dot(observer.reduction + 6, apparent.v);
+  if (!observer.refraction) return sine;
+  const double lift = FindAirLift(sine);
+  return (sine + lift) / std::sqrt(1.0 + (2.0 * sine + lift) * lift);
 }
 
 }  // namespace scene

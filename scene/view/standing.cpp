@@ -5,14 +5,12 @@
 #include <cmath>
 
 #include "astro/coordinates.h"
-#include "astro/vectors.h"
 
 namespace scene {
 
 Standing FindStanding(const Direction& apparent, const ObserverFrame& observer) {
-  double v[3], longitude = 0.0, latitude = 0.0;
-  MV3prod(observer.reduction, apparent.v, v);
-  psf(v, 1.0, longitude, latitude);
+  double longitude = 0.0, latitude = 0.0;
+  psf(SeenDirection(apparent, observer).v, 1.0, longitude, latitude);
   // A hair below the full turn would be printed as 360.0.
   const double turned = observer.horizon ? std::fmod(2.0 * kPi - longitude, 2.0 * kPi) : longitude;
   const double azimuth = turned / kRadiansPerDegree;

@@ -3,6 +3,7 @@
 #include "scene/view/view_geometry.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace scene {
@@ -11,7 +12,23 @@ double GetPictureUnit(int width, int height) {
   return std::clamp(std::sqrt(static_cast<double>(width) * height / (1600.0 * 1000.0)), 0.4, 6.0);
 }
 
-ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) {
+namespace {
+
+// How much farther than in a picture without air a thing may stand from what is in the middle and yet be in the
+// picture: at most by what the lowest of it is lifted, and by the part by which air squeezes at the horizon.
+double FindSqueeze(double sineOfCentre, double cornerAngle) {
+  constexpr double kMostSqueezed = 0.35;
+  const double lowest = std::asin(std::clamp(sineOfCentre, -1.0, 1.0)) - cornerAngle - 0.02;
+  const double lift = FindAirLift(std::max(std::sin(std::max(lowest, -0.5 * kPi)), kRisingSine));
+  return std::min(1.1 * lift, kMostSqueezed * cornerAngle);
+}
+
+}  // namespace
+
+ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : ViewGeometry(view, {}) {}
+
+ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view, const ObserverFrame& observer)
+    : camera(view), air(observer.refraction ? &observer : nullptr) {
   const tPoint<int> size = camera.GetWinSize();
   width = size.x;
   height = size.y;
@@ -21,6 +38,8 @@ ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) 
   constexpr double kSmallAngle = 0.1;
   scale = camera.VisRad2PixD(kSmallAngle) * 2.0 / kSmallAngle;
   cornerAngle = 2.0 * std::atan(halfDiagonal / scale);
+  centreHorizon = MakeDirection(camera.GetViewAngles().lon, camera.GetViewAngles().lat);
+  if (air) cornerAngle = std::min(cornerAngle + FindSqueeze(centreHorizon.v[2], cornerAngle), kPi);
   constexpr double kAberration = 1.1e-4;  // radians, a little above its constant, 20.5 arcseconds
   constexpr double kPixels = 2.0;
   const double reach = std::min(cornerAngle + kAberration + 2.0 * kPixels / scale, kPi);
@@ -29,7 +48,6 @@ ViewGeometry::ViewGeometry(const CommonInterfaces::Camera& view) : camera(view) 
   double ra = 0.0, dec = 0.0;
   camera.GetRA_Dec2K(ra, dec);
   centreJ2000 = MakeDirection(ra, dec);
-  centreHorizon = MakeDirection(camera.GetViewAngles().lon, camera.GetViewAngles().lat);
 }
 
 static_assert(sizeof(Direction) == 3 * sizeof(double), "a row of directions is a row of vectors");
@@ -39,10 +57,24 @@ void ViewGeometry::Project(std::span<const Direction> directions, SkyFrameOf fra
   if (directions.empty()) return;
   const double* const first = directions.front().v;
   const int count = static_cast<int>(directions.size());
-  if (frame == SkyFrameOf::kJ2000) {
+  if (air && frame == SkyFrameOf::kJ2000) {
+    ProjectLifted(directions, pixels);
+  } else if (frame == SkyFrameOf::kJ2000) {
     camera.BatchRA_Dec2K2PixD(first, pixels, count);
   } else {
     camera.BatchRA_Dec2PixD(first, pixels, count);
+  }
+}
+
+// Some at a time, so that nothing is allocated.
+void ViewGeometry::ProjectLifted(std::span<const Direction> directions, tPoint<double>* pixels) const {
+  std::array<Direction, 64> seen;
+  while (!directions.empty()) {
+    const std::size_t count = std::min(directions.size(), seen.size());
+    for (std::size_t i = 0; i < count; ++i) seen[i] = SeenDirection(directions[i], *air);
+    camera.BatchRA_Dec2PixD(seen.front().v, pixels, static_cast<int>(count));
+    directions = directions.subspan(count);
+    pixels += count;
   }
 }
 

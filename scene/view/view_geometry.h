@@ -5,7 +5,9 @@
 #include <span>
 
 #include "common_interfaces/camera.h"
+#include "scene/air.h"
 #include "scene/directions.h"
+#include "scene/observer_frame.h"
 #include "scene/view/sky_cap.h"
 
 namespace scene {
@@ -13,18 +15,24 @@ namespace scene {
 // What one pixel of the standard picture of 1600 x 1000 is in a picture of that size.
 double GetPictureUnit(int width, int height);
 
-// Which frame directions are given in: the catalogue's or the one that the view angles count in.
+// Which frame directions are given in: the catalogue's, where things stand, or the one that the view angles
+// count in, where they are seen.
 enum class SkyFrameOf { kJ2000, kHorizon };
 
 // The figures of the camera's projection that every drawn thing asks for, taken once a frame. Pixels count
 // from the left and from the bottom upwards. The projection is stereographic: the angle theta from the view
 // axis lies scale * tan(theta / 2) pixels from the centre.
 struct ViewGeometry {
+  // Of a picture without air.
   explicit ViewGeometry(const CommonInterfaces::Camera& camera);
+  // Directions on J2000 axes are lifted where the observer's air does. The observer is kept by reference.
+  ViewGeometry(const CommonInterfaces::Camera& camera, const ObserverFrame& observer);
 
   tPoint<double> Project(const Direction& direction, SkyFrameOf frame) const {
     tPoint<double> p;
-    if (frame == SkyFrameOf::kJ2000) {
+    if (air && frame == SkyFrameOf::kJ2000) {
+      camera.RA_Dec2PixD(SeenDirection(direction, *air).v, &p);
+    } else if (frame == SkyFrameOf::kJ2000) {
       camera.RA_Dec2K2PixD(direction.v, &p);
     } else {
       camera.RA_Dec2PixD(direction.v, &p);
@@ -33,6 +41,8 @@ struct ViewGeometry {
   }
   // The same of many: as many pixels as there are directions.
   void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
+  // Where in the horizon frame that is seen which stands there in the horizon frame.
+  Direction Seen(const Direction& standing) const { return air ? Lifted(standing) : standing; }
   // Whether the pixel lies in the window, or at most `margin` pixels outside. False for coordinates that are
   // not finite.
   bool IsInside(const tPoint<double>& p, double margin) const {
@@ -50,10 +60,14 @@ struct ViewGeometry {
   double unit;                    // GetPictureUnit of the window
   double halfDiagonal;            // pixels from the centre to a corner
   double scale;                   // pixels, see above
-  double cornerAngle;             // radians from the view axis to a corner
+  double cornerAngle;             // radians from the view axis to a corner, at most, before the air lifts
   double reachSine, reachCosine;  // of an angle a little wider, for what aberration moves
-  Direction centreJ2000;          // the view axis on J2000 axes
+  Direction centreJ2000;          // where on J2000 axes stands what is seen along the view axis
   Direction centreHorizon;        // the view axis in the horizon frame
+  const ObserverFrame* air;       // whose air lifts; null: none does
+
+ private:
+  void ProjectLifted(std::span<const Direction> directions, tPoint<double>* pixels) const;
 };
 
 }  // namespace scene

@@ -74,15 +74,8 @@ bool ObjectTests::IsHidden(const ClassLimits& limits, float code, unsigned obsta
   return (obstacles & kBelowHorizon) == 0 && SkyLight::Hides(limits, code, place.dim);
 }
 
-// The third row of the reduction gives the sine of the altitude.
-double ObjectTests::GetSine(const Direction& apparent) const {
-  if (!m_Observer.horizon) return 1.0;
-  const double* zenith = m_Observer.reduction + 6;
-  return zenith[0] * apparent.v[0] + zenith[1] * apparent.v[1] + zenith[2] * apparent.v[2];
-}
-
 bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
-  return !m_Shown.horizon || GetSine(apparent) >= 0.0;
+  return !m_Shown.horizon || SeenSine(apparent, m_Observer) >= 0.0;
 }
 
 template <bool kFirst, class Star>
@@ -95,7 +88,7 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   const float code = star.GetCode();
-  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, GetSine(place.apparent));
+  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, SeenSine(place.apparent, m_Observer));
   if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
     return found.obstacles;
   place.radius = StarRadius(code + kSmaller * place.dim);
@@ -122,7 +115,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
-  place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, GetSine(place.apparent));
+  place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, SeenSine(place.apparent, m_Observer));
   const bool faded = m_Light.GetLineStrength() <= 0.0;
   found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);
   return found.obstacles;

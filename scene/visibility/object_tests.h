@@ -129,8 +129,6 @@ class ObjectTests {
   const Deepsky& FindKind(int kind) const;
   static bool IsHidden(const ClassLimits& limits, float code, unsigned obstacles, const ObjectPlace& place);
   double StarRadius(float code) const;
-  // Sine of the altitude; 1 where the view has no horizon.
-  double GetSine(const Direction& apparent) const;
 
   const SkyCatalogs& m_Catalogs;
   const ViewGeometry& m_Geometry;

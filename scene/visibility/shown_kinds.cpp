@@ -195,6 +195,9 @@ ShownKinds ReadShownKinds(SettingsData& settings) {
       unsigned char& choice = shown.lines.*entry.choice;
       choice = ReadByte(settings, kGrid, entry.name, choice);
     }
+    const unsigned char air = ReadByte(settings, kGrid, "SkyDirt", 1u | 2u);
+    shown.refraction = (air & 1u) != 0;
+    shown.extinction = (air & 2u) != 0;
   }
   return shown;
 }

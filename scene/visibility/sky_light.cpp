@@ -73,8 +73,9 @@ SkyLight::SkyLight() : m_Nodes(kColumns * kRows) {
   }
 }
 
-void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) {
+void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources, bool extinction) {
   m_Natural = true;
+  m_WithExtinction = extinction;
   m_Sources = sources;
   m_Width = geometry.width;
   m_Height = geometry.height;
@@ -85,6 +86,7 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
                    0.0, 1.0 - astro::GetLuminance(astro::kDarkSky) / astro::GetLuminance(sources.darkness)),
                ownZenith = brightness.GetParts(0.5 * kPi, kPi, kPi).own;
   const PixelDirections directions(geometry);
+  const Direction sun = geometry.Seen(sources.sun), moon = geometry.Seen(sources.moon);
   m_FaintestLimit = MakeCode(-10.0);
   m_LeastLuminance = 1e12;
   for (int i = 0; i < kColumns * kRows; ++i) {
@@ -92,12 +94,12 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources) 
     const Direction direction = directions.Find(
         {m_Width * (i % kColumns) / (kColumns - 1), m_Height * (kRows - 1 - i / kColumns) / (kRows - 1)});
     node.altitude = std::fabs(GetAltitude(direction));
-    node.fromSun = GetAngle(direction, sources.sun);
-    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, sources.moon));
+    node.fromSun = GetAngle(direction, sun);
+    const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, moon));
     node.scattered = parts.scattered;
     node.lamps = lamps * ownZenith * FindDome(node.altitude);
     node.limit = MakeCode(astro::GetNakedEyeLimit((1.0 - lamps) * parts.own + node.lamps + parts.scattered));
-    node.glow = static_cast<float>(RiseOfGlow(node.limit) * LeftOf(FindExtinction(direction.v[2])));
+    node.glow = static_cast<float>(RiseOfGlow(node.limit) * LeftOf(extinction ? FindExtinction(direction.v[2]) : 0.0f));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
     m_LeastLuminance = std::min(m_LeastLuminance, node.scattered + node.lamps);
   }
@@ -141,7 +143,7 @@ float SkyLight::FindExtinction(double sineOfAltitude) const {
 
 float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
   if (!m_Natural) return 0.0f;
-  return DimBySky(limits, Find(&Node::limit, pixel)) + FindExtinction(sineOfAltitude);
+  return DimBySky(limits, Find(&Node::limit, pixel)) + (m_WithExtinction ? FindExtinction(sineOfAltitude) : 0.0f);
 }
 
 float SkyLight::FindDimOfExtended(const ClassLimits& limits, const tPoint<double>& pixel,

@@ -46,7 +46,8 @@ class SkyLight {
     m_Natural = false;
     m_LineStrength = m_GlowStrength = 1.0;
   }
-  void Compute(const ViewGeometry& geometry, const SkySources& sources);
+  // `extinction`: whether low air takes light from what is seen through it.
+  void Compute(const ViewGeometry& geometry, const SkySources& sources, bool extinction = true);
 
   bool IsNatural() const { return m_Natural; }
   const std::vector<Node>& GetNodes() const { return m_Nodes; }
@@ -83,6 +84,7 @@ class SkyLight {
   float DimBySky(const ClassLimits& limits, float limit) const;
   float FindExtinction(double sineOfAltitude) const;
 
+  bool m_WithExtinction = true;
   bool m_Natural = false;
   SkySources m_Sources{};
   std::vector<Node> m_Nodes;

@@ -48,14 +48,14 @@ const scene::ObjectSearch& ObjectFinder::GetSearch() {
 }
 
 std::optional<scene::FoundObject> AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs,
-                                          ObjectFinder& finder, CommonInterfaces::Camera& camera,
-                                          Diagnostics& diagnostics) {
+                                          ObjectFinder& finder, bool refraction,
+                                          CommonInterfaces::Camera& camera, Diagnostics& diagnostics) {
   if (!options.aim) return std::nullopt;
   const std::string asked = "--look '" + options.aim->name + "': ";
   const scene::FoundObject object = finder.Find("--look", options.aim->name);
   if (!scene::IsNearSurface(camera))
     throw Stop{kBadOption, asked + "wants an observer near the Earth's surface (moving type 0 or 1)"};
-  const auto there = scene::AimAt(object, catalogs, camera);
+  const auto there = scene::AimAt(object, catalogs, camera, refraction);
   Require(there.has_value(), asked + "nobody can tell where it is at that moment");
   if (there->altitude < 0.0)
     diagnostics.lines.push_back(asked +

@@ -34,11 +34,11 @@ class ObjectFinder {
   std::optional<scene::ObjectSearch> m_Search;
 };
 
-// Turns the view to the object of --look, when it names one, and returns that; one below the horizon becomes
-// a diagnostic line. Throws Stop.
+// Turns the view to where the object of --look is seen, with or without refraction, when it names one, and
+// returns that; one below the horizon becomes a diagnostic line. Throws Stop.
 std::optional<scene::FoundObject> AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs,
-                                          ObjectFinder& finder, CommonInterfaces::Camera& camera,
-                                          Diagnostics& diagnostics);
+                                          ObjectFinder& finder, bool refraction,
+                                          CommonInterfaces::Camera& camera, Diagnostics& diagnostics);
 
 // Adds the objects of --favourite to the filters. Throws Stop.
 void AddFavourites(const SettingsOptions& options, const scene::SkyCatalogs& catalogs, ObjectFinder& finder,

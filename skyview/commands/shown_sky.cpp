@@ -26,8 +26,10 @@ namespace {
 std::vector<int> FindOrbits(const OrbitRequest& request, const scene::BodyList& bodies) {
   std::vector<int> orbits;
   for (int i = 0; i < static_cast<int>(bodies.size()); ++i) {
-    const bool planet = bodies[static_cast<std::size_t>(i)].id.kind == FourCC("plnt");
-    if (i != scene::kSunBody && (request.all || (request.planets && planet))) orbits.push_back(i);
+    const int kind = bodies[static_cast<std::size_t>(i)].id.kind;
+    const bool asked =
+        (request.planets && kind == FourCC("plnt")) || (request.moons && kind == FourCC("moon"));
+    if (i != scene::kSunBody && (request.all || asked)) orbits.push_back(i);
   }
   return orbits;
 }
@@ -74,16 +76,16 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
       m_Finder(m_Catalogs),
       m_WithShowers(options.extras.showers) {
   LoadCatalogs(options.satellites, m_View.camera, scene::CatalogUse::kPictures, m_Catalogs);
-  if (const auto aim = AimView(options.view, m_Catalogs, m_Finder, m_View.camera, diagnostics))
+  m_Shown = scene::ReadShownKinds(m_View.settings);
+  m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
+  m_Shown.darkness = options.chart.GetDarkness();
+  scene::SetChartStyle(options.chart.GetStyle(), m_Shown);
+  if (const auto aim = AimView(options.view, m_Catalogs, m_Finder, m_Shown.refraction, m_View.camera, diagnostics))
     m_Besides = DescribeAim(*aim);
   m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
   AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
   m_Marks = FindMarks(session);
-  m_Shown = scene::ReadShownKinds(m_View.settings);
-  m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
-  m_Shown.darkness = options.chart.GetDarkness();
-  scene::SetChartStyle(options.chart.GetStyle(), m_Shown);
   m_Filters.Refresh(m_View.settings);
   for (const auto& mark : options.view.markers) m_Markers.Add(mark, m_View.camera);
   m_Maker.emplace(m_View.camera, m_Catalogs, m_Shown, m_Filters, m_Markers);

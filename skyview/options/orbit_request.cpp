@@ -12,6 +12,8 @@ std::optional<OrbitRequest> ParseOrbits(std::string_view text) {
     if (name.find_first_not_of(' ') == std::string_view::npos) return std::nullopt;
     if (name == "planets") {
       request.planets = true;
+    } else if (name == "moons") {
+      request.moons = true;
     } else if (name == "all") {
       request.all = true;
     } else {
@@ -28,6 +30,7 @@ std::string FormatOrbits(const OrbitRequest& request) {
   const auto add = [&text](const std::string& piece) { text += (text.empty() ? "" : ",") + piece; };
   if (request.all) add("all");
   if (request.planets) add("planets");
+  if (request.moons) add("moons");
   for (const auto& name : request.names) add(name);
   return text;
 }

@@ -12,11 +12,12 @@ namespace skyview {
 // Whose orbits are drawn.
 struct OrbitRequest {
   bool planets = false;            // Mercury to Pluto
+  bool moons = false;              // of planets
   bool all = false;                // those, asteroids, comets and satellites
   std::vector<std::string> names;  // of single bodies, as the user wrote them
 };
 
-// "planets", "all", or names with commas between, among which "planets" may stand. Nothing for an empty text
+// "planets", "moons", "all", or names with commas between, among which the words may stand. Nothing for an empty text
 // or name.
 std::optional<OrbitRequest> ParseOrbits(std::string_view text);
 

@@ -55,7 +55,6 @@ constexpr TextUse kHostTexts[] = {
     {900347, 900347, "s", kMaxLength, true, "skyview: its size"},
     {900348, 900350, "sf", kMaxLength, true, "skyview: its rise, transit and set"},
     {900351, 900355, "", kMaxLength, true, "skyview: that it does none of these"},
-    {900356, 900356, "", kMaxLength, true, "skyview: that the drawn horizon is without refraction"},
     {900361, 900362, "", kMaxLength, true, "skyview: axes of a light curve"},
     {900371, 900374, "", kMaxLength, true, "skyview: what is shown when neither view nor time is given"},
     {900401, 900420, "", kMaxLength, true, "skyview: points and circles of the sky"},

@@ -75,8 +75,7 @@ enum class HostText : int {
   kWhereNoSet,
   kWhereStaysUp,
   kWhereStaysDown,
-  kWhereHorizon,
-  kWhereConstellation,  // before a colon and the name
+  kWhereConstellation = 900357,  // before a colon and the name
   kCurveDate = 900361,
   kCurveMagnitude,
   kChoseTonightAtHome = 900371,  // what is shown when neither view nor time is given

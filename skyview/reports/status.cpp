@@ -8,9 +8,9 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/dates.h"
-#include "common_interfaces/refraction.h"
 #include "common_interfaces/status_strings.h"
 #include "common_interfaces/string_table.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 #include "scene/compass.h"
 #include "scene/object_names.h"
@@ -189,12 +189,10 @@ void StatusWriter::AddDirection() {
 }
 
 void StatusWriter::AddRefraction() {
-  const double altitude = m_Camera.GetViewAngles().lat;
-  double apparent = altitude;
-  CommonInterfaces::ShiftAltOnEarthRefraction(&apparent);
-  if (apparent > altitude) {
-    Add(Localize(HostText::kRefraction, {(apparent - altitude) / scene::kRadiansPerDegree}));
-  }
+  const double altitude = m_Camera.GetViewAngles().lat, least = -2.0 * scene::kRadiansPerDegree;
+  if (altitude < least) return;
+  const double lift = altitude - scene::LoweredAltitude(altitude);
+  Add(Localize(HostText::kRefraction, {lift / scene::kRadiansPerDegree}));
 }
 
 }  // namespace

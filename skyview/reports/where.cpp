@@ -11,9 +11,9 @@
 #include "astro/julian_date.h"
 #include "astro/rise_set.h"
 #include "astro/vectors.h"
-#include "common_interfaces/refraction.h"
 #include "common_interfaces/text_formats.h"
 #include "common_interfaces/units.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 #include "skyview/reports/angle_text.h"
 #include "skyview/reports/besides.h"
@@ -133,9 +133,8 @@ void WhereWriter::AddDirection() {
   const HorizonPlace stands = MakeHorizonPlace(axes, m_Seen.apparent, 0.0);
   Add(Localize(HostText::kWhereDirection,
                {FormatAngles(kHorizonFormat, stands.azimuth, kAngleDegrees, stands.altitude).c_str()}));
-  double lifted = stands.altitude;
-  CommonInterfaces::ShiftAltOnEarthRefraction(&lifted);
-  if (lifted > stands.altitude) {
+  const double lifted = scene::LiftedAltitude(stands.altitude);
+  if (lifted > 0.0) {
     Add(Localize(HostText::kWhereRefraction, {lifted / scene::kRadiansPerDegree}));
   }
 }
@@ -261,7 +260,6 @@ void WhereWriter::AddEvents() {
   AddEvent(HostText::kWhereTransit, HostText::kWhereNoTransit, events.transit, true);
   if (events.staysUp) return;
   AddEvent(HostText::kWhereSets, HostText::kWhereNoSet, events.set, false);
-  Add(Localize(HostText::kWhereHorizon, {}));
 }
 
 }  // namespace

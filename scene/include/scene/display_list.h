@@ -102,7 +102,7 @@ struct DiscRecord {
 struct GlobeRecord {
   DiscRecord disc;  // its radius is that of the equator
   // From the picture's axes (x right, y down, z towards the viewer) to the body's (z the north pole, x
-  // longitude 0).
+  // longitude 0). No rotation where air squeezes the picture: a way in it is longer on the body then.
   float toBody[9];
   float flattening;            // what the axis is shorter than the equator's, as a part of it
   float limbDarkening;         // 0: as bright at the limb as in the middle, 1: dark there

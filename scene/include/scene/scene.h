@@ -12,6 +12,7 @@
 #pragma once
 
 #include "scene/aim.h"
+#include "scene/air.h"
 #include "scene/asterisms.h"
 #include "scene/base_plane.h"
 #include "scene/bodies.h"

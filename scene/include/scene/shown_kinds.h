@@ -50,11 +50,13 @@ struct SCENE_API ShownKinds {
   bool planetFeatures = true;  // names on their surfaces
   bool moonFeatures = true;
   bool noradNumbers = false;  // beside satellites, in place of names
-  // Day, twilight, moonlight and extinction for an observer on the Earth with a horizon; else a black sky
+  // Day, twilight and moonlight for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.
   bool naturalSky = true;
   double darkness = astro::kDarkSky;       // of the site's night (SkyLights)
   ChartStyle style = ChartStyle::kScreen;  // SetChartStyle
+  bool refraction = true;  // "SkyDirt" of "grid" 1, for an observer with a horizon
+  bool extinction = true;  // "SkyDirt" 2, under a natural sky
   SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};

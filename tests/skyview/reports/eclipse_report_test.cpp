@@ -28,8 +28,9 @@ TEST(EclipsePicture, ShadowLiesOnTheMoonAndInTheReport) {
   const auto& marks = f.frame.GetParts().solarSystem.GetMarks();
   const DrawnBody* drawn = marks.Find(kMoonBody);
   ASSERT_NE(drawn, nullptr);
-  const DrawnShadow& shadow = marks.GetMoonShadow();
-  ASSERT_TRUE(shadow.falls);
+  ASSERT_EQ(marks.GetShadows().size(), 1u);
+  const DrawnShadow& shadow = marks.GetShadows()[0];
+  EXPECT_EQ(shadow.body, kMoonBody);
   const double away = std::hypot(shadow.centre.x - drawn->place.x, shadow.centre.y - drawn->place.y);
   EXPECT_GT(away, shadow.umbra - drawn->radius) << "the Moon is not wholly in it";
   EXPECT_LT(away, shadow.umbra + drawn->radius) << "but it has begun";

@@ -84,12 +84,6 @@ TEST(Where, TheConstellationIsNamedWhereThereAreBoundaries) {
   EXPECT_FALSE(sky.Printed("Constellation: ")) << sky.output.str();
 }
 
-TEST(Where, HorizonOfThePictureIsSaidToBeWithoutRefraction) {
-  SmallSky sky;
-  ASSERT_EQ(sky.Run(Ask("Jupiter")), 0) << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("The horizon of the picture is without refraction, rise and set are with it\n"));
-}
-
 TEST(Where, SpeaksTheLanguageOfTheView) {
   SmallSky sky;
   auto arguments = Ask("Jupiter");

@@ -54,6 +54,7 @@ struct RichView {
   double latitude, longitude;         // degrees
   double azimuth, altitude, zoom;     // degrees
   std::vector<std::string> settings;  // of the view, before the change
+  bool naturalSky = false;            // the views of the day show what is faint, too
 };
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
@@ -140,8 +141,9 @@ class ShippedSky : public testing::Test {
     scene::ObjectFilters filters;
     filters.Refresh(settings);
     scene::ShownKinds shown = scene::ReadShownKinds(settings);
-    shown.naturalSky = false;  // the views of the day show what is faint, too
-    m_Frame->Compute(camera, scene::PrepareObserver(camera), shown, filters);
+    shown.naturalSky = view.naturalSky;
+    m_Frame->SetTextExtents(m_Extents);  // names forget where they were in the picture before
+    m_Frame->Compute(camera, scene::PrepareObserver(camera, shown.refraction), shown, filters);
     return GetBytes(m_Frame->GetDisplayList());
   }
 
@@ -170,6 +172,7 @@ class ShippedSky : public testing::Test {
 
   test_support::DebugCapture m_Diagnostics;
   scene::SkyCatalogs m_Catalogs;
+  scene::TextExtents m_Extents;
   std::unique_ptr<scene::SkyFrame> m_Frame;
   std::vector<std::string> m_Plain;
 };
