@@ -17,15 +17,18 @@ using namespace astro_internal;
 constexpr double kLongestPass = 2.0;  // days, to each side of the culmination
 constexpr int kLooksAtPass = 50;
 
+// Days from the epoch: nobody can tell more (satellite.h), and nobody waits for it.
+constexpr double kFarthest = 200.0 * kDaysPerJulianYear;
+constexpr double kLongestStep = 0.5 / 24.0;  // what stands far out rises and sets with the stars
+
 // Days between two looks: a fortieth of the revolution, as fast as it is at the perigee.
 double StepOf(const OrbitalElements& elements) {
   const double period = kTurn / elements.n / kMinutesPerDay;
   const double haste = (1.0 + elements.e) * (1.0 + elements.e) / std::pow(1.0 - elements.e * elements.e, 1.5);
-  return period / 40.0 / haste;
+  return std::min(period / 40.0 / haste, kLongestStep);
 }
 
-// One satellite over one place. Moments are days of Universal Time from `base`, so that they keep their
-// digits.
+// One satellite over one place. Days are those of PassTrack: small numbers, which keep their digits.
 class PassSearch {
  public:
   PassSearch(const SatelliteTarget& satellite, const PassLimits& limits, PassTrack& track, double step)
@@ -126,7 +129,9 @@ bool FindPasses(const EventSearch& search, const SatelliteTarget& satellite, con
   if (track.GetFault() != SatelliteFault::kNone) return false;
   const double step = StepOf(*satellite.elements);
   PassSearch passes(satellite, limits, track, step);
-  return SearchPasses(track.DayOf(search.from), track.DayOf(search.to), track, passes, step, sink);
+  const double from = track.DayOf(search.from), to = track.DayOf(search.to);
+  const bool isNear = from >= -kFarthest && to <= kFarthest;
+  return SearchPasses(std::max(from, -kFarthest), std::min(to, kFarthest), track, passes, step, sink) && isNear;
 }
 
 bool FindSatellitePasses(const EventSearch& search, std::span<const SatelliteTarget> satellites,
