@@ -99,6 +99,11 @@ class PassSearch {
   double m_Step;
 };
 
+bool HasDates(const EventSearch& search) {
+  const double from = search.from.julianDateTT, to = search.to.julianDateTT;
+  return std::isfinite(from) && std::isfinite(to) && from < to;
+}
+
 // The grid counts from the epoch of the elements: fixed in time, with small numbers.
 bool SearchPasses(double from, double to, PassTrack& track, PassSearch& passes, double step,
                   const std::function<void(const SatellitePass&)>& sink) {
@@ -123,15 +128,14 @@ bool SearchPasses(double from, double to, PassTrack& track, PassSearch& passes, 
 bool FindPasses(const EventSearch& search, const SatelliteTarget& satellite, const PassLimits& limits,
                 const std::function<void(const SatellitePass&)>& sink) {
   if (!search.place || satellite.elements == nullptr) return false;
-  const double first = search.from.julianDateTT, last = search.to.julianDateTT;
-  if (!(std::isfinite(first) && std::isfinite(last) && first < last)) return true;
+  if (!HasDates(search)) return true;
   PassTrack track(*satellite.elements, *search.place, search);
   if (track.GetFault() != SatelliteFault::kNone) return false;
   const double step = StepOf(*satellite.elements);
   PassSearch passes(satellite, limits, track, step);
   const double from = track.DayOf(search.from), to = track.DayOf(search.to);
-  const bool isNear = from >= -kFarthest && to <= kFarthest;
-  return SearchPasses(std::max(from, -kFarthest), std::min(to, kFarthest), track, passes, step, sink) && isNear;
+  const double first = std::max(from, -kFarthest), last = std::min(to, kFarthest);
+  return SearchPasses(first, last, track, passes, step, sink) && first == from && last == to;
 }
 
 bool FindSatellitePasses(const EventSearch& search, std::span<const SatelliteTarget> satellites,

@@ -155,9 +155,9 @@ TEST(SatellitePasses, TheQuickAltitudeIsTheRealOne) {
   difference.Expect(0.5);
 }
 
-// Looks every ten seconds, tenfold of those of the search, at a satellite near the Earth, at one on a long way
-// far out and at one that goes round in ten days and rises as the stars do: whatever stands above the horizon
-// belongs to a pass, and nothing else does.
+// Looks every ten seconds, tenfold of those of the search, at a satellite near the Earth, at one on a long
+// way far out and at one that goes round in ten days and rises as the stars do: whatever stands above the
+// horizon belongs to a pass, and nothing else does.
 TEST(SatellitePasses, NoneIsMissedNorInvented) {
   const OrbitalElements molniya =
       astro_test::Satellite("1 08195U 75081A   06176.33215444  .00000099  00000-0  11873-3 0   813",
