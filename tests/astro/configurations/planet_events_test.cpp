@@ -269,8 +269,15 @@ TEST(PlanetEvents, NothingWhereThereIsNothing) {
   }
   EXPECT_FALSE(astro::FindGreatestElongations(Years(2020, 2020), Planet(4), none));
   EXPECT_FALSE(astro::FindPlanetApsides(Years(2020, 2020), astro::kMoon, none));
-  const std::vector<astro::SkyTarget> unknown = {{SSO_ID(FourCC("comt"), 1), nullptr}, {Planet(4), nullptr}};
-  EXPECT_FALSE(astro::FindConjunctions(Years(2020, 2020), unknown, none));
+  const StarRecord* star = astro::GetEclipticStars()[0].star;
+  for (const astro::SkyTarget& unknown :
+       {astro::SkyTarget{SSO_ID(FourCC("comt"), 1), nullptr},
+        astro::SkyTarget{SSO_ID(FourCC("comt"), 1), star}, astro::SkyTarget{Planet(5), star},
+        astro::SkyTarget{SSO_ID(FourCC("star"), 1), nullptr}, astro::SkyTarget{astro::kEarth, nullptr}}) {
+    const std::vector<astro::SkyTarget> targets = {unknown, {Planet(4), nullptr}};
+    EXPECT_FALSE(astro::FindConjunctions(Years(2020, 2020), targets, none));
+    EXPECT_FALSE(astro::FindAppulses(Years(2020, 2020), targets, kFiveDegrees, none));
+  }
 }
 
 // Pluto is known from 1600 to 2200: its perihelion was on 1989 September 5.
