@@ -54,7 +54,7 @@ TEST(SunEvents, TheSunStandsAtTheAltitudeOfItsKind) {
                     event.moment.julianDateTT);
     EXPECT_NEAR(std::remainder(event.value - stands->azimuth, kTurn), 0.0, 1e-5);
   }
-  difference.Expect(0.5);
+  difference.Expect(0.15);
 }
 
 // In Berlin the Sun stays above -18 degrees from May 18 to July 26: 70 nights without an end of the twilight.
