@@ -15,8 +15,7 @@ void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) cons
   const double unit = geometry.unit;
   // Its lines end where they end; what stands beside them on the dark ground, or where that begins, reads as a
   // part of them.
-  const double halfWidth = 0.5 * geometry.width,
-               halfHeight = 0.5 * (GetHeight(unit) + 0.6 * kFade * unit);
+  const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * (GetHeight(unit) + 0.6 * kFade * unit);
   if (!m_Lines.empty()) labels.Reserve({halfWidth, halfHeight}, halfWidth, halfHeight);
   double baseline = 1.1 * kCaptionFont * unit;
   for (auto line = m_Lines.rbegin(); line != m_Lines.rend(); ++line) {

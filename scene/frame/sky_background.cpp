@@ -109,7 +109,7 @@ class SkyPaint {
     const astro::SkyTint tint = m_Colour.Get(node.altitude, node.fromSun);
     constexpr Light kLamps = {1.30, 0.97, 0.66};
     const double natural = node.scattered * tint.shade, all = std::max(natural + node.lamps, 1e-12);
-    const double bright = Limit(m_Exposure * std::pow(all / m_Adaptation, kContrast));
+    const double bright = m_Exposure * std::pow(all / m_Adaptation, kContrast);
     const Light sky = MixLight(OfColour(tint.colour), kLamps, node.lamps / all);
     const Light night = MixLight(m_Foot, m_Top, std::sin(node.altitude));
     return ToScreen(Soften(

@@ -79,9 +79,12 @@ void SkyObjects::DrawSample(int object, double x, double y, double radius, Displ
   CommonInterfaces::DeepskyOutput output;
   output.m_Place = {static_cast<float>(x), static_cast<float>(list.GetHeight() - y),
                     static_cast<float>(radius), 0.0f};
-  output.m_MajorSize = output.m_MinorSize = static_cast<float>(2.0 * radius);
-  DrawSymbol({&output, object, 1.0f, kSlope}, m_Catalogs.deepsky[static_cast<std::size_t>(object)], 1.0,
-             list);
+  const DeepskyObject& sample = m_Catalogs.deepsky[static_cast<std::size_t>(object)];
+  const bool isGalaxy = FindDeepskySign(sample.kind, sample.number) == DeepskySign::kGalaxy;
+  output.m_MajorSize = static_cast<float>(2.0 * radius);
+  output.m_MinorSize = isGalaxy ? 0.5f * output.m_MajorSize : output.m_MajorSize;
+  for (const auto add : {AddSymbolRings, AddSymbolLines})
+    add(MakeSymbol({&output, object, 1.0f, kSlope}, sample, 1.0, list), list);
 }
 
 void SkyObjects::DrawStars(DisplayList& list) const {

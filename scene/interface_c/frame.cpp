@@ -14,22 +14,38 @@ SceneArray Describe(const std::vector<Record>& records) {
 
 std::optional<SceneArray> FindArray(const scene::DisplayList& list, int32_t kind) {
   switch (kind) {
-    case SCENE_POINTS: return Describe(list.GetPoints());
-    case SCENE_DISCS: return Describe(list.GetDiscs());
-    case SCENE_SHADOWS: return Describe(list.GetShadows());
-    case SCENE_POLYLINES: return Describe(list.GetPolylines());
-    case SCENE_ELLIPSES: return Describe(list.GetEllipses());
-    case SCENE_POLYGONS: return Describe(list.GetPolygons());
-    case SCENE_GRADIENTS: return Describe(list.GetGradients());
-    case SCENE_TEXTS: return Describe(list.GetTexts());
-    case SCENE_MESHES: return Describe(list.GetMeshes());
-    case SCENE_GLOBES: return Describe(list.GetGlobes());
-    case SCENE_RUNS: return Describe(list.GetRuns());
-    case SCENE_RINGS: return Describe(list.GetRings());
-    case SCENE_VERTICES: return Describe(list.GetVertices());
-    case SCENE_COLOURS: return Describe(list.GetColours());
-    case SCENE_TEXT_BYTES: return Describe(list.GetTextBytes());
-    default: return std::nullopt;
+    case SCENE_POINTS:
+      return Describe(list.GetPoints());
+    case SCENE_DISCS:
+      return Describe(list.GetDiscs());
+    case SCENE_SHADOWS:
+      return Describe(list.GetShadows());
+    case SCENE_POLYLINES:
+      return Describe(list.GetPolylines());
+    case SCENE_ELLIPSES:
+      return Describe(list.GetEllipses());
+    case SCENE_POLYGONS:
+      return Describe(list.GetPolygons());
+    case SCENE_GRADIENTS:
+      return Describe(list.GetGradients());
+    case SCENE_TEXTS:
+      return Describe(list.GetTexts());
+    case SCENE_MESHES:
+      return Describe(list.GetMeshes());
+    case SCENE_GLOBES:
+      return Describe(list.GetGlobes());
+    case SCENE_RUNS:
+      return Describe(list.GetRuns());
+    case SCENE_RINGS:
+      return Describe(list.GetRings());
+    case SCENE_VERTICES:
+      return Describe(list.GetVertices());
+    case SCENE_COLOURS:
+      return Describe(list.GetColours());
+    case SCENE_TEXT_BYTES:
+      return Describe(list.GetTextBytes());
+    default:
+      return std::nullopt;
   }
 }
 
@@ -59,6 +75,7 @@ int scene_get_array(SceneSky* sky, int32_t kind, SceneArray* array) {
 const char* scene_get_map(SceneSky* sky, int32_t index) {
   if (!sky || !sky->isOpen) return nullptr;
   const auto& maps = sky->maker->GetFrame().GetDisplayList().GetMaps();
-  return index >= 0 && static_cast<std::size_t>(index) < maps.size() ? maps[static_cast<std::size_t>(index)].c_str()
-                                                                      : nullptr;
+  return index >= 0 && static_cast<std::size_t>(index) < maps.size()
+             ? maps[static_cast<std::size_t>(index)].c_str()
+             : nullptr;
 }

@@ -35,7 +35,8 @@ void SetPlace(const double v[3], double& rightAscension, double& declination) {
   declination /= kRadiansPerDegree;
 }
 
-SceneSight Describe(const ObservedBody& seen, const scene::SkyMoment& moment, const scene::EarthPlace& place) {
+SceneSight Describe(const ObservedBody& seen, const scene::SkyMoment& moment,
+                    const scene::EarthPlace& place) {
   SceneSight sight = {};
   SetPlace(seen.astrometric, sight.right_ascension, sight.declination);
   double orientation[9], ofDate[3], axes[9];
@@ -59,7 +60,8 @@ SceneSight Describe(const ObservedBody& seen, const scene::SkyMoment& moment, co
 
 int scene_find(SceneSky* sky, const char* name, SceneObject* object) {
   return scene::Call(sky, [&] {
-    if (!name || !object) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a name and a place for the object");
+    if (!name || !object)
+      return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a name and a place for the object");
     std::string error;
     const auto found = sky->GetSearch().FindOne(name, error);
     if (!found) return scene::Fail(*sky, SCENE_NOT_FOUND, error);
@@ -99,7 +101,8 @@ int scene_look_at(SceneSky* sky, SceneObject object) {
   return scene::Call(sky, [&] {
     const auto found = Find(object, *sky);
     if (!found) return FailObject(*sky, object, "not in the catalogs");
-    if (scene::AimAt(*found, sky->catalogs, sky->camera, sky->shown.refraction)) return static_cast<int>(SCENE_OK);
+    if (scene::AimAt(*found, sky->catalogs, sky->camera, sky->shown.refraction))
+      return static_cast<int>(SCENE_OK);
     return FailObject(*sky, object, "nobody can tell where it is at that moment from there");
   });
 }

@@ -26,7 +26,8 @@ SceneSky::SceneSky() : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(
 int SceneSky::Open(const SceneRoots& roots) {
   data = roots.data;
   const char* const language = roots.language ? roots.language : scene::kDefaultLanguage;
-  if (!scene::OpenDataRoot(data, roots.work ? roots.work : "", language, catalogs, error)) return SCENE_BAD_DATA;
+  if (!scene::OpenDataRoot(data, roots.work ? roots.work : "", language, catalogs, error))
+    return SCENE_BAD_DATA;
   if (!settings.Read(nullptr))
     return scene::Fail(*this, SCENE_BAD_DATA, "filters.data: missing from the data root, or damaged");
   camera.CreateDefault();
@@ -59,7 +60,8 @@ const char* SceneSky::FindFault() const {
 int scene_open(const SceneRoots* roots, SceneSky** sky) {
   if (!sky) return SCENE_BAD_ARGUMENT;
   *sky = nullptr;
-  if (!scene::IsKnown(roots, offsetof(SceneRoots, language) + sizeof roots->language)) return SCENE_BAD_ARGUMENT;
+  if (!scene::IsKnown(roots, offsetof(SceneRoots, language) + sizeof roots->language))
+    return SCENE_BAD_ARGUMENT;
   if (!roots->data || g_Open) return SCENE_BAD_ARGUMENT;
   try {
     *sky = new SceneSky;
@@ -78,7 +80,9 @@ void scene_close(SceneSky* sky) {
 
 const char* scene_error(const SceneSky* sky) { return sky ? sky->error.c_str() : ""; }
 
-void scene_set_log(void (*log)(const char* text, void* context), void* context) { SetDebugSink(log, context); }
+void scene_set_log(void (*log)(const char* text, void* context), void* context) {
+  SetDebugSink(log, context);
+}
 
 int scene_set_language(SceneSky* sky, const char* language) {
   return scene::Call(sky, [&] {

@@ -140,7 +140,8 @@ int scene_set_view(SceneSky* sky, const SceneView* view) {
 
 int scene_read_view(SceneSky* sky, const char* file, int32_t number) {
   return scene::Call(sky, [&] {
-    if (!file || number < 0) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a file and a number from 0 on");
+    if (!file || number < 0)
+      return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a file and a number from 0 on");
     const auto id = static_cast<unsigned>(number);
     if (!CommonInterfaces::SettingsData::HoldsBlock(file, kCameraRecord, id))
       return FailFile(*sky, file, "holds no such view");
@@ -156,7 +157,8 @@ int scene_read_view(SceneSky* sky, const char* file, int32_t number) {
 
 int scene_save_view(SceneSky* sky, const char* file, int32_t number) {
   return scene::Call(sky, [&] {
-    if (!file || number < 0) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a file and a number from 0 on");
+    if (!file || number < 0)
+      return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants a file and a number from 0 on");
     if (sky->camera.SaveSelfAll(file, number)) return static_cast<int>(SCENE_OK);
     return FailFile(*sky, file, "the view cannot be saved there");
   });

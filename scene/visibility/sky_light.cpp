@@ -99,7 +99,8 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources, 
     node.scattered = parts.scattered;
     node.lamps = lamps * ownZenith * FindDome(node.altitude);
     node.limit = MakeCode(astro::GetNakedEyeLimit((1.0 - lamps) * parts.own + node.lamps + parts.scattered));
-    node.glow = static_cast<float>(RiseOfGlow(node.limit) * LeftOf(extinction ? FindExtinction(direction.v[2]) : 0.0f));
+    node.glow = static_cast<float>(RiseOfGlow(node.limit) *
+                                   LeftOf(extinction ? FindExtinction(direction.v[2]) : 0.0f));
     m_FaintestLimit = std::max(m_FaintestLimit, node.limit);
     m_LeastLuminance = std::min(m_LeastLuminance, node.scattered + node.lamps);
   }
@@ -143,7 +144,8 @@ float SkyLight::FindExtinction(double sineOfAltitude) const {
 
 float SkyLight::FindDim(const ClassLimits& limits, const tPoint<double>& pixel, double sineOfAltitude) const {
   if (!m_Natural) return 0.0f;
-  return DimBySky(limits, Find(&Node::limit, pixel)) + (m_WithExtinction ? FindExtinction(sineOfAltitude) : 0.0f);
+  return DimBySky(limits, Find(&Node::limit, pixel)) +
+         (m_WithExtinction ? FindExtinction(sineOfAltitude) : 0.0f);
 }
 
 float SkyLight::FindDimOfExtended(const ClassLimits& limits, const tPoint<double>& pixel,

@@ -80,7 +80,8 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
   m_Shown.naturalSky = options.extras.sky != SkyKind::kNone;
   m_Shown.darkness = options.chart.GetDarkness();
   scene::SetChartStyle(options.chart.GetStyle(), m_Shown);
-  if (const auto aim = AimView(options.view, m_Catalogs, m_Finder, m_Shown.refraction, m_View.camera, diagnostics))
+  if (const auto aim =
+          AimView(options.view, m_Catalogs, m_Finder, m_Shown.refraction, m_View.camera, diagnostics))
     m_Besides = DescribeAim(*aim);
   m_Choice = DescribeChoice(options.view, m_View.camera);
   m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);

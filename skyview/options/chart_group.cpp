@@ -7,7 +7,7 @@
 
 #include "astro/constants.h"
 #include "astro/sky_brightness.h"
-#include "skyview/options/setting_values.h"
+#include "scene/setting_values.h"
 #include "skyview/options/stop.h"
 #include "utils/messages.h"
 
@@ -118,12 +118,12 @@ std::string FormatChart(const ChartOptions& chart) {
   if (chart.landscape)
     add("landscape", *chart.landscape == kNoLandscape ? "none" : std::to_string(*chart.landscape));
   if (chart.legend) add("legend", *chart.legend ? "on" : "off");
-  for (const double degrees : chart.eyepieces) add("eyepiece", FormatExact(degrees));
+  for (const double degrees : chart.eyepieces) add("eyepiece", scene::FormatExact(degrees));
   if (chart.telrad) add("telrad", "on");
   for (const Sensor& sensor : chart.sensors) add("sensor", FormatSensor(sensor));
   if (chart.page) add("page", FormatPage(*chart.page));
   if (chart.bortle) add("bortle", std::to_string(*chart.bortle));
-  if (chart.limitMagnitude) add("limit-magnitude", FormatExact(*chart.limitMagnitude));
+  if (chart.limitMagnitude) add("limit-magnitude", scene::FormatExact(*chart.limitMagnitude));
   return text;
 }
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <utility>
 
-#include "skyview/options/setting_values.h"
+#include "scene/setting_values.h"
 #include "utils/numbers.h"
 
 namespace skyview {
@@ -79,8 +79,8 @@ std::optional<Sensor> ParseSensor(std::string_view text) {
 }
 
 std::string FormatSensor(const Sensor& sensor) {
-  return FormatExact(sensor.width) + "x" + FormatExact(sensor.height) + "@" +
-         FormatExact(sensor.focalLength) + "@" + FormatExact(sensor.angle);
+  return scene::FormatExact(sensor.width) + "x" + scene::FormatExact(sensor.height) + "@" +
+         scene::FormatExact(sensor.focalLength) + "@" + scene::FormatExact(sensor.angle);
 }
 
 PictureSize Page::GetSize() const {

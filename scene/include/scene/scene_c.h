@@ -151,8 +151,8 @@ SCENE_API int scene_find(SceneSky* sky, const char* name, SceneObject* object);
 SCENE_API const char* scene_get_title(SceneSky* sky, SceneObject object);
 /* The objects of the last frame at a pixel or at most that many pixels beside it, the uppermost first: at most
  * `capacity` of them go to `objects`, `*count` is how many there are. */
-SCENE_API int scene_pick(SceneSky* sky, double x, double y, double tolerance, SceneObject* objects, int32_t capacity,
-                         int32_t* count);
+SCENE_API int scene_pick(SceneSky* sky, double x, double y, double tolerance, SceneObject* objects,
+                         int32_t capacity, int32_t* count);
 /* Turns the view so that the object is in the middle of the picture. */
 SCENE_API int scene_look_at(SceneSky* sky, SceneObject object);
 

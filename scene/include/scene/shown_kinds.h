@@ -55,8 +55,8 @@ struct SCENE_API ShownKinds {
   bool naturalSky = true;
   double darkness = astro::kDarkSky;       // of the site's night (SkyLights)
   ChartStyle style = ChartStyle::kScreen;  // SetChartStyle
-  bool refraction = true;  // "SkyDirt" of "grid" 1, for an observer with a horizon
-  bool extinction = true;  // "SkyDirt" 2, under a natural sky
+  bool refraction = true;                  // "SkyDirt" of "grid" 1, for an observer with a horizon
+  bool extinction = true;                  // "SkyDirt" 2, under a natural sky
   SkyLines lines;
 
   LabelRules starLabels{true, true, false, false, false};
