@@ -60,9 +60,9 @@ TEST(BodyTrack, GoesWhereTheModelHasTheBody) {
       HorizonAxes(moment, place, axes);
       const HorizonPlace stands = MakeHorizonPlace(axes, seen.apparent, 0.0);
       EXPECT_NEAR(state.altitude, stands.altitude, 0.05 * astro_test::kArcSecond);
-      EXPECT_NEAR(std::remainder(AzimuthOf(state, place.lat) - stands.azimuth, kTurn) *
-                      std::cos(stands.altitude),
-                  0.0, 0.05 * astro_test::kArcSecond);
+      EXPECT_NEAR(
+          std::remainder(AzimuthOf(state, place.lat) - stands.azimuth, kTurn) * std::cos(stands.altitude),
+          0.0, 0.05 * astro_test::kArcSecond);
     }
     direction.Expect(row.tolerance);
   }
