@@ -47,7 +47,8 @@ struct BodyState {
 };
 
 // The way of a body over the sky (`data` as CQXSolSys::Observe takes it, kept by reference) at dates in TT.
-// The Sun and stars come out within 0.001 arc second of the model, the Moon from a place within 0.02.
+// The Sun and stars come out within 0.001 arc second of the model, planets within 0.01, the Moon from a place
+// within 0.02.
 class BodyTrack {
  public:
   BodyTrack(const SSO_ID& body, const void* data);

@@ -81,7 +81,7 @@ TEST(Occultations, OfTenYearsAreWhereAnotherLibraryHasThem) {
     astro_test::ExpectDegrees(found->more, std::stod(row[6]), 0.1);
     events.erase(found);
   }
-  difference.Expect(20.0);
+  difference.Expect(15.0);
   for (const auto& [name, events] : ofPlace) {
     for (const SkyEvent& event : events) EXPECT_LT(event.more, 1.1 * kRadiansPerDegree) << name;
   }
