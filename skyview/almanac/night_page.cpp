@@ -122,12 +122,11 @@ void NightWriter::AddMoon() {
   });
   const bool waxing = turn != m_Report.phases.end() && turn->kind == astro::EventKind::kFullMoon;
   const std::string name = GetBodyName(astro::kMoon, m_Catalogs),
-                    phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing)),
-                    constellation = GetConstellationName(moon.astrometric, m_Catalogs);
+                    phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing));
   m_Text += name + ": " +
             Utf8(Localize(HostText::kMoonOfNight,
                           {scene::ToCodePage(phase).c_str(), lit, m_Report.moonAge.value_or(0.0),
-                           FormatSize(2.0 * moon.angularRadius).c_str(), constellation.c_str()})) +
+                           FormatSize(2.0 * moon.angularRadius).c_str()})) +
             "\n";
   std::vector<std::string> phases;
   for (const auto& event : m_Report.phases) {

@@ -86,7 +86,9 @@ TEST(MoonPaths, WestIsPositive) {
   ObservedBody jupiter, callisto;
   ASSERT_TRUE(model.Observe(SSO_ID(astro::kPlanetKind, 5), nullptr, jupiter));
   ASSERT_TRUE(model.Observe(SSO_ID(astro::kMoonKind, 504), nullptr, callisto));
-  const auto rightAscension = [](const ObservedBody& seen) { return std::atan2(seen.apparent[1], seen.apparent[0]); };
+  const auto rightAscension = [](const ObservedBody& seen) {
+    return std::atan2(seen.apparent[1], seen.apparent[0]);
+  };
   const double east = rightAscension(callisto) - rightAscension(jupiter);
   EXPECT_GT(std::fabs(east), 1e-4);
   EXPECT_EQ(paths[3].points[0].offset > 0.0f, east < 0.0);
@@ -109,7 +111,8 @@ TEST(MoonChart, LinesAreBrokenWhereMoonsAreHidden) {
     if (run.type == RecordType::kPolyline && run.layer == Layer::kOrbits) curves += run.count;
   }
   EXPECT_EQ(curves, 3);  // before and behind the disc, and the stroke of the legend
-  for (const char* text : {"Title", "East", "West", "Note", "Io", "1", "2"}) EXPECT_EQ(CountTexts(list, text), 1) << text;
+  for (const char* text : {"Title", "East", "West", "Note", "Io", "1", "2"})
+    EXPECT_EQ(CountTexts(list, text), 1) << text;
   ASSERT_EQ(list.GetPolygons().size(), 1u);  // the disc
 }
 

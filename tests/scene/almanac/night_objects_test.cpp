@@ -72,7 +72,8 @@ TEST_F(NightObjects, IsBestWhereItStandsHighestInTheDark) {
 
 TEST_F(NightObjects, ApertureAddsMagnitudes) {
   const NightPlan plan = Plan(2026, 1, 18);
-  const double eye = Get(plan, kEyeAperture, "M42").margin, larger = Get(plan, 2.0 * kEyeAperture, "M42").margin;
+  const double eye = Get(plan, kEyeAperture, "M42").margin,
+               larger = Get(plan, 2.0 * kEyeAperture, "M42").margin;
   EXPECT_NEAR(larger - eye, 5.0 * std::log10(2.0), 0.01);
   EXPECT_DOUBLE_EQ(Get(plan, 1.0, "M42").margin, eye);  // the eye opens no less
 }

@@ -33,7 +33,8 @@ NightPlan Plan(const SkyMoment& now, const EarthPlace& place) {
 
 bool IsMoonUp(const SkyMoment& moment, const EarthPlace& place) {
   CQXSolSys model;
-  const auto there = astro::MakeBodyFinder(model, astro::kMoon, nullptr, place, astro::RisingPart::kUpperLimb)(moment);
+  const auto there =
+      astro::MakeBodyFinder(model, astro::kMoon, nullptr, place, astro::RisingPart::kUpperLimb)(moment);
   return there && there->altitude > there->eventAltitude;
 }
 
@@ -50,9 +51,10 @@ TEST(NightPlan, TwilightsFollowEachOther) {
   for (const EarthPlace& place : {kBerlin, kSydney}) {
     const NightPlan plan = Plan(At(2026, 3, 15, 12), place);
     ASSERT_TRUE(plan.sun.set && plan.sun.rise);
-    const SkyMoment order[] = {plan.whole.begin,         *plan.sun.set,        *plan.civil.dusk, *plan.nautical.dusk,
-                               *plan.astronomical.dusk,  plan.middle,          *plan.astronomical.dawn,
-                               *plan.nautical.dawn,      *plan.civil.dawn,     *plan.sun.rise,   plan.whole.end};
+    const SkyMoment order[] = {plan.whole.begin,        *plan.sun.set,           *plan.civil.dusk,
+                               *plan.nautical.dusk,     *plan.astronomical.dusk, plan.middle,
+                               *plan.astronomical.dawn, *plan.nautical.dawn,     *plan.civil.dawn,
+                               *plan.sun.rise,          plan.whole.end};
     for (std::size_t i = 1; i < std::size(order); ++i) EXPECT_GT(Hours(order[i - 1], order[i]), 0.0) << i;
     EXPECT_EQ(plan.darkness, Darkness::kAstronomical);
     EXPECT_NEAR(Hours(plan.whole.begin, plan.whole.end), 24.0, 1e-6);

@@ -23,14 +23,16 @@ YearGraph MakeGraph() {
   for (int night = 0; night < 20; ++night) graph.bands[0][static_cast<std::size_t>(night)] = {{6.0f, 18.0f}};
   for (int night = 0; night < 8; ++night) graph.bands[3][static_cast<std::size_t>(night)] = {{9.0f, 15.0f}};
   RisingLine line = {SSO_ID(astro::kPlanetKind, 5), true, {}};
-  for (int night = 0; night < 20; ++night) line.points.push_back({night, 7.0f + 0.5f * static_cast<float>(night)});
+  for (int night = 0; night < 20; ++night)
+    line.points.push_back({night, 7.0f + 0.5f * static_cast<float>(night)});
   graph.lines.push_back(line);
   graph.phases.push_back({{2, 10.0f}, astro::EventKind::kFirstQuarter});
   graph.phases.push_back({{5, 10.0f}, astro::EventKind::kFullMoon});
   return graph;
 }
 
-const YearChartTexts kTexts = {"Title", "Note", {{0, "January"}}, {"Jupiter rises"}, {{1, "An event"}, {1, "Another"}}};
+const YearChartTexts kTexts = {
+    "Title", "Note", {{0, "January"}}, {"Jupiter rises"}, {{1, "An event"}, {1, "Another"}}};
 
 DisplayList Draw(const YearGraph& graph, const YearChartTexts& texts = kTexts) {
   DisplayList list;
@@ -49,9 +51,10 @@ const TextRecord* FindText(const DisplayList& list, const std::string& text) {
 
 TEST(YearChart, HasItsTextsAndAreas) {
   const DisplayList list = Draw(MakeGraph());
-  for (const char* text : {"Title", "Note", "January", "Jupiter rises", "An event", "Another", "18", "0", "6"})
+  for (const char* text :
+       {"Title", "Note", "January", "Jupiter rises", "An event", "Another", "18", "0", "6"})
     EXPECT_TRUE(FindText(list, text)) << text;
-  EXPECT_FALSE(FindText(list, "12"));    // the day is not shown
+  EXPECT_FALSE(FindText(list, "12"));        // the day is not shown
   EXPECT_EQ(list.GetPolygons().size(), 3u);  // the day, the night, and the dark; two twilights have none
   ASSERT_EQ(list.GetDiscs().size(), 2u);
   EXPECT_EQ(list.GetDiscs()[0].cosPhase, 0.0f);
@@ -124,8 +127,10 @@ TEST(NightBands, StretchesThatPartCoverTheirHalfNights) {
   double area = 0.0;
   const auto& v = list.GetVertices();
   for (std::size_t quad = 0; 4 * quad < v.size(); ++quad)
-    area += 0.5 * static_cast<double>((v[4 * quad + 1].x - v[4 * quad].x) + (v[4 * quad + 2].x - v[4 * quad + 3].x)) *
-            static_cast<double>(v[4 * quad + 2].y - v[4 * quad].y);
+    area +=
+        0.5 *
+        static_cast<double>((v[4 * quad + 1].x - v[4 * quad].x) + (v[4 * quad + 2].x - v[4 * quad + 3].x)) *
+        static_cast<double>(v[4 * quad + 2].y - v[4 * quad].y);
   EXPECT_NEAR(area, 1600.0 * 500.0 + 800.0 * 500.0, 1.0);
 }
 
@@ -141,8 +146,9 @@ TEST(ChartLabels, NamesDoNotLieOverEachOther) {
   ASSERT_GE(texts.size(), 8u);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     for (std::size_t j = 0; j < i; ++j) {
-      const bool apart = std::fabs(texts[i].y - texts[j].y) >= texts[i].size ||
-                         std::fabs(texts[i].x - texts[j].x) >= extents.GetWidth("A long name", texts[i].size, 0);
+      const bool apart =
+          std::fabs(texts[i].y - texts[j].y) >= texts[i].size ||
+          std::fabs(texts[i].x - texts[j].x) >= extents.GetWidth("A long name", texts[i].size, 0);
       EXPECT_TRUE(apart) << i << " " << j;
     }
   }

@@ -82,7 +82,8 @@ TEST(YearGraph, LinesAreThoseOfSingleNights) {
       const auto events = astro::FindRiseTransitSet(find, before, 0.04, 0.005);
       const auto& event = line.rises ? events.rise : events.set;
       ASSERT_TRUE(event) << line.body.number << " " << point.night;
-      EXPECT_NEAR((event->day - before.day + event->fraction - before.fraction) * 86400.0, 0.02 * 86400.0, 2.0);
+      EXPECT_NEAR((event->day - before.day + event->fraction - before.fraction) * 86400.0, 0.02 * 86400.0,
+                  2.0);
       ++compared;
     }
   }

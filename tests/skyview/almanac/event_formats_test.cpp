@@ -34,7 +34,8 @@ SkyEvent Make(EventKind kind, const scene::SkyMoment& moment, double value = 0.0
 
 class EventFormats : public testing::Test {
  protected:
-  EventFormats() : clock(InBerlin(f)), writing{f.catalogs, showers, clock, scene::EarthPlace{0.2, 0.9, 0.0}} {}
+  EventFormats()
+      : clock(InBerlin(f)), writing{f.catalogs, showers, clock, scene::EarthPlace{0.2, 0.9, 0.0}} {}
 
   static LocalClock InBerlin(host_test::FrameFixture& fixture) {
     fixture.camera.SetDisplayTimeZoneName("Europe/Berlin");
@@ -110,14 +111,28 @@ TEST_F(EventFormats, AnglesAreDegreesInFiles) {
 
 TEST_F(EventFormats, CalendarHasAComponentForEachEvent) {
   EXPECT_EQ(Unfold(FormatEventCalendar({full, eclipse}, writing)),
-            (Lines{"BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//common_interfaces//skyview//EN",
-                   "CALSCALE:GREGORIAN", "BEGIN:VEVENT", "UID:full-moon-moon301-20270322T10@skyview",
-                   "DTSTAMP:20270322T104400Z", "DTSTART:20270322T104400Z", "SUMMARY:Full Moon",
-                   "CATEGORIES:full-moon", "TRANSP:TRANSPARENT", "END:VEVENT", "BEGIN:VEVENT",
-                   "UID:solar-eclipse-moon301-20270802T10@skyview", "DTSTAMP:20270802T080636Z",
-                   "DTSTART:20270802T080636Z", "DTEND:20270802T130636Z",
-                   "SUMMARY:Solar eclipse\\, total\\, magnitude 1.079", "CATEGORIES:solar-eclipse",
-                   "TRANSP:TRANSPARENT", "END:VEVENT", "END:VCALENDAR"}));
+            (Lines{"BEGIN:VCALENDAR",
+                   "VERSION:2.0",
+                   "PRODID:-//common_interfaces//skyview//EN",
+                   "CALSCALE:GREGORIAN",
+                   "BEGIN:VEVENT",
+                   "UID:full-moon-moon301-20270322T10@skyview",
+                   "DTSTAMP:20270322T104400Z",
+                   "DTSTART:20270322T104400Z",
+                   "SUMMARY:Full Moon",
+                   "CATEGORIES:full-moon",
+                   "TRANSP:TRANSPARENT",
+                   "END:VEVENT",
+                   "BEGIN:VEVENT",
+                   "UID:solar-eclipse-moon301-20270802T10@skyview",
+                   "DTSTAMP:20270802T080636Z",
+                   "DTSTART:20270802T080636Z",
+                   "DTEND:20270802T130636Z",
+                   "SUMMARY:Solar eclipse\\, total\\, magnitude 1.079",
+                   "CATEGORIES:solar-eclipse",
+                   "TRANSP:TRANSPARENT",
+                   "END:VEVENT",
+                   "END:VCALENDAR"}));
 }
 
 TEST_F(EventFormats, IdentifierKeepsThroughSecondsAndTellsPlacesApart) {

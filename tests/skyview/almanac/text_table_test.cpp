@@ -97,7 +97,8 @@ TEST(LocalClock, MidnightThatIsSkippedIsTheChange) {
   const auto day = ParseDaySpan("2026-03-08");
   ASSERT_TRUE(day);
   const auto begin = ClockOf("America/Havana").FindMidnight(day->first);
-  EXPECT_EQ(begin.day + begin.fraction, At({2026, 3, 8, 5, 0, 0.0}).day + At({2026, 3, 8, 5, 0, 0.0}).fraction);
+  EXPECT_EQ(begin.day + begin.fraction,
+            At({2026, 3, 8, 5, 0, 0.0}).day + At({2026, 3, 8, 5, 0, 0.0}).fraction);
   const auto usual = ClockOf("Europe/Berlin").FindMidnight(day->first);
   EXPECT_NEAR(usual.fraction, -0.5 - 1.0 / 24.0 + 1.0, 1e-9);  // 23 h UT of the day before
 }
@@ -110,8 +111,8 @@ TEST(DaySpan, DaysMonthsAndYears) {
   EXPECT_EQ(ParseYear("2027")->GetCount(), 365);
   EXPECT_EQ(ParseYear("1582")->GetCount(), 355);  // ten days were left out
   EXPECT_EQ(ParseDaySpan("-0586")->GetCount(), 365);
-  for (const char* bad : {"", "2027-03-05..", "..2027", "2027-03-06..2027-03-05", "2027-02-30", "2027-13", "27",
-                          "2027-03-05T10:00", "2027-03-05..2027-03-06..2027-03-07", "1000..2000"})
+  for (const char* bad : {"", "2027-03-05..", "..2027", "2027-03-06..2027-03-05", "2027-02-30", "2027-13",
+                          "27", "2027-03-05T10:00", "2027-03-05..2027-03-06..2027-03-07", "1000..2000"})
     EXPECT_FALSE(ParseDaySpan(bad)) << bad;
   EXPECT_FALSE(ParseMonth("2027"));
   EXPECT_FALSE(ParseYear("2027-01"));
