@@ -75,7 +75,8 @@ TEST(AlmanacPages, DateAloneMeansTheNightThatBeginsOnIt) {
   ASSERT_EQ(sky.Run(InBerlin({"tonight", "--time", "2027-02-10T01:00"})), 0);
   EXPECT_TRUE(sky.output.str().starts_with("Night from 9 February 2027 to 10 February 2027\n"));
   ASSERT_EQ(sky.Run(InBerlin({"tonight"})), 0);  // by the clock, 18:00 of 15 January 2026
-  EXPECT_TRUE(sky.output.str().starts_with("Night from 15 January 2026 to 16 January 2026\n")) << sky.output.str();
+  EXPECT_TRUE(sky.output.str().starts_with("Night from 15 January 2026 to 16 January 2026\n"))
+      << sky.output.str();
 }
 
 TEST(AlmanacPages, EquipmentIsNamed) {
@@ -125,7 +126,8 @@ TEST(AlmanacPages, ChartsAreWritten) {
 
 TEST(AlmanacPages, EventsAreListedKeptAndRefused) {
   SmallSky sky;
-  ASSERT_EQ(sky.Run(InBerlin({"events", "2027-03", "--kind", "phases,march-equinox"})), 0) << sky.errors.str();
+  ASSERT_EQ(sky.Run(InBerlin({"events", "2027-03", "--kind", "phases,march-equinox"})), 0)
+      << sky.errors.str();
   EXPECT_EQ(sky.output.str(),
             "2027-03-08 10:29 +01:00  New Moon\n"
             "2027-03-15 17:25 +01:00  First quarter\n"
