@@ -14,7 +14,7 @@ namespace {
 using astro::EventKind;
 
 constexpr int kMostObjects = 10, kMostSmallBodies = 4, kMostShowers = 4, kMostMoonEvents = 6, kMostPasses = 6,
-              kMostNext = 14;
+              kMostNext = 12;
 constexpr int kJupiter = 5, kUranus = 7;
 
 scene::SkyMoment FromDynamicalTime(double julianDateTT) {
