@@ -22,8 +22,8 @@ class ChartLabels {
   // A line that names had better not cross.
   void AddObstacle(const ChartPoint& point) { m_Obstacles.push_back(point); }
 
-  // Writes the name right or left of that point of the line, where there is room in the area of the chart and
-  // fewest other lines are in the way, nearest to the middle; not at all where there is no room.
+  // Writes the name right or left of that point of the line, where there is room in the area of the chart
+  // and fewest other lines are in the way, nearest to the middle; not at all where there is no room.
   void Place(const std::string& name, const std::vector<ChartPoint>& line, const Colour& colour);
 
  private:

@@ -47,8 +47,8 @@ class BandPen {
     AddNightQuad(m_Chart, m_Shown, above, below, top, bottom);
   }
 
-  // From the middle of the night to that of the next one. Where stretches part or come together the wider side
-  // is the rectangle of its own half night.
+  // From the middle of the night to that of the next one. Where stretches part or come together the wider
+  // side is the rectangle of its own half night.
   void AddBelow(int night, const NightHours& hours) const {
     const double middle = night + kHalf, next = middle + 1.0;
     const bool last = night + 1 == static_cast<int>(m_Nights.size());

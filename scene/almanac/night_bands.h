@@ -11,13 +11,13 @@
 
 namespace scene {
 
-// Adds a ring from the hours `above` at night `top` to the hours `below` at night `bottom`, as far as they lie
-// within `shown`.
+// Adds a ring from the hours `above` at night `top` to the hours `below` at night `bottom`, as far as they
+// lie within `shown`.
 void AddNightQuad(const ChartFrame& chart, const NightHours& shown, const NightHours& above,
                   const NightHours& below, double top, double bottom);
 
-// Adds the rings of stretches of nights: those of neighbouring nights that overlap are joined from middle to
-// middle, one that does not go on ends in a point there. False when there are none.
+// Adds the rings of stretches of nights: those of neighbouring nights that overlap are joined from middle
+// to middle, one that does not go on ends in a point there. False when there are none.
 bool AddNightBand(const ChartFrame& chart, const NightHours& shown,
                   const std::vector<std::vector<NightHours>>& nights);
 

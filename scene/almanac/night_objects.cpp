@@ -68,7 +68,8 @@ class ObjectRanking {
     double rank;
   };
 
-  // What does not fit into the field of view: that of an eyepiece of the least power that an opening allows.
+  // What does not fit into the field of view: that of an eyepiece of the least power that an opening
+  // allows.
   double FindOverflow(double size) const {
     constexpr double kEyepiece = 50.0 * kRadiansPerDegree;
     return size > 0.0 ? std::max(0.0, 5.0 * std::log10(size * m_Power / kEyepiece)) : 0.0;

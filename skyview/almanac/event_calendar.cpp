@@ -22,8 +22,8 @@ std::string FormatBody(const SSO_ID& id) {
   return text + std::to_string(id.number);
 }
 
-// Kind and bodies of the event, its hour, and the place where it is about one. Better tables move an event by
-// seconds: its name should not change then.
+// Kind and bodies of the event, its hour, and the place where it is about one. Better tables move an event
+// by seconds: its name should not change then.
 std::string MakeIdentifier(const astro::SkyEvent& event, const EventWriting& writing) {
   constexpr std::size_t kHour = 11;  // "20270320T20"
   std::string text = std::string(GetKindName(event.kind)) + FormatBody(event.body) + FormatBody(event.other) +

@@ -15,9 +15,9 @@ struct FoundEvents {
   bool complete = true;                 // false: for a part of the span nobody can tell
 };
 
-// The events of these kinds in the span: of the Sun, the Moon, the planets to Neptune, the bright stars on their
-// way, the showers that the eye counts (the number of one is its place in astro::GetVisualShowers), and passes of
-// the satellites among `bodies` that are seen. Kinds that need a place have none without one.
+// The events of these kinds in the span: of the Sun, the Moon, the planets to Neptune, the bright stars on
+// their way, the showers that the eye counts (the number of one is its place in astro::GetVisualShowers),
+// and passes of the satellites among `bodies` that are seen. Kinds that need a place have none without one.
 FoundEvents FindEvents(const EventKinds& kinds, const astro::EventSearch& search,
                        const scene::BodyList& bodies);
 

@@ -96,8 +96,11 @@ std::string GetShowerName(int number, const std::vector<scene::Shower>& showers)
 std::string GetEventBody(const SSO_ID& id, const scene::SkyCatalogs& catalogs,
                          const std::vector<scene::Shower>& showers) {
   if (id.kind == astro::kShowerKind) return GetShowerName(id.number, showers);
-  const std::string name = GetBodyName(id, catalogs);
-  return name.empty() && !id.IsEmpty() ? scene::ToUtf8(scene::GetObjectName(id, catalogs)) : name;
+  if (id.IsEmpty()) return "";
+  std::string name = GetBodyName(id, catalogs);
+  if (name.empty()) name = scene::ToUtf8(scene::GetObjectName(id, catalogs));
+  // The stars that are passed have numbers of the Bright Star Catalogue, which every catalog may lack.
+  return name.empty() && id.kind == FourCC("star") ? "HR " + std::to_string(id.number) : name;
 }
 
 std::string GetEventTitle(const astro::SkyEvent& event, const scene::SkyCatalogs& catalogs,

@@ -17,8 +17,8 @@ namespace skyview {
 std::string GetEventTitle(const astro::SkyEvent& event, const scene::SkyCatalogs& catalogs,
                           const std::vector<scene::Shower>& showers);
 
-// The name of a body of an event, UTF-8: of a planet, a moon, a satellite, of a star that the Moon or a planet
-// passes, of a shower. "" for none.
+// The name of a body of an event, UTF-8: of a planet, a moon, a satellite, of a star that the Moon or a
+// planet passes, of a shower. "" for none.
 std::string GetEventBody(const SSO_ID& id, const scene::SkyCatalogs& catalogs,
                          const std::vector<scene::Shower>& showers);
 

@@ -24,8 +24,8 @@ class LocalClock {
   // "Europe/Berlin"; without a zone "UTC".
   std::string GetZone() const { return m_Zone.empty() ? "UTC" : m_Zone; }
 
-  // The moment at which a day (Julian day number) begins by the clocks; where they skip its midnight, that of
-  // the change.
+  // The moment at which a day (Julian day number) begins by the clocks; where they skip its midnight, that
+  // of the change.
   scene::SkyMoment FindMidnight(int day) const;
 
  private:

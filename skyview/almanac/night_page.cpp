@@ -96,7 +96,6 @@ void NightWriter::AddTwilights() {
 
 std::string NightWriter::FormatMoonless() const {
   const scene::NightPlan& plan = m_Report.plan;
-  if (plan.darkness == scene::Darkness::kNone) return "";
   if (plan.moonless.empty()) return GetText(HostText::kNeverMoonless);
   std::vector<std::string> spans;
   for (const auto& span : plan.moonless) spans.push_back(Time(span.begin) + "-" + Time(span.end));
@@ -107,10 +106,11 @@ void NightWriter::AddDarkness() {
   const scene::NightPlan& plan = m_Report.plan;
   const int minutes = static_cast<int>(std::lround(plan.dark.GetLength() * 1440.0));
   const std::string length = Localize(HostText::kHoursAndMinutes, {minutes / 60, minutes % 60});
-  m_Text += Utf8(CommonInterfaces::FormatLocalizedText(
-                static_cast<unsigned>(HostText::kFirstDarkness) + static_cast<unsigned>(plan.darkness),
-                {Time(plan.dark.begin).c_str(), Time(plan.dark.end).c_str(), length.c_str()})) +
-            FormatMoonless() + "\n";
+  std::vector<std::string> parts = {Utf8(CommonInterfaces::FormatLocalizedText(
+      static_cast<unsigned>(HostText::kFirstDarkness) + static_cast<unsigned>(plan.darkness),
+      {Time(plan.dark.begin).c_str(), Time(plan.dark.end).c_str(), length.c_str()}))};
+  if (plan.darkness != scene::Darkness::kNone) parts.push_back(FormatMoonless());
+  m_Text += WrapList("", parts, kPageWidth, 0);
 }
 
 void NightWriter::AddMoon() {
@@ -122,12 +122,11 @@ void NightWriter::AddMoon() {
   });
   const bool waxing = turn != m_Report.phases.end() && turn->kind == astro::EventKind::kFullMoon;
   const std::string name = GetBodyName(astro::kMoon, m_Catalogs),
-                    phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing)),
-                    constellation = GetConstellationName(moon.astrometric, m_Catalogs);
+                    phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing));
   m_Text += name + ": " +
             Utf8(Localize(HostText::kMoonOfNight,
                           {scene::ToCodePage(phase).c_str(), lit, m_Report.moonAge.value_or(0.0),
-                           FormatSize(2.0 * moon.angularRadius).c_str(), constellation.c_str()})) +
+                           FormatSize(2.0 * moon.angularRadius).c_str()})) +
             "\n";
   std::vector<std::string> phases;
   for (const auto& event : m_Report.phases) {
@@ -191,7 +190,7 @@ std::string NightWriter::GetLettersOf(const scene::NightObject& object) const {
 }
 
 void NightWriter::AddObjects(const std::string& heading, const std::vector<scene::NightObject>& objects) {
-  TextTable table({{kLeft, 30}, {kLeft, 20}, {kLeft}, {kRight}, {kRight}, {kLeft}, {kRight}, {kRight}});
+  TextTable table({{kLeft, 28}, {kLeft, 19}, {kLeft}, {kRight}, {kRight}, {kLeft}, {kRight}, {kRight}});
   table.AddRow({"", GetText(HostText::kKind), "", GetText(HostText::kBest), GetText(HostText::kAltitude),
                 GetText(HostText::kTowards), GetText(HostText::kMagnitude), GetText(HostText::kFromMoon)});
   for (const auto& object : objects) {

@@ -14,7 +14,7 @@ namespace {
 using astro::EventKind;
 
 constexpr int kMostObjects = 10, kMostSmallBodies = 4, kMostShowers = 4, kMostMoonEvents = 6, kMostPasses = 6,
-              kMostNext = 14;
+              kMostNext = 12;
 constexpr int kJupiter = 5, kUranus = 7;
 
 scene::SkyMoment FromDynamicalTime(double julianDateTT) {
@@ -37,8 +37,8 @@ void AddPhases(const scene::SkyMoment& now, NightReport& report) {
 
 bool IsFaint(const SSO_ID& id) { return id.kind == astro::kPlanetKind && id.number >= kUranus; }
 
-// What the eye cannot see, what happens behind the Sun's glare, and stars that the Moon passes far off are left
-// to the list of all events.
+// What the eye cannot see, what happens behind the Sun's glare, and stars that the Moon passes far off are
+// left to the list of all events.
 bool IsWorthTelling(const astro::SkyEvent& event) {
   constexpr double kGlare = 12.0 * astro::kRadiansPerDegree, kNear = 2.0 * astro::kRadiansPerDegree;
   constexpr double kLeastRate = 5.0;  // meteors an hour

@@ -19,7 +19,8 @@
 
 namespace skyview {
 
-// What Jupiter's moons do in a night while the planet is up and the Sun is down, at the beginning or the end.
+// What Jupiter's moons do in a night while the planet is up and the Sun is down, at the beginning or the
+// end.
 struct NightMoonEvent {
   astro::MoonEvent event;
   scene::SkyMoment begin, end;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Stretches of the calendar, read from their text. Each reader answers nothing for a text that is not wholly
-// of the accepted form. Days are Julian day numbers; years -9999 to 9999 with a year 0.
+// Stretches of the calendar, read from their text. Each reader answers nothing for a text that is not
+// wholly of the accepted form. Days are Julian day numbers; years -9999 to 9999 with a year 0.
 #pragma once
 
 #include <optional>

@@ -77,7 +77,7 @@ constexpr TextUse kHostTexts[] = {
     {900684, 900688, "sss", kMaxLength, true, "skyview: how dark a night becomes"},
     {900689, 900689, "s", kMaxLength, true, "skyview: hours without the Moon"},
     {900690, 900690, "", kMaxLength, true, "skyview: that the Moon is up all the time"},
-    {900691, 900691, "sdfss", kMaxLength, true, "skyview: the Moon of a night"},
+    {900691, 900691, "sdfs", kMaxLength, true, "skyview: the Moon of a night"},
     {900692, 900702, "", kMaxLength, true, "skyview: heads of the tables of a night"},
     {900703, 900704, "f", kMaxLength, true, "skyview: binoculars, telescope"},
     {900705, 900710, "", kMaxLength, true, "skyview: heads of the tables of a night"},

@@ -30,6 +30,9 @@ Endings MakeSkyviewEndings(const TempDir& dir) {
                      {"why", {"M31"}},
                      {"at", {"498,466"}},
                      {"body", {"Mars"}},
+                     {"tonight", {"--time", "2027-02-10"}},
+                     {"events", {"2027-03"}},
+                     {"year", {"2027"}},
                      {"limits", {}},
                      {"homes show", {"--work", work}},
                      {"homes store", {"--look", "180,30", "--work", work}},
@@ -38,6 +41,8 @@ Endings MakeSkyviewEndings(const TempDir& dir) {
                      {"favourites remove", {"Rigel", "--work", work}},
                      {"languages", {}}};
   endings.insert({"curve", {"Algol", "--out", dir.Path("curve.svg")}});
+  endings.insert({"moons", {"2027-03", "--out", dir.Path("moons.svg")}});
+  endings.insert({"events", {"2027-03", "--format", "ics", "--out", dir.Path("events.ics")}});
   for (auto& [command, words] : endings) words.insert(words.end(), {"--data", data});
   return endings;
 }

@@ -26,17 +26,18 @@ struct NightObject {
 // The aperture of the naked eye, mm: the pupil in the dark.
 inline constexpr double kEyeAperture = 7.0;
 
-// Deep-sky objects that can be seen in the dark part of the night through an aperture (mm, one below that of
-// the eye counts as that), at most `most` of them, the one with the largest margin first. Each stands 10
-// degrees high at least at its best moment, to a quarter of an hour: the one at which its margin is largest.
+// Deep-sky objects that can be seen in the dark part of the night through an aperture (mm, one below that
+// of the eye counts as that), at most `most` of them, the one with the largest margin first. Each stands 10
+// degrees high at least at its best moment, to a quarter of an hour: the one at which its margin is
+// largest.
 //
-// The limit is that of the eye against the sky there (astro/sky_brightness.h), with the Moon's light and what
-// is left of the Sun's, and 5 log(aperture / pupil) magnitudes more through an instrument. From it go 0.7
-// magnitudes for each air mass beyond the first: 0.2 of extinction, and haze and restless air, which cost
-// more than light near the horizon; and of an extended object what its surface, its light spread evenly over
-// its ellipse, is fainter than one magnitude below the sky's, and as much as its size exceeds the field of the
-// instrument at its least power. Messier's objects, the showpieces, come as if they had 1.5 magnitudes more.
-// Objects without a magnitude are left out.
+// The limit is that of the eye against the sky there (astro/sky_brightness.h), with the Moon's light and
+// what is left of the Sun's, and 5 log(aperture / pupil) magnitudes more through an instrument. From it go
+// 0.7 magnitudes for each air mass beyond the first: 0.2 of extinction, and haze and restless air, which
+// cost more than light near the horizon; and of an extended object what its surface, its light spread
+// evenly over its ellipse, is fainter than one magnitude below the sky's, and as much as its size exceeds
+// the field of the instrument at its least power. Messier's objects, the showpieces, come as if they had
+// 1.5 magnitudes more. Objects without a magnitude are left out.
 SCENE_API std::vector<NightObject> FindBestObjects(const NightPlan& plan, const EarthPlace& place,
                                                    const SkyCatalogs& catalogs, double aperture, int most);
 

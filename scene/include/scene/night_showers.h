@@ -18,11 +18,11 @@ struct NightShower {
       0.0;  // radians of solar longitude to the maximum, a degree is about a day; negative behind it
 };
 
-// The showers of a night that show a meteor in two hours or more when they are best, the most first. The rate
-// is that of the maximum at the zenith, falling to a tenth within some degrees of solar longitude before and
-// behind it (Jenniskens 1994, A&A 287, 990, in rounded numbers; ten degrees where he has none), times the sine
-// of the radiant's altitude, times the population index to the power of what sky and air at the zenith leave of
-// stars of magnitude 6.5. Allocates; every thread may call.
+// The showers of a night that show a meteor in two hours or more when they are best, the most first. The
+// rate is that of the maximum at the zenith, falling to a tenth within some degrees of solar longitude
+// before and behind it (Jenniskens 1994, A&A 287, 990, in rounded numbers; ten degrees where he has none),
+// times the sine of the radiant's altitude, times the population index to the power of what sky and air at
+// the zenith leave of stars of magnitude 6.5. Allocates; every thread may call.
 SCENE_API std::vector<NightShower> FindNightShowers(const NightPlan& plan, const EarthPlace& place);
 
 }  // namespace scene

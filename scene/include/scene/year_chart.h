@@ -26,9 +26,10 @@ struct YearChartTexts {
   std::vector<NightName> events;   // beside the chart, in the order of time
 };
 
-// Draws the nights from the top down, the hours of each from the left to the right, the twilights shaded, as a
-// picture of its own: `list` begins anew with that size in pixels. Lines of risings are full, those of settings
-// dashed; they are drawn where the Sun is down. The chart shows the hours around the longest night.
+// Draws the nights from the top down, the hours of each from the left to the right, the twilights shaded,
+// as a picture of its own: `list` begins anew with that size in pixels. Lines of risings are full, those of
+// settings dashed; they are drawn where the Sun is down. The chart shows the hours around the longest
+// night.
 SCENE_API void DrawYearChart(const YearGraph& graph, const YearChartTexts& texts, const TextExtents& extents,
                              int width, int height, DisplayList& list);
 

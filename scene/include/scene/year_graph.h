@@ -46,9 +46,9 @@ struct YearGraph {
   std::vector<PhaseMark> phases;
 };
 
-// Of `nights` nights from the noon of that day (Julian day number) on, by clocks that are `offset` days from
-// Universal Time all the time. No nights where nobody can tell where the bodies are. Allocates; every thread
-// may call.
+// Of `nights` nights from the noon of that day (Julian day number) on, by clocks that are `offset` days
+// from Universal Time all the time. No nights where nobody can tell where the bodies are. Allocates; every
+// thread may call.
 SCENE_API YearGraph MakeYearGraph(int firstDay, int nights, double offset, const EarthPlace& place);
 
 }  // namespace scene

@@ -101,8 +101,8 @@ TEST_F(NightObjects, NothingWithoutANight) {
   EXPECT_TRUE(FindNightShowers(plan, tromso).empty());
 }
 
-// What has not 10 degrees is left out: from 70 degrees south M31 and the Pleiades, at 41 and 24 degrees north,
-// never rise that high.
+// What has not 10 degrees is left out: from 70 degrees south M31 and the Pleiades, at 41 and 24 degrees
+// north, never rise that high.
 TEST_F(NightObjects, NorthernOnesAreNotForTheFarSouth) {
   const NightPlan plan = Plan(2026, 5, 15, kSouth);
   for (const auto& object : FindBestObjects(plan, kSouth, f.catalogs, 200.0, 10)) {
@@ -137,7 +137,7 @@ TEST(NightShowers, GeminidsLeadInTheirNights) {
   }
 }
 
-// ZHR 150, the radiant 69.5 degrees high at its best, under a country sky, two thirds of a day off the maximum.
+// ZHR 150, under a country sky, two thirds of a day off the maximum.
 TEST(NightShowers, RateIsThatOfTheZenithLessHeightDistanceAndSky) {
   const auto showers = FindNightShowers(Plan(2026, 12, 13), kBerlin);
   const double slope = std::pow(10.0, -0.39 * std::fabs(showers[0].toPeak) / kRadiansPerDegree);

@@ -63,8 +63,8 @@ TEST(NightPlan, TwilightsFollowEachOther) {
   }
 }
 
-// In Berlin the Sun is 14.1 degrees below the horizon at the June solstice's midnight; in Tromso it does not
-// set then, and does not rise in December.
+// In Berlin the Sun is 14.1 degrees below the horizon at the June solstice's midnight; in Tromso it does
+// not set then, and does not rise in December.
 TEST(NightPlan, IsAsDarkAsTheSunGoesDown) {
   EXPECT_EQ(Plan(At(2026, 6, 21, 12), kBerlin).darkness, Darkness::kNautical);
   EXPECT_EQ(Plan(At(2026, 6, 21, 12), kTromso).darkness, Darkness::kNone);

@@ -14,7 +14,8 @@ using namespace scene;
 
 namespace {
 
-// Twenty nights from 18 to 6 o'clock, the first eight of them dark, and a planet that rises later every night.
+// Twenty nights from 18 to 6 o'clock, the first eight of them dark, and a planet that rises later each
+// time.
 YearGraph MakeGraph() {
   YearGraph graph;
   graph.nights = 20;

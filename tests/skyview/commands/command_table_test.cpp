@@ -140,8 +140,8 @@ TEST(CommandTable, UnknownWordIsRefusedWithNearOnes) {
   EXPECT_EQ(Choose({"homes", "stor"}),
             "'homes stor': no such command, wants for example store (skyview --help lists them)");
   EXPECT_EQ(Choose({"qqqqqq"}),
-            "'qqqqqq': no such command, wants one of draw, where, why, at, body, curve, limits, homes, "
-            "favourites, languages (skyview --help lists them)");
+            "'qqqqqq': no such command, wants one of draw, where, why, at, body, curve, tonight, events, "
+            "year, moons, limits, homes, favourites, languages (skyview --help lists them)");
   EXPECT_TRUE(Contains(Choose({""}), "'': no such command, wants one of draw"));
   EXPECT_TRUE(Contains(Choose({"homes", ""}), "wants one of show, store"));
 }
