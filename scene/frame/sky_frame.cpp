@@ -16,8 +16,9 @@ namespace {
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
-  constexpr std::size_t kMoonShadows = 2;  // penumbra and umbra
-  constexpr std::size_t kGrounds = 2;      // of the sky and of the caption; comets have tails
+  constexpr std::size_t kTextsOfLabel = 5;  // on discs labels have shadows
+  constexpr std::size_t kMoonShadows = 2;   // penumbra and umbra
+  constexpr std::size_t kGrounds = 2;       // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
   capacity.points =
       static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars + catalogs.bodies.size() + kOverlays;
@@ -36,7 +37,7 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
                       2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
                       nebulae.points.size() + nebulae.points.size() / 4;
-  capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
+  capacity.texts = kTextsOfLabel * LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;
   return capacity;

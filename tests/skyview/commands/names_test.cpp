@@ -88,7 +88,8 @@ TEST_F(Names, AtNewMoonTheSunIsDownOnTheNearSide) {
 }
 
 TEST_F(Names, WhereAndLookSayThePairsOfAStar) {
-  const std::string pair = "Double star AB (STF 1744): magnitudes 2.3 and 4.0, 14.4 arcsec apart, position angle 152°\n";
+  const std::string pair =
+      "Double star AB (STF 1744): magnitudes 2.3 and 4.0, 14.4 arcsec apart, position angle 152°\n";
   ASSERT_EQ(sky.Run({"where", "Mizar", "--place", "Munich", "--time", "2026-06-27T23:00"}), 0);
   EXPECT_TRUE(sky.Printed(pair)) << sky.output.str();
   ASSERT_EQ(sky.Run({"--look", "Mizar@100", "--place", "Munich", "--time", "2026-06-27T23:00"}), 0);
@@ -98,8 +99,8 @@ TEST_F(Names, WhereAndLookSayThePairsOfAStar) {
 }
 
 TEST_F(Names, AnAsterismIsAnsweredByEveryCommand) {
-  const std::vector<std::string> view = {"--place", "Munich", "--time", "2026-01-15T23:00", "--look",
-                                         "Orion's Belt"};
+  const std::vector<std::string> view = {"--place",          "Munich", "--time",
+                                         "2026-01-15T23:00", "--look", "Orion's Belt"};
   const auto run = [&](std::vector<std::string> words) {
     words.insert(words.end(), view.begin(), view.end());
     return sky.Run(words);
@@ -107,7 +108,8 @@ TEST_F(Names, AnAsterismIsAnsweredByEveryCommand) {
   ASSERT_EQ(run({"where", "Gürtel des Orion"}), 0) << sky.errors.str();
   EXPECT_TRUE(sky.Printed("Orion's Belt - asterism\n")) << sky.output.str();
   ASSERT_EQ(run({"why", "three kings"}), 0);
-  EXPECT_TRUE(sky.Printed("Orion's Belt: not drawn\n- its kind is switched off: cnst.Asterisms is 0")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Orion's Belt: not drawn\n- its kind is switched off: cnst.Asterisms is 0"))
+      << sky.output.str();
 }
 
 }  // namespace
