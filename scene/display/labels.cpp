@@ -95,8 +95,9 @@ bool IsOnDisc(LabelKind kind) { return kind == LabelKind::kCrater || kind == Lab
 void AddShadow(TextRecord text, const char* written, DisplayList& list) {
   constexpr float kAway = 0.8f;  // pixels of the standard picture
   const float x = text.x, y = text.y;
-  text.colour = {0, 0, 0, 150};
-  for (const auto& [right, down] : {std::pair{1.0f, 1.0f}, std::pair{-1.0f, -1.0f}}) {
+  constexpr std::pair<float, float> kSides[] = {{1.0f, 1.0f}, {-1.0f, -1.0f}, {1.0f, -1.0f}, {-1.0f, 1.0f}};
+  text.colour = {0, 0, 0, 140};
+  for (const auto& [right, down] : kSides) {
     text.x = x + right * kAway * list.GetUnit();
     text.y = y + down * kAway * list.GetUnit();
     list.AddText(Layer::kLabels, text, written);

@@ -45,8 +45,8 @@ inline constexpr Colour kHaze = {0.33, 0.47, 0.60, 0.022};
 inline constexpr Colour kGround = {0.034, 0.044, 0.048, 1.0}, kGroundEdge = {0.42, 0.58, 0.62, 0.75};
 inline constexpr Colour kFigure = {0.42, 0.53, 0.72, 0.45};
 // Outlines and names on the discs of bodies, which may be bright and dark.
-inline constexpr Colour kCrater = {1.00, 0.85, 0.45, 0.45}, kCraterName = {1.00, 0.90, 0.60, 1.0},
-                        kRegionName = {0.72, 0.92, 1.00, 1.0};
+inline constexpr Colour kCrater = {1.00, 0.85, 0.45, 0.45}, kCraterName = {1.00, 0.94, 0.72, 1.0},
+                        kRegionName = {0.78, 0.95, 1.00, 1.0};
 // Asterisms beside the figures of constellations.
 inline constexpr Colour kAsterism = {0.86, 0.72, 0.46, 0.70};
 inline constexpr Colour kEquatorialGrid = {0.36, 0.55, 0.90, 0.34}, kJ2000Grid = {0.30, 0.62, 0.72, 0.30},

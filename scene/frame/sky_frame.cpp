@@ -19,6 +19,7 @@ namespace {
 DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
+  constexpr std::size_t kTextsOfLabel = 5;  // on discs labels have shadows
   constexpr std::size_t kEarthShadows = 2;  // penumbra and umbra on the Moon; moons have one each
   constexpr std::size_t kGrounds = 2;       // of the sky and of the caption; comets have tails
   DisplayList::Capacity capacity;
@@ -39,7 +40,7 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.rings = nebulae.rings.size() + kOverlays;
   capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
                       kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
-  capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
+  capacity.texts = kTextsOfLabel * LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + kOverlays;
   return capacity;
