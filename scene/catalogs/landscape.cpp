@@ -43,7 +43,8 @@ bool ParseSize(std::string_view svg, Size& size) {
   std::string_view box = FindAttribute(svg.substr(at), "viewBox");
   double left = 1.0, top = 1.0;
   return TakeSeparated(box, left) && TakeSeparated(box, top) && TakeSeparated(box, size.width) &&
-         TakeSeparated(box, size.height) && left == 0.0 && top == 0.0 && size.width > 0.0 && size.height > 0.0;
+         TakeSeparated(box, size.height) && left == 0.0 && top == 0.0 && size.width > 0.0 &&
+         size.height > 0.0;
 }
 
 bool ParseColour(std::string_view text, Rgba& colour) {

@@ -15,9 +15,9 @@ namespace scene {
 
 // A range of hills, or a plain, that covers all below its skyline.
 struct LandscapeLayer {
-  Rgba colour;                      // in full daylight
-  std::vector<Direction> skyline;   // all around, in the horizon frame; neighbours less than a degree apart
-  std::vector<double> altitudes;    // of these points, radians; evenly spread over the azimuths from north on
+  Rgba colour;                     // in full daylight
+  std::vector<Direction> skyline;  // all around, in the horizon frame; neighbours less than a degree apart
+  std::vector<double> altitudes;   // of these points, radians; evenly spread over the azimuths from north on
 };
 
 // What stands around an observer on a surface. Empty where nothing is known of it: the ground is plain then.
