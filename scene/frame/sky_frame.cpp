@@ -4,10 +4,10 @@
 
 #include <utility>
 
+#include "scene/chart/sky_background.h"
 #include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
-#include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

@@ -31,10 +31,12 @@ Direction At(double azimuth) { return MakeDirection(-azimuth * kRadiansPerDegree
 TEST(Landscape, SkylineIsWhereThePictureHasIt) {
   Landscape landscape;
   std::string error;
-  ASSERT_TRUE(ParseLandscape(MakePicture("0,80 0,50 90,50 180,40 270,50 360,50 360,80"), 0.0, landscape, error))
+  ASSERT_TRUE(
+      ParseLandscape(MakePicture("0,80 0,50 90,50 180,40 270,50 360,50 360,80"), 0.0, landscape, error))
       << error;
   ASSERT_EQ(landscape.layers.size(), 1u);
-  EXPECT_EQ(landscape.layers[0].colour, (Rgba{0x10, 0x20, 0x30, 255}));
+  const LandscapeLayer& layer = landscape.layers[0];
+  EXPECT_TRUE(layer.red == 0x10 && layer.green == 0x20 && layer.blue == 0x30);
   EXPECT_NEAR(landscape.GetSkyline(At(180.0)) / kRadiansPerDegree, 10.0, 1e-9);
   EXPECT_NEAR(landscape.GetSkyline(At(90.0)) / kRadiansPerDegree, 5.0, 1e-9);
   EXPECT_NEAR(landscape.GetSkyline(At(0.0)) / kRadiansPerDegree, 5.0, 1e-9);
@@ -46,8 +48,7 @@ TEST(Landscape, SkylineIsWhereThePictureHasIt) {
 TEST(Landscape, LeftEdgeStandsInItsAzimuth) {
   Landscape landscape;
   std::string error;
-  ASSERT_TRUE(
-      ParseLandscape(MakePicture("0,50 90,50 180,40 270,50 360,50"), 100.0, landscape, error));
+  ASSERT_TRUE(ParseLandscape(MakePicture("0,50 90,50 180,40 270,50 360,50"), 100.0, landscape, error));
   EXPECT_NEAR(landscape.GetSkyline(At(280.0)) / kRadiansPerDegree, 10.0, 1e-9);
 }
 
@@ -73,21 +74,22 @@ TEST(Landscape, SkylineGoesAllAroundInSmallSteps) {
 }
 
 TEST(Landscape, DamagedPicturesAreRefusedAndChangeNothing) {
-  const std::string cases[] = {"",
-                               "<svg></svg>",
-                               "<svg viewBox=\"0 0 0 80\"><polygon fill=\"#000000\" points=\"0,1 2,1\"/></svg>",
-                               std::string(kHead) + "</svg>",
-                               MakePicture("0,50 360,50", "green"),
-                               MakePicture("0,50 360,50", "#12345g"),
-                               MakePicture(""),
-                               MakePicture("0,50"),
-                               MakePicture("0,50 300,50"),        // not to the right edge
-                               MakePicture("10,50 360,50"),       // not from the left one
-                               MakePicture("0,50 200,50 100,50 360,50"),
-                               MakePicture("0,50 360,-5"),
-                               MakePicture("0,50 360,nan"),
-                               MakePicture("0,50 360"),
-                               MakePicture("0,80 360,80")};
+  const std::string cases[] = {
+      "",
+      "<svg></svg>",
+      "<svg viewBox=\"0 0 0 80\"><polygon fill=\"#000000\" points=\"0,1 2,1\"/></svg>",
+      std::string(kHead) + "</svg>",
+      MakePicture("0,50 360,50", "green"),
+      MakePicture("0,50 360,50", "#12345g"),
+      MakePicture(""),
+      MakePicture("0,50"),
+      MakePicture("0,50 300,50"),   // not to the right edge
+      MakePicture("10,50 360,50"),  // not from the left one
+      MakePicture("0,50 200,50 100,50 360,50"),
+      MakePicture("0,50 360,-5"),
+      MakePicture("0,50 360,nan"),
+      MakePicture("0,50 360"),
+      MakePicture("0,80 360,80")};
   for (const std::string& svg : cases) {
     Landscape landscape;
     landscape.layers.resize(1);
@@ -119,7 +121,8 @@ class LoadedLandscape : public testing::Test {
  protected:
   LoadedLandscape() {
     dir.Write("media/surface/panoramas.ini",
-              "plnt\t3\thills.svg\t1\t7\tHills\t0\nplnt\t3\tsea.svg\t0\t8\tSea\t0\nplnt\t4\tbad.svg\t1\t9\tBad\t0\n");
+              "plnt\t3\thills.svg\t1\t7\tHills\t0\nplnt\t3\tsea.svg\t0\t8\tSea\t0\nplnt\t4\tbad."
+              "svg\t1\t9\tBad\t0\n");
     dir.Write("media/surface/hills.svg", MakePicture("0,50 360,50"));
     dir.Write("media/surface/sea.svg", MakePicture("0,60 360,60"));
     dir.Write("media/surface/bad.svg", "no picture");

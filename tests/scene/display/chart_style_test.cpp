@@ -90,7 +90,8 @@ class ChartStyleTest : public testing::Test {
   }
   bool HasLayer(Layer layer) {
     const auto& runs = f.frame.GetDisplayList().GetRuns();
-    return std::any_of(runs.begin(), runs.end(), [layer](const scene::Run& run) { return run.layer == layer; });
+    return std::any_of(runs.begin(), runs.end(),
+                       [layer](const scene::Run& run) { return run.layer == layer; });
   }
 
   host_test::FrameFixture f;

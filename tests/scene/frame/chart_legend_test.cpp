@@ -76,9 +76,10 @@ TEST_F(ChartLegendTest, ScaleBarIsTrueInTheMiddleOfThePicture) {
   Draw();
   const ViewGeometry geometry(f.camera);
   const ScaleBar bar = FindScaleBar(geometry.scale, 190.0);
-  const auto pixel = geometry.Project(
-      MakeDirection(f.camera.GetViewAngles().lon, f.camera.GetViewAngles().lat + 0.5 * bar.count * kRadiansPerDegree),
-      SkyFrameOf::kHorizon);
+  const auto pixel =
+      geometry.Project(MakeDirection(f.camera.GetViewAngles().lon,
+                                     f.camera.GetViewAngles().lat + 0.5 * bar.count * kRadiansPerDegree),
+                       SkyFrameOf::kHorizon);
   EXPECT_NEAR(pixel.y - 500.0, 0.5 * bar.length, 0.01);
   EXPECT_TRUE(Find((std::to_string(bar.count) + bar.sign).c_str()));
 }
@@ -133,9 +134,9 @@ TEST_F(ChartLegendTest, SamplesNameNoObject) {
       EXPECT_EQ(list.GetPolylines()[static_cast<std::size_t>(i)].object, ObjectRef{});
     }
   }
-  const int deepsky = static_cast<int>(std::count_if(
-      list.GetPolylines().begin(), list.GetPolylines().end(),
-      [](const PolylineRecord& line) { return line.object.kind == GetFOURCC("nebu"); }));
+  const int deepsky = static_cast<int>(
+      std::count_if(list.GetPolylines().begin(), list.GetPolylines().end(),
+                    [](const PolylineRecord& line) { return line.object.kind == GetFOURCC("nebu"); }));
   EXPECT_EQ(deepsky, 1) << "the nebula itself";
 }
 

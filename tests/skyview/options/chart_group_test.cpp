@@ -53,7 +53,8 @@ TEST(ChartValues, NumbersHaveTheirRanges) {
   EXPECT_EQ(ParseLimitMagnitude("5.5"), 5.5);
   EXPECT_EQ(ParseLandscapeChoice("none"), kNoLandscape);
   EXPECT_EQ(ParseLandscapeChoice("2"), 2);
-  for (const char* bad : {"", "0", "121", "1.2d", "nan", "inf", "1e400"}) EXPECT_FALSE(ParseEyepiece(bad)) << bad;
+  for (const char* bad : {"", "0", "121", "1.2d", "nan", "inf", "1e400"})
+    EXPECT_FALSE(ParseEyepiece(bad)) << bad;
   for (const char* bad : {"", "0", "10", "4.5", "-1"}) EXPECT_FALSE(ParseBortle(bad)) << bad;
   for (const char* bad : {"", "-0.1", "6.6", "x"}) EXPECT_FALSE(ParseLimitMagnitude(bad)) << bad;
   for (const char* bad : {"", "-1", "65536", "hills"}) EXPECT_FALSE(ParseLandscapeChoice(bad)) << bad;

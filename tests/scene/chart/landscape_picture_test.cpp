@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/landscape_picture.h"
+#include "scene/chart/landscape_picture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "scene/frame/sky_background.h"
+#include "scene/chart/sky_background.h"
 #include "scene/frame_helpers.h"
 #include "support/allocation_counter.h"
 
@@ -72,8 +72,8 @@ TEST_F(LandscapePictureTest, ReachesItsAltitude) {
   ASSERT_NE(ground, list.GetRuns().end());
   const PolygonRecord& area = list.GetPolygons()[static_cast<std::size_t>(ground->first)];
   const RingRecord& ring = list.GetRings()[static_cast<std::size_t>(area.firstRing)];
-  const auto south = ViewGeometry(f.camera).Project(
-      MakeDirection(-kPi, 40.0 * kRadiansPerDegree), SkyFrameOf::kHorizon);
+  const auto south =
+      ViewGeometry(f.camera).Project(MakeDirection(-kPi, 40.0 * kRadiansPerDegree), SkyFrameOf::kHorizon);
   double nearest = 1e9;
   for (int i = 0; i < ring.vertexCount; ++i) {
     const Vertex& vertex = list.GetVertices()[static_cast<std::size_t>(ring.firstVertex + i)];
