@@ -61,8 +61,7 @@ TEST_F(PaintedStyles, PrintIsMostlyWhitePaper) {
   EXPECT_GT(white, 640 * 300 * 8 / 10);
   for (const auto& star : f.frame.GetStars()) {
     const auto& place = star.output->m_Place;
-    if (place.x < 5.0f || place.x > 380.0f || place.y < 200.0f || place.y > 390.0f)
-      continue;
+    if (place.x < 5.0f || place.x > 380.0f || place.y < 200.0f || place.y > 390.0f) continue;
     const Pixel middle = picture.At(static_cast<int>(place.x), static_cast<int>(400.0f - place.y));
     EXPECT_LT(middle.red, 80) << star.number;
   }
