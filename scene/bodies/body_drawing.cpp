@@ -63,7 +63,7 @@ class BodyPen {
       DrawTail(colour);
       DrawDot(colour);
     } else if (m_Id.kind == FourCC("astr")) {
-      DrawRinged(colour);
+      GetStyleRules(m_List.GetStyle()).symbols ? DrawRinged(colour) : DrawDot(colour);
     } else if (m_Id.kind == FourCC("scft")) {
       DrawDiamond(colour);
     } else {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "common_interfaces/panoramas.h"
 #include "utils/numbers.h"
@@ -47,13 +48,14 @@ bool ParseSize(std::string_view svg, Size& size) {
          size.height > 0.0;
 }
 
-bool ParseColour(std::string_view text, Rgba& colour) {
+bool ParseColour(std::string_view text, LandscapeLayer& layer) {
   unsigned value = 0;
   if (text.size() != 7 || text.front() != '#') return false;
   text.remove_prefix(1);
   if (!TakeHexadecimal(text, value) || !text.empty()) return false;
-  colour = {static_cast<unsigned char>(value >> 16), static_cast<unsigned char>(value >> 8),
-            static_cast<unsigned char>(value), 255};
+  layer.red = static_cast<unsigned char>(value >> 16);
+  layer.green = static_cast<unsigned char>(value >> 8);
+  layer.blue = static_cast<unsigned char>(value);
   return true;
 }
 
@@ -83,9 +85,8 @@ double Interpolate(const std::vector<double>& x, const std::vector<double>& y, d
   return y[i] + t * (a + t * (3.0 * rise - 2.0 * a - b + t * (a + b - 2.0 * rise)));
 }
 
-LandscapeLayer MakeLayer(const std::vector<double>& x, const std::vector<double>& y, const Size& size,
-                         double leftAzimuth, const Rgba& colour) {
-  LandscapeLayer layer = {colour, {}, {}};
+void FillLayer(const std::vector<double>& x, const std::vector<double>& y, const Size& size,
+               double leftAzimuth, LandscapeLayer& layer) {
   for (std::size_t i = 0; i < kPoints; ++i) {
     const double azimuth = static_cast<double>(i) / kPoints;  // turns
     const double fromLeft = azimuth - leftAzimuth / 360.0;
@@ -95,7 +96,6 @@ LandscapeLayer MakeLayer(const std::vector<double>& x, const std::vector<double>
     layer.altitudes.push_back(altitude);
     layer.skyline.push_back(MakeDirection(-kTurn * azimuth, altitude));
   }
-  return layer;
 }
 
 }  // namespace
@@ -124,14 +124,15 @@ bool ParseLandscape(std::string_view svg, double leftAzimuth, Landscape& landsca
   for (auto at = svg.find(kElement); at != std::string_view::npos; at = svg.find(kElement, at + 1)) {
     const std::string_view element = svg.substr(at);
     std::vector<double> x, y;
-    Rgba colour = {};
-    if (!ParseColour(FindAttribute(element, "fill"), colour) ||
+    LandscapeLayer layer = {};
+    if (!ParseColour(FindAttribute(element, "fill"), layer) ||
         !ParseSkyline(FindAttribute(element, "points"), size, x, y)) {
       error = "polygon " + std::to_string(read.layers.size() + 1) +
               " has no fill #RRGGBB or no skyline from the left to the right edge";
       return false;
     }
-    read.layers.push_back(MakeLayer(x, y, size, leftAzimuth, colour));
+    FillLayer(x, y, size, leftAzimuth, layer);
+    read.layers.push_back(std::move(layer));
   }
   if (read.layers.empty()) {
     error = "holds no polygon";

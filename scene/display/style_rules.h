@@ -33,7 +33,7 @@ struct Ink {
 struct StyleRules {
   bool nightSky = false;      // no day, twilight and moonlight
   bool landscape = true;      // else the ground is plain
-  bool symbols = true;        // of deep-sky objects
+  bool symbols = true;        // of deep-sky objects and asteroids
   bool caption = true;        // and what else is written over the picture
   bool border = false;        // a line around the picture
   bool ringedBodies = false;  // a ring around what moves, as stars have none

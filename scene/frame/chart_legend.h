@@ -5,10 +5,10 @@
 #include <array>
 #include <string>
 
+#include "scene/chart/picture_axes.h"
 #include "scene/class_limits.h"
 #include "scene/compass.h"
 #include "scene/display/labels.h"
-#include "scene/frame/picture_axes.h"
 #include "scene/frame/sky_objects.h"
 
 namespace scene {

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "scene/bodies/solar_system_part.h"
+#include "scene/chart/finder_marks.h"
+#include "scene/chart/landscape_picture.h"
 #include "scene/display/labels.h"
 #include "scene/display_list.h"
 #include "scene/frame/caption_block.h"
 #include "scene/frame/chart_legend.h"
 #include "scene/frame/favourite_marks.h"
-#include "scene/frame/finder_marks.h"
 #include "scene/frame/image_frames.h"
-#include "scene/frame/landscape_picture.h"
 #include "scene/frame/marker_marks.h"
 #include "scene/frame/milky_way_picture.h"
 #include "scene/frame/nebula_clouds.h"

@@ -4,11 +4,11 @@
 
 #include <utility>
 
+#include "scene/chart/sky_background.h"
 #include "scene/display/deepsky_symbols.h"
 #include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
-#include "scene/frame/sky_background.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

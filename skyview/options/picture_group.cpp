@@ -80,6 +80,11 @@ void CheckFrames(const SequenceOptions& sequence) {
       {"--trails", sequence.trails}};
   for (const auto& [name, file] : files) {
     if (file && !sequence.play) throw Stop{kBadOption, std::string(name) + ": wants --play beside it"};
+    for (const auto& [otherName, other] : files) {
+      if (file && &other != &file && other == file)
+        throw Stop{kBadOption,
+                   std::string(name) + " '" + *file + "': given twice; wants two different files"};
+    }
   }
 }
 

@@ -261,3 +261,23 @@ TEST(NakedEyeLimit, FallsWithoutJumps) {
     before = now;
   }
 }
+
+// The bounds of the classes as they are read from sky quality meters lie between neighbours.
+TEST(SkyBrightnessOfSites, ClassesOfBortleGrowBrighter) {
+  constexpr double kBounds[] = {21.99, 21.89, 21.69, 20.49, 19.50, 18.94, 18.38, 17.8};
+  for (int bortle = 1; bortle < 9; ++bortle) {
+    EXPECT_GE(astro::GetDarknessOfBortle(bortle), kBounds[bortle - 1]) << bortle;
+    EXPECT_LE(astro::GetDarknessOfBortle(bortle + 1), kBounds[bortle - 1]) << bortle;
+  }
+  EXPECT_EQ(astro::GetDarknessOfBortle(0), astro::GetDarknessOfBortle(1));
+  EXPECT_EQ(astro::GetDarknessOfBortle(99), astro::GetDarknessOfBortle(9));
+}
+
+TEST(SkyBrightnessOfSites, LimitOfTheEyeAndDarknessUndoEachOther) {
+  for (const double limit : {2.0, 4.0, 5.5, 6.5}) {
+    const double darkness = astro::GetDarknessOfLimit(limit);
+    EXPECT_NEAR(astro::GetNakedEyeLimit(astro::GetLuminance(darkness)), limit, 1e-6) << limit;
+  }
+  EXPECT_NEAR(astro::GetDarknessOfLimit(-30.0), 10.0, 1e-6) << "the ends of the range";
+  EXPECT_NEAR(astro::GetDarknessOfLimit(30.0), 23.0, 1e-6);
+}

@@ -96,3 +96,46 @@ TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
   EXPECT_EQ(error.find(path), 0u) << error;
   EXPECT_EQ(error.find('\n'), std::string::npos);
 }
+
+// One frame of 1600 x 1000 is copied 400 wide, at a quarter: texts of 20 pixels are 5 there, those of 40 are
+// 10. A caption, of 13 pixels, has gone, and so has the ground below it.
+TEST_F(ContactSheetTest, TextsTooSmallToReadAreLeftOut) {
+  const auto write = [this](float size, bool ground) {
+    DisplayList list = MakePlain({0, 0, 0, 255}, 1600, 1000);
+    const float right = 1600.0f, top = 900.0f, bottom = 1000.0f;
+    if (ground) {
+      list.Add(Layer::kCaptionGround, GradientRecord{{0, right, right, 0},
+                                                     {top, top, bottom, bottom},
+                                                     0,
+                                                     top,
+                                                     0,
+                                                     bottom,
+                                                     0.5f,
+                                                     kRed,
+                                                     kRed,
+                                                     kRed,
+                                                     {}});
+    }
+    TextRecord text = {};
+    text.x = 100.0f;
+    text.y = 500.0f;
+    text.size = size;
+    text.colour = {255, 255, 255, 255};
+    list.AddText(Layer::kLabels, text, "MMMMMM");
+    paint::ContactSheet sheet(1, 1600, 1000);
+    EXPECT_TRUE(sheet.Add(list, "", error)) << error;
+    return Write(sheet);
+  };
+  const auto isBlack = [](const std::string& png) {
+    const Painted picture(png);
+    for (int y = 9; y < 250; ++y) {
+      for (int x = 9; x < 400; ++x) {
+        if (picture.At(x, y) != Pixel{0, 0, 0}) return false;
+      }
+    }
+    return true;
+  };
+  EXPECT_TRUE(isBlack(write(20.0f, false)));
+  EXPECT_FALSE(isBlack(write(40.0f, false)));
+  EXPECT_TRUE(isBlack(write(20.0f, true)));
+}

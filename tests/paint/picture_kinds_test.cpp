@@ -4,6 +4,8 @@
 // A list made by hand as PNG, SVG and PDF.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "paint/font_extents.h"
 #include "paint/painted.h"
 #include "paint/picture_file.h"
@@ -91,6 +93,20 @@ TEST_F(PictureKinds, PdfIsOnePageOfAPointAPixel) {
   EXPECT_NE(bytes.rfind("%%EOF"), std::string::npos);
   EXPECT_EQ(Count(bytes, "/Type /Page\n") + Count(bytes, "/Type /Page "), 1);
   EXPECT_NE(bytes.find("/MediaBox [ 0 0 200 100 ]"), std::string::npos);
+}
+
+// A4 is 210 x 297 mm; the list, twice as wide as high, fills the width between margins of 10 mm.
+TEST_F(PictureKinds, PdfOnASheetHasItsTrueSize) {
+  constexpr double kMillimetre = 72.0 / 25.4;
+  const Sheet sheet = {210.0 * kMillimetre, 297.0 * kMillimetre, 10.0 * kMillimetre};
+  ASSERT_TRUE(MakePdf(list, bytes, error, sheet)) << error;
+  double width = 0.0, height = 0.0;
+  const auto box = bytes.find("/MediaBox [ 0 0 ");
+  ASSERT_NE(box, std::string::npos);
+  ASSERT_EQ(std::sscanf(bytes.c_str() + box, "/MediaBox [ 0 0 %lf %lf", &width, &height), 2);
+  EXPECT_NEAR(width, 595.276, 0.001);
+  EXPECT_NEAR(height, 841.890, 0.001);
+  EXPECT_EQ(Count(bytes, "/Type /Page\n") + Count(bytes, "/Type /Page "), 1);
 }
 
 TEST_F(PictureKinds, PdfHasItsTextsInAFont) {

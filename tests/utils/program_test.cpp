@@ -34,4 +34,11 @@ TEST(Program, LackOfMemoryIsOneLineAndStatusOne) {
   EXPECT_THROW(RunProgram(Fail, 1, arguments), std::runtime_error);
 }
 
+// What is captured goes to a file.
+TEST(Program, FileIsNoTerminal) {
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(IsErrorTerminal());
+  testing::internal::GetCapturedStderr();
+}
+
 }  // namespace

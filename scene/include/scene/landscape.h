@@ -9,13 +9,12 @@
 #include "astro/object_id.h"
 #include "scene/api.h"
 #include "scene/directions.h"
-#include "scene/display_list.h"
 
 namespace scene {
 
 // A range of hills, or a plain, that covers all below its skyline.
 struct LandscapeLayer {
-  Rgba colour;                     // in full daylight
+  unsigned char red, green, blue;  // in full daylight
   std::vector<Direction> skyline;  // all around, in the horizon frame; neighbours less than a degree apart
   std::vector<double> altitudes;   // of these points, radians; evenly spread over the azimuths from north on
 };

@@ -64,6 +64,7 @@ TEST(Groups, EveryOptionIsInTheHelp) {
   ExpectDescribed(kSettingsGroup);
   ExpectDescribed(kSatelliteGroup);
   ExpectDescribed(kExtraGroup);
+  ExpectDescribed(kChartGroup);
   ExpectDescribed(kPictureGroup);
   ExpectDescribed(kSequenceGroup);
   ExpectDescribed(kKeepGroup);
@@ -239,6 +240,52 @@ TEST(SkyGroups, BadValueNamesOptionValueAndForm) {
   ExpectRefused(kSatelliteGroup, {{"--tle", "", "FILE"}});
 }
 
+TEST(ChartGroup, IsRead) {
+  const auto chart = ParseGroup(kChartGroup, {"--style", "print", "--legend", "off", "--eyepiece", "1.2",
+                                              "--eyepiece", "2", "--telrad", "--sensor", "23.5x15.6@800@45",
+                                              "--page", "A3,landscape", "--bortle", "4", "--landscape", "2"});
+  ASSERT_FALSE(chart.stop) << chart.message;
+  EXPECT_EQ(chart.options.style, scene::ChartStyle::kPrint);
+  EXPECT_EQ(chart.options.legend, false);
+  EXPECT_EQ(chart.options.eyepieces, (std::vector<double>{1.2, 2.0}));
+  EXPECT_TRUE(chart.options.telrad);
+  ASSERT_EQ(chart.options.sensors.size(), 1u);
+  EXPECT_EQ(chart.options.sensors[0].angle, 45.0);
+  EXPECT_TRUE(chart.options.page && chart.options.page->landscape);
+  EXPECT_EQ(chart.options.bortle, 4);
+  EXPECT_EQ(chart.options.landscape, 2);
+}
+
+TEST(ChartGroup, BadValueNamesOptionValueAndForm) {
+  ExpectRefused(kChartGroup, {{"--style", "paper", "screen|print|night|photo"},
+                              {"--legend", "yes", "on|off"},
+                              {"--eyepiece", "0", "DEGREES"},
+                              {"--sensor", "23.5@800", "WIDTHxHEIGHT@FOCUS"},
+                              {"--page", "A9", "A5|A4|A3"},
+                              {"--bortle", "10", "CLASS"},
+                              {"--limit-magnitude", "7", "MAGNITUDE"},
+                              {"--landscape", "hills", "ID|none"}});
+}
+
+TEST(ChartGroup, DarknessIsSaidOnce) {
+  EXPECT_TRUE(Contains(ParseGroup(kChartGroup, {"--bortle", "4", "--limit-magnitude", "5"}).message,
+                       "--bortle: says how dark the sky is, wants no --limit-magnitude beside it"));
+}
+
+TEST(ChartGroup, PageSaysTheSize) {
+  SkyOptions sky;
+  CommandLine line("test", "Tests what a sky takes.");
+  TakeSky(line, sky);
+  ASSERT_FALSE(host_test::Parse(line, {"--page", "A4"}));
+  EXPECT_EQ(sky.view.GetSize().width, 1122);
+  SkyOptions both;
+  CommandLine other("test", "Tests what a sky takes.");
+  TakeSky(other, both);
+  const auto stop = host_test::Parse(other, {"--page", "A4", "--size", "800x600"});
+  ASSERT_TRUE(stop);
+  EXPECT_EQ(stop->message.substr(0, 36), "--page: says the size, wants no --si");
+}
+
 TEST(PictureGroups, AreRead) {
   EXPECT_EQ(ParseGroup(kPictureGroup, {"--out", "a.svg", "--out", "b.png"}).options.out,
             (std::vector<std::string>{"a.svg", "b.png"}));
@@ -258,7 +305,9 @@ TEST(PictureGroups, BadValueNamesOptionValueAndForm) {
   ExpectRefused(kKeepGroup, {{"--save-view", ":1", "FILE[:ID]"}, {"--save-session", "", "FILE"}});
   ExpectRefused(kSequenceGroup, {{"--play", "time=1", "time=STEP"},
                                  {"--frames", "10001", "N"},
-                                 {"--contact-sheet", "a.svg", "FILE.png"}});
+                                 {"--contact-sheet", "a.svg", "FILE.png"},
+                                 {"--animation", "a.gif", "FILE.png"},
+                                 {"--trails", "a.svg", "FILE.png"}});
 }
 
 TEST(PictureGroups, ThreePicturesOrTheSameTwiceAreRefused) {
@@ -269,6 +318,12 @@ TEST(PictureGroups, ThreePicturesOrTheSameTwiceAreRefused) {
 TEST(PictureGroups, SequenceWantsFramesAndPatterns) {
   EXPECT_EQ(CheckDrawing({"--play", "time=1h", "--frames", "2", "--out", "a%d.png"}), "");
   EXPECT_EQ(CheckDrawing({"--play", "time=1h", "--frames", "2", "--contact-sheet", "a.png"}), "");
+  EXPECT_EQ(CheckDrawing({"--play", "time=1h", "--frames", "2", "--animation", "a.png"}), "");
+  EXPECT_EQ(CheckDrawing({"--play", "time=1h", "--frames", "2", "--trails", "a.png"}), "");
+  EXPECT_EQ(CheckDrawing({"--trails", "a.png"}), "--trails: wants --play beside it");
+  EXPECT_EQ(CheckDrawing({"--animation", "a.png"}), "--animation: wants --play beside it");
+  EXPECT_EQ(CheckDrawing({"--play", "time=1h", "--frames", "2", "--trails", "a.png", "--animation", "a.png"}),
+            "--animation 'a.png': given twice; wants two different files");
   EXPECT_EQ(CheckDrawing({"--out", "a.png"}), "");
   EXPECT_EQ(CheckDrawing({"--play", "time=1h"}), "--play: wants --frames N beside it");
   EXPECT_EQ(CheckDrawing({"--frames", "2"}), "--frames: wants --play beside it");

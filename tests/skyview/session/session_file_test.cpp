@@ -28,6 +28,9 @@ SessionCapsule MakeCapsule() {
   capsule.framesOf = kDeepskyImages | kMilkyWayImages;
   capsule.showers = true;
   capsule.plainSky = true;
+  capsule.chart.style = ChartStyle::kNight;
+  capsule.chart.eyepieces = {1.2};
+  capsule.chart.page = ParsePage("A4");
   capsule.data = {{"catalogs:stars.txt", 0x0123456789ABCDEFu}};
   return capsule;
 }
@@ -56,6 +59,7 @@ TEST(SessionFile, EverythingComesBack) {
   std::string error;
   ASSERT_TRUE(ParseSession(FormatSession(MakeCapsule()), back, error)) << error;
   EXPECT_EQ(back.language, "de");
+  EXPECT_EQ(FormatChart(back.chart), "style night\neyepiece 1.2\npage A4,portrait\n");
   EXPECT_EQ(back.size.width, 800);
   EXPECT_EQ(back.size.height, 500);
   EXPECT_EQ(back.zone, "Europe/Berlin");

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/picture_axes.h"
+#include "scene/chart/picture_axes.h"
 
 #include <cmath>
 

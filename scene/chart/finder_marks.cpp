@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/finder_marks.h"
+#include "scene/chart/finder_marks.h"
 
 #include <algorithm>
 #include <cmath>

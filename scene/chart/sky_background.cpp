@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/sky_background.h"
+#include "scene/chart/sky_background.h"
 
 #include <algorithm>
 #include <array>

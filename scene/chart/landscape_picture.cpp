@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/landscape_picture.h"
+#include "scene/chart/landscape_picture.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "scene/chart/sky_background.h"
 #include "scene/display/region_drawing.h"
-#include "scene/frame/sky_background.h"
 #include "scene/view/pixel_directions.h"
 
 namespace scene {
@@ -17,8 +17,8 @@ namespace {
 constexpr double kBandDepths[] = {0.0, 0.5, 1.3, 2.6, 4.8, 8.5, 15.0, 26.0};
 constexpr std::size_t kBands = std::size(kBandDepths);
 
-Colour ToColour(const Rgba& colour) {
-  return {colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0, 1.0};
+Colour GetColour(const LandscapeLayer& layer) {
+  return {layer.red / 255.0, layer.green / 255.0, layer.blue / 255.0, 1.0};
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ void LandscapePicture::Draw(const SkyLight& light, DisplayList& list) const {
     PolygonRecord area = {};
     if (i % kBands == 0) {
       const auto layer = i / kBands;
-      area.colour = FindLandColour(light, ToColour(m_Landscape.layers[layer].colour),
+      area.colour = FindLandColour(light, GetColour(m_Landscape.layers[layer]),
                                    1.0 - static_cast<double>(layer + 1) / layers);
     } else {
       SetSoftColour({0.0, 0.0, 0.0, kShade / 5.0}, 1.2f * list.GetUnit(), area);

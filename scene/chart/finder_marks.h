@@ -4,9 +4,9 @@
 
 #include <vector>
 
+#include "scene/chart/picture_axes.h"
 #include "scene/display/labels.h"
 #include "scene/finder.h"
-#include "scene/frame/picture_axes.h"
 
 namespace scene {
 
