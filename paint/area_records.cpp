@@ -53,13 +53,8 @@ void AddSeenRing(std::span<const scene::Vertex> ring, const Surroundings& around
   cairo_close_path(context);
 }
 
-// A file of paths wants few vertices: most of its time and of its bytes goes into their numbers. Of a picture
-// in pixels all are painted, since cairo's strokes round differently without them, if only by one step of a
-// colour here and there.
-bool WritesPaths(cairo_t* context) {
-  return cairo_surface_get_type(cairo_get_target(context)) != CAIRO_SURFACE_TYPE_IMAGE;
-}
-
+// Of a picture in pixels all vertices are painted, since cairo's strokes round differently without them, if
+// only by one step of a colour here and there.
 void AddRings(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
   constexpr double kMore = 2.0;  // pixels, for what antialiasing touches
   const Surroundings around(list, 0.25 * kWidest * static_cast<double>(area.softness) + kMore);
@@ -95,6 +90,10 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
 }
 
 }  // namespace
+
+bool WritesPaths(cairo_t* context) {
+  return cairo_surface_get_type(cairo_get_target(context)) != CAIRO_SURFACE_TYPE_IMAGE;
+}
 
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
   cairo_new_path(context);

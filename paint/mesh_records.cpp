@@ -119,8 +119,8 @@ class MeshPixels {
 
 // Pictures of pixels get a value for each of them; others a coarser image, which viewers make smooth.
 double GetImageScale(cairo_t* context) {
-  constexpr double kCoarse = 0.25;
-  return cairo_surface_get_type(cairo_get_target(context)) == CAIRO_SURFACE_TYPE_IMAGE ? 1.0 : kCoarse;
+  constexpr double kCoarse = 0.125;
+  return WritesPaths(context) ? kCoarse : 1.0;
 }
 
 }  // namespace
