@@ -11,6 +11,7 @@ namespace {
 // Widths of the strokes of a soft edge, in halves of its softness.
 constexpr double kEdgeWidths[] = {9.0, 21.0, 36.0, 56.0};
 constexpr double kWidest = 56.0;
+constexpr double kSoftTolerance = 0.5;  // pixels by which the roundings of these strokes may be off
 
 // Sides of the picture, widened by what is painted round an outline, that a vertex lies beyond.
 class Surroundings {
@@ -81,6 +82,8 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
   AddRings(list, area, context);
   SetColour(area.edge, context);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
+  cairo_set_tolerance(context, kSoftTolerance);
+  cairo_set_antialias(context, CAIRO_ANTIALIAS_FAST);
   for (const double width : kEdgeWidths) {
     cairo_set_line_width(context, 0.5 * width * area.softness);
     cairo_stroke_preserve(context);

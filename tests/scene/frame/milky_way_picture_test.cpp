@@ -124,7 +124,8 @@ TEST_F(MilkyWayPictureTest, IsResolvedIntoStarsByATelescope) {
 }
 
 TEST_F(MilkyWayPictureTest, HasNoMoreNodesThanItMay) {
-  for (const auto& [width, height] : {std::pair{1600, 1000}, {16384, 64}, {64, 16384}, {16384, 16384}, {64, 64}}) {
+  for (const auto& [width, height] :
+       {std::pair{1600, 1000}, {16384, 64}, {64, 16384}, {16384, 16384}, {64, 64}}) {
     for (const double zoom : {0.25, 0.5, 1.0, 3.0, 50.0}) {
       f.SetWindow(width, height);
       f.camera.SetZoom(zoom);
