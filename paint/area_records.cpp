@@ -11,6 +11,7 @@ namespace {
 // Widths of the strokes of a soft edge, in halves of its softness.
 constexpr double kEdgeWidths[] = {9.0, 21.0, 36.0, 56.0};
 constexpr double kWidest = 56.0;
+constexpr double kSoftTolerance = 0.5;  // pixels by which the roundings of these strokes may be off
 
 // Sides of the picture, widened by what is painted round an outline, that a vertex lies beyond.
 class Surroundings {
@@ -53,13 +54,8 @@ void AddSeenRing(std::span<const scene::Vertex> ring, const Surroundings& around
   cairo_close_path(context);
 }
 
-// A file of paths wants few vertices: most of its time and of its bytes goes into their numbers. Of a picture
-// in pixels all are painted, since cairo's strokes round differently without them, if only by one step of a
-// colour here and there.
-bool WritesPaths(cairo_t* context) {
-  return cairo_surface_get_type(cairo_get_target(context)) != CAIRO_SURFACE_TYPE_IMAGE;
-}
-
+// Of a picture in pixels all vertices are painted, since cairo's strokes round differently without them, if
+// only by one step of a colour here and there.
 void AddRings(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
   constexpr double kMore = 2.0;  // pixels, for what antialiasing touches
   const Surroundings around(list, 0.25 * kWidest * static_cast<double>(area.softness) + kMore);
@@ -86,6 +82,8 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
   AddRings(list, area, context);
   SetColour(area.edge, context);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
+  cairo_set_tolerance(context, kSoftTolerance);
+  cairo_set_antialias(context, CAIRO_ANTIALIAS_FAST);
   for (const double width : kEdgeWidths) {
     cairo_set_line_width(context, 0.5 * width * area.softness);
     cairo_stroke_preserve(context);
@@ -95,6 +93,10 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
 }
 
 }  // namespace
+
+bool WritesPaths(cairo_t* context) {
+  return cairo_surface_get_type(cairo_get_target(context)) != CAIRO_SURFACE_TYPE_IMAGE;
+}
 
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
   cairo_new_path(context);

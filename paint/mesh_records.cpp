@@ -65,6 +65,12 @@ Channels Mix(const Channels& a, const Channels& b, float part) {
   return mixed;
 }
 
+Channels Subtract(const Channels& a, const Channels& b) {
+  Channels difference;
+  for (std::size_t i = 0; i < difference.size(); ++i) difference[i] = a[i] - b[i];
+  return difference;
+}
+
 // The mesh as the pixels of an image of some size.
 class MeshPixels {
  public:
@@ -78,11 +84,14 @@ class MeshPixels {
   void FillRow(int y, unsigned char* row) {
     MixNodes(FindNodes(y, m_Height, m_Mesh.rows));
     const auto& thresholds = kThresholds[static_cast<std::size_t>(y & 7)];
-    for (std::size_t x = 0; x < m_Across.size(); ++x) {
-      const Between& at = m_Across[x];
-      const Channels* const left = m_Line.data() + at.node;
-      const std::uint32_t word = MakeWord(Mix(left[0], left[1], at.part), thresholds[x & 7]);
-      std::memcpy(row + 4 * x, &word, sizeof word);
+    for (std::size_t x = 0; x < m_Across.size();) {
+      const int node = m_Across[x].node;
+      const Channels from = m_Line[static_cast<std::size_t>(node)],
+                     way = Subtract(m_Line[static_cast<std::size_t>(node) + 1], from);
+      for (; x < m_Across.size() && m_Across[x].node == node; ++x) {
+        const std::uint32_t word = MakeWord(from, way, m_Across[x].part, thresholds[x & 7]);
+        std::memcpy(row + 4 * x, &word, sizeof word);
+      }
     }
   }
 
@@ -100,14 +109,15 @@ class MeshPixels {
     return {static_cast<float>(colour.blue), static_cast<float>(colour.green), static_cast<float>(colour.red),
             static_cast<float>(colour.alpha)};
   }
-  // Opacity in the highest byte, the colours multiplied with it.
-  static std::uint32_t MakeWord(const Channels& colour, float threshold) {
-    const float opacity = colour[3] * (1.0f / 255.0f);
-    const Channels multiplied = {colour[0] * opacity, colour[1] * opacity, colour[2] * opacity, colour[3]};
-    std::array<std::int32_t, 4> whole;
-    for (std::size_t i = 0; i < whole.size(); ++i)
-      whole[i] = static_cast<std::int32_t>(std::min(multiplied[i] + threshold, 255.0f));
-    return static_cast<std::uint32_t>(whole[3] << 24 | whole[2] << 16 | whole[1] << 8 | whole[0]);
+  // Opacity in the highest byte, the colours multiplied with it. A threshold is less than 1, so that no
+  // channel is more than 255.
+  static std::uint32_t MakeWord(const Channels& from, const Channels& way, float part, float threshold) {
+    const float alpha = from[3] + way[3] * part, opacity = alpha * (1.0f / 255.0f);
+    const auto whole = [threshold](float value) {
+      return static_cast<std::uint32_t>(static_cast<std::int32_t>(value + threshold));
+    };
+    return whole(alpha) << 24 | whole((from[2] + way[2] * part) * opacity) << 16 |
+           whole((from[1] + way[1] * part) * opacity) << 8 | whole((from[0] + way[0] * part) * opacity);
   }
 
   const scene::DisplayList& m_List;
@@ -119,8 +129,8 @@ class MeshPixels {
 
 // Pictures of pixels get a value for each of them; others a coarser image, which viewers make smooth.
 double GetImageScale(cairo_t* context) {
-  constexpr double kCoarse = 0.25;
-  return cairo_surface_get_type(cairo_get_target(context)) == CAIRO_SURFACE_TYPE_IMAGE ? 1.0 : kCoarse;
+  constexpr double kCoarse = 0.125;
+  return WritesPaths(context) ? kCoarse : 1.0;
 }
 
 }  // namespace

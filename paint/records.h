@@ -13,6 +13,9 @@
 
 namespace paint {
 
+// Whether the picture is a file of paths, whose time and bytes go into the numbers that it is made of.
+bool WritesPaths(cairo_t* context);
+
 void PaintPoint(const scene::PointRecord& point, cairo_t* context);
 void PaintDisc(const scene::DiscRecord& disc, cairo_t* context);
 // As a picture of its surface, made pixel by pixel.

@@ -23,6 +23,18 @@ void FillCircle(double x, double y, double radius, const scene::Rgba& colour, ca
   cairo_fill(context);
 }
 
+// A circle as one point that is stroked with a round end, of four numbers where a filled one has fifty.
+void StrokeDot(double x, double y, double radius, const scene::Rgba& colour, cairo_t* context) {
+  cairo_new_path(context);
+  cairo_move_to(context, x, y);
+  cairo_line_to(context, x, y);
+  SetColour(colour, context);
+  cairo_set_line_width(context, 2.0 * radius);
+  cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+  cairo_stroke(context);
+  cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
+}
+
 // The lit part: half a circle on the side of the Sun, and the terminator, which is half an ellipse whose
 // short axis is the radius times the cosine of the phase angle.
 void FillLitPart(const scene::DiscRecord& disc, cairo_t* context) {
@@ -58,7 +70,8 @@ void PaintGlow(double x, double y, const scene::Glow& glow, cairo_t* context) {
 
 void PaintPoint(const scene::PointRecord& point, cairo_t* context) {
   PaintGlow(point.x, point.y, point.glow, context);
-  FillCircle(point.x, point.y, point.radius, point.colour, context);
+  const auto paint = WritesPaths(context) ? StrokeDot : FillCircle;
+  paint(point.x, point.y, point.radius, point.colour, context);
 }
 
 void PaintDisc(const scene::DiscRecord& disc, cairo_t* context) {

@@ -16,7 +16,7 @@ namespace {
 
 // Nodes lie as near as the cells of the map, but not so near or so far that it costs or shows; pixels of the
 // standard picture.
-constexpr double kCell = 0.4 * kRadiansPerDegree, kLeastStep = 9.0, kMostStep = 32.0;
+constexpr double kCell = 0.4 * kRadiansPerDegree, kLeastStep = 11.0, kMostStep = 32.0;
 
 double FindStep(const ViewGeometry& geometry) {
   const double cell = kCell * 0.5 * geometry.scale;  // in the middle of the window

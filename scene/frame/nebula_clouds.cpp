@@ -86,7 +86,7 @@ bool NebulaClouds::IsFormed(int object) const {
 
 void NebulaClouds::Draw(double strength, DisplayList& list) const {
   if (!(strength > 0.0)) return;
-  constexpr double kLeastStep = 1.0;  // pixels; the edge is soft
+  const double leastStep = 2.0 * static_cast<double>(list.GetUnit());  // the edge is soft
   constexpr float kSoftness = 0.4f;
   for (const Cloud& cloud : m_Clouds) {
     const int object = m_Catalogs.nebulaOutlines.outlines[static_cast<std::size_t>(cloud.outline)].object;
@@ -98,7 +98,7 @@ void NebulaClouds::Draw(double strength, DisplayList& list) const {
     Colour colour = palette::kNebulaLevels[cloud.level - 1];
     colour.opacity *= strength * static_cast<double>(cloud.opacity);
     SetSoftColour(colour, kSoftness * list.GetUnit(), area);
-    AddRings(m_Picture, cloud.firstRing, cloud.ringCount, kLeastStep, list);
+    AddRings(m_Picture, cloud.firstRing, cloud.ringCount, leastStep, list);
     list.AddArea(Layer::kDeepsky, area);
   }
 }

@@ -91,7 +91,8 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   parts.asterisms.Draw(lines, list);
   parts.imageFrames.Draw(list);
   parts.solarSystem.DrawOrbits(list);
-  parts.nebulae.Draw(lines, list);
+  // Their light goes as that of the Milky Way does, but for a trace that shows the outline.
+  parts.nebulae.Draw(lines * (0.25 + 0.75 * parts.light.GetGlowStrength()), list);
   if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);
   parts.solarSystem.DrawBodies(sky, list);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "paint/picture_file.h"
 #include "paint/record_fixture.h"
 
 using namespace scene;
@@ -28,6 +29,15 @@ TEST_F(RoundRecords, PointIsAFilledCircle) {
   EXPECT_EQ(picture.At(112, 50), kBlack);
   EXPECT_EQ(picture.At(106, 56), (Pixel{255, 128, 0}));  // 8.5 from the middle
   EXPECT_EQ(picture.At(108, 58), kBlack);                // 11.3
+}
+
+// A stroke of the width of the circle around one place.
+TEST_F(RoundRecords, PointIsARoundEndInSvg) {
+  list.Add(Layer::kStars, PointRecord{100.5f, 50.5f, 10.0f, {255, 128, 0, 255}, {}, {}});
+  std::string bytes, error;
+  ASSERT_TRUE(paint::MakeSvg(list, bytes, error)) << error;
+  EXPECT_NE(bytes.find("stroke-width:20;stroke-linecap:round"), std::string::npos) << bytes;
+  EXPECT_NE(bytes.find("M 100.5 50.5 L 100.5 50.5"), std::string::npos) << bytes;
 }
 
 // White of opacity 1 in the middle, 0.4 at half of the way, nothing at 40 pixels.

@@ -18,14 +18,17 @@ TEST(PixelDirections, AreTheProjectionTheOtherWay) {
         SphViewCoor angles = f.camera.GetViewAngles();
         angles.slope = slope;
         f.camera.SetRA_Dec(angles);
+        PrepareObserver(f.camera);
         const ViewGeometry geometry(f.camera);
-        const PixelDirections directions(geometry);
-        for (const auto& [x, y] : {std::pair(0.0, 0.0), {800.0, 500.0}, {1600.0, 1000.0}, {400.0, 777.0}}) {
-          const Direction direction = directions.Find({x, y});
-          EXPECT_NEAR(Dot(direction, direction), 1.0, 1e-12);
-          const auto pixel = geometry.Project(direction, SkyFrameOf::kHorizon);
-          EXPECT_NEAR(pixel.x, x, 0.02) << zoom << " " << azimuth << " " << slope;
-          EXPECT_NEAR(pixel.y, y, 0.02) << zoom << " " << azimuth << " " << slope;
+        for (const SkyFrameOf frame : {SkyFrameOf::kHorizon, SkyFrameOf::kJ2000}) {
+          const PixelDirections directions(geometry, frame);
+          for (const auto& [x, y] : {std::pair(0.0, 0.0), {800.0, 500.0}, {1600.0, 1000.0}, {400.0, 777.0}}) {
+            const Direction direction = directions.Find({x, y});
+            EXPECT_NEAR(Dot(direction, direction), 1.0, 1e-12);
+            const auto pixel = geometry.Project(direction, frame);
+            EXPECT_NEAR(pixel.x, x, 0.02) << zoom << " " << azimuth << " " << slope;
+            EXPECT_NEAR(pixel.y, y, 0.02) << zoom << " " << azimuth << " " << slope;
+          }
         }
       }
     }
