@@ -55,6 +55,7 @@ class OrbitPaths {
   struct Centre {
     SSO_ID body;
     double state[3], velocity[3], shown[3];
+    Direction turn;  // by which its moons are seen beside that
   };
   bool FindCentre(const View& view, const SkyBody& body, Centre& centre) const;
   static bool IsTooSmall(const View& view, double radius);

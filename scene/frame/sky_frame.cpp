@@ -33,9 +33,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   capacity.meshes = 1;
   capacity.rings = catalogs.milkyWay.size() + nebulae.rings.size() + kOverlays;
-  capacity.vertices = catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 + kRimPoints +
-                      2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() + kGridVertices +
-                      nebulae.points.size() + nebulae.points.size() / 4;
+  constexpr std::size_t kGlobeVertices = 8 * 1000;  // of lines on discs that are seen at a time
+  capacity.vertices = kGlobeVertices + catalogs.milkyWayPoints.size() + catalogs.milkyWayPoints.size() / 4 +
+                      kRimPoints + 2 * (capacity.polylines + kOverlays) + 4 * catalogs.deepsky.size() +
+                      kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + catalogs.deepsky.size() + kOverlays;

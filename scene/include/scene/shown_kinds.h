@@ -43,6 +43,9 @@ struct SCENE_API ShownKinds {
   bool spacecraft = true;
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
+  bool planetGrid = false;    // lines on the discs of planets, and of the Sun
+  bool planetGuides = false;  // their axes and equators
+  bool moonGrid = false, moonGuides = false;
   bool noradNumbers = false;  // beside satellites, in place of names
   // Day, twilight and moonlight for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.

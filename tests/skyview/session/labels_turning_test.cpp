@@ -123,8 +123,10 @@ TEST_F(LabelsTurning, NamesNeverOverlap) {
     std::vector<Box> boxes;
     for (const auto& text : list.GetTexts()) {
       const char* const bytes = list.GetTextBytes().data() + text.first;
-      const auto letters = std::count_if(bytes, bytes + text.length, [](char c) { return (c & 0xC0) != 0x80; });
-      const double width = 0.45 * text.size * static_cast<double>(letters), left = text.x - text.anchor * width;
+      const auto letters =
+          std::count_if(bytes, bytes + text.length, [](char c) { return (c & 0xC0) != 0x80; });
+      const double width = 0.45 * text.size * static_cast<double>(letters),
+                   left = text.x - text.anchor * width;
       boxes.push_back({left, text.y - 0.7 * text.size, left + width, text.y + 0.15 * text.size});
     }
     for (std::size_t i = 0; i < boxes.size(); ++i) {
