@@ -199,11 +199,11 @@ void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int de
   }
 }
 
-void OrbitPaths::Draw(DisplayList& list) const {
+void OrbitPaths::Draw(const SkyColours& sky, DisplayList& list) const {
   PolylineRecord record = {};
   record.width = 1.2f * list.GetUnit();
   for (const auto& line : m_Lines) {
-    record.colour = ToRgba(GetColour(line.body.kind), static_cast<double>(line.opacity));
+    record.colour = sky.ReadableLine(ToRgba(GetColour(line.body.kind), static_cast<double>(line.opacity)));
     record.object = line.body;
     list.AddVertex(line.from.x, list.GetHeight() - line.from.y);
     list.AddVertex(line.to.x, list.GetHeight() - line.to.y);

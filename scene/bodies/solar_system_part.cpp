@@ -34,12 +34,15 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
                               const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light,
                               LabelPlacer& labels) {
   m_Orbits.Clear();
+  m_Paths.Clear();
   m_Passes.Clear();
   if (!m_FromEarth) return m_Marks.Clear();
   const EarthPlace place = GetPlace(geometry.camera);
   const BodyTests tests(m_Model, geometry, observer, shown, filters, light);
   m_Marks.Compute(geometry, tests, shown, m_Shadows, labels);
-  m_Orbits.Compute(geometry, observer, place, shown.horizon && observer.horizon);
+  const bool hidden = shown.horizon && observer.horizon;
+  m_Orbits.Compute(geometry, observer, place, hidden);
+  m_Paths.Compute(geometry, observer, place, {shown.planetCelPath, shown.planetLocPath, hidden});
 }
 
 void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer,

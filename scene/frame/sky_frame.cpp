@@ -59,7 +59,7 @@ void Draw(FrameParts& parts) {
   parts.boundaries.Draw(lines, list);
   parts.figures.Draw(lines, list);
   parts.imageFrames.Draw(list);
-  parts.solarSystem.DrawOrbits(list);
+  parts.solarSystem.DrawOrbits(sky, list);
   parts.nebulae.Draw(lines, list);
   parts.objects.DrawDeepsky(parts.nebulae, lines, list);
   parts.objects.DrawStars(list);

@@ -132,8 +132,18 @@ TEST_F(GoldenPictures, Symbols) {
   AddLine({{110, 35}, {140, 35}, {140, 65}, {110, 65}}, 1.2f, 0.0f, kGreen, kClosedLine);
   list.Add(Layer::kBodies,
            DiscRecord{170.0f, 50.0f, 24.0f, 0.6f, 0.8f, -0.4f, kWhite, {30, 30, 34, 255}, {}, {}});
-  list.Add(Layer::kBodies, ShadowRecord{174.0f, 58.0f, 4.0f, 14.0f, 0.5f, 170.0f, 50.0f, 24.0f, {20, 0, 0, 230},
-                                        {20, 0, 0, 120}, {20, 0, 0, 0}, {}});
+  list.Add(Layer::kBodies, ShadowRecord{174.0f,
+                                        58.0f,
+                                        4.0f,
+                                        14.0f,
+                                        0.5f,
+                                        170.0f,
+                                        50.0f,
+                                        24.0f,
+                                        {20, 0, 0, 230},
+                                        {20, 0, 0, 120},
+                                        {20, 0, 0, 0},
+                                        {}});
   Compare("symbols", 0.6, 24);
 }
 
