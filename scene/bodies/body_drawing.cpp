@@ -161,6 +161,7 @@ void BodyPen::DrawGlobe(const DiscRecord& disc) const {
     for (const Rgba& colour : m_Globes.GetRing()) m_List.AddColour(colour);
   }
   m_List.Add(Layer::kBodies, record);
+  DrawGlobeLines(record, m_Drawn.lines, m_List);
 }
 
 ShadowRecord BodyPen::MakeShadow(const DrawnShadow& shadow) const {

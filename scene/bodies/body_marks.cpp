@@ -102,6 +102,8 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
                     : tPoint<double>{0.0, 1.0};
   drawn.distance = state.seen.distance;
   drawn.labelIndex = -1;
+  drawn.lines =
+      moon ? GlobeLines{shown.moonGrid, shown.moonGuides} : GlobeLines{shown.planetGrid, shown.planetGuides};
   if (drawn.asDisc) drawn.globe = m_Globes.Find(body, state, geometry, m_Model.GetMoment().julianDateTT);
   if (drawn.globe && geometry.air) drawn.place = drawn.globe->centre;
   m_Drawn.push_back(drawn);

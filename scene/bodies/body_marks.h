@@ -8,6 +8,7 @@
 
 #include "scene/bodies/body_globes.h"
 #include "scene/bodies/body_tests.h"
+#include "scene/bodies/globe_lines.h"
 #include "scene/display/labels.h"
 #include "scene/display/sky_colours.h"
 #include "scene/eclipse.h"
@@ -26,6 +27,7 @@ struct DrawnBody {
   double distance;             // au
   int labelIndex;              // -1: none
   std::optional<Globe> globe;  // its surface, where it is drawn as a disc and known
+  GlobeLines lines;            // on it
 };
 
 // The Earth's shadow on the Moon's disc, or that of a moon on its planet's. Pixels, y up.

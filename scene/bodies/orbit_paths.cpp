@@ -49,6 +49,7 @@ struct OrbitPaths::View {
   const ObserverFrame& observer;
   bool hideBelowHorizon;
   double from[3];   // the observer relative to the Sun, au
+  Direction turn;   // to what all points are seen beside their places with the aberration of the year
   OrbitInfo orbit;  // the one that is being drawn; its centre relative to the Sun
 
   Point FindPoint(double anomaly) const;
@@ -84,7 +85,9 @@ OrbitPaths::Point OrbitPaths::View::FindPoint(double anomaly) const {
   Direction direction;
   FindPlace(orbit, anomaly, direction.v);
   for (int i = 0; i < 3; ++i) direction.v[i] -= from[i];
-  return {anomaly, ApparentDirection(Normalised(direction), observer)};
+  Direction seen = ApparentDirection(Normalised(direction), observer);
+  for (int i = 0; i < 3; ++i) seen.v[i] += turn.v[i];
+  return {anomaly, Normalised(seen)};
 }
 
 // Whether an orbit that is that large lies within the dot of what it leads around.
@@ -111,7 +114,7 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
                          bool hideBelowHorizon) {
   m_Lines.clear();
   if (m_Settings.GetOrbits().empty()) return;
-  View view = {geometry, observer, hideBelowHorizon, {0.0, 0.0, 0.0}, {}};
+  View view = {geometry, observer, hideBelowHorizon, {0.0, 0.0, 0.0}, {}, {}};
   double velocity[3], onEarth[3];
   if (!m_Model.GetModel().GetHeliocentricState(kEarth, nullptr, view.from, velocity)) return;
   GetPlaceVector(m_Model.GetMoment(), place, onEarth);
@@ -122,7 +125,8 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
   }
 }
 
-// What the body moves around, as it is seen: a planet whose moons are looked at stands where its light left it.
+// What the body moves around, as it is seen: a planet whose moons are looked at stands where its light left it, and
+// the daily aberration moves it by several pixels where moons are told apart.
 bool OrbitPaths::FindCentre(const View& view, const SkyBody& body, Centre& centre) const {
   const CQXSolSys& model = m_Model.GetModel();
   if (IsAboutEarth(body.id)) {
@@ -136,14 +140,18 @@ bool OrbitPaths::FindCentre(const View& view, const SkyBody& body, Centre& centr
   const int planet = FindBody(m_Model.GetBodies(), centre.body);
   if (planet < 0 || !m_Model.GetStates()[static_cast<std::size_t>(planet)].known) return false;
   const ObservedBody& seen = m_Model.GetStates()[static_cast<std::size_t>(planet)].seen;
-  for (int i = 0; i < 3; ++i) centre.shown[i] = view.from[i] + seen.astrometric[i] * seen.distance;
+  const Direction moved = ApparentDirection(MakeDirection(seen.astrometric), view.observer);
+  for (int i = 0; i < 3; ++i) {
+    centre.shown[i] = view.from[i] + seen.astrometric[i] * seen.distance;
+    centre.turn.v[i] = seen.apparent[i] - moved.v[i];
+  }
   return model.GetHeliocentricState(centre.body, nullptr, centre.state, centre.velocity);
 }
 
 void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
   const CQXSolSys& model = m_Model.GetModel();
   double r[3], v[3];
-  Centre centre = {kSun, {}, {}, {}};
+  Centre centre = {kSun, {}, {}, {}, {}};
   // The model has the elements already, and made them ready.
   if (!model.GetHeliocentricState(body.id, nullptr, r, v)) return;
   if (!FindCentre(view, body, centre)) return;
@@ -152,6 +160,7 @@ void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
     v[i] -= centre.velocity[i];
     view.orbit.m_Center[i] = centre.shown[i];
   }
+  view.turn = centre.turn;
   if (IsTooSmall(view, Vmod(r, 3))) return;
   // The Moon pulls at the Earth too.
   const double mu = model.GetGravity(centre.body) + (IsAboutEarth(body.id) ? model.GetGravity(body.id) : 0.0);
@@ -190,11 +199,11 @@ void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int de
   }
 }
 
-void OrbitPaths::Draw(DisplayList& list) const {
+void OrbitPaths::Draw(const SkyColours& sky, DisplayList& list) const {
   PolylineRecord record = {};
   record.width = 1.2f * list.GetUnit();
   for (const auto& line : m_Lines) {
-    record.colour = ToRgba(GetColour(line.body.kind), static_cast<double>(line.opacity));
+    record.colour = sky.ReadableLine(ToRgba(GetColour(line.body.kind), static_cast<double>(line.opacity)));
     record.object = line.body;
     list.AddVertex(line.from.x, list.GetHeight() - line.from.y);
     list.AddVertex(line.to.x, list.GetHeight() - line.to.y);

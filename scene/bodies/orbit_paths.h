@@ -8,6 +8,7 @@
 
 #include "common_interfaces/render_settings.h"
 #include "scene/body_model.h"
+#include "scene/display/sky_colours.h"
 #include "scene/display_list.h"
 #include "scene/observer_frame.h"
 #include "scene/view/view_geometry.h"
@@ -42,7 +43,7 @@ class OrbitPaths {
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const EarthPlace& place,
                bool hideBelowHorizon);
   void Clear() { m_Lines.clear(); }
-  void Draw(DisplayList& list) const;
+  void Draw(const SkyColours& sky, DisplayList& list) const;
 
   const std::vector<DrawnOrbitLine>& GetLines() const { return m_Lines; }
   CommonInterfaces::RenderSettings& GetSettings() { return m_Settings; }
@@ -55,6 +56,7 @@ class OrbitPaths {
   struct Centre {
     SSO_ID body;
     double state[3], velocity[3], shown[3];
+    Direction turn;  // by which its moons are seen beside that
   };
   bool FindCentre(const View& view, const SkyBody& body, Centre& centre) const;
   static bool IsTooSmall(const View& view, double radius);

@@ -34,6 +34,7 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
                               const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light,
                               LabelPlacer& labels) {
   m_Orbits.Clear();
+  m_Paths.Clear();
   m_Passes.Clear();
   m_Names.Clear();
   if (!m_FromEarth) return m_Marks.Clear();
@@ -42,7 +43,9 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
   m_Marks.Compute(geometry, tests, shown, m_Shadows);
   m_Names.Compute(geometry, observer, m_Model, m_Marks.GetDrawn(), shown, labels);
   m_Marks.KeepClear(labels);
-  m_Orbits.Compute(geometry, observer, place, shown.horizon && observer.horizon);
+  const bool hidden = shown.horizon && observer.horizon;
+  m_Orbits.Compute(geometry, observer, place, hidden);
+  m_Paths.Compute(geometry, observer, place, {shown.planetCelPath, shown.planetLocPath, hidden});
 }
 
 void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer,

@@ -7,6 +7,7 @@
 #include "scene/bodies/body_marks.h"
 #include "scene/bodies/body_tests.h"
 #include "scene/bodies/orbit_paths.h"
+#include "scene/bodies/planet_paths.h"
 #include "scene/bodies/satellite_pass.h"
 #include "scene/bodies/surface_names.h"
 #include "scene/eclipse.h"
@@ -19,7 +20,12 @@ namespace scene {
 class SolarSystemPart {
  public:
   SolarSystemPart(const BodyList& bodies, const Gazetteers& gazetteers)
-      : m_Model(bodies), m_Marks(m_Model), m_Orbits(m_Model), m_Passes(m_Model), m_Names(gazetteers) {}
+      : m_Model(bodies),
+        m_Marks(m_Model),
+        m_Orbits(m_Model),
+        m_Paths(m_Model),
+        m_Passes(m_Model),
+        m_Names(gazetteers) {}
 
   void FetchTexts() { m_Marks.FetchTexts(); }
 
@@ -36,7 +42,10 @@ class SolarSystemPart {
   void PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
                    const ObjectFilters& filters, const SkyLight& light, LabelPlacer& labels);
 
-  void DrawOrbits(DisplayList& list) const { m_Orbits.Draw(list); }
+  void DrawOrbits(const SkyColours& sky, DisplayList& list) const {
+    m_Orbits.Draw(sky, list);
+    m_Paths.Draw(sky, list);
+  }
   // The paths of satellites under the bodies.
   void DrawBodies(const SkyColours& sky, DisplayList& list) const {
     m_Passes.Draw(list);
@@ -58,6 +67,7 @@ class SolarSystemPart {
   EclipseShadows m_Shadows;
   BodyMarks m_Marks;
   OrbitPaths m_Orbits;
+  PlanetPaths m_Paths;
   SatellitePasses m_Passes;
   SurfaceNames m_Names;
   bool m_FromEarth = false;

@@ -8,6 +8,7 @@
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
+#include "scene/air.h"
 #include "scene/base_plane.h"
 
 namespace scene {
@@ -41,6 +42,7 @@ GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer) {
       break;
     case GridSystemId::kHorizontal:
       system.westward = true;
+      system.ofSight = true;
       system.colour = palette::kHorizontalGrid;
       system.label = LabelKind::kHorizontalGrid;
       std::copy(std::begin(observer.reduction), std::end(observer.reduction), system.axes);
@@ -52,7 +54,8 @@ GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer) {
 Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
                          const ObserverFrame& observer) {
   Direction direction;
-  V3Mprod(coordinates.v, system.axes, direction.v);
+  V3Mprod(system.ofSight && observer.refraction ? Lowered(coordinates).v : coordinates.v, system.axes,
+          direction.v);
   return system.ofCatalogues ? ApparentDirection(direction, observer) : direction;
 }
 

@@ -22,14 +22,15 @@ struct GridSystem {
   bool westward;  // labels count against the direction of the axes, as azimuths do
   Colour colour;
   LabelKind label;
+  bool ofSight = false;  // its coordinates are those at which air shows things
 };
 
 // The ecliptic and the equator of date are those of the observer's moment, the galactic frame is that of
 // base_plane.h. The horizontal one needs an observer with a horizon.
 GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer);
 
-// Of the system's coordinates, as the picture shows them: J2000 axes, with aberration where the system asks
-// for it.
+// Of the system's coordinates, as the picture shows them before air lifts it: J2000 axes, with aberration where the
+// system asks for it.
 Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
                          const ObserverFrame& observer);
 

@@ -36,9 +36,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
                        catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
+  constexpr std::size_t kGlobeVertices = 8 * 1000;  // of lines on discs that are seen at a time
   capacity.meshes = 2;  // the sky, the Milky Way
   capacity.rings = nebulae.rings.size() + kOverlays;
-  capacity.vertices = kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
+  capacity.vertices = kGlobeVertices + kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
                       kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
   capacity.texts = kTextsOfLabel * LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
@@ -90,7 +91,7 @@ void Draw(FrameParts& parts, const ClassLimits& stars, const SkyCatalogs& catalo
   parts.figures.Draw(lines, list);
   parts.asterisms.Draw(lines, list);
   parts.imageFrames.Draw(list);
-  parts.solarSystem.DrawOrbits(list);
+  parts.solarSystem.DrawOrbits(sky, list);
   // Their light goes as that of the Milky Way does, but for a trace that shows the outline.
   parts.nebulae.Draw(lines * (0.25 + 0.75 * parts.light.GetGlowStrength()), list);
   if (rules.symbols) parts.objects.DrawDeepsky(parts.nebulae, lines, list);

@@ -48,15 +48,19 @@ double LiftedAltitude(double altitude) {
   return std::atan2(sine + FindAirLift(sine), std::cos(altitude));
 }
 
-// What is seen there stands at most 0.8 degrees lower.
+// By secants: the lift changes by a quarter of what the altitude does at most, so that the first guess is good.
 double LoweredAltitude(double altitude) {
-  constexpr double kMost = 0.8 * kRadiansPerDegree, kPrecision = 1e-13;
-  double low = altitude - kMost, high = altitude;
-  while (high - low > kPrecision) {
-    const double middle = 0.5 * (low + high);
-    (LiftedAltitude(middle) < altitude ? low : high) = middle;
+  constexpr double kPrecision = 1e-14;
+  double last = altitude, beyondLast = LiftedAltitude(last) - altitude;
+  double here = last - beyondLast, beyond = LiftedAltitude(here) - altitude;
+  for (int i = 0; i < 20 && std::fabs(beyond) > kPrecision && beyond != beyondLast; ++i) {
+    const double next = here - beyond * (here - last) / (beyond - beyondLast);
+    last = here;
+    beyondLast = beyond;
+    here = next;
+    beyond = LiftedAltitude(here) - altitude;
   }
-  return 0.5 * (low + high);
+  return here;
 }
 
 Direction Lowered(const Direction& seen) {

@@ -40,6 +40,9 @@ class Painted {
   Painted(const Painted&) = delete;
   Painted& operator=(const Painted&) = delete;
 
+  bool WritePng(const std::string& path) const {
+    return cairo_surface_write_to_png(m_Surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
+  }
   bool IsGood() const { return m_Status == CAIRO_STATUS_SUCCESS; }
   int GetWidth() const { return cairo_image_surface_get_width(m_Surface); }
   int GetHeight() const { return cairo_image_surface_get_height(m_Surface); }

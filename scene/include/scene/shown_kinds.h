@@ -49,7 +49,11 @@ struct SCENE_API ShownKinds {
   bool moonPhases = true;
   bool planetFeatures = true;  // names on their surfaces
   bool moonFeatures = true;
-  bool noradNumbers = false;  // beside satellites, in place of names
+  bool planetGrid = false;    // lines on the discs of planets, and of the Sun
+  bool planetGuides = false;  // their axes and equators
+  bool moonGrid = false, moonGuides = false;
+  bool planetCelPath = false, planetLocPath = false;  // of planets among the stars and over the horizon
+  bool noradNumbers = false;                          // beside satellites, in place of names
   // Day, twilight and moonlight for an observer on the Earth with a horizon; else a black sky
   // that hides nothing.
   bool naturalSky = true;

@@ -6,8 +6,11 @@
 #include <erfa.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <functional>
+#include <vector>
 
 #include "astro/astro.h"
 #include "scene/base_plane.h"
@@ -108,6 +111,143 @@ TEST(FrameAgainstErfa, TheBrightestStarsAreWithinTwoArcSeconds) {
   EXPECT_GT(compared, 50);
   std::printf("%d places of bright stars against erfa: largest difference %.2f arcseconds\n", compared,
               largest);
+}
+
+// Every vertex of the drawn lines, turned back from its pixel into the coordinates of the system by erfa, stands on a
+// whole line. Vertices on the window's edge lie on the straight stretch between two that stand outside.
+class GridsAgainstErfa : public testing::Test {
+ protected:
+  GridsAgainstErfa() {
+    f.shown = {};
+    f.shown.horizon = f.shown.compass = f.shown.figures = f.shown.naturalSky = false;
+    CommonInterfaces::_Date time;
+    f.camera.GetTime(time);
+    m_TT = time.day + time.fraction;
+  }
+
+  static std::vector<Vertex> FindGridVertices(const DisplayList& list) {
+    std::vector<Vertex> inside;
+    for (const auto& run : list.GetRuns()) {
+      if (run.layer != Layer::kSkyLines) continue;
+      for (int i = run.first; i < run.first + run.count; ++i) {
+        const PolylineRecord& line = list.GetPolylines()[static_cast<std::size_t>(i)];
+        for (int k = line.firstVertex; k < line.firstVertex + line.vertexCount; ++k) {
+          const Vertex& p = list.GetVertices()[static_cast<std::size_t>(k)];
+          if (p.x > 1.0f && p.y > 1.0f && p.x < 1599.0f && p.y < 999.0f) inside.push_back(p);
+        }
+      }
+    }
+    return inside;
+  }
+
+  // Of the seen direction on J2000 axes.
+  using FindCoordinates = std::function<void(double v[3], double& longitude, double& latitude)>;
+
+  void Compare(const char* name, const FindCoordinates& find) {
+    double largest = 0.0;
+    int vertices = 0;
+    for (const auto& [azimuth, altitude] :
+         {std::pair{180.0, 40.0}, {20.0, 70.0}, {270.0, -10.0}, {95.0, -60.0}}) {
+      f.SetLook(azimuth, altitude);
+      f.Compute();
+      const DisplayList& list = f.frame.GetDisplayList();
+      for (const auto& vertex : FindGridVertices(list)) {
+        const Direction seen = DirectionOfPixel(f.camera, vertex.x, 1000.0 - vertex.y);
+        double v[3], longitude = 0.0, latitude = 0.0;
+        V3Mprod(seen.v, f.observer.reduction, v);
+        find(v, longitude, latitude);
+        const auto off = [](double angle, double degrees) {
+          return std::fabs(std::remainder(angle, degrees * kRadiansPerDegree));
+        };
+        const double away = std::min(off(latitude, 5.0), off(longitude, 2.5) * std::cos(latitude));
+        largest = std::max(largest, away * 0.5 * ViewGeometry(f.camera).scale);
+        ++vertices;
+      }
+    }
+    EXPECT_GT(vertices, 3000) << name;
+    EXPECT_LT(largest, 0.01) << name;
+    std::printf("%s: %d vertices of lines against erfa, largest difference %.4f pixels\n", name, vertices,
+                largest);
+  }
+
+  // The place in the catalogue whose stars are seen in a direction: aberration undone by erfa.
+  void FindCatalogued(const double seen[3], double catalogued[3]) const {
+    double helio[2][3], bary[2][3], velocity[3];
+    eraEpv00(m_TT, 0.0, helio, bary);
+    constexpr double kDaysPerAu = 499.004783836 / 86400.0;
+    double square = 0.0;
+    for (int i = 0; i < 3; ++i) {
+      velocity[i] = bary[1][i] * kDaysPerAu;
+      square += velocity[i] * velocity[i];
+    }
+    std::copy(seen, seen + 3, catalogued);
+    for (int round = 0; round < 4; ++round) {
+      double moved[3];
+      eraAb(catalogued, velocity, std::hypot(helio[0][0], helio[0][1], helio[0][2]), std::sqrt(1.0 - square),
+            moved);
+      for (int i = 0; i < 3; ++i) catalogued[i] += seen[i] - moved[i];
+    }
+  }
+  void MakeEquatorOfDate(const double v[3], double ofDate[3]) const {
+    double matrix[3][3], icrs[3] = {v[0], v[1], v[2]};
+    eraPnm06a(m_TT, 0.0, matrix);
+    eraRxp(matrix, icrs, ofDate);
+  }
+
+  host_test::FrameFixture f;
+  double m_TT;
+};
+
+TEST_F(GridsAgainstErfa, EquatorialOfDate) {
+  f.shown.lines.equatorialGrid = 1;
+  Compare("equator of date", [this](double v[3], double& longitude, double& latitude) {
+    double ofDate[3];
+    MakeEquatorOfDate(v, ofDate);
+    eraC2s(ofDate, &longitude, &latitude);
+  });
+}
+
+TEST_F(GridsAgainstErfa, EquatorialJ2000) {
+  f.shown.lines.equatorialGrid = 2;
+  Compare("J2000", [this](double v[3], double& longitude, double& latitude) {
+    double catalogued[3];
+    FindCatalogued(v, catalogued);
+    eraC2s(catalogued, &longitude, &latitude);
+  });
+}
+
+TEST_F(GridsAgainstErfa, Ecliptic) {
+  f.shown.lines.eclipticGrid = 1;
+  double dpsi = 0.0, deps = 0.0;
+  eraNut06a(m_TT, 0.0, &dpsi, &deps);
+  const double obliquity = eraObl06(m_TT, 0.0) + deps;
+  Compare("ecliptic of date", [this, obliquity](double v[3], double& longitude, double& latitude) {
+    double ofDate[3];
+    MakeEquatorOfDate(v, ofDate);
+    const double c = std::cos(obliquity), s = std::sin(obliquity);
+    double ecliptic[3] = {ofDate[0], c * ofDate[1] + s * ofDate[2], c * ofDate[2] - s * ofDate[1]};
+    eraC2s(ecliptic, &longitude, &latitude);
+  });
+}
+
+TEST_F(GridsAgainstErfa, Galactic) {
+  f.shown.lines.galacticGrid = 1;
+  Compare("galactic", [this](double v[3], double& longitude, double& latitude) {
+    double catalogued[3], ra = 0.0, dec = 0.0;
+    FindCatalogued(v, catalogued);
+    eraC2s(catalogued, &ra, &dec);
+    eraIcrs2g(ra, dec, &longitude, &latitude);
+  });
+}
+
+// The frame of the place is compared with erfa's by the stars above.
+TEST_F(GridsAgainstErfa, Horizontal) {
+  f.shown.lines.horizontalGrid = 1;
+  Compare("horizon", [this](double v[3], double& longitude, double& latitude) {
+    double there[3];
+    MV3prod(f.observer.reduction, v, there);
+    eraC2s(there, &longitude, &latitude);
+  });
 }
 
 // The ecliptic of erfa counts from axes that the frame bias has turned by 0.02 seconds of arc.

@@ -11,6 +11,7 @@
 #include "scene/air.h"
 #include "scene/frame_helpers.h"
 #include "scene/pick.h"
+#include "scene/view/pixel_directions.h"
 
 using namespace scene;
 using host_test::FrameFixture;
@@ -132,6 +133,35 @@ TEST_F(RefractionInPicture, StandingIsThatOfThePicture) {
   EXPECT_NEAR(middle.azimuth, 180.0, 1e-6);
   EXPECT_NEAR(middle.altitude, 1.0, 1e-6);
   EXPECT_NEAR(SeenSine(geometry.centreJ2000, f.observer), std::sin(kRadiansPerDegree), 1e-9);
+}
+
+// The horizontal grid counts apparent altitudes: its circle of 0 is the horizon's line.
+TEST_F(RefractionInPicture, HorizontalGridCountsFromWhereThingsAreSeen) {
+  f.SetLook(180.0, 2.0);
+  f.camera.SetZoom(8.0);
+  f.shown = {};
+  f.shown.figures = f.shown.naturalSky = false;
+  f.shown.lines.horizontalGrid = 1;
+  f.observer = PrepareObserver(f.camera, true);
+  f.frame.Compute(f.camera, f.observer, f.shown);
+  const ViewGeometry geometry(f.camera, f.observer);
+  const PixelDirections directions(geometry);
+  const DisplayList& list = f.frame.GetDisplayList();
+  int onParallels = 0, lines = 0;
+  for (const auto& run : list.GetRuns()) {
+    if (run.layer != Layer::kSkyLines) continue;
+    for (int i = run.first; i < run.first + run.count; ++i) {
+      const PolylineRecord& line = list.GetPolylines()[static_cast<std::size_t>(i)];
+      const Vertex& middle =
+          list.GetVertices()[static_cast<std::size_t>(line.firstVertex + line.vertexCount / 2)];
+      const Direction seen = directions.Find({middle.x, static_cast<double>(geometry.height) - middle.y});
+      const double altitude = std::asin(seen.v[2]) / kRadiansPerDegree;
+      onParallels += std::fabs(altitude - std::round(altitude)) < 1e-4;
+      ++lines;
+    }
+  }
+  EXPECT_GE(onParallels, 4);
+  EXPECT_GT(lines, onParallels);
 }
 
 TEST_F(RefractionInPicture, OtherPlanesHaveNoAir) {

@@ -45,6 +45,14 @@ TEST_F(ShownKindsTest, SwitchOfZeroHidesAndTheCurrentSectionStays) {
   EXPECT_TRUE(diagnostics.lines.empty());
 }
 
+TEST_F(ShownKindsTest, AirLiftsAndTakesLightEachByItsOwnBit) {
+  EXPECT_TRUE(ReadShownKinds(settings).refraction && ReadShownKinds(settings).extinction);
+  Add("grid", "SkyDirt", 2);
+  const ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.refraction);
+  EXPECT_TRUE(shown.extinction);
+}
+
 TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
   Add("star", "CommonName", 0);
   Add("star", "LatAbbreviation", 1);

@@ -9,6 +9,8 @@ using namespace skyview;
 TEST(OrbitRequest, NamesWithCommasBetween) {
   EXPECT_TRUE(ParseOrbits("planets")->planets);
   EXPECT_TRUE(ParseOrbits("all")->all);
+  EXPECT_TRUE(ParseOrbits("moons")->moons);
+  EXPECT_EQ(FormatOrbits(*ParseOrbits("moons,planets")), "planets,moons");
   const auto some = ParseOrbits("planets,Ceres,1P/Halley");
   ASSERT_TRUE(some);
   EXPECT_TRUE(some->planets);
