@@ -30,8 +30,9 @@ TEST_F(NameCatalogs, NamesAreTakenAsTheyStand) {
 TEST_F(NameCatalogs, AsciiNamesOfCitiesAreFurtherNames) {
   const std::string header =
       "Name\tAsciiName\tOtherNames\tCountry\tCountryName\tLat_deg\tLon_deg\tHeight_m\tPopulation\tZone\n";
-  m_Dir.Write("cities/cities.tsv", header + "Zürich\tZurich\tЦюрих\tCH\tSwitzerland\t0\t0\t\t5\tEurope/Zurich\n"
-                                            "Bonn\tBonn\t\tDE\tGermany\t0\t0\t60\t5\tEurope/Berlin\n");
+  m_Dir.Write("cities/cities.tsv", header +
+                                       "Zürich\tZurich\tЦюрих\tCH\tSwitzerland\t0\t0\t\t5\tEurope/Zurich\n"
+                                       "Bonn\tBonn\t\tDE\tGermany\t0\t0\t60\t5\tEurope/Berlin\n");
   EXPECT_EQ(RecordsOf(MakeCities(m_Dir.Path())),
             "Zürich\tZurich; Цюрих\tCH\tSwitzerland\t0\t0\t\t5\tEurope/Zurich\n"
             "Bonn\t\tDE\tGermany\t0\t0\t60\t5\tEurope/Berlin\n");
@@ -42,7 +43,8 @@ TEST_F(NameCatalogs, AsciiNamesOfCitiesAreFurtherNames) {
 
 TEST_F(NameCatalogs, PlacesOnBodiesBecomeRadians) {
   m_Dir.Write("gazetteers/io.tsv",
-              "Name\tType\tLat_deg\tLon_deg_east\tDiameter_km\nLoki\tPatera\t0\t-180\t226.5\nX\tMons\t0\t0\t\n");
+              "Name\tType\tLat_deg\tLon_deg_east\tDiameter_km\n"
+              "Loki\tPatera\t0\t-180\t226.5\nX\tMons\t0\t0\t\n");
   EXPECT_EQ(RecordsOf(MakeGazetteer(m_Dir.Path("gazetteers/io.tsv"))),
             "Loki\tPatera\t0\t-3.141592653589793\t226.5\nX\tMons\t0\t0\t\n");
 }
@@ -50,7 +52,9 @@ TEST_F(NameCatalogs, PlacesOnBodiesBecomeRadians) {
 TEST_F(NameCatalogs, APairWantsTheNumberOfAStar) {
   const std::string header = "HR\tHIP\tDiscoverer\tPair\tMag1\tMag2\tSeparation_arcsec\tPosAngle_deg\n";
   m_Dir.Write("doubles/doubles.tsv", header + "\t5\t\tAB\t1\t\t3600\t180\n");
-  EXPECT_EQ(RecordsOf(MakeDoubleStars(m_Dir.Path())), "\t5\t\tAB\t1\t\t0.017453292519943295\t3.141592653589793\n");
+  EXPECT_EQ(RecordsOf(MakeDoubleStars(m_Dir.Path())),
+            "\t5\t\tAB\t1\t\t0.017453292519943295\t"
+            "3.141592653589793\n");
   m_Dir.Write("doubles/doubles.tsv", header + "\t\t\tAB\t1\t2\t3\t4\n");
   EXPECT_EQ(skydata_test::MessageOf(m_Dir, [&] { MakeDoubleStars(m_Dir.Path()); }),
             "doubles/doubles.tsv:2: HIP: wants HR or HIP");
