@@ -34,8 +34,8 @@ class ObjectFinder {
   std::optional<scene::ObjectSearch> m_Search;
 };
 
-// Turns the view to where the object of --look is seen, when it names one, with or without refraction; one below the horizon becomes a diagnostic line.
-// Throws Stop.
+// Turns the view to where the object of --look is seen, when it names one, with or without refraction; one
+// below the horizon becomes a diagnostic line. Throws Stop.
 void AimView(const ViewOptions& options, scene::SkyCatalogs& catalogs, ObjectFinder& finder, bool refraction,
              CommonInterfaces::Camera& camera, Diagnostics& diagnostics);
 
