@@ -177,8 +177,8 @@ ShadowRecord BodyPen::MakeShadow(const DrawnShadow& shadow) const {
   return record;
 }
 
-// That of a moon on its planet: black where all the sunlight is gone, or most of it where the umbra ends above
-// the clouds.
+// That of a moon on its planet: black where all the sunlight is gone, or most of it where the umbra ends
+// above the clouds.
 void BodyPen::DrawSmallShadow(const DrawnShadow& shadow) const {
   ShadowRecord record = MakeShadow(shadow);
   const double deep = shadow.umbra > 0.0 ? 0.94 : 0.8;

@@ -52,9 +52,9 @@ struct PictureAt {
   tPoint<double> centre;  // of the disc, y up
 };
 
-// Told by steps in the sky that are as long as the body's radius. The projection keeps angles, but air squeezes
-// the picture upwards: right and down are then as long as a step in the picture is in the sky, and the middle
-// between the upper and the lower limb is not where the middle of the body is seen.
+// Told by steps in the sky that are as long as the body's radius. The projection keeps angles, but air
+// squeezes the picture upwards: right and down are then as long as a step in the picture is in the sky, and
+// the middle between the upper and the lower limb is not where the middle of the body is seen.
 PictureAt FindPicture(const Direction& body, double radius, const ViewGeometry& geometry) {
   const double length = std::max(radius, 1e-5);
   const Direction any = std::fabs(body.v[2]) < 0.9 ? Direction{{0.0, 0.0, 1.0}} : Direction{{1.0, 0.0, 0.0}};

@@ -125,8 +125,8 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
   }
 }
 
-// What the body moves around, as it is seen: a planet whose moons are looked at stands where its light left it, and
-// the daily aberration moves it by several pixels where moons are told apart.
+// What the body moves around, as it is seen: a planet whose moons are looked at stands where its light left
+// it, and the daily aberration moves it by several pixels where moons are told apart.
 bool OrbitPaths::FindCentre(const View& view, const SkyBody& body, Centre& centre) const {
   const CQXSolSys& model = m_Model.GetModel();
   if (IsAboutEarth(body.id)) {

@@ -52,7 +52,8 @@ class OrbitPaths {
  private:
   struct View;
   struct Point;
-  // What an orbit leads around: position and velocity relative to the Sun at the moment, and where it is shown.
+  // What an orbit leads around: position and velocity relative to the Sun at the moment, and where it is
+  // shown.
   struct Centre {
     SSO_ID body;
     double state[3], velocity[3], shown[3];

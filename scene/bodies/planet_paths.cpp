@@ -52,8 +52,8 @@ void PlanetPaths::Find(Kind kind, const EarthPlace& place, Track& track) {
   }
 }
 
-void PlanetPaths::Add(Kind kind, const Track& track, const ViewGeometry& geometry, const ObserverFrame& observer,
-                      bool hideBelowHorizon) {
+void PlanetPaths::Add(Kind kind, const Track& track, const ViewGeometry& geometry,
+                      const ObserverFrame& observer, bool hideBelowHorizon) {
   const BodyList& bodies = m_Model.GetBodies();
   for (std::size_t body = 0; body < bodies.size(); ++body) {
     if (!IsWanted(kind, body) || !track.known[body]) continue;
@@ -71,8 +71,8 @@ void PlanetPaths::Add(Kind kind, const Track& track, const ViewGeometry& geometr
   }
 }
 
-void PlanetPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const EarthPlace& place,
-                          const WantedPaths& wanted) {
+void PlanetPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
+                          const EarthPlace& place, const WantedPaths& wanted) {
   Clear();
   if (!wanted.celestial && !wanted.local) return;
   m_Lines.reserve(m_Model.GetBodies().size() * 2 * kPoints);

@@ -19,8 +19,8 @@ struct WantedPaths {
   bool hideBelowHorizon = false;
 };
 
-// The paths of planets across the picture. Their points are found once for each stretch of days or minutes: the
-// frames of a sequence share them. Allocates when paths are wanted for the first time.
+// The paths of planets across the picture. Their points are found once for each stretch of days or minutes:
+// the frames of a sequence share them. Allocates when paths are wanted for the first time.
 class PlanetPaths {
  public:
   explicit PlanetPaths(const BodyModel& model) : m_Model(model) {}

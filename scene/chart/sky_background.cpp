@@ -54,8 +54,8 @@ Rgba ToScreen(const Light& light) {
   return ToRgba({curve.At(light.red), curve.At(light.green), curve.At(light.blue), 1.0});
 }
 
-// CIE 1931 to the primaries of sRGB (IEC 61966-2-1), of brightness 1. White is sunlight, of 5500 K and a little less
-// green, as for a camera that is set to it, and colours are a little more vivid than life; what
+// CIE 1931 to the primaries of sRGB (IEC 61966-2-1), of brightness 1. White is sunlight, of 5500 K and a
+// little less green, as for a camera that is set to it, and colours are a little more vivid than life; what
 // the screen cannot show becomes paler.
 Light OfColour(const astro::Chromaticity& colour) {
   constexpr double kVivid = 1.2;

@@ -55,10 +55,11 @@ struct Label {
 // Places labels so that they cover neither each other nor what was reserved. Allocates at its construction
 // only.
 //
-// From frame to frame the label of an object that moved a little keeps its side of the object as long as there is
-// room, and goes out of the window with it; one that was not there comes when there is a little more room than it
-// takes. One that had to go stays away until its object has moved on. So nothing flickers while the view turns. A frame after nothing, or after one that looked
-// elsewhere, is placed by what is in it alone.
+// From frame to frame the label of an object that moved a little keeps its side of the object as long as
+// there is room, and goes out of the window with it; one that was not there comes when there is a little more
+// room than it takes. One that had to go stays away until its object has moved on. So nothing flickers while
+// the view turns. A frame after nothing, or after one that looked elsewhere, is placed by what is in it
+// alone.
 class LabelPlacer {
  public:
   LabelPlacer();
@@ -67,8 +68,8 @@ class LabelPlacer {
     m_Extents = &extents;
     m_Kept.clear();
   }
-  // `centre` and `scale` tell the view: the direction of its middle on axes among the stars, and how many pixels two
-  // radians are there.
+  // `centre` and `scale` tell the view: the direction of its middle on axes among the stars, and how many
+  // pixels two radians are there.
   void Begin(int width, int height, const Direction& centre = {}, double scale = 0.0);
 
   // Nothing will be placed over this box around a point.

@@ -34,8 +34,8 @@ class SkyColours {
     return m_List.GetColours()[static_cast<std::size_t>(mesh.firstColour + row * mesh.columns + column)];
   }
 
-  // A colour of what has to be read, over the sky at a pixel (y down): paler than it is in twilight, dark on a
-  // bright sky, and less transparent on both. On a dark one as it is.
+  // A colour of what has to be read, over the sky at a pixel (y down): paler than it is in twilight, dark on
+  // a bright sky, and less transparent on both. On a dark one as it is.
   Rgba Readable(const Rgba& colour, double x, double y) const { return Against(colour, GetLuma(Find(x, y))); }
   // The same of lines, which all have one look: over what the sky of the picture is like on the whole.
   Rgba ReadableLine(const Rgba& colour) const { return Against(colour, m_Luma); }

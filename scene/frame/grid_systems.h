@@ -29,8 +29,8 @@ struct GridSystem {
 // base_plane.h. The horizontal one needs an observer with a horizon.
 GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer);
 
-// Of the system's coordinates, as the picture shows them before air lifts it: J2000 axes, with aberration where the
-// system asks for it.
+// Of the system's coordinates, as the picture shows them before air lifts it: J2000 axes, with aberration
+// where the system asks for it.
 Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
                          const ObserverFrame& observer);
 

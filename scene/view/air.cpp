@@ -48,7 +48,8 @@ double LiftedAltitude(double altitude) {
   return std::atan2(sine + FindAirLift(sine), std::cos(altitude));
 }
 
-// By secants: the lift changes by a quarter of what the altitude does at most, so that the first guess is good.
+// By secants: the lift changes by a quarter of what the altitude does at most, so that the first guess is
+// good.
 double LoweredAltitude(double altitude) {
   constexpr double kPrecision = 1e-14;
   double last = altitude, beyondLast = LiftedAltitude(last) - altitude;

@@ -14,8 +14,9 @@ double GetPictureUnit(int width, int height) {
 
 namespace {
 
-// How much farther than in a picture without air a thing may stand from what is in the middle and yet be in the
-// picture: at most by what the lowest of it is lifted, and by the part by which air squeezes at the horizon.
+// How much farther than in a picture without air a thing may stand from what is in the middle and yet be in
+// the picture: at most by what the lowest of it is lifted, and by the part by which air squeezes at the
+// horizon.
 double FindSqueeze(double sineOfCentre, double cornerAngle) {
   constexpr double kMostSqueezed = 0.35;
   const double lowest = std::asin(std::clamp(sineOfCentre, -1.0, 1.0)) - cornerAngle - 0.02;

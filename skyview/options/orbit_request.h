@@ -17,8 +17,8 @@ struct OrbitRequest {
   std::vector<std::string> names;  // of single bodies, as the user wrote them
 };
 
-// "planets", "moons", "all", or names with commas between, among which the words may stand. Nothing for an empty text
-// or name.
+// "planets", "moons", "all", or names with commas between, among which the words may stand. Nothing for an
+// empty text or name.
 std::optional<OrbitRequest> ParseOrbits(std::string_view text);
 
 // The text that ParseOrbits reads as the same.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// One small picture for each feature of the painter, compared with that of tests/paint/golden. How they are made anew:
-// tests/paint/README.md.
+// One small picture for each feature of the painter, compared with that of tests/paint/golden. How they are
+// made anew: tests/paint/README.md.
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>

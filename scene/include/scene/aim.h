@@ -18,10 +18,10 @@ namespace scene {
 SCENE_API void LookTo(const Standing& direction, CommonInterfaces::Camera& camera);
 
 // Looks at the object (found by ObjectSearch::FindOne in these catalogs), where an observer at the camera's
-// place and time sees it, light time and aberration included and refraction where it is asked for, so that it is
-// drawn in the middle of the picture; below the horizon, too. Returns where it is seen. Nothing, and the camera as it was,
-// for an observer away from the Earth's surface (IsNearSurface) and for an object of which nobody can tell
-// where it is then. The catalogs' tables change their current record.
+// place and time sees it, light time and aberration included and refraction where it is asked for, so that it
+// is drawn in the middle of the picture; below the horizon, too. Returns where it is seen. Nothing, and the
+// camera as it was, for an observer away from the Earth's surface (IsNearSurface) and for an object of which
+// nobody can tell where it is then. The catalogs' tables change their current record.
 SCENE_API std::optional<Standing> AimAt(const FoundObject& object, SkyCatalogs& catalogs,
                                         CommonInterfaces::Camera& camera, bool refraction = false);
 

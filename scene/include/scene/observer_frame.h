@@ -29,8 +29,8 @@ SCENE_API void FindReduction(const CommonInterfaces::Camera& camera, const SkyMo
 
 // Computes the frame for the camera's time and location, and tells the camera: the reduction matrix and the
 // view centre in J2000. Allocates nothing. The angles count from the camera's base plane (base_plane.h); with
-// `refraction`, where that is the horizon, they are those of what is seen, and the view centre is where what is
-// seen there stands. An observer near the Sun, but not with the Earth, is taken to rest.
+// `refraction`, where that is the horizon, they are those of what is seen, and the view centre is where what
+// is seen there stands. An observer near the Sun, but not with the Earth, is taken to rest.
 SCENE_API ObserverFrame PrepareObserver(CommonInterfaces::Camera& camera, bool refraction = false);
 
 // The apparent direction on J2000 axes: proper motion to the date (`motion` per Julian year), annual

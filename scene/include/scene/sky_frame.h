@@ -68,8 +68,8 @@ class SCENE_API SkyFrame {
   // the animation clock (utils/clock.h). False for a body that has none: the Sun.
   bool ShowOrbit(int body, double fadeIn);
 
-  // Who tells how much room texts take; kept by reference. Until then they are estimated. The next frame places
-  // its names by what is in it alone.
+  // Who tells how much room texts take; kept by reference. Until then they are estimated. The next frame
+  // places its names by what is in it alone.
   void SetTextExtents(const TextExtents& extents);
 
   // Takes the letters of the compass, the names of planets and showers from the string table, as the

@@ -64,8 +64,8 @@ TEST_F(MoonShadowsAndPaths, ShadowOfIoLiesOnJupiterWhileAlmanacsHaveItThere) {
     EXPECT_EQ(shadow.object.number, 5);
     const double radius = shadow.clipRadius;
     EXPECT_LT(std::hypot(shadow.x - shadow.clipX, shadow.y - shadow.clipY), 0.5 * radius);
-    // Io has 1821.5 km and goes 350,000 km above the clouds: the Sun's disc, 696,000 km at 778 million, adds 313 km
-    // to the penumbra and takes as much from the umbra. Jupiter has 71,492 km.
+    // Io has 1821.5 km and goes 350,000 km above the clouds: the Sun's disc, 696,000 km at 778 million, adds
+    // 313 km to the penumbra and takes as much from the umbra. Jupiter has 71,492 km.
     EXPECT_NEAR(shadow.outerRadius / radius, 2134.0 / 71492.0, 0.0007);
     EXPECT_NEAR(shadow.innerRadius / radius, 1508.0 / 71492.0, 0.0007);
     ComputeAt(begin + 5.0 * kMinute);

@@ -66,8 +66,8 @@ TEST_F(PlanetPathsTest, BothLeadThroughThePlanet) {
   EXPECT_LT(FindDistance(5), 0.5);
 }
 
-// The path over the horizon is where the planet stands three hours later; that among the stars where it stands
-// thirty days later.
+// The path over the horizon is where the planet stands three hours later; that among the stars where it
+// stands thirty days later.
 TEST_F(PlanetPathsTest, LeadToWhereThePlanetWillBe) {
   f.SetLook(180.0, 50.0);
   f.SetTime(2026, 1, 16, 0, 0);

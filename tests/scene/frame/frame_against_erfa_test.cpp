@@ -113,8 +113,9 @@ TEST(FrameAgainstErfa, TheBrightestStarsAreWithinTwoArcSeconds) {
               largest);
 }
 
-// Every vertex of the drawn lines, turned back from its pixel into the coordinates of the system by erfa, stands on a
-// whole line. Vertices on the window's edge lie on the straight stretch between two that stand outside.
+// Every vertex of the drawn lines, turned back from its pixel into the coordinates of the system by erfa,
+// stands on a whole line. Vertices on the window's edge lie on the straight stretch between two that stand
+// outside.
 class GridsAgainstErfa : public testing::Test {
  protected:
   GridsAgainstErfa() {

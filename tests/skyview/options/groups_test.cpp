@@ -236,7 +236,7 @@ TEST(SkyGroups, NothingIsShownUnlessAskedFor) {
 
 TEST(SkyGroups, BadValueNamesOptionValueAndForm) {
   ExpectRefused(kExtraGroup, {{"--frames-of", "stars", "constellations|deepsky|milkyway"},
-                              {"--orbits", "", "planets|all|NAME"}});
+                              {"--orbits", "", "planets|moons|all|NAME"}});
   ExpectRefused(kSatelliteGroup, {{"--tle", "", "FILE"}});
 }
 

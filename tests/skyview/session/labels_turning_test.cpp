@@ -82,8 +82,8 @@ class LabelsTurning : public testing::Test {
 
 }  // namespace
 
-// A name that goes does not come back at once, and it stays on its side of the object: from frame to frame the sky moves
-// by 11 pixels in the middle and by 25 in the corners.
+// A name that goes does not come back at once, and it stays on its side of the object: from frame to frame
+// the sky moves by 11 pixels in the middle and by 25 in the corners.
 TEST_F(LabelsTurning, NamesNeitherFlickerNorHop) {
   constexpr float kFarthest = 30.0f;
   constexpr int kSoon = 10;  // frames
