@@ -14,6 +14,8 @@ namespace {
 
 // The diameter in the picture, pixels, from which a nebula has a form, and from which it has its full colour.
 constexpr double kLeastSize = 16.0, kFullSize = 60.0;
+// Of an edge: a part of that diameter, so that a nebula that fills the picture has no hard ones.
+constexpr double kSoftPart = 0.002, kLeastSoftness = 0.4, kMostSoftness = 2.0;
 
 }  // namespace
 
@@ -46,20 +48,21 @@ void NebulaClouds::Compute(const ViewGeometry& geometry, const ObserverFrame& ob
     const double reach = std::min(geometry.cornerAngle + outline.radius, kPi);
     if (Dot(outline.centre, geometry.centreJ2000) < std::cos(reach)) continue;
     if (!IsShown(outline, tests, shown)) continue;
-    const double opacity = std::min((size - kLeastSize) / (kFullSize - kLeastSize), 1.0);
-    AddOutline(geometry, observer, static_cast<int>(i), static_cast<float>(opacity));
+    AddOutline(geometry, observer, static_cast<int>(i), size);
   }
 }
 
 void NebulaClouds::AddOutline(const ViewGeometry& geometry, const ObserverFrame& observer, int outline,
-                              float opacity) {
+                              double size) {
+  const auto opacity = static_cast<float>(std::min((size - kLeastSize) / (kFullSize - kLeastSize), 1.0));
+  const auto softness = static_cast<float>(std::clamp(size * kSoftPart, kLeastSoftness, kMostSoftness));
   const NebulaOutlines& all = m_Catalogs.nebulaOutlines;
   const NebulaOutline& entry = all.outlines[static_cast<std::size_t>(outline)];
   for (int i = entry.firstArea; i < entry.firstArea + entry.areaCount; ++i) {
     const NebulaArea& area = all.areas[static_cast<std::size_t>(i)];
     const int first = static_cast<int>(m_Picture.ringEnds.size());
     AddArea(geometry, observer, area);
-    m_Clouds.push_back({outline, area.level, first, area.ringCount, opacity});
+    m_Clouds.push_back({outline, area.level, first, area.ringCount, opacity, softness});
   }
 }
 
@@ -87,7 +90,6 @@ bool NebulaClouds::IsFormed(int object) const {
 void NebulaClouds::Draw(double strength, DisplayList& list) const {
   if (!(strength > 0.0)) return;
   const double leastStep = 2.0 * static_cast<double>(list.GetUnit());  // the edge is soft
-  constexpr float kSoftness = 0.4f;
   for (const Cloud& cloud : m_Clouds) {
     const int object = m_Catalogs.nebulaOutlines.outlines[static_cast<std::size_t>(cloud.outline)].object;
     PolygonRecord area = {};
@@ -97,7 +99,7 @@ void NebulaClouds::Draw(double strength, DisplayList& list) const {
     }
     Colour colour = palette::kNebulaLevels[cloud.level - 1];
     colour.opacity *= strength * static_cast<double>(cloud.opacity);
-    SetSoftColour(colour, kSoftness * list.GetUnit(), area);
+    SetSoftColour(colour, cloud.softness * list.GetUnit(), area);
     AddRings(m_Picture, cloud.firstRing, cloud.ringCount, leastStep, list);
     list.AddArea(Layer::kDeepsky, area);
   }

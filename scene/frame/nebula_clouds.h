@@ -30,7 +30,7 @@ class NebulaClouds {
   struct Cloud {
     int outline, level;
     int firstRing, ringCount;
-    float opacity;
+    float opacity, softness;  // the softness in pixels of the standard picture
   };
   const std::vector<Cloud>& GetClouds() const { return m_Clouds; }
   const RegionPicture& GetPicture() const { return m_Picture; }
@@ -39,7 +39,7 @@ class NebulaClouds {
 
  private:
   bool IsShown(const NebulaOutline& outline, const ObjectTests& tests, const ShownKinds& shown) const;
-  void AddOutline(const ViewGeometry& geometry, const ObserverFrame& observer, int outline, float opacity);
+  void AddOutline(const ViewGeometry& geometry, const ObserverFrame& observer, int outline, double size);
   void AddArea(const ViewGeometry& geometry, const ObserverFrame& observer, const NebulaArea& area);
 
   const SkyCatalogs& m_Catalogs;
