@@ -17,6 +17,7 @@ namespace {
 using astro::Dot;
 
 constexpr double kRadiiPerAu = astro::kKilometresPerAu / astro::kEarthEquatorialRadius;
+// 959.63 seconds of arc at 1 au: Auwers, whom the canon of eclipses follows.
 constexpr double kSunRadius = 959.63 * astro::kRadiansPerArcsecond * kRadiiPerAu;
 constexpr double kPolar = 1.0 - astro::kEarthFlattening;  // half axis of the ellipsoid
 

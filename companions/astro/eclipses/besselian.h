@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The shadow of the Moon about the Earth, as Bessel described it (Explanatory Supplement to the Astronomical
-// Almanac, 3rd edition 2013, chapter 11): on the plane through the Earth's centre across the shadow's axis. Lengths are
-// in equatorial radii of the Earth, angles in radians, dates in TT; vectors without another word on the axes
-// of the true equator of date.
+// Almanac, 3rd edition 2013, chapter 11): on the plane through the Earth's centre across the shadow's axis.
+// Lengths are in equatorial radii of the Earth, angles in radians, dates in TT; vectors without another word
+// on the axes of the true equator of date.
 #pragma once
 
 #include "astro/horizon_frame.h"
@@ -12,9 +12,9 @@
 
 namespace astro_internal {
 
-// The Sun is 959.63 seconds of arc large at 1 au (Auwers), the Moon 0.2725076 of the Earth: the mean of its
-// edge with the mountains (IAU 1982). Where the Sun's last light must vanish between them, in the umbra,
-// it is the bottom of the valleys, 0.272281. So counts the canon of eclipses (Espenak & Meeus 2006, NASA/TP-2006-214141).
+// The Moon's radius: 0.2725076, the mean of its edge with the mountains (IAU 1982). Where the last of the Sun
+// must vanish between them, in the umbra, it is the bottom of the valleys, 0.272281. So counts the canon of
+// eclipses (Espenak & Meeus 2006, NASA/TP-2006-214141).
 inline constexpr double kMoonPenumbraRadius = 0.2725076, kMoonUmbraRadius = 0.272281;
 
 struct BesselianElements {

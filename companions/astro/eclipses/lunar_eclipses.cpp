@@ -107,10 +107,10 @@ bool FindLunarEclipses(const EventSearch& search, const EventSink& sink) {
   return span.isWhole;
 }
 
-std::optional<GlobalLunarEclipse> ComputeLunarEclipse(const SkyMoment& near) {
+std::optional<GlobalLunarEclipse> ComputeLunarEclipse(const SkyMoment& about) {
   constexpr double kNearness = 10.0;  // days
   std::optional<GlobalLunarEclipse> result;
-  ForEachEclipse(near.julianDateTT - kNearness, near.julianDateTT + kNearness,
+  ForEachEclipse(about.julianDateTT - kNearness, about.julianDateTT + kNearness,
                  [&result](const GlobalLunarEclipse& eclipse) { result = eclipse; });
   return result;
 }

@@ -38,25 +38,20 @@ class PlaceView {
 
   ShadowAtPlace At(double date) { return m_Shadow.At(date, m_Place); }
 
-  // Of the Sun's centre, and what is left to its upper limb's rise or set.
-  double SunAltitude(double date, double* aboveHorizon = nullptr, double* azimuth = nullptr) {
+  // The Sun's centre; it is seen from the altitude at which its upper limb rises.
+  HorizonPlace SunAt(double date) {
     const BesselianElements elements = m_Shadow.Get(date);
     double place[3], sun[3], axes[9];
     astro_internal::GetPlaceOnEarth(m_Place, elements.sidereal, place);
     for (int i = 0; i < 3; ++i) sun[i] = elements.sun[i] - place[i];
     HorizonMatrix(elements.sidereal + m_Place.lon, m_Place.lat, axes);
     const double radius = GetBodyRadius(kSun) / kEarthEquatorialRadius;
-    const HorizonPlace stands =
-        MakeHorizonPlace(axes, sun, GetRiseAltitude(std::asin(radius / Vmod(sun, 3))));
-    if (aboveHorizon != nullptr) *aboveHorizon = stands.altitude - stands.eventAltitude;
-    if (azimuth != nullptr) *azimuth = stands.azimuth;
-    return stands.altitude;
+    return MakeHorizonPlace(axes, sun, GetRiseAltitude(std::asin(radius / Vmod(sun, 3))));
   }
 
   double AboveHorizon(double date) {
-    double above = 0.0;
-    SunAltitude(date, &above);
-    return above;
+    const HorizonPlace sun = SunAt(date);
+    return sun.altitude - sun.eventAltitude;
   }
 
   // `towards`: 1 where the Moon's edge touches that of the Sun on the side of the Moon's centre, -1 on the
@@ -64,9 +59,10 @@ class PlaceView {
   EclipseContact Contact(double date, double towards) {
     EclipseContact contact;
     contact.moment = MakeMomentTT(date);
-    double above = 0.0;
-    contact.sunAltitude = SunAltitude(date, &above, &contact.sunAzimuth);
-    contact.isVisible = above >= 0.0;
+    const HorizonPlace sun = SunAt(date);
+    contact.sunAltitude = sun.altitude;
+    contact.sunAzimuth = sun.azimuth;
+    contact.isVisible = sun.altitude >= sun.eventAltitude;
     const ShadowAtPlace shadow = At(date);
     contact.positionAngle = Turned(std::atan2(towards * shadow.u, towards * shadow.v));
     const BesselianElements elements = m_Shadow.Get(date);

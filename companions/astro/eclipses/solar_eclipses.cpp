@@ -148,10 +148,10 @@ bool FindSolarEclipses(const EventSearch& search, const EventSink& sink) {
   return span.isWhole;
 }
 
-std::optional<GlobalSolarEclipse> ComputeSolarEclipse(const SkyMoment& near) {
+std::optional<GlobalSolarEclipse> ComputeSolarEclipse(const SkyMoment& about) {
   constexpr double kNearness = 10.0;  // days
   std::optional<GlobalSolarEclipse> result;
-  ForEachEclipse(near.julianDateTT - kNearness, near.julianDateTT + kNearness,
+  ForEachEclipse(about.julianDateTT - kNearness, about.julianDateTT + kNearness,
                  [&result](const GlobalSolarEclipse& eclipse) { result = eclipse; });
   return result;
 }

@@ -78,7 +78,11 @@ bool BodyTrack::Compute(double date, double values[4]) {
   double toDate[9];
   PrecessionNutationMatrix(date, toDate);
   MV3prod(toDate, seen.apparent, values);
-  const double distance = seen.distance > 0.0 ? seen.distance : kFarAway;
+  // To an observer who flies towards the light the source is nearer when the light leaves it.
+  double velocity[3];
+  EarthVelocity(date, velocity);
+  const double distance =
+      seen.distance > 0.0 ? seen.distance * (1.0 + astro::Dot(seen.apparent, velocity)) : kFarAway;
   for (int i = 0; i < 3; ++i) values[i] *= distance;
   // Precession in right ascension stays below half a turn.
   const double turned = kEarthRate * (moment.day - astro::kJ2000 + moment.fraction);
@@ -110,8 +114,11 @@ bool PlaceTrack::Get(double date, PlaceState& state) {
   if (!m_Body.Get(date, body)) return false;
   state.localTime = body.sidereal + m_Place.lon;
   const double c = std::cos(state.localTime), s = std::sin(state.localTime);
-  state.fromPlace[0] = body.apparent[0] - c * m_Fixed[0];
-  state.fromPlace[1] = body.apparent[1] - s * m_Fixed[0];
+  // Parallax, and the aberration by the velocity of the place about the Earth's axis.
+  constexpr double kRotation = kEarthRate / astro::kLightAuPerDay;
+  const double aberration = kRotation * m_Fixed[0] * std::sqrt(astro::Dot(body.apparent, body.apparent));
+  state.fromPlace[0] = body.apparent[0] - c * m_Fixed[0] - s * aberration;
+  state.fromPlace[1] = body.apparent[1] - s * m_Fixed[0] + c * aberration;
   state.fromPlace[2] = body.apparent[2] - m_Fixed[2];
   state.distance = std::sqrt(astro::Dot(state.fromPlace, state.fromPlace));
   const double south = c * state.fromPlace[0] + s * state.fromPlace[1];

@@ -40,12 +40,15 @@ class GriddedFunctions {
 
 // A body seen from the Earth's centre, and how the Earth is turned.
 struct BodyState {
-  double apparent[3];  // apparent direction times distance, au: axes of the true equator of date
-  double sidereal;     // apparent sidereal time of Greenwich, radians, whole turns left out or not
+  // Apparent direction times distance, au: axes of the true equator of date. The distance is that of the
+  // Earth's own frame, from which parallax and size follow: the way of the light differs by 0.0001 of it.
+  double apparent[3];
+  double sidereal;  // apparent sidereal time of Greenwich, radians, whole turns left out or not
 };
 
 // The way of a body over the sky (`data` as CQXSolSys::Observe takes it, kept by reference) at dates in TT.
-// The Moon, planets and stars come out within 0.001 arc second of the model.
+// The Sun and stars come out within 0.001 arc second of the model, planets within 0.01, the Moon from a place
+// within 0.02.
 class BodyTrack {
  public:
   BodyTrack(const SSO_ID& body, const void* data);
@@ -64,7 +67,7 @@ class BodyTrack {
 
 // How a body stands over a place.
 struct PlaceState {
-  double fromPlace[3];  // au, axes of the true equator of date; without the diurnal aberration (0.3")
+  double fromPlace[3];  // apparent direction times distance, au: axes of the true equator of date
   double altitude;      // radians, of its centre, without refraction
   double localTime;     // apparent sidereal time of the place, radians, whole turns left out or not
   double distance;      // au

@@ -104,6 +104,22 @@ def nodes(moon):
             yield "%.6f" % dynamical(date), "%d" % up
 
 
+def apsides(moon):
+    """By the rate of the distance, from four neighbours; the distance itself has some 20 m of rounding."""
+    def distance(date):
+        moon.compute(date)
+        return moon.earth_distance * 149597870.7
+
+    def rate(date):
+        near, far = distance(date + 0.25) - distance(date - 0.25), distance(date + 0.5) - distance(date - 0.5)
+        return 1e-6 * (8.0 * near - far)
+
+    for year in range(1900, 2101, 10):
+        first, last = ephem.Date("%d/1/1" % year), ephem.Date("%d/1/1" % (year + 1))
+        for date, perigee in zeros(rate, first, last, 3.0):
+            yield "%.6f" % dynamical(date), "%d" % perigee, "%.1f" % distance(date)
+
+
 def risings():
     for name, (latitude, longitude) in PLACES.items():
         place = ephem.Observer()
@@ -181,6 +197,7 @@ def main():
     write("event_seasons.tsv", ("jd_tt", "quarter"), seasons(sun))
     write("event_phases.tsv", ("jd_tt", "quarter"), phases(sun, moon))
     write("event_nodes.tsv", ("jd_tt", "ascending"), nodes(moon))
+    write("event_apsides.tsv", ("jd_tt", "perigee", "km"), apsides(moon))
     write("event_risings.tsv", ("place", "lat", "lon", "body", "what", "from_ut", "jd_ut"), risings())
     write("event_occultations.tsv", ("place", "lat", "lon", "body", "what", "jd_ut", "altitude"), occultations())
 

@@ -8,9 +8,12 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
+#include "astro/rise_set.h"
 #include "astro/solar_eclipses.h"
+#include "astro/vectors.h"
 #include "tests/astro/helpers/measure.h"
 #include "tests/astro/helpers/midnight.h"
+#include "tests/astro/helpers/sky_place.h"
 
 using namespace astro;
 using astro_test::At;
@@ -141,4 +144,51 @@ TEST(LocalEclipseContacts, TotalityInDallas) {
   EXPECT_TRUE(local->second->isVisible);
   EXPECT_NEAR(local->maximum.sunAltitude / kRadiansPerDegree, 64.0, 1.0);
   EXPECT_NEAR(local->magnitude, 1.056, 0.002);
+}
+
+// The angle at one point of a sphere from its north (or zenith) to another point, by longitude and latitude.
+double AngleAt(double longitude, double latitude, double toLongitude, double toLatitude) {
+  const double way = toLongitude - longitude;
+  return std::atan2(
+      std::sin(way) * std::cos(toLatitude),
+      std::cos(latitude) * std::sin(toLatitude) - std::sin(latitude) * std::cos(toLatitude) * std::cos(way));
+}
+
+// The same moments by the discs that the model shows from the place, whose radii are others by 0.4 arc
+// second: how far their edges are apart, and where on the Sun the Moon stands, from the north and from the
+// zenith.
+TEST(LocalEclipseContacts, AnglesAreThoseOfTheDiscsThatAreSeen) {
+  const EarthPlace dallas = At(32.78, -96.80);
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  const auto local = ComputeLocalSolarEclipse(*eclipse, dallas);
+  ASSERT_TRUE(local && local->second && local->third);
+  const struct {
+    EclipseContact contact;
+    double sign;  // of the Moon's radius in the distance of the centres
+  } contacts[] = {{local->first, 1.0}, {*local->second, -1.0}, {*local->third, -1.0}, {local->last, 1.0}};
+  CQXSolSys model;
+  for (const auto& [contact, sign] : contacts) {
+    ObservedBody sun, moon;
+    SetUpModel(contact.moment, dallas, model);
+    ASSERT_TRUE(model.Observe(kSun, nullptr, sun) && model.Observe(kMoon, nullptr, moon));
+    const double apart = VectorsAngle(sun.apparent, moon.apparent);
+    EXPECT_NEAR(apart, std::fabs(sun.angularRadius + sign * moon.angularRadius), astro_test::kArcSecond);
+    // In totality the centres are 30 arc seconds apart, the point of contact is on the other side of the Sun.
+    const double tolerance = sign > 0.0 ? 0.05 : 1.0, turned = sign > 0.0 ? 0.0 : kPi;
+    const auto sunPlace = astro_test::ApparentPlace(sun, contact.moment.julianDateTT);
+    const auto moonPlace = astro_test::ApparentPlace(moon, contact.moment.julianDateTT);
+    const double position = AngleAt(sunPlace.ra, sunPlace.dec, moonPlace.ra, moonPlace.dec);
+    astro_test::ExpectDegrees(contact.positionAngle - turned, position / astro_test::kDegree, tolerance);
+    double axes[9];
+    HorizonAxes(contact.moment, dallas, axes);
+    const HorizonPlace sunStands = MakeHorizonPlace(axes, sun.apparent, 0.0);
+    const HorizonPlace moonStands = MakeHorizonPlace(axes, moon.apparent, 0.0);
+    // Azimuths grow the other way round than position angles do.
+    const double zenith =
+        AngleAt(-sunStands.azimuth, sunStands.altitude, -moonStands.azimuth, moonStands.altitude);
+    astro_test::ExpectDegrees(contact.zenithAngle - turned, zenith / astro_test::kDegree, tolerance);
+    EXPECT_NEAR(contact.sunAltitude, sunStands.altitude, 1.0 * astro_test::kArcSecond);
+    astro_test::ExpectDegrees(contact.sunAzimuth, sunStands.azimuth / astro_test::kDegree, 0.001);
+  }
 }

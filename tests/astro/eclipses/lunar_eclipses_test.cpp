@@ -85,7 +85,7 @@ TEST(LunarEclipses, ContactsOf20260303) {
                   {*eclipse->totalityBegin, 11, 4, 26},
                   {*eclipse->totalityEnd, 12, 2, 45},
                   {*eclipse->umbraEnd, 13, 17, 10}};
-  astro_test::Largest difference("contacts of the lunar eclipse of 2026 March 3", "s");
+  astro_test::Largest difference("contacts of the lunar eclipse of 2026 March 3 against Espenak", "s");
   for (const auto& contact : contacts) {
     const CalendarDate date = {2026, 3, 3, contact.hour, contact.minute, static_cast<double>(contact.second)};
     difference.Note((contact.found.julianDateTT - eclipse->greatest.julianDateTT -

@@ -47,6 +47,32 @@ TEST(EventGrid, SpansThatAdjoinGiveTheWholeWhereverTheyMeet) {
   }
 }
 
+// A wave whose top stands a billionth above zero: its two zeros are 0.0004 apart, in a step of 2.
+TEST(EventGrid, ZerosOnBothSidesOfATurningPointAreFoundHoweverClose) {
+  for (const double above : {1e-9, 1e-4, 0.5}) {
+    std::vector<double> dates;
+    std::vector<bool> rises;
+    const auto wave = [above](double date) { return std::sin(date / 3.0) - 1.0 + above; };
+    FindZerosAndGrazes(wave, 1.0, 35.0, 2.0, [&](double date, bool up) {
+      dates.push_back(date);
+      rises.push_back(up);
+    });
+    ASSERT_EQ(rises, (std::vector<bool>{true, false, true, false})) << above;
+    const double half = 3.0 * std::acos(1.0 - above), top = 1.5 * kPi;
+    EXPECT_NEAR(dates[0], top - half, 2e-6);
+    EXPECT_NEAR(dates[1], top + half, 2e-6);
+    EXPECT_NEAR(dates[2], top + 6.0 * kPi - half, 2e-6);
+  }
+  FindZerosAndGrazes([](double date) { return std::sin(date / 3.0) - 1.0 - 1e-9; }, 1.0, 40.0, 2.0,
+                     [](double, bool) { ADD_FAILURE(); });
+}
+
+TEST(EventGrid, TheLowestPointIsThatOfTheDeepestDip) {
+  const auto dips = [](double date) { return std::cos(date) - 0.1 * date; };
+  const double lowest = FindLowest(dips, 0.0, 15.0, 0.5);
+  EXPECT_NEAR(lowest, 3.0 * kPi + std::asin(0.1), kEventPrecision);
+}
+
 TEST(EventGrid, AJumpOfAnAngleAndWhatIsNotFiniteAreNoZeros) {
   int zeros = 0;
   FindZeros([](double date) { return Wrap(date); }, 1.0, 11.0, 0.5,

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// No event is missed and none comes twice: the finders against looks that are ten times as dense as theirs and
-// know nothing of turning points. Four years as a test; ASTRO_SCAN_YEARS=200 scans 1900 to 2100.
+// No event is missed and none comes twice: the finders against looks that are ten times as dense as theirs
+// and know nothing of turning points. Four years as a test; ASTRO_SCAN_YEARS=200 scans 1900 to 2100.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -164,7 +164,7 @@ TEST(EventScan, RisingsNearThePolarCircleAndTheEquator) {
   ExpectRisings(SSO_ID(kPlanetKind, 4), At(66.4, 25.7), "Mars, 66.4 north");
 }
 
-// Every moment of the span at which Sun and Moon stand closest, or the Moon and the point opposite the Sun, by
+// Every moment of the span at which the Moon stands closest to the Sun or to the point opposite to it, by
 // looks every six hours; which of them are eclipses.
 TEST(EventScan, Eclipses) {
   const EventSearch search = Span();

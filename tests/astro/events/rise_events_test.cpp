@@ -68,6 +68,29 @@ TEST(RiseEvents, OfAYearAreAsManyAsTheyMustBe) {
   for (const SkyEvent& event : Risings(SearchYears(2027, 2028, greenwich), kSun)) EXPECT_EQ(event.body, kSun);
 }
 
+// A year cut at its own events and at odd moments: the same to the last digit, nothing twice, nothing lost.
+TEST(RiseEvents, SpansThatAdjoinGiveTheWhole) {
+  const EarthPlace place = At(66.4, 25.7);
+  const EventSearch year = SearchYears(2027, 2028, place);
+  const auto whole = Risings(year, kMoon);
+  ASSERT_GT(whole.size(), 800u);
+  std::vector<SkyMoment> cuts = {year.from};
+  for (std::size_t i = 100; i < whole.size(); i += 100) {
+    cuts.push_back(whole[i].moment);
+    cuts.push_back(Later(whole[i].moment, 0.37));
+  }
+  cuts.push_back(year.to);
+  std::vector<SkyEvent> parts;
+  for (std::size_t i = 1; i < cuts.size(); ++i) {
+    for (const SkyEvent& event : Risings({cuts[i - 1], cuts[i], place}, kMoon)) parts.push_back(event);
+  }
+  ASSERT_EQ(parts.size(), whole.size());
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    EXPECT_EQ(parts[i].kind, whole[i].kind);
+    EXPECT_EQ(parts[i].moment.julianDateTT, whole[i].moment.julianDateTT);
+  }
+}
+
 // At 78.2 north the Sun's limb stays up at midnight while its declination is above 11.8 - 0.83 degrees, from
 // April 18.9 to August 24.2, 127.3 days; it last rises and first sets at the midnights before and after.
 TEST(RiseEvents, PolarDayAndNightHaveNone) {

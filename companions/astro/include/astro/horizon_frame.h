@@ -23,7 +23,7 @@ struct SkyMoment {
 
 // From a day and a fraction in Universal Time, any finite one.
 ASTRO_API SkyMoment MakeMoment(int day, double fraction);
-// From a Julian date in dynamical time, any finite one; good to 0.0001 second of it.
+// From a Julian date in dynamical time whose day an int holds; good to 0.0001 second of it.
 ASTRO_API SkyMoment MakeMomentTT(double julianDateTT);
 // `days` later, counted in Universal Time; negative: earlier.
 ASTRO_API SkyMoment Later(const SkyMoment& moment, double days);

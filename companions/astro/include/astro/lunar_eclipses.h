@@ -32,6 +32,6 @@ ASTRO_API bool FindLunarEclipses(const EventSearch& search, const EventSink& sin
 
 // The eclipse at the full moon that is within 10 days of a moment; nothing when there is none, and outside
 // the range of the theories.
-ASTRO_API std::optional<GlobalLunarEclipse> ComputeLunarEclipse(const SkyMoment& near);
+ASTRO_API std::optional<GlobalLunarEclipse> ComputeLunarEclipse(const SkyMoment& about);
 
 }  // namespace astro

@@ -23,10 +23,10 @@ struct OccultationTarget {
 // arc. What stays nearer grazes.
 inline constexpr double kGrazeDepth = 5.0 * kRadiansPerArcsecond;
 
-// kOccultationBegins and kOccultationEnds of the targets at the search's place, by day and by night, each when
-// the target stands above the horizon (with refraction). The Moon's edge is a circle of 0.2725076 equatorial
-// radii of the Earth; of a planet the centre counts. Moments are as good as the Moon's place, 2 seconds for
-// 1 arc second, and worse where the path meets the edge aslant.
+// kOccultationBegins and kOccultationEnds of the targets at the search's place, by day and by night, each
+// when the target stands above the horizon (with refraction). The Moon's edge is a circle of 0.2725076
+// equatorial radii of the Earth; of a planet the centre counts. Moments are as good as the Moon's place, 2
+// seconds for 1 arc second, and worse where the path meets the edge aslant.
 //
 // A graze begins and ends within minutes and is found however short it is. A target that passes the mean edge
 // by, which mountains may still touch, has no events. False also when the model sees nothing of a target.

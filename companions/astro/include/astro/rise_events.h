@@ -18,9 +18,10 @@ namespace astro {
 // lowest point of every turn are looked at. At a pole, where there are none, two crossings of the horizon
 // within three hours are missed when the body goes less than 1 arc second beyond it between them.
 //
-// Moments are found to 0.01 second of the model's; Sun and Moon agree with almanacs that take the same
-// refraction within 5 seconds at middle latitudes (docs/events.md). False also for spacecraft and satellites,
-// which move too fast (satellite_pass.h).
+// Moments are found to 0.01 second of the model's; docs/events.md has them against other almanacs. Places are
+// computed once a day (the Moon: twice, moons of planets: every 45 minutes) and go evenly between: that is
+// not for what passes the Earth at less than ten times the Moon's distance. False also for spacecraft and
+// satellites (satellite_pass.h).
 ASTRO_API bool FindRisings(const EventSearch& search, const SSO_ID& body, const void* data, RisingPart part,
                            const EventSink& sink);
 

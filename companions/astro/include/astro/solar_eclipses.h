@@ -45,7 +45,7 @@ ASTRO_API bool FindSolarEclipses(const EventSearch& search, const EventSink& sin
 
 // The eclipse at the new moon that is within 10 days of a moment; nothing when there is none, and outside the
 // range of the theories.
-ASTRO_API std::optional<GlobalSolarEclipse> ComputeSolarEclipse(const SkyMoment& near);
+ASTRO_API std::optional<GlobalSolarEclipse> ComputeSolarEclipse(const SkyMoment& about);
 
 // A point of the central line.
 struct EclipsePathPoint {
