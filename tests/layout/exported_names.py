@@ -60,7 +60,9 @@ def readable(mangled):
     names = run("c++filt", "--no-strip-underscore", text="".join(m + "\n" for m in mangled)).splitlines()
     sized = re.compile(r"operator (new|delete)(\[\])?\((.*?)unsigned (?:int|long)\b")
     file = re.compile(r"\b(_IO_FILE|_iobuf)\b")  # what the C libraries call FILE
-    return [file.sub("FILE", sized.sub(r"operator \1\2(\3std::size_t", name.replace("[abi:cxx11]", "")))
+    extent = re.compile(r"(std::span<[^<>]*), \d+u\w*>")  # the largest size_t: a span of any length
+    return [extent.sub(r"\1>", file.sub("FILE", sized.sub(r"operator \1\2(\3std::size_t",
+                                                          name.replace("[abi:cxx11]", ""))))
             for name in names]
 
 

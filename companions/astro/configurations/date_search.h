@@ -45,14 +45,14 @@ inline bool MayTouchZero(double before, double now, double after) {
   const bool above = now > 0.0;
   if ((before > 0.0) != above || (after > 0.0) != above) return false;
   const double size = std::fabs(now), bend = std::fabs(before) + std::fabs(after) - 2.0 * size;
-  return size <= std::fabs(before) && size <= std::fabs(after) && size < bend;
+  return size < std::fabs(before) && size <= std::fabs(after) && size < bend;
 }
 
 // Calls found(date, rises) for each zero in [from, to) of a function whose values on the grid are given,
 // also for two that lie within one step, as where paths nearly touch: between three looks of which the middle
-// one is the nearest to zero the extreme is searched. Where the function is an angle a jump from +pi to -pi
-// is no zero. What is not finite has no zeros. The same zero comes out the same to the last digit, whatever
-// the span.
+// one is the nearest to zero the extreme is searched. From one look to the next the function changes by less
+// than pi: what changes by more, an angle that jumps from +pi to -pi, is no zero. What is not finite has no
+// zeros. The same zero comes out the same to the last digit, whatever the span.
 template <class Function, class Found>
 void FindDates(const DateGrid& grid, const std::vector<double>& values, Function function, double from,
                double to, Found found) {

@@ -6,7 +6,9 @@
 #include <cmath>
 #include <limits>
 
+#include "astro/constants.h"
 #include "astro/vectors.h"
+#include "companions/astro/model/object_kinds.h"
 
 namespace astro_internal {
 
@@ -32,9 +34,11 @@ double SeparationRate(const SeenMotion& a, const SeenMotion& b) {
   return sum;
 }
 
+// A record of another kind would not be what the pointer says.
 bool SeenBodies::Add(const SSO_ID& id, const StarRecord* star) {
+  const ObjectFamily family = star != nullptr ? ObjectFamily::kStar : ObjectFamily::kPlanet;
   ModelObject object;
-  const bool known = MakeModelObject(id, star, object);
+  const bool known = FamilyOf(id) == family && id != astro::kEarth && MakeModelObject(id, star, object);
   m_Bodies.push_back(std::move(object));
   return known;
 }

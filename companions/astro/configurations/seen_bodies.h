@@ -27,8 +27,8 @@ double SeparationRate(const SeenMotion& a, const SeenMotion& b);
 // dates (TT); where a body is not seen all numbers are not a number. Not for several threads at once.
 class SeenBodies {
  public:
-  // A planet, the Sun, the Moon (`star` null), or a star. False for what the model does not know, which is
-  // never seen.
+  // A planet but the Earth, the Sun, a moon (`star` null), or a star. False for what the model does not know,
+  // which is never seen.
   bool Add(const SSO_ID& id, const StarRecord* star);
 
   ObservedBody See(std::size_t body, double date);

@@ -12,8 +12,8 @@
 namespace astro_internal {
 
 // What CQXSolSys sees from the Earth's centre, for whoever asks thousands of times: the ways of the planets
-// come from StateTrack, which costs a tenth when the dates lie near one another. Within 0.02 arc second of
-// the model. Dates are Julian dates (TT). Not for several threads at once.
+// come from StateTrack, which costs a tenth when the dates lie near one another. Within 0.04 arc second of
+// the model (Mercury at its perihelion). Dates are Julian dates (TT). Not for several threads at once.
 class SkyTrack {
  public:
   SkyTrack();

@@ -17,15 +17,18 @@ using namespace astro_internal;
 constexpr double kLongestPass = 2.0;  // days, to each side of the culmination
 constexpr int kLooksAtPass = 50;
 
+// Days from the epoch: nobody can tell more (satellite.h), and nobody waits for it.
+constexpr double kFarthest = 200.0 * kDaysPerJulianYear;
+constexpr double kLongestStep = 0.5 / 24.0;  // what stands far out rises and sets with the stars
+
 // Days between two looks: a fortieth of the revolution, as fast as it is at the perigee.
 double StepOf(const OrbitalElements& elements) {
   const double period = kTurn / elements.n / kMinutesPerDay;
   const double haste = (1.0 + elements.e) * (1.0 + elements.e) / std::pow(1.0 - elements.e * elements.e, 1.5);
-  return period / 40.0 / haste;
+  return std::min(period / 40.0 / haste, kLongestStep);
 }
 
-// One satellite over one place. Moments are days of Universal Time from `base`, so that they keep their
-// digits.
+// One satellite over one place. Days are those of PassTrack: small numbers, which keep their digits.
 class PassSearch {
  public:
   PassSearch(const SatelliteTarget& satellite, const PassLimits& limits, PassTrack& track, double step)
@@ -96,6 +99,11 @@ class PassSearch {
   double m_Step;
 };
 
+bool HasDates(const EventSearch& search) {
+  const double from = search.from.julianDateTT, to = search.to.julianDateTT;
+  return std::isfinite(from) && std::isfinite(to) && from < to;
+}
+
 // The grid counts from the epoch of the elements: fixed in time, with small numbers.
 bool SearchPasses(double from, double to, PassTrack& track, PassSearch& passes, double step,
                   const std::function<void(const SatellitePass&)>& sink) {
@@ -120,13 +128,14 @@ bool SearchPasses(double from, double to, PassTrack& track, PassSearch& passes, 
 bool FindPasses(const EventSearch& search, const SatelliteTarget& satellite, const PassLimits& limits,
                 const std::function<void(const SatellitePass&)>& sink) {
   if (!search.place || satellite.elements == nullptr) return false;
-  const double first = search.from.julianDateTT, last = search.to.julianDateTT;
-  if (!(std::isfinite(first) && std::isfinite(last) && first < last)) return true;
+  if (!HasDates(search)) return true;
   PassTrack track(*satellite.elements, *search.place, search);
   if (track.GetFault() != SatelliteFault::kNone) return false;
   const double step = StepOf(*satellite.elements);
   PassSearch passes(satellite, limits, track, step);
-  return SearchPasses(track.DayOf(search.from), track.DayOf(search.to), track, passes, step, sink);
+  const double from = track.DayOf(search.from), to = track.DayOf(search.to);
+  const double first = std::max(from, -kFarthest), last = std::min(to, kFarthest);
+  return SearchPasses(first, last, track, passes, step, sink) && first == from && last == to;
 }
 
 bool FindSatellitePasses(const EventSearch& search, std::span<const SatelliteTarget> satellites,

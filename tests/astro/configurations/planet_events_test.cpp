@@ -193,8 +193,9 @@ TEST(PlanetEvents, VenusIsBrightestTwiceInNineteenMonths) {
   for (const SkyEvent& event : events) EXPECT_NEAR(event.value, -4.8, 0.15);
 }
 
-// Jupiter and Saturn of 2020, December 21: 6.1 minutes of arc apart at 18:21 UT (many almanacs); the first of
-// three meetings of 1980 and 1981, December 31. Jupiter stood south.
+// Jupiter and Saturn of 2020, December 21: 6.1 minutes of arc apart at 18:21 UT (many almanacs). In 1981 they
+// met three times in right ascension, on January 14, February 19 and July 30, with Jupiter in the south; in
+// longitude for the first time on December 31.
 TEST(PlanetEvents, GreatConjunctions) {
   const std::vector<astro::SkyTarget> targets = {{Planet(5), nullptr}, {Planet(6), nullptr}};
   const auto closest = Collect(Years(2020, 2020), [&](const EventSearch& search, const EventSink& sink) {
@@ -209,7 +210,9 @@ TEST(PlanetEvents, GreatConjunctions) {
     return astro::FindConjunctions(search, targets, sink);
   });
   ASSERT_EQ(meetings.size(), 3u);
-  EXPECT_NEAR(meetings[0].moment.julianDateTT, Midnight(1980, 12, 31).julianDateTT + 0.5, 1.0);
+  const double days[] = {Midnight(1981, 1, 14).julianDateTT, Midnight(1981, 2, 19).julianDateTT,
+                         Midnight(1981, 7, 30).julianDateTT};
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(meetings[i].moment.julianDateTT, days[i] + 0.5, 0.5);
   for (const SkyEvent& event : meetings) EXPECT_LT(event.value, 0.0);
 }
 
@@ -266,8 +269,15 @@ TEST(PlanetEvents, NothingWhereThereIsNothing) {
   }
   EXPECT_FALSE(astro::FindGreatestElongations(Years(2020, 2020), Planet(4), none));
   EXPECT_FALSE(astro::FindPlanetApsides(Years(2020, 2020), astro::kMoon, none));
-  const std::vector<astro::SkyTarget> unknown = {{SSO_ID(FourCC("comt"), 1), nullptr}, {Planet(4), nullptr}};
-  EXPECT_FALSE(astro::FindConjunctions(Years(2020, 2020), unknown, none));
+  const StarRecord* star = astro::GetEclipticStars()[0].star;
+  for (const astro::SkyTarget& unknown :
+       {astro::SkyTarget{SSO_ID(FourCC("comt"), 1), nullptr},
+        astro::SkyTarget{SSO_ID(FourCC("comt"), 1), star}, astro::SkyTarget{Planet(5), star},
+        astro::SkyTarget{SSO_ID(FourCC("star"), 1), nullptr}, astro::SkyTarget{astro::kEarth, nullptr}}) {
+    const std::vector<astro::SkyTarget> targets = {unknown, {Planet(4), nullptr}};
+    EXPECT_FALSE(astro::FindConjunctions(Years(2020, 2020), targets, none));
+    EXPECT_FALSE(astro::FindAppulses(Years(2020, 2020), targets, kFiveDegrees, none));
+  }
 }
 
 // Pluto is known from 1600 to 2200: its perihelion was on 1989 September 5.

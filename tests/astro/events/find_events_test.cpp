@@ -56,9 +56,9 @@ auto NameOf(const SkyEvent& event) {
 
 }  // namespace
 
-// Two years, so that the search goes through several pieces.
+// Fourteen months, so that the search goes through two pieces; with a transit of Mercury.
 TEST(FindEvents, HandsOutWhatEveryFinderHasInTheOrderOfTime) {
-  const EventSearch search = Years(2019, 2020);
+  const EventSearch search = {Midnight(2019, 11, 1), Midnight(2021, 1, 1), {}};
   const std::vector<SkyEvent> events = EventsOf(search, ChoiceOf(PlanetKinds()));
   std::multiset<decltype(NameOf(events[0]))> found, expected;
   for (std::size_t i = 0; i < events.size(); ++i) {
@@ -85,18 +85,18 @@ TEST(FindEvents, HandsOutWhatEveryFinderHasInTheOrderOfTime) {
   astro::FindGreatestBrilliancies(search, expect);
   astro::FindShowerMaxima(search, astro::GetVisualShowers(), expect);
   astro::FindMoonPhenomena(search, Planet(5), expect);
-  EXPECT_GT(found.size(), 2000u);
+  EXPECT_GT(found.size(), 1500u);
   EXPECT_EQ(found, expected);
   EXPECT_EQ(std::set(found.begin(), found.end()).size(), found.size()) << "something twice";
 }
 
 TEST(FindEvents, SpansThatMeetShareOutTheWhole) {
-  const EventSearch whole = Years(2023, 2024);
+  const EventSearch whole = {Midnight(2023, 1, 1), Midnight(2024, 3, 1), {}};
   const EventChoice choice = ChoiceOf(PlanetKinds());
   const std::vector<SkyEvent> events = EventsOf(whole, choice);
   std::size_t next = 0;
   const astro::SkyMoment borders[] = {whole.from, Midnight(2023, 2, 3), events[700].moment,
-                                      Midnight(2024, 7, 1), whole.to};
+                                      Midnight(2024, 2, 1), whole.to};
   for (std::size_t i = 1; i < std::size(borders); ++i) {
     for (const SkyEvent& event : EventsOf({borders[i - 1], borders[i], {}}, choice)) {
       ASSERT_LT(next, events.size());

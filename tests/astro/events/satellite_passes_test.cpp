@@ -155,14 +155,19 @@ TEST(SatellitePasses, TheQuickAltitudeIsTheRealOne) {
   difference.Expect(0.5);
 }
 
-// Looks every ten seconds, tenfold of those of the search, at a satellite near the Earth and at one on a long
-// way far out: whatever stands above the horizon belongs to a pass, and nothing else does.
+// Looks every ten seconds, tenfold of those of the search, at a satellite near the Earth, at one on a long
+// way far out and at one that goes round in ten days and rises as the stars do: whatever stands above the
+// horizon belongs to a pass, and nothing else does.
 TEST(SatellitePasses, NoneIsMissedNorInvented) {
   const OrbitalElements molniya =
       astro_test::Satellite("1 08195U 75081A   06176.33215444  .00000099  00000-0  11873-3 0   813",
                             "2 08195  64.1586 279.0717 6877146 264.7651  20.2257  2.00491383225656");
+  OrbitalElements distant = molniya;
+  distant.n /= 20.0;
+  distant.e = 0.1;
   for (const auto& [elements, start] : {std::pair(Station(), astro_test::Midnight(2014, 1, 21)),
-                                        std::pair(molniya, astro_test::Midnight(2006, 6, 26))}) {
+                                        std::pair(molniya, astro_test::Midnight(2006, 6, 26)),
+                                        std::pair(distant, astro_test::Midnight(2006, 6, 26))}) {
     PassLimits limits;
     limits.altitude = 2.0 * kDegree;
     const EventSearch search = {start, astro::Later(start, 5.0), astro_test::At(40.0, -105.0)};
@@ -228,6 +233,9 @@ TEST(SatellitePasses, NothingWhereThereIsNothing) {
   broken.tag = 0;
   EXPECT_FALSE(FindPasses(Nights(3.0), {kStation, &broken}, {}, none));
   EXPECT_TRUE(FindPasses(Nights(-1.0), {kStation, &elements}, {}, none));
+  const EventSearch endless = {astro::MakeMoment(3000000, 0.0), astro::MakeMoment(3700000, 0.0),
+                               astro_test::At(52.5, 13.4)};
+  EXPECT_FALSE(FindPasses(endless, {kStation, &elements}, {}, none)) << "more than 200 years away";
   EventSearch far = Nights(1.0);
   far.place = astro_test::At(-85.0, 0.0);
   EXPECT_TRUE(FindPasses(far, {kStation, &elements}, {}, none)) << "the orbit reaches 51 degrees";
