@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
-#include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
+#include "scene/catalogs/name_list.h"
 #include "scene/name_key.h"
 #include "scene/object_names.h"
 #include "utils/messages.h"
@@ -23,7 +24,8 @@ namespace {
 const SSO_ID kPluto(FourCC("plnt"), astro::kPlutoNumber);
 constexpr const char* kPlutoAsAsteroid = "134340 Pluto";
 
-const int kOtherNames = GetUniqueID("OtherNames");  // a column of the NGC alone
+constexpr unsigned kGroupShift = 28;
+constexpr std::uint32_t kIndexMask = (1u << kGroupShift) - 1;
 
 // Catalogues by what people call them, and how their entries begin in the tables.
 struct CatalogueName {
@@ -37,15 +39,23 @@ const CatalogueName kCatalogues[] = {{"messier", "m"},    {"barnard", "b"},   {"
 // What a name may leave out at its end, in this order.
 constexpr std::string_view kClassWords[] = {"galaxy", "nebula", "cluster", "galaxies"};
 
-// "alpha1cen" is "alphacen".
-std::string WithoutDigits(std::string key) {
-  std::erase_if(key, [](char c) { return c >= '0' && c <= '9'; });
-  return key;
+// An object as the lists of names know it.
+std::uint32_t ToNamed(const FoundObject& object) {
+  return static_cast<std::uint32_t>(object.group) << kGroupShift | static_cast<std::uint32_t>(object.index);
 }
+FoundObject FromNamed(std::uint32_t object) {
+  return {static_cast<ObjectGroup>(object >> kGroupShift), static_cast<int>(object & kIndexMask)};
+}
+static_assert(static_cast<std::uint32_t>(ObjectGroup::kStar) == 0);
+static_assert(static_cast<std::uint32_t>(ObjectGroup::kDeepsky) << kGroupShift == kNamedDeepsky);
 
-std::string Numbered(const char* catalog, const CatalogTable& table, int field) {
-  const int number = static_cast<int>(FieldNumber(table, field, 0.0));
-  return number > 0 ? catalog + std::to_string(number) : "";
+// The names that lie ready, else those of the tables.
+std::shared_ptr<const NameList> TakeOrMake(const std::shared_ptr<const NameList>& ready,
+                                           void (*add)(SkyCatalogs&, NameList&), SkyCatalogs& catalogs) {
+  if (ready) return ready;
+  const auto made = std::make_shared<NameList>();
+  add(catalogs, *made);
+  return made;
 }
 
 }  // namespace
@@ -87,66 +97,34 @@ std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs
 ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(&catalogs) {
   m_KnownBodies = static_cast<int>(std::count_if(catalogs.bodies.begin(), catalogs.bodies.end(),
                                                  [](const SkyBody& body) { return !body.hasElements; }));
-  AddStars(catalogs);
-  AddDeepsky(catalogs);
-  AddBodies(catalogs);
+  m_Names[0] = TakeOrMake(catalogs.starNames, AddStarNames, catalogs);
+  m_Names[1] = TakeOrMake(catalogs.deepskyNames, AddDeepskyNames, catalogs);
+  const auto others = std::make_shared<NameList>();
+  AddBodies(catalogs, *others);
+  AddConstellations(catalogs, *others);
+  m_Names[2] = others;
   AddUnplacedMoons(catalogs);
+}
+
+void ObjectSearch::AddConstellations(const SkyCatalogs& catalogs, NameList& names) {
   for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
     const auto& constellation = catalogs.constellations[i];
-    for (const auto& name : {constellation.name, constellation.abbreviation, constellation.englishName}) {
-      Add(name, {ObjectGroup::kConstellation, i});
-    }
-  }
-}
-
-void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
-  CatalogTable& table = catalogs.starTable;
-  for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
-    table.Select(catalogs.stars.GetRecord(i));
-    const FoundObject object = {ObjectGroup::kStar, i};
-    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-    AddBayer(FieldText(table, CommonInterfaces::FieldIds::Bayer), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::Flamsteed), object);
-    Add(Numbered("HR ", table, CommonInterfaces::FieldIds::Number), object);
-    Add(Numbered("HIP ", table, CommonInterfaces::FieldIds::HipparcosID), object);
-  }
-}
-
-void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
-  for (int i = 0; i < static_cast<int>(catalogs.deepsky.size()); ++i) {
-    const DeepskyObject& entry = catalogs.deepsky[static_cast<std::size_t>(i)];
-    const CatalogTable& table = catalogs.deepsky.SelectRecord(entry);
-    const FoundObject object = {ObjectGroup::kDeepsky, i};
-    Add(Numbered("M ", table, CommonInterfaces::FieldIds::MessierNumber), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-    AddOthers(table, object);
-    if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry)) AddOthers(*further, object);
-  }
-}
-
-// What a record of the NGC has besides: its own name and what stands between semicolons.
-void ObjectSearch::AddOthers(const CatalogTable& table, const FoundObject& object) {
-  Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
-  Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-  std::string_view others = FieldText(table, kOtherNames);
-  while (!others.empty()) {
-    const auto end = std::min(others.find(';'), others.size());
-    Add(std::string(others.substr(0, end)), object);
-    others.remove_prefix(std::min(end + 1, others.size()));
+    for (const auto& name : {constellation.name, constellation.abbreviation, constellation.englishName})
+      names.Add(name, ToNamed({ObjectGroup::kConstellation, i}));
   }
 }
 
 // The list of planets and moons has English names.
-void ObjectSearch::AddBodies(const SkyCatalogs& catalogs) {
+void ObjectSearch::AddBodies(const SkyCatalogs& catalogs, NameList& names) {
   const CommonInterfaces::PlanetMoonDescription description;
   for (int i = 0; i < static_cast<int>(catalogs.bodies.size()); ++i) {
     const SkyBody& body = catalogs.bodies[i];
-    for (const auto& name : body.names) Add(name, {ObjectGroup::kBody, i});
+    const std::uint32_t object = ToNamed({ObjectGroup::kBody, i});
+    for (const auto& name : body.names) names.Add(name, object);
     if (body.hasElements) continue;
-    Add(GetBodyLabel(body), {ObjectGroup::kBody, i});
-    if (const char* name = description.GetObjectName(body.id)) Add(name, {ObjectGroup::kBody, i});
-    if (body.id == kPluto) Add(kPlutoAsAsteroid, {ObjectGroup::kBody, i});
+    names.Add(GetBodyLabel(body), object);
+    if (const char* name = description.GetObjectName(body.id)) names.Add(name, object);
+    if (body.id == kPluto) names.Add(kPlutoAsAsteroid, object);
   }
 }
 
@@ -164,27 +142,11 @@ void ObjectSearch::AddUnplacedMoons(const SkyCatalogs& catalogs) {
   }
 }
 
-void ObjectSearch::AddBayer(const std::string& written, const FoundObject& object) {
-  Add(written, object);
-  const std::string key = MakeNameKey(written);
-  const std::string unnumbered = WithoutDigits(key);
-  if (unnumbered != key) m_Unnumbered.push_back({unnumbered, written, object});
-}
-
-// A name of the same key as one that the object has already says nothing new.
-void ObjectSearch::Add(const std::string& written, const FoundObject& object) {
-  const std::string key = MakeNameKey(written);
-  for (auto name = m_Names.rbegin(); name != m_Names.rend() && name->object == object; ++name) {
-    if (name->key == key) return;
-  }
-  if (!key.empty()) m_Names.push_back({key, written, object});
-}
-
-std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, const std::string& key) {
+std::vector<FoundObject> ObjectSearch::FindKey(const std::string& key, bool unnumbered) const {
   std::vector<FoundObject> found;
-  for (const auto& name : names) {
-    if (name.key == key) found.push_back(name.object);
-  }
+  for (const auto& names : m_Names)
+    names->ForKey(key, unnumbered ? NameList::kUnnumbered : NameList::kPlain,
+                  [&found](const NameList::Name& name) { found.push_back(FromNamed(name.object)); });
   return found;
 }
 
@@ -201,14 +163,14 @@ std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject>
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
-  std::vector<FoundObject> found = FindIn(m_Names, key);
-  if (found.empty()) found = FindIn(m_Names, expanded);
+  std::vector<FoundObject> found = FindKey(key);
+  if (found.empty()) found = FindKey(expanded);
   for (const auto& [called, entry] : kCatalogues) {
-    if (found.empty() && key.starts_with(called)) found = FindIn(m_Names, entry + key.substr(called.size()));
+    if (found.empty() && key.starts_with(called)) found = FindKey(entry + key.substr(called.size()));
   }
-  if (found.empty()) found = FindIn(m_Unnumbered, expanded);
+  if (found.empty()) found = FindKey(expanded, true);
   for (const auto word : kClassWords) {
-    if (found.empty()) found = FindIn(m_Names, key + std::string(word));
+    if (found.empty()) found = FindKey(key + std::string(word));
   }
   if (!found.empty()) return WithoutNamesakes(std::move(found));
   if (const auto star = FindTileStarNamed(key)) found.push_back(*star);
@@ -258,32 +220,47 @@ std::optional<FoundObject> ObjectSearch::FindOne(const std::string& name, std::s
 
 std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
   std::vector<std::string> keys;
-  for (const auto& entry : m_Names) keys.push_back(entry.key);
+  for (const auto& list : m_Names) {
+    for (std::size_t i = 0; i < list->GetCount(); ++i) {
+      if ((*list)[i].form == NameList::kPlain) keys.emplace_back((*list)[i].key);
+    }
+  }
   std::vector<std::string> names;
   for (const auto& key : FindNearNames(MakeNameKey(name), keys)) {
-    const auto entry =
-        std::find_if(m_Names.begin(), m_Names.end(), [&key](const Name& n) { return n.key == key; });
-    if (std::find(names.begin(), names.end(), entry->written) == names.end()) names.push_back(entry->written);
+    std::string written;
+    for (const auto& list : m_Names) {
+      list->ForKey(key, NameList::kPlain, [&written](const NameList::Name& known) {
+        if (written.empty()) written = known.written;
+      });
+    }
+    if (std::find(names.begin(), names.end(), written) == names.end()) names.push_back(written);
   }
   return names;
 }
 
+std::vector<std::string_view> ObjectSearch::GetNames(const FoundObject& object) const {
+  std::vector<std::string_view> written;
+  for (const auto& list : m_Names) {
+    list->ForObject(ToNamed(object),
+                    [&written](const NameList::Name& name) { written.push_back(name.written); });
+  }
+  return written;
+}
+
 std::string ObjectSearch::GetName(const FoundObject& object) const {
   if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
-  const auto name =
-      std::find_if(m_Names.begin(), m_Names.end(), [&object](const Name& n) { return n.object == object; });
-  return name == m_Names.end() ? "" : name->written;
+  const auto names = GetNames(object);
+  return names.empty() ? "" : std::string(names.front());
 }
 
 std::string ObjectSearch::GetTitle(const FoundObject& object) const {
   if (object.group == ObjectGroup::kTileStar) return GetTileStarName(object.index);
   std::string title, others;
-  for (const auto& name : m_Names) {
-    if (!(name.object == object)) continue;
+  for (const auto name : GetNames(object)) {
     if (title.empty()) {
-      title = name.written;
+      title = name;
     } else {
-      others += (others.empty() ? "" : ", ") + name.written;
+      others.append(others.empty() ? "" : ", ").append(name);
     }
   }
   return others.empty() ? title : title + " (" + others + ")";

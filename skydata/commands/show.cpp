@@ -35,7 +35,9 @@ ShownTable ShowFileOf(DataKind kind, const std::string& path) {
       {DataKind::kMilkyWayImages, ShowImages}, {DataKind::kDeepskyImages, ShowDeepskyImages},
       {DataKind::kPanoramas, ShowPanoramas},   {DataKind::kFavourites, ShowList},
       {DataKind::kChosen, ShowList},           {DataKind::kSelection, ShowList}};
-  return kind == DataKind::kStrings ? ShowShowers(path) : kShows.at(kind)(ReadFile(path));
+  if (kind == DataKind::kStrings) return ShowShowers(path);
+  if (kind == DataKind::kPreparedSky) return ShowPreparedSky(path);
+  return kShows.at(kind)(ReadFile(path));
 }
 
 DataKind FindKind(const Arguments& arguments) {

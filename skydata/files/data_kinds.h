@@ -17,6 +17,7 @@ enum class DataKind {
   kCatalogTable,
   kTwoLineElements,
   kStarTiles,
+  kPreparedSky,
   kPlanets,
   kObservationTimes,
   kArticles,

@@ -29,6 +29,8 @@ ShownTable ShowStarBands(const std::string& path);
 ShownTable ShowStarCell(const std::string& path, int band, unsigned cell);
 // Its stars, their numbers and where they come from: two lines.
 std::string DescribeStarTiles(const std::string& path);
+// What prepared catalogs hold. What is none, or damaged, throws std::runtime_error with one line.
+ShownTable ShowPreparedSky(const std::string& path);
 ShownTable ShowSettings(const std::string& bytes);
 // The meteor showers of a string table in the language of its folder.
 ShownTable ShowShowers(const std::string& path);

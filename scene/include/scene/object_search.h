@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "scene/api.h"
@@ -41,8 +43,8 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // before asteroids of the same name: "Europa" is the moon, "52 Europa" the asteroid.
 class SCENE_API ObjectSearch {
  public:
-  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by
-  // reference, for the stars of tile catalogs.
+  // Takes the names that lie ready with the catalogs, else reads them from their tables, whose current record
+  // changes. The catalogs are kept by reference, for the stars of tile catalogs.
   explicit ObjectSearch(SkyCatalogs& catalogs);
 
   // Every object of that name: none, one, or several when the name is ambiguous.
@@ -59,31 +61,21 @@ class SCENE_API ObjectSearch {
   std::string GetTitle(const FoundObject& object) const;
 
  private:
-  struct Name {
-    std::string key;
-    std::string written;
-    FoundObject object;
-  };
   // A body that has a name and no place.
   struct UnplacedMoon {
     std::string key, parent;
   };
-  void Add(const std::string& written, const FoundObject& object);
-  void AddBayer(const std::string& written, const FoundObject& object);
-  void AddStars(SkyCatalogs& catalogs);
-  void AddDeepsky(SkyCatalogs& catalogs);
-  void AddOthers(const CatalogTable& table, const FoundObject& object);
-  void AddBodies(const SkyCatalogs& catalogs);
+  static void AddBodies(const SkyCatalogs& catalogs, NameList& names);
+  static void AddConstellations(const SkyCatalogs& catalogs, NameList& names);
   void AddUnplacedMoons(const SkyCatalogs& catalogs);
-  static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
+  std::vector<FoundObject> FindKey(const std::string& key, bool unnumbered = false) const;
+  std::vector<std::string_view> GetNames(const FoundObject& object) const;
   std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
   std::string DescribeMissing(const std::string& name) const;
 
   const SkyCatalogs* m_Catalogs;
-
-  std::vector<Name> m_Names;       // those of one object together, the best known first
-  std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it
+  std::shared_ptr<const NameList> m_Names[3];  // of stars, of deep-sky objects, of all others
   std::vector<UnplacedMoon> m_Moons;
   int m_KnownBodies = 0;  // the first so many of the list are planets and moons
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,6 +47,8 @@ struct MilkyWayRing {
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
 
+class NameList;
+
 // All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
 // and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
@@ -61,6 +64,8 @@ struct SkyCatalogs {
   std::vector<MilkyWayRing> milkyWay;  // by level
   BodyList bodies;
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
+  // Names of stars and of deep-sky objects where they lie ready, else null.
+  std::shared_ptr<const NameList> starNames, deepskyNames;
 };
 
 // What catalogs are loaded for. Questions about objects do without the outlines of the Milky Way, the largest
