@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars,
-// figures, Milky Way, horizon, labels. Every frame has a view and a moment of its own, so that nothing can be
-// kept and nothing is learnt.
+// figures, Milky Way, horizon, labels. Every frame has a view and, where nothing else is said, a moment of its
+// own, so that nothing can be kept and nothing is learnt.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -74,13 +74,17 @@ class Looker {
   scene::ShownKinds m_Shown;
 };
 
+enum class Clock { kRuns, kStands };
+
 void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom,
-               bool naturalSky = true) {
+               bool naturalSky = true, Clock clock = Clock::kRuns) {
   Looker looker(zoom, naturalSky);
   scene::SkyFrame frame(catalogs);
   std::size_t next = 0, drawn = 0;
   for (auto _ : state) {
-    looker.Compute(GetViews()[next++ % GetViews().size()], frame);
+    View view = GetViews()[next++ % GetViews().size()];
+    if (clock == Clock::kStands) view.fraction = 0.4;  // night
+    looker.Compute(view, frame);
     drawn += frame.GetStars().size();
   }
   state.counters["drawn"] = static_cast<double>(drawn) / static_cast<double>(next);
@@ -104,6 +108,14 @@ void FrameUnderAPlainSky(benchmark::State& state) {
   RunFrames(state, *catalogs, static_cast<double>(state.range(0)), false);
 }
 BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// The same while time stands and the view turns, as it does under the hand.
+void FrameWhileTimeStands(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), true, Clock::kStands);
+}
+BENCHMARK(FrameWhileTimeStands)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
 // What ships without tiles: what a frame costs besides its faint stars.
 void FrameWithoutTiles(benchmark::State& state) {

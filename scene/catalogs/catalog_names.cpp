@@ -56,7 +56,8 @@ void AddDeepskyNames(SkyCatalogs& catalogs, NameList& names) {
     names.Add(FieldText(table, FieldIds::NGC_ICnumber), object);
     names.Add(FieldText(table, FieldIds::ProperName), object);
     AddOthers(table, object, names);
-    if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry)) AddOthers(*further, object, names);
+    if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry))
+      AddOthers(*further, object, names);
   }
 }
 

@@ -61,7 +61,7 @@ void Exchange(File& file, BoundaryEdge& edge) {
 
 // A parallel of the boundaries, whose type is theirs alone.
 template <class File, class Parallel>
-  requires requires(Parallel parallel) { parallel.endRA; }
+requires requires(Parallel parallel) { parallel.endRA; }
 void Exchange(File& file, Parallel& parallel) {
   file.Value(parallel.dec);
   file.Value(parallel.ra);
@@ -258,7 +258,8 @@ bool PreparedParts::IsSound(const DeepskyCatalog& deepsky) {
          std::all_of(deepsky.begin(), deepsky.end(), [](const DeepskyObject& object) {
            return IsDirection(object.direction) && object.table < kDeepskyTables && object.label &&
                   object.designation && object.properName && IsAngle(object.largest) &&
-                  IsAngle(object.smallest) && (std::isnan(object.positionAngle) || IsAngle(object.positionAngle));
+                  IsAngle(object.smallest) &&
+                  (std::isnan(object.positionAngle) || IsAngle(object.positionAngle));
          });
 }
 
@@ -284,7 +285,8 @@ bool PreparedParts::IsSound(const NebulaOutlines& all, std::size_t objects) {
 bool PreparedParts::IsSound(const ConstellationBounds& bounds, std::size_t constellations) {
   for (const BoundaryEdge& edge : bounds.m_Edges) {
     if (!IsRun(edge.first, edge.count, bounds.m_Points.size()) || edge.count == 0 || !IsAngle(edge.radius) ||
-        !IsIndexOrNone(edge.northOrEast, constellations) || !IsIndexOrNone(edge.southOrWest, constellations)) {
+        !IsIndexOrNone(edge.northOrEast, constellations) ||
+        !IsIndexOrNone(edge.southOrWest, constellations)) {
       return false;
     }
   }
@@ -309,7 +311,8 @@ bool PreparedParts::AreSound(const SkyCatalogs& catalogs) {
     if (!IsDirection(name.direction)) return false;
   }
   return AreDirections(catalogs.figurePoints) && IsSound(catalogs.stars) && IsSound(catalogs.deepsky) &&
-         IsSound(catalogs.nebulaOutlines, catalogs.deepsky.size()) && IsSound(catalogs.bounds, constellations);
+         IsSound(catalogs.nebulaOutlines, catalogs.deepsky.size()) &&
+         IsSound(catalogs.bounds, constellations);
 }
 
 }  // namespace scene

@@ -40,7 +40,8 @@ struct PreparedParts {
 std::string FindCatalog(const char* name, const std::string& root = "");
 
 // Reads the tables that the part is made of, as LoadSkyCatalogs says.
-bool LoadCatalogTexts(PreparedSky part, SkyCatalogs& catalogs, std::string& error, const std::string& root = "");
+bool LoadCatalogTexts(PreparedSky part, SkyCatalogs& catalogs, std::string& error,
+                      const std::string& root = "");
 
 // Takes the same from the prepared file, where that was made of the very texts that are there; else false,
 // with that part of the catalogs as it was. One that is damaged is told in one diagnostic line.

@@ -32,12 +32,12 @@ struct PartFiles {
   const char* name;
   const char* texts[kMostTexts];
 };
-constexpr PartFiles kFiles[] = {{"catalogs:stars.prepared",
-                                 {"catalogs:stars.txt", "catalogs:constellations.txt",
-                                  "catalogs:constellation_lines.txt", "catalogs:constellation_bounds.txt"}},
-                                {"catalogs:ngc_ic.prepared",
-                                 {"catalogs:deepsky.txt", "catalogs:ngc_ic.txt",
-                                  "catalogs:nebula_outlines.txt", nullptr}}};
+constexpr PartFiles kFiles[] = {
+    {"catalogs:stars.prepared",
+     {"catalogs:stars.txt", "catalogs:constellations.txt", "catalogs:constellation_lines.txt",
+      "catalogs:constellation_bounds.txt"}},
+    {"catalogs:ngc_ic.prepared",
+     {"catalogs:deepsky.txt", "catalogs:ngc_ic.txt", "catalogs:nebula_outlines.txt", nullptr}}};
 
 const PartFiles& GetFiles(PreparedSky part) { return kFiles[static_cast<std::size_t>(part)]; }
 
@@ -86,7 +86,8 @@ bool Fail(std::string& error, const char* text) {
 
 // False with one line when the bytes are no such file.
 bool ReadHeader(std::string_view bytes, PreparedSky& part, std::string& error) {
-  if (bytes.size() < kPartsAt || !bytes.starts_with(kMagic)) return Fail(error, "these are no prepared catalogs");
+  if (bytes.size() < kPartsAt || !bytes.starts_with(kMagic))
+    return Fail(error, "these are no prepared catalogs");
   if (LoadLE32(bytes.data() + kMagic.size()) != kVersion)
     return Fail(error, "these are prepared catalogs of another version");
   const std::uint32_t number = LoadLE32(bytes.data() + kPartAt);

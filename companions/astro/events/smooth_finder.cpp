@@ -10,7 +10,7 @@
 namespace astro {
 namespace {
 
-constexpr int kLooks = 8, kBefore = 3;    // of a polynomial; so many before the stretch of time it serves
+constexpr int kLooks = 8, kBefore = 3;  // of a polynomial; so many before the stretch of time it serves
 constexpr double kLooksPerDay = 24.0;
 
 // Where it stands as a unit vector, which passes the zenith and north as smoothly as anything else.
@@ -37,8 +37,7 @@ class SmoothPath {
   SmoothPath(FindHorizonPlace find, const SkyMoment& start) : m_Find(std::move(find)), m_Start(start) {}
 
   std::optional<HorizonPlace> Find(const SkyMoment& moment) {
-    const double hours =
-        ((moment.day - m_Start.day) + (moment.fraction - m_Start.fraction)) * kLooksPerDay;
+    const double hours = ((moment.day - m_Start.day) + (moment.fraction - m_Start.fraction)) * kLooksPerDay;
     if (!(std::fabs(hours) < 1e6)) return m_Find(moment);
     const int first = static_cast<int>(std::floor(hours)) - kBefore;
     Look sum = {};

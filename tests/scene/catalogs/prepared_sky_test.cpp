@@ -55,7 +55,8 @@ class PreparedSkyTest : public testing::Test {
     }
   }
   void UseBoth() {
-    for (const PreparedSky part : kParts) sky.dir.Write(FileOf(part), prepared[static_cast<std::size_t>(part)]);
+    for (const PreparedSky part : kParts)
+      sky.dir.Write(FileOf(part), prepared[static_cast<std::size_t>(part)]);
   }
   // Loads with the file of these bytes, and nothing but what the tables have may come of it.
   void ExpectTablesInstead(PreparedSky part, const std::string& bytes, const std::string& what) {
