@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "bench/different_inputs.h"
@@ -132,7 +133,7 @@ std::string GetSyntheticCatalog(std::int64_t count, std::string& reason) {
   constexpr double kBytesWhileMaking = 60.0;  // a star: in the file, and in the runs that are sorted
   namespace fs = std::filesystem;
   const fs::path folder = fs::path(GetProgramFolder()).parent_path() / "bench_stars";
-  const std::string path = (folder / (std::to_string(count) + ".tiles")).string();
+  const std::string path = (folder / (std::to_string(count) + "_numbered.tiles")).string();
   std::error_code fault;
   if (fs::exists(path, fault)) return path;
   fs::create_directories(folder, fault);
@@ -187,5 +188,20 @@ void OpenTiles(benchmark::State& state) {
 }
 BENCHMARK(OpenTiles)->ArgName("stars")->Arg(100000)->Arg(2000000)->Arg(100000000)->Unit(
     benchmark::kMicrosecond);
+
+// A star by its number, every time another one: by the index of numbers.
+void FindTileStar(benchmark::State& state) {
+  std::string reason;
+  const std::string path = GetSyntheticCatalog(state.range(0), reason);
+  scene::StarTiles tiles;
+  if (path.empty() || !tiles.Open(path.c_str(), reason)) return state.SkipWithError(reason.c_str());
+  const int lowest = tiles.GetLowestNumber(), numbers = tiles.GetHighestNumber() - lowest + 1;
+  std::mt19937 random(7);
+  std::int64_t found = 0;
+  for (auto _ : state) found += tiles.FindNumber(lowest + static_cast<int>(random() % numbers)).GetCount();
+  state.SetItemsProcessed(state.iterations());
+  if (found == 0) state.SkipWithError("no star was found");
+}
+BENCHMARK(FindTileStar)->ArgName("stars")->Arg(100000)->Arg(2000000)->Arg(100000000);
 
 }  // namespace

@@ -259,8 +259,12 @@ def tiles(origin, *bands):
         numbers += [record[6] for record in each]
         entries += struct.pack("<IhhII", order, min(magnitudes), max(magnitudes), len(each), motion)
         body += records + index
+    places = sorted((number, place) for place, number in enumerate(numbers))
+    for first in range(0, len(places), 511):
+        block = b"".join(struct.pack("<II", *entry) for entry in places[first:first + 511])
+        body += struct.pack("<I", zlib.crc32(struct.pack("<I", first // 511) + block)) + block
     size = 48 + len(entries) + len(origin)
-    header = struct.pack("<8sII4xIQQII", b"STARTILE", 1, size, len(bands), len(numbers), size + len(body),
+    header = struct.pack("<8sII4xIQQII", b"STARTILE", 2, size, len(bands), len(numbers), size + len(body),
                          min(numbers, default=0), max(numbers, default=0)) + entries + origin
     return header[:16] + struct.pack("<I", zlib.crc32(header)) + header[20:] + body
 

@@ -82,8 +82,7 @@ enum class CatalogUse { kPictures, kQuestions };
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error,
                                CatalogUse use = CatalogUse::kPictures);
 
-// The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a
-// catalog that has numbers like that one (StarTiles::FindNumber).
+// The star of that number in the tile catalogs (StarTiles::FindNumber); valid as long as they are.
 SCENE_API std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int number);
 
 }  // namespace scene

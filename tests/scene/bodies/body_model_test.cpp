@@ -13,7 +13,8 @@ using namespace scene;
 namespace {
 
 // What a model that never computed anything else says.
-void ExpectAsNew(const BodyModel& model, const BodyList& bodies, const SkyMoment& moment, const EarthPlace& place) {
+void ExpectAsNew(const BodyModel& model, const BodyList& bodies, const SkyMoment& moment,
+                 const EarthPlace& place) {
   BodyModel fresh(bodies);
   fresh.Compute(moment, place);
   for (std::size_t i = 0; i < bodies.size(); ++i) {
@@ -33,9 +34,9 @@ TEST(BodyModel, StatesAreThoseOfTheLastMomentAndPlace) {
   BodyModel model(f.catalogs.bodies);
   const SkyMoment evening = astro::MakeMoment(2461056, 0.25), later = astro::Later(evening, 1e-5);
   const EarthPlace berlin = {0.234, 0.916, 40.0}, higher = {0.234, 0.916, 41.0};
-  for (const auto& [moment, place] : {std::pair(evening, berlin), std::pair(evening, berlin),
-                                      std::pair(later, berlin), std::pair(later, higher),
-                                      std::pair(evening, berlin)}) {
+  for (const auto& [moment, place] :
+       {std::pair(evening, berlin), std::pair(evening, berlin), std::pair(later, berlin),
+        std::pair(later, higher), std::pair(evening, berlin)}) {
     model.Compute(moment, place);
     ExpectAsNew(model, f.catalogs.bodies, moment, place);
   }
