@@ -34,8 +34,7 @@ void AppendEntry(std::uint32_t number, std::uint32_t place, std::string& entries
 bool TakeBlock(const Index& index, std::uint64_t block, Entries& entries) {
   const unsigned char* const at = index.bytes + static_cast<std::size_t>(block * kBlockSize);
   entries.bytes = at + kCheckSize;
-  entries.count =
-      static_cast<std::size_t>(std::min<std::uint64_t>(index.stars - block * kEntries, kEntries));
+  entries.count = static_cast<std::size_t>(std::min<std::uint64_t>(index.stars - block * kEntries, kEntries));
   const auto bytes = star_tile_layout::ToText(entries.bytes, entries.count * kEntrySize);
   return GetCheck(static_cast<std::uint32_t>(block), bytes) == LoadLE32(at);
 }

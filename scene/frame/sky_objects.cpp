@@ -216,10 +216,11 @@ void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& t
     label = labels.Find(object.label, LabelKind::kImageFrame);
     if (label >= 0) continue;
     const auto& place = drawn.output->m_Place;
-    // An object that fills the picture has its label inside.
-    const double most = 0.2 * std::min(geometry.width, geometry.height);
+    // An object that fills the picture has its label inside, so far from its rim that no text reaches it.
+    const double inside = 0.2 * std::min(geometry.width, geometry.height);
+    const double radius = static_cast<double>(place.radius);
     label = labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y},
-                               std::min<double>(place.radius, most), 11.0 * geometry.unit,
+                               radius <= 2.0 * inside ? radius : inside, 11.0 * geometry.unit,
                                LabelKindOfDeepsky(object.kind), {object.kind, object.number});
   }
 }
