@@ -61,10 +61,12 @@ std::vector<Known> CollectKnown(const std::string& tilesPath) {
     for (std::uint32_t cell = 0; cell < astro::GetHealpixCellCount(tiles.GetBand(band).order); ++cell) {
       const auto stars = tiles.GetStars(band, cell);
       for (std::uint32_t i = 0; i < stars.GetCount(); ++i)
-        known.push_back({stars[i].GetDirection(), Plus({}, -kYears, stars[i].GetMotion()), stars[i].GetMagnitude()});
+        known.push_back(
+            {stars[i].GetDirection(), Plus({}, -kYears, stars[i].GetMotion()), stars[i].GetMagnitude()});
     }
   }
-  std::sort(known.begin(), known.end(), [](const Known& a, const Known& b) { return a.now.v[2] < b.now.v[2]; });
+  std::sort(known.begin(), known.end(),
+            [](const Known& a, const Known& b) { return a.now.v[2] < b.now.v[2]; });
   return known;
 }
 
