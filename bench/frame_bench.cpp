@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 //
 // A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars,
-// figures, Milky Way, horizon, labels. Every frame has a view and a moment of its own, so that nothing can be
-// kept and nothing is learnt.
+// figures, Milky Way, horizon, labels. Every frame has a view and, where nothing else is said, a moment of its
+// own, so that nothing can be kept and nothing is learnt.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "bench/different_inputs.h"
@@ -74,13 +75,17 @@ class Looker {
   scene::ShownKinds m_Shown;
 };
 
+enum class Clock { kRuns, kStands };
+
 void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom,
-               bool naturalSky = true) {
+               bool naturalSky = true, Clock clock = Clock::kRuns) {
   Looker looker(zoom, naturalSky);
   scene::SkyFrame frame(catalogs);
   std::size_t next = 0, drawn = 0;
   for (auto _ : state) {
-    looker.Compute(GetViews()[next++ % GetViews().size()], frame);
+    View view = GetViews()[next++ % GetViews().size()];
+    if (clock == Clock::kStands) view.fraction = 0.4;  // night
+    looker.Compute(view, frame);
     drawn += frame.GetStars().size();
   }
   state.counters["drawn"] = static_cast<double>(drawn) / static_cast<double>(next);
@@ -105,6 +110,14 @@ void FrameUnderAPlainSky(benchmark::State& state) {
 }
 BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
+// The same while time stands and the view turns, as it does under the hand.
+void FrameWhileTimeStands(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), true, Clock::kStands);
+}
+BENCHMARK(FrameWhileTimeStands)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
 // What ships without tiles: what a frame costs besides its faint stars.
 void FrameWithoutTiles(benchmark::State& state) {
   const auto catalogs = LoadShippedCatalogs();
@@ -120,7 +133,7 @@ std::string GetSyntheticCatalog(std::int64_t count, std::string& reason) {
   constexpr double kBytesWhileMaking = 60.0;  // a star: in the file, and in the runs that are sorted
   namespace fs = std::filesystem;
   const fs::path folder = fs::path(GetProgramFolder()).parent_path() / "bench_stars";
-  const std::string path = (folder / (std::to_string(count) + ".tiles")).string();
+  const std::string path = (folder / (std::to_string(count) + "_numbered.tiles")).string();
   std::error_code fault;
   if (fs::exists(path, fault)) return path;
   fs::create_directories(folder, fault);
@@ -175,5 +188,20 @@ void OpenTiles(benchmark::State& state) {
 }
 BENCHMARK(OpenTiles)->ArgName("stars")->Arg(100000)->Arg(2000000)->Arg(100000000)->Unit(
     benchmark::kMicrosecond);
+
+// A star by its number, every time another one: by the index of numbers.
+void FindTileStar(benchmark::State& state) {
+  std::string reason;
+  const std::string path = GetSyntheticCatalog(state.range(0), reason);
+  scene::StarTiles tiles;
+  if (path.empty() || !tiles.Open(path.c_str(), reason)) return state.SkipWithError(reason.c_str());
+  const int lowest = tiles.GetLowestNumber(), numbers = tiles.GetHighestNumber() - lowest + 1;
+  std::mt19937 random(7);
+  std::int64_t found = 0;
+  for (auto _ : state) found += tiles.FindNumber(lowest + static_cast<int>(random() % numbers)).GetCount();
+  state.SetItemsProcessed(state.iterations());
+  if (found == 0) state.SkipWithError("no star was found");
+}
+BENCHMARK(FindTileStar)->ArgName("stars")->Arg(100000)->Arg(2000000)->Arg(100000000);
 
 }  // namespace

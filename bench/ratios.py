@@ -21,6 +21,7 @@ import re
 import statistics
 import subprocess
 import sys
+import time
 
 AIMS = pathlib.Path(__file__).with_name("aims.tsv")
 REPETITIONS = 3
@@ -109,10 +110,16 @@ class Measured:
         verdict = "met" if ratio <= aim else "**missed**"
         return row + [peer, *describe(peers[peer])[:2], limit, f"{ratio:.2f}", f"{aim:g}", verdict]
 
-    def aims(self):
+    def aims(self, every):
+        """The aims that were measured, or every one."""
         head = ["task", "subject", "least", "median", "spread", "peer", "least", "median", "limit", "ratio", "aim", ""]
-        return [head] + [self.aim_row(*aim) for aim in read_aims()
-                         if self.subjects.get(aim[0], [None])[0] is not None]
+        rows = [head]
+        for subject, peer, aim, what in read_aims():
+            if self.subjects.get(subject, [None])[0] is not None:
+                rows.append(self.aim_row(subject, peer, aim, what))
+            elif every:
+                rows.append([what, f"`{subject}`", *[""] * 8, in_units(aim) if peer == "-" else f"{aim:g}", "not measured"])
+        return rows
 
     def all(self):
         rows = [["subject", "least", "median", "spread", "peer", "least", "median", "spread", "ratio"]]
@@ -141,33 +148,46 @@ def machine():
     return f"{names[0] if names else 'unknown processor'}, {os.cpu_count()} cores"
 
 
-def write(page, tables, runs):
+def without_benchmark(programs):
+    """Aims whose subject none of the programs has."""
+    known = set()
+    for program in programs:
+        names = subprocess.run([program, "--benchmark_list_tests"], check=True, stdout=subprocess.PIPE, text=True).stdout
+        known |= {name.removesuffix("/manual_time") for name in names.split()}
+    return [subject for subject, *_ in read_aims() if subject not in known]
+
+
+def write(page, tables, runs, minutes):
     path = pathlib.Path(page)
     before, _, rest = path.read_text(encoding="utf-8").partition(BEGIN)
     _, _, after = rest.partition(END)
     if not rest or not after:
         sys.exit(f"{page} has no place for the figures: {BEGIN} and {END}")
     date = datetime.date.today().isoformat()
-    head = f"{date}, {machine()}, the release preset, {runs} runs of {REPETITIONS} repetitions."
+    head = f"{date}, {machine()}, the release preset, {runs} runs of {REPETITIONS} repetitions, {minutes:.0f} minutes."
     path.write_text("\n\n".join([before + BEGIN, head, *tables, END]) + after, encoding="utf-8")
 
 
 def main():
     own, _, options = (" ".join(sys.argv[1:]) + " ").partition(" -- ")
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--runs", type=int, default=5)
+    parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--write", metavar="PAGE")
     parser.add_argument("programs", nargs="+")
     arguments = parser.parse_args(own.split())
-    times = {}
+    strange = without_benchmark(arguments.programs) if arguments.write else []
+    if strange:
+        sys.exit(f"{AIMS}: there is no benchmark {', '.join(strange)}")
+    begin, times = time.monotonic(), {}
     for program in arguments.programs:
         print(f"running {pathlib.Path(program).name}", file=sys.stderr)
         times.update(measure(program, arguments.runs, options.split()))
     measured = Measured(times)
-    tables = [table for table in (measured.aims(), measured.all()) if len(table) > 1]
+    tables = [table for table in (measured.aims(bool(arguments.write)), measured.all()) if len(table) > 1]
     print("\n\n".join(as_text(table) for table in tables))
     if arguments.write:
-        write(arguments.write, [as_markdown(table) for table in tables], arguments.runs)
+        minutes = (time.monotonic() - begin) / 60.0
+        write(arguments.write, [as_markdown(table) for table in tables], arguments.runs, minutes)
 
 
 if __name__ == "__main__":

@@ -259,8 +259,12 @@ def tiles(origin, *bands):
         numbers += [record[6] for record in each]
         entries += struct.pack("<IhhII", order, min(magnitudes), max(magnitudes), len(each), motion)
         body += records + index
+    places = sorted((number, place) for place, number in enumerate(numbers))
+    for first in range(0, len(places), 511):
+        block = b"".join(struct.pack("<II", *entry) for entry in places[first:first + 511])
+        body += struct.pack("<I", zlib.crc32(struct.pack("<I", first // 511) + block)) + block
     size = 48 + len(entries) + len(origin)
-    header = struct.pack("<8sII4xIQQII", b"STARTILE", 1, size, len(bands), len(numbers), size + len(body),
+    header = struct.pack("<8sII4xIQQII", b"STARTILE", 2, size, len(bands), len(numbers), size + len(body),
                          min(numbers, default=0), max(numbers, default=0)) + entries + origin
     return header[:16] + struct.pack("<I", zlib.crc32(header)) + header[20:] + body
 
@@ -278,6 +282,46 @@ def sky_map_seeds():
     save(target, "larger", sky_map(16, bytes(range(256))))
     save(target, "cut", sky_map(16, bytes(range(256)))[:100])
     save(target, "odd", sky_map(3, bytes(9)))
+
+
+def fingerprint(data):
+    """utils/checksum.h."""
+    def mix(state, word):
+        product = (state ^ word) * 0x9E3779B97F4A7C15 % 2**64
+        return product ^ product >> 32
+    lanes, at = [1, 2, 3, 4], 0
+    while len(data) - at >= 32:
+        lanes = [mix(lane, word) for lane, word in zip(lanes, struct.unpack_from("<4Q", data, at))]
+        at += 32
+    state = len(data)
+    for word in lanes + list(data[at:]) + [0]:
+        state = mix(state, word)
+    return state
+
+
+def prepared(part, parts):
+    return struct.pack("<8sII64xQ", b"SKYREADY", 1, part, fingerprint(parts)) + parts
+
+
+def prepared_sky_seeds():
+    """docs/formats/prepared_sky.md."""
+    target = "prepared_sky"
+    numbers = lambda *values: struct.pack("<%dI" % (len(values) + 1), len(values), *values)
+    north = struct.pack("<I3d", 1, 0, 0, 1)
+    star = (struct.pack("<If", 1, 5.4) + north + struct.pack("<I3d", 1, 1e-9, 0, 0) + struct.pack("<IB", 1, 2)
+            + numbers(2491) + struct.pack("<If", 1, 0.5) + struct.pack("<IB", 1, 1) + numbers(0) + numbers(1) + numbers(0)
+            + numbers(0) + struct.pack("<I8s", 8, b"\0Sirius\0") + struct.pack("<d", 1e-9))
+    names = struct.pack("<I4I", 1, 0x12345678, 0, 7, 0) + struct.pack("<I14s", 14, b"sirius\0Sirius\0")
+    nebula = (struct.pack("<I5s", 5, b"\0M42\0") + struct.pack("<I3dfII3fIBBB3I", 1, 0, 1, 0, 60, 1, 42, 0.01, 0.01, 0.5, 3, 0,
+                                                              1, 1, 1, 1, 0) + numbers(42, 0xFFFFFFFF)
+              + struct.pack("<Ii3ddII", 1, 0, 0, 1, 0, 0.01, 0, 1) + struct.pack("<I3I", 1, 2, 0, 1)
+              + struct.pack("<I2I", 1, 0, 1) + struct.pack("<I3d", 1, 0, 1, 0))
+    save(target, "no_stars", prepared(0, bytes(88)))
+    save(target, "no_deepsky", prepared(1, bytes(36)))
+    save(target, "one_star", prepared(0, star + bytes(8 + 4 + 12) + names))
+    save(target, "one_nebula", prepared(1, nebula + bytes(8)))
+    save(target, "cut", prepared(0, star))
+    save(target, "empty", b"")
 
 
 def star_tile_seeds():
@@ -298,6 +342,7 @@ def star_tile_seeds():
 
 if __name__ == "__main__":
     sky_map_seeds()
+    prepared_sky_seeds()
     star_tile_seeds()
     orbit_seeds()
     conversion_seeds()

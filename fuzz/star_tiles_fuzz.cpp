@@ -3,6 +3,7 @@
 //
 // A tile catalog of any bytes: opened, looked at everywhere. So that mutations reach what stands behind the
 // sums, the bytes are read a second time with the sums of the header and of every cell mended.
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -40,7 +41,11 @@ void LookEverywhere(const std::string& path, std::uint64_t size) {
     }
   }
   Require(count == tiles.GetCount() || tiles.HasDamage(), "what is missing is damaged");
-  Require(tiles.FindNumber(tiles.GetHighestNumber()).GetCount() <= 1, "one star or none");
+  for (const int number : {tiles.GetLowestNumber(), tiles.GetHighestNumber()}) {
+    const scene::StarTileRecords found = tiles.FindNumber(number);
+    Require(found.GetCount() == 0 || found[0].GetNumber() == number, "the star of that number or none");
+  }
+  tiles.IsNumberIndexSound();
 }
 
 std::uint32_t Sum(const std::string& bytes, std::size_t from, std::size_t size, std::uint32_t before = 0) {
@@ -63,12 +68,23 @@ void MendCells(std::string& bytes, std::size_t at, std::uint32_t band, std::uint
   }
 }
 
+void MendNumbers(std::string& bytes, std::size_t at, std::uint64_t stars) {
+  if (bytes.size() - at != stars * 8 + (stars + 510) / 511 * 4) return;
+  for (std::uint32_t block = 0; at < bytes.size(); ++block) {
+    const std::size_t size = std::min<std::size_t>(bytes.size() - at - 4, 511 * 8);
+    unsigned char number[4];
+    StoreLE32(number, block);
+    StoreLE32(bytes.data() + at,
+              Sum(bytes, at + 4, size, GetCrc32({reinterpret_cast<const char*>(number), sizeof number})));
+    at += 4 + size;
+  }
+}
+
 // The sums as a writer would have made them, as far as the sizes make sense.
 void Mend(std::string& bytes) {
   auto* const begin = reinterpret_cast<unsigned char*>(bytes.data());
   if (bytes.size() < 48) return;
   std::memcpy(begin, "STARTILE", 8);
-  StoreLE32(begin + 8, 1);
   StoreLE64(begin + 32, bytes.size());
   const std::uint32_t size = LoadLE32(begin + 12), bands = LoadLE32(begin + 20);
   if (bands > 64 || size < 48 + 16 * bands || size > bytes.size()) return;
@@ -83,6 +99,8 @@ void Mend(std::string& bytes) {
     at += std::uint64_t{stars} * 20 + std::uint64_t{cells} * 8;
     count += stars;
   }
+  StoreLE32(begin + 8, at == bytes.size() ? 1 : 2);
+  MendNumbers(bytes, static_cast<std::size_t>(at), count);
   StoreLE64(begin + 24, count);
   StoreLE32(begin + 16, 0);
   StoreLE32(begin + 16, Sum(bytes, 0, size));

@@ -4,6 +4,8 @@
 
 #include <bit>
 #include <cstdint>
+#include <limits>
+#include <type_traits>
 
 namespace CommonInterfaces {
 
@@ -23,11 +25,12 @@ int Wrap(std::int64_t value) { return static_cast<int>(static_cast<std::uint32_t
 // shifts of negative numbers, products beyond 32 bits and INT_MIN / -1 give what 32-bit registers would.
 struct FixedPoint {
   using Coordinate = int;
-  using Wide = std::int64_t;
+  using Edge = int;
+  using Wide = int;
   using Parameter = int;
-  static Parameter At(std::int64_t edge, int from, int to) {
+  static Parameter At(int edge, int from, int to) {
     const int difference = Wrap(std::int64_t{to} - from);
-    const int rise = Wrap((edge - from) * 65536);
+    const int rise = Wrap((std::int64_t{edge} - from) * 65536);
     const int t = Wrap(std::int64_t{rise} / (difference + int{difference == 0}));
     return t * int{(t >= 1) & (t <= 65534) & (difference != 0)};
   }
@@ -47,6 +50,7 @@ double InsideOrZero(double t) {
 
 struct DoublePoint {
   using Coordinate = double;
+  using Edge = std::int64_t;
   using Wide = double;
   using Parameter = double;
   static Parameter At(std::int64_t edge, double from, double to) {
@@ -58,19 +62,29 @@ struct DoublePoint {
 // Integer points in doubles, which hold every int and every difference of two.
 struct DoubleParameter {
   using Coordinate = int;
-  using Wide = std::int64_t;
+  using Edge = int;
+  using Wide = int;
   using Parameter = double;
-  static Parameter At(std::int64_t edge, int from, int to) { return DoublePoint::At(edge, from, to); }
+  static Parameter At(int edge, int from, int to) {
+    const double start = from;
+    return InsideOrZero((edge - start) / (to - start));
+  }
   static int Between(int from, int to, Parameter t) {
     return static_cast<int>(DoublePoint::Between(from, to, t));
   }
 };
 
-// The usable range along one axis. Wider than int, so that the smallest int as right edge makes an empty area
-// instead of wrapping.
+// The usable range along one axis: wider than int beside doubles, so that the smallest int as right edge makes
+// an empty area instead of wrapping. An int is never within such an area: EndsNowhere.
+template <class Edge>
 struct Range {
-  std::int64_t low, high;
+  Edge low, high;
 };
+
+bool EndsNowhere(const tRect<int>& r) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  return (r.right == kLeast) | (r.bottom == kLeast);
+}
 
 // The coordinates of both ends along one axis, and a third that is written when neither is to be.
 //
@@ -80,11 +94,12 @@ template <class Math>
 struct Ends {
   using Coordinate = typename Math::Coordinate;
   using Wide = typename Math::Wide;
+  using Range = CommonInterfaces::Range<typename Math::Edge>;
   static constexpr int kNowhere = 2;
 
   Ends(Coordinate p0, Coordinate p1) : at{p0, p1, p1}, larger(!(p0 > p1)) {}
 
-  auto Crossing(std::int64_t edge) const { return Math::At(edge, at[0], at[1]); }
+  auto Crossing(typename Math::Edge edge) const { return Math::At(edge, at[0], at[1]); }
   // Whether the larger one is not above, or the smaller one not below. Told so that a coordinate that is no
   // number counts as it does for the roles: then the second point is the larger one, the first the smaller
   // one.
@@ -108,7 +123,7 @@ struct Ends {
 
 // Moves the end `index` to where the segment crosses an edge of the axis `along`, if `moves`.
 template <class Math>
-void MoveTo(std::int64_t edge, typename Math::Parameter t, int index, bool moves, Ends<Math>& along,
+void MoveTo(typename Math::Edge edge, typename Math::Parameter t, int index, bool moves, Ends<Math>& along,
             Ends<Math>& across) {
   const auto crossing = Math::Between(across.at[0], across.at[1], t);
   const int place = Ends<Math>::kNowhere + (index - Ends<Math>::kNowhere) * moves;
@@ -118,7 +133,9 @@ void MoveTo(std::int64_t edge, typename Math::Parameter t, int index, bool moves
 
 template <class Math, class Point>
 bool Clip(Point& p0, Point& p1, const tRect<int>& r) {
-  const Range inX{r.left, std::int64_t{r.right} - 1}, inY{r.top, std::int64_t{r.bottom} - 1};
+  using Edge = typename Math::Edge;
+  if (std::is_same_v<Edge, int> && EndsNowhere(r)) return false;
+  const Range<Edge> inX{r.left, Edge{r.right} - 1}, inY{r.top, Edge{r.bottom} - 1};
   Ends<Math> x(p0.x, p1.x), y(p0.y, p1.y);
   if (x.IsBeyond(inX) + y.IsBeyond(inY) != 0) return false;
   if (x.IsWithin(inX) + y.IsWithin(inY) == 2) return true;

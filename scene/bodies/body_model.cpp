@@ -14,6 +14,14 @@ void TakeVector(const CQXSolSys& model, const SSO_ID& id, double vector[3]) {
   for (int i = 0; i < 3; ++i) vector[i] = seen.apparent[i] * seen.distance;
 }
 
+bool IsSame(const SkyMoment& a, const SkyMoment& b) {
+  return a.day == b.day && a.fraction == b.fraction && a.deltaT == b.deltaT &&
+         a.julianDateTT == b.julianDateTT;
+}
+bool IsSame(const EarthPlace& a, const EarthPlace& b) {
+  return a.lon == b.lon && a.lat == b.lat && a.height == b.height;
+}
+
 }  // namespace
 
 BodyModel::BodyModel(const BodyList& bodies) : m_Bodies(bodies), m_States(bodies.size()) {
@@ -33,7 +41,10 @@ bool BodyModel::Observe(const SkyBody& body, ObservedBody& seen) const {
 }
 
 void BodyModel::Compute(const SkyMoment& moment, const EarthPlace& place) {
+  if (m_IsComputed && IsSame(moment, m_Moment) && IsSame(place, m_Place)) return;
+  m_IsComputed = true;
   m_Moment = moment;
+  m_Place = place;
   SetUpModel(moment, place, m_Model);
   for (std::size_t i = 0; i < m_Bodies.size(); ++i) {
     BodyState& state = m_States[i];

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "utils/debug.h"
 #include "utils/text.h"
@@ -210,7 +211,18 @@ int CatalogTable::ReadCells(char* cell, char* end, unsigned char* record) {
   return cell == end ? count : -1;
 }
 
-void CatalogTable::Select(int record) { m_Current = record >= 0 && record < m_Count ? record : -1; }
+void CatalogTable::Defer(const char* path) {
+  *this = CatalogTable();
+  m_Deferred = path;
+}
+
+void CatalogTable::Select(int record) {
+  if (!m_Deferred.empty()) {
+    const std::string path = std::move(m_Deferred);
+    if (!Load(path.c_str())) PrintDebugString("%s\n", m_Error.c_str());
+  }
+  m_Current = record >= 0 && record < m_Count ? record : -1;
+}
 
 int CatalogTable::FindColumn(int fieldId) const {
   const auto found = std::find(m_NameIds.begin(), m_NameIds.end(), fieldId);

@@ -9,6 +9,7 @@
 
 #include "common_interfaces/field_names.h"
 #include "scene/catalogs/language_names.h"
+#include "scene/catalogs/name_index.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/language.h"
 #include "scene/sky_catalogs.h"
@@ -24,12 +25,16 @@ const int kObject = GetUniqueID("Object"), kLanguage = GetUniqueID("Language"); 
 
 using Names = std::unordered_map<std::string_view, const std::string*>;  // by object
 
+// By their Hipparcos numbers, which the names that lie ready have too: the table need not be read.
 void NameStars(const Names& names, SkyCatalogs& catalogs) {
-  for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
-    catalogs.starTable.Select(catalogs.stars.GetRecord(i));
-    const int number = static_cast<int>(FieldNumber(catalogs.starTable, FieldIds::HipparcosID, 0.0));
-    const auto name = number > 0 ? names.find("HIP " + std::to_string(number)) : names.end();
-    if (name != names.end()) catalogs.stars.SetProperName(i, *name->second);
+  NameIndex made;
+  if (!catalogs.starNames) AddStarNames(catalogs, made);
+  const NameIndex& known = catalogs.starNames ? *catalogs.starNames : made;
+  for (std::size_t i = 0; i < known.GetCount(); ++i) {
+    const NameIndex::Name entry = known[i];
+    if (entry.form != NameIndex::kPlain || !entry.written.starts_with("HIP ")) continue;
+    const auto name = names.find(entry.written);
+    if (name != names.end()) catalogs.stars.SetProperName(static_cast<int>(entry.object), *name->second);
   }
 }
 

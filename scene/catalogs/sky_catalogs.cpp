@@ -3,11 +3,15 @@
 #include "scene/sky_catalogs.h"
 
 #include <algorithm>
+#include <cstring>
+#include <filesystem>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "scene/catalogs/language_names.h"
+#include "scene/catalogs/prepared_parts.h"
 #include "scene/view/arcs.h"
 #include "utils/debug.h"
 #include "utils/path.h"
@@ -21,8 +25,8 @@ constexpr double kFigureStep = 2.0 * kRadiansPerDegree;  // a great circle bends
 const int kEnglishName = GetUniqueID("EnglishName"),
           kGenitive = GetUniqueID("Genitive");  // columns of this catalog alone
 
-bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
-  const std::string path = ZentharPath::GetPath(name);
+bool LoadTable(const char* name, CatalogTable& table, std::string& error, const std::string& root = "") {
+  const std::string path = FindCatalog(name, root);
   if (path.empty()) {
     error = std::string(name) + ": not found in the data root";
     return false;
@@ -33,9 +37,9 @@ bool LoadTable(const char* name, CatalogTable& table, std::string& error) {
 }
 
 // A table that a data root may lack; it is then empty.
-bool LoadOptionalTable(const char* name, CatalogTable& table, std::string& error) {
+bool LoadOptionalTable(const char* name, CatalogTable& table, std::string& error, const std::string& root) {
   table = CatalogTable();
-  return ZentharPath::GetPath(name).empty() || LoadTable(name, table, error);
+  return FindCatalog(name, root).empty() || LoadTable(name, table, error, root);
 }
 
 // False when the current record lacks its position.
@@ -107,6 +111,29 @@ void OpenStarTiles(std::vector<StarTiles>& catalogs) {
   }
 }
 
+bool LoadStarTexts(SkyCatalogs& loaded, std::string& error, const std::string& root) {
+  CatalogTable table;
+  if (!LoadTable("catalogs:stars.txt", loaded.starTable, error, root)) return false;
+  loaded.stars.Fill(loaded.starTable);
+  if (!LoadTable("catalogs:constellations.txt", table, error, root)) return false;
+  FillNames(table, loaded.constellations);
+  if (!LoadTable("catalogs:constellation_lines.txt", table, error, root)) return false;
+  FillFigures(table, loaded);
+  if (!LoadOptionalTable("catalogs:constellation_bounds.txt", table, error, root)) return false;
+  loaded.bounds.Fill(table, loaded.constellations);
+  return true;
+}
+
+bool LoadDeepskyTexts(SkyCatalogs& loaded, std::string& error, const std::string& root) {
+  CatalogTable table;
+  if (!LoadTable("catalogs:deepsky.txt", loaded.deepsky.tables[kMessierTable], error, root)) return false;
+  if (!LoadOptionalTable("catalogs:ngc_ic.txt", loaded.deepsky.tables[kNgcTable], error, root)) return false;
+  loaded.deepsky.Fill();
+  if (!LoadOptionalTable("catalogs:nebula_outlines.txt", table, error, root)) return false;
+  loaded.nebulaOutlines.Fill(table, loaded.deepsky);
+  return true;
+}
+
 bool LoadMilkyWay(SkyMap& map, std::string& error) {
   constexpr char kName[] = "catalogs:milkyway.map";
   const std::string path = ZentharPath::GetPath(kName);
@@ -147,22 +174,23 @@ std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int numb
   return std::nullopt;
 }
 
+std::string FindCatalog(const char* name, const std::string& root) {
+  if (root.empty()) return ZentharPath::GetPath(name);
+  const auto path = std::filesystem::path(root) / "catalogs" / (std::strchr(name, ':') + 1);
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path, ignored) ? path.string() : "";
+}
+
+bool LoadCatalogTexts(PreparedSky part, SkyCatalogs& catalogs, std::string& error, const std::string& root) {
+  return part == PreparedSky::kStars ? LoadStarTexts(catalogs, error, root)
+                                     : LoadDeepskyTexts(catalogs, error, root);
+}
+
 bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error, CatalogUse use) {
   SkyCatalogs loaded;
-  CatalogTable table;
-  if (!LoadTable("catalogs:stars.txt", loaded.starTable, error)) return false;
-  loaded.stars.Fill(loaded.starTable);
-  if (!LoadTable("catalogs:deepsky.txt", loaded.deepsky.tables[kMessierTable], error)) return false;
-  if (!LoadOptionalTable("catalogs:ngc_ic.txt", loaded.deepsky.tables[kNgcTable], error)) return false;
-  loaded.deepsky.Fill();
-  if (!LoadOptionalTable("catalogs:nebula_outlines.txt", table, error)) return false;
-  loaded.nebulaOutlines.Fill(table, loaded.deepsky);
-  if (!LoadTable("catalogs:constellations.txt", table, error)) return false;
-  FillNames(table, loaded.constellations);
-  if (!LoadTable("catalogs:constellation_lines.txt", table, error)) return false;
-  FillFigures(table, loaded);
-  if (!LoadOptionalTable("catalogs:constellation_bounds.txt", table, error)) return false;
-  loaded.bounds.Fill(table, loaded.constellations);
+  for (const PreparedSky part : {PreparedSky::kStars, PreparedSky::kDeepsky}) {
+    if (!TakePreparedSky(part, loaded) && !LoadCatalogTexts(part, loaded, error)) return false;
+  }
   if (use == CatalogUse::kPictures && !LoadMilkyWay(loaded.milkyWay, error)) return false;
   OpenStarTiles(loaded.starTiles);
   loaded.bodies = LoadBodies();

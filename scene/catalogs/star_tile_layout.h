@@ -15,7 +15,7 @@
 namespace scene::star_tile_layout {
 
 inline constexpr char kMagic[] = "STARTILE";
-inline constexpr std::uint32_t kVersion = 1;
+inline constexpr std::uint32_t kVersion = 2, kVersionWithoutNumbers = 1;
 
 // The header: offsets of its numbers, then the bands, then the origin up to its end.
 inline constexpr std::size_t kVersionAt = 8, kHeaderSizeAt = 12, kCheckAt = 16, kBandCountAt = 20;

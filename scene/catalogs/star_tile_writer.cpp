@@ -10,6 +10,7 @@
 
 #include "astro/constants.h"
 #include "astro/healpix.h"
+#include "scene/catalogs/star_number_index.h"
 #include "scene/catalogs/star_tile_layout.h"
 #include "scene/catalogs/star_tile_runs.h"
 #include "utils/replace_file.h"
@@ -128,18 +129,20 @@ struct StarTileWriterState {
   void Close() {
     file.Discard();
     runs.reset();
+    numbers.reset();
     bands = {};
     count = 0;
   }
   std::string MakeHeader() const;
   bool WriteBand(int band, std::uint32_t index);
   bool TakeCell(int band, std::uint32_t cell, int order);
+  bool WriteNumbers();
   void Report();
 
   std::uint32_t mostInMemory;
   std::string path, origin, error;
   FileReplacement file;
-  std::unique_ptr<StarTileRuns> runs;
+  std::unique_ptr<StarTileRuns> runs, numbers;  // by band and cell; number and place, while they are written
   std::array<Band, kBands> bands;
   std::uint64_t count = 0;
   int lowest = 0, highest = 0;
@@ -147,6 +150,7 @@ struct StarTileWriterState {
   // While writing.
   std::function<void(double)> progress;
   std::uint64_t written = 0;
+  std::uint32_t place = 0;   // of the next star among all
   StarTileRuns::Entry next;  // the first that is not in a cell yet
   bool hasNext = false;
   std::vector<std::array<unsigned char, StarTileRecord::kSize>> cellStars;
@@ -166,9 +170,31 @@ bool StarTileWriterState::TakeCell(int band, std::uint32_t cell, int order) {
     return left.GetNumber() != right.GetNumber() ? left.GetNumber() < right.GetNumber() : a < b;
   });
   cellBytes.clear();
-  for (const auto& star : cellStars)
+  for (const auto& star : cellStars) {
     cellBytes.append(reinterpret_cast<const char*>(star.data()), star.size());
+    const auto number = static_cast<std::uint32_t>(StarTileRecord(star.data()).GetNumber());
+    if (!numbers->Add({std::uint64_t{number} << kKeyShift | place++, {}})) return false;
+  }
   return file.Write(cellBytes);
+}
+
+// The stars by number, once all have their places.
+bool StarTileWriterState::WriteNumbers() {
+  if (!numbers->Sort()) return false;
+  StarTileRuns::Entry entry;
+  std::string entries;
+  std::uint32_t block = 0;
+  bool hasEntry = numbers->Take(entry);
+  while (hasEntry) {
+    entries.clear();
+    for (std::size_t i = 0; hasEntry && i < star_number_index::kEntries;
+         ++i, hasEntry = numbers->Take(entry)) {
+      star_number_index::AppendEntry(static_cast<std::uint32_t>(entry.key >> kKeyShift),
+                                     static_cast<std::uint32_t>(entry.key), entries);
+    }
+    if (!file.Write(star_number_index::MakeBlock(block++, entries))) return false;
+  }
+  return true;
 }
 
 bool StarTileWriterState::WriteBand(int band, std::uint32_t number) {
@@ -215,6 +241,7 @@ std::string StarTileWriterState::MakeHeader() const {
     fileSize += std::uint64_t{astro::GetHealpixCellCount(order)} * layout::kEntrySize;
     ++bandCount;
   }
+  fileSize += star_number_index::GetSize(count);
   std::string header(layout::kBandsAt, '\0');
   header += entries + origin;
   auto* const to = reinterpret_cast<unsigned char*>(header.data());
@@ -267,7 +294,7 @@ bool StarTileWriter::Add(const TileStar& star) {
   const StarTileRecord record(entry.record.data());
   const std::uint32_t cell = astro::GetHealpixCell(astro::kMaxHealpixOrder, record.GetDirection().v);
   const int band = ChooseBand(record);
-  if (state.bands[band].count == 0xFFFFFFFFu) return state.Fail("a band has more stars than it can count");
+  if (state.count == 0xFFFFFFFFu) return state.Fail("a file has more stars than it can count");
   entry.key = (std::uint64_t(band) << kKeyShift) + cell;
   state.bands[band].Add(record, cell >> 2 * (astro::kMaxHealpixOrder - kDensityOrder));
   state.lowest = state.count == 0 ? star.number : std::min(state.lowest, star.number);
@@ -281,6 +308,8 @@ bool StarTileWriter::Commit(const std::function<void(double)>& progress) {
   if (!state.runs) return false;
   state.progress = progress;
   state.written = 0;
+  state.place = 0;
+  state.numbers = std::make_unique<StarTileRuns>(state.path + ".numbers", state.mostInMemory);
   if (!state.runs->Sort()) return state.Fail("cannot be sorted: " + state.runs->GetReason());
   bool isWritten = state.file.Write(state.MakeHeader());
   state.hasNext = state.runs->Take(state.next);
@@ -289,6 +318,10 @@ bool StarTileWriter::Commit(const std::function<void(double)>& progress) {
     if (state.bands[band].count > 0) isWritten = state.WriteBand(band, number++);
   }
   state.runs.reset();
+  isWritten = isWritten && state.WriteNumbers();
+  const std::string reason = state.numbers->GetReason();
+  state.numbers.reset();
+  if (!reason.empty()) return state.Fail("cannot be sorted: " + reason);
   if (!isWritten || !state.file.Commit()) return state.Fail("cannot be written: " + state.file.GetReason());
   const std::uint64_t count = state.count;
   state.Close();

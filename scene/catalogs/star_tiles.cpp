@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "scene/star_tiles.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
 
 #include "astro/constants.h"
 #include "astro/healpix.h"
+#include "scene/catalogs/star_number_index.h"
 #include "scene/catalogs/star_tile_layout.h"
 #include "utils/debug.h"
 
@@ -55,7 +57,8 @@ bool StarTiles::ReadHeader(std::string& reason) {
   const std::size_t fileSize = m_File.GetSize();
   if (fileSize < layout::kBandsAt || std::memcmp(header, layout::kMagic, layout::kVersionAt) != 0)
     return Fail(reason, "it is no star tile catalog");
-  if (LoadLE32(header + layout::kVersionAt) != layout::kVersion)
+  const std::uint32_t version = LoadLE32(header + layout::kVersionAt);
+  if (version != layout::kVersion && version != layout::kVersionWithoutNumbers)
     return Fail(reason, "it is a star tile catalog of another version");
   const std::uint32_t size = LoadLE32(header + layout::kHeaderSizeAt);
   const std::uint32_t bands = LoadLE32(header + layout::kBandCountAt);
@@ -71,13 +74,17 @@ bool StarTiles::ReadHeader(std::string& reason) {
   const std::uint32_t lowest = LoadLE32(header + layout::kLowestAt);
   const std::uint32_t highest = LoadLE32(header + layout::kHighestAt);
   if (highest > 0x7FFFFFFFu || lowest > highest) return Fail(reason, kBadHeader);
-  Places places = {size, 0};
+  Places places = {size, 0, 0};
   for (std::uint32_t i = 0; i < bands; ++i) {
     if (!PlaceBand(header + layout::kBandsAt + i * layout::kBandSize, places, reason)) return false;
     m_Count += m_Bands.back().band.count;
   }
-  if (places.at != fileSize || m_Count != LoadLE64(header + layout::kStarCountAt))
+  const std::uint64_t numbers = version == layout::kVersion ? star_number_index::GetSize(m_Count) : 0;
+  if (places.at != fileSize - std::min<std::uint64_t>(numbers, fileSize) ||
+      m_Count != LoadLE64(header + layout::kStarCountAt)) {
     return Fail(reason, kBadHeader);
+  }
+  if (version == layout::kVersion) m_Numbers = header + static_cast<std::size_t>(places.at);
   m_Lowest = static_cast<int>(lowest);
   m_Highest = static_cast<int>(highest);
   m_Origin.assign(reinterpret_cast<const char*>(header) + originAt, size - originAt);
@@ -109,9 +116,11 @@ bool StarTiles::PlaceBand(const unsigned char* entry, Places& places, std::strin
   band.records = m_File.GetBytes() + places.at;
   band.index = band.records + records;
   band.firstCell = places.cells;
+  band.firstStar = places.stars;
   m_Bands.push_back(band);
   places.at += size;
   places.cells += bandCells;
+  places.stars += count;
   return true;
 }
 
@@ -156,8 +165,59 @@ bool StarTiles::KeepsPromises(const PlacedBand& band, const StarTileRecords& sta
   return true;
 }
 
+const StarTiles::PlacedBand* StarTiles::FindBand(std::uint64_t place) const {
+  for (const PlacedBand& band : m_Bands) {
+    if (place - band.firstStar < band.band.count) return &band;
+  }
+  return nullptr;
+}
+
+bool StarTiles::IsPlaceOf(std::uint64_t place, std::uint32_t number) const {
+  const PlacedBand* const band = FindBand(place);
+  if (!band) return false;
+  const auto star = static_cast<std::uint32_t>(place - band->firstStar);
+  return LoadLE32(band->GetRecords(star, star + 1)[0].GetBytes() + 16) == number;
+}
+
 StarTileRecords StarTiles::FindNumber(int number) const {
   if (number < m_Lowest || number > m_Highest) return {};
+  StarTileRecords found;
+  if (m_Numbers && !m_HasDamagedNumbers) {
+    if (FindByIndex(number, found)) return found;
+    PrintDebugString("%s: the index of numbers is damaged: stars are looked for one by one\n",
+                     m_Path.c_str());
+    m_HasDamagedNumbers = true;
+  }
+  return SearchNumber(number);
+}
+
+// False when the index is damaged. A star counts only as one of its cell, which was checked.
+bool StarTiles::FindByIndex(int number, StarTileRecords& found) const {
+  std::uint32_t place = 0;
+  const auto answer =
+      star_number_index::Find({m_Numbers, m_Count}, static_cast<std::uint32_t>(number), place);
+  if (answer != star_number_index::Answer::kFound) return answer == star_number_index::Answer::kNone;
+  const PlacedBand* const band = FindBand(place);
+  if (!band) return false;
+  const auto star = static_cast<std::uint32_t>(place - band->firstStar);
+  const StarTileRecords record = band->GetRecords(star, star + 1);
+  const std::uint32_t cell = astro::GetHealpixCell(band->band.order, record[0].GetDirection().v);
+  const StarTileRecords stars = GetStars(static_cast<int>(band - m_Bands.data()), cell);
+  const std::size_t offset = static_cast<std::size_t>(record.GetBytes() - band->records);
+  const std::size_t first =
+      stars.GetCount() == 0 ? 0 : static_cast<std::size_t>(stars.GetBytes() - band->records);
+  const bool isInCell = stars.GetCount() > 0 && offset >= first &&
+                        offset - first < std::size_t{stars.GetCount()} * StarTileRecord::kSize;
+  if (isInCell && record[0].GetNumber() != number) return false;
+  if (isInCell) {
+    found = record;
+  } else {
+    found = SearchNumber(number);  // astray, or in a damaged cell
+  }
+  return true;
+}
+
+StarTileRecords StarTiles::SearchNumber(int number) const {
   for (int band = 0; band < GetBandCount(); ++band) {
     const std::uint32_t cells = astro::GetHealpixCellCount(GetBand(band).order);
     for (std::uint32_t cell = 0; cell < cells; ++cell) {
@@ -168,6 +228,22 @@ StarTileRecords StarTiles::FindNumber(int number) const {
     }
   }
   return {};
+}
+
+bool StarTiles::IsNumberIndexSound() const {
+  const star_number_index::Index index = {m_Numbers, m_Count};
+  const std::uint64_t blocks = m_Numbers ? star_number_index::CountBlocks(m_Count) : 0;
+  star_number_index::Entries entries{};
+  std::uint32_t before = 0;
+  for (std::uint64_t block = 0; block < blocks; ++block) {
+    if (!star_number_index::TakeBlock(index, block, entries)) return false;
+    for (std::size_t i = 0; i < entries.count; ++i) {
+      const std::uint32_t number = entries.GetNumber(i);
+      if (number < before || !IsPlaceOf(entries.GetPlace(i), number)) return false;
+      before = number;
+    }
+  }
+  return true;
 }
 
 void StarTiles::ReportDamage(int band, std::uint32_t cell) const {

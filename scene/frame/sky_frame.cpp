@@ -37,10 +37,11 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   constexpr std::size_t kGlobeVertices = 8 * 1000;  // of lines on discs that are seen at a time
-  capacity.meshes = 2;  // the sky, the Milky Way
+  capacity.meshes = 2;                              // the sky, the Milky Way
   capacity.rings = nebulae.rings.size() + kOverlays;
-  capacity.vertices = kGlobeVertices + kRimPoints + 2 * (capacity.polylines + kOverlays) + kMostSymbolVertices * symbols +
-                      kGridVertices + nebulae.points.size() + nebulae.points.size() / 4;
+  capacity.vertices = kGlobeVertices + kRimPoints + 2 * (capacity.polylines + kOverlays) +
+                      kMostSymbolVertices * symbols + kGridVertices + nebulae.points.size() +
+                      nebulae.points.size() / 4;
   capacity.texts = kTextsOfLabel * LabelPlacer::kMaxLabels + kOverlays;
   capacity.textBytes = capacity.texts * kTextLength;
   capacity.runs = capacity.discs + capacity.ellipses + kOverlays;

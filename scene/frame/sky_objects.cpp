@@ -245,10 +245,11 @@ void SkyObjects::LabelDeepskyObject(const ViewGeometry& geometry, const ObjectTe
   label = labels.Find(object.label, LabelKind::kImageFrame);
   if (label >= 0) return;
   const auto& place = drawn.output->m_Place;
-  // An object that fills the picture has its label inside.
-  const double most = 0.2 * std::min(geometry.width, geometry.height);
+  // An object that fills the picture has its label inside, so far from its rim that no text reaches it.
+  const double inside = 0.2 * std::min(geometry.width, geometry.height);
+  const double radius = static_cast<double>(place.radius);
   label =
-      labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y}, std::min<double>(place.radius, most),
+      labels.PlaceBeside(object.GetLabel(rules), {place.x, place.y}, radius <= 2.0 * inside ? radius : inside,
                          11.0 * geometry.unit, LabelKindOfDeepsky(object.kind), {object.kind, object.number});
 }
 

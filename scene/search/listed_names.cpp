@@ -33,6 +33,38 @@ std::optional<FoundObject> FindEntry(const List& list, ObjectGroup group, Is is)
   return FoundObject{group, static_cast<int>(found - list.begin())};
 }
 
+// What the list calls "plnt 2", "cnst Ori", "astm BigDipper"; nothing for what has its name from a catalog.
+std::optional<FoundObject> FindListedObject(const std::string& object, const SkyCatalogs& catalogs) {
+  const std::string key = object.size() > 5 ? object.substr(5) : "";
+  if (object.starts_with("cnst "))
+    return FindEntry(catalogs.constellations, ObjectGroup::kConstellation,
+                     [&key](const ConstellationName& known) { return known.abbreviation == key; });
+  if (object.starts_with("astm "))
+    return FindEntry(catalogs.asterisms.Get(), ObjectGroup::kAsterism,
+                     [&key](const Asterism& known) { return known.key == key; });
+  return FindListedBody(object, catalogs);
+}
+
+// Stars that are in the tile catalogs have no names but those of the list.
+std::optional<FoundObject> FindListedTileStar(const std::string& key) {
+  int number = 0;
+  if (!key.starts_with("hip")) return std::nullopt;
+  std::from_chars(key.data() + 3, key.data() + key.size(), number);
+  return FoundObject{ObjectGroup::kTileStar, kHipparcosNumbers + number};
+}
+
+// The name in the language of the texts, then the English one.
+std::vector<const ListedName*> OrderByLanguage(const std::vector<const ListedName*>& entries) {
+  std::vector<const ListedName*> ordered;
+  for (const std::string& language : {std::string(GetSystemLocale()), std::string(kDefaultLanguage)}) {
+    for (const ListedName* entry : entries) {
+      const bool isNew = std::find(ordered.begin(), ordered.end(), entry) == ordered.end();
+      if (entry->language == language && isNew) ordered.push_back(entry);
+    }
+  }
+  return ordered;
+}
+
 }  // namespace
 
 std::string GetBodyName(const SSO_ID& id, const SkyCatalogs& catalogs) {
@@ -40,71 +72,58 @@ std::string GetBodyName(const SSO_ID& id, const SkyCatalogs& catalogs) {
   return body < 0 ? "" : GetBodyLabel(catalogs.bodies[static_cast<std::size_t>(body)]);
 }
 
-void ObjectSearch::AddConstellations(const SkyCatalogs& catalogs) {
-  for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
-    const auto& constellation = catalogs.constellations[static_cast<std::size_t>(i)];
-    const FoundObject object = {ObjectGroup::kConstellation, i};
-    for (const auto& name :
-         {constellation.localName, constellation.name, constellation.abbreviation, constellation.englishName})
-      Add(name, object);
-    if (const std::string key = MakeNameKey(constellation.genitive); key != MakeNameKey(constellation.name))
-      m_Listed.push_back({key, constellation.genitive, object});
-  }
-}
-
-void ObjectSearch::AddAsterisms(const SkyCatalogs& catalogs) {
-  const auto& asterisms = catalogs.asterisms.Get();
-  for (int i = 0; i < static_cast<int>(asterisms.size()); ++i) {
-    const auto& asterism = asterisms[static_cast<std::size_t>(i)];
-    for (const auto& name : {asterism.shown, asterism.name}) Add(name, {ObjectGroup::kAsterism, i});
-  }
+const ObjectSearch::ListedNames& ObjectSearch::GetListed() const {
+  if (!m_Listed) m_Listed = ReadListed();
+  return *m_Listed;
 }
 
 // Each name goes to the object that has the other one already.
-void ObjectSearch::AddListed(const SkyCatalogs& catalogs) {
+ObjectSearch::ListedNames ObjectSearch::ReadListed() const {
+  ListedNames listed;
+  const auto& asterisms = m_Catalogs->asterisms.Get();
+  for (int i = 0; i < static_cast<int>(asterisms.size()); ++i) {
+    const Asterism& asterism = asterisms[static_cast<std::size_t>(i)];
+    listed.shown.push_back({MakeNameKey(asterism.shown), asterism.shown, {ObjectGroup::kAsterism, i}});
+    if (MakeNameKey(asterism.name) != listed.shown.back().key)
+      listed.shown.push_back({MakeNameKey(asterism.name), asterism.name, {ObjectGroup::kAsterism, i}});
+  }
+  for (int i = 0; i < static_cast<int>(m_Catalogs->constellations.size()); ++i) {
+    const std::string& genitive = m_Catalogs->constellations[static_cast<std::size_t>(i)].genitive;
+    listed.further.push_back({MakeNameKey(genitive), genitive, {ObjectGroup::kConstellation, i}});
+  }
   std::unordered_map<std::string, std::vector<const ListedName*>> byKey;
-  for (const ListedName& entry : catalogs.names.Get()) {
-    if (const auto body = FindListedBody(entry.object, catalogs)) {
-      m_Listed.push_back({MakeNameKey(entry.name), entry.name, *body});
-    } else if (entry.object.starts_with("cnst ") || entry.object.starts_with("astm ")) {
-      AddListedFigure(catalogs, entry);
+  for (const ListedName& entry : m_Catalogs->names.Get()) {
+    const auto known = FindListedObject(entry.object, *m_Catalogs);
+    if (known) {
+      listed.further.push_back({MakeNameKey(entry.name), entry.name, *known});
     } else {
       byKey[MakeNameKey(entry.object)].push_back(&entry);
     }
   }
-  for (const Name& name : m_Names) {
-    const auto listed = byKey.find(name.key);
-    if (listed == byKey.end()) continue;
-    for (const ListedName* entry : listed->second)
-      m_Listed.push_back({MakeNameKey(entry->name), entry->name, name.object});
-    byKey.erase(listed);
+  for (auto& [key, entries] : byKey) {
+    const auto found = FindKey(key);
+    const auto object = found.empty() ? FindListedTileStar(key) : std::optional(found.front());
+    if (!object) continue;
+    for (const ListedName* entry :
+         found.empty() ? OrderByLanguage(entries) : std::vector<const ListedName*>())
+      listed.shown.push_back({MakeNameKey(entry->name), entry->name, *object});
+    for (const ListedName* entry : entries)
+      listed.further.push_back({MakeNameKey(entry->name), entry->name, *object});
   }
-  for (const auto& [key, entries] : byKey) AddListedTileStar(key, entries);
+  return listed;
 }
 
-void ObjectSearch::AddListedFigure(const SkyCatalogs& catalogs, const ListedName& entry) {
-  const std::string key = entry.object.substr(5);
-  const auto object =
-      entry.object[0] == 'c'
-          ? FindEntry(catalogs.constellations, ObjectGroup::kConstellation,
-                      [&key](const ConstellationName& known) { return known.abbreviation == key; })
-          : FindEntry(catalogs.asterisms.Get(), ObjectGroup::kAsterism,
-                      [&key](const Asterism& known) { return known.key == key; });
-  if (object) m_Listed.push_back({MakeNameKey(entry.name), entry.name, *object});
-}
-
-// Stars that are in the tile catalogs have no names but these.
-void ObjectSearch::AddListedTileStar(const std::string& key, const std::vector<const ListedName*>& entries) {
-  int number = 0;
-  if (!key.starts_with("hip")) return;
-  std::from_chars(key.data() + 3, key.data() + key.size(), number);
-  const FoundObject star = {ObjectGroup::kTileStar, kHipparcosNumbers + number};
-  for (const std::string& language : {std::string(GetSystemLocale()), std::string(kDefaultLanguage)}) {
-    for (const ListedName* entry : entries) {
-      if (entry->language == language) Add(entry->name, star);
+std::vector<FoundObject> ObjectSearch::FindListed(const std::string& key) const {
+  std::vector<FoundObject> found;
+  for (const auto* names : {&GetListed().shown, &GetListed().further}) {
+    for (const Name& name : *names) {
+      const bool isLost =
+          name.object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, name.object.index);
+      if (name.key != key || isLost) continue;
+      if (std::find(found.begin(), found.end(), name.object) == found.end()) found.push_back(name.object);
     }
   }
-  for (const ListedName* entry : entries) m_Listed.push_back({MakeNameKey(entry->name), entry->name, star});
+  return found;
 }
 
 // The Moon comes first of all bodies.

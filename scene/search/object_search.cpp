@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
-#include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
+#include "scene/catalogs/name_index.h"
 #include "scene/name_key.h"
 #include "scene/object_names.h"
 #include "scene/search/body_name.h"
@@ -24,7 +25,8 @@ namespace {
 const SSO_ID kPluto(FourCC("plnt"), astro::kPlutoNumber);
 constexpr const char* kPlutoAsAsteroid = "134340 Pluto";
 
-const int kOtherNames = GetUniqueID("OtherNames");  // a column of the NGC alone
+constexpr unsigned kGroupShift = 28;
+constexpr std::uint32_t kIndexMask = (1u << kGroupShift) - 1;
 
 // Catalogues by what people call them, and how their entries begin in the tables.
 struct CatalogueName {
@@ -38,15 +40,23 @@ const CatalogueName kCatalogues[] = {{"messier", "m"},    {"barnard", "b"},   {"
 // What a name may leave out at its end, in this order.
 constexpr std::string_view kClassWords[] = {"galaxy", "nebula", "cluster", "galaxies"};
 
-// "alpha1cen" is "alphacen".
-std::string WithoutDigits(std::string key) {
-  std::erase_if(key, [](char c) { return c >= '0' && c <= '9'; });
-  return key;
+// An object as the lists of names know it.
+std::uint32_t ToNamed(const FoundObject& object) {
+  return static_cast<std::uint32_t>(object.group) << kGroupShift | static_cast<std::uint32_t>(object.index);
 }
+FoundObject FromNamed(std::uint32_t object) {
+  return {static_cast<ObjectGroup>(object >> kGroupShift), static_cast<int>(object & kIndexMask)};
+}
+static_assert(static_cast<std::uint32_t>(ObjectGroup::kStar) == 0);
+static_assert(static_cast<std::uint32_t>(ObjectGroup::kDeepsky) << kGroupShift == kNamedDeepsky);
 
-std::string Numbered(const char* catalog, const CatalogTable& table, int field) {
-  const int number = static_cast<int>(FieldNumber(table, field, 0.0));
-  return number > 0 ? catalog + std::to_string(number) : "";
+// The names that lie ready, else those of the tables.
+std::shared_ptr<const NameIndex> TakeOrMake(const std::shared_ptr<const NameIndex>& ready,
+                                            void (*add)(SkyCatalogs&, NameIndex&), SkyCatalogs& catalogs) {
+  if (ready) return ready;
+  const auto made = std::make_shared<NameIndex>();
+  add(catalogs, *made);
+  return made;
 }
 
 }  // namespace
@@ -110,65 +120,35 @@ std::optional<FoundObject> FindObject(const ObjectRef& object, const SkyCatalogs
 ObjectSearch::ObjectSearch(SkyCatalogs& catalogs) : m_Catalogs(&catalogs) {
   m_KnownBodies = static_cast<int>(std::count_if(catalogs.bodies.begin(), catalogs.bodies.end(),
                                                  [](const SkyBody& body) { return !body.hasElements; }));
-  AddStars(catalogs);
-  AddDeepsky(catalogs);
-  AddBodies(catalogs);
+  m_Names[0] = TakeOrMake(catalogs.starNames, AddStarNames, catalogs);
+  m_Names[1] = TakeOrMake(catalogs.deepskyNames, AddDeepskyNames, catalogs);
+  const auto others = std::make_shared<NameIndex>();
+  AddBodies(catalogs, *others);
+  AddConstellations(catalogs, *others);
+  m_Names[2] = others;
   AddUnplacedMoons(catalogs);
-  AddConstellations(catalogs);
-  AddAsterisms(catalogs);
-  AddListed(catalogs);
 }
 
-void ObjectSearch::AddStars(SkyCatalogs& catalogs) {
-  CatalogTable& table = catalogs.starTable;
-  for (int i = 0; i < catalogs.stars.GetCount(); ++i) {
-    table.Select(catalogs.stars.GetRecord(i));
-    const FoundObject object = {ObjectGroup::kStar, i};
-    if (catalogs.stars.HasProperName(i)) Add(catalogs.stars.GetLabel(i), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-    AddBayer(FieldText(table, CommonInterfaces::FieldIds::Bayer), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::Flamsteed), object);
-    Add(Numbered("HR ", table, CommonInterfaces::FieldIds::Number), object);
-    Add(Numbered("HIP ", table, CommonInterfaces::FieldIds::HipparcosID), object);
-  }
-}
-
-void ObjectSearch::AddDeepsky(SkyCatalogs& catalogs) {
-  for (int i = 0; i < static_cast<int>(catalogs.deepsky.size()); ++i) {
-    const DeepskyObject& entry = catalogs.deepsky[static_cast<std::size_t>(i)];
-    const CatalogTable& table = catalogs.deepsky.SelectRecord(entry);
-    const FoundObject object = {ObjectGroup::kDeepsky, i};
-    Add(Numbered("M ", table, CommonInterfaces::FieldIds::MessierNumber), object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
-    Add(entry.properName, object);
-    Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-    AddOthers(table, object);
-    if (const CatalogTable* further = catalogs.deepsky.SelectFurther(entry)) AddOthers(*further, object);
-  }
-}
-
-// What a record of the NGC has besides: its own name and what stands between semicolons.
-void ObjectSearch::AddOthers(const CatalogTable& table, const FoundObject& object) {
-  Add(FieldText(table, CommonInterfaces::FieldIds::NGC_ICnumber), object);
-  Add(FieldText(table, CommonInterfaces::FieldIds::ProperName), object);
-  std::string_view others = FieldText(table, kOtherNames);
-  while (!others.empty()) {
-    const auto end = std::min(others.find(';'), others.size());
-    Add(std::string(others.substr(0, end)), object);
-    others.remove_prefix(std::min(end + 1, others.size()));
+void ObjectSearch::AddConstellations(const SkyCatalogs& catalogs, NameIndex& names) {
+  for (int i = 0; i < static_cast<int>(catalogs.constellations.size()); ++i) {
+    const auto& constellation = catalogs.constellations[i];
+    for (const auto& name :
+         {constellation.localName, constellation.name, constellation.abbreviation, constellation.englishName})
+      names.Add(name, ToNamed({ObjectGroup::kConstellation, i}));
   }
 }
 
 // The list of planets and moons has English names.
-void ObjectSearch::AddBodies(const SkyCatalogs& catalogs) {
+void ObjectSearch::AddBodies(const SkyCatalogs& catalogs, NameIndex& names) {
   const CommonInterfaces::PlanetMoonDescription description;
   for (int i = 0; i < static_cast<int>(catalogs.bodies.size()); ++i) {
     const SkyBody& body = catalogs.bodies[i];
-    for (const auto& name : body.names) Add(name, {ObjectGroup::kBody, i});
+    const std::uint32_t object = ToNamed({ObjectGroup::kBody, i});
+    for (const auto& name : body.names) names.Add(name, object);
     if (body.hasElements) continue;
-    Add(GetBodyLabel(body), {ObjectGroup::kBody, i});
-    if (const char* name = description.GetObjectName(body.id)) Add(name, {ObjectGroup::kBody, i});
-    if (body.id == kPluto) Add(kPlutoAsAsteroid, {ObjectGroup::kBody, i});
+    names.Add(GetBodyLabel(body), object);
+    if (const char* name = description.GetObjectName(body.id)) names.Add(name, object);
+    if (body.id == kPluto) names.Add(kPlutoAsAsteroid, object);
   }
 }
 
@@ -186,27 +166,11 @@ void ObjectSearch::AddUnplacedMoons(const SkyCatalogs& catalogs) {
   }
 }
 
-void ObjectSearch::AddBayer(const std::string& written, const FoundObject& object) {
-  Add(written, object);
-  const std::string key = MakeNameKey(written);
-  const std::string unnumbered = WithoutDigits(key);
-  if (unnumbered != key) m_Unnumbered.push_back({unnumbered, written, object});
-}
-
-// A name of the same key as one that the object has already says nothing new.
-void ObjectSearch::Add(const std::string& written, const FoundObject& object) {
-  const std::string key = MakeNameKey(written);
-  for (auto name = m_Names.rbegin(); name != m_Names.rend() && name->object == object; ++name) {
-    if (name->key == key) return;
-  }
-  if (!key.empty()) m_Names.push_back({key, written, object});
-}
-
-std::vector<FoundObject> ObjectSearch::FindIn(const std::vector<Name>& names, const std::string& key) {
+std::vector<FoundObject> ObjectSearch::FindKey(const std::string& key, bool unnumbered) const {
   std::vector<FoundObject> found;
-  for (const auto& name : names) {
-    if (name.key == key) found.push_back(name.object);
-  }
+  for (const auto& names : m_Names)
+    names->ForKey(key, unnumbered ? NameIndex::kUnnumbered : NameIndex::kPlain,
+                  [&found](const NameIndex::Name& name) { found.push_back(FromNamed(name.object)); });
   return found;
 }
 
@@ -226,24 +190,15 @@ std::vector<FoundObject> ObjectSearch::WithoutNamesakes(std::vector<FoundObject>
 
 std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   const std::string key = MakeNameKey(name), expanded = MakeNameKey(ExpandGreekLetter(name));
-  const auto isLost = [this](const FoundObject& object) {  // listed, and in no catalog
-    return object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, object.index);
-  };
-  std::vector<FoundObject> found = FindIn(m_Names, key);
-  if (found.empty()) found = FindIn(m_Names, expanded);
-  std::erase_if(found, isLost);
-  if (found.empty() || (found.size() == 1 && found[0].group == ObjectGroup::kAsterism)) {
-    for (const FoundObject& listed : FindIn(m_Listed, key)) {
-      if (isLost(listed)) continue;
-      if (std::find(found.begin(), found.end(), listed) == found.end()) found.push_back(listed);
-    }
-  }
+  std::vector<FoundObject> found = FindKey(key);
+  if (found.empty()) found = FindKey(expanded);
+  if (found.empty()) found = FindListed(key);
   for (const auto& [called, entry] : kCatalogues) {
-    if (found.empty() && key.starts_with(called)) found = FindIn(m_Names, entry + key.substr(called.size()));
+    if (found.empty() && key.starts_with(called)) found = FindKey(entry + key.substr(called.size()));
   }
-  if (found.empty()) found = FindIn(m_Unnumbered, expanded);
+  if (found.empty()) found = FindKey(expanded, true);
   for (const auto word : kClassWords) {
-    if (found.empty()) found = FindIn(m_Names, key + std::string(word));
+    if (found.empty()) found = FindKey(key + std::string(word));
   }
   if (!found.empty()) return WithoutNamesakes(std::move(found));
   if (const auto star = FindTileStarNamed(key)) found.push_back(*star);
@@ -293,45 +248,70 @@ std::optional<FoundObject> ObjectSearch::FindOne(const std::string& name, std::s
 }
 
 std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
-  std::vector<Name> all = m_Names;
-  all.insert(all.end(), m_Listed.begin(), m_Listed.end());
-  AppendFeatureKeys(all);
-  std::vector<std::string> keys;
-  for (const auto& entry : all) keys.push_back(entry.key);
-  std::vector<std::string> names;
-  for (const auto& key : FindNearNames(MakeNameKey(name), keys)) {
-    const auto entry = std::find_if(all.begin(), all.end(), [&key](const Name& n) { return n.key == key; });
-    if (std::find(names.begin(), names.end(), entry->written) == names.end()) names.push_back(entry->written);
+  std::vector<Name> others = GetListed().shown;
+  others.insert(others.end(), GetListed().further.begin(), GetListed().further.end());
+  AppendFeatureKeys(others);
+  std::vector<std::string> keys, written;  // one beside the other
+  for (const auto& names : m_Names) {
+    for (std::size_t i = 0; i < names->GetCount(); ++i) {
+      const NameIndex::Name known = (*names)[i];
+      if (known.form != NameIndex::kPlain) continue;
+      keys.emplace_back(known.key);
+      written.emplace_back(known.written);
+    }
   }
-  return names;
+  for (const Name& known : others) {
+    keys.push_back(known.key);
+    written.push_back(known.written);
+  }
+  std::vector<std::string> near;
+  for (const auto& key : FindNearNames(MakeNameKey(name), keys)) {
+    const auto place = std::find(keys.begin(), keys.end(), key) - keys.begin();
+    const std::string& known = written[static_cast<std::size_t>(place)];
+    if (std::find(near.begin(), near.end(), known) == near.end()) near.push_back(known);
+  }
+  return near;
+}
+
+// The name in the language of the texts comes first, or behind the number of a deep-sky object.
+std::vector<std::string> ObjectSearch::GetNames(const FoundObject& object) const {
+  std::vector<std::string> written;
+  for (const auto& names : m_Names) {
+    names->ForObject(ToNamed(object),
+                     [&written](const NameIndex::Name& name) { written.emplace_back(name.written); });
+  }
+  if (object.group == ObjectGroup::kAsterism || object.group == ObjectGroup::kTileStar) {
+    for (const Name& name : GetListed().shown)
+      if (name.object == object) written.push_back(name.written);
+  }
+  std::string local;
+  if (object.group == ObjectGroup::kStar && m_Catalogs->stars.HasProperName(object.index))
+    local = m_Catalogs->stars.GetLabel(object.index);
+  if (object.group == ObjectGroup::kDeepsky)
+    local = m_Catalogs->deepsky[static_cast<std::size_t>(object.index)].properName;
+  const auto has = [key = MakeNameKey(local)](const std::string& name) { return MakeNameKey(name) == key; };
+  if (!local.empty() && std::none_of(written.begin(), written.end(), has))
+    written.insert(written.begin() + (object.group == ObjectGroup::kDeepsky && !written.empty() ? 1 : 0),
+                   local);
+  return written;
 }
 
 std::string ObjectSearch::GetName(const FoundObject& object) const {
   if (object.group == ObjectGroup::kFeature) return m_Catalogs->gazetteers.GetFeature(object.index).name;
-  const auto is = [&object](const Name& name) { return name.object == object; };
-  const auto name = std::find_if(m_Names.begin(), m_Names.end(), is);
-  if (name != m_Names.end()) return name->written;
+  const auto names = GetNames(object);
+  if (!names.empty()) return names.front();
   return object.group == ObjectGroup::kTileStar ? GetTileStarName(object.index) : "";
 }
 
 std::string ObjectSearch::GetTitle(const FoundObject& object) const {
   if (object.group == ObjectGroup::kFeature)
     return GetName(object) + " (" + GetBodyName(Gazetteers::GetBody(object.index), *m_Catalogs) + ")";
-  std::string title, others;
-  for (const auto& name : m_Names) {
-    if (!(name.object == object)) continue;
-    if (title.empty()) {
-      title = name.written;
-    } else {
-      others += (others.empty() ? "" : ", ") + name.written;
-    }
-  }
-  if (object.group == ObjectGroup::kTileStar) {
-    const std::string number = GetTileStarName(object.index);
-    if (title.empty()) return number;
-    others += (others.empty() ? "" : ", ") + number;
-  }
-  return others.empty() ? title : title + " (" + others + ")";
+  std::vector<std::string> names = GetNames(object);
+  if (object.group == ObjectGroup::kTileStar) names.push_back(GetTileStarName(object.index));
+  if (names.empty()) return "";
+  const std::string title = names.front();
+  names.erase(names.begin());
+  return names.empty() ? title : title + " (" + JoinNames(names) + ")";
 }
 
 }  // namespace scene

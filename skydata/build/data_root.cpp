@@ -3,7 +3,9 @@
 #include "skydata/build/data_root.h"
 
 #include <map>
+#include <stdexcept>
 
+#include "scene/prepared_sky.h"
 #include "skydata/build/catalog_files.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/milky_way_map.h"
@@ -122,6 +124,20 @@ void AddSettings(const fs::path& folder, const fs::path& to, const fs::path& scr
   }
 }
 
+// What programs would make of the tables at every start; how many files.
+int PrepareCatalogs(const fs::path& out) {
+  int count = 0;
+  for (const auto& [part, name] : {std::pair(scene::PreparedSky::kStars, "stars.prepared"),
+                                   std::pair(scene::PreparedSky::kDeepsky, "ngc_ic.prepared")}) {
+    std::string failure;
+    const std::string prepared = scene::PrepareSky(part, out.string(), failure);
+    if (prepared.empty()) throw std::runtime_error(failure);
+    ReplaceFile(out / "catalogs" / name, prepared);
+    ++count;
+  }
+  return count;
+}
+
 }  // namespace
 
 int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string& language) {
@@ -142,7 +158,7 @@ int BuildDataRoot(const fs::path& source, const fs::path& out, const std::string
   AddGazetteers(source / "gazetteers", files);
   files["media/time_interval.ini"] = CheckYearLimits(source / "media" / "time_interval.ini");
   for (const auto& [name, bytes] : files) ReplaceFile(out / name, bytes);
-  return static_cast<int>(files.size());
+  return static_cast<int>(files.size()) + PrepareCatalogs(out);
 }
 
 }  // namespace skydata

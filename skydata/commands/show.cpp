@@ -26,6 +26,7 @@ struct Arguments {
 ShownTable ShowFileOf(DataKind kind, const std::string& path) {
   if (kind == DataKind::kStrings) return ShowShowers(path);
   if (kind == DataKind::kSkyMap) return ShowSkyMap(path);
+  if (kind == DataKind::kPreparedSky) return ShowPreparedSky(path);
   using Show = ShownTable (*)(const std::string&);
   static const std::map<DataKind, Show> kShows = {{DataKind::kSettings, ShowSettings},
                                                   {DataKind::kYearLimits, ShowYearLimits},

@@ -18,6 +18,7 @@ enum class DataKind {
   kTwoLineElements,
   kStarTiles,
   kSkyMap,
+  kPreparedSky,
   kPlanets,
   kObservationTimes,
   kArticles,

@@ -61,6 +61,7 @@ const std::vector<LintKind>& GetLintKinds() {
       {"missing-column", kError},
       {"two-line-elements", kError},
       {"damaged-cell", kError},
+      {"outdated", kWarning},
       {"year-limits", kError},
       {"reader-message", kError},
       {"reader-differs", kError},

@@ -51,6 +51,7 @@ enum class LintCode {
   kMissingColumn,
   kTwoLineElements,
   kDamagedCell,
+  kOutdated,
   kYearLimits,
   kReaderMessage,
   kReaderDiffers,

@@ -28,6 +28,7 @@ constexpr KindRule kRules[] = {{DataKind::kStrings, LintStrings},
                                {DataKind::kTwoLineElements, LintTwoLineElements},
                                {DataKind::kStarTiles, LintStarTiles},
                                {DataKind::kSkyMap, LintSkyMap},
+                               {DataKind::kPreparedSky, LintPreparedSky},
                                {DataKind::kPlanets, LintPlanets},
                                {DataKind::kObservationTimes, LintObservationTimes},
                                {DataKind::kArticles, LintArticles},
@@ -61,7 +62,8 @@ void AddFile(const fs::path& path, LintRun& run) {
   file.kind = KindOfName(file.name);
   if (file.kind == DataKind::kOthers) return;
   try {
-    if (file.kind != DataKind::kStarTiles) file.bytes = ReadFile(path);
+    const bool isMapped = file.kind == DataKind::kStarTiles || file.kind == DataKind::kPreparedSky;
+    if (!isMapped) file.bytes = ReadFile(path);
     run.files.push_back(std::move(file));
   } catch (const SourceError& error) {
     LintReport(file.name, run.findings)

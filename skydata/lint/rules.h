@@ -23,7 +23,8 @@ struct LintFile {
   std::string name;  // below the root, with '/'
   std::string path;  // for readers
   DataKind kind = DataKind::kUnknown;
-  std::string bytes;  // not of tile catalogs, which may be larger than the memory
+  std::string
+      bytes;  // not of tile catalogs, which may be larger than the memory, nor of what its reader maps
 };
 
 struct LintRun {
@@ -39,6 +40,7 @@ void LintCatalog(const LintFile& file, LintRun& run);
 void LintTwoLineElements(const LintFile& file, LintRun& run);
 void LintStarTiles(const LintFile& file, LintRun& run);
 void LintSkyMap(const LintFile& file, LintRun& run);
+void LintPreparedSky(const LintFile& file, LintRun& run);
 void LintPlanets(const LintFile& file, LintRun& run);
 void LintObservationTimes(const LintFile& file, LintRun& run);
 void LintArticles(const LintFile& file, LintRun& run);

@@ -94,6 +94,10 @@ void LintStarTiles(const LintFile& file, LintRun& run) {
   });
   CheckCounts(tiles, found, report);
   CheckNumbers(file, numbers, report);
+  if (!tiles.IsNumberIndexSound()) {
+    report.Add(LintCode::kDamagedCell, 0, kNumberColumn,
+               "the index of numbers is damaged: stars are looked for one by one");
+  }
   AddMessages(watch, {}, report);
 }
 

@@ -33,6 +33,8 @@ std::string DescribeStarTiles(const std::string& path);
 // 255, and two lines about it. What is no map throws std::runtime_error with one line.
 ShownTable ShowSkyMap(const std::string& path);
 std::string DescribeSkyMap(const std::string& path);
+// What prepared catalogs hold. What is none, or damaged, throws std::runtime_error with one line.
+ShownTable ShowPreparedSky(const std::string& path);
 ShownTable ShowSettings(const std::string& bytes);
 // The meteor showers of a string table in the language of its folder.
 ShownTable ShowShowers(const std::string& path);

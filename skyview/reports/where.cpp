@@ -179,8 +179,9 @@ scene::SkyMoment WhereWriter::FindStart() const {
 }
 
 RiseTransitSet WhereWriter::FindEvents() const {
-  const FindHorizonPlace find = [this](const scene::SkyMoment& moment) { return Find(moment); };
   const scene::SkyMoment start = FindStart();
+  const FindHorizonPlace find =
+      astro::MakeSmoothFinder([this](const scene::SkyMoment& moment) { return Find(moment); }, start);
   RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, kStep);
   if (events.staysUp || events.staysDown) return events;
   if (events.rise && events.transit && events.set) return events;

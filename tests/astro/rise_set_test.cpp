@@ -18,6 +18,7 @@ using astro_test::Midnight;
 namespace {
 
 constexpr double kMinute = 1.0 / 1440.0;
+constexpr double kArcsecondsPerRadian = 3600.0 / kRadiansPerDegree;
 
 }  // namespace
 
@@ -71,6 +72,51 @@ TEST(RiseSet, NothingIsFoundOfWhatNobodyCanPlace) {
   const RiseTransitSet events =
       FindRiseTransitSet([](const SkyMoment&) { return std::nullopt; }, Midnight(2026, 1, 1), 1.0, 0.1);
   EXPECT_FALSE(events.rise || events.transit || events.set || events.staysUp || events.staysDown);
+}
+
+TEST(RiseSet, SmoothFinderAgreesWithTheLooksItSpares) {
+  CQXSolSys model;
+  const EarthPlace place = At(52.5, 13.4);
+  for (const SSO_ID& id : {kSun, kMoon, SSO_ID(kPlanetKind, 1), SSO_ID(kPlanetKind, 5)}) {
+    int looks = 0;
+    const auto find = MakeBodyFinder(model, id, nullptr, place, RisingPart::kUpperLimb);
+    const SkyMoment start = Midnight(2026, 3, 20);
+    const auto smooth = MakeSmoothFinder(
+        [&](const SkyMoment& moment) {
+          ++looks;
+          return find(moment);
+        },
+        start);
+    constexpr int kSteps = 977;
+    double farthest = 0.0;
+    for (int i = 0; i <= kSteps; ++i) {
+      const SkyMoment moment = Later(start, static_cast<double>(i) / kSteps);
+      const auto exact = find(moment), near = smooth(moment);
+      ASSERT_TRUE(exact && near);
+      farthest = std::fmax(farthest, std::fabs(exact->altitude - near->altitude));
+      farthest = std::fmax(farthest, std::fabs(exact->eventAltitude - near->eventAltitude));
+      farthest = std::fmax(farthest,
+                           std::fabs(std::sin(exact->azimuth - near->azimuth)) * std::cos(exact->altitude));
+    }
+    EXPECT_LT(farthest * kArcsecondsPerRadian, 0.01) << id.number;
+    EXPECT_GT(farthest, 0.0) << "it looks seldom";
+    EXPECT_EQ(looks, 31) << "hours -3 to 27";
+  }
+}
+
+TEST(RiseSet, SmoothFinderLeavesToTheFinderWhatHasNoLooks) {
+  const SkyMoment start = Midnight(2026, 1, 1);
+  const auto morning = [&](const SkyMoment& moment) -> std::optional<HorizonPlace> {
+    const double days = moment.day - start.day + moment.fraction - start.fraction;
+    if (days > 0.5) return std::nullopt;
+    return HorizonPlace{1.0, days, 0.0};
+  };
+  const auto smooth = MakeSmoothFinder(morning, start);
+  const auto near = smooth(Later(start, 0.49)), clear = smooth(Later(start, 0.21));
+  ASSERT_TRUE(near && clear);
+  EXPECT_NEAR(near->altitude, 0.49, 1e-9);
+  EXPECT_NEAR(clear->altitude, 0.21, 1e-7) << "eight looks";
+  EXPECT_FALSE(smooth(Later(start, 0.6)));
 }
 
 TEST(RiseSet, StandardAltitudes) {

@@ -45,6 +45,22 @@ TEST(KeyPositions, EmptyHasNothing) {
   }
 }
 
+// Close together and far apart: 16 numbers in the row for each key, and just more.
+TEST(KeyPositions, AnyDensityAnywhere) {
+  std::mt19937 random(7);
+  for (const int spread : {1, 2, 15, 16, 17, 40, 1000}) {
+    for (const int first : {kSmallest, -70, -1, 0, 1, kLargest - 70 * spread}) {
+      std::vector<int> keys = {first};
+      for (int i = 1; i < 70; ++i)
+        keys.push_back(first + i * spread + static_cast<int>(random() % 2) * (spread > 1));
+      keys.back() = std::max(keys.back() - 1, keys[68] + 1);
+      ExpectLikeLowerBound(keys, AroundEach(keys));
+      ExpectLikeLowerBound({first}, AroundEach(keys));
+    }
+  }
+  ExpectLikeLowerBound({kSmallest, kLargest}, {kSmallest, kSmallest + 1, -1, 0, 1, kLargest - 1, kLargest});
+}
+
 TEST(KeyPositions, EveryCountUpTo600) {
   std::vector<int> keys;
   for (int count = 0; count <= 600; ++count) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "utils/checksum.h"
 
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -25,6 +26,27 @@ TEST(Crc32, PiecesGiveTheSumOfTheWhole) {
     EXPECT_EQ(GetCrc32(std::string_view(text).substr(cut), GetCrc32(std::string_view(text).substr(0, cut))),
               GetCrc32(text))
         << cut;
+}
+
+// From the same formula in Python, whose integers have no width.
+TEST(Fingerprint, KnownSums) {
+  EXPECT_EQ(GetFingerprint(""), 0xEC28D0E076965DFDu);
+  EXPECT_EQ(GetFingerprint("abc"), 0xC3B7C69F1C271263u);
+  EXPECT_EQ(GetFingerprint(std::string(100, 'x')), 0xE9E9C52B4E0824E9u);
+  EXPECT_EQ(GetFingerprint(std::string(116, '\0')), 0x24D35337E94E1CABu);
+}
+
+TEST(Fingerprint, EveryBitAndTheLengthCount) {
+  const std::string text(77, 'x');
+  std::set<std::uint64_t> sums = {GetFingerprint(text), GetFingerprint(text + '\0')};
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    for (int bit = 0; bit < 8; ++bit) {
+      std::string other = text;
+      other[at] = static_cast<char>(other[at] ^ 1 << bit);
+      sums.insert(GetFingerprint(other));
+    }
+  }
+  EXPECT_EQ(sums.size(), 2 + 77 * 8u);
 }
 
 TEST(Crc32, NothingChangesNothing) { EXPECT_EQ(GetCrc32({}, 0x1234u), 0x1234u); }

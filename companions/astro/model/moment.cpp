@@ -24,13 +24,13 @@ constexpr double kTurnsPerDay = 1.00273781191135448;  // of the Earth (Capitaine
 constexpr double kEarthRate = astro::kTurn * kTurnsPerDay;  // radians a day of UT1
 
 // The giant planets alone move the Sun: the others by 0.00001 au together.
-void Barycentre(double date, double barycentre[3]) {
+void Barycentre(Moment& moment) {
   double total = SystemGravity(kSunNumber);
   for (int planet = 5; planet <= 8; ++planet) total += SystemGravity(planet);
   for (int planet = 5; planet <= 8; ++planet) {
-    double position[3];
-    ComputePlanetState(SSO_ID(astro::kPlanetKind, planet), date, position, nullptr);
-    for (int i = 0; i < 3; ++i) barycentre[i] += SystemGravity(planet) / total * position[i];
+    double* const position = moment.giants[planet - 5];
+    ComputePlanetState(SSO_ID(astro::kPlanetKind, planet), moment.dateTT, position, nullptr);
+    for (int i = 0; i < 3; ++i) moment.barycentre[i] += SystemGravity(planet) / total * position[i];
   }
 }
 
@@ -66,7 +66,7 @@ Moment MomentAt(double dateTT, double deltaT, const Place& place) {
   moment.earthKnown = ComputePlanetState(astro::kEarth, dateTT, moment.earth, moment.earthVelocity);
   EarthVelocity(dateTT, moment.observerVelocity);
   if (!moment.earthKnown) return moment;
-  Barycentre(dateTT, moment.barycentre);
+  Barycentre(moment);
   double offset[3] = {}, offsetVelocity[3] = {};
   if (place.onSurface) PlaceOnEarth(moment, place, offset, offsetVelocity);
   for (int i = 0; i < 3; ++i) {

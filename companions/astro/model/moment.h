@@ -41,6 +41,7 @@ struct Moment {
   double earth[3] = {};     // the Earth's centre about the Sun
   double earthVelocity[3] = {};
   double observer[3] = {};          // the observer about the Sun
+  double giants[4][3] = {};         // Jupiter to Neptune about the Sun
   double barycentre[3] = {};        // the barycentre of the solar system about the Sun
   double sunVelocity[3] = {};       // of the Sun about the barycentre
   double observerVelocity[3] = {};  // of the observer about the barycentre, in units of the speed of light

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "companions/astro/model/planet_path.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "astro/constants.h"
@@ -14,8 +15,13 @@ namespace {
 // With the planet where it is at the moment the light's way is good to a ten-thousandth: that fraction of a
 // second is what the path is straight for.
 bool Look(const Moment& moment, const SSO_ID& planet, StraightPath& path) {
+  if (!moment.earthKnown) return false;
   double now[3];
-  if (!moment.earthKnown || !ComputePlanetState(planet, moment.dateTT, now, nullptr)) return false;
+  if (planet.number >= 5 && planet.number <= 8) {
+    std::copy_n(moment.giants[planet.number - 5], 3, now);
+  } else if (!ComputePlanetState(planet, moment.dateTT, now, nullptr)) {
+    return false;
+  }
   double square = 0.0;
   for (int i = 0; i < 3; ++i) square += (now[i] - moment.observer[i]) * (now[i] - moment.observer[i]);
   path.lightTime = std::sqrt(square) / astro::kLightAuPerDay;

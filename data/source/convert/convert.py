@@ -21,8 +21,9 @@ GREEK = dict(zip(
     "Alp Bet Gam Del Eps Zet Eta The Iot Kap Lam Mu Nu Xi Omi Pi Rho Sig Tau Ups Phi Chi Psi Ome".split(),
     "αβγδεζηθικλμνξοπρστυφχψω"))
 BSC_NAME = re.compile(r"(\d*) *([A-Z][a-z]{1,2})? *(\d)? *([A-Z][A-Za-z]{2})")
-# Stars whose name belongs to another one: Atik is ο Per, not ζ Per (IAU Working Group on Star Names, 2016).
-MISNAMED = {"1203"}
+# Stars whose name belongs to another one: Atik is ο Per, not ζ Per (IAU Working Group on Star Names, 2016); Becklin's
+# Star is an infrared source 45" beside θ1 Ori C.
+MISNAMED = {"1203", "1895"}
 
 MESSIER_TYPES = {
     "s": "spiral galaxy", "e": "elliptical galaxy", "i": "irregular galaxy", "oc": "open cluster",

@@ -25,6 +25,8 @@ class SCENE_API BodyModel {
  public:
   explicit BodyModel(const BodyList& bodies);
 
+  // The states last until a call for another moment or place: a view that turns while time stands costs
+  // nothing here.
   void Compute(const SkyMoment& moment, const EarthPlace& place);
 
   const BodyList& GetBodies() const { return m_Bodies; }
@@ -44,6 +46,8 @@ class SCENE_API BodyModel {
   CQXSolSys m_Model;
   CQXSolSys m_Centre;  // the same sky from the Earth's centre
   SkyMoment m_Moment;
+  EarthPlace m_Place;
+  bool m_IsComputed = false;
   std::vector<BodyState> m_States;
   double m_SunFromCentre[3] = {0.0, 0.0, 0.0}, m_MoonFromCentre[3] = {0.0, 0.0, 0.0};
 };

@@ -28,6 +28,9 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
   // that is not of that form (a number out of its type's range, more cells than columns) or cut off is left
   // out with one diagnostic line that names file and line; the others are kept.
   bool Load(const char* path);
+  // Leaves that to the first Select, for a table that is asked for seldom; until then it counts no records.
+  // What is wrong with the file is then one diagnostic line.
+  void Defer(const char* path);
   const std::string& GetError() const { return m_Error; }
 
   int GetCount() const { return m_Count; }
@@ -57,6 +60,7 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
   int ReadCells(char* cell, char* end, unsigned char* record);
 
   std::string m_Error;
+  std::string m_Deferred;  // the file that is still to be read
   std::vector<Column> m_Columns;
   std::vector<int> m_NameIds;  // of the columns
   // Record after record: the values of the columns, each at a multiple of its width, and behind them a byte a

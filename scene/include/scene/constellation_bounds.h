@@ -37,6 +37,7 @@ class SCENE_API ConstellationBounds {
   int Find(const Direction& direction) const;
 
  private:
+  friend struct PreparedParts;
   // An edge along a parallel of B1875, radians, ra < endRA.
   struct Parallel {
     double dec, ra, endRA;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "scene/api.h"
@@ -47,8 +49,8 @@ SCENE_API std::optional<FoundObject> FindObject(const ObjectRef& object, const S
 // where several bodies have such a feature the Moon's; "Copernicus (Mars)" says which.
 class SCENE_API ObjectSearch {
  public:
-  // Reads the names from the catalogs' tables, whose current record changes. The catalogs are kept by
-  // reference, for the stars of tile catalogs.
+  // Takes the names that lie ready with the catalogs, else reads them from their tables, whose current record
+  // changes. The catalogs are kept by reference, for the stars of tile catalogs.
   explicit ObjectSearch(SkyCatalogs& catalogs);
 
   // Every object of that name: none, one, or several when the name is ambiguous.
@@ -70,34 +72,32 @@ class SCENE_API ObjectSearch {
     std::string written;
     FoundObject object;
   };
+  // What the lists beside the catalogs call objects.
+  struct ListedNames {
+    std::vector<Name> shown;    // those of asterisms and of stars of tile catalogs, which titles tell
+    std::vector<Name> further;  // which titles leave out
+  };
   // A body that has a name and no place.
   struct UnplacedMoon {
     std::string key, parent;
   };
-  void Add(const std::string& written, const FoundObject& object);
-  void AddBayer(const std::string& written, const FoundObject& object);
-  void AddStars(SkyCatalogs& catalogs);
-  void AddDeepsky(SkyCatalogs& catalogs);
-  void AddOthers(const CatalogTable& table, const FoundObject& object);
-  void AddBodies(const SkyCatalogs& catalogs);
+  static void AddBodies(const SkyCatalogs& catalogs, NameIndex& names);
+  static void AddConstellations(const SkyCatalogs& catalogs, NameIndex& names);
   void AddUnplacedMoons(const SkyCatalogs& catalogs);
-  void AddConstellations(const SkyCatalogs& catalogs);
-  void AddAsterisms(const SkyCatalogs& catalogs);
-  void AddListed(const SkyCatalogs& catalogs);
-  void AddListedFigure(const SkyCatalogs& catalogs, const ListedName& entry);
-  void AddListedTileStar(const std::string& key, const std::vector<const ListedName*>& entries);
+  const ListedNames& GetListed() const;
+  ListedNames ReadListed() const;
+  std::vector<FoundObject> FindKey(const std::string& key, bool unnumbered = false) const;
+  std::vector<FoundObject> FindListed(const std::string& key) const;
   std::vector<FoundObject> FindFeatures(const std::string& key) const;
   void AppendFeatureKeys(std::vector<Name>& names) const;
-  static std::vector<FoundObject> FindIn(const std::vector<Name>& names, const std::string& key);
+  std::vector<std::string> GetNames(const FoundObject& object) const;
   std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
   std::string DescribeMissing(const std::string& name) const;
 
   const SkyCatalogs* m_Catalogs;
-
-  std::vector<Name> m_Names;       // those of one object together, the best known first
-  std::vector<Name> m_Listed;      // further names, which titles leave out
-  std::vector<Name> m_Unnumbered;  // Bayer names with a number, by the key without it
+  std::shared_ptr<const NameIndex> m_Names[3];  // of stars, of deep-sky objects, of all others
+  mutable std::optional<ListedNames> m_Listed;  // when they are first asked for
   std::vector<UnplacedMoon> m_Moons;
   int m_KnownBodies = 0;  // the first so many of the list are planets and moons
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,6 +50,8 @@ struct SCENE_API ConstellationName {
 SCENE_API ObjectTraits GetTraits(const ConstellationName& constellation);
 SCENE_API ObjectTraits GetTraits(const StarTileRecord& star);
 
+class NameIndex;
+
 // All objects that a frame can show, prepared once from the catalog tables of the data root. Owns its records
 // and may be moved while no frame and no model was made from it. Read by any number of frames of one thread.
 struct SkyCatalogs {
@@ -63,6 +66,8 @@ struct SkyCatalogs {
   SkyMap milkyWay;
   BodyList bodies;
   CatalogTable starTable;  // for what no frame needs, such as all the names of an object
+  // Names of stars and of deep-sky objects where they lie ready, else null.
+  std::shared_ptr<const NameIndex> starNames, deepskyNames;
   // What most runs do without.
   OnDemand<std::vector<ListedName>> names{LoadNames};
   OnDemand<std::vector<Asterism>> asterisms{LoadAsterisms};
@@ -84,8 +89,7 @@ enum class CatalogUse { kPictures, kQuestions };
 SCENE_API bool LoadSkyCatalogs(SkyCatalogs& catalogs, std::string& error,
                                CatalogUse use = CatalogUse::kPictures);
 
-// The star of that number in the tile catalogs; valid as long as they are. Looks through all stars of a
-// catalog that has numbers like that one (StarTiles::FindNumber).
+// The star of that number in the tile catalogs (StarTiles::FindNumber); valid as long as they are.
 SCENE_API std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int number);
 
 }  // namespace scene

@@ -49,6 +49,7 @@ class SCENE_API StarCatalog {
   }
 
  private:
+  friend struct PreparedParts;
   void Append(CatalogTable& table, int record);
   unsigned AddText(std::string_view text);
   const char* GetText(unsigned offset) const { return m_Texts.c_str() + offset; }

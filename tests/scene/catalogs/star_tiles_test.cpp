@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <map>
 #include <random>
 #include <vector>
@@ -16,6 +17,8 @@
 #include "scene/star_tile_writer.h"
 #include "support/debug_capture.h"
 #include "support/temp_dir.h"
+#include "utils/bytes.h"
+#include "utils/checksum.h"
 
 namespace {
 
@@ -168,6 +171,100 @@ TEST(StarTiles, StarIsFoundByItsNumber) {
   for (const int number : {-1, 0, 1000000, 1002001}) EXPECT_EQ(tiles.FindNumber(number).GetCount(), 0u);
 }
 
+// 2000 stars are four blocks of the index; every number has its star, and those between have none.
+TEST(StarTiles, EveryNumberLeadsToItsStar) {
+  const TempDir dir;
+  auto stars = MakeStars(2000);
+  for (TileStar& star : stars) star.number = 2 * star.number;
+  StarTiles tiles;
+  std::string error;
+  ASSERT_TRUE(tiles.Open(WriteStars(dir, "t.tiles", stars, 300).c_str(), error)) << error;
+  EXPECT_TRUE(tiles.HasNumberIndex());
+  EXPECT_TRUE(tiles.IsNumberIndexSound());
+  for (const TileStar& star : stars) {
+    const auto found = tiles.FindNumber(star.number);
+    ASSERT_EQ(found.GetCount(), 1u) << star.number;
+    EXPECT_EQ(found[0].GetNumber(), star.number);
+    EXPECT_LT(VectorsAngle(found[0].GetDirection().v, scene::MakeDirection(star.ra, star.dec).v),
+              0.25 * kMas);
+    EXPECT_EQ(tiles.FindNumber(star.number + 1).GetCount(), 0u);
+  }
+}
+
+// Where the index of that many stars begins, from the end of the file.
+std::size_t GetNumbersSize(std::size_t stars) { return stars * 8 + (stars + 510) / 511 * 4; }
+
+// A file without the index, as the first version has it.
+std::string AsFirstVersion(std::string bytes, std::size_t stars) {
+  bytes.resize(bytes.size() - GetNumbersSize(stars));
+  auto* const header = reinterpret_cast<unsigned char*>(bytes.data());
+  StoreLE32(header + 8, 1);
+  StoreLE64(header + 32, bytes.size());
+  StoreLE32(header + 16, 0);
+  StoreLE32(header + 16, GetCrc32({bytes.data(), LoadLE32(header + 12)}));
+  return bytes;
+}
+
+TEST(StarTiles, FilesWithoutAnIndexOfNumbersAreReadAsEver) {
+  const TempDir dir;
+  const std::string bytes =
+      dir.Read(std::filesystem::path(WriteStars(dir, "t.tiles", MakeStars(2000))).filename().string());
+  dir.Write("old.tiles", AsFirstVersion(bytes, 2000));
+  StarTiles tiles;
+  std::string error;
+  ASSERT_TRUE(tiles.Open(dir.Path("old.tiles").c_str(), error)) << error;
+  EXPECT_FALSE(tiles.HasNumberIndex());
+  EXPECT_TRUE(tiles.IsNumberIndexSound()) << "there is none to be damaged";
+  EXPECT_EQ(CountAll(tiles), 2000u);
+  for (const int number : {1000001, 1000004, 1002000})
+    EXPECT_EQ(tiles.FindNumber(number)[0].GetNumber(), number);
+}
+
+TEST(StarTiles, DamagedIndexOfNumbersIsOneLineAndLosesNoStar) {
+  const TempDir dir;
+  std::string bytes =
+      dir.Read(std::filesystem::path(WriteStars(dir, "t.tiles", MakeStars(2000))).filename().string());
+  const std::size_t begin = bytes.size() - GetNumbersSize(2000);
+  for (const std::size_t at : {begin, begin + 4, begin + 2 * 4092 + 100, bytes.size() - 1}) {
+    std::string damaged = bytes;
+    damaged[at] = static_cast<char>(damaged[at] ^ 1);
+    dir.Write("damaged.tiles", damaged);
+    StarTiles tiles;
+    std::string error;
+    ASSERT_TRUE(tiles.Open(dir.Path("damaged.tiles").c_str(), error)) << error;
+    EXPECT_FALSE(tiles.IsNumberIndexSound());
+    const test_support::DebugCapture diagnostics;
+    for (int number = 1000001; number <= 1002000; number += 37)
+      EXPECT_EQ(tiles.FindNumber(number)[0].GetNumber(), number);
+    EXPECT_EQ(diagnostics.lines, std::vector<std::string>{dir.Path("damaged.tiles") +
+                                                          ": the index of numbers is damaged: stars are "
+                                                          "looked for one by one\n"});
+  }
+}
+
+// An index with good sums that leads elsewhere: no star of another number, no look beside the file.
+TEST(StarTiles, IndexThatLeadsAstrayFindsByLooking) {
+  const TempDir dir;
+  const std::string bytes =
+      dir.Read(std::filesystem::path(WriteStars(dir, "t.tiles", MakeStars(400))).filename().string());
+  const std::size_t begin = bytes.size() - GetNumbersSize(400);
+  for (const std::uint32_t place : {0xFFFFFFFFu, 400u, 0u}) {
+    std::string astray = bytes;
+    for (std::size_t i = 0; i < 400; ++i) StoreLE32(astray.data() + begin + 4 + 8 * i + 4, place);
+    const std::string entries = astray.substr(begin + 4);
+    StoreLE32(astray.data() + begin, GetCrc32(entries, GetCrc32({"\0\0\0\0", 4})));
+    dir.Write("astray.tiles", astray);
+    StarTiles tiles;
+    std::string error;
+    ASSERT_TRUE(tiles.Open(dir.Path("astray.tiles").c_str(), error)) << error;
+    EXPECT_FALSE(tiles.IsNumberIndexSound());
+    const test_support::DebugCapture diagnostics;
+    for (const int number : {1000001, 1000200, 1000400})
+      EXPECT_EQ(tiles.FindNumber(number)[0].GetNumber(), number);
+    EXPECT_EQ(diagnostics.lines.size(), 1u);
+  }
+}
+
 TEST(StarTiles, OrderAndMemoryOfTheWriterMakeNoDifference) {
   const TempDir dir;
   auto stars = MakeStars(5000);
@@ -223,6 +320,14 @@ TEST(StarTiles, EveryDamagedByteIsNoticed) {
       continue;
     }
     const std::size_t left = CountAll(tiles);
+    if (at >= whole.size() - GetNumbersSize(25)) {
+      ASSERT_EQ(left, 25u);
+      ASSERT_FALSE(tiles.IsNumberIndexSound()) << at;
+      for (int number = 1000001; number <= 1000025; ++number)
+        ASSERT_EQ(tiles.FindNumber(number)[0].GetNumber(), number);
+      ASSERT_EQ(capture.lines.size(), 1u) << at;
+      continue;
+    }
     ASSERT_TRUE(tiles.HasDamage()) << at;
     ASSERT_EQ(capture.lines.size(), 1u) << at;
     ASSERT_LE(left, 25u);

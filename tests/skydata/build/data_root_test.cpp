@@ -11,6 +11,8 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
+#include "scene/prepared_sky.h"
+#include "skydata/show/files.h"
 #include "skydata/strings/check.h"
 #include "support/camera_settings.h"
 #include "tests/skydata/source_text.h"
@@ -35,6 +37,20 @@ class DataRoot : public testing::Test {
   DataRoot() { BuildDataRoot(CI_DATA_SOURCE, m_Roots.dir.Path("data"), "en"); }
   test_support::TempRoots m_Roots;
 };
+
+TEST_F(DataRoot, PreparedCatalogsAreThoseOfTheTables) {
+  for (const char* name : {"stars", "ngc_ic"}) {
+    scene::PreparedSkySummary summary;
+    std::string error;
+    const std::string path = m_Roots.dir.Path(std::string("data/catalogs/") + name + ".prepared");
+    ASSERT_TRUE(scene::InspectPreparedSky(path.c_str(), summary, error)) << error;
+    EXPECT_TRUE(summary.changedTexts.empty()) << name;
+    for (const auto& [part, count] : summary.counts) EXPECT_GT(count, 0u) << part;
+    const ShownTable shown = ShowPreparedSky(path);
+    ASSERT_EQ(shown.rows.size(), summary.counts.size());
+    EXPECT_EQ(shown.rows[0][1].text, name == std::string("stars") ? "9096" : "13371");
+  }
+}
 
 TEST_F(DataRoot, HasEveryFileOfTheLayout) {
   for (const char* name : {"qxstrings.txt", "filters.data", "FilterCorrection.data", "views/orion.data",

@@ -46,6 +46,12 @@ enum class RisingPart {
 ASTRO_API FindHorizonPlace MakeBodyFinder(CQXSolSys& model, const SSO_ID& id, const void* data,
                                           const EarthPlace& place, RisingPart part);
 
+// Asks `find` at every full hour from `start` on only, and only where it must, and answers between by the
+// polynomial through the eight looks around: for stars, Sun, Moon and planets, to 0.01 second of arc (the
+// remainder is (2 pi / 24)^8 / 940 radians for what turns once a day). Not for satellites. A moment of which
+// `find` knows nothing within four hours is left to `find`. Copies share what was looked at: one thread.
+ASTRO_API FindHorizonPlace MakeSmoothFinder(FindHorizonPlace find, const SkyMoment& start);
+
 // What happens to an object within a stretch of time. When nothing is set and no flag is true nobody could
 // tell where the object was.
 struct RiseTransitSet {
