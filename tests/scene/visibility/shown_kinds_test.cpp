@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "scene/visibility/kind_switches.h"
+
 #include "support/camera_settings.h"
 #include "support/debug_capture.h"
 #include "utils/text.h"
@@ -43,6 +45,28 @@ TEST_F(ShownKindsTest, SwitchOfZeroHidesAndTheCurrentSectionStays) {
   EXPECT_TRUE(shown.clusters && shown.horizon && shown.englishNames);
   EXPECT_EQ(settings.GetCurSection(), static_cast<unsigned>(FourCC("clst")));
   EXPECT_TRUE(diagnostics.lines.empty());
+}
+
+TEST_F(ShownKindsTest, PatternsAreASumAndNamesAChoice) {
+  Add("cnst", "PatternsVisible", 2);
+  Add("cnst", "EnglishName", 2);
+  ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.figures);
+  EXPECT_TRUE(shown.asterisms);
+  EXPECT_EQ(shown.GetConstellationForm(), NameForm::kLatin);
+  settings.SetSectionStatus(FourCC("cnst"), 0);
+  shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.figures || shown.asterisms);
+}
+
+TEST_F(ShownKindsTest, FeaturesDoNotStandForTheirBodies) {
+  Add("moon", "MoonFeatures", 0);
+  Add("plnt", "PlanetFeatures", 0);
+  const ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.moonFeatures || shown.planetFeatures);
+  EXPECT_TRUE(shown.moons && shown.planets);
+  EXPECT_STREQ(ReadKindState(settings, FourCC("moon")).switchName, "Draw");
+  EXPECT_STREQ(ReadKindState(settings, FourCC("plnt")).switchName, "Draw");
 }
 
 TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
