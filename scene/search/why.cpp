@@ -164,7 +164,7 @@ Case MakeFeatureCase(int index, const ObjectTests& tests, const ViewGeometry& ge
 // What the kind of the object depends on.
 KindState FindState(const FoundObject& found, int kind, const ShownView& view) {
   if (found.group == ObjectGroup::kAsterism)
-    return ReadSwitchState(view.settings, FourCC("cnst"), "Asterisms", false);
+    return ReadSwitchState(view.settings, FourCC("cnst"), "PatternsVisible", true);
   if (found.group != ObjectGroup::kFeature) return ReadKindState(view.settings, kind);
   const int body = Gazetteers::GetBody(found.index).kind;
   const KindState state = ReadKindState(view.settings, body);

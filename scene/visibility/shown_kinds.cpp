@@ -16,6 +16,7 @@ struct Switch {
   unsigned section;
   const char* name;
 };
+// Of each section the first is the one that its objects depend on.
 constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::clusters, FourCC("clst"), "ClusterDraw"},
                                 {&ShownKinds::galaxies, FourCC("gala"), "GalaxyDraw"},
@@ -26,10 +27,6 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::boundaries, FourCC("cnst"), "BoundariesVisible"},
                                 {&ShownKinds::englishNames, FourCC("cnst"), "EnglishName"},
                                 {&ShownKinds::genitiveNames, FourCC("cnst"), "LatinGenitive"},
-                                {&ShownKinds::localNames, FourCC("cnst"), "LocalName"},
-                                {&ShownKinds::asterisms, FourCC("cnst"), "Asterisms"},
-                                {&ShownKinds::planetFeatures, FourCC("plnt"), "PlanetFeatures"},
-                                {&ShownKinds::moonFeatures, FourCC("moon"), "MoonFeatures"},
                                 {&ShownKinds::milkyWay, FourCC("grid"), "MilkyWayVisible"},
                                 {&ShownKinds::horizon, FourCC("grid"), "HorizonDraw"},
                                 {&ShownKinds::compass, FourCC("grid"), "Compass"},
@@ -47,7 +44,9 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::comets, FourCC("comt"), "Draw"},
                                 {&ShownKinds::spacecraft, FourCC("scft"), "Draw"},
                                 {&ShownKinds::horizonLine, FourCC("grid"), "Horizon"},
-                                {&ShownKinds::noradNumbers, FourCC("scft"), "NoradNumber"}};
+                                {&ShownKinds::noradNumbers, FourCC("scft"), "NoradNumber"},
+                                {&ShownKinds::planetFeatures, FourCC("plnt"), "PlanetFeatures"},
+                                {&ShownKinds::moonFeatures, FourCC("moon"), "MoonFeatures"}};
 
 struct LabelSwitch {
   LabelRules ShownKinds::*rules;
@@ -177,6 +176,25 @@ KindState ReadKindState(SettingsData& settings, int kind) {
   return {nullptr, true, false, static_cast<unsigned>(kind)};
 }
 
+namespace {
+
+// "PatternsVisible" is a sum, 1 the figures and 2 the asterisms; "EnglishName" a choice, 0 names in the
+// language of the texts, 1 English, 2 Latin ones.
+void ReadConstellations(SettingsData& settings, ShownKinds& shown) {
+  constexpr unsigned kSection = FourCC("cnst"), kAsterisms = 2;
+  constexpr unsigned char kFigures = 1, kLatin = 2;
+  if (!HasSection(settings, kSection)) return;
+  const bool on = settings.GetSectionStatus(kSection, false) != 0;
+  const unsigned patterns = ReadByte(settings, kSection, "PatternsVisible", kFigures);
+  shown.figures = on && (patterns & kFigures) != 0;
+  shown.asterisms = on && (patterns & kAsterisms) != 0;
+  const unsigned char language = ReadByte(settings, kSection, "EnglishName", 0);
+  shown.englishNames = on && language != 0 && language != kLatin;
+  shown.localNames = language != kLatin;
+}
+
+}  // namespace
+
 ShownKinds ReadShownKinds(SettingsData& settings) {
   ShownKinds shown;
   for (const auto& entry : kSwitches) {
@@ -187,6 +205,7 @@ ShownKinds ReadShownKinds(SettingsData& settings) {
     bool& flag = (shown.*entry.rules).*entry.flag;
     flag = ReadSwitchState(settings, entry.section, entry.name, flag).switchOn;
   }
+  ReadConstellations(settings, shown);
   constexpr unsigned kGrid = FourCC("grid");
   if (HasSection(settings, kGrid) && settings.GetSectionStatus(kGrid, false) != 0) {
     for (const auto& entry : kLineChoices) {

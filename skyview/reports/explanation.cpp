@@ -8,6 +8,7 @@
 #include "skyview/reports/filter_text.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/messages.h"
+#include "utils/text.h"
 
 namespace skyview {
 namespace {
@@ -16,7 +17,9 @@ void AddSwitches(const scene::Explanation& why, std::vector<std::string>& reason
   const std::string section = scene::GetCodeText(static_cast<int>(why.state.section));
   if (!why.state.sectionOn)
     reasons.push_back("the section " + section + " is switched off (--set " + section + ":on)");
-  if (why.state.switchName && !why.state.switchOn) {
+  if (why.kind == FourCC("astm") && why.state.sectionOn) {
+    reasons.push_back("asterisms are switched off (--set cnst.PatternsVisible=3)");
+  } else if (why.state.switchName && !why.state.switchOn) {
     const std::string name = section + "." + why.state.switchName;
     reasons.push_back("its kind is switched off: " + name + " is 0 (--set " + name + "=1)");
   }

@@ -154,6 +154,6 @@ TEST_F(WhyFeatureTest, AnAsterismIsThereOnceItIsSwitchedOn) {
   LookAt(1.0);
   const Explanation off = Why("Orion's Belt");
   EXPECT_TRUE(off.obstacles & kKindOff);
-  EXPECT_STREQ(off.state.switchName, "Asterisms");
+  EXPECT_STREQ(off.state.switchName, "PatternsVisible");
   EXPECT_EQ(off.state.section, static_cast<unsigned>(FourCC("cnst")));
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "scene/visibility/kind_switches.h"
+
 #include "support/camera_settings.h"
 #include "support/debug_capture.h"
 #include "utils/text.h"
@@ -51,6 +53,28 @@ TEST_F(ShownKindsTest, AirLiftsAndTakesLightEachByItsOwnBit) {
   const ShownKinds shown = ReadShownKinds(settings);
   EXPECT_FALSE(shown.refraction);
   EXPECT_TRUE(shown.extinction);
+}
+
+TEST_F(ShownKindsTest, PatternsAreASumAndNamesAChoice) {
+  Add("cnst", "PatternsVisible", 2);
+  Add("cnst", "EnglishName", 2);
+  ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.figures);
+  EXPECT_TRUE(shown.asterisms);
+  EXPECT_EQ(shown.GetConstellationForm(), NameForm::kLatin);
+  settings.SetSectionStatus(FourCC("cnst"), 0);
+  shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.figures || shown.asterisms);
+}
+
+TEST_F(ShownKindsTest, FeaturesDoNotStandForTheirBodies) {
+  Add("moon", "MoonFeatures", 0);
+  Add("plnt", "PlanetFeatures", 0);
+  const ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.moonFeatures || shown.planetFeatures);
+  EXPECT_TRUE(shown.moons && shown.planets);
+  EXPECT_STREQ(ReadKindState(settings, FourCC("moon")).switchName, "Draw");
+  EXPECT_STREQ(ReadKindState(settings, FourCC("plnt")).switchName, "Draw");
 }
 
 TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
