@@ -62,7 +62,7 @@ void LandscapePicture::HideLabels(const ViewGeometry& geometry, LabelPlacer& lab
 
 void LandscapePicture::Draw(const SkyLight& light, DisplayList& list) const {
   constexpr double kLeastStep = 0.5;  // pixels
-  constexpr double kShade = 0.05;     // of a band: its edge is not seen and costs no strokes
+  constexpr double kShade = 0.022;    // of a band: its edge is not seen and costs no strokes
   if (!m_Wanted) return;
   const double layers = static_cast<double>(m_Landscape.layers.size());
   for (std::size_t i = 0; i < m_Bands.size(); ++i) {
