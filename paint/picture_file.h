@@ -26,9 +26,9 @@ bool MakeSvg(const scene::DisplayList& list, std::string& bytes, std::string& er
 bool MakePdf(const scene::DisplayList& list, std::string& bytes, std::string& error,
              const std::optional<Sheet>& sheet = std::nullopt);
 
-// Writes the list to `path`, as its ending says, a PDF on the sheet: beside it first, then renamed, so that a picture of that
-// name is either the old one or whole. False when that fails: `error` is then one line that names the file,
-// and nothing new is left behind.
+// Writes the list to `path`, as its ending says, a PDF on the sheet: beside it first, then renamed, so that
+// a picture of that name is either the old one or whole. False when that fails: `error` is then one line
+// that names the file, and nothing new is left behind.
 bool WritePicture(const scene::DisplayList& list, const std::string& path, std::string& error,
                   const std::optional<Sheet>& sheet = std::nullopt);
 

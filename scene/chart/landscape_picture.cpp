@@ -62,7 +62,7 @@ void LandscapePicture::HideLabels(const ViewGeometry& geometry, LabelPlacer& lab
 
 void LandscapePicture::Draw(const SkyLight& light, DisplayList& list) const {
   constexpr double kLeastStep = 0.5;  // pixels
-  constexpr double kShade = 0.075;    // of a band
+  constexpr double kShade = 0.022;    // of a band: its edge is not seen and costs no strokes
   if (!m_Wanted) return;
   const double layers = static_cast<double>(m_Landscape.layers.size());
   for (std::size_t i = 0; i < m_Bands.size(); ++i) {
@@ -75,7 +75,7 @@ void LandscapePicture::Draw(const SkyLight& light, DisplayList& list) const {
       area.colour = FindLandColour(light, GetColour(m_Landscape.layers[layer]),
                                    1.0 - static_cast<double>(layer + 1) / layers);
     } else {
-      SetSoftColour({0.0, 0.0, 0.0, kShade / 5.0}, 1.2f * list.GetUnit(), area);
+      area.colour = ToRgba({0.0, 0.0, 0.0, kShade});
     }
     list.AddArea(Layer::kGround, area);
   }

@@ -40,8 +40,8 @@ struct StyleRules {
   bool solidStars = false;    // faint ones are small and not pale; brightest first, with a rim
   // Of the radii of stars: a factor, and the power that makes bright ones larger still.
   float starScale = 1.0f, starContrast = 1.0f;
-  // Of the light around bright stars: its size in radii of the dot, the least radius that has it, in pixels of
-  // the standard picture, and its opacity at the dot and in the middle of the way.
+  // Of the light around bright stars: its size in radii of the dot, the least radius that has it, in pixels
+  // of the standard picture, and its opacity at the dot and in the middle of the way.
   float glareReach = 3.6f, glareFrom = 1.9f;
   double glareStrength = 0.55, glareMiddle = 0.20;
 

@@ -13,8 +13,8 @@
 
 namespace scene {
 
-// The angle that a scale bar stands for: the largest of 30, 20, 10, 5, 2, 1 of degrees, minutes and seconds of
-// arc whose bar around the middle of the picture is at most that many pixels long.
+// The angle that a scale bar stands for: the largest of 30, 20, 10, 5, 2, 1 of degrees, minutes and seconds
+// of arc whose bar around the middle of the picture is at most that many pixels long.
 struct ScaleBar {
   double length;  // pixels
   int count;
@@ -22,9 +22,9 @@ struct ScaleBar {
 };
 ScaleBar FindScaleBar(double scale, double most);
 
-// The box in the lower right corner that says what a chart shows: magnitudes with the dots of their stars, the
-// symbols of the deep-sky classes that occur, a scale, north and east. Allocates when it fetches its texts
-// only.
+// The box in the lower right corner that says what a chart shows: magnitudes with the dots of their stars,
+// the symbols of the deep-sky classes that occur, a scale, north and east. Allocates when it fetches its
+// texts only.
 class ChartLegend {
  public:
   static constexpr int kClasses = 6;

@@ -49,8 +49,8 @@ double Rise(float code, float from, float to) {
   return t * t * (3.0 - 2.0 * t);
 }
 
-// The light of lamps against that at the zenith: their dome grows brighter towards the horizon, as photographs
-// of towns show it.
+// The light of lamps against that at the zenith: their dome grows brighter towards the horizon, as
+// photographs of towns show it.
 double FindDome(double altitude) { return 1.0 + 1.6 * std::exp(-altitude / (14.0 * kRadiansPerDegree)); }
 
 double RiseOfGlow(float limit) { return Rise(limit, MakeCode(4.4), MakeCode(6.2)); }

@@ -252,8 +252,8 @@ class SCENE_API DisplayList {
   void SetStyle(ChartStyle style);
   ChartStyle GetStyle() const { return m_Style; }
 
-  // The records until EndSample show how things are drawn: they are drawn as they are on their own layers, but
-  // lie on that one and name no object.
+  // The records until EndSample show how things are drawn: they are drawn as they are on their own layers,
+  // but lie on that one and name no object.
   void BeginSample(Layer layer) { m_SampleLayer = layer, m_IsSample = true; }
   void EndSample() { m_IsSample = false; }
 

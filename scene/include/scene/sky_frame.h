@@ -57,8 +57,8 @@ class SCENE_API SkyFrame {
   // The groups of images that have their outlines drawn, a combination of ImageGroup. Answers the group whose
   // catalog is missing (GetImageCatalogName), if one is: no outlines are drawn then.
   std::optional<ImageGroup> SetImageFrames(unsigned groups);
-  // What stands on the ground where a horizon is shown, in styles that show the sky as it looks. An empty one:
-  // the ground is plain. Objects behind it are drawn before it, and their names are not.
+  // What stands on the ground where a horizon is shown, in styles that show the sky as it looks. An empty
+  // one: the ground is plain. Objects behind it are drawn before it, and their names are not.
   void SetLandscape(Landscape landscape);
   // The fields of instruments around the middle of the picture.
   void SetFinders(std::vector<Finder> finders);

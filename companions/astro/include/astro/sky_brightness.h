@@ -83,10 +83,10 @@ class ASTRO_API SkyBrightness {
 // The magnitude of the faintest star that the naked eye sees at the zenith against a sky of that luminance.
 ASTRO_API double GetNakedEyeLimit(double luminance);
 
-// SkyLights::darkness of a site: of a class of Bortle's scale (2001, Sky & Telescope 101 (2), 126), 1 to 9, the
-// middle of the surface brightnesses that sky quality meters read at such sites (bounds of the classes 21.99,
-// 21.89, 21.69, 20.49, 19.50, 18.94, 18.38, 17.8); and that in which the naked eye's limit at the zenith is a
-// magnitude, within the range of the darkness.
+// SkyLights::darkness of a site: of a class of Bortle's scale (2001, Sky & Telescope 101 (2), 126), 1 to 9,
+// the middle of the surface brightnesses that sky quality meters read at such sites (bounds of the classes
+// 21.99, 21.89, 21.69, 20.49, 19.50, 18.94, 18.38, 17.8); and that in which the naked eye's limit at the
+// zenith is a magnitude, within the range of the darkness.
 ASTRO_API double GetDarknessOfBortle(int bortleClass);
 ASTRO_API double GetDarknessOfLimit(double magnitude);
 
