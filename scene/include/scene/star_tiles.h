@@ -63,8 +63,8 @@ class SCENE_API StarTiles {
   bool HasDamage() const { return m_HasDamage; }
 
   // The star of that number, none or one: by the index of numbers, some 20 looks at the file. A file without
-  // one (of the first version), or whose index is damaged, which is one diagnostic line, is looked through from
-  // end to end: 15 ms for a million stars that are in memory.
+  // one (of the first version), or whose index is damaged, which is one diagnostic line, is looked through
+  // from end to end: 15 ms for a million stars that are in memory.
   StarTileRecords FindNumber(int number) const;
   // Whether the file has an index of numbers, and whether all of it is as it should be: in order, every star
   // once. The second looks at the whole file.
