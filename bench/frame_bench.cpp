@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A whole frame of skyview as the application computes it, painting left aside: observer's frame, stars,
-// figures, Milky Way, horizon, labels. Every frame has a view and, where nothing else is said, a moment of its
-// own, so that nothing can be kept and nothing is learnt.
+// figures, Milky Way, horizon, labels. Every frame has a view and, where nothing else is said, a moment of
+// its own, so that nothing can be kept and nothing is learnt.
 #include <benchmark/benchmark.h>
 
 #include <cmath>

@@ -16,8 +16,9 @@ namespace CommonInterfaces {
 // every question waits for memory once, whether the key is there or not, where a bisection of a million keys
 // waits for most of its twenty steps. At least half of the slots are free.
 //
-// Keys that lie close together, as the numbers of a catalog do, stand as bits in a row instead, and the position
-// is how many stand before: a quarter of a byte a number, so that a million of them stay near the processor.
+// Keys that lie close together, as the numbers of a catalog do, stand as bits in a row instead, and the
+// position is how many stand before: a quarter of a byte a number, so that a million of them stay near the
+// processor.
 //
 // Keys that are not in order are searched by the plain bisection of std::lower_bound, whose steps decide what
 // is found. So are keys that crowd together in the hash table as no catalog's do, since a file made for that

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Prepared catalogs of any bytes. So that mutations reach what stands behind the fingerprint, the bytes are read
-// a second time with one that fits.
+// Prepared catalogs of any bytes. So that mutations reach what stands behind the fingerprint, the bytes are
+// read a second time with one that fits.
 #include <string>
 
 #include "fuzz/scratch.h"

@@ -74,8 +74,8 @@ struct DoubleParameter {
   }
 };
 
-// The usable range along one axis: wider than int beside doubles, so that the smallest int as right edge makes
-// an empty area instead of wrapping. An int is never within such an area: EndsNowhere.
+// The usable range along one axis: wider than int beside doubles, so that the smallest int as right edge
+// makes an empty area instead of wrapping. An int is never within such an area: EndsNowhere.
 template <class Edge>
 struct Range {
   Edge low, high;

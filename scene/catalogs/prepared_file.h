@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// How values lie in a file of prepared catalogs: one after the other, little-endian, a vector and a text behind
-// their 32-bit count. What a record consists of is said once, by an Exchange(file, record) that hands each
-// member to file.Value, and serves for writing, reading and counting bytes.
+// How values lie in a file of prepared catalogs: one after the other, little-endian, a vector and a text
+// behind their 32-bit count. What a record consists of is said once, by an Exchange(file, record) that hands
+// each member to file.Value, and serves for writing, reading and counting bytes.
 #pragma once
 
 #include <bit>

@@ -10,9 +10,9 @@
 
 namespace scene::star_number_index {
 
-// Where stars stand by their numbers, the last part of a tile catalog (docs/formats/star_tiles.md): entries of
-// number and place among all stars of the file, in the order of the numbers, in blocks with a sum each, so
-// that a look-up checks no more than the blocks that it looks at.
+// Where stars stand by their numbers, the last part of a tile catalog (docs/formats/star_tiles.md): entries
+// of number and place among all stars of the file, in the order of the numbers, in blocks with a sum each,
+// so that a look-up checks no more than the blocks that it looks at.
 inline constexpr std::size_t kEntrySize = 8, kEntries = 511, kCheckSize = 4;
 inline constexpr std::size_t kBlockSize = kCheckSize + kEntries * kEntrySize;
 

@@ -165,14 +165,14 @@ bool StarTiles::KeepsPromises(const PlacedBand& band, const StarTileRecords& sta
   return true;
 }
 
-const StarTiles::PlacedBand* StarTiles::FindBand(std::uint64_t place) const {
+const StarTiles::PlacedBand* StarTiles::FindBand(std::uint32_t place) const {
   for (const PlacedBand& band : m_Bands) {
     if (place - band.firstStar < band.band.count) return &band;
   }
   return nullptr;
 }
 
-bool StarTiles::IsPlaceOf(std::uint64_t place, std::uint32_t number) const {
+bool StarTiles::IsPlaceOf(std::uint32_t place, std::uint32_t number) const {
   const PlacedBand* const band = FindBand(place);
   if (!band) return false;
   const auto star = static_cast<std::uint32_t>(place - band->firstStar);

@@ -10,10 +10,10 @@
 
 namespace scene {
 
-// Catalogs as LoadSkyCatalogs makes them of tables, and the names by which their objects are found, ready in a
-// file of the data root (docs/formats/prepared_sky.md). It says of which texts it was made, to the byte, and
-// counts only as long as these are there; without it the texts are read. Two files, because what comes from
-// share-alike data stands in files of its own.
+// Catalogs as LoadSkyCatalogs makes them of tables, and the names by which their objects are found, ready in
+// a file of the data root (docs/formats/prepared_sky.md). It says of which texts it was made, to the byte,
+// and counts only as long as these are there; without it the texts are read. Two files, because what comes
+// from share-alike data stands in files of its own.
 enum class PreparedSky {
   kStars,   // "catalogs:stars.prepared": stars; figures, names and boundaries of constellations
   kDeepsky  // "catalogs:ngc_ic.prepared": deep-sky objects and outlines of nebulae

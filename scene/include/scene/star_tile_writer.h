@@ -26,9 +26,10 @@ struct TileStar {
 struct StarTileWriterState;
 
 // Writes a tile catalog (docs/formats/star_tiles.md) of any number of stars, which come in any order. It
-// holds two million of them in memory, 64 MB, and as many numbers, and writes what is more to two files beside
-// the target, 28 bytes each, which are gone at the end. Besides that it needs 8 bytes for each cell of a band, which are fewer than
-// its stars, and room for the stars of one cell. The same stars make the same file, whatever their order.
+// holds two million of them in memory, 64 MB, and as many numbers, and writes what is more to two files
+// beside the target, 28 bytes each, which are gone at the end. Besides that it needs 8 bytes for each cell
+// of a band, which are fewer than its stars, and room for the stars of one cell. The same stars make the
+// same file, whatever their order.
 //
 // After an operation that failed, GetError is one line that names the file, and nothing is open. One thread.
 class SCENE_API StarTileWriter {

@@ -63,11 +63,11 @@ class SCENE_API StarTiles {
   bool HasDamage() const { return m_HasDamage; }
 
   // The star of that number, none or one: by the index of numbers, some 20 looks at the file. A file without
-  // one (of the first version), or whose index is damaged, which is one diagnostic line, is looked through from
-  // end to end: 15 ms for a million stars that are in memory.
+  // one (of the first version), or whose index is damaged, which is one diagnostic line, is looked through
+  // from end to end: 15 ms for a million stars that are in memory.
   StarTileRecords FindNumber(int number) const;
-  // Whether the file has an index of numbers, and whether all of it is as it should be: in order, every star once.
-  // The second looks at the whole file.
+  // Whether the file has an index of numbers, and whether all of it is as it should be: in order, every star
+  // once. The second looks at the whole file.
   bool HasNumberIndex() const { return m_Numbers != nullptr; }
   bool IsNumberIndexSound() const;
 
@@ -97,8 +97,8 @@ class SCENE_API StarTiles {
   bool PlaceBand(const unsigned char* entry, Places& places, std::string& reason);
   bool KeepsPromises(const PlacedBand& band, const StarTileRecords& stars) const;
   void ReportDamage(int band, std::uint32_t cell) const;
-  const PlacedBand* FindBand(std::uint64_t place) const;
-  bool IsPlaceOf(std::uint64_t place, std::uint32_t number) const;
+  const PlacedBand* FindBand(std::uint32_t place) const;
+  bool IsPlaceOf(std::uint32_t place, std::uint32_t number) const;
   bool FindByIndex(int number, StarTileRecords& found) const;
   StarTileRecords SearchNumber(int number) const;
 

@@ -28,7 +28,8 @@ void ExpectAsNew(const BodyModel& model, const BodyList& bodies, const SkyMoment
 
 }  // namespace
 
-// The states of a moment last, and those of another moment or place are others: in both orders, back and forth.
+// The states of a moment last, and those of another moment or place are others: in both orders, back and
+// forth.
 TEST(BodyModel, StatesAreThoseOfTheLastMomentAndPlace) {
   const host_test::FrameFixture f;
   BodyModel model(f.catalogs.bodies);
