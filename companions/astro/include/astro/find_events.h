@@ -41,9 +41,9 @@ ASTRO_API EventKinds GetFoundKinds();
 
 // Hands every event of the kinds that were chosen to the sink, in the order of their moments, at the same
 // moment in that of the kinds; none is handed out twice. Called and answering as sky_events.h says; false
-// also when a kind was chosen that no finder has. Planets are Mercury to Neptune, with the Earth for apsides;
-// what rises and sets are the Sun, the Moon and these planets; phenomena are those of Jupiter's moons. The events of some 400 days are collected before the first of them
-// is handed out.
+// also when a kind was chosen that no finder has. Planets are Mercury to Neptune, with the Earth for
+// apsides; what rises and sets are the Sun, the Moon and these planets; phenomena are those of Jupiter's
+// moons. The events of some 400 days are collected before the first of them is handed out.
 ASTRO_API bool FindEvents(const EventSearch& search, const EventChoice& choice, const EventSink& sink);
 
 }  // namespace astro
