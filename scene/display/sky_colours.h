@@ -60,16 +60,16 @@ class SkyColours {
     return (0.2126 * c.red + 0.7152 * c.green + 0.0722 * c.blue) / 255.0;
   }
   static Rgba Against(const Rgba& colour, double luma) {
-    constexpr double kTwilight = 0.2, kDay = 0.5, kMostPale = 0.6, kMostOpaque = 0.9;
+    constexpr double kTwilight = 0.1, kDay = 0.42, kMostPale = 0.6, kMostOpaque = 0.9;
     if (luma < kTwilight) return colour;
     const double part = std::min((luma - kTwilight) / (kDay - kTwilight), 1.0);
     const double grey = 0.6 * std::min({colour.red, colour.green, colour.blue});
     const auto channel = [&](unsigned char value) {
-      const double shown = luma < kDay ? value + (255.0 - value) * kMostPale * part : 0.6 * (value - grey);
+      const double shown = luma < kDay ? value + (255.0 - value) * kMostPale * part : 0.45 * (value - grey);
       return static_cast<unsigned char>(std::lround(shown));
     };
     const double opaque = std::max(colour.alpha / 255.0, kMostOpaque);
-    const double alpha = colour.alpha + (255.0 * opaque - colour.alpha) * 0.5 * part;
+    const double alpha = colour.alpha + (255.0 * opaque - colour.alpha) * 0.6 * part;
     return {channel(colour.red), channel(colour.green), channel(colour.blue),
             static_cast<unsigned char>(std::lround(alpha))};
   }

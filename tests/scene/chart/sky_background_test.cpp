@@ -90,6 +90,39 @@ TEST_F(SkyBackground, IsDarkInATotalEclipse) {
   EXPECT_GT(At(200.0, 960.0).red, At(200.0, 960.0).blue) << "a sunset all around";
 }
 
+// Neither lavender nor cyan: on the way to white the channels keep their order and no two of the three meet
+// alone.
+TEST_F(SkyBackground, KeepsItsHueTowardsTheSun) {
+  Draw(55.0, 180.0);
+  for (const Rgba& sky : list.GetColours()) {
+    EXPECT_LE(sky.red, sky.green + 1);
+    EXPECT_LE(sky.green, sky.blue + 1);
+    if (sky.blue - sky.red > 30) {
+      const double place = (sky.green - sky.red) / static_cast<double>(sky.blue - sky.red);
+      EXPECT_GT(place, 0.3) << "lavender";
+      EXPECT_LT(place, 0.65) << "cyan";
+    }
+  }
+}
+
+TEST_F(SkyBackground, LinesAndNamesCanBeReadOnEverySky) {
+  const Rgba colours[] = {
+      ToRgba(palette::kEquatorialGrid), ToRgba(palette::kEclipticGrid), {255, 230, 173, 250}};
+  for (const double sun : {60.0, 20.0, 5.0, 0.0, -4.0, -8.0}) {
+    Draw(sun, 60.0);
+    const SkyColours sky(list, light);
+    const Rgba ground = At(800.0, 400.0);
+    for (const Rgba& colour : colours) {
+      const Rgba shown = sky.Readable(colour, 800.0, 400.0);
+      const double opaque = shown.alpha / 255.0;
+      EXPECT_GT(std::fabs(Brightness(shown) - Brightness(ground)) * opaque, 35.0) << sun;
+    }
+  }
+  Draw(-30.0, 60.0);
+  EXPECT_EQ(SkyColours(list, light).Readable(colours[0], 800.0, 400.0), colours[0]);
+  EXPECT_EQ(SkyColours(list, light).ReadableLine(colours[0]), colours[0]);
+}
+
 // A telescope on the Sun shows its disc and not a white field.
 TEST_F(SkyBackground, FollowsTheLightBesideTheSun) {
   f.SetLook(180.0, 40.0);
