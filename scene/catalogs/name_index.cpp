@@ -88,7 +88,7 @@ void NameIndex::AddBayer(std::string_view written, std::uint32_t object) {
 }
 
 bool NameIndex::Open(MappedFile file, std::size_t entriesAt, std::size_t count, std::size_t textsAt,
-                    std::size_t size) {
+                     std::size_t size) {
   const std::size_t whole = file.GetSize();
   if (entriesAt > whole || count > (whole - entriesAt) / kEntrySize || textsAt > whole ||
       size > whole - textsAt || (count > 0 && (size == 0 || file.GetBytes()[textsAt + size - 1] != 0))) {

@@ -18,9 +18,9 @@
 #include "skydata/build/star_tiles.h"
 #include "skydata/stars/import.h"
 #include "skydata/stars/motion.h"
-#include "skydata/stars/progress_bar.h"
 #include "skydata/stars/star_input.h"
 #include "support/temp_dir.h"
+#include "utils/progress_bar.h"
 
 namespace skydata {
 namespace {
