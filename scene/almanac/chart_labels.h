@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 #include "scene/text_extents.h"
 
 namespace scene {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 
 namespace scene {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 #include "scene/year_graph.h"
 
 namespace scene {

@@ -7,7 +7,7 @@
 
 #include "scene/almanac/chart_labels.h"
 #include "scene/almanac/night_bands.h"
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 #include "utils/messages.h"
 
 namespace scene {

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 #include "utils/messages.h"
 
 namespace scene {

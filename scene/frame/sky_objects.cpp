@@ -63,12 +63,12 @@ float FindSymbolOpacity(float code, float dim, const ClassLimits& limits) {
   return limits.Opacity(code + dim) * (rest < fade ? std::max(rest, 0.0f) / fade : 1.0f);
 }
 
-// Which labels come first: of objects that have a name, of Messier's list, of others.
+// Which labels come first: of objects of Messier's list that have a name, of others with one, of the list, of
+// the rest.
 int FindLabelRank(const DeepskyObject& object) {
-  if (*object.properName) return 0;
-  return (object.catalogs & kInMessier) != 0 ? 1 : 2;
+  return (*object.properName ? 0 : 2) + ((object.catalogs & kInMessier) != 0 ? 0 : 1);
 }
-constexpr int kLabelRanks = 3;
+constexpr int kLabelRanks = 4;
 
 }  // namespace
 

@@ -64,12 +64,15 @@ void ForEachColour(const DisplayList& list, const std::function<void(const Rgba&
         case RecordType::kText:
           see(at(list.GetTexts(), i).colour, run.layer);
           break;
-        case RecordType::kMesh:
-          break;  // its colours are those below
+        case RecordType::kMesh: {
+          const MeshRecord& mesh = at(list.GetMeshes(), i);
+          for (int node = 0; node < mesh.columns * mesh.rows; ++node)
+            see(at(list.GetColours(), mesh.firstColour + node), run.layer);
+          break;
+        }
       }
     }
   }
-  for (const Rgba& colour : list.GetColours()) see(colour, Layer::kBackground);
 }
 
 // Orion high in the south with everything on that a frame can show, at night.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame/chart_frame.h"
+#include "scene/chart/chart_frame.h"
 
 #include "scene/view/view_geometry.h"
 
