@@ -41,7 +41,9 @@ SurfaceView::SurfaceView(const ViewGeometry& geometry, const BodyState& state,
     : m_Geometry(geometry), m_State(state), m_Surface(surface) {
   m_PixelsPerKm = geometry.camera.VisRad2PixD(1.0 / (state.seen.distance * astro::kKilometresPerAu));
   MV3prod(surface.toBody, state.seen.apparent, m_ToObserver);
+  MV3prod(surface.toBody, state.seen.fromSun, m_ToSun);
   for (double& component : m_ToObserver) component = -component;
+  for (double& component : m_ToSun) component = -component;
 }
 
 SurfacePlace SurfaceView::Find(const SurfaceFeature& feature) const {
@@ -60,7 +62,12 @@ SurfacePlace SurfaceView::Find(const SurfaceFeature& feature) const {
 
 unsigned SurfaceView::FindObstacles(const SurfaceFeature& feature, const SurfacePlace& place) const {
   unsigned obstacles = 0;
-  if (place.cosine < kLeastCosine) obstacles |= kFarSide;
+  const Direction normal = {{feature.surface[0], feature.surface[1], feature.surface[2]}};
+  if (place.cosine < kLeastCosine) {
+    obstacles |= kFarSide;
+  } else if (Dot(normal, {{m_ToSun[0], m_ToSun[1], m_ToSun[2]}}) < 0.0) {
+    obstacles |= kInNight;
+  }
   if (!IsLargeEnough(feature)) obstacles |= kTooSmall;
   if (!m_Geometry.IsInside(place.pixel, 0.0)) obstacles |= kOutside;
   return obstacles;

@@ -25,7 +25,8 @@ class SurfaceView {
   SurfaceView(const ViewGeometry& geometry, const BodyState& state, const astro::PhysicalEphemeris& surface);
 
   SurfacePlace Find(const SurfaceFeature& feature) const;
-  // What keeps a feature that stands there from being named: of Obstacle kFarSide, kTooSmall and kOutside.
+  // What keeps a feature that stands there from being named: of Obstacle kFarSide, kInNight, kTooSmall
+  // and kOutside.
   unsigned FindObstacles(const SurfaceFeature& feature, const SurfacePlace& place) const;
   bool IsLargeEnough(const SurfaceFeature& feature) const;
 
@@ -34,11 +35,11 @@ class SurfaceView {
   const BodyState& m_State;
   const astro::PhysicalEphemeris& m_Surface;
   double m_PixelsPerKm;
-  double m_ToObserver[3];  // unit vector on the body's axes
+  double m_ToObserver[3], m_ToSun[3];  // on the body's axes; the first a unit vector
 };
 
 // The names on the discs of bodies that are large in the picture: the largest features first, more of them
-// the larger the disc, on the side that is seen, above the horizon. Gazetteers are read when a disc is large
+// the larger the disc, where they are seen by day, above the horizon. Gazetteers are read when a disc is large
 // for the first time; the list of marks has room for all labels.
 class SurfaceNames {
  public:

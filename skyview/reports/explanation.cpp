@@ -85,6 +85,7 @@ std::vector<std::string> ListReasons(const scene::Explanation& why, const scene:
   if (why.obstacles & scene::kFarSide) {
     reasons.push_back("on the far side of its body, or too near to the limb");
   }
+  if (why.obstacles & scene::kInNight) reasons.push_back("it is night there");
   if (why.obstacles & scene::kTooSmall) {
     reasons.push_back("too small at this zoom to have its name");
   }

@@ -127,10 +127,10 @@ namespace {
 
 class WhyFeatureTest : public host_test::WhyFixture {
  protected:
-  void LookAt(double zoom) {
+  void LookAt(double zoom, int month = 6, int day = 27) {
     host_test::WriteNames(f.sky.dir);
     UseCatalogs();
-    f.SetTime(2026, 6, 27, 21, 0);
+    f.SetTime(2026, month, day, 21, 0);
     f.camera.SetZoom(zoom);
     Compute();
     std::string error;
@@ -148,6 +148,13 @@ TEST_F(WhyFeatureTest, ReasonsAreThoseOfThePicture) {
   EXPECT_EQ(Why("Tsiolkovskiy").obstacles, unsigned{kFarSide});
   EXPECT_EQ(Why("Tycho A").obstacles, unsigned{kTooSmall});
   EXPECT_TRUE(Why("Olympus Mons").obstacles & kTooSmall);
+}
+
+// The Moon was at first quarter on 25 March 2026 at 19:18: the Sun had not yet risen at 20 degrees west.
+TEST_F(WhyFeatureTest, NothingIsNamedByNight) {
+  LookAt(60.0, 3, 25);
+  EXPECT_EQ(Why("Copernicus").obstacles, unsigned{kInNight});
+  EXPECT_EQ(Why("Copernicus").label, LabelFate::kNone);
 }
 
 TEST_F(WhyFeatureTest, AnAsterismIsThereOnceItIsSwitchedOn) {
