@@ -49,7 +49,7 @@ bool SearchTargets(const EventSearch& search, std::span<const SkyTarget> targets
 SkyEvent MakeEvent(EventKind kind, double date, const SkyTarget& body, const SkyTarget& other) {
   SkyEvent event;
   event.kind = kind;
-  event.moment = MomentOfDate(date);
+  event.moment = astro::MakeMomentTT(date);
   event.body = body.id;
   event.other = other.id;
   return event;

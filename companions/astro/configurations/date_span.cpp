@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "astro/constants.h"
-#include "astro/delta_t.h"
 #include "astro/planets.h"
 
 namespace astro_internal {
@@ -27,17 +25,6 @@ DateSpan SpanOf(const astro::EventSearch& search, const SSO_ID& body) {
   const double from = search.from.julianDateTT, to = search.to.julianDateTT;
   if (!(std::isfinite(from) && std::isfinite(to) && from < to)) return {0.0, 0.0, true};
   return {std::max(from, first), std::min(to, last), from >= first && to <= last};
-}
-
-// Delta T is that of the moment in Universal Time, which differs from the date by it.
-astro::SkyMoment MomentOfDate(double dateTT) {
-  const int day = static_cast<int>(std::floor(dateTT));
-  const double fraction = dateTT - day;
-  const double guess = ET_UT::Get(day, fraction) / astro::kSecondsPerDay;
-  const double deltaT = ET_UT::Get(day, fraction - guess) / astro::kSecondsPerDay;
-  astro::SkyMoment moment = astro::MakeMoment(day, fraction - deltaT);
-  moment.julianDateTT = dateTT;  // to the last digit, so that spans divide alike
-  return moment;
 }
 
 }  // namespace astro_internal

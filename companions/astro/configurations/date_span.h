@@ -17,7 +17,4 @@ struct DateSpan {
 // `body`: Pluto's range is a shorter one.
 DateSpan SpanOf(const astro::EventSearch& search, const SSO_ID& body);
 
-// The moment of a Julian date in dynamical time.
-astro::SkyMoment MomentOfDate(double dateTT);
-
 }  // namespace astro_internal

@@ -40,7 +40,7 @@ bool SearchPlanet(const astro::EventSearch& search, const SSO_ID& planet, Search
 inline astro::SkyEvent MakePlanetEvent(astro::EventKind kind, double date, const SSO_ID& planet) {
   astro::SkyEvent event;
   event.kind = kind;
-  event.moment = MomentOfDate(date);
+  event.moment = astro::MakeMomentTT(date);
   event.body = planet;
   return event;
 }

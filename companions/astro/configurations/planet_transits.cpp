@@ -41,7 +41,7 @@ class Discs {
   }
 
   bool Look(double date) {
-    const SkyMoment moment = MomentOfDate(date);
+    const SkyMoment moment = astro::MakeMomentTT(date);
     m_Model.SetMoment(date, moment.deltaT);
     return m_Model.Observe(m_Planet, nullptr, m_Seen) && m_Model.Observe(kSun, nullptr, m_Sun);
   }
@@ -58,7 +58,7 @@ class Discs {
 
   TransitContact ContactAt(double date) {
     TransitContact contact;
-    contact.moment = MomentOfDate(date);
+    contact.moment = astro::MakeMomentTT(date);
     if (!Look(date)) return contact;
     contact.positionAngle = PositionAngle(date);
     if (m_Place) contact.sunAltitude = SunPlace(contact.moment).altitude;
@@ -74,7 +74,7 @@ class Discs {
 
   bool IsSunUp(double date) {
     if (!Look(date)) return false;
-    const HorizonPlace stands = SunPlace(MomentOfDate(date));
+    const HorizonPlace stands = SunPlace(astro::MakeMomentTT(date));
     return stands.altitude > stands.eventAltitude;
   }
 
@@ -144,7 +144,9 @@ bool SearchConjunctions(const EventSearch& search, const SSO_ID& planet, Found f
   });
 }
 
-EventSearch Around(double from, double to) { return {MomentOfDate(from), MomentOfDate(to), std::nullopt}; }
+EventSearch Around(double from, double to) {
+  return {astro::MakeMomentTT(from), astro::MakeMomentTT(to), std::nullopt};
+}
 
 }  // namespace
 

@@ -158,8 +158,7 @@ bool FindEvents(const EventSearch& search, const EventChoice& choice, const Even
   for (double from = span.from; from < span.to; from += kPiece) {
     const double to = std::min(from + kPiece, span.to);
     std::vector<SkyEvent> events;
-    const EventSearch piece = {astro_internal::MomentOfDate(from), astro_internal::MomentOfDate(to),
-                               search.place};
+    const EventSearch piece = {astro::MakeMomentTT(from), astro::MakeMomentTT(to), search.place};
     isWhole = FindPiece(piece, choice, events) && isWhole;
     for (const SkyEvent& event : events) sink(event);
   }

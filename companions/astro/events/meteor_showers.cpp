@@ -85,7 +85,7 @@ SkyEvent MakeMaximum(int number, const MeteorShower& shower, double date,
                      const std::optional<EarthPlace>& place) {
   SkyEvent event;
   event.kind = EventKind::kShowerMaximum;
-  event.moment = MomentOfDate(date);
+  event.moment = astro::MakeMomentTT(date);
   event.body = SSO_ID(kShowerKind, number);
   event.value = shower.zenithalRate;
   event.more = 0.5 * kPi;

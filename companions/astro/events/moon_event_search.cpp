@@ -29,7 +29,7 @@ SkyEvent MakeEvent(const MoonEvent& phenomenon, const SSO_ID& planet) {
   const double half = 0.5 * (phenomenon.end - phenomenon.begin);
   SkyEvent event;
   event.kind = KindOf(phenomenon.kind);
-  event.moment = MomentOfDate(phenomenon.begin + half);
+  event.moment = astro::MakeMomentTT(phenomenon.begin + half);
   event.sinceBegin = event.untilEnd = half;
   event.body = phenomenon.moon;
   event.other = planet;

@@ -139,7 +139,7 @@ TEST_F(MilkyWayPictureTest, AllocatesNothing) {
   MilkyWayPicture picture(f.catalogs.milkyWay);
   SkyLight light;
   light.SetPlain();
-  const std::size_t before = host_test::GetAllocationCount();
+  const unsigned long long before = host_test::GetAllocationCount();
   for (const auto& [width, height] : {std::pair{1600, 1000}, {16384, 64}, {16384, 16384}}) {
     for (const double zoom : {0.25, 1.0, 50.0}) {
       f.SetWindow(width, height);

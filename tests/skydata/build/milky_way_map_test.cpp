@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "scene/base_plane.h"
 #include "scene/sky_map.h"
 #include "skydata/build/galactic_image.h"
