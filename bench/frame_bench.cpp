@@ -48,15 +48,30 @@ std::unique_ptr<scene::SkyCatalogs> LoadShippedCatalogs() {
   return catalogs;
 }
 
-// A camera with a window of 1600 x 1000.
+enum class Shown { kNaturalSky, kPlainSky, kEverything };
+
+// All lines and names that a frame can have.
+void ShowEverything(scene::ShownKinds& shown) {
+  shown.boundaries = shown.asterisms = shown.planetCelPath = shown.planetLocPath = true;
+  shown.planetGrid = shown.planetGuides = shown.moonGrid = shown.moonGuides = true;
+  scene::SkyLines& lines = shown.lines;
+  lines.equatorialGrid = lines.equator = lines.galacticGrid = lines.meridian = 3;
+  lines.eclipticGrid = lines.ecliptic = lines.horizontalGrid = 1;
+  lines.points = 31;
+}
+
+// A camera with a window of 1600 x 1000, 1920 x 1080 for everything.
 class Looker {
  public:
-  Looker(double zoom, bool naturalSky) {
-    m_Shown.naturalSky = naturalSky;
+  Looker(double zoom, Shown shown) {
+    m_Shown.naturalSky = shown != Shown::kPlainSky;
+    if (shown == Shown::kEverything) ShowEverything(m_Shown);
     m_Camera.CreateDefault();
     m_Camera.SetBasePlane(1);
     m_Camera.SetZoom(zoom);
-    m_Camera.SetWinRect({1600, 1000, 1600, 1000});
+    const int width = shown == Shown::kEverything ? 1920 : 1600,
+              height = shown == Shown::kEverything ? 1080 : 1000;
+    m_Camera.SetWinRect({width, height, width, height});
   }
   void Compute(const View& view, scene::SkyFrame& frame) {
     CommonInterfaces::_Date time;
@@ -78,9 +93,13 @@ class Looker {
 enum class Clock { kRuns, kStands };
 
 void RunFrames(benchmark::State& state, const scene::SkyCatalogs& catalogs, double zoom,
-               bool naturalSky = true, Clock clock = Clock::kRuns) {
-  Looker looker(zoom, naturalSky);
+               Shown shown = Shown::kNaturalSky, Clock clock = Clock::kRuns) {
+  Looker looker(zoom, shown);
   scene::SkyFrame frame(catalogs);
+  if (shown == Shown::kEverything) {
+    frame.SetShowers(scene::LoadShowers());
+    for (int body = 1; body <= 9; ++body) frame.ShowOrbit(body, 0.0);
+  }
   std::size_t next = 0, drawn = 0;
   for (auto _ : state) {
     View view = GetViews()[next++ % GetViews().size()];
@@ -106,7 +125,7 @@ BENCHMARK(FrameOfShippedCatalogs)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Uni
 void FrameUnderAPlainSky(benchmark::State& state) {
   const auto catalogs = LoadShippedCatalogs();
   if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
-  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), false);
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), Shown::kPlainSky);
 }
 BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
@@ -114,9 +133,17 @@ BENCHMARK(FrameUnderAPlainSky)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(b
 void FrameWhileTimeStands(benchmark::State& state) {
   const auto catalogs = LoadShippedCatalogs();
   if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
-  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), true, Clock::kStands);
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), Shown::kNaturalSky, Clock::kStands);
 }
 BENCHMARK(FrameWhileTimeStands)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
+
+// Grids, circles, boundaries, asterisms, paths, orbits and radiants besides, 1920 x 1080, while the view turns.
+void FrameWithEverything(benchmark::State& state) {
+  const auto catalogs = LoadShippedCatalogs();
+  if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");
+  RunFrames(state, *catalogs, static_cast<double>(state.range(0)), Shown::kEverything, Clock::kStands);
+}
+BENCHMARK(FrameWithEverything)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
 // What ships without tiles: what a frame costs besides its faint stars.
 void FrameWithoutTiles(benchmark::State& state) {
