@@ -58,7 +58,8 @@ InkTable MakeNightInks() {
 InkTable MakePhotoInks() {
   InkTable inks;
   inks.Set(Layer::kMilkyWay, InkShape::kArea, {Way::kAsIs, {}, 1.5f, 1.0f});
-  inks.Set(Layer::kDeepsky, InkShape::kArea, {Way::kAsIs, {}, 1.6f, 1.0f});
+  // Cameras see the red light of hydrogen, for which eyes are blind at night.
+  inks.Set(Layer::kDeepsky, InkShape::kArea, {Way::kTone, {255, 96, 116, 255}, 1.3f, 1.0f});
   return inks;
 }
 
