@@ -33,9 +33,24 @@ int SceneSky::Open(const SceneRoots& roots) {
   camera.CreateDefault();
   camera.SetWinRect({kWidth, kHeight, kWidth, kHeight});
   ReadSettings();
+  MakeFrame();
+  isOpen = true;
+  return SCENE_OK;
+}
+
+void SceneSky::MakeFrame() {
   maker.emplace(camera, catalogs, shown, filters, markers);
   maker->Prepare();
-  isOpen = true;
+}
+
+// A frame refers to the catalogs that it was made for.
+int SceneSky::TakeCatalogs() {
+  scene::SkyCatalogs loaded;
+  if (!scene::LoadSkyCatalogs(loaded, error)) return SCENE_BAD_DATA;
+  search.reset();
+  maker.reset();
+  catalogs = std::move(loaded);
+  MakeFrame();
   return SCENE_OK;
 }
 
@@ -64,11 +79,16 @@ int scene_open(const SceneRoots* roots, SceneSky** sky) {
     return SCENE_BAD_ARGUMENT;
   if (!roots->data || g_Open) return SCENE_BAD_ARGUMENT;
   try {
-    *sky = new SceneSky;
+    // Settings and camera look for their files when they are made.
+    std::string error;
+    const bool isRoot = scene::SetSkyRoots(roots->data, roots->work ? roots->work : "", error);
+    *sky = g_Open = new SceneSky;
+    if (!isRoot) return scene::Fail(**sky, SCENE_BAD_DATA, std::move(error));
   } catch (const std::bad_alloc&) {
     return SCENE_NO_MEMORY;
+  } catch (const std::exception&) {
+    return SCENE_FAILURE;
   }
-  g_Open = *sky;
   return scene::Guard(**sky, [&] { return (*sky)->Open(*roots); });
 }
 
@@ -88,10 +108,9 @@ int scene_set_language(SceneSky* sky, const char* language) {
   return scene::Call(sky, [&] {
     if (!language) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the language is null");
     std::string error;
-    const auto fetch = [&] { sky->maker->GetFrame().FetchTexts(); };
-    if (!scene::SwitchLanguage(sky->data, language, fetch, error))
+    const auto fetchNothing = [] {};  // what keeps texts is made anew
+    if (!scene::SwitchLanguage(sky->data, language, fetchNothing, error))
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, std::string(language) + ": " + error);
-    sky->search.reset();
-    return static_cast<int>(SCENE_OK);
+    return sky->TakeCatalogs();
   });
 }

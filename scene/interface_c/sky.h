@@ -31,6 +31,8 @@ struct SceneSky {
 
   // Reads catalogs and defaults, sets up the frame. A status and, for a failure, `error`.
   int Open(const SceneRoots& roots);
+  // The catalogs anew, in the language of the texts, and an empty frame of them. As Open; what there was stays.
+  int TakeCatalogs();
   const scene::ObjectSearch& GetSearch();
   // What the settings say, taken anew before the next frame.
   void ReadSettings();
@@ -49,6 +51,9 @@ struct SceneSky {
   std::optional<scene::FrameMaker> maker;     // makes room for the catalogs, so once they are loaded
   std::optional<scene::ObjectSearch> search;  // when a name is first asked for
   std::string title;                          // that scene_get_title handed out
+
+ private:
+  void MakeFrame();
 };
 
 namespace scene {

@@ -62,7 +62,8 @@ SCENE_API const char* scene_error(const SceneSky* sky);
  * during the call. Applies to the process; without a sky. */
 SCENE_API void scene_set_log(void (*log)(const char* text, void* context), void* context);
 
-/* All texts in another language of the data root, from the next frame on. */
+/* All texts and names in another language of the data root, from the next frame on; the arrays of the last one are
+ * gone. Where the catalogs cannot be read any more, SCENE_BAD_DATA, the names stay. */
 SCENE_API int scene_set_language(SceneSky* sky, const char* language);
 
 /* Where the picture is looked at from, when, and where to. */
