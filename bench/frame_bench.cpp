@@ -137,7 +137,8 @@ void FrameWhileTimeStands(benchmark::State& state) {
 }
 BENCHMARK(FrameWhileTimeStands)->ArgName("zoom")->Arg(1)->Arg(2)->Arg(10)->Unit(benchmark::kMicrosecond);
 
-// Grids, circles, boundaries, asterisms, paths, orbits and radiants besides, 1920 x 1080, while the view turns.
+// Grids, circles, boundaries, asterisms, paths, orbits and radiants besides, 1920 x 1080, while the view
+// turns.
 void FrameWithEverything(benchmark::State& state) {
   const auto catalogs = LoadShippedCatalogs();
   if (!catalogs) return state.SkipWithError("the shipped catalogs are missing: build the target data_root");

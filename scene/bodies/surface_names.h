@@ -39,8 +39,8 @@ class SurfaceView {
 };
 
 // The names on the discs of bodies that are large in the picture: the largest features first, more of them
-// the larger the disc, where they are seen by day, above the horizon. Gazetteers are read when a disc is large
-// for the first time; the list of marks has room for all labels.
+// the larger the disc, where they are seen by day, above the horizon. Gazetteers are read when a disc is
+// large for the first time; the list of marks has room for all labels.
 class SurfaceNames {
  public:
   explicit SurfaceNames(const Gazetteers& gazetteers);

@@ -13,8 +13,8 @@ constexpr double kFade = 48.0;  // pixels of the standard picture above the text
 
 void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) const {
   const double unit = geometry.unit;
-  // Its lines end where they end; what stands beside them on the dark ground, or where that begins, reads as a
-  // part of them.
+  // Its lines end where they end; what stands beside them on the dark ground, or where that begins, reads as
+  // a part of them.
   const double halfWidth = 0.5 * geometry.width, halfHeight = 0.5 * (GetHeight(unit) + 0.6 * kFade * unit);
   if (!m_Lines.empty()) labels.Reserve({halfWidth, halfHeight}, halfWidth, halfHeight);
   double baseline = 1.1 * kCaptionFont * unit;

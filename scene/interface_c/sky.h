@@ -31,7 +31,8 @@ struct SceneSky {
 
   // Reads catalogs and defaults, sets up the frame. A status and, for a failure, `error`.
   int Open(const SceneRoots& roots);
-  // The catalogs anew, in the language of the texts, and an empty frame of them. As Open; what there was stays.
+  // The catalogs anew, in the language of the texts, and an empty frame of them. As Open; what there was
+  // stays.
   int TakeCatalogs();
   const scene::ObjectSearch& GetSearch();
   // What the settings say, taken anew before the next frame.
@@ -64,7 +65,8 @@ inline int Fail(SceneSky& sky, int status, std::string why) {
   return status;
 }
 
-// What `run` returns; what it throws becomes a status and a line. A line that finds no memory is an empty one.
+// What `run` returns; what it throws becomes a status and a line. A line that finds no memory is an empty
+// one.
 template <class Run>
 int Guard(SceneSky& sky, Run run) noexcept {
   try {

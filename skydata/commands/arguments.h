@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// How a command declares its arguments. The parser stands behind these two classes in one source: its headers take
-// longer to compile than all that a command does.
+// How a command declares its arguments. The parser stands behind these two classes in one source: its headers
+// take longer to compile than all that a command does.
 #pragma once
 
 #include <functional>
@@ -36,8 +36,8 @@ class Argument {
   CLI::Option* m_Option;
 };
 
-// The arguments of a command. A name in capitals is taken by its place, one with dashes by its name. The places that
-// are filled live as long as the action.
+// The arguments of a command. A name in capitals is taken by its place, one with dashes by its name. The
+// places that are filled live as long as the action.
 class ArgumentList {
  public:
   explicit ArgumentList(CLI::App& parser) : m_Parser(&parser) {}

@@ -1,8 +1,8 @@
 /* SPDX-FileCopyrightText: the common_interfaces authors
  * SPDX-License-Identifier: MIT
  *
- * Checks of the C interface, written in C: each returns what does not hold, or null. `data` is a data root, `file` a
- * path that may be written. */
+ * Checks of the C interface, written in C: each returns what does not hold, or null. `data` is a data root,
+ * `file` a path that may be written. */
 #pragma once
 
 #ifdef __cplusplus

@@ -12,14 +12,15 @@
  *   if (sky) puts(scene_error(sky));
  *   scene_close(sky);
  *
- * Every structure begins with its size in bytes, which the caller sets: later versions add members at the end, and
- * read and write only those that the caller knows. A size that is less than that of the first version is refused.
- * Texts are UTF-8. Angles are degrees; azimuth counts from north over east. Moments are Julian dates of Universal
- * Time. Pixels count from the upper left corner, y down; (0, 0) is the corner, not the middle of a pixel.
+ * Every structure begins with its size in bytes, which the caller sets: later versions add members at the
+ * end, and read and write only those that the caller knows. A size that is less than that of the first
+ * version is refused. Texts are UTF-8. Angles are degrees; azimuth counts from north over east. Moments are
+ * Julian dates of Universal Time. Pixels count from the upper left corner, y down; (0, 0) is the corner, not
+ * the middle of a pixel.
  *
- * Functions return a SceneStatus. One that does not return SCENE_OK has changed nothing, but where it says so, and
- * scene_error tells why in one line. No exception leaves a function. Roots, language and the receiver of diagnostic
- * lines belong to the process: one sky is open at a time, and one thread uses it. */
+ * Functions return a SceneStatus. One that does not return SCENE_OK has changed nothing, but where it says
+ * so, and scene_error tells why in one line. No exception leaves a function. Roots, language and the receiver
+ * of diagnostic lines belong to the process: one sky is open at a time, and one thread uses it. */
 #pragma once
 
 #include <stdint.h>
@@ -48,22 +49,23 @@ typedef struct SceneRoots {
   const char* language; /* "en", "de", ...; null: the default */
 } SceneRoots;
 
-/* Reads the data root. A failure leaves a sky too, which knows scene_error and scene_close alone (every other call
- * is SCENE_BAD_DATA), but where there is no memory for it, where a sky is open and for bad arguments: `*sky` is then
- * null. The view is that of the defaults, 1600 x 1000 pixels. */
+/* Reads the data root. A failure leaves a sky too, which knows scene_error and scene_close alone (every other
+ * call is SCENE_BAD_DATA), but where there is no memory for it, where a sky is open and for bad arguments:
+ * `*sky` is then null. The view is that of the defaults, 1600 x 1000 pixels. */
 SCENE_API int scene_open(const SceneRoots* roots, SceneSky** sky);
 /* Null: nothing happens. */
 SCENE_API void scene_close(SceneSky* sky);
 
-/* The line of the last call with this sky that failed, "" after one that did not; valid until the next call. */
+/* The line of the last call with this sky that failed, "" after one that did not; valid until the next call.
+ */
 SCENE_API const char* scene_error(const SceneSky* sky);
 
-/* Who receives the diagnostic lines of loaders, each with its line feed; null: standard error again. `text` is valid
- * during the call. Applies to the process; without a sky. */
+/* Who receives the diagnostic lines of loaders, each with its line feed; null: standard error again. `text`
+ * is valid during the call. Applies to the process; without a sky. */
 SCENE_API void scene_set_log(void (*log)(const char* text, void* context), void* context);
 
-/* All texts and names in another language of the data root, from the next frame on; the arrays of the last one are
- * gone. Where the catalogs cannot be read any more, SCENE_BAD_DATA, the names stay. */
+/* All texts and names in another language of the data root, from the next frame on; the arrays of the last
+ * one are gone. Where the catalogs cannot be read any more, SCENE_BAD_DATA, the names stay. */
 SCENE_API int scene_set_language(SceneSky* sky, const char* language);
 
 /* Where the picture is looked at from, when, and where to. */
@@ -76,17 +78,19 @@ typedef struct SceneView {
   double zoom;                /* 0.25 to 10000; zoom 1 shows 37 degrees from the middle to a corner */
 } SceneView;
 
-/* SCENE_BAD_ARGUMENT for a view of a traveller, whose angles count from no horizon: `view` has then all but them. */
+/* SCENE_BAD_ARGUMENT for a view of a traveller, whose angles count from no horizon: `view` has then all but
+ * them. */
 SCENE_API int scene_get_view(SceneSky* sky, SceneView* view);
 SCENE_API int scene_set_view(SceneSky* sky, const SceneView* view);
-/* The view of that number in a file of saved views: a path, or a logical name such as "views:orion.data". The size
- * of the picture stays. What the file holds stays the camera's even when it cannot be drawn, which is
+/* The view of that number in a file of saved views: a path, or a logical name such as "views:orion.data". The
+ * size of the picture stays. What the file holds stays the camera's even when it cannot be drawn, which is
  * SCENE_BAD_DATA. */
 SCENE_API int scene_read_view(SceneSky* sky, const char* file, int32_t number);
 /* The file is replaced whole; other views in it stay. */
 SCENE_API int scene_save_view(SceneSky* sky, const char* file, int32_t number);
 
-/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/setting_change.h has the grammar). */
+/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/setting_change.h has the
+ * grammar). */
 SCENE_API int scene_change_setting(SceneSky* sky, const char* change);
 /* Settings that are kept in a file, laid over the defaults; kept there, the file replaced whole. */
 SCENE_API int scene_read_settings(SceneSky* sky, const char* file);
@@ -108,8 +112,8 @@ SCENE_API int scene_get_field(SceneSky* sky, int32_t index, SceneField* field);
 /* Computes the frame of the view. Its arrays are valid until the next call of this function. */
 SCENE_API int scene_compute(SceneSky* sky);
 
-/* The arrays of the display list: docs/formats/display_list.md has the layouts of their records. The first ten are
- * the types of records that runs name. */
+/* The arrays of the display list: docs/formats/display_list.md has the layouts of their records. The first
+ * ten are the types of records that runs name. */
 enum SceneArrayKind {
   SCENE_POINTS = 0,
   SCENE_DISCS = 1,
@@ -137,7 +141,8 @@ typedef struct SceneArray {
 
 /* Of the frame that was computed last; before the first one every array is empty. */
 SCENE_API int scene_get_array(SceneSky* sky, int32_t kind, SceneArray* array);
-/* The path of the map that a globe names by its index; null for an index that has none. Valid as long as the sky. */
+/* The path of the map that a globe names by its index; null for an index that has none. Valid as long as the
+ * sky. */
 SCENE_API const char* scene_get_map(SceneSky* sky, int32_t index);
 
 /* An object: four-character code and number, as records of the frame and lists of favourites name it. */
@@ -147,17 +152,18 @@ typedef struct SceneObject {
 
 /* The one object of that name, as scene/object_search.h knows names. */
 SCENE_API int scene_find(SceneSky* sky, const char* name, SceneObject* object);
-/* Its names, "Sirius (alpha CMa, 9 CMa, HR 2491, HIP 32349)"; null for an object that is not in the catalogs. Valid
- * until the next call. */
+/* Its names, "Sirius (alpha CMa, 9 CMa, HR 2491, HIP 32349)"; null for an object that is not in the catalogs.
+ * Valid until the next call. */
 SCENE_API const char* scene_get_title(SceneSky* sky, SceneObject object);
-/* The objects of the last frame at a pixel or at most that many pixels beside it, the uppermost first: at most
- * `capacity` of them go to `objects`, `*count` is how many there are. */
+/* The objects of the last frame at a pixel or at most that many pixels beside it, the uppermost first: at
+ * most `capacity` of them go to `objects`, `*count` is how many there are. */
 SCENE_API int scene_pick(SceneSky* sky, double x, double y, double tolerance, SceneObject* objects,
                          int32_t capacity, int32_t* count);
 /* Turns the view so that the object is in the middle of the picture. */
 SCENE_API int scene_look_at(SceneSky* sky, SceneObject object);
 
-/* An object as the observer of the view sees it. Not a number: unknown, or without a meaning for the object. */
+/* An object as the observer of the view sees it. Not a number: unknown, or without a meaning for the object.
+ */
 typedef struct SceneSight {
   uint32_t size;
   uint32_t reserved;
@@ -173,9 +179,9 @@ typedef struct SceneSight {
 
 SCENE_API int scene_observe(SceneSky* sky, SceneObject object, SceneSight* sight);
 
-/* The pixels of `count` directions: unit vectors of the mean equator and equinox of J2000, x y z one after the other,
- * as they stand in the frame without aberration and refraction; pixels x y. A direction opposite to the middle of the
- * picture gives no numbers. The arrays must not overlap. */
+/* The pixels of `count` directions: unit vectors of the mean equator and equinox of J2000, x y z one after
+ * the other, as they stand in the frame without aberration and refraction; pixels x y. A direction opposite
+ * to the middle of the picture gives no numbers. The arrays must not overlap. */
 SCENE_API int scene_project(SceneSky* sky, const double* vectors, double* pixels, int32_t count);
 /* The other way round. */
 SCENE_API int scene_unproject(SceneSky* sky, const double* pixels, double* vectors, int32_t count);
