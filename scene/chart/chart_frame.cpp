@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/chart/chart_frame.h"
 
+#include "scene/display/falling_gradient.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {
@@ -27,19 +28,8 @@ double ChartFrame::Y(double value) const {
 }
 
 void ChartFrame::DrawGround() const {
-  const float right = static_cast<float>(m_List.GetWidth()), bottom = static_cast<float>(m_List.GetHeight());
   const Rgba colour = ToRgba(palette::kChartGround);
-  m_List.Add(Layer::kBackground, GradientRecord{{0.0f, right, right, 0.0f},
-                                                {0.0f, 0.0f, bottom, bottom},
-                                                0.0f,
-                                                0.0f,
-                                                0.0f,
-                                                bottom,
-                                                1.0f,
-                                                colour,
-                                                colour,
-                                                colour,
-                                                {}});
+  AddFallingGradient(Layer::kBackground, 0.0f, 1.0f, colour, colour, colour, m_List);
 }
 
 void ChartFrame::DrawText(const std::string& text, double x, double y, double anchor, double size,

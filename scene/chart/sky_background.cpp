@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "astro/sky_colour.h"
+#include "scene/display/falling_gradient.h"
 #include "scene/display/palette.h"
 
 namespace scene {
@@ -155,19 +156,8 @@ Rgba FindLandColour(const SkyLight& light, const Colour& day, double far) {
 }
 
 void DrawPlainSky(DisplayList& list) {
-  const float width = static_cast<float>(list.GetWidth()), height = static_cast<float>(list.GetHeight());
   const Rgba foot = ToRgba(palette::kSkyFoot);
-  list.Add(Layer::kBackground, GradientRecord{{0.0f, width, width, 0.0f},
-                                              {0.0f, 0.0f, height, height},
-                                              0.0f,
-                                              0.0f,
-                                              0.0f,
-                                              height,
-                                              1.0f,
-                                              ToRgba(palette::kSkyTop),
-                                              foot,
-                                              foot,
-                                              {}});
+  AddFallingGradient(Layer::kBackground, 0.0f, 1.0f, ToRgba(palette::kSkyTop), foot, foot, list);
 }
 
 }  // namespace scene

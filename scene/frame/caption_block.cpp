@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/frame/caption_block.h"
 
+#include "scene/display/falling_gradient.h"
 #include "scene/display/palette.h"
 
 namespace scene {
@@ -27,21 +28,11 @@ void CaptionBlock::Place(const ViewGeometry& geometry, LabelPlacer& labels) cons
 void CaptionBlock::DrawGround(DisplayList& list) const {
   if (m_Lines.empty()) return;
   const double text = GetLineCount() * kCaptionLineStep;
-  const float bottom = static_cast<float>(list.GetHeight()), right = static_cast<float>(list.GetWidth());
   const float top =
       static_cast<float>(list.GetHeight() - (text + kFade) * static_cast<double>(list.GetUnit()));
   const Colour& colour = palette::kCaptionGround;
-  list.Add(Layer::kCaptionGround, GradientRecord{{0.0f, right, right, 0.0f},
-                                                 {top, top, bottom, bottom},
-                                                 0.0f,
-                                                 top,
-                                                 0.0f,
-                                                 bottom,
-                                                 static_cast<float>(kFade / (text + kFade)),
-                                                 ToRgba(colour, 0.0),
-                                                 ToRgba(colour, 0.6),
-                                                 ToRgba(colour, 0.8),
-                                                 {}});
+  AddFallingGradient(Layer::kCaptionGround, top, static_cast<float>(kFade / (text + kFade)),
+                     ToRgba(colour, 0.0), ToRgba(colour, 0.6), ToRgba(colour, 0.8), list);
 }
 
 }  // namespace scene

@@ -9,6 +9,7 @@
 #include "exported/scene_c_checks.h"
 #include "scene/scene_c.h"
 #include "support/temp_dir.h"
+#include "utils/path.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ using Check = const char* (*)(const char* data, const char* file);
 class SceneC : public testing::Test {
  protected:
   void SetUp() override {
+    ZentharPath::SetRoots(nullptr, nullptr);  // as in a process that has just begun
     scene_set_log([](const char* text, void* lines) { *static_cast<std::string*>(lines) += text; }, &m_Lines);
   }
   void TearDown() override { scene_set_log(nullptr, nullptr); }

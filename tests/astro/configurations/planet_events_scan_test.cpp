@@ -17,6 +17,7 @@
 #include "astro/vectors.h"
 #include "companions/astro/configurations/seen_bodies.h"
 #include "tests/astro/helpers/event_list.h"
+#include "tests/astro/helpers/scan_years.h"
 
 namespace {
 
@@ -243,8 +244,7 @@ class Scan {
 }  // namespace
 
 TEST(PlanetEventsScan, NothingIsMissedNorInvented) {
-  int first = 2010, last = 2019;
-  if (const char* years = std::getenv("ASTRO_SCAN_YEARS")) std::sscanf(years, "%d-%d", &first, &last);
+  const auto [first, last] = astro_test::GetScanYears({2010, 2019});
   int count = 0;
   for (int year = first; year <= last; year += kYearsAtOnce) Scan(year).All(count);
   std::printf("[ compared ] %d events of %d to %d\n", count, first, last);
@@ -255,8 +255,8 @@ TEST(PlanetEventsScan, NothingIsMissedNorInvented) {
 // belongs to a transit.
 TEST(PlanetEventsScan, NoTransitIsMissedNorInvented) {
   constexpr double kHalfAnHour = 1.0 / 48.0;
-  int first = 2003, last = 2012, seen = 0;
-  if (const char* years = std::getenv("ASTRO_SCAN_YEARS")) std::sscanf(years, "%d-%d", &first, &last);
+  const auto [first, last] = astro_test::GetScanYears({2003, 2012});
+  int seen = 0;
   const EventSearch search = astro_test::Years(first, last);
   for (const int number : {1, 2}) {
     const auto events = astro_test::Collect(search, [number](const EventSearch& span, const EventSink& sink) {

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 // No event is missed and none comes twice: the finders against looks that are ten times as dense as theirs
-// and know nothing of turning points. Four years as a test; ASTRO_SCAN_YEARS=200 scans 1900 to 2100.
+// and know nothing of turning points. Four years as a test; ASTRO_SCAN_YEARS=1900-2099 scans two centuries.
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 #include "astro/eclipse.h"
 #include "astro/lunar_eclipses.h"
@@ -23,6 +21,7 @@
 #include "companions/astro/events/event_grid.h"
 #include "tests/astro/helpers/events.h"
 #include "tests/astro/helpers/midnight.h"
+#include "tests/astro/helpers/scan_years.h"
 
 using namespace astro;
 using astro_internal::PlaceState;
@@ -33,9 +32,8 @@ using astro_test::OfKind;
 namespace {
 
 EventSearch Span(const std::optional<EarthPlace>& place = std::nullopt) {
-  const char* asked = std::getenv("ASTRO_SCAN_YEARS");
-  const int years = asked != nullptr ? std::atoi(asked) : 4;
-  return astro_test::SearchYears(2000 - years / 2, 2000 + years / 2, place);
+  const auto [first, last] = astro_test::GetScanYears({1998, 2001});
+  return astro_test::SearchYears(first, last + 1, place);
 }
 
 struct Changes {
