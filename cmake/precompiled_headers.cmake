@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 #
 # Headers that most sources read, compiled once for all targets that are compiled alike: half of the time of a build from
-# scratch. A source includes what it uses all the same: the presets windows32 and debug precompile nothing and find one
+# scratch. A source includes what it uses all the same: the presets wasm32 and debug precompile nothing and find one
 # that does not. clang-tidy cannot read what GCC has precompiled, so it takes the compile commands of the preset debug.
 
 option(CI_PRECOMPILED_HEADERS "Compile the most used headers once" ON)
