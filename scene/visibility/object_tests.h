@@ -91,6 +91,8 @@ class ObjectTests {
 
   bool AreStarsShown() const { return m_StarsShown; }
   bool IsAboveHorizon(const Direction& apparent) const;
+  // Of what is seen at an altitude of that sine in the frame of the view angles.
+  bool IsAboveHorizon(double sine) const { return !m_Shown.horizon || !m_Observer.horizon || sine >= 0.0; }
   // No star of a larger code is drawn.
   float GetFaintestStar() const { return m_FaintestStar; }
   const SkyLight& GetLight() const { return m_Light; }
