@@ -28,8 +28,10 @@ double FindPictureRadius(const Direction& middle, const Direction& first, const 
 ArcWalk::ArcWalk(const ViewGeometry& geometry, const SightOfSystem& sight, const SkyArc& arc)
     : m_Geometry(geometry),
       m_Sight(sight),
-      m_Next(arc.from),
       m_To(arc.to),
+      m_Next(arc.from),
+      m_CosineOfNext(std::cos(arc.from)),
+      m_SineOfNext(std::sin(arc.from)),
       m_Radius(Vmod(arc.first.v, 3)),
       m_Half{0.5 * geometry.width + kMargin, 0.5 * geometry.height + kMargin} {
   MV3prod(sight.turn, arc.middle.v, m_Middle.v);
@@ -50,14 +52,32 @@ bool ArcWalk::Next() {
   m_Sine = seen.v[2];
   m_Joined = m_NextJoined;
   m_Ended = m_Next >= m_To;
-  m_Next = std::min(m_Next + FindStep(seen), m_To);
+  Turn(FindStep(seen));
   return true;
 }
 
+// Most turns are small ones, for which few terms of the series have all digits.
+void ArcWalk::Turn(double wanted) {
+  constexpr double kSmall = 0.05;  // radians
+  const double left = m_To - m_Next, angle = std::min(left, wanted);
+  m_Next = angle < left ? m_Next + angle : m_To;
+  if (angle > kSmall) {
+    m_CosineOfNext = std::cos(m_Next);
+    m_SineOfNext = std::sin(m_Next);
+    return;
+  }
+  const double square = angle * angle;
+  const double s = angle * (1.0 - square / 6.0 * (1.0 - square / 20.0 * (1.0 - square / 42.0)));
+  const double c = 1.0 - square * 0.5 * (1.0 - square / 12.0 * (1.0 - square / 30.0 * (1.0 - square / 56.0)));
+  const double cosine = m_CosineOfNext * c - m_SineOfNext * s;
+  m_SineOfNext = m_SineOfNext * c + m_CosineOfNext * s;
+  m_CosineOfNext = cosine;
+}
+
 Direction ArcWalk::See() const {
-  const double c = std::cos(m_Next), s = std::sin(m_Next);
   Direction direction;
-  for (int i = 0; i < 3; ++i) direction.v[i] = m_Middle.v[i] + c * m_First.v[i] + s * m_Second.v[i];
+  for (int i = 0; i < 3; ++i)
+    direction.v[i] = m_Middle.v[i] + m_CosineOfNext * m_First.v[i] + m_SineOfNext * m_Second.v[i];
   if (m_Sight.aberration)
     astro::Aberration(direction.v, m_Sight.velocity, m_Sight.inverseLorentzFactor, direction.v);
   return m_Sight.lifted ? m_Geometry.Seen(direction) : direction;

@@ -24,7 +24,7 @@ struct SkyArc {
 };
 
 // Walks along the picture of such an arc, from vertex to vertex as far as the window shows it. A straight
-// stretch leaves the arc by at most kSagitta, so that what is straight in the picture takes few steps; where
+// stretch leaves the arc by no more than about kSagitta, so that what is straight in the picture takes few steps; where
 // the air bends lines, near the horizon, stretches are short whatever they look like. Parts outside the
 // window are leapt over. Makes no allocation; the geometry is kept by reference.
 class ArcWalk {
@@ -45,12 +45,14 @@ class ArcWalk {
 
  private:
   Direction See() const;
+  void Turn(double wanted);
   double FindStep(const Direction& seen);
 
   const ViewGeometry& m_Geometry;
   const SightOfSystem& m_Sight;
   Direction m_Middle, m_First, m_Second;  // axes of the view angles
-  double m_Next, m_To;                    // of t
+  double m_To, m_Next;                    // of t: the last one, and the one that comes
+  double m_CosineOfNext, m_SineOfNext;    // of that
   double m_Radius;                        // the sine of the circle's
   double m_Stretch, m_StretchInAir;       // pixels from vertex to vertex
   double m_Corner;                        // 1 + cosine of the angle to the window's corners
