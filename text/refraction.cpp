@@ -24,7 +24,7 @@ double InterpoleEarthRefractionShift(double sinAltitude) {
   if (std::isnan(sinAltitude)) return 0.0;
   const double sine = std::clamp(sinAltitude, kLowestSine, 1.0);
   const double x = (sine - kLowestSine) * kEntriesPerSine;
-  const int entry = std::min(static_cast<int>(std::floor(x)), kLastEntry);
+  const int entry = std::min(static_cast<int>(x), kLastEntry);
   const double shift = kRefractionShifts[entry];
   return shift + (kRefractionShifts[entry + 1] - shift) * (x - entry);
 }

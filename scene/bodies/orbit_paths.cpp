@@ -40,8 +40,10 @@ bool IsAboutEarth(const SSO_ID& id) {
 
 // A place on an orbit as it is seen.
 struct OrbitPaths::Point {
-  double anomaly;  // true anomaly, radians
+  double turn;  // the true anomaly from that of the body on, radians
   Direction apparent;
+  tPoint<double> pixel;
+  bool usable;  // above the horizon where that hides, and not so far aside that straight lines mislead
 };
 
 struct OrbitPaths::View {
@@ -51,22 +53,12 @@ struct OrbitPaths::View {
   double from[3];   // the observer relative to the Sun, au
   Direction turn;   // to what all points are seen beside their places with the aberration of the year
   OrbitInfo orbit;  // the one that is being drawn; its centre relative to the Sun
+  double ahead[3];  // in its plane, at a right angle to the radius
 
-  Point FindPoint(double anomaly) const;
+  Point FindPoint(double turn) const;
 };
 
 namespace {
-
-// Where the orbit is at a true anomaly, relative to its central body.
-void FindPlace(const OrbitInfo& orbit, double anomaly, double at[3]) {
-  const double turn = anomaly - std::atan2(orbit.m_SinAnomaly, orbit.m_CosAnomaly);
-  double ahead[3];
-  Vprod(orbit.m_Normal, orbit.m_Radius, ahead);
-  const double distance = orbit.m_SemiLatusRectum / (1.0 + orbit.m_Eccentricity * std::cos(anomaly));
-  for (int i = 0; i < 3; ++i) {
-    at[i] = orbit.m_Center[i] + distance * (std::cos(turn) * orbit.m_Radius[i] + std::sin(turn) * ahead[i]);
-  }
-}
 
 // Up to this anomaly on both sides the orbit stays within `farthest`.
 double FindAnomalyLimit(const OrbitInfo& orbit, double farthest) {
@@ -81,13 +73,21 @@ bool IsUsable(const OrbitInfo& orbit) {
 
 }  // namespace
 
-OrbitPaths::Point OrbitPaths::View::FindPoint(double anomaly) const {
+OrbitPaths::Point OrbitPaths::View::FindPoint(double turnOfPlace) const {
+  const double c = std::cos(turnOfPlace), s = std::sin(turnOfPlace);
+  const double cosineOfAnomaly = c * orbit.m_CosAnomaly - s * orbit.m_SinAnomaly;
+  const double distance = orbit.m_SemiLatusRectum / (1.0 + orbit.m_Eccentricity * cosineOfAnomaly);
   Direction direction;
-  FindPlace(orbit, anomaly, direction.v);
-  for (int i = 0; i < 3; ++i) direction.v[i] -= from[i];
-  Direction seen = ApparentDirection(Normalised(direction), observer);
-  for (int i = 0; i < 3; ++i) seen.v[i] += turn.v[i];
-  return {anomaly, Normalised(seen)};
+  for (int i = 0; i < 3; ++i)
+    direction.v[i] = orbit.m_Center[i] + distance * (c * orbit.m_Radius[i] + s * ahead[i]) - from[i];
+  Direction apparent = ApparentDirection(Normalised(direction), observer);
+  for (int i = 0; i < 3; ++i) apparent.v[i] += turn.v[i];
+  apparent = Normalised(apparent);
+  const SeenPlace seen = geometry.See(apparent, observer);
+  const bool hidden = hideBelowHorizon && seen.sine < 0.0;
+  const bool near =
+      Dot(apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(seen.pixel, geometry.halfDiagonal);
+  return {turnOfPlace, apparent, seen.pixel, near && !hidden};
 }
 
 // Whether an orbit that is that large lies within the dot of what it leads around.
@@ -114,7 +114,7 @@ void OrbitPaths::Compute(const ViewGeometry& geometry, const ObserverFrame& obse
                          bool hideBelowHorizon) {
   m_Lines.clear();
   if (m_Settings.GetOrbits().empty()) return;
-  View view = {geometry, observer, hideBelowHorizon, {0.0, 0.0, 0.0}, {}, {}};
+  View view = {geometry, observer, hideBelowHorizon, {0.0, 0.0, 0.0}, {}, {}, {}};
   double velocity[3], onEarth[3];
   if (!m_Model.GetModel().GetHeliocentricState(kEarth, nullptr, view.from, velocity)) return;
   GetPlaceVector(m_Model.GetMoment(), place, onEarth);
@@ -166,10 +166,12 @@ void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
   const double mu = model.GetGravity(centre.body) + (IsAboutEarth(body.id) ? model.GetGravity(body.id) : 0.0);
   view.orbit.init(1.0 / mu, r, v);
   if (!IsUsable(view.orbit)) return;
+  Vprod(view.orbit.m_Normal, view.orbit.m_Radius, view.ahead);
   const double limit = FindAnomalyLimit(view.orbit, kFarthest);
-  Point last = view.FindPoint(-limit);
+  const double own = std::atan2(view.orbit.m_SinAnomaly, view.orbit.m_CosAnomaly);
+  Point last = view.FindPoint(-limit - own);
   for (int i = 1; i <= kArcs; ++i) {
-    const Point point = view.FindPoint(limit * (2.0 * i / kArcs - 1.0));
+    const Point point = view.FindPoint(limit * (2.0 * i / kArcs - 1.0) - own);
     AddArc(view, last, point, 0, {{}, {}, opacity, {body.id.kind, body.id.number}});
     last = point;
   }
@@ -177,26 +179,18 @@ void OrbitPaths::AddOrbit(View& view, const SkyBody& body, float opacity) {
 
 // An arc that is seen under a large angle, because it comes near, is halved.
 void OrbitPaths::AddArc(const View& view, const Point& a, const Point& b, int depth, DrawnOrbitLine line) {
-  if (depth < kMaxHalvings && VectorsAngle(a.apparent.v, b.apparent.v) > kLongestArc) {
-    const Point middle = view.FindPoint(0.5 * (a.anomaly + b.anomaly));
+  static const double kLongest = std::cos(kLongestArc);
+  if (depth < kMaxHalvings && Dot(a.apparent, b.apparent) < kLongest) {
+    const Point middle = view.FindPoint(0.5 * (a.turn + b.turn));
     AddArc(view, a, middle, depth + 1, line);
     AddArc(view, middle, b, depth + 1, line);
     return;
   }
-  const ViewGeometry& geometry = view.geometry;
-  for (const Point* point : {&a, &b}) {
-    if (view.hideBelowHorizon && SeenSine(point->apparent, view.observer) < 0.0) return;
-  }
-  line.from = geometry.Project(a.apparent, SkyFrameOf::kJ2000);
-  line.to = geometry.Project(b.apparent, SkyFrameOf::kJ2000);
-  const auto usable = [&geometry](const Point& point, const tPoint<double>& p) {
-    return Dot(point.apparent, geometry.centreJ2000) > 0.0 || geometry.IsInside(p, geometry.halfDiagonal);
-  };
-  const tRect<int> window = {0, 0, geometry.width + 1, geometry.height + 1};
-  if (usable(a, line.from) && usable(b, line.to) &&
-      CommonInterfaces::line_in_rectD(&line.from, &line.to, window)) {
-    m_Lines.push_back(line);
-  }
+  if (!a.usable || !b.usable) return;
+  line.from = a.pixel;
+  line.to = b.pixel;
+  const tRect<int> window = {0, 0, view.geometry.width + 1, view.geometry.height + 1};
+  if (CommonInterfaces::line_in_rectD(&line.from, &line.to, window)) m_Lines.push_back(line);
 }
 
 void OrbitPaths::Draw(const SkyColours& sky, DisplayList& list) const {

@@ -95,9 +95,10 @@ float SkyMap::Find(const Direction& direction) const {
   const double* v = direction.v;
   const double sum = std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]);
   if (IsEmpty() || !(sum > 0.0) || std::isinf(sum)) return 0.0f;
-  double x = v[0] / sum, y = v[1] / sum;
+  const double part = 1.0 / sum;
+  double x = v[0] * part, y = v[1] * part;
   if (v[2] < 0.0) Fold(x, y);
-  const auto place = [this](double part) { return static_cast<float>((0.5 * part + 0.5) * m_Side); };
+  const auto place = [this](double along) { return static_cast<float>((0.5 * along + 0.5) * m_Side); };
   const float right = place(x), down = place(y);
   const int column = std::clamp(static_cast<int>(right), 0, m_Side - 1),
             row = std::clamp(static_cast<int>(down), 0, m_Side - 1);

@@ -59,4 +59,15 @@ Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
   return system.ofCatalogues ? ApparentDirection(direction, observer) : direction;
 }
 
+SightOfSystem FindSight(const GridSystem& system, const ObserverFrame& observer) {
+  SightOfSystem sight = {
+      {}, system.ofCatalogues, {}, observer.inverseLorentzFactor, observer.refraction && !system.ofSight};
+  for (int axis = 0; axis < 3; ++axis) {
+    for (int i = 0; i < 3; ++i)
+      sight.turn[3 * i + axis] = astro::Dot(observer.reduction + 3 * i, system.axes + 3 * axis);
+  }
+  MV3prod(observer.reduction, observer.velocity, sight.velocity);
+  return sight;
+}
+
 }  // namespace scene

@@ -5,6 +5,7 @@
 #include "scene/display/labels.h"
 #include "scene/display/palette.h"
 #include "scene/observer_frame.h"
+#include "scene/view/arc_walk.h"
 #include "scene/view/grid_steps.h"
 
 namespace scene {
@@ -33,5 +34,8 @@ GridSystem MakeGridSystem(GridSystemId id, const ObserverFrame& observer);
 // where the system asks for it.
 Direction ShownDirection(const GridSystem& system, const Direction& coordinates,
                          const ObserverFrame& observer);
+
+// The same as the picture shows it with the air: what lines are walked with.
+SightOfSystem FindSight(const GridSystem& system, const ObserverFrame& observer);
 
 }  // namespace scene

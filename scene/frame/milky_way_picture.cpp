@@ -72,11 +72,13 @@ void MilkyWayPicture::FindNodes(const ViewGeometry& geometry, const SkyLight& li
   m_Rows = static_cast<int>(geometry.height / step) + 2;
   const auto factor = static_cast<float>(FindUnresolved(geometry) / 255.0);
   const PixelDirections directions(geometry, SkyFrameOf::kJ2000);
+  const double across = static_cast<double>(geometry.width) / (m_Columns - 1),
+               down = static_cast<double>(geometry.height) / (m_Rows - 1);
   for (int row = 0; row < m_Rows; ++row) {
-    const double y = geometry.height - static_cast<double>(geometry.height) * row / (m_Rows - 1);
+    const double y = geometry.height - down * row;
     for (int column = 0; column < m_Columns; ++column) {
-      const tPoint<double> pixel = {static_cast<double>(geometry.width) * column / (m_Columns - 1), y};
-      const float found = m_Map.Find(directions.Find(pixel)) * factor;
+      const tPoint<double> pixel = {across * column, y};
+      const float found = m_Map.Find(directions.FindOfAnyLength(pixel)) * factor;
       m_Nodes.push_back(found > 0.0f ? found * light.FindGlow(pixel) : 0.0f);
     }
   }

@@ -8,6 +8,7 @@
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
+#include "common_interfaces/clipping.h"
 #include "common_interfaces/string_table.h"
 #include "scene/texts.h"
 
@@ -15,7 +16,6 @@ namespace scene {
 namespace {
 
 constexpr double kLeastDistance = 110.0;  // pixels from line to line
-constexpr double kVertexDistance = 8.0;   // pixels from vertex to vertex in the middle of the picture
 constexpr float kLineWidth = 0.8f, kCircleWidth = 1.3f;
 constexpr unsigned kFirstName = 900401;  // of the string table, in the order of the names
 constexpr std::size_t kMostTexts = 1000, kVerticesReserved = 60000, kChainsReserved = 1000;
@@ -69,11 +69,6 @@ Reach FindReach(const GridSystem& system, const ViewGeometry& geometry) {
   return reach;
 }
 
-double VertexStep(const ViewGeometry& geometry) {
-  constexpr double kMost = 2.0 * kRadiansPerDegree;
-  return std::min(kVertexDistance * geometry.unit * 2.0 / geometry.scale, kMost);
-}
-
 }  // namespace
 
 // Draws one line of the sky and labels it: the vertices go to the frame's list, the label where the line
@@ -81,29 +76,28 @@ double VertexStep(const ViewGeometry& geometry) {
 class SkyGrids::Pen {
  public:
   Pen(const Context& context, const GridSystem& system, const Stroke& stroke, SkyGrids& grids)
-      : m_Context(context), m_System(system), m_Stroke(stroke), m_Grids(grids), m_Path(context.geometry) {}
+      : m_Context(context), m_System(system), m_Stroke(stroke), m_Grids(grids) {}
   ~Pen() {
     if (m_Labels == 0) Label(m_Start, m_Above);
   }
 
-  void GoTo(const Direction& coordinates) {
-    const Direction direction = ShownDirection(m_System, coordinates, m_Context.observer);
-    DrawnLine stretch;
-    if (!m_Path.GoTo(direction, stretch)) return End();
-    const auto [from, to] = stretch;
-    if (!m_Path.Clip(stretch)) return End();
-    const bool entered = stretch.from.x != from.x || stretch.from.y != from.y;
-    const bool left = stretch.to.x != to.x || stretch.to.y != to.y;
-    if (!m_Open || entered) Begin(stretch.from);
-    m_Grids.m_Vertices.push_back(stretch.to);
+  // A straight stretch, not yet clipped.
+  void Draw(const tPoint<double>& from, const tPoint<double>& to, bool above) {
+    tPoint<double> start = from, end = to;
+    const tRect<int> window = {0, 0, m_Context.geometry.width + 1, m_Context.geometry.height + 1};
+    if (!CommonInterfaces::line_in_rectD(&start, &end, window)) return End();
+    const bool entered = start.x != from.x || start.y != from.y;
+    const bool left = end.x != to.x || end.y != to.y;
+    if (!m_Open || entered) Begin(start);
+    m_Grids.m_Vertices.push_back(end);
     ++m_Grids.m_Chains.back().count;
-    const bool above = m_Context.tests.IsAboveHorizon(direction);
-    if (above && !m_Above) m_Start = stretch.from;
+    if (above && !m_Above) m_Start = start;
     m_Above = m_Above || above;
-    if (entered) Label(stretch.from, above);
-    if (left) Label(stretch.to, above);
+    if (entered) Label(start, above);
+    if (left) Label(end, above);
     if (left) End();
   }
+  void End() { m_Open = false; }
 
  private:
   void Begin(const tPoint<double>& p) {
@@ -112,7 +106,6 @@ class SkyGrids::Pen {
     m_Grids.m_Vertices.push_back(p);
     m_Open = true;
   }
-  void End() { m_Open = false; }
   void Label(const tPoint<double>& p, bool above) {
     constexpr double kSize = 10.5;
     if (!m_Stroke.label || !above || m_Labels == 2) return;
@@ -124,7 +117,6 @@ class SkyGrids::Pen {
   const GridSystem& m_System;
   const Stroke& m_Stroke;
   SkyGrids& m_Grids;
-  SkyPath m_Path;
   bool m_Open = false, m_Above = false;
   tPoint<double> m_Start{};  // the first above the horizon
   int m_Labels = 0;
@@ -210,41 +202,37 @@ void SkyGrids::AddGrid(const Context& context, const GridSystem& system, bool wi
 void SkyGrids::AddParallel(const Context& context, const GridSystem& system, double latitude, double middle,
                            double half, const Stroke& stroke) {
   const double cosine = std::cos(latitude), sine = std::sin(latitude);
-  const int count = static_cast<int>(std::ceil(2.0 * half * cosine / VertexStep(context.geometry))) + 1;
-  Pen pen(context, system, stroke, *this);
-  for (int i = 0; i <= count; ++i) {
-    const double longitude = middle - half + 2.0 * half * i / count;
-    pen.GoTo({{cosine * std::cos(longitude), cosine * std::sin(longitude), sine}});
-  }
+  AddArc(context, system,
+         {{{0.0, 0.0, sine}}, {{cosine, 0.0, 0.0}}, {{0.0, cosine, 0.0}}, middle - half, middle + half},
+         stroke);
 }
 
 void SkyGrids::AddMeridian(const Context& context, const GridSystem& system, double longitude, double from,
                            double to, const Stroke& stroke) {
   if (from >= to) return;
-  const double cosine = std::cos(longitude), sine = std::sin(longitude);
-  const int count = static_cast<int>(std::ceil((to - from) / VertexStep(context.geometry))) + 1;
-  Pen pen(context, system, stroke, *this);
-  for (int i = 0; i <= count; ++i) {
-    const double latitude = from + (to - from) * i / count, c = std::cos(latitude);
-    pen.GoTo({{c * cosine, c * sine, std::sin(latitude)}});
-  }
+  AddArc(context, system, {{}, {{std::cos(longitude), std::sin(longitude), 0.0}}, kZ, from, to}, stroke);
 }
 
-// Only the part that the window may show: up to the angle of its corners from the point of the circle that is
-// nearest to the middle of the picture.
+// From where the circle is farthest from the middle of the picture all around.
 void SkyGrids::AddCircle(const Context& context, const GridSystem& system, const Direction& start,
                          const Direction& quarter, const Stroke& stroke) {
-  const ViewGeometry& geometry = context.geometry;
   double centre[3];
-  MV3prod(system.axes, geometry.centreJ2000.v, centre);
+  MV3prod(system.axes, context.geometry.centreJ2000.v, centre);
   const double nearest = std::atan2(astro::Dot(centre, quarter.v), astro::Dot(centre, start.v));
-  const double half = std::min(1.05 * geometry.cornerAngle + 1.2e-4, kPi);
-  const int count = static_cast<int>(std::ceil(2.0 * half / VertexStep(geometry))) + 1;
+  AddArc(context, system, {{}, start, quarter, nearest - kPi, nearest + kPi}, stroke);
+}
+
+void SkyGrids::AddArc(const Context& context, const GridSystem& system, const SkyArc& arc,
+                      const Stroke& stroke) {
   Pen pen(context, system, stroke, *this);
-  for (int i = 0; i <= count; ++i) {
-    const double angle = nearest - half + 2.0 * half * i / count, c = std::cos(angle), s = std::sin(angle);
-    pen.GoTo({{c * start.v[0] + s * quarter.v[0], c * start.v[1] + s * quarter.v[1],
-               c * start.v[2] + s * quarter.v[2]}});
+  const SightOfSystem sight = FindSight(system, context.observer);
+  ArcWalk walk(context.geometry, sight, arc);
+  for (tPoint<double> last{}; walk.Next(); last = walk.GetPixel()) {
+    if (walk.IsJoined()) {
+      pen.Draw(last, walk.GetPixel(), context.tests.IsAboveHorizon(walk.GetSine()));
+    } else {
+      pen.End();
+    }
   }
 }
 

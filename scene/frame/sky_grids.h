@@ -9,7 +9,6 @@
 #include "scene/display/labels.h"
 #include "scene/frame/grid_systems.h"
 #include "scene/shown_kinds.h"
-#include "scene/view/sky_path.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {
@@ -19,7 +18,7 @@ namespace scene {
 // window, and one that stays inside where it begins. Meridians other than the four main ones end a step
 // before the poles.
 //
-// Vertices lie on their line, at most 10 pixels (of a picture of 1600 x 1000) apart. Allocates at its
+// Vertices lie on their line, as far apart as ArcWalk takes them. Allocates at its
 // construction and in FetchTexts only, unless more lines are asked for than a picture can hold.
 class SkyGrids {
  public:
@@ -85,6 +84,7 @@ class SkyGrids {
   // A great circle through two coordinates that stand a right angle apart.
   void AddCircle(const Context& context, const GridSystem& system, const Direction& start,
                  const Direction& quarter, const Stroke& stroke);
+  void AddArc(const Context& context, const GridSystem& system, const SkyArc& arc, const Stroke& stroke);
   void AddPrecessionCircles(const Context& context);
   void AddPoint(const Context& context, const GridSystem& system, const Direction& coordinates, Name name);
   void AddPoints(const Context& context, unsigned choice);

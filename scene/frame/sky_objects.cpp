@@ -29,8 +29,8 @@ unsigned PoolBlockCount(const SkyCatalogs& catalogs, std::size_t tileStars) {
 }
 
 double AngleFromAxis(const ViewGeometry& geometry, const tPoint<double>& p) {
-  return 2.0 *
-         std::atan(std::hypot(p.x - geometry.width * 0.5, p.y - geometry.height * 0.5) / geometry.scale);
+  const double x = p.x - geometry.width * 0.5, y = p.y - geometry.height * 0.5;
+  return 2.0 * std::atan(std::sqrt(x * x + y * y) / geometry.scale);
 }
 
 CommonInterfaces::ScreenPlace MakePlace(const ViewGeometry& geometry, const tPoint<double>& p,

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "scene/directions.h"
 
+#include <cmath>
+
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 
@@ -14,7 +16,7 @@ Direction MakeDirection(double lon, double lat) {
 }
 
 Direction Normalised(const Direction& direction) {
-  const double length = Vmod(direction.v, 3);
+  const double length = std::sqrt(Dot(direction, direction));
   if (length == 0.0) return direction;
   return {{direction.v[0] / length, direction.v[1] / length, direction.v[2] / length}};
 }

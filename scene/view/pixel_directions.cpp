@@ -31,7 +31,7 @@ Direction Mix(const Direction& a, double ofA, const Direction& b, double ofB) {
 // The camera may be turned about its axis: two directions beside it show where right and up are.
 PixelDirections::PixelDirections(const ViewGeometry& geometry, SkyFrameOf frame)
     : m_Middle{0.5 * geometry.width, 0.5 * geometry.height},
-      m_Scale(geometry.scale),
+      m_PerPixel(1.0 / geometry.scale),
       m_Centre(Normalised(frame == SkyFrameOf::kJ2000 ? geometry.centreJ2000 : geometry.centreHorizon)) {
   constexpr double kStep = 1e-3;  // radians
   const Direction aside = FindAside(m_Centre);
@@ -49,11 +49,7 @@ PixelDirections::PixelDirections(const ViewGeometry& geometry, SkyFrameOf frame)
 }
 
 Direction PixelDirections::Find(const tPoint<double>& pixel) const {
-  const double x = (pixel.x - m_Middle.x) / m_Scale, y = (pixel.y - m_Middle.y) / m_Scale;
-  const double square = x * x + y * y;  // of tan(theta / 2)
-  const Direction sideways = Mix(m_Right, 2.0 * x, m_Up, 2.0 * y);
-  const double norm = 1.0 / (1.0 + square);
-  return Mix(m_Centre, (1.0 - square) * norm, sideways, norm);
+  return Normalised(FindOfAnyLength(pixel));
 }
 
 }  // namespace scene

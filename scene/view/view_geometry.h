@@ -19,6 +19,12 @@ double GetPictureUnit(int width, int height);
 // count in, where they are seen.
 enum class SkyFrameOf { kJ2000, kHorizon };
 
+// Where a direction is seen.
+struct SeenPlace {
+  tPoint<double> pixel;
+  double sine;  // of the altitude; 1 in a view without a horizon
+};
+
 // The figures of the camera's projection that every drawn thing asks for, taken once a frame. Pixels count
 // from the left and from the bottom upwards. The projection is stereographic: the angle theta from the view
 // axis lies scale * tan(theta / 2) pixels from the centre.
@@ -39,7 +45,15 @@ struct ViewGeometry {
     }
     return p;
   }
-  // The same of many: as many pixels as there are directions.
+  // The pixel of an apparent direction on J2000 axes, and how high it is seen by that observer.
+  SeenPlace See(const Direction& apparent, const ObserverFrame& observer) const {
+    if (!air) return {Project(apparent, SkyFrameOf::kJ2000), SeenSine(apparent, observer)};
+    const Direction seen = SeenDirection(apparent, observer);
+    SeenPlace place = {{}, seen.v[2]};
+    camera.RA_Dec2PixD(seen.v, &place.pixel);
+    return place;
+  }
+  // Of many: as many pixels as there are directions.
   void Project(std::span<const Direction> directions, SkyFrameOf frame, tPoint<double>* pixels) const;
   // Where in the horizon frame that is seen which stands there in the horizon frame.
   Direction Seen(const Direction& standing) const { return air ? Lifted(standing) : standing; }

@@ -41,10 +41,11 @@ ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geomet
 StarReach ObjectTests::GetStarReach(double maxMotion, float brightest) const {
   constexpr double kAberration =
       1.1e-4;  // radians, a little above the constant of aberration, 20.5 arcseconds
-  const double margin = kAberration + maxMotion * std::fabs(m_Observer.years) +
-                        2.0 * std::max(kMargin, StarRadius(brightest)) / m_Geometry.scale;
+  const double pixels = std::max(kMargin, StarRadius(brightest));
+  const double margin =
+      kAberration + maxMotion * std::fabs(m_Observer.years) + 2.0 * pixels / m_Geometry.scale;
   const double angle = std::min(m_Geometry.cornerAngle + margin, kPi);
-  return {angle, std::cos(angle)};
+  return {angle, std::cos(angle), pixels};
 }
 
 // An unknown kind is never shown, so that it matters little whose limits it gets.
@@ -78,17 +79,24 @@ bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
   return !m_Shown.horizon || SeenSine(apparent, m_Observer) >= 0.0;
 }
 
+double ObjectTests::See(ObjectPlace& place) const {
+  const SeenPlace seen = m_Geometry.See(place.apparent, m_Observer);
+  place.pixel = seen.pixel;
+  return seen.sine;
+}
+
 template <bool kFirst, class Star>
-unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction, Found<kFirst> found,
-                                    ObjectPlace& place) const {
+unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction, double margin,
+                                    Found<kFirst> found, ObjectPlace& place) const {
   if (!m_StarFilter.IsEmpty() && found.EndsWith(!m_StarFilter.Passes(GetTraits(star)), kFiltered)) {
     return found.obstacles;
   }
   place.apparent = ApparentDirection(direction, star.GetMotion(), m_Observer);
-  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  const double sine = See(place);
+  if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
+  if (found.EndsWith(!m_Geometry.IsInside(place.pixel, margin), kOutside)) return found.obstacles;
   const float code = star.GetCode();
-  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, SeenSine(place.apparent, m_Observer));
+  place.dim = m_Light.FindDim(m_StarLimits, place.pixel, sine);
   if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
     return found.obstacles;
   place.radius = StarRadius(code + kSmaller * place.dim);
@@ -112,10 +120,10 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   if (found.EndsWith(Dot(place.apparent, m_Geometry.centreJ2000) < m_DeepskyReach, kOutside)) {
     return found.obstacles;
   }
-  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  const double sine = See(place);
+  if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
-  place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, SeenSine(place.apparent, m_Observer));
+  place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, sine);
   const bool faded = m_Light.GetLineStrength() <= 0.0;
   found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);
   return found.obstacles;
@@ -146,20 +154,19 @@ unsigned ObjectTests::TestConstellation(int index, ObjectPlace& place) const {
     return found.obstacles;
   if (found.EndsWith(m_Light.GetLineStrength() <= 0.0, kSkyTooBright)) return found.obstacles;
   place.apparent = ApparentDirection(constellation.direction, m_Observer);
-  if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
+  if (found.EndsWith(!IsAboveHorizon(See(place)), kBelowHorizon)) return found.obstacles;
   found.EndsWith(!m_Geometry.IsInside(place.pixel, 0.0), kOutside);
   return found.obstacles;
 }
 
-template unsigned ObjectTests::TestStarPlace<true>(const CatalogStar&, const Direction&, Found<true>,
+template unsigned ObjectTests::TestStarPlace<true>(const CatalogStar&, const Direction&, double, Found<true>,
                                                    ObjectPlace&) const;
-template unsigned ObjectTests::TestStarPlace<false>(const CatalogStar&, const Direction&, Found<false>,
-                                                    ObjectPlace&) const;
-template unsigned ObjectTests::TestStarPlace<true>(const StarTileRecord&, const Direction&, Found<true>,
-                                                   ObjectPlace&) const;
-template unsigned ObjectTests::TestStarPlace<false>(const StarTileRecord&, const Direction&, Found<false>,
-                                                    ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(const CatalogStar&, const Direction&, double,
+                                                    Found<false>, ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<true>(const StarTileRecord&, const Direction&, double,
+                                                   Found<true>, ObjectPlace&) const;
+template unsigned ObjectTests::TestStarPlace<false>(const StarTileRecord&, const Direction&, double,
+                                                    Found<false>, ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<true>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestDeepsky<false>(int, ObjectPlace&) const;
 template unsigned ObjectTests::TestConstellation<true>(int, ObjectPlace&) const;

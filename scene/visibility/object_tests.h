@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "scene/class_limits.h"
 #include "scene/object_filter.h"
@@ -33,6 +34,7 @@ struct ObjectPlace {
 struct StarReach {
   double angle;   // radians
   double cosine;  // -1 where there is no limit
+  double margin;  // pixels outside the window where its disc may still reach in
 };
 
 // A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile
@@ -87,10 +89,12 @@ class ObjectTests {
 
   // For stars that move no faster than that, radians a year, and are no brighter than that magnitude code.
   StarReach GetStarReach(double maxMotion, float brightest) const;
-  static constexpr StarReach kNoReachLimit = {kPi, -1.0};
+  static constexpr StarReach kNoReachLimit = {kPi, -1.0, std::numeric_limits<double>::infinity()};
 
   bool AreStarsShown() const { return m_StarsShown; }
   bool IsAboveHorizon(const Direction& apparent) const;
+  // Of what is seen at an altitude of that sine, where the view has a horizon.
+  bool IsAboveHorizon(double sine) const { return !m_Shown.horizon || !m_Observer.horizon || sine >= 0.0; }
   // No star of a larger code is drawn.
   float GetFaintestStar() const { return m_FaintestStar; }
   const SkyLight& GetLight() const { return m_Light; }
@@ -114,8 +118,10 @@ class ObjectTests {
   template <bool kFirst, class Star>
   unsigned TestStar(const Star& star, const StarReach& reach, ObjectPlace& place) const;
   template <bool kFirst, class Star>
-  unsigned TestStarPlace(const Star& star, const Direction& direction, Found<kFirst> found,
+  unsigned TestStarPlace(const Star& star, const Direction& direction, double margin, Found<kFirst> found,
                          ObjectPlace& place) const;
+  // Finds the pixel of an apparent direction; the sine of the altitude at which it is seen.
+  double See(ObjectPlace& place) const;
   template <bool kFirst>
   unsigned TestDeepsky(int object, ObjectPlace& place) const;
   template <bool kFirst>
@@ -157,7 +163,7 @@ unsigned ObjectTests::TestStar(const Star& star, const StarReach& reach, ObjectP
   if (kFirst && star.GetCode() > m_FaintestStar) return kSkyTooBright;
   const Direction& direction = star.GetDirection();
   if (found.EndsWith(Dot(direction, m_Centre) < reach.cosine, kOutside)) return found.obstacles;
-  return TestStarPlace<kFirst>(star, direction, found, place);
+  return TestStarPlace<kFirst>(star, direction, reach.margin, found, place);
 }
 
 }  // namespace scene

@@ -59,7 +59,8 @@ struct ClassLimits {
 // 0.6 at the limit, growing by a quarter for each magnitude above it. Planets of that magnitude have the
 // same.
 inline double GetDotRadius(const ClassLimits& stars, float code) {
-  return 0.6 * std::pow(10.0, 0.1 * (static_cast<double>(stars.draw - code) * 0.1));
+  constexpr double kGrowth = 0.023025850929940457;  // a hundredth of the logarithm of 10
+  return 0.6 * std::exp(kGrowth * static_cast<double>(stars.draw - code));
 }
 
 inline double MagnitudeOfCode(double code) { return code * 0.1 - 2.0; }
