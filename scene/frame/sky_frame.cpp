@@ -16,7 +16,8 @@ namespace {
 
 // Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits)
 // grows once.
-DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
+DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars,
+                                   std::size_t starSigns) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
   constexpr std::size_t kTextsOfLabel = 5;  // on discs labels have shadows
@@ -30,10 +31,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
   capacity.shadows = kEarthShadows + catalogs.bodies.size();
   const std::size_t symbols = catalogs.deepsky.size();
-  capacity.ellipses = symbols + catalogs.bodies.size();
+  capacity.ellipses = symbols + catalogs.bodies.size() + 2 * starSigns;
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
   capacity.polylines = catalogs.figurePoints.size() + kMostSymbolLines * symbols +
-                       catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
+                       catalogs.bounds.GetPointCount() + kOverlays + kGridLines + starSigns;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   constexpr std::size_t kGlobeVertices = 8 * 1000;  // of lines on discs that are seen at a time
@@ -122,7 +123,7 @@ FrameParts::FrameParts(const SkyCatalogs& catalogs)
       solarSystem(catalogs.bodies, catalogs.gazetteers),
       objects(catalogs),
       favourites(catalogs) {
-  list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity()));
+  list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity(), objects.GetMostSigns()));
   list.SetMaps(solarSystem.GetMarks().GetGlobes().GetMapPaths());
 }
 

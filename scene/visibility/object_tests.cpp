@@ -55,6 +55,12 @@ const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
   return m_Deepsky.back();
 }
 
+unsigned ObjectTests::GetSigns() const {
+  return (m_Shown.doubleSigns ? unsigned{kDoubleStar} : 0u) |
+         (m_Shown.variableSigns ? unsigned{kVariableStar} : 0u) |
+         (m_Shown.planetSigns ? unsigned{kHasPlanets} : 0u);
+}
+
 const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
 
 float ObjectTests::GetFaintestDeepskyCode() const {

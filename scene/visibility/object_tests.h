@@ -97,6 +97,7 @@ class ObjectTests {
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
   float GetFaintestDeepskyCode() const;                 // up to which any kind is drawn
+  unsigned GetSigns() const;  // at stars, that the settings want, of StarMark
   ChartStyle GetStyle() const { return m_Shown.style; }
   const LabelRules& GetLabels(int kind) const { return m_Shown.GetLabels(kind); }
 

@@ -44,7 +44,7 @@ TEST(StarCatalog, HasTheColumnsThatReadersExpect) {
           "\nNumber:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tColorIndexBV:f32\tSpectrType:text\tPropMotionRA:"
           "f32\t"
           "PropMotionDec:f32\tParallax:f32\tRadialVelocity:f32\tProperName:text\tBayer:text\tFlamsteed:text\t"
-          "HipparcosID:i32\n"),
+          "HipparcosID:i32\tPairAngle:f32\tVarName:text\tHasPlanets:i32\n"),
       std::string::npos);
 }
 
