@@ -246,8 +246,8 @@ bool PreparedParts::IsSound(const StarCatalog& stars) {
   for (const std::size_t size :
        {stars.m_Directions.size(), stars.m_Motions.size(), stars.m_Spectra.size(), stars.m_Numbers.size(),
         stars.m_Colours.size(), stars.m_Catalogs.size(), stars.m_Luminosities.size(), stars.m_Marks.size(),
-        stars.m_PairAngles.size(), stars.m_Records.size(), stars.m_ProperNames.size(),
-        stars.m_Letters.size(), stars.m_Designations.size()}) {
+        stars.m_PairAngles.size(), stars.m_Records.size(), stars.m_ProperNames.size(), stars.m_Letters.size(),
+        stars.m_Designations.size()}) {
     if (size != count) return false;
   }
   for (const auto* places : {&stars.m_ProperNames, &stars.m_Letters, &stars.m_Designations}) {

@@ -104,7 +104,8 @@ const StyleRules& GetStyleRules(ChartStyle style) {
                                         .solidStars = true,
                                         .starScale = 1.15f,
                                         .starContrast = 1.3f};
-  static constexpr StyleRules kNight = {.nightSky = true, .landscape = false, .ringedBodies = true, .starSigns = true};
+  static constexpr StyleRules kNight = {
+      .nightSky = true, .landscape = false, .ringedBodies = true, .starSigns = true};
   static constexpr StyleRules kPhoto = {.symbols = false,
                                         .caption = false,
                                         .glareReach = 6.5f,

@@ -180,7 +180,10 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   } else {
     parts.light.SetPlain();
   }
-  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
+  const bool horizon = observer.horizon;
+  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
+  const Landscape& landscape = parts.landscape.GetPainted();
+  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light, landscape);
   const bool written = GetStyleRules(shown.style).caption;
   if (written) parts.caption.Place(geometry, labels);
   if (parts.withLegend)
@@ -188,21 +191,19 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.finders.Compute(geometry, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, parts.light, shown.milkyWay);
-  const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
-  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
   parts.asterisms.Compute(geometry, observer, tests, shown.asterisms);
   parts.nebulae.Compute(geometry, observer, tests, shown);
   parts.objects.Compute(geometry, tests);
-  parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, labels);
+  parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, landscape, labels);
   parts.favourites.Compute(geometry, tests, labels);
   parts.radiants.Compute(geometry, observer, tests, labels);
   parts.imageFrames.Compute(geometry, observer, tests, labels);
-  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
+  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, landscape, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.GetConstellationForm(), labels);
   parts.asterisms.PlaceNames(geometry, observer, tests, labels);

@@ -67,7 +67,8 @@ float FindSymbolOpacity(float code, float dim, const ClassLimits& limits) {
 unsigned FindSigns(const ViewGeometry& geometry, const ObjectTests& tests) {
   constexpr double kScreenFrom = 4.0;
   const StyleRules& rules = GetStyleRules(tests.GetStyle());
-  return rules.symbols && (rules.starSigns || geometry.camera.GetZoom() >= kScreenFrom) ? tests.GetSigns() : 0;
+  return rules.symbols && (rules.starSigns || geometry.camera.GetZoom() >= kScreenFrom) ? tests.GetSigns()
+                                                                                        : 0;
 }
 
 // Which labels come first: of objects of Messier's list that have a name, of others with one, of the list, of

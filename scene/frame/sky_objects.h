@@ -90,9 +90,9 @@ class SkyObjects {
   unsigned m_Number = 0;  // of the frame
   std::vector<DrawnStar> m_Stars;
   std::vector<DrawnDeepsky> m_Deepsky;
-  unsigned m_Wanted = 0, m_Signs = 0;  // signs, of StarMark: which may be drawn, which are
-  std::vector<SignedStar> m_Signed;  // in the order of the stars
-  std::vector<LabelTurn> m_Turns;            // of the labels, of stars and then of deep-sky objects
+  unsigned m_Wanted = 0, m_Signs = 0;              // signs, of StarMark: which may be drawn, which are
+  std::vector<SignedStar> m_Signed;                // in the order of the stars
+  std::vector<LabelTurn> m_Turns;                  // of the labels, of stars and then of deep-sky objects
   std::vector<std::array<char, 64>> m_StarLabels;  // with magnitudes; the labels of the frame point into it
 };
 

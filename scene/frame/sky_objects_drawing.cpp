@@ -105,8 +105,11 @@ void SkyObjects::DrawSigns(DisplayList& list) const {
   for (const SignedStar& sign : m_Signed) {
     const DrawnStar& star = m_Stars[sign.drawn];
     const auto& place = star.output->m_Place;
-    AddStarSign({place.x, static_cast<float>(list.GetHeight()) - place.y,
-                 rules.GetStarRadius(place.radius, list.GetUnit()), sign.marks, sign.angle,
+    AddStarSign({place.x,
+                 static_cast<float>(list.GetHeight()) - place.y,
+                 rules.GetStarRadius(place.radius, list.GetUnit()),
+                 sign.marks,
+                 sign.angle,
                  ToRgba(palette::kStarSign, static_cast<double>(star.opacity)),
                  {FourCC("star"), star.number}},
                 list);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "scene/visibility/object_tests.h"
 
+#include "astro/vectors.h"
+#include "scene/air.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -13,14 +15,21 @@ constexpr double kMargin = 20.0;  // pixels outside the window where an object's
 
 }  // namespace
 
+Direction SeenFromGround(const Direction& apparent, const ObserverFrame& observer) {
+  Direction standing;
+  MV3prod(observer.reduction, apparent.v, standing.v);
+  return observer.refraction ? Lifted(standing) : standing;
+}
+
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
                          const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters,
-                         const SkyLight& light)
+                         const SkyLight& light, const Landscape& landscape)
     : m_Catalogs(catalogs),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
       m_Light(light),
+      m_Landscape(landscape),
       m_Stars(catalogs.stars),
       m_Centre(geometry.centreJ2000),
       m_StarsShown(shown.stars),
@@ -84,6 +93,10 @@ bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
   return !m_Shown.horizon || SeenSine(apparent, m_Observer) >= 0.0;
 }
 
+bool ObjectTests::IsBehindLand(const Direction& apparent) const {
+  return !m_Landscape.layers.empty() && m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
+}
+
 template <bool kFirst, class Star>
 unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction, Found<kFirst> found,
                                     ObjectPlace& place) const {
@@ -92,6 +105,7 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   }
   place.apparent = ApparentDirection(direction, star.GetMotion(), m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   const float code = star.GetCode();
   place.dim = m_Light.FindDim(m_StarLimits, place.pixel, SeenSine(place.apparent, m_Observer));
@@ -119,6 +133,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
     return found.obstacles;
   }
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
   place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, SeenSine(place.apparent, m_Observer));

@@ -79,7 +79,8 @@ void AddStar(const SourceTable& table, int row, CatalogText& catalog) {
 }
 
 void AddMarks(const StarMarks& marks, CatalogText& catalog) {
-  catalog.AddFloat(marks.pairAngle ? std::optional(*marks.pairAngle * scene::kRadiansPerDegree) : std::nullopt);
+  catalog.AddFloat(marks.pairAngle ? std::optional(*marks.pairAngle * scene::kRadiansPerDegree)
+                                   : std::nullopt);
   catalog.AddText(marks.variable);
   catalog.AddText(marks.planets ? "1" : "");
 }

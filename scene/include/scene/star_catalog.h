@@ -59,8 +59,9 @@ class SCENE_API StarCatalog {
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
   int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
   ObjectTraits GetTraits(int star) const {
-    return {m_Codes[star],   m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
-            m_Spectra[star], m_Catalogs[star], m_Numbers[star], m_Luminosities[star]};
+    return {m_Codes[star],       m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
+            m_Spectra[star],     m_Catalogs[star], m_Numbers[star],
+            m_Luminosities[star]};
   }
 
  private:
@@ -74,8 +75,8 @@ class SCENE_API StarCatalog {
   std::vector<Direction> m_Motions;
   std::vector<unsigned char> m_Spectra;
   std::vector<int> m_Numbers;
-  std::vector<float> m_Colours;           // colour index B-V, magnitudes; not a number when unknown
-  std::vector<unsigned char> m_Catalogs;  // StarCatalogBit
+  std::vector<float> m_Colours;               // colour index B-V, magnitudes; not a number when unknown
+  std::vector<unsigned char> m_Catalogs;      // StarCatalogBit
   std::vector<unsigned char> m_Luminosities;  // FindLuminosityClass
   std::vector<unsigned char> m_Marks;         // StarMark
   std::vector<float> m_PairAngles;
