@@ -21,8 +21,8 @@ constexpr double kLargestMoonDot = 2.5;  // moons crowd about their planet
 constexpr double kLeastApart = 2.0;      // a moon from the dot of its planet
 constexpr double kMargin = 40.0;         // where the tail of a comet may still reach in
 
-// The code of a satellite at that distance, au, which counts as one of magnitude 4 at 1000 km: a guess that serves
-// the limits of the zoom and nothing else.
+// The code of a satellite at that distance, au, which counts as one of magnitude 4 at 1000 km: a guess that
+// serves the limits of the zoom and nothing else.
 float FindSatelliteCode(double distance) {
   constexpr double kStandard = 4.0, kStandardDistance = 1000.0 / 149597870.7;
   const double magnitude = kStandard + 5.0 * std::log10(std::max(distance, 1e-9) / kStandardDistance);

@@ -11,8 +11,8 @@
 
 namespace scene {
 
-// Whether an asteroid on that orbit is one of the main belt: between the resonances 4:1 and 2:1 with Jupiter (semi-major
-// axis 2.065 to 3.278 au), and never as near to the Sun as Mars comes.
+// Whether an orbit is one of the main belt of asteroids: between the resonances 4:1 and 2:1 with Jupiter
+// (semi-major axis 2.065 to 3.278 au), and never as near to the Sun as Mars comes.
 bool IsOfMainBelt(const OrbitalElements& elements);
 
 // Everything is kept by reference. Makes no allocation.
@@ -36,10 +36,10 @@ class BodyTests {
   double GetSymbolRadius(int body, float dim) const;
   // Nobody knows how bright a satellite is: no sky hides it, and its dot is always the same.
   bool HasMagnitude(int body) const;
-  // What the limits of the zoom are compared with: the magnitude code, and of satellites one by their distance.
+  // What the limits of the zoom are compared with: the magnitude code, of satellites one by their distance.
   float GetLimitCode(int body) const;
-  // The code by which a body is drawn that the sky makes fainter by `dim` codes; of an asteroid of a group that
-  // is shown (ShownKinds) never beyond the limit.
+  // The code by which a body is drawn that the sky makes fainter by `dim` codes; of an asteroid of a group
+  // that is shown (ShownKinds) never beyond the limit.
   float GetDrawnCode(int body, float dim) const;
   // Whether the magnitude lets a body have its name.
   bool IsLabelled(int body) const;

@@ -8,11 +8,11 @@
 
 namespace scene {
 
-// In which order labels take their room, the smallest first: brighter objects first, and of two alike the one
-// nearer to the middle of the picture, where people look. From the middle to a corner an object counts as fainter
-// by up to kCornerCodes, with the square of the distance: less than what tells names that are known from others,
-// and little from one picture of a turning view to the next. What stands in the very middle, which is what a view
-// was aimed at, comes before everything.
+// In which order labels take their room, the smallest first: brighter objects first, and of two alike the
+// one nearer to the middle of the picture, where people look. From the middle to a corner an object counts
+// as fainter by up to kCornerCodes, with the square of the distance: little from one picture of a turning
+// view to the next. What stands in the very middle, which is what a view was aimed at, comes before
+// everything.
 struct LabelOrder {
   static constexpr float kCornerCodes = 10.0f;  // a magnitude
   static constexpr double kAimed = 2.0;         // pixels of the standard picture

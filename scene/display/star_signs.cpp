@@ -15,7 +15,7 @@ constexpr float kTilt = -0.45f, kFlat = 0.42f;  // of the path of a planet
 
 void AddEllipse(const StarSign& sign, float away, float flat, float angle, DisplayList& list) {
   const float radius = sign.radius + away * list.GetUnit();
-  list.Add(Layer::kStars, EllipseRecord{sign.x, sign.y, radius, flat * radius, angle, kWidth * list.GetUnit(),
+  list.Add(Layer::kDeepsky, EllipseRecord{sign.x, sign.y, radius, flat * radius, angle, kWidth * list.GetUnit(),
                                         0.0f, sign.colour, sign.object});
 }
 
@@ -27,7 +27,7 @@ void AddStarSign(const StarSign& sign, DisplayList& list) {
     const float right = reach * std::cos(sign.angle), down = reach * std::sin(sign.angle);
     list.AddVertex(sign.x - right, sign.y - down);
     list.AddVertex(sign.x + right, sign.y + down);
-    list.AddLine(Layer::kStars,
+    list.AddLine(Layer::kDeepsky,
                  PolylineRecord{0, 0, 1.2f * kWidth * list.GetUnit(), 0.0f, sign.colour, 0, sign.object});
   }
   if ((sign.marks & kVariableStar) != 0) AddEllipse(sign, kRing, 1.0f, 0.0f, list);

@@ -16,7 +16,7 @@ struct StarSign {
   ObjectRef object;
 };
 
-// Below the dot, which is to be drawn afterwards. A line at most, and two ellipses.
+// In the layer of symbols, below all dots: trails of stars have none. A line at most, and two ellipses.
 void AddStarSign(const StarSign& sign, DisplayList& list);
 
 // How far signs reach beyond the dot, pixels of the standard picture.

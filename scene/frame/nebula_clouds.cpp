@@ -31,8 +31,8 @@ double FindMeanEdge(const std::vector<Direction>& ring) {
   return sum / static_cast<double>(ring.size());
 }
 
-// Between two corners a line from a quarter to three quarters of the way stays of the edge (G. M. Chaikin 1974,
-// Computer Graphics and Image Processing 3, 346).
+// Of an edge what lies from a quarter to three quarters of the way stays (G. M. Chaikin 1974, Computer
+// Graphics and Image Processing 3, 346).
 void CutCorners(const std::vector<Direction>& ring, std::vector<Direction>& cut) {
   cut.clear();
   for (std::size_t i = 0; i < ring.size(); ++i) {

@@ -42,9 +42,9 @@ class SkyObjects {
   void DrawSample(int object, double x, double y, double radius, DisplayList& list) const;
   // The signs of that StarMark at the dot of a star of that radius around a pixel, y down.
   static void DrawSignSample(unsigned mark, double x, double y, double radius, DisplayList& list);
-  // Signs (scene/display/star_signs.h); above them discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
-  // so that a bright star lies over its neighbours. Solid ones (style_rules.h) the other way round, each with
-  // a rim: none hides another.
+  // Signs (display/star_signs.h), over them discs in the colour of the spectral class, bright ones with a
+  // soft shine; the faintest first, so that a bright star lies over its neighbours. Solid ones
+  // (style_rules.h) the other way round, each with a rim: none hides another.
   void DrawStars(DisplayList& list) const;
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }

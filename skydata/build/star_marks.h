@@ -16,9 +16,9 @@ struct StarMarks {
   bool planets = false;
 };
 
-// By HR number, from doubles/doubles.tsv, stars/variables.tsv and stars/planet_hosts.tsv; one that is not there
-// marks no star. Of several pairs of a star the one with the brightest companion, the first of equals. Throws
-// SourceError for a damaged table.
+// By HR number, from doubles/doubles.tsv, stars/variables.tsv and stars/planet_hosts.tsv; a table that is
+// not there marks no star. Of several pairs of a star the one with the brightest companion, the first of
+// equals. Throws SourceError for a damaged table.
 std::map<int, StarMarks> ReadStarMarks(const std::filesystem::path& source);
 
 }  // namespace skydata

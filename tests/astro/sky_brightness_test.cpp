@@ -144,8 +144,8 @@ TEST(SkyBrightness, DaylightIsThatOfClearSkies) {
   EXPECT_LT(ZenithLuminance(WithSun(60.0)), 10000.0);
 }
 
-// Zenith luminance of clear skies, cd/m2: Preetham, Shirley & Smits 1999, appendix A.2, at turbidity 2.5, worked out
-// by a program of its own. Both are models; a factor of 2 is what is promised by day.
+// Zenith luminance of clear skies, cd/m2: Preetham, Shirley & Smits 1999, appendix A.2, at turbidity 2.5,
+// worked out by a program of its own. Both are models; a factor of 2 is what is promised by day.
 TEST(SkyBrightness, ZenithByDayAgreesWithAnotherModel) {
   constexpr struct {
     double sun, luminance;

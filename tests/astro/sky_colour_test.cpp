@@ -42,8 +42,8 @@ TEST(SkyColour, ZenithByDayIsThePublishedOne) {
   EXPECT_LT(x, 0.27) << "blue";
 }
 
-// The same formulas worked out for further heights of the Sun by a program of their own. From 30 degrees down
-// the zenith leaves the model, which turns it pale, for the deep blue that it has at sunset: not far at first.
+// The same formulas worked out for further heights of the Sun by a program of their own. From 30 degrees
+// down the zenith leaves the model, which turns it pale, for the deep blue of sunset: not far at first.
 TEST(SkyColour, ZenithFollowsThePublishedModelThroughTheDay) {
   constexpr struct {
     double sun, x, y, apart;

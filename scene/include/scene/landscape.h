@@ -26,7 +26,7 @@ struct SCENE_API Landscape {
   // Of the highest skyline in the azimuth of a direction of the horizon frame, radians; below any altitude
   // where there are no layers.
   double GetSkyline(const Direction& direction) const;
-  // Whether it hides what stands in a direction of the horizon frame, as far as a disc of that radius reaches.
+  // Whether it hides a disc of that radius in a direction of the horizon frame, its upper limb too.
   bool Hides(const Direction& direction, double radius = 0.0) const;
 };
 

@@ -22,9 +22,9 @@ enum StarMark : unsigned char {
   kHasPlanets = 4
 };
 
-// The luminosity class in a spectral type, MK or the older letters before it: 1 supergiants ("Iab", c), 2 "II",
-// 3 giants ("III", g), 4 subgiants ("IV", sg), 5 dwarfs ("V", d), 6 subdwarfs ("VI", sd), 7 white dwarfs
-// ("DA2", wd); of several the first. ObjectTraits::kNoClass where it has none.
+// The luminosity class in a spectral type, MK or the older letters before it: 1 supergiants ("Iab", c), 2
+// "II", 3 giants ("III", g), 4 subgiants ("IV", sg), 5 dwarfs ("V", d), 6 subdwarfs ("VI", sd), 7 white
+// dwarfs ("DA2", wd); of several the first. ObjectTraits::kNoClass where it has none.
 SCENE_API unsigned char FindLuminosityClass(std::string_view spectrum);
 
 // The stars as every frame needs them: one array a quantity, the same index everywhere, the brightest first,

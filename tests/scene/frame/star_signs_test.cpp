@@ -18,8 +18,8 @@ namespace {
 
 constexpr int kDouble = 1, kVariable = 2, kHost = 3, kPlain = 4;
 
-// Four stars of magnitude 2 a degree apart on the equator at right ascension 84 to 87 degrees; the fainter star
-// of the double stands to the east.
+// Four stars of magnitude 2 a degree apart on the equator at right ascension 84 to 87 degrees; the fainter
+// star of the double stands to the east.
 class StarSigns : public testing::Test {
  protected:
   StarSigns() {

@@ -59,9 +59,9 @@ struct RichView {
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
 // with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent; Jupiter and
-// its moons; the Moon and Mars so large that their surfaces have names; double and variable stars and one with
-// planets around υ And; a view of the first kind whose asteroids are all shown. In German, so that names in the
-// language of the texts differ from the catalog's.
+// its moons; the Moon and Mars so large that their surfaces have names; double and variable stars and one
+// with planets around υ And; a view of the second kind whose asteroids are all shown. In German, so that
+// names in the language of the texts differ from the catalog's.
 const RichView kViews[] = {
     {{1997, 4, 1, 17, 30, 0.0},
      30.0,
