@@ -209,7 +209,7 @@ void BodyPen::DrawShadow(const DrawnShadow& shadow) const {
 }
 
 void BodyPen::DrawTail(const Colour& colour) const {
-  const double length = 9.0 * m_Drawn.radius + 8.0 * static_cast<double>(m_List.GetUnit());
+  const double length = 12.0 * m_Drawn.radius + 22.0 * static_cast<double>(m_List.GetUnit());
   const double awayX = -m_Drawn.toSun.x, awayY = m_Drawn.toSun.y;  // y down
   GradientRecord tail = {};
   const auto corner = [&](int i, double along, double aside) {

@@ -94,8 +94,7 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
   drawn.radius = place.radius;
   drawn.asDisc = body == kSunBody || body == kMoonBody ||
                  tests.GetTrueRadius(state) > tests.GetSymbolRadius(body, place.dim);
-  drawn.opacity =
-      tests.HasMagnitude(body) ? tests.GetLimits(entry.id.kind).Opacity(state.code + place.dim) : 1.0f;
+  drawn.opacity = tests.GetLimits(entry.id.kind).Opacity(tests.GetDrawnCode(body, place.dim));
   drawn.cosPhase = (moon ? shown.moonPhases : shown.planetPhases) ? std::cos(state.seen.phaseAngle) : 1.0;
   drawn.toSun = m_Model.GetSun().known
                     ? FindSunward(geometry, state.seen.apparent, m_Model.GetSun().seen.apparent, place.pixel)
@@ -113,19 +112,16 @@ void BodyMarks::Add(const ViewGeometry& geometry, const BodyTests& tests, const 
 void BodyMarks::PlaceLabels(const ViewGeometry& geometry, const BodyTests& tests, const ShownKinds& shown,
                             LabelPlacer& labels) {
   for (auto& drawn : m_Drawn) {
-    const auto body = static_cast<std::size_t>(drawn.body);
-    const int kind = m_Model.GetBodies()[body].id.kind;
+    const SSO_ID& id = m_Model.GetBodies()[static_cast<std::size_t>(drawn.body)].id;
+    const int kind = id.kind;
     if (!shown.GetLabels(kind).shown) continue;
-    if (tests.HasMagnitude(drawn.body) && m_Model.GetStates()[body].code > tests.GetLimits(kind).label) {
-      continue;
-    }
+    if (!tests.IsLabelled(drawn.body)) continue;
     if (tests.FindDistanceToPlanet(drawn.body, drawn.place) < kLabelApart * geometry.unit) continue;
     const LabelKind labelKind = LabelKindOfBody(kind);
     const double size = (drawn.body > kMoonBody && kind == FourCC("moon") ? 11.0
                          : labelKind == LabelKind::kPlanet                ? 14.0
                                                                           : 11.0) *
                         geometry.unit;
-    const SSO_ID& id = m_Model.GetBodies()[body].id;
     const double ring = GetStyleRules(shown.style).ringedBodies ? 3.0 * geometry.unit : 0.0;
     drawn.labelIndex = labels.PlaceBeside(GetLabel(drawn.body, shown).c_str(), drawn.place,
                                           drawn.radius + ring, size, labelKind, {id.kind, id.number});

@@ -32,14 +32,14 @@ std::optional<SkySources> SolarSystemPart::FindSources(const ObserverFrame& obse
 
 void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame& observer,
                               const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light,
-                              LabelPlacer& labels) {
+                              const Landscape& landscape, LabelPlacer& labels) {
   m_Orbits.Clear();
   m_Paths.Clear();
   m_Passes.Clear();
   m_Names.Clear();
   if (!m_FromEarth) return m_Marks.Clear();
   const EarthPlace place = GetPlace(geometry.camera);
-  const BodyTests tests(m_Model, geometry, observer, shown, filters, light);
+  const BodyTests tests(m_Model, geometry, observer, shown, filters, light, landscape);
   m_Marks.Compute(geometry, tests, shown, m_Shadows);
   m_Names.Compute(geometry, observer, m_Model, m_Marks.GetDrawn(), shown, labels);
   m_Marks.KeepClear(labels);
@@ -50,9 +50,10 @@ void SolarSystemPart::Compute(const ViewGeometry& geometry, const ObserverFrame&
 
 void SolarSystemPart::PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer,
                                   const ShownKinds& shown, const ObjectFilters& filters,
-                                  const SkyLight& light, LabelPlacer& labels) {
+                                  const SkyLight& light, const Landscape& landscape, LabelPlacer& labels) {
   if (!m_FromEarth) return;
-  m_Marks.PlaceLabels(geometry, BodyTests(m_Model, geometry, observer, shown, filters, light), shown, labels);
+  m_Marks.PlaceLabels(geometry, BodyTests(m_Model, geometry, observer, shown, filters, light, landscape),
+                      shown, labels);
   if (observer.horizon && shown.spacecraft) {
     m_Passes.Compute(geometry, GetPlace(geometry.camera), geometry.camera.GetLocUTCdelta(), labels);
   }

@@ -36,11 +36,13 @@ class SolarSystemPart {
   std::optional<SkySources> FindSources(const ObserverFrame& observer) const;
   // Keeps labels off the bodies.
   void Compute(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
-               const ObjectFilters& filters, const SkyLight& light, LabelPlacer& labels);
+               const ObjectFilters& filters, const SkyLight& light, const Landscape& landscape,
+               LabelPlacer& labels);
 
   // Labels what Compute has found, and the passes of satellites.
   void PlaceLabels(const ViewGeometry& geometry, const ObserverFrame& observer, const ShownKinds& shown,
-                   const ObjectFilters& filters, const SkyLight& light, LabelPlacer& labels);
+                   const ObjectFilters& filters, const SkyLight& light, const Landscape& landscape,
+                   LabelPlacer& labels);
 
   void DrawOrbits(const SkyColours& sky, DisplayList& list) const {
     m_Orbits.Draw(sky, list);

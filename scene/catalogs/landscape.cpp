@@ -113,6 +113,12 @@ double Landscape::GetSkyline(const Direction& direction) const {
   return skyline;
 }
 
+bool Landscape::Hides(const Direction& direction, double radius) const {
+  constexpr double kHighest = 0.7;  // sine of more than the picture of a landscape reaches up to, and a disc
+  if (direction.v[2] > kHighest || layers.empty()) return false;
+  return std::asin(std::clamp(direction.v[2], -1.0, 1.0)) + radius < GetSkyline(direction);
+}
+
 bool ParseLandscape(std::string_view svg, double leftAzimuth, Landscape& landscape, std::string& error) {
   constexpr std::string_view kElement = "<polygon";
   Landscape read;

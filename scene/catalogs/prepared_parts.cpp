@@ -79,7 +79,7 @@ constexpr std::size_t kVector = sizeof(std::vector<int>);
 static_assert(sizeof(void*) != 8 ||
               (sizeof(NebulaOutline) == 48 && sizeof(NebulaArea) == 12 && sizeof(NebulaRing) == 8 &&
                sizeof(FigureStroke) == 12 && sizeof(BoundaryEdge) == 24 && sizeof(DeepskyObject) == 80 &&
-               sizeof(StarCatalog) == 11 * kVector + sizeof(std::string) + 8 &&
+               sizeof(StarCatalog) == 14 * kVector + sizeof(std::string) + 8 &&
                sizeof(NebulaOutlines) == 4 * kVector && sizeof(ConstellationBounds) == 3 * kVector));
 
 // Where a text begins among those of its catalog.
@@ -130,6 +130,9 @@ void PreparedParts::ExchangeStars(File& file, StarCatalog& stars) {
   file.Items(stars.m_Numbers);
   file.Items(stars.m_Colours);
   file.Items(stars.m_Catalogs);
+  file.Items(stars.m_Luminosities);
+  file.Items(stars.m_Marks);
+  file.Items(stars.m_PairAngles);
   file.Items(stars.m_Records);
   file.Items(stars.m_ProperNames);
   file.Items(stars.m_Letters);
@@ -242,8 +245,9 @@ bool PreparedParts::IsSound(const StarCatalog& stars) {
   const std::size_t count = stars.m_Codes.size();
   for (const std::size_t size :
        {stars.m_Directions.size(), stars.m_Motions.size(), stars.m_Spectra.size(), stars.m_Numbers.size(),
-        stars.m_Colours.size(), stars.m_Catalogs.size(), stars.m_Records.size(), stars.m_ProperNames.size(),
-        stars.m_Letters.size(), stars.m_Designations.size()}) {
+        stars.m_Colours.size(), stars.m_Catalogs.size(), stars.m_Luminosities.size(), stars.m_Marks.size(),
+        stars.m_PairAngles.size(), stars.m_Records.size(), stars.m_ProperNames.size(), stars.m_Letters.size(),
+        stars.m_Designations.size()}) {
     if (size != count) return false;
   }
   for (const auto* places : {&stars.m_ProperNames, &stars.m_Letters, &stars.m_Designations}) {

@@ -21,7 +21,7 @@ namespace {
 
 // The file: magic, version, the texts, the fingerprint of what follows.
 constexpr std::string_view kMagic = "SKYREADY";
-constexpr std::uint32_t kVersion = 1;
+constexpr std::uint32_t kVersion = 2;
 constexpr char kDamaged[] = "the prepared catalogs are damaged";
 constexpr std::size_t kTextEntrySize = 16;  // size and fingerprint
 constexpr std::size_t kPartAt = 12, kTextsAt = 16, kMostTexts = 4;

@@ -29,6 +29,22 @@ Direction MakeMotion(double ra, double dec, double east, double north) {
   return {{-sa * east - ca * sd * north, ca * east - sa * sd * north, cd * north}};
 }
 
+// Columns of this table alone.
+const int kPairAngle = GetUniqueID("PairAngle"), kHasPlanetsColumn = GetUniqueID("HasPlanets");
+
+unsigned char FindMarks(const CatalogTable& table) {
+  unsigned marks = 0;
+  if (FieldNumber(table, kPairAngle, kMissing) < kMissing) marks |= kDoubleStar;
+  if (*FieldText(table, FieldIds::VarName) != 0) marks |= kVariableStar;
+  if (FieldNumber(table, kHasPlanetsColumn, 0.0) > 0.0) marks |= kHasPlanets;
+  return static_cast<unsigned char>(marks);
+}
+
+float FindPairAngle(const CatalogTable& table) {
+  const double angle = FieldNumber(table, kPairAngle, kMissing);
+  return std::fabs(angle) <= 2.0 * kPi ? static_cast<float>(angle) : std::numeric_limits<float>::quiet_NaN();
+}
+
 // "α CMa", else "9 CMa".
 std::string_view ChooseDesignation(const CatalogTable& table) {
   const std::string_view bayer = FieldText(table, FieldIds::Bayer);
@@ -47,6 +63,21 @@ unsigned char CatalogBits(const CatalogTable& table) {
 
 }  // namespace
 
+unsigned char FindLuminosityClass(std::string_view spectrum) {
+  constexpr std::pair<std::string_view, unsigned char> kPrefixes[] = {
+      {"wd", 7}, {"sd", 6}, {"sg", 4}, {"c", 1}, {"g", 3}, {"d", 5}, {"D", 7}};
+  constexpr std::pair<std::string_view, unsigned char> kNumerals[] = {{"III", 3}, {"II", 2}, {"IV", 4},
+                                                                      {"I", 1},   {"VI", 6}, {"V", 5}};
+  for (const auto& [prefix, cls] : kPrefixes) {
+    if (spectrum.starts_with(prefix)) return cls;
+  }
+  const auto begin = spectrum.find_first_of("IV");
+  for (const auto& [numeral, cls] : kNumerals) {
+    if (begin != std::string_view::npos && spectrum.substr(begin).starts_with(numeral)) return cls;
+  }
+  return ObjectTraits::kNoClass;
+}
+
 void StarCatalog::Append(CatalogTable& table, int record) {
   table.Select(record);
   const double ra = FieldNumber(table, FieldIds::RA, 0.0), dec = FieldNumber(table, FieldIds::Dec, 0.0);
@@ -64,6 +95,9 @@ void StarCatalog::Append(CatalogTable& table, int record) {
   m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
                                                        : std::numeric_limits<float>::quiet_NaN());
   m_Catalogs.push_back(CatalogBits(table));
+  m_Luminosities.push_back(FindLuminosityClass(FieldText(table, FieldIds::SpectrType)));
+  m_Marks.push_back(FindMarks(table));
+  m_PairAngles.push_back(FindPairAngle(table));
   m_Records.push_back(record);
   m_ProperNames.push_back(AddText(FieldText(table, FieldIds::ProperName)));
   const std::string_view designation = ChooseDesignation(table);

@@ -50,13 +50,17 @@ void LandscapePicture::Compute(const ViewGeometry& geometry, bool wanted) {
   }
 }
 
+const Landscape& LandscapePicture::GetPainted() const {
+  static const Landscape none;
+  return m_Wanted ? m_Landscape : none;
+}
+
 void LandscapePicture::HideLabels(const ViewGeometry& geometry, LabelPlacer& labels) const {
   if (!m_Wanted) return;
   const PixelDirections directions(geometry);
   labels.Hide([&](const Label& label) {
     const Direction there = directions.Find(label.place);
-    return label.object != ObjectRef{} &&
-           std::asin(std::clamp(there.v[2], -1.0, 1.0)) < m_Landscape.GetSkyline(there);
+    return label.object != ObjectRef{} && m_Landscape.Hides(there);
   });
 }
 

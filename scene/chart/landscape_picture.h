@@ -19,6 +19,8 @@ class LandscapePicture {
 
   // Empties the picture, then fills it in if it is wanted.
   void Compute(const ViewGeometry& geometry, bool wanted);
+  // What it shows and hides, empty where none is painted. Valid as long as this.
+  const Landscape& GetPainted() const;
   // Takes away the labels of objects that stand behind it.
   void HideLabels(const ViewGeometry& geometry, LabelPlacer& labels) const;
   bool IsEmpty() const { return !m_Wanted; }

@@ -63,6 +63,7 @@ inline constexpr Colour kStars[] = {{0.62, 0.71, 1.00, 1.0}, {0.68, 0.77, 1.00, 
                                     {0.98, 0.98, 1.00, 1.0}, {1.00, 0.95, 0.84, 1.0}, {1.00, 0.83, 0.63, 1.0},
                                     {1.00, 0.70, 0.47, 1.0}, {0.93, 0.94, 1.00, 1.0}};
 inline constexpr unsigned kSpectralClasses = 7;
+inline constexpr Colour kStarSign = {0.72, 0.78, 0.90, 0.75};
 
 inline constexpr Colour kGalaxy = {0.93, 0.60, 0.66, 0.9}, kCluster = {0.90, 0.80, 0.47, 0.9},
                         kNebula = {0.47, 0.83, 0.70, 0.9}, kOtherDeepsky = {0.75, 0.67, 0.92, 0.9};

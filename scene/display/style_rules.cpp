@@ -100,10 +100,12 @@ const StyleRules& GetStyleRules(ChartStyle style) {
                                         .landscape = false,
                                         .border = true,
                                         .ringedBodies = true,
+                                        .starSigns = true,
                                         .solidStars = true,
                                         .starScale = 1.15f,
                                         .starContrast = 1.3f};
-  static constexpr StyleRules kNight = {.nightSky = true, .landscape = false, .ringedBodies = true};
+  static constexpr StyleRules kNight = {
+      .nightSky = true, .landscape = false, .ringedBodies = true, .starSigns = true};
   static constexpr StyleRules kPhoto = {.symbols = false,
                                         .caption = false,
                                         .glareReach = 6.5f,

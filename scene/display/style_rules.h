@@ -37,6 +37,7 @@ struct StyleRules {
   bool caption = true;        // and what else is written over the picture
   bool border = false;        // a line around the picture
   bool ringedBodies = false;  // a ring around what moves, as stars have none
+  bool starSigns = false;     // at every zoom (ShownKinds)
   bool solidStars = false;    // faint ones are small and not pale; brightest first, with a rim
   // Of the radii of stars: a factor, and the power that makes bright ones larger still.
   float starScale = 1.0f, starContrast = 1.0f;

@@ -19,6 +19,8 @@ namespace {
 constexpr unsigned kFirstText = 900520;  // "Magnitude", then the classes
 constexpr const char* kEnglish[] = {"Magnitude", "Galaxy",           "Open cluster", "Globular cluster",
                                     "Nebula",    "Planetary nebula", "Other object"};
+constexpr unsigned kFirstSignText = 900500;
+constexpr const char* kEnglishSigns[] = {"Double star", "Variable star", "Star with planets"};
 
 // Pixels of the standard picture.
 constexpr double kWidth = 330.0, kPadding = 14.0, kAway = 14.0, kMagnitudes = 58.0, kRow = 19.0,
@@ -26,10 +28,9 @@ constexpr double kWidth = 330.0, kPadding = 14.0, kAway = 14.0, kMagnitudes = 58
 
 float Pixel(double v) { return static_cast<float>(v); }
 
-std::string Fetch(int index) {
-  const char* const text =
-      CommonInterfaces::QX4Strings::GetString(kFirstText + static_cast<unsigned>(index), true);
-  return text && *text ? ToUtf8(text) : kEnglish[index];
+std::string Fetch(unsigned id, const char* english) {
+  const char* const text = CommonInterfaces::QX4Strings::GetString(id, true);
+  return text && *text ? ToUtf8(text) : english;
 }
 
 }  // namespace
@@ -71,14 +72,16 @@ int ChartLegend::FindClass(const DeepskyObject& object) {
 
 void ChartLegend::FetchTexts() {
   static_assert(std::size(kEnglish) == kClasses + 1);
-  m_Magnitude = Fetch(0);
-  for (int i = 0; i < kClasses; ++i) m_Names[i] = Fetch(i + 1);
+  static_assert(std::size(kEnglishSigns) == kSigns);
+  m_Magnitude = Fetch(kFirstText, kEnglish[0]);
+  for (unsigned i = 0; i < kClasses; ++i) m_Names[i] = Fetch(kFirstText + i + 1, kEnglish[i + 1]);
+  for (unsigned i = 0; i < kSigns; ++i) m_SignNames[i] = Fetch(kFirstSignText + i, kEnglishSigns[i]);
   m_Letters = FetchCompassLetters();
 }
 
 // Room for all classes, whichever occur.
 void ChartLegend::Place(const ViewGeometry& geometry, double foot, LabelPlacer& labels) {
-  constexpr double kMost = kMagnitudes + kClasses * kRow + kScaleRow + 2.0 * kPadding;
+  constexpr double kMost = kMagnitudes + (kClasses + kSigns) * kRow + kScaleRow + 2.0 * kPadding;
   m_Unit = geometry.unit;
   m_Scale = geometry.scale;
   m_Axes = FindPictureAxes(geometry);
@@ -99,12 +102,13 @@ void ChartLegend::Draw(const SkyObjects& objects, const SkyCatalogs& catalogs, c
     if (sample < 0) ++count;
     if (sample < 0) sample = drawn.object;
   }
+  for (unsigned i = 0; i < kSigns; ++i) count += (objects.GetSigns() >> i & 1u) != 0;
   const double rows = std::max(count * kRow, kLeastRows);
   const double top = m_Bottom - (kMagnitudes + rows + kScaleRow + 2.0 * kPadding) * m_Unit;
   DrawGround(top, list);
   const double y = top + kPadding * m_Unit;
   DrawMagnitudes(y, stars, list);
-  DrawSymbols(y + kMagnitudes * m_Unit, samples, objects, list);
+  DrawSigns(DrawSymbols(y + kMagnitudes * m_Unit, samples, objects, list), objects.GetSigns(), list);
   DrawArrows(y + (kMagnitudes + 0.5 * rows) * m_Unit, list);
   DrawScale(m_Bottom - kPadding * m_Unit, list);
 }
@@ -169,6 +173,20 @@ double ChartLegend::DrawSymbols(double y, const std::array<int, kClasses>& sampl
     y += kRow * m_Unit;
   }
   return y;
+}
+
+void ChartLegend::DrawSigns(double y, unsigned signs, DisplayList& list) const {
+  constexpr double kDot = 2.2;  // radius
+  for (unsigned i = 0; i < kSigns; ++i) {
+    if ((signs >> i & 1u) == 0) continue;
+    const double middle = y + 0.5 * kRow * m_Unit;
+    list.BeginSample(Layer::kChart);
+    SkyObjects::DrawSignSample(1u << i, m_Left + (kPadding + 8.0) * m_Unit, middle, kDot * m_Unit, list);
+    list.EndSample();
+    DrawText(m_SignNames[i], m_Left + (kPadding + 24.0) * m_Unit, middle + 0.36 * kFont * m_Unit, 0.0, kFont,
+             list);
+    y += kRow * m_Unit;
+  }
 }
 
 void ChartLegend::DrawScale(double y, DisplayList& list) const {

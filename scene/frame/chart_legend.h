@@ -27,7 +27,7 @@ ScaleBar FindScaleBar(double scale, double most);
 // texts only.
 class ChartLegend {
  public:
-  static constexpr int kClasses = 6;
+  static constexpr int kClasses = 6, kSigns = 3;      // of deep-sky objects, at stars
   static int FindClass(const DeepskyObject& object);  // 0 to kClasses - 1
 
   ChartLegend() { FetchTexts(); }
@@ -43,12 +43,13 @@ class ChartLegend {
   void DrawMagnitudes(double y, const ClassLimits& stars, DisplayList& list) const;
   double DrawSymbols(double y, const std::array<int, kClasses>& samples, const SkyObjects& objects,
                      DisplayList& list) const;
+  void DrawSigns(double y, unsigned signs, DisplayList& list) const;
   void DrawScale(double y, DisplayList& list) const;
   void DrawArrows(double y, DisplayList& list) const;
   void DrawText(const std::string& text, double x, double y, double anchor, double size,
                 DisplayList& list) const;
 
-  std::string m_Magnitude, m_Names[kClasses];
+  std::string m_Magnitude, m_Names[kClasses], m_SignNames[kSigns];
   CompassLetters m_Letters{};
   PictureAxes m_Axes{};
   double m_Unit = 1.0, m_Scale = 1.0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "scene/display/palette.h"
 #include "scene/display/region_drawing.h"
@@ -17,6 +18,33 @@ constexpr double kLeastSize = 16.0, kFullSize = 60.0;
 // Of an edge: a part of that diameter, so that a nebula that fills the picture has no hard ones.
 constexpr double kSoftPart = 0.002, kLeastSoftness = 0.4, kMostSoftness = 2.0;
 
+// A ring whose edges are longer than that, pixels, is drawn smooth: at most so many times each corner is cut.
+constexpr double kLongEdge = 6.0;
+constexpr int kMostRounds = 3;
+
+double FindMeanEdge(const std::vector<Direction>& ring) {
+  double sum = 0.0;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Direction &a = ring[i], &b = ring[i + 1 < ring.size() ? i + 1 : 0];
+    sum += std::sqrt(2.0 * std::max(0.0, 1.0 - Dot(a, b)));
+  }
+  return sum / static_cast<double>(ring.size());
+}
+
+// Of an edge what lies from a quarter to three quarters of the way stays (G. M. Chaikin 1974, Computer
+// Graphics and Image Processing 3, 346).
+void CutCorners(const std::vector<Direction>& ring, std::vector<Direction>& cut) {
+  cut.clear();
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Direction &a = ring[i], &b = ring[i + 1 < ring.size() ? i + 1 : 0];
+    for (const double part : {0.25, 0.75}) {
+      Direction& point = cut.emplace_back();
+      for (int k = 0; k < 3; ++k) point.v[k] = a.v[k] + part * (b.v[k] - a.v[k]);
+      point = Normalised(point);
+    }
+  }
+}
+
 }  // namespace
 
 NebulaClouds::NebulaClouds(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
@@ -25,7 +53,8 @@ NebulaClouds::NebulaClouds(const SkyCatalogs& catalogs) : m_Catalogs(catalogs) {
   m_Clouds.reserve(all.areas.size());
   std::size_t longest = 0;
   for (const NebulaRing& ring : all.rings) longest = std::max(longest, static_cast<std::size_t>(ring.count));
-  m_Apparent.reserve(longest);
+  m_Apparent.reserve(longest << kMostRounds);
+  m_Cut.reserve(longest << kMostRounds);
 }
 
 bool NebulaClouds::IsShown(const NebulaOutline& outline, const ObjectTests& tests,
@@ -66,6 +95,18 @@ void NebulaClouds::AddOutline(const ViewGeometry& geometry, const ObserverFrame&
   }
 }
 
+// Wherever so many are in the picture that there is no room for more points, they are small.
+void NebulaClouds::Smooth(const ViewGeometry& geometry) {
+  double edge = geometry.camera.VisRad2PixD(FindMeanEdge(m_Apparent)) / geometry.unit;
+  const std::size_t most = m_Catalogs.nebulaOutlines.points.size();
+  for (int round = 0; round < kMostRounds && edge > kLongEdge; ++round) {
+    if (m_Picture.points.size() + 2 * m_Apparent.size() > most) return;
+    CutCorners(m_Apparent, m_Cut);
+    std::swap(m_Apparent, m_Cut);
+    edge *= 0.5;
+  }
+}
+
 // A nebula spans some degrees: the point opposite to any of its own is outside.
 void NebulaClouds::AddArea(const ViewGeometry& geometry, const ObserverFrame& observer,
                            const NebulaArea& area) {
@@ -75,6 +116,7 @@ void NebulaClouds::AddArea(const ViewGeometry& geometry, const ObserverFrame& ob
     m_Apparent.clear();
     for (int k = ring.first; k < ring.first + ring.count; ++k)
       m_Apparent.push_back(ApparentDirection(all.points[static_cast<std::size_t>(k)], observer));
+    Smooth(geometry);
     const double* v = m_Apparent.front().v;
     RegionProjector(geometry, SkyFrameOf::kJ2000, {{-v[0], -v[1], -v[2]}}, m_Picture).AddRing(m_Apparent);
   }

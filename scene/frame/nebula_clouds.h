@@ -42,10 +42,13 @@ class NebulaClouds {
   void AddOutline(const ViewGeometry& geometry, const ObserverFrame& observer, int outline, double size);
   void AddArea(const ViewGeometry& geometry, const ObserverFrame& observer, const NebulaArea& area);
 
+  // Makes a curve of the ring in m_Apparent where its edges are long in the picture.
+  void Smooth(const ViewGeometry& geometry);
+
   const SkyCatalogs& m_Catalogs;
   RegionPicture m_Picture;
   std::vector<Cloud> m_Clouds;
-  std::vector<Direction> m_Apparent;  // the points of one ring
+  std::vector<Direction> m_Apparent, m_Cut;  // the points of one ring, and those with its corners cut
 };
 
 }  // namespace scene

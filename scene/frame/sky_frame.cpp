@@ -16,7 +16,8 @@ namespace {
 
 // Room for frames that show everything there is; what the user adds (markers, favourites, outlines, orbits)
 // grows once.
-DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars) {
+DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tileStars,
+                                   std::size_t starSigns) {
   constexpr std::size_t kOverlays = 2000, kRimPoints = 4000, kTextLength = 24, kGridLines = 1000,
                         kGridVertices = 60000, kRingColours = 4096;
   constexpr std::size_t kTextsOfLabel = 5;  // on discs labels have shadows
@@ -30,10 +31,10 @@ DisplayList::Capacity FindCapacity(const SkyCatalogs& catalogs, std::size_t tile
   capacity.colours = kRingColours + SkyLight::kColumns * SkyLight::kRows + MilkyWayPicture::kMostNodes;
   capacity.shadows = kEarthShadows + catalogs.bodies.size();
   const std::size_t symbols = catalogs.deepsky.size();
-  capacity.ellipses = symbols + catalogs.bodies.size();
+  capacity.ellipses = symbols + catalogs.bodies.size() + 2 * starSigns;
   const NebulaOutlines& nebulae = catalogs.nebulaOutlines;
   capacity.polylines = catalogs.figurePoints.size() + kMostSymbolLines * symbols +
-                       catalogs.bounds.GetPointCount() + kOverlays + kGridLines;
+                       catalogs.bounds.GetPointCount() + kOverlays + kGridLines + starSigns;
   capacity.polygons = catalogs.bodies.size() + nebulae.areas.size() + kOverlays;
   capacity.gradients = catalogs.bodies.size() + kGrounds;
   constexpr std::size_t kGlobeVertices = 8 * 1000;  // of lines on discs that are seen at a time
@@ -122,7 +123,7 @@ FrameParts::FrameParts(const SkyCatalogs& catalogs)
       solarSystem(catalogs.bodies, catalogs.gazetteers),
       objects(catalogs),
       favourites(catalogs) {
-  list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity()));
+  list.Reserve(FindCapacity(catalogs, objects.GetTileStars().GetCapacity(), objects.GetMostSigns()));
   list.SetMaps(solarSystem.GetMarks().GetGlobes().GetMapPaths());
 }
 
@@ -179,7 +180,10 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   } else {
     parts.light.SetPlain();
   }
-  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light);
+  const bool horizon = observer.horizon;
+  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
+  const Landscape& landscape = parts.landscape.GetPainted();
+  const ObjectTests tests(m_Catalogs, geometry, observer, shown, filters, parts.light, landscape);
   const bool written = GetStyleRules(shown.style).caption;
   if (written) parts.caption.Place(geometry, labels);
   if (parts.withLegend)
@@ -187,21 +191,19 @@ void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFra
   parts.finders.Compute(geometry, labels);
   parts.markers.Compute(geometry, labels);
   parts.milkyWay.Compute(geometry, parts.light, shown.milkyWay);
-  const bool horizon = observer.horizon;
   parts.horizon.Compute(geometry, {shown.horizon && horizon, shown.horizonLine, shown.compass && horizon},
                         labels);
-  parts.landscape.Compute(geometry, shown.horizon && horizon && GetStyleRules(shown.style).landscape);
   parts.grids.Compute(geometry, observer, shown.lines, tests, labels);
   parts.boundaries.Compute(geometry, observer, tests, shown.boundaries);
   parts.figures.Compute(geometry, observer, tests);
   parts.asterisms.Compute(geometry, observer, tests, shown.asterisms);
   parts.nebulae.Compute(geometry, observer, tests, shown);
   parts.objects.Compute(geometry, tests);
-  parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, labels);
+  parts.solarSystem.Compute(geometry, observer, shown, filters, parts.light, landscape, labels);
   parts.favourites.Compute(geometry, tests, labels);
   parts.radiants.Compute(geometry, observer, tests, labels);
   parts.imageFrames.Compute(geometry, observer, tests, labels);
-  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, labels);
+  parts.solarSystem.PlaceLabels(geometry, observer, shown, filters, parts.light, landscape, labels);
   parts.objects.PlaceLabels(geometry, tests, labels);
   parts.figures.PlaceNames(geometry, tests, shown.GetConstellationForm(), labels);
   parts.asterisms.PlaceNames(geometry, observer, tests, labels);

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "scene/display/star_signs.h"
 #include "scene/display/star_tint.h"
-#include "scene/display/style_rules.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -63,12 +63,19 @@ float FindSymbolOpacity(float code, float dim, const ClassLimits& limits) {
   return limits.Opacity(code + dim) * (rest < fade ? std::max(rest, 0.0f) / fade : 1.0f);
 }
 
+// A wide view of the screen would be full of them.
+unsigned FindSigns(const ViewGeometry& geometry, const ObjectTests& tests) {
+  constexpr double kScreenFrom = 4.0;
+  const StyleRules& rules = GetStyleRules(tests.GetStyle());
+  return rules.symbols && (rules.starSigns || geometry.camera.GetZoom() >= kScreenFrom) ? tests.GetSigns()
+                                                                                        : 0;
+}
+
 // Which labels come first: of objects of Messier's list that have a name, of others with one, of the list, of
 // the rest.
 int FindLabelRank(const DeepskyObject& object) {
   return (*object.properName ? 0 : 2) + ((object.catalogs & kInMessier) != 0 ? 0 : 1);
 }
-constexpr int kLabelRanks = 4;
 
 }  // namespace
 
@@ -88,6 +95,10 @@ SkyObjects::SkyObjects(const SkyCatalogs& catalogs)
   m_Stars.reserve(static_cast<std::size_t>(catalogs.stars.GetCount()) + m_TileStars.GetCapacity());
   m_Deepsky.reserve(catalogs.deepsky.size());
   m_StarLabels.reserve(LabelPlacer::kMaxLabels);
+  m_Turns.reserve(std::max(static_cast<std::size_t>(catalogs.stars.GetCount()), catalogs.deepsky.size()));
+  std::size_t marked = 0;
+  for (int i = 0; i < catalogs.stars.GetCount(); ++i) marked += catalogs.stars.GetMarks(i) != 0;
+  m_Signed.reserve(marked);
 }
 
 void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests) {
@@ -96,11 +107,19 @@ void SkyObjects::Compute(const ViewGeometry& geometry, const ObjectTests& tests)
   m_Pool.clear(false);
   m_Stars.clear();
   m_Deepsky.clear();
+  m_Signed.clear();
+  m_Signs = 0;
+  m_Wanted = FindSigns(geometry, tests);
   AddStars(geometry, tests);
   AddDeepsky(geometry, tests);
 }
 
 void SkyObjects::PlaceLabels(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+  KeepNotableClear(geometry, GetStyleRules(tests.GetStyle()), labels);
+  for (const auto& drawn : m_Deepsky) {
+    const auto& place = drawn.output->m_Place;
+    if (LabelOrder::IsAimedAt(geometry, place.x, place.y)) LabelDeepskyObject(geometry, tests, drawn, labels);
+  }
   LabelStars(geometry, tests, labels);
   LabelDeepsky(geometry, tests, labels);
 }
@@ -117,18 +136,32 @@ void SkyObjects::AddStars(const ViewGeometry& geometry, const ObjectTests& tests
     if (!tests.IsStarDrawn(i, place)) continue;
     while (next < m_TileStars.GetCount() && m_TileStars.Get(next).star.GetCode() < stars.GetCode(i))
       AddTileStar(geometry, m_TileStars.Get(next++), limits);
-    AddBrightStar(geometry, place, i, limits);
+    AddBrightStar(geometry, tests, place, i);
   }
   while (next < m_TileStars.GetCount()) AddTileStar(geometry, m_TileStars.Get(next++), limits);
 }
 
-void SkyObjects::AddBrightStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
-                               const ClassLimits& limits) {
+void SkyObjects::AddBrightStar(const ViewGeometry& geometry, const ObjectTests& tests,
+                               const ObjectPlace& place, int star) {
   const StarCatalog& stars = m_Catalogs.stars;
   if (auto* output = MakeStarOutput(geometry, place.pixel, place.radius)) {
-    m_Stars.push_back({output, star, stars.GetNumber(star), limits.Opacity(stars.GetCode(star) + place.dim),
+    AddSigns(geometry, place, star);
+    m_Stars.push_back({output, star, stars.GetNumber(star),
+                       tests.GetStarLimits().Opacity(stars.GetCode(star) + place.dim),
                        stars.GetSpectrum(star)});
   }
+}
+
+// Dots that are too small for a sign to be told from have none.
+void SkyObjects::AddSigns(const ViewGeometry& geometry, const ObjectPlace& place, int star) {
+  constexpr double kLeast = 1.25;  // radius, pixels of the standard picture
+  const unsigned marks = m_Catalogs.stars.GetMarks(star) & m_Wanted;
+  if (marks == 0 || place.radius < kLeast * geometry.unit) return;
+  const bool isDouble = (marks & kDoubleStar) != 0;
+  m_Signed.push_back(
+      {m_Stars.size(), marks,
+       isDouble ? FindSymbolAngle(geometry, place, m_Catalogs.stars.GetPairAngle(star)) : 0.0f});
+  m_Signs |= marks;
 }
 
 void SkyObjects::AddTileStar(const ViewGeometry& geometry, const PlacedTileStar& placed,
@@ -198,38 +231,73 @@ const char* SkyObjects::MakeStarLabel(int star, const LabelRules& rules) {
   return label;
 }
 
-void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+void SkyObjects::KeepNotableClear(const ViewGeometry& geometry, const StyleRules& style,
+                                  LabelPlacer& labels) const {
   constexpr double kNotable = 2.0;  // pixels; larger discs keep labels of others away
-  const StarCatalog& stars = m_Catalogs.stars;
-  const StyleRules& style = GetStyleRules(tests.GetStyle());
   for (const auto& drawn : m_Stars) {
     const auto& place = drawn.output->m_Place;
     const float radius = style.GetStarRadius(place.radius, static_cast<float>(geometry.unit));
     if (radius > kNotable * geometry.unit) labels.Reserve({place.x, place.y}, radius, radius);
   }
+}
+
+// Signs stand in the order of the stars.
+void SkyObjects::LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
+  const StarCatalog& stars = m_Catalogs.stars;
+  const StyleRules& style = GetStyleRules(tests.GetStyle());
   const LabelRules& rules = tests.GetLabels(FourCC("star"));
+  const auto unit = static_cast<float>(geometry.unit);
   m_StarLabels.clear();
   if (!rules.shown) return;
-  for (const auto& drawn : m_Stars) {
-    if (drawn.star < 0) continue;  // nameless
-    if (stars.GetCode(drawn.star) > tests.GetStarLimits().label) break;
+  for (const LabelTurn& turn : FindStarTurns(geometry, tests)) {
+    const DrawnStar& drawn = m_Stars[turn.index];
     const auto& place = drawn.output->m_Place;
-    const auto unit = static_cast<float>(geometry.unit);
     const bool proper = rules.commonName && stars.HasProperName(drawn.star);
+    const float sign = HasSign(turn.index) ? kSignReach * unit : 0.0f;
     drawn.output->m_LabelIndex = labels.PlaceBeside(
-        MakeStarLabel(drawn.star, rules), {place.x, place.y}, style.GetStarRadius(place.radius, unit),
+        MakeStarLabel(drawn.star, rules), {place.x, place.y}, style.GetStarRadius(place.radius, unit) + sign,
         (proper ? 13.0 : 11.0) * geometry.unit, proper ? LabelKind::kStarName : LabelKind::kStarLetter,
         {FourCC("star"), drawn.number});
   }
 }
 
-// Important ones first, among them the brighter ones.
+const std::vector<LabelTurn>& SkyObjects::FindStarTurns(const ViewGeometry& geometry,
+                                                        const ObjectTests& tests) {
+  m_Turns.clear();
+  for (std::size_t i = 0; i < m_Stars.size(); ++i) {
+    const DrawnStar& drawn = m_Stars[i];
+    if (drawn.star < 0) continue;  // nameless
+    const float code = m_Catalogs.stars.GetCode(drawn.star);
+    if (code > tests.GetStarLimits().label) break;
+    const auto& place = drawn.output->m_Place;
+    m_Turns.push_back({LabelOrder::Find(geometry, place.x, place.y, code), static_cast<unsigned>(i)});
+  }
+  std::sort(m_Turns.begin(), m_Turns.end());
+  return m_Turns;
+}
+
+bool SkyObjects::HasSign(std::size_t drawn) const {
+  const auto found =
+      std::lower_bound(m_Signed.begin(), m_Signed.end(), drawn,
+                       [](const SignedStar& sign, std::size_t index) { return sign.drawn < index; });
+  return found != m_Signed.end() && found->drawn == drawn;
+}
+
+// Important ones first, among them by the order of all labels.
 void SkyObjects::LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels) {
-  for (int rank = 0; rank < kLabelRanks; ++rank) {
-    for (const auto& drawn : m_Deepsky) {
-      const auto& object = m_Catalogs.deepsky[static_cast<std::size_t>(drawn.object)];
-      if (FindLabelRank(object) == rank) LabelDeepskyObject(geometry, tests, drawn, labels);
-    }
+  constexpr float kRank = 1e4f;  // codes, more than there are
+  m_Turns.clear();
+  for (std::size_t i = 0; i < m_Deepsky.size(); ++i) {
+    const auto& object = m_Catalogs.deepsky[static_cast<std::size_t>(m_Deepsky[i].object)];
+    const auto& place = m_Deepsky[i].output->m_Place;
+    m_Turns.push_back({kRank * static_cast<float>(FindLabelRank(object)) +
+                           LabelOrder::Find(geometry, place.x, place.y, object.code),
+                       static_cast<unsigned>(i)});
+  }
+  std::sort(m_Turns.begin(), m_Turns.end());
+  for (const LabelTurn& turn : m_Turns) {
+    const DrawnDeepsky& drawn = m_Deepsky[turn.index];
+    if (drawn.output->m_LabelIndex < 0) LabelDeepskyObject(geometry, tests, drawn, labels);
   }
 }
 

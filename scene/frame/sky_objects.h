@@ -7,7 +7,9 @@
 
 #include "common_interfaces/output_pool.h"
 #include "scene/class_limits.h"
+#include "scene/display/label_order.h"
 #include "scene/display/labels.h"
+#include "scene/display/style_rules.h"
 #include "scene/drawn_objects.h"
 #include "scene/frame/nebula_clouds.h"
 #include "scene/frame/tile_stars.h"
@@ -38,26 +40,43 @@ class SkyObjects {
   void DrawDeepsky(const NebulaClouds& clouds, double strength, DisplayList& list) const;
   // The symbol of a deep-sky object of the catalog, of that radius around a pixel, y down.
   void DrawSample(int object, double x, double y, double radius, DisplayList& list) const;
-  // Discs in the colour of the spectral class, with a soft shine around the bright ones; the faintest first,
-  // so that a bright star lies over its neighbours. Solid ones (style_rules.h) the other way round, each with
-  // a rim: none hides another.
+  // The signs of that StarMark at the dot of a star of that radius around a pixel, y down.
+  static void DrawSignSample(unsigned mark, double x, double y, double radius, DisplayList& list);
+  // Signs (display/star_signs.h), over them discs in the colour of the spectral class, bright ones with a
+  // soft shine; the faintest first, so that a bright star lies over its neighbours. Solid ones
+  // (style_rules.h) the other way round, each with a rim: none hides another.
   void DrawStars(DisplayList& list) const;
 
   const std::vector<DrawnStar>& GetStars() const { return m_Stars; }
   const std::vector<DrawnDeepsky>& GetDeepsky() const { return m_Deepsky; }
+  unsigned GetSigns() const { return m_Signs; }  // which occur, of StarMark
+  std::size_t GetMostSigns() const { return m_Signed.capacity(); }
   bool IsPoolExhausted() const { return m_PoolExhausted; }
   const TileStars& GetTileStars() const { return m_TileStars; }
 
  private:
+  // A star with signs: where in the list of stars it stands, its marks and the angle of its bar.
+  struct SignedStar {
+    std::size_t drawn;
+    unsigned marks;
+    float angle;
+  };
+  void AddSigns(const ViewGeometry& geometry, const ObjectPlace& place, int star);
+  void DrawSigns(DisplayList& list) const;
   void AddStars(const ViewGeometry& geometry, const ObjectTests& tests);
-  void AddBrightStar(const ViewGeometry& geometry, const ObjectPlace& place, int star,
-                     const ClassLimits& limits);
+  void AddBrightStar(const ViewGeometry& geometry, const ObjectTests& tests, const ObjectPlace& place,
+                     int star);
   void AddTileStar(const ViewGeometry& geometry, const PlacedTileStar& placed, const ClassLimits& limits);
   CommonInterfaces::StarOutput* MakeStarOutput(const ViewGeometry& geometry, const tPoint<double>& pixel,
                                                double radius);
   void AddDeepsky(const ViewGeometry& geometry, const ObjectTests& tests);
   void AddDeepskyObject(const ViewGeometry& geometry, const ObjectPlace& place, int object,
                         const ClassLimits& limits);
+  // Keeps the labels of others off large discs.
+  void KeepNotableClear(const ViewGeometry& geometry, const StyleRules& style, LabelPlacer& labels) const;
+  // The stars that want a label, by index.
+  const std::vector<LabelTurn>& FindStarTurns(const ViewGeometry& geometry, const ObjectTests& tests);
+  bool HasSign(std::size_t drawn) const;
   void LabelStars(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
   const char* MakeStarLabel(int star, const LabelRules& rules);
   void LabelDeepsky(const ViewGeometry& geometry, const ObjectTests& tests, LabelPlacer& labels);
@@ -71,6 +90,9 @@ class SkyObjects {
   unsigned m_Number = 0;  // of the frame
   std::vector<DrawnStar> m_Stars;
   std::vector<DrawnDeepsky> m_Deepsky;
+  unsigned m_Wanted = 0, m_Signs = 0;              // signs, of StarMark: which may be drawn, which are
+  std::vector<SignedStar> m_Signed;                // in the order of the stars
+  std::vector<LabelTurn> m_Turns;                  // of the labels, of stars and then of deep-sky objects
   std::vector<std::array<char, 64>> m_StarLabels;  // with magnitudes; the labels of the frame point into it
 };
 

@@ -6,6 +6,7 @@
 #include "scene/display/deepsky_symbols.h"
 #include "scene/display/dot.h"
 #include "scene/display/palette.h"
+#include "scene/display/star_signs.h"
 #include "scene/display/style_rules.h"
 #include "scene/display/symbol_colour.h"
 #include "scene/frame/sky_objects.h"
@@ -87,7 +88,36 @@ void SkyObjects::DrawSample(int object, double x, double y, double radius, Displ
     add(MakeSymbol({&output, object, 1.0f, kSlope}, sample, 1.0, list), list);
 }
 
+void SkyObjects::DrawSignSample(unsigned mark, double x, double y, double radius, DisplayList& list) {
+  const Rgba colour = ToRgba(palette::kLegendText);
+  const float r = static_cast<float>(radius);
+  AddStarSign({static_cast<float>(x), static_cast<float>(y), r, mark, 0.0f, colour, {}}, list);
+  PointRecord dot = {};
+  dot.x = static_cast<float>(x);
+  dot.y = static_cast<float>(y);
+  dot.radius = r;
+  dot.colour = colour;
+  list.Add(Layer::kStars, dot);
+}
+
+void SkyObjects::DrawSigns(DisplayList& list) const {
+  const StyleRules& rules = GetStyleRules(list.GetStyle());
+  for (const SignedStar& sign : m_Signed) {
+    const DrawnStar& star = m_Stars[sign.drawn];
+    const auto& place = star.output->m_Place;
+    AddStarSign({place.x,
+                 static_cast<float>(list.GetHeight()) - place.y,
+                 rules.GetStarRadius(place.radius, list.GetUnit()),
+                 sign.marks,
+                 sign.angle,
+                 ToRgba(palette::kStarSign, static_cast<double>(star.opacity)),
+                 {FourCC("star"), star.number}},
+                list);
+  }
+}
+
 void SkyObjects::DrawStars(DisplayList& list) const {
+  DrawSigns(list);
   const StyleRules& rules = GetStyleRules(list.GetStyle());
   if (rules.solidStars) {
     for (const auto& drawn : m_Stars) DrawStar(drawn, rules, list);

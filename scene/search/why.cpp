@@ -176,18 +176,17 @@ KindState FindState(const FoundObject& found, int kind, const ShownView& view) {
 Case MakeBodyCase(int index, const ViewGeometry& geometry, const ShownView& view) {
   const SolarSystemPart& part = view.frame.GetParts().solarSystem;
   const BodyTests tests(part.GetModel(), geometry, view.observer, view.shown, view.filters,
-                        view.frame.GetParts().light);
+                        view.frame.GetParts().light, view.frame.GetParts().landscape.GetPainted());
   const SkyBody& body = part.GetModel().GetBodies()[static_cast<std::size_t>(index)];
   const BodyState& state = part.GetModel().GetStates()[static_cast<std::size_t>(index)];
   Case made = {body.id.kind,
-               state.code,
+               tests.GetLimitCode(index),
                GetTraits(body, state.code),
                0,
                {},
                part.GetMarks().GetLabel(index, view.shown).c_str(),
                {},
                tests.GetLimits(body.id.kind)};
-  if (!tests.HasMagnitude(index)) made.code.reset();
   made.obstacles = part.IsSeenFromEarth() ? tests.FindObstacles(index, made.place) : unsigned{kNoPlace};
   if (const DrawnBody* drawn = part.GetMarks().Find(index)) made.labelIndex = drawn->labelIndex;
   return made;
@@ -205,7 +204,7 @@ LabelFate FindLabelFate(const Case& object, const ShownKinds& shown) {
 Case MakeCase(const FoundObject& found, const ViewGeometry& geometry, const ShownView& view) {
   if (found.group == ObjectGroup::kBody) return MakeBodyCase(found.index, geometry, view);
   const ObjectTests tests(view.frame.GetCatalogs(), geometry, view.observer, view.shown, view.filters,
-                          view.frame.GetParts().light);
+                          view.frame.GetParts().light, view.frame.GetParts().landscape.GetPainted());
   switch (found.group) {
     case ObjectGroup::kStar:
       return MakeStarCase(found.index, tests, view.frame);

@@ -39,6 +39,7 @@ const KnownQuery* FindKnown(const BaseQuery& query) {
       {FieldIds::CatalogType, kSwitchesCondition, Quantity::kCatalogs},
       {FieldIds::SpectrType, kLabelListCondition, Quantity::kClass},
       {FieldIds::SpectrTypeUndef, kUndefinedCondition, Quantity::kClass},
+      {FieldIds::LuminosityUndef, kUndefinedCondition, Quantity::kLuminosity},
       {FieldIds::Type, kLabelListCondition, Quantity::kClass},
       {GetUniqueID(CommonInterfaces::kIdentifierQueryName), kIdentifierCondition, Quantity::kNumber}};
   for (const auto& entry : known) {
@@ -131,6 +132,8 @@ bool FilterRule::Passes(const ObjectTraits& traits) const {
       return PassesRange(*this, traits.size);
     case Quantity::kCatalogs:
       return (traits.catalogs & wanted) != 0;
+    case Quantity::kLuminosity:
+      return PassesClass(*this, traits.luminosity);
     default:
       return PassesClass(*this, traits.cls);
   }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "scene/visibility/object_tests.h"
 
+#include "astro/vectors.h"
+#include "scene/air.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -13,14 +15,21 @@ constexpr double kMargin = 20.0;  // pixels outside the window where an object's
 
 }  // namespace
 
+Direction SeenFromGround(const Direction& apparent, const ObserverFrame& observer) {
+  Direction standing;
+  MV3prod(observer.reduction, apparent.v, standing.v);
+  return observer.refraction ? Lifted(standing) : standing;
+}
+
 ObjectTests::ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry,
                          const ObserverFrame& observer, const ShownKinds& shown, const ObjectFilters& filters,
-                         const SkyLight& light)
+                         const SkyLight& light, const Landscape& landscape)
     : m_Catalogs(catalogs),
       m_Geometry(geometry),
       m_Observer(observer),
       m_Shown(shown),
       m_Light(light),
+      m_Landscape(landscape),
       m_Stars(catalogs.stars),
       m_Centre(geometry.centreJ2000),
       m_StarsShown(shown.stars),
@@ -56,6 +65,12 @@ const ObjectTests::Deepsky& ObjectTests::FindKind(int kind) const {
   return m_Deepsky.back();
 }
 
+unsigned ObjectTests::GetSigns() const {
+  return (m_Shown.doubleSigns ? unsigned{kDoubleStar} : 0u) |
+         (m_Shown.variableSigns ? unsigned{kVariableStar} : 0u) |
+         (m_Shown.planetSigns ? unsigned{kHasPlanets} : 0u);
+}
+
 const ClassLimits& ObjectTests::GetDeepskyLimits(int kind) const { return FindKind(kind).limits; }
 
 float ObjectTests::GetFaintestDeepskyCode() const {
@@ -85,6 +100,10 @@ double ObjectTests::See(ObjectPlace& place) const {
   return seen.sine;
 }
 
+bool ObjectTests::IsBehindLand(const Direction& apparent) const {
+  return !m_Landscape.layers.empty() && m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
+}
+
 template <bool kFirst, class Star>
 unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction, double margin,
                                     Found<kFirst> found, ObjectPlace& place) const {
@@ -95,6 +114,7 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   const double sine = See(place);
   if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, margin), kOutside)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
   const float code = star.GetCode();
   place.dim = m_Light.FindDim(m_StarLimits, place.pixel, sine);
   if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
@@ -123,6 +143,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   const double sine = See(place);
   if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
   place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, sine);
   const bool faded = m_Light.GetLineStrength() <= 0.0;
   found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);

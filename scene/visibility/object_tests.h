@@ -12,6 +12,7 @@
 #include <limits>
 
 #include "scene/class_limits.h"
+#include "scene/landscape.h"
 #include "scene/object_filter.h"
 #include "scene/observer_frame.h"
 #include "scene/obstacles.h"
@@ -49,11 +50,15 @@ struct CatalogStar {
 };
 inline ObjectTraits GetTraits(const CatalogStar& star) { return star.stars.GetTraits(star.star); }
 
+// Where in the horizon frame an observer with a horizon sees what stands there on J2000 axes.
+Direction SeenFromGround(const Direction& apparent, const ObserverFrame& observer);
+
 // Everything is kept by reference. Makes no allocation.
 class ObjectTests {
  public:
   ObjectTests(const SkyCatalogs& catalogs, const ViewGeometry& geometry, const ObserverFrame& observer,
-              const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light);
+              const ShownKinds& shown, const ObjectFilters& filters, const SkyLight& light,
+              const Landscape& landscape);
 
   bool IsStarDrawn(int star, ObjectPlace& place) const {
     return TestStar<true>(CatalogStar{m_Stars, star}, m_StarReach, place) == 0;
@@ -95,12 +100,14 @@ class ObjectTests {
   bool IsAboveHorizon(const Direction& apparent) const;
   // Of what is seen at an altitude of that sine, where the view has a horizon.
   bool IsAboveHorizon(double sine) const { return !m_Shown.horizon || !m_Observer.horizon || sine >= 0.0; }
+  bool IsBehindLand(const Direction& apparent) const;
   // No star of a larger code is drawn.
   float GetFaintestStar() const { return m_FaintestStar; }
   const SkyLight& GetLight() const { return m_Light; }
   const ClassLimits& GetStarLimits() const { return m_StarLimits; }
   const ClassLimits& GetDeepskyLimits(int kind) const;  // of an unknown kind: those of "dsnv"
   float GetFaintestDeepskyCode() const;                 // up to which any kind is drawn
+  unsigned GetSigns() const;                            // at stars, that the settings want, of StarMark
   ChartStyle GetStyle() const { return m_Shown.style; }
   const LabelRules& GetLabels(int kind) const { return m_Shown.GetLabels(kind); }
 
@@ -141,6 +148,7 @@ class ObjectTests {
   const ObserverFrame& m_Observer;
   const ShownKinds& m_Shown;
   const SkyLight& m_Light;
+  const Landscape& m_Landscape;
   const StarCatalog& m_Stars;
   Direction m_Centre;  // the view axis, J2000
   bool m_StarsShown;

@@ -18,6 +18,9 @@ struct Switch {
 };
 // Of each section the first is the one that its objects depend on.
 constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
+                                {&ShownKinds::doubleSigns, FourCC("star"), "ShowBinary"},
+                                {&ShownKinds::variableSigns, FourCC("star"), "ShowVariable"},
+                                {&ShownKinds::planetSigns, FourCC("star"), "ShowWithPlanets"},
                                 {&ShownKinds::clusters, FourCC("clst"), "ClusterDraw"},
                                 {&ShownKinds::galaxies, FourCC("gala"), "GalaxyDraw"},
                                 {&ShownKinds::nebulae, FourCC("nebu"), "CloudsDraw"},
@@ -41,6 +44,9 @@ constexpr Switch kSwitches[] = {{&ShownKinds::stars, FourCC("star"), "Draw"},
                                 {&ShownKinds::moonGuides, FourCC("moon"), "MoonGuides"},
                                 {&ShownKinds::moonPhases, FourCC("moon"), "MoonPhases"},
                                 {&ShownKinds::asteroids, FourCC("astr"), "Draw"},
+                                {&ShownKinds::asteroidBelt, FourCC("astr"), "ShowAsterBelt"},
+                                {&ShownKinds::asteroidGroups, FourCC("astr"), "AsterGroups"},
+                                {&ShownKinds::asteroidNames, FourCC("astr"), "AsterLabels"},
                                 {&ShownKinds::comets, FourCC("comt"), "Draw"},
                                 {&ShownKinds::spacecraft, FourCC("scft"), "Draw"},
                                 {&ShownKinds::horizonLine, FourCC("grid"), "Horizon"},
@@ -91,22 +97,9 @@ struct Undrawn {
   const char* name;
   const char* reason;
 };
-constexpr char kAsteroidGroups[] = "groups of asteroids are not drawn",
-               kStarKinds[] = "the catalog of stars does not tell these stars from others",
-               kNoMagnitude[] = "satellites are drawn whatever their magnitude, which nobody knows",
-               kImages[] = "images of constellations are not drawn";
-constexpr Undrawn kUndrawn[] = {
-    {FourCC("star"), "ShowBinary", kStarKinds},
-    {FourCC("star"), "ShowVariable", kStarKinds},
-    {FourCC("star"), "ShowWithPlanets", kStarKinds},
-    {FourCC("star"), "LuminosityUndef", "stars are not filtered by luminosity class"},
-    {FourCC("astr"), "ShowAsterBelt", "the belt of asteroids is not drawn"},
-    {FourCC("astr"), "AsterGroups", kAsteroidGroups},
-    {FourCC("astr"), "AsterLabels", kAsteroidGroups},
-    {FourCC("scft"), "USCOZoomDependShow", kNoMagnitude},
-    {FourCC("scft"), "USCOZoomDependLabel", kNoMagnitude},
-    {FourCC("cnst"), "ImagesVisible", kImages},
-    {FourCC("cnst"), "ImagesBrightness", kImages}};
+constexpr char kImages[] = "images of constellations are not drawn";
+constexpr Undrawn kUndrawn[] = {{FourCC("cnst"), "ImagesVisible", kImages},
+                                {FourCC("cnst"), "ImagesBrightness", kImages}};
 
 // The value of a field of one byte, `otherwise` where the section has none.
 unsigned char ReadByte(SettingsData& settings, unsigned section, const char* name, unsigned char otherwise) {

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/build/star_catalog.h"
 
+#include <map>
 #include <set>
 
 #include "scene/directions.h"
 #include "skydata/build/catalog_text.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/source_table.h"
+#include "skydata/build/star_marks.h"
 
 namespace skydata {
 namespace {
@@ -47,7 +49,8 @@ const std::vector<std::string> kSourceColumns = {"HR",
 const std::vector<std::string> kCatalogColumns = {
     "Number:i32",      "RA:f64",           "Dec:f64",           "VisMagnitude:f32", "ColorIndexBV:f32",
     "SpectrType:text", "PropMotionRA:f32", "PropMotionDec:f32", "Parallax:f32",     "RadialVelocity:f32",
-    "ProperName:text", "Bayer:text",       "Flamsteed:text",    "HipparcosID:i32"};
+    "ProperName:text", "Bayer:text",       "Flamsteed:text",    "HipparcosID:i32",  "PairAngle:f32",
+    "VarName:text",    "HasPlanets:i32"};
 
 constexpr int kMaxNumber = 999999999;
 constexpr double kBrightest = -2.0, kFaintest = 30.0;
@@ -75,6 +78,13 @@ void AddStar(const SourceTable& table, int row, CatalogText& catalog) {
   }
 }
 
+void AddMarks(const StarMarks& marks, CatalogText& catalog) {
+  catalog.AddFloat(marks.pairAngle ? std::optional(*marks.pairAngle * scene::kRadiansPerDegree)
+                                   : std::nullopt);
+  catalog.AddText(marks.variable);
+  catalog.AddText(marks.planets ? "1" : "");
+}
+
 }  // namespace
 
 std::vector<BrightStar> ReadBrightStars(const std::filesystem::path& source) {
@@ -95,6 +105,7 @@ std::vector<BrightStar> ReadBrightStars(const std::filesystem::path& source) {
 std::string MakeStarCatalog(const std::filesystem::path& source) {
   const SourceTable table(source / "stars" / "stars.tsv", kSourceColumns);
   CatalogText catalog("stars/stars.tsv", kCatalogColumns);
+  const std::map<int, StarMarks> marks = ReadStarMarks(source);
   std::set<int> numbers;
   for (int row = 0; row < table.GetRowCount(); ++row) {
     const int number = table.GetInteger(row, kHR, 1, kMaxNumber);
@@ -102,6 +113,8 @@ std::string MakeStarCatalog(const std::filesystem::path& source) {
       table.Fail(row, kHR, std::to_string(number) + " stands above already");
     catalog.AddInteger(number);
     AddStar(table, row, catalog);
+    const auto known = marks.find(number);
+    AddMarks(known == marks.end() ? StarMarks() : known->second, catalog);
     catalog.EndRecord();
   }
   return catalog.GetBytes();

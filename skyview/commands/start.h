@@ -42,7 +42,7 @@ std::optional<SessionCapsule> Start(const Call& call, RootOptions& root, ViewOpt
     (TakeOver(*session, groups), ...);
   }
   EnterRoots(root, call.programFolder);
-  Require(TakeCity(view, call.diagnostics));
+  Require(TakeCity(view, root.GetLanguage(), call.diagnostics));
   if (session) ReportChangedData(*session, root.GetLanguage(), call.diagnostics);
   return session;
 }

@@ -78,6 +78,9 @@ std::vector<std::string> ListReasons(const scene::Explanation& why, const scene:
   if (why.obstacles & scene::kBelowHorizon) {
     reasons.push_back(FormatText("below the horizon: altitude %.1f\u00B0", why.standing.altitude));
   }
+  if (why.obstacles & scene::kBehindLand) {
+    reasons.push_back(FormatText("behind the landscape: altitude %.1f\u00B0", why.standing.altitude));
+  }
   if (why.obstacles & scene::kOutside) reasons.push_back(DescribeOutside(why, view.observer.horizon));
   if (why.obstacles & scene::kBesidePlanet) {
     reasons.push_back("at this zoom it falls together with its planet");

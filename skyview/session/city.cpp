@@ -13,6 +13,17 @@ namespace {
 
 std::string NameWithCountry(const scene::City& city) { return city.name + ", " + city.country; }
 
+// The table does not say which language a name is in, but the letters of Russian tell theirs.
+std::string NameInLanguage(const scene::FoundCity& found, const std::string& language) {
+  const auto isCyrillic = [](const std::string& name) {
+    return !name.empty() && (name[0] == '\xD0' || name[0] == '\xD1');
+  };
+  if (language != "ru") return found.name;
+  const auto& names = found.city->otherNames;
+  const auto name = std::find_if(names.begin(), names.end(), isCyrillic);
+  return name == names.end() ? found.name : *name;
+}
+
 // "--place 'Sydney': Sydney, AU, the largest of 2; another: Sydney, CA"
 std::string DescribeChosen(const std::string& asked, const std::vector<scene::FoundCity>& found) {
   constexpr std::size_t kListed = 6;
@@ -25,7 +36,7 @@ std::string DescribeChosen(const std::string& asked, const std::vector<scene::Fo
 
 }  // namespace
 
-ViewResult TakeCity(ViewOptions& view, Diagnostics& diagnostics) {
+ViewResult TakeCity(ViewOptions& view, const std::string& language, Diagnostics& diagnostics) {
   if (!view.city) return {};
   const std::string asked = "--place '" + *view.city + "': ";
   const std::vector<scene::City> cities = scene::LoadCities();
@@ -39,7 +50,7 @@ ViewResult TakeCity(ViewOptions& view, Diagnostics& diagnostics) {
   if (found.size() > 1) diagnostics.lines.push_back(DescribeChosen(asked, found));
   const scene::City& city = *found.front().city;
   view.place = Place{city.latitude / scene::kRadiansPerDegree, city.longitude / scene::kRadiansPerDegree,
-                     city.height, found.front().name};
+                     city.height, NameInLanguage(found.front(), language)};
   if (!view.zone) view.zone = city.zone;
   return {};
 }

@@ -144,6 +144,20 @@ TEST(SkyBrightness, DaylightIsThatOfClearSkies) {
   EXPECT_LT(ZenithLuminance(WithSun(60.0)), 10000.0);
 }
 
+// Zenith luminance of clear skies, cd/m2: Preetham, Shirley & Smits 1999, appendix A.2, at turbidity 2.5,
+// worked out by a program of its own. Both are models; a factor of 2 is what is promised by day.
+TEST(SkyBrightness, ZenithByDayAgreesWithAnotherModel) {
+  constexpr struct {
+    double sun, luminance;
+  } kModel[] = {{60.0, 8193.0}, {50.0, 6570.0}, {40.0, 5334.0},
+                {30.0, 4324.0}, {20.0, 3447.0}, {10.0, 2646.0}};
+  for (const auto& row : kModel) {
+    const double ratio = ZenithLuminance(WithSun(row.sun)) / row.luminance;
+    EXPECT_GT(ratio, 0.5) << row.sun << " " << ratio;
+    EXPECT_LT(ratio, 2.0) << row.sun << " " << ratio;
+  }
+}
+
 // Krisciunas & Schaefer 1991, equations 15, 20 and 21 worked through by hand for a place with k = 0.172 mag
 // per air mass: full Moon at altitude 60, the zenith 30 degrees from it. I* = 10^(-0.4 * 3.84) = 0.02911;
 // f(30) = 229087 * (1.06 + 0.75) + 10^5.4 = 665837 (+ 62e6 / 900 = 68889 in Schaefer's form); the Moon's

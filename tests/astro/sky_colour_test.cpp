@@ -42,6 +42,20 @@ TEST(SkyColour, ZenithByDayIsThePublishedOne) {
   EXPECT_LT(x, 0.27) << "blue";
 }
 
+// The same formulas worked out for further heights of the Sun by a program of their own. From 30 degrees
+// down the zenith leaves the model, which turns it pale, for the deep blue of sunset: not far at first.
+TEST(SkyColour, ZenithFollowsThePublishedModelThroughTheDay) {
+  constexpr struct {
+    double sun, x, y, apart;
+  } kModel[] = {{90.0, 0.26871, 0.27978, 2e-5}, {80.0, 0.26556, 0.27462, 2e-5},
+                {70.0, 0.25952, 0.26659, 2e-5}, {60.0, 0.25235, 0.25776, 2e-5},
+                {50.0, 0.24579, 0.25022, 2e-5}, {40.0, 0.24158, 0.24605, 2e-5},
+                {30.0, 0.24147, 0.24733, 2e-5}, {20.0, 0.24721, 0.25615, 0.003},
+                {10.0, 0.26055, 0.27459, 0.02}, {5.0, 0.27061, 0.28807, 0.04}};
+  for (const auto& row : kModel)
+    EXPECT_LT(Apart(ColourAt(row.sun, 90.0, 0.0), {row.x, row.y}), row.apart) << row.sun;
+}
+
 TEST(SkyColour, GlowsRedUnderTheSunAfterSunset) {
   const Chromaticity below = ColourAt(-4.0, 1.0, 0.0), above = ColourAt(-4.0, 60.0, 0.0);
   EXPECT_GT(below.x, 0.42);

@@ -100,6 +100,19 @@ def stars(originals, source):
            "Parallax_mas", "RadialVelocity_km_s", "Name", "Bayer", "Flamsteed", "HIP"), lines())
 
 
+def variable_name(text):
+    """'Alp And' -> 'α And', 'V640 Cas' as it is; '' for a suspected variable: a bare number, or 'Var?'."""
+    match = re.fullmatch(r"([A-Z][a-z]{1,2}) *(\d?) ([A-Z][A-Za-z]{2})", text)
+    if match and match.group(1) in GREEK:
+        return f"{GREEK[match.group(1)]}{match.group(2)} {match.group(3)}"
+    return text if re.fullmatch(r"(V\d+|[A-Z]{1,2}|[A-Z]\d|[a-z]) [A-Z][A-Za-z]{2}", text) else ""
+
+
+def variables(originals, source):
+    names = ((row["HR"], variable_name(" ".join(row["VarID"].split()))) for row in rows(originals, "stars-bsc5/bsc5.tsv"))
+    write(source, "stars/variables.tsv", ("HR", "Name"), ((hr, name) for hr, name in names if name))
+
+
 def hipparcos(originals, source):
     def lines():
         for row in rows(originals, "stars-hipparcos-d3/hip.tsv"):
@@ -153,7 +166,7 @@ def milkyway(originals, source):
 def main():
     if len(sys.argv) != 3:
         raise SystemExit(__doc__)
-    for make in (stars, hipparcos, deepsky, constellations, milkyway):
+    for make in (stars, variables, hipparcos, deepsky, constellations, milkyway):
         make(sys.argv[1], sys.argv[2])
 
 

@@ -26,6 +26,8 @@ struct SCENE_API Landscape {
   // Of the highest skyline in the azimuth of a direction of the horizon frame, radians; below any altitude
   // where there are no layers.
   double GetSkyline(const Direction& direction) const;
+  // Whether it hides a disc of that radius in a direction of the horizon frame, its upper limb too.
+  bool Hides(const Direction& direction, double radius = 0.0) const;
 };
 
 // Reads a picture of a landscape: an SVG of polygons in plain colours, the farthest first, 360 degrees of

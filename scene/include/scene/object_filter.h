@@ -24,6 +24,7 @@
 //   CatalogType         2           StarCatalogBit of a star, DeepskyCatalogBit of a deep-sky object
 //   SpectrType          0x4000      spectral class of a star, codes of GetSpectrType
 //   SpectrTypeUndef     3           the same
+//   LuminosityUndef     3           luminosity class of a star, FindLuminosityClass
 //   Type                0x4000      sub-type of a deep-sky object
 //
 // A query that fits none of these (an unknown name or condition, too few values, a value that is not a
@@ -49,7 +50,7 @@ enum FilterCondition : unsigned {
   kUndefinedCondition = 3
 };
 
-enum class Quantity : unsigned char { kMagnitude, kColour, kSize, kCatalogs, kClass, kNumber };
+enum class Quantity : unsigned char { kMagnitude, kColour, kSize, kCatalogs, kClass, kNumber, kLuminosity };
 
 // One query, ready to be matched.
 struct SCENE_API FilterRule {

@@ -14,6 +14,7 @@ struct ObjectTraits {
   unsigned char cls = kNoClass;  // spectral class of a star (GetSpectrType), sub-type of a deep-sky object
   unsigned char catalogs = 0;  // the catalogues that list it, one bit each: StarCatalogBit, DeepskyCatalogBit
   int number = -1;             // its number in lists of favourites; -1 for an object without one
+  unsigned char luminosity = kNoClass;  // class of a star, FindLuminosityClass
 };
 
 // Bit i answers to element i of the field "CatalogType" of the section. Settings files keep their order:

@@ -16,7 +16,8 @@ enum Obstacle : unsigned {
   kBesidePlanet = 128,  // a moon that at this zoom falls together with the dot of its planet
   kFarSide = 256,       // a feature of a surface that is turned away, or too near to the limb
   kTooSmall = 512,      // a feature, or the disc that it is on, is too small in the picture to have a name
-  kInNight = 1024       // the Sun does not shine on the feature
+  kInNight = 1024,      // the Sun does not shine on the feature
+  kBehindLand = 2048    // hidden by the landscape that is painted
 };
 
 }  // namespace scene

@@ -47,6 +47,11 @@ struct SCENE_API ShownKinds {
   bool spacecraft = true;
   bool planetPhases = true;  // else their discs are drawn wholly lit
   bool moonPhases = true;
+  // Signs at double stars, variable stars and stars with planets. Atlases have them at every zoom, pictures
+  // of the screen where the zoom is 4 or more.
+  bool doubleSigns = true, variableSigns = true, planetSigns = true;
+  // However faint they are: the asteroids of the main belt, those of other groups, and the names of both.
+  bool asteroidBelt = false, asteroidGroups = false, asteroidNames = true;
   bool planetFeatures = true;  // names on their surfaces
   bool moonFeatures = true;
   bool planetGrid = false;    // lines on the discs of planets, and of the Sun

@@ -15,6 +15,18 @@
 
 namespace scene {
 
+// What printed atlases mark at a star. Prepared catalogs keep the bits: frozen.
+enum StarMark : unsigned char {
+  kDoubleStar = 1,  // worth showing; GetPairAngle
+  kVariableStar = 2,
+  kHasPlanets = 4
+};
+
+// The luminosity class in a spectral type, MK or the older letters before it: 1 supergiants ("Iab", c), 2
+// "II", 3 giants ("III", g), 4 subgiants ("IV", sg), 5 dwarfs ("V", d), 6 subdwarfs ("VI", sd), 7 white
+// dwarfs ("DA2", wd); of several the first. ObjectTraits::kNoClass where it has none.
+SCENE_API unsigned char FindLuminosityClass(std::string_view spectrum);
+
 // The stars as every frame needs them: one array a quantity, the same index everywhere, the brightest first,
 // so that a frame stops at the first star that is too faint. Directions are at the epoch J2000 on J2000 axes.
 class SCENE_API StarCatalog {
@@ -40,12 +52,16 @@ class SCENE_API StarCatalog {
       return GetText(m_ProperNames[star]);
     return GetText(rules.abbreviation ? m_Designations[star] : m_Letters[star]);
   }
+  unsigned GetMarks(int star) const { return m_Marks[star]; }  // of StarMark
+  // Where the fainter star of a double stands, radians from north over east; not a number for other stars.
+  float GetPairAngle(int star) const { return m_PairAngles[star]; }
   void SetProperName(int star, std::string_view name) { m_ProperNames[star] = AddText(name); }
   bool HasProperName(int star) const { return m_ProperNames[star] != 0; }
   int GetRecord(int star) const { return m_Records[star]; }  // of the table that it came from
   ObjectTraits GetTraits(int star) const {
-    return {m_Codes[star],   m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
-            m_Spectra[star], m_Catalogs[star], m_Numbers[star]};
+    return {m_Codes[star],       m_Colours[star],  std::numeric_limits<float>::quiet_NaN(),
+            m_Spectra[star],     m_Catalogs[star], m_Numbers[star],
+            m_Luminosities[star]};
   }
 
  private:
@@ -59,8 +75,11 @@ class SCENE_API StarCatalog {
   std::vector<Direction> m_Motions;
   std::vector<unsigned char> m_Spectra;
   std::vector<int> m_Numbers;
-  std::vector<float> m_Colours;           // colour index B-V, magnitudes; not a number when unknown
-  std::vector<unsigned char> m_Catalogs;  // StarCatalogBit
+  std::vector<float> m_Colours;               // colour index B-V, magnitudes; not a number when unknown
+  std::vector<unsigned char> m_Catalogs;      // StarCatalogBit
+  std::vector<unsigned char> m_Luminosities;  // FindLuminosityClass
+  std::vector<unsigned char> m_Marks;         // StarMark
+  std::vector<float> m_PairAngles;
   std::vector<int> m_Records;
   // Offsets in m_Texts, 0 where there is none: "Sirius", "α", "α CMa".
   std::vector<unsigned> m_ProperNames, m_Letters, m_Designations;

@@ -8,7 +8,11 @@
 
 #include "scene/chart/sky_background.h"
 #include "scene/frame_helpers.h"
+#include "scene/object_search.h"
+#include "scene/pick.h"
+#include "scene/why.h"
 #include "support/allocation_counter.h"
+#include "utils/text.h"
 
 using namespace scene;
 
@@ -92,6 +96,52 @@ TEST_F(LandscapePictureTest, NamesOfWhatStandsBehindItAreNotWritten) {
   EXPECT_FALSE(IsWritten("Rigel"));
   EXPECT_TRUE(IsWritten("Betelgeuse"));
   EXPECT_TRUE(IsWritten("S")) << "the compass stands before it";
+}
+
+TEST_F(LandscapePictureTest, WhatStandsBehindItIsNeitherDrawnNorPicked) {
+  constexpr int kRigel = 1713, kBetelgeuse = 2061;
+  f.frame.SetLandscape({});
+  f.Compute();
+  ASSERT_NE(f.Find(kRigel), nullptr);
+  const auto& place = f.Find(kRigel)->output->m_Place;
+  const double x = place.x, y = 1000.0 - place.y;
+  const auto picks = [&] {
+    for (const Hit& hit : PickObjects(f.frame.GetDisplayList(), x, y, 3.0)) {
+      if (hit.object == ObjectRef{FourCC("star"), kRigel}) return true;
+    }
+    return false;
+  };
+  EXPECT_TRUE(picks());
+  f.frame.SetLandscape(MakeWall());
+  f.Compute();
+  EXPECT_EQ(f.Find(kRigel), nullptr);
+  EXPECT_NE(f.Find(kBetelgeuse), nullptr);
+  EXPECT_FALSE(picks());
+  f.shown.style = ChartStyle::kPrint;  // which has no landscape
+  f.Compute();
+  EXPECT_NE(f.Find(kRigel), nullptr);
+}
+
+TEST_F(LandscapePictureTest, ExplanationSaysWhatHidesAStar) {
+  f.Compute();
+  std::string error;
+  CommonInterfaces::SettingsData settings(1, FourCC("FLTR"), "nothing.data");
+  const auto rigel = ObjectSearch(f.catalogs).FindOne("Rigel", error).value();
+  const Explanation why =
+      Explain(rigel, {f.frame, f.camera, f.observer, f.shown, ObjectFilters::None(), settings});
+  EXPECT_EQ(why.obstacles, unsigned{kBehindLand});
+}
+
+// A disc of a quarter of a degree is seen while its upper limb stands over the edge.
+TEST(LandscapeHides, WhatIsLowerThanItsSkylineByItsRadius) {
+  const Landscape wall = MakeWall();
+  const auto at = [](double degrees) { return MakeDirection(1.0, degrees * kRadiansPerDegree); };
+  EXPECT_TRUE(wall.Hides(at(39.9)));
+  EXPECT_FALSE(wall.Hides(at(40.1)));
+  EXPECT_FALSE(wall.Hides(at(39.9), 0.25 * kRadiansPerDegree));
+  EXPECT_TRUE(wall.Hides(at(39.7), 0.25 * kRadiansPerDegree));
+  EXPECT_FALSE(wall.Hides(at(85.0)));
+  EXPECT_FALSE(Landscape().Hides(at(-5.0)));
 }
 
 TEST_F(LandscapePictureTest, ChartsAndSkiesWithoutAHorizonHaveNone) {

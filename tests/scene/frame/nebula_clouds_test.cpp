@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "scene/aim.h"
 #include "scene/frame_helpers.h"
@@ -124,4 +126,32 @@ TEST_F(NebulaCloudsTest, ACloudIsDrawnWhereItReachesIntoTheWindow) {
   f.camera.SetZoom(10.0);
   Aim({{-aside.v[0], -aside.v[1], -aside.v[2]}});
   EXPECT_TRUE(Compute().empty());
+}
+
+namespace {
+
+// The largest turn from edge to edge of an area's ring, radians, and how many vertices it has.
+std::pair<double, int> FindLargestTurn(const DisplayList& list, const PolygonRecord& area) {
+  const auto& ring = list.GetRings()[static_cast<std::size_t>(area.firstRing)];
+  const auto at = [&](int i) {
+    return list.GetVertices()[static_cast<std::size_t>(ring.firstVertex + i % ring.vertexCount)];
+  };
+  double largest = 0.0;
+  for (int i = 0; i < ring.vertexCount; ++i) {
+    const auto a = at(i), b = at(i + 1), c = at(i + 2);
+    const double turn = std::remainder(
+        static_cast<double>(std::atan2(c.y - b.y, c.x - b.x) - std::atan2(b.y - a.y, b.x - a.x)), 2.0 * kPi);
+    largest = std::max(largest, std::fabs(turn));
+  }
+  return {largest, ring.vertexCount};
+}
+
+}  // namespace
+
+// The inner square has edges of 0.2 degrees: 53 pixels at zoom 10, 5 at zoom 1.
+TEST_F(NebulaCloudsTest, LongEdgesBecomeACurveAndShortOnesStay) {
+  Compute();
+  const auto inner = FindLargestTurn(frame->GetDisplayList(), frame->GetDisplayList().GetPolygons()[1]);
+  EXPECT_GE(inner.second, 16);
+  EXPECT_LT(inner.first, 0.5) << "90 degrees before";
 }

@@ -24,6 +24,8 @@ using namespace scene;
 
 namespace {
 
+const Landscape kNoLand;
+
 struct Seen {
   std::size_t drawn = 0, empty = 0, most = 0;
 };
@@ -79,7 +81,7 @@ class TileStarsTest : public testing::Test {
   std::map<int, tPoint<double>> FindAll() const {
     std::map<int, tPoint<double>> found;
     const ViewGeometry geometry(f.camera);
-    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
+    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light, kNoLand);
     VisitAll([&](const StarTileRecord& star) {
       ObjectPlace place;
       if (tests.FindStarObstacles(star, place) == 0) found[star.GetNumber()] = place.pixel;
@@ -176,7 +178,7 @@ TEST_F(TileStarsTest, SkyFadesTileStarsAsItFadesBrightOnes) {
     const auto sources = bodies.FindSources(f.observer);
     light.SetPlain();
     if (sources) light.Compute(geometry, *sources);
-    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
+    const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light, kNoLand);
     for (const DrawnStar& star : frame->GetStars()) {
       if (star.star >= 0) continue;
       ObjectPlace place;
@@ -312,7 +314,7 @@ TEST_F(TileStarsTest, MoreThanAFrameShowsLeavesTheFaintestOut) {
   f.camera.SetZoom(kMinZoom);
   f.observer = PrepareObserver(f.camera);
   const ViewGeometry geometry(f.camera);
-  const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light);
+  const ObjectTests tests(catalogs, geometry, f.observer, f.shown, ObjectFilters::None(), light, kNoLand);
   ASSERT_GT(tests.GetStarLimits().draw, 40.5f);
   TileStars stars(catalogs);
   std::size_t all = 0;

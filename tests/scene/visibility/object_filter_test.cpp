@@ -124,6 +124,15 @@ TEST_F(ObjectFilterTest, UndefinedOffRejectsUnknownClassesAlone) {
   EXPECT_TRUE(Passes("star", traits));
 }
 
+TEST_F(ObjectFilterTest, UnknownLuminosityIsRejectedOnlyWhereTheFieldSaysSo) {
+  AddBytes(settings, "star", "LuminosityUndef", 3, {0});
+  ObjectTraits traits;
+  traits.cls = 2;
+  EXPECT_FALSE(Passes("star", traits));
+  traits.luminosity = 5;
+  EXPECT_TRUE(Passes("star", traits));
+}
+
 TEST_F(ObjectFilterTest, ObjectMustPassEveryFilterOfItsSection) {
   AddRange(settings, "star", "VisMagnitude", 0.0f, 3.0f);
   AddBytes(settings, "star", "SpectrType", 0x4000, {0, 1});

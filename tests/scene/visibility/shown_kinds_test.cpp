@@ -67,6 +67,19 @@ TEST_F(ShownKindsTest, PatternsAreASumAndNamesAChoice) {
   EXPECT_FALSE(shown.figures || shown.asterisms);
 }
 
+TEST_F(ShownKindsTest, SignsOfStarsAndGroupsOfAsteroidsFollowTheirFields) {
+  ShownKinds shown = ReadShownKinds(settings);
+  EXPECT_TRUE(shown.doubleSigns && shown.variableSigns && shown.planetSigns && shown.asteroidNames);
+  EXPECT_FALSE(shown.asteroidBelt || shown.asteroidGroups);
+  for (const char* name : {"ShowBinary", "ShowVariable", "ShowWithPlanets"}) Add("star", name, 0);
+  Add("astr", "AsterLabels", 0);
+  Add("astr", "ShowAsterBelt", 1);
+  Add("astr", "AsterGroups", 1);
+  shown = ReadShownKinds(settings);
+  EXPECT_FALSE(shown.doubleSigns || shown.variableSigns || shown.planetSigns || shown.asteroidNames);
+  EXPECT_TRUE(shown.asteroidBelt && shown.asteroidGroups);
+}
+
 TEST_F(ShownKindsTest, FeaturesDoNotStandForTheirBodies) {
   Add("moon", "MoonFeatures", 0);
   Add("plnt", "PlanetFeatures", 0);

@@ -44,7 +44,7 @@ TEST(StarCatalog, HasTheColumnsThatReadersExpect) {
           "\nNumber:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tColorIndexBV:f32\tSpectrType:text\tPropMotionRA:"
           "f32\t"
           "PropMotionDec:f32\tParallax:f32\tRadialVelocity:f32\tProperName:text\tBayer:text\tFlamsteed:text\t"
-          "HipparcosID:i32\n"),
+          "HipparcosID:i32\tPairAngle:f32\tVarName:text\tHasPlanets:i32\n"),
       std::string::npos);
 }
 
@@ -90,6 +90,27 @@ TEST(StarCatalog, SiriusIsAsPublished) {
   EXPECT_EQ(Stars().GetText(i, "Parallax:f32"), "375");
   EXPECT_EQ(Stars().GetText(i, "RadialVelocity:f32"), "-8");
   EXPECT_EQ(Stars().GetText(i, "Bayer:text"), "α CMa");
+}
+
+// Mizar's companion: 14.4" in position angle 152 to 153 degrees (Washington Double Star Catalog, STF 1744);
+// 51 Peg b: Mayor & Queloz 1995; names of variables: General Catalogue of Variable Stars.
+TEST(StarCatalog, MarksDoublesVariablesAndStarsWithPlanets) {
+  const std::size_t mizar = Stars().Find("Number:i32", "5054"), algol = Stars().Find("Number:i32", "936"),
+                    pegasi = Stars().Find("Number:i32", "8729"), cepheid = Stars().Find("Number:i32", "8571"),
+                    vega = Stars().Find("Number:i32", "7001");
+  EXPECT_NEAR(Stars().GetNumber(mizar, "PairAngle:f32"), 152.5 * kRadiansPerDegree, 1.0 * kRadiansPerDegree);
+  EXPECT_EQ(Stars().GetText(algol, "VarName:text"), "β Per");
+  EXPECT_EQ(Stars().GetText(cepheid, "VarName:text"), "δ Cep");
+  EXPECT_EQ(Stars().GetText(pegasi, "HasPlanets:i32"), "1");
+  EXPECT_EQ(Stars().GetText(pegasi, "PairAngle:f32"), "");
+  EXPECT_EQ(Stars().GetText(vega, "HasPlanets:i32"), "");
+  int planets = 0, variables = 0;
+  for (std::size_t i = 0; i < Stars().GetCount(); ++i) {
+    planets += !Stars().GetText(i, "HasPlanets:i32").empty();
+    variables += !Stars().GetText(i, "VarName:text").empty();
+  }
+  EXPECT_EQ(planets, 38);
+  EXPECT_EQ(variables, 910);
 }
 
 TEST(StarCatalog, ProperMotionsAreMilliarcsecondsAYear) {

@@ -27,6 +27,13 @@ TEST_F(Names, ACityBringsPlaceHeightZoneAndItsName) {
   EXPECT_TRUE(sky.Printed("Local time: 12:00, 01/07/2026 AD (Europe/Berlin, UT+02:00)"));
 }
 
+TEST_F(Names, ACityHasItsRussianNameInRussian) {
+  ASSERT_EQ(sky.Run({"--place", "Munich", "--language", "ru", "--time", "2026-07-01T12:00"}), 0)
+      << sky.errors.str();
+  EXPECT_NE(sky.output.str().find("Мюнхен"), std::string::npos) << sky.output.str();
+  EXPECT_EQ(sky.output.str().find("Munich"), std::string::npos);
+}
+
 TEST_F(Names, AZoneOfTheCommandLineStays) {
   ASSERT_EQ(sky.Run({"--place", "Munich", "--zone", "Asia/Tokyo", "--time", "2026-07-01T12:00"}), 0);
   EXPECT_TRUE(sky.Printed("(Asia/Tokyo, UT+09:00)")) << sky.output.str();

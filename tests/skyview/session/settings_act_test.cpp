@@ -59,8 +59,9 @@ struct RichView {
 
 // The western sky above a horizon, from Vela over Orion to M31, with a comet; the sky around the new Moon
 // with Sun, planets, asteroids and satellites, no horizon; Venus as a crescent; Jupiter and
-// its moons; the Moon and Mars so large that their surfaces have names. In German, so that names in the
-// language of the texts differ from the catalog's.
+// its moons; the Moon and Mars so large that their surfaces have names; double and variable stars and one
+// with planets around υ And; a view of the second kind whose asteroids are all shown. In German, so that
+// names in the language of the texts differ from the catalog's.
 const RichView kViews[] = {
     {{1997, 4, 1, 17, 30, 0.0},
      30.0,
@@ -88,7 +89,9 @@ const RichView kViews[] = {
      170.03305278,
      52.55262778,
      10000.0,
-     {"grid.SkyDirt=2"}}};
+     {"grid.SkyDirt=2"}},
+    {{2026, 1, 15, 18, 0, 0.0}, 50.1, 8.7, 210.4, 80.7, 4.0, {}},
+    {{2014, 1, 30, 21, 40, 0.0}, 50.1, 8.7, 318.0, -40.0, 0.3, {"grid.HorizonDraw=0", "astr.AsterGroups=1"}}};
 
 class ShippedSky : public testing::Test {
  protected:
