@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 """Runs the commands of a page as its reader would: the fenced blocks of the language sh from top to bottom, in one
-shell, in a folder that looks like this tree after a build.
+shell, in a copy of this tree.
 
 usage: run_commands.py SOURCE_DIR BUILD_DIR PAGE
 
@@ -17,13 +17,14 @@ The programs of BUILD_DIR are in the search path, and build/release is that fold
 """
 import os
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 
 from page import read_blocks
 
-NOT_LINKED = {"build", ".git"}
+NOT_COPIED = {"build", ".git"}
 # The first line of the script, which is that of the page's title: so the shell counts lines as the page does.
 HEAD = ("set -eEuo pipefail; "
         "trap 'echo \"$CI_PAGE:$LINENO: exit status $?: $BASH_COMMAND\" >&2' ERR; ")
@@ -72,9 +73,7 @@ def matches(shown, printed):
 
 
 def lay_out(source, build, folder):
-    for name in os.listdir(source):
-        if name not in NOT_LINKED:
-            os.symlink(os.path.join(source, name), os.path.join(folder, name))
+    shutil.copytree(source, folder, ignore=lambda at, _: NOT_COPIED if at == source else (), dirs_exist_ok=True)
     for name in ("build", "home"):
         os.mkdir(os.path.join(folder, name))
     os.symlink(build, os.path.join(folder, "build", "release"))
