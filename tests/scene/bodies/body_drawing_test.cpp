@@ -292,3 +292,27 @@ TEST_F(BodyDrawing, LowSunIsRed) {
   EXPECT_GT(low.green, low.blue);
   EXPECT_EQ(low.red, 255);
 }
+
+// The profile of the file, with the colours from the inside outwards; radii in those of the planet.
+TEST_F(BodyDrawing, LargeSaturnHasItsRing) {
+  f.sky.dir.Write(
+      "data/catalogs/saturn_ring.txt",
+      "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n90402\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
+  const SSO_ID saturn(FourCC("plnt"), 6);
+  f.camera.SetZoom(600.0);
+  LookAt(saturn);
+  SkyFrame frame(f.catalogs);
+  frame.Compute(f.camera, f.observer, f.shown);
+  const DisplayList& list = frame.GetDisplayList();
+  const GlobeRecord* ringed = nullptr;
+  for (const GlobeRecord& globe : list.GetGlobes()) {
+    if (globe.disc.object == ObjectRef{saturn.kind, saturn.number}) ringed = &globe;
+  }
+  ASSERT_NE(ringed, nullptr);
+  EXPECT_NEAR(ringed->ringInner, 1.5, 1e-6);
+  EXPECT_NEAR(ringed->ringOuter, 2.0, 1e-6);
+  ASSERT_EQ(ringed->ringColourCount, 2);
+  const auto first = static_cast<std::size_t>(ringed->firstRingColour);
+  EXPECT_EQ(list.GetColours()[first], (Rgba{10, 20, 30, 40}));
+  EXPECT_EQ(list.GetColours()[first + 1], (Rgba{50, 60, 70, 80}));
+}
