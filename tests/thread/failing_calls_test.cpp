@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// Threads and the objects between them while the system refuses: every call of every operation fails once. A
+// program of its own, because it replaces functions of the C library.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <set>
+#include <string>
+
+#include "common_interfaces/thread.h"
+#include "thread/failing_calls_linux.h"
+#include "thread/message_of.h"
+#include "thread/own_name.h"
+
+namespace {
+
+using thread_tests::FailingCall;
+using thread_tests::MessageOf;
+using thread_tests::Own;
+
+using Names = std::set<std::string>;
+
+const char* const kCalls[] = {"pthread_mutexattr_init",
+                              "pthread_mutexattr_settype",
+                              "pthread_mutexattr_setpshared",
+                              "pthread_mutexattr_setrobust",
+                              "pthread_mutex_init",
+                              "socket",
+                              "bind",
+                              "opendir",
+                              "open",
+                              "memfd_create",
+                              "ftruncate",
+                              "mmap"};
+
+// Runs `action` once for each of these calls that it makes, of which that one fails, and returns the names of
+// those that made it throw an Error of that text. It throws nothing else; and when nothing fails, nothing.
+// Each name by itself: how many folders are looked through changes with the processes of the system.
+template <class Error, class Action>
+Names FailEachCall(const char* message, int error, Action action) {
+  constexpr int kFarTooMany = 5000;
+  Names refusals;
+  for (const char* const call : kCalls) {
+    for (int index = 0; index < kFarTooMany; ++index) {
+      FailingCall fault(index, error, call);
+      const std::string thrown = MessageOf<Error>(action);
+      fault.Stop();
+      if (fault.GetCall().empty()) {
+        EXPECT_EQ(thrown, "") << "when nothing fails";
+        break;
+      }
+      if (thrown.empty()) continue;
+      EXPECT_EQ(thrown, message) << call;
+      refusals.insert(call);
+    }
+  }
+  return refusals;
+}
+
+Names GetCallsOfACreation() {
+  return {"pthread_mutexattr_init",
+          "pthread_mutexattr_setpshared",
+          "pthread_mutexattr_setrobust",
+          "pthread_mutex_init",
+          "socket",
+          "bind",
+          "opendir",
+          "memfd_create",
+          "ftruncate",
+          "mmap"};
+}
+
+}  // namespace
+
+TEST(FailingCalls, CriticalSectionIsNotCreated) {
+  EXPECT_EQ(FailEachCall<thread::CritSect::Error>("Can't create critical section.", ENOMEM,
+                                                  [] { thread::CritSect section; }),
+            (Names{"pthread_mutexattr_init", "pthread_mutexattr_settype", "pthread_mutex_init"}));
+}
+
+TEST(FailingCalls, ObjectsWithoutANameAreNotCreated) {
+  const Names calls = {"pthread_mutexattr_init", "pthread_mutexattr_setpshared",
+                       "pthread_mutexattr_setrobust", "pthread_mutex_init"};
+  EXPECT_EQ(FailEachCall<thread::Semaphore::Error>("Can't create semaphore.", ENOMEM,
+                                                   [] { thread::Semaphore semaphore; }),
+            calls);
+  EXPECT_EQ(
+      FailEachCall<thread::SyncEvent::Error>("Can't create event.", ENOMEM, [] { thread::SyncEvent event; }),
+      calls);
+}
+
+// What was made before the failure is gone again: the name is free for the next one.
+TEST(FailingCalls, NamedSemaphoreIsNotCreatedAndItsNameStaysFree) {
+  const char* const name = Own("semaphore that the system refuses");
+  const Names refusals = FailEachCall<thread::Semaphore::Error>(
+      "Can't create semaphore.", EMFILE, [name] { thread::Semaphore semaphore(1, name); });
+  EXPECT_EQ(refusals, GetCallsOfACreation());
+}
+
+TEST(FailingCalls, NamedEventIsNotCreatedAndItsNameStaysFree) {
+  const char* const name = Own("event that the system refuses");
+  const Names refusals = FailEachCall<thread::SyncEvent::Error>(
+      "Can't create event.", EMFILE, [name] { thread::SyncEvent event(false, true, name); });
+  EXPECT_EQ(refusals, GetCallsOfACreation());
+}
+
+// A process that has ended since, or another user's, has nothing that is looked for.
+TEST(FailingCalls, ProcessesThatCannotBeLookedIntoHoldNothing) {
+  const char* const name = Own("semaphore among strangers");
+  const Names refusals = FailEachCall<thread::Semaphore::Error>(
+      "Can't create semaphore.", EACCES, [name] { thread::Semaphore semaphore(1, name); });
+  EXPECT_EQ(refusals.count("bind"), 1u);
+  FailingCall fault(1, EACCES, "opendir");  // the first one is that of the list of processes
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }), "");
+  EXPECT_EQ(fault.GetCall(), "opendir");
+}
+
+TEST(FailingCalls, NamedObjectsAreNotOpened) {
+  const char *const semaphoreName = Own("semaphore to open"), *const eventName = Own("event to open");
+  const thread::Semaphore semaphore(1, semaphoreName);
+  const thread::SyncEvent event(false, true, eventName);
+  const Names bySemaphore = FailEachCall<thread::Semaphore::Error>(
+      "Can't open existing semaphore.", EMFILE, [semaphoreName] { thread::Semaphore opened(semaphoreName); });
+  const Names byEvent = FailEachCall<thread::SyncEvent::Error>(
+      "Can't open existing event.", EMFILE, [eventName] { thread::SyncEvent opened(eventName); });
+  const Names calls = {"socket", "bind", "opendir", "open", "mmap"};
+  EXPECT_EQ(bySemaphore, calls);
+  EXPECT_EQ(byEvent, calls);
+}
+
+// Another process is in the middle of making a named object: it is waited for.
+TEST(FailingCalls, LockOfTheNamesIsWaitedFor) {
+  const char* const name = Own("semaphore in a queue");
+  FailingCall fault(0, EADDRINUSE, "bind");
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }), "");
+  EXPECT_EQ(fault.GetCall(), "bind");
+}
+
+TEST(FailingCalls, SemaphoreIsNeitherTakenNorGivenBack) {
+  thread::Semaphore semaphore(1ul);
+  {
+    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(); }),
+              "Lock of the semaphore failed.");
+  }
+  {
+    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.unlock(); }), "Can't unlock semaphore.");
+  }
+  EXPECT_EQ(semaphore.lock(0), thread::kSignalled) << "still the one that it had";
+  EXPECT_EQ(semaphore.lock(0), thread::kTimedOut);
+}
+
+// The holder of the lock was killed, and the lock cannot be taken over.
+TEST(FailingCalls, LockOfAKilledHolderThatCannotBeMendedIsAFailure) {
+  thread::Semaphore semaphore(1ul);
+  const FailingCall fault(0, EOWNERDEAD, "pthread_mutex_lock");
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(); }), "Lock of the semaphore failed.")
+      << "nobody holds it, so the system refuses to mend it";
+}
+
+// A signal wakes a sleeper too early: it looks again and sleeps on. Anything else is told.
+TEST(FailingCalls, SleepThatASignalEndsGoesOn) {
+  thread::Semaphore semaphore(0ul);
+  for (const int error : {EINTR, EAGAIN}) {
+    FailingCall fault(0, error, "futex");
+    EXPECT_EQ(semaphore.lock(5), thread::kTimedOut);
+    EXPECT_EQ(fault.GetCall(), "futex");
+  }
+  const FailingCall fault(0, EINVAL, "futex");
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(5); }), "Lock of the semaphore failed.");
+}
+
+TEST(FailingCalls, EventStaysAsItIs) {
+  thread::SyncEvent event(false, true);
+  {
+    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    EXPECT_EQ(MessageOf<thread::SyncEvent::Error>([&] { event.set(); }), "Can't set event.");
+  }
+  EXPECT_EQ(event.wait(0), thread::kTimedOut);
+  event.set();
+  {
+    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    EXPECT_EQ(MessageOf<thread::SyncEvent::Error>([&] { event.reset(); }), "Can't reset event.");
+  }
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+}
+
+TEST(FailingCalls, ThreadIsNotCreated) {
+  const FailingCall fault(0, EAGAIN, "pthread_create");
+  EXPECT_EQ(MessageOf<thread::Thread::Error>([] { thread::Thread worker; }), "Can't create thread.");
+}
+
+TEST(FailingCalls, PriorityStaysWhenItIsRefused) {
+  thread::Thread worker;
+  {
+    const FailingCall fault(0, EACCES, "setpriority");
+    EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kLowest); }),
+              "Can't set priority.");
+  }
+  EXPECT_EQ(worker.getPriority(), thread::Thread::kNormal);
+  worker.setPriority(thread::Thread::kLowest);
+  EXPECT_EQ(worker.getPriority(), thread::Thread::kLowest);
+  worker.start();
+  worker.waitForEnd();
+}
+
+TEST(FailingCalls, ThreadCanBeWaitedForAgain) {
+  thread::Thread worker;
+  worker.start();
+  {
+    const FailingCall fault(0, EINVAL, "pthread_join");
+    EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.waitForEnd(); }),
+              "Waiting for thread termination failed.");
+  }
+  EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.waitForEnd(); }), "");
+}
