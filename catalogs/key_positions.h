@@ -42,7 +42,7 @@ class KeyPositions {
     if (!m_Bisected.empty()) return Bisect(wanted);
     std::size_t place = Home(wanted);
     // One test for both: whether the key is there is as good as random.
-    while ((m_Slots[place].key != wanted) & (m_Slots[place].position != kNone)) place = Next(place);
+    while (int{m_Slots[place].key != wanted} & int{m_Slots[place].position != kNone}) place = Next(place);
     return m_Slots[place].position;
   }
 

@@ -7,6 +7,11 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CI_LIBRARY_KIND SHARED)
+if(WASI)  # a program is one module
+  set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+  set(CI_LIBRARY_KIND STATIC)
+endif()
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
@@ -44,6 +49,10 @@ target_compile_options(ci_compile_rules INTERFACE
 # GCC 12 sees overlapping copies in the concatenation of strings where there are none (GCC bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(ci_compile_rules INTERFACE -Wno-restrict)
+endif()
+# Clang wants braces around each row of a table that is an array in a structure; GCC knows that they may be left out.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(ci_compile_rules INTERFACE -Wno-missing-braces)
 endif()
 # Results must not depend on whether the compiler fuses a multiplication with an addition.
 target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
@@ -108,7 +117,7 @@ function(ci_add_companion name)
   ci_add_objects(${name}_objects ${ARGN})
   target_compile_definitions(${name}_objects PRIVATE ${upper}_BUILD)
   target_include_directories(${name}_objects PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/include)
-  add_library(${name} SHARED)
+  add_library(${name} ${CI_LIBRARY_KIND})
   add_library(common_interfaces::${name} ALIAS ${name})
   target_link_libraries(${name} PRIVATE ${name}_objects ci_compile_rules)
   target_include_directories(${name} PUBLIC

@@ -3,7 +3,7 @@
 #
 # The shared library, and the same objects for tests that look inside.
 
-add_library(common_interfaces SHARED)
+add_library(common_interfaces ${CI_LIBRARY_KIND})
 add_library(common_interfaces::common_interfaces ALIAS common_interfaces)
 target_include_directories(common_interfaces PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)

@@ -3,7 +3,6 @@
 //
 // Replacing the container's block in a settings file, so that the file holds it once.
 #include <algorithm>
-#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
 #include "utils/bytes.h"
+#include "utils/contained_call.h"
 #include "utils/debug.h"
 #include "utils/file.h"
 #include "utils/path.h"
@@ -129,11 +129,12 @@ bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
 }
 
 bool SettingsData::Save(const char* fileName) {
-  try {
-    if (!HasReadWhole(fileName)) return false;
-    if (WriteReplacement(fileName)) return true;
-  } catch (const std::exception&) {  // no memory, in every case
-  }
+  bool isIncomplete = false, isSaved = false;  // without memory neither
+  static_cast<void>(RunsThrough([&] {
+    isIncomplete = !HasReadWhole(fileName);
+    isSaved = !isIncomplete && WriteReplacement(fileName);
+  }));
+  if (isSaved || isIncomplete) return isSaved;
   PrintDebugString("Settings cannot be saved in file %s\n", fileName ? fileName : "");
   return false;
 }

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstring>
 #include <utility>
 
 #include "utils/debug.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 #include "utils/whole_file.h"
 
@@ -47,11 +47,18 @@ T LoadValue(const void* from) {
 template <class T>
 bool TakeValue(char*& cell, const char* lineEnd, unsigned char* value) {
   T number{};
-  const auto [end, error] = std::from_chars(cell + (*cell == '+' ? 1 : 0), lineEnd, number);
-  if (error != std::errc() || (end != lineEnd && *end != '\t')) return false;
+  const char* const begin = cell + (*cell == '+' ? 1 : 0);
+  const char* end = begin;
   if constexpr (std::is_floating_point_v<T>) {
-    if (!std::isfinite(number)) return false;
+    std::string_view text(begin, static_cast<std::size_t>(lineEnd - begin));
+    if (*begin == '+' || !TakeNumber(text, number)) return false;
+    end = text.data();
+  } else {
+    const auto taken = std::from_chars(begin, lineEnd, number);
+    if (taken.ec != std::errc()) return false;
+    end = taken.ptr;
   }
+  if (end != lineEnd && *end != '\t') return false;
   std::memcpy(value, &number, sizeof(T));
   cell += end - cell;
   return true;

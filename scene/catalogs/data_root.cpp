@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "scene/language.h"
+#include "utils/file_presence.h"
 #include "utils/path.h"
 
 namespace scene {
@@ -14,10 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kTextFile = "qxstrings.txt";  // what makes a folder a data root
 
-bool IsDataRoot(const fs::path& folder) {
-  std::error_code ignored;
-  return fs::is_regular_file(folder / kTextFile, ignored);
-}
+bool IsDataRoot(const fs::path& folder) { return IsRegularFile((folder / kTextFile).string().c_str()); }
 
 }  // namespace
 
@@ -39,8 +37,8 @@ bool SetSkyRoots(const std::string& data, const std::string& work, std::string& 
     error = (fs::path(data) / kTextFile).string() + ": not found, so the folder is no data root";
     return false;
   }
-  ZentharPath::SetRoots(fs::absolute(data).string().c_str(),
-                        work.empty() ? "" : fs::absolute(work).string().c_str());
+  ZentharPath::SetRoots(GetAbsolutePath(data.c_str()).c_str(),
+                        work.empty() ? "" : GetAbsolutePath(work.c_str()).c_str());
   return true;
 }
 

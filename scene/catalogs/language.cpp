@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "common_interfaces/string_table.h"
+#include "utils/file_presence.h"
 #include "utils/locale.h"
 #include "utils/path.h"
 
@@ -28,15 +29,11 @@ std::string ListOf(const std::vector<std::string>& languages) {
 }  // namespace
 
 std::vector<std::string> FindLanguages(const std::string& dataRoot) {
-  std::vector<std::string> languages;
-  std::error_code failure;
-  for (fs::directory_iterator entry(fs::path(dataRoot) / kFolder, failure), end; !failure && entry != end;
-       entry.increment(failure)) {
-    std::error_code ignored;
-    if (fs::is_regular_file(entry->path() / kTextFile, ignored)) {
-      languages.push_back(entry->path().filename().string());
-    }
-  }
+  const fs::path folder = fs::path(dataRoot) / kFolder;
+  std::vector<std::string> languages = ListFolder(folder.string().c_str());
+  std::erase_if(languages, [&folder](const std::string& language) {
+    return !IsRegularFile((folder / language / kTextFile).string().c_str());
+  });
   std::sort(languages.begin(), languages.end());
   return languages;
 }
@@ -51,8 +48,8 @@ bool SwitchLanguage(const std::string& dataRoot, const std::string& language,
   }
   QX4Strings::StartLocaleUpdate();
   SetSystemLocale(language.c_str());
-  ZentharPath::SetLanguageRoot(
-      hasFolder ? fs::absolute(fs::path(dataRoot) / kFolder / language).string().c_str() : nullptr);
+  const std::string folder = (fs::path(dataRoot) / kFolder / language).string();
+  ZentharPath::SetLanguageRoot(hasFolder ? GetAbsolutePath(folder.c_str()).c_str() : nullptr);
   const QX4Strings reloaded;
   fetchTexts();
   QX4Strings::FinishLocaleUpdate();

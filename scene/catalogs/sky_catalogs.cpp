@@ -14,6 +14,7 @@
 #include "scene/catalogs/prepared_parts.h"
 #include "scene/view/arcs.h"
 #include "utils/debug.h"
+#include "utils/file_presence.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -177,8 +178,7 @@ std::optional<StarTileRecord> FindTileStar(const SkyCatalogs& catalogs, int numb
 std::string FindCatalog(const char* name, const std::string& root) {
   if (root.empty()) return ZentharPath::GetPath(name);
   const auto path = std::filesystem::path(root) / "catalogs" / (std::strchr(name, ':') + 1);
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(path, ignored) ? path.string() : "";
+  return IsRegularFile(path.string().c_str()) ? path.string() : "";
 }
 
 bool LoadCatalogTexts(PreparedSky part, SkyCatalogs& catalogs, std::string& error, const std::string& root) {

@@ -21,8 +21,8 @@ constexpr unsigned kPoolBlockSize = 1u << 16;  // bytes
 // Blocks enough for a record of every object that a frame can show; they are allocated when they are first
 // needed.
 unsigned PoolBlockCount(const SkyCatalogs& catalogs, std::size_t tileStars) {
-  const std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
-  const auto blocks = [usable](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };
+  constexpr std::size_t usable = kPoolBlockSize - CommonInterfaces::OutputPool::kReservedBytes;
+  const auto blocks = [](std::size_t count, std::size_t size) { return count / (usable / size) + 1; };
   return static_cast<unsigned>(
       blocks(static_cast<std::size_t>(catalogs.stars.GetCount()) + tileStars, sizeof(StarOutput)) +
       blocks(catalogs.deepsky.size(), sizeof(DeepskyOutput)));

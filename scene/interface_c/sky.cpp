@@ -78,17 +78,16 @@ int scene_open(const SceneRoots* roots, SceneSky** sky) {
   if (!scene::IsKnown(roots, offsetof(SceneRoots, language) + sizeof roots->language))
     return SCENE_BAD_ARGUMENT;
   if (!roots->data || g_Open) return SCENE_BAD_ARGUMENT;
-  try {
+  bool isRoot = false;
+  std::string error;
+  const auto make = [&] {
     // Settings and camera look for their files when they are made.
-    std::string error;
-    const bool isRoot = scene::SetSkyRoots(roots->data, roots->work ? roots->work : "", error);
+    isRoot = scene::SetSkyRoots(roots->data, roots->work ? roots->work : "", error);
     *sky = g_Open = new SceneSky;
-    if (!isRoot) return scene::Fail(**sky, SCENE_BAD_DATA, std::move(error));
-  } catch (const std::bad_alloc&) {
-    return SCENE_NO_MEMORY;
-  } catch (const std::exception&) {
-    return SCENE_FAILURE;
-  }
+  };
+  const CallEnd end = RunContained(make, [](const char*) {});
+  if (end != CallEnd::kReturned) return end == CallEnd::kNoMemory ? SCENE_NO_MEMORY : SCENE_FAILURE;
+  if (!isRoot) return scene::Fail(**sky, SCENE_BAD_DATA, std::move(error));
   return scene::Guard(**sky, [&] { return (*sky)->Open(*roots); });
 }
 

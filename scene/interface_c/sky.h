@@ -6,10 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <exception>
-#include <new>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -22,6 +19,7 @@
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
 #include "scene/sky_markers.h"
+#include "utils/contained_call.h"
 
 // Parts refer to each other: not moved.
 struct SceneSky {
@@ -69,19 +67,13 @@ inline int Fail(SceneSky& sky, int status, std::string why) {
 // one.
 template <class Run>
 int Guard(SceneSky& sky, Run run) noexcept {
-  try {
-    return run();
-  } catch (const std::bad_alloc&) {
-    sky.error.clear();
-    return SCENE_NO_MEMORY;
-  } catch (const std::length_error&) {
-    sky.error.clear();
-    return SCENE_NO_MEMORY;
-  } catch (const std::exception& failure) {
-    const std::size_t room = sky.error.capacity();
-    sky.error.assign(failure.what(), std::min(std::strlen(failure.what()), room));
-    return SCENE_FAILURE;
-  }
+  int status = SCENE_FAILURE;
+  const auto tell = [&sky](const char* what) {
+    sky.error.assign(what, std::min(std::strlen(what), sky.error.capacity()));
+  };
+  if (RunContained([&] { status = run(); }, tell) != CallEnd::kNoMemory) return status;
+  sky.error.clear();
+  return SCENE_NO_MEMORY;
 }
 
 // A call with an open sky: clears the line of the call before, and refuses a sky that is none.

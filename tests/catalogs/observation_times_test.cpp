@@ -208,6 +208,8 @@ TEST_F(ObservationTimes, AMissingFileIsNotLookedForAgain) {
   EXPECT_EQ(Ask(kComet, 1986), -1.0);
 }
 
+#if !defined(__wasi__)  // which has no threads
+
 TEST_F(ObservationTimes, ThreadsMayAskForTheFirstTimeTogether) {
   constexpr int kThreads = 8, kRounds = 40;
   std::string content;
@@ -231,5 +233,7 @@ TEST_F(ObservationTimes, ThreadsMayAskForTheFirstTimeTogether) {
     ASSERT_EQ(right, kThreads * 3);
   }
 }
+
+#endif
 
 }  // namespace

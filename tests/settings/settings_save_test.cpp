@@ -76,6 +76,7 @@ TEST_F(SettingsSave, FailurePrintsOneLineAndLeavesNothingBehind) {
   EXPECT_FALSE(settings.Save(nullptr));
   EXPECT_FALSE(settings.Save(roots.dir.Path("data").c_str()));  // a folder
   EXPECT_EQ(debug.lines.size(), 2u);
+#if !defined(__wasi__)  // which has no permissions
   const std::string name = WriteFile(Header(5) + before);
   std::filesystem::permissions(name, std::filesystem::perms::owner_read);
   debug.lines.clear();
@@ -83,6 +84,7 @@ TEST_F(SettingsSave, FailurePrintsOneLineAndLeavesNothingBehind) {
   EXPECT_EQ(roots.dir.Read("named.data"), Header(5) + before);
   EXPECT_EQ(debug.lines, std::vector<std::string>{"Settings cannot be saved in file " + name + "\n"});
   std::filesystem::permissions(name, std::filesystem::perms::owner_all);
+#endif
 }
 
 TEST_F(SettingsSave, NothingStaysBesideTheFile) {

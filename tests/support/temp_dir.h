@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -53,8 +54,8 @@ class TempDir {
  private:
   // Different programs that run at the same time must not share a folder.
   static unsigned long long ProcessTag() {
-    static const auto tag = static_cast<unsigned long long>(
-        std::filesystem::file_time_type::clock::now().time_since_epoch().count());
+    static const auto tag =
+        static_cast<unsigned long long>(std::chrono::system_clock::now().time_since_epoch().count());
     return tag;
   }
   std::filesystem::path m_Path;

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "utils/file_presence.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -21,6 +24,46 @@ TEST(FilePresence, OfFilesFoldersAndNothing) {
   EXPECT_EQ(GetFilePresence(dir.Path("f/below").c_str()), FilePresence::kAbsent) << "f is no folder";
   EXPECT_EQ(GetFilePresence(""), FilePresence::kAbsent);
   EXPECT_EQ(GetFilePresence(nullptr), FilePresence::kAbsent);
+}
+
+TEST(IsRegularFile, OfFilesFoldersAndNothing) {
+  const TempDir dir;
+  EXPECT_TRUE(IsRegularFile(dir.Write("f", "1").c_str()));
+  for (const char* const name : {"", "none", "none/f", "f/below"}) {
+    EXPECT_FALSE(IsRegularFile(dir.Path(name).c_str())) << name;
+  }
+  EXPECT_FALSE(IsRegularFile(""));
+  EXPECT_FALSE(IsRegularFile(nullptr));
+}
+
+TEST(ListFolder, NamesWhatLiesInIt) {
+  const TempDir dir;
+  EXPECT_TRUE(ListFolder(dir.Path().c_str()).empty());
+  dir.Write("b", "");
+  dir.Write("a/below", "");
+  dir.Write("\xC3\xA4.txt", "");
+  std::vector<std::string> names = ListFolder(dir.Path().c_str());
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (std::vector<std::string>{"a", "b", "\xC3\xA4.txt"}));
+}
+
+TEST(ListFolder, WhatIsNoFolderHoldsNothing) {
+  const TempDir dir;
+  EXPECT_TRUE(ListFolder(dir.Write("f", "1").c_str()).empty());
+  EXPECT_TRUE(ListFolder(dir.Path("none").c_str()).empty());
+  EXPECT_TRUE(ListFolder("").empty());
+  EXPECT_TRUE(ListFolder(nullptr).empty());
+}
+
+TEST(GetAbsolutePath, StandsBelowTheCurrentFolder) {
+  const TempDir dir;
+  const std::string absolute = dir.Path("f");
+  EXPECT_EQ(GetAbsolutePath(absolute.c_str()), absolute);
+  const std::filesystem::path here = std::filesystem::current_path();
+  EXPECT_EQ(std::filesystem::path(GetAbsolutePath("no/such")), here / "no" / "such");
+  for (const char* const path : {".", "", static_cast<const char*>(nullptr)}) {
+    EXPECT_TRUE(std::filesystem::equivalent(GetAbsolutePath(path), here));
+  }
 }
 
 TEST(CreateEmptyFile, MakesOneWhereNoneIs) {

@@ -42,11 +42,15 @@ Taken<int> Integer(std::string_view text, int least = INT_MIN, int most = INT_MA
 Taken<double> Real(std::string_view text) {
   return TakeFrom<double>(text, [](auto& from, double& to) { return TakeNumber(from, to); });
 }
+Taken<float> Single(std::string_view text) {
+  return TakeFrom<float>(text, [](auto& from, float& to) { return TakeNumber(from, to); });
+}
 Taken<unsigned> Hexadecimal(std::string_view text) { return TakeFrom<unsigned>(text, TakeHexadecimal); }
 Taken<unsigned> Modulo32(std::string_view text) { return TakeFrom<unsigned>(text, TakeModulo32); }
 
 using Int = Taken<int>;
 using Double = Taken<double>;
+using Float = Taken<float>;
 using Unsigned = Taken<unsigned>;
 
 TEST(TakeNumber, TakesAnIntegerAndLeavesTheRest) {
@@ -115,6 +119,18 @@ TEST(TakeNumber, RealNumbersAreRoundedCorrectly) {
     std::snprintf(text, sizeof text, "%.16e", number);
     const Double taken = Real(text);
     ASSERT_EQ(taken, (Double{number, ""})) << text;
+  }
+}
+
+// To its own type at once. 1 + 2^-24 lies in the middle between two of them, and a little more than it rounds
+// up; the double nearest to that is the middle itself, which would go down to the even one.
+TEST(TakeNumber, RealNumbersOfSinglePrecisionAreRoundedOnce) {
+  EXPECT_EQ(Single("1.000000059604644775390625000001"), (Float{1.0000001192092896f, ""}));
+  EXPECT_EQ(Single("1.000000059604644775390625"), (Float{1.0f, ""}));
+  EXPECT_EQ(Single("+16777217/7"), (Float{16777216.0f, "/7"}));
+  EXPECT_EQ(Single("1e-45"), (Float{1.4012985e-45f, ""}));
+  for (const char* text : {"1e39", "-1e39", "1e-60", "nan", "inf", ".", "+-1"}) {
+    EXPECT_EQ(Single(text), (Float{std::nullopt, text}));
   }
 }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // The fixed columns of two-line elements: docs/formats/two_line_elements.md.
-#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <initializer_list>
@@ -11,6 +10,7 @@
 #include "astro/constants.h"
 #include "astro/satellite.h"
 #include "utils/characters.h"
+#include "utils/numbers.h"
 
 namespace {
 
@@ -64,17 +64,13 @@ class Line {
     return number;
   }
 
-  // A decimal number with its own point. An empty field is 0 where `mayBeEmpty`.
+  // A decimal number with its own point and no exponent. An empty field is 0 where `mayBeEmpty`.
   double GetNumber(int first, int last, bool mayBeEmpty = false) {
     std::string_view text = Trim(Columns(first, last));
     if (text.empty() && mayBeEmpty) return 0.0;
-    if (text.size() > 1 && text[0] == '+') text.remove_prefix(1);
+    const bool isFixed = text.find_first_of("eE") == std::string_view::npos;
     double value = 0.0;
-    const auto result =
-        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    if (text.empty() || result.ec != std::errc() || result.ptr != text.data() + text.size() ||
-        !std::isfinite(value))
-      Fail(first, last, "is no number");
+    if (!isFixed || !TakeNumber(text, value) || !text.empty()) Fail(first, last, "is no number");
     return value;
   }
 

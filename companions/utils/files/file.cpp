@@ -180,4 +180,18 @@ FilePresence GetFilePresence(const char* path) {
   return kind == PathKind::kUnknown ? FilePresence::kUnknown : FilePresence::kPresent;
 }
 
+bool IsRegularFile(const char* path) {
+  return path && utils_internal::GetPathKind(path) == utils_internal::PathKind::kFile;
+}
+
+std::vector<std::string> ListFolder(const char* path) {
+  std::vector<std::string> names = utils_internal::ListNames(path ? path : "");
+  std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
+  return names;
+}
+
+std::string GetAbsolutePath(const char* path) {
+  return utils_internal::MakeAbsolute(path && *path ? path : ".");
+}
+
 bool CreateEmptyFile(const char* path) { return path && *path && utils_internal::MakeEmptyFile(path); }

@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace utils_internal {
 
@@ -20,6 +21,12 @@ enum class PathKind {
 
 // What the path names; a symbolic link counts as what it leads to.
 PathKind GetPathKind(const std::string& path);
+
+// The names in a folder, "." and ".." among them where the system has them; none for what cannot be read.
+std::vector<std::string> ListNames(const std::string& folder);
+
+// The path from the root of the system; `path` as it is where the system knows no current folder.
+std::string MakeAbsolute(const std::string& path);
 
 // Makes an empty file; a link is followed. False when something is there already, and when none can be made.
 bool MakeEmptyFile(const std::string& path);

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <memory>
+#include <string_view>
 
 #include "companions/utils/files/absence_posix.h"
 #include "companions/utils/files/file_platform.h"
@@ -19,6 +22,20 @@ PathKind GetPathKind(const std::string& path) {
   if (stat(path.c_str(), &info) != 0) return IsAbsence(errno) ? PathKind::kNone : PathKind::kUnknown;
   if (S_ISREG(info.st_mode)) return PathKind::kFile;
   return S_ISDIR(info.st_mode) ? PathKind::kFolder : PathKind::kOther;
+}
+
+std::vector<std::string> ListNames(const std::string& folder) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> opened(opendir(folder.c_str()), closedir);
+  if (!opened) return names;
+  while (const dirent* const entry = readdir(opened.get())) names.emplace_back(entry->d_name);
+  return names;
+}
+
+std::string MakeAbsolute(const std::string& path) {
+  char folder[4096];
+  if (path.starts_with('/') || !getcwd(folder, sizeof folder)) return path;
+  return std::string(folder) + (std::string_view(folder) == "/" ? "" : "/") + path;
 }
 
 bool MakeEmptyFile(const std::string& path) {

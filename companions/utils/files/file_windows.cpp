@@ -5,6 +5,7 @@
 #include <io.h>
 
 #include <cstdio>
+#include <filesystem>
 
 #include "companions/utils/files/file_platform.h"
 #include "companions/utils/files/wide_text_windows.h"
@@ -18,6 +19,23 @@ PathKind GetPathKind(const std::string& path) {
     return IsAbsence(GetLastError()) ? PathKind::kNone : PathKind::kUnknown;
   if (attributes & FILE_ATTRIBUTE_DIRECTORY) return PathKind::kFolder;
   return attributes & FILE_ATTRIBUTE_DEVICE ? PathKind::kOther : PathKind::kFile;
+}
+
+std::vector<std::string> ListNames(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code failure;
+  const std::filesystem::directory_iterator end;
+  for (std::filesystem::directory_iterator entry(Widen(folder), failure); !failure && entry != end;
+       entry.increment(failure)) {
+    names.push_back(Narrow(entry->path().filename().c_str()));
+  }
+  return names;
+}
+
+std::string MakeAbsolute(const std::string& path) {
+  std::error_code failure;
+  const auto absolute = std::filesystem::absolute(Widen(path), failure);
+  return failure ? path : Narrow(absolute.c_str());
 }
 
 bool MakeEmptyFile(const std::string& path) {

@@ -3,10 +3,10 @@
 #include "utils/replace_file.h"
 
 #include <cerrno>
-#include <exception>
 #include <system_error>
 
 #include "companions/utils/files/replace_file_platform.h"
+#include "utils/contained_call.h"
 #include "utils/file.h"
 #include "utils/file_presence.h"
 
@@ -16,11 +16,7 @@ constexpr char kNothingIsOpen[] = "it is not open";
 constexpr char kNoMemory[] = "no memory";  // short enough to be kept without any
 
 void SetReason(std::string& to, const char* reason) noexcept {
-  try {
-    to = reason;
-  } catch (const std::exception&) {
-    to = kNoMemory;
-  }
+  if (!RunsThrough([&] { to = reason; })) to = kNoMemory;
 }
 
 // Whether the file holds exactly these bytes; null: whether there is none. What cannot be read is another
@@ -47,13 +43,9 @@ FileReplacement::~FileReplacement() { Discard(); }
 bool FileReplacement::Open(const char* path) noexcept {
   Discard();
   m_Reason.clear();
-  try {
-    OpenNewFile(path ? path : "");
-  } catch (const std::exception&) {
-    Discard();
-    return Fail(kNoMemory);
-  }
-  return m_File != nullptr;
+  if (RunsThrough([&] { OpenNewFile(path ? path : ""); })) return m_File != nullptr;
+  Discard();
+  return Fail(kNoMemory);
 }
 
 void FileReplacement::OpenNewFile(const char* path) {
@@ -91,17 +83,20 @@ bool FileReplacement::Commit() noexcept {
 bool FileReplacement::CommitOver(const std::string_view* expected) noexcept {
   m_Overtaken = false;
   if (!FinishNewFile()) return false;
-  try {
+  bool isReplaced = false;
+  const bool ran = RunsThrough([&] {
     // From the look at the target to its replacement nobody else may replace it.
     const utils_internal::TargetLock lock(m_Target);
-    if (HoldsStill(m_Target, expected)) return MoveIntoPlace();
-    m_Overtaken = true;
-    Fail("somebody else has changed it meanwhile");
-  } catch (const std::exception&) {
-    Fail(kNoMemory);
-  }
-  Discard();
-  return false;
+    m_Overtaken = !HoldsStill(m_Target, expected);
+    if (m_Overtaken) {
+      Fail("somebody else has changed it meanwhile");
+    } else {
+      isReplaced = MoveIntoPlace();
+    }
+  });
+  if (!ran) Fail(kNoMemory);
+  if (!isReplaced) Discard();
+  return isReplaced;
 }
 
 bool FileReplacement::FinishNewFile() noexcept {
@@ -115,16 +110,13 @@ bool FileReplacement::FinishNewFile() noexcept {
 }
 
 bool FileReplacement::MoveIntoPlace() noexcept {
-  try {
-    if (utils_internal::MoveOver(m_NewPath, m_Target, m_Reason)) {
-      m_NewPath.clear();
-      return true;
-    }
-  } catch (const std::exception&) {
+  bool isMoved = false;
+  if (!RunsThrough([&] { isMoved = utils_internal::MoveOver(m_NewPath, m_Target, m_Reason); })) {
     Fail(kNoMemory);
   }
+  if (isMoved) m_NewPath.clear();
   Discard();
-  return false;
+  return isMoved;
 }
 
 void FileReplacement::Discard() noexcept {
@@ -143,11 +135,8 @@ bool FileReplacement::Fail(const char* reason) noexcept {
 
 bool FileReplacement::FailByErrno() noexcept {
   const int code = errno;
-  try {
-    return Fail(std::generic_category().message(code).c_str());
-  } catch (const std::exception&) {
-    return Fail(kNoMemory);
-  }
+  if (!RunsThrough([&] { Fail(std::generic_category().message(code).c_str()); })) Fail(kNoMemory);
+  return false;
 }
 
 bool ReplaceFileContent(const char* path, std::string_view content, std::string& reason) noexcept {

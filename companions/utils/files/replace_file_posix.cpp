@@ -1,26 +1,20 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <ctime>
 #include <system_error>
 
 #include "companions/utils/files/absence_posix.h"
+#include "companions/utils/files/file_owner_posix.h"
 #include "companions/utils/files/replace_file_platform.h"
 
 namespace utils_internal {
 namespace {
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "" : path.substr(0, slash + 1);
-}
 
 std::string GetSystemReason() { return std::generic_category().message(errno); }
 
@@ -35,17 +29,6 @@ bool ReadLink(const std::string& path, std::string& to) {
   }
   to.assign(buffer, static_cast<std::size_t>(length));
   return true;
-}
-
-// Takes over the mode and the owner of the old file; false when the mode cannot be had. Giving the file away
-// may be refused, which is no failure: then the user who saves owns the file.
-bool CopyPermissions(int file, struct stat old) {
-  struct stat now;
-  if (fchown(file, old.st_uid, old.st_gid) != 0 && fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) {
-    old.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
-  }
-  // A file system whose files all have one mode refuses to change it.
-  return fchmod(file, old.st_mode & 07777) == 0 || (fstat(file, &now) == 0 && now.st_mode == old.st_mode);
 }
 
 }  // namespace
@@ -74,7 +57,7 @@ bool MayBeReplaced(const std::string& path, std::string& reason) {
     reason = GetSystemReason();
   } else if (!S_ISREG(info.st_mode)) {
     reason = kNoRegularFile;
-  } else if (!(info.st_mode & S_IWUSR)) {
+  } else if (!MayOwnerWrite(info)) {
     reason = kWriteProtected;
   } else if (access(path.c_str(), W_OK) == 0) {
     return true;
@@ -135,22 +118,5 @@ bool MoveOver(const std::string& path, const std::string& target, std::string& r
 }
 
 void RemoveFile(const std::string& path) noexcept { unlink(path.c_str()); }
-
-// The folder is locked, for it stays the same while its files are replaced, and no file is left behind.
-TargetLock::TargetLock(const std::string& target) {
-  constexpr int kTries = 2000;
-  constexpr timespec kPause = {0, 1000000};
-  const std::string folder = FolderOf(target);
-  const int file = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  m_Handle = file;
-  for (int i = 0; file >= 0 && i < kTries; ++i) {
-    if (flock(file, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR)) return;
-    nanosleep(&kPause, nullptr);
-  }
-}
-
-TargetLock::~TargetLock() {
-  if (m_Handle >= 0) close(static_cast<int>(m_Handle));
-}
 
 }  // namespace utils_internal

@@ -6,7 +6,6 @@
 
 #include <atomic>
 #include <cstdio>
-#include <exception>
 #include <iterator>
 #include <mutex>
 #include <system_error>
@@ -14,6 +13,7 @@
 #include "companions/utils/files/file_platform.h"
 #include "companions/utils/files/replace_file_platform.h"
 #include "companions/utils/files/wide_text_windows.h"
+#include "utils/contained_call.h"
 #include "utils/file.h"
 
 namespace utils_internal {
@@ -138,10 +138,7 @@ bool MoveOver(const std::string& path, const std::string& target, std::string& r
 }
 
 void RemoveFile(const std::string& path) noexcept {
-  try {
-    DeleteFileW(Widen(path).c_str());
-  } catch (const std::exception&) {  // no memory: the file stays
-  }
+  static_cast<void>(RunsThrough([&] { DeleteFileW(Widen(path).c_str()); }));  // no memory: the file stays
 }
 
 // One lock for all targets: it is held for as long as it takes to read a file of settings.

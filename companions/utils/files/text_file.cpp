@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
-#include <exception>
 #include <string_view>
 
 #include "companions/utils/files/file_platform.h"
 #include "companions/utils/files/line_reader.h"
 #include "utils/characters.h"
+#include "utils/contained_call.h"
 #include "utils/file.h"
 #include "utils/numbers.h"
 #include "utils/replace_file.h"
@@ -132,9 +132,7 @@ bool MTextFile::Write(const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
   bool written = false;
-  try {
-    written = WriteFormatted(m_State->output, format, arguments);
-  } catch (const std::exception&) {
+  if (!RunsThrough([&] { written = WriteFormatted(m_State->output, format, arguments); })) {
     m_State->output.Fail("no memory");
   }
   va_end(arguments);

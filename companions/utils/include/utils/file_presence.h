@@ -1,8 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Whether a file is there, and making one where none is. Any thread.
+// Whether a file is there, what a folder holds, and making a file where none is. Paths and names are UTF-8.
+// Any thread.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include "utils/api.h"
 
@@ -13,10 +17,20 @@ enum class FilePresence {
   kUnknown,  // the system does not tell: no rights, a bad disk, links in a circle
 };
 
-// What is behind the path (UTF-8), links followed. Whoever would make or replace a file takes kUnknown for
+// What is behind the path, links followed. Whoever would make or replace a file takes kUnknown for
 // "it may be there": the user's data must not go because the system could not be asked. Null and "" are
 // absent.
 UTILS_API FilePresence GetFilePresence(const char* path);
+
+// Whether the path names a regular file, links followed; false where the system does not tell.
+UTILS_API bool IsRegularFile(const char* path);
+
+// The names of what lies in the folder, in no order, without "." and ".."; none for what cannot be read.
+UTILS_API std::vector<std::string> ListFolder(const char* path);
+
+// The path from the root of the system: one that is not is taken as below the current folder. Asks for
+// nothing on the disk. Null and "" are the current folder.
+UTILS_API std::string GetAbsolutePath(const char* path);
 
 // Makes an empty file where there is none, in one step with the look whether one is there, so that the file
 // of somebody else who was quicker stays. False when something is there, and when nothing can be made.

@@ -19,9 +19,10 @@
 UTILS_API bool TakeNumber(std::string_view& text, int& value, int least = INT_MIN, int most = INT_MAX);
 
 // A decimal number with an optional sign, with or without fraction and exponent, its decimal mark a point;
-// correctly rounded. Only finite numbers: "nan" and "inf" are none, and what overflows or is below the
+// correctly rounded to its type. Only finite numbers: "nan" and "inf" are none, and what overflows or is below the
 // smallest number above 0 is out of range.
 UTILS_API bool TakeNumber(std::string_view& text, double& value);
+UTILS_API bool TakeNumber(std::string_view& text, float& value);
 
 // Hexadecimal digits of either case, without sign and prefix, at most 32 bits of them.
 UTILS_API bool TakeHexadecimal(std::string_view& text, unsigned& value);

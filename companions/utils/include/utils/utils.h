@@ -10,6 +10,7 @@
 #include "utils/checksum.h"
 #include "utils/clock.h"
 #include "utils/code_page.h"
+#include "utils/contained_call.h"
 #include "utils/debug.h"
 #include "utils/file.h"
 #include "utils/file_presence.h"
