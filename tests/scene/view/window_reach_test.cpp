@@ -99,6 +99,4 @@ TEST(WindowReach, MarginIsAnAngle) {
   }
 }
 
-TEST(WindowReach, OfNothingHoldsEverything) {
-  EXPECT_TRUE(WindowReach().MayHold({{0.0, 0.0, -1.0}}));
-}
+TEST(WindowReach, OfNothingHoldsEverything) { EXPECT_TRUE(WindowReach().MayHold({{0.0, 0.0, -1.0}})); }
