@@ -24,6 +24,7 @@ int Wrap(std::int64_t value) { return static_cast<int>(static_cast<std::uint32_t
 // 16.16 fixed point. Every step is computed in 64 bits, where nothing overflows, and then wrapped to 32:
 // shifts of negative numbers, products beyond 32 bits and INT_MIN / -1 give what 32-bit registers would.
 struct FixedPoint {
+  static constexpr bool kWraps = true;
   using Coordinate = int;
   using Edge = int;
   using Wide = int;
@@ -49,6 +50,7 @@ double InsideOrZero(double t) {
 }
 
 struct DoublePoint {
+  static constexpr bool kWraps = false;
   using Coordinate = double;
   using Edge = std::int64_t;
   using Wide = double;
@@ -61,6 +63,7 @@ struct DoublePoint {
 
 // Integer points in doubles, which hold every int and every difference of two.
 struct DoubleParameter {
+  static constexpr bool kWraps = false;
   using Coordinate = int;
   using Edge = int;
   using Wide = int;
@@ -88,8 +91,9 @@ bool EndsNowhere(const tRect<int>& r) {
 
 // The coordinates of both ends along one axis, and a third that is written when neither is to be.
 //
-// Which edges a segment crosses is as good as random, so that a jump for each would be guessed wrong half the
-// time: conditions are joined as numbers, and what is not to be written is written to the third place.
+// Which edges a segment crosses is as good as random, so that a jump for each is guessed wrong often:
+// conditions are joined as numbers where that is faster, and what is not to be written is written to the
+// third place.
 template <class Math>
 struct Ends {
   using Coordinate = typename Math::Coordinate;
@@ -140,15 +144,24 @@ bool Clip(Point& p0, Point& p1, const tRect<int>& r) {
   if (x.IsBeyond(inX) + y.IsBeyond(inY) != 0) return false;
   if (x.IsWithin(inX) + y.IsWithin(inY) == 2) return true;
 
-  const auto tRight = x.Crossing(inX.high);
-  // The left edge's parameter still counts along the whole segment when one end moves to the right edge
-  // below. This is deliberate: pictures drawn with these functions must not change. A slanting segment that
-  // crosses both edges therefore ends beside its true crossing on the left.
-  const auto tLeft = x.Crossing(inX.low);
-  MoveTo<Math>(inX.high, tRight, x.larger, tRight != 0, x, y);
-  bool isLost = (tRight != 0) & y.AreBothOutside(inY);
-  MoveTo<Math>(inX.low, tLeft, 1 - x.larger, (tLeft != 0) & !isLost, x, y);
-  isLost |= (tLeft != 0) & y.AreBothOutside(inY);
+  bool isLost = false;
+  // Many segments that come this far cross edges of the other axis only. Numbers that wrap can seem to cross
+  // where they do not.
+  if (Math::kWraps || !x.IsWithin(inX)) {
+    const auto tRight = x.Crossing(inX.high);
+    // The left edge's parameter still counts along the whole segment when one end moves to the right edge
+    // below. This is deliberate: pictures drawn with these functions must not change. A slanting segment that
+    // crosses both edges therefore ends beside its true crossing on the left.
+    const auto tLeft = x.Crossing(inX.low);
+    if (tRight != 0) {
+      MoveTo<Math>(inX.high, tRight, x.larger, true, x, y);
+      isLost = y.AreBothOutside(inY);
+    }
+    if ((tLeft != 0) & !isLost) {
+      MoveTo<Math>(inX.low, tLeft, 1 - x.larger, true, x, y);
+      isLost = y.AreBothOutside(inY);
+    }
+  }
 
   // Which end is the larger one is deliberately not looked at again, though clipping in x may have turned
   // them round; and no test follows: what has passed the clipping in x is reported visible.

@@ -102,13 +102,16 @@ float SkyMap::Find(const Direction& direction) const {
   const float right = place(x), down = place(y);
   const int column = std::clamp(static_cast<int>(right), 0, m_Side - 1),
             row = std::clamp(static_cast<int>(down), 0, m_Side - 1);
+  const unsigned char* cells = &m_Cells[Index(column - 1, row - 1)];
+  const int next = m_Side + 2;
+  const auto light = [cells](int i) { return cells[i] | cells[i + 1] | cells[i + 2]; };
+  if ((light(0) | light(next) | light(2 * next)) == 0) return 0.0f;  // two thirds of the sky
   const auto across = GetWeights(right - static_cast<float>(column)),
              along = GetWeights(down - static_cast<float>(row));
-  const unsigned char* cells = &m_Cells[Index(column - 1, row - 1)];
   float found = 0.0f;
   for (const float weight : along) {
     found += weight * (across[0] * cells[0] + across[1] * cells[1] + across[2] * cells[2]);
-    cells += m_Side + 2;
+    cells += next;
   }
   return found;
 }

@@ -23,6 +23,9 @@ class PixelDirections {
       direction.v[i] = ahead * m_Centre.v[i] + 2.0 * (x * m_Right.v[i] + y * m_Up.v[i]);
     return direction;
   }
+  // Unit vectors at right angles to the view axis.
+  const Direction& GetRight() const { return m_Right; }
+  const Direction& GetUp() const { return m_Up; }
 
  private:
   tPoint<double> m_Middle;

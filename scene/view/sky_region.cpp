@@ -18,6 +18,8 @@ constexpr double kLeastRimStep = 3.0 * kRadiansPerDegree;
 
 // The tangent of an angle a little below kLeastRimStep.
 const double kTanOfLess = std::tan(0.999 * kLeastRimStep);
+// The same of kRimStep, up to which one step leads along the rim.
+const double kTanOfStep = std::tan(0.999 * kRimStep);
 
 double Wrapped(double angle) { return std::remainder(angle, 2.0 * kPi); }
 
@@ -75,9 +77,11 @@ void RegionProjector::LineTo(const tPoint<double>& p) {
 
 // Whether the step along the rim to the bearing of `p` is surely below kLeastRimStep. Most points of an
 // outline lie outside, each a little further along than the one before, and need no angle.
-bool RegionProjector::IsNearLast(const tPoint<double>& p) const {
+bool RegionProjector::IsNearLast(const tPoint<double>& p) const { return IsWithin(p, kTanOfLess); }
+
+bool RegionProjector::IsWithin(const tPoint<double>& p, double tangent) const {
   const double along = m_Last.x * p.x + m_Last.y * p.y, aside = m_Last.x * p.y - m_Last.y * p.x;
-  return std::fabs(aside) < kTanOfLess * along;
+  return std::fabs(aside) < tangent * along;
 }
 
 // Runs along the rim to the bearing of `p`: a great circle that stays outside sweeps less than half a turn.
@@ -85,6 +89,10 @@ bool RegionProjector::IsNearLast(const tPoint<double>& p) const {
 // rounding. Unless `exact`, small movements wait until they add up.
 void RegionProjector::AlongRim(const tPoint<double>& p, int turn, bool exact) {
   if (!exact && IsNearLast(p)) return;
+  if (IsWithin(p, kTanOfStep)) {
+    const double out = m_Picture.rim / std::sqrt(p.x * p.x + p.y * p.y);
+    return LineTo({p.x * out, p.y * out});
+  }
   const double bearing = std::atan2(p.y, p.x);
   if (!std::isfinite(bearing)) return;
   const double start = std::atan2(m_Last.y, m_Last.x);

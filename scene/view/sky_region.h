@@ -57,6 +57,8 @@ class RegionProjector {
   bool IsInDisc(const tPoint<double>& p) const;
   bool IsBehind(const End& end) const { return Dot(m_Axis, *end.direction) < 0.0; }
   bool IsNearLast(const tPoint<double>& p) const;
+  // Whether the bearing of `p` lies within an angle of that tangent from that of the last point.
+  bool IsWithin(const tPoint<double>& p, double tangent) const;
   bool IsUneventful(const SkyCap& cap) const;
   void AddStretch(std::span<const Direction> stretch, End& last);
   void AddEdge(const End& from, const End& to);

@@ -54,7 +54,7 @@ StarReach ObjectTests::GetStarReach(double maxMotion, float brightest) const {
   const double margin =
       kAberration + maxMotion * std::fabs(m_Observer.years) + 2.0 * pixels / m_Geometry.scale;
   const double angle = std::min(m_Geometry.cornerAngle + margin, kPi);
-  return {angle, std::cos(angle), pixels};
+  return {angle, std::cos(angle), pixels, WindowReach(m_Geometry, m_Observer, margin)};
 }
 
 // An unknown kind is never shown, so that it matters little whose limits it gets.

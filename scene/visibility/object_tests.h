@@ -19,6 +19,7 @@
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
 #include "scene/view/view_geometry.h"
+#include "scene/view/window_reach.h"
 #include "scene/visibility/sky_light.h"
 
 namespace scene {
@@ -33,9 +34,10 @@ struct ObjectPlace {
 
 // How far from the view axis a star may stand in its catalogue and yet be seen in the window.
 struct StarReach {
-  double angle;   // radians
-  double cosine;  // -1 where there is no limit
-  double margin;  // pixels outside the window where its disc may still reach in
+  double angle;          // radians
+  double cosine;         // -1 where there is no limit
+  double margin;         // pixels outside the window where its disc may still reach in
+  WindowReach window{};  // with all that
 };
 
 // A star of the catalogue of bright stars; StarTileRecord answers the same questions for one of a tile
@@ -170,7 +172,8 @@ unsigned ObjectTests::TestStar(const Star& star, const StarReach& reach, ObjectP
   if (found.EndsWith(star.GetCode() > m_StarLimits.draw, kTooFaint)) return found.obstacles;
   if (kFirst && star.GetCode() > m_FaintestStar) return kSkyTooBright;
   const Direction& direction = star.GetDirection();
-  if (found.EndsWith(Dot(direction, m_Centre) < reach.cosine, kOutside)) return found.obstacles;
+  if (found.EndsWith(Dot(direction, m_Centre) < reach.cosine || !reach.window.MayHold(direction), kOutside))
+    return found.obstacles;
   return TestStarPlace<kFirst>(star, direction, reach.margin, found, place);
 }
 

@@ -77,8 +77,8 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources, 
   m_Natural = true;
   m_WithExtinction = extinction;
   m_Sources = sources;
-  m_Width = geometry.width;
-  m_Height = geometry.height;
+  m_PerWidth = 1.0 / geometry.width;
+  m_PerHeight = 1.0 / geometry.height;
   m_StarGain = std::max(0.0f, ClassLimits(geometry.camera, FourCC("star")).draw - GetDarkLimit());
   const astro::SkyBrightness brightness(MakeLights(sources));
   // The part of the night's own light that comes from lamps, and what they give the zenith.
@@ -91,8 +91,9 @@ void SkyLight::Compute(const ViewGeometry& geometry, const SkySources& sources, 
   m_LeastLuminance = 1e12;
   for (int i = 0; i < kColumns * kRows; ++i) {
     Node& node = m_Nodes[static_cast<std::size_t>(i)];
-    const Direction direction = directions.Find(
-        {m_Width * (i % kColumns) / (kColumns - 1), m_Height * (kRows - 1 - i / kColumns) / (kRows - 1)});
+    const Direction direction =
+        directions.Find({static_cast<double>(geometry.width) * (i % kColumns) / (kColumns - 1),
+                         static_cast<double>(geometry.height) * (kRows - 1 - i / kColumns) / (kRows - 1)});
     node.altitude = std::fabs(GetAltitude(direction));
     node.fromSun = GetAngle(direction, sun);
     const auto parts = brightness.GetParts(node.altitude, node.fromSun, GetAngle(direction, moon));
@@ -118,8 +119,8 @@ float SkyLight::Find(float Node::*value, const tPoint<double>& pixel) const {
     const int node = std::min(static_cast<int>(place), nodes - 2);
     return std::pair<int, float>(node, static_cast<float>(place - node));
   };
-  const auto [column, right] = at(pixel.x / m_Width, kColumns);
-  const auto [row, down] = at(1.0 - pixel.y / m_Height, kRows);
+  const auto [column, right] = at(pixel.x * m_PerWidth, kColumns);
+  const auto [row, down] = at(1.0 - pixel.y * m_PerHeight, kRows);
   const Node* const node = m_Nodes.data() + row * kColumns + column;
   const float above = node[0].*value + (node[1].*value - node[0].*value) * right;
   const float below = node[kColumns].*value + (node[kColumns + 1].*value - node[kColumns].*value) * right;

@@ -89,9 +89,9 @@ class SkyLight {
   SkySources m_Sources{};
   std::vector<Node> m_Nodes;
   std::array<float, kExtinctionSteps + 1>
-      m_Extinction;                      // codes, by the square root of the sine of the altitude
-  double m_Width = 1.0, m_Height = 1.0;  // of the window
-  float m_StarGain = 0.0f;               // codes by which the stars of this zoom reach beyond the naked eye
+      m_Extinction;                            // codes, by the square root of the sine of the altitude
+  double m_PerWidth = 1.0, m_PerHeight = 1.0;  // parts of the window a pixel
+  float m_StarGain = 0.0f;  // codes by which the stars of this zoom reach beyond the naked eye
   float m_FaintestLimit = 0.0f;
   double m_ZenithLuminance = 0.0, m_LeastLuminance = 0.0, m_LineStrength = 1.0, m_GlowStrength = 1.0;
 };
