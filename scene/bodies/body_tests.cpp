@@ -108,7 +108,8 @@ double BodyTests::GetSymbolRadius(int body, float dim) const {
   const auto index = static_cast<std::size_t>(body);
   if (!HasMagnitude(body)) return kSatellite * m_Geometry.unit;
   constexpr float kSmaller = 0.5f;  // as stars
-  const float code = GetDrawnCode(body, kSmaller * dim);
+  float code = GetDrawnCode(body, kSmaller * dim);
+  if (IsOfShownGroup(m_Model.GetBodies()[index])) code = std::min(code, m_StarLimits.draw);
   const SSO_ID& id = m_Model.GetBodies()[index].id;
   const double largest = id.kind == FourCC("moon") ? kLargestMoonDot : kLargestDot;
   return m_Geometry.unit * std::min(GetDotRadius(m_StarLimits, code), largest);

@@ -15,8 +15,8 @@ constexpr float kTilt = -0.45f, kFlat = 0.42f;  // of the path of a planet
 
 void AddEllipse(const StarSign& sign, float away, float flat, float angle, DisplayList& list) {
   const float radius = sign.radius + away * list.GetUnit();
-  list.Add(Layer::kDeepsky, EllipseRecord{sign.x, sign.y, radius, flat * radius, angle, kWidth * list.GetUnit(),
-                                        0.0f, sign.colour, sign.object});
+  list.Add(Layer::kDeepsky, EllipseRecord{sign.x, sign.y, radius, flat * radius, angle,
+                                          kWidth * list.GetUnit(), 0.0f, sign.colour, sign.object});
 }
 
 }  // namespace

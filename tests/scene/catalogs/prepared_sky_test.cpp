@@ -177,7 +177,7 @@ TEST_F(PreparedSkyTest, WhatIsDamagedIsOneLine) {
     ExpectTablesInstead(part, "", "these are no prepared catalogs");
     ExpectTablesInstead(part, prepared[1 - static_cast<std::size_t>(part)], kDamaged);
     std::string other = whole;
-    other[8] = 2;
+    other[8] = 1;  // the one before
     ExpectTablesInstead(part, other, "these are prepared catalogs of another version");
   }
 }

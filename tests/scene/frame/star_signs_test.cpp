@@ -74,8 +74,11 @@ TEST_F(StarSigns, EachKindHasItsOwnAndOthersNone) {
   EXPECT_EQ(CountRings(list, kPlain), 0);
   EXPECT_EQ(FindBar(list, kPlain), nullptr);
   for (const auto& ring : list.GetEllipses()) {
-    if (ring.object == ObjectRef{FourCC("star"), kVariable}) EXPECT_EQ(ring.semiMajor, ring.semiMinor);
-    if (ring.object == ObjectRef{FourCC("star"), kHost}) EXPECT_GT(ring.semiMajor, 2.0f * ring.semiMinor);
+    if (ring.object == ObjectRef{FourCC("star"), kVariable}) {
+      EXPECT_EQ(ring.semiMajor, ring.semiMinor);
+    } else if (ring.object == ObjectRef{FourCC("star"), kHost}) {
+      EXPECT_GT(ring.semiMajor, 2.0f * ring.semiMinor);
+    }
   }
 }
 
