@@ -11,7 +11,8 @@ import os
 import re
 import sys
 
-PAGES = ["README.md", "docs/architecture.md", "docs/extending.md", "docs/formats/display_list.md", "docs/pictures/*.dot"]
+PAGES = ["*.md", "docs/architecture.md", "docs/extending.md", "docs/embedding.md", "docs/tour.md", "docs/cookbook.md",
+         "docs/tutorial/*.md", "docs/formats/display_list.md", "docs/pictures/*.dot"]
 # A word with a slash that begins with a folder of the tree; "*" stands for a piece of a name, and what a reader puts in
 # for himself is written in capitals.
 PATH = re.compile(r"(?<![\w/.<])((?:\w+/)+[\w*.]*)")

@@ -62,6 +62,7 @@ inline double GetDotRadius(const ClassLimits& stars, float code) {
   return 0.6 * std::pow(10.0, 0.1 * (static_cast<double>(stars.draw - code) * 0.1));
 }
 
+// The magnitude of a code, (magnitude + 2) * 10.
 inline double MagnitudeOfCode(double code) { return code * 0.1 - 2.0; }
 
 }  // namespace scene
