@@ -125,6 +125,8 @@ class Filter:
                 self.parentheses -= 1
             elif c == "{":
                 self.scopes.append(self.kind_of(self.head + bare[:i]))
+                if self.scope() != "body":
+                    self.block = []  # it was about what opens here
                 self.head = ""
                 bare = " " * (i + 1) + bare[i + 1:]
             elif c == "}":

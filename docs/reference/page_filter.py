@@ -32,7 +32,7 @@ def filter_page(path, root):
         is_picture, text, target, _ = match.groups()
         relative = os.path.normpath(os.path.join(folder, target)) if target else ""
         if is_picture:
-            return match.group() if target.endswith(".svg") else ""
+            return match.group()
         if "://" in target:
             return match.group()
         if is_shown(relative) and os.path.exists(os.path.join(root, relative)):
@@ -42,12 +42,12 @@ def filter_page(path, root):
     lines, in_code = [], False
     with open(path, encoding="utf-8") as file:
         content = re.sub(r"<!--.*?-->\n*", "", file.read(), flags=re.DOTALL)
-    content = re.sub(r"\[!\[[^\]]*\]\([^)]*\)\]\([^)]*\)", "", content)
+    content = re.sub(r"\[!\[([^\]]*)\]\(([^)]*)\)\]\([^)]*\)", lambda at: f"![{at[1]}]({os.path.basename(at[2])})", content)
     for line in content.split("\n"):
         in_code ^= line.lstrip().startswith("```")
         if not in_code:
             line = CODE.sub(as_code, LINK.sub(link, line))
             if line.startswith("# "):
-                line += f" {{#{label_of(os.path.relpath(os.path.abspath(path), root))}}}"
+                line = line.replace("`", "") + f" {{#{label_of(os.path.relpath(os.path.abspath(path), root))}}}"
         lines.append(line)
     return "\n".join(lines)

@@ -22,14 +22,16 @@ LINK = re.compile(r"\]\(([^)#\s]+)")
 
 
 def named_paths(root, page):
+    is_code = False
     with open(os.path.join(root, page), encoding="utf-8") as file:
         for number, line in enumerate(file, 1):
             for path in PATH.findall(line):
                 top = path.split("/")[0]
                 if os.path.isdir(os.path.join(root, top)) and top != "build" and not PLACEHOLDER.search(path):
                     yield number, path.rstrip(".")
+            is_code ^= line.lstrip().startswith("```")
             for link in LINK.findall(line):
-                if "://" not in link:
+                if "://" not in link and not is_code:
                     yield number, os.path.normpath(os.path.join(os.path.dirname(page), link))
 
 
