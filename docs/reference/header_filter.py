@@ -75,6 +75,7 @@ class Filter:
         self.comment = []   # lines of the comment that stands right above
         self.block = []     # the comment of the block of declarations
         self.scopes = []    # of the open braces: "outer", "enum" or "body"
+        self.blocks = []    # and what self.block was before each
         self.parentheses = 0
         self.starts = True  # whether a declaration may begin
 
@@ -125,12 +126,14 @@ class Filter:
                 self.parentheses -= 1
             elif c == "{":
                 self.scopes.append(self.kind_of(self.head + bare[:i]))
+                self.blocks.append(self.block)
                 if self.scope() != "body":
-                    self.block = []  # it was about what opens here
+                    self.block = []  # the members have comments of their own
                 self.head = ""
                 bare = " " * (i + 1) + bare[i + 1:]
             elif c == "}":
                 self.scopes.pop()
+                self.block = self.blocks.pop()
             if c in ";}" and self.parentheses == 0:
                 self.head = ""
                 bare = " " * (i + 1) + bare[i + 1:]
