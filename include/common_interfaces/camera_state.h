@@ -63,6 +63,7 @@ struct LeftBehind {
   std::map<signed char, Direction> directions;  // by moving type
 };
 
+// The members of a camera.
 struct CameraState {
   // Finder and window, pixels.
   short m_FinderSize = 0;

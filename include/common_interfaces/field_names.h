@@ -107,6 +107,7 @@ struct FieldIds {
 #undef COMMON_INTERFACES_FIELD_ID
 };
 
+// The tables that names stand in.
 enum class FieldGroup { kDisplay, kZoomDependent, kRecord };
 
 inline constexpr int kDisplayFieldNames = 99;
@@ -114,6 +115,7 @@ inline constexpr int kZoomFieldNames = 20;
 inline constexpr int kRecordFieldNames = 83;
 inline constexpr int kFieldNames = kDisplayFieldNames + kZoomFieldNames + kRecordFieldNames;
 
+// One name of the vocabulary.
 struct FieldName {
   const char* name;
   FieldGroup group;

@@ -47,6 +47,7 @@ class COMMON_INTERFACES_API BaseOutput {
 };
 static_assert(sizeof(void*) != 4 || sizeof(BaseOutput) == 36);
 
+// What drawing left behind for a star.
 class COMMON_INTERFACES_API StarOutput : public BaseOutput {
  public:
   StarOutput();

@@ -34,6 +34,7 @@ enum PlayAction : int {
   kPlayStopped = 3,
 };
 
+// The description of one play.
 struct PlayDesc {
   int type = 0;        // PlayTypes
   int action = 0;      // PlayAction

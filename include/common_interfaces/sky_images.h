@@ -14,6 +14,7 @@
 
 namespace CommonInterfaces {
 
+// Where a corner of a picture stands on the sky.
 struct SkyImageCorner {
   float ra = 0.0f, dec = 0.0f;  // radians, J2000
 };
@@ -26,6 +27,7 @@ struct CSTLImageDesc {
 };
 static_assert(sizeof(CSTLImageDesc) == 36 && offsetof(CSTLImageDesc, corners) == 4);
 
+// A picture of the Milky Way, given by its corners.
 struct MWayImageDesc {
   unsigned id = 0;
   SkyImageCorner corners[4];

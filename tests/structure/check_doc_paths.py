@@ -11,7 +11,8 @@ import os
 import re
 import sys
 
-PAGES = ["README.md", "docs/architecture.md", "docs/extending.md", "docs/formats/display_list.md", "docs/pictures/*.dot"]
+PAGES = ["*.md", "docs/architecture.md", "docs/extending.md", "docs/embedding.md", "docs/tour.md", "docs/cookbook.md",
+         "docs/tutorial/*.md", "docs/formats/display_list.md", "docs/pictures/*.dot"]
 # A word with a slash that begins with a folder of the tree; "*" stands for a piece of a name, and what a reader puts in
 # for himself is written in capitals.
 PATH = re.compile(r"(?<![\w/.<])((?:\w+/)+[\w*.]*)")
@@ -21,14 +22,16 @@ LINK = re.compile(r"\]\(([^)#\s]+)")
 
 
 def named_paths(root, page):
+    is_code = False
     with open(os.path.join(root, page), encoding="utf-8") as file:
         for number, line in enumerate(file, 1):
             for path in PATH.findall(line):
                 top = path.split("/")[0]
                 if os.path.isdir(os.path.join(root, top)) and top != "build" and not PLACEHOLDER.search(path):
                     yield number, path.rstrip(".")
+            is_code ^= line.lstrip().startswith("```")
             for link in LINK.findall(line):
-                if "://" not in link:
+                if "://" not in link and not is_code:
                     yield number, os.path.normpath(os.path.join(os.path.dirname(page), link))
 
 

@@ -63,6 +63,7 @@ inline double GetDotRadius(const ClassLimits& stars, float code) {
   return 0.6 * std::exp(kGrowth * static_cast<double>(stars.draw - code));
 }
 
+// The magnitude of a code, (magnitude + 2) * 10.
 inline double MagnitudeOfCode(double code) { return code * 0.1 - 2.0; }
 
 }  // namespace scene

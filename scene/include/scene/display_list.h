@@ -194,6 +194,7 @@ struct TextRecord {
   ObjectRef object;
 };
 
+// A corner of a line or an area, pixels.
 struct Vertex {
   float x, y;
 };

@@ -16,6 +16,7 @@ struct MoonPathPoint {
   bool hidden;   // behind the planet or in its shadow
 };
 
+// The way of one moon beside its planet.
 struct MoonPath {
   SSO_ID moon;
   std::vector<MoonPathPoint> points;  // at `first`, `step` days later, ...

@@ -13,6 +13,7 @@
 
 namespace scene {
 
+// An object that can be seen in the night, and when it stands best.
 struct NightObject {
   FoundObject object;
   NightSight best;

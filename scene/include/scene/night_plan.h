@@ -17,6 +17,7 @@
 
 namespace scene {
 
+// A stretch of the night.
 struct NightSpan {
   SkyMoment begin, end;
 
@@ -29,6 +30,7 @@ struct NightSight {
   double azimuth = 0.0, altitude = 0.0;  // from north over east; without refraction
 };
 
+// The Moon or a planet in the night.
 struct NightBody {
   SSO_ID id;
   ObservedBody seen;             // at its best, else in the middle of the night
@@ -41,6 +43,7 @@ struct NightBody {
 // The altitudes of the Sun that make a night darker, from the horizon to the end of astronomical twilight.
 enum class Darkness { kNone, kSunset, kCivil, kNautical, kAstronomical };
 
+// What a night has, moment by moment.
 struct NightPlan {
   NightSpan whole;   // from noon to noon: a day
   SkyMoment middle;  // FindTonight

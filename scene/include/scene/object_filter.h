@@ -50,6 +50,7 @@ enum FilterCondition : unsigned {
   kUndefinedCondition = 3
 };
 
+// What a rule compares.
 enum class Quantity : unsigned char { kMagnitude, kColour, kSize, kCatalogs, kClass, kNumber, kLuminosity };
 
 // One query, ready to be matched.

@@ -14,6 +14,7 @@
 
 namespace scene {
 
+// The catalogs in which an object is known by an index.
 enum class ObjectGroup { kStar, kTileStar, kDeepsky, kConstellation, kBody, kAsterism, kFeature };
 
 // An object of the catalogs by its index there; a star of a tile catalog by its number, a feature of a

@@ -31,6 +31,7 @@
 extern "C" {
 #endif
 
+/* What functions return. */
 enum SceneStatus {
   SCENE_OK = 0,
   SCENE_BAD_ARGUMENT = 1, /* a null pointer, a size, a value out of its range, an unknown name of a setting */
@@ -42,6 +43,7 @@ enum SceneStatus {
 
 typedef struct SceneSky SceneSky;
 
+/* Where the data are, and the language. */
 typedef struct SceneRoots {
   uint32_t size;
   const char* data;     /* the data root */
@@ -96,6 +98,7 @@ SCENE_API int scene_change_setting(SceneSky* sky, const char* change);
 SCENE_API int scene_read_settings(SceneSky* sky, const char* file);
 SCENE_API int scene_save_settings(SceneSky* sky, const char* file);
 
+/* A field of the settings. */
 typedef struct SceneField {
   uint32_t size;
   char section[8];  /* "star"; a zero stands behind it */
@@ -148,6 +151,7 @@ enum SceneArrayKind {
   SCENE_TEXT_BYTES = 104
 };
 
+/* An array of the display list. */
 typedef struct SceneArray {
   uint32_t size;
   uint32_t count;       /* of records */
@@ -207,6 +211,7 @@ typedef struct SceneSight {
   double elongation;                                   /* from the Sun */
 } SceneSight;
 
+/* How the observer of the view sees the object at its moment. */
 SCENE_API int scene_observe(SceneSky* sky, SceneObject object, SceneSight* sight);
 
 /* Turns the view so that a direction (as scene_project takes it) stands under a pixel; the horizon stays

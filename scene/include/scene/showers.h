@@ -11,6 +11,7 @@
 
 namespace scene {
 
+// A meteor shower of the string table, ready for a frame.
 struct Shower {
   CommonInterfaces::SHOWER record;
   Direction radiant;  // at the maximum, J2000

@@ -34,6 +34,7 @@ struct FigureStroke {
   int constellation;  // index in the catalogs' list, -1 for a figure of a constellation that is not in it
 };
 
+// A constellation where its name is written.
 struct SCENE_API ConstellationName {
   std::string abbreviation;  // "Ori"
   Direction direction;       // J2000

@@ -37,6 +37,7 @@ enum class LabelFate {
   kOff        // the labels of its class are switched off
 };
 
+// Why an object is drawn or not, and where it is.
 struct Explanation {
   int kind;  // four-character code
   ObjectTraits traits;

@@ -26,17 +26,20 @@ struct NightPoint {
   float hour;
 };
 
+// When a body rises, or sets, night by night.
 struct RisingLine {
   SSO_ID body;
   bool rises;                      // else it sets
   std::vector<NightPoint> points;  // in the order of time
 };
 
+// A phase of the Moon, where it stands in the graph.
 struct PhaseMark {
   NightPoint point;
   astro::EventKind phase;
 };
 
+// A year of nights as lines and areas.
 struct YearGraph {
   int nights = 0;
   double latitude = 0.0;  // radians

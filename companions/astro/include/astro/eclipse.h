@@ -28,8 +28,10 @@ ASTRO_API Shadow CastShadow(double casterRadius, const double sun[3], const doub
 // & Meeus 2009, NASA/TP-2009-214173).
 inline constexpr double kEarthShadowEnlargement = 1.01;
 
+// What the Earth's shadow does to the Moon, seen from anywhere.
 enum class LunarEclipse { kNone, kPenumbral, kPartial, kTotal };
 
+// A lunar eclipse at one moment.
 struct LunarEclipseState {
   LunarEclipse kind = LunarEclipse::kNone;
   // The part of the Moon's diameter inside the umbra (negative: how far it is away from it), and inside the
@@ -43,6 +45,7 @@ struct LunarEclipseState {
 // minute.
 ASTRO_API LunarEclipseState FindLunarEclipse(const double sun[3], const double moon[3]);
 
+// What the Moon does to the Sun at a place.
 enum class SolarEclipse {
   kNone,
   kElsewhere,  // the penumbra meets the Earth, but the eclipse is not seen from the place
@@ -51,6 +54,7 @@ enum class SolarEclipse {
   kTotal
 };
 
+// A solar eclipse at one moment, as a place sees it.
 struct SolarEclipseState {
   SolarEclipse kind = SolarEclipse::kNone;
   // The part of the Sun's diameter that the Moon covers; while the one disc lies within the other the ratio

@@ -16,8 +16,10 @@
 
 namespace astro {
 
+// A set of kinds, by their numbers.
 using EventKinds = std::bitset<kEventKinds>;
 
+// The set of those in the list.
 inline EventKinds MakeEventKinds(std::initializer_list<EventKind> list) {
   EventKinds kinds;
   for (const EventKind kind : list) kinds.set(static_cast<std::size_t>(kind));

@@ -11,6 +11,7 @@
 
 #include "astro/api.h"
 
+// A date and a time of day.
 struct CalendarDate {
   int year = 0;
   int month = 1;  // 1 to 12

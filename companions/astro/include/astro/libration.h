@@ -15,6 +15,7 @@
 
 namespace astro {
 
+// How the Moon is turned towards an observer. Angles in radians.
 struct Libration {
   // The point of the Moon that the observer has in the middle of the disc: what the observer sees more of,
   // -pi to pi.

@@ -16,6 +16,7 @@
 
 namespace astro {
 
+// A lunar eclipse from its first contact to its last.
 struct GlobalLunarEclipse {
   SkyMoment greatest;  // the Moon's centre comes closest to the axis of the shadow
   LunarEclipse kind = LunarEclipse::kPenumbral;

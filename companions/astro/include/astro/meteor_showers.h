@@ -14,6 +14,7 @@
 
 namespace astro {
 
+// A shower that comes every year. Angles in radians.
 struct MeteorShower {
   char code[4] = "";            // of the International Astronomical Union: "PER"
   double solarLongitude = 0.0;  // of the maximum: the Sun's, ecliptic and equinox J2000

@@ -17,6 +17,7 @@
 
 namespace astro {
 
+// What a moon and its planet do to each other, seen from the Earth.
 enum class MoonPhenomenon {
   kTransit,        // the moon before the lit part of the planet's disc
   kShadowTransit,  // its shadow on the side of the planet that the Earth sees
@@ -32,6 +33,7 @@ enum class MoonContact {
   kInner    // the whole disc
 };
 
+// One such phenomenon of one moon.
 struct MoonEvent {
   SSO_ID moon;
   MoonPhenomenon kind = MoonPhenomenon::kTransit;

@@ -17,6 +17,7 @@
 inline constexpr float kUnknownStarMagnitude = 999999.0f;
 inline constexpr float kUnknownDeepskyMagnitude = 9999.0f;
 
+// The converted record of a star.
 struct StarRecord {
   double ra = 0.0, dec = 0.0;    // radians, ICRS axes, epoch J2000.0
   double properMotionRA = 0.0;   // radians per Julian year on the sky: the factor cos(dec) is in it
@@ -30,6 +31,7 @@ struct StarRecord {
   float absMagnitude = kUnknownStarMagnitude;
 };
 
+// The converted record of a deep-sky object.
 struct DeepskyRecord {
   double ra = 0.0, dec = 0.0;  // radians, ICRS axes
   double parallax = 0.0;       // radians; 0: unknown
@@ -39,6 +41,7 @@ struct DeepskyRecord {
   float blueMagnitude = kUnknownDeepskyMagnitude;
 };
 
+// The converted record of a constellation.
 struct ConstellationRecord {
   double center[3] = {0.0, 0.0, 0.0};  // unit vector, ICRS axes
 };

@@ -14,6 +14,7 @@ namespace astro {
 // Where on the Moon's edge it happens.
 enum class OccultationLimb { kSunlit, kDark, kSunlitGraze, kDarkGraze };
 
+// What the Moon may hide.
 struct OccultationTarget {
   SSO_ID id;
   const void* data = nullptr;  // as CQXSolSys::Observe takes it, kept while the finder runs

@@ -25,6 +25,7 @@ struct SurfacePoint {
   double graphicLatitude = 0.0;  // planetographic: of the normal to the surface there
 };
 
+// How a body shows itself to an observer. Angles in radians.
 struct PhysicalEphemeris {
   SurfacePoint observer;  // its longitude is the central meridian, its planetocentric latitude the tilt
   SurfacePoint sun;       // of the Sun itself 0

@@ -19,6 +19,7 @@
 
 namespace astro {
 
+// A satellite whose passes are wanted.
 struct SatelliteTarget {
   SSO_ID id;
   const OrbitalElements* elements = nullptr;  // two-line elements, owned by the caller
@@ -26,6 +27,7 @@ struct SatelliteTarget {
   double standardMagnitude = static_cast<double>(kUnknownStarMagnitude);
 };
 
+// What counts as a pass. Radians.
 struct PassLimits {
   double altitude = 10.0 * kRadiansPerDegree;     // a pass begins and ends here
   double sunAltitude = -6.0 * kRadiansPerDegree;  // a satellite is seen while the Sun's centre is lower
@@ -44,6 +46,7 @@ struct PassPoint {
   double magnitude = static_cast<double>(kUnknownStarMagnitude);
 };
 
+// A satellite from its rise to its set over a place.
 struct SatellitePass {
   SSO_ID satellite;
   PassPoint rise, culmination, set;

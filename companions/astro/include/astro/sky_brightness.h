@@ -36,6 +36,7 @@ ASTRO_API double GetAirMass(double altitude);
 inline constexpr double kClearExtinction = 0.2;
 inline constexpr double kDarkSky = 21.8;
 
+// What lights the sky of a moment and a place. Angles in radians.
 struct SkyLights {
   double sunAltitude = -0.5 * kPi;  // -pi/2 to pi/2
   double sunlight = 1.0;            // the part of the Sun's light that no eclipse takes, 0 to 1

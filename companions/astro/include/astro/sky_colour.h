@@ -21,11 +21,13 @@ struct Chromaticity {
   double x, y;
 };
 
+// The colour of a twilight sky in one direction.
 struct SkyTint {
   Chromaticity colour;
   double shade;  // what the luminance of an even twilight is multiplied with: the Earth's shadow, the arch
 };
 
+// The colours of the sky for one altitude of the Sun (radians).
 class ASTRO_API SkyColour {
  public:
   // `sunlight`: the part of the Sun's light that no eclipse takes. What is left in a total one comes from

@@ -99,6 +99,7 @@ enum class EventKind {
 };
 inline constexpr int kEventKinds = static_cast<int>(EventKind::kMoonEclipse) + 1;
 
+// One event, of whatever kind.
 struct SkyEvent {
   EventKind kind = EventKind::kRise;
   SkyMoment moment;
@@ -109,11 +110,13 @@ struct SkyEvent {
   int detail = 0;
 };
 
+// The span that is searched, from its first moment up to its last, and the place.
 struct EventSearch {
   SkyMoment from, to;
   std::optional<EarthPlace> place;
 };
 
+// Receives the events, one a call.
 using EventSink = std::function<void(const SkyEvent&)>;
 
 }  // namespace astro

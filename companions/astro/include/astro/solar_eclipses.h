@@ -18,6 +18,7 @@
 
 namespace astro {
 
+// What the eclipse is where most of the Sun is covered.
 enum class SolarEclipseType {
   kPartial,
   kAnnular,
@@ -25,6 +26,7 @@ enum class SolarEclipseType {
   kHybrid  // total in the middle of the path, annular at an end of it at least
 };
 
+// A solar eclipse as the whole Earth has it.
 struct GlobalSolarEclipse {
   SkyMoment greatest;  // the axis of the shadow comes closest to the Earth's centre
   SolarEclipseType type = SolarEclipseType::kPartial;
@@ -75,6 +77,7 @@ struct EclipseContact {
   bool isVisible = false;  // the Sun's upper limb is above the horizon, with refraction
 };
 
+// A solar eclipse at a place, from its first contact to its last.
 struct LocalSolarEclipse {
   SolarEclipse kind = SolarEclipse::kPartial;   // of all of it, seen or not: partial, annular or total
   double magnitude = 0.0, obscuration = 0.0;    // at the maximum, as in eclipse.h

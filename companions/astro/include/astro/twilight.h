@@ -26,6 +26,7 @@ enum class SunCourse {
   kStaysBelow   // no twilight of this kind
 };
 
+// When the Sun passes an altitude.
 struct Twilight {
   SunCourse course = SunCourse::kUnknown;
   std::optional<SkyMoment> dawn;  // the first moment at which the Sun comes up through the altitude

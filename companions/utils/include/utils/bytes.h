@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+// The number at an address of any alignment: little-endian (LE) or big-endian (BE).
 inline std::uint16_t LoadLE16(const void* from) {
   const auto* b = static_cast<const unsigned char*>(from);
   return static_cast<std::uint16_t>(b[0] | b[1] << 8);
@@ -28,6 +29,7 @@ inline std::uint64_t LoadBE64(const void* from) {
   return static_cast<std::uint64_t>(LoadBE32(b)) << 32 | LoadBE32(b + 4);
 }
 
+// Puts the number at an address of any alignment, little-endian.
 inline void StoreLE16(void* to, std::uint16_t value) {
   auto* b = static_cast<unsigned char*>(to);
   b[0] = static_cast<unsigned char>(value);

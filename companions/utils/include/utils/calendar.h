@@ -30,6 +30,7 @@ struct CalendarDay {
   int month, day;
 };
 
+// Whether the year has 29 February.
 constexpr bool IsLeapYear(long long year, const Calendar& calendar) {
   // A remainder of zero is zero in every way of rounding, so that negative years need no care.
   return year % 4 == 0 && (!calendar.centuriesAreCommonYears || year % 100 != 0 || year % 400 == 0);

@@ -9,6 +9,7 @@
 
 #include "utils/api.h"
 
+// The code pages that texts are kept in.
 enum class CodePage : int {
   kCyrillic = 1251,
   kWestern = 1252,

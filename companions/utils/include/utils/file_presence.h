@@ -10,6 +10,7 @@
 
 #include "utils/api.h"
 
+// What the system tells about a path.
 enum class FilePresence {
   kAbsent,   // the system says that there is none
   kPresent,  // something is there, which may be unreadable
