@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The Moon at the ends of the years that its series covers, where the fourth powers of time in its arguments
-// come to minutes of arc, against liberfa: moon98 is the table of Meeus, with the polynomials of Chapront. Its
-// longitude is that of date; the place here is brought there with liberfa's long-term precession (Vondrak,
-// Capitaine & Wallace 2011).
+// come to minutes of arc, against liberfa: moon98 is the table of Meeus, with the polynomials of Chapront.
+// Its longitude is that of date; the place here is brought there with liberfa's long-term precession
+// (Vondrak, Capitaine & Wallace 2011).
 #include <erfa.h>
 #include <gtest/gtest.h>
 
@@ -54,10 +54,10 @@ EclipticPlace FromTheSeries(double date) {
 
 }  // namespace
 
-// The mean longitudes of the two theories are polynomials that were published apart, the series' with the later
-// tidal acceleration: what one gives at a date, with the general precession of Capitaine et al. (2003), less what
-// the other does there, worked out by hand. About it the places swing by what the short table leaves out and by
-// what the arguments of their terms differ.
+// The mean longitudes of the two theories are polynomials that were published apart, the series' with the
+// later tidal acceleration: what one gives at a date, with the general precession of Capitaine et al.
+// (2003), less what the other does there, worked out by hand. About it the places swing by what the short
+// table leaves out and by what the arguments of their terms differ.
 TEST(FarMoonAgainstErfa, DifferByWhatTheirMeanLongitudesDo) {
   constexpr double kStep = 13.7, kTenYears = 3652.5;
   const struct {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// Phases that no observer on the Earth sees of the outer planets, spacecraft do: the terms of A. Mallama & J. L.
-// Hilton (2018, Astronomy and Computing 25, 10) worked out by hand.
+// Phases that no observer on the Earth sees of the outer planets, spacecraft do: the terms of A. Mallama &
+// J. L. Hilton (2018, Astronomy and Computing 25, 10) worked out by hand.
 #include <gtest/gtest.h>
 
 #include "companions/astro/model/magnitudes.h"

@@ -38,8 +38,8 @@ int CountTenTurns(double e) {
 }  // namespace
 
 // Each step begins with the polynomial of the last one, continued, and with the correction that this needed
-// there: 4846, 11291, 15118 and 24051 evaluations. Without the correction 5 percent more, without the rest nearly
-// twice as many.
+// there: 4846, 11291, 15118 and 24051 evaluations. Without the correction 5 percent more, without the rest
+// nearly twice as many.
 TEST(OrbitIntegratorCalls, StepsBeginWhereTheLastOneLeads) {
   int sum = 0;
   for (const double e : {0.0, 0.3, 0.6, 0.9}) sum += CountTenTurns(e);

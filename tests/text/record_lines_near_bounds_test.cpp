@@ -6,7 +6,8 @@
 
 using CommonInterfaces::record_lines::NearTable;
 
-// The texts of the two characters and what follows them in memory: nothing behind the end of a text is taken for one.
+// The texts of the two characters and what follows them in memory: nothing behind the end of a text is taken
+// for one.
 TEST(NearTableBounds, ReplacementsWithoutACharacterReplaceNothing) {
   const char singles[] = "\xE9\0\xE8\xC0", doubles[] = "\xDF\0\xE6";
   const NearTable table(singles, "eabc", doubles, "ssaeoe");

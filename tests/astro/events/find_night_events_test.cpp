@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-// The kinds of FindEvents that belong to a place and to the Moon: all that their finders have, and nothing else.
+// The kinds of FindEvents that belong to a place and to the Moon: all that their finders have, and nothing
+// else.
 #include <gtest/gtest.h>
 
 #include <set>
