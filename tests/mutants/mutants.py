@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Plants one fault at a time in the sources of a folder and says which ones its tests do not notice.
 
-usage: script/mutants FOLDER [--count N] [--seed S] [--minutes M] [--again]
+usage: script/mutants FOLDER [--count N] [--seed S] [--minutes M] [--again] [--sanitize]
 
 FOLDER: text, camera, companions/utils, scene/view, ... Its own sources and headers, and of the exported headers those
 whose names docs/interface_map.md says its tests check. Faults are planted in a copy below build/mutants, never here.
@@ -11,6 +11,7 @@ whose names docs/interface_map.md says its tests check. Faults are planted in a 
 --seed S      another choice of faults (1)
 --minutes M   end after that time with what was tried so far
 --again       only those that survived the last time
+--sanitize    in a build with the sanitizers, which notice what is written beside an array
 
 Writes build/mutants/FOLDER.tsv: what became of the fault, its kind, file, line, and that line before and after.
   caught      a test fails, crashes or takes too long
@@ -29,6 +30,7 @@ from faults import faults_in, lines_at, mixed, planted
 from private_tree import PrivateTree
 
 MADE_BY_A_PROGRAM = re.compile(r"^// (?:Made by|Written by|Generated)", re.MULTILINE)
+SANITIZERS = "address,undefined,float-cast-overflow"
 LEAST_LIMIT = 20  # seconds
 SLOW = 0.2
 COLUMNS = "outcome kind file line before after".split()
@@ -114,7 +116,7 @@ class Trial:
 def run(root, options):
     place = root / "build" / "mutants"
     place.mkdir(parents=True, exist_ok=True)
-    tree = PrivateTree(root, place)
+    tree = PrivateTree(root, place, SANITIZERS if options.sanitize else "")
     tree.prepare(test_program_of(options.folder))
     trial = Trial(tree, options.folder, read_table(root / "tests" / "mutants" / "equivalent.tsv"))
     trial.measure()
@@ -149,6 +151,7 @@ def main(arguments, root):
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--minutes", type=float, default=1e6)
     parser.add_argument("--again", action="store_true")
+    parser.add_argument("--sanitize", action="store_true")
     options = parser.parse_args(arguments)
     options.folder = options.folder.rstrip("/")
     if not (root / options.folder).is_dir():

@@ -23,16 +23,17 @@ LONGEST_BUILD = 1200
 
 
 class PrivateTree:
-    def __init__(self, source, place):
-        self.source, self.place = pathlib.Path(source), pathlib.Path(place)
-        self.tree, self.build, self.kept = self.place / "tree", self.place / "build", self.place / "kept"
+    def __init__(self, source, place, sanitizers=""):
+        self.source, self.place, self.sanitizers = pathlib.Path(source), pathlib.Path(place), sanitizers
+        name = "sanitized" if sanitizers else "build"
+        self.tree, self.build, self.kept = self.place / "tree", self.place / name, self.place / (name + "-kept")
         self.scratch = self.place / "scratch"
         self.target = None
 
     def refresh(self):
         """Makes the copy what the sources are now. Only files that differ are written."""
-        listed = subprocess.run(["git", "-C", self.source, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
-                                check=True, capture_output=True).stdout.decode().split("\0")
+        listed = subprocess.run(["git", "-C", self.source, "ls-files", "-z", "--cached", "--others",
+                                 "--exclude-standard"], check=True, capture_output=True).stdout.decode().split("\0")
         names = {name for name in listed if name and (self.source / name).is_file()}
         for name in sorted(names):
             to = self.tree / name
@@ -49,8 +50,9 @@ class PrivateTree:
         """Builds the test program without a fault and keeps its objects. Ends the run where that fails."""
         self.target = target
         self.refresh()
-        subprocess.run(["cmake", "--no-warn-unused-cli", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                        "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCI_BUILD_BENCHMARKS=OFF", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
+        subprocess.run(["cmake", "--no-warn-unused-cli", "-S", self.tree, "-B", self.build, "-G", "Ninja",
+                        "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCI_BUILD_BENCHMARKS=OFF",
+                        f"-DCI_SANITIZE={self.sanitizers or 'OFF'}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
                         "-DCMAKE_CXX_COMPILER_LAUNCHER=env"],  # copies that are used once fill no cache
                        check=True, stdout=subprocess.DEVNULL)
         ended, output = self.make()
@@ -139,7 +141,8 @@ class PrivateTree:
             os.chown(self.scratch, NOBODY, NOBODY)
 
         def limit():
-            resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
+            if not self.sanitizers:  # which map terabytes that they do not use
+                resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
             resource.setrlimit(resource.RLIMIT_FSIZE, (LARGEST_FILE, LARGEST_FILE))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         with open(self.place / "output", "wb") as output, \

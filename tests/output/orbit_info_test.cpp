@@ -101,6 +101,12 @@ TEST(OrbitInfoTest, JustAboveTheCircularLimitTheAnomalyCountsFromThePericentre) 
   EXPECT_NEAR(orbit.m_SinAnomaly, 1.0, 1e-8);
 }
 
+// The eccentricity is e sin nu, so that it is known to the last digits.
+TEST(OrbitInfoTest, CircularLimitIsOneTenMillionth) {
+  EXPECT_EQ(Orbit(1.0, 1.0, 0.0, 0.0, 0.99e-7, 1.0, 0.0).m_SinAnomaly, 0.0);
+  EXPECT_NEAR(Orbit(1.0, 1.0, 0.0, 0.0, 1.01e-7, 1.0, 0.0).m_SinAnomaly, 1.0, 1e-8);
+}
+
 TEST(OrbitInfoTest, InitLeavesTheCentreToTheCaller) {
   const double r[3] = {1.0, 0.0, 0.0}, v[3] = {0.0, 1.0, 0.0};
   OrbitInfo orbit{};

@@ -5,6 +5,8 @@
 // program of its own, because it replaces functions of the C library.
 #include <gtest/gtest.h>
 
+#include <time.h>
+
 #include <cerrno>
 #include <set>
 #include <string>
@@ -216,4 +218,28 @@ TEST(FailingCalls, ThreadCanBeWaitedForAgain) {
               "Waiting for thread termination failed.");
   }
   EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.waitForEnd(); }), "");
+}
+
+// The system takes no time of a thousand million nanoseconds and more beside the seconds.
+TEST(FailingCalls, TimeOutAcrossTheFullSecondIsAsLong) {
+  timespec begin{};
+  do {
+    thread::sleep(1);
+    clock_gettime(CLOCK_MONOTONIC, &begin);
+  } while (begin.tv_nsec < 985'000'000);
+  thread::SyncEvent event;
+  EXPECT_EQ(event.wait(20), thread::kTimedOut);
+  timespec end{};
+  clock_gettime(CLOCK_MONOTONIC, &end);
+  const double waited = static_cast<double>(end.tv_sec - begin.tv_sec) +
+                        1e-9 * static_cast<double>(end.tv_nsec - begin.tv_nsec);
+  EXPECT_GE(waited, 0.020);
+  EXPECT_LT(waited, 5.0);
+}
+
+TEST(FailingCalls, NothingIsGivenBackPastTheMaximum) {
+  thread::Semaphore semaphore(0ul);
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.unlock(0x80000000L); }),
+            "Can't unlock semaphore.");
+  EXPECT_EQ(semaphore.lock(0), thread::kTimedOut) << "nothing was";
 }
