@@ -78,8 +78,11 @@ const char* SceneSky::FindFault() const {
 
 std::optional<scene::FoundObject> scene::FindNamed(const SceneObject& object, SceneSky& sky) {
   const auto found = FindObject({object.kind, object.number}, sky.catalogs);
-  if (!found)
-    sky.error = GetCodeText(object.kind) + " " + std::to_string(object.number) + ": not in the catalogs";
+  if (!found) {
+    const std::string kind =
+        IsNameableKind(object.kind) ? GetCodeText(object.kind) : std::to_string(object.kind);
+    sky.error = kind + " " + std::to_string(object.number) + ": not in the catalogs";
+  }
   return found;
 }
 

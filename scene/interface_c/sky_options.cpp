@@ -54,7 +54,8 @@ int SceneSky::TakeOptions(const scene::SessionCapsule& wanted) {
   if (!FindLandscape(wanted, ground) || !FindOrbits(wanted, paths)) return SCENE_BAD_ARGUMENT;
   if (const auto missing = maker->GetFrame().SetImageFrames(wanted.framesOf)) {
     maker->GetFrame().SetImageFrames(options.framesOf);
-    return scene::Fail(*this, SCENE_BAD_DATA, std::string(scene::GetImageCatalogName(*missing)) + ": not found");
+    return scene::Fail(*this, SCENE_BAD_DATA,
+                       std::string(scene::GetImageCatalogName(*missing)) + ": not found");
   }
   options = wanted;
   landscape = std::move(ground);

@@ -39,18 +39,14 @@ struct LineReader {
 constexpr LineReader kLines[] = {
     {"style",
      [](std::string_view text, ChartOptions& chart) { return PutFirst(ParseChartStyle(text), chart.style); }},
-    {"landscape",
-     [](std::string_view text, ChartOptions& chart) {
-       return PutFirst(ParseLandscapeChoice(text), chart.landscape);
-     }},
+    {"landscape", [](std::string_view text,
+                     ChartOptions& chart) { return PutFirst(ParseLandscapeChoice(text), chart.landscape); }},
     {"legend",
      [](std::string_view text, ChartOptions& chart) { return PutFirst(ParseSwitch(text), chart.legend); }},
     {"eyepiece",
      [](std::string_view text, ChartOptions& chart) { return Append(ParseEyepiece(text), chart.eyepieces); }},
-    {"telrad",
-     [](std::string_view text, ChartOptions& chart) {
-       return text == "on" && !std::exchange(chart.telrad, true);
-     }},
+    {"telrad", [](std::string_view text,
+                  ChartOptions& chart) { return text == "on" && !std::exchange(chart.telrad, true); }},
     {"sensor",
      [](std::string_view text, ChartOptions& chart) { return Append(ParseSensor(text), chart.sensors); }},
     {"page",

@@ -213,8 +213,7 @@ void RestoreSettings(const SessionCapsule& capsule, SettingsData& settings, std:
     if (!ChangeSetting(change, settings, why))
       lost.push_back("the session's setting no longer fits: '" + change + "': " + why);
   }
-  for (const auto& favourite : capsule.favourites)
-    AddFavourite(settings, favourite.kind, favourite.number);
+  for (const auto& favourite : capsule.favourites) AddFavourite(settings, favourite.kind, favourite.number);
 }
 
 bool RestoreCamera(const SessionCapsule& capsule, Camera& camera, std::vector<std::string>& lost,

@@ -35,7 +35,8 @@ bool IsOutsideModel(const SkyMoment& moment) {
 }
 
 std::string GetMoonPhaseName(int phase) {
-  return CommonInterfaces::FormatLocalizedText(static_cast<unsigned>(Word::kFirstMoonPhase) + static_cast<unsigned>(phase), {});
+  return CommonInterfaces::FormatLocalizedText(
+      static_cast<unsigned>(Word::kFirstMoonPhase) + static_cast<unsigned>(phase), {});
 }
 
 }  // namespace scene

@@ -56,8 +56,7 @@ std::string DescribeFaintness(const Explanation& why, double zoom) {
 
 std::string DescribeSky(const Explanation& why) {
   if (!why.code || !(*why.code + why.dim > why.limits.draw)) return Say(Word::kHiddenByDaylight);
-  return Say(Word::kHiddenBySky,
-             {MagnitudeOfCode(why.limits.draw - why.dim), MagnitudeOfCode(*why.code)});
+  return Say(Word::kHiddenBySky, {MagnitudeOfCode(why.limits.draw - why.dim), MagnitudeOfCode(*why.code)});
 }
 
 std::string DescribeOutside(const Explanation& why, bool horizon) {

@@ -36,8 +36,8 @@ struct FoundCity {
 // accents, blanks and punctuation do not matter. The cities are those of `cities`.
 SCENE_API std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::string& text);
 
-// Cities of which a name begins so, by the same rules, at most `most`, the one with the most inhabitants first;
-// "": all cities.
+// Cities of which a name begins so, by the same rules, at most `most`, the one with the most inhabitants
+// first; "": all cities.
 SCENE_API std::vector<FoundCity> SuggestCities(const std::vector<City>& cities, const std::string& text,
                                                std::size_t most);
 

@@ -15,8 +15,7 @@ namespace scene {
 
 // Where the object stands at a moment, and the altitude at which it rises and sets: discs of the solar system
 // with their upper limb, stars and deep-sky objects with their centre. Nothing when nobody can tell.
-SCENE_API std::optional<astro::HorizonPlace> FindPlaceOverHorizon(ObjectSight& sight,
-                                                                  const SkyMoment& moment,
+SCENE_API std::optional<astro::HorizonPlace> FindPlaceOverHorizon(ObjectSight& sight, const SkyMoment& moment,
                                                                   const EarthPlace& place);
 
 // Rise, transit and set on the day of the camera, from midnight to midnight by the clocks of its zone; the

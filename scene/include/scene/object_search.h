@@ -74,7 +74,7 @@ class SCENE_API ObjectSearch {
   std::vector<Suggestion> Suggest(const std::string& text, std::size_t most) const;
   // Its best known name, "Sirius".
   std::string GetName(const FoundObject& object) const;
-  // All others, with commas between them: "α CMa, 9 CMa, HR 2491, HIP 32349". A feature of a surface has none.
+  // All others, with commas between them: "α CMa, 9 CMa, HR 2491, HIP 32349". A feature has none.
   std::string GetOtherNames(const FoundObject& object) const;
   // "Sirius (α CMa, 9 CMa, HR 2491, HIP 32349)"
   std::string GetTitle(const FoundObject& object) const;

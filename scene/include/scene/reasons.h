@@ -14,9 +14,9 @@ namespace scene {
 
 // One of the things that keep an object from being drawn.
 struct Reason {
-  unsigned obstacle;  // of Obstacle; 0 where there was no room for it
-  std::string text;   // "its kind is switched off: star.Draw is 0"
-  std::string fix;    // the change of a setting that ends it, "star.Draw=1"; "" for none
+  unsigned obstacle;                 // of Obstacle; 0 where there was no room for it
+  std::string text;                  // "its kind is switched off: star.Draw is 0"
+  std::string fix;                   // the change of a setting that ends it, "star.Draw=1"; "" for none
   const FilterRule* rule = nullptr;  // that rejects it; the explanation's
 };
 

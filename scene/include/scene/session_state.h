@@ -35,6 +35,7 @@ SCENE_API bool RestoreCamera(const SessionCapsule& capsule, CommonInterfaces::Ca
 
 // A line, without its end, for each data file that is not what it was when the session was saved. The string
 // table is left out when the session is shown in another language than its own.
-SCENE_API std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const std::string& language);
+SCENE_API std::vector<std::string> FindChangedData(const SessionCapsule& capsule,
+                                                   const std::string& language);
 
 }  // namespace scene

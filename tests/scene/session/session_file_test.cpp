@@ -183,3 +183,38 @@ TEST(FormatExact, IsShortHasAPointAndKeepsEveryBit) {
   EXPECT_EQ(FormatExact(-0.0), "-0");
   EXPECT_EQ(FormatExact(1.0 / 3.0), "0.3333333333333333");
 }
+
+TEST(SessionOptions, ComeBackAndAreTakenBack) {
+  SessionCapsule capsule = MakeCapsule();
+  std::string value;
+  ASSERT_TRUE(GetSessionOption(capsule, "style", value));
+  EXPECT_EQ(value, "night");
+  ASSERT_TRUE(SetSessionOption("style", "", capsule));
+  ASSERT_TRUE(SetSessionOption("eyepiece", "3 0.5", capsule));
+  ASSERT_TRUE(GetSessionOption(capsule, "eyepiece", value));
+  EXPECT_EQ(value, "3 0.5");
+  EXPECT_FALSE(capsule.chart.style);
+  EXPECT_TRUE(capsule.chart.page) << "the others stay";
+  EXPECT_EQ(capsule.view.size(), 2u);
+}
+
+TEST(SessionOptions, DarknessIsSaidInOneWay) {
+  SessionCapsule capsule;
+  ASSERT_TRUE(SetSessionOption("limit-magnitude", "5.5", capsule));
+  ASSERT_TRUE(SetSessionOption("bortle", "3", capsule));
+  EXPECT_EQ(capsule.chart.bortle, 3);
+  EXPECT_FALSE(capsule.chart.limitMagnitude);
+}
+
+TEST(SessionOptions, WhatIsNoneChangesNothing) {
+  SessionCapsule capsule = MakeCapsule();
+  const std::string before = FormatSession(capsule);
+  std::string value = "kept";
+  for (const auto& [word, text] :
+       {std::pair("style", "paper"), std::pair("bortle", "0"), std::pair("nothing", "on"),
+        std::pair("view", "m_Zoom=1"), std::pair("telrad", "off"), std::pair("sky", "none\nview m_Zoom=1")})
+    EXPECT_FALSE(SetSessionOption(word, text, capsule)) << word;
+  EXPECT_EQ(FormatSession(capsule), before);
+  EXPECT_FALSE(GetSessionOption(capsule, "view", value));
+  EXPECT_EQ(value, "kept");
+}

@@ -49,9 +49,9 @@ TEST_F(ObjectFactsTest, SightIsInTheOrderInWhichPeopleReadIt) {
                 facts[i - 1].kind == FactKind::kConstellation)
         << facts[i].line;
   EXPECT_EQ(Find(facts, FactKind::kDistance), "") << "the small table has no parallax";
-  EXPECT_EQ(Find(ListSightFacts(FindOne("Jupiter"), f.catalogs, f.camera), FactKind::kDistance)
-                .find("Distance: "),
-            0u);
+  EXPECT_EQ(
+      Find(ListSightFacts(FindOne("Jupiter"), f.catalogs, f.camera), FactKind::kDistance).find("Distance: "),
+      0u);
 }
 
 TEST_F(ObjectFactsTest, TravellersAreToldNothing) {

@@ -13,7 +13,9 @@ using namespace scene;
 
 class ReasonsTest : public host_test::WhyFixture {
  protected:
-  std::vector<Reason> List(const std::string& name) { return ListReasons(Why(name), f.camera.GetZoom(), true); }
+  std::vector<Reason> List(const std::string& name) {
+    return ListReasons(Why(name), f.camera.GetZoom(), true);
+  }
 };
 
 TEST_F(ReasonsTest, EachRuleThatRejectsIsOneWithItsFix) {
@@ -34,12 +36,16 @@ TEST_F(ReasonsTest, AreInTheLanguageOfTheTexts) {
   host_test::AddBytes(settings, "star", "Draw", 0, {0});
   Compute();
   std::string error;
-  ASSERT_TRUE(SwitchLanguage(f.sky.dir.Path("data"), "de", [] {}, error)) << error;
+  ASSERT_TRUE(SwitchLanguage(
+      f.sky.dir.Path("data"), "de", [] {}, error))
+      << error;
   const auto reasons = List("Betelgeuse");
   ASSERT_FALSE(reasons.empty());
   EXPECT_EQ(reasons[0].text, "seine Art ist ausgeschaltet: star.Draw ist 0");
   EXPECT_EQ(reasons[0].fix, "star.Draw=1");
-  ASSERT_TRUE(SwitchLanguage(f.sky.dir.Path("data"), "en", [] {}, error)) << error;
+  ASSERT_TRUE(SwitchLanguage(
+      f.sky.dir.Path("data"), "en", [] {}, error))
+      << error;
 }
 
 TEST_F(ReasonsTest, FeatureInTheNightIsToldSo) {

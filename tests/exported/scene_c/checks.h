@@ -19,6 +19,21 @@ const char* check_objects(const char* data, const char* file);
 const char* check_projection(const char* data, const char* file);
 const char* check_language(const char* data, const char* file);
 const char* check_sizes(const char* data, const char* file);
+const char* check_suggestions(const char* data, const char* file);
+const char* check_facts(const char* data, const char* file);
+const char* check_reasons(const char* data, const char* file);
+const char* check_day(const char* data, const char* file);
+const char* check_night(const char* data, const char* file);
+const char* check_events(const char* data, const char* file);
+const char* check_places(const char* data, const char* file);
+const char* check_turn(const char* data, const char* file);
+const char* check_spot(const char* data, const char* file);
+const char* check_frame_facts(const char* data, const char* file);
+const char* check_map(const char* data, const char* file);
+const char* check_texts(const char* data, const char* file);
+const char* check_options(const char* data, const char* file);
+const char* check_favourites(const char* data, const char* file);
+const char* check_session(const char* data, const char* file);
 
 #ifdef __cplusplus
 }

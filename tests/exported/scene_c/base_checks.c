@@ -1,39 +1,12 @@
 /* SPDX-FileCopyrightText: the common_interfaces authors
  * SPDX-License-Identifier: MIT */
-#include "exported/scene_c_checks.h"
+#include "exported/scene_c/checks.h"
 
 #include <math.h>
 #include <stddef.h>
 #include <string.h>
 
-#include "scene/scene_c.h"
-
-#define TEXT_OF(x) #x
-#define PLACE_OF(x) TEXT_OF(x)
-#define CHECK(condition) \
-  if (!(condition)) return "line " PLACE_OF(__LINE__) ": " #condition
-
-static SceneSky* open_sky(const char* data) {
-  SceneRoots roots = {sizeof roots, NULL, NULL, NULL};
-  SceneSky* sky = NULL;
-  roots.data = data;
-  return scene_open(&roots, &sky) == SCENE_OK ? sky : NULL;
-}
-
-/* Orion in the south over Berlin, 15 January 2026, 21:00 Universal Time. */
-static SceneView winter_view(void) {
-  SceneView view = {sizeof view, 800, 500, 52.5, 13.4, 2461056.375, 180.0, 35.0, 1.0};
-  return view;
-}
-
-static uint32_t count_of(SceneSky* sky, int kind) {
-  SceneArray array = {sizeof array, 0, 0, NULL};
-  return scene_get_array(sky, kind, &array) == SCENE_OK ? array.count : 0xFFFFFFFFu;
-}
-
-static int is_unknown(double value) { return value != value; }
-
-static int has_error(SceneSky* sky, const char* piece) { return strstr(scene_error(sky), piece) != NULL; }
+#include "exported/scene_c/helpers.h"
 
 const char* check_refusals(const char* data, const char* file) {
   SceneRoots roots = {sizeof roots, NULL, NULL, NULL};

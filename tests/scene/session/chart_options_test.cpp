@@ -1,15 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "skyview/options/chart_group.h"
+#include "scene/chart_options.h"
 
 #include <gtest/gtest.h>
 
-#include "skyview/options/parse_groups.h"
-#include "skyview/options/sky_group.h"
+#include "scene/directions.h"
 #include "support/comma_locale.h"
 
-using namespace skyview;
-using scene::ChartStyle;
+using namespace scene;
 
 TEST(ChartValues, StylesHaveNames) {
   for (const ChartStyle style :
@@ -77,12 +75,12 @@ TEST(ChartOptions, FindersComeWidestFirst) {
   ASSERT_EQ(finders.size(), 6u);
   EXPECT_EQ(finders[0].diameter, 0.0);
   EXPECT_NEAR(finders[0].width, 0.1175, 1e-12);
-  EXPECT_NEAR(finders[0].angle, scene::kPi / 2.0, 1e-12);
+  EXPECT_NEAR(finders[0].angle, kPi / 2.0, 1e-12);
   EXPECT_EQ(finders[0].label, "6.725\u00b0 \u00d7 4.467\u00b0");
   const std::pair<double, const char*> circles[] = {
       {4.0, "4\u00b0"}, {3.0, "3\u00b0"}, {2.0, "2\u00b0"}, {1.2, "1.2\u00b0"}, {0.5, "0.5\u00b0"}};
   for (std::size_t i = 0; i < std::size(circles); ++i) {
-    EXPECT_NEAR(finders[i + 1].diameter, circles[i].first * scene::kRadiansPerDegree, 1e-12);
+    EXPECT_NEAR(finders[i + 1].diameter, circles[i].first * kRadiansPerDegree, 1e-12);
     EXPECT_EQ(finders[i + 1].label, circles[i].second);
   }
 }
