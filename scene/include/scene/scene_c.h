@@ -116,9 +116,9 @@ enum SceneFieldType {
   SCENE_FIELD_SUM = 1,    /* a sum of the powers of two in `choices` */
   SCENE_FIELD_WHOLE = 2,  /* a whole number */
   SCENE_FIELD_REAL = 3,
-  SCENE_FIELD_COLOUR = 4,
-  SCENE_FIELD_RANGE = 5, /* a filter with several values */
-  SCENE_FIELD_OTHER = 6  /* text, favourites, anything else */
+  SCENE_FIELD_CHOICE = 4, /* one of `choices` */
+  SCENE_FIELD_RANGE = 5,  /* a filter with several values */
+  SCENE_FIELD_OTHER = 6   /* text, favourites, anything else */
 };
 
 /* The settings, 0 to scene_get_field_count - 1, section by section; 0 fields where there is no open sky. */
