@@ -8,19 +8,14 @@
 
 namespace {
 
-constexpr std::uint32_t kPolynomial = 0xEDB88320u;
-
 // Table k: what a byte does to the sum when k more bytes follow it. Eight bytes a step are several times as
 // fast as one.
 using Tables = std::array<std::array<std::uint32_t, 256>, 8>;
 
 constexpr Tables MakeTables() {
   Tables tables{};
-  for (std::uint32_t byte = 0; byte < 256; ++byte) {
-    std::uint32_t crc = byte;
-    for (int bit = 0; bit < 8; ++bit) crc = crc >> 1 ^ (crc & 1u ? kPolynomial : 0u);
-    tables[0][byte] = crc;
-  }
+  for (std::size_t byte = 0; byte < 256; ++byte)
+    tables[0][byte] = GetCrc32Entry(static_cast<unsigned char>(byte));
   for (std::size_t k = 1; k < tables.size(); ++k) {
     for (std::size_t byte = 0; byte < 256; ++byte) {
       const std::uint32_t before = tables[k - 1][byte];

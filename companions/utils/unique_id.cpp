@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <array>
 
+#include "utils/checksum.h"
 #include "utils/text.h"
 
 namespace {
@@ -10,11 +11,7 @@ namespace {
 // initialisers of other libraries, which may run before any of this one.
 constexpr std::array<unsigned, 256> MakeTable() {
   std::array<unsigned, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) {
-    unsigned value = i;
-    for (int bit = 0; bit < 8; ++bit) value = value & 1 ? value >> 1 ^ 0xEDB88320u : value >> 1;
-    table[i] = value;
-  }
+  for (unsigned i = 0; i < 256; ++i) table[i] = GetCrc32Entry(static_cast<unsigned char>(i));
   return table;
 }
 

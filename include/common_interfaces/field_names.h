@@ -97,10 +97,9 @@
 
 namespace CommonInterfaces {
 
-// The name ids, computed once in each program or library that uses them, at its start-up, and before any
-// static object defined below the inclusion of this header: tables of ids may be static objects.
+// The name ids.
 struct FieldIds {
-#define COMMON_INTERFACES_FIELD_ID(identifier, name) static inline const int identifier = ::GetUniqueID(name);
+#define COMMON_INTERFACES_FIELD_ID(identifier, name) static constexpr int identifier = ::MakeUniqueID(name);
   COMMON_INTERFACES_DISPLAY_FIELD_NAMES(COMMON_INTERFACES_FIELD_ID)
   COMMON_INTERFACES_ZOOM_FIELD_NAMES(COMMON_INTERFACES_FIELD_ID)
   COMMON_INTERFACES_RECORD_FIELD_NAMES(COMMON_INTERFACES_FIELD_ID)

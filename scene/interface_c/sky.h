@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstring>
 #include <map>
-#include <new>
 #include <optional>
 #include <string>
 #include <utility>

@@ -110,7 +110,7 @@ TEST_F(SettingsLife, VirtualOperationsKeepTheirSlots) {
     std::ptrdiff_t words[2];
     static_assert(sizeof member == sizeof words);
     std::memcpy(words, &member, sizeof words);
-    return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+    return (words[0] & ~std::ptrdiff_t{1}) / static_cast<std::ptrdiff_t>(sizeof(void*));
   };
   using D = SettingsData;
   EXPECT_EQ(slotOf(static_cast<SettingField* (D::*)(const SSO_ID&, bool)>(&D::GetAtField)), 0);

@@ -17,7 +17,11 @@ void* Allocate(std::size_t size) noexcept {
 
 void* AllocateOrThrow(std::size_t size) {
   void* memory = Allocate(size);
+#if defined(__cpp_exceptions)
   if (!memory) throw std::bad_alloc();
+#else
+  if (!memory) std::abort();
+#endif
   return memory;
 }
 

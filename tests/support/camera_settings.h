@@ -3,12 +3,14 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <initializer_list>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/settings_data.h"
@@ -117,7 +119,10 @@ inline RecordFields CameraFields() {
 inline RecordFields::iterator FindField(RecordFields& fields, std::string_view key) {
   const auto found = std::find_if(fields.begin(), fields.end(),
                                   [key](const RecordField& field) { return field.key == key; });
-  if (found == fields.end()) throw std::out_of_range(std::string(key));
+  if (found == fields.end()) {
+    ADD_FAILURE() << key << " is no field of the record";
+    std::abort();
+  }
   return found;
 }
 

@@ -19,6 +19,12 @@ TEST(Crc32, KnownSums) {
   EXPECT_EQ(GetCrc32(std::string(1000, '\xFF')), 0xE0533230u);
 }
 
+// From Python: zlib.crc32(bytes([i]), 0xFFFFFFFF) ^ 0xFFFFFFFF.
+TEST(Crc32, EntriesOfItsTable) {
+  static_assert(GetCrc32Entry(0) == 0 && GetCrc32Entry(1) == 0x77073096u);
+  static_assert(GetCrc32Entry(0x61) == 0x3AB551CEu && GetCrc32Entry(255) == 0x2D02EF8Du);
+}
+
 TEST(Crc32, PiecesGiveTheSumOfTheWhole) {
   std::string text;
   for (int i = 0; i < 100; ++i) text += static_cast<char>(i * 37);

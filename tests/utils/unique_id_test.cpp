@@ -33,6 +33,15 @@ TEST(GetUniqueId, OneCharacterIsItsTableEntry) { EXPECT_EQ(GetUniqueID("a"), 0x3
 
 TEST(GetUniqueId, IsNoCrc32) { EXPECT_NE(GetUniqueID("m_Zoom"), 0x09B6EC6B); }  // zlib.crc32, 31 bits of it
 
+TEST(MakeUniqueId, IsTheSameWhenCompiling) {
+  static_assert(MakeUniqueID("RA") == 0x76564ED0);
+  static_assert(MakeUniqueID("") == 0);
+  for (const char* const name :
+       {"m_Zoom", "a", "\xCE\xB1", "A name of several words, and longer than most"}) {
+    EXPECT_EQ(MakeUniqueID(name), GetUniqueID(name)) << name;
+  }
+}
+
 TEST(GetUniqueId, EmptyTextIsZero) {
   EXPECT_EQ(GetUniqueID(""), 0);
   EXPECT_EQ(GetUniqueID(nullptr), 0);

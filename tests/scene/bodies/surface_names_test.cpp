@@ -17,7 +17,6 @@ using namespace scene;
 
 namespace {
 
-const SSO_ID kMoon(FourCC("moon"), 301);
 
 class SurfaceNamesTest : public testing::Test {
  protected:

@@ -33,7 +33,7 @@ class DeepskyCatalogTest : public testing::Test {
       if (object.label == label) return object;
     }
     ADD_FAILURE() << label << " is not in the catalog";
-    static const DeepskyObject s_None{};
+    static const DeepskyObject s_None = {};
     return s_None;
   }
 

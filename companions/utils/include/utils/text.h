@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "utils/api.h"
+#include "utils/checksum.h"
 
 // The pieces of `text` between the characters of `delimiters`, empty pieces included: "a\t\tb" split at tabs
 // gives "a", "" and "b", and "" gives no piece. A null text gives none.
@@ -33,6 +34,17 @@ UTILS_API bool IsEmptyString(const char* text);
 // polynomial 0xEDB88320; the result is h & 0x7FFFFFFF. It is not a CRC-32 of the name. GetUniqueID("") is 0,
 // and so is that of null. Any thread, and any static initialiser.
 UTILS_API int GetUniqueID(const char* name);
+
+// The same when compiling, for names that are known then; slow otherwise. `name` is not null.
+constexpr int MakeUniqueID(const char* name) {
+  int hash = 0;
+  for (; *name; ++name) {
+    const auto index =
+        static_cast<unsigned char>(static_cast<unsigned char>(hash) ^ static_cast<unsigned char>(*name));
+    hash = hash >> 8 ^ static_cast<int>(GetCrc32Entry(index));
+  }
+  return hash & 0x7FFFFFFF;
+}
 
 // The code of a text of exactly four characters, first character in the most significant byte; -1 otherwise.
 UTILS_API int GetFOURCC(const char* text);
