@@ -10,9 +10,10 @@ async function start(): Promise<void> {
   const stage = await startSky('en');
   if (!stage) return;
   stage.change({ julianDate: Date.now() / 86400000 + 2440587.5 });
-  new Hands(stage);
+  const hands = new Hands(stage);
   new FrameMeter(stage);
   keepOffline();
+  Object.assign(window, { stage, hands }); // for the console and the tests
 }
 
 void start();
