@@ -33,8 +33,8 @@ export async function startBrowser(folder = kBuilt) {
   return { browser, server, url, stop };
 }
 
-export function waitFor(page, what, argument, timeout = kMost) {
-  return page.waitForFunction(what, argument, { timeout });
+export function waitFor(page, what, argument) {
+  return page.waitForFunction(what, argument, { timeout: kMost });
 }
 
 // Until the frame of the newest view is drawn and nothing moves.
