@@ -27,7 +27,7 @@ export class LabelAtlas {
   readonly texture: WebGLTexture;
   #gl: Gl;
   #labels = new Map<string, Label>();
-  #context: CanvasRenderingContext2D;
+  #context: OffscreenCanvasRenderingContext2D;
   #x = 0;
   #y = 0;
   #shelf = 0;
@@ -36,7 +36,9 @@ export class LabelAtlas {
     this.#gl = gl;
     this.texture = makeTexture(gl);
     gl.texStorage2D(gl.TEXTURE_2D, 1, gl.R8, kSide, kSide);
-    this.#context = document.createElement('canvas').getContext('2d', { willReadFrequently: true })!;
+    this.#context = new OffscreenCanvas(512, 64).getContext('2d', { willReadFrequently: true })!;
+    // The canvas gets its memory when it is first drawn on, for which it asks the process that is soon busy with shaders.
+    this.#context.clearRect(0, 0, 1, 1);
   }
 
   // How often the texture began anew: marks made before that show something else now.

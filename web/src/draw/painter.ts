@@ -42,8 +42,8 @@ export class Painter {
 
   constructor(gl: Gl, loadMap: (index: number) => Promise<Uint8Array | null>) {
     this.#gl = gl;
-    this.#program = new Program(gl, kMarkVertex, kMarkFragment);
     this.#atlas = new LabelAtlas(gl);
+    this.#program = new Program(gl, kMarkVertex, kMarkFragment);
     this.#meshes = new MeshPainter(gl);
     this.globes = new GlobePainter(gl, loadMap);
     this.#buffer = gl.createBuffer()!;
