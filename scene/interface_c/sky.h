@@ -49,6 +49,7 @@ struct SceneSky {
   scene::ShownKinds shown;
   scene::ObjectFilters filters;
   scene::SkyMarkers markers;
+  double enlargement = 1.0;                   // of the frames
   std::optional<scene::FrameMaker> maker;     // makes room for the catalogs, so once they are loaded
   std::optional<scene::ObjectSearch> search;  // when a name is first asked for
   std::string title;                          // that scene_get_title handed out
