@@ -49,6 +49,7 @@ struct FrameParts {
   FinderMarks finders;
   ChartLegend legend;
   bool withLegend = false;
+  double enlargement = 1.0;
   DisplayList list;
 };
 

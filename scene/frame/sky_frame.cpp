@@ -148,6 +148,8 @@ void SkyFrame::SetFinders(std::vector<Finder> finders) { m_Parts->finders.SetFin
 
 void SkyFrame::ShowLegend(bool shown) { m_Parts->withLegend = shown; }
 
+void SkyFrame::SetEnlargement(double enlargement) { m_Parts->enlargement = enlargement; }
+
 std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
   return m_Parts->imageFrames.Load(groups, m_Catalogs);
 }
@@ -169,8 +171,9 @@ void SkyFrame::FetchTexts() {
 // The parts compute themselves in the order in which they take room for their labels.
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
-  const ViewGeometry geometry(camera, observer);
+  ViewGeometry geometry(camera, observer);
   FrameParts& parts = *m_Parts;
+  geometry.unit *= parts.enlargement;
   LabelPlacer& labels = parts.labels;
   labels.Begin(geometry.width, geometry.height, geometry.centreJ2000, geometry.scale);
   parts.solarSystem.Observe(geometry);

@@ -51,10 +51,20 @@ std::optional<SceneArray> FindArray(const scene::DisplayList& list, int32_t kind
 
 }  // namespace
 
+int scene_set_enlargement(SceneSky* sky, double enlargement) {
+  return scene::Call(sky, [&] {
+    if (!(enlargement >= 0.25 && enlargement <= 8.0))
+      return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the enlargement is out of its range");
+    sky->enlargement = enlargement;
+    return static_cast<int>(SCENE_OK);
+  });
+}
+
 int scene_compute(SceneSky* sky) {
   return scene::Call(sky, [&] {
     if (const char* const fault = sky->FindFault())
       return scene::Fail(*sky, SCENE_BAD_DATA, std::string("the view ") + fault);
+    sky->maker->GetFrame().SetEnlargement(sky->enlargement);
     sky->maker->Prepare();
     sky->maker->Compute();
     return static_cast<int>(SCENE_OK);

@@ -70,6 +70,7 @@ struct SceneSky {
   scene::ShownKinds shown;
   scene::ObjectFilters filters;
   scene::SkyMarkers markers;
+  double enlargement = 1.0;                           // of the frames
   std::optional<scene::FrameMaker> maker;             // makes room for the catalogs, so once they are loaded
   std::optional<scene::ObjectSearch> search;          // when a name is first asked for
   std::optional<std::vector<scene::City>> cities;     // likewise, as the next

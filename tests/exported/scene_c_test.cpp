@@ -34,6 +34,7 @@ class SceneC : public testing::Test {
 
 TEST_F(SceneC, RefusesWhatIsNone) { Run(check_refusals); }
 TEST_F(SceneC, KeepsTheLineOfARootThatCannotBeOpened) { Run(check_missing_root); }
+TEST_F(SceneC, DrawsTextsLargerInAnEnlargedFrame) { Run(check_enlargement); }
 TEST_F(SceneC, HandsOutTheArraysOfAFrame) { Run(check_frame); }
 TEST_F(SceneC, SetsAViewWholeOrNotAtAll) { Run(check_view); }
 TEST_F(SceneC, ReadsAndSavesViews) { Run(check_saved_view); }

@@ -61,6 +61,36 @@ const char* check_missing_root(const char* data, const char* file) {
   return NULL;
 }
 
+/* The fonts of a frame at 1 and at 2: the same ones, twice as large. */
+static float largest_font(SceneSky* sky) {
+  SceneArray texts = {sizeof texts, 0, 0, NULL};
+  float largest = 0.0f;
+  uint32_t i;
+  if (scene_compute(sky) != SCENE_OK || scene_get_array(sky, SCENE_TEXTS, &texts) != SCENE_OK) return 0.0f;
+  for (i = 0; i < texts.count; ++i) {
+    const float size = ((const float*)texts.records)[10 * i + 3];
+    if (size > largest) largest = size;
+  }
+  return largest;
+}
+
+const char* check_enlargement(const char* data, const char* file) {
+  SceneSky* sky = open_sky(data);
+  const SceneView view = winter_view();
+  float plain, large;
+  (void)file;
+  CHECK(sky != NULL && scene_set_view(sky, &view) == SCENE_OK);
+  plain = largest_font(sky);
+  CHECK(scene_set_enlargement(sky, 2.0) == SCENE_OK);
+  large = largest_font(sky);
+  CHECK(plain > 1.0f && fabs((double)large - 2.0 * (double)plain) < 1e-3);
+  CHECK(scene_set_enlargement(sky, 0.0) == SCENE_BAD_ARGUMENT && has_error(sky, "enlargement"));
+  CHECK(scene_set_enlargement(sky, NAN) == SCENE_BAD_ARGUMENT);
+  CHECK(largest_font(sky) == large);
+  scene_close(sky);
+  return NULL;
+}
+
 const char* check_frame(const char* data, const char* file) {
   SceneSky* sky = open_sky(data);
   SceneView view = winter_view();

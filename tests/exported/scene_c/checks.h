@@ -11,6 +11,7 @@ extern "C" {
 
 const char* check_refusals(const char* data, const char* file);
 const char* check_missing_root(const char* data, const char* file);
+const char* check_enlargement(const char* data, const char* file);
 const char* check_frame(const char* data, const char* file);
 const char* check_view(const char* data, const char* file);
 const char* check_saved_view(const char* data, const char* file);
