@@ -4,11 +4,11 @@
 // A view as the fragment of an address and back, "at=52.52,13.41&place=Berlin&zone=Europe/Berlin&look=180,35&zoom=1".
 // Whoever opens such a link sees the same sky. A fragment is taken wholly or not at all.
 
-import { LEAST_YEAR, MOST_YEAR, julianFromUnix, unixFromJulian } from './calendar';
+import { kLeastYear, kMostYear, julianFromUnix, unixFromJulian } from './calendar';
 import { isZone } from './zones';
 
-export const STYLES = ['screen', 'print', 'night', 'photo'] as const;
-export type Style = (typeof STYLES)[number];
+export const kStyles = ['screen', 'print', 'night', 'photo'] as const;
+export type Style = (typeof kStyles)[number];
 
 // Angles in degrees, azimuth from north over east. What a member is left out of, a link leaves to its reader.
 export interface SharedView {
@@ -25,12 +25,12 @@ export interface SharedView {
   object?: { kind: number; number: number }; // whose panel is open
 }
 
-const MIDDLE_TO_CORNER = 37; // degrees at zoom 1
-const MIDDLE_TO_CORNER_PIXELS = 2000; // of a large screen
+const kMiddleToCorner = 37; // degrees at zoom 1
+const kMiddleToCornerPixels = 2000; // of a large screen
 
 // As many decimals of degrees as keep the rounding below half a pixel.
 const decimalsAt = (zoom: number): number =>
-  Math.max(2, Math.ceil(Math.log10((MIDDLE_TO_CORNER_PIXELS * zoom) / MIDDLE_TO_CORNER)));
+  Math.max(2, Math.ceil(Math.log10((kMiddleToCornerPixels * zoom) / kMiddleToCorner)));
 
 const round = (value: number, decimals: number): string => String(Number(value.toFixed(decimals)));
 
@@ -44,7 +44,7 @@ function parseMoment(text: string): number | null {
   if (!/^([+-]\d{6}|\d{4})-\d\d-\d\dT\d\d:\d\d(:\d\d(\.\d{1,3})?)?Z$/.test(text)) return null;
   const moment = new Date(text);
   const year = moment.getUTCFullYear();
-  return year >= LEAST_YEAR && year <= MOST_YEAR ? julianFromUnix(moment.getTime()) : null;
+  return year >= kLeastYear && year <= kMostYear ? julianFromUnix(moment.getTime()) : null;
 }
 
 // Four characters, a point, the number: "star.2491".
@@ -108,11 +108,11 @@ function pair(text: string | undefined, first: Range, second: Range): [number, n
   return parts.length === 2 && a !== null && b !== null ? [a, b] : null;
 }
 
-const KEYS = new Set(['at', 'place', 'zone', 'time', 'look', 'zoom', 'style', 'language', 'object']);
+const kKeys = new Set(['at', 'place', 'zone', 'time', 'look', 'zoom', 'style', 'language', 'object']);
 
 // What of a fragment is none of ours.
 export const foreignPairs = (fragment: string): string[] =>
-  fragment.split('&').filter((text) => text !== '' && !KEYS.has(text.split('=', 1)[0] ?? ''));
+  fragment.split('&').filter((text) => text !== '' && !kKeys.has(text.split('=', 1)[0] ?? ''));
 
 // Null for a fragment that is no view, or has a value that is none.
 export function parseAddress(fragment: string): SharedView | null {
@@ -120,7 +120,7 @@ export function parseAddress(fragment: string): SharedView | null {
   for (const text of fragment.split('&')) {
     const [key = '', ...rest] = text.split('=');
     const value = decode(rest.join('='));
-    if (!KEYS.has(key)) continue;
+    if (!kKeys.has(key)) continue;
     if (value === null || values.has(key)) return null;
     values.set(key, value);
   }
@@ -160,7 +160,7 @@ function takeMoment(text: string | undefined, view: SharedView): boolean {
 
 function takeStyle(text: string | undefined, view: SharedView): boolean {
   if (text === undefined) return true;
-  const style = STYLES.find((name) => name === text);
+  const style = kStyles.find((name) => name === text);
   if (!style) return false;
   view.style = style;
   return true;

@@ -15,18 +15,18 @@ export interface CivilTime extends CivilDate {
   second: number; // with its fraction
 }
 
-export const MS_PER_DAY = 86400000;
-const UNIX_EPOCH_JULIAN = 2440587.5; // 1 January 1970, 0 h Universal Time
-const UNIX_EPOCH_DAY = 2440588; // the day number of its noon
-const FIRST_GREGORIAN_DAY = 2299161; // 15 October 1582
+export const kMsPerDay = 86400000;
+const kUnixEpochJulian = 2440587.5; // 1 January 1970, 0 h Universal Time
+const kUnixEpochDay = 2440588; // the day number of its noon
+const kFirstGregorianDay = 2299161; // 15 October 1582
 
-export const LEAST_YEAR = -9999;
-export const MOST_YEAR = 9999;
+export const kLeastYear = -9999;
+export const kMostYear = 9999;
 
-export const julianFromUnix = (ms: number): number => ms / MS_PER_DAY + UNIX_EPOCH_JULIAN;
+export const julianFromUnix = (ms: number): number => ms / kMsPerDay + kUnixEpochJulian;
 
 // In whole milliseconds: a Julian date in a double has no more than 0.04 of them.
-export const unixFromJulian = (julian: number): number => Math.round((julian - UNIX_EPOCH_JULIAN) * MS_PER_DAY);
+export const unixFromJulian = (julian: number): number => Math.round((julian - kUnixEpochJulian) * kMsPerDay);
 
 // Day number of the noon of a date: years are counted from March, so that the leap day is the last of a year.
 export function dayNumber({ year, month, day }: CivilDate): number {
@@ -41,7 +41,7 @@ export function dayNumber({ year, month, day }: CivilDate): number {
 // The other way round, for day numbers of any sign.
 export function dateOfDay(number: number): CivilDate {
   let shifted = number + 32082;
-  if (number >= FIRST_GREGORIAN_DAY) {
+  if (number >= kFirstGregorianDay) {
     const century = Math.floor((4 * (number + 32044) + 3) / 146097);
     shifted = number + 32044 - Math.floor((146097 * century) / 4) + 36525 * century;
   }
@@ -57,15 +57,15 @@ export function dateOfDay(number: number): CivilDate {
 
 // A clock's reading as milliseconds from its own 1 January 1970, 0 h.
 export function clockFromCivil(civil: CivilTime): number {
-  const day = (dayNumber(civil) - UNIX_EPOCH_DAY) * MS_PER_DAY;
+  const day = (dayNumber(civil) - kUnixEpochDay) * kMsPerDay;
   return day + Math.round((civil.hour * 3600 + civil.minute * 60 + civil.second) * 1000);
 }
 
 export function civilFromClock(clock: number): CivilTime {
-  const day = Math.floor(clock / MS_PER_DAY);
-  const seconds = (clock - day * MS_PER_DAY) / 1000;
+  const day = Math.floor(clock / kMsPerDay);
+  const seconds = (clock - day * kMsPerDay) / 1000;
   return {
-    ...dateOfDay(day + UNIX_EPOCH_DAY),
+    ...dateOfDay(day + kUnixEpochDay),
     hour: Math.floor(seconds / 3600),
     minute: Math.floor(seconds / 60) % 60,
     second: seconds % 60,

@@ -5,7 +5,7 @@
 // is damaged, gives what is empty: the page then begins with the defaults.
 
 import type { Style } from './address';
-import { STYLES } from './address';
+import { kStyles } from './address';
 
 export interface Place {
   latitude: number; // degrees, north and east positive
@@ -23,7 +23,7 @@ export interface Kept {
   favourites?: string; // the text of a favourites file
 }
 
-const ENTRY = 'sky';
+const kEntry = 'sky';
 
 type Keeper = Pick<Storage, 'getItem' | 'setItem'>;
 
@@ -47,13 +47,13 @@ function takeTexts(value: unknown): Record<string, string> | undefined {
 export function readKept(keeper: Keeper | null): Kept {
   let entry: Record<string, unknown>;
   try {
-    entry = JSON.parse(keeper?.getItem(ENTRY) ?? '{}') as Record<string, unknown>;
+    entry = JSON.parse(keeper?.getItem(kEntry) ?? '{}') as Record<string, unknown>;
   } catch {
     return {};
   }
   if (typeof entry !== 'object' || entry === null) return {};
   const kept: Kept = {};
-  const style = STYLES.find((name) => name === entry['style']);
+  const style = kStyles.find((name) => name === entry['style']);
   const place = takePlace(entry['place']), options = takeTexts(entry['options']);
   if (isText(entry['language'])) kept.language = entry['language'];
   if (style) kept.style = style;
@@ -67,7 +67,7 @@ export function readKept(keeper: Keeper | null): Kept {
 // Changes what is kept by the members of `news`; one that is undefined goes. False where the browser refuses.
 export function keep(keeper: Keeper | null, news: Kept): boolean {
   try {
-    keeper?.setItem(ENTRY, JSON.stringify({ ...readKept(keeper), ...news }));
+    keeper?.setItem(kEntry, JSON.stringify({ ...readKept(keeper), ...news }));
     return keeper !== null;
   } catch {
     return false;

@@ -7,7 +7,7 @@
 import type { CivilTime } from './calendar';
 import { civilFromClock, clockFromCivil, julianFromUnix, unixFromJulian } from './calendar';
 
-export const UNIVERSAL = 'UTC';
+export const kUniversal = 'UTC';
 
 const formats = new Map<string, Intl.DateTimeFormat | null>();
 
@@ -38,7 +38,7 @@ export const isZone = (zone: string): boolean => findFormat(zone) !== null;
 
 // Local time minus Universal Time in milliseconds, at a moment in milliseconds from 1970. 0 in an unknown zone.
 export function zoneOffset(zone: string, unix: number): number {
-  if (zone === UNIVERSAL) return 0;
+  if (zone === kUniversal) return 0;
   const format = findFormat(zone);
   if (!format) return 0;
   const whole = Math.floor(unix / 1000) * 1000;
@@ -79,4 +79,4 @@ export function offsetText(zone: string, julian: number): string {
 }
 
 // The browser's own zone.
-export const ownZone = (): string => new Intl.DateTimeFormat().resolvedOptions().timeZone || UNIVERSAL;
+export const ownZone = (): string => new Intl.DateTimeFormat().resolvedOptions().timeZone || kUniversal;

@@ -9,7 +9,7 @@ import type { Texts } from './en';
 import { en } from './en';
 import { ru } from './ru';
 
-const TABLES: Readonly<Record<string, Texts>> = { de, en, ru };
+const kTables: Readonly<Record<string, Texts>> = { de, en, ru };
 
 let shown: Texts = en;
 let code = 'en';
@@ -27,7 +27,7 @@ export function bindTexts(apply: (texts: Texts) => void): void {
 
 export function setTexts(language: string): void {
   code = language;
-  shown = TABLES[language] ?? en;
+  shown = kTables[language] ?? en;
   for (const apply of bound) apply(shown);
 }
 
@@ -37,4 +37,4 @@ export const fill = (text: string, ...values: (string | number)[]): string =>
 
 // The first of the browser's languages that there are captions for.
 export const ownLanguage = (wanted: readonly string[]): string =>
-  wanted.map((tag) => tag.slice(0, 2).toLowerCase()).find((tag) => tag in TABLES) ?? 'en';
+  wanted.map((tag) => tag.slice(0, 2).toLowerCase()).find((tag) => tag in kTables) ?? 'en';

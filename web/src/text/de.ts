@@ -118,7 +118,7 @@ export const de: Texts = {
   fullScreen: 'Vollbild',
   picture: 'Bild',
   savePng: 'Als PNG sichern',
-  saveSvg: 'Als SVG sichern',
+  saveSvg: 'Als kSvg sichern',
   session: 'Sitzung',
   saveSession: 'Sitzung sichern',
   openSession: 'Sitzung öffnen …',

@@ -6,9 +6,9 @@
 
 type Captions = readonly [en: string, de: string, ru: string];
 
-const LANGUAGES = ['en', 'de', 'ru'];
+const kLanguages = ['en', 'de', 'ru'];
 
-const SECTIONS: Readonly<Record<string, Captions>> = {
+const kSections: Readonly<Record<string, Captions>> = {
   star: ['Stars', 'Sterne', 'Звёзды'],
   clst: ['Star clusters', 'Sternhaufen', 'Звёздные скопления'],
   gala: ['Galaxies', 'Galaxien', 'Галактики'],
@@ -23,30 +23,30 @@ const SECTIONS: Readonly<Record<string, Captions>> = {
   grid: ['Grids, horizon, Milky Way', 'Gitter, Horizont, Milchstraße', 'Сетки, горизонт, Млечный Путь'],
 };
 
-const SHOWN: Captions = ['Shown', 'Gezeigt', 'Показывать'];
-const NAMES: Captions = ['Names', 'Namen', 'Названия'];
-const MORE: Captions = ['More of them (tenths of a magnitude)', 'Mehr davon (Zehntel Größenklassen)',
+const kShown: Captions = ['Shown', 'Gezeigt', 'Показывать'];
+const kNames: Captions = ['Names', 'Namen', 'Названия'];
+const kMore: Captions = ['More of them (tenths of a magnitude)', 'Mehr davon (Zehntel Größenklassen)',
   'Больше их (десятые зв. величины)'];
-const MORE_NAMES: Captions = ['More names (tenths of a magnitude)', 'Mehr Namen (Zehntel Größenklassen)',
+const kMoreNames: Captions = ['More names (tenths of a magnitude)', 'Mehr Namen (Zehntel Größenklassen)',
   'Больше названий (десятые зв. величины)'];
-const PHASES: Captions = ['Phases', 'Phasen', 'Фазы'];
-const AXES: Captions = ['Axes and equators', 'Achsen und Äquatoren', 'Оси и экваторы'];
-const LINES: Captions = ['Lines on the disc', 'Linien auf der Scheibe', 'Линии на диске'];
-const FEATURES: Captions = ['Names on the surface', 'Namen auf der Oberfläche', 'Названия на поверхности'];
+const kPhases: Captions = ['Phases', 'Phasen', 'Фазы'];
+const kAxes: Captions = ['Axes and equators', 'Achsen und Äquatoren', 'Оси и экваторы'];
+const kLines: Captions = ['Lines on the disc', 'Linien auf der Scheibe', 'Линии на диске'];
+const kFeatures: Captions = ['Names on the surface', 'Namen auf der Oberfläche', 'Названия на поверхности'];
 
 // By name, with the section before it where the same name means something else there.
-const FIELDS: Readonly<Record<string, Captions>> = {
-  Draw: SHOWN, ClusterDraw: SHOWN, GalaxyDraw: SHOWN, CloudsDraw: SHOWN, NonOpticDraw: SHOWN,
-  ShowLabel: NAMES, ClusterLabel: NAMES, GalaxyLabel: NAMES, CloudsLabel: NAMES, NonOpticLabel: NAMES,
-  StarZoomDependShow: MORE, SCZoomDependShow: MORE, GLZoomDependShow: MORE, NBZoomDependShow: MORE,
-  NOZoomDependShow: MORE, PlntZoomDependShow: MORE, MoonZoomDependShow: MORE, AstrZoomDependShow: MORE,
-  ComtZoomDependShow: MORE, USCOZoomDependShow: MORE,
-  StarZoomDependLabel: MORE_NAMES, SCZoomDependLabel: MORE_NAMES, GLZoomDependLabel: MORE_NAMES,
-  NBZoomDependLabel: MORE_NAMES, NOZoomDependLabel: MORE_NAMES, PlntZoomDependLabel: MORE_NAMES,
-  MoonZoomDependLabel: MORE_NAMES, AstrZoomDependLabel: MORE_NAMES, ComtZoomDependLabel: MORE_NAMES,
-  USCOZoomDependLabel: MORE_NAMES,
-  PlanetPhases: PHASES, MoonPhases: PHASES, PlanetGuides: AXES, MoonGuides: AXES, PlanetGrid: LINES, MoonGrid: LINES,
-  PlanetFeatures: FEATURES, MoonFeatures: FEATURES,
+const kFields: Readonly<Record<string, Captions>> = {
+  Draw: kShown, ClusterDraw: kShown, GalaxyDraw: kShown, CloudsDraw: kShown, NonOpticDraw: kShown,
+  ShowLabel: kNames, ClusterLabel: kNames, GalaxyLabel: kNames, CloudsLabel: kNames, NonOpticLabel: kNames,
+  StarZoomDependShow: kMore, SCZoomDependShow: kMore, GLZoomDependShow: kMore, NBZoomDependShow: kMore,
+  NOZoomDependShow: kMore, PlntZoomDependShow: kMore, MoonZoomDependShow: kMore, AstrZoomDependShow: kMore,
+  ComtZoomDependShow: kMore, USCOZoomDependShow: kMore,
+  StarZoomDependLabel: kMoreNames, SCZoomDependLabel: kMoreNames, GLZoomDependLabel: kMoreNames,
+  NBZoomDependLabel: kMoreNames, NOZoomDependLabel: kMoreNames, PlntZoomDependLabel: kMoreNames,
+  MoonZoomDependLabel: kMoreNames, AstrZoomDependLabel: kMoreNames, ComtZoomDependLabel: kMoreNames,
+  USCOZoomDependLabel: kMoreNames,
+  PlanetPhases: kPhases, MoonPhases: kPhases, PlanetGuides: kAxes, MoonGuides: kAxes, PlanetGrid: kLines, MoonGrid: kLines,
+  PlanetFeatures: kFeatures, MoonFeatures: kFeatures,
   CommonName: ['Proper names first', 'Eigennamen zuerst', 'Сначала собственные имена'],
   LatAbbreviation: ['Letters without the constellation', 'Buchstaben ohne Sternbild', 'Буквы без созвездия'],
   MagnitudeOn: ['Magnitude beside the name', 'Helligkeit neben dem Namen', 'Блеск рядом с именем'],
@@ -75,7 +75,7 @@ const FIELDS: Readonly<Record<string, Captions>> = {
   BoundariesVisible: ['Boundaries', 'Grenzen', 'Границы'],
   ImagesVisible: ['Pictures', 'Bilder', 'Картинки'],
   ImagesBrightness: ['Brightness of the pictures, %', 'Helligkeit der Bilder, %', 'Яркость картинок, %'],
-  LabelsVisible: NAMES,
+  LabelsVisible: kNames,
   LatinGenitive: ['Names in the genitive', 'Namen im Genitiv', 'Названия в родительном падеже'],
   EnglishName: ['Language of the names', 'Sprache der Namen', 'Язык названий'],
   Horizon: ['Ground', 'Boden', 'Земля'],
@@ -94,7 +94,7 @@ const FIELDS: Readonly<Record<string, Captions>> = {
 };
 
 // What single values of a field stand for.
-const VALUES: Readonly<Record<string, Captions>> = {
+const kValues: Readonly<Record<string, Captions>> = {
   'RADecGrid.1': ['of date', 'des Datums', 'на дату'],
   'RADecGrid.2': ['J2000', 'J2000', 'J2000'],
   'RADecEquator.1': ['of date', 'des Datums', 'на дату'],
@@ -118,14 +118,14 @@ const VALUES: Readonly<Record<string, Captions>> = {
 };
 
 function choose(captions: Captions | undefined, language: string): string | null {
-  return captions ? (captions[LANGUAGES.indexOf(language)] ?? captions[0]) : null;
+  return captions ? (captions[kLanguages.indexOf(language)] ?? captions[0]) : null;
 }
 
 export const sectionCaption = (section: string, language: string): string =>
-  choose(SECTIONS[section], language) ?? section;
+  choose(kSections[section], language) ?? section;
 
 export const fieldCaption = (section: string, name: string, language: string): string | null =>
-  choose(FIELDS[`${section}.${name}`] ?? FIELDS[name], language);
+  choose(kFields[`${section}.${name}`] ?? kFields[name], language);
 
 export const valueCaption = (name: string, value: number, language: string): string =>
-  choose(VALUES[`${name}.${value}`], language) ?? String(value);
+  choose(kValues[`${name}.${value}`], language) ?? String(value);

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: the common_interfaces authors
+// SPDX-License-Identifier: MIT
+//
+// What the page shows beside the view itself: the place and its clocks, the style, the language, the object whose panel
+// is open. Whoever changes one of these does it here; panels listen.
+
+import type { SkyObject, View } from '../core/messages';
+import type { PanelField } from '../core/panel_messages';
+import type { Sky } from '../core/sky';
+import type { Stage } from '../draw/stage';
+import { setTexts } from '../text/captions';
+import type { Style } from './address';
+import { differences } from './changes';
+import { Clock } from './clock';
+import { Signal } from './signal';
+import type { Kept, Place } from './storage';
+import { keep } from './storage';
+
+const kDegreesToCorner = 37; // from the middle of a picture at zoom 1
+
+export const sameObject = (a: SkyObject | null, b: SkyObject | null): boolean =>
+  a?.kind === b?.kind && a?.number === b?.number;
+
+export class Model {
+  readonly stage: Stage;
+  readonly sky: Sky;
+  readonly clock = new Clock();
+  readonly onPlace = new Signal<Place>();
+  readonly onStyle = new Signal<Style>();
+  readonly onLanguage = new Signal<string>();
+  readonly onObject = new Signal<SkyObject | null>();
+  readonly onFollow = new Signal<SkyObject | null>();
+  readonly onFavourites = new Signal();
+  readonly onSettings = new Signal();
+  readonly onFailure = new Signal<string>(); // one line for the user
+  readonly onNote = new Signal<string>();
+
+  place: Place;
+  style: Style = 'screen';
+  language = 'en';
+  object: SkyObject | null = null;
+  followed: SkyObject | null = null;
+  defaults: PanelField[] = []; // the settings as the data root has them
+  #keeper: Storage | null;
+  #isAiming = false;
+
+  constructor(stage: Stage, place: Place, keeper: Storage | null) {
+    this.stage = stage;
+    this.sky = stage.sky;
+    this.place = place;
+    this.#keeper = keeper;
+    stage.onView((view) => this.#takeScale(view));
+    this.clock.onTick.on((moment) => this.#show(moment));
+  }
+
+  // Runs what the user asked for; a failure is told, and nothing else is changed.
+  run(work: Promise<unknown>): void {
+    work.catch((reason: unknown) => this.onFailure.emit(reason instanceof Error ? reason.message : String(reason)));
+  }
+
+  keep(news: Kept): void {
+    keep(this.#keeper, news);
+  }
+
+  async setPlace(place: Place): Promise<void> {
+    await this.sky.setPlace(place.latitude, place.longitude, place.name, place.zone);
+    this.place = place;
+    this.keep({ place });
+    this.stage.change({ latitude: place.latitude, longitude: place.longitude });
+    this.onPlace.emit(place);
+  }
+
+  async setStyle(style: Style): Promise<void> {
+    await this.sky.setOption('style', style);
+    this.style = style;
+    this.keep({ style });
+    document.documentElement.dataset['style'] = style;
+    this.sky.refresh();
+    this.onStyle.emit(style);
+  }
+
+  async setLanguage(language: string): Promise<void> {
+    await this.sky.setLanguage(language);
+    this.language = language;
+    this.keep({ language });
+    document.documentElement.lang = language;
+    setTexts(language);
+    this.sky.refresh();
+    this.onLanguage.emit(language);
+  }
+
+  async changeSetting(change: string): Promise<void> {
+    await this.sky.changeSetting(change);
+    await this.settingsChanged();
+  }
+
+  async setOption(name: string, value: string): Promise<void> {
+    await this.sky.setOption(name, value);
+    await this.settingsChanged();
+  }
+
+  // To be called by whoever changed settings or options by a road of their own.
+  async settingsChanged(): Promise<void> {
+    this.sky.refresh();
+    const options: Record<string, string> = {};
+    for (const name of kKeptOptions) {
+      const value = await this.sky.getOption(name);
+      if (value) options[name] = value;
+    }
+    this.keep({ changes: differences(this.defaults, await this.sky.getPanelFields()), options });
+    this.onSettings.emit();
+  }
+
+  // Opens the panel of an object, or closes it.
+  select(object: SkyObject | null): void {
+    if (!object || !sameObject(object, this.followed)) this.follow(null);
+    this.object = object;
+    this.onObject.emit(object);
+  }
+
+  async centre(object: SkyObject): Promise<void> {
+    const { azimuth, altitude } = await this.sky.aim(object, this.stage.view);
+    this.stage.change({ azimuth, altitude });
+  }
+
+  // Keeps an object in the middle as time passes; null: no more.
+  follow(object: SkyObject | null): void {
+    if (sameObject(object, this.followed)) return;
+    this.followed = object;
+    this.onFollow.emit(object);
+    if (object) this.run(this.centre(object));
+  }
+
+  // The favourites have changed: the browser keeps the list as the scene writes it.
+  async favouritesChanged(): Promise<void> {
+    this.keep({ favourites: await this.sky.formatFavourites() });
+    this.sky.refresh();
+    this.onFavourites.emit();
+  }
+
+  #takeScale(view: View): void {
+    this.clock.degreesPerPixel = kDegreesToCorner / view.zoom / (Math.hypot(view.width, view.height) / 2);
+  }
+
+  #show(moment: number): void {
+    if (!this.followed) return this.stage.change({ julianDate: moment });
+    if (this.#isAiming) return; // the next tick takes it up
+    this.#isAiming = true;
+    const wanted = { ...this.stage.view, julianDate: moment };
+    const done = this.sky.aim(this.followed, wanted).then(({ azimuth, altitude }) => {
+      this.stage.change({ julianDate: moment, azimuth, altitude });
+    });
+    this.run(done.finally(() => (this.#isAiming = false)));
+  }
+}
+
+// What of the scene's options the browser keeps; the others belong to the place or are kept by themselves.
+export const kKeptOptions = [
+  'landscape', 'legend', 'bortle', 'limit-magnitude', 'telrad', 'sky', 'frames-of', 'showers', 'orbits',
+] as const; // prettier-ignore
