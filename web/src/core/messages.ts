@@ -78,6 +78,8 @@ export interface SkyService extends PanelService {
   // Unit vectors of J2000, x y z one after the other, to pixels x y and back, by the view of the last frame.
   project(vectors: Float64Array): Float64Array;
   unproject(pixels: Float64Array): Float64Array;
+  // The picture of a surface that a globe of a frame names by its index; null where there is none.
+  getMap(index: number): Uint8Array | null;
 }
 
 // What a frame took, and what it holds.
@@ -89,14 +91,11 @@ export interface FrameTimes {
 // One message each way. `id` ties an answer to its question.
 export type ToWorker =
   | { type: 'call'; id: number; name: keyof SkyService; args: unknown[] }
-  | { type: 'view'; view: View } // compute a frame of it; of several that wait only the last is computed
-  | { type: 'refresh' } // compute a frame of the same view anew: a setting has changed
-  | { type: 'buffer'; buffer: ArrayBuffer }; // a frame's memory comes back
+  | { type: 'view'; view: View; buffer: ArrayBuffer | null }; // compute a frame of it, into that memory if it suffices
 
 export type FromWorker =
   | { type: 'answer'; id: number; value: unknown }
   | { type: 'failure'; id: number; text: string }
   | { type: 'frame'; view: View; buffer: ArrayBuffer; times: FrameTimes }
   | { type: 'frame-failure'; text: string }
-  | { type: 'map'; index: number; bytes: ArrayBuffer } // the picture of a surface that a globe of a frame names
   | { type: 'log'; text: string }; // a diagnostic line of a loader

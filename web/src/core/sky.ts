@@ -7,7 +7,7 @@ export class SkyError extends Error {}
 
 export interface Frame {
   view: View; // the view that the list shows
-  buffer: ArrayBuffer; // the display list (frame_list.ts); goes back to the worker when the next frame is there
+  buffer: ArrayBuffer; // the display list (frame_list.ts), gone when the next frame is there
   times: FrameTimes;
 }
 
@@ -22,32 +22,71 @@ interface Waiting {
   reject(reason: SkyError): void;
 }
 
-// What the page knows of the worker beside its calls.
+// What the page hears of the worker beside the answers of its calls.
 export interface SkyEvents {
   onFrame(frame: Frame): void;
-  onMap(index: number, bytes: ArrayBuffer): void;
-  onLog(text: string): void;
   onFrameFailure(text: string): void;
+  onLog(text: string): void;
 }
 
 // The worker's calls, each with a promise: `await sky.find('Jupiter')`.
 export type Sky = Async<SkyService> & {
-  // Asks for a frame of the view; of several that wait only the last is computed.
+  // Asks for a frame of the view. One is computed at a time; of several views that wait the last is next. A call that
+  // was made before counts already: after a change of settings, `show` with the same view shows it.
   show(view: View): void;
-  // Asks for a frame of the same view: a setting, the language or a style has changed.
-  refresh(): void;
-  // Takes the memory of a frame back.
-  release(buffer: ArrayBuffer): void;
   events: SkyEvents;
 };
 
 const kTransferred: Partial<Record<keyof SkyService, number[]>> = { open: [1, 2] };
 
+// Frames go between page and worker in two buffers: one is read here while the other is filled there.
+class FrameQueue {
+  events: SkyEvents = { onFrame() {}, onFrameFailure() {}, onLog() {} };
+  #post: (message: ToWorker, transfer: Transferable[]) => void;
+  #isComputing = false;
+  #next: View | null = null;
+  #shown: ArrayBuffer | null = null;
+  #spare: ArrayBuffer | null = null;
+
+  constructor(post: (message: ToWorker, transfer: Transferable[]) => void) {
+    this.#post = post;
+  }
+
+  show(view: View): void {
+    this.#next = view;
+    if (!this.#isComputing) this.#ask();
+  }
+
+  take(frame: Frame): void {
+    this.#isComputing = false;
+    this.#spare = this.#shown;
+    this.#shown = frame.buffer;
+    // The next one is on its way before this one is drawn.
+    if (this.#next) this.#ask();
+    this.events.onFrame(frame);
+  }
+
+  fail(text: string): void {
+    this.#isComputing = false;
+    this.#spare = null; // it went with the question
+    if (this.#next) this.#ask();
+    this.events.onFrameFailure(text);
+  }
+
+  #ask(): void {
+    const buffer = this.#spare;
+    this.#isComputing = true;
+    this.#spare = null;
+    this.#post({ type: 'view', view: this.#next!, buffer }, buffer ? [buffer] : []);
+    this.#next = null;
+  }
+}
+
 export function connectSky(worker: Worker): Sky {
   const waiting = new Map<number, Waiting>();
   let lastId = 0;
-  const events: SkyEvents = { onFrame() {}, onMap() {}, onLog() {}, onFrameFailure() {} };
   const post = (message: ToWorker, transfer: Transferable[] = []) => worker.postMessage(message, transfer);
+  const queue = new FrameQueue(post);
 
   const call = (name: keyof SkyService, args: unknown[]) =>
     new Promise<unknown>((resolve, reject) => {
@@ -65,22 +104,16 @@ export function connectSky(worker: Worker): Sky {
   worker.onmessage = ({ data }: MessageEvent<FromWorker>) => {
     if (data.type === 'answer') settle(data.id, (asked) => asked.resolve(data.value));
     else if (data.type === 'failure') settle(data.id, (asked) => asked.reject(new SkyError(data.text)));
-    else if (data.type === 'frame') events.onFrame(data);
-    else if (data.type === 'frame-failure') events.onFrameFailure(data.text);
-    else if (data.type === 'map') events.onMap(data.index, data.bytes);
-    else events.onLog(data.text);
+    else if (data.type === 'frame') queue.take(data);
+    else if (data.type === 'frame-failure') queue.fail(data.text);
+    else queue.events.onLog(data.text);
   };
   worker.onerror = (event) => {
     for (const asked of waiting.values()) asked.reject(new SkyError(event.message));
     waiting.clear();
   };
 
-  const own = {
-    events,
-    show: (view: View) => post({ type: 'view', view }),
-    refresh: () => post({ type: 'refresh' }),
-    release: (buffer: ArrayBuffer) => post({ type: 'buffer', buffer }, [buffer]),
-  };
+  const own = { events: queue.events, show: (view: View) => queue.show(view) };
   return new Proxy(own as Sky, {
     // A promise asks what it is resolved with for `then`.
     get: (target, name) =>
