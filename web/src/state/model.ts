@@ -75,7 +75,7 @@ export class Model {
     this.style = style;
     this.keep({ style });
     document.documentElement.dataset['style'] = style;
-    this.sky.refresh();
+    this.stage.change({});
     this.onStyle.emit(style);
   }
 
@@ -85,7 +85,7 @@ export class Model {
     this.keep({ language });
     document.documentElement.lang = language;
     setTexts(language);
-    this.sky.refresh();
+    this.stage.change({});
     this.onLanguage.emit(language);
   }
 
@@ -101,7 +101,7 @@ export class Model {
 
   // To be called by whoever changed settings or options by a road of their own.
   async settingsChanged(): Promise<void> {
-    this.sky.refresh();
+    this.stage.change({});
     const options: Record<string, string> = {};
     for (const name of kKeptOptions) {
       const value = await this.sky.getOption(name);
@@ -134,7 +134,7 @@ export class Model {
   // The favourites have changed: the browser keeps the list as the scene writes it.
   async favouritesChanged(): Promise<void> {
     this.keep({ favourites: await this.sky.formatFavourites() });
-    this.sky.refresh();
+    this.stage.change({});
     this.onFavourites.emit();
   }
 
