@@ -29,16 +29,16 @@ export class PanelCalls implements PanelService {
   }
 
   suggest(text: string, most: number): Suggestion[] {
-    return this.#list('SceneSuggestion', 'scene_suggest', this.#put(text), most).map(toMessage<'SceneSuggestion'>);
+    return this.#list('SceneSuggestion', 'scene_suggest', this.#put(text), most);
   }
   getFacts(object: SkyObject): Fact[] {
-    return this.#list('SceneFact', 'scene_get_facts', this.#object(object)).map(toMessage<'SceneFact'>);
+    return this.#list('SceneFact', 'scene_get_facts', this.#object(object));
   }
   explain(object: SkyObject): Reason[] {
-    return this.#list('SceneReason', 'scene_explain', this.#object(object)).map(toMessage<'SceneReason'>);
+    return this.#list('SceneReason', 'scene_explain', this.#object(object));
   }
   getDay(object: SkyObject): ObjectDay {
-    return toMessage(this.#service.getInto('SceneDay', 'scene_get_day', this.#object(object)));
+    return this.#into('SceneDay', 'scene_get_day', this.#object(object));
   }
 
   sampleAltitudes(object: SkyObject, begin: number, end: number, count: number): Float64Array {
@@ -49,18 +49,18 @@ export class PanelCalls implements PanelService {
   }
 
   describePixel(x: number, y: number): Spot {
-    const spot = toMessage(this.#service.getInto('SceneSpot', 'scene_describe_pixel', x, y));
+    const spot = this.#into('SceneSpot', 'scene_describe_pixel', x, y);
     return { ...spot, isGround: spot.isGround !== 0 };
   }
   getNight(): Night {
-    const night = toMessage(this.#service.getInto('SceneNight', 'scene_get_night'));
+    const night = this.#into('SceneNight', 'scene_get_night');
     return { ...night, moonWaxes: night.moonWaxes !== 0 };
   }
   findCities(text: string, most: number): City[] {
-    return this.#list('SceneCity', 'scene_find_cities', this.#put(text), most).map(toMessage<'SceneCity'>);
+    return this.#list('SceneCity', 'scene_find_cities', this.#put(text), most);
   }
   findCitiesNear(latitude: number, longitude: number, most: number): City[] {
-    return this.#list('SceneCity', 'scene_find_cities_near', latitude, longitude, most).map(toMessage<'SceneCity'>);
+    return this.#list('SceneCity', 'scene_find_cities_near', latitude, longitude, most);
   }
 
   setPlace(latitude: number, longitude: number, name: string, zone: string): void {
@@ -77,14 +77,14 @@ export class PanelCalls implements PanelService {
   getPanelFields(): PanelField[] {
     const count = this.#service.call('scene_get_field_count');
     return Array.from({ length: count }, (_, index) => {
-      const field = toMessage(this.#service.getInto('SceneField', 'scene_get_field', index));
+      const field = this.#into('SceneField', 'scene_get_field', index);
       const choices = field.choices === '' ? [] : field.choices.split(',').map(Number);
       return { ...field, isOn: field.isOn !== 0, acts: field.acts !== 0, choices };
     });
   }
 
   getLanguages(): Language[] {
-    return this.#list('SceneLanguage', 'scene_get_languages').map(toMessage<'SceneLanguage'>);
+    return this.#list('SceneLanguage', 'scene_get_languages');
   }
   getOption(name: string): string {
     return this.#text('scene_get_option', this.#put(name));
@@ -96,7 +96,7 @@ export class PanelCalls implements PanelService {
     this.#service.ask('scene_mark', this.#object(object), isMarked ? 1 : 0);
   }
   getFavourites(): Favourite[] {
-    return this.#list('SceneFavourite', 'scene_get_favourites').map(toMessage<'SceneFavourite'>);
+    return this.#list('SceneFavourite', 'scene_get_favourites');
   }
   formatFavourites(): string {
     return this.#text('scene_format_favourites');
@@ -129,11 +129,18 @@ export class PanelCalls implements PanelService {
     return this.#module.getText(text);
   }
 
+  // A call whose last argument is a structure that it fills.
+  #into<Name extends StructName>(struct: Name, name: string, ...args: number[]): Message<Name> {
+    return toMessage<Name>(this.#service.getInto(struct, name, ...args));
+  }
+
   // A call whose last argument is an array of records that it fills.
-  #list<Name extends StructName>(struct: Name, name: string, ...args: number[]): Struct<Name>[] {
+  #list<Name extends StructName>(struct: Name, name: string, ...args: number[]): Message<Name>[] {
     const { count, record_size, records } = this.#service.getInto('SceneArray', name, ...args);
     const { size } = layOut(kStructs[struct]);
     if (count && record_size < size) throw new Error(`${name}: records of ${record_size} bytes, ${size} are wanted`);
-    return Array.from({ length: count }, (_, index) => this.#module.getStruct(struct, records + index * record_size));
+    return Array.from({ length: count }, (_, index) =>
+      toMessage<Name>(this.#module.getStruct(struct, records + index * record_size)),
+    );
   }
 }

@@ -12,9 +12,11 @@ const lineOf = (error: unknown) => (error instanceof Error ? error.message : Str
 const service = new SceneService((text) => post({ type: 'log', text }));
 const panels = new PanelCalls(service);
 
+type Calls = Record<string, (...args: unknown[]) => unknown>;
+
 async function answer(asked: ToWorker & { type: 'call' }): Promise<void> {
   try {
-    const answerer = (asked.name in service ? service : panels) as Record<string, (...args: unknown[]) => unknown>;
+    const answerer = (asked.name in service ? service : panels) as unknown as Calls;
     post({ type: 'answer', id: asked.id, value: await answerer[asked.name](...asked.args) });
   } catch (error) {
     post({ type: 'failure', id: asked.id, text: lineOf(error) });
