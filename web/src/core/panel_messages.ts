@@ -96,6 +96,7 @@ export interface PanelField {
   least: number;
   most: number;
   title: string; // "" where the texts have none
+  count: number; // of values
   choices: number[];
 }
 

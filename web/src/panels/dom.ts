@@ -44,11 +44,6 @@ export function setLabel(element: HTMLElement, label: string, key = ''): void {
 let lastId = 0;
 export const newId = (): string => `id${++lastId}`;
 
-// What comes of a promise that the user waits for goes to `onFailure` when it fails: nothing is lost silently.
-export function settle(work: Promise<unknown>, onFailure: (text: string) => void): void {
-  work.catch((reason: unknown) => onFailure(reason instanceof Error ? reason.message : String(reason)));
-}
-
 // Calls `work` at most once in `ms`, the last time with the newest state.
 export function throttle(work: () => void, ms: number): () => void {
   let timer = 0;
@@ -59,14 +54,4 @@ export function throttle(work: () => void, ms: number): () => void {
       work();
     }, ms);
   };
-}
-
-// A file that the browser saves.
-export function download(name: string, content: Blob): void {
-  const address = URL.createObjectURL(content);
-  const link = make('a', { href: address, download: name });
-  document.body.append(link);
-  link.click();
-  link.remove();
-  setTimeout(() => URL.revokeObjectURL(address), 60000);
 }

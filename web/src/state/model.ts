@@ -35,19 +35,19 @@ export class Model {
   readonly onFailure = new Signal<string>(); // one line for the user
   readonly onNote = new Signal<string>();
 
-  place: Place;
+  place: Place = { latitude: 0, longitude: 0, name: '', zone: 'UTC' };
   style: Style = 'screen';
-  language = 'en';
+  language: string;
   object: SkyObject | null = null;
   followed: SkyObject | null = null;
   defaults: PanelField[] = []; // the settings as the data root has them
   #keeper: Storage | null;
   #isAiming = false;
 
-  constructor(stage: Stage, place: Place, keeper: Storage | null) {
+  constructor(stage: Stage, keeper: Storage | null, language: string) {
     this.stage = stage;
     this.sky = stage.sky;
-    this.place = place;
+    this.language = language;
     this.#keeper = keeper;
     stage.onView((view) => this.#takeScale(view));
     this.clock.onTick.on((moment) => this.#show(moment));
@@ -64,6 +64,11 @@ export class Model {
 
   async setPlace(place: Place): Promise<void> {
     await this.sky.setPlace(place.latitude, place.longitude, place.name, place.zone);
+    this.takePlace(place);
+  }
+
+  // A place that the scene has already.
+  takePlace(place: Place): void {
     this.place = place;
     this.keep({ place });
     this.stage.change({ latitude: place.latitude, longitude: place.longitude });
