@@ -4,13 +4,16 @@
 // The page, put together: the sky first, then what stands around it.
 
 import { startSky } from './core/start';
+import { FrameMeter } from './hands/frame_meter';
+import { Hands } from './hands/hands';
+import { keepOffline } from './offline/keep';
 import { announceMiddle } from './panels/announcer';
 import { listenToKeys, makeHelp } from './panels/keys';
 import type { Key } from './panels/keys';
 import { LayersPanel } from './panels/layers_panel';
 import { MenuPanel, toggleFullScreen } from './panels/menu_panel';
 import { ObjectPanel } from './panels/object_panel';
-import { pickMiddle, pickOnClick } from './panels/pick';
+import { pickAt, pickMiddle } from './panels/pick';
 import { PlacePanel } from './panels/place_panel';
 import { makeSearch } from './panels/search_panel';
 import { openDroppedSessions } from './panels/session_files';
@@ -82,7 +85,7 @@ function makePage(model: Model): void {
   page.append(top, ...drawers.map(({ root }) => root), foot, status.root, help, openDroppedSessions(model));
   model.onFailure.on((text) => status.say(fill(texts().failed, text)));
   model.onNote.on((text) => status.say(text));
-  pickOnClick(model);
+  model.sky.events.onLog = (text) => status.say(fill(texts().noted, text));
   announceMiddle(model, status);
   bindTexts((captions) => {
     document.title = captions.title;
@@ -99,17 +102,21 @@ async function start(): Promise<void> {
   const storage = findStorage();
   const kept = readKept(storage);
   const beginning = beginningOf(window.location.hash.slice(1), kept);
-  const language = beginning.language ?? ownLanguage(navigator.languages);
+  const language = ownLanguage([beginning.language ?? '', ...navigator.languages]);
   document.documentElement.lang = language;
   setTexts(language);
   const stage = await startSky(language);
   if (!stage) return;
-  const model = new Model(stage, storage, language);
+  new FrameMeter(stage);
+  const hands = new Hands(stage);
+  const model = new Model(stage, hands.mover, storage, language);
+  hands.onTap = (x, y, event) => model.run(pickAt(model, x, y, event.pointerType === 'touch'));
   await begin(model, beginning);
   makePage(model);
   keepAddress(model);
   model.select(beginning.object);
   tick(model);
+  keepOffline();
 }
 
 void start();

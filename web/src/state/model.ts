@@ -8,6 +8,7 @@ import type { SkyObject, View } from '../core/messages';
 import type { PanelField } from '../core/panel_messages';
 import type { Sky } from '../core/sky';
 import type { Stage } from '../draw/stage';
+import type { Mover } from '../hands/mover';
 import { setTexts } from '../text/captions';
 import type { Style } from './address';
 import { differences } from './changes';
@@ -16,6 +17,7 @@ import { Signal } from './signal';
 import type { Kept, Place } from './storage';
 import { keep } from './storage';
 
+const kCentring = 600; // milliseconds to an object that is looked for
 const kDegreesToCorner = 37; // from the middle of a picture at zoom 1
 
 export const sameObject = (a: SkyObject | null, b: SkyObject | null): boolean =>
@@ -24,6 +26,7 @@ export const sameObject = (a: SkyObject | null, b: SkyObject | null): boolean =>
 export class Model {
   readonly stage: Stage;
   readonly sky: Sky;
+  readonly mover: Mover;
   readonly clock = new Clock();
   readonly onPlace = new Signal<Place>();
   readonly onStyle = new Signal<Style>();
@@ -44,9 +47,10 @@ export class Model {
   #keeper: Storage | null;
   #isAiming = false;
 
-  constructor(stage: Stage, keeper: Storage | null, language: string) {
+  constructor(stage: Stage, mover: Mover, keeper: Storage | null, language: string) {
     this.stage = stage;
     this.sky = stage.sky;
+    this.mover = mover;
     this.language = language;
     this.#keeper = keeper;
     stage.onView((view) => this.#takeScale(view));
@@ -80,7 +84,7 @@ export class Model {
     this.style = style;
     this.keep({ style });
     document.documentElement.dataset['style'] = style;
-    this.stage.change({});
+    this.stage.refresh();
     this.onStyle.emit(style);
   }
 
@@ -90,7 +94,7 @@ export class Model {
     this.keep({ language });
     document.documentElement.lang = language;
     setTexts(language);
-    this.stage.change({});
+    this.stage.refresh();
     this.onLanguage.emit(language);
   }
 
@@ -106,7 +110,7 @@ export class Model {
 
   // To be called by whoever changed settings or options by a road of their own.
   async settingsChanged(): Promise<void> {
-    this.stage.change({});
+    this.stage.refresh();
     const options: Record<string, string> = {};
     for (const name of kKeptOptions) {
       const value = await this.sky.getOption(name);
@@ -125,7 +129,7 @@ export class Model {
 
   async centre(object: SkyObject): Promise<void> {
     const { azimuth, altitude } = await this.sky.aim(object, this.stage.view);
-    this.stage.change({ azimuth, altitude });
+    this.mover.glide({ azimuth, altitude }, kCentring);
   }
 
   // Keeps an object in the middle as time passes; null: no more.
@@ -139,7 +143,7 @@ export class Model {
   // The favourites have changed: the browser keeps the list as the scene writes it.
   async favouritesChanged(): Promise<void> {
     this.keep({ favourites: await this.sky.formatFavourites() });
-    this.stage.change({});
+    this.stage.refresh();
     this.onFavourites.emit();
   }
 
