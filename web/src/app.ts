@@ -117,6 +117,7 @@ async function start(): Promise<void> {
   model.select(beginning.object);
   tick(model);
   keepOffline();
+  Object.assign(window, { stage, hands, model }); // for the console and the tests
 }
 
 void start();

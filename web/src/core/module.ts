@@ -42,7 +42,7 @@ export class SceneModule {
   static async load(bytes: BufferSource, files: Map<string, Uint8Array>, log: (line: string) => void): Promise<SceneModule> {
     const lines = ConsoleStdout.lineBuffered(log);
     const roots = [new PreopenDirectory('/data', makeFolders(files)), new PreopenDirectory('/work', new Map())];
-    const wasi = new WASI(['scene'], [], [new OpenFile(new File([])), lines, lines, ...roots]);
+    const wasi = new WASI(['scene'], [], [new OpenFile(new File([])), lines, lines, ...roots], { debug: false });
     const { instance } = await WebAssembly.instantiate(bytes, { wasi_snapshot_preview1: wasi.wasiImport });
     wasi.initialize(instance as never);
     return new SceneModule(instance.exports as Exports, files);

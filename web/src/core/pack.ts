@@ -58,12 +58,16 @@ function readPack(bytes: Uint8Array): Map<string, Uint8Array> {
   return files;
 }
 
+// What gzip made of some bytes; rejects where it did not.
+export async function gunzip(packed: ArrayBuffer): Promise<ArrayBuffer> {
+  return new Response(new Blob([packed]).stream().pipeThrough(new DecompressionStream('gzip'))).arrayBuffer();
+}
+
 // The files of a pack by their paths. Rejects with one line for bytes that are none or are damaged: gzip's own sum
 // covers all of them.
 export async function unpack(packed: ArrayBuffer): Promise<Map<string, Uint8Array>> {
   try {
-    const stream = new Blob([packed]).stream().pipeThrough(new DecompressionStream('gzip'));
-    return readPack(new Uint8Array(await new Response(stream).arrayBuffer()));
+    return readPack(new Uint8Array(await gunzip(packed)));
   } catch (error) {
     throw new Error(`The data of the sky are damaged: ${error instanceof Error ? error.message : error}`);
   }

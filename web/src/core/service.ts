@@ -4,8 +4,8 @@ import { kArrayKinds, measureList, type Source, writeList } from './frame_list';
 import type { Struct, StructName } from './layouts';
 import type { Field, OpenedSky, Sight, SkyObject, SkyService, View } from './messages';
 import { SceneModule } from './module';
+import { gunzip, unpack } from './pack';
 import type { PanelService } from './panel_messages';
-import { unpack } from './pack';
 
 const kOk = 0;
 const kNotFound = 3;
@@ -28,14 +28,20 @@ export class SceneService implements Answers {
 
   async open(language: string, module: ArrayBuffer, pack: ArrayBuffer): Promise<OpenedSky> {
     const begin = performance.now();
-    const files = await unpack(pack);
-    this.module = await SceneModule.load(module, files, this.#log);
+    const [files, code] = await Promise.all([unpack(pack), this.#unzipModule(module)]);
+    this.module = await SceneModule.load(code, files, this.#log);
     const roots = this.module.putStruct('SceneRoots', { data: '/data', work: '/work', language });
     const handle = this.module.room(4);
     const status = this.module.call('scene_open', roots, handle);
     this.#sky = this.module.view.getUint32(handle, true);
     if (status !== kOk) throw new Error(this.#sky ? this.getError() : 'The sky cannot be opened.');
     return { view: this.getView(), seconds: (performance.now() - begin) / 1000 };
+  }
+
+  #unzipModule(module: ArrayBuffer): Promise<ArrayBuffer> {
+    return gunzip(module).catch(() => {
+      throw new Error('The program of the sky is damaged.');
+    });
   }
 
   setLanguage(language: string): void {
