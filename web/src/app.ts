@@ -8,6 +8,7 @@ import { FrameMeter } from './hands/frame_meter';
 import { Hands } from './hands/hands';
 import { keepOffline } from './offline/keep';
 import { announceMiddle } from './panels/announcer';
+import { middleAboveSheet } from './panels/drawer';
 import { listenToKeys, makeHelp } from './panels/keys';
 import type { Key } from './panels/keys';
 import { LayersPanel } from './panels/layers_panel';
@@ -111,6 +112,10 @@ async function start(): Promise<void> {
   const hands = new Hands(stage);
   const model = new Model(stage, hands.mover, storage, language);
   hands.onTap = (x, y, event) => model.run(pickAt(model, x, y, event.pointerType === 'touch'));
+  model.findMiddle = () => {
+    const { x, y } = middleAboveSheet() ?? { x: window.innerWidth / 2, y: window.innerHeight / 2 };
+    return stage.toPixels(x, y);
+  };
   await begin(model, beginning);
   makePage(model);
   keepAddress(model);

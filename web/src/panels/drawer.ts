@@ -85,3 +85,10 @@ export function closeLastDrawer(): boolean {
   last?.close();
   return last !== undefined;
 }
+
+// The middle, in pixels of the page, of what a sheet leaves of the sky; null where no sheet is open.
+export function middleAboveSheet(): { x: number; y: number } | null {
+  const last = open.at(-1);
+  if (!last || !kPhone.matches) return null;
+  return { x: window.innerWidth / 2, y: last.root.getBoundingClientRect().top / 2 };
+}

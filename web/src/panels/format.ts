@@ -7,13 +7,16 @@ import type { CivilDate } from '../state/calendar';
 import { localTime } from '../state/zones';
 import { fill, languageCode, texts } from '../text/captions';
 
+// English dates have the day first, as those of the scene.
+const localeTag = (): string => (languageCode() === 'en' ? 'en-GB' : languageCode());
+
 const formats = new Map<string, Intl.NumberFormat>();
 
 export function formatNumber(value: number, decimals: number): string {
-  const key = `${languageCode()} ${decimals}`;
+  const key = `${localeTag()} ${decimals}`;
   let format = formats.get(key);
   if (!format) {
-    format = new Intl.NumberFormat(languageCode(), { minimumFractionDigits: decimals, maximumFractionDigits: decimals });
+    format = new Intl.NumberFormat(localeTag(), { minimumFractionDigits: decimals, maximumFractionDigits: decimals });
     formats.set(key, format);
   }
   // "-0.0" is nothing that anybody measures.
@@ -35,18 +38,18 @@ export const formatYear = (year: number): string =>
 
 // "15 January 2026". The browser writes day and month of a leap year; the year is ours, for it may be before Christ.
 export function formatDate(date: CivilDate): string {
-  const format = new Intl.DateTimeFormat(languageCode(), { day: 'numeric', month: 'short', year: 'numeric', timeZone: 'UTC' });
+  const format = new Intl.DateTimeFormat(localeTag(), { day: 'numeric', month: 'short', year: 'numeric', timeZone: 'UTC' });
   const parts = format.formatToParts(Date.UTC(2000, date.month - 1, date.day));
   return parts.map(({ type, value }) => (type === 'year' ? formatYear(date.year) : value)).join('');
 }
 
 export const monthName = (month: number): string =>
-  new Intl.DateTimeFormat(languageCode(), { month: 'long', timeZone: 'UTC' }).format(Date.UTC(2000, month - 1, 1));
+  new Intl.DateTimeFormat(localeTag(), { month: 'long', timeZone: 'UTC' }).format(Date.UTC(2000, month - 1, 1));
 
 // From Monday on.
 export function weekdayNames(): { short: string; long: string }[] {
   const name = (day: number, weekday: 'short' | 'long'): string =>
-    new Intl.DateTimeFormat(languageCode(), { weekday, timeZone: 'UTC' }).format(Date.UTC(2001, 0, day));
+    new Intl.DateTimeFormat(localeTag(), { weekday, timeZone: 'UTC' }).format(Date.UTC(2001, 0, day));
   return [1, 2, 3, 4, 5, 6, 7].map((day) => ({ short: name(day, 'short'), long: name(day, 'long') }));
 }
 

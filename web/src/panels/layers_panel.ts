@@ -72,7 +72,8 @@ export class LayersPanel {
 
   #makeQuick(options: HTMLElement[]): HTMLElement {
     const fields = kQuick.flatMap((path) => this.#fields.filter((field) => pathOf(field) === path));
-    const controls = fields.map((field) => makeFieldControl(this.#model, field, sectionCaption(field.section, languageCode()), 'q'));
+    const asideOf = ({ section }: PanelField): string => (section === 'grid' ? '' : sectionCaption(section, languageCode()));
+    const controls = fields.map((field) => makeFieldControl(this.#model, field, asideOf(field), 'q'));
     return make('section', { className: 'quick' }, make('h3', {}, texts().quick), ...controls, ...options);
   }
 

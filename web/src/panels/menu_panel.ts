@@ -115,8 +115,8 @@ export class MenuPanel {
     const items = favourites.map(({ object, name }) => {
       const open = make('button', { type: 'button' }, name);
       open.onclick = () => {
-        this.#model.run(this.#model.centre(object));
         this.#model.select(object);
+        this.#model.run(this.#model.centre(object));
       };
       const remove = iconButton(makeIcon('close'), () =>
         this.#model.run(sky.mark(object, false).then(() => this.#model.favouritesChanged())),

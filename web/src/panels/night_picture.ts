@@ -13,19 +13,19 @@ export const kBodies = { sun: { kind: planet, number: 10 }, moon: { kind: moon, 
 // How much of the night's darkness an altitude of the Sun has: 0 by day, 1 from the end of astronomical twilight on.
 const darkness = (altitude: number): number => Math.min(Math.max(-altitude / 18, 0), 1);
 
-// Two colours of the style sheet, one over the other: by day the lower one is seen.
-function makeBands(sun: Float64Array): SVGElement[] {
-  const width = kWidth / (sun.length - 1);
-  return [...sun].map((altitude, index) =>
-    makeSvg('rect', {
-      x: (index - 0.5) * width - 0.2,
-      y: 0,
-      width: width + 0.4,
-      height: kHeight,
+// How dark it is, as a gradient over the colour of the day.
+function makeDarkness(sun: Float64Array): SVGElement[] {
+  const stops = [...sun].map((altitude, index) =>
+    makeSvg('stop', {
+      offset: (index / (sun.length - 1)).toFixed(4),
       class: 'dark',
-      opacity: Number.isNaN(altitude) ? 0 : darkness(altitude).toFixed(3),
+      'stop-opacity': Number.isNaN(altitude) ? 0 : darkness(altitude).toFixed(3),
     }),
   );
+  return [
+    makeSvg('linearGradient', { id: 'darkness' }, ...stops),
+    makeSvg('rect', { x: 0, y: 0, width: kWidth, height: kHeight, fill: 'url(#darkness)' }),
+  ];
 }
 
 function makePath(altitudes: Float64Array, name: string): SVGElement {
@@ -43,7 +43,7 @@ export function drawNight(sun: Float64Array, moonAltitudes: Float64Array): SVGEl
     'svg',
     { viewBox: `0 0 ${kWidth} ${kHeight}`, preserveAspectRatio: 'none', 'aria-hidden': 'true' },
     makeSvg('rect', { x: 0, y: 0, width: kWidth, height: kHeight, class: 'daylight' }),
-    ...makeBands(sun),
+    ...makeDarkness(sun),
     makeSvg('line', { x1: 0, x2: kWidth, y1: kHorizon, y2: kHorizon, class: 'horizon' }),
     makePath(sun, 'sun'),
     makePath(moonAltitudes, 'moon'),

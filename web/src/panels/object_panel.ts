@@ -6,10 +6,11 @@ import { FactKind } from '../core/panel_messages';
 import type { Model } from '../state/model';
 import { sameObject } from '../state/model';
 import { bindTexts, fill, texts } from '../text/captions';
-import { iconButton, make, setLabel, throttle } from './dom';
+import { make, throttle } from './dom';
 import { makeDayCurve } from './day_curve';
 import { Drawer } from './drawer';
 import { compassPoint, formatNumber, formatTime } from './format';
+import type { Icon } from './icons';
 import { makeIcon } from './icons';
 import { ReasonList } from './reason_list';
 
@@ -23,22 +24,23 @@ export class ObjectPanel {
   #kind = make('p', { className: 'kind' });
   #day = make('div', { className: 'day' });
   #reasons: ReasonList;
-  #follow = iconButton(makeIcon('follow'), () => this.#toggleFollow());
-  #favourite = iconButton(makeIcon('star'), () => this.#toggleFavourite());
+  #follow = actionButton('follow', () => this.#toggleFollow());
+  #favourite = actionButton('star', () => this.#toggleFavourite());
   #isFavourite = false;
   #asked = 0;
 
   constructor(model: Model) {
     this.#model = model;
     this.#reasons = new ReasonList(model);
-    const centre = iconButton(makeIcon('centre'), () => this.#centre());
+    const centre = actionButton('centre', () => this.#centre());
+    centre.setAttribute('aria-keyshortcuts', 'c');
     const actions = make('div', { className: 'actions' }, centre, this.#follow, this.#favourite);
     this.drawer.body.append(this.#kind, actions, this.#facts, this.#day, this.#reasons.root);
     this.drawer.onClose = () => model.object && model.select(null);
     bindTexts((captions) => {
-      setLabel(centre, captions.centre, 'c');
-      setLabel(this.#follow, captions.follow);
-      setLabel(this.#favourite, captions.favourite);
+      centre.lastElementChild!.textContent = captions.centre;
+      this.#follow.lastElementChild!.textContent = captions.follow;
+      this.#favourite.lastElementChild!.textContent = captions.favourite;
     });
     this.#listen();
   }
@@ -128,6 +130,12 @@ export class ObjectPanel {
     const stays = day.stays > 0 ? captions.staysUp : day.stays < 0 ? captions.staysDown : '';
     return stays ? make('div', {}, make('p', {}, stays), list) : list;
   }
+}
+
+function actionButton(icon: Icon, onclick: () => void): HTMLButtonElement {
+  const button = make('button', { type: 'button', onclick }, make('span'));
+  button.prepend(makeIcon(icon));
+  return button;
 }
 
 // Facts without a caption have the whole width.

@@ -19,8 +19,8 @@ export function makeSearch(model: Model, status: Status): { root: HTMLElement; i
     },
     choose: ({ value }) => {
       box.input.blur();
-      model.run(model.centre(value.object));
       model.select(value.object);
+      model.run(model.centre(value.object));
     },
     onNothing: () => status.say(texts().nothingFound),
     onFailure: (text) => model.onFailure.emit(text),

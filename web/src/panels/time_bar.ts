@@ -3,7 +3,7 @@
 import type { Model } from '../state/model';
 import { kRates } from '../state/clock';
 import { localTime, offsetText } from '../state/zones';
-import { bindTexts, fill, texts } from '../text/captions';
+import { bindTexts, fill, languageCode, texts } from '../text/captions';
 import type { Texts } from '../text/en';
 import { iconButton, make, setLabel } from './dom';
 import { formatDate, formatTime } from './format';
@@ -90,10 +90,10 @@ export class TimeBar {
   }
 
   #showMoment(): void {
-    const { zone } = this.#model.place;
+    const { zone, name } = this.#model.place;
     const { julianDate } = this.#model.stage.view;
     const clock = formatTime(julianDate, zone, true);
-    const date = `${formatDate(localTime(julianDate, zone))} · ${offsetText(zone, julianDate)}`;
+    const date = [formatDate(localTime(julianDate, zone)), offsetText(zone, julianDate), name].filter(Boolean).join(' · ');
     if (this.#clock.textContent !== clock) this.#clock.textContent = clock;
     if (this.#date.textContent !== date) this.#date.textContent = date;
     this.opener.title = texts().timeAndDate;
@@ -109,7 +109,7 @@ function captionOfRate(rate: (typeof kRates)[number]): string {
 // As the browser abbreviates them in the language.
 function unit(name: string): string {
   const full = { s: 'second', min: 'minute', h: 'hour' }[name] ?? 'second';
-  const parts = new Intl.NumberFormat(document.documentElement.lang || 'en', { style: 'unit', unit: full }).formatToParts(10);
+  const parts = new Intl.NumberFormat(languageCode(), { style: 'unit', unit: full }).formatToParts(10);
   return parts.find((part) => part.type === 'unit')?.value ?? name;
 }
 

@@ -8,6 +8,7 @@ import type { SkyObject, View } from '../core/messages';
 import type { PanelField } from '../core/panel_messages';
 import type { Sky } from '../core/sky';
 import type { Stage } from '../draw/stage';
+import { toHorizon, turnTo } from '../draw/turn';
 import type { Mover } from '../hands/mover';
 import { setTexts } from '../text/captions';
 import type { Style } from './address';
@@ -42,6 +43,7 @@ export class Model {
   style: Style = 'screen';
   language: string;
   object: SkyObject | null = null;
+  findMiddle: (() => { x: number; y: number }) | null = null; // pixel of the view; null: the middle
   followed: SkyObject | null = null;
   defaults: PanelField[] = []; // the settings as the data root has them
   #keeper: Storage | null;
@@ -128,8 +130,16 @@ export class Model {
   }
 
   async centre(object: SkyObject): Promise<void> {
-    const { azimuth, altitude } = await this.sky.aim(object, this.stage.view);
-    this.mover.glide({ azimuth, altitude }, kCentring);
+    this.mover.glide(await this.#aim(object, this.stage.view), kCentring);
+  }
+
+  // The direction that has the object in the middle of what the panels leave of the picture.
+  async #aim(object: SkyObject, view: View): Promise<{ azimuth: number; altitude: number }> {
+    const { azimuth, altitude } = await this.sky.aim(object, view);
+    const aimed = { ...view, azimuth, altitude };
+    const middle = { x: view.width / 2, y: view.height / 2 };
+    const wanted = this.findMiddle?.() ?? middle;
+    return turnTo(aimed, toHorizon(aimed, middle.x, middle.y), wanted.x, wanted.y);
   }
 
   // Keeps an object in the middle as time passes; null: no more.
@@ -156,9 +166,7 @@ export class Model {
     if (this.#isAiming) return; // the next tick takes it up
     this.#isAiming = true;
     const wanted = { ...this.stage.view, julianDate: moment };
-    const done = this.sky.aim(this.followed, wanted).then(({ azimuth, altitude }) => {
-      this.stage.change({ julianDate: moment, azimuth, altitude });
-    });
+    const done = this.#aim(this.followed, wanted).then((look) => this.stage.change({ julianDate: moment, ...look }));
     this.run(done.finally(() => (this.#isAiming = false)));
   }
 }

@@ -118,7 +118,7 @@ export const de: Texts = {
   fullScreen: 'Vollbild',
   picture: 'Bild',
   savePng: 'Als PNG sichern',
-  saveSvg: 'Als kSvg sichern',
+  saveSvg: 'Als SVG sichern',
   session: 'Sitzung',
   saveSession: 'Sitzung sichern',
   openSession: 'Sitzung öffnen …',

@@ -119,7 +119,7 @@ export const en = {
   fullScreen: 'Full screen',
   picture: 'Picture',
   savePng: 'Save as PNG',
-  saveSvg: 'Save as kSvg',
+  saveSvg: 'Save as SVG',
   session: 'Session',
   saveSession: 'Save session',
   openSession: 'Open session …',

@@ -118,7 +118,7 @@ export const ru: Texts = {
   fullScreen: 'Во весь экран',
   picture: 'Картина',
   savePng: 'Сохранить PNG',
-  saveSvg: 'Сохранить kSvg',
+  saveSvg: 'Сохранить SVG',
   session: 'Сеанс',
   saveSession: 'Сохранить сеанс',
   openSession: 'Открыть сеанс …',
