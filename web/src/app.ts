@@ -116,8 +116,8 @@ async function start(): Promise<void> {
     const { x, y } = middleAboveSheet() ?? { x: window.innerWidth / 2, y: window.innerHeight / 2 };
     return stage.toPixels(x, y);
   };
-  await begin(model, beginning);
   makePage(model);
+  await begin(model, beginning).catch((reason: unknown) => model.onFailure.emit(String(reason)));
   keepAddress(model);
   model.select(beginning.object);
   tick(model);
@@ -125,4 +125,8 @@ async function start(): Promise<void> {
   Object.assign(window, { stage, hands, model }); // for the console and the tests
 }
 
-void start();
+start().catch((reason: unknown) => {
+  const line = document.getElementById('loading-line') as HTMLElement;
+  line.textContent = String(reason);
+  line.setAttribute('role', 'alert');
+});

@@ -6,7 +6,6 @@
 
 import { parseAddress } from './address';
 import type { Style } from './address';
-import { julianFromUnix } from './calendar';
 import type { Model } from './model';
 import type { Kept, Place } from './storage';
 import { ownZone } from './zones';
@@ -69,6 +68,7 @@ export async function begin(model: Model, beginning: Beginning): Promise<void> {
   const place = beginning.place ?? (await placeByClock(model));
   await model.setPlace(place);
   const south = { azimuth: place.latitude < 0 ? 0 : kSouth, altitude: kAltitude, zoom: kWholeSky };
-  model.stage.change({ ...(beginning.look ?? south), julianDate: beginning.moment ?? julianFromUnix(Date.now()) });
-  if (beginning.moment !== null) model.clock.set(beginning.moment);
+  model.stage.change(beginning.look ?? south);
+  if (beginning.moment === null) model.clock.goLive();
+  else model.clock.set(beginning.moment);
 }

@@ -47,15 +47,17 @@ export class Model {
   followed: SkyObject | null = null;
   defaults: PanelField[] = []; // the settings as the data root has them
   #keeper: Storage | null;
+  #moment: number; // that the clock has given to the view
   #isAiming = false;
 
   constructor(stage: Stage, mover: Mover, keeper: Storage | null, language: string) {
     this.stage = stage;
     this.sky = stage.sky;
     this.mover = mover;
+    this.#moment = stage.view.julianDate;
     this.language = language;
     this.#keeper = keeper;
-    stage.onView((view) => this.#takeScale(view));
+    stage.onView((view) => this.#takeView(view));
     this.clock.onTick.on((moment) => this.#show(moment));
   }
 
@@ -157,17 +159,35 @@ export class Model {
     this.onFavourites.emit();
   }
 
-  #takeScale(view: View): void {
+  // A moment that somebody else has set is the clock's from then on.
+  #takeView(view: View): void {
     this.clock.degreesPerPixel = kDegreesToCorner / view.zoom / (Math.hypot(view.width, view.height) / 2);
+    if (view.julianDate === this.#moment) return;
+    this.#moment = view.julianDate;
+    this.clock.set(view.julianDate);
   }
 
   #show(moment: number): void {
-    if (!this.followed) return this.stage.change({ julianDate: moment });
-    if (this.#isAiming) return; // the next tick takes it up
+    if (moment === this.#moment) return;
+    if (!this.followed) {
+      this.#moment = moment;
+      return this.stage.change({ julianDate: moment });
+    }
+    if (this.#isAiming) return; // taken up when that is done
     this.#isAiming = true;
     const wanted = { ...this.stage.view, julianDate: moment };
-    const done = this.#aim(this.followed, wanted).then((look) => this.stage.change({ julianDate: moment, ...look }));
-    this.run(done.finally(() => (this.#isAiming = false)));
+    const done = this.#aim(this.followed, wanted).then((look) => {
+      this.#moment = moment;
+      this.stage.change({ julianDate: moment, ...look });
+    });
+    const end = (): void => {
+      this.#isAiming = false;
+      if (this.clock.rate === 0) this.#show(this.clock.moment);
+    };
+    this.run(done.then(end, (reason: unknown) => {
+      this.#isAiming = false;
+      throw reason;
+    }));
   }
 }
 
