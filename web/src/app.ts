@@ -29,7 +29,13 @@ import { begin, beginningOf } from './state/beginning';
 import { findStorage, readKept } from './state/storage';
 import { bindTexts, fill, ownLanguage, setTexts, texts } from './text/captions';
 
-function makeKeys(model: Model, bar: TimeBar, search: HTMLInputElement, panels: Record<string, { drawer: PlacePanel['drawer'] }>, help: () => void): Key[] {
+function makeKeys(
+  model: Model,
+  bar: TimeBar,
+  search: HTMLInputElement,
+  panels: Record<string, { drawer: PlacePanel['drawer'] }>,
+  help: () => void,
+): Key[] {
   const toggle = (name: string) => (): void => {
     const { drawer } = panels[name];
     if (drawer.isOpen) drawer.close();
@@ -48,7 +54,11 @@ function makeKeys(model: Model, bar: TimeBar, search: HTMLInputElement, panels: 
     { key: 'p', caption: 'place', act: toggle('place') },
     { key: 'l', caption: 'layers', act: toggle('layers') },
     { key: 'm', caption: 'menu', act: toggle('menu') },
-    { key: 'r', caption: 'styleNight', act: () => model.run(model.setStyle(model.style === 'night' ? 'screen' : 'night')) },
+    {
+      key: 'r',
+      caption: 'styleNight',
+      act: () => model.run(model.setStyle(model.style === 'night' ? 'screen' : 'night')),
+    },
     { key: 'F', shown: 'Shift F', caption: 'fullScreen', act: () => model.run(toggleFullScreen()) },
     { key: '?', caption: 'help', act: help },
   ];

@@ -36,7 +36,9 @@ for (const style of ['screen', 'night', 'print']) {
       await panel(page, name).waitFor();
       if (key === 'l') {
         await waitFor(page, () => document.querySelectorAll('.setting').length > 20);
-        await page.evaluate(() => document.querySelectorAll('.drawer details').forEach((details) => (details.open = true)));
+        await page.evaluate(() =>
+          document.querySelectorAll('.drawer details').forEach((details) => (details.open = true)),
+        );
       }
       if (key === 't') await waitFor(page, () => document.querySelector('.night-bar').ariaValueText);
       assert.deepEqual(await findFaults(), [], name);
@@ -55,7 +57,11 @@ for (const style of ['screen', 'night', 'print']) {
 }
 
 test('axe finds no fault on a phone', async () => {
-  const phone = await openLink(site, kOrionLink, { size: { width: 390, height: 844 }, hasTouch: true, isMobile: true });
+  const phone = await openLink(site, kOrionLink, {
+    size: { width: 390, height: 844 },
+    hasTouch: true,
+    isMobile: true,
+  });
   await phone.page.evaluate(kAxe);
   assert.deepEqual(await findFaults(phone.page), []);
   await phone.page.evaluate((object) => window.model.select(object), kSirius);
@@ -65,7 +71,11 @@ test('axe finds no fault on a phone', async () => {
 });
 
 test('targets for fingers have 44 pixels', async () => {
-  const phone = await openLink(site, kOrionLink, { size: { width: 390, height: 844 }, hasTouch: true, isMobile: true });
+  const phone = await openLink(site, kOrionLink, {
+    size: { width: 390, height: 844 },
+    hasTouch: true,
+    isMobile: true,
+  });
   const small = await phone.page.evaluate(() =>
     [...document.querySelectorAll('#page button, #page select, #page input')]
       .filter((element) => element.checkVisibility())
@@ -105,8 +115,18 @@ test('everything is reached by Tab, with every panel open', async () => {
     if (key === 'l') await waitFor(page, () => document.querySelectorAll('.setting').length > 20);
     await walk();
     const missed = await page.evaluate(() =>
-      [...document.querySelectorAll('#page button, #page input, #page select, #page summary, #page [tabindex="0"]')]
-        .filter((element) => element.checkVisibility() && element.tabIndex >= 0 && element.type !== 'radio' && !element.dataset.walked)
+      [
+        ...document.querySelectorAll(
+          '#page button, #page input, #page select, #page summary, #page [tabindex="0"]',
+        ),
+      ]
+        .filter(
+          (element) =>
+            element.checkVisibility() &&
+            element.tabIndex >= 0 &&
+            element.type !== 'radio' &&
+            !element.dataset.walked,
+        )
         .map((element) => element.outerHTML.slice(0, 100)),
     );
     assert.deepEqual(missed, [], name);
@@ -136,9 +156,15 @@ test('the focus is seen', async () => {
 test('what stands in the middle is read out when the view rests', async () => {
   await page.locator('#sky').focus();
   await page.evaluate((object) => window.model.centre(object), kSirius);
-  await waitFor(page, () => /^Sirius, star, magnitude −1.5, altitude 21°$/i.test(document.querySelector('[aria-live=polite].unseen').textContent));
+  await waitFor(page, () =>
+    /^Sirius, star, magnitude −1.5, altitude 21°$/i.test(
+      document.querySelector('[aria-live=polite].unseen').textContent,
+    ),
+  );
   await page.evaluate(() => window.stage.change({ azimuth: 0, altitude: 89, zoom: 50 }));
-  await waitFor(page, () => /azimuth 0°, altitude 89°/.test(document.querySelector('[aria-live=polite].unseen').textContent));
+  await waitFor(page, () =>
+    /azimuth 0°, altitude 89°/.test(document.querySelector('[aria-live=polite].unseen').textContent),
+  );
 });
 
 test('Enter opens the panel of what stands in the middle', async () => {

@@ -37,7 +37,11 @@ async function press(name) {
 test('every section and every field of the scene has its control', async () => {
   const missing = await page.evaluate(async () => {
     const fields = await window.stage.sky.getPanelFields();
-    return fields.filter(({ section, name, type }) => type !== 6 && !document.querySelector(`[id^="s-${section}.${name}"]`)).map(({ name }) => name);
+    return fields
+      .filter(
+        ({ section, name, type }) => type !== 6 && !document.querySelector(`[id^="s-${section}.${name}"]`),
+      )
+      .map(({ name }) => name);
   });
   assert.deepEqual(missing, []);
 });
@@ -45,7 +49,10 @@ test('every section and every field of the scene has its control', async () => {
 test('a switch takes the figures of the constellations away and brings them back', async () => {
   assert.ok((await countLayer(kFigures)) > 0);
   await press(/^Figures/);
-  await waitFor(page, () => window.model && document.querySelector('[id^="q-cnst.PatternsVisible"]').checked === false);
+  await waitFor(
+    page,
+    () => window.model && document.querySelector('[id^="q-cnst.PatternsVisible"]').checked === false,
+  );
   await settle(page);
   assert.equal(await countLayer(kFigures), 0);
   await press(/^Figures/);
@@ -77,7 +84,10 @@ test('what was changed is there after the page was loaded again, and goes back a
 
 test('a setting is found by its name', async () => {
   await layers().getByRole('searchbox', { name: 'Find a setting' }).fill('meridian');
-  await layers().getByRole('switch', { name: /Meridian/ }).first().waitFor();
+  await layers()
+    .getByRole('switch', { name: /Meridian/ })
+    .first()
+    .waitFor();
   assert.equal(await layers().locator('details').count(), 0);
   await layers().getByRole('searchbox').fill('qqq');
   await layers().getByText('No setting of that name').waitFor();
@@ -85,12 +95,19 @@ test('a setting is found by its name', async () => {
 });
 
 test('a filter takes numbers and a switch', async () => {
-  await layers().locator('details summary', { hasText: /^Stars$/ }).click();
+  await layers()
+    .locator('details summary', { hasText: /^Stars$/ })
+    .click();
   const row = layers().locator('.setting', { has: page.locator('[id="s-star.VisMagnitude"]') });
   await row.getByRole('spinbutton').nth(1).fill('2');
   await row.getByRole('spinbutton').nth(1).press('Enter');
   await row.getByRole('switch').click();
-  await waitFor(page, async () => (await window.stage.sky.getPanelFields()).some(({ name, section, isOn, values }) => section === 'star' && name === 'VisMagnitude' && isOn && values === '-2,2'));
+  await waitFor(page, async () =>
+    (await window.stage.sky.getPanelFields()).some(
+      ({ name, section, isOn, values }) =>
+        section === 'star' && name === 'VisMagnitude' && isOn && values === '-2,2',
+    ),
+  );
   await layers().getByRole('button', { name: 'Back to the defaults' }).click();
 });
 
@@ -110,7 +127,9 @@ test('the night style turns page and sky red, print makes paper of both', async 
   const reds = await page.evaluate(() => {
     const words = new Uint8Array(window.stage.frame.buffer);
     const ints = new Int32Array(window.stage.frame.buffer);
-    return Array.from({ length: ints[0] }, (_, i) => 4 * (ints[1] + 11 * i) + 12).filter((at) => words[at + 1] > words[at] || words[at + 2] > words[at]).length;
+    return Array.from({ length: ints[0] }, (_, i) => 4 * (ints[1] + 11 * i) + 12).filter(
+      (at) => words[at + 1] > words[at] || words[at + 2] > words[at],
+    ).length;
   });
   assert.equal(reds, 0, 'no star has more green or blue than red');
   const text = await page.evaluate(() => getComputedStyle(document.body).color.match(/\d+/g).map(Number));
@@ -123,16 +142,38 @@ test('the night style turns page and sky red, print makes paper of both', async 
 
 test('the language changes all captions without loading the page again', async () => {
   await page.evaluate(() => (window.isSame = true));
-  const captions = () => page.evaluate(() => [...document.querySelectorAll('#page button, #page h2, #page h3, #page legend, #page label > span, #page input, #page option:not([lang]), #page summary')]
-    .map((element) => element.ariaLabel || element.placeholder || (element.matches('.moment') ? '' : element.textContent.trim())).filter((text) => /[a-zа-я]{3}/i.test(text)));
+  const captions = () =>
+    page.evaluate(() =>
+      [
+        ...document.querySelectorAll(
+          '#page button, #page h2, #page h3, #page legend, #page label > span, #page input, #page option:not([lang]), #page summary',
+        ),
+      ]
+        .map(
+          (element) =>
+            element.ariaLabel ||
+            element.placeholder ||
+            (element.matches('.moment') ? '' : element.textContent.trim()),
+        )
+        .filter((text) => /[a-zа-я]{3}/i.test(text)),
+    );
   const english = new Set(await captions());
-  for (const [code, word] of [['ru', 'Ещё'], ['de', 'Mehr']]) {
+  for (const [code, word] of [
+    ['ru', 'Ещё'],
+    ['de', 'Mehr'],
+  ]) {
     await page.locator('select:has(option[lang])').selectOption(code);
     await panel(page, word).waitFor();
     await waitFor(page, (lang) => document.documentElement.lang === lang, code);
     await settle(page);
     // Words that are the same in both languages.
-    const same = (await captions()).filter((text) => english.has(text) && !/^(1 min|Telrad|Place|Jan|Name|N(GC|ORAD)|SVG|PNG|English|Deutsch|Русский|Meridian|Park|Monat|Compass|Orion|Asteroids)/.test(text));
+    const same = (await captions()).filter(
+      (text) =>
+        english.has(text) &&
+        !/^(1 min|Telrad|Place|Jan|Name|N(GC|ORAD)|SVG|PNG|English|Deutsch|Русский|Meridian|Park|Monat|Compass|Orion|Asteroids)/.test(
+          text,
+        ),
+    );
     assert.deepEqual(same, [], code);
   }
   assert.equal(await page.evaluate(() => window.isSame), true);

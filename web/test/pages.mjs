@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 
-// What the tests of the panels share, above browser.mjs: a page on a link, and what skyview says of the same sky.
+// What the tests of the panels share, above browser.mjs: a page on a link, and what skyview says of the same
+// sky.
 import { execFileSync } from 'node:child_process';
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
@@ -13,8 +14,18 @@ export const kWinter = `${kBerlin}&time=2026-01-15T22:00Z`;
 export const kOrionLink = `${kWinter}&look=180,25&zoom=1&language=en`;
 export const kSirius = { kind: 0x73746172, number: 2491 };
 
-export async function openLink({ browser, url }, link = kOrionLink, { size = { width: 1280, height: 800 }, ...options } = {}) {
-  const context = await browser.newContext({ viewport: size, reducedMotion: 'reduce', locale: 'en-GB', timezoneId: 'Europe/Berlin', ...options });
+export async function openLink(
+  { browser, url },
+  link = kOrionLink,
+  { size = { width: 1280, height: 800 }, ...options } = {},
+) {
+  const context = await browser.newContext({
+    viewport: size,
+    reducedMotion: 'reduce',
+    locale: 'en-GB',
+    timezoneId: 'Europe/Berlin',
+    ...options,
+  });
   const page = await context.newPage();
   const failures = [];
   page.on('pageerror', (error) => failures.push(error.message));
@@ -41,7 +52,10 @@ export async function findOnPage(page, object) {
 }
 
 export function runProgram(...words) {
-  return execFileSync(join(kRoot, 'build/release/bin/skyview'), words, { encoding: 'utf8', stdio: ['ignore', 'pipe', 'pipe'] });
+  return execFileSync(join(kRoot, 'build/release/bin/skyview'), words, {
+    encoding: 'utf8',
+    stdio: ['ignore', 'pipe', 'pipe'],
+  });
 }
 
 export async function download(page, click) {

@@ -24,7 +24,16 @@ async function openSirius() {
 test('a click on Sirius opens its panel with the values of skyview', async () => {
   await openSirius();
   const text = await panel(page, 'Sirius').innerText();
-  const said = runProgram('where', 'Sirius', '--place', '52.52437,13.41053', '--zone', 'Europe/Berlin', '--time', '2026-01-15T22:00Z');
+  const said = runProgram(
+    'where',
+    'Sirius',
+    '--place',
+    '52.52437,13.41053',
+    '--zone',
+    'Europe/Berlin',
+    '--time',
+    '2026-01-15T22:00Z',
+  );
   const value = (pattern) => pattern.exec(said)[1];
   for (const pattern of [
     /J2000\): (.*)/, /of date\): (.*)/, /Constellation: (.*)/, /Distance: (.*)/, /Magnitude: (.*)/,
@@ -39,7 +48,8 @@ test('a click beside everything closes the panel', async () => {
     const { sky, view, canvas } = window.stage;
     for (let y = 0.3 * view.height; y < 0.7 * view.height; y += 23) {
       for (let x = 0.4 * view.width; x < 0.7 * view.width; x += 23) {
-        if ((await sky.pick(x, y, 16)).length === 0) return { x: (x * canvas.clientWidth) / view.width, y: (y * canvas.clientHeight) / view.height };
+        if ((await sky.pick(x, y, 16)).length === 0)
+          return { x: (x * canvas.clientWidth) / view.width, y: (y * canvas.clientHeight) / view.height };
       }
     }
     return null;
@@ -59,7 +69,11 @@ test('centre puts the object into the middle of the picture', async () => {
   await openSirius();
   await panel(page, 'Sirius').getByRole('button', { name: 'Centre' }).click();
   await waitFor(page, async () => {
-    const [object] = await window.stage.sky.pick(window.stage.view.width / 2, window.stage.view.height / 2, 2);
+    const [object] = await window.stage.sky.pick(
+      window.stage.view.width / 2,
+      window.stage.view.height / 2,
+      2,
+    );
     return object?.number === 2491;
   });
 });
@@ -72,7 +86,9 @@ test('what is followed stays in the middle as time goes by steps', async () => {
   await page.keyboard.press('.');
   await waitFor(page, (azimuth) => Math.abs(window.stage.view.azimuth - azimuth) > 5, before);
   await settle(page);
-  const [object] = await page.evaluate(() => window.stage.sky.pick(window.stage.view.width / 2, window.stage.view.height / 2, 2));
+  const [object] = await page.evaluate(() =>
+    window.stage.sky.pick(window.stage.view.width / 2, window.stage.view.height / 2, 2),
+  );
   assert.deepEqual(object, kSirius);
   await panel(page, 'Sirius').getByRole('button', { name: 'Follow' }).click();
   await page.keyboard.press(',');
@@ -103,7 +119,11 @@ test('a favourite is marked, listed, and there after the page was loaded again',
 });
 
 test('on a phone the object is centred above its sheet', async () => {
-  const phone = await openLink(site, kOrionLink, { size: { width: 390, height: 844 }, hasTouch: true, isMobile: true });
+  const phone = await openLink(site, kOrionLink, {
+    size: { width: 390, height: 844 },
+    hasTouch: true,
+    isMobile: true,
+  });
   await phone.page.evaluate((object) => {
     window.model.select(object);
     window.model.run(window.model.centre(object));
@@ -113,7 +133,9 @@ test('on a phone the object is centred above its sheet', async () => {
   await waitFor(phone.page, () => document.querySelector('.drawer.left .facts dd'));
   await phone.page.evaluate((object) => window.model.centre(object), kSirius);
   await settle(phone.page);
-  const top = await phone.page.evaluate(() => document.querySelector('.drawer:not([hidden])').getBoundingClientRect().top);
+  const top = await phone.page.evaluate(
+    () => document.querySelector('.drawer:not([hidden])').getBoundingClientRect().top,
+  );
   const { x, y } = await findOnPage(phone.page, kSirius);
   assert.ok(Math.abs(x - 195) < 3 && Math.abs(y - top / 2) < 3, `${x}, ${y} under a sheet at ${top}`);
   await phone.context.close();

@@ -9,7 +9,10 @@ let site;
 let page;
 before(async () => {
   site = await startBrowser();
-  ({ page } = await openLink(site, undefined, { geolocation: { latitude: 48.14, longitude: 11.58 }, permissions: ['geolocation'] }));
+  ({ page } = await openLink(site, undefined, {
+    geolocation: { latitude: 48.14, longitude: 11.58 },
+    permissions: ['geolocation'],
+  }));
   await page.keyboard.press('p');
   await panel(page, 'Place').waitFor();
 });
@@ -36,7 +39,10 @@ test('a city is found by its name and brings its zone', async () => {
 
 test('a city is found by its name in another language', async () => {
   await choose('Мюнхен');
-  await waitFor(page, () => window.model.place.zone === 'Europe/Berlin' && Math.abs(window.model.place.latitude - 48.14) < 0.1);
+  await waitFor(
+    page,
+    () => window.model.place.zone === 'Europe/Berlin' && Math.abs(window.model.place.latitude - 48.14) < 0.1,
+  );
 });
 
 test('a click on the map is a place, with the clocks of the nearest city', async () => {

@@ -31,7 +31,9 @@ test('the slash goes to the search, Enter takes the first suggestion', async () 
   await page.keyboard.press('Enter');
   await panel(page, 'Jupiter').waitFor();
   await settle(page);
-  const [object] = await page.evaluate(() => window.stage.sky.pick(window.stage.view.width / 2, window.stage.view.height / 2, 4));
+  const [object] = await page.evaluate(() =>
+    window.stage.sky.pick(window.stage.view.width / 2, window.stage.view.height / 2, 4),
+  );
   assert.equal(object.number, 5);
 });
 
@@ -44,7 +46,11 @@ for (const [name, typed, shown] of [
   test(`${name} is found`, async () => {
     await type(typed);
     await waitFor(page, () => document.querySelector('.search [role=option]'));
-    await waitFor(page, (source) => new RegExp(source).test(document.querySelector('.search [role=listbox]').innerText), shown.source);
+    await waitFor(
+      page,
+      (source) => new RegExp(source).test(document.querySelector('.search [role=listbox]').innerText),
+      shown.source,
+    );
     await page.keyboard.press('Escape');
   });
 }
@@ -61,7 +67,10 @@ test('arrow keys go through the suggestions', async () => {
   await page.keyboard.press('ArrowDown');
   await page.keyboard.press('ArrowDown');
   assert.equal(await options().nth(1).getAttribute('aria-selected'), 'true');
-  assert.equal(await field().getAttribute('aria-activedescendant'), await options().nth(1).getAttribute('id'));
+  assert.equal(
+    await field().getAttribute('aria-activedescendant'),
+    await options().nth(1).getAttribute('id'),
+  );
   await page.keyboard.press('ArrowUp');
   await page.keyboard.press('ArrowUp');
   assert.equal(await options().last().getAttribute('aria-selected'), 'true');

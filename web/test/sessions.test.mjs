@@ -30,7 +30,10 @@ function saveByProgram(...words) {
 test('a link shows the same sky to another reader', async () => {
   await page.evaluate(() => window.stage.change({ azimuth: 91.5, altitude: 12.25, zoom: 3 }));
   await page.evaluate((object) => window.model.select(object), kSirius);
-  await waitFor(page, () => /look=91.5,12.25&zoom=3/.test(location.hash) && /object=star.2491/.test(location.hash));
+  await waitFor(
+    page,
+    () => /look=91.5,12.25&zoom=3/.test(location.hash) && /object=star.2491/.test(location.hash),
+  );
   const reader = await openLink(site, new URL(page.url()).hash.slice(1));
   const [own, other] = [await getView(page), await getView(reader.page)];
   for (const key of Object.keys(own)) assert.ok(Math.abs(own[key] - other[key]) < 1e-3, key);
@@ -51,10 +54,28 @@ test('a fragment that is no view changes nothing', async () => {
 });
 
 test('a session of skyview opens by drag and drop', async () => {
-  const session = saveByProgram('--place', 'Sydney', '--time', '2026-07-01T21:00', '--look', '90,40', '--zoom', '3', '--set', 'grid.RADecGrid=1', '--style', 'night', '--language', 'de');
+  const session = saveByProgram(
+    '--place',
+    'Sydney',
+    '--time',
+    '2026-07-01T21:00',
+    '--look',
+    '90,40',
+    '--zoom',
+    '3',
+    '--set',
+    'grid.RADecGrid=1',
+    '--style',
+    'night',
+    '--language',
+    'de',
+  );
   await drop(page, session);
   await waitFor(page, () => window.model.place.name === 'Sydney');
-  await waitFor(page, () => document.documentElement.dataset.style === 'night' && window.model.language === 'de');
+  await waitFor(
+    page,
+    () => document.documentElement.dataset.style === 'night' && window.model.language === 'de',
+  );
   await settle(page);
   const view = await getView(page);
   assert.ok(Math.abs(view.azimuth - 90) < 1e-9 && Math.abs(view.altitude - 40) < 1e-9 && view.zoom === 3);
@@ -93,16 +114,22 @@ for (const [name, text] of [
 ]) {
   test(`${name} is refused in one line and changes nothing`, async () => {
     const before = await getView(page);
-    const damaged = text ?? saveByProgram('--place', 'Berlin', '--time', '2026-01-01T00:00').replace('m_Zoom', 'm_Zoon');
+    const damaged =
+      text ?? saveByProgram('--place', 'Berlin', '--time', '2026-01-01T00:00').replace('m_Zoom', 'm_Zoon');
     await drop(page, damaged);
-    await toast(page).getByText(/That did not work: .*(session|damaged)/).waitFor();
+    await toast(page)
+      .getByText(/That did not work: .*(session|damaged)/)
+      .waitFor();
     await settle(page);
     assert.deepEqual(await getView(page), before);
   });
 }
 
 test('the picture is saved as PNG and as SVG', async () => {
-  const file = await Promise.all([page.waitForEvent('download'), page.getByRole('button', { name: 'Save as PNG' }).click()]);
+  const file = await Promise.all([
+    page.waitForEvent('download'),
+    page.getByRole('button', { name: 'Save as PNG' }).click(),
+  ]);
   const png = readFileSync(await file[0].path());
   const { width, height } = await getView(page);
   assert.deepEqual([png.readUInt32BE(16), png.readUInt32BE(20)], [width, height]);

@@ -47,7 +47,14 @@ test('22 November 2026 is a Sunday', () => {
 
 const at = (text) => calendar.julianFromUnix(Date.parse(text));
 const read = (julian) => new Date(calendar.unixFromJulian(julian)).toISOString();
-const civil = (year, month, day, hour = 0, minute = 0, second = 0) => ({ year, month, day, hour, minute, second });
+const civil = (year, month, day, hour = 0, minute = 0, second = 0) => ({
+  year,
+  month,
+  day,
+  hour,
+  minute,
+  second,
+});
 
 test('clocks of a zone have its daylight saving', () => {
   assert.equal(zones.localTime(at('2026-07-01T12:00Z'), 'Europe/Berlin').hour, 14);
@@ -55,11 +62,17 @@ test('clocks of a zone have its daylight saving', () => {
 });
 
 test('a time that the clocks show twice is the earlier', () => {
-  assert.equal(read(zones.julianFromLocal(civil(2026, 10, 25, 2, 30), 'Europe/Berlin')), '2026-10-25T00:30:00.000Z');
+  assert.equal(
+    read(zones.julianFromLocal(civil(2026, 10, 25, 2, 30), 'Europe/Berlin')),
+    '2026-10-25T00:30:00.000Z',
+  );
 });
 
 test('a time that the clocks skip is later by what they skip', () => {
-  assert.equal(read(zones.julianFromLocal(civil(2026, 3, 29, 2, 30), 'Europe/Berlin')), '2026-03-29T01:30:00.000Z');
+  assert.equal(
+    read(zones.julianFromLocal(civil(2026, 3, 29, 2, 30), 'Europe/Berlin')),
+    '2026-03-29T01:30:00.000Z',
+  );
 });
 
 test('an offset of half an hour of daylight saving is known', () => {
@@ -87,7 +100,9 @@ test('a view goes through an address and back', () => {
 
 test('a moment before Christ goes through an address', () => {
   const moment = calendar.julianFromUnix(calendar.clockFromCivil(civil(-584, 5, 28, 16)));
-  assert.ok(Math.abs(address.parseAddress(address.formatAddress({ ...kView, moment })).moment - moment) < 1e-8);
+  assert.ok(
+    Math.abs(address.parseAddress(address.formatAddress({ ...kView, moment })).moment - moment) < 1e-8,
+  );
 });
 
 test('decimals follow the zoom, so that a link is off by less than half a pixel', () => {
@@ -126,7 +141,14 @@ const makeKeeper = (entry) => ({ entry, getItem: () => entry, setItem(_, text) {
 
 test('what is kept comes back, member by member', () => {
   const keeper = makeKeeper(null);
-  const kept = { language: 'de', style: 'night', place: { latitude: 1, longitude: 2, name: 'x', zone: 'UTC' }, changes: ['a.b=1'], options: { sky: 'none' }, favourites: 'x' };
+  const kept = {
+    language: 'de',
+    style: 'night',
+    place: { latitude: 1, longitude: 2, name: 'x', zone: 'UTC' },
+    changes: ['a.b=1'],
+    options: { sky: 'none' },
+    favourites: 'x',
+  };
   storage.keep(keeper, kept);
   assert.deepEqual(storage.readKept(makeKeeper(keeper.entry)), kept);
 });
@@ -135,7 +157,11 @@ for (const [name, entry, rest] of [
   ['no JSON', '{', {}],
   ['a number', '7', {}],
   ['null', 'null', {}],
-  ['a latitude of 100', '{"place":{"latitude":100,"longitude":0,"name":"","zone":""},"language":"de"}', { language: 'de' }],
+  [
+    'a latitude of 100',
+    '{"place":{"latitude":100,"longitude":0,"name":"","zone":""},"language":"de"}',
+    { language: 'de' },
+  ],
   ['changes that are none', '{"changes":"x","style":"pink","options":[1]}', { options: {} }],
   ['numbers among the changes', '{"changes":[1,"star.Draw=0"]}', { changes: ['star.Draw=0'] }],
 ]) {
@@ -151,8 +177,18 @@ test('a storage that refuses is told', () => {
 
 test('settings that differ become the changes that make them', () => {
   const field = (section, name, values, isOn = false) => ({ section, name, values, isOn });
-  const from = [field('star', 'Draw', '1'), field('star', 'VisMagnitude', '-2,6'), field('grid', 'Grid', '0'), field('cnst', 'X', '')];
-  const to = [field('star', 'Draw', '0'), field('star', 'VisMagnitude', '-2,4', true), field('grid', 'Grid', '0'), field('cnst', 'X', '')];
+  const from = [
+    field('star', 'Draw', '1'),
+    field('star', 'VisMagnitude', '-2,6'),
+    field('grid', 'Grid', '0'),
+    field('cnst', 'X', ''),
+  ];
+  const to = [
+    field('star', 'Draw', '0'),
+    field('star', 'VisMagnitude', '-2,4', true),
+    field('grid', 'Grid', '0'),
+    field('cnst', 'X', ''),
+  ];
   assert.deepEqual(changes.differences(from, to), ['star.Draw=0', 'star.VisMagnitude=-2,4:on']);
   assert.deepEqual(changes.differences(to, from), ['star.Draw=1', 'star.VisMagnitude=-2,6:off']);
 });
@@ -214,18 +250,38 @@ test('a clock tells nothing that no pixel would show', () => {
 const step = (caption) => steps.kSteps.find((one) => one.caption === caption);
 
 for (const [name, from, caption, count, to] of [
-  ['an hour over the change of the clocks is an hour', '2026-03-29T00:30Z', 'hour', 1, '2026-03-29T01:30:00.000Z'],
-  ['a day over the change keeps the time of the clocks', '2026-03-28T22:00Z', 'dayStep', 1, '2026-03-29T21:00:00.000Z'],
+  [
+    'an hour over the change of the clocks is an hour',
+    '2026-03-29T00:30Z',
+    'hour',
+    1,
+    '2026-03-29T01:30:00.000Z',
+  ],
+  [
+    'a day over the change keeps the time of the clocks',
+    '2026-03-28T22:00Z',
+    'dayStep',
+    1,
+    '2026-03-29T21:00:00.000Z',
+  ],
   ['a day back over the change too', '2026-10-25T22:00Z', 'dayStep', -1, '2026-10-24T21:00:00.000Z'],
   ['a week before midnight keeps the day', '2026-03-27T22:45Z', 'week', 1, '2026-04-03T21:45:00.000Z'],
-  ['a month after 31 January is the end of February', '2026-01-31T12:00Z', 'month', 1, '2026-02-28T12:00:00.000Z'],
+  [
+    'a month after 31 January is the end of February',
+    '2026-01-31T12:00Z',
+    'month',
+    1,
+    '2026-02-28T12:00:00.000Z',
+  ],
   ['a month before January is December', '2026-01-15T12:00Z', 'month', -1, '2025-12-15T12:00:00.000Z'],
   ['a year after 29 February is 28 February', '2028-02-29T12:00Z', 'year', 1, '2029-02-28T12:00:00.000Z'],
 ]) {
-  test(`a step: ${name}`, () => assert.equal(read(steps.takeStep(at(from), step(caption), count, 'Europe/Berlin')), to));
+  test(`a step: ${name}`, () =>
+    assert.equal(read(steps.takeStep(at(from), step(caption), count, 'Europe/Berlin')), to));
 }
 
 test('a sidereal day is shorter by 3 minutes 55.9 seconds', () => {
-  const passed = steps.takeStep(at('2026-01-15T12:00Z'), step('siderealDay'), 1, 'UTC') - at('2026-01-15T12:00Z');
+  const passed =
+    steps.takeStep(at('2026-01-15T12:00Z'), step('siderealDay'), 1, 'UTC') - at('2026-01-15T12:00Z');
   assert.ok(Math.abs((1 - passed) * 86400 - 235.909) < 0.01);
 });

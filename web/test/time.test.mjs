@@ -14,8 +14,12 @@ before(async () => {
 after(() => site.stop());
 
 const bar = () => page.getByRole('group', { name: 'Time', exact: true });
-const moment = () => page.evaluate(() => new Date((window.stage.view.julianDate - 2440587.5) * 86400000 + 0.5).toISOString().slice(0, 19));
-const set = (text) => page.evaluate((iso) => window.model.clock.set(Date.parse(iso) / 86400000 + 2440587.5), text);
+const moment = () =>
+  page.evaluate(() =>
+    new Date((window.stage.view.julianDate - 2440587.5) * 86400000 + 0.5).toISOString().slice(0, 19),
+  );
+const set = (text) =>
+  page.evaluate((iso) => window.model.clock.set(Date.parse(iso) / 86400000 + 2440587.5), text);
 
 async function openTime() {
   if (!(await panel(page, 'Date and time').isVisible())) await page.keyboard.press('t');
@@ -32,7 +36,10 @@ test('the bar shows the clocks of the place, with their zone', async () => {
 test('time plays forward at the chosen speed, and stops', async () => {
   await set('2026-01-15T22:00Z');
   await bar().getByRole('combobox', { name: 'Speed' }).selectOption({ value: '3600' });
-  await waitFor(page, () => window.stage.view.julianDate > Date.parse('2026-01-15T22:30Z') / 86400000 + 2440587.5);
+  await waitFor(
+    page,
+    () => window.stage.view.julianDate > Date.parse('2026-01-15T22:30Z') / 86400000 + 2440587.5,
+  );
   await bar().getByRole('button', { name: 'Pause' }).click();
   const stopped = await moment();
   await settle(page);
@@ -43,7 +50,10 @@ test('time plays backwards, a day a second', async () => {
   await set('2026-01-15T22:00Z');
   await bar().getByRole('button', { name: 'Play backwards' }).click();
   await bar().getByRole('combobox', { name: 'Speed' }).selectOption({ value: '86400' });
-  await waitFor(page, () => window.stage.view.julianDate < Date.parse('2026-01-15T12:00Z') / 86400000 + 2440587.5);
+  await waitFor(
+    page,
+    () => window.stage.view.julianDate < Date.parse('2026-01-15T12:00Z') / 86400000 + 2440587.5,
+  );
   await bar().getByRole('button', { name: 'Pause' }).click();
 });
 
@@ -59,7 +69,12 @@ test('now is the time of the device, and goes with it', async () => {
   await bar().getByRole('button', { name: 'Now' }).click();
   assert.ok(Math.abs(Date.parse(`${await moment()}Z`) - Date.now()) < 5000);
   const before = await moment();
-  await waitFor(page, (text) => new Date((window.stage.view.julianDate - 2440587.5) * 86400000).toISOString().slice(0, 19) > text, before);
+  await waitFor(
+    page,
+    (text) =>
+      new Date((window.stage.view.julianDate - 2440587.5) * 86400000).toISOString().slice(0, 19) > text,
+    before,
+  );
 });
 
 test('a step of a month keeps the time of the clocks over the change to daylight saving', async () => {
@@ -105,9 +120,21 @@ test('the night has the times of skyview', async () => {
   await set('2026-01-15T22:00Z');
   await openTime();
   const text = await panel(page, 'Date and time').locator('.night').innerText();
-  const said = runProgram('tonight', '--place', '52.52437,13.41053', '--zone', 'Europe/Berlin', '--time', '2026-01-15T22:00Z', '--format', 'json');
+  const said = runProgram(
+    'tonight',
+    '--place',
+    '52.52437,13.41053',
+    '--zone',
+    'Europe/Berlin',
+    '--time',
+    '2026-01-15T22:00Z',
+    '--format',
+    'json',
+  );
   const night = JSON.parse(said);
-  const times = JSON.stringify(night).match(/T\d\d:\d\d/g).map((time) => time.slice(1));
+  const times = JSON.stringify(night)
+    .match(/T\d\d:\d\d/g)
+    .map((time) => time.slice(1));
   const shown = text.match(/\d\d:\d\d/g);
   assert.ok(shown.length >= 9, text);
   for (const time of shown) assert.ok(times.includes(time), `${time} of ${text}`);

@@ -9,9 +9,13 @@ import type {
 import type { SceneService } from './service';
 
 // "rise_azimuth" of a structure is `riseAzimuth` of a message.
-type Camel<Name extends string> = Name extends `${infer Head}_${infer Tail}` ? `${Head}${Capitalize<Camel<Tail>>}` : Name;
+type Camel<Name extends string> = Name extends `${infer Head}_${infer Tail}`
+  ? `${Head}${Capitalize<Camel<Tail>>}`
+  : Name;
 type Message<Name extends StructName> = {
-  [Member in Exclude<keyof Struct<Name>, 'size' | 'reserved'> as Camel<Member & string>]: Struct<Name>[Member];
+  [
+    Member in Exclude<keyof Struct<Name>, 'size' | 'reserved'> as Camel<Member & string>
+  ]: Struct<Name>[Member];
 };
 
 function toMessage<Name extends StructName>(struct: Struct<Name>): Message<Name> {
@@ -138,7 +142,8 @@ export class PanelCalls implements PanelService {
   #list<Name extends StructName>(struct: Name, name: string, ...args: number[]): Message<Name>[] {
     const { count, record_size, records } = this.#service.getInto('SceneArray', name, ...args);
     const { size } = layOut(kStructs[struct]);
-    if (count && record_size < size) throw new Error(`${name}: records of ${record_size} bytes, ${size} are wanted`);
+    if (count && record_size < size)
+      throw new Error(`${name}: records of ${record_size} bytes, ${size} are wanted`);
     return Array.from({ length: count }, (_, index) =>
       toMessage<Name>(this.#module.getStruct(struct, records + index * record_size)),
     );

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The structures of scene_objects_c.h, scene_almanac_c.h and scene_state_c.h, as layouts.ts has those of scene_c.h.
+// The structures of scene_objects_c.h, scene_almanac_c.h and scene_state_c.h, as layouts.ts has those of
+// scene_c.h.
 
 import type { Members } from './layouts';
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the panels ask the scene, beside what drawing asks (messages.ts): the same rules. Moments are Julian dates of
-// Universal Time; not a number: does not happen. The members are those of scene_objects_c.h, scene_almanac_c.h and
-// scene_state_c.h, which say more of each.
+// What the panels ask the scene, beside what drawing asks (messages.ts): the same rules. Moments are Julian
+// dates of Universal Time; not a number: does not happen. The members are those of scene_objects_c.h,
+// scene_almanac_c.h and scene_state_c.h, which say more of each.
 
 import type { SkyObject, View } from './messages';
 

@@ -43,7 +43,8 @@ export async function makePng(width: number, height: number, pixels: Uint8Array)
   view.setUint32(4, height);
   header.set([8, 6], 8); // bits a channel, colour with opacity
   const rows = new Uint8Array(height * (1 + 4 * width)); // each begins with its filter, 0 for none
-  for (let y = 0; y < height; ++y) rows.set(pixels.subarray(4 * width * y, 4 * width * (y + 1)), y * (1 + 4 * width) + 1);
+  for (let y = 0; y < height; ++y)
+    rows.set(pixels.subarray(4 * width * y, 4 * width * (y + 1)), y * (1 + 4 * width) + 1);
   const parts = [
     Uint8Array.from(kSignature),
     makeChunk('IHDR', header),

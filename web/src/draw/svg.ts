@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A painter of the display list that writes SVG (docs/formats/display_list.md). What the form has no word for is
-// written as paint's is where it can be: a mesh as a small picture that the viewer blends, a globe as its disc.
+// A painter of the display list that writes SVG (docs/formats/display_list.md). What the form has no word for
+// is written as paint's is where it can be: a mesh as a small picture that the viewer blends, a globe as its
+// disc.
 
 import type { FrameList } from '../core/frame_list';
 import { kArray, kWords } from '../core/frame_list';
@@ -10,8 +11,11 @@ import { makePng, toDataAddress } from './png_bytes';
 import { pathOf, textOfColour, withStop } from './svg_pieces';
 
 const kEdgeWidths = [9, 21, 36, 56]; // of soft edges, halves of the softness
-const kClosed = 1, kRoundEnds = 2, kRoundCorners = 4;
-const kItalic = 1, kBold = 2;
+const kClosed = 1,
+  kRoundEnds = 2,
+  kRoundCorners = 4;
+const kItalic = 1,
+  kBold = 2;
 
 export interface Size {
   width: number;
@@ -105,14 +109,17 @@ class SvgPainter {
     const radius = this.#f(glow + 1);
     if (!(radius > 0)) return;
     const stops =
-      withStop(0, words[glow + 3]) + withStop(this.#f(glow + 2), words[glow + 4]) + withStop(1, words[glow + 3] & 0xffffff);
+      withStop(0, words[glow + 3]) +
+      withStop(this.#f(glow + 2), words[glow + 4]) +
+      withStop(1, words[glow + 3] & 0xffffff);
     const name = this.#radial(this.#f(at), this.#f(at + 1), this.#f(glow), radius, stops);
     this.#circle(at, radius, `fill="url(#${name})"`);
   }
 
   #paintDisc(at: number, glow: number): void {
     this.#paintGlow(at, glow);
-    const radius = this.#f(at + 2), phase = this.#f(at + 5);
+    const radius = this.#f(at + 2),
+      phase = this.#f(at + 5);
     const turn = (Math.atan2(this.#list.floats[at + 4], this.#list.floats[at + 3]) * 180) / Math.PI;
     this.#circle(at, radius, this.#fill(at + 7));
     // Half a circle towards the Sun, back along half an ellipse.
@@ -127,8 +134,11 @@ class SvgPainter {
   #paintShadow(at: number): void {
     const { words } = this.#list;
     const clip = this.#newName();
-    this.#add(`<clipPath id="${clip}"><circle cx="${this.#f(at + 5)}" cy="${this.#f(at + 6)}" r="${this.#f(at + 7)}"/></clipPath>`);
-    const stops = withStop(0, words[at + 8]) + withStop(this.#f(at + 4), words[at + 9]) + withStop(1, words[at + 10]);
+    this.#add(
+      `<clipPath id="${clip}"><circle cx="${this.#f(at + 5)}" cy="${this.#f(at + 6)}" r="${this.#f(at + 7)}"/></clipPath>`,
+    );
+    const stops =
+      withStop(0, words[at + 8]) + withStop(this.#f(at + 4), words[at + 9]) + withStop(1, words[at + 10]);
     const name = this.#radial(this.#f(at), this.#f(at + 1), this.#f(at + 2), this.#f(at + 3), stops);
     this.#circle(at, this.#f(at + 3), `fill="url(#${name})" clip-path="url(#${clip})"`);
   }
@@ -148,14 +158,18 @@ class SvgPainter {
     const start = this.#list.start(kArray.polylines);
     let path = '';
     for (let i = first; i < first + count; ++i) {
-      const at = start + kWords.polylines * i, next = at + kWords.polylines;
+      const at = start + kWords.polylines * i,
+        next = at + kWords.polylines;
       path += pathOf(this.#list, this.#i(at), this.#i(at + 1), (this.#i(at + 5) & kClosed) !== 0);
-      const isLast = i + 1 === first + count || [2, 3, 4, 5].some((word) => words[at + word] !== words[next + word]);
+      const isLast =
+        i + 1 === first + count || [2, 3, 4, 5].some((word) => words[at + word] !== words[next + word]);
       if (!isLast) continue;
       const flags = this.#i(at + 5);
       const ends = flags & kRoundEnds ? ' stroke-linecap="round"' : '';
       const corners = flags & kRoundCorners ? ' stroke-linejoin="round"' : '';
-      this.#add(`<path d="${path}" ${this.#stroke(at + 4, this.#f(at + 2), this.#f(at + 3))}${ends}${corners}/>`);
+      this.#add(
+        `<path d="${path}" ${this.#stroke(at + 4, this.#f(at + 2), this.#f(at + 3))}${ends}${corners}/>`,
+      );
       path = '';
     }
   }
@@ -174,11 +188,16 @@ class SvgPainter {
   // Strokes outside the area alone.
   #paintSoftEdge(path: string, softness: number, colour: number): void {
     const { width, height } = this.#size;
-    const name = this.#newName(), beyond = width + height;
+    const name = this.#newName(),
+      beyond = width + height;
     const around = `M${-beyond} ${-beyond}h${3 * beyond}v${3 * beyond}h${-3 * beyond}z`;
-    this.#add(`<clipPath id="${name}"><path clip-rule="evenodd" d="${path}${around}"/></clipPath><g clip-path="url(#${name})">`);
+    this.#add(
+      `<clipPath id="${name}"><path clip-rule="evenodd" d="${path}${around}"/></clipPath><g clip-path="url(#${name})">`,
+    );
     for (const edge of kEdgeWidths) {
-      this.#add(`<path d="${path}" stroke-linejoin="round" ${this.#stroke(colour, Number((0.5 * edge * softness).toFixed(3)), 0)}/>`);
+      this.#add(
+        `<path d="${path}" stroke-linejoin="round" ${this.#stroke(colour, Number((0.5 * edge * softness).toFixed(3)), 0)}/>`,
+      );
     }
     this.#add('</g>');
   }
@@ -186,7 +205,8 @@ class SvgPainter {
   #paintGradient(at: number): void {
     const { words } = this.#list;
     const name = this.#newName();
-    const stops = withStop(0, words[at + 13]) + withStop(this.#f(at + 12), words[at + 14]) + withStop(1, words[at + 15]);
+    const stops =
+      withStop(0, words[at + 13]) + withStop(this.#f(at + 12), words[at + 14]) + withStop(1, words[at + 15]);
     this.#add(
       `<linearGradient id="${name}" gradientUnits="userSpaceOnUse" x1="${this.#f(at + 8)}" y1="${this.#f(at + 9)}" ` +
         `x2="${this.#f(at + 10)}" y2="${this.#f(at + 11)}">${stops}</linearGradient>`,
@@ -198,7 +218,8 @@ class SvgPainter {
   #paintText(at: number): void {
     const anchor = ['start', 'middle', 'end'][Math.round(2 * this.#f(at + 2))];
     const style = this.#i(at + 6);
-    const slant = style & kItalic ? ' font-style="italic"' : '', weight = style & kBold ? ' font-weight="bold"' : '';
+    const slant = style & kItalic ? ' font-style="italic"' : '',
+      weight = style & kBold ? ' font-weight="bold"' : '';
     const text = this.#list.text(at).replace(/[&<>]/g, (letter) => `&#${letter.charCodeAt(0)};`);
     this.#add(
       `<text x="${this.#f(at)}" y="${this.#f(at + 1)}" font-size="${this.#f(at + 3)}" text-anchor="${anchor}"${slant}${weight} ` +
@@ -209,10 +230,12 @@ class SvgPainter {
   // A picture element for each node, half an element beyond the edges, cut off there.
   async #paintMesh(at: number): Promise<void> {
     const [left, top, right, bottom] = [0, 1, 2, 3].map((i) => this.#f(at + i));
-    const columns = this.#i(at + 4), rows = this.#i(at + 5);
+    const columns = this.#i(at + 4),
+      rows = this.#i(at + 5);
     const first = (this.#list.start(kArray.colours) + this.#i(at + 6)) * 4;
     const png = await makePng(columns, rows, this.#list.bytes.subarray(first, first + 4 * columns * rows));
-    const width = (right - left) / (columns - 1), height = (bottom - top) / (rows - 1);
+    const width = (right - left) / (columns - 1),
+      height = (bottom - top) / (rows - 1);
     const name = this.#newName();
     this.#add(
       `<clipPath id="${name}"><rect x="${left}" y="${top}" width="${right - left}" height="${bottom - top}"/></clipPath>` +

@@ -8,8 +8,8 @@ import type { Status } from './status';
 
 const kReach = 0.06; // of the picture's smaller side around its middle
 
-// Reads what stands in the middle of the picture, when the view has come to rest and the sky has the focus: name,
-// magnitude and altitude of an object, else the direction.
+// Reads what stands in the middle of the picture, when the view has come to rest and the sky has the focus:
+// name, magnitude and altitude of an object, else the direction.
 export function announceMiddle(model: Model, status: Status): void {
   let last = '';
   const read = async (): Promise<void> => {
@@ -22,7 +22,7 @@ export function announceMiddle(model: Model, status: Status): void {
   model.stage.canvas.addEventListener('focus', () => model.run(read()));
 }
 
-export async function describeMiddle(model: Model): Promise<string> {
+async function describeMiddle(model: Model): Promise<string> {
   const { sky, stage } = model;
   const { width, height } = stage.view;
   const captions = texts();
@@ -30,13 +30,20 @@ export async function describeMiddle(model: Model): Promise<string> {
   if (!object) {
     const spot = await sky.describePixel(width / 2, height / 2);
     const name = spot.constellation || captions.middleOfSky;
-    return fill(captions.announceNothing, name, formatNumber(spot.azimuth, 0), formatNumber(spot.altitude, 0));
+    return fill(
+      captions.announceNothing,
+      name,
+      formatNumber(spot.azimuth, 0),
+      formatNumber(spot.altitude, 0),
+    );
   }
   const facts = await sky.getFacts(object);
   const sight = await sky.observe(object).catch(() => null); // what has no place has a name
   const parts = [facts.find((fact) => fact.kind === FactKind.kind)?.text ?? ''];
-  if (sight && Number.isFinite(sight.magnitude)) parts.push(fill(captions.magnitude, formatNumber(sight.magnitude, 1)));
-  if (sight && Number.isFinite(sight.altitude)) parts.push(fill(captions.altitude, formatNumber(sight.altitude, 0)));
+  if (sight && Number.isFinite(sight.magnitude))
+    parts.push(fill(captions.magnitude, formatNumber(sight.magnitude, 1)));
+  if (sight && Number.isFinite(sight.altitude))
+    parts.push(fill(captions.altitude, formatNumber(sight.altitude, 0)));
   const name = facts.find((fact) => fact.kind === FactKind.name)?.text ?? '';
   return fill(captions.announceObject, name, parts.filter((part) => part !== '').join(', '));
 }

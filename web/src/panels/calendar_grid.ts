@@ -7,8 +7,8 @@ import { iconButton, make, setLabel } from './dom';
 import { formatDate, formatYear, monthName, weekdayNames } from './format';
 import { makeIcon } from './icons';
 
-// Days of a month to choose from, in the calendar that was in use: arrow keys go by days and weeks, Page Up and Page
-// Down by months. Years may be before Christ, which the browser's own pickers do not know.
+// Days of a month to choose from, in the calendar that was in use: arrow keys go by days and weeks, Page Up
+// and Page Down by months. Years may be before Christ, which the browser's own pickers do not know.
 export class CalendarGrid {
   readonly root = make('div', { className: 'calendar' });
   onChoose: (date: CivilDate) => void = () => {};
@@ -65,11 +65,17 @@ export class CalendarGrid {
     const { year, month } = this.#chosen;
     this.#caption.textContent = `${monthName(month)} ${formatYear(year)}`;
     this.#grid.ariaLabel = texts().timeAndDate;
-    const names = weekdayNames().map(({ short, long }) => make('span', { role: 'columnheader', ariaLabel: long }, short));
+    const names = weekdayNames().map(({ short, long }) =>
+      make('span', { role: 'columnheader', ariaLabel: long }, short),
+    );
     const first = { year, month, day: 1 };
-    const days = Array.from({ length: daysInMonth(year, month) }, (_, index) => dateOfDay(dayNumber(first) + index));
+    const days = Array.from({ length: daysInMonth(year, month) }, (_, index) =>
+      dateOfDay(dayNumber(first) + index),
+    );
     const rows: HTMLElement[] = [make('div', { role: 'row' }, ...names)];
-    let cells: HTMLElement[] = Array.from({ length: weekday(first) }, () => make('span', { role: 'gridcell' }));
+    let cells: HTMLElement[] = Array.from({ length: weekday(first) }, () =>
+      make('span', { role: 'gridcell' }),
+    );
     for (const date of days) {
       cells.push(this.#makeDay(date));
       if (cells.length < 7) continue;
@@ -83,7 +89,11 @@ export class CalendarGrid {
 
   #makeDay(date: CivilDate): HTMLElement {
     const isChosen = date.day === this.#chosen.day;
-    const button = make('button', { type: 'button', ariaLabel: formatDate(date), tabIndex: isChosen ? 0 : -1 }, String(date.day));
+    const button = make(
+      'button',
+      { type: 'button', ariaLabel: formatDate(date), tabIndex: isChosen ? 0 : -1 },
+      String(date.day),
+    );
     button.onclick = () => this.#choose(date);
     return make('span', { role: 'gridcell', ariaSelected: String(isChosen) }, button);
   }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A field that suggests while somebody types: arrow keys go through the suggestions, Enter takes one, Escape closes
-// them. Answers that come late, when something else stands in the field, are dropped.
+// A field that suggests while somebody types: arrow keys go through the suggestions, Enter takes one, Escape
+// closes them. Answers that come late, when something else stands in the field, are dropped.
 
 import { make, newId } from './dom';
 
@@ -36,7 +36,13 @@ export class Combobox<Value> {
   constructor(options: ComboboxOptions<Value>) {
     this.#options = options;
     this.list = make('ul', { id: newId(), className: 'suggestions', role: 'listbox', hidden: true });
-    this.input = make('input', { type: 'text', autocomplete: 'off', spellcheck: false, role: 'combobox', enterKeyHint: 'search' });
+    this.input = make('input', {
+      type: 'text',
+      autocomplete: 'off',
+      spellcheck: false,
+      role: 'combobox',
+      enterKeyHint: 'search',
+    });
     this.input.setAttribute('aria-autocomplete', 'list');
     this.input.setAttribute('aria-controls', this.list.id);
     this.#expand(false);

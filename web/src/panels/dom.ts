@@ -21,7 +21,11 @@ export function make<Name extends keyof HTMLElementTagNameMap>(
 
 const kSvg = 'http://www.w3.org/2000/svg';
 
-export function makeSvg(name: string, attributes: Record<string, string | number>, ...children: Node[]): SVGElement {
+export function makeSvg(
+  name: string,
+  attributes: Record<string, string | number>,
+  ...children: Node[]
+): SVGElement {
   const element = document.createElementNS(kSvg, name);
   for (const [key, value] of Object.entries(attributes)) element.setAttribute(key, String(value));
   element.append(...children);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The panels that open beside the sky, on a phone above its lower edge. One is open on each side, on a phone one in all.
-// Escape closes the one that was opened last, and the focus goes back to where it was.
+// The panels that open beside the sky, on a phone above its lower edge. One is open on each side, on a phone
+// one in all. Escape closes the one that was opened last, and the focus goes back to where it was.
 
 import type { Texts } from '../text/en';
 import { bindTexts } from '../text/captions';
@@ -31,7 +31,12 @@ export class Drawer {
     this.title = make('h2', { id, tabIndex: -1 });
     this.body = make('div', { className: 'drawer-body' });
     const close = iconButton(makeIcon('close'), () => this.close());
-    this.root = make('section', { className: `drawer ${side}`, hidden: true }, make('header', {}, this.title, close), this.body);
+    this.root = make(
+      'section',
+      { className: `drawer ${side}`, hidden: true },
+      make('header', {}, this.title, close),
+      this.body,
+    );
     this.root.setAttribute('aria-labelledby', id);
     bindTexts((texts) => {
       this.title.textContent = caption(texts);

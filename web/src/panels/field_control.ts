@@ -28,13 +28,19 @@ export function makeFieldControl(model: Model, field: PanelField, aside: string,
 type Set = (values: string) => void;
 
 function makeControls(field: PanelField, id: string, set: Set): HTMLElement[] {
-  if (field.type === FieldType.toggle) return [makeSwitch(id, captionOf(field), field.values === '1', (on) => set(on ? '1' : '0'))];
+  if (field.type === FieldType.toggle)
+    return [makeSwitch(id, captionOf(field), field.values === '1', (on) => set(on ? '1' : '0'))];
   if (field.type === FieldType.sum) return makeSum(field, id, set);
   if (field.choices.length > 0 && field.count === 1) return [makeChoice(field, id, set)];
   return makeNumbers(field, id, set);
 }
 
-export function makeSwitch(id: string, caption: string, isOn: boolean, onChange: (isOn: boolean) => void): HTMLElement {
+export function makeSwitch(
+  id: string,
+  caption: string,
+  isOn: boolean,
+  onChange: (isOn: boolean) => void,
+): HTMLElement {
   const input = make('input', { id, type: 'checkbox', role: 'switch', checked: isOn });
   input.onchange = () => onChange(input.checked);
   return make('label', { className: 'switch' }, make('span', { className: 'caption' }, caption), input);
@@ -45,8 +51,13 @@ function makeSum(field: PanelField, id: string, set: Set): HTMLElement[] {
   const sum = Number(field.values);
   const parts = field.choices.filter((part) => part > 0 && (part & (part - 1)) === 0);
   return parts.map((part) => {
-    const name = parts.length > 1 ? `${captionOf(field)}: ${valueCaption(field.name, part, languageCode())}` : captionOf(field);
-    return makeSwitch(`${id}-${part}`, name, (sum & part) !== 0, (on) => set(String(on ? sum | part : sum & ~part)));
+    const name =
+      parts.length > 1
+        ? `${captionOf(field)}: ${valueCaption(field.name, part, languageCode())}`
+        : captionOf(field);
+    return makeSwitch(`${id}-${part}`, name, (sum & part) !== 0, (on) =>
+      set(String(on ? sum | part : sum & ~part)),
+    );
   });
 }
 
@@ -57,7 +68,12 @@ function makeChoice(field: PanelField, id: string, set: Set): HTMLElement {
   }
   select.value = field.values;
   select.onchange = () => set(select.value);
-  return make('label', { className: 'switch' }, make('span', { className: 'caption' }, captionOf(field)), select);
+  return make(
+    'label',
+    { className: 'switch' },
+    make('span', { className: 'caption' }, captionOf(field)),
+    select,
+  );
 }
 
 // Numbers, one or several; a filter has a switch of its own before them.
@@ -71,13 +87,18 @@ function makeNumbers(field: PanelField, id: string, set: Set): HTMLElement[] {
     return input;
   });
   const tell = (isOn: string): void => {
-    if (inputs.every((input) => input.value !== '' && input.validity.valid)) set(inputs.map((input) => input.value).join(',') + isOn);
+    if (inputs.every((input) => input.value !== '' && input.validity.valid))
+      set(inputs.map((input) => input.value).join(',') + isOn);
   };
   for (const input of inputs) input.onchange = () => tell('');
   const numbers = make('div', { className: 'numbers' }, ...inputs);
   if (field.type !== FieldType.range) {
-    return [make('div', { className: 'switch' }, make('span', { className: 'caption' }, captionOf(field)), numbers)];
+    return [
+      make('div', { className: 'switch' }, make('span', { className: 'caption' }, captionOf(field)), numbers),
+    ];
   }
-  const filter = makeSwitch(id, `${captionOf(field)} (${texts().isFilter})`, field.isOn, (on) => tell(on ? ':on' : ':off'));
+  const filter = makeSwitch(id, `${captionOf(field)} (${texts().isFilter})`, field.isOn, (on) =>
+    tell(on ? ':on' : ':off'),
+  );
   return [filter, numbers];
 }

@@ -16,7 +16,10 @@ export function formatNumber(value: number, decimals: number): string {
   const key = `${localeTag()} ${decimals}`;
   let format = formats.get(key);
   if (!format) {
-    format = new Intl.NumberFormat(localeTag(), { minimumFractionDigits: decimals, maximumFractionDigits: decimals });
+    format = new Intl.NumberFormat(localeTag(), {
+      minimumFractionDigits: decimals,
+      maximumFractionDigits: decimals,
+    });
     formats.set(key, format);
   }
   // "-0.0" is nothing that anybody measures.
@@ -36,15 +39,23 @@ export function formatTime(julian: number, zone: string, hasSeconds = false): st
 export const formatYear = (year: number): string =>
   year > 0 ? String(year) : fill(texts().beforeChrist, 1 - year);
 
-// "15 January 2026". The browser writes day and month of a leap year; the year is ours, for it may be before Christ.
+// "15 January 2026". The browser writes day and month of a leap year; the year is ours, for it may be before
+// Christ.
 export function formatDate(date: CivilDate): string {
-  const format = new Intl.DateTimeFormat(localeTag(), { day: 'numeric', month: 'short', year: 'numeric', timeZone: 'UTC' });
+  const format = new Intl.DateTimeFormat(localeTag(), {
+    day: 'numeric',
+    month: 'short',
+    year: 'numeric',
+    timeZone: 'UTC',
+  });
   const parts = format.formatToParts(Date.UTC(2000, date.month - 1, date.day));
   return parts.map(({ type, value }) => (type === 'year' ? formatYear(date.year) : value)).join('');
 }
 
 export const monthName = (month: number): string =>
-  new Intl.DateTimeFormat(localeTag(), { month: 'long', timeZone: 'UTC' }).format(Date.UTC(2000, month - 1, 1));
+  new Intl.DateTimeFormat(localeTag(), { month: 'long', timeZone: 'UTC' }).format(
+    Date.UTC(2000, month - 1, 1),
+  );
 
 // From Monday on.
 export function weekdayNames(): { short: string; long: string }[] {

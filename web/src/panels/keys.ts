@@ -16,14 +16,19 @@ export interface Key {
 const kHands: readonly [shown: string, caption: keyof Texts][] = [
   ['← ↑ → ↓', 'keyTurn'],
   ['+ −', 'keyZoom'],
+  ['f', 'keyMeter'],
 ];
 
 const isTyping = (target: EventTarget | null): boolean =>
-  target instanceof HTMLElement && (target.matches('input:not([type=checkbox]):not([type=radio]), select, textarea') || target.isContentEditable);
+  target instanceof HTMLElement &&
+  (target.matches('input:not([type=checkbox]):not([type=radio]), select, textarea') ||
+    target.isContentEditable);
 
 // A blank presses the button that has the focus, and so does Enter.
 const isPressing = (event: KeyboardEvent): boolean =>
-  (event.key === ' ' || event.key === 'Enter') && event.target instanceof HTMLElement && event.target.matches('button, summary, a, [role=switch], input');
+  (event.key === ' ' || event.key === 'Enter') &&
+  event.target instanceof HTMLElement &&
+  event.target.matches('button, summary, a, [role=switch], input');
 
 // Keys that work wherever the focus is, but where somebody types. Escape closes what was opened last.
 export function listenToKeys(keys: readonly Key[]): void {
@@ -55,7 +60,12 @@ export function makeHelp(keys: readonly Key[]): HTMLDialogElement {
       ...kHands,
       ['Esc', 'keyEscape'],
     ];
-    list.replaceChildren(...rows.flatMap(([key, caption]) => [make('dt', {}, make('kbd', {}, key)), make('dd', {}, texts()[caption])]));
+    list.replaceChildren(
+      ...rows.flatMap(([key, caption]) => [
+        make('dt', {}, make('kbd', {}, key)),
+        make('dd', {}, texts()[caption]),
+      ]),
+    );
   });
   return dialog;
 }

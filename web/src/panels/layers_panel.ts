@@ -20,7 +20,8 @@ const kQuick = [
 
 const pathOf = ({ section, name }: PanelField): string => `${section}.${name}`;
 
-// The scene's settings: the panel is made of its fields, so that a new one is there before anybody thinks of the page.
+// The scene's settings: the panel is made of its fields, so that a new one is there before anybody thinks of
+// the page.
 export class LayersPanel {
   readonly drawer = new Drawer('right', (captions) => captions.layers);
   #model: Model;
@@ -64,15 +65,20 @@ export class LayersPanel {
   #find(wanted: string): HTMLElement[] {
     const language = languageCode();
     const found = this.#fields.filter((field) =>
-      `${captionOf(field)} ${field.name} ${sectionCaption(field.section, language)}`.toLocaleLowerCase().includes(wanted),
+      `${captionOf(field)} ${field.name} ${sectionCaption(field.section, language)}`
+        .toLocaleLowerCase()
+        .includes(wanted),
     );
     if (found.length === 0) return [make('p', { className: 'line' }, texts().noLayer)];
-    return found.map((field) => makeFieldControl(this.#model, field, sectionCaption(field.section, language), 'f'));
+    return found.map((field) =>
+      makeFieldControl(this.#model, field, sectionCaption(field.section, language), 'f'),
+    );
   }
 
   #makeQuick(options: HTMLElement[]): HTMLElement {
     const fields = kQuick.flatMap((path) => this.#fields.filter((field) => pathOf(field) === path));
-    const asideOf = ({ section }: PanelField): string => (section === 'grid' ? '' : sectionCaption(section, languageCode()));
+    const asideOf = ({ section }: PanelField): string =>
+      section === 'grid' ? '' : sectionCaption(section, languageCode());
     const controls = fields.map((field) => makeFieldControl(this.#model, field, asideOf(field), 'q'));
     return make('section', { className: 'quick' }, make('h3', {}, texts().quick), ...controls, ...options);
   }
@@ -81,7 +87,11 @@ export class LayersPanel {
     const names = [...new Set(this.#fields.map(({ section }) => section))];
     return names.map((section) => {
       const fields = this.#fields.filter((field) => field.section === section);
-      const details = make('details', { open: this.#open.has(section) }, make('summary', {}, sectionCaption(section, languageCode())));
+      const details = make(
+        'details',
+        { open: this.#open.has(section) },
+        make('summary', {}, sectionCaption(section, languageCode())),
+      );
       details.append(...fields.map((field) => makeFieldControl(this.#model, field, '', 's')));
       details.ontoggle = () => (details.open ? this.#open.add(section) : this.#open.delete(section));
       return details;
@@ -98,4 +108,3 @@ export class LayersPanel {
     this.#model.onNote.emit(texts().resetDone);
   }
 }
-

@@ -28,8 +28,18 @@ export class MenuPanel {
     this.drawer.body.append(
       this.#makeStyles(),
       this.#makeLanguages(),
-      this.#makeGroup('picture', ['savePng', () => savePng(model)], ['saveSvg', () => saveSvg(model)], ['fullScreen', toggleFullScreen]),
-      this.#makeGroup('session', ['saveSession', () => saveSession(model)], ['openSession', () => this.#choose()], ['share', () => this.#share(address())]),
+      this.#makeGroup(
+        'picture',
+        ['savePng', () => savePng(model)],
+        ['saveSvg', () => saveSvg(model)],
+        ['fullScreen', toggleFullScreen],
+      ),
+      this.#makeGroup(
+        'session',
+        ['saveSession', () => saveSession(model)],
+        ['openSession', () => this.#choose()],
+        ['share', () => this.#share(address())],
+      ),
       this.#link,
       this.#makeGroup('favourites', ['saveFavourites', () => this.#saveFavourites()]),
       this.#favourites,
@@ -52,7 +62,9 @@ export class MenuPanel {
     this.#model.onStyle.on(show);
     bindTexts((captions) => {
       group.firstElementChild!.textContent = captions.style;
-      radios.forEach((radio, index) => (radio.nextElementSibling!.textContent = captions[kStyleCaptions[kStyles[index]]]));
+      radios.forEach(
+        (radio, index) => (radio.nextElementSibling!.textContent = captions[kStyleCaptions[kStyles[index]]]),
+      );
     });
     show();
     return group;
@@ -66,7 +78,9 @@ export class MenuPanel {
     select.onchange = () => this.#model.run(this.#model.setLanguage(select.value));
     const fillIn = async (): Promise<void> => {
       const languages = await this.#model.sky.getLanguages();
-      select.replaceChildren(...languages.map(({ code, name }) => make('option', { value: code, lang: code }, name)));
+      select.replaceChildren(
+        ...languages.map(({ code, name }) => make('option', { value: code, lang: code }, name)),
+      );
       select.value = this.#model.language;
     };
     this.#model.run(fillIn());

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The night as a bar: how dark the sky is from noon to noon, the ways of Sun and Moon, the moment of the view as the
-// handle of a slider.
+// The night as a bar: how dark the sky is from noon to noon, the ways of Sun and Moon, the moment of the view
+// as the handle of a slider.
 
 import type { Night } from '../core/panel_messages';
 import type { Model } from '../state/model';
@@ -92,7 +92,9 @@ export class NightBar {
       [captions.moon, fill(captions.moonLit, night.moonPhaseText, formatNumber(100 * night.moonLit, 0))],
     ];
     const shown = rows.filter(([, text]) => !text.startsWith('– – –') && text !== '–, –');
-    this.#list.replaceChildren(...shown.flatMap(([caption, text]) => [make('dt', {}, caption), make('dd', {}, text)]));
+    this.#list.replaceChildren(
+      ...shown.flatMap(([caption, text]) => [make('dt', {}, caption), make('dd', {}, text)]),
+    );
   }
 
   #move(): void {

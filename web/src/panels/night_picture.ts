@@ -3,14 +3,17 @@
 import { makeSvg } from './dom';
 
 export const kSamples = 97;
-const kWidth = 320, kHeight = 72, kHorizon = 46;
+const kWidth = 320,
+  kHeight = 72,
+  kHorizon = 46;
 
 const planet = 0x706c6e74; // "plnt"
 const moon = 0x6d6f6f6e; // "moon"
 // As the scene numbers them.
 export const kBodies = { sun: { kind: planet, number: 10 }, moon: { kind: moon, number: 301 } } as const;
 
-// How much of the night's darkness an altitude of the Sun has: 0 by day, 1 from the end of astronomical twilight on.
+// How much of the night's darkness an altitude of the Sun has: 0 by day, 1 from the end of astronomical
+// twilight on.
 const darkness = (altitude: number): number => Math.min(Math.max(-altitude / 18, 0), 1);
 
 // How dark it is, as a gradient over the colour of the day.
@@ -31,7 +34,10 @@ function makeDarkness(sun: Float64Array): SVGElement[] {
 function makePath(altitudes: Float64Array, name: string): SVGElement {
   const points = [...altitudes].flatMap((altitude, index) => {
     if (Number.isNaN(altitude)) return [];
-    const y = altitude > 0 ? kHorizon - (altitude / 90) * (kHorizon - 3) : kHorizon - (altitude / 90) * (kHeight - kHorizon);
+    const y =
+      altitude > 0
+        ? kHorizon - (altitude / 90) * (kHorizon - 3)
+        : kHorizon - (altitude / 90) * (kHeight - kHorizon);
     return [`${((index / (altitudes.length - 1)) * kWidth).toFixed(1)},${y.toFixed(1)}`];
   });
   return makeSvg('polyline', { points: points.join(' '), class: name });

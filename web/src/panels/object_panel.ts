@@ -112,7 +112,8 @@ export class ObjectPanel {
       return this.#day.replaceChildren();
     }
     const curve = await makeDayCurve(this.#model, object, day);
-    if (asked === this.#asked) this.#day.replaceChildren(make('h3', {}, texts().day), curve, this.#listDay(day));
+    if (asked === this.#asked)
+      this.#day.replaceChildren(make('h3', {}, texts().day), curve, this.#listDay(day));
   }
 
   #listDay(day: ObjectDay): HTMLElement {
@@ -140,6 +141,7 @@ function actionButton(icon: Icon, onclick: () => void): HTMLButtonElement {
 
 // Facts without a caption have the whole width.
 function row(caption: string, text: string): HTMLElement[] {
-  if (caption === '') return [make('dt', { className: 'unseen' }, texts().facts), make('dd', { className: 'whole' }, text)];
+  if (caption === '')
+    return [make('dt', { className: 'unseen' }, texts().facts), make('dd', { className: 'whole' }, text)];
   return [make('dt', {}, caption), make('dd', {}, text)];
 }

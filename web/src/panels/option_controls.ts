@@ -7,7 +7,8 @@ import { makeSwitch } from './field_control';
 
 type Captions = readonly [en: string, de: string, ru: string];
 
-// Options that are on or off: their value when the switch is on, and whether a set option means that it is off.
+// Options that are on or off: their value when the switch is on, and whether a set option means that it is
+// off.
 const kSwitches: readonly { name: string; value: string; isTurned?: boolean; captions: Captions }[] = [
   { name: 'sky', value: 'none', isTurned: true, captions: ['Day, twilight and moonlight', 'Tag, Dämmerung und Mondlicht', 'День, сумерки и свет Луны'] },
   { name: 'landscape', value: 'none', isTurned: true, captions: ['Landscape', 'Landschaft', 'Пейзаж'] },
@@ -19,7 +20,8 @@ const kSwitches: readonly { name: string; value: string; isTurned?: boolean; cap
 
 const kBortle: Captions = ['Dark sky, Bortle class', 'Dunkelheit des Ortes, Bortle', 'Темнота неба, Бортль'];
 
-const choose = (captions: Captions): string => captions[['en', 'de', 'ru'].indexOf(languageCode())] ?? captions[0];
+const choose = (captions: Captions): string =>
+  captions[['en', 'de', 'ru'].indexOf(languageCode())] ?? captions[0];
 
 // What the scene is shown with beside its settings.
 export async function makeOptions(model: Model): Promise<HTMLElement[]> {
@@ -39,5 +41,10 @@ function makeBortle(model: Model, value: string): HTMLElement {
   for (let step = 1; step <= 9; ++step) select.append(make('option', { value: String(step) }, String(step)));
   select.value = value;
   select.onchange = () => model.run(model.setOption('bortle', select.value));
-  return make('label', { className: 'switch' }, make('span', { className: 'caption' }, choose(kBortle)), select);
+  return make(
+    'label',
+    { className: 'switch' },
+    make('span', { className: 'caption' }, choose(kBortle)),
+    select,
+  );
 }

@@ -57,7 +57,11 @@ export class PlacePanel {
     const box: Combobox<City> = new Combobox<City>({
       suggest: async (text) => {
         const cities = await model.sky.findCities(text, kMost);
-        return cities.map((value) => ({ value, text: value.name, aside: value.countryName || value.country }));
+        return cities.map((value) => ({
+          value,
+          text: value.name,
+          aside: value.countryName || value.country,
+        }));
       },
       choose: ({ value }) => model.run(model.setPlace(toPlace(value))),
       onNothing: () => this.#refuse(texts().nothingFound),
@@ -74,8 +78,10 @@ export class PlacePanel {
       return make('label', {}, caption, input);
     };
     const move = (): void => {
-      const latitude = this.#latitude.valueAsNumber, longitude = this.#longitude.valueAsNumber;
-      if (Math.abs(latitude) <= 90 && Math.abs(longitude) <= 180) this.#model.run(this.#goTo(latitude, longitude));
+      const latitude = this.#latitude.valueAsNumber,
+        longitude = this.#longitude.valueAsNumber;
+      if (Math.abs(latitude) <= 90 && Math.abs(longitude) <= 180)
+        this.#model.run(this.#goTo(latitude, longitude));
       else this.#show();
     };
     this.#latitude.onchange = move;
@@ -85,7 +91,11 @@ export class PlacePanel {
       if (isZone(zone)) this.#model.run(this.#model.setPlace({ ...this.#model.place, zone }));
       else this.#refuse(texts().zoneUnknown);
     };
-    return [label('latitude', this.#latitude), label('longitude', this.#longitude), label('zone', this.#zone)];
+    return [
+      label('latitude', this.#latitude),
+      label('longitude', this.#longitude),
+      label('zone', this.#zone),
+    ];
   }
 
   // The clocks and the name of the nearest city.
@@ -125,7 +135,9 @@ export class PlacePanel {
     const { latitude, longitude } = place;
     const where = `${formatNumber(Math.abs(latitude), 2)}° ${latitude < 0 ? 'S' : 'N'}, ` +
       `${formatNumber(Math.abs(longitude), 2)}° ${longitude < 0 ? 'W' : 'E'}`; // prettier-ignore
-    this.#name.textContent = [place.name, where, offsetText(place.zone, stage.view.julianDate)].filter(Boolean).join(' · ');
+    this.#name.textContent = [place.name, where, offsetText(place.zone, stage.view.julianDate)]
+      .filter(Boolean)
+      .join(' · ');
     this.#latitude.value = String(Number(latitude.toFixed(5)));
     this.#longitude.value = String(Number(longitude.toFixed(5)));
     this.#zone.value = place.zone;

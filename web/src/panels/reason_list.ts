@@ -6,8 +6,8 @@ import type { Model } from '../state/model';
 import { bindTexts, texts } from '../text/captions';
 import { make } from './dom';
 
-// Why an object is drawn as it is, or is not drawn, and the changes of settings that would show it. Asked for when
-// somebody opens it.
+// Why an object is drawn as it is, or is not drawn, and the changes of settings that would show it. Asked for
+// when somebody opens it.
 export class ReasonList {
   readonly root = make('details', { className: 'why' });
   #model: Model;
@@ -30,7 +30,8 @@ export class ReasonList {
     this.#object = object;
     if (!this.root.open) return;
     const reasons = await this.#model.sky.explain(object);
-    if (object === this.#object) this.#list.replaceChildren(...reasons.map((reason) => this.#makeItem(reason)));
+    if (object === this.#object)
+      this.#list.replaceChildren(...reasons.map((reason) => this.#makeItem(reason)));
   }
 
   #makeItem({ text, fix }: Reason): HTMLElement {

@@ -10,7 +10,8 @@ import type { Status } from './status';
 
 const kMost = 8;
 
-// The search field: names in all languages, letters, catalogue numbers. What is chosen is centred and its panel opened.
+// The search field: names in all languages, letters, catalogue numbers. What is chosen is centred and its
+// panel opened.
 export function makeSearch(model: Model, status: Status): { root: HTMLElement; input: HTMLInputElement } {
   const box = new Combobox<Suggestion>({
     suggest: async (text) => {
@@ -27,7 +28,12 @@ export function makeSearch(model: Model, status: Status): { root: HTMLElement; i
     onCount: (count) => status.whisper(count ? fill(texts().suggestionCount, count) : texts().nothingFound),
   });
   box.input.setAttribute('aria-keyshortcuts', '/');
-  const root = make('div', { className: 'search glass', role: 'search' }, make('span', { className: 'lens' }), box.root);
+  const root = make(
+    'div',
+    { className: 'search glass', role: 'search' },
+    make('span', { className: 'lens' }),
+    box.root,
+  );
   root.firstElementChild?.append(makeIcon('search'));
   bindTexts((captions) => {
     box.input.ariaLabel = captions.search;

@@ -31,7 +31,8 @@ export async function openSession(model: Model, file: Blob): Promise<void> {
   model.clock.set(view.julianDate);
   stage.change(view);
   const languages = await sky.getLanguages();
-  if (language !== model.language && languages.some(({ code }) => code === language)) await model.setLanguage(language);
+  if (language !== model.language && languages.some(({ code }) => code === language))
+    await model.setLanguage(language);
   await model.setStyle(kStyles.find((name) => name === style) ?? 'screen');
   await model.settingsChanged();
   await model.favouritesChanged();

@@ -39,7 +39,13 @@ export class TimeBar {
     this.#step.value = '2';
     this.#rate.append(...kRates.map((rate) => make('option', { value: String(rate) })));
     this.#rate.value = '600';
-    this.root.append(this.opener, this.#now, make('div', { className: 'play' }, this.#back, stepBack, stepOn, this.#play), this.#step, this.#rate);
+    this.root.append(
+      this.opener,
+      this.#now,
+      make('div', { className: 'play' }, this.#back, stepBack, stepOn, this.#play),
+      this.#step,
+      this.#rate,
+    );
     bindTexts((captions) => {
       this.root.ariaLabel = captions.time;
       this.#now.textContent = captions.now;
@@ -48,7 +54,12 @@ export class TimeBar {
       setLabel(stepOn, captions.stepOn, '.');
       setLabel(this.#step, captions.step);
       setLabel(this.#rate, captions.speed);
-      kSteps.forEach((step, index) => Object.assign(this.#step.options[index], { value: String(index), textContent: captions[step.caption] }));
+      kSteps.forEach((step, index) =>
+        Object.assign(this.#step.options[index], {
+          value: String(index),
+          textContent: captions[step.caption],
+        }),
+      );
       kRates.forEach((rate, index) => (this.#rate.options[index].textContent = captionOfRate(rate)));
       this.#step.value ||= '2';
       this.#showMode();
@@ -93,7 +104,9 @@ export class TimeBar {
     const { zone, name } = this.#model.place;
     const { julianDate } = this.#model.stage.view;
     const clock = formatTime(julianDate, zone, true);
-    const date = [formatDate(localTime(julianDate, zone)), offsetText(zone, julianDate), name].filter(Boolean).join(' · ');
+    const date = [formatDate(localTime(julianDate, zone)), offsetText(zone, julianDate), name]
+      .filter(Boolean)
+      .join(' · ');
     if (this.#clock.textContent !== clock) this.#clock.textContent = clock;
     if (this.#date.textContent !== date) this.#date.textContent = date;
     this.opener.title = texts().timeAndDate;
@@ -113,7 +126,13 @@ function unit(name: string): string {
   return parts.find((part) => part.type === 'unit')?.value ?? name;
 }
 
-function showPlay(button: HTMLButtonElement, isPlaying: boolean, icon: 'play' | 'playBack', label: string, key: string): void {
+function showPlay(
+  button: HTMLButtonElement,
+  isPlaying: boolean,
+  icon: 'play' | 'playBack',
+  label: string,
+  key: string,
+): void {
   button.replaceChildren(makeIcon(isPlaying ? 'pause' : icon));
   setLabel(button, label, key);
 }

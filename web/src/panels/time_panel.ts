@@ -49,7 +49,8 @@ export class TimePanel {
     bindTexts((captions) => (name.textContent = captions[caption]));
     input.onchange = () => {
       const value = Number(input.value);
-      if (input.value !== '' && Number.isInteger(value) && value >= least && value <= most) this.#set({ [part]: value });
+      if (input.value !== '' && Number.isInteger(value) && value >= least && value <= most)
+        this.#set({ [part]: value });
       else this.#refuse();
     };
     this.#fields.set(part, input);
@@ -64,7 +65,8 @@ export class TimePanel {
   #set(news: Partial<CivilTime>): void {
     const { clock, place } = this.#model;
     const civil = { ...localTime(clock.moment, place.zone), ...news };
-    if (news.year !== undefined && news.day === undefined) while (!isDate(civil) && civil.day > 28) --civil.day;
+    if (news.year !== undefined && news.day === undefined)
+      while (!isDate(civil) && civil.day > 28) --civil.day;
     if (!isDate(civil)) return this.#refuse();
     this.#line.hidden = true;
     clock.set(julianFromLocal(civil, place.zone));

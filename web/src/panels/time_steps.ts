@@ -24,14 +24,18 @@ export const kSteps: readonly Step[] = [
   { caption: 'year', months: 12 },
 ];
 
-// A moment so many steps on. Days and weeks keep the time of the clocks, also where these are put forward between.
+// A moment so many steps on. Days and weeks keep the time of the clocks, also where these are put forward
+// between.
 export function takeStep(moment: number, step: Step, count: number, zone: string): number {
   if (step.months === undefined && (step.days ?? 0) < 0.999) return moment + (step.days ?? 0) * count;
   if (step.caption === 'siderealDay') return moment + kSiderealDay * count;
   const civil = localTime(moment, zone);
   if (step.months === undefined) {
     const shifted = localTime(moment + (step.days ?? 0) * count, zone);
-    return julianFromLocal({ ...nearestDay(civil, shifted), hour: civil.hour, minute: civil.minute, second: civil.second }, zone);
+    return julianFromLocal(
+      { ...nearestDay(civil, shifted), hour: civil.hour, minute: civil.minute, second: civil.second },
+      zone,
+    );
   }
   const index = civil.year * 12 + civil.month - 1 + step.months * count;
   const to = { ...civil, year: Math.floor(index / 12), month: (((index % 12) + 12) % 12) + 1 };

@@ -5,14 +5,16 @@ import { fill, texts } from '../text/captions';
 import { make } from './dom';
 import { formatNumber } from './format';
 
-const kWidth = 720, kHeight = 360; // two pixels a degree
+const kWidth = 720,
+  kHeight = 360; // two pixels a degree
 const kStep = 1; // degrees that an arrow key moves the mark by; Page Up and Page Down ten
 const kWait = 400; // milliseconds after the last key
 
 const xOf = (longitude: number): number => ((((longitude + 180) % 360) + 360) % 360) * (kWidth / 360);
 const yOf = (latitude: number): number => (90 - latitude) * (kHeight / 180);
 
-// The Earth in plate carree: a grid of 30 degrees, and the cities, whose crowd draws the land. A click is a place.
+// The Earth in plate carree: a grid of 30 degrees, and the cities, whose crowd draws the land. A click is a
+// place.
 export class WorldMap {
   readonly root = make('div', { className: 'world', role: 'application', tabIndex: 0 });
   isEmpty = true;
@@ -40,8 +42,10 @@ export class WorldMap {
     const style = getComputedStyle(this.root);
     context.clearRect(0, 0, kWidth, kHeight);
     context.strokeStyle = style.getPropertyValue('--line');
-    for (let longitude = -150; longitude < 180; longitude += 30) drawLine(context, xOf(longitude), 0, xOf(longitude), kHeight);
-    for (let latitude = -60; latitude < 90; latitude += 30) drawLine(context, 0, yOf(latitude), kWidth, yOf(latitude));
+    for (let longitude = -150; longitude < 180; longitude += 30)
+      drawLine(context, xOf(longitude), 0, xOf(longitude), kHeight);
+    for (let latitude = -60; latitude < 90; latitude += 30)
+      drawLine(context, 0, yOf(latitude), kWidth, yOf(latitude));
     context.fillStyle = style.getPropertyValue('--accent');
     context.globalAlpha = 0.75;
     for (const { latitude, longitude, population } of cities) {
@@ -57,7 +61,10 @@ export class WorldMap {
     this.#longitude = ((((longitude + 180) % 360) + 360) % 360) - 180;
     this.#mark.style.left = `${(100 * xOf(longitude)) / kWidth}%`;
     this.#mark.style.top = `${(100 * yOf(latitude)) / kHeight}%`;
-    this.root.setAttribute('aria-description', fill(texts().mapValue, formatNumber(latitude, 1), formatNumber(this.#longitude, 1)));
+    this.root.setAttribute(
+      'aria-description',
+      fill(texts().mapValue, formatNumber(latitude, 1), formatNumber(this.#longitude, 1)),
+    );
   }
 
   #takeKey(event: KeyboardEvent): void {

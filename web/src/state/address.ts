@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// A view as the fragment of an address and back, "at=52.52,13.41&place=Berlin&zone=Europe/Berlin&look=180,35&zoom=1".
-// Whoever opens such a link sees the same sky. A fragment is taken wholly or not at all.
+// A view as the fragment of an address and back,
+// "at=52.52,13.41&place=Berlin&zone=Europe/Berlin&look=180,35&zoom=1". Whoever opens such a link sees the
+// same sky. A fragment is taken wholly or not at all.
 
 import { kLeastYear, kMostYear, julianFromUnix, unixFromJulian } from './calendar';
 import { isZone } from './zones';
@@ -48,10 +49,10 @@ function parseMoment(text: string): number | null {
 }
 
 // Four characters, a point, the number: "star.2491".
-export const codeText = (kind: number): string =>
+const codeText = (kind: number): string =>
   String.fromCharCode((kind >>> 24) & 255, (kind >>> 16) & 255, (kind >>> 8) & 255, kind & 255);
 
-export function kindOfCode(code: string): number {
+function kindOfCode(code: string): number {
   let kind = 0;
   for (let i = 0; i < 4; ++i) kind = (kind << 8) | (code.charCodeAt(i) & 255);
   return kind;
@@ -104,7 +105,8 @@ type Range = readonly [least: number, most: number];
 
 function pair(text: string | undefined, first: Range, second: Range): [number, number] | null {
   const parts = (text ?? '').split(',');
-  const a = number(parts[0], ...first), b = number(parts[1], ...second);
+  const a = number(parts[0], ...first),
+    b = number(parts[1], ...second);
   return parts.length === 2 && a !== null && b !== null ? [a, b] : null;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the page begins with: the view of its address, else what the browser kept of the last visit, else a place by the
-// zone of the device's clock, the time of that clock, and the south.
+// What the page begins with: the view of its address, else what the browser kept of the last visit, else a
+// place by the zone of the device's clock, the time of that clock, and the south.
 
 import { parseAddress } from './address';
 import type { Style } from './address';
@@ -48,7 +48,10 @@ export function beginningOf(fragment: string, kept: Kept): Beginning {
 async function placeByClock(model: Model): Promise<Place> {
   const cities = await model.sky.findCities('', 100000);
   const zone = ownZone();
-  const city = cities.find((one) => one.zone === zone) ?? cities.find((one) => one.zone === 'Europe/London') ?? cities[0];
+  const city =
+    cities.find((one) => one.zone === zone) ??
+    cities.find((one) => one.zone === 'Europe/London') ??
+    cities[0];
   return { latitude: city.latitude, longitude: city.longitude, name: city.name, zone: city.zone };
 }
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Days and dates as the library counts them: astronomical years (0 is 1 BC), the Julian calendar before 15 October 1582.
+// Days and dates as the library counts them: astronomical years (0 is 1 BC), the Julian calendar before 15
+// October 1582.
 
 export interface CivilDate {
   year: number;
@@ -15,7 +16,7 @@ export interface CivilTime extends CivilDate {
   second: number; // with its fraction
 }
 
-export const kMsPerDay = 86400000;
+const kMsPerDay = 86400000;
 const kUnixEpochJulian = 2440587.5; // 1 January 1970, 0 h Universal Time
 const kUnixEpochDay = 2440588; // the day number of its noon
 const kFirstGregorianDay = 2299161; // 15 October 1582
@@ -72,7 +73,8 @@ export function civilFromClock(clock: number): CivilTime {
   };
 }
 
-// Whether the calendar has that date: none of the ten days that 1582 left out, no 29 February of a common year.
+// Whether the calendar has that date: none of the ten days that 1582 left out, no 29 February of a common
+// year.
 export function isDate(date: CivilDate): boolean {
   const back = dateOfDay(dayNumber(date));
   return back.year === date.year && back.month === date.month && back.day === date.day;

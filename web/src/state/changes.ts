@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The user's settings as the changes that make them of the defaults: what the browser keeps, and what taking them back
-// means.
+// The user's settings as the changes that make them of the defaults: what the browser keeps, and what taking
+// them back means.
 
 import type { PanelField } from '../core/panel_messages';
 
@@ -11,8 +11,7 @@ type Setting = Pick<PanelField, 'section' | 'name' | 'values' | 'isOn'>;
 const pathOf = (field: Setting): string => `${field.section}.${field.name}`;
 
 // The change that gives a field the values and the switch of this one.
-export const changeTo = (field: Setting): string =>
-  `${pathOf(field)}=${field.values}${field.isOn ? ':on' : ':off'}`;
+const changeTo = (field: Setting): string => `${pathOf(field)}=${field.values}${field.isOn ? ':on' : ':off'}`;
 
 // What makes `to` of `from`. Fields whose values are too long to be told are passed over.
 export function differences(from: readonly Setting[], to: readonly Setting[]): string[] {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The address of the page holds what is shown: it is written when the view rests, and read when the page opens or
-// somebody changes the fragment.
+// The address of the page holds what is shown: it is written when the view rests, and read when the page
+// opens or somebody changes the fragment.
 
 import { foreignPairs, formatAddress, parseAddress } from './address';
 import type { SharedView } from './address';
@@ -10,7 +10,7 @@ import type { Model } from './model';
 
 const kWait = 300; // milliseconds: browsers refuse histories that are written faster
 
-export function describeView(model: Model): SharedView {
+function describeView(model: Model): SharedView {
   const { view } = model.stage;
   const { place, clock } = model;
   const shared: SharedView = {
@@ -35,7 +35,7 @@ export const addressOf = (model: Model): string => {
   return `${here.href.split('#', 1)[0]}#${fragment}`;
 };
 
-export async function showShared(model: Model, shared: SharedView): Promise<void> {
+async function showShared(model: Model, shared: SharedView): Promise<void> {
   const { latitude, longitude, azimuth, altitude, zoom } = shared;
   await model.setPlace({ latitude, longitude, name: shared.place ?? '', zone: shared.zone ?? 'UTC' });
   if (shared.language && shared.language !== model.language) await model.setLanguage(shared.language);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the page shows beside the view itself: the place and its clocks, the style, the language, the object whose panel
-// is open. Whoever changes one of these does it here; panels listen.
+// What the page shows beside the view itself: the place and its clocks, the style, the language, the object
+// whose panel is open. Whoever changes one of these does it here; panels listen.
 
 import type { SkyObject, View } from '../core/messages';
 import type { PanelField } from '../core/panel_messages';
@@ -63,7 +63,9 @@ export class Model {
 
   // Runs what the user asked for; a failure is told, and nothing else is changed.
   run(work: Promise<unknown>): void {
-    work.catch((reason: unknown) => this.onFailure.emit(reason instanceof Error ? reason.message : String(reason)));
+    work.catch((reason: unknown) =>
+      this.onFailure.emit(reason instanceof Error ? reason.message : String(reason)),
+    );
   }
 
   keep(news: Kept): void {
@@ -184,10 +186,12 @@ export class Model {
       this.#isAiming = false;
       if (this.clock.rate === 0) this.#show(this.clock.moment);
     };
-    this.run(done.then(end, (reason: unknown) => {
-      this.#isAiming = false;
-      throw reason;
-    }));
+    this.run(
+      done.then(end, (reason: unknown) => {
+        this.#isAiming = false;
+        throw reason;
+      }),
+    );
   }
 }
 

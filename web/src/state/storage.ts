@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the browser keeps between visits, as one entry of its storage. A browser that keeps nothing, or an entry that
-// is damaged, gives what is empty: the page then begins with the defaults.
+// What the browser keeps between visits, as one entry of its storage. A browser that keeps nothing, or an
+// entry that is damaged, gives what is empty: the page then begins with the defaults.
 
 import type { Style } from './address';
 import { kStyles } from './address';
@@ -40,7 +40,9 @@ function takePlace(value: unknown): Place | undefined {
 
 function takeTexts(value: unknown): Record<string, string> | undefined {
   if (typeof value !== 'object' || value === null) return undefined;
-  return Object.fromEntries(Object.entries(value).filter((entry): entry is [string, string] => isText(entry[1])));
+  return Object.fromEntries(
+    Object.entries(value).filter((entry): entry is [string, string] => isText(entry[1])),
+  );
 }
 
 // Each member by itself: one that is none takes nothing from the others.
@@ -54,7 +56,8 @@ export function readKept(keeper: Keeper | null): Kept {
   if (typeof entry !== 'object' || entry === null) return {};
   const kept: Kept = {};
   const style = kStyles.find((name) => name === entry['style']);
-  const place = takePlace(entry['place']), options = takeTexts(entry['options']);
+  const place = takePlace(entry['place']),
+    options = takeTexts(entry['options']);
   if (isText(entry['language'])) kept.language = entry['language'];
   if (style) kept.style = style;
   if (place) kept.place = place;

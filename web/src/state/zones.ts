@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Clocks of the zones of the IANA database, as the browser knows them: daylight saving and the history of a zone come
-// with it. Moments are Julian dates of Universal Time.
+// Clocks of the zones of the IANA database, as the browser knows them: daylight saving and the history of a
+// zone come with it. Moments are Julian dates of Universal Time.
 
 import type { CivilTime } from './calendar';
 import { civilFromClock, clockFromCivil, julianFromUnix, unixFromJulian } from './calendar';
 
-export const kUniversal = 'UTC';
+const kUniversal = 'UTC';
 
 const formats = new Map<string, Intl.DateTimeFormat | null>();
 
@@ -36,7 +36,8 @@ function findFormat(zone: string): Intl.DateTimeFormat | null {
 
 export const isZone = (zone: string): boolean => findFormat(zone) !== null;
 
-// Local time minus Universal Time in milliseconds, at a moment in milliseconds from 1970. 0 in an unknown zone.
+// Local time minus Universal Time in milliseconds, at a moment in milliseconds from 1970. 0 in an unknown
+// zone.
 export function zoneOffset(zone: string, unix: number): number {
   if (zone === kUniversal) return 0;
   const format = findFormat(zone);
@@ -47,7 +48,11 @@ export function zoneOffset(zone: string, unix: number): number {
   const year = Number(part['year']);
   // The parts are those of the Gregorian calendar, carried back without end; so is Date.
   const clock = new Date(0);
-  clock.setUTCFullYear(part['era']?.startsWith('B') ? 1 - year : year, Number(part['month']) - 1, Number(part['day']));
+  clock.setUTCFullYear(
+    part['era']?.startsWith('B') ? 1 - year : year,
+    Number(part['month']) - 1,
+    Number(part['day']),
+  );
   clock.setUTCHours(Number(part['hour']), Number(part['minute']), Number(part['second']));
   return clock.getTime() - whole;
 }
@@ -57,8 +62,8 @@ export function localTime(julian: number, zone: string): CivilTime {
   return civilFromClock(unix + zoneOffset(zone, unix));
 }
 
-// The moment when the clocks of a zone show that. Of two the earlier; a time that the clocks skip is as much later as
-// they are put forward.
+// The moment when the clocks of a zone show that. Of two the earlier; a time that the clocks skip is as much
+// later as they are put forward.
 export function julianFromLocal(civil: CivilTime, zone: string): number {
   const clock = clockFromCivil(civil);
   // Offsets lie within a day of each other, so those of the days around are all that can hold.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The captions in the language that is shown, and everybody who shows one. A language of the data root that the page has
-// no captions for is shown with English ones.
+// The captions in the language that is shown, and everybody who shows one. A language of the data root that
+// the page has no captions for is shown with English ones.
 
 import { de } from './de';
 import type { Texts } from './en';

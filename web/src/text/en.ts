@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The captions of the page. Names of objects, their kinds and facts come from the data root. `{0}`, `{1}` stand for
-// what is filled in.
+// The captions of the page. Names of objects, their kinds and facts come from the data root. `{0}`, `{1}`
+// stand for what is filled in.
 export const en = {
   title: 'The sky',
   sky: 'The sky: drag to turn, arrow keys turn, plus and minus zoom',
@@ -20,7 +20,6 @@ export const en = {
   object: 'Object',
   centre: 'Centre',
   follow: 'Follow',
-  following: 'Following {0}',
   favourite: 'Favourite',
   facts: 'Facts',
   day: 'Today at this place',
@@ -32,7 +31,6 @@ export const en = {
   altitude: 'altitude {0}°',
   azimuthShort: '{0}° {1}',
   why: 'Why it is drawn like this',
-  whyAsk: 'Why?',
   fix: 'Change',
   curve: 'Altitude over the day: highest {0}°',
   announceObject: '{0}, {1}',
@@ -95,7 +93,6 @@ export const en = {
   hereRefused: 'The device does not tell where it is',
   map: 'Map: click on a place; arrow keys move the mark',
   mapValue: '{0}, {1}',
-  take: 'Take',
   near: 'near {0}',
 
   layers: 'Layers',
@@ -139,7 +136,6 @@ export const en = {
   keyZoom: 'Zoom',
   keyPlay: 'Play and pause',
   keyBack: 'Play backwards',
-  keySteps: 'A step back and forward',
   keyNow: 'Now',
   keyCentre: 'Centre the object',
   keyPick: 'Panel of the object in the middle',

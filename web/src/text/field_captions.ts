@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What the settings of the data root are called in the panel of layers, in English, German and Russian. A field that the
-// table lacks is called as the scene calls it, so that a new setting is in the panel before it has a caption.
+// What the settings of the data root are called in the panel of layers, in English, German and Russian. A
+// field that the table lacks is called as the scene calls it, so that a new setting is in the panel before it
+// has a caption.
 
 type Captions = readonly [en: string, de: string, ru: string];
 
@@ -25,10 +26,16 @@ const kSections: Readonly<Record<string, Captions>> = {
 
 const kShown: Captions = ['Shown', 'Gezeigt', 'Показывать'];
 const kNames: Captions = ['Names', 'Namen', 'Названия'];
-const kMore: Captions = ['More of them (tenths of a magnitude)', 'Mehr davon (Zehntel Größenklassen)',
-  'Больше их (десятые зв. величины)'];
-const kMoreNames: Captions = ['More names (tenths of a magnitude)', 'Mehr Namen (Zehntel Größenklassen)',
-  'Больше названий (десятые зв. величины)'];
+const kMore: Captions = [
+  'More of them (tenths of a magnitude)',
+  'Mehr davon (Zehntel Größenklassen)',
+  'Больше их (десятые зв. величины)',
+];
+const kMoreNames: Captions = [
+  'More names (tenths of a magnitude)',
+  'Mehr Namen (Zehntel Größenklassen)',
+  'Больше названий (десятые зв. величины)',
+];
 const kPhases: Captions = ['Phases', 'Phasen', 'Фазы'];
 const kAxes: Captions = ['Axes and equators', 'Achsen und Äquatoren', 'Оси и экваторы'];
 const kLines: Captions = ['Lines on the disc', 'Linien auf der Scheibe', 'Линии на диске'];
@@ -36,32 +43,73 @@ const kFeatures: Captions = ['Names on the surface', 'Namen auf der Oberfläche'
 
 // By name, with the section before it where the same name means something else there.
 const kFields: Readonly<Record<string, Captions>> = {
-  Draw: kShown, ClusterDraw: kShown, GalaxyDraw: kShown, CloudsDraw: kShown, NonOpticDraw: kShown,
-  ShowLabel: kNames, ClusterLabel: kNames, GalaxyLabel: kNames, CloudsLabel: kNames, NonOpticLabel: kNames,
-  StarZoomDependShow: kMore, SCZoomDependShow: kMore, GLZoomDependShow: kMore, NBZoomDependShow: kMore,
-  NOZoomDependShow: kMore, PlntZoomDependShow: kMore, MoonZoomDependShow: kMore, AstrZoomDependShow: kMore,
-  ComtZoomDependShow: kMore, USCOZoomDependShow: kMore,
-  StarZoomDependLabel: kMoreNames, SCZoomDependLabel: kMoreNames, GLZoomDependLabel: kMoreNames,
-  NBZoomDependLabel: kMoreNames, NOZoomDependLabel: kMoreNames, PlntZoomDependLabel: kMoreNames,
-  MoonZoomDependLabel: kMoreNames, AstrZoomDependLabel: kMoreNames, ComtZoomDependLabel: kMoreNames,
+  Draw: kShown,
+  ClusterDraw: kShown,
+  GalaxyDraw: kShown,
+  CloudsDraw: kShown,
+  NonOpticDraw: kShown,
+  ShowLabel: kNames,
+  ClusterLabel: kNames,
+  GalaxyLabel: kNames,
+  CloudsLabel: kNames,
+  NonOpticLabel: kNames,
+  StarZoomDependShow: kMore,
+  SCZoomDependShow: kMore,
+  GLZoomDependShow: kMore,
+  NBZoomDependShow: kMore,
+  NOZoomDependShow: kMore,
+  PlntZoomDependShow: kMore,
+  MoonZoomDependShow: kMore,
+  AstrZoomDependShow: kMore,
+  ComtZoomDependShow: kMore,
+  USCOZoomDependShow: kMore,
+  StarZoomDependLabel: kMoreNames,
+  SCZoomDependLabel: kMoreNames,
+  GLZoomDependLabel: kMoreNames,
+  NBZoomDependLabel: kMoreNames,
+  NOZoomDependLabel: kMoreNames,
+  PlntZoomDependLabel: kMoreNames,
+  MoonZoomDependLabel: kMoreNames,
+  AstrZoomDependLabel: kMoreNames,
+  ComtZoomDependLabel: kMoreNames,
   USCOZoomDependLabel: kMoreNames,
-  PlanetPhases: kPhases, MoonPhases: kPhases, PlanetGuides: kAxes, MoonGuides: kAxes, PlanetGrid: kLines, MoonGrid: kLines,
-  PlanetFeatures: kFeatures, MoonFeatures: kFeatures,
+  PlanetPhases: kPhases,
+  MoonPhases: kPhases,
+  PlanetGuides: kAxes,
+  MoonGuides: kAxes,
+  PlanetGrid: kLines,
+  MoonGrid: kLines,
+  PlanetFeatures: kFeatures,
+  MoonFeatures: kFeatures,
   CommonName: ['Proper names first', 'Eigennamen zuerst', 'Сначала собственные имена'],
   LatAbbreviation: ['Letters without the constellation', 'Buchstaben ohne Sternbild', 'Буквы без созвездия'],
   MagnitudeOn: ['Magnitude beside the name', 'Helligkeit neben dem Namen', 'Блеск рядом с именем'],
   ShowBinary: ['Double stars marked', 'Doppelsterne markiert', 'Отмечать двойные'],
   ShowVariable: ['Variable stars marked', 'Veränderliche markiert', 'Отмечать переменные'],
-  ShowWithPlanets: ['Stars with planets marked', 'Sterne mit Planeten markiert', 'Отмечать звёзды с планетами'],
+  ShowWithPlanets: [
+    'Stars with planets marked',
+    'Sterne mit Planeten markiert',
+    'Отмечать звёзды с планетами',
+  ],
   VisMagnitude: ['Magnitude', 'Helligkeit', 'Блеск'],
   ColorIndexBV: ['Colour index B−V', 'Farbindex B−V', 'Показатель цвета B−V'],
-  'star.CatalogType': ['Catalogues: HR, HIP, Bayer, Flamsteed', 'Kataloge: HR, HIP, Bayer, Flamsteed',
-    'Каталоги: HR, HIP, Байер, Флемстид'],
-  CatalogType: ['Catalogues: Messier, NGC, IC, none', 'Kataloge: Messier, NGC, IC, keiner',
-    'Каталоги: Мессье, NGC, IC, никакой'],
+  'star.CatalogType': [
+    'Catalogues: HR, HIP, Bayer, Flamsteed',
+    'Kataloge: HR, HIP, Bayer, Flamsteed',
+    'Каталоги: HR, HIP, Байер, Флемстид',
+  ],
+  CatalogType: [
+    'Catalogues: Messier, NGC, IC, none',
+    'Kataloge: Messier, NGC, IC, keiner',
+    'Каталоги: Мессье, NGC, IC, никакой',
+  ],
   SpectrType: ['Spectral classes', 'Spektralklassen', 'Спектральные классы'],
   SpectrTypeUndef: ['Without a spectral class too', 'Auch ohne Spektralklasse', 'И без спектрального класса'],
-  LuminosityUndef: ['Without a luminosity class too', 'Auch ohne Leuchtkraftklasse', 'И без класса светимости'],
+  LuminosityUndef: [
+    'Without a luminosity class too',
+    'Auch ohne Leuchtkraftklasse',
+    'И без класса светимости',
+  ],
   'NGC-IC': ['NGC and IC numbers', 'NGC- und IC-Nummern', 'Номера NGC и IC'],
   LargestDimension: ['Size', 'Größe', 'Размер'],
   Type: ['Types', 'Arten', 'Типы'],
