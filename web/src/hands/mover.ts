@@ -14,15 +14,17 @@ const easeOut = (part: number) => 1 - (1 - part) ** 3;
 const kGlide = 180; // milliseconds
 const kDecay = 325; // milliseconds in which what was thrown slows down to 37 %
 const kSlowest = 0.02; // pixels a millisecond at which it stops
+const kFastest = 5; // pixels of the page a millisecond, whatever the moments of the last events say
 const kZoomDecay = 60; // milliseconds, likewise for the wheel
 
-// Moves the view over time: to an aim, on after a throw, towards a zoom. One move at a time; who wants no motion gets its
-// end at once.
+// Moves the view over time: to an aim, on after a throw, towards a zoom. One move at a time, which ends when
+// somebody else turns the view; who wants no motion gets its end at once.
 export class Mover {
   #stage: Stage;
-  #step: ((now: number, passed: number) => boolean) | null = null;
+  #step: ((passed: number) => boolean) | null = null;
   #aim: Aim | null = null;
   #last = 0;
+  #shown: Aim | null = null; // what this move showed last
   #isRunning = false;
 
   constructor(stage: Stage) {
@@ -54,7 +56,7 @@ export class Mover {
     }
     let gone = 0;
     const way = shortWay(to.azimuth - from.azimuth);
-    this.#run((_, passed) => {
+    this.#run((passed) => {
       gone = Math.min(1, gone + passed / milliseconds);
       const part_ = easeOut(gone);
       this.#stage.change({
@@ -69,8 +71,11 @@ export class Mover {
 
   // Lets go of a direction held at a pixel that moved with that speed, pixels a millisecond.
   throw(held: Vector, x: number, y: number, speedX: number, speedY: number): void {
-    if (wantsNoMotion() || Math.hypot(speedX, speedY) < kSlowest) return;
-    this.#run((_, passed) => {
+    const speed = Math.hypot(speedX, speedY);
+    if (wantsNoMotion() || speed < kSlowest) return;
+    const most = kFastest * window.devicePixelRatio;
+    if (speed > most) [speedX, speedY] = [(speedX * most) / speed, (speedY * most) / speed];
+    this.#run((passed) => {
       x += speedX * passed;
       y += speedY * passed;
       speedX *= Math.exp(-passed / kDecay);
@@ -90,7 +95,7 @@ export class Mover {
       show(zoom);
       return;
     }
-    this.#run((_, passed) => {
+    this.#run((passed) => {
       const left = (zoom / this.#stage.view.zoom) ** Math.exp(-passed / kZoomDecay);
       const isThere = Math.abs(Math.log(left)) < 1e-3;
       show(isThere ? zoom : zoom / left);
@@ -99,17 +104,26 @@ export class Mover {
     this.#aim = { ...this.#stage.view, zoom };
   }
 
+  // Somebody else has turned the view meanwhile: that counts.
+  #isOvertaken(): boolean {
+    const { view } = this.#stage;
+    const shown = this.#shown ?? view;
+    return view.azimuth !== shown.azimuth || view.altitude !== shown.altitude || view.zoom !== shown.zoom;
+  }
+
   // `step`: whether it goes on.
-  #run(step: (now: number, passed: number) => boolean): void {
+  #run(step: (passed: number) => boolean): void {
     this.stop();
     this.#step = step;
     this.#last = performance.now();
+    this.#shown = this.#stage.view;
     if (this.#isRunning) return;
     this.#isRunning = true;
     const tick = (now: number) => {
       const passed = Math.max(0, Math.min(100, now - this.#last));
       this.#last = now;
-      if (this.#step && !this.#step(now, passed)) this.stop();
+      if (this.#isOvertaken() || (this.#step && !this.#step(passed))) this.stop();
+      this.#shown = this.#stage.view;
       this.#isRunning = this.#step !== null;
       if (this.#isRunning) requestAnimationFrame(tick);
     };
