@@ -4,7 +4,7 @@ import type { Struct, StructName } from './layouts';
 import { kStructs, layOut } from './layouts';
 import type { SkyObject, View } from './messages';
 import type {
-  City, Fact, Favourite, Language, Night, ObjectDay, PanelField, PanelService, Reason, Spot, Suggestion,
+  City, Fact, Favourite, Language, Night, ObjectDay, OpenedSession, PanelField, PanelService, Reason, Spot, Suggestion,
 } from './panel_messages'; // prettier-ignore
 import type { SceneService } from './service';
 
@@ -111,9 +111,15 @@ export class PanelCalls implements PanelService {
   formatSession(): string {
     return this.#text('scene_format_session');
   }
-  readSession(text: string): string {
+  readSession(text: string): OpenedSession {
     this.#service.ask('scene_read_session', this.#put(text));
-    return this.#text('scene_get_session_language');
+    return {
+      view: this.#service.getView(),
+      language: this.#text('scene_get_session_language'),
+      place: this.getOption('place'),
+      zone: this.getOption('zone'),
+      style: this.getOption('style'),
+    };
   }
 
   get #module() {

@@ -110,6 +110,15 @@ export interface Favourite {
   name: string;
 }
 
+// What a session says that the page keeps beside the scene; all of it at once, before another frame changes it.
+export interface OpenedSession {
+  view: View;
+  language: string; // that it was saved in
+  place: string; // name, "": none
+  zone: string; // "": Universal Time
+  style: string; // "": that of the screen
+}
+
 export interface PanelService {
   suggest(text: string, most: number): Suggestion[];
   getFacts(object: SkyObject): Fact[];
@@ -134,6 +143,5 @@ export interface PanelService {
   formatFavourites(): string;
   readFavourites(text: string): void;
   formatSession(): string;
-  // The language that the session was saved in. The view is then the session's (getView).
-  readSession(text: string): string;
+  readSession(text: string): OpenedSession;
 }

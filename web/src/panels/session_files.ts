@@ -18,18 +18,16 @@ export async function saveSession(model: Model): Promise<void> {
 export async function openSession(model: Model, file: Blob): Promise<void> {
   if (file.size > kMostBytes) throw new Error(`${file.size} B > ${kMostBytes} B`);
   const { sky, stage } = model;
-  const language = await sky.readSession(await file.text());
-  const { width, height, ...view } = await sky.getView();
-  model.takePlace({
+  const { view, language, place, zone, style } = await sky.readSession(await file.text());
+  const { width, height, ...seen } = view;
+  model.follow(null);
+  stage.change(seen);
+  await model.setPlace({
     latitude: view.latitude,
     longitude: view.longitude,
-    name: await sky.getOption('place'),
-    zone: (await sky.getOption('zone')) || 'UTC',
+    name: place,
+    zone: zone || 'UTC',
   });
-  const style = await sky.getOption('style');
-  model.follow(null);
-  model.clock.set(view.julianDate);
-  stage.change(view);
   const languages = await sky.getLanguages();
   if (language !== model.language && languages.some(({ code }) => code === language))
     await model.setLanguage(language);

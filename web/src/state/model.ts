@@ -72,16 +72,13 @@ export class Model {
     keep(this.#keeper, news);
   }
 
+  // The view first: another place in a view takes the name of the scene's place back.
   async setPlace(place: Place): Promise<void> {
-    await this.sky.setPlace(place.latitude, place.longitude, place.name, place.zone);
-    this.takePlace(place);
-  }
-
-  // A place that the scene has already.
-  takePlace(place: Place): void {
     this.place = place;
-    this.keep({ place });
     this.stage.change({ latitude: place.latitude, longitude: place.longitude });
+    await this.sky.setPlace(place.latitude, place.longitude, place.name, place.zone);
+    this.keep({ place });
+    this.stage.refresh();
     this.onPlace.emit(place);
   }
 
