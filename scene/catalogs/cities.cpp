@@ -3,8 +3,10 @@
 #include "scene/cities.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "common_interfaces/field_names.h"
 #include "scene/catalogs/optional_table.h"
@@ -35,11 +37,19 @@ std::vector<std::string> SplitNames(std::string_view names) {
   return list;
 }
 
-// The one of its names that has the key, null for none.
-const std::string* FindName(const City& city, const std::string& key) {
-  if (MakeNameKey(city.name) == key) return &city.name;
+// Whether a name is meant by the key: by the whole of it, or by how it begins.
+enum class Match { kWhole, kBegin };
+
+bool IsMeant(const std::string& name, const std::string& key, Match match) {
+  const std::string own = MakeNameKey(name);
+  return match == Match::kWhole ? own == key : own.starts_with(key);
+}
+
+// The one of its names that the key means, null for none.
+const std::string* FindName(const City& city, const std::string& key, Match match) {
+  if (IsMeant(city.name, key, match)) return &city.name;
   const auto other = std::find_if(city.otherNames.begin(), city.otherNames.end(),
-                                  [&key](const std::string& name) { return MakeNameKey(name) == key; });
+                                  [&](const std::string& name) { return IsMeant(name, key, match); });
   return other == city.otherNames.end() ? nullptr : &*other;
 }
 
@@ -70,16 +80,17 @@ std::vector<City> LoadCities() {
   return cities;
 }
 
+namespace {
+
 // A whole name may have a comma of its own: "Washington, D.C.".
-std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::string& text) {
+std::vector<FoundCity> FindMatches(const std::vector<City>& cities, const std::string& text, Match match) {
   std::vector<FoundCity> found;
   const auto collect = [&](const std::string& name, const std::string& country) {
     for (const City& city : cities) {
-      const std::string* const called = FindName(city, name);
+      const std::string* const called = FindName(city, name, match);
       if (called && (country.empty() || IsIn(city, country))) found.push_back({&city, *called});
     }
   };
-  if (MakeNameKey(text).empty()) return found;
   collect(MakeNameKey(text), "");
   const auto comma = text.rfind(',');
   if (found.empty() && comma != std::string::npos) {
@@ -90,6 +101,43 @@ std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::st
     return a.city->population > b.city->population;
   });
   return found;
+}
+
+}  // namespace
+
+std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::string& text) {
+  if (MakeNameKey(text).empty()) return {};
+  return FindMatches(cities, text, Match::kWhole);
+}
+
+std::vector<FoundCity> SuggestCities(const std::vector<City>& cities, const std::string& text,
+                                     std::size_t most) {
+  std::vector<FoundCity> found = FindMatches(cities, text, Match::kBegin);
+  found.resize(std::min(found.size(), most));
+  return found;
+}
+
+std::vector<FoundCity> FindCitiesAround(const std::vector<City>& cities, double latitude, double longitude,
+                                        std::size_t most) {
+  const auto direction = [](double lat, double lon) {
+    return Direction{{std::cos(lat) * std::cos(lon), std::cos(lat) * std::sin(lon), std::sin(lat)}};
+  };
+  const Direction here = direction(latitude, longitude);
+  std::vector<std::pair<double, FoundCity>> found;  // by the square of the chord
+  for (const City& city : cities) {
+    const Direction there = direction(city.latitude, city.longitude);
+    double chord = 0.0;
+    for (int i = 0; i < 3; ++i) chord += (there.v[i] - here.v[i]) * (there.v[i] - here.v[i]);
+    found.push_back({chord, {&city, city.name}});
+  }
+  std::stable_sort(found.begin(), found.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<FoundCity> nearest;
+  for (const auto& [chord, city] : found) {
+    if (nearest.size() == most) break;
+    nearest.push_back(city);
+  }
+  return nearest;
 }
 
 std::vector<std::string> FindNearCities(const std::vector<City>& cities, const std::string& text) {

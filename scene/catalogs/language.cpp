@@ -41,6 +41,13 @@ std::vector<std::string> FindLanguages(const std::string& dataRoot) {
   return languages;
 }
 
+std::vector<std::string> ListLanguages(const std::string& dataRoot) {
+  auto languages = FindLanguages(dataRoot);
+  const auto place = std::lower_bound(languages.begin(), languages.end(), kDefaultLanguage);
+  if (place == languages.end() || *place != kDefaultLanguage) languages.insert(place, kDefaultLanguage);
+  return languages;
+}
+
 bool SwitchLanguage(const std::string& dataRoot, const std::string& language,
                     const std::function<void()>& fetchTexts, std::string& error) {
   const auto languages = FindLanguages(dataRoot);

@@ -3,6 +3,7 @@
 #include "scene/catalogs/name_index.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "scene/name_key.h"
@@ -42,6 +43,12 @@ std::uint32_t NameIndex::GetHashOf(std::size_t name) const {
 }
 std::uint32_t NameIndex::GetObjectOf(std::size_t name) const {
   return LoadLE32(GetEntries().data() + name * kEntrySize + kObjectAt);
+}
+
+// A key ends with a zero byte inside the texts, which no prefix has.
+bool NameIndex::BeginsWith(std::size_t name, std::string_view prefix) const {
+  const char* const key = GetTexts().data() + LoadLE32(GetEntries().data() + name * kEntrySize + kKeyAt);
+  return std::strncmp(key, prefix.data(), prefix.size()) == 0;
 }
 
 NameIndex::Name NameIndex::operator[](std::size_t name) const {

@@ -59,6 +59,13 @@ class NameIndex {
       if (name.form == form && name.key == key) visit(name);
     }
   }
+  // visit(name) for every name whose key begins so, in the order of the list.
+  template <class Visit>
+  void ForPrefix(std::string_view prefix, Visit&& visit) const {
+    for (std::size_t i = 0, count = GetCount(); i < count; ++i) {
+      if (BeginsWith(i, prefix)) visit((*this)[i]);
+    }
+  }
   // visit(name) for every plain name of the object.
   template <class Visit>
   void ForObject(std::uint32_t object, Visit&& visit) const {
@@ -69,6 +76,7 @@ class NameIndex {
 
  private:
   static std::uint32_t GetHash(std::string_view key);
+  bool BeginsWith(std::size_t name, std::string_view prefix) const;
   std::uint32_t GetHashOf(std::size_t name) const;
   std::uint32_t GetObjectOf(std::size_t name) const;  // with its form
   std::uint32_t AddText(std::string_view text);

@@ -63,7 +63,7 @@ int scene_compute(SceneSky* sky) {
 
 int scene_get_array(SceneSky* sky, int32_t kind, SceneArray* array) {
   return scene::Call(sky, [&] {
-    if (!scene::IsKnown(array, offsetof(SceneArray, records) + sizeof array->records))
+    if (!scene::IsKnown(array))
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the array is null or its size too small");
     const auto found = FindArray(sky->maker->GetFrame().GetDisplayList(), kind);
     if (!found) return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "there is no such array");

@@ -20,10 +20,6 @@ using scene::kRadiansPerDegree;
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
-std::optional<scene::FoundObject> Find(const SceneObject& object, const SceneSky& sky) {
-  return scene::FindObject({object.kind, object.number}, sky.catalogs);
-}
-
 int FailObject(SceneSky& sky, const SceneObject& object, const char* why) {
   return scene::Fail(sky, SCENE_NOT_FOUND,
                      scene::GetCodeText(object.kind) + " " + std::to_string(object.number) + ": " + why);
@@ -65,15 +61,15 @@ int scene_find(SceneSky* sky, const char* name, SceneObject* object) {
     std::string error;
     const auto found = sky->GetSearch().FindOne(name, error);
     if (!found) return scene::Fail(*sky, SCENE_NOT_FOUND, error);
-    *object = {scene::GetKind(*found, sky->catalogs), scene::GetNumber(*found, sky->catalogs)};
+    *object = scene::NameObject(*found, *sky);
     return static_cast<int>(SCENE_OK);
   });
 }
 
 const char* scene_get_title(SceneSky* sky, SceneObject object) {
   const int status = scene::Call(sky, [&] {
-    const auto found = Find(object, *sky);
-    if (!found) return FailObject(*sky, object, "not in the catalogs");
+    const auto found = scene::FindNamed(object, *sky);
+    if (!found) return static_cast<int>(SCENE_NOT_FOUND);
     sky->title = sky->GetSearch().GetTitle(*found);
     return static_cast<int>(SCENE_OK);
   });
@@ -99,8 +95,8 @@ int scene_pick(SceneSky* sky, double x, double y, double tolerance, SceneObject*
 
 int scene_look_at(SceneSky* sky, SceneObject object) {
   return scene::Call(sky, [&] {
-    const auto found = Find(object, *sky);
-    if (!found) return FailObject(*sky, object, "not in the catalogs");
+    const auto found = scene::FindNamed(object, *sky);
+    if (!found) return static_cast<int>(SCENE_NOT_FOUND);
     if (scene::AimAt(*found, sky->catalogs, sky->camera, sky->shown.refraction))
       return static_cast<int>(SCENE_OK);
     return FailObject(*sky, object, "nobody can tell where it is at that moment from there");
@@ -111,8 +107,8 @@ int scene_observe(SceneSky* sky, SceneObject object, SceneSight* sight) {
   return scene::Call(sky, [&] {
     if (!scene::IsKnown(sight, offsetof(SceneSight, elongation) + sizeof sight->elongation))
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the sight is null or its size too small");
-    const auto found = Find(object, *sky);
-    if (!found) return FailObject(*sky, object, "not in the catalogs");
+    const auto found = scene::FindNamed(object, *sky);
+    if (!found) return static_cast<int>(SCENE_NOT_FOUND);
     const scene::SkyMoment moment = scene::GetMoment(sky->camera);
     const scene::EarthPlace place = scene::GetPlace(sky->camera);
     ObservedBody seen;

@@ -1,12 +1,17 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cstddef>
+#include <limits>
 
 #include "common_interfaces/settings_field.h"
+#include "common_interfaces/text_formats.h"
 #include "scene/favourites.h"
 #include "scene/interface_c/sky.h"
 #include "scene/setting_change.h"
+#include "scene/setting_form.h"
 #include "scene/setting_values.h"
+#include "scene/texts.h"
 
 namespace {
 
@@ -19,6 +24,15 @@ void Copy(const std::string& text, char (&place)[N]) {
   place[text.copy(place, N - 1)] = '\0';
 }
 
+// As much of a text of UTF-8 as there is room for, without half a character at its end.
+template <std::size_t N>
+void CopyText(const std::string& text, char (&place)[N]) {
+  std::size_t length = std::min(text.size(), N - 1);
+  while (length < text.size() && length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+    --length;
+  Copy(text.substr(0, length), place);
+}
+
 SceneField Describe(const SettingField& field) {
   SceneField described = {};
   Copy(scene::GetCodeText(static_cast<int>(field.GetSection())), described.section);
@@ -27,6 +41,15 @@ SceneField Describe(const SettingField& field) {
   if (values.size() < sizeof described.values) Copy(values, described.values);
   described.is_on = field.GetCompareStatus() != 0;
   described.acts = !scene::FindUndrawnReason(field.GetSection(), field.GetNameId());
+  const scene::SettingForm form = scene::FindSettingForm(field);
+  const bool isSwitch = form.kind == scene::SettingKind::kSwitch;
+  described.type = static_cast<int32_t>(form.kind);
+  described.count = static_cast<int32_t>(field.GetSize());
+  described.least = isSwitch ? 0.0 : std::numeric_limits<double>::quiet_NaN();
+  described.most = isSwitch ? 1.0 : described.least;
+  Copy(form.choices, described.choices);
+  if (form.title)
+    CopyText(scene::ToUtf8(CommonInterfaces::FormatLocalizedText(*form.title, {})), described.title);
   return described;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/interface_c/sky.h"
 
+#include <cmath>
 #include <cstddef>
 
 #include "astro/object_id.h"
@@ -25,7 +26,7 @@ SceneSky::SceneSky() : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(
 
 int SceneSky::Open(const SceneRoots& roots) {
   data = roots.data;
-  const char* const language = roots.language ? roots.language : scene::kDefaultLanguage;
+  language = roots.language ? roots.language : scene::kDefaultLanguage;
   if (!scene::OpenDataRoot(data, roots.work ? roots.work : "", language, catalogs, error))
     return SCENE_BAD_DATA;
   if (!settings.Read(nullptr))
@@ -35,12 +36,9 @@ int SceneSky::Open(const SceneRoots& roots) {
   ReadSettings();
   MakeFrame();
   isOpen = true;
+  if (TakeOptions(options) != SCENE_OK) PrintDebugString("%s\n", error.c_str());  // the ground is plain
+  error.clear();
   return SCENE_OK;
-}
-
-void SceneSky::MakeFrame() {
-  maker.emplace(camera, catalogs, shown, filters, markers);
-  maker->Prepare();
 }
 
 // A frame refers to the catalogs that it was made for.
@@ -48,6 +46,8 @@ int SceneSky::TakeCatalogs() {
   scene::SkyCatalogs loaded;
   if (!scene::LoadSkyCatalogs(loaded, error)) return SCENE_BAD_DATA;
   search.reset();
+  showers.reset();
+  texts.clear();
   maker.reset();
   catalogs = std::move(loaded);
   MakeFrame();
@@ -59,10 +59,14 @@ const scene::ObjectSearch& SceneSky::GetSearch() {
   return *search;
 }
 
-void SceneSky::ReadSettings() {
-  shown = scene::ReadShownKinds(settings);
-  filters.Refresh(settings);
-  camera.FillMagCorrectionsVector(&settings);
+const std::vector<scene::City>& SceneSky::GetCities() {
+  if (!cities) cities = scene::LoadCities();
+  return *cities;
+}
+
+const std::vector<scene::Shower>& SceneSky::GetShowers() {
+  if (!showers) showers = scene::LoadShowers();
+  return *showers;
 }
 
 const char* SceneSky::FindFault() const {
@@ -70,6 +74,21 @@ const char* SceneSky::FindFault() const {
   if (!(camera.GetZoom() >= scene::kMinZoom && camera.GetZoom() <= scene::kMaxZoom))
     return "has a zoom outside 0.25 to 10000";
   return nullptr;
+}
+
+std::optional<scene::FoundObject> scene::FindNamed(const SceneObject& object, SceneSky& sky) {
+  const auto found = FindObject({object.kind, object.number}, sky.catalogs);
+  if (!found) {
+    const std::string kind =
+        IsNameableKind(object.kind) ? GetCodeText(object.kind) : std::to_string(object.kind);
+    sky.error = kind + " " + std::to_string(object.number) + ": not in the catalogs";
+  }
+  return found;
+}
+
+scene::SkyMoment scene::ToMoment(double julianDate) {
+  const double day = std::floor(julianDate + 0.5);
+  return MakeMoment(static_cast<int>(day), julianDate - day);
 }
 
 int scene_open(const SceneRoots* roots, SceneSky** sky) {
@@ -111,6 +130,7 @@ int scene_set_language(SceneSky* sky, const char* language) {
     const auto fetchNothing = [] {};  // what keeps texts is made anew
     if (!scene::SwitchLanguage(sky->data, language, fetchNothing, error))
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, std::string(language) + ": " + error);
+    sky->language = language;
     return sky->TakeCatalogs();
   });
 }

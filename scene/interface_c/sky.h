@@ -5,8 +5,10 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <exception>
+#include <map>
 #include <new>
 #include <optional>
 #include <stdexcept>
@@ -15,10 +17,18 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
+#include "scene/cities.h"
 #include "scene/frame_maker.h"
+#include "scene/interface_c/list.h"
+#include "scene/landscape.h"
 #include "scene/object_filter.h"
 #include "scene/object_search.h"
+#include "scene/scene_almanac_c.h"
 #include "scene/scene_c.h"
+#include "scene/scene_objects_c.h"
+#include "scene/scene_state_c.h"
+#include "scene/session_file.h"
+#include "scene/showers.h"
 #include "scene/shown_kinds.h"
 #include "scene/sky_catalogs.h"
 #include "scene/sky_markers.h"
@@ -35,26 +45,56 @@ struct SceneSky {
   // stays.
   int TakeCatalogs();
   const scene::ObjectSearch& GetSearch();
-  // What the settings say, taken anew before the next frame.
+  const std::vector<scene::City>& GetCities();
+  const std::vector<scene::Shower>& GetShowers();
+  // Other options in place of those there are, the frame's parts included. A status and, for a failure,
+  // `error`: nothing has changed then.
+  int TakeOptions(const scene::SessionCapsule& wanted);
+  // What settings and options say, taken anew before the next frame.
   void ReadSettings();
+  // Of the ground in that direction of the horizon frame, radians.
+  double FindSkyline(const scene::Direction& standing) const;
   // Why the camera's sky cannot be drawn; null when it can.
   const char* FindFault() const;
 
   std::string error;
   bool isOpen = false;
   std::string data;  // the root
+  std::string language;
+  scene::SessionCapsule options;  // of which the options count, and the file of elements
+  scene::Landscape landscape;     // these two as the options say
+  std::vector<int> orbits;
+  std::vector<SSO_ID> marks;  // favourites, with the names that they had in their list
+  std::string sessionLanguage;
   CommonInterfaces::SettingsData settings;
   CommonInterfaces::Camera camera;
   scene::SkyCatalogs catalogs;
   scene::ShownKinds shown;
   scene::ObjectFilters filters;
   scene::SkyMarkers markers;
-  std::optional<scene::FrameMaker> maker;     // makes room for the catalogs, so once they are loaded
-  std::optional<scene::ObjectSearch> search;  // when a name is first asked for
-  std::string title;                          // that scene_get_title handed out
+  std::optional<scene::FrameMaker> maker;             // makes room for the catalogs, so once they are loaded
+  std::optional<scene::ObjectSearch> search;          // when a name is first asked for
+  std::optional<std::vector<scene::City>> cities;     // likewise, as the next
+  std::optional<std::vector<scene::Shower>> showers;  // in the language of the texts
+
+  // What functions handed out last.
+  std::string option, favouriteText, sessionText;
+  scene::List<SceneFavourite> favourites;
+  scene::List<SceneOption> optionList;
+  std::string title, moonPhase, constellation;
+  std::map<int32_t, std::string> texts;  // of the string table, by number
+  scene::List<SceneSuggestion> suggestions;
+  scene::List<SceneFact> facts;
+  scene::List<SceneReason> reasons;
+  scene::List<SceneEvent> events;
+  scene::List<SceneCity> foundCities, nearCities;
+  scene::List<SceneLanguage> languages;
 
  private:
   void MakeFrame();
+  void SetUpFrame();
+  bool FindLandscape(const scene::SessionCapsule& wanted, scene::Landscape& found);
+  bool FindOrbits(const scene::SessionCapsule& wanted, std::vector<int>& found);
 };
 
 namespace scene {
@@ -99,11 +139,37 @@ bool IsKnown(const Structure* structure, std::size_t end) {
   return structure && structure->size >= end;
 }
 
+// The first version of the structure that names a list.
+inline bool IsKnown(const SceneArray* array) {
+  return IsKnown(array, offsetof(SceneArray, records) + sizeof array->records);
+}
+
 // Fills what the caller knows of the structure, whose size stays.
 template <class Structure>
 void Give(Structure filled, Structure* place) {
   filled.size = place->size;
   std::memcpy(place, &filled, std::min<std::size_t>(sizeof filled, place->size));
 }
+
+// Hands out a list in place of the one before.
+template <class Record>
+void Give(List<Record> made, List<Record>& kept, SceneArray* array) {
+  kept = std::move(made);
+  Give(kept.Describe(), array);
+}
+
+// The object that a caller names; nothing, and its line, for one that the catalogs lack.
+std::optional<FoundObject> FindNamed(const SceneObject& object, SceneSky& sky);
+
+inline SceneObject NameObject(const FoundObject& object, const SceneSky& sky) {
+  return {GetKind(object, sky.catalogs), GetNumber(object, sky.catalogs)};
+}
+
+inline double ToDate(const SkyMoment& moment) { return moment.day + moment.fraction; }
+SkyMoment ToMoment(double julianDate);
+
+constexpr double kFirstDate = -1931076.5, kLastDate = 5373850.5;  // of the years -9999 to 9999
+// Not a number is none.
+inline bool IsDate(double julianDate) { return julianDate >= kFirstDate && julianDate <= kLastDate; }
 
 }  // namespace scene

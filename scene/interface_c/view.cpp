@@ -5,21 +5,19 @@
 #include <limits>
 
 #include "astro/julian_date.h"
-#include "astro/vectors.h"
 #include "scene/aim.h"
 #include "scene/base_plane.h"
 #include "scene/interface_c/sky.h"
+#include "scene/interface_c/unprojection.h"
 #include "scene/observer_frame.h"
 #include "scene/zoom_range.h"
 
 namespace {
 
 using CommonInterfaces::Camera;
-using scene::kPi;
 using scene::kRadiansPerDegree;
 
 constexpr unsigned kCameraRecord = FourCC("CAMR");
-constexpr double kFirstDate = -1931076.5, kLastDate = 5373850.5;  // of the years -9999 to 9999
 
 struct Bounds {
   const char* name;
@@ -32,7 +30,7 @@ const char* FindWrong(const SceneView& view) {
                         {"height", static_cast<double>(view.height), 64.0, 16384.0},
                         {"latitude", view.latitude, -90.0, 90.0},
                         {"longitude", view.longitude, -360.0, 360.0},
-                        {"julian_date", view.julian_date, kFirstDate, kLastDate},
+                        {"julian_date", view.julian_date, scene::kFirstDate, scene::kLastDate},
                         {"azimuth", view.azimuth, 0.0, 360.0},
                         {"altitude", view.altitude, -90.0, 90.0},
                         {"zoom", view.zoom, scene::kMinZoom, scene::kMaxZoom}};
@@ -54,11 +52,12 @@ void SetMoment(double julianDate, Camera& camera) {
 
 void SetPlace(const SceneView& view, Camera& camera) {
   SphCoor location = camera.GetLocation();
+  const SphCoor before = location;
   location.lat = view.latitude * kRadiansPerDegree;
   location.lon = view.longitude * kRadiansPerDegree;
   location.dist = 0.0;
   camera.SetLocation(location);
-  camera.SetLocationName("");
+  if (location.lat != before.lat || location.lon != before.lon) camera.SetLocationName("");
 }
 
 SceneView DescribeView(const Camera& camera) {
@@ -77,34 +76,6 @@ SceneView DescribeView(const Camera& camera) {
   view.zoom = camera.GetZoom();
   return view;
 }
-
-// The projection the other way: a pixel to a vector on J2000 axes.
-class Unprojection {
- public:
-  explicit Unprojection(Camera& camera) : m_Reduction(scene::PrepareObserver(camera)) {
-    const tPoint<int> window = camera.GetWinSize();
-    m_MiddleX = 0.5 * window.x;
-    m_MiddleY = 0.5 * window.y;
-    m_Scale = camera.VisRad2PixD(0.5 * kPi);
-    const SphViewCoor& angles = camera.GetViewAngles();
-    const double turned[3] = {angles.lon, angles.lat, angles.slope};
-    Camera::InitCameraMatrix(turned, m_View);
-  }
-
-  void Find(const double* pixel, double* vector) const {
-    const double left = (m_MiddleX - pixel[0]) / m_Scale, up = (m_MiddleY - pixel[1]) / m_Scale;
-    const double norm = 1.0 / (1.0 + left * left + up * up);
-    const double seen[3] = {2.0 * left * norm, 2.0 * up * norm, 2.0 * norm - 1.0};
-    double standing[3];
-    V3Mprod(seen, m_View, standing);
-    V3Mprod(standing, m_Reduction.reduction, vector);
-  }
-
- private:
-  scene::ObserverFrame m_Reduction;
-  double m_MiddleX, m_MiddleY, m_Scale;
-  double m_View[9];
-};
 
 int FailFile(SceneSky& sky, const char* file, const char* why) {
   return scene::Fail(sky, SCENE_BAD_DATA, std::string(file) + ": " + why);
@@ -182,7 +153,7 @@ int scene_unproject(SceneSky* sky, const double* pixels, double* vectors, int32_
   return scene::Call(sky, [&] {
     if (!vectors || !pixels || count < 0)
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "wants two arrays and a count from 0 on");
-    const Unprojection unprojection(sky->camera);
+    const scene::Unprojection unprojection(sky->camera);
     for (int32_t i = 0; i < count; ++i) unprojection.Find(pixels + 2 * i, vectors + 3 * i);
     return static_cast<int>(SCENE_OK);
   });

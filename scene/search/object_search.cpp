@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdint>
 #include <limits>
 #include <string_view>
 #include <system_error>
@@ -15,6 +14,7 @@
 #include "scene/name_key.h"
 #include "scene/object_names.h"
 #include "scene/search/body_name.h"
+#include "scene/search/named_objects.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
@@ -25,30 +25,8 @@ namespace {
 const SSO_ID kPluto(FourCC("plnt"), astro::kPlutoNumber);
 constexpr const char* kPlutoAsAsteroid = "134340 Pluto";
 
-constexpr unsigned kGroupShift = 28;
-constexpr std::uint32_t kIndexMask = (1u << kGroupShift) - 1;
-
-// Catalogues by what people call them, and how their entries begin in the tables.
-struct CatalogueName {
-  std::string_view name;
-  std::string entry;
-};
-const CatalogueName kCatalogues[] = {{"messier", "m"},    {"barnard", "b"},   {"caldwell", "c"},
-                                     {"collinder", "cr"}, {"melotte", "mel"}, {"hickson", "hcg"},
-                                     {"sharpless", "sh2"}};
-
 // What a name may leave out at its end, in this order.
 constexpr std::string_view kClassWords[] = {"galaxy", "nebula", "cluster", "galaxies"};
-
-// An object as the lists of names know it.
-std::uint32_t ToNamed(const FoundObject& object) {
-  return static_cast<std::uint32_t>(object.group) << kGroupShift | static_cast<std::uint32_t>(object.index);
-}
-FoundObject FromNamed(std::uint32_t object) {
-  return {static_cast<ObjectGroup>(object >> kGroupShift), static_cast<int>(object & kIndexMask)};
-}
-static_assert(static_cast<std::uint32_t>(ObjectGroup::kStar) == 0);
-static_assert(static_cast<std::uint32_t>(ObjectGroup::kDeepsky) << kGroupShift == kNamedDeepsky);
 
 // The names that lie ready, else those of the tables.
 std::shared_ptr<const NameIndex> TakeOrMake(const std::shared_ptr<const NameIndex>& ready,
@@ -193,8 +171,8 @@ std::vector<FoundObject> ObjectSearch::Find(const std::string& name) const {
   std::vector<FoundObject> found = FindKey(key);
   if (found.empty()) found = FindKey(expanded);
   if (found.empty()) found = FindListed(key);
-  for (const auto& [called, entry] : kCatalogues) {
-    if (found.empty() && key.starts_with(called)) found = FindKey(entry + key.substr(called.size()));
+  if (found.empty()) {
+    if (const auto entry = FindCatalogueKey(key)) found = FindKey(*entry);
   }
   if (found.empty()) found = FindKey(expanded, true);
   for (const auto word : kClassWords) {
@@ -303,15 +281,20 @@ std::string ObjectSearch::GetName(const FoundObject& object) const {
   return object.group == ObjectGroup::kTileStar ? GetTileStarName(object.index) : "";
 }
 
-std::string ObjectSearch::GetTitle(const FoundObject& object) const {
-  if (object.group == ObjectGroup::kFeature)
-    return GetName(object) + " (" + GetBodyName(Gazetteers::GetBody(object.index), *m_Catalogs) + ")";
+std::string ObjectSearch::GetOtherNames(const FoundObject& object) const {
+  if (object.group == ObjectGroup::kFeature) return "";
   std::vector<std::string> names = GetNames(object);
   if (object.group == ObjectGroup::kTileStar) names.push_back(GetTileStarName(object.index));
-  if (names.empty()) return "";
-  const std::string title = names.front();
-  names.erase(names.begin());
-  return names.empty() ? title : title + " (" + JoinNames(names) + ")";
+  if (!names.empty()) names.erase(names.begin());
+  return JoinNames(names);
+}
+
+std::string ObjectSearch::GetTitle(const FoundObject& object) const {
+  const std::string name = GetName(object);
+  if (object.group == ObjectGroup::kFeature)
+    return name + " (" + GetBodyName(Gazetteers::GetBody(object.index), *m_Catalogs) + ")";
+  const std::string others = GetOtherNames(object);
+  return others.empty() ? name : name + " (" + others + ")";
 }
 
 }  // namespace scene

@@ -4,9 +4,9 @@
 // iCalendar (RFC 5545).
 #include <cmath>
 
+#include "scene/event_kinds.h"
+#include "scene/event_title.h"
 #include "skyview/almanac/event_formats.h"
-#include "skyview/almanac/event_kinds.h"
-#include "skyview/almanac/event_texts.h"
 #include "utils/messages.h"
 
 namespace skyview {
@@ -26,9 +26,9 @@ std::string FormatBody(const SSO_ID& id) {
 // by seconds: its name should not change then.
 std::string MakeIdentifier(const astro::SkyEvent& event, const EventWriting& writing) {
   constexpr std::size_t kHour = 11;  // "20270320T20"
-  std::string text = std::string(GetKindName(event.kind)) + FormatBody(event.body) + FormatBody(event.other) +
-                     "-" + FormatUniversalStamp(event.moment).substr(0, kHour);
-  if (writing.place && IsAboutPlace(event.kind)) {
+  std::string text = std::string(scene::GetKindName(event.kind)) + FormatBody(event.body) +
+                     FormatBody(event.other) + "-" + FormatUniversalStamp(event.moment).substr(0, kHour);
+  if (writing.place && scene::IsAboutPlace(event.kind)) {
     text += FormatText("%+.2f%+.2f", writing.place->lat / scene::kRadiansPerDegree,
                        writing.place->lon / scene::kRadiansPerDegree);
   }
@@ -42,9 +42,9 @@ std::string FormatComponent(const astro::SkyEvent& event, const EventWriting& wr
   text += FoldCalendarLine("UID:" + MakeIdentifier(event, writing));
   text += "DTSTAMP:" + begin + "\r\nDTSTART:" + begin + "\r\n";
   if (end != begin) text += "DTEND:" + end + "\r\n";
-  text += FoldCalendarLine("SUMMARY:" +
-                           EscapeCalendarText(GetEventTitle(event, writing.catalogs, writing.showers)));
-  text += FoldCalendarLine(std::string("CATEGORIES:") + GetKindName(event.kind));
+  text += FoldCalendarLine(
+      "SUMMARY:" + EscapeCalendarText(scene::GetEventTitle(event, writing.catalogs, writing.showers)));
+  text += FoldCalendarLine(std::string("CATEGORIES:") + scene::GetKindName(event.kind));
   return text + "TRANSP:TRANSPARENT\r\nEND:VEVENT\r\n";
 }
 

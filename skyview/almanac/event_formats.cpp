@@ -6,8 +6,9 @@
 #include <cstdlib>
 
 #include "astro/julian_date.h"
-#include "skyview/almanac/event_kinds.h"
-#include "skyview/almanac/event_texts.h"
+#include "scene/event_kinds.h"
+#include "scene/event_title.h"
+#include "skyview/almanac/text_table.h"
 #include "utils/json.h"
 #include "utils/messages.h"
 
@@ -32,7 +33,7 @@ scene::SkyMoment GetEnd(const astro::SkyEvent& event) { return scene::Later(even
 bool Lasts(const astro::SkyEvent& event) { return event.sinceBegin > 0.0 || event.untilEnd > 0.0; }
 
 std::string FormatValue(const astro::SkyEvent& event) {
-  const std::string unit = GetUnitOfKind(event.kind);
+  const std::string unit = scene::GetUnitOfKind(event.kind);
   return FormatText("%.6g", unit == "deg" ? event.value / scene::kRadiansPerDegree : event.value);
 }
 
@@ -54,15 +55,15 @@ std::string FormatCsvRecord(const std::vector<std::string>& fields) {
 std::vector<std::pair<std::string, std::string>> ListFields(const astro::SkyEvent& event,
                                                             const EventWriting& writing) {
   const auto& [catalogs, showers, clock, place] = writing;
-  return {{"kind", GetKindName(event.kind)},
+  return {{"kind", scene::GetKindName(event.kind)},
           {"time", FormatStamp(event.moment, clock)},
           {"begin", Lasts(event) ? FormatStamp(GetBegin(event), clock) : ""},
           {"end", Lasts(event) ? FormatStamp(GetEnd(event), clock) : ""},
-          {"body", GetEventBody(event.body, catalogs, showers)},
-          {"other", GetEventBody(event.other, catalogs, showers)},
+          {"body", scene::GetEventBody(event.body, catalogs, showers)},
+          {"other", scene::GetEventBody(event.other, catalogs, showers)},
           {"value", FormatValue(event)},
-          {"unit", GetUnitOfKind(event.kind)},
-          {"title", GetEventTitle(event, catalogs, showers)}};
+          {"unit", scene::GetUnitOfKind(event.kind)},
+          {"title", scene::GetEventTitle(event, catalogs, showers)}};
 }
 
 }  // namespace
@@ -86,7 +87,7 @@ std::string FormatEventTable(const std::vector<astro::SkyEvent>& events, const E
   for (const auto& event : events) {
     const std::string stamp = writing.clock.FormatMoment(event.moment);
     text += stamp + " " + writing.clock.FormatOffset(event.moment) + "  " +
-            GetEventTitle(event, writing.catalogs, writing.showers) + "\n";
+            scene::GetEventTitle(event, writing.catalogs, writing.showers) + "\n";
   }
   return text;
 }
@@ -116,6 +117,16 @@ std::string FormatEventJson(const std::vector<astro::SkyEvent>& events, const Ev
   for (const auto& event : events)
     elements.push_back(FormatEventAsJson(event, writing.catalogs, writing.showers, writing.clock));
   return JsonArray(elements);
+}
+
+std::string DescribeKinds() {
+  constexpr int kWidth = 100, kIndent = 16;
+  std::string text =
+      "Groups of kinds, and the kinds in them; without --kind all but those of every day (*):\n";
+  for (const auto& group : scene::ListKindGroups())
+    text += WrapList(group + (scene::IsDailyGroup(group) ? " *:" : ":"), scene::ListKinds(group), kWidth,
+                     kIndent);
+  return text;
 }
 
 }  // namespace skyview

@@ -52,4 +52,7 @@ std::string FoldCalendarLine(std::string_view utf8);
 // A text as the value of a property.
 std::string EscapeCalendarText(std::string_view utf8);
 
+// Help: a line for each group of kinds with its kinds.
+std::string DescribeKinds();
+
 }  // namespace skyview

@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "common_interfaces/dates.h"
+#include "scene/moment_text.h"
 #include "scene/texts.h"
-#include "skyview/reports/moment_text.h"
 #include "skyview/session/zone_time.h"
 #include "utils/messages.h"
 #include "utils/timezone.h"
@@ -19,7 +19,7 @@ double LocalClock::GetOffset(const scene::SkyMoment& moment) const {
 }
 
 std::string LocalClock::FormatMoment(const scene::SkyMoment& moment) const {
-  return skyview::FormatMoment(moment.day, moment.fraction + GetOffset(moment));
+  return scene::FormatMoment(moment.day, moment.fraction + GetOffset(moment));
 }
 
 std::string LocalClock::FormatTime(const scene::SkyMoment& moment) const {
@@ -28,7 +28,7 @@ std::string LocalClock::FormatTime(const scene::SkyMoment& moment) const {
 }
 
 std::string LocalClock::FormatDay(const scene::SkyMoment& moment) const {
-  return skyview::FormatDay(moment.day, moment.fraction + GetOffset(moment));
+  return scene::FormatDay(moment.day, moment.fraction + GetOffset(moment));
 }
 
 std::string LocalClock::FormatOffset(const scene::SkyMoment& moment) const {

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "astro/meteor_showers.h"
+#include "scene/disc_text.h"
+#include "scene/event_title.h"
 #include "skyview/almanac/event_formats.h"
-#include "skyview/almanac/event_texts.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/night_report.h"
-#include "skyview/reports/body_texts.h"
 #include "utils/json.h"
 #include "utils/messages.h"
 
@@ -100,7 +100,7 @@ class NightJson {
         {"stays_down", events.staysDown ? "true" : "false"},
         {"magnitude", Number(body.seen.magnitude, 2)},
         {"diameter_arcsec", Number(2.0 * body.seen.angularRadius / astro::kRadiansPerArcsecond, 2)},
-        {"lit_percent", std::to_string(GetLitPercent(body.seen.phaseAngle))},
+        {"lit_percent", std::to_string(scene::GetLitPercent(body.seen.phaseAngle))},
         {"constellation", JsonString(GetConstellationName(body.seen.astrometric, m_Catalogs))}};
     if (!body.best) return members;
     for (auto& member : Sight(*body.best)) members.push_back(std::move(member));
@@ -123,7 +123,7 @@ class NightJson {
   std::string Shower(const scene::NightShower& shower) const {
     const std::string code = astro::GetVisualShowers()[static_cast<std::size_t>(shower.shower)].code;
     Members members = Sight(shower.radiant);
-    members.insert(members.begin(), {{"name", JsonString(GetShowerName(shower.shower, m_Showers))},
+    members.insert(members.begin(), {{"name", JsonString(scene::GetShowerName(shower.shower, m_Showers))},
                                      {"code", JsonString(code)}});
     members.push_back({"an_hour", Number(shower.rate, 1)});
     members.push_back({"days_to_maximum", Degrees(shower.toPeak)});

@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "common_interfaces/object_kinds.h"
-#include "skyview/almanac/event_texts.h"
+#include "scene/disc_text.h"
+#include "scene/event_title.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/night_report.h"
 #include "skyview/almanac/text_table.h"
-#include "skyview/reports/body_texts.h"
 #include "utils/messages.h"
 
 namespace skyview {
@@ -115,22 +115,23 @@ void NightWriter::AddDarkness() {
 
 void NightWriter::AddMoon() {
   const ObservedBody& moon = m_Report.plan.moon.seen;
-  const int lit = GetLitPercent(moon.phaseAngle);
+  const int lit = scene::GetLitPercent(moon.phaseAngle);
   // It waxes until it is full, which is the next of the two to come.
   const auto turn = std::find_if(m_Report.phases.begin(), m_Report.phases.end(), [](const auto& event) {
     return event.kind == astro::EventKind::kNewMoon || event.kind == astro::EventKind::kFullMoon;
   });
   const bool waxing = turn != m_Report.phases.end() && turn->kind == astro::EventKind::kFullMoon;
   const std::string name = GetBodyName(astro::kMoon, m_Catalogs),
-                    phase = GetText(HostText::kFirstMoonPhase, GetMoonPhase(lit, waxing));
+                    phase = Utf8(scene::GetMoonPhaseName(scene::GetMoonPhase(lit, waxing)));
   m_Text += name + ": " +
             Utf8(Localize(HostText::kMoonOfNight,
                           {scene::ToCodePage(phase).c_str(), lit, m_Report.moonAge.value_or(0.0),
-                           FormatSize(2.0 * moon.angularRadius).c_str()})) +
+                           scene::FormatSize(2.0 * moon.angularRadius).c_str()})) +
             "\n";
   std::vector<std::string> phases;
   for (const auto& event : m_Report.phases) {
-    phases.push_back(GetEventTitle(event, m_Catalogs, m_Showers) + " " + m_Clock.FormatMoment(event.moment));
+    phases.push_back(scene::GetEventTitle(event, m_Catalogs, m_Showers) + " " +
+                     m_Clock.FormatMoment(event.moment));
   }
   if (!phases.empty()) m_Text += WrapList("", phases, kPageWidth, 0);
 }
@@ -213,7 +214,7 @@ void NightWriter::AddShowers() {
   table.AddRow({"", GetText(HostText::kRate), GetText(HostText::kBest), GetText(HostText::kAltitude),
                 GetText(HostText::kTowards), GetText(HostText::kMaximum)});
   for (const auto& shower : m_Report.showers) {
-    table.AddRow({GetShowerName(shower.shower, m_Showers), FormatText("%.0f", shower.rate),
+    table.AddRow({scene::GetShowerName(shower.shower, m_Showers), FormatText("%.0f", shower.rate),
                   Time(shower.radiant.moment), FormatDegrees(shower.radiant.altitude),
                   FormatTowards(shower.radiant.azimuth),
                   FormatPeak(shower.toPeak / scene::kRadiansPerDegree)});
@@ -248,10 +249,10 @@ void NightWriter::AddPasses() {
 void NightWriter::AddNext() {
   m_Text += "\n" + Utf8(Localize(HostText::kNextDays, {kNextDays})) + "\n";
   for (const auto& event : m_Report.next) {
-    m_Text +=
-        CutTo("  " + m_Clock.FormatMoment(event.moment) + "  " + GetEventTitle(event, m_Catalogs, m_Showers),
-              kPageWidth) +
-        "\n";
+    m_Text += CutTo("  " + m_Clock.FormatMoment(event.moment) + "  " +
+                        scene::GetEventTitle(event, m_Catalogs, m_Showers),
+                    kPageWidth) +
+              "\n";
   }
   if (m_Report.next.empty()) m_Text += "  " + GetText(HostText::kNone) + "\n";
 }

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "astro/delta_t.h"
-#include "skyview/almanac/event_search.h"
+#include "scene/event_search.h"
 
 namespace skyview {
 namespace {
@@ -26,8 +26,8 @@ scene::SkyMoment FromDynamicalTime(double julianDateTT) {
 void AddPhases(const scene::SkyMoment& now, NightReport& report) {
   constexpr double kBefore = 31.0, kAfter = 31.0;  // days: more than a month of the Moon
   constexpr std::size_t kPhases = 4;
-  const auto found = FindEvents(FindKinds("phases"),
-                                {scene::Later(now, -kBefore), scene::Later(now, kAfter), std::nullopt}, {});
+  const auto found = scene::FindEvents(
+      scene::FindKinds("phases"), {scene::Later(now, -kBefore), scene::Later(now, kAfter), std::nullopt}, {});
   for (const auto& event : found.events) {
     const double since = scene::NightSpan{event.moment, now}.GetLength();
     if (since >= 0.0 && event.kind == EventKind::kNewMoon) report.moonAge = since;
@@ -50,10 +50,10 @@ bool IsWorthTelling(const astro::SkyEvent& event) {
   return event.more > kGlare && (!(moon && star) || std::fabs(event.value) < kNear);
 }
 
-EventKinds GetNextKinds() {
-  EventKinds kinds = GetRareKinds();
+scene::EventKinds GetNextKinds() {
+  scene::EventKinds kinds = scene::GetRareKinds();
   for (const auto* const left : {"phases", "moon", "perihelion", "aphelion", "appulse"}) {
-    kinds &= ~FindKinds(left);
+    kinds &= ~scene::FindKinds(left);
   }
   return kinds;
 }
@@ -61,7 +61,7 @@ EventKinds GetNextKinds() {
 void AddNext(NightReport& report) {
   const astro::EventSearch search = {report.plan.whole.begin,
                                      scene::Later(report.plan.whole.begin, kNextDays), report.place};
-  auto found = FindEvents(GetNextKinds(), search, {});
+  auto found = scene::FindEvents(GetNextKinds(), search, {});
   std::erase_if(found.events, [](const auto& event) { return !IsWorthTelling(event); });
   if (found.events.size() > kMostNext) found.events.resize(kMostNext);
   report.next = std::move(found.events);
@@ -77,7 +77,7 @@ bool IsDarkAt(const scene::SkyMoment& moment, const scene::NightPlan& plan) {
 // The highest ones of those that culminate in the dark, in the order of time.
 void AddPasses(const scene::SkyCatalogs& catalogs, NightReport& report) {
   const astro::EventSearch search = {report.plan.whole.begin, report.plan.whole.end, report.place};
-  auto passes = FindEvents(FindKinds("satellites"), search, catalogs.bodies).events;
+  auto passes = scene::FindEvents(scene::FindKinds("satellites"), search, catalogs.bodies).events;
   std::erase_if(passes, [&report](const auto& pass) { return !IsDarkAt(pass.moment, report.plan); });
   auto sorted = passes;
   std::stable_sort(sorted.begin(), sorted.end(),

@@ -6,9 +6,9 @@
 #include <array>
 #include <iterator>
 
-#include "skyview/almanac/event_kinds.h"
-#include "skyview/almanac/event_search.h"
-#include "skyview/almanac/event_texts.h"
+#include "scene/event_kinds.h"
+#include "scene/event_search.h"
+#include "scene/event_title.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/text_table.h"
 
@@ -26,9 +26,9 @@ const std::vector<const char*> kParts[] = {
     {"seasons"}, {"phases"}, {"eclipses"}, {"planets", "conjunctions"}, {"showers"}};
 constexpr int kPhasesPart = 1;
 
-EventKinds FindKindsOfPart(int part) {
-  EventKinds kinds;
-  for (const auto* const group : kParts[part]) kinds |= FindKinds(group);
+scene::EventKinds FindKindsOfPart(int part) {
+  scene::EventKinds kinds;
+  for (const auto* const group : kParts[part]) kinds |= scene::FindKinds(group);
   return kinds;
 }
 
@@ -42,7 +42,7 @@ std::string FormatPhases(const std::vector<astro::SkyEvent>& events, const Event
   for (int i = 0; i < kQuarters; ++i) {
     astro::SkyEvent phase;
     phase.kind = static_cast<EventKind>(static_cast<int>(EventKind::kNewMoon) + i);
-    head.push_back(GetEventTitle(phase, writing.catalogs, writing.showers));
+    head.push_back(scene::GetEventTitle(phase, writing.catalogs, writing.showers));
   }
   table.AddRow(head);
   bool any = false;
@@ -63,7 +63,7 @@ std::string FormatList(const std::vector<astro::SkyEvent>& events, const EventWr
   std::string text;
   for (const auto& event : events) {
     text += CutTo("  " + WithoutYear(writing.clock.FormatMoment(event.moment)) + "  " +
-                      GetEventTitle(event, writing.catalogs, writing.showers),
+                      scene::GetEventTitle(event, writing.catalogs, writing.showers),
                   kPageWidth) +
             "\n";
   }
@@ -80,11 +80,11 @@ bool IsOfAlmanac(const astro::SkyEvent& event) {
 }  // namespace
 
 std::vector<astro::SkyEvent> FindYearEvents(const astro::EventSearch& search) {
-  EventKinds kinds;
+  scene::EventKinds kinds;
   for (int part = 0; part < static_cast<int>(std::size(kParts)); ++part) kinds |= FindKindsOfPart(part);
   // Conjunctions have the same nights, and tell less.
-  kinds &= ~FindKinds("appulse");
-  auto found = FindEvents(kinds, search, {});
+  kinds &= ~scene::FindKinds("appulse");
+  auto found = scene::FindEvents(kinds, search, {});
   std::erase_if(found.events, [](const auto& event) { return !IsOfAlmanac(event); });
   return std::move(found.events);
 }
@@ -95,10 +95,10 @@ std::string FormatYear(int year, const std::vector<astro::SkyEvent>& events, con
   std::string text =
       scene::ToUtf8(Localize(HostText::kYearTitle, {year, scene::ToCodePage(place).c_str()})) + "\n";
   for (int part = 0; part < static_cast<int>(std::size(kParts)); ++part) {
-    const EventKinds kinds = FindKindsOfPart(part);
+    const scene::EventKinds kinds = FindKindsOfPart(part);
     std::vector<astro::SkyEvent> own;
     std::copy_if(events.begin(), events.end(), std::back_inserter(own),
-                 [&kinds](const auto& event) { return Contains(kinds, event.kind); });
+                 [&kinds](const auto& event) { return scene::HasKind(kinds, event.kind); });
     if (own.empty()) continue;
     text += "\n" + GetText(HostText::kFirstYearPart, part) + "\n" +
             (part == kPhasesPart ? FormatPhases(own, writing) : FormatList(own, writing));

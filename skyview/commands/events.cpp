@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "scene/base_plane.h"
+#include "scene/event_search.h"
 #include "scene/showers.h"
 #include "skyview/almanac/event_formats.h"
-#include "skyview/almanac/event_search.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/object_finder.h"
 #include "skyview/commands/prepared_view.h"
@@ -34,12 +34,12 @@ bool AsksForHelp(const EventOptions& options) {
   return options.kinds.size() == 1 && options.kinds[0] == "help";
 }
 
-EventKinds ReadKinds(const std::vector<std::string>& names) {
-  if (names.empty()) return GetRareKinds();
-  EventKinds kinds;
+scene::EventKinds ReadKinds(const std::vector<std::string>& names) {
+  if (names.empty()) return scene::GetRareKinds();
+  scene::EventKinds kinds;
   for (const auto& name : names) {
-    const EventKinds more = FindKinds(name);
-    const auto near = FindNearNames(name, ListKindNames());
+    const scene::EventKinds more = scene::FindKinds(name);
+    const auto near = FindNearNames(name, scene::ListKindNames());
     if (more.none())
       throw Stop{kBadOption, "--kind '" + name + "': no such kind of events" +
                                  (near.empty() ? "" : ", wants for example " + JoinNames(near)) +
@@ -108,7 +108,8 @@ std::string RunEvents(const Call& call) {
   const DaySpan span = *ParseDaySpan(options.span);
   astro::EventSearch search = {clock.FindMidnight(span.first), clock.FindMidnight(span.last + 1), {}};
   if (scene::IsNearSurface(view.camera)) search.place = scene::GetPlace(view.camera);
-  const FoundEvents found = FindEvents(ReadKinds(options.events.kinds), search, catalogs.bodies);
+  const scene::FoundEvents found =
+      scene::FindEvents(ReadKinds(options.events.kinds), search, catalogs.bodies);
   if (!found.complete)
     call.diagnostics.lines.push_back("events: for a part of " + options.span + " nobody can tell\n");
   const std::string text = Format(options.events.format.value_or(TextFormat::kText), found.events,

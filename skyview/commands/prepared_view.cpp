@@ -12,18 +12,18 @@ namespace {
 constexpr unsigned kOwner = 1;  // of the camera and of the settings
 
 // What the data of today cannot follow becomes a diagnostic line.
-void RestoreSettings(const std::optional<SessionCapsule>& session, Diagnostics& diagnostics,
+void RestoreSettings(const std::optional<scene::SessionCapsule>& session, Diagnostics& diagnostics,
                      CommonInterfaces::SettingsData& settings) {
   if (!session) return;
   std::vector<std::string> lost;
-  RestoreSettings(*session, settings, lost);
+  scene::RestoreSettings(*session, settings, lost);
   for (const auto& line : lost) diagnostics.lines.push_back(line + "\n");
 }
 
 }  // namespace
 
 PreparedView::PreparedView(const ViewOptions& options, const SettingsOptions& changes,
-                           const std::optional<SessionCapsule>& session, const Clock& clock,
+                           const std::optional<scene::SessionCapsule>& session, const Clock& clock,
                            Diagnostics& diagnostics)
     : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(kOwner) {
   Require(LoadSettings(changes.settings, settings));

@@ -7,11 +7,11 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
+#include "scene/session_file.h"
 #include "skyview/options/settings_group.h"
 #include "skyview/options/view_group.h"
 #include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/session/session_file.h"
 
 namespace skyview {
 
@@ -20,7 +20,8 @@ namespace skyview {
 struct PreparedView {
   // Throws Stop. Favourites of the settings are not added: their names want the catalogs (ObjectFinder).
   PreparedView(const ViewOptions& options, const SettingsOptions& changes,
-               const std::optional<SessionCapsule>& session, const Clock& clock, Diagnostics& diagnostics);
+               const std::optional<scene::SessionCapsule>& session, const Clock& clock,
+               Diagnostics& diagnostics);
 
   CommonInterfaces::SettingsData settings;
   CommonInterfaces::Camera camera;

@@ -9,8 +9,8 @@
 #include "paint/picture_file.h"
 #include "paint/star_trails.h"
 #include "scene/caption.h"
+#include "scene/moment_text.h"
 #include "skyview/commands/start.h"
-#include "skyview/reports/moment_text.h"
 #include "skyview/reports/status.h"
 #include "skyview/session/playback.h"
 #include "utils/clock.h"
@@ -29,7 +29,7 @@ constexpr int kFramesPerSecond = 10;  // of the animation clock and of animated 
 std::string GetMomentText(const Camera& camera) {
   CommonInterfaces::_Date time;
   camera.GetUniversalTime(time);
-  return FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta());
+  return scene::FormatMoment(time.day, time.fraction + camera.GetLocUTCdelta());
 }
 
 // The animation clock at a frame of a sequence.
@@ -96,7 +96,7 @@ void ShowOrbits(const SequenceOptions& options, ShownSky& sky) {
 
 std::optional<paint::Sheet> FindSheet(const ChartOptions& chart) {
   if (!chart.page) return std::nullopt;
-  return paint::Sheet{chart.page->width, chart.page->height, Page::kMargin};
+  return paint::Sheet{chart.page->width, chart.page->height, scene::Page::kMargin};
 }
 
 void DrawSequence(const SequenceOptions& options, const std::vector<std::string>& patterns,

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/shown_sky.h"
 
-#include <algorithm>
-
+#include "scene/besides.h"
 #include "scene/caption.h"
+#include "scene/image_group_names.h"
+#include "scene/orbit_request.h"
 #include "scene/pick.h"
 #include "scene/why.h"
 #include "skyview/commands/start.h"
-#include "skyview/options/catalog_requests.h"
-#include "skyview/reports/besides.h"
 #include "skyview/reports/explanation.h"
 #include "skyview/reports/report.h"
 #include "skyview/reports/shower_report.h"
@@ -22,34 +21,18 @@
 namespace skyview {
 namespace {
 
-// Those of a group of bodies.
-std::vector<int> FindOrbits(const OrbitRequest& request, const scene::BodyList& bodies) {
-  std::vector<int> orbits;
-  for (int i = 0; i < static_cast<int>(bodies.size()); ++i) {
-    const int kind = bodies[static_cast<std::size_t>(i)].id.kind;
-    const bool asked =
-        (request.planets && kind == FourCC("plnt")) || (request.moons && kind == FourCC("moon"));
-    if (i != scene::kSunBody && (request.all || asked)) orbits.push_back(i);
-  }
-  return orbits;
-}
-
-// The bodies whose orbits --orbits asks for, each once.
-std::vector<int> FindOrbits(const ExtraOptions& options, const scene::BodyList& bodies,
+// The bodies whose orbits --orbits asks for.
+std::vector<int> FindOrbits(const ExtraOptions& options, const scene::SkyCatalogs& catalogs,
                             ObjectFinder& finder) {
   if (!options.orbits) return {};
-  std::vector<int> orbits = FindOrbits(*options.orbits, bodies);
-  for (const auto& name : options.orbits->names) {
-    const scene::FoundObject found = finder.Find("--orbits", name);
-    Require(found.group == scene::ObjectGroup::kBody && found.index != scene::kSunBody,
-            "--orbits '" + name + "': has no orbit that can be drawn");
-    if (std::find(orbits.begin(), orbits.end(), found.index) == orbits.end()) orbits.push_back(found.index);
-  }
-  return orbits;
+  std::string error;
+  const auto orbits = scene::FindOrbitBodies(*options.orbits, catalogs.bodies, finder.GetSearch(), error);
+  Require(orbits.has_value(), "--orbits " + error);
+  return *orbits;
 }
 
 // The objects that are marked: those of the session, else the user's favourites.
-std::vector<SSO_ID> FindMarks(const std::optional<SessionCapsule>& session) {
+std::vector<SSO_ID> FindMarks(const std::optional<scene::SessionCapsule>& session) {
   if (!session) return ReadFavourites();
   std::vector<SSO_ID> marks;
   for (const auto& mark : session->marks) marks.emplace_back(mark.kind, mark.number);
@@ -61,7 +44,7 @@ scene::Landscape FindLandscape(const ChartOptions& chart, const CommonInterfaces
   scene::Landscape landscape;
   const int choice = chart.landscape.value_or(scene::kDefaultLandscape);
   std::string error;
-  if (choice == kNoLandscape) return landscape;
+  if (choice == scene::kNoLandscape) return landscape;
   const bool found = scene::LoadLandscape(camera.GetObserver(), choice, landscape, error);
   Require(found || !chart.landscape, "--landscape: " + error);
   if (!found) PrintDebugString("%s\n", error.c_str());
@@ -70,7 +53,7 @@ scene::Landscape FindLandscape(const ChartOptions& chart, const CommonInterfaces
 
 }  // namespace
 
-ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session,
+ShownSky::ShownSky(const SkyOptions& options, const std::optional<scene::SessionCapsule>& session,
                    const Clock& clock, Diagnostics& diagnostics)
     : m_View(options.view, options.settings, session, clock, diagnostics),
       m_Finder(m_Catalogs),
@@ -84,7 +67,7 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
           AimView(options.view, m_Catalogs, m_Finder, m_Shown.refraction, m_View.camera, diagnostics))
     m_Besides = DescribeAim(*aim);
   m_Choice = DescribeChoice(options.view, m_View.camera);
-  m_Orbits = FindOrbits(options.extras, m_Catalogs.bodies, m_Finder);
+  m_Orbits = FindOrbits(options.extras, m_Catalogs, m_Finder);
   AddFavourites(options.settings, m_Catalogs, m_Finder, m_View.settings);
   m_Marks = FindMarks(session);
   m_Filters.Refresh(m_View.settings);
@@ -96,7 +79,7 @@ ShownSky::ShownSky(const SkyOptions& options, const std::optional<SessionCapsule
 }
 
 std::string ShownSky::DescribeAim(const scene::FoundObject& aim) {
-  const std::string text = DescribeBesides(aim, m_Catalogs, m_View.camera);
+  const std::string text = scene::DescribeBesides(aim, m_Catalogs, m_View.camera);
   return text.empty() ? "" : m_Finder.GetSearch().GetTitle(aim) + "\n" + text;
 }
 
@@ -110,7 +93,7 @@ void ShownSky::SetUpFrame(const SkyOptions& options) {
   if (options.extras.showers) frame.SetShowers(scene::LoadShowers());
   if (const auto missing = frame.SetImageFrames(options.extras.framesOf)) {
     Require(false, std::string(scene::GetImageCatalogName(*missing)) + ": not found, which --frames-of " +
-                       FormatImageGroups(*missing) + " wants");
+                       scene::FormatImageGroups(*missing) + " wants");
   }
   frame.SetCaption(scene::MakeCaption(m_Status, size.width, size.height));
 }

@@ -20,7 +20,7 @@ class ShownSky {
  public:
   // Restores the view, loads the catalogs, finds what the options name and prepares the first frame. Throws
   // Stop.
-  ShownSky(const SkyOptions& options, const std::optional<SessionCapsule>& session, const Clock& clock,
+  ShownSky(const SkyOptions& options, const std::optional<scene::SessionCapsule>& session, const Clock& clock,
            Diagnostics& diagnostics);
   ShownSky(const ShownSky&) = delete;
   ShownSky& operator=(const ShownSky&) = delete;

@@ -49,16 +49,17 @@ std::string EnterRoots(const RootOptions& root, const std::string& programFolder
   return data;
 }
 
-std::optional<SessionCapsule> ReadSession(const ViewOptions& view) {
+std::optional<scene::SessionCapsule> ReadSession(const ViewOptions& view) {
   if (!view.session) return std::nullopt;
-  SessionCapsule session;
+  scene::SessionCapsule session;
   std::string error;
   Require(LoadSession(*view.session, session, error), error);
   return session;
 }
 
-void ReportChangedData(const SessionCapsule& session, const std::string& language, Diagnostics& diagnostics) {
-  for (const auto& line : FindChangedData(session, language)) diagnostics.lines.push_back(line + "\n");
+void ReportChangedData(const scene::SessionCapsule& session, const std::string& language,
+                       Diagnostics& diagnostics) {
+  for (const auto& line : scene::FindChangedData(session, language)) diagnostics.lines.push_back(line + "\n");
 }
 
 }  // namespace skyview

@@ -25,16 +25,17 @@ RootOptions ParseRoots(const Call& call);
 std::string EnterRoots(const RootOptions& root, const std::string& programFolder);
 
 // The session of --session, nothing without.
-std::optional<SessionCapsule> ReadSession(const ViewOptions& view);
+std::optional<scene::SessionCapsule> ReadSession(const ViewOptions& view);
 
 // A line for each data file that is another than when the session was saved.
-void ReportChangedData(const SessionCapsule& session, const std::string& language, Diagnostics& diagnostics);
+void ReportChangedData(const scene::SessionCapsule& session, const std::string& language,
+                       Diagnostics& diagnostics);
 
 // Reads the session that the view asks for, takes from it what the command line does not say, and enters the
 // roots. `groups`: the other groups that the command takes and a session has something to say of.
 template <class... Groups>
-std::optional<SessionCapsule> Start(const Call& call, RootOptions& root, ViewOptions& view,
-                                    Groups&... groups) {
+std::optional<scene::SessionCapsule> Start(const Call& call, RootOptions& root, ViewOptions& view,
+                                           Groups&... groups) {
   auto session = ReadSession(view);
   if (session) {
     TakeOver(*session, root);

@@ -6,9 +6,9 @@
 #include "astro/julian_date.h"
 #include "common_interfaces/dates.h"
 #include "scene/base_plane.h"
+#include "scene/event_title.h"
 #include "scene/showers.h"
 #include "scene/year_chart.h"
-#include "skyview/almanac/event_texts.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/year_page.h"
 #include "skyview/commands/chart_files.h"
@@ -101,7 +101,8 @@ class YearChart {
   }
   scene::NightName NameEvent(const astro::SkyEvent& event) const {
     const double local = event.moment.fraction + m_Offset + (event.moment.day - m_Year.first);
-    return {static_cast<int>(std::floor(local)), GetEventTitle(event, m_Writing.catalogs, m_Writing.showers)};
+    return {static_cast<int>(std::floor(local)),
+            scene::GetEventTitle(event, m_Writing.catalogs, m_Writing.showers)};
   }
 
   const DaySpan& m_Year;

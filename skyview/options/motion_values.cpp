@@ -58,14 +58,6 @@ bool TakeStep(std::string_view step, PlayRequest& play) {
   return true;
 }
 
-std::optional<double> ParseRightAscension(std::string_view text) {
-  if (!text.ends_with('h')) return ParseNumber(text, 0.0, 360.0);
-  text.remove_suffix(1);
-  const auto hours = ParseNumber(text, 0.0, 24.0);
-  if (!hours) return std::nullopt;
-  return *hours * 15.0;
-}
-
 }  // namespace
 
 std::optional<MovingType> ParseMovingType(std::string_view text) {
@@ -90,21 +82,6 @@ std::optional<PlayRequest> ParsePlay(std::string_view text) {
 }
 
 std::optional<int> ParseFrameCount(std::string_view text) { return ParseNumber(text, 1, kMaxFrames); }
-
-std::optional<scene::SkyMark> ParseMark(std::string_view text) {
-  scene::SkyMark mark;
-  bool more = false;
-  const auto ra = ParseRightAscension(TakePart(text, more));
-  if (!ra || !more) return std::nullopt;
-  const auto dec = ParseNumber(TakePart(text, more), -90.0, 90.0);
-  if (!dec) return std::nullopt;
-  mark.ra = *ra;
-  mark.dec = *dec;
-  if (!more) return mark;
-  mark.id = ParseNumber(text, 0, 2147483647);
-  if (!mark.id) return std::nullopt;
-  return mark;
-}
 
 std::optional<FrameNames> FrameNames::Parse(std::string_view pattern) {
   FrameNames names;

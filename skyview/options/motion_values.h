@@ -10,9 +10,12 @@
 #include <string_view>
 #include <vector>
 
-#include "scene/sky_markers.h"
+#include "scene/mark_text.h"
 
 namespace skyview {
+
+using scene::kMaxMarks;
+using scene::ParseMark;
 
 // "3" or "3,keep".
 struct MovingType {
@@ -27,15 +30,13 @@ struct PlayRequest {
 };
 
 inline constexpr int kMaxFrames = 10000;
-inline constexpr int kMaxMarks = 100;
 
 std::optional<MovingType> ParseMovingType(std::string_view text);
 
 // "time=10m" or "view=1,view=0.5" or both, each with a step that is not 0. A step of time has a unit, s, m, h
 // or d, and is at most 100000 days; one of the view is at most 360 degrees, and 0 leaves that angle alone.
 std::optional<PlayRequest> ParsePlay(std::string_view text);
-std::optional<int> ParseFrameCount(std::string_view text);       // 1 to kMaxFrames
-std::optional<scene::SkyMark> ParseMark(std::string_view text);  // "83.8,-5.4", "5.59h,-5.4,7"
+std::optional<int> ParseFrameCount(std::string_view text);  // 1 to kMaxFrames
 
 // The name of a sequence's pictures: "sky-%03d.png", with one number, "%d" or "%0Nd" with N from 1 to 9, and
 // no other percent sign.

@@ -160,16 +160,6 @@ std::optional<Aim> ParseAim(std::string_view text) {
   return aim;
 }
 
-std::optional<PictureSize> ParseSize(std::string_view text) {
-  constexpr int kMin = 64, kMax = 16384;
-  const auto x = text.find('x');
-  if (x == std::string_view::npos) return std::nullopt;
-  const auto width = ParseNumber<int>(text.substr(0, x), kMin, kMax);
-  const auto height = ParseNumber<int>(text.substr(x + 1), kMin, kMax);
-  if (!width || !height) return std::nullopt;
-  return PictureSize{*width, *height};
-}
-
 std::optional<Pixel> ParsePixel(std::string_view text) {
   constexpr double kMost = 16384.0;
   const auto pair = ParsePair(text, 0.0, kMost, 0.0, kMost);

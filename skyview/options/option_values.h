@@ -10,9 +10,13 @@
 #include <string>
 #include <string_view>
 
+#include "scene/picture_size.h"
 #include "scene/zoom_range.h"
 
 namespace skyview {
+
+using scene::ParseSize;
+using scene::PictureSize;
 
 // A view in a settings file: "FILE" or "FILE:ID".
 struct ViewFile {
@@ -43,12 +47,6 @@ struct Look {
   double altitude = 0.0;  // -90 to 90
 };
 
-// Pixels.
-struct PictureSize {
-  int width = 1600;  // 64 to 16384
-  int height = 1000;
-};
-
 // A place in the picture, pixels from its upper left corner.
 struct Pixel {
   double x = 0.0;  // to the right, 0 to 16384
@@ -70,10 +68,9 @@ std::optional<Look> ParseLook(std::string_view text);    // "180,30"
 // "Jupiter", "M31@8": the zoom stands behind the last "@". Nothing for a text that a direction was meant by:
 // of nothing but signs, points, commas and digits, and more than digits, which can be a satellite's name.
 std::optional<Aim> ParseAim(std::string_view text);
-std::optional<PictureSize> ParseSize(std::string_view text);  // "1600x1000"
-std::optional<Pixel> ParsePixel(std::string_view text);       // "498,466"
-std::optional<double> ParseZoom(std::string_view text);       // kMinZoom to kMaxZoom
-std::optional<double> ParseField(std::string_view text);      // degrees, 0.0001 to 359
+std::optional<Pixel> ParsePixel(std::string_view text);   // "498,466"
+std::optional<double> ParseZoom(std::string_view text);   // kMinZoom to kMaxZoom
+std::optional<double> ParseField(std::string_view text);  // degrees, 0.0001 to 359
 
 std::optional<ClockTime> ParseClockTime(std::string_view text);  // "now", "today", "tonight"
 // "2026-01-15T22:00", with optional ":SS" or ":SS.fff" and "Z" or "+01:00" behind; a blank may stand for the

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/options/sky_group.h"
 
-#include "skyview/options/catalog_requests.h"
+#include "scene/image_group_names.h"
 #include "skyview/options/stop.h"
 
 namespace skyview {
@@ -14,7 +14,7 @@ constexpr OptionRow<SatelliteOptions> kSatelliteRows[] = {
      [](const std::string& text, SatelliteOptions& options) { return Put(ParseName(text), options.tle); }}};
 
 bool ReadImageGroups(const std::string& text, ExtraOptions& extras) {
-  const auto groups = ParseImageGroups(text);
+  const auto groups = scene::ParseImageGroups(text);
   extras.framesOf |= groups.value_or(0);
   return groups.has_value();
 }

@@ -8,14 +8,18 @@
 #include <string>
 #include <string_view>
 
+#include "scene/orbit_request.h"
 #include "skyview/options/chart_group.h"
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"
-#include "skyview/options/orbit_request.h"
 #include "skyview/options/settings_group.h"
 #include "skyview/options/view_group.h"
 
 namespace skyview {
+
+using scene::FormatOrbits;
+using scene::OrbitRequest;
+using scene::ParseOrbits;
 
 struct SatelliteOptions {
   std::optional<std::string> tle;  // file of two-line elements

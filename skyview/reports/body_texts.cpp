@@ -6,8 +6,8 @@
 
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
-#include "astro/planets.h"
 #include "astro/vectors.h"
+#include "scene/disc_text.h"
 #include "scene/object_names.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/text.h"
@@ -34,32 +34,32 @@ double FindLongitudeFromSun(const ObservedBody& body, const ObservedBody& sun) {
   return ahead < 0.0 ? ahead + 2.0 * scene::kPi : ahead;
 }
 
-HostText MoonPhase(const scene::BodyModel& model) {
+std::string MoonPhase(const scene::BodyModel& model) {
   const ObservedBody& moon = model.GetMoon().seen;
   const bool waxing = FindLongitudeFromSun(moon, model.GetSun().seen) < scene::kPi;
-  return Nth(HostText::kFirstMoonPhase, GetMoonPhase(GetLitPercent(moon.phaseAngle), waxing));
+  return scene::GetMoonPhaseName(scene::GetMoonPhase(scene::GetLitPercent(moon.phaseAngle), waxing));
 }
 
 // In the evening sky while it is east of the Sun: as a crescent, half, or gibbous, and thence on as a full
 // disc.
-HostText PlanetPhase(const scene::BodyModel& model, const ObservedBody& seen) {
+std::string PlanetPhase(const scene::BodyModel& model, const ObservedBody& seen) {
   constexpr int kCrescent = 0, kHalf = 1, kGibbous = 2, kFull = 3, kMorning = 4;
   const bool evening = FindLongitudeFromSun(seen, model.GetSun().seen) < scene::kPi;
-  const int lit = GetLitPercent(seen.phaseAngle);
+  const int lit = scene::GetLitPercent(seen.phaseAngle);
   const int shape = lit < 45 ? kCrescent : lit <= 55 ? kHalf : lit < 97 ? kGibbous : kFull;
-  return Nth(HostText::kFirstPlanetPhase, shape + (evening ? 0 : kMorning));
+  return Localize(Nth(HostText::kFirstPlanetPhase, shape + (evening ? 0 : kMorning)), {});
 }
 
 std::string DescribeBody(const scene::BodyModel& model, int body) {
   const SSO_ID& id = model.GetBodies()[static_cast<std::size_t>(body)].id;
   const ObservedBody& seen = model.GetStates()[static_cast<std::size_t>(body)].seen;
-  const std::string name = scene::GetPlanetOrMoonName(id), size = FormatSize(2.0 * seen.angularRadius);
+  const std::string name = scene::GetPlanetOrMoonName(id), size = scene::FormatSize(2.0 * seen.angularRadius);
   const bool otherMoon = id.kind == FourCC("moon") && body != scene::kMoonBody;
   if (body == scene::kSunBody || otherMoon)
     return Line(HostText::kSunSeen, {name.c_str(), seen.magnitude, size.c_str()});
-  const HostText phase = body == scene::kMoonBody ? MoonPhase(model) : PlanetPhase(model, seen);
+  const std::string phase = body == scene::kMoonBody ? MoonPhase(model) : PlanetPhase(model, seen);
   return Line(HostText::kBodySeen, {name.c_str(), seen.magnitude, size.c_str(),
-                                    GetLitPercent(seen.phaseAngle), Localize(phase, {}).c_str()});
+                                    scene::GetLitPercent(seen.phaseAngle), phase.c_str()});
 }
 
 std::string DescribeEclipses(const scene::EclipseShadows& shadows) {
@@ -93,30 +93,6 @@ std::string DescribeSatellite(const scene::SkyFrame& frame, int body) {
 
 }  // namespace
 
-std::string FormatSize(double angle) {
-  const double seconds = angle / scene::kRadiansPerDegree * 3600.0;
-  constexpr double kMinute = 60.0, kDegree = 3600.0;
-  if (seconds >= kDegree) return Localize(HostText::kDegreesAcross, {seconds / kDegree});
-  return seconds < 2.0 * kMinute ? Localize(HostText::kSecondsAcross, {seconds})
-                                 : Localize(HostText::kMinutesAcross, {seconds / kMinute});
-}
-
-int GetLitPercent(double phaseAngle) {
-  return static_cast<int>(std::lround(50.0 * (1.0 + std::cos(phaseAngle))));
-}
-
-int GetMoonPhase(int litPercent, bool waxing) {
-  constexpr int kNew = 0, kFull = 4, kEighths = 8;
-  if (litPercent <= 1) return kNew;
-  if (litPercent >= 99) return kFull;
-  const int shape = litPercent < 45 ? 1 : litPercent <= 55 ? 2 : 3;  // crescent, quarter, gibbous
-  return waxing ? shape : kEighths - shape;
-}
-
-bool IsOutsideModel(const scene::SkyMoment& moment) {
-  return !(moment.julianDateTT >= kFirstPlanetDate && moment.julianDateTT <= kLastPlanetDate);
-}
-
 std::string DescribeBodies(const scene::SkyFrame& frame) {
   if (!frame.IsSeenFromEarth()) return "";
   const scene::BodyList& bodies = frame.GetBodies().GetBodies();
@@ -129,7 +105,7 @@ std::string DescribeBodies(const scene::SkyFrame& frame) {
     if (kind == FourCC("plnt") || kind == FourCC("moon")) known += DescribeBody(frame.GetBodies(), body);
     if (kind == FourCC("scft")) satellites += DescribeSatellite(frame, body);
   }
-  if (IsOutsideModel(frame.GetBodies().GetMoment())) known += Line(HostText::kOutsideModel, {});
+  if (scene::IsOutsideModel(frame.GetBodies().GetMoment())) known += Line(HostText::kOutsideModel, {});
   return Line(HostText::kBodiesDrawn, {count}) + known + DescribeEclipses(frame.GetEclipses()) + satellites;
 }
 

@@ -9,7 +9,7 @@
 
 namespace skyview {
 
-// An explanation in English.
+// An explanation; the reasons are in the language of the texts, with the options that change them.
 struct ExplanationLines {
   std::vector<std::string> reasons;  // why the object is not drawn, all that apply; empty for what is drawn
   std::vector<std::string> facts;    // where it stands; of what is drawn also since which zoom, and its label

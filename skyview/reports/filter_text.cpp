@@ -58,39 +58,24 @@ std::string NameClass(unsigned cls, int section) {
   return name && *name ? scene::ToUtf8(name) : std::to_string(cls);
 }
 
+}  // namespace
+
 std::string DescribeRule(const scene::FilterRule& rule, int section, const scene::ObjectTraits& traits) {
+  if (rule.quantity == scene::Quantity::kNumber) return "";
   switch (rule.condition) {
     case scene::kRangeCondition:
-      return DescribeRange(rule, traits);
+      return ": it " + DescribeRange(rule, traits);
     case scene::kSwitchesCondition:
-      return "lets " + ListCatalogs(rule.wanted, section) + " pass, it is in " +
+      return ": it lets " + ListCatalogs(rule.wanted, section) + " pass, it is in " +
              ListCatalogs(traits.catalogs, section);
     case scene::kUndefinedCondition:
-      return "lets no object pass of which the class is unknown";
+      return ": it lets no object pass of which the class is unknown";
     case CommonInterfaces::kLabelListCondition:
-      return "lets the class " + NameClass(rule.wanted, section) + " pass, its own is " +
+      return ": it lets the class " + NameClass(rule.wanted, section) + " pass, its own is " +
              NameClass(traits.cls, section);
     default:
       return "";
   }
-}
-
-}  // namespace
-
-std::vector<std::string> DescribeRejections(const std::vector<scene::FilterRule>& rejecting, int section,
-                                            const scene::ObjectTraits& traits) {
-  std::vector<std::string> lines;
-  const std::string name = scene::GetCodeText(section);
-  for (const auto& rule : rejecting) {
-    if (rule.quantity == scene::Quantity::kNumber) {
-      lines.push_back("only the favourites of the section " + name + " are shown, and it is none of them");
-      continue;
-    }
-    const std::string field = name + "." + scene::GetFieldTitle(rule.nameId);
-    lines.push_back("the filter " + field + " rejects it: it " + DescribeRule(rule, section, traits) +
-                    " (--set " + field + ":off)");
-  }
-  return lines;
 }
 
 }  // namespace skyview

@@ -3,15 +3,13 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "scene/object_filter.h"
 
 namespace skyview {
 
-// One English line for each of the rules that an object does not pass: the field, what it lets pass, what the
-// object has.
-std::vector<std::string> DescribeRejections(const std::vector<scene::FilterRule>& rejecting, int section,
-                                            const scene::ObjectTraits& traits);
+// What a rule that an object does not pass lets pass and what the object has, in English, to stand behind the
+// field: ": it lets magnitudes 1.00 to 3.00 pass, it has 4.50". "" of the rule of favourites.
+std::string DescribeRule(const scene::FilterRule& rule, int section, const scene::ObjectTraits& traits);
 
 }  // namespace skyview

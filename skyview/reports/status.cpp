@@ -11,12 +11,12 @@
 #include "common_interfaces/status_strings.h"
 #include "common_interfaces/string_table.h"
 #include "scene/air.h"
+#include "scene/angle_text.h"
 #include "scene/base_plane.h"
 #include "scene/compass.h"
+#include "scene/moment_text.h"
 #include "scene/object_names.h"
-#include "skyview/reports/angle_text.h"
 #include "skyview/reports/host_texts.h"
-#include "skyview/reports/moment_text.h"
 #include "utils/text.h"
 
 namespace skyview {
@@ -61,7 +61,7 @@ class StatusWriter {
   }
   // A line of skyview's own, with angles in it.
   void AddAngles(const std::string& text) {
-    if (!text.empty()) m_Texts.push_back(PutSignsFirst(scene::ToUtf8(text)));
+    if (!text.empty()) m_Texts.push_back(scene::PutSignsFirst(scene::ToUtf8(text)));
   }
   void AddPlace();
   void AddTimes();
@@ -131,8 +131,8 @@ void StatusWriter::AddTime(int kind) {
 // a year 0.
 std::string StatusWriter::FormatDate(const _Date& time) {
   const std::string shown =
-      FormatDay(time.day, time.fraction + (time.type == kLocalTime ? m_Camera.GetLocUTCdelta() : 0.0));
-  return IsBeforeFirstYear(shown) ? shown : CommonInterfaces::GetDateString(&m_Shown);
+      scene::FormatDay(time.day, time.fraction + (time.type == kLocalTime ? m_Camera.GetLocUTCdelta() : 0.0));
+  return scene::IsBeforeFirstYear(shown) ? shown : CommonInterfaces::GetDateString(&m_Shown);
 }
 
 void StatusWriter::AddTimes() {

@@ -21,8 +21,4 @@ namespace skyview {
 bool DescribeWhere(const scene::FoundObject& object, const std::string& title, scene::SkyCatalogs& catalogs,
                    const CommonInterfaces::Camera& camera, std::string& text, std::string& error);
 
-// The unit in which a distance (au) is read best: kilometres near the Earth, then thousands of them,
-// astronomical units in the solar system, light years, kiloparsecs.
-char ChooseUnit(double distance);
-
 }  // namespace skyview

@@ -8,8 +8,8 @@
 #include "astro/constants.h"
 #include "scene/base_plane.h"
 #include "scene/directions.h"
+#include "scene/moment_text.h"
 #include "skyview/reports/host_texts.h"
-#include "skyview/reports/moment_text.h"
 #include "utils/messages.h"
 #include "utils/text.h"
 
@@ -56,7 +56,8 @@ std::string FormatView(const HomeParameters& home) {
 
 std::string FormatTime(const HomeParameters& home) {
   if ((home.flags & CommonInterfaces::kHomeTime) == 0) return "none";
-  std::string text = home.day == -1 ? "that of the clock" : FormatMoment(home.day, home.fraction) + " UT";
+  std::string text =
+      home.day == -1 ? "that of the clock" : scene::FormatMoment(home.day, home.fraction) + " UT";
   if (*home.timeZoneName) text += std::string(", zone ") + home.timeZoneName;
   return text;
 }

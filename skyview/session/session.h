@@ -9,12 +9,14 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
+#include "scene/session_state.h"
 #include "scene/sky_markers.h"
 #include "skyview/options/root_group.h"
 #include "skyview/options/sky_group.h"
-#include "skyview/session/session_file.h"
 
 namespace skyview {
+
+using scene::SessionCapsule;
 
 // Reads the session that the file keeps. False when it cannot be read or is damaged: `capsule` is then
 // unchanged and `error` is one line that names the file.
@@ -27,21 +29,6 @@ void TakeOver(const SessionCapsule& capsule, ViewOptions& view);
 void TakeOver(const SessionCapsule& capsule, SatelliteOptions& satellites);
 void TakeOver(const SessionCapsule& capsule, ExtraOptions& extras);
 void TakeOver(const SessionCapsule& capsule, ChartOptions& chart);
-
-// Lays the capsule's settings and favourites over the defaults. Appends a line to `lost` for each that no
-// longer fits.
-void RestoreSettings(const SessionCapsule& capsule, CommonInterfaces::SettingsData& settings,
-                     std::vector<std::string>& lost);
-
-// Restores the camera from the capsule: record, zone and name of the place. Values that no longer fit go to
-// `lost`. False, with one line in `error`, when the defaults of the record are missing or no temporary file
-// can be written.
-bool RestoreCamera(const SessionCapsule& capsule, CommonInterfaces::Camera& camera,
-                   std::vector<std::string>& lost, std::string& error);
-
-// A line, without its end, for each data file that is not what it was when the session was saved. The string
-// table is left out when the session is shown in another language than its own.
-std::vector<std::string> FindChangedData(const SessionCapsule& capsule, const std::string& language);
 
 // Saves the session that is shown in this language, in place of the file. The roots are those of the run.
 // False when that fails: `error` is then one line that names the file, and the file is as it was. `marks`:

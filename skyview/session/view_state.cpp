@@ -167,7 +167,7 @@ void Move(const MovingType& moving, Camera& camera) {
 ViewResult RestoreSession(const SessionCapsule& capsule, Diagnostics& diagnostics, Camera& camera) {
   std::vector<std::string> lost;
   std::string error;
-  if (!RestoreCamera(capsule, camera, lost, error)) return BadData(error);
+  if (!scene::RestoreCamera(capsule, camera, lost, error)) return BadData(error);
   for (const auto& line : lost) diagnostics.lines.push_back(line + "\n");
   return {};
 }

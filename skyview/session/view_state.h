@@ -9,12 +9,14 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
+#include "scene/session_file.h"
 #include "skyview/options/view_group.h"
 #include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"
-#include "skyview/session/session_file.h"
 
 namespace skyview {
+
+using scene::SessionCapsule;
 
 // Which exit code a failure asks for.
 enum class Failure { kNone, kBadOption, kBadData };

@@ -3,7 +3,6 @@
 #include "skyview/session/zone_time.h"
 
 #include <cmath>
-#include <map>
 
 #include "astro/julian_date.h"
 #include "utils/timezone.h"
@@ -11,15 +10,9 @@
 namespace skyview {
 
 bool IsKnownZone(const std::string& zone, Diagnostics& diagnostics) {
-  // The library complains once per name and process, so the first answer is remembered.
-  static std::map<std::string, bool> answers;
-  if (const auto known = answers.find(zone); known != answers.end()) return known->second;
-  constexpr double kJ2000 = 2451545.0;
   const std::size_t before = diagnostics.lines.size();
-  getLocalUTCDeltaForTimezone(zone.c_str(), kJ2000);
-  const bool known = diagnostics.lines.size() == before;
+  const bool known = isTimezoneKnown(zone.c_str());
   diagnostics.lines.resize(before);
-  answers.emplace(zone, known);
   return known;
 }
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The C interface as a program in C sees it (scene_c_checks.c).
+// The C interface as a program in C sees it (scene_c/).
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "exported/scene_c_checks.h"
+#include "exported/scene_c/checks.h"
 #include "scene/scene_c.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"
@@ -41,6 +41,21 @@ TEST_F(SceneC, ChangesReadsAndSavesSettings) { Run(check_settings); }
 TEST_F(SceneC, FindsPicksAndObservesObjects) { Run(check_objects); }
 TEST_F(SceneC, ProjectsBothWays) { Run(check_projection); }
 TEST_F(SceneC, ChangesTheLanguage) { Run(check_language); }
+TEST_F(SceneC, SuggestsWhatBeginsSo) { Run(check_suggestions); }
+TEST_F(SceneC, TellsWhatIsKnownOfAnObject) { Run(check_facts); }
+TEST_F(SceneC, TellsWhyAnObjectIsDrawnOrNot) { Run(check_reasons); }
+TEST_F(SceneC, TellsWhenAnObjectRisesAndSets) { Run(check_day); }
+TEST_F(SceneC, TellsOfTheNight) { Run(check_night); }
+TEST_F(SceneC, FindsEvents) { Run(check_events); }
+TEST_F(SceneC, FindsCitiesAndTheirClocks) { Run(check_places); }
+TEST_F(SceneC, HoldsADirectionUnderAPixel) { Run(check_turn); }
+TEST_F(SceneC, TellsWhatLiesAtAPixel) { Run(check_spot); }
+TEST_F(SceneC, TellsWhatTheFrameShows) { Run(check_frame_facts); }
+TEST_F(SceneC, NamesTheMapOfAGlobe) { Run(check_map); }
+TEST_F(SceneC, HandsOutTextsAndLanguages) { Run(check_texts); }
+TEST_F(SceneC, SetsOptionsByName) { Run(check_options); }
+TEST_F(SceneC, KeepsFavourites) { Run(check_favourites); }
+TEST_F(SceneC, SavesAndReadsSessions) { Run(check_session); }
 TEST_F(SceneC, KnowsCallersOfOtherVersionsByTheirSizes) { Run(check_sizes); }
 
 }  // namespace

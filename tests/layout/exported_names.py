@@ -8,7 +8,7 @@ usage: exported_names.py [--update] LIBRARY FILE
 LIBRARY is common_interfaces, astro, utils or scene; FILE is its .so, or its .dll, of any word size. Fails with a diff
 when a name was lost or has leaked, and when a name has no place in the library: the library exports the namespaces
 CommonInterfaces and thread, and the global names that its public headers mark with COMMON_INTERFACES_API outside any
-namespace; scene its namespace and the functions of scene_c.h; another companion the global names that its public headers declare. --update
+namespace; scene its namespace and the functions of its headers for C, scene_c.h and scene_*_c.h; another companion the global names that its public headers declare. --update
 rewrites the list from FILE, a .so.
 
 The list holds demangled names with their parameters; std::size_t is written so for both word sizes. What a compiler
@@ -94,8 +94,11 @@ def global_names(macro):
 
 def c_names():
     """The functions of the scene's C interface."""
-    with open(os.path.join(ROOT, "scene", "include", "scene", "scene_c.h"), encoding="utf-8") as file:
-        return set(re.findall(r"\b(scene_\w+)\(", re.sub(r"/\*.*?\*/", "", file.read(), flags=re.DOTALL)))
+    names = set()
+    for header in glob.glob(os.path.join(ROOT, "scene", "include", "scene", "scene_*c.h")):
+        with open(header, encoding="utf-8") as file:
+            names |= set(re.findall(r"\b(scene_\w+)\(", re.sub(r"/\*.*?\*/", "", file.read(), flags=re.DOTALL)))
+    return names
 
 
 def places_of(library):

@@ -24,7 +24,7 @@ MAY_INCLUDE = {
 LIBRARY = MAY_INCLUDE["umbrella"] - {"thread"} | {"umbrella"}
 
 # The rooms of scene from the ground up: each uses the library and the rooms before it.
-SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "chart", "frame", "search", "almanac", "interface_c", "umbrella"]
+SCENE_ROOMS = ["view", "catalogs", "visibility", "display", "bodies", "chart", "frame", "search", "almanac", "words", "session", "interface_c", "umbrella"]
 for place, room in enumerate(SCENE_ROOMS):
     MAY_INCLUDE["scene/" + room] = LIBRARY | {"scene/" + below for below in SCENE_ROOMS[:place]}
 
@@ -80,7 +80,8 @@ FOLDER = {"text/status_strings": "text_status", "text": "text_base", "settings":
 # An exported header of scene has the room of its source, scene/ROOM/NAME.cpp; those that have none:
 SCENE_HEADERS = {"api.h": None, "object_traits.h": "catalogs", "label_rules.h": "catalogs", "on_demand.h": "catalogs", "class_limits.h": "visibility",
                  "drawn_objects.h": "visibility", "obstacles.h": "visibility", "zoom_range.h": "visibility",
-                 "finder.h": "chart", "image_groups.h": "frame", "scene_c.h": "interface_c", "scene.h": "umbrella"}
+                 "finder.h": "chart", "image_groups.h": "frame", "scene_c.h": "interface_c", "scene_objects_c.h": "interface_c",
+                 "scene_almanac_c.h": "interface_c", "scene_state_c.h": "interface_c", "scene.h": "umbrella"}
 
 
 def scene_storey(root, name):

@@ -34,6 +34,18 @@ TEST(LocalTimeOffset, ComesFromTheDataRootInDays) {
   EXPECT_DOUBLE_EQ(getLocalUTCDeltaForTimezone("Test/Root", kJ2000), -5.5 * kHour);
 }
 
+TEST(LocalTimeOffset, ZoneIsKnownThatHasAFile) {
+  TempRoots roots;
+  ZoneFileBuilder builder;
+  WriteZone(roots, "Test/Known", builder);
+  const DebugCapture capture;
+  EXPECT_TRUE(isTimezoneKnown("Test/Known"));
+  EXPECT_FALSE(isTimezoneKnown(nullptr) || isTimezoneKnown(""));
+  EXPECT_TRUE(capture.lines.empty());
+  EXPECT_FALSE(isTimezoneKnown("Test/Unknown") || isTimezoneKnown("../Known"));
+  EXPECT_EQ(capture.lines.size(), 2u);
+}
+
 TEST(LocalTimeOffset, DataRootStandsBeforeTheSystem) {
   TempRoots roots;
   ZoneFileBuilder builder;

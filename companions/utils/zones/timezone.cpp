@@ -105,3 +105,5 @@ double getLocalUTCDeltaForTimezone(const char* zone, double julianDate) {
   if (!found || std::isnan(julianDate)) return 0.0;
   return found->GetOffset(GetUnixTime(julianDate)) / 86400.0;
 }
+
+bool isTimezoneKnown(const char* zone) { return zone && *zone && FindZone(zone).has_value(); }

@@ -36,6 +36,15 @@ struct FoundCity {
 // accents, blanks and punctuation do not matter. The cities are those of `cities`.
 SCENE_API std::vector<FoundCity> FindCities(const std::vector<City>& cities, const std::string& text);
 
+// Cities of which a name begins so, by the same rules, at most `most`, the one with the most inhabitants
+// first; "": all cities.
+SCENE_API std::vector<FoundCity> SuggestCities(const std::vector<City>& cities, const std::string& text,
+                                               std::size_t most);
+
+// The cities around a place, radians, the nearest first, at most `most`.
+SCENE_API std::vector<FoundCity> FindCitiesAround(const std::vector<City>& cities, double latitude,
+                                                  double longitude, std::size_t most);
+
 // Names like that one, for one that no city has.
 SCENE_API std::vector<std::string> FindNearCities(const std::vector<City>& cities, const std::string& text);
 

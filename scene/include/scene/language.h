@@ -16,6 +16,9 @@ inline constexpr const char* kDefaultLanguage = "en";
 // The languages that a data root has: the folders below "languages" that hold a string table, ascending.
 SCENE_API std::vector<std::string> FindLanguages(const std::string& dataRoot);
 
+// These and the default one, which needs no folder of its own, ascending.
+SCENE_API std::vector<std::string> ListLanguages(const std::string& dataRoot);
+
 // Changes the language of everything that is shown, at the start and at run time: system locale, root of the
 // language's files, string table. `fetchTexts` is called when the new texts are there and before the old ones
 // go; in it everybody who keeps a text takes it anew. A string table in the work area hides those of all

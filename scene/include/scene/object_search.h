@@ -25,6 +25,12 @@ struct FoundObject {
   bool operator==(const FoundObject&) const = default;
 };
 
+// An object of which a name begins like what somebody is typing.
+struct Suggestion {
+  FoundObject object;
+  std::string name;  // the one that begins so, UTF-8
+};
+
 // Kind and number of the object, as filters and favourites know it.
 SCENE_API int GetKind(const FoundObject& object, const SkyCatalogs& catalogs);
 SCENE_API int GetNumber(const FoundObject& object, const SkyCatalogs& catalogs);
@@ -61,8 +67,15 @@ class SCENE_API ObjectSearch {
   std::optional<FoundObject> FindOne(const std::string& name, std::string& error) const;
   // Names like that one, for a name that nothing has.
   std::vector<std::string> FindNear(const std::string& name) const;
+  // Objects of which a name begins with the text, each once, the best first and at most `most`: the names
+  // that Find knows, by the same rules. What is called exactly so comes first, then what is seen best, by a
+  // name sooner than by a number or a Greek letter. Features of surfaces come behind all others.
+  // None for a text without letters and digits. Some milliseconds; the first call reads what Find puts off.
+  std::vector<Suggestion> Suggest(const std::string& text, std::size_t most) const;
   // Its best known name, "Sirius".
   std::string GetName(const FoundObject& object) const;
+  // All others, with commas between them: "α CMa, 9 CMa, HR 2491, HIP 32349". A feature has none.
+  std::string GetOtherNames(const FoundObject& object) const;
   // "Sirius (α CMa, 9 CMa, HR 2491, HIP 32349)"
   std::string GetTitle(const FoundObject& object) const;
 
@@ -72,6 +85,7 @@ class SCENE_API ObjectSearch {
     std::string written;
     FoundObject object;
   };
+  struct Candidate;
   // What the lists beside the catalogs call objects.
   struct ListedNames {
     std::vector<Name> shown;    // those of asterisms and of stars of tile catalogs, which titles tell
@@ -90,6 +104,8 @@ class SCENE_API ObjectSearch {
   std::vector<FoundObject> FindListed(const std::string& key) const;
   std::vector<FoundObject> FindFeatures(const std::string& key) const;
   void AppendFeatureKeys(std::vector<Name>& names) const;
+  void AppendCandidates(const std::string& key, std::vector<Candidate>& candidates) const;
+  double GetProminence(const FoundObject& object) const;
   std::vector<std::string> GetNames(const FoundObject& object) const;
   std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;
@@ -97,7 +113,9 @@ class SCENE_API ObjectSearch {
 
   const SkyCatalogs* m_Catalogs;
   std::shared_ptr<const NameIndex> m_Names[3];  // of stars, of deep-sky objects, of all others
-  mutable std::optional<ListedNames> m_Listed;  // when they are first asked for
+  // When they are first asked for.
+  mutable std::optional<ListedNames> m_Listed;
+  mutable std::optional<std::vector<Name>> m_Features;
   std::vector<UnplacedMoon> m_Moons;
   int m_KnownBodies = 0;  // the first so many of the list are planets and moons
 };

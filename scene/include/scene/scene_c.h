@@ -103,7 +103,23 @@ typedef struct SceneField {
   char values[128]; /* as scene_change_setting takes them; "" where they are longer */
   int32_t is_on;    /* as a filter */
   int32_t acts;     /* 0: no picture follows it */
+  int32_t type;     /* SceneFieldType */
+  int32_t count;    /* of values */
+  int32_t reserved;
+  double least, most; /* of each value; not a number where there is no such range */
+  char title[96];     /* in the language of the texts; "" where they have none */
+  char choices[128];  /* of a choice or a sum: its values with commas between them, "0,1,2,3"; else "" */
 } SceneField;
+
+enum SceneFieldType {
+  SCENE_FIELD_SWITCH = 0, /* 0 or 1 */
+  SCENE_FIELD_SUM = 1,    /* a sum of the powers of two in `choices` */
+  SCENE_FIELD_WHOLE = 2,  /* a whole number */
+  SCENE_FIELD_REAL = 3,
+  SCENE_FIELD_CHOICE = 4, /* one of `choices` */
+  SCENE_FIELD_RANGE = 5,  /* a filter with several values */
+  SCENE_FIELD_OTHER = 6   /* text, favourites, anything else */
+};
 
 /* The settings, 0 to scene_get_field_count - 1, section by section; 0 fields where there is no open sky. */
 SCENE_API int32_t scene_get_field_count(const SceneSky* sky);
@@ -145,6 +161,20 @@ SCENE_API int scene_get_array(SceneSky* sky, int32_t kind, SceneArray* array);
  * sky. */
 SCENE_API const char* scene_get_map(SceneSky* sky, int32_t index);
 
+/* What the frame that was computed last shows. */
+typedef struct SceneFrame {
+  uint32_t size;
+  int32_t stars, deepsky, bodies;   /* how many are drawn */
+  int32_t asteroids, satellites;    /* of the bodies */
+  double star_limit;                /* magnitude of the faintest stars drawn where its sky is darkest */
+  double label_limit;               /* of those with names */
+  double deepsky_limit;             /* of galaxies */
+  double field_width, field_height; /* degrees across the middle of the picture */
+  double sun_altitude;              /* without refraction; not a number for a traveller */
+} SceneFrame;
+
+SCENE_API int scene_describe_frame(SceneSky* sky, SceneFrame* frame);
+
 /* An object: four-character code and number, as records of the frame and lists of favourites name it. */
 typedef struct SceneObject {
   int32_t kind, number;
@@ -178,6 +208,12 @@ typedef struct SceneSight {
 } SceneSight;
 
 SCENE_API int scene_observe(SceneSky* sky, SceneObject object, SceneSight* sight);
+
+/* Turns the view so that a direction (as scene_project takes it) stands under a pixel; the horizon stays
+ * level. Where no turn brings it there (near the zenith, at the edge) the view comes as near as it can. What
+ * was unprojected where a drag, a wheel or two fingers began is held under them by this, after a change of
+ * zoom too. */
+SCENE_API int scene_turn(SceneSky* sky, const double vector[3], double x, double y);
 
 /* The pixels of `count` directions: unit vectors of the mean equator and equinox of J2000, x y z one after
  * the other, as they stand in the frame without aberration and refraction; pixels x y. A direction opposite

@@ -49,6 +49,28 @@ TEST_F(CitiesTest, AWholeNameMayHaveAComma) {
   EXPECT_EQ(CountriesOf("Washington, US"), "US ");
 }
 
+TEST_F(CitiesTest, BeginningOfANameSuggestsTheLargestFirst) {
+  const auto found = SuggestCities(cities, "sYd", 10);
+  ASSERT_EQ(found.size(), 2u);
+  EXPECT_EQ(found[0].city->country, "AU");
+  EXPECT_EQ(SuggestCities(cities, "syd", 1).size(), 1u);
+  EXPECT_EQ(SuggestCities(cities, "мюн", 5).at(0).name, "Мюнхен");
+  EXPECT_EQ(SuggestCities(cities, "syd, canada", 5).at(0).city->country, "CA");
+  EXPECT_EQ(SuggestCities(cities, "", 1000).size(), cities.size());
+  EXPECT_TRUE(SuggestCities(cities, "xyzzy", 5).empty());
+}
+
+TEST_F(CitiesTest, NearestOfAPlaceComesFirst) {
+  const auto near = FindCitiesAround(cities, 48.0 * kRadiansPerDegree, 11.0 * kRadiansPerDegree, 2);
+  ASSERT_EQ(near.size(), 2u);
+  EXPECT_EQ(near[0].city->name, "Munich");
+  EXPECT_EQ(near[0].name, "Munich");
+  // Across the date line: from the west of it Sydney in Australia is nearest.
+  EXPECT_EQ(
+      FindCitiesAround(cities, -30.0 * kRadiansPerDegree, -179.0 * kRadiansPerDegree, 1).at(0).city->country,
+      "AU");
+}
+
 TEST_F(CitiesTest, HeightAndZoneComeAlong) {
   const City& munich = *FindCities(cities, "Munich").at(0).city;
   EXPECT_EQ(munich.zone, "Europe/Berlin");

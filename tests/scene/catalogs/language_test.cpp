@@ -53,6 +53,11 @@ TEST_F(Language, DataRootWithoutLanguagesHasNone) {
   EXPECT_TRUE(scene::FindLanguages(f.sky.dir.Path("nowhere")).empty());
 }
 
+TEST_F(Language, DefaultOneIsListedThoughItHasNoFolder) {
+  EXPECT_EQ(scene::ListLanguages(f.sky.dir.Path("data")), (std::vector<std::string>{"de", "en", "ru"}));
+  EXPECT_EQ(scene::ListLanguages(f.sky.dir.Path("nowhere")), (std::vector<std::string>{"en"}));
+}
+
 TEST_F(Language, SwitchesThereAndBackInOneProcess) {
   const struct {
     const char *language, *caption, *date, *march, *day;

@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
+#include "scene/event_kinds.h"
 #include "scene/frame_helpers.h"
-#include "skyview/almanac/event_kinds.h"
 
 using namespace skyview;
 using astro::EventKind;
@@ -166,24 +166,7 @@ TEST(EventCalendar, TextIsEscaped) {
   EXPECT_EQ(EscapeCalendarText("a,b;c\\d\ne: \"f\""), "a\\,b\\;c\\\\d\\ne: \"f\"");
 }
 
-TEST(EventKinds, EachHasANameOfItsOwnThatFindsIt) {
-  astro::EventKinds seen;
-  for (int kind = 0; kind < astro::kEventKinds; ++kind) {
-    const auto found = FindKinds(GetKindName(static_cast<EventKind>(kind)));
-    EXPECT_EQ(found.count(), 1u) << GetKindName(static_cast<EventKind>(kind));
-    EXPECT_TRUE(found.test(static_cast<std::size_t>(kind)));
-    seen |= found;
-  }
-  EXPECT_TRUE(seen.all());
-}
-
-TEST(EventKinds, GroupsHoldTheirKindsAndRareOnesAreNotOfEveryDay) {
-  EXPECT_EQ(FindKinds("phases").count(), 4u);
-  EXPECT_EQ(FindKinds("eclipses").count(), 3u);
-  EXPECT_TRUE(FindKinds("nonsense").none());
-  EXPECT_TRUE((GetRareKinds() & FindKinds("risings")).none());
-  EXPECT_TRUE((GetRareKinds() & FindKinds("satellites")).none());
-  EXPECT_EQ(GetRareKinds() & FindKinds("seasons"), FindKinds("seasons"));
+TEST(EventHelp, NamesEveryKind) {
   const std::string help = DescribeKinds();
-  for (const auto& name : ListKindNames()) EXPECT_NE(help.find(name), std::string::npos) << name;
+  for (const auto& name : scene::ListKindNames()) EXPECT_NE(help.find(name), std::string::npos) << name;
 }

@@ -106,7 +106,7 @@ TEST(Commands, SessionSpeaksForEachCommandThatTakesIt) {
   ASSERT_EQ(sky.Run({"where", "Sirius", "--session", session, "--language", "en"}), 0) << sky.errors.str();
   EXPECT_TRUE(sky.Printed("Rises: ")) << sky.output.str();
   ASSERT_EQ(sky.Run({"why", "Sirius", "--session", session}), 0) << sky.errors.str();
-  EXPECT_TRUE(sky.Printed("star.Draw is 0")) << sky.output.str();
+  EXPECT_TRUE(sky.Printed("star.Draw ist 0")) << sky.output.str();
 }
 
 TEST(Commands, LanguagesAreThoseOfTheDataRoot) {

@@ -52,20 +52,6 @@ TEST(ParseFrameCount, IsLimited) {
     EXPECT_FALSE(ParseFrameCount(bad));
 }
 
-TEST(ParseMark, DegreesOrHours) {
-  const auto mark = ParseMark("5.5h,-5.25,7");
-  ASSERT_TRUE(mark);
-  EXPECT_EQ(mark->ra, 82.5);
-  EXPECT_EQ(mark->dec, -5.25);
-  EXPECT_EQ(mark->id, 7);
-  ASSERT_TRUE(ParseMark("360,90"));
-  EXPECT_FALSE(ParseMark("360,90")->id);
-  for (const char* bad : {"", "1", "1,", "361,0", "25h,0", "0,91", "0,0,", "0,0,-1", "0,0,1.5", "0,0,1,2",
-                          "nan,0", "0,inf", "h,0"}) {
-    EXPECT_FALSE(ParseMark(bad)) << bad;
-  }
-}
-
 TEST(FrameNames, NumberIsPaddedToItsWidth) {
   const auto names = FrameNames::Parse("a/sky-%03d.png");
   ASSERT_TRUE(names);

@@ -50,16 +50,6 @@ TEST(LookValue, TakesAzimuthThenAltitude) {
   for (const char* text : {"-1,0", "361,0", "0,91", "south,30"}) EXPECT_FALSE(ParseLook(text)) << text;
 }
 
-TEST(SizeValue, TakesWidthAndHeight) {
-  const auto size = ParseSize("800x600");
-  ASSERT_TRUE(size);
-  EXPECT_EQ(size->width, 800);
-  EXPECT_EQ(size->height, 600);
-  for (const char* text : {"800", "63x600", "800x16385", "800*600", "8e2x600", "-800x600"}) {
-    EXPECT_FALSE(ParseSize(text)) << text;
-  }
-}
-
 TEST(ZoomValue, IsBetweenAQuarterAndTenThousand) {
   EXPECT_DOUBLE_EQ(ParseZoom("0.25").value_or(0.0), 0.25);
   EXPECT_DOUBLE_EQ(ParseZoom("10000").value_or(0.0), 10000.0);

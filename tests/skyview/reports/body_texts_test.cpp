@@ -42,17 +42,6 @@ TEST(BodyTexts, ReportSaysPhasesAndSizesInWords) {
       f.sky.dir.Path("data"), "en", [] {}, error));
 }
 
-TEST(BodyTexts, PhaseOfTheMoonFollowsFromWhatIsLit) {
-  const struct {
-    int lit, waxing, waning;
-  } expected[] = {{0, 0, 0},  {2, 1, 7},  {32, 1, 7}, {44, 1, 7}, {50, 2, 6},
-                  {55, 2, 6}, {56, 3, 5}, {98, 3, 5}, {99, 4, 4}};
-  for (const auto& entry : expected) {
-    EXPECT_EQ(GetMoonPhase(entry.lit, true), entry.waxing) << entry.lit;
-    EXPECT_EQ(GetMoonPhase(entry.lit, false), entry.waning) << entry.lit;
-  }
-}
-
 TEST(BodyTexts, ReportSaysWhereTheModelOfThePlanetsEnds) {
   FrameFixture f;
   const std::string line = "Outside the years -3000 to 3000 the model of the planets does not hold\n";
@@ -61,14 +50,4 @@ TEST(BodyTexts, ReportSaysWhereTheModelOfThePlanetsEnds) {
   f.SetTime(9000, 1, 1, 0, 0);
   f.Compute();
   EXPECT_NE(DescribeBodies(f.frame).find(line), std::string::npos);
-}
-
-TEST(BodyTexts, SizesAreInTheUnitThatReadsBest) {
-  FrameFixture f;
-  EXPECT_EQ(FormatSize(23.14 / 3600.0 * kRadiansPerDegree), "23.1 arcsec");
-  EXPECT_EQ(FormatSize(31.0 * kRadiansPerDegree / 60.0), "31.0 arcmin");
-  EXPECT_EQ(ToUtf8(FormatSize(2.5 * kRadiansPerDegree)), "2.5°");
-  EXPECT_EQ(GetLitPercent(0.0), 100);
-  EXPECT_EQ(GetLitPercent(0.5 * kPi), 50);
-  EXPECT_EQ(GetLitPercent(kPi), 0);
 }

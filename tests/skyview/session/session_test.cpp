@@ -8,8 +8,8 @@
 #include <regex>
 
 #include "paint/picture_file.h"
+#include "scene/session/checksum.h"
 #include "scene/sky_images_files.h"
-#include "skyview/session/checksum.h"
 #include "skyview/small_sky.h"
 #include "support/comma_locale.h"
 

@@ -22,3 +22,7 @@
 // Each once a name. Null and "" give 0 without a line, and so does a moment that is not a number. One thread
 // only.
 UTILS_API double getLocalUTCDeltaForTimezone(const char* zone, double julianDate);
+
+// Whether there is an undamaged file of the zone. The line about one that has none comes once a name, from
+// either function. Null and "": false without a line. One thread only.
+UTILS_API bool isTimezoneKnown(const char* zone);
