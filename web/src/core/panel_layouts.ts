@@ -49,8 +49,7 @@ export const kPanelStructs = {
     moon_lit: 'f64',
     moon_waxes: 'i32',
     reserved: 'i32',
-    darkness_text: 'text',
-    moon_phase_text: 'text',
+    moon_phase: 'text',
   },
   SceneCity: {
     latitude: 'f64',

@@ -68,8 +68,7 @@ export interface Night {
   moonPhaseAngle: number;
   moonLit: number; // 0 to 1
   moonWaxes: boolean;
-  darknessText: string;
-  moonPhaseText: string;
+  moonPhase: string; // in words
 }
 
 export interface City {

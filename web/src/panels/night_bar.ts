@@ -89,7 +89,7 @@ export class NightBar {
       [captions.nautical, `${time(night.nauticalDusk)} – ${time(night.nauticalDawn)}`],
       [captions.astronomical, `${time(night.astronomicalDusk)} – ${time(night.astronomicalDawn)}`],
       [`${captions.moonrise}, ${captions.moonset}`, `${time(night.moonrise)}, ${time(night.moonset)}`],
-      [captions.moon, fill(captions.moonLit, night.moonPhaseText, formatNumber(100 * night.moonLit, 0))],
+      [captions.moon, fill(captions.moonLit, night.moonPhase, formatNumber(100 * night.moonLit, 0))],
     ];
     const shown = rows.filter(([, text]) => !text.startsWith('– – –') && text !== '–, –');
     this.#list.replaceChildren(
