@@ -4,6 +4,8 @@
 // The structures of the C interface as they lie in the module's memory: members in order, with their types of wasm32.
 // web/test/layouts.test.mjs compares the table with the headers in scene/include/scene.
 
+import { kPanelStructs } from './panel_layouts';
+
 export type Word = 'i32' | 'u32' | 'f64' | 'text' | 'pointer' | 'object' | `char${number}`;
 type Value<Type extends Word> = Type extends 'text' | `char${number}`
   ? string
@@ -34,6 +36,13 @@ export const kStructs = {
     values: 'char128',
     is_on: 'i32',
     acts: 'i32',
+    type: 'i32',
+    count: 'i32',
+    reserved: 'i32',
+    least: 'f64',
+    most: 'f64',
+    title: 'char96',
+    choices: 'char128',
   },
   SceneArray: { size: 'u32', count: 'u32', record_size: 'u32', records: 'pointer' },
   SceneObject: { kind: 'i32', number: 'i32' },
@@ -52,6 +61,7 @@ export const kStructs = {
     phase_angle: 'f64',
     elongation: 'f64',
   },
+  ...kPanelStructs,
 } as const satisfies Record<string, Members>;
 
 export type StructName = keyof typeof kStructs;

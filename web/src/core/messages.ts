@@ -8,6 +8,8 @@
 // A call that the scene refuses rejects its promise with a `SkyError`, whose text is one line for the user. Angles are
 // degrees, moments Julian dates of Universal Time, pixels those of the view, y down, as everywhere in scene_c.h.
 
+import type { PanelService } from './panel_messages';
+
 // Where the picture is looked at from, when, and where to; the worker's truth and that of every frame. Pixels are
 // those of the screen, the device's pixel ratio included.
 export interface View {
@@ -57,7 +59,7 @@ export interface OpenedSky {
 }
 
 // Calls that the worker answers. A new one is a method here and one of the same name in service.ts.
-export interface SkyService {
+export interface SkyService extends PanelService {
   open(language: string, module: ArrayBuffer, pack: ArrayBuffer): OpenedSky;
   setLanguage(language: string): void;
   // The view of the last frame asked for, or of the defaults.

@@ -3,17 +3,21 @@
 
 // The worker's end of messages.ts.
 import type { FromWorker, ToWorker } from './messages';
+import { PanelCalls } from './panel_calls';
 import { SceneService } from './service';
 
 const post = (message: FromWorker, transfer: Transferable[] = []) => self.postMessage(message, { transfer });
 const lineOf = (error: unknown) => (error instanceof Error ? error.message : String(error));
 
 const service = new SceneService((text) => post({ type: 'log', text }));
+const panels = new PanelCalls(service);
+
+type Calls = Record<string, (...args: unknown[]) => unknown>;
 
 async function answer(asked: ToWorker & { type: 'call' }): Promise<void> {
   try {
-    const called = service[asked.name] as (...args: unknown[]) => unknown;
-    post({ type: 'answer', id: asked.id, value: await called.apply(service, asked.args) });
+    const answerer = (asked.name in service ? service : panels) as unknown as Calls;
+    post({ type: 'answer', id: asked.id, value: await answerer[asked.name](...asked.args) });
   } catch (error) {
     post({ type: 'failure', id: asked.id, text: lineOf(error) });
   }
