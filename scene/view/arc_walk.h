@@ -24,9 +24,9 @@ struct SkyArc {
 };
 
 // Walks along the picture of such an arc, from vertex to vertex as far as the window shows it. A straight
-// stretch leaves the arc by no more than about kSagitta, so that what is straight in the picture takes few steps; where
-// the air bends lines, near the horizon, stretches are short whatever they look like. Parts outside the
-// window are leapt over. Makes no allocation; the geometry is kept by reference.
+// stretch leaves the arc by no more than about kSagitta, so that what is straight in the picture takes few
+// steps; where the air bends lines, near the horizon, stretches are short whatever they look like. Parts
+// outside the window are leapt over. Makes no allocation; geometry and sight are kept by reference.
 class ArcWalk {
  public:
   // Pixels of a picture of 1600 x 1000.
