@@ -252,7 +252,7 @@ void BodyPen::DrawDiamond(const Colour& colour) const {
   m_List.AddVertex(m_X + r, m_Y);
   m_List.AddVertex(m_X, m_Y + r);
   PolygonRecord area = {};
-  area.colour = ToRgba(colour);
+  area.colour = ToRgba(colour, m_Drawn.opacity);
   area.object = m_Object;
   m_List.AddArea(Layer::kBodies, area);
 }

@@ -19,7 +19,7 @@ namespace {
 constexpr unsigned kFirstText = 900520;  // "Magnitude", then the classes
 constexpr const char* kEnglish[] = {"Magnitude", "Galaxy",           "Open cluster", "Globular cluster",
                                     "Nebula",    "Planetary nebula", "Other object"};
-constexpr unsigned kFirstSignText = 900500;
+constexpr unsigned kFirstSignText = 900510;
 constexpr const char* kEnglishSigns[] = {"Double star", "Variable star", "Star with planets"};
 
 // Pixels of the standard picture.
