@@ -68,6 +68,7 @@ enum class Word : unsigned {
   kNoFavourite,
   kNoMemory,
   kDrawn,
+  kKind,
   kAsterism = 900560,
   kCrater,
   kSatelliteCrater,
@@ -80,8 +81,7 @@ enum class Word : unsigned {
   kOnVisibleSide,
   kOnFarSide,
   kStarPair,
-  kSeparatedFrom,
-  kKind = 900725
+  kSeparatedFrom
 };
 
 // The text with its arguments, both in the code page of the language; "" when the table lacks it or it does
