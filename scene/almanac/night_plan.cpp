@@ -133,7 +133,7 @@ std::optional<NightSight> FindHighest(const astro::FindHorizonPlace& find, const
   return MakeSight(moment, *find(moment));
 }
 
-std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& place) {
+std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& place, bool withPlanets) {
   constexpr double kHalf = 0.5, kDay = 1.0;
   const auto middle = FindTonight(now, place);
   if (!middle) return std::nullopt;
@@ -154,7 +154,7 @@ std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& p
   plan.moon = watch.Watch(astro::kMoon);
   plan.moonless = watch.FindMoonless();
   constexpr int kNeptune = 8;
-  for (int planet = 1; planet <= kNeptune; ++planet) {
+  for (int planet = 1; withPlanets && planet <= kNeptune; ++planet) {
     if (planet != astro::kEarthNumber)
       plan.planets.push_back(watch.Watch(SSO_ID(astro::kPlanetKind, planet)));
   }

@@ -59,11 +59,12 @@ class NameIndex {
       if (name.form == form && name.key == key) visit(name);
     }
   }
-  // visit(name) for every name whose key begins so, in the order of the list.
+  // visit(name, isFirst) for every name whose key begins so, in the order of the list; the first name of an
+  // object is its best known one.
   template <class Visit>
   void ForPrefix(std::string_view prefix, Visit&& visit) const {
     for (std::size_t i = 0, count = GetCount(); i < count; ++i) {
-      if (BeginsWith(i, prefix)) visit((*this)[i]);
+      if (BeginsWith(i, prefix)) visit((*this)[i], i == 0 || GetObject(i - 1) != GetObject(i));
     }
   }
   // visit(name) for every plain name of the object.

@@ -125,7 +125,7 @@ int scene_get_night(SceneSky* sky, SceneNight* night) {
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, "the night is null or its size too small");
     const scene::EarthPlace place = scene::GetPlace(sky->camera);
     const auto plan = scene::IsNearSurface(sky->camera)
-                          ? scene::MakeNightPlan(scene::GetMoment(sky->camera), place)
+                          ? scene::MakeNightPlan(scene::GetMoment(sky->camera), place, false)
                           : std::nullopt;
     if (!plan)
       return scene::Fail(*sky, SCENE_NOT_FOUND, "nobody can tell where the Sun is at that moment from there");

@@ -47,7 +47,7 @@ struct SceneSky {
   const std::vector<scene::Shower>& GetShowers();
   // Other options in place of those there are, the frame's parts included. A status and, for a failure,
   // `error`: nothing has changed then.
-  int TakeOptions(const scene::SessionCapsule& wanted);
+  int TakeOptions(scene::SessionCapsule wanted);
   // What settings and options say, taken anew before the next frame.
   void ReadSettings();
   // Of the ground in that direction of the horizon frame, radians.

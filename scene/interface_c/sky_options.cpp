@@ -48,7 +48,7 @@ bool SceneSky::FindOrbits(const scene::SessionCapsule& wanted, std::vector<int>&
   return bodies.has_value();
 }
 
-int SceneSky::TakeOptions(const scene::SessionCapsule& wanted) {
+int SceneSky::TakeOptions(scene::SessionCapsule wanted) {
   scene::Landscape ground;
   std::vector<int> paths;
   if (!FindLandscape(wanted, ground) || !FindOrbits(wanted, paths)) return SCENE_BAD_ARGUMENT;
@@ -57,7 +57,7 @@ int SceneSky::TakeOptions(const scene::SessionCapsule& wanted) {
     return scene::Fail(*this, SCENE_BAD_DATA,
                        std::string(scene::GetImageCatalogName(*missing)) + ": not found");
   }
-  options = wanted;
+  options = std::move(wanted);
   landscape = std::move(ground);
   const bool isSame = std::equal(paths.begin(), paths.end(), orbits.begin(), orbits.end());
   orbits = std::move(paths);

@@ -251,13 +251,27 @@ std::vector<std::string> ObjectSearch::FindNear(const std::string& name) const {
   return near;
 }
 
+// The index that has the names of objects of the group; null where the lists beside the catalogs have them.
+const NameIndex* ObjectSearch::FindIndex(ObjectGroup group) const {
+  switch (group) {
+    case ObjectGroup::kStar:
+      return m_Names[0].get();
+    case ObjectGroup::kDeepsky:
+      return m_Names[1].get();
+    case ObjectGroup::kConstellation:
+    case ObjectGroup::kBody:
+      return m_Names[2].get();
+    default:
+      return nullptr;
+  }
+}
+
 // The name in the language of the texts comes first, or behind the number of a deep-sky object.
 std::vector<std::string> ObjectSearch::GetNames(const FoundObject& object) const {
   std::vector<std::string> written;
-  for (const auto& names : m_Names) {
+  if (const NameIndex* const names = FindIndex(object.group))
     names->ForObject(ToNamed(object),
                      [&written](const NameIndex::Name& name) { written.emplace_back(name.written); });
-  }
   if (object.group == ObjectGroup::kAsterism || object.group == ObjectGroup::kTileStar) {
     for (const Name& name : GetListed().shown)
       if (name.object == object) written.push_back(name.written);

@@ -3,7 +3,6 @@
 //
 // Names that begin like what is being typed.
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 #include "scene/class_limits.h"
@@ -23,6 +22,9 @@ bool IsDesignation(std::string_view written) {
          written.find_first_of("0123456789") != std::string_view::npos;
 }
 
+// By how much an object stands behind others that are found by their best known names.
+constexpr double kBestName = 0.0, kOtherName = 1.5, kAlias = 3.0, kDesignation = 3.0;
+
 }  // namespace
 
 struct ObjectSearch::Candidate {
@@ -31,11 +33,7 @@ struct ObjectSearch::Candidate {
   bool isExact;
   double prominence;  // as a magnitude: the less, the sooner
 
-  // Who types letters means a name sooner than "α CMa" or "HR 2491".
-  auto GetRank() const {
-    constexpr double kDesignation = 3.0;
-    return std::tuple(!isExact, prominence + (IsDesignation(written) ? kDesignation : 0.0), written.size());
-  }
+  auto GetRank() const { return std::pair(!isExact, prominence); }
 };
 
 // Magnitudes, and for what has none about that of objects which people know as well.
@@ -67,29 +65,38 @@ double ObjectSearch::GetProminence(const FoundObject& object) const {
 }
 
 void ObjectSearch::AppendCandidates(const std::string& key, std::vector<Candidate>& candidates) const {
-  const auto add = [&](const FoundObject& object, std::string_view written, bool isExact) {
-    candidates.push_back({object, written, isExact, GetProminence(object)});
+  const auto add = [&](const FoundObject& object, std::string_view written, bool isExact, double behind) {
+    const double further = IsDesignation(written) ? kDesignation : behind;
+    candidates.push_back({object, written, isExact, GetProminence(object) + further});
   };
   for (const auto& names : m_Names) {
-    names->ForPrefix(key, [&](const NameIndex::Name& name) {
-      if (name.form == NameIndex::kPlain) add(FromNamed(name.object), name.written, name.key == key);
+    names->ForPrefix(key, [&](const NameIndex::Name& name, bool isFirst) {
+      if (name.form == NameIndex::kPlain)
+        add(FromNamed(name.object), name.written, name.key == key, isFirst ? kBestName : kOtherName);
     });
   }
-  const auto addListed = [&](const Name& name) {
-    const bool isLost =
-        name.object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, name.object.index);
-    if (name.key.starts_with(key) && !isLost) add(name.object, name.written, name.key == key);
+  const auto addListed = [&](const std::vector<Name>& names, double behind) {
+    for (const Name& name : names) {
+      if (!name.key.starts_with(key)) continue;
+      const bool isLost =
+          name.object.group == ObjectGroup::kTileStar && !FindTileStar(*m_Catalogs, name.object.index);
+      if (!isLost) add(name.object, name.written, name.key == key, behind);
+    }
   };
-  for (const auto* names : {&GetListed().shown, &GetListed().further, &std::as_const(*m_Features)}) {
-    for (const Name& name : *names) addListed(name);
-  }
+  addListed(GetListed().shown, kBestName);
+  addListed(GetListed().further, kAlias);
+  addListed(*m_Features, kBestName);
 }
 
 std::vector<Suggestion> ObjectSearch::Suggest(const std::string& text, std::size_t most) const {
   const std::string key = MakeNameKey(text), expanded = MakeNameKey(ExpandGreekLetter(text));
   std::vector<Suggestion> suggestions;
   if (key.empty()) return suggestions;
-  if (!m_Features) AppendFeatureKeys(m_Features.emplace());
+  if (!m_Features) {
+    std::vector<Name> features;
+    AppendFeatureKeys(features);
+    m_Features = std::move(features);
+  }
   std::vector<Candidate> candidates;
   AppendCandidates(key, candidates);
   if (expanded != key) AppendCandidates(expanded, candidates);

@@ -36,10 +36,11 @@ enum class Word : unsigned {
   kWhereConstellation = 900357,  // before a colon and the name
   kHiddenBySky = 900431,         // why an object is not drawn: the limit there and its magnitude
   kHiddenByDaylight,
+  kBehindLand = 900503,          // likewise
   kName = 900527,
   kOtherNames,
   kSpectralType,
-  kSectionOff,  // why an object is drawn or not, until kBehindLand
+  kSectionOff,  // why an object is drawn or not, until kDrawn
   kAsterismsOff,
   kKindOff,
   kNeverDrawn,
@@ -68,7 +69,7 @@ enum class Word : unsigned {
   kNoFavourite,
   kNoMemory,
   kDrawn,
-  kBehindLand,  // another reason why it is not drawn
+  kKind,
   kAsterism = 900560,
   kCrater,
   kSatelliteCrater,
@@ -81,8 +82,7 @@ enum class Word : unsigned {
   kOnVisibleSide,
   kOnFarSide,
   kStarPair,
-  kSeparatedFrom,
-  kKind = 900725
+  kSeparatedFrom
 };
 
 // The text with its arguments, both in the code page of the language; "" when the table lacks it or it does

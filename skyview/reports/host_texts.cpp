@@ -76,7 +76,7 @@ constexpr TextUse kHostTexts[] = {
     {900553, 900553, "s", kMaxLength, true, "why: labels of a section"},
     {900554, 900554, "", kMaxLength, true, "why: no room for its label"},
     {900555, 900556, "s", kMaxLength, true, "why: filter, section"},
-    {900557, 900558, "", kMaxLength, true, "why: memory; that it is drawn"},
+    {900557, 900559, "", kMaxLength, true, "why: memory; that it is drawn; kind of an object"},
     {900560, 900563, "", kMaxLength, true, "skyview: asterism, kinds of features of surfaces"},
     {900564, 900565, "ff", kMaxLength, true, "skyview: place of a feature on its body"},
     {900566, 900566, "fs", kMaxLength, true, "skyview: extent of a feature"},

@@ -56,8 +56,10 @@ struct NightPlan {
   std::vector<NightBody> planets;  // Mercury to Neptune
 };
 
-// Of the night that FindTonight chooses. Nothing when it cannot. Allocates; every thread may call.
-SCENE_API std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& place);
+// Of the night that FindTonight chooses. Nothing when it cannot. Allocates; every thread may call. The planets
+// take most of the time and can be left out.
+SCENE_API std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& place,
+                                                 bool withPlanets = true);
 
 // Where something stands highest within a span that it has a place in; nothing where it is not above the
 // horizon at any time of it. To a minute.

@@ -107,6 +107,7 @@ class SCENE_API ObjectSearch {
   void AppendFeatureKeys(std::vector<Name>& names) const;
   void AppendCandidates(const std::string& key, std::vector<Candidate>& candidates) const;
   double GetProminence(const FoundObject& object) const;
+  const NameIndex* FindIndex(ObjectGroup group) const;
   std::vector<std::string> GetNames(const FoundObject& object) const;
   std::vector<FoundObject> WithoutNamesakes(std::vector<FoundObject> found) const;
   std::optional<FoundObject> FindTileStarNamed(const std::string& key) const;

@@ -26,7 +26,8 @@ typedef struct SceneSuggestion {
 
 /* Objects of which a name begins with `text`, the best first, at most `most` of them (1 to 100), each once:
  * names in all languages, letters, catalogue numbers ("M 3", "HIP 32349"). What is called exactly so comes
- * first, then what is known best. None for a text without letters and digits. */
+ * first, then what is known best. None for a text without letters and digits. The first call
+ * reads lists of names and takes longer. */
 SCENE_API int scene_suggest(SceneSky* sky, const char* text, int32_t most, SceneArray* suggestions);
 
 /* What a fact is about. Callers keep the numbers: frozen. */

@@ -43,7 +43,8 @@ SCENE_API const char* scene_get_language(SceneSky* sky);
  *   showers           on: radiants of meteor showers
  *   orbits            planets, or names with commas between them
  *   place             the name of the place of the view, which another latitude or longitude takes back
- *   zone              of the IANA database: whose clocks the texts show
+ *   zone              of the IANA database: whose clocks the texts show; one that has no file is kept, and
+ *                     its clocks show Universal Time
  *
  * SCENE_BAD_ARGUMENT for an unknown name and for a value that is none. */
 SCENE_API int scene_set_option(SceneSky* sky, const char* name, const char* value);

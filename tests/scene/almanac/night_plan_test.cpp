@@ -126,3 +126,14 @@ TEST(NightPlan, HighestPointIsFoundToAMinute) {
   const auto unknown = [](const SkyMoment&) { return std::optional<astro::HorizonPlace>(); };
   EXPECT_FALSE(FindHighest(unknown, span));
 }
+
+TEST(NightPlan, PlanetsCanBeLeftOut) {
+  const SkyMoment evening = At(2026, 1, 15, 18);
+  const auto without = MakeNightPlan(evening, kBerlin, false);
+  ASSERT_TRUE(without);
+  EXPECT_TRUE(without->planets.empty());
+  const NightPlan whole = Plan(evening, kBerlin);
+  EXPECT_EQ(whole.planets.size(), 7u);
+  EXPECT_EQ(Hours(*without->sun.set, *whole.sun.set), 0.0);
+  EXPECT_EQ(Hours(*without->moon.events.rise, *whole.moon.events.rise), 0.0);
+}

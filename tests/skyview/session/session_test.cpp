@@ -174,7 +174,7 @@ TEST(Session, SettingsThatNoLongerFitAreNamed) {
   std::string text = sky.dir.Read("it.session");
   text.replace(text.find("star.Draw"), 9, "star.Gone");
   const std::string body = text.substr(0, text.rfind("end "));
-  sky.dir.Write("it.session", body + "end " + skyview::FormatChecksum(skyview::Checksum(body)) + "\n");
+  sky.dir.Write("it.session", body + "end " + scene::FormatChecksum(scene::Checksum(body)) + "\n");
   EXPECT_EQ(sky.Run({"--session", file}), 0);
   EXPECT_NE(sky.GetErrorLine().find("star.Gone"), std::string::npos) << sky.errors.str();
 }
