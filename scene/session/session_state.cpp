@@ -3,7 +3,6 @@
 #include "scene/session_state.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <iterator>
 #include <optional>
 #include <random>
@@ -14,6 +13,7 @@
 #include "scene/setting_change.h"
 #include "scene/setting_values.h"
 #include "utils/bytes.h"
+#include "utils/file_presence.h"
 #include "utils/path.h"
 #include "utils/text.h"
 #include "utils/whole_file.h"
@@ -21,7 +21,6 @@
 namespace scene {
 namespace {
 
-namespace fs = std::filesystem;
 using CommonInterfaces::Camera;
 using CommonInterfaces::SettingField;
 using CommonInterfaces::SettingsData;
@@ -114,12 +113,11 @@ std::string GetKey(int nameId) {
 class TemporaryFile {
  public:
   TemporaryFile() {
-    std::error_code failure;
-    const fs::path folder = fs::temp_directory_path(failure);
+    const std::string folder = GetTemporaryFolder();
     std::random_device random;
     char name[48];
     std::snprintf(name, sizeof name, "session-%08x%08x.data", random(), random());
-    if (!failure) m_Path = (folder / name).string();
+    if (!folder.empty()) m_Path = folder + "/" + name;
   }
   // Removing allocates nothing: it may be for lack of memory that this object goes.
   ~TemporaryFile() {

@@ -66,6 +66,10 @@ TEST(GetAbsolutePath, StandsBelowTheCurrentFolder) {
   }
 }
 
+TEST(GetTemporaryFolder, IsTheOneThatTheStandardLibraryKnows) {
+  EXPECT_TRUE(std::filesystem::equivalent(GetTemporaryFolder(), std::filesystem::temp_directory_path()));
+}
+
 TEST(CreateEmptyFile, MakesOneWhereNoneIs) {
   const TempDir dir;
   EXPECT_TRUE(CreateEmptyFile(dir.Path("f").c_str()));

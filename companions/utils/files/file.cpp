@@ -194,4 +194,9 @@ std::string GetAbsolutePath(const char* path) {
   return utils_internal::MakeAbsolute(path && *path ? path : ".");
 }
 
+std::string GetTemporaryFolder() {
+  const std::string folder = utils_internal::FindTemporaryFolder();
+  return utils_internal::GetPathKind(folder) == utils_internal::PathKind::kFolder ? folder : std::string();
+}
+
 bool CreateEmptyFile(const char* path) { return path && *path && utils_internal::MakeEmptyFile(path); }

@@ -28,6 +28,9 @@ std::vector<std::string> ListNames(const std::string& folder);
 // The path from the root of the system; `path` as it is where the system knows no current folder.
 std::string MakeAbsolute(const std::string& path);
 
+// Where the environment wants files of a moment, and the system's own place otherwise; it may be missing.
+std::string FindTemporaryFolder();
+
 // Makes an empty file; a link is followed. False when something is there already, and when none can be made.
 bool MakeEmptyFile(const std::string& path);
 

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -36,6 +37,14 @@ std::string MakeAbsolute(const std::string& path) {
   char folder[4096];
   if (path.starts_with('/') || !getcwd(folder, sizeof folder)) return path;
   return std::string(folder) + (std::string_view(folder) == "/" ? "" : "/") + path;
+}
+
+std::string FindTemporaryFolder() {
+  for (const char* const name : {"TMPDIR", "TMP", "TEMP", "TEMPDIR"}) {
+    const char* const folder = std::getenv(name);
+    if (folder && *folder) return folder;
+  }
+  return "/tmp";
 }
 
 bool MakeEmptyFile(const std::string& path) {

@@ -38,6 +38,11 @@ std::string MakeAbsolute(const std::string& path) {
   return failure ? path : Narrow(absolute.c_str());
 }
 
+std::string FindTemporaryFolder() {
+  std::error_code failure;
+  return Narrow(std::filesystem::temp_directory_path(failure).c_str());
+}
+
 bool MakeEmptyFile(const std::string& path) {
   const HANDLE handle = CreateFileW(Widen(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                     nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);

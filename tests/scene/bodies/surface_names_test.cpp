@@ -17,7 +17,6 @@ using namespace scene;
 
 namespace {
 
-
 class SurfaceNamesTest : public testing::Test {
  protected:
   SurfaceNamesTest() {

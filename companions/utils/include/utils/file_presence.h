@@ -33,6 +33,9 @@ UTILS_API std::vector<std::string> ListFolder(const char* path);
 // nothing on the disk. Null and "" are the current folder.
 UTILS_API std::string GetAbsolutePath(const char* path);
 
+// The folder for files of a moment, as the user's environment names it; "" where there is none.
+UTILS_API std::string GetTemporaryFolder();
+
 // Makes an empty file where there is none, in one step with the look whether one is there, so that the file
 // of somebody else who was quicker stays. False when something is there, and when nothing can be made.
 UTILS_API bool CreateEmptyFile(const char* path);
