@@ -20,6 +20,9 @@ export interface Meter {
 const kRest = 250; // milliseconds without a change
 const kMostZoom = 10000;
 const kLeastZoom = 0.25;
+// Pixels of the page that a pixel of the standard picture takes at least: what is legible at arm's length.
+const kLeastUnit = 0.95;
+const kStandardPixels = 1600 * 1000;
 const clamp = (value: number, least: number, most: number) => Math.min(most, Math.max(least, value));
 
 // What is on the screen: the canvas, the view that the hands and the panels turn, and the frame that shows it. The view
@@ -136,7 +139,9 @@ export class Stage {
     if (width === this.#view.width && height === this.#view.height && this.canvas.width === width && this.canvas.height === height) return;
     this.canvas.width = width;
     this.canvas.height = height;
-    this.change({ width, height });
+    // The scene draws as large as suits the number of pixels; on a phone they are many and small.
+    const unit = Math.sqrt((width * height) / kStandardPixels) / ratio;
+    this.change({ width, height, enlargement: clamp(kLeastUnit / unit, 1, 8) });
   }
 
   #take(frame: Frame): void {
