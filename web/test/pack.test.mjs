@@ -18,7 +18,8 @@ function readPack() {
     let begin = 0;
     for (const [stride, count] of spans) {
       const records = count / stride;
-      for (let i = 0; i < count; ++i) file[begin + (i % records) * stride + Math.floor(i / records)] = bytes[at + begin + i];
+      for (let i = 0; i < count; ++i)
+        file[begin + (i % records) * stride + Math.floor(i / records)] = bytes[at + begin + i];
       begin += count;
     }
     files.set(path, file);
@@ -34,7 +35,8 @@ after(() => site.stop());
 test('every file of the pack is that of the data root', () => {
   const files = readPack();
   assert.ok(files.size > 80, `${files.size}`);
-  for (const name of ['catalogs/stars.tiles', 'catalogs/stars.txt', 'qxstrings.txt', 'media/maps/moon.jpg']) assert.ok(files.has(name), name);
+  for (const name of ['catalogs/stars.tiles', 'catalogs/stars.txt', 'qxstrings.txt', 'media/maps/moon.jpg'])
+    assert.ok(files.has(name), name);
   for (const [path, file] of files) {
     assert.ok(file.equals(readFileSync(join(kRoot, 'build/release/data', path))), path);
   }
