@@ -7,7 +7,8 @@ import { defineConfig, type Plugin } from 'vite';
 
 const kPublic = join(__dirname, '../build/web_public');
 
-// The service worker with the names of all files that the page is made of, and a version that changes with any of them.
+// The service worker with the names of all files that the page is made of, and a version that changes with
+// any of them.
 function offline(): Plugin {
   return {
     name: 'offline',
@@ -31,8 +32,8 @@ function offline(): Plugin {
   };
 }
 
-// Addresses are relative, so that the page can be served from any folder. script/web makes the public folder: the
-// module and the pack of the data root, which are copied as they are.
+// Addresses are relative, so that the page can be served from any folder. script/web makes the public folder:
+// the module and the pack of the data root, which are copied as they are.
 export default defineConfig({
   base: './',
   publicDir: kPublic,

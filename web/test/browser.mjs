@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 
-// What the tests of the page share: the built page on a server, the distribution's Chromium, and waiting for what is
-// shown instead of for time to pass.
+// What the tests of the page share: the built page on a server, the distribution's Chromium, and waiting for
+// what is shown instead of for time to pass.
 import { execFileSync } from 'node:child_process';
 import { mkdtempSync, readFileSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
@@ -14,11 +14,23 @@ import { serve } from '../tools/serve.mjs';
 export const kRoot = fileURLToPath(new URL('../..', import.meta.url));
 export const kBuilt = join(kRoot, 'build/web');
 
-const kArguments = ['--no-sandbox', '--use-gl=angle', '--use-angle=swiftshader', '--enable-unsafe-swiftshader'];
+const kArguments = [
+  '--no-sandbox',
+  '--use-gl=angle',
+  '--use-angle=swiftshader',
+  '--enable-unsafe-swiftshader',
+];
 const kMost = 60000; // milliseconds that anything may take on a busy machine
 
 // 2026-01-15 21:00 UT at 52.5 north, 13.4 east, to the south: Orion.
-export const kOrion = { latitude: 52.5, longitude: 13.4, julianDate: 2461056.375, azimuth: 180, altitude: 35, zoom: 1 };
+export const kOrion = {
+  latitude: 52.5,
+  longitude: 13.4,
+  julianDate: 2461056.375,
+  azimuth: 180,
+  altitude: 35,
+  zoom: 1,
+};
 
 // A browser and a server of a folder, for the tests of one file.
 export async function startBrowser(folder = kBuilt) {
@@ -47,7 +59,10 @@ export function settle(page) {
 }
 
 // The page with its first frame. `failures` gathers what the page complains of.
-export async function openPage({ browser, url }, { view = kOrion, size = { width: 1280, height: 800 }, ...options } = {}) {
+export async function openPage(
+  { browser, url },
+  { view = kOrion, size = { width: 1280, height: 800 }, ...options } = {},
+) {
   const context = await browser.newContext({ viewport: size, ...options });
   const page = await context.newPage();
   const failures = [];
@@ -71,8 +86,22 @@ export function drawByProgram(view, size, ...options) {
   const folder = mkdtempSync(join(tmpdir(), 'sky-'));
   const file = join(folder, 'sky.png');
   const date = new Date((view.julianDate - 2440587.5) * 86400000).toISOString().slice(0, 19);
-  const words = ['--place', `${view.latitude},${view.longitude}`, '--zone', 'UTC', '--time', `${date}Z`, '--look',
-    `${view.azimuth},${view.altitude}`, '--zoom', `${view.zoom}`, '--size', `${size.width}x${size.height}`, '--out', file]; // prettier-ignore
+  const words = [
+    '--place',
+    `${view.latitude},${view.longitude}`,
+    '--zone',
+    'UTC',
+    '--time',
+    `${date}Z`,
+    '--look',
+    `${view.azimuth},${view.altitude}`,
+    '--zoom',
+    `${view.zoom}`,
+    '--size',
+    `${size.width}x${size.height}`,
+    '--out',
+    file,
+  ];
   try {
     execFileSync(join(kRoot, 'build/release/bin/skyview'), [...words, ...options], { stdio: 'pipe' });
     return readFileSync(file);

@@ -29,7 +29,8 @@ before(async () => {
       const [left, top] = [Math.floor(x - reach), Math.floor(y - reach)];
       const cells = [];
       for (let j = 0; j <= 2 * reach; ++j)
-        for (let i = 0; i <= 2 * reach; ++i) cells.push([left + i, top + j, window.lightAt(picture, left + i, top + j)]);
+        for (let i = 0; i <= 2 * reach; ++i)
+          cells.push([left + i, top + j, window.lightAt(picture, left + i, top + j)]);
       const ground = Math.min(...cells.map((cell) => cell[2]));
       let [sum, sumX, sumY] = [0, 0, 0];
       for (const [i, j, light] of cells) {
@@ -49,16 +50,29 @@ async function compareStars(page, png) {
     const [own, other] = [await readPixels(await stage.toBlob()), await readPixels(await readBase64(text))];
     const ints = new Int32Array(stage.frame.buffer);
     const floats = new Float32Array(stage.frame.buffer);
-    const points = Array.from({ length: ints[0] }, (_, i) => floats.slice(ints[1] + 11 * i, ints[1] + 11 * i + 3));
-    const inside = points.filter(([x, y, r]) => r > 0.75 && x > 20 && y > 20 && x < own.width - 20 && y < own.height - 150);
-    const lonely = inside.filter(([x, y]) => points.filter(([u, v]) => Math.hypot(u - x, v - y) < 10).length === 1);
+    const points = Array.from({ length: ints[0] }, (_, i) =>
+      floats.slice(ints[1] + 11 * i, ints[1] + 11 * i + 3),
+    );
+    const inside = points.filter(
+      ([x, y, r]) => r > 0.75 && x > 20 && y > 20 && x < own.width - 20 && y < own.height - 150,
+    );
+    const lonely = inside.filter(
+      ([x, y]) => points.filter(([u, v]) => Math.hypot(u - x, v - y) < 10).length === 1,
+    );
     // What is written on a star moves its light, and the program writes fewer names.
-    const texts = Array.from({ length: ints[14] }, (_, i) => floats.slice(ints[15] + 10 * i, ints[15] + 10 * i + 4));
+    const texts = Array.from({ length: ints[14] }, (_, i) =>
+      floats.slice(ints[15] + 10 * i, ints[15] + 10 * i + 4),
+    );
     const lengths = texts.map((_, i) => ints[ints[15] + 10 * i + 5]);
     const isWritten = (x, y) =>
       texts.some(([left, base, anchor, size], i) => {
         const width = lengths[i] * size;
-        return x > left - anchor * width - 8 && x < left + (1 - anchor) * width + 8 && y > base - size - 6 && y < base + 8;
+        return (
+          x > left - anchor * width - 8 &&
+          x < left + (1 - anchor) * width + 8 &&
+          y > base - size - 6 &&
+          y < base + 8
+        );
       });
     const bare = lonely.filter(([x, y]) => !isWritten(x - 4, y) && !isWritten(x, y));
     return bare.map(([x, y, r]) => {
@@ -94,7 +108,9 @@ async function compareSky(page, png, most) {
       for (let y = 20; y < bottom; y += 30) {
         for (let x = 20; x < own.width; x += 30) {
           const at = 4 * (y * own.width + x);
-          differences.push(Math.max(...[0, 1, 2].map((i) => Math.abs(own.data[at + i] - other.data[at + i]))));
+          differences.push(
+            Math.max(...[0, 1, 2].map((i) => Math.abs(own.data[at + i] - other.data[at + i]))),
+          );
         }
       }
       return differences.sort((a, b) => a - b);
@@ -117,14 +133,48 @@ for (const [name, part, bottom] of [
   });
 }
 
+test("a globe has the surface of the program's picture", async () => {
+  const { page } = opened;
+  await show(page, kOrion);
+  const aim = await page.evaluate(async () => stage.sky.lookAt(await stage.sky.find('Jupiter')));
+  const view = { ...kOrion, azimuth: aim.azimuth, altitude: aim.altitude, zoom: 1500 };
+  await show(page, view);
+  const png = drawByProgram({ ...view, azimuth: aim.azimuth, altitude: aim.altitude }, kSize);
+  // The map comes after the globe: the middle of the disc is compared until it is there, or much too late.
+  const differ = async () =>
+    page.evaluate(async (text) => {
+      const [own, other] = [await readPixels(await stage.toBlob()), await readPixels(await readBase64(text))];
+      const { width, height } = own;
+      let sum = 0;
+      let count = 0;
+      for (let y = height / 2 - 90; y < height / 2 + 90; y += 3) {
+        for (let x = width / 2 - 90; x < width / 2 + 90; x += 3, ++count) {
+          const at = 4 * (y * width + x);
+          for (let i = 0; i < 3; ++i) sum += Math.abs(own.data[at + i] - other.data[at + i]) / 3;
+        }
+      }
+      return sum / count;
+    }, png.toString('base64'));
+  let difference = await differ();
+  for (const end = Date.now() + 20000; difference > 3 && Date.now() < end; ) difference = await differ();
+  assert.ok(difference <= 3, `${difference} steps of 255 on the average`);
+});
+
 test('a picture takes fewer than 30 draw calls', async () => {
   const { page } = opened;
   const counts = [];
-  for (const part of [{}, { zoom: 0.25 }, { zoom: 20 }, { julianDate: 2461212.95, azimuth: 160, altitude: 40 }]) {
+  for (const part of [
+    {},
+    { zoom: 0.25 },
+    { zoom: 20 },
+    { julianDate: 2461212.95, azimuth: 160, altitude: 40 },
+  ]) {
     await show(page, { ...kOrion, ...part });
     counts.push(await page.evaluate(() => stage.meter.drawCalls));
   }
-  const jupiter = await page.evaluate(async () => ({ ...(await stage.sky.lookAt(await stage.sky.find('Jupiter'))) }));
+  const jupiter = await page.evaluate(async () => ({
+    ...(await stage.sky.lookAt(await stage.sky.find('Jupiter'))),
+  }));
   for (const zoom of [100, 1000]) {
     await show(page, { azimuth: jupiter.azimuth, altitude: jupiter.altitude, zoom });
     counts.push(await page.evaluate(() => stage.meter.drawCalls));
@@ -134,7 +184,12 @@ test('a picture takes fewer than 30 draw calls', async () => {
 
 test('the pixels are those of the device', async () => {
   const { page, context } = await openPage(site, { size: { width: 390, height: 844 }, deviceScaleFactor: 3 });
-  const sizes = await page.evaluate(() => [stage.canvas.width, stage.canvas.height, stage.view.width, stage.view.height]);
+  const sizes = await page.evaluate(() => [
+    stage.canvas.width,
+    stage.canvas.height,
+    stage.view.width,
+    stage.view.height,
+  ]);
   assert.deepEqual(sizes, [1170, 2532, 1170, 2532]);
   await context.close();
 });
@@ -146,14 +201,20 @@ test('while its frame is not there, a turned view is shown by the last one', asy
     const { stage } = window;
     const ints = new Int32Array(stage.frame.buffer);
     const floats = new Float32Array(stage.frame.buffer);
-    const points = Array.from({ length: ints[0] }, (_, i) => floats.slice(ints[1] + 11 * i, ints[1] + 11 * i + 3));
-    const brightest = points.filter(([x, y]) => x > 300 && x < 900 && y > 200 && y < 600).sort((a, b) => b[2] - a[2])[0];
+    const points = Array.from({ length: ints[0] }, (_, i) =>
+      floats.slice(ints[1] + 11 * i, ints[1] + 11 * i + 3),
+    );
+    const brightest = points
+      .filter(([x, y]) => x > 300 && x < 900 && y > 200 && y < 600)
+      .sort((a, b) => b[2] - a[2])[0];
     const vector = await stage.sky.unproject(new Float64Array([brightest[0], brightest[1]]));
     // Nothing is awaited in between: no frame of the new view can be there.
     stage.change({ azimuth: 186, altitude: 38, zoom: 1.1 });
     const blob = stage.toBlob();
     const shown = stage.frame.view.azimuth;
-    const hasCome = new Promise((resolve) => stage.onFrame((frame) => frame.view.azimuth === 186 && resolve()));
+    const hasCome = new Promise((resolve) =>
+      stage.onFrame((frame) => frame.view.azimuth === 186 && resolve()),
+    );
     const picture = await readPixels(await blob);
     await hasCome;
     const [x, y] = await stage.sky.project(vector);

@@ -17,26 +17,41 @@ beforeEach(() => show(page, kOrion));
 after(() => site.stop());
 
 // The direction at a pixel of the frame that is shown.
-const toVector = (x, y) => page.evaluate(async (at) => [...(await stage.sky.unproject(new Float64Array(at)))], [x, y]);
+const toVector = (x, y) =>
+  page.evaluate(async (at) => [...(await stage.sky.unproject(new Float64Array(at)))], [x, y]);
 
-// Waits until the direction is seen at the pixel, with the frame of its view; moves of fingers reach the page a picture
-// later.
+// Waits until the direction is seen at the pixel, with the frame of its view; moves of fingers reach the page
+// a picture later.
 async function assertAt(vector, x, y, most = 1) {
-  for (const end = Date.now() + 20000; ; ) {
+  for (const end = Date.now() + 20000; ;) {
     await settle(page);
-    const [ownX, ownY] = await page.evaluate(async (at) => [...(await stage.sky.project(new Float64Array(at)))], vector);
+    const [ownX, ownY] = await page.evaluate(
+      async (at) => [...(await stage.sky.project(new Float64Array(at)))],
+      vector,
+    );
     if (Math.hypot(ownX - x, ownY - y) < most) return;
     assert.ok(Date.now() < end, `${ownX}, ${ownY} and not ${x}, ${y}`);
   }
 }
 
-// Mouse events a screen's picture apart, so that speeds are those that the test means however busy the machine is.
+// Mouse events a screen's picture apart, so that speeds are those that the test means however busy the
+// machine is.
 const kBegin = Date.now() / 1000;
 let clock = 0;
 const mouse = (type, x, y) =>
-  devtools.send('Input.dispatchMouseEvent', { type, x, y, button: 'left', clickCount: 1, timestamp: kBegin + (clock += 0.016) });
+  devtools.send('Input.dispatchMouseEvent', {
+    type,
+    x,
+    y,
+    button: 'left',
+    clickCount: 1,
+    timestamp: kBegin + (clock += 0.016),
+  });
 const touch = (type, ...points) =>
-  devtools.send('Input.dispatchTouchEvent', { type, touchPoints: points.map(([x, y], id) => ({ x, y, id })) });
+  devtools.send('Input.dispatchTouchEvent', {
+    type,
+    touchPoints: points.map(([x, y], id) => ({ x, y, id })),
+  });
 
 test('a drag keeps the point of the sky under the pointer', async () => {
   const vector = await toVector(700, 300);
@@ -82,7 +97,8 @@ test('the wheel zooms towards the pointer', async () => {
 test('two fingers zoom and turn, what is between them stays between them', async () => {
   const vector = await toVector(600, 300);
   await touch('touchStart', [550, 300], [650, 300]);
-  for (let i = 1; i <= 10; ++i) await touch('touchMove', [550 - 5 * i, 300 + 4 * i], [650 + 15 * i, 300 + 4 * i]);
+  for (let i = 1; i <= 10; ++i)
+    await touch('touchMove', [550 - 5 * i, 300 + 4 * i], [650 + 15 * i, 300 + 4 * i]);
   // 500 to 800 at 340: three times as far apart, the middle at 650.
   await assertAt(vector, 650, 340);
   assert.ok(Math.abs((await getView(page)).zoom - 3) < 0.05);

@@ -28,7 +28,10 @@ test('nothing is asked of another host', async () => {
   const context = await site.browser.newContext();
   const page = await context.newPage();
   const hosts = new Set();
-  page.on('request', (request) => request.url().startsWith('http') && hosts.add(new URL(request.url()).origin));
+  page.on(
+    'request',
+    (request) => request.url().startsWith('http') && hosts.add(new URL(request.url()).origin),
+  );
   await page.goto(site.url);
   await waitFor(page, () => window.stage?.frame);
   assert.deepEqual([...hosts], [new URL(site.url).origin]);

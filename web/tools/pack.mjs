@@ -18,14 +18,17 @@ const kIndexBytes = 8;
 const kEntryBytes = 8;
 const kBlockEntries = 511;
 
-// [stride, bytes] of the parts of a tile catalog: header, records and index of each band, the index of numbers, whose
-// blocks begin with a sum of four bytes.
+// [stride, bytes] of the parts of a tile catalog: header, records and index of each band, the index of
+// numbers, whose blocks begin with a sum of four bytes.
 function spansOfTiles(file) {
   const spans = [[1, file.readUInt32LE(12)]];
   const stars = file.readUInt32LE(24);
   for (let band = 0; band < file.readUInt32LE(20); ++band) {
     const cells = 12 * 4 ** file.readUInt32LE(48 + 16 * band);
-    spans.push([kRecordBytes, kRecordBytes * file.readUInt32LE(48 + 16 * band + 8)], [kIndexBytes, kIndexBytes * cells]);
+    spans.push(
+      [kRecordBytes, kRecordBytes * file.readUInt32LE(48 + 16 * band + 8)],
+      [kIndexBytes, kIndexBytes * cells],
+    );
   }
   const hasNumbers = file.readUInt32LE(8) >= 2;
   for (let left = hasNumbers ? stars : 0; left > 0; left -= kBlockEntries) {

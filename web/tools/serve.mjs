@@ -36,7 +36,11 @@ export function serve(folder, port = 0) {
       return;
     }
     const type = kTypes[extname(found.file)] ?? 'application/octet-stream';
-    response.writeHead(200, { 'content-type': type, 'content-length': found.size, 'cache-control': 'no-cache' });
+    response.writeHead(200, {
+      'content-type': type,
+      'content-length': found.size,
+      'cache-control': 'no-cache',
+    });
     createReadStream(found.file).pipe(response);
   });
   return new Promise((resolve) => server.listen(port, '127.0.0.1', () => resolve(server)));

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 
-// A display list in one buffer: a header, then the arrays, each as docs/formats/display_list.md has its records, at an
-// offset that is a multiple of four. The header is for every array, in the order of `kArrayKinds`, the count of its
-// records and the index of its first 32-bit word.
+// A display list in one buffer: a header, then the arrays, each as docs/formats/display_list.md has its
+// records, at an offset that is a multiple of four. The header is for every array, in the order of
+// `kArrayKinds`, the count of its records and the index of its first 32-bit word.
 
 export const kArray = {
   points: 0,
@@ -26,8 +26,21 @@ export const kArray = {
 export const kArrayKinds: readonly number[] = Object.values(kArray);
 
 // 32-bit words of a record.
-export const kWords = { points: 11, discs: 15, shadows: 13, polylines: 8, ellipses: 10, polygons: 7, gradients: 18,
-  texts: 10, meshes: 9, globes: 32, runs: 4, rings: 2, vertices: 2 } as const; // prettier-ignore
+export const kWords = {
+  points: 11,
+  discs: 15,
+  shadows: 13,
+  polylines: 8,
+  ellipses: 10,
+  polygons: 7,
+  gradients: 18,
+  texts: 10,
+  meshes: 9,
+  globes: 32,
+  runs: 4,
+  rings: 2,
+  vertices: 2,
+} as const;
 
 const kHeaderWords = 2 * kArrayKinds.length;
 
@@ -55,8 +68,8 @@ export function writeList(sources: Source[], buffer: ArrayBuffer): void {
   });
 }
 
-// Reads such a buffer. Records are addressed by words: word w of record i of points is `start(kArray.points) + 11 * i
-// + w` in one of the three views.
+// Reads such a buffer. Records are addressed by words: word w of record i of points is `start(kArray.points)
+// + 11 * i + w` in one of the three views.
 export class FrameList {
   readonly floats: Float32Array;
   readonly ints: Int32Array;

@@ -19,7 +19,7 @@ async function load(name: string, onBytes: (bytes: number, all: number) => void)
   const all = Number(answer.headers.get('content-length')) || 0;
   const parts: Uint8Array<ArrayBuffer>[] = [];
   let bytes = 0;
-  for (const reader = answer.body.getReader(); ; ) {
+  for (const reader = answer.body.getReader(); ;) {
     const { done, value } = await reader.read().catch(() => {
       throw complain('the connection broke');
     });

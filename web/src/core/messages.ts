@@ -21,6 +21,7 @@ export interface View {
   azimuth: number; // of the middle of the picture, from north over east, 0 to 360
   altitude: number;
   zoom: number; // 0.25 to 10000; 1 shows 37 degrees from the middle to a corner
+  enlargement: number; // of lines, points and texts against a picture of that size on a desk, 0.25 to 8
 }
 
 // An object of the catalogs: four-character code as a word ("star" = 0x73746172) and number.

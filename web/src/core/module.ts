@@ -1,6 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-import { ConsoleStdout, Directory, File, type Inode, OpenFile, PreopenDirectory, WASI } from '@bjorn3/browser_wasi_shim';
+import {
+  ConsoleStdout,
+  Directory,
+  File,
+  type Inode,
+  OpenFile,
+  PreopenDirectory,
+  WASI,
+} from '@bjorn3/browser_wasi_shim';
 import { kStructs, layOut, type Struct, type StructName, type Word } from './layouts';
 
 type Exports = { memory: WebAssembly.Memory } & Record<string, (...args: number[]) => number>;
@@ -23,8 +31,8 @@ function makeFolders(files: Map<string, Uint8Array>): Map<string, Inode> {
   return root;
 }
 
-// The compiled scene: its functions by name, and values in its memory. What is put there for a call lies in a scratch
-// area that the next call of `run` takes again.
+// The compiled scene: its functions by name, and values in its memory. What is put there for a call lies in a
+// scratch area that the next call of `run` takes again.
 export class SceneModule {
   #exports: Exports;
   #files: Map<string, Uint8Array>;
@@ -37,12 +45,21 @@ export class SceneModule {
     this.#scratch = exports.malloc(kScratchBytes);
   }
 
-  // `files`: what stands below /data. `log`: takes the diagnostic lines of loaders. Rejects where the bytes are no
-  // module that this page can use.
-  static async load(bytes: BufferSource, files: Map<string, Uint8Array>, log: (line: string) => void): Promise<SceneModule> {
+  // `files`: what stands below /data. `log`: takes the diagnostic lines of loaders. Rejects where the bytes
+  // are no module that this page can use.
+  static async load(
+    bytes: BufferSource,
+    files: Map<string, Uint8Array>,
+    log: (line: string) => void,
+  ): Promise<SceneModule> {
     const lines = ConsoleStdout.lineBuffered(log);
-    const roots = [new PreopenDirectory('/data', makeFolders(files)), new PreopenDirectory('/work', new Map())];
-    const wasi = new WASI(['scene'], [], [new OpenFile(new File([])), lines, lines, ...roots], { debug: false });
+    const roots = [
+      new PreopenDirectory('/data', makeFolders(files)),
+      new PreopenDirectory('/work', new Map()),
+    ];
+    const wasi = new WASI(['scene'], [], [new OpenFile(new File([])), lines, lines, ...roots], {
+      debug: false,
+    });
     const { instance } = await WebAssembly.instantiate(bytes, { wasi_snapshot_preview1: wasi.wasiImport });
     wasi.initialize(instance as never);
     return new SceneModule(instance.exports as Exports, files);
@@ -106,7 +123,8 @@ export class SceneModule {
     const at = this.room(size);
     this.bytes.fill(0, at, at + size);
     if ('size' in members) this.view.setUint32(at, size, true);
-    for (const [member, value] of Object.entries(values)) this.#put(at + offsets[member], members[member], value);
+    for (const [member, value] of Object.entries(values))
+      this.#put(at + offsets[member], members[member], value);
     return at;
   }
 

@@ -8,8 +8,9 @@
 //   list       JSON: [{path, size, spans: [[stride, bytes]...]}], the files in order
 //   files      one behind the other
 //
-// The bytes of a span whose stride is more than 1 are transposed: of all its records the first bytes, then all second
-// ones, and so on, because like stands beside like then and gzip finds it. `spans` covers the file.
+// The bytes of a span whose stride is more than 1 are transposed: of all its records the first bytes, then
+// all second ones, and so on, because like stands beside like then and gzip finds it. `spans` covers the
+// file.
 
 interface Entry {
   path: string;
@@ -33,7 +34,8 @@ function unpackFile(packed: Uint8Array, entry: Entry): Uint8Array {
   const file = new Uint8Array(entry.size);
   let at = 0;
   for (const [stride, bytes] of entry.spans) {
-    if (stride < 1 || bytes % stride || at + bytes > entry.size) throw new PackError(`${entry.path}: a bad span`);
+    if (stride < 1 || bytes % stride || at + bytes > entry.size)
+      throw new PackError(`${entry.path}: a bad span`);
     const span = packed.subarray(at, at + bytes);
     if (stride === 1) file.set(span, at);
     else restore(span, stride, file.subarray(at, at + bytes));
@@ -63,8 +65,8 @@ export async function gunzip(packed: ArrayBuffer): Promise<ArrayBuffer> {
   return new Response(new Blob([packed]).stream().pipeThrough(new DecompressionStream('gzip'))).arrayBuffer();
 }
 
-// The files of a pack by their paths. Rejects with one line for bytes that are none or are damaged: gzip's own sum
-// covers all of them.
+// The files of a pack by their paths. Rejects with one line for bytes that are none or are damaged: gzip's
+// own sum covers all of them.
 export async function unpack(packed: ArrayBuffer): Promise<Map<string, Uint8Array>> {
   try {
     return readPack(new Uint8Array(await gunzip(packed)));

@@ -20,6 +20,7 @@ export type Answers = {
 export class SceneService implements Answers {
   module!: SceneModule;
   #sky = 0;
+  #enlargement = 1;
   #log: (line: string) => void;
 
   constructor(log: (line: string) => void) {
@@ -50,12 +51,14 @@ export class SceneService implements Answers {
 
   getView(): View {
     const { julian_date: julianDate, size, ...rest } = this.getInto('SceneView', 'scene_get_view');
-    return { ...rest, julianDate };
+    return { ...rest, julianDate, enlargement: this.#enlargement };
   }
 
   setView(view: View): void {
-    const { julianDate: julian_date, ...rest } = view;
+    const { julianDate: julian_date, enlargement, ...rest } = view;
     this.ask('scene_set_view', this.module.putStruct('SceneView', { ...rest, julian_date }));
+    this.ask('scene_set_enlargement', enlargement);
+    this.#enlargement = enlargement;
   }
 
   changeSetting(change: string): void {

@@ -31,8 +31,8 @@ export interface SkyEvents {
 
 // The worker's calls, each with a promise: `await sky.find('Jupiter')`.
 export type Sky = Async<SkyService> & {
-  // Asks for a frame of the view. One is computed at a time; of several views that wait the last is next. A call that
-  // was made before counts already: after a change of settings, `show` with the same view shows it.
+  // Asks for a frame of the view. One is computed at a time; of several views that wait the last is next. A
+  // call that was made before counts already: after a change of settings, `show` with the same view shows it.
   show(view: View): void;
   events: SkyEvents;
 };
@@ -92,7 +92,10 @@ export function connectSky(worker: Worker): Sky {
     new Promise<unknown>((resolve, reject) => {
       const id = ++lastId;
       waiting.set(id, { resolve, reject });
-      post({ type: 'call', id, name, args }, (kTransferred[name] ?? []).map((i) => args[i] as ArrayBuffer));
+      post(
+        { type: 'call', id, name, args },
+        (kTransferred[name] ?? []).map((i) => args[i] as ArrayBuffer),
+      );
     });
 
   const settle = (id: number, how: (call: Waiting) => void) => {

@@ -4,8 +4,8 @@ import { Stage } from '../draw/stage';
 import { loadFiles } from './loading';
 import { connectSky } from './sky';
 
-// Loads module and data with the bar of the page, opens the sky in that language and draws its first frame. Null: the
-// page says why not, in one line.
+// Loads module and data with the bar of the page, opens the sky in that language and draws its first frame.
+// Null: the page says why not, in one line.
 export async function startSky(language: string): Promise<Stage | null> {
   const loading = document.getElementById('loading')!;
   const line = document.getElementById('loading-line')!;

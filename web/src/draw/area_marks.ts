@@ -47,8 +47,8 @@ function holds(floats: Float32Array, ring: Ring, x: number, y: number): boolean 
   return isIn;
 }
 
-// The rings in groups of one that bounds an area and the holes in it, by the even-odd rule: a ring inside an odd number
-// of others bounds a hole of the smallest of them.
+// The rings in groups of one that bounds an area and the holes in it, by the even-odd rule: a ring inside an
+// odd number of others bounds a hole of the smallest of them.
 function nest(floats: Float32Array, rings: Ring[]): { outer: Ring; holes: Ring[] }[] {
   if (rings.length === 1) return [{ outer: rings[0], holes: [] }];
   const around = rings.map((ring) =>
@@ -66,7 +66,13 @@ function nest(floats: Float32Array, rings: Ring[]): { outer: Ring; holes: Ring[]
   return [...groups].map(([outer, holes]) => ({ outer, holes }));
 }
 
-function addTriangles(floats: Float32Array, outer: Ring, holes: Ring[], colour: number, marks: Instances): void {
+function addTriangles(
+  floats: Float32Array,
+  outer: Ring,
+  holes: Ring[],
+  colour: number,
+  marks: Instances,
+): void {
   const rings = [outer, ...holes];
   const flat: number[] = [];
   const begins: number[] = [];
@@ -85,7 +91,14 @@ function addTriangles(floats: Float32Array, outer: Ring, holes: Ring[], colour: 
 }
 
 // Strips along the ring's edges, away from the area; at the corners they meet on the bisector.
-function addSoftEdge(floats: Float32Array, ring: Ring, isHole: boolean, softness: number, colour: number, marks: Instances): void {
+function addSoftEdge(
+  floats: Float32Array,
+  ring: Ring,
+  isHole: boolean,
+  softness: number,
+  colour: number,
+  marks: Instances,
+): void {
   const side = ring.area > 0 !== isHole ? 1 : -1; // to the right of the way, y down, is outwards
   const outwards = new Float32Array(2 * ring.count);
   const point = (i: number) => ring.at + 2 * ((i + ring.count) % ring.count);
@@ -105,14 +118,32 @@ function addSoftEdge(floats: Float32Array, ring: Ring, isHole: boolean, softness
   for (let i = 0; i < ring.count; ++i) {
     const [from, to, out, next] = [point(i), point(i + 1), 2 * i, 2 * ((i + 1) % ring.count)];
     const mark = marks.add(kMark.strip, colour);
-    marks.floats.set([floats[from], floats[from + 1], floats[to], floats[to + 1], outwards[out], outwards[out + 1], outwards[next], outwards[next + 1]], mark); // prettier-ignore
+    marks.floats.set(
+      [
+        floats[from],
+        floats[from + 1],
+        floats[to],
+        floats[to + 1],
+        outwards[out],
+        outwards[out + 1],
+        outwards[next],
+        outwards[next + 1],
+      ],
+      mark,
+    );
   }
 }
 
 export function addPolygons(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, ints, words } = list;
-  for (let i = first, at = list.start(kArray.polygons) + first * kWords.polygons; i < first + count; ++i, at += kWords.polygons) {
-    const rings = Array.from({ length: ints[at + 1] }, (_, k) => readRing(list, ints[at] + k)).filter((ring) => ring.count > 2);
+  for (
+    let i = first, at = list.start(kArray.polygons) + first * kWords.polygons;
+    i < first + count;
+    ++i, at += kWords.polygons
+  ) {
+    const rings = Array.from({ length: ints[at + 1] }, (_, k) => readRing(list, ints[at] + k)).filter(
+      (ring) => ring.count > 2,
+    );
     const [colour, edge, softness] = [words[at + 2], words[at + 3], floats[at + 4]];
     const groups = nest(floats, rings);
     marks.nextGroup();

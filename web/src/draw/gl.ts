@@ -25,7 +25,9 @@ export class Program {
     for (const shader of shaders) gl.attachShader(this.handle, shader);
     gl.linkProgram(this.handle);
     if (!gl.getProgramParameter(this.handle, gl.LINK_STATUS) && !gl.isContextLost()) {
-      throw new Error(shaders.map((shader) => gl.getShaderInfoLog(shader)).join('\n') + gl.getProgramInfoLog(this.handle));
+      throw new Error(
+        shaders.map((shader) => gl.getShaderInfoLog(shader)).join('\n') + gl.getProgramInfoLog(this.handle),
+      );
     }
   }
 

@@ -22,8 +22,8 @@ const kAir = 31;
 type Rgba = [number, number, number, number];
 const toRgba = (word: number) => [0, 8, 16, 24].map((shift) => ((word >>> shift) & 0xff) / 255) as Rgba;
 
-// Bodies whose surface is seen. Maps are loaded when a globe first names them; until one is there, its body has the one
-// colour of its disc.
+// Bodies whose surface is seen. Maps are loaded when a globe first names them; until one is there, its body
+// has the one colour of its disc.
 export class GlobePainter {
   // A map came: what was painted without it is to be painted anew.
   onMap: () => void = () => {};
@@ -68,8 +68,8 @@ export class GlobePainter {
     gl.drawArrays(gl.TRIANGLE_STRIP, 0, 4);
   }
 
-  // The Sun and the viewer on the body's axes. Where air squeezes the picture, what points sideways in it is longer on
-  // the body.
+  // The Sun and the viewer on the body's axes. Where air squeezes the picture, what points sideways in it is
+  // longer on the body.
   #setLight(floats: Float32Array, at: number): void {
     const m = floats.subarray(at + kToBody, at + kToBody + 9);
     const toBody = (x: number, y: number, z: number) =>
@@ -122,7 +122,9 @@ export class GlobePainter {
   async #load(index: number): Promise<void> {
     const bytes = await this.#loadMap(index);
     if (!bytes) return;
-    const picture = await createImageBitmap(new Blob([bytes as BlobPart], { type: 'image/jpeg' }), { colorSpaceConversion: 'none' }).catch(() => null);
+    const picture = await createImageBitmap(new Blob([bytes as BlobPart], { type: 'image/jpeg' }), {
+      colorSpaceConversion: 'none',
+    }).catch(() => null);
     const gl = this.#gl;
     if (!picture || gl.isContextLost()) return;
     const texture = gl.createTexture()!;

@@ -1,11 +1,21 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 
-// Everything but meshes and globes is painted as quads of one shader, in the order of the list: an instance is a kind of
-// mark, sixteen numbers and three colours. What the numbers mean to a kind stands in shaders/mark.ts. Colours are the
-// list's words: red in the lowest byte, opacity in the highest.
+// Everything but meshes and globes is painted as quads of one shader, in the order of the list: an instance
+// is a kind of mark, sixteen numbers and three colours. What the numbers mean to a kind stands in
+// shaders/mark.ts. Colours are the list's words: red in the lowest byte, opacity in the highest.
 
-export const kMark = { circle: 0, glow: 1, shadow: 2, lit: 3, segment: 4, triangle: 5, strip: 6, gradient: 7, label: 8 };
+export const kMark = {
+  circle: 0,
+  glow: 1,
+  shadow: 2,
+  lit: 3,
+  segment: 4,
+  triangle: 5,
+  strip: 6,
+  gradient: 7,
+  label: 8,
+};
 
 export const kInstanceBytes = 80;
 const kInstanceWords = kInstanceBytes / 4;
@@ -30,7 +40,8 @@ export class Instances {
     ++this.group;
   }
 
-  // Adds a mark; returns the index of its first word, from which on the caller writes the numbers that the kind has.
+  // Adds a mark; returns the index of its first word, from which on the caller writes the numbers that the
+  // kind has.
   add(kind: number, colour: number, second = 0, third = 0): number {
     const at = this.count++ * kInstanceWords;
     if (at + kInstanceWords > this.floats.length) this.#grow();

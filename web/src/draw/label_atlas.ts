@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 import { type Gl, makeTexture } from './gl';
 
-// The texts of the frames as pictures in one texture. A whole text is a picture, shaped by the browser: labels stay for
-// many frames, and what a script or a kerning does stays whole. Shelves are filled from the top; when the texture is
-// full it begins anew.
+// The texts of the frames as pictures in one texture. A whole text is a picture, shaped by the browser:
+// labels stay for many frames, and what a script or a kerning does stays whole. Shelves are filled from the
+// top; when the texture is full it begins anew.
 
 const kSide = 2048;
 const kFamily = "'DejaVu Sans', 'Segoe UI', system-ui, sans-serif";
@@ -37,15 +37,16 @@ export class LabelAtlas {
     this.texture = makeTexture(gl);
     gl.texStorage2D(gl.TEXTURE_2D, 1, gl.R8, kSide, kSide);
     this.#context = new OffscreenCanvas(512, 64).getContext('2d', { willReadFrequently: true })!;
-    // The canvas gets its memory when it is first drawn on, for which it asks the process that is soon busy with shaders.
+    // The canvas gets its memory when it is first drawn on, for which it asks the process that is soon busy
+    // with shaders.
     this.#context.clearRect(0, 0, 1, 1);
   }
 
   // How often the texture began anew: marks made before that show something else now.
   generation = 0;
 
-  // The picture of a text; `size`: of the font in pixels of the device, `style`: as the list has it. Null for a text that
-  // shows nothing or is larger than the texture.
+  // The picture of a text; `size`: of the font in pixels of the device, `style`: as the list has it. Null for
+  // a text that shows nothing or is larger than the texture.
   find(text: string, size: number, style: number): Label | null {
     const key = `${style} ${size.toFixed(2)} ${text}`;
     const known = this.#labels.get(key);

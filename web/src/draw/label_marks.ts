@@ -5,9 +5,19 @@ import { type Instances, kMark } from './instances';
 import type { LabelAtlas } from './label_atlas';
 
 // Texts of the list as pictures of the atlas.
-export function addTexts(list: FrameList, first: number, count: number, atlas: LabelAtlas, marks: Instances): void {
+export function addTexts(
+  list: FrameList,
+  first: number,
+  count: number,
+  atlas: LabelAtlas,
+  marks: Instances,
+): void {
   const { floats, words } = list;
-  for (let i = first, at = list.start(kArray.texts) + first * kWords.texts; i < first + count; ++i, at += kWords.texts) {
+  for (
+    let i = first, at = list.start(kArray.texts) + first * kWords.texts;
+    i < first + count;
+    ++i, at += kWords.texts
+  ) {
     const label = atlas.find(list.text(at), floats[at + 3], words[at + 6]);
     if (!label) continue;
     marks.nextGroup();

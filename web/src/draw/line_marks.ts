@@ -19,7 +19,13 @@ export interface Stroke {
 }
 
 // The line through `count` vertices, x y one after the other from `at` on.
-export function addStroke(vertices: Float32Array, at: number, count: number, stroke: Stroke, marks: Instances): void {
+export function addStroke(
+  vertices: Float32Array,
+  at: number,
+  count: number,
+  stroke: Stroke,
+  marks: Instances,
+): void {
   const segments = stroke.isClosed ? count : count - 1;
   const wrap = (i: number) => at + 2 * ((i + count) % count);
   let walked = 0;
@@ -55,7 +61,11 @@ export function addStroke(vertices: Float32Array, at: number, count: number, str
 export function addPolylines(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, ints, words } = list;
   const vertices = list.start(kArray.vertices);
-  for (let i = first, at = list.start(kArray.polylines) + first * kWords.polylines; i < first + count; ++i, at += kWords.polylines) {
+  for (
+    let i = first, at = list.start(kArray.polylines) + first * kWords.polylines;
+    i < first + count;
+    ++i, at += kWords.polylines
+  ) {
     const flags = words[at + 5];
     const stroke = {
       width: floats[at + 2],
@@ -74,7 +84,11 @@ const cornersOf = (radius: number) => Math.min(256, Math.max(12, Math.ceil(8 * M
 
 export function addEllipses(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, words } = list;
-  for (let i = first, at = list.start(kArray.ellipses) + first * kWords.ellipses; i < first + count; ++i, at += kWords.ellipses) {
+  for (
+    let i = first, at = list.start(kArray.ellipses) + first * kWords.ellipses;
+    i < first + count;
+    ++i, at += kWords.ellipses
+  ) {
     const [x, y, major, minor, angle, width, dash] = floats.subarray(at, at + 7);
     const corners = cornersOf(major);
     const vertices = new Float32Array(2 * corners);

@@ -13,18 +13,19 @@ import { addDiscGlow, addDiscs, addGradients, addPoints, addShadows } from './ro
 import { kMarkFragment, kMarkVertex } from './shaders/mark';
 import type { Turn } from './turn';
 
-// What is drawn with one call: marks first to first + count, the mesh or the globe whose record begins at a word.
+// What is drawn with one call: marks first to first + count, the mesh or the globe whose record begins at a
+// word.
 type Step =
   | { type: 'marks'; first: number; count: number }
   | { type: 'mesh'; at: number; index: number }
   | { type: 'globe'; at: number };
 
-// Layers that stand on the screen: the caption's ground, the legend. The caption's own lines are texts of no object on the
-// layer of labels.
+// Layers that stand on the screen: the caption's ground, the legend. The caption's own lines are texts of no
+// object on the layer of labels.
 const kFixedLayers = new Set([12, 20]);
 
-// Paints display lists through WebGL 2. `take` turns a list into marks, once a frame; `paint` draws them, any number of
-// times, turned towards the view of the moment.
+// Paints display lists through WebGL 2. `take` turns a list into marks, once a frame; `paint` draws them, any
+// number of times, turned towards the view of the moment.
 export class Painter {
   readonly globes: GlobePainter;
   drawCalls = 0; // of the last picture
@@ -115,13 +116,15 @@ export class Painter {
     gl.bindVertexArray(null);
   }
 
-  // The atlas may be full on the way, so that texts placed before are gone: one more round finds room for all.
+  // The atlas may be full on the way, so that texts placed before are gone: one more round finds room for
+  // all.
   #makeSteps(list: FrameList): void {
     for (let round = 0; round < 2; ++round) {
       const { generation } = this.#atlas;
       this.#marks.clear();
       this.#steps = [];
-      for (let run = 0; run < list.count(kArray.runs); ++run) this.#addRun(list, list.start(kArray.runs) + run * kWords.runs);
+      for (let run = 0; run < list.count(kArray.runs); ++run)
+        this.#addRun(list, list.start(kArray.runs) + run * kWords.runs);
       this.#closeMarks();
       if (generation === this.#atlas.generation) return;
     }
@@ -148,7 +151,9 @@ export class Painter {
       const at = list.start(type) + i * words;
       if (type === kArray.globes) addDiscGlow(list, at, this.#marks);
       this.#closeMarks();
-      this.#steps.push(type === kArray.meshes ? { type: 'mesh', at, index: this.#countMeshes() } : { type: 'globe', at });
+      this.#steps.push(
+        type === kArray.meshes ? { type: 'mesh', at, index: this.#countMeshes() } : { type: 'globe', at },
+      );
     }
   }
 

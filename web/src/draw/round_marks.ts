@@ -16,7 +16,14 @@ function addGlow(list: FrameList, at: number, x: number, y: number, grows: boole
   marks.floats.set([x, y, floats[at], floats[at + 1], floats[at + 2], grows ? 1 : 0], mark);
 }
 
-function addCircle(marks: Instances, colour: number, x: number, y: number, radius: number, grows: boolean): void {
+function addCircle(
+  marks: Instances,
+  colour: number,
+  x: number,
+  y: number,
+  radius: number,
+  grows: boolean,
+): void {
   marks.nextGroup();
   const mark = marks.add(kMark.circle, colour);
   const { floats } = marks;
@@ -28,7 +35,11 @@ function addCircle(marks: Instances, colour: number, x: number, y: number, radiu
 
 export function addPoints(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, words } = list;
-  for (let i = first, at = list.start(kArray.points) + first * kWords.points; i < first + count; ++i, at += kWords.points) {
+  for (
+    let i = first, at = list.start(kArray.points) + first * kWords.points;
+    i < first + count;
+    ++i, at += kWords.points
+  ) {
     addGlow(list, at + 4, floats[at], floats[at + 1], false, marks);
     addCircle(marks, words[at + 3], floats[at], floats[at + 1], floats[at + 2], false);
   }
@@ -51,12 +62,17 @@ export function addDiscGlow(list: FrameList, at: number, marks: Instances): void
 }
 
 export function addDiscs(list: FrameList, first: number, count: number, marks: Instances): void {
-  for (let i = first; i < first + count; ++i) addDisc(list, list.start(kArray.discs) + i * kWords.discs, marks);
+  for (let i = first; i < first + count; ++i)
+    addDisc(list, list.start(kArray.discs) + i * kWords.discs, marks);
 }
 
 export function addShadows(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, words } = list;
-  for (let i = first, at = list.start(kArray.shadows) + first * kWords.shadows; i < first + count; ++i, at += kWords.shadows) {
+  for (
+    let i = first, at = list.start(kArray.shadows) + first * kWords.shadows;
+    i < first + count;
+    ++i, at += kWords.shadows
+  ) {
     marks.nextGroup();
     const mark = marks.add(kMark.shadow, words[at + 8], words[at + 9], words[at + 10]);
     marks.floats.set(floats.subarray(at, at + 5), mark);
@@ -67,7 +83,11 @@ export function addShadows(list: FrameList, first: number, count: number, marks:
 
 export function addGradients(list: FrameList, first: number, count: number, marks: Instances): void {
   const { floats, words } = list;
-  for (let i = first, at = list.start(kArray.gradients) + first * kWords.gradients; i < first + count; ++i, at += kWords.gradients) {
+  for (
+    let i = first, at = list.start(kArray.gradients) + first * kWords.gradients;
+    i < first + count;
+    ++i, at += kWords.gradients
+  ) {
     marks.nextGroup();
     const mark = marks.add(kMark.gradient, words[at + 13], words[at + 14], words[at + 15]);
     for (let corner = 0; corner < 4; ++corner) {

@@ -20,11 +20,14 @@ export interface Meter {
 const kRest = 250; // milliseconds without a change
 const kMostZoom = 10000;
 const kLeastZoom = 0.25;
+// Pixels of the page that a pixel of the standard picture takes at least: what is legible at arm's length.
+const kLeastUnit = 0.95;
+const kStandardPixels = 1600 * 1000;
 const clamp = (value: number, least: number, most: number) => Math.min(most, Math.max(least, value));
 
-// What is on the screen: the canvas, the view that the hands and the panels turn, and the frame that shows it. The view
-// here is the newest one that anybody asked for. Its frame follows as fast as the worker computes; until it is there the
-// last one is drawn turned, so that every change is seen at once.
+// What is on the screen: the canvas, the view that the hands and the panels turn, and the frame that shows
+// it. The view here is the newest one that anybody asked for. Its frame follows as fast as the worker
+// computes; until it is there the last one is drawn turned, so that every change is seen at once.
 export class Stage {
   readonly canvas: HTMLCanvasElement;
   readonly sky: Sky;
@@ -100,8 +103,8 @@ export class Stage {
   onPaint(listener: Listener<number>): void {
     this.#onPaint.push(listener);
   }
-  // When the view has not changed for a moment and its own frame is shown: time to say what is in the middle, to write
-  // the address.
+  // When the view has not changed for a moment and its own frame is shown: time to say what is in the middle,
+  // to write the address.
   onRest(listener: Listener<View>): void {
     this.#onRest.push(listener);
   }
@@ -133,17 +136,28 @@ export class Stage {
     const box = this.canvas.getBoundingClientRect();
     const width = clamp(Math.round(box.width * ratio), 64, 8192);
     const height = clamp(Math.round(box.height * ratio), 64, 8192);
-    if (width === this.#view.width && height === this.#view.height && this.canvas.width === width && this.canvas.height === height) return;
+    if (
+      width === this.#view.width &&
+      height === this.#view.height &&
+      this.canvas.width === width &&
+      this.canvas.height === height
+    )
+      return;
     this.canvas.width = width;
     this.canvas.height = height;
-    this.change({ width, height });
+    // The scene draws as large as suits the number of pixels; on a phone they are many and small.
+    const unit = Math.sqrt((width * height) / kStandardPixels) / ratio;
+    this.change({ width, height, enlargement: clamp(kLeastUnit / unit, 1, 8) });
   }
 
   #take(frame: Frame): void {
     const begin = performance.now();
     this.#frame = frame;
     this.#painter.take(frame.buffer);
-    Object.assign(this.meter, frame.times, { take: performance.now() - begin, marks: this.#painter.markCount });
+    Object.assign(this.meter, frame.times, {
+      take: performance.now() - begin,
+      marks: this.#painter.markCount,
+    });
     this.#schedule();
     for (const listener of this.#onFrame) listener(frame);
   }
@@ -175,7 +189,8 @@ export class Stage {
 
   #lastShown(): View | null {
     const shown = this.#frame?.view;
-    const same = shown && (Object.keys(shown) as (keyof View)[]).every((key) => shown[key] === this.#view[key]);
+    const same =
+      shown && (Object.keys(shown) as (keyof View)[]).every((key) => shown[key] === this.#view[key]);
     return same ? shown : null;
   }
 

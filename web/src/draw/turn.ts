@@ -3,9 +3,9 @@
 import type { View } from '../core/messages';
 
 // How the picture of one view becomes that of another while its own frame is not there yet. The projection is
-// stereographic: the angle theta from the axis of the view lies scale * tan(theta / 2) pixels from the centre. On its
-// plane a turn of the sphere is a Moebius transformation, w' = (u21 + u22 w) / (u11 + u12 w), whose four complex
-// numbers are the matrix of SU(2) of the turn: exact, and cheap in a shader.
+// stereographic: the angle theta from the axis of the view lies scale * tan(theta / 2) pixels from the
+// centre. On its plane a turn of the sphere is a Moebius transformation, w' = (u21 + u22 w) / (u11 + u12 w),
+// whose four complex numbers are the matrix of SU(2) of the turn: exact, and cheap in a shader.
 
 const kZoomOneAngle = 0.6457718232379; // radians from the middle to a corner at zoom 1
 const kRadiansPerDegree = Math.PI / 180;
@@ -48,12 +48,20 @@ export function toHorizon(view: View, x: number, y: number): Vector {
 export function toPixel(view: View, direction: Vector): { x: number; y: number } {
   const [right, up, forward] = axesOf(view);
   const scale = findScale(view) / Math.max(1 + dot(direction, forward), 1e-9);
-  return { x: view.width / 2 + scale * dot(direction, right), y: view.height / 2 - scale * dot(direction, up) };
+  return {
+    x: view.width / 2 + scale * dot(direction, right),
+    y: view.height / 2 - scale * dot(direction, up),
+  };
 }
 
-// Azimuth and altitude of the view, its zoom kept, that has the direction at the pixel; the horizon stays level. Where no
-// turn brings it there, near the zenith, the view comes as near as it can.
-export function turnTo(view: View, direction: Vector, x: number, y: number): { azimuth: number; altitude: number } {
+// Azimuth and altitude of the view, its zoom kept, that has the direction at the pixel; the horizon stays
+// level. Where no turn brings it there, near the zenith, the view comes as near as it can.
+export function turnTo(
+  view: View,
+  direction: Vector,
+  x: number,
+  y: number,
+): { azimuth: number; altitude: number } {
   const level = { ...view, azimuth: 0, altitude: 0 };
   const [forward, right, up] = toHorizon(level, x, y);
   // The direction's height is up cos h + forward sin h for a view at altitude h.
@@ -73,7 +81,10 @@ export function turnTo(view: View, direction: Vector, x: number, y: number): { a
 // Azimuth and altitude of a direction.
 export function anglesOf([north, east, up]: Vector): { azimuth: number; altitude: number } {
   const azimuth = Math.atan2(east, north) / kRadiansPerDegree;
-  return { azimuth: (azimuth + 360) % 360, altitude: Math.asin(Math.min(1, Math.max(-1, up))) / kRadiansPerDegree };
+  return {
+    azimuth: (azimuth + 360) % 360,
+    altitude: Math.asin(Math.min(1, Math.max(-1, up))) / kRadiansPerDegree,
+  };
 }
 
 // What the shaders want: the matrix as (u11, u12), (u21, u22), centres and scales of both pictures.

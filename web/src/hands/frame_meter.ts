@@ -19,7 +19,8 @@ export class FrameMeter {
     document.body.append(this.#element);
     stage.onPaint((now) => this.#note(now));
     document.addEventListener('keydown', (event) => {
-      if (event.key !== kKey || event.ctrlKey || event.altKey || event.metaKey || isTyping(event.target)) return;
+      if (event.key !== kKey || event.ctrlKey || event.altKey || event.metaKey || isTyping(event.target))
+        return;
       this.#element.hidden = !this.#element.hidden;
       this.#write();
     });
@@ -49,4 +50,5 @@ export class FrameMeter {
 }
 
 const isTyping = (target: EventTarget | null) =>
-  target instanceof HTMLElement && (target.isContentEditable || /^(INPUT|TEXTAREA|SELECT)$/.test(target.tagName));
+  target instanceof HTMLElement &&
+  (target.isContentEditable || /^(INPUT|TEXTAREA|SELECT)$/.test(target.tagName));

@@ -21,8 +21,8 @@ const kLinePixels = 16;
 const isOf = (event: Event, canvas: HTMLElement) =>
   event.target === canvas || event.target === document.body || event.target === document.documentElement;
 
-// Mouse, fingers and keys on the sky. A drag keeps the point of the sky under the pointer, so do wheel and pinch; the
-// horizon stays level.
+// Mouse, fingers and keys on the sky. A drag keeps the point of the sky under the pointer, so do wheel and
+// pinch; the horizon stays level.
 export class Hands {
   readonly mover: Mover;
   // A press that did not move: an object is meant. Pixels of the view.
@@ -71,16 +71,22 @@ export class Hands {
 
   #middle(): { x: number; y: number; distance: number } {
     const [a, b = a] = [...this.#fingers.values()];
-    return { x: (a.x + b.x) / 2, y: (a.y + b.y) / 2, distance: Math.max(1, Math.hypot(a.x - b.x, a.y - b.y)) };
+    return {
+      x: (a.x + b.x) / 2,
+      y: (a.y + b.y) / 2,
+      distance: Math.max(1, Math.hypot(a.x - b.x, a.y - b.y)),
+    };
   }
 
   #move(event: PointerEvent): void {
     if (!this.#fingers.has(event.pointerId) || !this.#held) return;
     this.#fingers.set(event.pointerId, this.#stage.toPixels(event.clientX, event.clientY));
-    if (Math.hypot(event.clientX - this.#pressed.x, event.clientY - this.#pressed.y) > kTapReach) this.#pressed.isTap = false;
+    if (Math.hypot(event.clientX - this.#pressed.x, event.clientY - this.#pressed.y) > kTapReach)
+      this.#pressed.isTap = false;
     if (this.#pressed.isTap) return;
     const { x, y, distance } = this.#middle();
-    const zoom = this.#fingers.size > 1 ? (this.#pinch.zoom * distance) / this.#pinch.distance : this.#stage.view.zoom;
+    const zoom =
+      this.#fingers.size > 1 ? (this.#pinch.zoom * distance) / this.#pinch.distance : this.#stage.view.zoom;
     this.#trail.push({ x, y, at: event.timeStamp });
     this.#stage.change({ zoom, ...turnTo({ ...this.#stage.view, zoom }, this.#held, x, y) });
   }
@@ -108,7 +114,8 @@ export class Hands {
 
   #tap({ x, y }: Finger, event: PointerEvent): void {
     const isSecond =
-      event.timeStamp - this.#lastTap.at < kDoubleTap && Math.hypot(x - this.#lastTap.x, y - this.#lastTap.y) < 30;
+      event.timeStamp - this.#lastTap.at < kDoubleTap &&
+      Math.hypot(x - this.#lastTap.x, y - this.#lastTap.y) < 30;
     this.#lastTap = { x, y, at: isSecond ? -Infinity : event.timeStamp };
     if (isSecond) this.mover.glide(anglesOf(toHorizon(this.#stage.view, x, y)), kCentre);
     else this.onTap(x, y, event);

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 import { kTurnFunctions } from './turn';
 
-// The light of a globe and its ring as docs/formats/display_list.md tells it. Vectors on the body's axes; lengths in
-// radii of its equator. `uRing`: of the ring's entries, colours multiplied with opacity, the sums up to each.
+// The light of a globe and its ring as docs/formats/display_list.md tells it. Vectors on the body's axes;
+// lengths in radii of its equator. `uRing`: of the ring's entries, colours multiplied with opacity, the sums
+// up to each.
 export const kGlobeVertex = `#version 300 es
 precision highp float;
 uniform vec3 uDisc;
@@ -40,7 +41,8 @@ const float kShadowed = 0.06, kUnlitRing = 0.25, kResponse = 0.6, kPi = 3.141592
 vec4 sumAt(float radius, float perEntry) {
   float last = float(uRingCount), entry = clamp((radius - uRingRadii.x) / perEntry, 0.0, last);
   int whole = int(min(floor(entry), last - 1.0));
-  return mix(texelFetch(uRing, ivec2(whole, 0), 0), texelFetch(uRing, ivec2(whole + 1, 0), 0), entry - float(whole));
+  vec4 here = texelFetch(uRing, ivec2(whole, 0), 0), next = texelFetch(uRing, ivec2(whole + 1, 0), 0);
+  return mix(here, next, entry - float(whole));
 }
 // The mean of the ring over that width about the radius.
 vec4 ringAt(float radius, float width) {
@@ -100,7 +102,8 @@ vec4 ring(out float z) {
   float aside;
   vec3 there = ringPlane(at, z);
   float radius = length(there.xy);
-  vec2 ways = vec2(length(ringPlane(at + vec2(pixel, 0.0), aside).xy), length(ringPlane(at + vec2(0.0, pixel), aside).xy));
+  vec3 right = ringPlane(at + vec2(pixel, 0.0), aside), below = ringPlane(at + vec2(0.0, pixel), aside);
+  vec2 ways = vec2(length(right.xy), length(below.xy));
   vec4 own = ringAt(radius, length(ways - radius));
   if (own.a <= 0.0) return vec4(0.0);
   bool seesLitSide = (uViewer.z > 0.0) == (uSun.z > 0.0);

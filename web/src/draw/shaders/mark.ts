@@ -12,7 +12,8 @@ import { kTurnFunctions } from './turn';
 //   triangle  a: corners 1 and 2, b: corner 3                               c0
 //   strip     a: from to of the edge, b: the same outwards, c: softness     c0
 //   gradient  a b: corners, c: from to, d: middle                           c0, c1, c2
-//   label     a: x y of the anchor, left and top edge from there, b: size and place in the atlas, c: 1 fixed   c0
+//   label     a: x y of the anchor, left and top edge from there, b: size and place in the atlas,
+//             c: 1 whole pixels even while it moves                            c0
 //
 // d.w is 1 for what stands on the screen and does not turn with the sky.
 export const kSegment = { hasBefore: 1, hasBehind: 2, round: 4, edge: 8 };
@@ -38,7 +39,8 @@ vec2 across(vec2 v) { return vec2(-v.y, v.x); }
 vec2 direction(vec2 v, vec2 other) { float l = length(v); return l > 1e-6 ? v / l : other; }
 
 // The corner of a segment at one of its ends: on the bisector where a neighbour follows.
-vec2 cornerOf(vec2 here, vec2 along, bool joins, vec2 neighbour, float outwards, float side, float reach, float beyond) {
+vec2 cornerOf(vec2 here, vec2 along, bool joins, vec2 neighbour, float outwards, float side, float reach,
+              float beyond) {
   vec2 n = across(along);
   if (joins) {
     vec2 onwards = direction((neighbour - here) * outwards, along);
@@ -116,10 +118,12 @@ out vec4 colour;
 
 vec4 gradient(float t, float middle) {
   t = clamp(t, 0.0, 1.0);
-  return t < middle ? mix(c0, c1, t / max(middle, 1e-6)) : mix(c1, c2, (t - middle) / max(1.0 - middle, 1e-6));
+  if (t < middle) return mix(c0, c1, t / max(middle, 1e-6));
+  return mix(c1, c2, (t - middle) / max(1.0 - middle, 1e-6));
 }
 float inside(float distanceIn) { return clamp(distanceIn + 0.5, 0.0, 1.0); }
-// The part of a pixel that a circle covers; all pixels together have the area of the circle, however small it is.
+// The part of a pixel that a circle covers; all pixels together have the area of the circle, however small it
+// is.
 float circle(float r, float radius) {
   if (radius >= 0.5) return inside(radius - r) * min(1.0, 0.5 + 0.5 * radius);
   float reach = radius + 0.5;

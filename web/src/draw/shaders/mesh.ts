@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 import { kTurnFunctions } from './turn';
 
-// A mesh of colours is a texture with a texel for each node: sampling it smoothly is what the list asks for. While the
-// picture turns, the quad reaches beyond the mesh and its edges go on. Slow gradients are dithered as paint does it.
+// A mesh of colours is a texture with a texel for each node: sampling it smoothly is what the list asks for.
+// While the picture turns, the quad reaches beyond the mesh and its edges go on. Slow gradients are dithered
+// as paint does it.
 export const kMeshVertex = `#version 300 es
 precision highp float;
 uniform vec4 uBox;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 
-// Pixels of the frame to those of the view (draw/turn.ts), and pixels to clip space. `uStill`: nothing moves, so that
-// pixels stay as they are to the bit. Both y axes count downwards, the plane's upwards.
+// Pixels of the frame to those of the view (draw/turn.ts), and pixels to clip space. `uStill`: nothing moves,
+// so that pixels stay as they are to the bit. Both y axes count downwards, the plane's upwards.
 export const kTurnFunctions = `
 uniform vec4 uUpper, uLower;
 uniform vec3 uFrom, uTo;
@@ -21,5 +21,7 @@ vec2 turned(vec2 p) {
   return vec2(uTo.x + q.x, uTo.y - q.y);
 }
 
-vec4 toClip(vec2 p, float depth) { return vec4(2.0 * p.x / uSize.x - 1.0, 1.0 - 2.0 * p.y / uSize.y, depth, 1.0); }
+vec4 toClip(vec2 p, float depth) {
+  return vec4(2.0 * p.x / uSize.x - 1.0, 1.0 - 2.0 * p.y / uSize.y, depth, 1.0);
+}
 `;
