@@ -96,12 +96,20 @@ function makePage(model: Model): void {
   page.append(top, ...drawers.map(({ root }) => root), foot, status.root, help, openDroppedSessions(model));
   model.onFailure.on((text) => status.say(fill(texts().failed, text)));
   model.onNote.on((text) => status.say(text));
-  model.sky.events.onLog = (text) => status.say(fill(texts().noted, text));
+  model.sky.events.onLog = (text) => noteLog(text, status);
   announceMiddle(model, status);
   bindTexts((captions) => {
     document.title = captions.title;
     model.stage.canvas.ariaLabel = captions.sky;
   });
+}
+
+// The module has no zones of its own: the page has the clocks of places from the browser.
+const kNoZone = /^Time zone .* not found/;
+
+function noteLog(text: string, status: Status): void {
+  if (kNoZone.test(text)) console.info(text);
+  else status.say(fill(texts().noted, text));
 }
 
 function tick(model: Model): void {

@@ -15,14 +15,15 @@ before(async () => {
 after(() => site.stop());
 
 async function openSirius() {
-  await page.evaluate(() => window.model.select(null));
-  const { x, y } = await findOnPage(page, kSirius);
-  await page.mouse.click(x, y);
+  await page.evaluate((object) => window.model.select(object), kSirius);
   await panel(page, 'Sirius').waitFor();
 }
 
 test('a click on Sirius opens its panel with the values of skyview', async () => {
-  await openSirius();
+  const { x, y } = await findOnPage(page, kSirius);
+  await page.mouse.click(x, y);
+  await panel(page, 'Sirius').waitFor();
+  await waitFor(page, () => document.querySelector('.day dd'));
   const text = await panel(page, 'Sirius').innerText();
   const said = runProgram(
     'where',

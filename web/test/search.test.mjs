@@ -40,8 +40,8 @@ test('the slash goes to the search, Enter takes the first suggestion', async () 
 for (const [name, typed, shown] of [
   ['an alias', 'north star', /Polaris/],
   ['a number of a catalogue', 'HIP 32349', /Sirius/],
-  ['a number of Messier', 'm31', /Andromeda/],
-  ['a name in another language', 'Юпитер', /Jupiter/],
+  ['a number of Messier', 'm31', /M 31/],
+  ['a name in another language', 'Сириус', /Sirius/],
 ]) {
   test(`${name} is found`, async () => {
     await type(typed);

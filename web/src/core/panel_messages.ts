@@ -15,7 +15,7 @@ export interface Suggestion {
 }
 
 // Numbers of scene_objects_c.h.
-export const FactKind = { name: 0, otherNames: 1, kind: 2, magnitude: 5, direction: 8 } as const;
+export const FactKind = { name: 0, otherNames: 1, kind: 2, rise: 13, transit: 14, set: 15 } as const;
 
 export interface Fact {
   kind: number;
@@ -82,7 +82,7 @@ export interface City {
   zone: string;
 }
 
-export const FieldType = { toggle: 0, sum: 1, whole: 2, real: 3, colour: 4, range: 5, other: 6 } as const;
+export const FieldType = { toggle: 0, sum: 1, whole: 2, real: 3, choice: 4, range: 5, other: 6 } as const;
 
 // A setting with all that its control needs.
 export interface PanelField {

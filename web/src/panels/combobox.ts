@@ -48,6 +48,7 @@ export class Combobox<Value> {
     this.#expand(false);
     this.root = make('div', { className: 'combobox' }, this.input, this.list);
     this.input.oninput = () => {
+      this.#active = -1; // what was suggested for another text is not meant
       clearTimeout(this.#timer);
       this.#timer = window.setTimeout(() => void this.#ask(), kWait);
     };

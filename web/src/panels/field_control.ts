@@ -25,9 +25,13 @@ export function makeFieldControl(model: Model, field: PanelField, aside: string,
   return row;
 }
 
-type Set = (values: string) => void;
+const kAngles = new Set(['LargestDimension']);
+const degreesOf = (radians: string): string => String(Number(((Number(radians) * 180) / Math.PI).toFixed(6)));
 
-function makeControls(field: PanelField, id: string, set: Set): HTMLElement[] {
+type SetValues = (values: string) => void;
+
+function makeControls(field: PanelField, id: string, set: SetValues): HTMLElement[] {
+  if (field.type === FieldType.toggle && field.count > 1) return makeSwitches(field, id, set);
   if (field.type === FieldType.toggle)
     return [makeSwitch(id, captionOf(field), field.values === '1', (on) => set(on ? '1' : '0'))];
   if (field.type === FieldType.sum) return makeSum(field, id, set);
@@ -46,8 +50,23 @@ export function makeSwitch(
   return make('label', { className: 'switch' }, make('span', { className: 'caption' }, caption), input);
 }
 
+// Several of them: all as one filter, which has a switch of its own.
+function makeSwitches(field: PanelField, id: string, set: SetValues): HTMLElement[] {
+  const values = field.values.split(',');
+  const [caption, names = ''] = captionOf(field).split(': ');
+  const filter = makeSwitch(id, `${caption} (${texts().isFilter})`, field.isOn, (on) =>
+    set(`${field.values}${on ? ':on' : ':off'}`),
+  );
+  const parts = values.map((value, index) =>
+    makeSwitch(`${id}-${index}`, names.split(', ')[index] ?? String(index + 1), value === '1', (on) =>
+      set(values.map((old, at) => (at === index ? (on ? '1' : '0') : old)).join(',')),
+    ),
+  );
+  return [filter, make('div', { className: 'parts' }, ...parts)];
+}
+
 // One switch for each power of two; the caption of a sum of one is that of the field alone.
-function makeSum(field: PanelField, id: string, set: Set): HTMLElement[] {
+function makeSum(field: PanelField, id: string, set: SetValues): HTMLElement[] {
   const sum = Number(field.values);
   const parts = field.choices.filter((part) => part > 0 && (part & (part - 1)) === 0);
   return parts.map((part) => {
@@ -61,7 +80,7 @@ function makeSum(field: PanelField, id: string, set: Set): HTMLElement[] {
   });
 }
 
-function makeChoice(field: PanelField, id: string, set: Set): HTMLElement {
+function makeChoice(field: PanelField, id: string, set: SetValues): HTMLElement {
   const select = make('select', { id });
   for (const value of field.choices) {
     select.append(make('option', { value: String(value) }, valueCaption(field.name, value, languageCode())));
@@ -77,8 +96,10 @@ function makeChoice(field: PanelField, id: string, set: Set): HTMLElement {
 }
 
 // Numbers, one or several; a filter has a switch of its own before them.
-function makeNumbers(field: PanelField, id: string, set: Set): HTMLElement[] {
-  const values = field.values.split(',');
+function makeNumbers(field: PanelField, id: string, set: SetValues): HTMLElement[] {
+  // Angles are kept in radians and shown in degrees, which a change takes with "deg" behind them.
+  const isAngle = kAngles.has(field.name);
+  const values = field.values.split(',').map((value) => (isAngle ? degreesOf(value) : value));
   const inputs = values.map((value, index) => {
     const input = make('input', { id: `${id}-${index}`, type: 'number', step: 'any', value });
     if (Number.isFinite(field.least)) input.min = String(field.least);
@@ -88,7 +109,7 @@ function makeNumbers(field: PanelField, id: string, set: Set): HTMLElement[] {
   });
   const tell = (isOn: string): void => {
     if (inputs.every((input) => input.value !== '' && input.validity.valid))
-      set(inputs.map((input) => input.value).join(',') + isOn);
+      set(inputs.map((input) => input.value + (isAngle ? 'deg' : '')).join(',') + isOn);
   };
   for (const input of inputs) input.onchange = () => tell('');
   const numbers = make('div', { className: 'numbers' }, ...inputs);

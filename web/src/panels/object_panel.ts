@@ -14,6 +14,14 @@ import type { Icon } from './icons';
 import { makeIcon } from './icons';
 import { ReasonList } from './reason_list';
 
+// What the panel shows above the list, and below it by the clocks of the place.
+const kElsewhere: readonly number[] = [
+  FactKind.name,
+  FactKind.kind,
+  FactKind.rise,
+  FactKind.transit,
+  FactKind.set,
+];
 const kRefresh = 400; // milliseconds between two looks at an object while time passes
 
 // What is known of an object: its panel opens when somebody clicks on it or looks for it.
@@ -99,7 +107,7 @@ export class ObjectPanel {
     const textOf = (kind: number): string => facts.find((fact) => fact.kind === kind)?.text ?? '';
     this.drawer.title.textContent = textOf(FactKind.name) || texts().object;
     this.#kind.textContent = textOf(FactKind.kind);
-    const rows = facts.filter(({ kind }) => kind !== FactKind.name && kind !== FactKind.kind);
+    const rows = facts.filter(({ kind }) => !kElsewhere.includes(kind));
     this.#facts.replaceChildren(...rows.flatMap(({ caption, text }) => row(caption, text)));
   }
 
