@@ -3,6 +3,7 @@
 #include "scene/frame/sky_horizon.h"
 
 #include <cmath>
+#include <span>
 
 #include "scene/display/palette.h"
 #include "scene/display/region_drawing.h"
@@ -26,15 +27,11 @@ void PlaceLetter(const CompassMark& mark, const char* letter, double unit, Label
 }  // namespace
 
 SkyHorizon::SkyHorizon() : m_Haze(kHazeAltitudes.size()), m_Letters(FetchCompassLetters()) {
-  const auto add = [this](double altitude, RegionPicture& picture) {
-    Circle& circle = m_Circles.emplace_back();
-    AppendAltitudeCircle(altitude, circle.ring);
-    RegionProjector::AppendCaps(circle.ring, circle.caps);
-    picture.Reserve(1, kAltitudeCirclePoints);
-  };
-  add(0.0, m_Ground);
-  for (std::size_t band = 0; band < m_Haze.size(); ++band) add(kHazeAltitudes[band], m_Haze[band]);
+  AppendAltitudeCircle(0.0, m_AltitudeCircles);
+  for (double altitude : kHazeAltitudes) AppendAltitudeCircle(altitude, m_AltitudeCircles);
   m_Compass.reserve(kCompassMarks);
+  m_Ground.Reserve(1, kAltitudeCirclePoints);
+  for (auto& band : m_Haze) band.Reserve(1, kAltitudeCirclePoints);
 }
 
 void SkyHorizon::Compute(const ViewGeometry& geometry, const HorizonParts& wanted, LabelPlacer& labels) {
@@ -48,11 +45,14 @@ void SkyHorizon::Compute(const ViewGeometry& geometry, const HorizonParts& wante
 
 void SkyHorizon::AddGround(const ViewGeometry& geometry) {
   const Direction zenith = {{0.0, 0.0, 1.0}};
-  const auto add = [&](const Circle& circle, RegionPicture& picture) {
-    RegionProjector(geometry, SkyFrameOf::kHorizon, zenith, picture).AddRing(circle.ring, circle.caps);
+  const auto circle = [this](std::size_t index) {
+    return std::span<const Direction>(m_AltitudeCircles.data() + index * kAltitudeCirclePoints,
+                                      kAltitudeCirclePoints);
   };
-  add(m_Circles[0], m_Ground);
-  for (std::size_t band = 0; band < m_Haze.size(); ++band) add(m_Circles[band + 1], m_Haze[band]);
+  RegionProjector(geometry, SkyFrameOf::kHorizon, zenith, m_Ground).AddRing(circle(0));
+  for (std::size_t band = 0; band < m_Haze.size(); ++band) {
+    RegionProjector(geometry, SkyFrameOf::kHorizon, zenith, m_Haze[band]).AddRing(circle(band + 1));
+  }
 }
 
 void SkyHorizon::AddCompass(const ViewGeometry& geometry, LabelPlacer& labels) {

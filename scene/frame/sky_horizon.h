@@ -47,12 +47,7 @@ class SkyHorizon {
   void AddGround(const ViewGeometry& geometry);
   void AddCompass(const ViewGeometry& geometry, LabelPlacer& labels);
 
-  // A circle of one altitude with the caps of its stretches.
-  struct Circle {
-    std::vector<Direction> ring;
-    std::vector<SkyCap> caps;
-  };
-  std::vector<Circle> m_Circles;  // the horizon first, then those of the haze
+  std::vector<Direction> m_AltitudeCircles;  // the horizon first, then those of the haze
   RegionPicture m_Ground;
   std::vector<RegionPicture> m_Haze;
   std::vector<CompassMark> m_Compass;

@@ -18,8 +18,8 @@ constexpr double kLeastRimStep = 3.0 * kRadiansPerDegree;
 
 // The tangent of an angle a little below kLeastRimStep.
 const double kTanOfLess = std::tan(0.999 * kLeastRimStep);
-// The same of kRimStep, up to which one step leads along the rim.
-const double kTanOfStep = std::tan(0.999 * kRimStep);
+// The same a little above it, and of kRimStep: between them one step leads along the rim.
+const double kTanOfMore = std::tan(1.001 * kLeastRimStep), kTanOfStep = std::tan(0.999 * kRimStep);
 
 double Wrapped(double angle) { return std::remainder(angle, 2.0 * kPi); }
 
@@ -89,7 +89,7 @@ bool RegionProjector::IsWithin(const tPoint<double>& p, double tangent) const {
 // rounding. Unless `exact`, small movements wait until they add up.
 void RegionProjector::AlongRim(const tPoint<double>& p, int turn, bool exact) {
   if (!exact && IsNearLast(p)) return;
-  if (IsWithin(p, kTanOfStep)) {
+  if (IsWithin(p, kTanOfStep) && !IsWithin(p, kTanOfMore)) {
     const double out = m_Picture.rim / std::sqrt(p.x * p.x + p.y * p.y);
     return LineTo({p.x * out, p.y * out});
   }
