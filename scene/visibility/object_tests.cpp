@@ -93,8 +93,9 @@ bool ObjectTests::IsAboveHorizon(const Direction& apparent) const {
   return !m_Shown.horizon || SeenSine(apparent, m_Observer) >= 0.0;
 }
 
-bool ObjectTests::IsBehindLand(const Direction& apparent) const {
-  return !m_Landscape.layers.empty() && m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
+bool ObjectTests::IsBehindLand(unsigned obstacles, const Direction& apparent) const {
+  return (obstacles & kBelowHorizon) == 0 && !m_Landscape.layers.empty() &&
+         m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
 }
 
 template <bool kFirst, class Star>
@@ -105,7 +106,7 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   }
   place.apparent = ApparentDirection(direction, star.GetMotion(), m_Observer);
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(found.obstacles, place.apparent), kBehindLand)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   const float code = star.GetCode();
   place.dim = m_Light.FindDim(m_StarLimits, place.pixel, SeenSine(place.apparent, m_Observer));
@@ -133,7 +134,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
     return found.obstacles;
   }
   if (found.EndsWith(!IsAboveHorizon(place.apparent), kBelowHorizon)) return found.obstacles;
-  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(found.obstacles, place.apparent), kBehindLand)) return found.obstacles;
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
   place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, SeenSine(place.apparent, m_Observer));

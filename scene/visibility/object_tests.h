@@ -96,7 +96,8 @@ class ObjectTests {
 
   bool AreStarsShown() const { return m_StarsShown; }
   bool IsAboveHorizon(const Direction& apparent) const;
-  bool IsBehindLand(const Direction& apparent) const;
+  // Of what stands above the horizon, by the obstacles found so far.
+  bool IsBehindLand(unsigned obstacles, const Direction& apparent) const;
   // No star of a larger code is drawn.
   float GetFaintestStar() const { return m_FaintestStar; }
   const SkyLight& GetLight() const { return m_Light; }

@@ -34,6 +34,8 @@ std::string DescribeZoom(const std::optional<double>& zoom) {
 // The magnitude of an object, or what stands for it.
 std::string DescribeMagnitude(const scene::Explanation& why) {
   const double magnitude = scene::MagnitudeOfCode(*why.code);
+  if (why.kind == FourCC("scft"))
+    return FormatText("magnitude unknown, by its distance taken for %.2f", magnitude);
   return FormatText(
       std::isnan(why.traits.code) ? "magnitude unknown, by its size shown as %.2f" : "magnitude %.2f",
       magnitude);
