@@ -167,7 +167,7 @@ unsigned BodyTests::Test(int index, ObjectPlace& place) const {
   if (ends(!IsOfShownGroup(body) && !(GetLimitCode(index) <= kind.limits.draw), kTooFaint)) return obstacles;
   if (ends(!kind.filter.Passes(GetTraits(body, state.code)), kFiltered)) return obstacles;
   if (ends(!IsAboveHorizon(state), kBelowHorizon)) return obstacles;
-  if (ends(IsBehindLand(state), kBehindLand)) return obstacles;
+  if (ends((obstacles & kBelowHorizon) == 0 && IsBehindLand(state), kBehindLand)) return obstacles;
   place.apparent = MakeDirection(state.seen.apparent);
   place.pixel = m_Geometry.Project(place.apparent, SkyFrameOf::kJ2000);
   place.dim = FindDim(index, place.pixel);

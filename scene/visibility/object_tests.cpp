@@ -100,8 +100,9 @@ double ObjectTests::See(ObjectPlace& place) const {
   return seen.sine;
 }
 
-bool ObjectTests::IsBehindLand(const Direction& apparent) const {
-  return !m_Landscape.layers.empty() && m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
+bool ObjectTests::IsBehindLand(unsigned obstacles, const Direction& apparent) const {
+  return (obstacles & kBelowHorizon) == 0 && !m_Landscape.layers.empty() &&
+         m_Landscape.Hides(SeenFromGround(apparent, m_Observer));
 }
 
 template <bool kFirst, class Star>
@@ -114,7 +115,7 @@ unsigned ObjectTests::TestStarPlace(const Star& star, const Direction& direction
   const double sine = See(place);
   if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, margin), kOutside)) return found.obstacles;
-  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(found.obstacles, place.apparent), kBehindLand)) return found.obstacles;
   const float code = star.GetCode();
   place.dim = m_Light.FindDim(m_StarLimits, place.pixel, sine);
   if (found.EndsWith(IsHidden(m_StarLimits, code, found.obstacles, place), kSkyTooBright))
@@ -143,7 +144,7 @@ unsigned ObjectTests::TestDeepsky(int index, ObjectPlace& place) const {
   const double sine = See(place);
   if (found.EndsWith(!IsAboveHorizon(sine), kBelowHorizon)) return found.obstacles;
   if (found.EndsWith(!m_Geometry.IsInside(place.pixel, kMargin), kOutside)) return found.obstacles;
-  if (found.EndsWith(IsBehindLand(place.apparent), kBehindLand)) return found.obstacles;
+  if (found.EndsWith(IsBehindLand(found.obstacles, place.apparent), kBehindLand)) return found.obstacles;
   place.dim = m_Light.FindDimOfExtended(kind.limits, place.pixel, sine);
   const bool faded = m_Light.GetLineStrength() <= 0.0;
   found.EndsWith(faded || IsHidden(kind.limits, object.code, found.obstacles, place), kSkyTooBright);

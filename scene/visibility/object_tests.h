@@ -102,7 +102,8 @@ class ObjectTests {
   bool IsAboveHorizon(const Direction& apparent) const;
   // Of what is seen at an altitude of that sine, where the view has a horizon.
   bool IsAboveHorizon(double sine) const { return !m_Shown.horizon || !m_Observer.horizon || sine >= 0.0; }
-  bool IsBehindLand(const Direction& apparent) const;
+  // Of what stands above the horizon, by the obstacles found so far.
+  bool IsBehindLand(unsigned obstacles, const Direction& apparent) const;
   // No star of a larger code is drawn.
   float GetFaintestStar() const { return m_FaintestStar; }
   const SkyLight& GetLight() const { return m_Light; }

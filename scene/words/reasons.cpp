@@ -45,8 +45,10 @@ std::string DescribeZoom(const std::optional<double>& zoom) {
 
 // The magnitude of an object, or what stands for it.
 std::string DescribeMagnitude(const Explanation& why) {
-  return Localize(std::isnan(why.traits.code) ? Word::kShownAsMagnitude : Word::kMagnitudeIs,
-                  {MagnitudeOfCode(*why.code)});
+  const Word word = why.kind == FourCC("scft")    ? Word::kTakenForMagnitude
+                    : std::isnan(why.traits.code) ? Word::kShownAsMagnitude
+                                                  : Word::kMagnitudeIs;
+  return Localize(word, {MagnitudeOfCode(*why.code)});
 }
 
 std::string DescribeFaintness(const Explanation& why, double zoom) {

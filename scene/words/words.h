@@ -37,6 +37,7 @@ enum class Word : unsigned {
   kHiddenBySky = 900431,         // why an object is not drawn: the limit there and its magnitude
   kHiddenByDaylight,
   kBehindLand = 900503,          // likewise
+  kTakenForMagnitude,
   kName = 900527,
   kOtherNames,
   kSpectralType,

@@ -130,6 +130,12 @@ TEST_F(LandscapePictureTest, ExplanationSaysWhatHidesAStar) {
   const Explanation why =
       Explain(rigel, {f.frame, f.camera, f.observer, f.shown, ObjectFilters::None(), settings});
   EXPECT_EQ(why.obstacles, unsigned{kBehindLand});
+  const auto canopus = ObjectSearch(f.catalogs).FindOne("Canopus", error).value();
+  EXPECT_EQ(
+      Explain(canopus, {f.frame, f.camera, f.observer, f.shown, ObjectFilters::None(), settings}).obstacles &
+          (kBelowHorizon | kBehindLand),
+      unsigned{kBelowHorizon})
+      << "the horizon alone, of what has not risen";
 }
 
 // A disc of a quarter of a degree is seen while its upper limb stands over the edge.
