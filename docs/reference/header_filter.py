@@ -36,7 +36,7 @@ def find_group(path):
                 return f"{companion}_{folder}"
         return companion
     room = check_includes.storey(ROOT, relative) or "umbrella"
-    return {"text_base": "text", "text_status": "text"}.get(room, room.replace("/", "_"))
+    return {"text_base": "text", "text_status": "text", "scene/umbrella": "scene"}.get(room, room.replace("/", "_"))
 
 
 def escaped(text):

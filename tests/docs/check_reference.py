@@ -75,6 +75,11 @@ def main():
         if not documented.get(name) and not documented.get("::".join(name.split("::")[:-1])):
             bad.append(f"{os.path.basename(path)}: {name} " +
                        ("has no comment" if name in documented else "is not in the reference"))
+    for path in glob.glob(os.path.join(folder, "xml", "group__*.xml")):
+        group = ElementTree.parse(path).getroot().find("compounddef")
+        name = group.findtext("compoundname")
+        if group.findtext("title") in (None, name, name.capitalize()):
+            bad.append(f"docs/reference/groups.dox: has no group {name}")
     bad += [f"{page} is missing" for page in ("index.html", "search/search.js", "page_docs_architecture.html", "modules.html")
             if not os.path.exists(os.path.join(folder, page))]
     print("\n".join(sorted(set(bad))) if bad else f"{count} exported names, all in the reference and documented")
