@@ -22,8 +22,9 @@ bool IsDesignation(std::string_view written) {
          written.find_first_of("0123456789") != std::string_view::npos;
 }
 
-// By how much an object stands behind others that are found by their best known names.
-constexpr double kBestName = 0.0, kOtherName = 1.5, kAlias = 3.0, kDesignation = 3.0;
+// By how much an object stands behind others that are found by their best known names. Aliases are mostly of
+// other languages: they are for who knows what to type.
+constexpr double kBestName = 0.0, kOtherName = 1.5, kAlias = 12.0, kDesignation = 3.0;
 
 }  // namespace
 

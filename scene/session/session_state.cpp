@@ -193,7 +193,7 @@ bool DescribeState(SettingsData& settings, const SkyMarkers& markers, const std:
   capsule.place = camera.GetLocationName();
   SettingsData defaults(settings.GetID(), settings.GetOwner(), kSettingsFile);
   if (!defaults.Read(nullptr) || !DescribeView(camera, capsule.view)) {
-    error = "the session cannot be saved without the defaults in filters.data";
+    error = std::string(kSettingsFile) + ": holds no defaults, without which the session cannot be saved";
     return false;
   }
   capsule.settings = FindChanges(settings, defaults);

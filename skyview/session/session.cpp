@@ -69,10 +69,7 @@ bool SaveSession(const std::string& path, const std::string& language, const Sky
   capsule.plainSky = options.extras.sky == SkyKind::kNone;
   if (options.extras.orbits) capsule.orbits = FormatOrbits(*options.extras.orbits);
   if (options.satellites.tle) capsule.tle = FindLasting(*options.satellites.tle);
-  if (!scene::DescribeState(settings, markers, marks, camera, capsule, error)) {
-    error = path + ": " + error;
-    return false;
-  }
+  if (!scene::DescribeState(settings, markers, marks, camera, capsule, error)) return false;
   if (Write(path, scene::FormatSession(capsule))) return true;
   error = path + ": the session cannot be saved there";
   return false;

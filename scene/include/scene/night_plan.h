@@ -56,8 +56,8 @@ struct NightPlan {
   std::vector<NightBody> planets;  // Mercury to Neptune
 };
 
-// Of the night that FindTonight chooses. Nothing when it cannot. Allocates; every thread may call. The planets
-// take most of the time and can be left out.
+// Of the night that FindTonight chooses. Nothing when it cannot. Allocates; every thread may call. The
+// planets take most of the time and can be left out.
 SCENE_API std::optional<NightPlan> MakeNightPlan(const SkyMoment& now, const EarthPlace& place,
                                                  bool withPlanets = true);
 

@@ -17,7 +17,7 @@ namespace scene {
 
 // Puts the state into the capsule: view, zone, place, settings, favourites, markers, the objects that are
 // marked, and the checksums of the data files, of which one is the capsule's file of elements. False when the
-// defaults cannot be read or a data file that is there cannot: `error` is then one line.
+// defaults cannot be read or a data file that is there cannot: `error` is then one line that names the file.
 SCENE_API bool DescribeState(CommonInterfaces::SettingsData& settings, const SkyMarkers& markers,
                              const std::vector<SSO_ID>& marks, CommonInterfaces::Camera& camera,
                              SessionCapsule& capsule, std::string& error);
