@@ -18,7 +18,7 @@ enum class CallEnd {
 // exception of another kind ends the program. Where exceptions are compiled out nothing is caught, for
 // nothing is thrown: the C++ runtime then ends the program when memory runs out.
 template <class Run, class Tell>
-CallEnd RunContained(Run run, Tell tell) noexcept {
+inline CallEnd RunContained(Run run, Tell tell) noexcept {
 #if defined(__cpp_exceptions)
   try {
     run();
@@ -39,6 +39,6 @@ CallEnd RunContained(Run run, Tell tell) noexcept {
 
 // Whether `run()` returned.
 template <class Run>
-bool RunsThrough(Run run) noexcept {
+inline bool RunsThrough(Run run) noexcept {
   return RunContained(run, [](const char*) {}) == CallEnd::kReturned;
 }
