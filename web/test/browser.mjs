@@ -30,6 +30,7 @@ export const kOrion = {
   azimuth: 180,
   altitude: 35,
   zoom: 1,
+  enlargement: 1,
 };
 
 // A browser and a server of a folder, for the tests of one file.

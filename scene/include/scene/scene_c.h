@@ -128,8 +128,8 @@ enum SceneFieldType {
 SCENE_API int32_t scene_get_field_count(const SceneSky* sky);
 SCENE_API int scene_get_field(SceneSky* sky, int32_t index, SceneField* field);
 
-/* How many times larger lines, points and texts are than in a picture of that size on a desk, from the next frame
- * on: more than 1, the default, for a small picture with many pixels, as that of a phone. 0.25 to 8. */
+/* How many times larger lines, points and texts are than in a picture of that size on a desk, from the next
+ * frame on: more than 1, the default, for a small picture with many pixels, as that of a phone. 0.25 to 8. */
 SCENE_API int scene_set_enlargement(SceneSky* sky, double enlargement);
 /* Computes the frame of the view. Its arrays are valid until the next call of this function. */
 SCENE_API int scene_compute(SceneSky* sky);

@@ -64,8 +64,8 @@ class SCENE_API SkyFrame {
   void SetFinders(std::vector<Finder> finders);
   // The box that says what the dots and symbols mean, with a scale, north and east.
   void ShowLegend(bool shown);
-  // How many times larger lines, points and texts are than in a picture of that size on a desk (GetPictureUnit): 1
-  // until then. For pictures that are looked at from nearer or that have finer pixels.
+  // How many times larger lines, points and texts are than in a picture of that size on a desk
+  // (GetPictureUnit): 1 until then. For pictures that are looked at from nearer or that have finer pixels.
   void SetEnlargement(double enlargement);
   // Switches the orbit of a body on, by its index in the catalogs' list; it appears over `fadeIn` seconds of
   // the animation clock (utils/clock.h). False for a body that has none: the Sun.

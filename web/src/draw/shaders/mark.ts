@@ -101,7 +101,9 @@ void main() {
     p = anchor + a.zw + corner;
     place = b.zw + corner;
   }
-  gl_Position = toClip(p, 1.0 - 2.0 * float(marks.w >> 4u) / 1048576.0);
+  // The outer end of a soft edge lies lower than the edge of a neighbour that it reaches into.
+  float lower = kind == 6 ? 0.75 * place.x : 0.0;
+  gl_Position = toClip(p, 1.0 - 2.0 * (float(marks.w >> 4u) - lower) / 1048576.0);
 }
 `;
 
