@@ -109,6 +109,8 @@ test('everything is reached by Tab, with every panel open', async () => {
   await page.evaluate((object) => window.model.select(object), kSirius);
   await waitFor(page, () => document.querySelector('.day dd'));
   for (const [key, name] of Object.entries(kPanels)) {
+    // What stood there from the last time is made anew.
+    await page.evaluate(() => document.querySelectorAll('.setting').forEach((row) => row.remove()));
     await page.locator('#sky').focus();
     await page.keyboard.press(key);
     await panel(page, name).waitFor();

@@ -25,6 +25,15 @@ const countLayer = (layer) =>
       .filter((run) => run[1] === wanted)
       .reduce((sum, run) => sum + run[3], 0);
   }, layer);
+// A setting changes the frame of the same view: until one comes that has the layer, or has it no more.
+async function drawn(layer, isWanted) {
+  for (let i = 0; i < 400; ++i) {
+    if ((await countLayer(layer)) > 0 === isWanted) return;
+    await page.evaluate(() => new Promise((resolve) => setTimeout(resolve, 50)));
+  }
+  assert.fail(`layer ${layer} is ${isWanted ? 'not ' : ''}drawn`);
+}
+
 const kFigures = 3;
 const kGrids = 16;
 
@@ -53,32 +62,27 @@ test('a switch takes the figures of the constellations away and brings them back
     page,
     () => window.model && document.querySelector('[id^="q-cnst.PatternsVisible"]').checked === false,
   );
-  await settle(page);
-  assert.equal(await countLayer(kFigures), 0);
+  await drawn(kFigures, false);
   await press(/^Figures/);
   await waitFor(page, () => document.querySelector('[id^="q-cnst.PatternsVisible"]').checked);
-  await settle(page);
-  assert.ok((await countLayer(kFigures)) > 0);
+  await drawn(kFigures, true);
 });
 
 test('a grid is drawn', async () => {
   assert.equal(await countLayer(kGrids), 0);
   await press(/^Equatorial grid/);
   await waitFor(page, () => document.querySelector('[id^="q-grid.RADecGrid"]').checked);
-  await settle(page);
-  assert.ok((await countLayer(kGrids)) > 0);
+  await drawn(kGrids, true);
 });
 
 test('what was changed is there after the page was loaded again, and goes back at one press', async () => {
   await page.reload();
   await waitFor(page, () => window.model?.stage.frame);
-  await settle(page);
-  assert.ok((await countLayer(kGrids)) > 0);
+  await drawn(kGrids, true);
   await page.keyboard.press('l');
   await layers().getByRole('button', { name: 'Back to the defaults' }).click();
   await page.getByText('All settings are as shipped').waitFor();
-  await settle(page);
-  assert.equal(await countLayer(kGrids), 0);
+  await drawn(kGrids, false);
   assert.deepEqual(await page.evaluate(() => JSON.parse(localStorage.getItem('sky')).changes), []);
 });
 
@@ -146,9 +150,11 @@ test('the language changes all captions without loading the page again', async (
     page.evaluate(() =>
       [
         ...document.querySelectorAll(
-          '#page button, #page h2, #page h3, #page legend, #page label > span, #page input, #page option:not([lang]), #page summary',
+          '#page button, #page h2, #page h3, #page legend, #page label > span, #page input, .time-bar option, #page summary',
         ),
       ]
+        // What is shut is written anew when it is opened.
+        .filter((element) => element.matches('option') || element.checkVisibility())
         .map(
           (element) =>
             element.ariaLabel ||

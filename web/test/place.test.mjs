@@ -51,7 +51,8 @@ test('a click on the map is a place, with the clocks of the nearest city', async
   await page.mouse.click(box.x + (box.width * (139.7 + 180)) / 360, box.y + (box.height * (90 - 35.7)) / 180);
   await waitFor(page, () => window.model.place.zone === 'Asia/Tokyo');
   const { latitude, longitude } = await place();
-  assert.ok(Math.abs(latitude - 35.7) < 1 && Math.abs(longitude - 139.7) < 1);
+  const pixel = 360 / box.width; // degrees: a click has whole pixels
+  assert.ok(Math.abs(latitude - 35.7) < 1.5 * pixel && Math.abs(longitude - 139.7) < 1.5 * pixel);
 });
 
 test('arrow keys move the mark of the map', async () => {
@@ -71,7 +72,7 @@ test('numbers are a place', async () => {
 test('a zone is typed, and one that nobody knows is refused in words', async () => {
   await page.getByLabel('Time zone').fill('Asia/Kathmandu');
   await page.getByLabel('Time zone').press('Enter');
-  await waitFor(page, () => window.model.place.zone === 'Asia/Kathmandu');
+  await waitFor(page, () => JSON.parse(localStorage.getItem('sky')).place.zone === 'Asia/Kathmandu');
   await page.getByLabel('Time zone').fill('Mars/Olympus');
   await page.getByLabel('Time zone').press('Enter');
   await panel(page, 'Place').getByText('No such time zone').waitFor();

@@ -13,6 +13,7 @@ import { kStructs, layOut, type Struct, type StructName, type Word } from './lay
 
 type Exports = { memory: WebAssembly.Memory } & Record<string, (...args: number[]) => number>;
 
+const kNoLink = 28; // EINVAL of WASI
 const kScratchBytes = 1 << 16;
 
 // Files by their paths, as the data root has them, in folders.
@@ -57,9 +58,10 @@ export class SceneModule {
       new PreopenDirectory('/data', makeFolders(files)),
       new PreopenDirectory('/work', new Map()),
     ];
-    const wasi = new WASI(['scene'], [], [new OpenFile(new File([])), lines, lines, ...roots], {
-      debug: false,
-    });
+    const streams = [new OpenFile(new File([])), lines, lines];
+    const wasi = new WASI(['scene'], ['TMPDIR=/work'], [...streams, ...roots], { debug: false });
+    // Nothing here is a link; the shim says that it knows none, which the library takes for a failure.
+    wasi.wasiImport.path_readlink = () => kNoLink;
     const { instance } = await WebAssembly.instantiate(bytes, { wasi_snapshot_preview1: wasi.wasiImport });
     wasi.initialize(instance as never);
     return new SceneModule(instance.exports as Exports, files);
