@@ -36,7 +36,7 @@ enum class Word : unsigned {
   kWhereConstellation = 900357,  // before a colon and the name
   kHiddenBySky = 900431,         // why an object is not drawn: the limit there and its magnitude
   kHiddenByDaylight,
-  kBehindLand = 900503,          // likewise
+  kBehindLand = 900503,  // likewise
   kTakenForMagnitude,
   kName = 900527,
   kOtherNames,

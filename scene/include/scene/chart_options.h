@@ -15,6 +15,7 @@
 
 namespace scene {
 
+// How a chart is drawn, as its reader asks for it.
 struct SCENE_API ChartOptions {
   std::optional<ChartStyle> style;
   std::optional<int> bortle;             // how dark the site is, in one of

@@ -16,6 +16,7 @@
 namespace scene {
 
 SCENE_API std::optional<ChartStyle> ParseChartStyle(std::string_view text);  // "print"
+// The word that ParseChartStyle reads.
 SCENE_API const char* FormatChartStyle(ChartStyle style);
 
 // A camera's sensor: its sides and the focal length before it, millimetres, and where its upper edge is,

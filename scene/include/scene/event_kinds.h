@@ -14,6 +14,7 @@ namespace scene {
 
 using astro::EventKinds;
 
+// Whether the kind is among them.
 inline bool HasKind(const EventKinds& kinds, astro::EventKind kind) {
   return kinds.test(static_cast<std::size_t>(kind));
 }

@@ -11,6 +11,7 @@
 
 namespace scene {
 
+// What a search found.
 struct FoundEvents {
   std::vector<astro::SkyEvent> events;  // in the order of time
   bool complete = true;                 // false: for a part of the span nobody can tell

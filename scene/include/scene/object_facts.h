@@ -34,6 +34,7 @@ enum class FactKind : int {
   kWarning = 16  // the model of the planets does not hold at that moment
 };
 
+// One thing known of an object, as a line to read.
 struct ObjectFact {
   FactKind kind;
   std::string line;  // "Magnitude: -1.44", UTF-8

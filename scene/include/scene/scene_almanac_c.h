@@ -45,6 +45,7 @@ typedef struct SceneNight {
  * Sun and Moon for a bar (scene_objects_c.h). */
 SCENE_API int scene_get_night(SceneSky* sky, SceneNight* night);
 
+/* Something that happens in the sky, once or for a while. */
 typedef struct SceneEvent {
   double julian_date;
   double begin, end;   /* Julian dates, of what lasts; else the moment itself */
@@ -66,6 +67,7 @@ typedef struct SceneEvent {
 SCENE_API int scene_find_events(SceneSky* sky, double begin, double end, const char* kinds,
                                 SceneArray* events);
 
+/* A city of the catalog of cities. */
 typedef struct SceneCity {
   double latitude, longitude; /* as those of a view */
   double height;              /* metres above the sea; 0: unknown */

@@ -114,6 +114,7 @@ typedef struct SceneField {
   char choices[128];  /* of a choice or a sum: its values with commas between them, "0,1,2,3"; else "" */
 } SceneField;
 
+/* What the values of a field are. */
 enum SceneFieldType {
   SCENE_FIELD_SWITCH = 0, /* 0 or 1 */
   SCENE_FIELD_SUM = 1,    /* a sum of the powers of two in `choices` */
@@ -168,7 +169,7 @@ SCENE_API int scene_get_array(SceneSky* sky, int32_t kind, SceneArray* array);
  * sky. */
 SCENE_API const char* scene_get_map(SceneSky* sky, int32_t index);
 
-/* What the frame that was computed last shows. */
+/* Numbers of a frame. */
 typedef struct SceneFrame {
   uint32_t size;
   int32_t stars, deepsky, bodies;   /* how many are drawn */
@@ -180,6 +181,7 @@ typedef struct SceneFrame {
   double sun_altitude;              /* without refraction; not a number for a traveller */
 } SceneFrame;
 
+/* What the frame that was computed last shows, for a caption. */
 SCENE_API int scene_describe_frame(SceneSky* sky, SceneFrame* frame);
 
 /* An object: four-character code and number, as records of the frame and lists of favourites name it. */

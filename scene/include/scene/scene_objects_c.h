@@ -17,6 +17,7 @@
 extern "C" {
 #endif
 
+/* An object whose name begins like the text. */
 typedef struct SceneSuggestion {
   SceneObject object;
   const char* name;  /* the one of its names that begins so: "Polaris" */
@@ -51,6 +52,7 @@ enum SceneFactKind {
   SCENE_FACT_WARNING = 16 /* the model of the planets does not hold at that moment */
 };
 
+/* One thing known of an object. */
 typedef struct SceneFact {
   int32_t kind;        /* SceneFactKind */
   const char* caption; /* "Magnitude"; "" where the text says it all */
@@ -62,6 +64,7 @@ typedef struct SceneFact {
  * out. */
 SCENE_API int scene_get_facts(SceneSky* sky, SceneObject object, SceneArray* facts);
 
+/* What a reason is about. Callers keep the numbers: frozen. */
 enum SceneReasonKind {
   SCENE_REASON_DRAWN = 0,  /* it is drawn */
   SCENE_REASON_HIDDEN = 1, /* what keeps it from being drawn: any number of them */
@@ -69,6 +72,7 @@ enum SceneReasonKind {
   SCENE_REASON_ZOOM = 3    /* from which zoom on it is drawn */
 };
 
+/* One reason why an object is drawn or not. */
 typedef struct SceneReason {
   int32_t kind;     /* SceneReasonKind */
   const char* text; /* one line in the language of the texts */
@@ -90,6 +94,7 @@ typedef struct SceneDay {
   double set_azimuth;
 } SceneDay;
 
+/* Its way on the day of the view. */
 SCENE_API int scene_get_day(SceneSky* sky, SceneObject object, SceneDay* day);
 
 /* Altitudes of an object at `count` moments, evenly spread from `begin` to `end`, both among them, Julian
@@ -106,6 +111,7 @@ typedef struct SceneSpot {
   const char* constellation; /* in the language of the texts, "" where unknown; valid until the next call */
 } SceneSpot;
 
+/* The sky at that pixel of the picture; (0, 0) is its upper left corner. */
 SCENE_API int scene_describe_pixel(SceneSky* sky, double x, double y, SceneSpot* spot);
 
 #ifdef __cplusplus

@@ -17,6 +17,7 @@ extern "C" {
  * Valid until the language changes; null without an open sky. */
 SCENE_API const char* scene_get_text(SceneSky* sky, int32_t number);
 
+/* A language that the data root has texts in. */
 typedef struct SceneLanguage {
   const char* code; /* "de", as scene_set_language takes it */
   const char* name; /* in itself, "Deutsch"; the code where the data root does not say */
@@ -52,6 +53,7 @@ SCENE_API int scene_set_option(SceneSky* sky, const char* name, const char* valu
  * call. */
 SCENE_API const char* scene_get_option(SceneSky* sky, const char* name);
 
+/* An option and what it takes. */
 typedef struct SceneOption {
   const char* name;
   const char* values; /* what it takes, "screen|print|night|photo" */
@@ -63,11 +65,13 @@ SCENE_API int scene_get_options(SceneSky* sky, SceneArray* options);
 /* Marks an object as a favourite, or takes the mark away: a ring in the frames that follow. */
 SCENE_API int scene_mark(SceneSky* sky, SceneObject object, int32_t is_marked);
 
+/* An object that is marked. */
 typedef struct SceneFavourite {
   SceneObject object;
   const char* name; /* in the language of the texts; of what the catalogs lack, as the list has it */
 } SceneFavourite;
 
+/* The objects that are marked, in the order of the list. */
 SCENE_API int scene_get_favourites(SceneSky* sky, SceneArray* favourites);
 /* The list as the text of a favourites file (docs/formats), and such a text in place of the list. A line that
  * is none is left out with one diagnostic line. The text is valid until the next call; null for a failure. */

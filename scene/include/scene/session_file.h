@@ -16,6 +16,7 @@
 
 namespace scene {
 
+// An object, as lists of favourites name it.
 struct SessionFavourite {
   int kind = 0;  // four-character code
   int number = 0;
@@ -30,6 +31,7 @@ struct DataVersion {
   unsigned long long checksum = 0;
 };
 
+// All that a session keeps.
 struct SessionCapsule {
   std::string language;
   PictureSize size;

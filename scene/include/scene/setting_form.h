@@ -20,6 +20,7 @@ enum class SettingKind : int {
   kOther = 6    // favourites, lists of classes
 };
 
+// How a panel shows a setting.
 struct SettingForm {
   SettingKind kind;
   const char* choices = "";                      // "0,1,2"; static text

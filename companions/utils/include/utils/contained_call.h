@@ -8,6 +8,7 @@
 #include <new>
 #include <stdexcept>
 
+// How a call ended.
 enum class CallEnd {
   kReturned,
   kNoMemory,  // std::bad_alloc, and std::length_error: more than a string or a vector may ever have
