@@ -4,8 +4,8 @@ import assert from 'node:assert/strict';
 import { readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { test } from 'node:test';
-import { build } from 'vite';
 import { kRoot } from './browser.mjs';
+import { loadSource } from './source.mjs';
 
 const kHeaders = join(kRoot, 'scene/include/scene');
 const kWords = {
@@ -35,18 +35,8 @@ function readStructs(text) {
   return structs;
 }
 
-// What a module of the page exports, without the page.
-async function load(path) {
-  const built = await build({
-    configFile: false,
-    logLevel: 'silent',
-    build: { write: false, lib: { entry: join(kRoot, 'web/src', path), formats: ['es'] }, minify: false },
-  });
-  return import(`data:text/javascript,${encodeURIComponent(built[0].output[0].code)}`);
-}
-
 test('the table of structures is that of the headers', async () => {
-  const { kStructs } = await load('core/layouts.ts');
+  const { kStructs } = await loadSource('core/layouts.ts');
   const headers = readdirSync(kHeaders).filter((name) => name.endsWith('_c.h'));
   const declared = new Map(
     headers.flatMap((name) => [...readStructs(readFileSync(join(kHeaders, name), 'utf8'))]),
@@ -60,7 +50,7 @@ test('the table of structures is that of the headers', async () => {
 });
 
 test('members lie where a compiler for wasm32 puts them', async () => {
-  const { kStructs, layOut } = await load('core/layouts.ts');
+  const { kStructs, layOut } = await loadSource('core/layouts.ts');
   const view = layOut(kStructs.SceneView);
   assert.deepEqual(
     [view.offsets.height, view.offsets.latitude, view.offsets.zoom, view.size],

@@ -2,20 +2,18 @@
 // SPDX-License-Identifier: MIT
 
 // Sources of the page for tests that want no browser.
-import { after } from 'node:test';
-import { fileURLToPath } from 'node:url';
-import { createServer } from 'vite';
+import { build } from 'esbuild';
+import { join } from 'node:path';
+import { kRoot } from './browser.mjs';
 
 // The module of a source below web/src, 'state/address.ts'.
-export async function makeLoader() {
-  const root = fileURLToPath(new URL('..', import.meta.url));
-  const server = await createServer({
-    root,
-    logLevel: 'error',
-    server: { middlewareMode: true, hmr: false, ws: false },
-    appType: 'custom',
-    optimizeDeps: { noDiscovery: true },
+export async function loadSource(path) {
+  const { outputFiles } = await build({
+    entryPoints: [join(kRoot, 'web/src', path)],
+    bundle: true,
+    format: 'esm',
+    write: false,
+    logLevel: 'warning',
   });
-  after(() => server.close());
-  return (path) => server.ssrLoadModule(`/src/${path}`);
+  return import(`data:text/javascript;base64,${Buffer.from(outputFiles[0].contents).toString('base64')}`);
 }

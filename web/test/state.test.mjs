@@ -2,16 +2,15 @@
 // SPDX-License-Identifier: MIT
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { makeLoader } from './source.mjs';
+import { loadSource } from './source.mjs';
 
-const load = await makeLoader();
-const calendar = await load('state/calendar.ts');
-const zones = await load('state/zones.ts');
-const address = await load('state/address.ts');
-const storage = await load('state/storage.ts');
-const changes = await load('state/changes.ts');
-const { Clock } = await load('state/clock.ts');
-const steps = await load('panels/time_steps.ts');
+const calendar = await loadSource('state/calendar.ts');
+const zones = await loadSource('state/zones.ts');
+const address = await loadSource('state/address.ts');
+const storage = await loadSource('state/storage.ts');
+const changes = await loadSource('state/changes.ts');
+const { Clock } = await loadSource('state/clock.ts');
+const steps = await loadSource('panels/time_steps.ts');
 
 // Meeus, Astronomical Algorithms, chapter 7: Julian dates of noon.
 for (const [year, month, day, number] of [

@@ -4,6 +4,9 @@ import { Stage } from '../draw/stage';
 import { loadFiles } from './loading';
 import { connectSky } from './sky';
 
+// The bundle of worker.ts, which the build names (web/tools/build.mjs).
+declare const kWorkerFile: string;
+
 // Loads module and data with the bar of the page, opens the sky in that language and draws its first frame.
 // Null: the page says why not, in one line.
 export async function startSky(language: string): Promise<Stage | null> {
@@ -11,7 +14,7 @@ export async function startSky(language: string): Promise<Stage | null> {
   const line = document.getElementById('loading-line')!;
   const bar = document.getElementById('loading-bar') as HTMLProgressElement;
   try {
-    const sky = connectSky(new Worker(new URL('./worker.ts', import.meta.url), { type: 'module' }));
+    const sky = connectSky(new Worker(new URL(kWorkerFile, document.baseURI), { type: 'module' }));
     const { module, pack } = await loadFiles((part) => (bar.value = part));
     const opened = await sky.open(language, module, pack);
     const stage = new Stage(document.getElementById('sky') as HTMLCanvasElement, sky, opened.view);

@@ -4,7 +4,7 @@
 // Keeps the whole page in the browser's cache when it is first loaded, and answers from there: the page works
 // without its server, and all its files are those of one build. A new build is another worker with another
 // cache, which takes over when the last page of the old one is closed. The build writes the two constants
-// (web/vite.config.ts).
+// (web/tools/build.mjs).
 const kVersion = '__VERSION__';
 const kFiles = __FILES__;
 
