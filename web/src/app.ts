@@ -42,7 +42,7 @@ function makeKeys(
     else drawer.open();
   };
   return [
-    { key: '/', caption: 'keySearch', act: () => search.focus() },
+    { key: '/', caption: 'keySearch', act: () => (search.focus(), search.select()) },
     { key: 'Enter', caption: 'keyPick', act: () => model.run(pickMiddle(model)) },
     { key: 'c', caption: 'keyCentre', act: () => model.object && model.run(model.centre(model.object)) },
     { key: ' ', shown: '␣', caption: 'keyPlay', act: () => bar.toggle(1) },

@@ -15,10 +15,10 @@ after(() => site.stop());
 
 const field = () => page.getByRole('combobox', { name: 'Search' });
 
+// What stood in the field before is selected, so that typing replaces it.
 async function type(text) {
   await page.locator('#sky').focus();
   await page.keyboard.press('/');
-  await field().fill('');
   await page.keyboard.type(text);
 }
 

@@ -9,6 +9,7 @@ import { LabelAtlas } from './label_atlas';
 import { addTexts } from './label_marks';
 import { addEllipses, addPolylines } from './line_marks';
 import { MeshPainter } from './mesh_painter';
+import type { Box } from './rings';
 import { addDiscGlow, addDiscs, addGradients, addPoints, addShadows } from './round_marks';
 import { kMarkFragment, kMarkVertex } from './shaders/mark';
 import type { Turn } from './turn';
@@ -24,6 +25,9 @@ type Step =
 // object on the layer of labels.
 const kFixedLayers = new Set([12, 20]);
 
+// The room beside the picture on each side, as a part of it, that turning may show before the next frame.
+const kRoom = 0.125;
+
 // Paints display lists through WebGL 2. `take` turns a list into marks, once a frame; `paint` draws them, any
 // number of times, turned towards the view of the moment.
 export class Painter {
@@ -35,6 +39,7 @@ export class Painter {
   #marks = new Instances();
   #steps: Step[] = [];
   #list: FrameList | null = null;
+  #box: Box = [0, 0, 0, 0];
   #atlas: LabelAtlas;
   #meshes: MeshPainter;
   #buffer: WebGLBuffer;
@@ -54,7 +59,10 @@ export class Painter {
     gl.depthFunc(gl.LESS);
   }
 
-  take(buffer: ArrayBuffer): void {
+  // `width` and `height`: pixels of the picture that the list is made for.
+  take(buffer: ArrayBuffer, width: number, height: number): void {
+    const [x, y] = [kRoom * width, kRoom * height];
+    this.#box = [-x, -y, width + x, height + y];
     const list = new FrameList(buffer);
     this.#list = list;
     this.#makeSteps(list);
@@ -139,7 +147,7 @@ export class Painter {
     else if (type === kArray.shadows) addShadows(list, first, count, marks);
     else if (type === kArray.polylines) addPolylines(list, first, count, marks);
     else if (type === kArray.ellipses) addEllipses(list, first, count, marks);
-    else if (type === kArray.polygons) addPolygons(list, first, count, marks);
+    else if (type === kArray.polygons) addPolygons(list, first, count, this.#box, marks);
     else if (type === kArray.gradients) addGradients(list, first, count, marks);
     else if (type === kArray.texts) addTexts(list, first, count, this.#atlas, marks);
     else if (type === kArray.meshes || type === kArray.globes) this.#addOwnSteps(list, type, first, count);

@@ -153,7 +153,7 @@ export class Stage {
   #take(frame: Frame): void {
     const begin = performance.now();
     this.#frame = frame;
-    this.#painter.take(frame.buffer);
+    this.#painter.take(frame.buffer, frame.view.width, frame.view.height);
     Object.assign(this.meter, frame.times, {
       take: performance.now() - begin,
       marks: this.#painter.markCount,
