@@ -38,7 +38,8 @@ ArcWalk::ArcWalk(const ViewGeometry& geometry, const SightOfSystem& sight, const
   MV3prod(sight.turn, arc.first.v, m_First.v);
   MV3prod(sight.turn, arc.second.v, m_Second.v);
   const double radius = FindPictureRadius(m_Middle, m_First, m_Second, geometry) / geometry.unit;
-  m_Stretch = std::min(kLongest, std::sqrt(8.0 * radius * kSagitta)) * geometry.unit;
+  constexpr double kGrowth = 1.01;  // of a stretch by the scale, which grows along it
+  m_Stretch = std::min(kLongest, std::sqrt(8.0 * radius * kSagitta) / kGrowth) * geometry.unit;
   m_StretchInAir = std::min(m_Stretch, kLongestInAir * geometry.unit);
   const double corner = std::hypot(m_Half.x, m_Half.y) / geometry.scale;
   m_Corner = 2.0 / (1.0 + corner * corner);

@@ -185,7 +185,8 @@ bool IsRegularFile(const char* path) {
 }
 
 std::vector<std::string> ListFolder(const char* path) {
-  std::vector<std::string> names = utils_internal::ListNames(path ? path : "");
+  if (!path || !*path) return {};
+  std::vector<std::string> names = utils_internal::ListNames(path);
   std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
   return names;
 }
