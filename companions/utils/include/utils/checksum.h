@@ -7,7 +7,8 @@
 
 #include "utils/api.h"
 
-// What one byte does to a sum of the reflected polynomial 0xEDB88320: the table that makers of such sums keep.
+// What one byte does to a sum of the reflected polynomial 0xEDB88320: the table that makers of such sums
+// keep.
 constexpr std::uint32_t GetCrc32Entry(unsigned char byte) {
   std::uint32_t entry = byte;
   for (int bit = 0; bit < 8; ++bit) entry = entry >> 1 ^ (entry & 1u ? 0xEDB88320u : 0u);

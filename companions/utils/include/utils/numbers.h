@@ -19,8 +19,8 @@
 UTILS_API bool TakeNumber(std::string_view& text, int& value, int least = INT_MIN, int most = INT_MAX);
 
 // A decimal number with an optional sign, with or without fraction and exponent, its decimal mark a point;
-// correctly rounded to its type. Only finite numbers: "nan" and "inf" are none, and what overflows or is below the
-// smallest number above 0 is out of range.
+// correctly rounded to its type. Only finite numbers: "nan" and "inf" are none, and what overflows or is
+// below the smallest number above 0 is out of range.
 UTILS_API bool TakeNumber(std::string_view& text, double& value);
 UTILS_API bool TakeNumber(std::string_view& text, float& value);
 
