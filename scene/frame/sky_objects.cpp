@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include "scene/display/star_signs.h"
 #include "scene/display/star_tint.h"
@@ -224,8 +225,11 @@ const char* SkyObjects::MakeStarLabel(int star, const LabelRules& rules) {
   const char* const label = m_Catalogs.stars.GetLabel(star, rules);
   if (!rules.magnitude || !*label || m_StarLabels.size() == LabelPlacer::kMaxLabels) return label;
   auto& text = m_StarLabels.emplace_back();
-  const double magnitude = MagnitudeOfCode(static_cast<double>(m_Catalogs.stars.GetCode(star)));
-  const int length = std::snprintf(text.data(), text.size(), "%s %.1f", label, magnitude);
+  // In tenths, for the decimal mark is a point in every locale.
+  const int tenths = static_cast<int>(
+      std::lround(10.0 * MagnitudeOfCode(static_cast<double>(m_Catalogs.stars.GetCode(star)))));
+  const int length = std::snprintf(text.data(), text.size(), "%s %s%d.%d", label, tenths < 0 ? "-" : "",
+                                   std::abs(tenths) / 10, std::abs(tenths) % 10);
   if (length > 0 && static_cast<std::size_t>(length) < text.size()) return text.data();
   m_StarLabels.pop_back();
   return label;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
+#include "support/comma_locale.h"
 
 using namespace scene;
 
@@ -34,6 +35,14 @@ TEST_F(StarLabels, MagnitudeBehindTheNameToATenth) {
   EXPECT_TRUE(f.HasLabel("Rigel 0.1"));
   EXPECT_TRUE(f.HasLabel("Betelgeuse 0.5"));
   EXPECT_FALSE(f.HasLabel("Sirius"));
+}
+
+TEST_F(StarLabels, PointIsThePointInALocaleWithAComma) {
+  const test_support::CommaLocale locale;
+  if (!locale.IsSet()) GTEST_SKIP() << "no locale with a comma";
+  f.shown.starLabels.magnitude = true;
+  f.Compute();
+  EXPECT_TRUE(f.HasLabel("Sirius -1.5"));
 }
 
 TEST_F(StarLabels, NoneWhereTheyAreSwitchedOff) {
