@@ -101,6 +101,10 @@ def c_names():
     return names
 
 
+def of_any_word_size(name):
+    return re.sub(r"\bunsigned (?:int|long)\b", "unsigned", re.sub(r"\b(\d+)ul?\b", r"\1", name))
+
+
 def places_of(library):
     """What may stand outermost in an exported name."""
     if library == "common_interfaces":
@@ -117,8 +121,9 @@ def check_list(library, path, exported):
     list_path = os.path.join(HERE, f"exported_{library}.txt")
     with open(list_path, encoding="utf-8") as file:
         recorded = [line for line in file.read().splitlines() if not line.startswith("#")]
-    if path.endswith(".dll"):
-        exported = sorted(set(exported) & set(recorded))
+    if path.endswith(".dll"):  # of 32 bits: std::size_t is another type there
+        there = {of_any_word_size(name) for name in exported}
+        exported = [name for name in recorded if of_any_word_size(name) in there]
     diff = list(difflib.unified_diff(recorded, exported, list_path, path, lineterm="", n=0))
     for line in diff:
         print(line)

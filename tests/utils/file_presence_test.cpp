@@ -41,7 +41,7 @@ TEST(ListFolder, NamesWhatLiesInIt) {
   EXPECT_TRUE(ListFolder(dir.Path().c_str()).empty());
   dir.Write("b", "");
   dir.Write("a/below", "");
-  ASSERT_TRUE(CreateEmptyFile(dir.Path("\xC3\xA4.txt").c_str()));
+  ASSERT_TRUE(CreateEmptyFile((dir.Path() + "/\xC3\xA4.txt").c_str()));
   std::vector<std::string> names = ListFolder(dir.Path().c_str());
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (std::vector<std::string>{"a", "b", "\xC3\xA4.txt"}));
