@@ -46,10 +46,7 @@ enum class HostText : int {
   kBodiesDrawn = 900300,
   kSunSeen,
   kBodySeen,
-  kSecondsAcross,
-  kMinutesAcross,
-  kDegreesAcross,
-  kLunarEclipse,
+  kLunarEclipse = 900306,
   kSolarEclipse,
   kSolarEclipseElsewhere,
   kSatelliteSeen,
@@ -58,45 +55,13 @@ enum class HostText : int {
   kOutsideModel,
   kFirstLunarEclipse = 900315,  // penumbral, partial, total
   kFirstSolarEclipse = 900318,  // partial, annular, total
-  kFirstMoonPhase = 900321,     // new moon, then each eighth of the way around
   kFirstPlanetPhase = 900331,   // evening: crescent, half, gibbous, full; then the same in the morning
-  kWhereJ2000 = 900341,
-  kWhereOfDate,
-  kWhereDirection,
-  kWhereRefraction,
-  kWhereMagnitude,
-  kWhereSizeAndPhase,
-  kWhereSize,
-  kWhereRises,
-  kWhereTransit,
-  kWhereSets,
-  kWhereNoRise,
-  kWhereNoTransit,
-  kWhereNoSet,
-  kWhereStaysUp,
-  kWhereStaysDown,
-  kWhereConstellation = 900357,  // before a colon and the name
   kCurveDate = 900361,
   kCurveMagnitude,
   kChoseTonightAtHome = 900371,  // what is shown when neither view nor time is given
   kChoseTonightThere,
   kChoseTonight,
   kChoseNow,
-  kHiddenBySky = 900431,  // why an object is not drawn: the limit there and its magnitude
-  kHiddenByDaylight,
-  kAsterism = 900560,
-  kCrater,
-  kSatelliteCrater,
-  kLandingSite,
-  kOnMoon,
-  kOnBody,
-  kExtent,
-  kSunUpThere,
-  kSunDownThere,
-  kOnVisibleSide,
-  kOnFarSide,
-  kStarPair,
-  kSeparatedFrom,
   kMoonChartTitle = 900670,
   kEast,
   kWest,
@@ -145,14 +110,12 @@ enum class HostText : int {
   kTowards,
   kHoursAndMinutes,
   kKind,
-  kFirstEvent = 900730,  // events: event_texts.cpp
-  kHybridEclipse = 900776,
-  kYearTitle,
+  kYearTitle = 900777,
   kYearChartTitle,
   kYearChartNote,
   kFirstYearPart,  // seasons, phases, eclipses, planets, showers
   kBodyRises = 900785,
-  kBodySets
+  kBodySets,
 };
 
 // What is done with each of them, ascending by identifier. Static data.

@@ -5,41 +5,12 @@
 // the program are those of its shared libraries too.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
-#include <new>
 
 #include "scene/scene_almanac_c.h"
 #include "scene/scene_objects_c.h"
 #include "scene/scene_state_c.h"
-
-namespace {
-
-long long s_Left = -1;  // allocations until one fails; negative: none does
-
-void* Allocate(std::size_t size) noexcept {
-  if (s_Left >= 0 && s_Left-- == 0) return nullptr;
-  return std::malloc(size != 0 ? size : 1);
-}
-
-void* AllocateOrThrow(std::size_t size) {
-  void* const memory = Allocate(size);
-  if (!memory) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return AllocateOrThrow(size); }
-void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+#include "support/allocation_counter.h"
 
 namespace {
 
@@ -61,10 +32,10 @@ class SceneCMemory : public testing::Test {
     constexpr long long kMost = 2000000;
     int failed = 0;
     for (long long at = 0; at < kMost; at += 1 + at / 16) {
-      s_Left = at;
+      host_test::FailAllocationAfter(at);
       const int status = call();
-      const bool ranOut = s_Left < 0;
-      s_Left = -1;
+      const bool ranOut = host_test::HasAllocationFailed();
+      host_test::FailAllocationAfter(-1);
       if (!ranOut) {
         EXPECT_EQ(status, SCENE_OK) << scene_error(m_Sky);
         return failed;

@@ -9,9 +9,15 @@
 namespace {
 
 std::atomic<unsigned long long> allocations{0};
+thread_local long long s_Left = -1;  // that still succeed in this thread; below 0: all do
+thread_local bool s_Failed = false;
 
 void* Allocate(std::size_t size) noexcept {
   ++allocations;
+  if (s_Left >= 0 && s_Left-- == 0) {
+    s_Failed = true;
+    return nullptr;
+  }
   return std::malloc(size != 0 ? size : 1);
 }
 
@@ -30,6 +36,13 @@ void* AllocateOrThrow(std::size_t size) {
 namespace host_test {
 
 unsigned long long GetAllocationCount() { return allocations; }
+
+void FailAllocationAfter(long long count) {
+  s_Failed = false;
+  s_Left = count;
+}
+
+bool HasAllocationFailed() { return s_Failed; }
 
 }  // namespace host_test
 

@@ -7,4 +7,9 @@ namespace host_test {
 // How often the program's operators new were called so far, in every library of the process.
 unsigned long long GetAllocationCount();
 
+// In this thread one fails after that many further ones; below 0: none does.
+void FailAllocationAfter(long long allocations);
+// Whether it has failed since.
+bool HasAllocationFailed();
+
 }  // namespace host_test

@@ -2,48 +2,14 @@
 // SPDX-License-Identifier: MIT
 //
 // Objects made while memory runs out: every allocation of each constructor fails once. A program of its own,
-// because it replaces the operators new.
+// because the operators new are replaced.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <string>
 
 #include "common_interfaces/thread.h"
+#include "support/allocation_counter.h"
 #include "thread/own_name.h"
-
-namespace {
-
-// How many allocations of this thread still succeed before one fails; below 0: all do.
-thread_local int s_AllocationsLeft = -1;
-thread_local bool s_Failed = false;
-
-void* Allocate(std::size_t size) noexcept {
-  if (s_AllocationsLeft >= 0 && s_AllocationsLeft-- == 0) {
-    s_Failed = true;
-    return nullptr;
-  }
-  return std::malloc(size != 0 ? size : 1);
-}
-
-void* AllocateOrThrow(std::size_t size) {
-  void* const memory = Allocate(size);
-  if (!memory) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return AllocateOrThrow(size); }
-void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 
 namespace {
 
@@ -56,8 +22,7 @@ int FailEachAllocation(const char* message, Make make) {
   constexpr int kFarTooMany = 10'000;
   for (int allocations = 0; allocations < kFarTooMany; ++allocations) {
     const char* thrown = "";
-    s_Failed = false;
-    s_AllocationsLeft = allocations;
+    host_test::FailAllocationAfter(allocations);
     try {
       make();
     } catch (const Error& error) {
@@ -65,9 +30,10 @@ int FailEachAllocation(const char* message, Make make) {
     } catch (const std::exception&) {
       thrown = "another exception";
     }
-    s_AllocationsLeft = -1;
-    EXPECT_STREQ(thrown, s_Failed ? message : "") << "after " << allocations << " allocations";
-    if (!s_Failed || testing::Test::HasFailure()) return allocations;
+    const bool failed = host_test::HasAllocationFailed();
+    host_test::FailAllocationAfter(-1);
+    EXPECT_STREQ(thrown, failed ? message : "") << "after " << allocations << " allocations";
+    if (!failed || testing::Test::HasFailure()) return allocations;
   }
   ADD_FAILURE() << "never done";
   return 0;

@@ -132,7 +132,8 @@ SCENE_API int scene_get_field(SceneSky* sky, int32_t index, SceneField* field);
 /* How many times larger lines, points and texts are than in a picture of that size on a desk, from the next
  * frame on: more than 1, the default, for a small picture with many pixels, as that of a phone. 0.25 to 8. */
 SCENE_API int scene_set_enlargement(SceneSky* sky, double enlargement);
-/* Computes the frame of the view. Its arrays are valid until the next call of this function. */
+/* Computes the frame of the view. Its arrays are valid until the next call of this function, of
+ * scene_set_language, scene_set_option or scene_read_session (scene_state_c.h). */
 SCENE_API int scene_compute(SceneSky* sky);
 
 /* The arrays of the display list: docs/formats/display_list.md has the layouts of their records. The first
