@@ -135,8 +135,9 @@ void MoveTo(typename Math::Edge edge, typename Math::Parameter t, int index, boo
   across.at[place] = crossing;
 }
 
+// A function for each way of computing: one that held two of them would save registers for the longer one.
 template <class Math, class Point>
-bool Clip(Point& p0, Point& p1, const tRect<int>& r) {
+[[gnu::noinline]] bool Clip(Point& p0, Point& p1, tRect<int> r) {
   using Edge = typename Math::Edge;
   if (std::is_same_v<Edge, int> && EndsNowhere(r)) return false;
   const Range<Edge> inX{r.left, Edge{r.right} - 1}, inY{r.top, Edge{r.bottom} - 1};
@@ -153,14 +154,12 @@ bool Clip(Point& p0, Point& p1, const tRect<int>& r) {
     // below. This is deliberate: pictures drawn with these functions must not change. A slanting segment that
     // crosses both edges therefore ends beside its true crossing on the left.
     const auto tLeft = x.Crossing(inX.low);
-    if (tRight != 0) {
-      MoveTo<Math>(inX.high, tRight, x.larger, true, x, y);
-      isLost = y.AreBothOutside(inY);
-    }
-    if ((tLeft != 0) & !isLost) {
-      MoveTo<Math>(inX.low, tLeft, 1 - x.larger, true, x, y);
-      isLost = y.AreBothOutside(inY);
-    }
+    const bool movesRight = tRight != 0;
+    MoveTo<Math>(inX.high, tRight, x.larger, movesRight, x, y);
+    isLost = movesRight & y.AreBothOutside(inY);
+    const bool movesLeft = (tLeft != 0) & !isLost;
+    MoveTo<Math>(inX.low, tLeft, 1 - x.larger, movesLeft, x, y);
+    isLost |= movesLeft & y.AreBothOutside(inY);
   }
 
   // Which end is the larger one is deliberately not looked at again, though clipping in x may have turned
