@@ -20,8 +20,8 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/sky_images.h"
 #include "common_interfaces/string_table.h"
-#include "scene/data_root.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "utils/program.h"
 #include "utils/text.h"
 

@@ -17,9 +17,9 @@
 #include "bench/process_memory.h"
 #include "bench/star_generator.h"
 #include "common_interfaces/camera.h"
-#include "scene/data_root.h"
-#include "scene/observer_frame.h"
-#include "scene/sky_frame.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/frame/sky_frame.h"
+#include "scene/view/observer_frame.h"
 #include "utils/program.h"
 
 namespace {

@@ -8,9 +8,9 @@
 #include <random>
 #include <string>
 
-#include "scene/directions.h"
-#include "scene/star_tile_record.h"
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_record.h"
+#include "scene/catalogs/star_tile_writer.h"
+#include "scene/view/directions.h"
 
 namespace bench {
 

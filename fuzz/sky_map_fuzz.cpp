@@ -8,7 +8,7 @@
 #include <string>
 
 #include "fuzz/scratch.h"
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
 #include "utils/bytes.h"
 #include "utils/checksum.h"
 

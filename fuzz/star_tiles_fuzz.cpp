@@ -9,7 +9,7 @@
 
 #include "astro/healpix.h"
 #include "fuzz/scratch.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "utils/bytes.h"
 #include "utils/checksum.h"
 

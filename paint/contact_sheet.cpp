@@ -11,7 +11,7 @@
 #include "paint/painter.h"
 #include "paint/picture_file.h"
 #include "paint/png_bytes.h"
-#include "scene/caption.h"
+#include "scene/frame/caption.h"
 
 namespace paint {
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace paint {
 

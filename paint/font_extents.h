@@ -4,7 +4,7 @@
 
 #include <cairo.h>
 
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 
 namespace paint {
 

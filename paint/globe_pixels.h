@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "paint/surface_map.h"
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace paint {
 

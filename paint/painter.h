@@ -4,7 +4,7 @@
 
 #include <cairo.h>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace paint {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace paint {
 

@@ -9,7 +9,7 @@
 
 #include <span>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace paint {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
 
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 #include "skyview/commands/skyview.h"
 #include "utils/program.h"
 

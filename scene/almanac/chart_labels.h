@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "scene/chart/chart_frame.h"
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/moon_paths.h"
+#include "scene/almanac/moon_paths.h"
 
 #include <cmath>
 #include <optional>

@@ -6,8 +6,8 @@
 
 #include <vector>
 
+#include "scene/almanac/year_graph.h"
 #include "scene/chart/chart_frame.h"
-#include "scene/year_graph.h"
 
 namespace scene {
 

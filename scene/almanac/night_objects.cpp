@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/night_objects.h"
+#include "scene/almanac/night_objects.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/night_plan.h"
+#include "scene/almanac/night_plan.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "astro/constants.h"
-#include "scene/night.h"
+#include "scene/view/night.h"
 
 namespace scene {
 namespace {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "astro/sky_brightness.h"
-#include "scene/directions.h"
-#include "scene/night_plan.h"
+#include "scene/almanac/night_plan.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/night_showers.h"
+#include "scene/almanac/night_showers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_day.h"
+#include "scene/almanac/object_day.h"
 
 #include "astro/julian_date.h"
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 #include "utils/text.h"
 
 namespace scene {

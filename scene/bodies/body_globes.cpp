@@ -7,7 +7,7 @@
 
 #include "astro/physical_ephemeris.h"
 #include "astro/rotation.h"
-#include "scene/catalog_table.h"
+#include "scene/catalogs/catalog_table.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "scene/body_model.h"
-#include "scene/display_list.h"
+#include "scene/bodies/body_model.h"
+#include "scene/display/display_list.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {

@@ -8,10 +8,10 @@
 
 #include "scene/bodies/body_globes.h"
 #include "scene/bodies/body_tests.h"
+#include "scene/bodies/eclipse.h"
 #include "scene/bodies/globe_lines.h"
 #include "scene/display/labels.h"
 #include "scene/display/sky_colours.h"
-#include "scene/eclipse.h"
 
 namespace scene {
 

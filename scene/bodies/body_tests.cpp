@@ -9,7 +9,7 @@
 #include "astro/moons.h"
 #include "astro/vectors.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/air.h"
+#include "scene/view/air.h"
 
 namespace scene {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "scene/body_model.h"
+#include "scene/bodies/body_model.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

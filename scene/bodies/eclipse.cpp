@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/eclipse.h"
+#include "scene/bodies/eclipse.h"
 
 #include <algorithm>
 #include <memory>

@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "astro/vectors.h"
-#include "scene/directions.h"
 #include "scene/display/palette.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 namespace {

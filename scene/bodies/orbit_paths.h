@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "common_interfaces/render_settings.h"
-#include "scene/body_model.h"
+#include "scene/bodies/body_model.h"
+#include "scene/display/display_list.h"
 #include "scene/display/sky_colours.h"
-#include "scene/display_list.h"
-#include "scene/observer_frame.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {

@@ -4,10 +4,10 @@
 
 #include <vector>
 
-#include "scene/body_model.h"
+#include "scene/bodies/body_model.h"
+#include "scene/display/display_list.h"
 #include "scene/display/sky_colours.h"
-#include "scene/display_list.h"
-#include "scene/observer_frame.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/sky_path.h"
 
 namespace scene {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "astro/satellite_pass.h"
-#include "scene/body_model.h"
+#include "scene/bodies/body_model.h"
 #include "scene/display/labels.h"
 #include "scene/view/view_geometry.h"
 

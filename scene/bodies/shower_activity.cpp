@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/shower_activity.h"
+#include "scene/bodies/shower_activity.h"
 
 #include "astro/julian_date.h"
 

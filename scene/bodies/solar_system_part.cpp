@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 
 namespace scene {
 

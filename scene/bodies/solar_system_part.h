@@ -6,11 +6,11 @@
 
 #include "scene/bodies/body_marks.h"
 #include "scene/bodies/body_tests.h"
+#include "scene/bodies/eclipse.h"
 #include "scene/bodies/orbit_paths.h"
 #include "scene/bodies/planet_paths.h"
 #include "scene/bodies/satellite_pass.h"
 #include "scene/bodies/surface_names.h"
-#include "scene/eclipse.h"
 
 namespace scene {
 

@@ -9,8 +9,8 @@
 
 #include "astro/constants.h"
 #include "scene/display/palette.h"
-#include "scene/obstacles.h"
 #include "scene/view/surface_point.h"
+#include "scene/visibility/obstacles.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -6,8 +6,8 @@
 
 #include "astro/physical_ephemeris.h"
 #include "scene/bodies/body_marks.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/display/labels.h"
-#include "scene/sky_catalogs.h"
 
 namespace scene {
 

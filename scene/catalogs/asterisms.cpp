@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/asterisms.h"
+#include "scene/catalogs/asterisms.h"
 
 #include <algorithm>
 #include <limits>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/name_list.h"
 #include "scene/catalogs/optional_table.h"
-#include "scene/name_list.h"
 #include "scene/view/arcs.h"
 #include "utils/locale.h"
 #include "utils/text.h"

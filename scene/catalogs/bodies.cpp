@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies.h"
+#include "scene/catalogs/bodies.h"
 
 #include <limits>
 
@@ -9,8 +9,8 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/record_conversion.h"
-#include "scene/object_names.h"
-#include "scene/texts.h"
+#include "scene/catalogs/object_names.h"
+#include "scene/catalogs/texts.h"
 #include "utils/debug.h"
 #include "utils/path.h"
 #include "utils/text.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/cities.h"
+#include "scene/catalogs/cities.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/name_key.h"
 #include "scene/catalogs/optional_table.h"
-#include "scene/directions.h"
-#include "scene/name_key.h"
+#include "scene/view/directions.h"
 #include "utils/near_names.h"
 #include "utils/text.h"
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/compass.h"
+#include "scene/catalogs/compass.h"
 
 #include <cstdio>
 #include <string>
 
 #include "common_interfaces/string_table.h"
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 
 namespace scene {
 namespace {

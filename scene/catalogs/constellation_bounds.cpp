@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/constellation_bounds.h"
+#include "scene/catalogs/constellation_bounds.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +9,7 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/field_names.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/view/b1875.h"
 #include "utils/debug.h"
 #include "utils/text.h"

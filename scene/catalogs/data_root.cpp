@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 
 #include <filesystem>
 
-#include "scene/language.h"
+#include "scene/catalogs/language.h"
 #include "utils/file_presence.h"
 #include "utils/path.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/double_stars.h"
+#include "scene/catalogs/double_stars.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/gazetteers.h"
+#include "scene/catalogs/gazetteers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/landscape.h"
+#include "scene/catalogs/landscape.h"
 
 #include <algorithm>
 #include <cmath>

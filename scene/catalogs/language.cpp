@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/language.h"
+#include "scene/catalogs/language.h"
 
 #include <algorithm>
 #include <filesystem>

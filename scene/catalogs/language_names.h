@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 namespace scene {
 

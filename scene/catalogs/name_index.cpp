@@ -6,7 +6,7 @@
 #include <cstring>
 #include <utility>
 
-#include "scene/name_key.h"
+#include "scene/catalogs/name_key.h"
 #include "utils/bytes.h"
 
 namespace scene {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "utils/mapped_file.h"
 
 namespace scene {

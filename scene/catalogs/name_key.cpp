@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/name_key.h"
+#include "scene/catalogs/name_key.h"
 
 namespace scene {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/name_list.h"
+#include "scene/catalogs/name_list.h"
 
 #include <cstring>
 #include <memory>
@@ -8,11 +8,11 @@
 #include <unordered_map>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/language.h"
 #include "scene/catalogs/language_names.h"
 #include "scene/catalogs/name_index.h"
 #include "scene/catalogs/optional_table.h"
-#include "scene/language.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "utils/locale.h"
 #include "utils/text.h"
 

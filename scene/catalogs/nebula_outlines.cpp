@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/nebula_outlines.h"
+#include "scene/catalogs/nebula_outlines.h"
 
 #include <algorithm>
 #include <limits>

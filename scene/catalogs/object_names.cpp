@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_names.h"
+#include "scene/catalogs/object_names.h"
 
 #include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/text_formats.h"
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 #include "utils/text.h"
 
 namespace scene {

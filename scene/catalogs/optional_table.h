@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/catalog_table.h"
+#include "scene/catalogs/catalog_table.h"
 
 namespace scene {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "scene/catalogs/prepared_file.h"
-#include "scene/prepared_sky.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/prepared_sky.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 namespace scene {
 

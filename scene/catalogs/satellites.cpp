@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/satellites.h"
+#include "scene/catalogs/satellites.h"
 
 #include <algorithm>
 #include <cmath>

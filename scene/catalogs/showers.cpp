@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/showers.h"
+#include "scene/catalogs/showers.h"
 
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 
 namespace scene {
 

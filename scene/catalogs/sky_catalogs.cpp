@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 #include <algorithm>
 #include <cstring>

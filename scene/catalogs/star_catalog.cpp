@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/star_catalog.h"
+#include "scene/catalogs/star_catalog.h"
 
 #include <algorithm>
 #include <cmath>

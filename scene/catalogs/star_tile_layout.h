@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "utils/bytes.h"
 #include "utils/checksum.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 
 #include <cmath>
 

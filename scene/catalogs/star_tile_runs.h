@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "utils/mapped_file.h"
 #include "utils/replace_file.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 
 #include "utils/code_page.h"
 #include "utils/locale.h"

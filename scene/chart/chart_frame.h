@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "scene/display/display_list.h"
 #include "scene/display/palette.h"
-#include "scene/display_list.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/curve_chart.h"
+#include "scene/chart/curve_chart.h"
 
 #include <cmath>
 

@@ -4,9 +4,9 @@
 
 #include <vector>
 
+#include "scene/chart/finder.h"
 #include "scene/chart/picture_axes.h"
 #include "scene/display/labels.h"
-#include "scene/finder.h"
 
 namespace scene {
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "scene/catalogs/landscape.h"
 #include "scene/display/labels.h"
-#include "scene/landscape.h"
 #include "scene/view/sky_region.h"
 #include "scene/visibility/sky_light.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/light_curve.h"
+#include "scene/chart/light_curve.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,7 +8,7 @@
 #include <iterator>
 
 #include "common_interfaces/variable_stars.h"
-#include "scene/name_key.h"
+#include "scene/catalogs/name_key.h"
 #include "utils/messages.h"
 
 namespace scene {

@@ -4,8 +4,8 @@
 // The sky behind everything, and the ground in its light. Makes no allocation.
 #pragma once
 
+#include "scene/display/display_list.h"
 #include "scene/display/palette.h"
-#include "scene/display_list.h"
 #include "scene/visibility/sky_light.h"
 
 namespace scene {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace scene {
 

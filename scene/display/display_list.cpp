@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 #include "scene/display/style_rules.h"
 

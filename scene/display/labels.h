@@ -5,9 +5,9 @@
 #include <span>
 #include <vector>
 
+#include "scene/display/display_list.h"
 #include "scene/display/sky_colours.h"
-#include "scene/display_list.h"
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 #include "utils/geometry.h"
 
 namespace scene {

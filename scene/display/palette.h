@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace scene {
 

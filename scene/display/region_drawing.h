@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "scene/display/display_list.h"
 #include "scene/display/palette.h"
-#include "scene/display_list.h"
 #include "scene/view/sky_region.h"
 
 namespace scene {

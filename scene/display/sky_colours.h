@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/display/display_list.h"
 #include "scene/display/palette.h"
-#include "scene/display_list.h"
 #include "scene/visibility/sky_light.h"
 
 namespace scene {

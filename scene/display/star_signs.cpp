@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "scene/star_catalog.h"
+#include "scene/catalogs/star_catalog.h"
 
 namespace scene {
 namespace {

@@ -6,8 +6,8 @@
 // colours alone cannot say are the rules.
 #pragma once
 
-#include "scene/chart_style.h"
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
+#include "scene/visibility/chart_style.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 
 namespace scene {
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/caption.h"
+#include "scene/frame/caption.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {

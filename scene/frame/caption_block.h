@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "scene/caption.h"
 #include "scene/display/labels.h"
+#include "scene/frame/caption.h"
 #include "scene/view/view_geometry.h"
 
 namespace scene {

@@ -8,9 +8,9 @@
 #include <iterator>
 
 #include "common_interfaces/string_table.h"
+#include "scene/catalogs/texts.h"
 #include "scene/display/palette.h"
 #include "scene/display/style_rules.h"
-#include "scene/texts.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -5,11 +5,11 @@
 #include <array>
 #include <string>
 
+#include "scene/catalogs/compass.h"
 #include "scene/chart/picture_axes.h"
-#include "scene/class_limits.h"
-#include "scene/compass.h"
 #include "scene/display/labels.h"
 #include "scene/frame/sky_objects.h"
+#include "scene/visibility/class_limits.h"
 
 namespace scene {
 

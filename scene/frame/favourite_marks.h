@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "astro/object_id.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/display/labels.h"
-#include "scene/sky_catalogs.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

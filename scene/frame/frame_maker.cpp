@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/frame_maker.h"
+#include "scene/frame/frame_maker.h"
 
 namespace scene {
 

@@ -8,8 +8,8 @@
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/air.h"
-#include "scene/base_plane.h"
+#include "scene/view/air.h"
+#include "scene/view/base_plane.h"
 
 namespace scene {
 

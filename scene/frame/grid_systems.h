@@ -4,9 +4,9 @@
 
 #include "scene/display/labels.h"
 #include "scene/display/palette.h"
-#include "scene/observer_frame.h"
 #include "scene/view/arc_walk.h"
 #include "scene/view/grid_steps.h"
+#include "scene/view/observer_frame.h"
 
 namespace scene {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/display/labels.h"
-#include "scene/image_groups.h"
-#include "scene/observer_frame.h"
-#include "scene/sky_catalogs.h"
+#include "scene/frame/image_groups.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/sky_path.h"
 #include "scene/visibility/object_tests.h"
 

@@ -6,9 +6,9 @@
 #include <array>
 #include <cmath>
 
-#include "scene/class_limits.h"
 #include "scene/display/palette.h"
 #include "scene/view/pixel_directions.h"
+#include "scene/visibility/class_limits.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "scene/display_list.h"
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
+#include "scene/display/display_list.h"
 #include "scene/view/view_geometry.h"
 #include "scene/visibility/sky_light.h"
 

@@ -8,7 +8,7 @@
 
 #include "scene/display/palette.h"
 #include "scene/display/region_drawing.h"
-#include "scene/obstacles.h"
+#include "scene/visibility/obstacles.h"
 
 namespace scene {
 namespace {

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "scene/bodies/shower_activity.h"
 #include "scene/display/palette.h"
-#include "scene/shower_activity.h"
 
 namespace scene {
 

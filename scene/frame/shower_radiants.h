@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "scene/catalogs/showers.h"
 #include "scene/display/labels.h"
-#include "scene/observer_frame.h"
-#include "scene/showers.h"
+#include "scene/view/observer_frame.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

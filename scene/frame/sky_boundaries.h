@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "scene/display_list.h"
-#include "scene/observer_frame.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/display/display_list.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/sky_path.h"
 #include "scene/visibility/object_tests.h"
 

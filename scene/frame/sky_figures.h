@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/display/labels.h"
-#include "scene/sky_catalogs.h"
 #include "scene/view/sky_cap.h"
 #include "scene/view/sky_path.h"
 #include "scene/visibility/object_tests.h"

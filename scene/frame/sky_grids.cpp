@@ -10,7 +10,7 @@
 #include "astro/vectors.h"
 #include "common_interfaces/clipping.h"
 #include "common_interfaces/string_table.h"
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 
 namespace scene {
 namespace {

@@ -8,8 +8,8 @@
 
 #include "scene/display/labels.h"
 #include "scene/frame/grid_systems.h"
-#include "scene/shown_kinds.h"
 #include "scene/visibility/object_tests.h"
+#include "scene/visibility/shown_kinds.h"
 
 namespace scene {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "scene/compass.h"
+#include "scene/catalogs/compass.h"
 #include "scene/display/labels.h"
 #include "scene/view/sky_region.h"
 

@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "common_interfaces/output_pool.h"
-#include "scene/class_limits.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/display/label_order.h"
 #include "scene/display/labels.h"
 #include "scene/display/style_rules.h"
-#include "scene/drawn_objects.h"
 #include "scene/frame/nebula_clouds.h"
 #include "scene/frame/tile_stars.h"
-#include "scene/sky_catalogs.h"
+#include "scene/visibility/class_limits.h"
+#include "scene/visibility/drawn_objects.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/visibility/object_tests.h"
 
 namespace scene {

@@ -4,12 +4,12 @@
 #include <cstddef>
 #include <limits>
 
-#include "scene/base_plane.h"
-#include "scene/disc_text.h"
+#include "scene/almanac/night_plan.h"
+#include "scene/almanac/object_day.h"
+#include "scene/catalogs/texts.h"
 #include "scene/interface_c/sky.h"
-#include "scene/night_plan.h"
-#include "scene/object_day.h"
-#include "scene/texts.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/disc_text.h"
 
 namespace {
 

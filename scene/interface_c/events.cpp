@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/base_plane.h"
-#include "scene/event_kinds.h"
-#include "scene/event_search.h"
-#include "scene/event_title.h"
 #include "scene/interface_c/sky.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/event_kinds.h"
+#include "scene/words/event_search.h"
+#include "scene/words/event_title.h"
 
 namespace {
 

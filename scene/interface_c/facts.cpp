@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "scene/interface_c/sky.h"
-#include "scene/object_facts.h"
-#include "scene/reasons.h"
+#include "scene/words/object_facts.h"
+#include "scene/words/reasons.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/besides.h"
 #include "scene/interface_c/sky.h"
+#include "scene/words/besides.h"
 
 int scene_suggest(SceneSky* sky, const char* text, int32_t most, SceneArray* suggestions) {
   return scene::Call(sky, [&] {

@@ -7,12 +7,12 @@
 #include "astro/coordinates.h"
 #include "astro/earth_orientation.h"
 #include "astro/rise_set.h"
-#include "scene/aim.h"
-#include "scene/base_plane.h"
-#include "scene/earth_observer.h"
 #include "scene/interface_c/sky.h"
-#include "scene/object_sight.h"
-#include "scene/pick.h"
+#include "scene/search/aim.h"
+#include "scene/search/object_sight.h"
+#include "scene/search/pick.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/earth_observer.h"
 
 namespace {
 

@@ -7,12 +7,12 @@
 
 #include "astro/coordinates.h"
 #include "astro/rise_set.h"
-#include "scene/aim.h"
-#include "scene/air.h"
-#include "scene/base_plane.h"
-#include "scene/class_limits.h"
 #include "scene/interface_c/sky.h"
 #include "scene/interface_c/unprojection.h"
+#include "scene/search/aim.h"
+#include "scene/view/air.h"
+#include "scene/view/base_plane.h"
+#include "scene/visibility/class_limits.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
 
-#include "scene/directions.h"
 #include "scene/interface_c/sky.h"
+#include "scene/view/directions.h"
 #include "utils/timezone.h"
 
 namespace {

@@ -6,12 +6,12 @@
 
 #include "common_interfaces/settings_field.h"
 #include "common_interfaces/text_formats.h"
-#include "scene/favourites.h"
+#include "scene/catalogs/texts.h"
 #include "scene/interface_c/sky.h"
-#include "scene/setting_change.h"
-#include "scene/setting_form.h"
-#include "scene/setting_values.h"
-#include "scene/texts.h"
+#include "scene/visibility/favourites.h"
+#include "scene/visibility/setting_change.h"
+#include "scene/visibility/setting_form.h"
+#include "scene/visibility/setting_values.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <cstddef>
 
 #include "astro/object_id.h"
-#include "scene/base_plane.h"
-#include "scene/data_root.h"
-#include "scene/language.h"
-#include "scene/zoom_range.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/language.h"
+#include "scene/view/base_plane.h"
+#include "scene/visibility/zoom_range.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

@@ -4,9 +4,9 @@
 // What the sky is shown with besides its settings.
 #include <algorithm>
 
-#include "scene/image_groups.h"
+#include "scene/frame/image_groups.h"
 #include "scene/interface_c/sky.h"
-#include "scene/orbit_request.h"
+#include "scene/session/orbit_request.h"
 
 void SceneSky::ReadSettings() {
   shown = scene::ReadShownKinds(settings);

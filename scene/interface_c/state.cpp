@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "scene/interface_c/sky.h"
-#include "scene/session_state.h"
+#include "scene/session/session_state.h"
 #include "utils/debug.h"
 
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 #include "common_interfaces/string_table.h"
+#include "scene/catalogs/language.h"
 #include "scene/interface_c/sky.h"
-#include "scene/language.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/camera.h"
-#include "scene/directions.h"
-#include "scene/observer_frame.h"
+#include "scene/view/directions.h"
+#include "scene/view/observer_frame.h"
 
 namespace scene {
 

@@ -5,12 +5,12 @@
 #include <limits>
 
 #include "astro/julian_date.h"
-#include "scene/aim.h"
-#include "scene/base_plane.h"
 #include "scene/interface_c/sky.h"
 #include "scene/interface_c/unprojection.h"
-#include "scene/observer_frame.h"
-#include "scene/zoom_range.h"
+#include "scene/search/aim.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/observer_frame.h"
+#include "scene/visibility/zoom_range.h"
 
 namespace {
 

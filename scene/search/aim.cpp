@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/aim.h"
+#include "scene/search/aim.h"
 
 #include "astro/rise_set.h"
-#include "scene/air.h"
-#include "scene/base_plane.h"
-#include "scene/object_sight.h"
+#include "scene/search/object_sight.h"
+#include "scene/view/air.h"
+#include "scene/view/base_plane.h"
 
 namespace scene {
 

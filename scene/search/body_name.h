@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 namespace scene {
 

@@ -7,10 +7,10 @@
 #include <charconv>
 #include <unordered_map>
 
-#include "scene/language.h"
-#include "scene/name_key.h"
-#include "scene/object_search.h"
+#include "scene/catalogs/language.h"
+#include "scene/catalogs/name_key.h"
 #include "scene/search/body_name.h"
+#include "scene/search/object_search.h"
 #include "utils/locale.h"
 #include "utils/text.h"
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "scene/catalogs/name_index.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 namespace scene {
 

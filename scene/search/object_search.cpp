@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 #include <algorithm>
 #include <charconv>
@@ -11,8 +11,8 @@
 
 #include "common_interfaces/planets_and_moons.h"
 #include "scene/catalogs/name_index.h"
-#include "scene/name_key.h"
-#include "scene/object_names.h"
+#include "scene/catalogs/name_key.h"
+#include "scene/catalogs/object_names.h"
 #include "scene/search/body_name.h"
 #include "scene/search/named_objects.h"
 #include "utils/messages.h"

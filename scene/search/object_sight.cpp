@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_sight.h"
+#include "scene/search/object_sight.h"
 
 #include "astro/constants.h"
 #include "astro/physical_ephemeris.h"

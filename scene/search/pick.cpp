@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/pick.h"
+#include "scene/search/pick.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include <optional>
 #include <span>
 
-#include "scene/text_extents.h"
+#include "scene/display/text_extents.h"
 
 namespace scene {
 namespace {

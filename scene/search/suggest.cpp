@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "scene/class_limits.h"
-#include "scene/name_key.h"
-#include "scene/object_names.h"
-#include "scene/object_search.h"
+#include "scene/catalogs/name_key.h"
+#include "scene/catalogs/object_names.h"
 #include "scene/search/named_objects.h"
+#include "scene/search/object_search.h"
+#include "scene/visibility/class_limits.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/why.h"
+#include "scene/search/why.h"
 
 #include <algorithm>
 #include <optional>

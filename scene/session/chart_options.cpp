@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/chart_options.h"
+#include "scene/session/chart_options.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,7 @@
 
 #include "astro/constants.h"
 #include "astro/sky_brightness.h"
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_values.h"
 #include "utils/messages.h"
 
 namespace scene {

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/chart_values.h"
+#include "scene/session/chart_values.h"
 
 #include <cmath>
 #include <utility>
 
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_values.h"
 #include "utils/numbers.h"
 
 namespace scene {

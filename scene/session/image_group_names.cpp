@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/image_group_names.h"
+#include "scene/session/image_group_names.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/mark_text.h"
+#include "scene/session/mark_text.h"
 
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_values.h"
 #include "utils/numbers.h"
 
 namespace scene {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/orbit_request.h"
+#include "scene/session/orbit_request.h"
 
 #include <algorithm>
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/session_file.h"
+#include "scene/session/session_file.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "scene/mark_text.h"
-#include "scene/object_filter.h"
-#include "scene/orbit_request.h"
 #include "scene/session/checksum.h"
+#include "scene/session/mark_text.h"
+#include "scene/session/orbit_request.h"
+#include "scene/visibility/object_filter.h"
 #include "utils/text.h"
 
 namespace scene {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/session_state.h"
+#include "scene/session/session_state.h"
 
 #include <cstdio>
 #include <iterator>
@@ -8,10 +8,10 @@
 #include <random>
 
 #include "common_interfaces/settings_field.h"
-#include "scene/favourites.h"
 #include "scene/session/checksum.h"
-#include "scene/setting_change.h"
-#include "scene/setting_values.h"
+#include "scene/visibility/favourites.h"
+#include "scene/visibility/setting_change.h"
+#include "scene/visibility/setting_values.h"
 #include "utils/bytes.h"
 #include "utils/file_presence.h"
 #include "utils/path.h"

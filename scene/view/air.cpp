@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/air.h"
+#include "scene/view/air.h"
 
 #include <algorithm>
 #include <cmath>

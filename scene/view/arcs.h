@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +9,7 @@
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "scene/view/earthbound.h"
 #include "utils/text.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/earth_observer.h"
+#include "scene/view/earth_observer.h"
 
 #include "astro/constants.h"
 

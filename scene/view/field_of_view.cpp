@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/field_of_view.h"
+#include "scene/view/field_of_view.h"
 
 #include <cmath>
 
 #include "common_interfaces/camera.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 namespace {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 namespace {

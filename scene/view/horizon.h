@@ -5,7 +5,7 @@
 #include <array>
 #include <vector>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/observer_frame.h"
+#include "scene/view/observer_frame.h"
 
 #include <cmath>
 
@@ -8,8 +8,8 @@
 #include "astro/delta_t.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/air.h"
-#include "scene/base_plane.h"
+#include "scene/view/air.h"
+#include "scene/view/base_plane.h"
 #include "scene/view/earthbound.h"
 
 namespace scene {

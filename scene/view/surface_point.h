@@ -3,7 +3,7 @@
 #pragma once
 
 #include "astro/solar_system.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace scene {
 

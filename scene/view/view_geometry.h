@@ -5,9 +5,9 @@
 #include <span>
 
 #include "common_interfaces/camera.h"
-#include "scene/air.h"
-#include "scene/directions.h"
-#include "scene/observer_frame.h"
+#include "scene/view/air.h"
+#include "scene/view/directions.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/sky_cap.h"
 
 namespace scene {

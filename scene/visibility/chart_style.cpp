@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/chart_style.h"
+#include "scene/visibility/chart_style.h"
 
-#include "scene/shown_kinds.h"
+#include "scene/visibility/shown_kinds.h"
 
 namespace scene {
 

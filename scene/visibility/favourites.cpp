@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/favourites.h"
+#include "scene/visibility/favourites.h"
 
 #include <cstring>
 #include <vector>

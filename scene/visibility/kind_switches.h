@@ -3,7 +3,7 @@
 #pragma once
 
 #include "common_interfaces/settings_data.h"
-#include "scene/shown_kinds.h"
+#include "scene/visibility/shown_kinds.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_filter.h"
+#include "scene/visibility/object_filter.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "scene/visibility/object_tests.h"
 
 #include "astro/vectors.h"
-#include "scene/air.h"
+#include "scene/view/air.h"
 #include "utils/text.h"
 
 namespace scene {

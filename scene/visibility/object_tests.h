@@ -11,15 +11,15 @@
 #include <cmath>
 #include <limits>
 
-#include "scene/class_limits.h"
-#include "scene/landscape.h"
-#include "scene/object_filter.h"
-#include "scene/observer_frame.h"
-#include "scene/obstacles.h"
-#include "scene/shown_kinds.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/landscape.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/view/observer_frame.h"
 #include "scene/view/view_geometry.h"
 #include "scene/view/window_reach.h"
+#include "scene/visibility/class_limits.h"
+#include "scene/visibility/object_filter.h"
+#include "scene/visibility/obstacles.h"
+#include "scene/visibility/shown_kinds.h"
 #include "scene/visibility/sky_light.h"
 
 namespace scene {

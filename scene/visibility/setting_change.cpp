@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/setting_change.h"
+#include "scene/visibility/setting_change.h"
 
 #include <vector>
 
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/settings_field.h"
-#include "scene/object_filter.h"
-#include "scene/shown_kinds.h"
+#include "scene/visibility/object_filter.h"
 #include "scene/visibility/setting_text.h"
+#include "scene/visibility/shown_kinds.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/text.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/setting_form.h"
+#include "scene/visibility/setting_form.h"
 
 #include "common_interfaces/field_data.h"
-#include "scene/favourites.h"
-#include "scene/object_filter.h"
+#include "scene/visibility/favourites.h"
+#include "scene/visibility/object_filter.h"
 #include "utils/text.h"
 
 namespace scene {

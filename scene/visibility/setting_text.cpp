@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "common_interfaces/field_data.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "utils/bytes.h"
 #include "utils/numbers.h"
 #include "utils/text.h"

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_values.h"
 
 #include <charconv>
 #include <cstring>
 
 #include "common_interfaces/field_data.h"
-#include "scene/object_filter.h"
+#include "scene/visibility/object_filter.h"
 #include "utils/bytes.h"
 #include "utils/text.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/shown_kinds.h"
+#include "scene/visibility/shown_kinds.h"
 
 #include "common_interfaces/field_data.h"
 #include "scene/visibility/kind_switches.h"

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "astro/sky_brightness.h"
-#include "scene/class_limits.h"
 #include "scene/view/view_geometry.h"
+#include "scene/visibility/class_limits.h"
 
 namespace scene {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "scene/zoom_range.h"
+#include "scene/visibility/zoom_range.h"
 
 namespace scene {
 namespace {

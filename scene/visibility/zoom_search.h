@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "common_interfaces/camera.h"
-#include "scene/class_limits.h"
+#include "scene/visibility/class_limits.h"
 
 namespace scene {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/angle_text.h"
+#include "scene/words/angle_text.h"
 
 #include <cctype>
 #include <string_view>

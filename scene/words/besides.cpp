@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/besides.h"
+#include "scene/words/besides.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,10 +10,10 @@
 #include "astro/rotation.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/object_kinds.h"
-#include "scene/angle_text.h"
-#include "scene/base_plane.h"
-#include "scene/disc_text.h"
-#include "scene/object_sight.h"
+#include "scene/search/object_sight.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/angle_text.h"
+#include "scene/words/disc_text.h"
 #include "scene/words/words.h"
 #include "utils/text.h"
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/disc_text.h"
+#include "scene/words/disc_text.h"
 
 #include <cmath>
 
 #include "astro/planets.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "scene/words/words.h"
 
 namespace scene {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/event_search.h"
+#include "scene/words/event_search.h"
 
 namespace scene {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/event_title.h"
+#include "scene/words/event_title.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,9 +8,9 @@
 #include "astro/meteor_showers.h"
 #include "astro/solar_eclipses.h"
 #include "common_interfaces/text_formats.h"
-#include "scene/object_names.h"
+#include "scene/catalogs/object_names.h"
+#include "scene/catalogs/texts.h"
 #include "scene/search/body_name.h"
-#include "scene/texts.h"
 
 namespace scene {
 namespace {

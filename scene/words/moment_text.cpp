@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/moment_text.h"
+#include "scene/words/moment_text.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_facts.h"
+#include "scene/words/object_facts.h"
 
 #include "astro/constants.h"
 #include "astro/coordinates.h"
@@ -8,13 +8,13 @@
 #include "astro/vectors.h"
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/units.h"
-#include "scene/air.h"
-#include "scene/angle_text.h"
-#include "scene/base_plane.h"
-#include "scene/besides.h"
-#include "scene/disc_text.h"
-#include "scene/moment_text.h"
-#include "scene/object_day.h"
+#include "scene/almanac/object_day.h"
+#include "scene/view/air.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/angle_text.h"
+#include "scene/words/besides.h"
+#include "scene/words/disc_text.h"
+#include "scene/words/moment_text.h"
 #include "scene/words/words.h"
 #include "utils/text.h"
 #include "utils/timezone.h"

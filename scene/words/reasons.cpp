@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/reasons.h"
+#include "scene/words/reasons.h"
 
 #include <cmath>
 
+#include "scene/visibility/zoom_range.h"
 #include "scene/words/words.h"
-#include "scene/zoom_range.h"
 #include "utils/text.h"
 
 namespace scene {

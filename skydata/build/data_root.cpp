@@ -5,7 +5,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "scene/prepared_sky.h"
+#include "scene/catalogs/prepared_sky.h"
 #include "skydata/build/catalog_files.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/milky_way_map.h"

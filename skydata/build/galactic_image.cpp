@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 
 namespace skydata {
 namespace {

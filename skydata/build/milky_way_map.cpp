@@ -7,7 +7,7 @@
 #include <cmath>
 #include <vector>
 
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
 #include "skydata/build/galactic_image.h"
 #include "skydata/build/source_table.h"
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "skydata/build/catalog_text.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/source_table.h"

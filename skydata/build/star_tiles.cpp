@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "scene/star_tile_record.h"
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_record.h"
+#include "scene/catalogs/star_tile_writer.h"
 #include "skydata/build/source_table.h"
 #include "skydata/build/star_catalog.h"
 #include "skydata/files/whole_file.h"

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "skydata/files/object_names.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Prepared catalogs: that they can be read, and whether they are those of the tables beside them.
-#include "scene/prepared_sky.h"
+#include "scene/catalogs/prepared_sky.h"
 #include "skydata/lint/rules.h"
 
 namespace skydata {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "astro/healpix.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/lint/rules.h"
 #include "utils/text.h"
 

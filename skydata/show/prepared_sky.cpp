@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/prepared_sky.h"
+#include "scene/catalogs/prepared_sky.h"
 
 #include <stdexcept>
 

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "astro/healpix.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/show/files.h"
 
 namespace skydata {

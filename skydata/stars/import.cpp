@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "astro/healpix.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/files/catalog_reader.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"

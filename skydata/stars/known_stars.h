@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace skydata {
 

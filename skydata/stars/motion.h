@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "astro/constants.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 namespace skydata {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "astro/vectors.h"
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "utils/bytes.h"
 
 namespace skydata {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_writer.h"
 
 namespace skydata {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "astro/constants.h"
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "skydata/files/source_error.h"
 #include "skydata/files/text_lines.h"
 #include "skydata/stars/motion.h"

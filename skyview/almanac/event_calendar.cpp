@@ -4,8 +4,8 @@
 // iCalendar (RFC 5545).
 #include <cmath>
 
-#include "scene/event_kinds.h"
-#include "scene/event_title.h"
+#include "scene/words/event_kinds.h"
+#include "scene/words/event_title.h"
 #include "skyview/almanac/event_formats.h"
 #include "utils/messages.h"
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "astro/julian_date.h"
-#include "scene/event_kinds.h"
-#include "scene/event_title.h"
+#include "scene/words/event_kinds.h"
+#include "scene/words/event_title.h"
 #include "skyview/almanac/text_table.h"
 #include "utils/json.h"
 #include "utils/messages.h"

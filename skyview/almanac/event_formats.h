@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "astro/sky_events.h"
-#include "scene/showers.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/showers.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "skyview/almanac/local_clock.h"
 
 namespace skyview {

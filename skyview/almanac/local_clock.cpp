@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "common_interfaces/dates.h"
-#include "scene/moment_text.h"
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
+#include "scene/words/moment_text.h"
 #include "skyview/session/zone_time.h"
 #include "utils/messages.h"
 #include "utils/timezone.h"

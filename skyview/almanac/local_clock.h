@@ -5,7 +5,7 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
-#include "scene/earth_observer.h"
+#include "scene/view/earth_observer.h"
 
 namespace skyview {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "astro/constants.h"
-#include "scene/compass.h"
+#include "scene/catalogs/compass.h"
 #include "utils/messages.h"
 
 namespace skyview {

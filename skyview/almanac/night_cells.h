@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
-#include "scene/night_plan.h"
-#include "scene/object_search.h"
-#include "scene/sky_catalogs.h"
+#include "scene/almanac/night_plan.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/search/object_search.h"
 #include "skyview/almanac/local_clock.h"
 #include "skyview/reports/host_texts.h"
 

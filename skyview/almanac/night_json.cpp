@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "astro/meteor_showers.h"
-#include "scene/disc_text.h"
-#include "scene/event_title.h"
+#include "scene/words/disc_text.h"
+#include "scene/words/event_title.h"
 #include "skyview/almanac/event_formats.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/night_report.h"

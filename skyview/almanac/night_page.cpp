@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "common_interfaces/object_kinds.h"
-#include "scene/disc_text.h"
-#include "scene/event_title.h"
+#include "scene/words/disc_text.h"
+#include "scene/words/event_title.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/night_report.h"
 #include "skyview/almanac/text_table.h"

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "astro/delta_t.h"
-#include "scene/event_search.h"
+#include "scene/words/event_search.h"
 
 namespace skyview {
 namespace {

@@ -10,10 +10,10 @@
 
 #include "astro/moon_phenomena.h"
 #include "astro/sky_events.h"
-#include "scene/night_objects.h"
-#include "scene/night_plan.h"
-#include "scene/night_showers.h"
-#include "scene/showers.h"
+#include "scene/almanac/night_objects.h"
+#include "scene/almanac/night_plan.h"
+#include "scene/almanac/night_showers.h"
+#include "scene/catalogs/showers.h"
 #include "skyview/almanac/local_clock.h"
 #include "skyview/options/almanac_group.h"
 

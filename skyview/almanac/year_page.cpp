@@ -6,9 +6,9 @@
 #include <array>
 #include <iterator>
 
-#include "scene/event_kinds.h"
-#include "scene/event_search.h"
-#include "scene/event_title.h"
+#include "scene/words/event_kinds.h"
+#include "scene/words/event_search.h"
+#include "scene/words/event_title.h"
 #include "skyview/almanac/night_cells.h"
 #include "skyview/almanac/text_table.h"
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 #include "skyview/options/picture_group.h"
 
 namespace skyview {

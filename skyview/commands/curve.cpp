@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include "scene/curve_chart.h"
-#include "scene/earth_observer.h"
-#include "scene/light_curve.h"
+#include "scene/chart/curve_chart.h"
+#include "scene/chart/light_curve.h"
+#include "scene/view/earth_observer.h"
 #include "skyview/commands/chart_files.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/prepared_view.h"

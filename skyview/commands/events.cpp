@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/base_plane.h"
-#include "scene/event_search.h"
-#include "scene/showers.h"
+#include "scene/catalogs/showers.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/event_search.h"
 #include "skyview/almanac/event_formats.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/object_finder.h"

@@ -4,8 +4,8 @@
 
 #include "astro/julian_date.h"
 #include "common_interfaces/dates.h"
-#include "scene/bodies.h"
-#include "scene/moon_chart.h"
+#include "scene/almanac/moon_chart.h"
+#include "scene/catalogs/bodies.h"
 #include "skyview/almanac/local_clock.h"
 #include "skyview/commands/chart_files.h"
 #include "skyview/commands/command.h"

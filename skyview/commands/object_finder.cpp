@@ -4,10 +4,10 @@
 
 #include <filesystem>
 
-#include "scene/aim.h"
-#include "scene/base_plane.h"
-#include "scene/favourites.h"
-#include "scene/satellites.h"
+#include "scene/catalogs/satellites.h"
+#include "scene/search/aim.h"
+#include "scene/view/base_plane.h"
+#include "scene/visibility/favourites.h"
 #include "skyview/commands/start.h"
 #include "skyview/options/stop.h"
 #include "skyview/session/view_state.h"

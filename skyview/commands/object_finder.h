@@ -8,7 +8,7 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 #include "skyview/options/sky_group.h"
 #include "skyview/session/diagnostics.h"
 

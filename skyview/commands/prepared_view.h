@@ -7,7 +7,7 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/session_file.h"
+#include "scene/session/session_file.h"
 #include "skyview/options/settings_group.h"
 #include "skyview/options/view_group.h"
 #include "skyview/session/clock.h"

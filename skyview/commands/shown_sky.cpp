@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/shown_sky.h"
 
-#include "scene/besides.h"
-#include "scene/caption.h"
-#include "scene/image_group_names.h"
-#include "scene/orbit_request.h"
-#include "scene/pick.h"
-#include "scene/why.h"
+#include "scene/frame/caption.h"
+#include "scene/search/pick.h"
+#include "scene/search/why.h"
+#include "scene/session/image_group_names.h"
+#include "scene/session/orbit_request.h"
+#include "scene/words/besides.h"
 #include "skyview/commands/start.h"
 #include "skyview/reports/explanation.h"
 #include "skyview/reports/report.h"

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "astro/object_id.h"
-#include "scene/frame_maker.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
+#include "scene/frame/frame_maker.h"
 #include "skyview/commands/object_finder.h"
 #include "skyview/commands/prepared_view.h"
 

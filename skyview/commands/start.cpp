@@ -3,8 +3,8 @@
 #include "skyview/commands/start.h"
 
 #include "common_interfaces/string_table.h"
-#include "scene/data_root.h"
-#include "scene/language.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/language.h"
 #include "skyview/options/stop.h"
 #include "skyview/reports/host_texts.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/base_plane.h"
-#include "scene/showers.h"
+#include "scene/catalogs/showers.h"
+#include "scene/view/base_plane.h"
 #include "skyview/almanac/night_report.h"
 #include "skyview/commands/command.h"
 #include "skyview/commands/object_finder.h"

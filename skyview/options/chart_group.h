@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/chart_options.h"
+#include "scene/session/chart_options.h"
 #include "skyview/options/option_group.h"
 
 namespace skyview {

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "scene/mark_text.h"
+#include "scene/session/mark_text.h"
 
 namespace skyview {
 

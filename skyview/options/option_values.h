@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "scene/picture_size.h"
-#include "scene/zoom_range.h"
+#include "scene/session/picture_size.h"
+#include "scene/visibility/zoom_range.h"
 
 namespace skyview {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "scene/language.h"
+#include "scene/catalogs/language.h"
 #include "skyview/options/option_group.h"
 
 namespace skyview {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/options/sky_group.h"
 
-#include "scene/image_group_names.h"
+#include "scene/session/image_group_names.h"
 #include "skyview/options/stop.h"
 
 namespace skyview {

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "scene/orbit_request.h"
+#include "scene/session/orbit_request.h"
 #include "skyview/options/chart_group.h"
 #include "skyview/options/command_line.h"
 #include "skyview/options/option_group.h"

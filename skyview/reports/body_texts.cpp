@@ -7,8 +7,8 @@
 #include "astro/constants.h"
 #include "astro/earth_orientation.h"
 #include "astro/vectors.h"
-#include "scene/disc_text.h"
-#include "scene/object_names.h"
+#include "scene/catalogs/object_names.h"
+#include "scene/words/disc_text.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/text.h"
 

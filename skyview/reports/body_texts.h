@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "scene/sky_frame.h"
+#include "scene/frame/sky_frame.h"
 
 namespace skyview {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/reports/explanation.h"
 
-#include "scene/reasons.h"
+#include "scene/words/reasons.h"
 #include "skyview/reports/filter_text.h"
 #include "utils/messages.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/why.h"
+#include "scene/search/why.h"
 
 namespace skyview {
 

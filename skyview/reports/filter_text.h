@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "scene/object_filter.h"
+#include "scene/visibility/object_filter.h"
 
 namespace skyview {
 

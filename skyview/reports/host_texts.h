@@ -8,7 +8,7 @@
 #include <string>
 
 #include "common_interfaces/text_formats.h"
-#include "scene/texts.h"
+#include "scene/catalogs/texts.h"
 
 namespace skyview {
 

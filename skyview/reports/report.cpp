@@ -4,7 +4,7 @@
 
 #include <initializer_list>
 
-#include "scene/class_limits.h"
+#include "scene/visibility/class_limits.h"
 #include "skyview/reports/body_texts.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/text.h"

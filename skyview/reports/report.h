@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common_interfaces/camera.h"
-#include "scene/sky_frame.h"
+#include "scene/frame/sky_frame.h"
 
 namespace skyview {
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "common_interfaces/dates.h"
-#include "scene/shower_activity.h"
-#include "scene/standing.h"
+#include "scene/bodies/shower_activity.h"
+#include "scene/view/standing.h"
 #include "skyview/reports/host_texts.h"
 
 namespace skyview {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "common_interfaces/camera.h"
-#include "scene/observer_frame.h"
-#include "scene/showers.h"
+#include "scene/catalogs/showers.h"
+#include "scene/view/observer_frame.h"
 
 namespace skyview {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common_interfaces/camera.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 namespace skyview {
 

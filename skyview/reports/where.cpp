@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/reports/where.h"
 
-#include "scene/base_plane.h"
-#include "scene/besides.h"
-#include "scene/object_facts.h"
+#include "scene/view/base_plane.h"
+#include "scene/words/besides.h"
+#include "scene/words/object_facts.h"
 
 namespace skyview {
 

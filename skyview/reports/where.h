@@ -7,7 +7,7 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
-#include "scene/object_sight.h"
+#include "scene/search/object_sight.h"
 
 namespace skyview {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/session/choice.h"
 
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 #include "skyview/reports/host_texts.h"
 #include "skyview/session/here_and_now.h"
 

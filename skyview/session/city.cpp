@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "scene/cities.h"
-#include "scene/directions.h"
+#include "scene/catalogs/cities.h"
+#include "scene/view/directions.h"
 #include "utils/messages.h"
 
 namespace skyview {

@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "common_interfaces/object_lists.h"
-#include "scene/name_key.h"
-#include "scene/object_filter.h"
+#include "scene/catalogs/name_key.h"
+#include "scene/visibility/object_filter.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/file_presence.h"
 #include "utils/messages.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "astro/object_id.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 namespace skyview {
 

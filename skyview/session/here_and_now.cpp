@@ -3,9 +3,9 @@
 #include "skyview/session/here_and_now.h"
 
 #include "astro/julian_date.h"
-#include "scene/aim.h"
-#include "scene/base_plane.h"
-#include "scene/night.h"
+#include "scene/search/aim.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/night.h"
 #include "utils/text.h"
 #include "utils/timezone.h"
 

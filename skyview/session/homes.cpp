@@ -6,9 +6,9 @@
 #include <cstdio>
 
 #include "astro/constants.h"
-#include "scene/base_plane.h"
-#include "scene/directions.h"
-#include "scene/moment_text.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/directions.h"
+#include "scene/words/moment_text.h"
 #include "skyview/reports/host_texts.h"
 #include "utils/messages.h"
 #include "utils/text.h"

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "scene/favourites.h"
-#include "scene/setting_change.h"
+#include "scene/visibility/favourites.h"
+#include "scene/visibility/setting_change.h"
 #include "utils/path.h"
 #include "utils/whole_file.h"
 

@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
-#include "scene/base_plane.h"
-#include "scene/directions.h"
+#include "scene/view/base_plane.h"
+#include "scene/view/directions.h"
 
 namespace skyview {
 namespace {

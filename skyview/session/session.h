@@ -9,8 +9,8 @@
 
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
-#include "scene/session_state.h"
-#include "scene/sky_markers.h"
+#include "scene/frame/sky_markers.h"
+#include "scene/session/session_state.h"
 #include "skyview/options/root_group.h"
 #include "skyview/options/sky_group.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "common_interfaces/camera.h"
-#include "scene/session_file.h"
+#include "scene/session/session_file.h"
 #include "skyview/options/view_group.h"
 #include "skyview/session/clock.h"
 #include "skyview/session/diagnostics.h"

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "paint/painter.h"
-#include "scene/display_list.h"
+#include "scene/display/display_list.h"
 
 namespace host_test {
 

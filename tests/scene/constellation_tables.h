@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "support/temp_dir.h"
 
 namespace host_test {

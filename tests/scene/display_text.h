@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "scene/display_list.h"
-#include "scene/object_filter.h"
+#include "scene/display/display_list.h"
+#include "scene/visibility/object_filter.h"
 #include "utils/messages.h"
 
 namespace host_test {

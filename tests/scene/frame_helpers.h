@@ -6,9 +6,9 @@
 #include <string>
 
 #include "astro/julian_date.h"
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 #include "scene/frame/frame_parts.h"
-#include "scene/sky_frame.h"
+#include "scene/frame/sky_frame.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/directions.h"
-#include "scene/showers.h"
+#include "scene/catalogs/showers.h"
+#include "scene/view/directions.h"
 
 namespace host_test {
 

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
+#include "scene/catalogs/sky_map.h"
 #include "scene/language_files.h"
 #include "scene/orbit_tables.h"
-#include "scene/sky_map.h"
 #include "support/camera_settings.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"

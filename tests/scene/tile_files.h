@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "scene/directions.h"
-#include "scene/star_tile_writer.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tile_writer.h"
+#include "scene/catalogs/star_tiles.h"
+#include "scene/view/directions.h"
 
 namespace host_test {
 

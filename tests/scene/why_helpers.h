@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "scene/frame_helpers.h"
-#include "scene/why.h"
+#include "scene/search/why.h"
 
 namespace host_test {
 

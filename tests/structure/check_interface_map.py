@@ -77,9 +77,9 @@ def main():
             if not re.findall(r"`([^`]+)`", tests):
                 bad.append(f"docs/interface_map.md:{number}: {name} names no test")
     declared = set()
-    for pattern in ("include/common_interfaces/*.h", "companions/*/include/*/*.h", "scene/include/*/*.h"):
-        for path in glob.glob(os.path.join(root, pattern)):
-            header = "/".join(path.split("/")[-2:])
+    for pattern in ("include/common_interfaces/*.h", "companions/*/include/*/*.h", "scene/include/**/*.h"):
+        for path in glob.glob(os.path.join(root, pattern), recursive=True):
+            header = path.split("/include/", 1)[1]
             if header.endswith("/api.h"):
                 continue  # the export macros themselves
             declared |= {(header, name) for name in exported_names(path)}

@@ -91,7 +91,7 @@ SCENE_API int scene_read_view(SceneSky* sky, const char* file, int32_t number);
 /* The file is replaced whole; other views in it stay. */
 SCENE_API int scene_save_view(SceneSky* sky, const char* file, int32_t number);
 
-/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/setting_change.h has the
+/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/visibility/setting_change.h has the
  * grammar). */
 SCENE_API int scene_change_setting(SceneSky* sky, const char* change);
 /* Settings that are kept in a file, laid over the defaults; kept there, the file replaced whole. */
@@ -190,7 +190,7 @@ typedef struct SceneObject {
   int32_t kind, number;
 } SceneObject;
 
-/* The one object of that name, as scene/object_search.h knows names. */
+/* The one object of that name, as scene/search/object_search.h knows names. */
 SCENE_API int scene_find(SceneSky* sky, const char* name, SceneObject* object);
 /* Its names, "Sirius (alpha CMa, 9 CMa, HR 2491, HIP 32349)"; null for an object that is not in the catalogs.
  * Valid until the next call. */

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/moon_paths.h"
+#include "scene/almanac/moon_paths.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 #include "astro/julian_date.h"
 #include "astro/moon_phenomena.h"
-#include "scene/moon_chart.h"
+#include "scene/almanac/moon_chart.h"
 
 using namespace scene;
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/night_objects.h"
+#include "scene/almanac/night_objects.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 
 #include "astro/julian_date.h"
 #include "astro/meteor_showers.h"
+#include "scene/almanac/night_showers.h"
 #include "scene/frame_helpers.h"
-#include "scene/night_showers.h"
 
 using namespace scene;
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "astro/julian_date.h"
-#include "scene/year_graph.h"
+#include "scene/almanac/year_graph.h"
 
 using namespace scene;
 

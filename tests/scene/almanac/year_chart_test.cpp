@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/year_chart.h"
+#include "scene/almanac/year_chart.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/year_graph.h"
+#include "scene/almanac/year_graph.h"
 
 #include <gtest/gtest.h>
 

@@ -7,11 +7,11 @@
 #include <cmath>
 #include <memory>
 
-#include "scene/aim.h"
 #include "scene/bodies/body_tests.h"
+#include "scene/catalogs/satellites.h"
 #include "scene/frame_helpers.h"
-#include "scene/satellites.h"
-#include "scene/standing.h"
+#include "scene/search/aim.h"
+#include "scene/view/standing.h"
 #include "utils/text.h"
 
 using namespace scene;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/body_model.h"
+#include "scene/bodies/body_model.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Eclipses of the tables of Espenak (NASA, Five Millennium Canon; eclipsewise.com), in Universal Time, where
 // the frame keeps them; the numbers themselves are held in tests/astro/eclipse_test.cpp.
-#include "scene/eclipse.h"
+#include "scene/bodies/eclipse.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 
 #include "astro/moon_phenomena.h"
 #include "scene/frame_helpers.h"
-#include "scene/standing.h"
+#include "scene/view/standing.h"
 
 using namespace scene;
 using host_test::FrameFixture;

@@ -8,8 +8,8 @@
 
 #include "astro/rise_set.h"
 #include "astro/vectors.h"
+#include "scene/catalogs/satellites.h"
 #include "scene/frame_helpers.h"
-#include "scene/satellites.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;

@@ -8,8 +8,8 @@
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
-#include "scene/aim.h"
 #include "scene/names_files.h"
+#include "scene/search/aim.h"
 #include "scene/why_helpers.h"
 #include "support/allocation_counter.h"
 

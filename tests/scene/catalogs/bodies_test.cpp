@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/bodies.h"
+#include "scene/catalogs/bodies.h"
 
 #include <gtest/gtest.h>
 
+#include "scene/catalogs/language.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 using namespace scene;
 

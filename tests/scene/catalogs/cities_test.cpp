@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/cities.h"
+#include "scene/catalogs/cities.h"
 
 #include <gtest/gtest.h>
 

@@ -7,9 +7,9 @@
 
 #include <random>
 
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/constellation_tables.h"
-#include "scene/data_root.h"
-#include "scene/sky_catalogs.h"
 #include "scene/small_root.h"
 #include "scene/view/b1875.h"
 

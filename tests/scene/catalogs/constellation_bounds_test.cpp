@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/constellation_bounds.h"
+#include "scene/catalogs/constellation_bounds.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,9 @@
 #include <set>
 
 #include "astro/vectors.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/constellation_tables.h"
-#include "scene/data_root.h"
-#include "scene/sky_catalogs.h"
 #include "scene/small_root.h"
 #include "scene/view/b1875.h"
 #include "support/debug_capture.h"

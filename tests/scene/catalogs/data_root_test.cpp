@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "scene/catalogs/texts.h"
 #include "scene/small_root.h"
-#include "scene/texts.h"
 #include "support/debug_capture.h"
 
 using namespace scene;

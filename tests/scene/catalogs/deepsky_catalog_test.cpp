@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/deepsky_catalog.h"
+#include "scene/catalogs/deepsky_catalog.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <utility>
 
-#include "scene/data_root.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 #include "utils/text.h"

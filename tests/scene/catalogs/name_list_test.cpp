@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/name_list.h"
+#include "scene/catalogs/name_list.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/nebula_outlines.h"
+#include "scene/catalogs/nebula_outlines.h"
 
 #include <gtest/gtest.h>
 
 #include "astro/vectors.h"
-#include "scene/data_root.h"
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/data_root.h"
+#include "scene/catalogs/sky_catalogs.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/prepared_sky.h"
+#include "scene/catalogs/prepared_sky.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <random>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/data_root.h"
 #include "scene/catalogs/name_index.h"
 #include "scene/catalogs/prepared_parts.h"
-#include "scene/data_root.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 #include "utils/bytes.h"

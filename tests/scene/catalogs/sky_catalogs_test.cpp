@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/sky_catalogs.h"
+#include "scene/catalogs/sky_catalogs.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "astro/vectors.h"
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 #include "scene/small_root.h"
 #include "support/debug_capture.h"
 

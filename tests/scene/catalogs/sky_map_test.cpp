@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
 
 #include <gtest/gtest.h>
 

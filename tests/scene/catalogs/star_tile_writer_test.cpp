@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_writer.h"
 
 #include <cmath>
 #include <fstream>
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "support/temp_dir.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +14,7 @@
 #include "astro/constants.h"
 #include "astro/healpix.h"
 #include "astro/vectors.h"
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_writer.h"
 #include "support/debug_capture.h"
 #include "support/temp_dir.h"
 #include "utils/bytes.h"

@@ -8,9 +8,9 @@
 
 #include "scene/chart/sky_background.h"
 #include "scene/frame_helpers.h"
-#include "scene/object_search.h"
-#include "scene/pick.h"
-#include "scene/why.h"
+#include "scene/search/object_search.h"
+#include "scene/search/pick.h"
+#include "scene/search/why.h"
 #include "support/allocation_counter.h"
 #include "utils/text.h"
 

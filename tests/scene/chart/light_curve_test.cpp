@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/light_curve.h"
+#include "scene/chart/light_curve.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/chart_style.h"
+#include "scene/visibility/chart_style.h"
 
 #include <gtest/gtest.h>
 

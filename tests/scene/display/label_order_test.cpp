@@ -7,9 +7,9 @@
 #include <cmath>
 #include <memory>
 
-#include "scene/aim.h"
 #include "scene/frame_helpers.h"
-#include "scene/standing.h"
+#include "scene/search/aim.h"
+#include "scene/view/standing.h"
 
 using namespace scene;
 

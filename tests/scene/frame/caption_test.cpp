@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/caption.h"
+#include "scene/frame/caption.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "scene/display/text_extents.h"
 #include "scene/frame_helpers.h"
-#include "scene/text_extents.h"
 
 using Lines = std::vector<std::string>;
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;

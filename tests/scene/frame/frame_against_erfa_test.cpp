@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "astro/astro.h"
-#include "scene/base_plane.h"
 #include "scene/frame_helpers.h"
+#include "scene/view/base_plane.h"
 
 using namespace scene;
 

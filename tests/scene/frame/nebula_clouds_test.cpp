@@ -10,10 +10,10 @@
 #include <memory>
 #include <utility>
 
-#include "scene/aim.h"
 #include "scene/frame_helpers.h"
-#include "scene/pick.h"
-#include "scene/standing.h"
+#include "scene/search/aim.h"
+#include "scene/search/pick.h"
+#include "scene/view/standing.h"
 #include "utils/text.h"
 
 using namespace scene;

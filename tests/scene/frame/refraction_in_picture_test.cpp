@@ -7,10 +7,10 @@
 
 #include "astro/rise_set.h"
 #include "astro/solar_system.h"
-#include "scene/aim.h"
-#include "scene/air.h"
 #include "scene/frame_helpers.h"
-#include "scene/pick.h"
+#include "scene/search/aim.h"
+#include "scene/search/pick.h"
+#include "scene/view/air.h"
 #include "scene/view/pixel_directions.h"
 
 using namespace scene;

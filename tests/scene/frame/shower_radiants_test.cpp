@@ -8,7 +8,7 @@
 
 #include "scene/frame_helpers.h"
 #include "scene/perseids.h"
-#include "scene/standing.h"
+#include "scene/view/standing.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/sky_frame.h"
+#include "scene/frame/sky_frame.h"
 
 #include <gtest/gtest.h>
 

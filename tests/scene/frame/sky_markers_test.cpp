@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/sky_markers.h"
+#include "scene/frame/sky_markers.h"
 
 #include <gtest/gtest.h>
 
+#include "scene/frame/frame_maker.h"
 #include "scene/frame_helpers.h"
-#include "scene/frame_maker.h"
 
 using namespace scene;
 using host_test::FrameFixture;

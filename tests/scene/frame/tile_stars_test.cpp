@@ -17,7 +17,7 @@
 #include "scene/display/star_tint.h"
 #include "scene/frame_helpers.h"
 #include "scene/tile_files.h"
-#include "scene/zoom_range.h"
+#include "scene/visibility/zoom_range.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;

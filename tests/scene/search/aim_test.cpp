@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/aim.h"
+#include "scene/search/aim.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "scene/base_plane.h"
 #include "scene/frame_helpers.h"
-#include "scene/pick.h"
+#include "scene/search/pick.h"
+#include "scene/view/base_plane.h"
 
 using namespace scene;
 

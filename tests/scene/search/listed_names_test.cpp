@@ -4,8 +4,8 @@
 
 #include "scene/frame_helpers.h"
 #include "scene/names_files.h"
-#include "scene/object_search.h"
-#include "scene/object_sight.h"
+#include "scene/search/object_search.h"
+#include "scene/search/object_sight.h"
 #include "utils/locale.h"
 
 using namespace scene;

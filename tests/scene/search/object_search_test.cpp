@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 #include <gtest/gtest.h>
 
+#include "scene/catalogs/name_key.h"
 #include "scene/frame_helpers.h"
-#include "scene/name_key.h"
 #include "utils/messages.h"
 
 using namespace scene;

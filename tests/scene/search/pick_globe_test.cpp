@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "scene/pick.h"
+#include "scene/search/pick.h"
 
 using namespace scene;
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/pick.h"
+#include "scene/search/pick.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "scene/frame_helpers.h"
-#include "scene/object_search.h"
+#include "scene/search/object_search.h"
 
 using namespace scene;
 

@@ -4,10 +4,10 @@
 // on, kept among the favourites.
 #include <gtest/gtest.h>
 
-#include "scene/aim.h"
+#include "scene/catalogs/object_names.h"
 #include "scene/filter_fields.h"
-#include "scene/object_names.h"
-#include "scene/pick.h"
+#include "scene/search/aim.h"
+#include "scene/search/pick.h"
 #include "scene/tile_files.h"
 #include "scene/why_helpers.h"
 

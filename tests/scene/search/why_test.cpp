@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/why.h"
+#include "scene/search/why.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "scene/crowded_sky.h"
-#include "scene/favourites.h"
 #include "scene/filter_fields.h"
+#include "scene/visibility/favourites.h"
 #include "scene/why_helpers.h"
 
 using namespace scene;

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/chart_options.h"
+#include "scene/session/chart_options.h"
 
 #include <gtest/gtest.h>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 #include "support/comma_locale.h"
 
 using namespace scene;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/picture_size.h"
+#include "scene/session/picture_size.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/session_file.h"
+#include "scene/session/session_file.h"
 
 #include <gtest/gtest.h>
 
 #include "scene/session/checksum.h"
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_values.h"
 #include "support/comma_locale.h"
 #include "utils/text.h"
 

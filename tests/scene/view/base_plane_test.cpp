@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/base_plane.h"
+#include "scene/view/base_plane.h"
 
 #include <gtest/gtest.h>
 

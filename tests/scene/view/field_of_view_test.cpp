@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/field_of_view.h"
+#include "scene/view/field_of_view.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "common_interfaces/camera.h"
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 using namespace scene;
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "scene/directions.h"
+#include "scene/view/directions.h"
 
 using namespace scene;
 

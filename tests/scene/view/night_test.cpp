@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/night.h"
+#include "scene/view/night.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/standing.h"
+#include "scene/view/standing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_filter.h"
+#include "scene/visibility/object_filter.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "scene/favourites.h"
 #include "scene/filter_fields.h"
 #include "scene/frame_helpers.h"
+#include "scene/visibility/favourites.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/setting_form.h"
+#include "scene/visibility/setting_form.h"
 
 #include <gtest/gtest.h>
 
-#include "scene/favourites.h"
 #include "scene/filter_fields.h"
+#include "scene/visibility/favourites.h"
 #include "support/temp_dir.h"
 
 using namespace scene;

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/disc_text.h"
+#include "scene/words/disc_text.h"
 
 #include <gtest/gtest.h>
 
+#include "scene/catalogs/texts.h"
 #include "scene/frame_helpers.h"
-#include "scene/texts.h"
 
 using namespace scene;
 using host_test::FrameFixture;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/event_kinds.h"
+#include "scene/words/event_kinds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/object_facts.h"
+#include "scene/words/object_facts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/reasons.h"
+#include "scene/words/reasons.h"
 
 #include <gtest/gtest.h>
 
-#include "scene/favourites.h"
+#include "scene/catalogs/language.h"
 #include "scene/filter_fields.h"
-#include "scene/language.h"
+#include "scene/visibility/favourites.h"
 #include "scene/why_helpers.h"
 
 using namespace scene;

@@ -11,7 +11,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
-#include "scene/prepared_sky.h"
+#include "scene/catalogs/prepared_sky.h"
 #include "skydata/show/files.h"
 #include "skydata/strings/check.h"
 #include "support/camera_settings.h"

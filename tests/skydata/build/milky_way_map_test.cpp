@@ -6,8 +6,8 @@
 
 #include <cmath>
 
-#include "scene/base_plane.h"
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
+#include "scene/view/base_plane.h"
 #include "skydata/build/galactic_image.h"
 #include "tests/skydata/tiny_source.h"
 

@@ -12,7 +12,7 @@
 
 #include "astro/healpix.h"
 #include "astro/vectors.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/build/source_table.h"
 #include "skydata/build/star_catalog.h"
 #include "skydata/files/source_error.h"

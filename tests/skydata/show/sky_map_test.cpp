@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/sky_map.h"
+#include "scene/catalogs/sky_map.h"
 #include "skydata/command_line.h"
 #include "support/temp_dir.h"
 

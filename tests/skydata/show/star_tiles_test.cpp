@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/directions.h"
-#include "scene/star_tile_writer.h"
+#include "scene/catalogs/star_tile_writer.h"
+#include "scene/view/directions.h"
 #include "skydata/command_line.h"
 #include "support/temp_dir.h"
 

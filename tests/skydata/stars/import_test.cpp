@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/star_tile_writer.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tile_writer.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/command_line.h"
 #include "support/temp_dir.h"
 #include "tests/skydata/stars/fits_index.h"

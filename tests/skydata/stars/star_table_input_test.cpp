@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/star_tile_record.h"
+#include "scene/catalogs/star_tile_record.h"
 #include "skydata/files/source_error.h"
 #include "support/temp_dir.h"
 #include "tests/skydata/source_text.h"

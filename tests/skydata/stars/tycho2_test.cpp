@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "astro/healpix.h"
-#include "scene/star_tiles.h"
+#include "scene/catalogs/star_tiles.h"
 #include "skydata/build/catalogs.h"
 #include "skydata/build/star_catalog.h"
 #include "skydata/build/star_tiles.h"

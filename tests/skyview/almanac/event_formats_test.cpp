@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "astro/julian_date.h"
-#include "scene/event_kinds.h"
 #include "scene/frame_helpers.h"
+#include "scene/words/event_kinds.h"
 
 using namespace skyview;
 using astro::EventKind;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "scene/image_group_names.h"
+#include "scene/session/image_group_names.h"
 #include "skyview/options/parse_groups.h"
 #include "skyview/options/picture_group.h"
 #include "skyview/options/root_group.h"

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "scene/catalogs/language.h"
+#include "scene/catalogs/texts.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
-#include "scene/texts.h"
 
 using namespace scene;
 using namespace skyview;

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "paint/font_extents.h"
-#include "scene/caption.h"
+#include "scene/catalogs/language.h"
+#include "scene/frame/caption.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
 #include "scene/view/view_geometry.h"
 #include "skyview/reports/status.h"
 

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "scene/favourites.h"
 #include "scene/filter_fields.h"
+#include "scene/visibility/favourites.h"
 #include "support/debug_capture.h"
 #include "support/temp_dir.h"
 

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/string_table.h"
+#include "scene/catalogs/language.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
 #include "utils/locale.h"
 
 using CommonInterfaces::QX4Strings;

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
+#include "scene/catalogs/language.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
 
 using host_test::FrameFixture;
 

@@ -11,8 +11,8 @@
 
 #include <algorithm>
 
+#include "scene/catalogs/language.h"
 #include "scene/frame_helpers.h"
-#include "scene/language.h"
 #include "utils/locale.h"
 
 using host_test::FrameFixture;

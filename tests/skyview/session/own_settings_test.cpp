@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "common_interfaces/settings_field.h"
-#include "scene/favourites.h"
 #include "scene/filter_fields.h"
+#include "scene/visibility/favourites.h"
 #include "skyview/session/diagnostics.h"
 #include "skyview/small_sky.h"
 

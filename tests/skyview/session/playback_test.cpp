@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "scene/frame/frame_maker.h"
 #include "scene/frame_helpers.h"
-#include "scene/frame_maker.h"
 #include "support/allocation_counter.h"
 
 using namespace scene;
