@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Real numbers, in a source of their own: the one place that needs the standard library's converters to
-// double and float, which not every standard library has (real_numbers_wasi.cpp).
+// double and float, which not every standard library has (real_numbers_c.cpp).
 #include <charconv>
 #include <cmath>
 #include <system_error>

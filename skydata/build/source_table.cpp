@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "skydata/build/source_table.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "skydata/files/source_error.h"
 #include "skydata/files/whole_file.h"
+#include "utils/numbers.h"
 
 namespace skydata {
 namespace {
@@ -64,11 +64,9 @@ const std::string& SourceTable::GetText(int row, int column) const {
 std::optional<double> SourceTable::FindNumber(int row, int column, double low, double high) const {
   const std::string& text = GetText(row, column);
   if (text.empty()) return std::nullopt;
-  double value = 0.0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end) Fail(row, column, "'" + text + "' is no number");
-  if (!(value >= low && value <= high)) Fail(row, column, text + " is out of range");
+  const auto value = ParseNumber<double>(text);
+  if (!value) Fail(row, column, "'" + text + "' is no number");
+  if (*value < low || *value > high) Fail(row, column, text + " is out of range");
   return value;
 }
 

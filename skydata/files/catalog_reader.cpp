@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <iterator>
 #include <limits>
+
+#include "utils/numbers.h"
 
 namespace skydata {
 namespace {
@@ -22,10 +23,9 @@ constexpr IntegerType kIntegers[] = {{"i8", -128.0, 127.0},
                                      {"i32", -2147483648.0, 2147483647.0},
                                      {"u32", 0.0, 4294967295.0}};
 
-template <class T>
-std::optional<double> ParseWhole(const std::string& text) {
-  T value{};
-  const char* const begin = text.data() + (text[0] == '+' ? 1 : 0);
+std::optional<double> ParseInteger(const std::string& text) {
+  long long value = 0;
+  const char* const begin = text.data() + (text.starts_with('+') && !text.starts_with("+-") ? 1 : 0);
   const char* const end = text.data() + text.size();
   const auto [behind, error] = std::from_chars(begin, end, value);
   if (error != std::errc() || behind != end) return std::nullopt;
@@ -83,11 +83,11 @@ bool IsCatalogType(const std::string& type) {
 std::optional<double> ParseCatalogNumber(const std::string& type, const std::string& cell) {
   for (const IntegerType& known : kIntegers) {
     if (type != known.name) continue;
-    const auto value = ParseWhole<long long>(cell);
+    const auto value = ParseInteger(cell);
     return value && *value >= known.least && *value <= known.most ? value : std::nullopt;
   }
-  const auto value = type == "f32" ? ParseWhole<float>(cell) : ParseWhole<double>(cell);
-  return value && std::isfinite(*value) ? value : std::nullopt;
+  if (type == "f32") return ParseNumber<float>(cell);
+  return ParseNumber<double>(cell);
 }
 
 }  // namespace skydata

@@ -2,25 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/options/motion_values.h"
 
-#include <charconv>
 #include <cmath>
 #include <utility>
+
+#include "utils/numbers.h"
 
 namespace skyview {
 namespace {
 
 constexpr std::size_t kMaxViewSteps = 3;
-
-// The whole text as a number within [low, high].
-template <class T>
-std::optional<T> ParseNumber(std::string_view text, T low, T high) {
-  T value{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size() || !(value >= low && value <= high)) {
-    return std::nullopt;
-  }
-  return value;
-}
 
 // What stands before the next comma, which goes too; `more` says whether there was one.
 std::string_view TakePart(std::string_view& text, bool& more) {

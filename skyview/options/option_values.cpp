@@ -2,24 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/options/option_values.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "astro/julian_date.h"
+#include "utils/numbers.h"
 
 namespace skyview {
 namespace {
-
-// The whole text as a finite number of type T within [low, high].
-template <class T>
-std::optional<T> ParseNumber(std::string_view text, T low, T high) {
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-  T value{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  if (!(value >= low && value <= high)) return std::nullopt;
-  return value;
-}
 
 struct NumberPair {
   double first, second;

@@ -141,6 +141,24 @@ TEST(TakeNumber, TheLocaleDoesNotMatter) {
   EXPECT_EQ(Real("1,5"), (Double{1.0, ",5"}));
 }
 
+TEST(ParseNumber, TakesTheWholeTextOrNothing) {
+  EXPECT_EQ(ParseNumber<double>("-12.5e1"), -125.0);
+  EXPECT_EQ(ParseNumber<float>("+0.1"), 0.1f);
+  EXPECT_EQ(ParseNumber<int>("+7"), 7);
+  for (const char* text : {"", "+", "1 ", " 1", "1x", "+-1", "nan", "inf", "1e999"}) {
+    EXPECT_EQ(ParseNumber<double>(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(ParseNumber<int>("1.0"), std::nullopt);
+}
+
+TEST(ParseNumber, KeepsToItsBounds) {
+  EXPECT_EQ(ParseNumber("2", 2, 5), 2);
+  EXPECT_EQ(ParseNumber("5", 2, 5), 5);
+  EXPECT_EQ(ParseNumber("1", 2, 5), std::nullopt);
+  EXPECT_EQ(ParseNumber("6", 2, 5), std::nullopt);
+  EXPECT_EQ(ParseNumber("5.0000000000000009", 2.0, 5.0), std::nullopt);
+}
+
 TEST(TakeHexadecimal, DigitsOfEitherCase) {
   EXPECT_EQ(Hexadecimal("1aF g"), (Unsigned{0x1AFu, " g"}));
   EXPECT_EQ(Hexadecimal("FFFFFFFF"), (Unsigned{0xFFFFFFFFu, ""}));

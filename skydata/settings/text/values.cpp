@@ -11,6 +11,7 @@
 #include "astro/constants.h"
 #include "common_interfaces/field_data.h"
 #include "common_interfaces/settings_data.h"
+#include "utils/numbers.h"
 
 namespace skydata {
 namespace {
@@ -79,21 +80,15 @@ std::optional<std::make_unsigned_t<T>> ParseInteger(std::string_view text) {
   return std::nullopt;
 }
 
-// The digits of a number as std::from_chars takes them: no "+", which people write.
-std::string_view WithoutPlus(std::string_view text) {
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  return text;
-}
-
 template <class T, class Bits>
 std::optional<Bits> ParseFloating(std::string_view text) {
   if (const auto bits = ParseBits<Bits>(text)) return bits;
   std::optional<T> value;
   if (TakeSuffix(text, "deg")) {
-    const auto degrees = ParseAll<double>(TrimBlanks(WithoutPlus(text)));
+    const auto degrees = ParseNumber<double>(TrimBlanks(text));
     if (degrees) value = static_cast<T>(*degrees * kRadiansPerDegree);
   } else {
-    value = ParseAll<T>(WithoutPlus(text));
+    value = ParseNumber<T>(text);
   }
   if (!value || !std::isfinite(*value)) return std::nullopt;
   return std::bit_cast<Bits>(*value);

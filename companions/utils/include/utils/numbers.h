@@ -11,6 +11,8 @@
 #pragma once
 
 #include <climits>
+#include <limits>
+#include <optional>
 #include <string_view>
 
 #include "utils/api.h"
@@ -23,6 +25,15 @@ UTILS_API bool TakeNumber(std::string_view& text, int& value, int least = INT_MI
 // below the smallest number above 0 is out of range.
 UTILS_API bool TakeNumber(std::string_view& text, double& value);
 UTILS_API bool TakeNumber(std::string_view& text, float& value);
+
+// The whole text as such an int, double or float from `least` to `most`; nothing when it is none.
+template <class T>
+std::optional<T> ParseNumber(std::string_view text, T least = std::numeric_limits<T>::lowest(),
+                             T most = std::numeric_limits<T>::max()) {
+  T value{};
+  if (!TakeNumber(text, value) || !text.empty() || value < least || value > most) return std::nullopt;
+  return value;
+}
 
 // Hexadecimal digits of either case, without sign and prefix, at most 32 bits of them.
 UTILS_API bool TakeHexadecimal(std::string_view& text, unsigned& value);

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Real numbers where the standard library has no converter to them: over those of the C library, whose one
-// locale has a point. They take more than a number here is (hexadecimal digits, "inf", blanks in front), so
+// Real numbers where the standard library has no converter to them: over those of the C library, in the locale
+// that has a point. They take more than a number here is (hexadecimal digits, "inf", blanks in front), so
 // the longest number is found first.
+#include <locale.h>  // newlocale
+#include <stdlib.h>  // strtod_l
+
 #include <cmath>
-#include <cstdlib>
 #include <string>
 
 #include "companions/utils/signs.h"
@@ -48,7 +50,8 @@ bool Take(std::string_view& text, T& value, Convert convert) {
   const std::string_view digits = utils_internal::WithoutPlus(text);
   const std::string number(digits.substr(0, FindEnd(digits)));  // ends with a zero
   if (number.empty()) return false;
-  const T converted = convert(number.c_str(), nullptr);
+  static const locale_t kPoint = newlocale(LC_ALL_MASK, "C", nullptr);
+  const T converted = convert(number.c_str(), nullptr, kPoint);
   if (!std::isfinite(converted) || (converted == 0 && !IsZero(number))) return false;
   value = converted;
   text.remove_prefix(text.size() - digits.size() + number.size());
@@ -57,5 +60,5 @@ bool Take(std::string_view& text, T& value, Convert convert) {
 
 }  // namespace
 
-bool TakeNumber(std::string_view& text, double& value) { return Take(text, value, std::strtod); }
-bool TakeNumber(std::string_view& text, float& value) { return Take(text, value, std::strtof); }
+bool TakeNumber(std::string_view& text, double& value) { return Take(text, value, strtod_l); }
+bool TakeNumber(std::string_view& text, float& value) { return Take(text, value, strtof_l); }
