@@ -26,8 +26,8 @@
 
 namespace {
 
-constexpr int kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL | PTRACE_O_TRACECLONE | PTRACE_O_TRACEFORK |
-                         PTRACE_O_TRACEVFORK | PTRACE_O_TRACEEXEC;
+constexpr int kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL | PTRACE_O_TRACECLONE |
+                         PTRACE_O_TRACEFORK | PTRACE_O_TRACEVFORK | PTRACE_O_TRACEEXEC;
 constexpr int kSyscallStop = SIGTRAP | 0x80;
 
 [[noreturn]] void Die(const char* what) {

@@ -66,7 +66,9 @@ void FailEveryAllocation(Prepare prepare, Call call, State state, Leaves leaves 
       host_test::FailAllocationAfter(-1);
       const std::string now = state(*object);
       if (!threw) {
-        EXPECT_TRUE(now == done || (ranOut && now == before)) << now << "\ninstead of\n" << done << "\nor\n" << before;
+        EXPECT_TRUE(now == done || (ranOut && now == before)) << now << "\ninstead of\n"
+                                                              << done << "\nor\n"
+                                                              << before;
       } else if (leaves != Leaves::kValid) {
         EXPECT_EQ(now, before);
         call(*object);

@@ -18,7 +18,6 @@ constexpr int kOther[] = {7, 8, 9};
 
 std::unique_ptr<SettingField> Make() { return std::make_unique<SettingField>(FieldOf(IntParts({1, 2, 3}))); }
 
-
 // What is not restored would stay when the field goes.
 struct RestoresValues {
   void operator()(SettingField* field) const {

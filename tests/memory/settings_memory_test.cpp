@@ -21,10 +21,10 @@ class SettingsMemory : public testing::Test {
  protected:
   void SetUp() override {
     const std::string defaults =
-        Header(3) + Block(kOwner, kDefaults,
-                          {Section(kPlnt, 0, 2), Section(kAstr, 3, 4), Section(kMoon, 5, 5, 0, kStar)},
-                          {Int(kPlnt, 1, 10), Int(kPlnt, 2, 20), Ints(kPlnt, 3, {int(kPlnt), 5, 1, 0, 0, 0, 0, 0, 1}),
-                           Favo(kAstr, 4, {1, 0, 1, 0, 0}, 433, 1, kAstr), Int(kAstr, 5, 50), Int(kMoon, 6, 60)});
+        Header(3) +
+        Block(kOwner, kDefaults, {Section(kPlnt, 0, 2), Section(kAstr, 3, 4), Section(kMoon, 5, 5, 0, kStar)},
+              {Int(kPlnt, 1, 10), Int(kPlnt, 2, 20), Ints(kPlnt, 3, {int(kPlnt), 5, 1, 0, 0, 0, 0, 0, 1}),
+               Favo(kAstr, 4, {1, 0, 1, 0, 0}, 433, 1, kAstr), Int(kAstr, 5, 50), Int(kMoon, 6, 60)});
     m_Roots.dir.Write("data/filters.data", defaults);
     m_Roots.dir.Write("work/named.data", OwnBlock());
   }
@@ -58,7 +58,8 @@ class SettingsMemory : public testing::Test {
   }
   template <class Prepare, class Call>
   static void FailEach(Prepare prepare, Call call, Leaves leaves = Leaves::kAsItWas) {
-    FailEveryAllocation(prepare, call, [](SettingsData& settings) { return StateOf(settings); }, leaves);
+    FailEveryAllocation(
+        prepare, call, [](SettingsData& settings) { return StateOf(settings); }, leaves);
   }
 
   TempRoots m_Roots;
@@ -148,8 +149,8 @@ TEST_F(SettingsMemory, FieldsOfOverlappingSectionsAreFound) {
   m_Roots.dir.Write("data/filters.data",
                     Header(3) + Block(kOwner, kDefaults, {Section(kPlnt, 0, 2), Section(kStar, 1, 2)},
                                       {Int(kPlnt, 1, 10), Int(kPlnt, 2, 20), Int(kStar, 3, 30)}));
-  FailEach(MakeRead, [](SettingsData& settings) { settings.GetAtField(kPlnt, 1, false); },
-           Leaves::kNothing);
+  FailEach(
+      MakeRead, [](SettingsData& settings) { settings.GetAtField(kPlnt, 1, false); }, Leaves::kNothing);
 }
 
 TEST_F(SettingsMemory, SectionIsMarked) {
@@ -197,9 +198,7 @@ TEST_F(SettingsMemory, FavouritesAndObjectsAreListed) {
 }
 
 TEST_F(SettingsMemory, SectionIsGivenAnAlias) {
-  FailEach(MakeJustRead, [](SettingsData& settings) {
-    settings.SetSectionAlias(kPlnt, kScft);
-  });
+  FailEach(MakeJustRead, [](SettingsData& settings) { settings.SetSectionAlias(kPlnt, kScft); });
 }
 
 // The file belongs to what is to be as it was.
@@ -238,10 +237,13 @@ TEST_F(SettingsMemory, BlockOfANewFileIsAppended) {
 }
 
 TEST_F(SettingsMemory, FilesAreAskedForBlocks) {
-  FailEach(MakeRead, [](SettingsData& settings) {
-    EXPECT_TRUE(SettingsData::HoldsBlock("named.data", kOwner, kId));
-    EXPECT_EQ(settings.GetNumberParts("named.data", kOwner), 3u);
-  }, Leaves::kNothing);
+  FailEach(
+      MakeRead,
+      [](SettingsData& settings) {
+        EXPECT_TRUE(SettingsData::HoldsBlock("named.data", kOwner, kId));
+        EXPECT_EQ(settings.GetNumberParts("named.data", kOwner), 3u);
+      },
+      Leaves::kNothing);
 }
 
 }  // namespace

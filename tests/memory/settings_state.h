@@ -18,7 +18,8 @@ inline std::string StateOf(const CommonInterfaces::SettingField& field) {
 // Sections and fields as bytes, where every field is found, and the flags.
 inline std::string StateOf(CommonInterfaces::SettingsData& settings) {
   std::string state = "current " + std::to_string(settings.GetCurSection()) + " version " +
-                      std::to_string(settings.GetVersion()) + " id " + std::to_string(settings.GetID()) + "\n";
+                      std::to_string(settings.GetVersion()) + " id " + std::to_string(settings.GetID()) +
+                      "\n";
   for (const std::string& section : test_support::SectionsOf(settings)) state += section + '\n';
   const unsigned current = settings.GetCurSection();
   for (int i = 0; i < settings.GetFieldCount(); ++i) {
