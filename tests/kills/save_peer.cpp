@@ -219,7 +219,7 @@ bool SaveTiles(int round) {
   scene::StarTileWriter writer(256);  // the rest goes to files beside the target
   if (!writer.Open(Work("stars.tiles").c_str(), "made up")) return false;
   for (int i = 0; i < kEntries; ++i) {
-    const scene::TileStar star{i + 1, i * 3e-3, i * 5e-4, 8.0 + 0.1 * round};
+    const scene::TileStar star{i + 1, (i % 2000) * 3e-3, i * 2e-4, 8.0 + 0.1 * round};
     if (!writer.Add(star)) return false;
   }
   return writer.Commit();
