@@ -108,7 +108,8 @@ bool SaveSelection(int round) {
 bool ReadSelection() {
   std::vector<CommonInterfaces::ObjectDesc> objects;
   const bool any = CommonInterfaces::SelectedObjectsFile("catalogs:selection.txt").GetObjects(objects);
-  for (const auto& object : objects) std::printf("%s %d %d\n", object.name.c_str(), object.kind, object.number);
+  for (const auto& object : objects)
+    std::printf("%s %d %d\n", object.name.c_str(), object.kind, object.number);
   return any;
 }
 
@@ -160,7 +161,8 @@ void Print(const SettingsData& settings) {
   for (int i = 0; i < settings.GetFieldCount(); ++i) {
     int value = 0;
     settings.GetFieldAt(i)->GetElement(&value, 0);
-    std::printf("%x %d %d\n", settings.GetFieldAt(i)->GetSection(), settings.GetFieldAt(i)->GetNameId(), value);
+    std::printf("%x %d %d\n", settings.GetFieldAt(i)->GetSection(), settings.GetFieldAt(i)->GetNameId(),
+                value);
   }
 }
 
@@ -264,6 +266,7 @@ int main(int count, char** arguments) {
   ZentharPath::SetRoots(arguments[1], arguments[2]);
   const std::string name = arguments[3], what = arguments[4];
   for (const Operation& operation : kOperations)
-    if (name == operation.name) return (what == "read" ? operation.read() : operation.save(what == "1" ? 1 : 2)) ? 0 : 1;
+    if (name == operation.name)
+      return (what == "read" ? operation.read() : operation.save(what == "1" ? 1 : 2)) ? 0 : 1;
   return 2;
 }
