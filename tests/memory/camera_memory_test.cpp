@@ -31,18 +31,20 @@ std::string StateOf(Camera& camera) {
   camera.Get3DFlightObject(&flight);
   camera.GetQuickOI_id(quick);
   std::string state;
-  for (const double value : {time.fraction, camera.GetZoom(), place.lon, place.lat, place.dist, view.lon, view.lat,
-                             view.slope, camera.GetLocUTCdelta(), static_cast<double>(camera.GetDarkMagObjectF(FourCC("star")))})
+  for (const double value :
+       {time.fraction, camera.GetZoom(), place.lon, place.lat, place.dist, view.lon, view.lat, view.slope,
+        camera.GetLocUTCdelta(), static_cast<double>(camera.GetDarkMagObjectF(FourCC("star")))})
     state += std::to_string(value) + ' ';
   for (const int value : {time.day, time.type, int{camera.GetFST_Mode()}, int{camera.GetMovingType()},
-                          int{camera.IsObserverChanged()}, int{camera.IsDirectionLocked()}, int{camera.IsFirstLook()},
-                          int{camera.GetBasePlane()}, int{camera.IsGoingHome()}, int{camera.IsAnyPlay()},
-                          int{camera.IsZoomChanged()}, int{camera.IsTimeChanged()}})
+                          int{camera.IsObserverChanged()}, int{camera.IsDirectionLocked()},
+                          int{camera.IsFirstLook()}, int{camera.GetBasePlane()}, int{camera.IsGoingHome()},
+                          int{camera.IsAnyPlay()}, int{camera.IsZoomChanged()}, int{camera.IsTimeChanged()}})
     state += std::to_string(value) + ' ';
   state += Text(camera.GetObserver()) + Text(camera.GetCenterObject()) + Text(flight) + Text(quick);
   state += camera.GetLocationName() + camera.GetTimeZoneName();
   for (const auto& [observer, home] : camera.GetHomes())
-    state += Text(observer) + std::to_string(home.flags) + home.locationName + std::to_string(home.location.lon);
+    state +=
+        Text(observer) + std::to_string(home.flags) + home.locationName + std::to_string(home.location.lon);
   for (const MARKER_INFO& marker : *camera.GetOIMarkerList()) state += " marker " + std::to_string(marker.id);
   HomeParameters left;
   if (camera.FindTempParams(&left, camera.GetObserver())) state += " left " + std::to_string(left.zoom);
@@ -56,9 +58,10 @@ class CameraMemory : public testing::Test {
     RecordFields moon = CameraFields();
     ReplaceField(moon, Double("m_Zoom", 3.0));
     WriteCameraDefaults(m_Roots, moon, 0x434D5851);  // "QXMC": moving type 1
-    m_Roots.dir.Write("work/home_params.ini",
-                      "7\n0 2 0 0.15 0.87 1 2 1886154356 3 1\nA place with a name that is longer than a short one\n"
-                      "0.5 -0.25 0.125 2\n3.5\n1 1836019566 401\n2460000 0.25 1\nEurope/Berlin\n");
+    m_Roots.dir.Write(
+        "work/home_params.ini",
+        "7\n0 2 0 0.15 0.87 1 2 1886154356 3 1\nA place with a name that is longer than a short one\n"
+        "0.5 -0.25 0.125 2\n3.5\n1 1836019566 401\n2460000 0.25 1\nEurope/Berlin\n");
     RecordFields view = CameraFields();
     ReplaceField(view, Double("m_Zoom", 7.0));
     AppendBlock(m_Roots.dir.Path("work/view.data"), kCAMR, 1, kCameraSection, view);
@@ -77,9 +80,13 @@ class CameraMemory : public testing::Test {
       m_Roots.dir.Write("work/view.data", m_View);
       return Make();
     };
-    FailEveryAllocation(prepare, call, [this](Camera& camera) {
-      return StateOf(camera) + m_Roots.dir.Read("work/view.data") + m_Roots.dir.Read("work/home_params.ini");
-    }, leaves);
+    FailEveryAllocation(
+        prepare, call,
+        [this](Camera& camera) {
+          return StateOf(camera) + m_Roots.dir.Read("work/view.data") +
+                 m_Roots.dir.Read("work/home_params.ini");
+        },
+        leaves);
   }
 
   TempRoots m_Roots;
@@ -87,11 +94,13 @@ class CameraMemory : public testing::Test {
 };
 
 TEST_F(CameraMemory, IsMade) {
-  FailMaking<Camera>([] { return std::make_unique<Camera>(1); }, [](Camera& camera) { return StateOf(camera); });
+  FailMaking<Camera>([] { return std::make_unique<Camera>(1); },
+                     [](Camera& camera) { return StateOf(camera); });
 }
 
 TEST_F(CameraMemory, DefaultsAreRead) {
-  FailEveryAllocation([] { return std::make_unique<Camera>(1); }, [](Camera& camera) { camera.CreateDefault(); }, StateOf);
+  FailEveryAllocation([] { return std::make_unique<Camera>(1); },
+                      [](Camera& camera) { camera.CreateDefault(); }, StateOf);
 }
 
 TEST_F(CameraMemory, ViewIsRead) {
@@ -119,9 +128,7 @@ TEST_F(CameraMemory, GoesHome) {
 }
 
 TEST_F(CameraMemory, ViewsAreSaved) {
-  FailEach([](Camera& camera) {
-    camera.SaveSelfAll("view.data", 2);
-  });
+  FailEach([](Camera& camera) { camera.SaveSelfAll("view.data", 2); });
   FailEach([](Camera& camera) { camera.SaveSelf("view.data", 2); });
 }
 
@@ -132,7 +139,9 @@ TEST_F(CameraMemory, ViewsAreAppended) {
 
 TEST_F(CameraMemory, HomesAreStored) {
   FailEach([](Camera& camera) { camera.StoreTempParams(); });
-  FailEach([](Camera& camera) { camera.SetLocationName("another place with a name that is longer than a short one"); });
+  FailEach([](Camera& camera) {
+    camera.SetLocationName("another place with a name that is longer than a short one");
+  });
 }
 
 TEST_F(CameraMemory, HomesAreSaved) {
@@ -144,8 +153,9 @@ TEST_F(CameraMemory, HomesAreSaved) {
     camera->StoreParams(kHomeLocation);
     return camera;
   };
-  FailEveryAllocation(prepare, [](Camera& camera) { camera.StoreHomeParams(); },
-                      [&](Camera& camera) { return StateOf(camera) + m_Roots.dir.Read("work/home_params.ini"); });
+  FailEveryAllocation(
+      prepare, [](Camera& camera) { camera.StoreHomeParams(); },
+      [&](Camera& camera) { return StateOf(camera) + m_Roots.dir.Read("work/home_params.ini"); });
 }
 
 TEST_F(CameraMemory, MarkersAndPlaysAreSet) {
@@ -165,8 +175,9 @@ TEST_F(CameraMemory, CorrectionsAreTaken) {
     AddField(settings, static_cast<unsigned>(FourCC("star")), Int16("MagS", {20}));
     return Make();
   };
-  FailEveryAllocation(prepare, [&](Camera& camera) { camera.FillMagCorrectionsVector(&settings); },
-                      [](Camera& camera) { return StateOf(camera); }, Leaves::kNothing);
+  FailEveryAllocation(
+      prepare, [&](Camera& camera) { camera.FillMagCorrectionsVector(&settings); },
+      [](Camera& camera) { return StateOf(camera); }, Leaves::kNothing);
 }
 
 }  // namespace

@@ -34,8 +34,9 @@ class CatalogsMemory : public testing::Test {
 };
 
 TEST_F(CatalogsMemory, PlanetsAndMoonsAreRead) {
-  m_Roots.dir.Write("data/catalogs/planets&moons/planets&moons.txt",
-                    "plnt\t1\tMercury\nplnt\t2\tA planet with a long name, which has to be allocated\nmoon\t201\tM\n");
+  m_Roots.dir.Write(
+      "data/catalogs/planets&moons/planets&moons.txt",
+      "plnt\t1\tMercury\nplnt\t2\tA planet with a long name, which has to be allocated\nmoon\t201\tM\n");
   FailMaking<PlanetMoonDescription>([] { return std::make_unique<PlanetMoonDescription>(); },
                                     [](PlanetMoonDescription& bodies) {
                                       return std::string(bodies.GetObjectName({FourCC("plnt"), 2})) +
@@ -53,21 +54,23 @@ TEST_F(CatalogsMemory, PlanetsAndMoonsAreMissing) {
 }
 
 TEST_F(CatalogsMemory, PanoramasAreRead) {
-  m_Roots.dir.Write("data/media/surface/panoramas.ini", "plnt\t4\tgale.png\t1\t17\tThe crater of the name of Gale\t90\n");
-  FailMaking<PanoramaDesc>([] { return std::make_unique<PanoramaDesc>(); }, [](PanoramaDesc& panoramas) {
-    return panoramas.GetPanorama({FourCC("plnt"), 4}, 0)->GetTitle();
-  });
+  m_Roots.dir.Write("data/media/surface/panoramas.ini",
+                    "plnt\t4\tgale.png\t1\t17\tThe crater of the name of Gale\t90\n");
+  FailMaking<PanoramaDesc>([] { return std::make_unique<PanoramaDesc>(); },
+                           [](PanoramaDesc& panoramas) {
+                             return panoramas.GetPanorama({FourCC("plnt"), 4}, 0)->GetTitle();
+                           });
 }
 
 TEST_F(CatalogsMemory, ArticlesAreRead) {
   std::string table;
   for (unsigned i = 0; i < 50; ++i)
-    table += LittleEndian(static_cast<unsigned>(FourCC("star")), 4) + LittleEndian(i, 4) + LittleEndian(i + 100, 4);
+    table += LittleEndian(static_cast<unsigned>(FourCC("star")), 4) + LittleEndian(i, 4) +
+             LittleEndian(i + 100, 4);
   m_Roots.dir.Write("data/media/find/object_articles_table.bin", table);
-  FailMaking<ArticlesInformation>([] { return std::make_unique<ArticlesInformation>(); },
-                                  [](ArticlesInformation& articles) {
-                                    return std::to_string(articles.GetArticleId(FourCC("star"), 7));
-                                  });
+  FailMaking<ArticlesInformation>(
+      [] { return std::make_unique<ArticlesInformation>(); },
+      [](ArticlesInformation& articles) { return std::to_string(articles.GetArticleId(FourCC("star"), 7)); });
 }
 
 TEST_F(CatalogsMemory, FlightsAreRead) {
@@ -82,19 +85,18 @@ TEST_F(CatalogsMemory, FlightsAreRead) {
 }
 
 TEST_F(CatalogsMemory, OtherFlightsAreRead) {
-  FailMaking<Voyvane3DFlightObjectsList>([] { return std::make_unique<Voyvane3DFlightObjectsList>(); },
-                                         [](Voyvane3DFlightObjectsList& list) {
-                                           return std::to_string(list.objectInList(FourCC("star"), 4));
-                                         });
+  FailMaking<Voyvane3DFlightObjectsList>(
+      [] { return std::make_unique<Voyvane3DFlightObjectsList>(); },
+      [](Voyvane3DFlightObjectsList& list) { return std::to_string(list.objectInList(FourCC("star"), 4)); });
 }
 
 // The instances share one list: one that could not be made leaves it to the next.
 TEST_F(CatalogsMemory, ConstellationImagesAreRead) {
   m_Roots.dir.Write("data/media/skyobjects/constell_images/constell.dat",
                     std::string("\0\3", 2) + std::string(3 * 36, '\1'));
-  FailMaking<CSTLImages>([] { return std::make_unique<CSTLImages>(); }, [](CSTLImages& images) {
-    return std::to_string(images.GetEnd() - images.GetBegin());
-  });
+  FailMaking<CSTLImages>(
+      [] { return std::make_unique<CSTLImages>(); },
+      [](CSTLImages& images) { return std::to_string(images.GetEnd() - images.GetBegin()); });
 }
 
 std::string StateOfImages() {
@@ -107,13 +109,15 @@ std::string StateOfImages() {
 
 std::string ImageLines(int first) {
   std::string lines;
-  for (int i = first; i < first + 20; ++i) lines += std::to_string(i) + " 10.0 0 1.5 20 0 " + (i % 2 ? "2" : "0") + " 1 1\n";
+  for (int i = first; i < first + 20; ++i)
+    lines += std::to_string(i) + " 10.0 0 1.5 20 0 " + (i % 2 ? "2" : "0") + " 1 1\n";
   return lines;
 }
 
 TEST_F(CatalogsMemory, DeepskyImagesAreRead) {
   m_Roots.dir.Write("data/media/skyobjects/dso_images/dsoimagestrue.txt", ImageLines(1));
-  FailMaking<DSOImages>([] { return std::make_unique<DSOImages>(); }, [](DSOImages&) { return StateOfImages(); });
+  FailMaking<DSOImages>([] { return std::make_unique<DSOImages>(); },
+                        [](DSOImages&) { return StateOfImages(); });
 }
 
 TEST_F(CatalogsMemory, DeepskyImagesAreReadAgain) {
@@ -124,7 +128,8 @@ TEST_F(CatalogsMemory, DeepskyImagesAreReadAgain) {
     m_Roots.dir.Write(file, ImageLines(100));
     return images;
   };
-  FailEveryAllocation(prepare, [](DSOImages&) { DSOImages::Reload(); }, [](DSOImages&) { return StateOfImages(); });
+  FailEveryAllocation(
+      prepare, [](DSOImages&) { DSOImages::Reload(); }, [](DSOImages&) { return StateOfImages(); });
 }
 
 TEST_F(CatalogsMemory, ShowersAreAppended) {
@@ -132,39 +137,45 @@ TEST_F(CatalogsMemory, ShowersAreAppended) {
               "6101\tPerseids;17;7;12;8;24;8;PER;109P/Swift-Tuttle;3;12;+58\n"
               "6102\tGeminids;4;12;14;12;17;12;GEM;3200 Phaethon, of which there is more to say;7;28;+33\n");
   const auto prepare = [] { return std::make_unique<std::vector<SHOWER>>(3); };
-  FailEveryAllocation(prepare, [](std::vector<SHOWER>& showers) { EXPECT_TRUE(ReadMeteorShowers(&showers)); },
-                      [](const std::vector<SHOWER>& showers) {
-                        return std::to_string(showers.size()) + showers.front().name + showers.back().name;
-                      });
+  FailEveryAllocation(
+      prepare, [](std::vector<SHOWER>& showers) { EXPECT_TRUE(ReadMeteorShowers(&showers)); },
+      [](const std::vector<SHOWER>& showers) {
+        return std::to_string(showers.size()) + showers.front().name + showers.back().name;
+      });
 }
 
 // Read once a process, and again when that could not be done.
 TEST_F(CatalogsMemory, ObservationTimesAreRead) {
-  m_Roots.dir.Write("data/catalogs/comets/best_observation_time.ini", "comt\t1\t5/7/1986 12.5\ncomt\t1\t5/7/1996 12.5\n");
+  m_Roots.dir.Write("data/catalogs/comets/best_observation_time.ini",
+                    "comt\t1\t5/7/1986 12.5\ncomt\t1\t5/7/1996 12.5\n");
   const auto prepare = [] {
     ForgetObservationTimesForTests();
     return std::make_unique<_Date>();
   };
-  FailEveryAllocation(prepare,
-                      [](_Date& date) {
-                        EXPECT_TRUE(GetObsTimeFromFile(&date, {FourCC("comt"), 1}, 2000));
-                      },
-                      [](const _Date& date) {
-                        const std::string state = std::to_string(date.day) + ' ' + std::to_string(date.fraction);
-                        return state;
-                      });
+  FailEveryAllocation(
+      prepare,
+      [](_Date& date) {
+        EXPECT_TRUE(GetObsTimeFromFile(&date, {FourCC("comt"), 1}, 2000));
+      },
+      [](const _Date& date) {
+        const std::string state = std::to_string(date.day) + ' ' + std::to_string(date.fraction);
+        return state;
+      });
   ForgetObservationTimesForTests();
 }
 
 TEST_F(CatalogsMemory, GazetteersAreNamed) {
   FailEveryAllocation([] { return std::make_unique<std::string>("earlier"); },
-                      [](std::string& name) { name = GetGazetteersFileName({FourCC("moon"), 301}); },
+                      [](std::string& name) {
+                        name = GetGazetteersFileName({FourCC("moon"), 301});
+                      },
                       [](const std::string& name) { return name; });
 }
 
 std::string Lines(const char* rest) {
   std::string lines;
-  for (int i = 0; i < 30; ++i) lines += "a name that is longer than a short string\t1\t" + std::to_string(i) + rest + "\n";
+  for (int i = 0; i < 30; ++i)
+    lines += "a name that is longer than a short string\t1\t" + std::to_string(i) + rest + "\n";
   return lines;
 }
 
@@ -181,12 +192,16 @@ TEST_F(CatalogsMemory, FavouritesAreRead) {
     list->AddObject({7, 7});
     return list;
   };
-  FailEveryAllocation(prepare, [](FavouriteObjectsFile& list) { list.Read(); }, StateOf);
+  FailEveryAllocation(
+      prepare, [](FavouriteObjectsFile& list) { list.Read(); }, StateOf);
 }
 
 TEST_F(CatalogsMemory, FavouriteIsAdded) {
   FailEveryAllocation([] { return std::make_unique<FavouriteObjectsFile>(); },
-                      [](FavouriteObjectsFile& list) { list.AddObject({7, 7}); }, StateOf);
+                      [](FavouriteObjectsFile& list) {
+                        list.AddObject({7, 7});
+                      },
+                      StateOf);
 }
 
 TEST_F(CatalogsMemory, FavouritesAreSaved) {
@@ -196,9 +211,11 @@ TEST_F(CatalogsMemory, FavouritesAreSaved) {
     list->AddObject({7, 7});
     return list;
   };
-  FailEveryAllocation(prepare, [](FavouriteObjectsFile& list) { list.Save(); }, [&](const FavouriteObjectsFile& list) {
-    return StateOf(list) + m_Roots.dir.Read("work/catalogs/favourites.txt");
-  });
+  FailEveryAllocation(
+      prepare, [](FavouriteObjectsFile& list) { list.Save(); },
+      [&](const FavouriteObjectsFile& list) {
+        return StateOf(list) + m_Roots.dir.Read("work/catalogs/favourites.txt");
+      });
 }
 
 std::string StateOf(const SelectedObjectsFile& list) {
@@ -215,24 +232,28 @@ TEST_F(CatalogsMemory, SelectionIsReadSetAndSaved) {
   const auto state = [](const SelectedObjectsFile& list) { return StateOf(list); };
   FailMaking<SelectedObjectsFile>(make, state);
   const std::vector<ObjectDesc> others(3, {"another name that is longer than a short string", 2, 2});
-  FailEveryAllocation(make, [&](SelectedObjectsFile& list) { list.SetObjects(others); }, state);
+  FailEveryAllocation(
+      make, [&](SelectedObjectsFile& list) { list.SetObjects(others); }, state);
   const auto prepare = [&] {
     m_Roots.dir.Write("work/catalogs/selection.txt", Lines(""));
     auto list = make();
     list->SetObjects(others);
     return list;
   };
-  FailEveryAllocation(prepare, [](SelectedObjectsFile& list) { list.Save(); }, [&](const SelectedObjectsFile& list) {
-    return StateOf(list) + m_Roots.dir.Read("work/catalogs/selection.txt");
-  });
+  FailEveryAllocation(
+      prepare, [](SelectedObjectsFile& list) { list.Save(); },
+      [&](const SelectedObjectsFile& list) {
+        return StateOf(list) + m_Roots.dir.Read("work/catalogs/selection.txt");
+      });
 }
 
 TEST_F(CatalogsMemory, SelectionIsHandedOut) {
   m_Roots.dir.Write("work/catalogs/selection.txt", Lines(""));
   const SelectedObjectsFile list("catalogs:selection.txt");
   const auto prepare = [] { return std::make_unique<std::vector<ObjectDesc>>(40); };
-  FailEveryAllocation(prepare, [&](std::vector<ObjectDesc>& out) { list.GetObjects(out); },
-                      [](const std::vector<ObjectDesc>& out) { return std::to_string(out.size()) + out.front().name; });
+  FailEveryAllocation(
+      prepare, [&](std::vector<ObjectDesc>& out) { list.GetObjects(out); },
+      [](const std::vector<ObjectDesc>& out) { return std::to_string(out.size()) + out.front().name; });
 }
 
 TEST_F(CatalogsMemory, ChosenObjectsAreReadAndSaved) {
@@ -250,7 +271,8 @@ TEST_F(CatalogsMemory, ChosenObjectsAreReadAndSaved) {
     list->SetObjects({{1, 2}, {3, 4}});
     return list;
   };
-  FailEveryAllocation(prepare, [](ChoosingObjectsFile& list) { list.Save(); }, state);
+  FailEveryAllocation(
+      prepare, [](ChoosingObjectsFile& list) { list.Save(); }, state);
 }
 
 }  // namespace

@@ -23,7 +23,8 @@ using memory_tests::FailMaking;
 using memory_tests::Leaves;
 
 TEST(FrameMemory, PoolIsMade) {
-  FailMaking<OutputPool>([] { return std::make_unique<OutputPool>(1000, 4); }, [](OutputPool&) { return "a pool"; });
+  FailMaking<OutputPool>([] { return std::make_unique<OutputPool>(1000, 4); },
+                         [](OutputPool&) { return "a pool"; });
 }
 
 // A block that the heap does not give is a request that is not met.
@@ -58,13 +59,16 @@ TEST(FrameMemory, ShadowsAreAdded) {
                         map.AddList({1, 2}, list.get());
                         list.release();
                       },
-                      [](ObjectShadowMap& map) { return std::to_string(map.FindList({1, 2}) != nullptr); });
+                      [](ObjectShadowMap& map) {
+                        return std::to_string(map.FindList({1, 2}) != nullptr);
+                      });
 }
 
 std::string StateOf(const RenderSettings& settings) {
   std::string state = std::to_string(settings.GetIncludedPlanets().size()) + ' ' +
                       std::to_string(settings.GetIncludedMoons().size()) + ' ' +
-                      std::to_string(settings.GetOrbits().size()) + ' ' + std::to_string(settings.m_StarScale);
+                      std::to_string(settings.GetOrbits().size()) + ' ' +
+                      std::to_string(settings.m_StarScale);
   for (int i = 0; i < 4; ++i)
     state += ' ' + std::to_string(settings.GetAsterFavo(i)) + std::to_string(settings.GetCometFavo(i)) +
              std::to_string(settings.GetSCFavo(i)) + std::to_string(settings.GetSC(i));
@@ -81,8 +85,8 @@ TEST(FrameMemory, DisplayOptionsAreAssigned) {
   other.InsertSCelem(1, 4);
   other.SetOrbit({1, 2}, {});
   other.m_StarScale = 2.0f;
-  FailEveryAllocation([] { return std::make_unique<RenderSettings>(); }, [&](RenderSettings& settings) { settings = other; },
-                      StateOf);
+  FailEveryAllocation([] { return std::make_unique<RenderSettings>(); },
+                      [&](RenderSettings& settings) { settings = other; }, StateOf);
 }
 
 TEST(FrameMemory, DisplayOptionsAreSet) {

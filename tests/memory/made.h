@@ -14,7 +14,9 @@ template <class T, class Make, class State>
 void FailMaking(Make make, State state) {
   FailEveryAllocation([] { return std::make_unique<std::unique_ptr<T>>(); },
                       [&](std::unique_ptr<T>& object) { object = make(); },
-                      [&](std::unique_ptr<T>& object) { return object ? std::string("made ") + state(*object) : std::string(); });
+                      [&](std::unique_ptr<T>& object) {
+                        return object ? std::string("made ") + state(*object) : std::string();
+                      });
 }
 
 }  // namespace memory_tests

@@ -43,14 +43,16 @@ TEST(TextMemory, TableIsLoadedAnew) {
     QX4Strings::StartLocaleUpdate();
     return std::make_unique<int>();
   };
-  FailEveryAllocation(prepare, [](int&) { QX4Strings strings; }, [](int&) { return TextOf(1) + TextOf(59) + TextOf(60); });
+  FailEveryAllocation(
+      prepare, [](int&) { QX4Strings strings; }, [](int&) { return TextOf(1) + TextOf(59) + TextOf(60); });
   QX4Strings::FinishLocaleUpdate();
 }
 
 template <class Make>
 void FailText(Make make) {
-  FailEveryAllocation([] { return std::make_unique<std::string>("an earlier text that is longer than a short one"); },
-                      [&](std::string& text) { text = make(); }, [](const std::string& text) { return text; });
+  FailEveryAllocation(
+      [] { return std::make_unique<std::string>("an earlier text that is longer than a short one"); },
+      [&](std::string& text) { text = make(); }, [](const std::string& text) { return text; });
 }
 
 class TextsMemory : public testing::Test {
@@ -73,12 +75,16 @@ TEST_F(TextsMemory, StatusTextsAreMade) {
   camera.CreateDefault();
   camera.SetLocationName("a place with a name that is longer than a short one");
   FailText([&] { return GetTimeString(&camera) + GetDateString(&camera) + GetLocationString(&camera); });
-  FailText([&] { return GetPositionCoordString(&camera, 0, 0) + GetDistanceString(&camera) + GetZoomString(&camera); });
+  FailText([&] {
+    return GetPositionCoordString(&camera, 0, 0) + GetDistanceString(&camera) + GetZoomString(&camera);
+  });
   FailText([&] { return GetDirectionString(&camera, 0, 0, 0) + GetFoV(&camera) + GetSlopeString(&camera); });
 }
 
 TEST_F(TextsMemory, DatesAreMade) {
-  FailText([] { return getDate(2460000.5) + GetDateString(2027, 3, 4) + ", and something that needs room behind it"; });
+  FailText([] {
+    return getDate(2460000.5) + GetDateString(2027, 3, 4) + ", and something that needs room behind it";
+  });
   FailText([] { return GetMonthList().back() + GetMonth(3) + ", and something that needs room behind it"; });
 }
 
