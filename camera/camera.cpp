@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "common_interfaces/camera.h"
 
+#include <utility>
+
 #include "astro/constants.h"
 #include "astro/delta_t.h"
 #include "camera/camera_codes.h"
@@ -29,7 +31,8 @@ Camera::Camera(const Camera&) : CameraState() {}
 
 Camera& Camera::operator=(const Camera& other) {
   if (this == &other) return *this;
-  CameraState::operator=(other);
+  CameraState copy(other);
+  State() = std::move(copy);
   UpdateComboMatrix();
   m_Owner = other.m_Owner;
   return *this;

@@ -5,6 +5,7 @@
 #include "astro/constants.h"
 #include "camera/camera_codes.h"
 #include "camera/camera_record.h"
+#include "camera/state_guard.h"
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "utils/debug.h"
@@ -60,6 +61,7 @@ bool Camera::ReadSavedView(const char* file, unsigned viewId) {
 }
 
 void Camera::ApplyRecord(SettingsData& settings, bool namedFile) {
+  StateGuard guard(State());
   RecordReader reader(settings);
   reader.Value("m_FinderSize", m_FinderSize);
   ExchangeTime(reader, State());
@@ -75,6 +77,7 @@ void Camera::ApplyRecord(SettingsData& settings, bool namedFile) {
   RebuildViewMatrix();
   for (const StepKeys& keys : kStepKeys) ExchangeStep(reader, keys, m_Steps);
   if (namedFile) ReadDaylightSavings(reader, m_DST);
+  guard.SetThrough();
 }
 
 void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
@@ -100,7 +103,11 @@ void Camera::WriteSelfAll(const char* file, int id) {
 }
 
 bool Camera::SaveSelf(const char* file, int id) {
-  return m_Settings != nullptr && SaveRecord(PutShortRecord(id), file);
+  if (m_Settings == nullptr) return false;
+  const signed char fst = m_FST;
+  const bool isSaved = SaveRecord(PutShortRecord(id), file);
+  if (!isSaved) m_FST = fst;
+  return isSaved;
 }
 
 bool Camera::SaveSelfAll(const char* file, int id) {
@@ -114,6 +121,7 @@ bool Camera::SaveRecord(bool whole, const char* file) {
 }
 
 bool Camera::PutShortRecord(int id) {
+  StateGuard guard(State());
   m_Settings->SetID(static_cast<unsigned>(id));
   m_FST = 1;
   RecordWriter writer(*m_Settings);
@@ -123,10 +131,12 @@ bool Camera::PutShortRecord(int id) {
   ExchangeObserver(writer, earth);
   ExchangePlace(writer, m_Location);
   ExchangeStep(writer, kStepKeys[0], m_Steps);
+  guard.SetThrough();
   return writer.IsWhole();
 }
 
 bool Camera::PutRecord(int id) {
+  StateGuard guard(State());
   m_Settings->SetID(static_cast<unsigned>(id));
   m_DispCoorSysObserver = m_Location.coorSys;
   RecordWriter writer(*m_Settings);
@@ -143,6 +153,7 @@ bool Camera::PutRecord(int id) {
   ExchangeDirection(writer, State(), firstLook);
   for (const StepKeys& keys : kStepKeys) ExchangeStep(writer, keys, m_Steps);
   WriteDaylightSavings(writer, m_DST);
+  guard.SetThrough();
   return writer.IsWhole();
 }
 

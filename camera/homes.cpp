@@ -11,6 +11,7 @@
 #include "astro/vectors.h"
 #include "camera/camera_codes.h"
 #include "camera/home_record.h"
+#include "camera/state_guard.h"
 #include "common_interfaces/camera.h"
 #include "common_interfaces/units.h"
 #include "utils/debug.h"
@@ -185,6 +186,12 @@ bool Camera::IsHome(float tolerance) const {
 }
 
 void Camera::GoHome(bool go) {
+  StateGuard guard(State());
+  TurnHome(go);
+  guard.SetThrough();
+}
+
+void Camera::TurnHome(bool go) {
   m_GoingHome = go;
   if (!go) return;
   m_FlightObject = SSO_ID();

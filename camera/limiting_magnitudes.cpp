@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -39,16 +40,17 @@ float Camera::GetMagCorrection(int row) const {
 }
 
 void Camera::FillMagCorrectionsVector(SettingsData* settings) {
-  m_MagCorrections.fill(0.0f);
+  std::array<float, kZoomDependRows> corrections = {};
   if (settings != nullptr) {
     const unsigned section = settings->GetCurSection();
     for (const ZoomDependDesc& desc : s_ZoomDependDesc) {
       short correction = 0;
       if (ReadFieldElement(*settings, desc.objectClass, desc.fieldId, 0, correction))
-        m_MagCorrections[desc.row] = correction;
+        corrections[desc.row] = correction;
     }
     settings->SetCurSection(section);
   }
+  m_MagCorrections = corrections;
   RefreshLimitingMagnitudes();
 }
 

@@ -18,6 +18,8 @@ void RemoveFirst(std::vector<MARKER_INFO>& markers, int id) {
 
 void Camera::AddOIMarker(const MARKER_INFO& marker) {
   const MARKER_INFO added = marker;  // it may be one of the list
+  // Room first: with another marker gone nothing may fail any more.
+  if (m_OIMarkers.size() == m_OIMarkers.capacity()) m_OIMarkers.reserve(2 * m_OIMarkers.size() + 1);
   if (added.id == kOnScreenFinderMarker) {
     m_OnScreenFinder = true;
   } else {

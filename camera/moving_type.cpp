@@ -5,6 +5,7 @@
 // back.
 #include "astro/constants.h"
 #include "camera/camera_codes.h"
+#include "camera/state_guard.h"
 #include "common_interfaces/camera.h"
 #include "utils/debug.h"
 #include "utils/text.h"
@@ -112,6 +113,7 @@ void Camera::ChangeMovingType(int type, bool keep, const SSO_ID& goal) {
   const SphCoor place = m_Location;
   const SSO_ID lockedOn = m_CenterObject;
   const LeftBehind::Direction direction = {m_BasePlane, m_ViewAngles};
+  StateGuard guard(State());
   LeaveBehind(keep);
   const unsigned record = RecordOf(type, goal);
   if (record != kNoRecord) ReadSelf(nullptr, record);
@@ -136,6 +138,7 @@ void Camera::ChangeMovingType(int type, bool keep, const SSO_ID& goal) {
   UpdateDeltaT();
   UpdateScale();
   RefreshLimitingMagnitudes();
+  guard.SetThrough();
 }
 
 }  // namespace CommonInterfaces

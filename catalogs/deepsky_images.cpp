@@ -35,12 +35,18 @@ void Clear() {
   DSOImages::s_IndependentImages = std::vector<DSOImageDesc>();  // with its memory
 }
 
-void AddLine(char* line) {
-  DSOImageDesc image;
-  if (!ParseDeepskyImage(line, image)) return;
-  if (image.flags & DSOImageDesc::kIndependent) DSOImages::s_IndependentImages.push_back(image);
-  s_Images.emplace(KeyOf(image.number), image);
-}
+// What a reading of the file makes, beside what there is.
+struct Reading {
+  Catalog images;
+  std::vector<DSOImageDesc> independent;
+
+  void AddLine(char* line) {
+    DSOImageDesc image;
+    if (!ParseDeepskyImage(line, image)) return;
+    if (image.flags & DSOImageDesc::kIndependent) independent.push_back(image);
+    images.emplace(KeyOf(image.number), image);
+  }
+};
 
 // The last line of a file may lack its end, but not what its format always has.
 bool IsCutOff(const char* line) {
@@ -64,7 +70,8 @@ const DSOImageDesc* Visit(Catalog::iterator at) {
 std::vector<DSOImageDesc> DSOImages::s_IndependentImages;
 
 DSOImages::DSOImages() {
-  if (s_Instances++ == 0) Reload();
+  if (s_Instances == 0) Reload();
+  ++s_Instances;
 }
 
 DSOImages::DSOImages(const DSOImages&) : DSOImages() {}
@@ -74,13 +81,14 @@ DSOImages::~DSOImages() {
 }
 
 void DSOImages::Reload() {
-  Clear();
   const std::string path = ZentharPath::GetPath(kImageFile);
   std::string text, reason = "not found";
   if (path.empty() || !ReadWholeFile(path.c_str(), text, reason)) {
+    Clear();
     PrintDebugString("File %s %s\n", kImageFile, reason.c_str());
     return;
   }
+  Reading reading;
   char* line = text.data();
   if (text.starts_with("\xEF\xBB\xBF")) line += 3;
   char* const end = text.data() + text.size();
@@ -90,9 +98,13 @@ void DSOImages::Reload() {
       PrintDebugString("%s:%d: the line was cut off, what it lacks has its default\n", path.c_str(), number);
     if (!next) next = end;  // the zero byte of the string is there
     *next = '\0';
-    AddLine(line);
+    reading.AddLine(line);
     line = next + 1;
   }
+  Clear();
+  s_Images.swap(reading.images);
+  s_Cursor = s_Images.end();
+  s_IndependentImages.swap(reading.independent);
 }
 
 const DSOImageDesc* DSOImages::GetFirst() {

@@ -28,9 +28,11 @@ class ImageList {
  public:
   // One more instance; the first one reads the file.
   void Enter(const char* logicalPath) {
-    if (m_Instances++ > 0) return;
-    const std::string path = ZentharPath::GetPath(logicalPath);
-    if (!path.empty()) Load(path);
+    if (m_Instances == 0) {
+      const std::string path = ZentharPath::GetPath(logicalPath);
+      if (!path.empty()) Load(path);
+    }
+    ++m_Instances;  // an instance that could not be made for lack of memory never leaves
   }
 
   // One instance less; the last one frees the images.
@@ -46,6 +48,8 @@ class ImageList {
  private:
   // Record by record, so that a count which promises more than the file holds costs nothing.
   void Load(const std::string& path) {
+    m_Pointers.clear();  // of a reading that ended for lack of memory
+    m_Images.clear();
     MFile file;
     unsigned char bytes[kImageRecordSize];
     if (!file.Open(path.c_str(), MFile::kRead) || file.Read(bytes, kImageCountSize) != kImageCountSize)

@@ -76,18 +76,19 @@ bool ReadShower(const char* text, SHOWER& shower) {
 bool ReadMeteorShowers(std::vector<SHOWER>* showers) {
   if (!showers) return false;
   const QX4Strings strings;
-  bool any = false;
+  std::vector<SHOWER> read;
   for (unsigned identifier = kFirstShower;; ++identifier) {
     const char* const text = QX4Strings::GetString(identifier, true);
-    if (!text || !std::strchr(text, kShowerDelimiter)) return any;
+    if (!text || !std::strchr(text, kShowerDelimiter)) break;
     SHOWER shower;
     if (ReadShower(text, shower)) {
-      showers->push_back(shower);
-      any = true;
+      read.push_back(shower);
     } else {
       PrintDebugString("Bad string for meteor shower %s\n", text);
     }
   }
+  showers->insert(showers->end(), read.begin(), read.end());
+  return !read.empty();
 }
 
 }  // namespace CommonInterfaces

@@ -78,7 +78,7 @@ bool MakeUsable(const std::string& path) {
 template <class Entry>
 bool HandOut(const std::vector<Entry>& list, std::vector<Entry>& out) {
   if (list.empty()) return false;
-  out = list;
+  out = std::vector<Entry>(list);
   return true;
 }
 
@@ -96,11 +96,13 @@ FavouriteObjectsFile::FavouriteObjectsFile() {
 
 void FavouriteObjectsFile::Read() {
   if (!m_Path) return;
-  ReadList(m_Path.get(), 2, m_Incomplete, [this](const std::string& name, const int* numbers) {
+  std::vector<SSO_ID> objects = m_Objects;
+  ReadList(m_Path.get(), 2, m_Incomplete, [&objects](const std::string& name, const int* numbers) {
     SSO_ID object(numbers[0], numbers[1]);
     SetName(name, object);
-    m_Objects.push_back(object);
+    objects.push_back(object);
   });
+  m_Objects.swap(objects);
 }
 
 void FavouriteObjectsFile::Write() { Save(); }
@@ -141,7 +143,7 @@ SelectedObjectsFile::SelectedObjectsFile(const char* path) : m_Path(ZentharPath:
 bool SelectedObjectsFile::GetObjects(std::vector<ObjectDesc>& out) const { return HandOut(m_Objects, out); }
 
 bool SelectedObjectsFile::SetObjects(const std::vector<ObjectDesc>& in) {
-  m_Objects = in;
+  m_Objects = std::vector(in);
   return true;
 }
 
@@ -164,7 +166,7 @@ ChoosingObjectsFile::ChoosingObjectsFile(const char* path) : m_Path(ZentharPath:
 bool ChoosingObjectsFile::GetObjects(std::vector<SSO_ID>& out) const { return HandOut(m_Objects, out); }
 
 bool ChoosingObjectsFile::SetObjects(const std::vector<SSO_ID>& in) {
-  m_Objects = in;
+  m_Objects = std::vector(in);
   return true;
 }
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include "common_interfaces/path_line.h"
 #include "common_interfaces/render_settings.h"
 #include "utils/debug.h"
@@ -42,12 +44,15 @@ PathLine* RenderSettings::takePathFromCache(const SSO_ID& object, const SSO_ID* 
 
 void RenderSettings::movePathToCache(PathLine* path) {
   if (path == nullptr) return;
+  std::map<int, PathLine*> room = {{0, path}};  // before anything changes
   // A path that is handed over twice finds itself.
   std::erase_if(s_PathLineCache, [path](const auto& entry) { return entry.second == path; });
   delete takePathFromCache(path->m_Object, &path->m_Reference, path->m_Kind);
 
   const int key = static_cast<int>(s_PathLineCache.size()) + 1;
-  const auto [place, isNew] = s_PathLineCache.emplace(key, path);
+  auto node = room.extract(room.begin());
+  node.key() = key;
+  const auto [place, isNew, rest] = s_PathLineCache.insert(std::move(node));
   if (isNew) return;
   // The cache counts its entries, not its keys: a path that stands under this key has no owner any more.
   delete place->second;

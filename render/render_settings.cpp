@@ -3,6 +3,7 @@
 #include "common_interfaces/render_settings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "utils/clock.h"
 
@@ -31,6 +32,11 @@ bool Contains(const std::vector<int>& numbers, int number) {
 RenderSettings::RenderSettings() = default;
 
 RenderSettings::~RenderSettings() = default;
+
+RenderSettings& RenderSettings::operator=(const RenderSettings& other) {
+  RenderSettings copy(other);
+  return *this = std::move(copy);
+}
 
 void RenderSettings::CreateDefault() {
   m_bConstellationsIn3DFlight = false;

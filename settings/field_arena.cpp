@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "common_interfaces/settings_field.h"
 
@@ -24,9 +25,11 @@ std::size_t FieldOffset(int size) {
 FieldData* FieldArena::Allocate(int size) {
   const std::size_t room = FieldOffset(size) + sizeof(SettingField);
   if (room > m_Left) {
-    m_ChunkSize = std::clamp(2 * m_ChunkSize, kFirstChunk, kLargestChunk);
-    m_Left = std::max(m_ChunkSize, room);
-    m_Next = m_Chunks.emplace_back(new unsigned char[m_Left]).get();
+    const std::size_t chunkSize = std::clamp(2 * m_ChunkSize, kFirstChunk, kLargestChunk);
+    std::unique_ptr<unsigned char[]> chunk(new unsigned char[std::max(chunkSize, room)]);
+    m_Next = m_Chunks.emplace_back(std::move(chunk)).get();
+    m_Left = std::max(chunkSize, room);
+    m_ChunkSize = chunkSize;
   }
   auto* const record = reinterpret_cast<FieldData*>(m_Next);
   m_Next += room;

@@ -35,4 +35,10 @@ class FieldArena {
 // Every field of a container goes this way: deletes it, and releases its memory unless that is an arena's.
 void ReleaseField(SettingField* field);
 
+struct FieldRelease {
+  void operator()(SettingField* field) const { ReleaseField(field); }
+};
+// A field that has no container yet.
+using OwnedField = std::unique_ptr<SettingField, FieldRelease>;
+
 }  // namespace CommonInterfaces

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "utils/contained_call.h"
+
 namespace CommonInterfaces {
 
 namespace {
@@ -110,19 +112,24 @@ void FieldIndex::KeepCopy(int section, int nameId, const SettingField& field) {
 
 void FieldIndex::NoteNewSection(unsigned id, int section) {
   if (!m_SectionsKnown) return;
-  m_ById.Insert(id, section + 1);
-  m_ByIdOrAlias.Insert(id, section + 1);  // an earlier section with that alias stays the first
+  m_SectionsKnown = RunsThrough([&] {
+    m_ById.Insert(id, section + 1);
+    m_ByIdOrAlias.Insert(id, section + 1);  // an earlier section with that alias stays the first
+  });
 }
 
 void FieldIndex::NoteNewField(int section, SettingField* field) {
   if (m_Orderly) {
     ForgetCopies();
-    m_InSections.Insert(Key(section, field->GetNameId()), field);
+    const auto insert = [&] { m_InSections.Insert(Key(section, field->GetNameId()), field); };
+    if (!RunsThrough(insert)) m_FieldsKnown = false;
   } else {
     m_FieldsKnown = false;
   }
   // Which of two fields comes first is asked for more rarely than fields are made.
-  if (m_AllKnown) m_AllKnown = m_All.Insert(static_cast<unsigned>(field->GetNameId()), field);
+  bool isInserted = false;
+  const auto insert = [&] { isInserted = m_All.Insert(static_cast<unsigned>(field->GetNameId()), field); };
+  if (m_AllKnown) m_AllKnown = RunsThrough(insert) && isInserted;
 }
 
 void FieldIndex::NoteDeletedField(int section, int nameId, SettingField* next) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "settings/field_arena.h"
+
 namespace CommonInterfaces {
 
 namespace {
@@ -16,15 +18,15 @@ constexpr int kMostWaiting = 256;
 }  // namespace
 
 void FieldInsertions::Add(std::vector<SettingField*>& fields, int place, SettingField* field) {
+  if (GetCount() >= kMostWaiting) MakeIn(fields);
   if (IsEmpty() && place == static_cast<int>(fields.size())) {
     fields.push_back(field);
     return;
   }
   const auto found = std::lower_bound(m_Waiting.begin(), m_Waiting.end(), place,
                                       [](const Insertion& waiting, int at) { return waiting.place < at; });
-  for (auto behind = found; behind != m_Waiting.end(); ++behind) ++behind->place;
-  m_Waiting.insert(found, {place, field});
-  if (GetCount() >= kMostWaiting) MakeIn(fields);
+  auto behind = m_Waiting.insert(found, {place, field});
+  while (++behind != m_Waiting.end()) ++behind->place;
 }
 
 // From the back, each field straight to its place.
@@ -42,6 +44,11 @@ void FieldInsertions::MakeIn(std::vector<SettingField*>& fields) {
     to = place;
     fields[place] = waiting->field;
   }
+  m_Waiting.clear();
+}
+
+void FieldInsertions::Release() {
+  for (const Insertion& waiting : m_Waiting) ReleaseField(waiting.field);
   m_Waiting.clear();
 }
 

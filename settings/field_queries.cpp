@@ -49,13 +49,16 @@ BaseQuery* MakeQueryOfType(const FieldData& data, unsigned count) {
 BaseQuery* SettingField::CreateQuery(unsigned section, bool all) {
   if (!m_pFieldData) return nullptr;
   if (m_pQuery && !m_bModified) return all || GetCompareStatus() != 0 ? m_pQuery : nullptr;
-  m_bModified = false;
   DeleteQuery();
-  if (!CheckCreateQuery(section, all)) return nullptr;
+  if (!CheckCreateQuery(section, all)) {
+    m_bModified = false;
+    return nullptr;
+  }
   // A label list whose selector points past its end asks for nothing; all its labels would be the wrong
   // answer.
   m_pQuery = IsLabelList(*m_pFieldData, GetSize()) ? CreateLabelQuery(m_pFieldData, all)
                                                    : MakeQueryOfType(*m_pFieldData, GetSize());
+  m_bModified = false;
   return m_pQuery;
 }
 

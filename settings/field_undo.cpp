@@ -27,10 +27,10 @@ constexpr int kPrefixSize = sizeof(int);
 bool SettingField::SetDataAndStore(const void* in) {
   if (!in || !m_pFieldData) return false;
   if (m_StoreState == kValuesSaved) PrintDebugString("Extra call of SettingField::SetDataAndStore\n");
-  delete[] m_pSavedData;
-  m_pSavedData = nullptr;
   const auto size = static_cast<std::size_t>(m_RecordSize);
-  m_pSavedData = new unsigned char[kPrefixSize + size];
+  auto* const saved = new unsigned char[kPrefixSize + size];
+  delete[] m_pSavedData;
+  m_pSavedData = saved;
   std::memcpy(m_pSavedData, &m_RecordSize, kPrefixSize);
   std::memcpy(m_pSavedData + kPrefixSize, m_pFieldData, size);
   m_StoreState = kValuesSaved;
@@ -39,27 +39,27 @@ bool SettingField::SetDataAndStore(const void* in) {
 
 void SettingField::RestoreData() {
   if (!m_pSavedData || m_StoreState != kValuesSaved) return;
+  int savedSize = 0;
+  std::memcpy(&savedSize, m_pSavedData, kPrefixSize);
+  const auto* const saved = reinterpret_cast<const FieldData*>(m_pSavedData + kPrefixSize);
+  // An assignment in between can have left no record, or one that these values mean nothing to.
+  const bool fits = m_pFieldData && m_pFieldData->type == saved->type;
+  FieldData* const restored = fits ? CopyFieldData(saved, savedSize) : nullptr;
   const std::unique_ptr<unsigned char[]> block(m_pSavedData);
   m_pSavedData = nullptr;
   m_StoreState = kNothingSaved;
-
-  int savedSize = 0;
-  std::memcpy(&savedSize, block.get(), kPrefixSize);
-  auto* const saved = reinterpret_cast<FieldData*>(block.get() + kPrefixSize);
-  // An assignment in between can have left no record, or one that these values mean nothing to.
-  if (!m_pFieldData || m_pFieldData->type != saved->type) {
+  if (!restored) {
     PrintDebugString("Saved values do not fit the field in function SettingField::RestoreData\n");
     return;
   }
-  const unsigned count = HeldElements(*saved, savedSize);
+  const unsigned count = HeldElements(*restored, savedSize);
   const std::size_t bytes = std::size_t{count} * GetTypeSize();
-  if (count != GetSize() || std::memcmp(saved->data, m_pFieldData->data, bytes) != 0) m_bModified = true;
+  if (count != GetSize() || std::memcmp(restored->data, m_pFieldData->data, bytes) != 0) m_bModified = true;
 
   // Everything but the header and its element count comes from what was saved.
-  const unsigned short size = saved->size;
-  std::memcpy(static_cast<void*>(saved), m_pFieldData, kFieldHeaderSize);
-  saved->size = size;
-  ReplaceRecord(CopyFieldData(saved, savedSize), savedSize);
+  std::memcpy(static_cast<void*>(restored), m_pFieldData, kFieldHeaderSize);
+  restored->size = saved->size;
+  ReplaceRecord(restored, savedSize);
 }
 
 bool SettingField::SetCompareStatusAndStore(unsigned char status) {

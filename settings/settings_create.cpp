@@ -37,15 +37,20 @@ int SettingsData::CreateField(const FieldData* data, int size, bool allowExistin
     PrintDebugString("No room for field %d in section %x\n", data->nameId, data->section);
     return -1;
   }
-  SettingField* const field = MakeFieldOfCopy(data, size);
-  return sectionIndex < 0 ? AppendSection(field) : InsertIntoSection(sectionIndex, field);
+  OwnedField field(MakeFieldOfCopy(data, size));
+  const int place =
+      sectionIndex < 0 ? AppendSection(field.get()) : InsertIntoSection(sectionIndex, field.get());
+  static_cast<void>(field.release());
+  return place;
 }
 
 int SettingsData::AppendSection(SettingField* field) {
   const int place = GetFieldCount();
   const auto index = static_cast<unsigned short>(place);
-  m_Sections.push_back({field->GetSection(), kNoSection, index, index, 0});
+  // Room first: with the field in its place nothing may fail any more.
+  if (m_Sections.size() == m_Sections.capacity()) m_Sections.reserve(2 * m_Sections.size() + 1);
   m_Tables->waiting.Add(m_Fields, place, field);
+  m_Sections.push_back({field->GetSection(), kNoSection, index, index, 0});
   m_Tables->index.NoteNewSection(field->GetSection(), GetSectionCount() - 1);
   m_Tables->index.NoteNewField(GetSectionCount() - 1, field);
   return place;

@@ -33,22 +33,24 @@ SettingsData::~SettingsData() { DeleteFields(); }
 
 SettingsData& SettingsData::operator=(const SettingsData& other) {
   if (this == &other) return *this;
-  DeleteFields();
-  m_Owner = other.m_Owner;
+  SetAside earlier(*this);
   m_Sections = other.m_Sections;
   m_Fields.reserve(other.Fields().size());
   for (const SettingField* field : other.Fields()) m_Fields.push_back(new SettingField(*field));
-  m_CurSection = other.m_CurSection;
-  m_FileName = other.m_FileName;
-  m_ID = other.m_ID;
   m_Tables->incomplete = other.m_Tables->incomplete;
+  m_FileName = other.m_FileName;
+  m_CurSection = other.m_CurSection;
+  m_Owner = other.m_Owner;
+  m_ID = other.m_ID;
+  earlier.Drop();
   return *this;
 }
 
 // Everything that depends on the fields goes with them.
 void SettingsData::DeleteFields() {
-  for (SettingField* field : Fields()) ReleaseField(field);
+  for (SettingField* field : m_Fields) ReleaseField(field);
   m_Fields.clear();
+  m_Tables->waiting.Release();
   m_Tables->arenas.clear();
   m_Tables->index.Forget();
   delete m_pAimQuery;
@@ -80,8 +82,12 @@ bool SettingsData::Write2(void* /*reserved*/) { return false; }
 
 void SettingsData::SetSectionChanged(unsigned section, bool changed) {
   if (section != kNoSection) {
-    bool* flag = m_Tables->changedFlags.Find(section);
-    if (!flag) m_Tables->changedFlags.Insert(section, flag = &m_SectionChanged[section]);
+    FlatTable<bool*>& flags = m_Tables->changedFlags;
+    bool* flag = flags.Find(section);
+    if (!flag) {
+      flags.Reserve(flags.GetCount() + 1);
+      flags.Insert(section, flag = &m_SectionChanged[section]);
+    }
     *flag = changed;
   } else {
     for (auto& entry : m_SectionChanged) entry.second = changed;

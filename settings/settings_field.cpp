@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "common_interfaces/string_table.h"
 #include "settings/field_record.h"
@@ -104,19 +105,22 @@ SettingField::SettingField(const SettingField& other) : m_RecordSize(0) {
 }
 
 SettingField SettingField::operator=(const SettingField& other) {
+  const SettingField result(other);
   Assign(other);
-  return *this;
+  return result;
 }
 
 void SettingField::Assign(const SettingField& other) {
+  if (other.m_pFieldData && m_RecordSize != other.m_RecordSize) {
+    SettingField copy(other);
+    TakeRecord(copy);
+    return;
+  }
   ++m_sChanges;
   const int earlierName = GetNameId();
   DeleteQuery();
   if (other.m_pFieldData) {
-    if (m_RecordSize != other.m_RecordSize) {
-      FieldData* const copy = CopyFieldData(other.m_pFieldData, other.m_RecordSize);
-      ReplaceRecord(copy, other.m_RecordSize);
-    } else if (this != &other) {
+    if (this != &other) {
       std::memcpy(static_cast<void*>(m_pFieldData), other.m_pFieldData,
                   static_cast<std::size_t>(m_RecordSize));
     }
@@ -130,6 +134,14 @@ void SettingField::Assign(const SettingField& other) {
     m_RecordSize = 0;
     m_bModified = false;
   }
+  NoteNameChange(earlierName);
+}
+
+void SettingField::TakeRecord(SettingField& from) {
+  const int earlierName = GetNameId();
+  DeleteQuery();
+  ReplaceRecord(std::exchange(from.m_pFieldData, nullptr), from.m_RecordSize);
+  m_bModified = from.m_bModified;
   NoteNameChange(earlierName);
 }
 
@@ -163,11 +175,11 @@ bool SettingField::Read(MFile* file) {
 }
 
 bool SettingField::ReadRecord(MFile* file) {
-  // The record goes, and a query of it would no longer answer to the modified flag.
-  DeleteQuery();
   FieldRecord record;
   OwnMemory memory;
   const bool ok = file && ReadFieldRecord(*file, m_sOldSettings, memory, record);
+  // The record goes, and a query of it would no longer answer to the modified flag.
+  DeleteQuery();
   ReplaceRecord(record.data, record.size);
   return ok;
 }

@@ -103,6 +103,7 @@ SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbos
 }
 
 SettingField* SettingsData::GetAtFieldSlowly(unsigned section, int nameId, bool verbose) {
+  Index();  // before anything changes: it may want memory
   if (section != kNoSection) SetCurSection(section);
   if (m_CurSection < 0) {
     PrintNoCurrentSection();

@@ -112,10 +112,11 @@ int SettingsData::InsertCopies(unsigned code, const std::vector<const SettingFie
   // defaults.
   SectionRecord& section = m_Sections[static_cast<std::size_t>(index)];
   const int place = std::min(section.first + (index < sectionCount ? 0 : fieldCount), GetFieldCount());
-  std::vector<SettingField*> copies;
+  std::vector<OwnedField> copies;
   copies.reserve(sources.size());
-  for (const SettingField* source : sources) copies.push_back(new SettingField(*source));
-  m_Fields.insert(m_Fields.begin() + place, copies.begin(), copies.end());
+  for (const SettingField* source : sources) copies.emplace_back(new SettingField(*source));
+  auto to = m_Fields.insert(m_Fields.begin() + place, copies.size(), nullptr);
+  for (OwnedField& copy : copies) *to++ = copy.release();
   section.last = static_cast<unsigned short>(section.last + count);
   ShiftSectionsAfter(index, count);
   return count;

@@ -36,7 +36,9 @@ class IdentifierCollection {
   }
 
   void AppendTo(QueryList& list) {
-    if (m_Query) list.push_back(m_Query.release());
+    if (!m_Query) return;
+    list.push_back(m_Query.get());
+    static_cast<void>(m_Query.release());
   }
 
  private:

@@ -15,10 +15,11 @@ namespace CommonInterfaces {
 bool SettingsData::Read(const char* fileName) {
   const bool hadCurrent = m_CurSection >= 0;
   const unsigned current = GetCurSection();
-  m_Tables->incomplete.Clear();
+  SetAside earlier(*this);
   const bool result = ReadFrom(fileName);
   m_Tables->index.Forget();
   if (hadCurrent) SetCurSection(current);
+  earlier.Drop();
   return result;
 }
 

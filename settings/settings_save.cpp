@@ -124,7 +124,7 @@ bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
     return file.Write({static_cast<const char*>(bytes), size});
   };
   return file.Open(target.c_str()) && WriteHeader(sink) && WriteBytes(sink, kept.before) &&
-         WriteBlock(sink) && WriteBytes(sink, kept.behind) &&
+         WriteBlock(sink, MakeBlockHead()) && WriteBytes(sink, kept.behind) &&
          file.CommitOver(source == target ? &content : nullptr);
 }
 

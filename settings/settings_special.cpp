@@ -104,8 +104,8 @@ void SettingsData::SetAimObject(const SSO_ID& object) {
     m_AimObject.kind = m_AimObject.number = -1;
     return;
   }
-  m_AimObject = object;
   const int index = FindSection(static_cast<unsigned>(object.kind), false);
+  m_AimObject = object;
   if (index < 0) return;
   const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {

@@ -5,14 +5,16 @@
 #include "common_interfaces/settings_data.h"
 #include "common_interfaces/settings_field.h"
 #include "settings/settings_tables.h"
+#include "utils/contained_call.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
 
-// The modify flag follows the last setter of all, deliberately: one that changes nothing clears it again.
+// The modify flag follows the last setter of all, deliberately: one that changes nothing clears it again. The value is set
+// by then, so this must not fail: a section for which there is no memory to mark it counts as changed without a mark.
 void SettingsData::NoteChange(bool changed, unsigned section) {
   s_ModifyFlag = changed;
-  if (changed) SetSectionChanged(section, true);
+  if (changed) static_cast<void>(RunsThrough([&] { SetSectionChanged(section, true); }));
 }
 
 bool SettingsData::GetField(int nameId, void* outData) {

@@ -15,13 +15,14 @@ namespace CommonInterfaces {
 // A block that is appended leaves every earlier one readable even when the writing stops in the middle.
 bool SettingsData::Write(const char* fileName) {
   const std::string path = ZentharPath::GetWorkPath(fileName);
+  const std::vector<unsigned char> head = MakeBlockHead();  // without memory for it no file is touched
   MFile file;
   if (path.empty() || !file.Open(path.c_str(), MFile::kWrite)) return false;
   RaiseVersion();
   const Sink sink = [&file](const void* bytes, unsigned size) { return file.Write(bytes, size) == size; };
   WriteHeader(sink);
   file.Seek(2, 0);
-  WriteBlock(sink);
+  WriteBlock(sink, head);
   return true;
 }
 
@@ -34,7 +35,7 @@ bool SettingsData::WriteHeader(const Sink& sink) const {
   return sink(header, sizeof header);
 }
 
-bool SettingsData::WriteBlock(const Sink& sink) const {
+std::vector<unsigned char> SettingsData::MakeBlockHead() const {
   const int sectionCount = std::min(GetSectionCount(), kMaxFileSections);
   std::vector<unsigned char> head(
       static_cast<std::size_t>(kBlockKeySize + 2 + sectionCount * kSectionRecordSize + 4));
@@ -44,8 +45,11 @@ bool SettingsData::WriteBlock(const Sink& sink) const {
   StoreLE16(to + kBlockKeySize, static_cast<unsigned short>(sectionCount));
   to += kBlockKeySize + 2;
   for (int i = 0; i < sectionCount; ++i, to += kSectionRecordSize) StoreSectionRecord(to, *GetSectionAt(i));
-  StoreLE32(to, static_cast<unsigned>(GetFieldCount()));
+  StoreLE32(to, static_cast<unsigned>(Fields().size()));
+  return head;
+}
 
+bool SettingsData::WriteBlock(const Sink& sink, const std::vector<unsigned char>& head) const {
   bool written = sink(head.data(), static_cast<unsigned>(head.size()));
   for (const SettingField* field : Fields()) {
     const FieldRecord record{field->m_pFieldData, field->m_RecordSize};

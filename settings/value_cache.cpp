@@ -10,9 +10,10 @@ namespace CommonInterfaces {
 // changes that it costs each of them next to nothing.
 void ValueCache::Clear(std::uint64_t changes, std::size_t fields) {
   std::size_t sets = 2;
-  m_Shift = 63;
-  for (; sets < fields / 2; sets *= 2) --m_Shift;
+  int shift = 63;
+  for (; sets < fields / 2; sets *= 2) --shift;
   m_Sets.assign(sets, Set());
+  m_Shift = shift;
   m_Base = changes - 1;
 }
 

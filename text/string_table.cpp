@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 
 #include "text/flat_table.h"
@@ -90,10 +91,13 @@ bool QX4Strings::Load() {
   const int length = file.GetLength();
   if (length < 0) return false;
 
-  if (!s_Strings) s_Strings = new StringMap;
-  s_Strings->Clear();
-  s_Pool = new char[static_cast<std::size_t>(length) + 1];
-  ReadStrings(s_Pool, ReadBytes(file, s_Pool, length), *s_Strings);
+  // Beside what there is: without memory for the whole table the earlier texts stay.
+  auto strings = std::make_unique<StringMap>();
+  auto pool = std::make_unique<char[]>(static_cast<std::size_t>(length) + 1);
+  ReadStrings(pool.get(), ReadBytes(file, pool.get(), length), *strings);
+  delete s_Strings;
+  s_Strings = strings.release();
+  s_Pool = pool.release();
   return true;
 }
 

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 //
 // Everything the library exports.
+//
+// When memory runs out an operation throws std::bad_alloc, unless its header says that it answers otherwise,
+// and what it was to change is as it was: object, list of the caller's, shared table, file. Nothing is lost:
+// what was being made is freed. Where less is promised the header says so.
 #pragma once
 
 #include "common_interfaces/camera.h"

@@ -11,8 +11,8 @@
 // error; saving over it is then refused with one line that names it, as long as it is there. A name is
 // written with a blank in place of every tab, line feed and carriage return in it, because these would tear
 // its line apart, and cut where its line would be longer than the reader takes. The name of an SSO_ID holds
-// 79 bytes; of a longer one in a file the first 79 are kept. An object belongs to one thread; it owns its
-// list.
+// 79 bytes; of a longer one in a file the first 79 are kept. When memory runs out an operation throws
+// std::bad_alloc, and list and file are as they were. An object belongs to one thread; it owns its list.
 #pragma once
 
 #include <memory>

@@ -31,7 +31,8 @@ class COMMON_INTERFACES_API ObjectShadowMap {
   std::vector<QX_ShadowParams>* FindList(SSO_ID id);
 
   // Hands a list made with `new` over to the map. When the object has a list already nothing happens at all:
-  // the first list stays as it is and the new one stays the caller's. A null list takes the place too.
+  // the first list stays as it is and the new one stays the caller's; so does one that there is no memory for
+  // (std::bad_alloc). A null list takes the place too.
   void AddList(SSO_ID id, std::vector<QX_ShadowParams>* list);
 
   // Deletes every list and empties the map.

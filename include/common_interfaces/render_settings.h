@@ -20,13 +20,15 @@ struct PathLine;
 inline constexpr unsigned char kNoFavoriteMark = 128;
 
 // Copied by value: the copy has every option and containers of its own; only the path cache is shared by all.
-// One thread, the renderer's. Nothing fails unless said; times are on the animation clock (fading_value.h).
+// One thread, the renderer's. Nothing fails unless said, but for want of memory: std::bad_alloc, and options,
+// cache and what is handed over are as they were. Times are on the animation clock (fading_value.h).
 class COMMON_INTERFACES_API RenderSettings {
  public:
   RenderSettings();  // no options on, all containers empty, the scales at 1
   virtual ~RenderSettings();
   RenderSettings(const RenderSettings&) = default;
-  RenderSettings& operator=(const RenderSettings&) = default;
+  RenderSettings& operator=(const RenderSettings& other);
+  RenderSettings& operator=(RenderSettings&&) = default;
 
   // Clears the flags and counters, sets the scales to 1 and the label offset to 0, and turns every fading
   // value that is on (its end value is not 0) into a fade to 0 that starts now from where it stands: the

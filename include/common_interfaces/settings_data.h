@@ -52,6 +52,9 @@ static_assert(offsetof(SectionRecord, status) == 12);
 // Many lookups use the current section, and some change it: this is state, described with each operation.
 // An operation on a field that the container does not have prints a line; what else it does is said below.
 //
+// When memory runs out an operation throws std::bad_alloc, and container, fields and files are as they were;
+// Save returns false instead. What the caller gets from GetFavoInfo and GetObjectInfo may then be cut short.
+//
 // What it costs: a section is found by id or alias, and a field by name id in a section or anywhere, in the
 // same time however many there are. GetField of a single number is quicker still as long as no field of any
 // container changes: it keeps copies. The first such question after a Read or an assignment, or after a field
@@ -264,7 +267,8 @@ class COMMON_INTERFACES_API SettingsData {
   bool SetSectionAlias(unsigned section, unsigned alias);
 
  private:
-  struct Tables;  // settings/settings_tables.h
+  struct Tables;   // settings/settings_tables.h
+  class SetAside;  // likewise
 
   std::vector<SettingField*>& Fields() const;
   const FieldIndex& Index() const;
@@ -297,6 +301,7 @@ class COMMON_INTERFACES_API SettingsData {
   int InsertCopies(unsigned code, const std::vector<const SettingField*>& sources, int fieldCount,
                    int inserted, int sectionCount);
   void KeepOnlyStatuses(int sectionCount);
+  void AssignToCounterparts(const std::vector<SettingField*>& fields);
   void MarkAllSectionsChanged();
   void LoadCorrectionFields();
 
@@ -304,7 +309,8 @@ class COMMON_INTERFACES_API SettingsData {
   // Takes bytes and tells whether it could.
   using Sink = std::function<bool(const void* bytes, unsigned size)>;
   bool WriteHeader(const Sink& sink) const;
-  bool WriteBlock(const Sink& sink) const;
+  std::vector<unsigned char> MakeBlockHead() const;
+  bool WriteBlock(const Sink& sink, const std::vector<unsigned char>& head) const;
   bool HasReadWhole(const char* fileName) const;
   bool WriteReplacement(const char* fileName);
   bool TryReplacement(const char* fileName, FileReplacement& file);

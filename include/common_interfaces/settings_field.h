@@ -35,6 +35,9 @@ using ::GetUniqueID;
 //
 // On a field without a record the getters answer 0, the setters return false and nothing else happens.
 //
+// When memory runs out an operation throws std::bad_alloc, and the field is as it was, but for Read: the
+// record may still be there, and the file stands somewhere behind where it stood.
+//
 // A field belongs to one thread at a time. It owns its record and the query made by CreateQuery.
 class COMMON_INTERFACES_API SettingField {
  public:
@@ -154,6 +157,8 @@ class COMMON_INTERFACES_API SettingField {
   bool ReadRecord(MFile* file);
   void NoteNameChange(int earlier);
   void Assign(const SettingField& other);
+  // The same without memory, from a copy that has a record in a block of its own: it is empty then.
+  void TakeRecord(SettingField& from);
   void DeleteQuery();
 
   static constexpr unsigned kNoOffset = 0xFFFFFFFF;

@@ -33,6 +33,8 @@ class COMMON_INTERFACES_API QX4Strings {
   //   "File qxstrings.txt changed while it was read\n"  so are those up to the length that it had first
   //   "Duplicated string, ID = %d\n"                    the same text twice: kept
   //   "Strings conflict, ID = %d\nOld: %s\nNew: %s\n"   two texts: the later one is kept
+  // Without memory for it std::bad_alloc is thrown, and the table is as it was: the next construction tries
+  // again.
   QX4Strings();
 
   // The text, as the file's bytes with the escapes resolved, or null; unless `quiet`, an unknown identifier
