@@ -1,11 +1,11 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""Makes manual pages of what a program says of itself: one of PROGRAM --help, and one of PROGRAM COMMAND --help for each
-command that is listed there, and so on.
+"""Makes manual pages of what a program says of itself: one of PROGRAM --help, and one of PROGRAM COMMAND --help for
+each command that is listed there, and so on.
 
-A help text begins with what the program or command does and with its usage; blocks follow, a title with a colon and below
-it entries, indented by two spaces: a name, and what it means in a column of its own, or in the next line where the name
-reaches into that column. A block of commands lists commands. What stands behind the blocks is a remark.
+A help text begins with what the program or command does and with its usage; blocks follow, a title with a colon and
+below it entries, indented by two spaces: a name, and what it means in a column of its own, or in the next line where
+the name reaches into that column. A block of commands lists commands. What stands behind the blocks is a remark.
 """
 import re
 import subprocess
