@@ -25,7 +25,8 @@ CONTENTS = {
         "usr/include/*.h", "usr/lib/*-linux-gnu/cmake/common_interfaces/common_interfacesConfig.cmake",
         "usr/lib/*-linux-gnu/cmake/common_interfaces/common_interfacesConfigVersion.cmake",
         "usr/lib/*-linux-gnu/cmake/common_interfaces/common_interfaces_targets*.cmake",
-        "usr/lib/*-linux-gnu/libastro.so", "usr/lib/*-linux-gnu/libcommon_interfaces.so", "usr/lib/*-linux-gnu/libcommon_interfaces_scene.so",
+        "usr/lib/*-linux-gnu/libastro.so", "usr/lib/*-linux-gnu/libcommon_interfaces.so",
+        "usr/lib/*-linux-gnu/libcommon_interfaces_scene.so",
         "usr/lib/*-linux-gnu/libutils.so", "usr/lib/*-linux-gnu/pkgconfig/common_interfaces.pc",
         "usr/lib/*-linux-gnu/pkgconfig/common_interfaces_scene.pc"],
     "common-interfaces-programs": [
@@ -100,8 +101,8 @@ def check_page(path, programs, environment):
     program, *command = name.split("-")
     told = run(os.path.join(programs, program), *command, "--help", env=environment)
     shown = squeeze(run("man", "-l", path, env={**environment, "MANWIDTH": "1000", "LC_ALL": "C.UTF-8"}))
-    return [f"{name}.1: lacks: {line.strip()}" for line in told.split("\n")
-            if squeeze(line) and not line.startswith("Usage: ") and not line.endswith(":") and squeeze(line) not in shown]
+    lines = [line for line in told.split("\n") if line.strip() and not re.match(r"Usage: |\S.*:$", line)]
+    return [f"{name}.1: lacks: {line.strip()}" for line in lines if squeeze(line) not in shown]
 
 
 def check_use(root):
