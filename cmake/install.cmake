@@ -3,6 +3,10 @@
 #
 # The install tree: libraries, headers, a CMake package, pkg-config files, the programs and their data root.
 
+# On Debian libraries lie in a folder of their architecture, also below /usr/local; CMake knows that of /usr alone.
+if(EXISTS /etc/debian_version AND CMAKE_LIBRARY_ARCHITECTURE AND PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CROSSCOMPILING)
+  set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Where libraries go, below the prefix")
+endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
