@@ -111,6 +111,17 @@ function(ci_add_library_folder folder)
   target_link_libraries(${folder}_objects PRIVATE astro utils)
 endfunction()
 
+# ci_set_version(LIBRARY): the version of the project, and the number in the name that programs load the library by. It
+# moves when programs that were built before can no longer run: the major number; before 1.0 the minor one too
+# (docs/versions.md).
+function(ci_set_version library)
+  set(soversion ${PROJECT_VERSION_MAJOR})
+  if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(soversion 0.${PROJECT_VERSION_MINOR})
+  endif()
+  set_target_properties(${library} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${soversion})
+endfunction()
+
 # ci_add_companion(NAME SOURCES...): a companion library as objects and as a shared library.
 function(ci_add_companion name)
   string(TOUPPER ${name} upper)
@@ -123,7 +134,7 @@ function(ci_add_companion name)
   target_include_directories(${name} PUBLIC
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
   target_compile_features(${name} PUBLIC cxx_std_20)
-  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  ci_set_version(${name})
 endfunction()
 
 # ci_find_cli11(): the target CLI11::CLI11, headers only, also for a target whose system has no such package: then the

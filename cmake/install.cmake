@@ -40,6 +40,11 @@ endforeach()
 
 if(MINGW)
   install(FILES ${CI_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
+  # Their licences, which those who pass them on have to pass on too.
+  foreach(package gcc-mingw-w64-i686-posix-runtime mingw-w64-i686-dev)
+    install(FILES /usr/share/doc/${package}/copyright RENAME ${package}.txt
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces/runtime)
+  endforeach()
 endif()
 
 install(FILES LICENSE NOTICE.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces)

@@ -13,8 +13,7 @@ target_link_libraries(common_interfaces PUBLIC astro utils PRIVATE ci_compile_ru
 if(NOT WIN32 AND NOT APPLE)
   target_link_options(common_interfaces PRIVATE -Wl,-Bsymbolic-functions)
 endif()
-set_target_properties(common_interfaces PROPERTIES
-  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+ci_set_version(common_interfaces)
 
 # common_interfaces_inside: every object of the library, its private headers included, for tests and fuzz targets.
 add_library(common_interfaces_inside INTERFACE)
