@@ -8,6 +8,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -31,6 +32,7 @@ bool LacksRecord(SettingsData& settings, const char* file, unsigned id) {
 }  // namespace
 
 bool Camera::ReadSelf(const char* file, unsigned id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return false;
   if (id == kCameraSettingsId) return ReadFrom(*m_Settings, file, id);
   SettingsData settings(m_Owner, id, kSettingsFile);
@@ -88,22 +90,26 @@ void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
 }
 
 void Camera::WriteSelf(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return;
   PutShortRecord(id);
   m_Settings->Write(file);
 }
 
 void Camera::WriteSelfAll(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return;
   PutRecord(id);
   m_Settings->Write(file);
 }
 
 bool Camera::SaveSelf(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   return m_Settings != nullptr && SaveRecord(PutShortRecord(id), file);
 }
 
 bool Camera::SaveSelfAll(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   return m_Settings != nullptr && SaveRecord(PutRecord(id), file);
 }
 

@@ -3,6 +3,7 @@
 #include "common_interfaces/path_line.h"
 #include "common_interfaces/render_settings.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 
@@ -27,6 +28,7 @@ bool IsPathOf(const PathLine* path, const SSO_ID& object, const SSO_ID& referenc
 }  // namespace
 
 PathLine* RenderSettings::takePathFromCache(const SSO_ID& object, const SSO_ID* reference, int kind) {
+  const ChangesObject use(&s_PathLineCache, "RenderSettings::s_PathLineCache");
   if (reference == nullptr) {
     PrintDebugString("Path cache: no reference object given\n");
     return nullptr;
@@ -41,6 +43,7 @@ PathLine* RenderSettings::takePathFromCache(const SSO_ID& object, const SSO_ID* 
 }
 
 void RenderSettings::movePathToCache(PathLine* path) {
+  const ChangesObject use(&s_PathLineCache, "RenderSettings::s_PathLineCache");
   if (path == nullptr) return;
   // A path that is handed over twice finds itself.
   std::erase_if(s_PathLineCache, [path](const auto& entry) { return entry.second == path; });
