@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "utils/one_thread.h"
 
+#include <atomic>
 #include <cstdlib>
-#include <mutex>
+#include <thread>
 
 #include "companions/utils/program_platform.h"
 #include "utils/debug.h"
@@ -23,13 +24,22 @@ BreachHook s_Hook = nullptr;  // changed only by SetBreachHook, while no object 
 // The uses in progress, the latest first: they stand in the frames of the operations themselves, so that
 // noticing them allocates nothing. Few at a time, one for each nested call.
 struct UsesInProgress {
-  // Both are initialised at compile time: static initialisers of other libraries use objects too.
-  static std::mutex s_Lock;
+  // Both are initialised at compile time, which a mutex is not everywhere: static initialisers of other
+  // libraries use objects too.
+  static std::atomic_flag s_Locked;
   static ObjectUse* s_First;  // under the lock
+
+  // Held for a few comparisons.
+  struct Lock {
+    Lock() {
+      while (s_Locked.test_and_set(std::memory_order_acquire)) std::this_thread::yield();
+    }
+    ~Lock() { s_Locked.clear(std::memory_order_release); }
+  };
 
   // Of the uses that `use` must not overlap the one that began first; its thread is 0 when there is none.
   static Breach Enter(ObjectUse& use) {
-    const std::scoped_lock lock(s_Lock);
+    const Lock lock;
     const Breach breach = FindBreach(use);
     use.m_Next = s_First;
     s_First = &use;
@@ -37,7 +47,7 @@ struct UsesInProgress {
   }
 
   static void Leave(const ObjectUse& use) {
-    const std::scoped_lock lock(s_Lock);
+    const Lock lock;
     ObjectUse** place = &s_First;
     while (*place != &use) place = &(*place)->m_Next;
     *place = use.m_Next;
@@ -56,8 +66,8 @@ struct UsesInProgress {
   }
 };
 
-constinit std::mutex UsesInProgress::s_Lock;
-ObjectUse* UsesInProgress::s_First = nullptr;
+constinit std::atomic_flag UsesInProgress::s_Locked;
+constinit ObjectUse* UsesInProgress::s_First = nullptr;
 
 ObjectUse::ObjectUse(const void* object, const char* objectClass, const char* operation,
                      bool changes) noexcept

@@ -8,7 +8,9 @@
 #include "common_interfaces/render_settings.h"
 #include "common_interfaces/string_table.h"
 #include "one_thread/overlap.h"
+#include "scene/data_root.h"
 #include "scene/frame_maker.h"
+#include "scene/small_root.h"
 #include "support/string_table_file.h"
 #include "support/temp_dir.h"
 
@@ -115,8 +117,15 @@ TEST_F(CameraByTwoThreads, HandingOverIsNone) {
 
 class FrameByTwoThreads : public testing::Test {
  protected:
-  test_support::TempRoots roots;
-  scene::SkyCatalogs catalogs;
+  static scene::SkyCatalogs Open(const host_test::SmallRoot& root) {
+    scene::SkyCatalogs catalogs;
+    std::string error;
+    EXPECT_TRUE(scene::OpenDataRoot(root.dir.Path("data"), "", "en", catalogs, error)) << error;
+    return catalogs;
+  }
+
+  host_test::SmallRoot root;
+  scene::SkyCatalogs catalogs = Open(root);
   Camera camera{1};
   scene::ShownKinds shown;
   scene::SkyMarkers markers;
@@ -124,12 +133,12 @@ class FrameByTwoThreads : public testing::Test {
   scene::FrameMaker another{camera, catalogs, shown, scene::ObjectFilters::None(), markers};
 
   void SetUp() override {
-    const test_support::BreachCapture withoutTables;
+    const test_support::BreachCapture breaches;
     camera.CreateDefault();
     camera.SetWinRect({80, 60, 80, 60});
     maker.Prepare();
     another.Prepare();
-    EXPECT_EQ(withoutTables.GetCount(), 0);
+    EXPECT_EQ(breaches.GetCount(), 0);
   }
 };
 
@@ -193,7 +202,7 @@ TEST(RenderSettingsByTwoThreads, PathCacheIsNoticedWhicheverObjectIsUsed) {
 }
 
 // The first line of the table is there twice, which loading says.
-constexpr char kTwice[] = "1 \"one\"\n1 \"one\"\n2 \"two\"\n";
+constexpr char kTwice[] = "1\tone\n1\tone\n2\ttwo\n";
 
 class StringsByTwoThreads : public testing::Test {
  protected:
@@ -207,13 +216,13 @@ TEST_F(StringsByTwoThreads, ReadingWhileTheTableIsLoadedIsNoticed) {
 }
 
 TEST_F(StringsByTwoThreads, ChangeOfLanguageDuringAReadingIsNoticed) {
-  test_support::LoadStrings(roots, "1 \"one\"\n");
+  test_support::LoadStrings(roots, "1\tone\n");
   const Overlap overlap([] { QX4Strings::GetString(7, false); }, [] { QX4Strings::StartLocaleUpdate(); });
   EXPECT_EQ(overlap.GetOperations(), "QX4Strings: GetString, StartLocaleUpdate");
 }
 
 TEST_F(StringsByTwoThreads, ReadersOfALoadedTableAreNone) {
-  test_support::LoadStrings(roots, "1 \"one\"\n");
+  test_support::LoadStrings(roots, "1\tone\n");
   const Overlap overlap([] { QX4Strings::GetString(7, false); },
                         [] {
                           const QX4Strings strings;

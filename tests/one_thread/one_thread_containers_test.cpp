@@ -43,7 +43,11 @@ class ContainersByTwoThreads : public testing::Test {
             {"GetObjectInfo", [&] { used.GetObjectInfo(numbers, kSection, -1); }},
             {"ClearIntegrFlag", [&] { used.ClearIntegrFlag(); }},
             {"CreateQueryList", [&] { used.CreateQueryList(kSection, true); }},
-            {"CreateField", [&] { used.CreateField(&field, sizeof field, true); }},
+            {"CreateField",
+             [&] {
+               used.CreateField(reinterpret_cast<const CommonInterfaces::FieldData*>(record), sizeof record,
+                                true);
+             }},
             {"DeleteField", [&] { used.DeleteField("missing", kSection); }},
             {"GetFieldAt", [&] { used.GetFieldAt(0); }},
             {"Read", [&] { used.Read("missing.data"); }},
@@ -58,20 +62,20 @@ class ContainersByTwoThreads : public testing::Test {
   int value = 0;
   std::map<int, unsigned char> favourites;
   std::vector<int> numbers;
-  CommonInterfaces::FieldData field{};
+  unsigned char record[CommonInterfaces::kFieldHeaderSize] = {};
 };
 
 TEST_F(ContainersByTwoThreads, EveryOperationOfTheSameContainerIsNoticed) {
   for (const Operation& operation : Operations(settings)) {
     const Overlap overlap([this] { Ask(); }, operation.call);
-    EXPECT_EQ(overlap.GetOperations(), std::string("SettingsData: GetAtField, ") + operation.name);
+    EXPECT_EQ(overlap.GetOperations(), std::string("SettingsData: GetField, ") + operation.name);
   }
 }
 
 TEST_F(ContainersByTwoThreads, EveryOperationOfAnotherContainerIsNoticed) {
   for (const Operation& operation : Operations(another)) {
     const Overlap overlap([this] { Ask(); }, operation.call);
-    EXPECT_EQ(overlap.GetOperations(), std::string("SettingsData: GetAtField, ") + operation.name);
+    EXPECT_EQ(overlap.GetOperations(), std::string("SettingsData: GetField, ") + operation.name);
   }
 }
 
