@@ -21,19 +21,25 @@ struct Peer {
   Page::Peer& self;
   Chance chance;
 
+  // Hasty ones are in the middle of an operation most of the time, and so most likely killed there.
+  bool isHasty = false;
+
   bool GoesOn() const { return page.stop == 0; }
+  unsigned long Patience() { return isHasty ? 0 : static_cast<unsigned long>(chance.From(0, 20)); }
+  void Dawdle() {
+    if (!isHasty) chance.Dawdle();
+  }
 };
 
 void HoldSlots(Peer& peer) {
   Semaphore semaphore(peer.name);
   while (peer.GoesOn()) {
     peer.self.state = kTaking;
-    const bool taken =
-        semaphore.lock(static_cast<unsigned long>(peer.chance.From(0, 20))) == thread::kSignalled;
+    const bool taken = semaphore.lock(peer.Patience()) == thread::kSignalled;
     ++peer.self.operations;
     if (taken) {
       peer.self.state = kHolding;
-      peer.chance.Dawdle();
+      peer.Dawdle();
       peer.self.state = kGiving;
       semaphore.unlock();
       ++peer.self.operations;
@@ -71,11 +77,11 @@ void MakeAndOwn(Peer& peer) {
       const Semaphore semaphore(1, peer.name);
       peer.self.state = kHolding;
       Hold(!IsOwnedByAnother(peer), "a name was made by two processes");
-      peer.chance.Dawdle();
+      peer.Dawdle();
       peer.self.state = kIdle;
     } catch (const Semaphore::Error& error) {
       Hold(std::string("Semaphore already exists.") == error.what(), error.what());
-      peer.chance.Dawdle();
+      peer.Dawdle();
     }
     ++peer.self.operations;
   }
@@ -93,6 +99,7 @@ int RunPeer(const std::vector<std::string>& words) {
   const auto seed = static_cast<unsigned>(std::strtoul(words[4].c_str(), nullptr, 10));
   Page::Peer& self = page->peers[std::atoi(words[3].c_str()) % Page::kSlots];
   Peer peer{words[1].c_str(), *page, self, Chance(seed)};
+  peer.isHasty = !peer.chance.OneIn(4);
   try {
     for (const auto& role : kRoles)
       if (words[0] == role.name) role.run(peer);

@@ -18,18 +18,16 @@ class Worker : public thread::Runnable {
   void run() override {
     try {
       m_Work(m_Chance);
-    } catch (...) {
-      m_Thrown = std::current_exception();
+    } catch (const std::exception& error) {
+      Fail(error.what());
     }
   }
   void Start() { m_Thread.start(); }
   void Wait() { m_Thread.waitForEnd(); }
-  const std::exception_ptr& GetThrown() const { return m_Thrown; }
 
  private:
   Work m_Work;
   Chance m_Chance;
-  std::exception_ptr m_Thrown;
   thread::Thread m_Thread;
 };
 
@@ -41,6 +39,11 @@ void Chance::Dawdle() {
   const int kind = From(0, 63);
   if (kind < 8) thread::yield();
   if (kind == 8) thread::sleep(static_cast<unsigned long>(From(0, 2)));
+}
+
+void Chance::Spin() {
+  volatile int steps = From(0, 400);
+  while (steps > 0) steps = steps - 1;
 }
 
 std::string MakeName(const std::string& kind) {
@@ -55,8 +58,6 @@ void RunTogether(Chance& chance, const std::vector<Work>& works) {
   for (const Work& work : works) workers.push_back(std::make_unique<Worker>(work, chance.Seed()));
   for (const auto& worker : workers) worker->Start();
   for (const auto& worker : workers) worker->Wait();
-  for (const auto& worker : workers)
-    if (worker->GetThrown()) std::rethrow_exception(worker->GetThrown());
 }
 
 }  // namespace stress

@@ -30,6 +30,8 @@ class Chance {
   unsigned Seed() { return static_cast<unsigned>(m_Engine()); }
   // Nothing, the rest of the time slice, or up to a few milliseconds.
   void Dawdle();
+  // Up to a few hundred steps of the processor: what meets within a few instructions is met by this alone.
+  void Spin();
 
  private:
   std::mt19937 m_Engine;
@@ -55,8 +57,10 @@ std::string MakeName(const std::string& kind);
 
 using Work = std::function<void(Chance& chance)>;
 
-// Runs each of them on a thread::Thread, with chances of its own, until all have ended; then throws what the
-// first of them has thrown.
+// Ends this process: the others of a round may wait for ever for the one that has failed.
+[[noreturn]] void Fail(const char* what);  // stress_main.cpp
+
+// Runs each of them on a thread::Thread, with chances of its own, until all have ended.
 void RunTogether(Chance& chance, const std::vector<Work>& works);
 
 struct Round {

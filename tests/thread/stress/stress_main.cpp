@@ -16,29 +16,20 @@ using std::chrono::steady_clock;
 
 constexpr int kMinutesOfARound = 10;
 
+// The round that runs.
+std::atomic<const char*> s_Round = "";
+std::atomic<unsigned> s_Seed = 0, s_Rounds = 1;
+
 // Ends a process whose round hangs where no wait has a limit: a lost wake-up, most likely.
 class Watch : public thread::Runnable {
  public:
-  void Begin(const char* round, unsigned seed) {
-    m_Round = round;
-    m_Seed = seed;
-    ++m_Rounds;
-  }
   [[noreturn]] void run() override {
-    for (unsigned seen = 0;;) {
-      for (int i = 0; i < kMinutesOfARound * 60 && seen == m_Rounds; ++i) thread::sleep(1000);
-      if (seen == m_Rounds) {
-        std::printf("seed %u: %s: hangs for %d minutes\n", m_Seed.load(), m_Round.load(), kMinutesOfARound);
-        std::fflush(stdout);
-        std::_Exit(1);
-      }
-      seen = m_Rounds;
+    for (unsigned seen = 0; seen != s_Rounds;) {
+      seen = s_Rounds;
+      for (int i = 0; i < kMinutesOfARound * 60 && seen == s_Rounds; ++i) thread::sleep(1000);
     }
+    stress::Fail("hangs");
   }
-
- private:
-  std::atomic<const char*> m_Round = "";
-  std::atomic<unsigned> m_Seed = 0, m_Rounds = 1;
 };
 
 // One round in three has several processes: starting them takes most of the time.
@@ -48,6 +39,12 @@ const stress::Round& Choose(stress::Chance& chance) {
 }
 
 }  // namespace
+
+void stress::Fail(const char* what) {
+  std::printf("seed %u: %s: %s\n", s_Seed.load(), s_Round.load(), what);
+  std::fflush(stdout);
+  std::_Exit(1);
+}
 
 int main(int count, char** words) {
   stress::g_Program = words[0];
@@ -70,13 +67,13 @@ int main(int count, char** words) {
   do {
     stress::Chance chance(seed);
     const stress::Round& round = Choose(chance);
-    s_Watch.Begin(round.name, seed);
+    s_Round = round.name;
+    s_Seed = seed;
+    ++s_Rounds;
     try {
       round.run(chance, tally);
     } catch (const std::exception& error) {
-      std::printf("seed %u: %s: %s\n", seed, round.name, error.what());
-      std::fflush(stdout);
-      std::_Exit(1);
+      stress::Fail(error.what());
     }
     ++rounds;
     ++seed;

@@ -120,6 +120,34 @@ void PassBetweenTwo(Chance& chance, Tally& tally) {
   Hold(ball == 2 * turns && there.wait(0) == thread::kSignalled, "the last set of an event was lost");
 }
 
+// One sets or releases while the other is about to sleep, who must not miss that between its last look and
+// its sleep. The sleeper announces itself, so that both are there within a few instructions.
+void MeetBeforeSleep(Chance& chance, Tally& tally) {
+  const int turns = chance.From(20, 300);
+  const bool isEvent = chance.OneIn(2);
+  SyncEvent event(false, false);
+  Semaphore semaphore(0);
+  std::atomic<int> announced = 0;
+  const Work sleeper = [&](Chance& own) {
+    for (int i = 1; i <= turns; ++i) {
+      announced = i;
+      own.Spin();
+      const auto end = isEvent ? event.wait(kPatience) : semaphore.lock(kPatience);
+      Hold(end == thread::kSignalled, "who was about to sleep was never woken");
+      tally.operations += 2;
+    }
+  };
+  const Work waker = [&](Chance& own) {
+    for (int i = 1; i <= turns; ++i) {
+      for (int looks = 0; announced != i; ++looks)
+        if (looks > 1000) thread::yield();
+      own.Spin();
+      isEvent ? event.set() : semaphore.unlock();
+    }
+  };
+  RunTogether(chance, {sleeper, waker});
+}
+
 // A manual event lets every waiter go, early or late, until it is reset.
 void OpenGate(Chance& chance, Tally& tally) {
   const std::string name = SomeName(chance);
@@ -239,6 +267,7 @@ const std::vector<Round> kThreadRounds = {{"exclusion by a semaphore", ExcludeBy
                                           {"waiters of a semaphore", WakeAllWaiters},
                                           {"exclusion by a critical section", ExcludeByCritSect},
                                           {"two events", PassBetweenTwo},
+                                          {"a release before a sleep", MeetBeforeSleep},
                                           {"a manual event", OpenGate},
                                           {"sets of an automatic event", CountSets},
                                           {"race for a name", RaceForName},
