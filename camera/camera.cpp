@@ -8,6 +8,7 @@
 #include "astro/delta_t.h"
 #include "camera/camera_codes.h"
 #include "common_interfaces/settings_data.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -30,6 +31,8 @@ Camera::Camera(unsigned owner)
 Camera::Camera(const Camera&) : CameraState() {}
 
 Camera& Camera::operator=(const Camera& other) {
+  const ChangesObject use(this, "Camera");
+  const ReadsObject otherUse(&other, "Camera");
   if (this == &other) return *this;
   CameraState copy(other);
   State() = std::move(copy);
@@ -41,6 +44,7 @@ Camera& Camera::operator=(const Camera& other) {
 Camera::~Camera() = default;
 
 void Camera::CreateDefault() {
+  const ChangesObject use(this, "Camera");
   if (!ReadSelf(nullptr, kCameraSettingsId)) SetBuiltInDefaults();
 }
 

@@ -9,6 +9,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/settings_data.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -32,6 +33,7 @@ bool LacksRecord(SettingsData& settings, const char* file, unsigned id) {
 }  // namespace
 
 bool Camera::ReadSelf(const char* file, unsigned id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return false;
   if (id == kCameraSettingsId) return ReadFrom(*m_Settings, file, id);
   SettingsData settings(m_Owner, id, kSettingsFile);
@@ -91,18 +93,21 @@ void Camera::ReadObserver(RecordReader& reader, bool namedFile) {
 }
 
 void Camera::WriteSelf(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return;
   PutShortRecord(id);
   m_Settings->Write(file);
 }
 
 void Camera::WriteSelfAll(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return;
   PutRecord(id);
   m_Settings->Write(file);
 }
 
 bool Camera::SaveSelf(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return false;
   const signed char fst = m_FST;
   const bool isSaved = SaveRecord(PutShortRecord(id), file);
@@ -111,6 +116,7 @@ bool Camera::SaveSelf(const char* file, int id) {
 }
 
 bool Camera::SaveSelfAll(const char* file, int id) {
+  const ChangesObject use(this, "Camera");
   return m_Settings != nullptr && SaveRecord(PutRecord(id), file);
 }
 

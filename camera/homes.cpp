@@ -15,6 +15,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/units.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 #include "utils/text.h"
 
@@ -71,6 +72,7 @@ void Camera::LoadHomes() {
 }
 
 const HomeParameters* Camera::FindHome(const SSO_ID& observer) const {
+  const ReadsObject use(this, "Camera");
   const auto found = m_Homes.find(observer);
   return found == m_Homes.end() ? nullptr : &found->second;
 }
@@ -78,6 +80,7 @@ const HomeParameters* Camera::FindHome(const SSO_ID& observer) const {
 void Camera::SaveHomeParams() { StoreHomeParams(); }
 
 bool Camera::StoreHomeParams() {
+  const ChangesObject use(this, "Camera");
   const std::string path = ZentharPath::GetWorkPath(kFileName, false, true);
   if (!m_IncompleteHomes.MayReplace(path, "homes")) return false;
   MTextFile file(false, kComment, kEnd, kLineSize);
@@ -92,6 +95,7 @@ bool Camera::StoreHomeParams() {
 }
 
 void Camera::SetLocationName(const char* name) {
+  const ChangesObject use(this, "Camera");
   m_LocationName = name != nullptr ? std::string(name) : std::string();
   const auto home = m_Homes.find(m_Observer);
   if (home != m_Homes.end()) CopyText(home->second.locationName, m_LocationName.c_str());
@@ -121,6 +125,7 @@ void Camera::StoreView(HomeParameters& home) const {
 }
 
 void Camera::StoreParams(int mask) {
+  const ChangesObject use(this, "Camera");
   if (m_ObsMovingType != 0) return;
   const bool onEarth = m_Observer == astro::kEarth;
   const HomeParameters* const stored = FindHome(m_Observer);
@@ -144,6 +149,7 @@ void Camera::StoreParams(int mask) {
 }
 
 void Camera::StoreTempParams() {
+  const ChangesObject use(this, "Camera");
   HomeParameters state;
   state.flags = kHomeLocation | kHomeView | kHomeTime;
   state.movingType = m_PendingMovingType != -1 ? m_PendingMovingType : m_ObsMovingType;
@@ -159,6 +165,7 @@ void Camera::StoreTempParams() {
 }
 
 bool Camera::FindTempParams(HomeParameters* out, const SSO_ID& obs) const {
+  const ReadsObject use(this, "Camera");
   const auto found = std::find_if(m_TempHomes.begin(), m_TempHomes.end(), [&](const HomeParameters& state) {
     return IsStateOf(state, obs, obs.fourth);
   });
@@ -168,11 +175,13 @@ bool Camera::FindTempParams(HomeParameters* out, const SSO_ID& obs) const {
 }
 
 bool Camera::ClearTempParams(const SSO_ID& obs) {
+  const ChangesObject use(this, "Camera");
   return std::erase_if(m_TempHomes,
                        [&](const HomeParameters& state) { return IsStateOf(state, obs, obs.fourth); }) > 0;
 }
 
 bool Camera::IsHome(float tolerance) const {
+  const ReadsObject use(this, "Camera");
   if (m_ObsMovingType != 0 || !(m_Observer == astro::kEarth)) return false;
   const HomeParameters* const earth = FindHome(astro::kEarth);
   if (!earth)
@@ -186,6 +195,7 @@ bool Camera::IsHome(float tolerance) const {
 }
 
 void Camera::GoHome(bool go) {
+  const ChangesObject use(this, "Camera");
   StateGuard guard(State());
   TurnHome(go);
   guard.SetThrough();

@@ -11,6 +11,7 @@
 #include "common_interfaces/camera.h"
 #include "common_interfaces/object_kinds.h"
 #include "common_interfaces/settings_data.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -23,6 +24,7 @@ double ClampToCodes(double code) { return code > 0.0 ? std::min<double>(code, kM
 }  // namespace
 
 void Camera::RefreshLimitingMagnitudes() {
+  const ChangesObject use(this, "Camera");
   const double logZoom = std::log10(m_Zoom);
   for (int row = 0; row < s_ZoomDependDescSize; ++row) {
     const ZoomDependDesc& desc = s_ZoomDependDesc[row];
@@ -40,6 +42,7 @@ float Camera::GetMagCorrection(int row) const {
 }
 
 void Camera::FillMagCorrectionsVector(SettingsData* settings) {
+  const ChangesObject use(this, "Camera");
   std::array<float, kZoomDependRows> corrections = {};
   if (settings != nullptr) {
     const unsigned section = settings->GetCurSection();
@@ -55,6 +58,7 @@ void Camera::FillMagCorrectionsVector(SettingsData* settings) {
 }
 
 void Camera::RefreshLimitMagnitude(int fieldId, int, const void* value) {
+  const ChangesObject use(this, "Camera");
   const auto* desc = std::find_if(std::begin(s_ZoomDependDesc), std::end(s_ZoomDependDesc),
                                   [fieldId](const ZoomDependDesc& row) { return row.fieldId == fieldId; });
   if (desc != std::end(s_ZoomDependDesc) && value != nullptr) {
@@ -70,6 +74,7 @@ unsigned char Camera::GetDarkMagObject(int cls) const {
 }
 
 float Camera::GetDarkMagObjectF(int cls) const {
+  const ReadsObject use(this, "Camera");
   const int row = FindZoomRow(s_ZoomDependDesc, cls, ZoomRows::kObjects);
   return row != kNoZoomRow ? m_LimitingMagnitudes[row] : 0.0f;
 }
@@ -79,6 +84,7 @@ unsigned char Camera::GetDarkMagLabel(int cls) const {
 }
 
 float Camera::GetDarkMagLabelF(int cls) const {
+  const ReadsObject use(this, "Camera");
   const int row = FindZoomRow(s_ZoomDependDesc, cls, ZoomRows::kLabels);
   return row != kNoZoomRow ? m_LimitingMagnitudes[row] : 0.0f;
 }
@@ -99,6 +105,7 @@ unsigned char Camera::GetDarkMagDraw(int cls) const {
 }
 
 float Camera::GetDarkMagDrawF(int cls) const {
+  const ReadsObject use(this, "Camera");
   const int row = FindZoomRow(s_ZoomDependDesc, cls, ZoomRows::kObjects);
   if (row == kNoZoomRow) return kNoClassCode;
   const float threshold = DrawThreshold(row);

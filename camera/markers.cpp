@@ -4,6 +4,7 @@
 
 #include "astro/coordinates.h"
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -17,6 +18,7 @@ void RemoveFirst(std::vector<MARKER_INFO>& markers, int id) {
 }  // namespace
 
 void Camera::AddOIMarker(const MARKER_INFO& marker) {
+  const ChangesObject use(this, "Camera");
   const MARKER_INFO added = marker;  // it may be one of the list
   // Room first: with another marker gone nothing may fail any more.
   if (m_OIMarkers.size() == m_OIMarkers.capacity()) m_OIMarkers.reserve(2 * m_OIMarkers.size() + 1);
@@ -29,12 +31,14 @@ void Camera::AddOIMarker(const MARKER_INFO& marker) {
 }
 
 void Camera::DeleteOIMarker(const MARKER_INFO& marker) {
+  const ChangesObject use(this, "Camera");
   const int id = marker.id;
   RemoveFirst(m_OIMarkers, id);
   if (id == kOnScreenFinderMarker) m_OnScreenFinder = false;
 }
 
 void Camera::UpdateOIMarkers() {
+  const ChangesObject use(this, "Camera");
   const double width = m_WinRect.left, height = m_WinRect.top;
   for (MARKER_INFO& marker : m_OIMarkers) {
     if (marker.id == kOnScreenFinderMarker) continue;

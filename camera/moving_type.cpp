@@ -8,6 +8,7 @@
 #include "camera/state_guard.h"
 #include "common_interfaces/camera.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -98,6 +99,7 @@ void Camera::TurnAfterChange(int type, bool wasLocked, const SSO_ID& lockedOn) {
 }
 
 void Camera::SetMovingType(char type, bool keep) {
+  const ChangesObject use(this, "Camera");
   ChangeMovingType(static_cast<signed char>(type), keep, m_Observer);
 }
 

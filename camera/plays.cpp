@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -15,6 +16,7 @@ constexpr PlayTypes kLocationPlays[] = {kPlayLocation1, kPlayLocation2, kPlayLoc
 }  // namespace
 
 void Camera::SetPlay(PlayTypes type, PlayAction action, double first) {
+  const ChangesObject use(this, "Camera");
   PlayDesc play;
   play.type = type;
   play.action = action;
@@ -32,10 +34,12 @@ void Camera::SetPlay(PlayTypes type, PlayAction action, double first, double sec
 
 void Camera::SetPlay(PlayTypes type, PlayAction action, double first, double second, double third,
                      const SSO_ID& object) {
+  const ChangesObject use(this, "Camera");
   m_Plays[type] = {type, action, first, second, third, 1, object, 0};
 }
 
 PlayDesc Camera::GetPlay(PlayTypes type) const {
+  const ReadsObject use(this, "Camera");
   const auto found = m_Plays.find(type);
   return found == m_Plays.end() ? PlayDesc() : found->second;
 }
@@ -58,6 +62,7 @@ bool Camera::IsAnyPlay() const {
 bool Camera::Is3DFlightPlay() const { return IsDeepSpace() && IsLocationPlay(); }
 
 void Camera::StopAnyPlay() {
+  const ChangesObject use(this, "Camera");
   for (auto& [type, play] : m_Plays)
     if (play.action != kPlayHeld) play.action = kPlayStopped;
 }

@@ -8,6 +8,7 @@
 #include "camera/projection_batch.h"
 #include "camera/saturate.h"
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -27,16 +28,19 @@ int Camera::FarPixel(int centre, double offset) {
 }
 
 void Camera::BatchRA_Dec2PixD(const double* v, tPoint<double>* p, int count) const {
+  const ReadsObject use(this, "Camera");
   RunBatch({m_ViewPicture, m_Scale, m_WinCentre}, v, p, count);
 }
 
 void Camera::BatchRA_Dec2K2PixD(const double* v, tPoint<double>* p, int count) const {
+  const ReadsObject use(this, "Camera");
   RunBatch({m_ComboPicture, m_Scale, m_WinCentre}, v, p, count);
 }
 
 // dy is counted down from the centre where the forward projection counts up: the two are mirrored on purpose,
 // since pixels come from pointing devices that count from the top.
 void Camera::Pix2Vec(const tPoint<int>& p, double* v) const {
+  const ReadsObject use(this, "Camera");
   const double dx = static_cast<double>(m_WinRect.left >> 1) - p.x;
   const double dy = static_cast<double>(m_WinRect.top >> 1) - p.y;
   const double rho = std::sqrt(dx * dx + dy * dy);

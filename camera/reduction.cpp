@@ -3,6 +3,7 @@
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -15,6 +16,7 @@ void ScaleToUnit(double* v) {
 }  // namespace
 
 void Camera::Reduct2CamShort(const short* in, double* out) const {
+  const ReadsObject use(this, "Camera");
   double v[3];
   for (int i = 0; i < 3; ++i) v[i] = in[i] / 32767.0;
   Reduct2CamDouble(v, out, false);
@@ -22,6 +24,7 @@ void Camera::Reduct2CamShort(const short* in, double* out) const {
 
 // V stands on the right, so its transpose is applied: not the projection's transform, and kept so on purpose.
 void Camera::Reduct2CamDouble(const double* in, double* out, bool normalised) const {
+  const ReadsObject use(this, "Camera");
   double v[3] = {in[0], in[1], in[2]};
   if (!normalised) ScaleToUnit(v);
   double u[3];

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -22,11 +23,15 @@ void ReplaceZoneName(char (&target)[kTimeZoneNameSize], const char* name) {
 }  // namespace
 
 void Camera::SetTimeZoneName(const char* name, bool clearDisplay) {
+  const ChangesObject use(this, "Camera");
   ReplaceZoneName(m_TimeZoneName, name);
   if (clearDisplay) m_DisplayTimeZoneName[0] = '\0';
 }
 
-void Camera::SetDisplayTimeZoneName(const char* name) { ReplaceZoneName(m_DisplayTimeZoneName, name); }
+void Camera::SetDisplayTimeZoneName(const char* name) {
+  const ChangesObject use(this, "Camera");
+  ReplaceZoneName(m_DisplayTimeZoneName, name);
+}
 
 const char* Camera::GetDisplayTimeZoneName(bool fallback) const {
   if (m_DisplayTimeZoneName[0] != '\0') return m_DisplayTimeZoneName;
@@ -34,6 +39,7 @@ const char* Camera::GetDisplayTimeZoneName(bool fallback) const {
 }
 
 void Camera::UpdateLocUTCDeltaFromTimeZone() {
+  const ChangesObject use(this, "Camera");
   const char* name = GetDisplayTimeZoneName(true);
   m_LocUTCDelta = name[0] != '\0' ? getLocalUTCDeltaForTimezone(name, m_JT + m_TJ) : 0.0;
 }

@@ -6,6 +6,7 @@
 #include "astro/constants.h"
 #include "astro/vectors.h"
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -69,6 +70,7 @@ void Camera::UpdateComboMatrix() {
 }
 
 void Camera::SetReductionMatrix(const double matrix[9]) {
+  const ChangesObject use(this, "Camera");
   std::copy_n(matrix, 9, m_ReductionMatrix);
   UpdateComboMatrix();
 }
@@ -80,6 +82,7 @@ void Camera::RebuildViewMatrix() {
 }
 
 void Camera::SetRA_Dec(SphViewCoor angles) {
+  const ChangesObject use(this, "Camera");
   m_ViewAngles = angles;
   m_ViewAngles.flag = 0;
   RebuildViewMatrix();

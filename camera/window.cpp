@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "common_interfaces/camera.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 namespace {
@@ -23,6 +24,7 @@ void Camera::UpdateScale() {
 }
 
 void Camera::SetZoom(double zoom) {
+  const ChangesObject use(this, "Camera");
   if (!(std::fabs(m_Zoom - zoom) > kSameZoom)) return;
   m_Zoom = zoom;
   m_ZoomChanged = true;
@@ -39,6 +41,7 @@ double Camera::GetFinderSizeAngle() const {
 }
 
 void Camera::SetWinRect(tRect<int> r) {
+  const ChangesObject use(this, "Camera");
   m_WinRect = r;
   m_WinCentre = {r.left * 0.5, r.top * 0.5};
   m_RefHalfDiagonal = HalfDiagonal(r.right, r.bottom);

@@ -60,6 +60,11 @@ target_compile_options(ci_compile_rules INTERFACE -ffp-contract=off)
 target_compile_options(ci_compile_rules INTERFACE $<$<CONFIG:RelWithDebInfo>:-g1>)
 # Files of 2 GiB and more are recognised as such on 32-bit systems too.
 target_compile_definitions(ci_compile_rules INTERFACE _FILE_OFFSET_BITS=64)
+# An object that two threads use at once ends the process with one line (utils/one_thread.h).
+option(CI_CHECK_THREADS "Notice objects that two threads use at once" OFF)
+if(CI_CHECK_THREADS)
+  target_compile_definitions(ci_compile_rules INTERFACE CI_CHECK_THREADS)
+endif()
 if(CI_SANITIZE)
   set(ci_sanitizers -fsanitize=${CI_SANITIZE} -fno-sanitize-recover=all)
   target_compile_options(ci_compile_rules INTERFACE ${ci_sanitizers} -fno-omit-frame-pointer -g1)

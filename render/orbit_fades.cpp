@@ -6,6 +6,7 @@
 
 #include "common_interfaces/render_settings.h"
 #include "utils/clock.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -23,6 +24,7 @@ bool IsNPMOrbit(const SSO_ID& id, const OrbitFade& fade) {
 }  // namespace
 
 bool RenderSettings::isObjectWithOrbit(const SSO_ID& id) {
+  const ChangesObject use(this, "RenderSettings");
   const auto found = m_Orbits.find(id);
   if (found == m_Orbits.end()) return false;
   if (found->second.GetCurrent(AnimationInterval::m_CurrentTime) > 0.0f) return true;
@@ -31,6 +33,7 @@ bool RenderSettings::isObjectWithOrbit(const SSO_ID& id) {
 }
 
 bool RenderSettings::isNPMOrbits() const {
+  const ReadsObject use(this, "RenderSettings");
   for (const auto& [id, fade] : m_Orbits) {
     if (IsNPMOrbit(id, fade)) return true;
   }
@@ -38,6 +41,7 @@ bool RenderSettings::isNPMOrbits() const {
 }
 
 void RenderSettings::clearNPMOrbits(bool immediately) {
+  const ChangesObject use(this, "RenderSettings");
   for (auto entry = m_Orbits.begin(); entry != m_Orbits.end();) {
     if (!IsNPMOrbit(entry->first, entry->second)) {
       ++entry;
@@ -51,10 +55,12 @@ void RenderSettings::clearNPMOrbits(bool immediately) {
 }
 
 void RenderSettings::SetOrbit(const SSO_ID& id, const OrbitFade& fade) {
+  const ChangesObject use(this, "RenderSettings");
   m_Orbits.insert_or_assign(id, fade);
 }
 
 void RenderSettings::ShowOrbit(const SSO_ID& id, bool show, double duration) {
+  const ChangesObject use(this, "RenderSettings");
   const auto found = m_Orbits.find(id);
   if (found == m_Orbits.end() && !show) return;
   OrbitFade& fade = found == m_Orbits.end() ? m_Orbits[id] : found->second;
@@ -64,6 +70,7 @@ void RenderSettings::ShowOrbit(const SSO_ID& id, bool show, double duration) {
 }
 
 float RenderSettings::GetOrbitAlpha(const SSO_ID& id) const {
+  const ReadsObject use(this, "RenderSettings");
   const auto found = m_Orbits.find(id);
   return found == m_Orbits.end() ? 0.0f : found->second.GetCurrent(AnimationInterval::m_CurrentTime);
 }

@@ -5,6 +5,7 @@
 #include "common_interfaces/path_line.h"
 #include "common_interfaces/render_settings.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 
@@ -29,6 +30,7 @@ bool IsPathOf(const PathLine* path, const SSO_ID& object, const SSO_ID& referenc
 }  // namespace
 
 PathLine* RenderSettings::takePathFromCache(const SSO_ID& object, const SSO_ID* reference, int kind) {
+  const ChangesObject use(&s_PathLineCache, "RenderSettings::s_PathLineCache");
   if (reference == nullptr) {
     PrintDebugString("Path cache: no reference object given\n");
     return nullptr;
@@ -43,6 +45,7 @@ PathLine* RenderSettings::takePathFromCache(const SSO_ID& object, const SSO_ID* 
 }
 
 void RenderSettings::movePathToCache(PathLine* path) {
+  const ChangesObject use(&s_PathLineCache, "RenderSettings::s_PathLineCache");
   if (path == nullptr) return;
   std::map<int, PathLine*> room = {{0, path}};  // before anything changes
   // A path that is handed over twice finds itself.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "utils/clock.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 
@@ -39,6 +40,7 @@ RenderSettings& RenderSettings::operator=(const RenderSettings& other) {
 }
 
 void RenderSettings::CreateDefault() {
+  const ChangesObject use(this, "RenderSettings");
   m_bConstellationsIn3DFlight = false;
   m_bOrbitMarks = m_bShadows = m_bComaAndTail = m_bFavoritesOnly = false;
   m_LabelsDrawn = m_OrbitsDrawn = 0;
@@ -62,11 +64,21 @@ unsigned char RenderSettings::GetAsterFavo(int number) const { return MarkOf(m_A
 unsigned char RenderSettings::GetCometFavo(int number) const { return MarkOf(m_CometMarks, number); }
 unsigned char RenderSettings::GetSCFavo(int number) const { return MarkOf(m_SpacecraftMarks, number); }
 
-void RenderSettings::SetAsterFavo(int number, unsigned char mark) { m_AsteroidMarks[number] = mark; }
-void RenderSettings::SetCometFavo(int number, unsigned char mark) { m_CometMarks[number] = mark; }
-void RenderSettings::SetSCFavo(int number, unsigned char mark) { m_SpacecraftMarks[number] = mark; }
+void RenderSettings::SetAsterFavo(int number, unsigned char mark) {
+  const ChangesObject use(this, "RenderSettings");
+  m_AsteroidMarks[number] = mark;
+}
+void RenderSettings::SetCometFavo(int number, unsigned char mark) {
+  const ChangesObject use(this, "RenderSettings");
+  m_CometMarks[number] = mark;
+}
+void RenderSettings::SetSCFavo(int number, unsigned char mark) {
+  const ChangesObject use(this, "RenderSettings");
+  m_SpacecraftMarks[number] = mark;
+}
 
 void RenderSettings::ClearFavo() {
+  const ChangesObject use(this, "RenderSettings");
   m_AsteroidMarks.clear();
   m_CometMarks.clear();
   m_SpacecraftMarks.clear();
@@ -74,9 +86,15 @@ void RenderSettings::ClearFavo() {
 
 unsigned char RenderSettings::GetSC(int number) const { return MarkOf(m_Spacecraft, number); }
 
-void RenderSettings::InsertSCelem(int number, unsigned char mark) { m_Spacecraft.emplace(number, mark); }
+void RenderSettings::InsertSCelem(int number, unsigned char mark) {
+  const ChangesObject use(this, "RenderSettings");
+  m_Spacecraft.emplace(number, mark);
+}
 
-void RenderSettings::ClearSC() { m_Spacecraft.clear(); }
+void RenderSettings::ClearSC() {
+  const ChangesObject use(this, "RenderSettings");
+  m_Spacecraft.clear();
+}
 
 bool RenderSettings::IsPlanetInclude(int number) const { return Contains(m_IncludedPlanets, number); }
 

@@ -12,16 +12,19 @@
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
 
 void SettingsData::Reserve(int count) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const int room = std::min(count, kMaxFields - GetFieldCount());
   if (room > 0) m_Fields.reserve(static_cast<std::size_t>(GetFieldCount() + room));
 }
 
 int SettingsData::CreateField(const FieldData* data, int size, bool allowExisting) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   if (!data || size < kFieldHeaderSize || size > kMaxFieldRecordSize) {
     PrintDebugString("Bad parameter 'size = %d' in function SettingsData::CreateField\n", data ? size : 0);
     return -1;
@@ -69,6 +72,7 @@ int SettingsData::InsertIntoSection(int sectionIndex, SettingField* field) {
 }
 
 bool SettingsData::DeleteField(const char* name, int section) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const int sectionIndex = FindSection(static_cast<unsigned>(section), false);
   SettingField* const field = sectionIndex < 0 ? nullptr : FindInSection(sectionIndex, ::GetUniqueID(name));
   if (!field) return false;

@@ -10,6 +10,7 @@
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 #include "utils/version.h"
 
@@ -23,6 +24,7 @@ SettingsData::SettingsData(unsigned id, unsigned owner, const char* fileName)
       m_FileName(ZentharPath::GetPath(fileName)),
       m_ID(id),
       m_Tables(std::make_unique<Tables>()) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   s_WorkspaceVersion = GetWorkspaceVersion();
   LoadCorrectionFields();
 }
@@ -32,6 +34,7 @@ SettingsData::SettingsData(unsigned id, unsigned owner, const char* fileName)
 SettingsData::~SettingsData() { DeleteFields(); }
 
 SettingsData& SettingsData::operator=(const SettingsData& other) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   if (this == &other) return *this;
   SetAside earlier(*this);
   m_Sections = other.m_Sections;
@@ -48,6 +51,7 @@ SettingsData& SettingsData::operator=(const SettingsData& other) {
 
 // Everything that depends on the fields goes with them.
 void SettingsData::DeleteFields() {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   for (SettingField* field : m_Fields) ReleaseField(field);
   m_Fields.clear();
   m_Tables->waiting.Release();
@@ -81,6 +85,7 @@ bool SettingsData::Read2(void* /*reserved*/) { return false; }
 bool SettingsData::Write2(void* /*reserved*/) { return false; }
 
 void SettingsData::SetSectionChanged(unsigned section, bool changed) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   if (section != kNoSection) {
     FlatTable<bool*>& flags = m_Tables->changedFlags;
     bool* flag = flags.Find(section);
@@ -95,6 +100,7 @@ void SettingsData::SetSectionChanged(unsigned section, bool changed) {
 }
 
 bool SettingsData::IsSectionChanged(unsigned section) const {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const auto found = m_SectionChanged.find(section);
   return found == m_SectionChanged.end() || found->second;
 }
@@ -104,6 +110,7 @@ bool SettingsData::GetModifyFlag() { return s_ModifyFlag; }
 void SettingsData::SetModifyFlag(bool modified) { s_ModifyFlag = modified; }
 
 SettingField* SettingsData::GetFieldAt(int index) const {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   return index < 0 || index >= GetFieldCount() ? nullptr : Fields()[static_cast<std::size_t>(index)];
 }
 

@@ -9,6 +9,7 @@
 #include "settings/field_values.h"
 #include "settings/settings_tables.h"
 #include "utils/debug.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -68,12 +69,14 @@ unsigned SettingsData::GetCurSection() const {
 }
 
 unsigned SettingsData::SetCurSection(unsigned section) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const unsigned previous = GetCurSection();
   m_CurSection = FindSection(section, false);
   return previous;
 }
 
 SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   if (object.kind != FourCC("plnt") && object.kind != FourCC("moon")) return nullptr;
   const unsigned previous = SetCurSection(static_cast<unsigned>(object.kind));
   if (m_CurSection < 0) {
@@ -92,6 +95,7 @@ SettingField* SettingsData::GetAtField(const SSO_ID& object, bool verbose) {
 // What is asked for all the time: a field that is where it is looked for. The rest stands apart, so that this
 // has no need to keep anything across a call.
 SettingField* SettingsData::GetAtField(unsigned section, int nameId, bool verbose) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const FieldIndex& index = m_Tables->index;
   if (index.KnowsSections() && index.KnowsFields()) {
     if (section != kNoSection) m_CurSection = index.FindSection(section, false);

@@ -9,6 +9,7 @@
 #include "common_interfaces/settings_data.h"
 #include "settings/field_index.h"
 #include "settings/field_values.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -63,6 +64,7 @@ void Forget(QueryList& list, const BaseQuery* query) {
 }  // namespace
 
 BaseList* SettingsData::CreateQueryList(int section, bool all) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const int index = FindSection(static_cast<unsigned>(section), true);
   if (index < 0) return nullptr;
   const bool on = m_Sections[static_cast<std::size_t>(index)].status != 0;

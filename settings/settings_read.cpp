@@ -7,12 +7,14 @@
 #include "settings/settings_tables.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 
 namespace CommonInterfaces {
 
 // Sections are known by their id across a read: indices mean something else afterwards.
 bool SettingsData::Read(const char* fileName) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const bool hadCurrent = m_CurSection >= 0;
   const unsigned current = GetCurSection();
   SetAside earlier(*this);

@@ -8,10 +8,12 @@
 #include "common_interfaces/settings_data.h"
 #include "settings/settings_block.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 
 namespace CommonInterfaces {
 
 bool SettingsData::Restore(const char* fileName) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   MFile file;
   if (!fileName || !OpenForReading(fileName, file)) return false;
   const SettingsHeader header = ReadSettingsHeader(file);

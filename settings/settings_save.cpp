@@ -14,6 +14,7 @@
 #include "utils/contained_call.h"
 #include "utils/debug.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 #include "utils/replace_file.h"
 
@@ -129,6 +130,7 @@ bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
 }
 
 bool SettingsData::Save(const char* fileName) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   bool isIncomplete = false, isSaved = false;  // without memory neither
   static_cast<void>(RunsThrough([&] {
     isIncomplete = !HasReadWhole(fileName);

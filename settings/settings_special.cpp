@@ -7,6 +7,7 @@
 #include "common_interfaces/settings_data.h"
 #include "settings/field_index.h"
 #include "settings/field_values.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -35,6 +36,7 @@ int SettingsData::FindSectionThatIsOn(int section) const {
 }
 
 bool SettingsData::GetFavoInfo(std::map<int, unsigned char>* favourites, int section) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   favourites->clear();
   const int index = FindSectionThatIsOn(section);
   if (index < 0) return false;
@@ -48,6 +50,7 @@ bool SettingsData::GetFavoInfo(std::map<int, unsigned char>* favourites, int sec
 }
 
 bool SettingsData::GetObjectInfo(std::vector<int>& ids, int section, int type) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   ids.clear();
   const int index = FindSectionThatIsOn(section);
   if (index < 0) return false;
@@ -65,6 +68,7 @@ bool SettingsData::GetObjectInfo(std::vector<int>& ids, int section, int type) {
 }
 
 bool SettingsData::GetIntegrPlnt(SSO_ID* planet) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   planet->kind = planet->number = -1;
   const int index = FindSectionThatIsOn(FourCC("plnt"));
   if (index < 0) return false;
@@ -84,6 +88,7 @@ bool SettingsData::GetIntegrPlnt(SSO_ID* planet) {
 
 // A section that is off is cleared as well: its objects would be integrated again once it is on.
 void SettingsData::ClearIntegrFlag() {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const struct {
     int section;
     unsigned element;
@@ -99,6 +104,7 @@ void SettingsData::ClearIntegrFlag() {
 }
 
 void SettingsData::SetAimObject(const SSO_ID& object) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   if (object == m_AimObject) return;
   if (object.kind != FourCC("plnt") && object.kind != FourCC("moon")) {
     m_AimObject.kind = m_AimObject.number = -1;

@@ -6,6 +6,7 @@
 #include "common_interfaces/settings_field.h"
 #include "settings/settings_tables.h"
 #include "utils/contained_call.h"
+#include "utils/one_thread.h"
 #include "utils/text.h"
 
 namespace CommonInterfaces {
@@ -18,6 +19,7 @@ void SettingsData::NoteChange(bool changed, unsigned section) {
 }
 
 bool SettingsData::GetField(int nameId, void* outData) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const FieldIndex& index = m_Tables->index;
   const bool copied = outData && m_CurSection >= 0 && index.KnowsSections() && index.KnowsFields() &&
                       index.CopyValues(m_CurSection, nameId, outData);
@@ -36,6 +38,7 @@ bool SettingsData::GetField(const char* name, void* outData) {
 }
 
 void SettingsData::SetField(int nameId, const void* inData) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetData(inData), GetCurSection());
 }
@@ -43,41 +46,49 @@ void SettingsData::SetField(int nameId, const void* inData) {
 void SettingsData::SetField(const char* name, const void* inData) { SetField(::GetUniqueID(name), inData); }
 
 unsigned SettingsData::GetFieldType(int nameId) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field ? field->GetType() : 0xFFFFFFFFu;
 }
 
 void SettingsData::SetFieldElement(unsigned section, int nameId, const void* inData, int index) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   SettingField* const field = FindKeepingCurrent(section, nameId);
   if (field) NoteChange(field->SetElement(inData, static_cast<unsigned>(index)), section);
 }
 
 void SettingsData::SetFieldElement(int nameId, const void* inData, int index) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetElement(inData, static_cast<unsigned>(index)), GetCurSection());
 }
 
 bool SettingsData::GetFieldElement(int nameId, void* outData, int index) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field && field->GetElement(outData, static_cast<unsigned>(index));
 }
 
 void SettingsData::SetFieldStatus(unsigned section, int nameId, unsigned char status) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   SettingField* const field = FindKeepingCurrent(section, nameId);
   if (field) NoteChange(field->SetCompareStatus(status), section);
 }
 
 void SettingsData::SetFieldStatus(int nameId, unsigned char status) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   if (field) NoteChange(field->SetCompareStatus(status), GetCurSection());
 }
 
 unsigned char SettingsData::GetFieldStatus(int nameId) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
   return field ? field->GetCompareStatus() : static_cast<unsigned char>(0);
 }
 
 void SettingsData::SetSectionStatus(unsigned section, unsigned char status) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const int index = FindSection(section, false);
   if (index < 0) return;
   SectionRecord& record = m_Sections[static_cast<std::size_t>(index)];
@@ -86,6 +97,7 @@ void SettingsData::SetSectionStatus(unsigned section, unsigned char status) {
 }
 
 unsigned char SettingsData::GetSectionStatus(unsigned section, bool withAlias) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const SectionRecord* const record = GetSectionAt(FindSection(section, withAlias));
   if (!record) return 0;
   if (record->status != 0 || !withAlias) return record->status;
@@ -94,6 +106,7 @@ unsigned char SettingsData::GetSectionStatus(unsigned section, bool withAlias) {
 }
 
 bool SettingsData::SetSectionAlias(unsigned section, unsigned alias) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const int index = FindSection(section, false);
   if (index < 0) return false;
   m_Sections[static_cast<std::size_t>(index)].alias = alias;

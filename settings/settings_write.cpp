@@ -8,12 +8,14 @@
 #include "settings/settings_block.h"
 #include "utils/bytes.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 
 namespace CommonInterfaces {
 
 // A block that is appended leaves every earlier one readable even when the writing stops in the middle.
 bool SettingsData::Write(const char* fileName) {
+  const ChangesObject use(&s_ModifyFlag, "SettingsData");
   const std::string path = ZentharPath::GetWorkPath(fileName);
   const std::vector<unsigned char> head = MakeBlockHead();  // without memory for it no file is touched
   MFile file;

@@ -12,6 +12,7 @@
 #include "text/string_pool.h"
 #include "utils/debug.h"
 #include "utils/file.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 
 namespace CommonInterfaces {
@@ -85,6 +86,7 @@ QX4Strings::QX4Strings() {
 }
 
 bool QX4Strings::Load() {
+  const ChangesObject use(&s_Strings, "QX4Strings");
   const std::string path = ZentharPath::GetPath(kFileName);
   MFile file;
   if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
@@ -102,6 +104,7 @@ bool QX4Strings::Load() {
 }
 
 char* QX4Strings::GetString(unsigned int identifier, bool quiet) {
+  const ReadsObject use(&s_Strings, "QX4Strings");
   if (!s_Strings) return nullptr;
   if (char* const text = s_Strings->Find(identifier)) return text;
   if (!quiet) {
@@ -115,12 +118,14 @@ char const* QX4Strings::GetProgramName() { return GetString(static_cast<unsigned
 void QX4Strings::SetProgrmaNameId(int id) { s_ProgramNameId = id; }
 
 void QX4Strings::StartLocaleUpdate() {
+  const ChangesObject use(&s_Strings, "QX4Strings");
   FinishLocaleUpdate();
   s_PreviousPool = s_Pool;
   s_Pool = nullptr;
 }
 
 void QX4Strings::FinishLocaleUpdate() {
+  const ChangesObject use(&s_Strings, "QX4Strings");
   if (!s_PreviousPool) return;
   // Without a reload in between the entries still point into the pool that goes: they go with it.
   if (!s_Pool && s_Strings) s_Strings->Clear();
@@ -129,6 +134,7 @@ void QX4Strings::FinishLocaleUpdate() {
 }
 
 void QX4Strings::Done() {
+  const ChangesObject use(&s_Strings, "QX4Strings");
   FinishLocaleUpdate();
   delete s_Strings;
   s_Strings = nullptr;

@@ -30,6 +30,8 @@ static_assert(sizeof(ObjectKind) == NamedMemory::kCommonSize);
 
 namespace {
 
+constexpr unsigned long kLookAgainMilliseconds = 20;
+
 long Futex(std::atomic<unsigned>& word, int operation, unsigned value, const timespec* deadline) {
   static_assert(sizeof word == 4);
   return syscall(SYS_futex, &word, operation, value, deadline, nullptr, FUTEX_BITSET_MATCH_ANY);
@@ -108,8 +110,14 @@ std::unique_ptr<WaitObject> WaitObject::Open(bool semaphore, const char* name) {
 }
 
 // Every step under the lock leaves the state whole, so a lock whose holder was killed is simply taken over.
+// A thread that the lock has woken and that is killed before it takes it takes the wake-up along, and the
+// others sleep for a lock that is free. So nobody sleeps for long without looking again.
 bool WaitObject::Lock() {
-  const int result = pthread_mutex_lock(&m_State->mutex);
+  int result = pthread_mutex_trylock(&m_State->mutex);
+  while (result == EBUSY || result == ETIMEDOUT) {
+    const timespec deadline = DeadlineAfter(kLookAgainMilliseconds);
+    result = pthread_mutex_clocklock(&m_State->mutex, CLOCK_MONOTONIC, &deadline);
+  }
   if (result == EOWNERDEAD) return pthread_mutex_consistent(&m_State->mutex) == 0;
   return result == 0;
 }

@@ -8,4 +8,7 @@ namespace utils_internal {
 // from being given to files.
 void PrepareStandardStreams();
 
+// The system's number of the calling thread, the one that debuggers show; never 0.
+unsigned long GetThreadNumber();
+
 }  // namespace utils_internal

@@ -19,6 +19,8 @@ void PrepareStandardStreams() {
   }
 }
 
+unsigned long GetThreadNumber() { return static_cast<unsigned long>(gettid()); }
+
 }  // namespace utils_internal
 
 std::string GetProgramFolder() {

@@ -14,6 +14,8 @@ namespace utils_internal {
 // A closed pipe is a failed writing here, and files never take the place of a standard stream.
 void PrepareStandardStreams() {}
 
+unsigned long GetThreadNumber() { return GetCurrentThreadId(); }
+
 }  // namespace utils_internal
 
 std::string GetProgramFolder() {

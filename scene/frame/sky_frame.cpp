@@ -10,6 +10,7 @@
 #include "scene/display/style_rules.h"
 #include "scene/frame/frame_parts.h"
 #include "scene/visibility/object_tests.h"
+#include "utils/one_thread.h"
 
 namespace scene {
 namespace {
@@ -132,35 +133,57 @@ SkyFrame::SkyFrame(const SkyCatalogs& catalogs)
 
 SkyFrame::~SkyFrame() = default;
 
-void SkyFrame::SetCaption(std::vector<std::string> lines) { m_Parts->caption.SetLines(std::move(lines)); }
+void SkyFrame::SetCaption(std::vector<std::string> lines) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->caption.SetLines(std::move(lines));
+}
 
 void SkyFrame::SetMarkers(const std::vector<CommonInterfaces::MARKER_INFO>& markers) {
+  const ChangesObject use(this, "SkyFrame");
   m_Parts->markers.SetMarkers(markers);
 }
 
-void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) { m_Parts->favourites.SetObjects(objects); }
+void SkyFrame::SetFavourites(const std::vector<SSO_ID>& objects) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->favourites.SetObjects(objects);
+}
 
-void SkyFrame::SetShowers(std::vector<Shower> showers) { m_Parts->radiants.SetShowers(std::move(showers)); }
+void SkyFrame::SetShowers(std::vector<Shower> showers) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->radiants.SetShowers(std::move(showers));
+}
 
-void SkyFrame::SetLandscape(Landscape landscape) { m_Parts->landscape.SetLandscape(std::move(landscape)); }
+void SkyFrame::SetLandscape(Landscape landscape) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->landscape.SetLandscape(std::move(landscape));
+}
 
-void SkyFrame::SetFinders(std::vector<Finder> finders) { m_Parts->finders.SetFinders(std::move(finders)); }
+void SkyFrame::SetFinders(std::vector<Finder> finders) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->finders.SetFinders(std::move(finders));
+}
 
 void SkyFrame::ShowLegend(bool shown) { m_Parts->withLegend = shown; }
 
 void SkyFrame::SetEnlargement(double enlargement) { m_Parts->enlargement = enlargement; }
 
 std::optional<ImageGroup> SkyFrame::SetImageFrames(unsigned groups) {
+  const ChangesObject use(this, "SkyFrame");
   return m_Parts->imageFrames.Load(groups, m_Catalogs);
 }
 
 bool SkyFrame::ShowOrbit(int body, double fadeIn) {
+  const ChangesObject use(this, "SkyFrame");
   return m_Parts->solarSystem.GetOrbits().Show(body, fadeIn);
 }
 
-void SkyFrame::SetTextExtents(const TextExtents& extents) { m_Parts->labels.SetExtents(extents); }
+void SkyFrame::SetTextExtents(const TextExtents& extents) {
+  const ChangesObject use(this, "SkyFrame");
+  m_Parts->labels.SetExtents(extents);
+}
 
 void SkyFrame::FetchTexts() {
+  const ChangesObject use(this, "SkyFrame");
   m_Parts->horizon.FetchTexts();
   m_Parts->grids.FetchTexts();
   m_Parts->radiants.FetchTexts();
@@ -171,6 +194,8 @@ void SkyFrame::FetchTexts() {
 // The parts compute themselves in the order in which they take room for their labels.
 void SkyFrame::Compute(const CommonInterfaces::Camera& camera, const ObserverFrame& observer,
                        const ShownKinds& shown, const ObjectFilters& filters) {
+  const ChangesObject use(this, "SkyFrame");
+  const ReadsObject cameraUse(&camera, "Camera");
   ViewGeometry geometry(camera, observer);
   FrameParts& parts = *m_Parts;
   geometry.unit *= parts.enlargement;

@@ -71,7 +71,10 @@ FORWARD(int, pthread_mutexattr_setrobust, "pthread_mutexattr_setrobust",
         (pthread_mutexattr_t * a, int robust), (a, robust), noexcept, error)
 FORWARD(int, pthread_mutex_init, "pthread_mutex_init", (pthread_mutex_t * m, const pthread_mutexattr_t* a),
         (m, a), noexcept, error)
-FORWARD(int, pthread_mutex_lock, "pthread_mutex_lock", (pthread_mutex_t * m), (m), noexcept, error)
+FORWARD(int, pthread_mutex_trylock, "pthread_mutex_trylock", (pthread_mutex_t * m), (m), noexcept, error)
+FORWARD(int, pthread_mutex_clocklock, "pthread_mutex_clocklock",
+        (pthread_mutex_t * m, clockid_t clock, const timespec* deadline), (m, clock, deadline), noexcept,
+        error)
 FORWARD(int, pthread_mutex_consistent, "pthread_mutex_consistent", (pthread_mutex_t * m), (m), noexcept,
         error)
 FORWARD(int, pthread_create, "pthread_create",

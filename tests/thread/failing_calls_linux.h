@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Calls of threads and named objects to the system that fail, one at a time. A test program that has
-// failing_calls_linux.cpp among its sources counts them: pthread_mutexattr_*, pthread_mutex_init, _lock and
-// _consistent, pthread_create and _join, setpriority, socket, bind, opendir, open, fstat, memfd_create,
-// ftruncate, mmap, futex.
+// failing_calls_linux.cpp among its sources counts them: pthread_mutexattr_*, pthread_mutex_init, _trylock,
+// _clocklock and _consistent, pthread_create and _join, setpriority, socket, bind, opendir, open, fstat,
+// memfd_create, ftruncate, mmap, futex.
 #pragma once
 
 #include <string>

@@ -143,22 +143,30 @@ TEST(FailingCalls, LockOfTheNamesIsWaitedFor) {
 TEST(FailingCalls, SemaphoreIsNeitherTakenNorGivenBack) {
   thread::Semaphore semaphore(1ul);
   {
-    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    const FailingCall fault(0, EINVAL, "pthread_mutex_trylock");
     EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(); }),
               "Lock of the semaphore failed.");
   }
   {
-    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    const FailingCall fault(0, EINVAL, "pthread_mutex_trylock");
     EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.unlock(); }), "Can't unlock semaphore.");
   }
   EXPECT_EQ(semaphore.lock(0), thread::kSignalled) << "still the one that it had";
   EXPECT_EQ(semaphore.lock(0), thread::kTimedOut);
 }
 
+// Somebody else holds the lock: it is waited for, until it can be had or cannot.
+TEST(FailingCalls, LockOfASemaphoreIsWaitedFor) {
+  thread::Semaphore semaphore(1ul);
+  FailingCall fault(0, EBUSY, "pthread_mutex_trylock");
+  EXPECT_EQ(semaphore.lock(0), thread::kSignalled);
+  EXPECT_EQ(fault.GetCall(), "pthread_mutex_trylock");
+}
+
 // The holder of the lock was killed, and the lock cannot be taken over.
 TEST(FailingCalls, LockOfAKilledHolderThatCannotBeMendedIsAFailure) {
   thread::Semaphore semaphore(1ul);
-  const FailingCall fault(0, EOWNERDEAD, "pthread_mutex_lock");
+  const FailingCall fault(0, EOWNERDEAD, "pthread_mutex_trylock");
   EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(); }), "Lock of the semaphore failed.")
       << "nobody holds it, so the system refuses to mend it";
 }
@@ -178,13 +186,13 @@ TEST(FailingCalls, SleepThatASignalEndsGoesOn) {
 TEST(FailingCalls, EventStaysAsItIs) {
   thread::SyncEvent event(false, true);
   {
-    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    const FailingCall fault(0, EINVAL, "pthread_mutex_trylock");
     EXPECT_EQ(MessageOf<thread::SyncEvent::Error>([&] { event.set(); }), "Can't set event.");
   }
   EXPECT_EQ(event.wait(0), thread::kTimedOut);
   event.set();
   {
-    const FailingCall fault(0, EINVAL, "pthread_mutex_lock");
+    const FailingCall fault(0, EINVAL, "pthread_mutex_trylock");
     EXPECT_EQ(MessageOf<thread::SyncEvent::Error>([&] { event.reset(); }), "Can't reset event.");
   }
   EXPECT_EQ(event.wait(0), thread::kSignalled);
