@@ -14,6 +14,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent))
 
 import check_sums  # noqa: E402
 import command_table  # noqa: E402
+import damage  # noqa: E402
 import damages  # noqa: E402
 import program_runs  # noqa: E402
 from roots import Root  # noqa: E402
@@ -67,6 +68,21 @@ class WhatIsWrongWithARun(unittest.TestCase):
         self.assertEqual(problems("skydata", ["strings", "pseudo"], output=b"\xff\n"), [])
 
 
+class WhatMustBeRefused(unittest.TestCase):
+    def refused(self, kind, words, name="data/catalogs/stars.txt"):
+        return damage.must_be_refused(damage.Case(1, kind, name, {}, words.split()))
+
+    def test_a_file_that_is_none_by_whoever_is_asked_for_it(self):
+        for kind in (damages.FOLDER, damages.NOWHERE, damages.LOCKED):
+            self.assertTrue(self.refused(kind, "skydata show @FILE@"))
+            self.assertTrue(self.refused(kind, "skydata lint @ALONE@"))
+            self.assertFalse(self.refused(kind, "skyview limits"))
+        self.assertTrue(self.refused(damages.DEVICE, "skydata lint @DATA@"))
+        self.assertFalse(self.refused(damages.DEVICE, "skydata show @FILE@"))
+        self.assertFalse(self.refused("cut", "skydata lint @ALONE@"))
+        self.assertFalse(self.refused(damages.FOLDER, "skydata lint @ALONE@", "data/media/maps/mars.jpg"))
+
+
 class RunsUnderLimits(unittest.TestCase):
     def execute(self, text, seconds=30):
         return program_runs.execute([sys.executable, "-c", text], dict(os.environ), "/", seconds)
@@ -102,9 +118,9 @@ class Damages(unittest.TestCase):
              "data/catalogs/a.txt": b"Number:i32\n" + b"12\t3.5e2\n" * 50, "data/catalogs/milkyway.map": bytes(400)}
 
     def test_each_changes_the_file_it_is_asked_to(self):
-        for kind, damage in damages.KINDS.items():
+        for kind, make in damages.KINDS.items():
             for name in self.FILES:
-                made = [damage(random.Random(seed), self.FILES, name) for seed in range(20)]
+                made = [make(random.Random(seed), self.FILES, name) for seed in range(20)]
                 if None in made:
                     continue
                 with self.subTest(kind=kind, name=name):
@@ -112,9 +128,9 @@ class Damages(unittest.TestCase):
                     self.assertTrue(any(changes[name] != self.FILES[name] for changes in made))
 
     def test_same_seed_makes_the_same(self):
-        for kind, damage in damages.KINDS.items():
+        for kind, make in damages.KINDS.items():
             for name in self.FILES:
-                self.assertEqual(*(damage(random.Random(5), self.FILES, name) for _ in range(2)), kind)
+                self.assertEqual(*(make(random.Random(5), self.FILES, name) for _ in range(2)), kind)
 
     def test_alike_files_are_swapped_with_their_like(self):
         changes = damages.swapped_alike(random.Random(1), self.FILES, "data/views/a.data")

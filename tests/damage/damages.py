@@ -11,6 +11,8 @@ import check_sums
 # What stands in the place of a file and is none that can be read.
 FOLDER, DEVICE, NOWHERE, LOCKED, GONE = "a folder", "a device", "a link to nowhere", "no right to read", "nothing"
 
+UNREADABLE = (DEVICE, FOLDER, NOWHERE, LOCKED)  # the first of them reads as an empty file
+
 # Files that one reader reads: each may stand in the place of another.
 ALIKE = ["data/views/*", "data/gazetteers/*", "data/*qxstrings.txt", "data/media/maps/*", "data/media/surface/*.svg",
          "data/*.prepared", "data/*.tiles", "data/media/find/*.bin", "data/media/skyobjects/*.dat", "data/*.data",

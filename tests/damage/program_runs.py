@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """One run of a program under limits, and what is wrong with how it ended."""
 import collections
+import contextlib
 import os
 import signal
 import subprocess
@@ -21,6 +22,12 @@ NOBODY = 65534
 WRITES_BYTES = ("pseudo",)
 
 
+def end(process):
+    """Popen.kill would take the process's status away from whoever waits for it."""
+    with contextlib.suppress(ProcessLookupError):
+        os.kill(process, signal.SIGKILL)
+
+
 def execute(words, environment, folder, seconds, user=None):
     """Ends the program after so many seconds of its own time, or three times as many of the clock's."""
     with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
@@ -29,7 +36,7 @@ def execute(words, environment, folder, seconds, user=None):
         limited = ["prlimit", f"--cpu={seconds}:{seconds + 1}", *words]
         process = subprocess.Popen(limited, cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=output,
                                    stderr=errors, **rights)
-        late = threading.Timer(3 * seconds, process.kill)
+        late = threading.Timer(3 * seconds, end, [process.pid])
         late.start()
         _, status, usage = os.wait4(process.pid, 0)
         late.cancel()
