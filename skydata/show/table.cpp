@@ -48,7 +48,7 @@ std::string FormatCellAsJson(const ShownCell& cell) {
   return cell.text.empty() ? "null" : cell.text;
 }
 
-// A longer text moves what stands behind it in its own line: one of a damaged file, as long as the file, would
+// A longer text moves what follows in its own line: one of a damaged file, as long as the file, would
 // otherwise be the width of every line.
 constexpr int kWidestColumn = 200;
 
