@@ -10,7 +10,8 @@ namespace skydata {
 namespace {
 
 TEST(ShownTable, ColumnsAreAsWideAsTheirWidestText) {
-  const ShownTable table = {{"n", "name"}, {{ShownCell::Number("7"), "x"}, {ShownCell::Number("10"), "long"}}};
+  const ShownTable table = {{"n", "name"},
+                            {{ShownCell::Number("7"), "x"}, {ShownCell::Number("10"), "long"}}};
   EXPECT_EQ(FormatTable(table), " n  name\n 7  x\n10  long\n");
 }
 
@@ -19,8 +20,8 @@ TEST(ShownTable, ATextOfMoreThan200CharactersDoesNotWidenTheOtherLines) {
   const std::string endless(100'000, 'a'), full(200, 'b');
   const ShownTable table = {{"name", "n"}, {{endless, "1"}, {full, "2"}, {"c", "3"}}};
   const std::string blanks(196, ' ');
-  EXPECT_EQ(FormatTable(table), "name" + blanks + "  n\n" + endless + "  1\n" + full + "  2\n" + "c" + blanks +
-                                    "     3\n");
+  EXPECT_EQ(FormatTable(table),
+            "name" + blanks + "  n\n" + endless + "  1\n" + full + "  2\n" + "c" + blanks + "     3\n");
 }
 
 }  // namespace
