@@ -38,6 +38,15 @@ def commands_for(commands, name):
     return found
 
 
+def find_gaps(commands, names):
+    """Files that no command reads besides those of every file, and patterns that no file fits; lines to print."""
+    special = [command for command in commands if command.patterns != ["*"]]
+    unread = [name for name in names if not commands_for(special, name)]
+    idle = {pattern for command in commands for pattern in command.patterns
+            if not any(fnmatch.fnmatchcase(name, pattern) for name in names)}
+    return [f"nothing reads {name}" for name in sorted(unread)] + [f"no file is {pattern}" for pattern in sorted(idle)]
+
+
 def filled_in(words, places):
     """The words with the marks @NAME@ replaced."""
     return [re.sub("@([A-Z]+)@", lambda mark: places[mark[1]], word) for word in words]

@@ -91,9 +91,9 @@ class Campaign:
         self.files = {name: (self.base / name).read_bytes() for part in ("data", "work")
                       for name in (f"{part}/{below}" for below in files_below(self.base / part))}
         self.commands = command_table.read_commands(HERE / "commands.txt")
-        for name in self.files:
-            if not command_table.commands_for(self.commands, name)["skydata"]:
-                raise SystemExit(f"commands.txt: nothing reads {name}")
+        gaps = command_table.find_gaps(self.commands, self.files)
+        if gaps:
+            raise SystemExit("\n".join("commands.txt: " + gap for gap in gaps))
         self.limits = program_runs.Limits(SECONDS, options.mebibytes)
         self.failures = options.out / "failures"
         self.threads = threading.local()

@@ -181,6 +181,13 @@ class CommandTable(unittest.TestCase):
         self.assertEqual(list(command_table.commands_for(commands, "data/abc")), ["skyview"])
         self.assertEqual(list(command_table.commands_for(commands, "data/c")), [])
 
+    def test_files_that_nothing_reads_and_patterns_of_nothing_are_told(self):
+        commands = [command_table.Command(["skydata", "lint"], ["*"]),
+                    command_table.Command(["skyview", "draw"], ["data/a*", "data/old"])]
+        self.assertEqual(command_table.find_gaps(commands, ["data/a1", "data/b"]),
+                         ["nothing reads data/b", "no file is data/old"])
+        self.assertEqual(command_table.find_gaps(commands, ["data/a1", "data/old"]), [])
+
 
 if __name__ == "__main__":
     unittest.main()
