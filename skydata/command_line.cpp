@@ -3,14 +3,36 @@
 #include "skydata/command_line.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <ostream>
+#include <set>
 #include <stdexcept>
 
 #include "skydata/files/printable_stream.h"
+#include "utils/debug.h"
+#include "utils/messages.h"
 
 namespace skydata {
 namespace {
+
+// Hands on what the library's readers complain of while it lives, each fault in one line and once.
+class Diagnostics {
+ public:
+  explicit Diagnostics(std::ostream& errors) : m_Errors(errors) {
+    SetDebugSink([](const char* text, void* self) { static_cast<Diagnostics*>(self)->Tell(text); }, this);
+  }
+  ~Diagnostics() { SetDebugSink(nullptr, nullptr); }
+  Diagnostics(const Diagnostics&) = delete;
+  Diagnostics& operator=(const Diagnostics&) = delete;
+
+ private:
+  void Tell(const char* text) {
+    const std::string line = MakeOneLine(text);
+    if (m_Told.insert(line).second) m_Errors << line << '\n';
+  }
+
+  std::ostream& m_Errors;
+  std::set<std::string> m_Told;
+};
 
 struct Chosen {
   Action action;
@@ -32,9 +54,8 @@ void DeclareAll(const std::vector<Command>& commands, CLI::App& parser, Chosen& 
   }
 }
 
-int RefuseUsage(std::string reason, std::ostream& errors) {
-  std::replace(reason.begin(), reason.end(), '\n', ' ');
-  errors << "skydata: " << reason << " (skydata --help)\n";
+int RefuseUsage(const std::string& reason, std::ostream& errors) {
+  errors << "skydata: " << MakeOneLine(reason) << " (skydata --help)\n";
   return kBadUsage;
 }
 
@@ -78,6 +99,7 @@ int ParseAndRun(const std::vector<std::string>& arguments, std::ostream& output,
 // Nothing counts as said that could not be written.
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
   PrintableStream lines(errors);
+  const Diagnostics diagnostics(lines);
   const int code = ParseAndRun(arguments, output, lines);
   if (output.flush()) return code;
   lines << "skydata: standard output: cannot be written\n";

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "utils/messages.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 
@@ -39,6 +40,12 @@ std::string MakePrintable(const std::string& text) {
     for (const char byte : bytes) printable += FormatText("\\x%02X", static_cast<unsigned char>(byte));
   }
   return printable;
+}
+
+std::string MakeOneLine(std::string text) {
+  while (text.ends_with('\n')) text.pop_back();
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
 }
 
 std::string JoinNames(const std::vector<std::string>& names) {

@@ -83,11 +83,26 @@ void CheckFolder(const fs::path& path, LintRun& run) {
   LintReport(name, run.findings).Add(LintCode::kUnreadable, 0, 0, "the folder cannot be read");
 }
 
+// A folder, a device or a pipe where a reader wants a file; none is opened, because a pipe makes wait.
+void CheckPlaceOfFile(const fs::directory_entry& entry, LintRun& run) {
+  const std::string name = entry.path().lexically_relative(run.root).generic_string();
+  const DataKind kind = KindOfName(name);
+  const bool isRead = kind != DataKind::kUnknown && kind != DataKind::kOthers && kind != DataKind::kNote;
+  if (!isRead || !IsInPlace(name)) return;
+  LintReport(name, run.findings)
+      .Add(LintCode::kUnreadable, 0, 0,
+           entry.is_directory() ? "a folder stands in the place of the file" : "the file is no regular file");
+}
+
 void CollectFiles(LintRun& run) {
   const auto options = fs::directory_options::skip_permission_denied;
   for (const auto& entry : fs::recursive_directory_iterator(run.root, options)) {
     if (entry.is_directory() && !entry.is_symlink()) CheckFolder(entry.path(), run);
-    if (entry.is_regular_file() || (entry.is_symlink() && !entry.exists())) AddFile(entry.path(), run);
+    if (entry.is_regular_file() || (entry.is_symlink() && !entry.exists())) {
+      AddFile(entry.path(), run);
+    } else {
+      CheckPlaceOfFile(entry, run);
+    }
   }
   std::sort(run.files.begin(), run.files.end(),
             [](const LintFile& a, const LintFile& b) { return a.name < b.name; });

@@ -48,6 +48,10 @@ std::string FormatCellAsJson(const ShownCell& cell) {
   return cell.text.empty() ? "null" : cell.text;
 }
 
+// A longer text moves what follows in its own line: one of a damaged file, as long as the file, would
+// otherwise be the width of every line.
+constexpr int kWidestColumn = 200;
+
 std::vector<int> MeasureColumns(const ShownTable& table) {
   std::vector<int> widths;
   for (const std::string& column : table.columns) widths.push_back(CountCharacters(column));
@@ -55,11 +59,12 @@ std::vector<int> MeasureColumns(const ShownTable& table) {
     for (std::size_t i = 0; i < row.size(); ++i)
       widths[i] = std::max(widths[i], CountCharacters(row[i].text));
   }
+  for (int& width : widths) width = std::min(width, kWidestColumn);
   return widths;
 }
 
 void AppendCell(const std::string& text, bool isRight, int width, std::string& line) {
-  const std::string fill(static_cast<std::size_t>(width - CountCharacters(text)), ' ');
+  const std::string fill(static_cast<std::size_t>(std::max(width - CountCharacters(text), 0)), ' ');
   if (!line.empty()) line += "  ";
   line += isRight ? fill + text : text + fill;
 }

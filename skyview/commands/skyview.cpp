@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/skyview.h"
 
+#include <set>
 #include <stdexcept>
 
 #include "skyview/commands/command_table.h"
@@ -44,6 +45,15 @@ int Print(const std::string& text, std::ostream& output, std::ostream& errors) {
   return output ? kDone : Fail("standard output: cannot be written", kBadData, errors);
 }
 
+// Each fault in one line, once: a text that is missing is missed wherever it is wanted.
+void PrintDiagnostics(const std::vector<std::string>& lines, std::ostream& errors) {
+  std::set<std::string> told;
+  for (const auto& text : lines) {
+    const std::string line = MakeOneLine(scene::MessageToUtf8(text));
+    if (told.insert(line).second) errors << "skyview: " << MakePrintable(line) << "\n";
+  }
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, const std::string& programFolder, std::ostream& output,
@@ -51,10 +61,8 @@ int Run(const std::vector<std::string>& arguments, const std::string& programFol
   Diagnostics diagnostics;
   try {
     const int code = Print(RunCommand(arguments, programFolder, clock, diagnostics), output, errors);
-    if (code != kDone) return code;
-    for (const auto& line : diagnostics.lines)
-      errors << "skyview: " << MakePrintable(scene::MessageToUtf8(line));
-    return kDone;
+    if (code == kDone) PrintDiagnostics(diagnostics.lines, errors);
+    return code;
   } catch (const Stop& stop) {
     return stop.code == kDone ? Print(stop.message, output, errors) : Fail(stop.message, stop.code, errors);
   } catch (const std::runtime_error& error) {  // of the standard library

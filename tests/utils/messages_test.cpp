@@ -31,6 +31,13 @@ TEST(MakePrintable, ControlsAndBytesOfNoCharacterAreEscaped) {
   EXPECT_EQ(MakePrintable("\xFF\xC3(\xED\xA0\x80\xE2\x82"), "\\xFF\\xC3(\\xED\\xA0\\x80\\xE2\\x82");
 }
 
+TEST(MakeOneLine, LineFeedsAreBlanksInsideAndNothingAtTheEnd) {
+  EXPECT_EQ(MakeOneLine("Conflict\nOld: a\nNew: b\n"), "Conflict Old: a New: b");
+  EXPECT_EQ(MakeOneLine("\na\n\n"), " a");
+  EXPECT_EQ(MakeOneLine("\n"), "");
+  EXPECT_EQ(MakeOneLine(""), "");
+}
+
 TEST(JoinNames, CommasStandBetween) {
   EXPECT_EQ(JoinNames({"A", "B", "C"}), "A, B, C");
   EXPECT_EQ(JoinNames({"A"}), "A");

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
+#include <set>
 #include <sstream>
 
 #include "skydata/command_line.h"
@@ -29,6 +30,17 @@ TEST_F(StringsCommand, CheckOfGoodTablesPrintsNothingAndEndsWithZero) {
   const std::string russian = m_Dir.Write("ru/s.txt", skydata_test::ReadShippedStrings("ru"));
   EXPECT_EQ(RunStrings({"check", english, russian}), kDone);
   EXPECT_EQ(m_Output + m_Errors, "");
+}
+
+// By the reader itself, which quotes the file.
+TEST_F(StringsCommand, ShowTellsEachFaultOfTheTableOnceInOneLine) {
+  m_Dir.Write("data/languages/en/qxstrings.txt", "7200\tone\n7200\ttwo\x1B\n");
+  EXPECT_EQ(RunStrings({"show", "--data", m_Dir.Path("data"), "--language", "en"}), kDone);
+  EXPECT_EQ(m_Errors.substr(0, m_Errors.find('\n')), "Strings conflict, ID = 7200 Old: one New: two\\x1B");
+  std::istringstream lines(m_Errors);
+  std::set<std::string> told;
+  for (std::string line; std::getline(lines, line);) EXPECT_TRUE(told.insert(line).second) << line;
+  EXPECT_GT(told.size(), 10u);
 }
 
 TEST_F(StringsCommand, CheckPrintsALineForEachFindingAndEndsWithOne) {

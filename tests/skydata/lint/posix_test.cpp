@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Files and folders that their owner has locked.
+// Files and folders that their owner has locked, and what is neither.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -51,6 +51,27 @@ TEST(LintLockedDeathTest, LockedFilesAndFoldersAreToldAndTheOthersChecked) {
            "media/find/:0:0: error: unreadable: the folder cannot be read\n"
            "media/surface/panoramas.ini:1:5: error: too-few-fields: the line has 1 fields, wants 7\n";
   });
+}
+
+// Nobody opens the pipe for writing: whoever reads it waits.
+TEST(LintPlaces, FoldersPipesAndDevicesInPlacesOfFilesAreTold) {
+  const test_support::TempDir dir;
+  std::filesystem::create_directories(dir.Path("root/catalogs/milkyway.map"));
+  std::filesystem::create_directories(dir.Path("root/catalogs/comets"));     // a folder of the root
+  std::filesystem::create_directories(dir.Path("root/media/milkyway.map"));  // nothing looks for it there
+  std::filesystem::create_directories(dir.Path("elsewhere"));
+  std::filesystem::create_directory_symlink(dir.Path("elsewhere"), dir.Path("root/filters.data"));
+  std::filesystem::create_symlink("/dev/null", dir.Path("root/catalogs/stars.prepared"));
+  std::filesystem::create_symlink("nowhere", dir.Path("root/catalogs/stars.txt"));
+  ASSERT_EQ(mkfifo(dir.Path("root/catalogs/satellites.tle").c_str(), S_IRWXU), 0);
+  std::string lines;
+  for (const LintFinding& finding : Lint(dir.Path("root"))) lines += FormatFinding("", finding);
+  EXPECT_EQ(lines,
+            "catalogs/milkyway.map:0:0: error: unreadable: a folder stands in the place of the file\n"
+            "catalogs/satellites.tle:0:0: error: unreadable: the file is no regular file\n"
+            "catalogs/stars.prepared:0:0: error: unreadable: the file is no regular file\n"
+            "catalogs/stars.txt:0:0: error: unreadable: the file cannot be read\n"
+            "filters.data:0:0: error: unreadable: a folder stands in the place of the file\n");
 }
 
 TEST(LintLockedDeathTest, ALockedRootThrows) {

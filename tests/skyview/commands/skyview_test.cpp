@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "skyview/small_sky.h"
 #include "support/full_stream.h"
@@ -263,8 +264,21 @@ TEST(Skyview, DiagnosticsThatQuoteATextAreUtf8) {
   sky.dir.Write("data/languages/ru/qxstrings.txt",
                 host_test::ShippedStrings("ru") + "7227\t\xCF\xEE\xEB\xE5\n");
   ASSERT_EQ(sky.Run(With(kOrion, {"--language", "ru"})), 0);
-  EXPECT_TRUE(Contains(sky.errors.str(), "New: Поле\n")) << sky.errors.str();
-  EXPECT_TRUE(Contains(sky.errors.str(), "Old: Поле зрения: %s на %s\n")) << sky.errors.str();
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: Strings conflict, ID = 7227 Old: Поле зрения: %s на %s New: Поле");
+}
+
+TEST(Skyview, DiagnosticIsToldOnceHoweverOftenATextIsMissed) {
+  SmallSky sky;
+  sky.dir.Write("data/languages/en/qxstrings.txt", "7227\tField\n");
+  ASSERT_EQ(sky.Run(kOrion), 0);
+  const std::string all = sky.errors.str();
+  std::istringstream lines(all);
+  std::set<std::string> told;
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_TRUE(StartsWith(line, "skyview: ")) << line;
+    EXPECT_TRUE(told.insert(line).second) << line;
+  }
+  EXPECT_TRUE(told.count("skyview: String with ID = 7200 not found in file qxstrings.txt")) << all;
 }
 
 TEST(Skyview, UnknownLanguageIsExitTwoWithOneLineThatNamesThoseThatExist) {

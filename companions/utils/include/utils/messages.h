@@ -18,5 +18,9 @@ UTILS_API std::string FormatText(const char* format, ...) UTILS_PRINTF_FORMAT(1,
 // thread.
 UTILS_API std::string MakePrintable(const std::string& text);
 
+// The text without line feeds at its end, with blanks in place of those inside: a diagnostic that quotes a
+// file may have several lines. Any thread.
+UTILS_API std::string MakeOneLine(std::string text);
+
 // "A, B, C"; "" for none. Any thread.
 UTILS_API std::string JoinNames(const std::vector<std::string>& names);
