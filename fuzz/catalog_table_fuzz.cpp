@@ -51,7 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   deferred.Select(0);
   Require(deferred.GetCount() == table.GetCount(), "the same records, later");
   const skydata::CatalogData lines = skydata::ReadCatalog(skydata::SplitPlainLines(bytes));
-  Require(static_cast<std::size_t>(table.GetCount()) <= lines.records.size(), "a record is a line of the file");
+  Require(static_cast<std::size_t>(table.GetCount()) <= lines.records.size(),
+          "a record is a line of the file");
   Compare(table, deferred, lines);
   return 0;
 }

@@ -69,8 +69,7 @@ void CheckDoubles(Input& input) {
     const auto isOnEdge = [](double p, double q, int low, int high) {
       return (p <= low && q <= low) || (p >= high - 1 && q >= high - 1);
     };
-    const bool isAlongEdge =
-        isOnEdge(a.x, b.x, r.left, r.right) || isOnEdge(a.y, b.y, r.top, r.bottom);
+    const bool isAlongEdge = isOnEdge(a.x, b.x, r.left, r.right) || isOnEdge(a.y, b.y, r.top, r.bottom);
     const double length =
         exact ? static_cast<double>(std::hypot(exact->x1 - exact->x0, exact->y1 - exact->y0)) : 0.0;
     Require(isAlongEdge || length <= 2 * tolerance, "what is refused is certainly invisible");

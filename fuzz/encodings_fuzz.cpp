@@ -33,7 +33,8 @@ void CheckPage(CodePage page, const std::string& text) {
   if (Utf8ToCodePage(page, text, &bytes, &bad)) {
     Require(IsUtf8(text) && CodePageToUtf8(page, bytes) == text, "UTF-8 that fits the page comes back");
   } else {
-    Require(bytes.empty() && bad >= 0 && bad < static_cast<int>(text.size()), "or the byte that does not fit");
+    Require(bytes.empty() && bad >= 0 && bad < static_cast<int>(text.size()),
+            "or the byte that does not fit");
   }
 }
 
@@ -54,7 +55,8 @@ void CheckJson(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  for (const CodePage page : {CodePage::kCyrillic, CodePage::kWestern, CodePage::kGreek}) CheckPage(page, text);
+  for (const CodePage page : {CodePage::kCyrillic, CodePage::kWestern, CodePage::kGreek})
+    CheckPage(page, text);
   CheckJson(text);
   return 0;
 }

@@ -64,8 +64,7 @@ void TakeView(Input& input, const SkyCatalogs& catalogs) {
   // Towards a star of the catalog, in a frame that stands still among the stars: few views see one else.
   if (input.TakeBool() && catalogs.starTiles[0].GetCount() > 0) {
     sky.camera.SetBasePlane(2);
-    const StarTileRecords found =
-        catalogs.starTiles[0].FindNumber(catalogs.starTiles[0].GetLowestNumber());
+    const StarTileRecords found = catalogs.starTiles[0].FindNumber(catalogs.starTiles[0].GetLowestNumber());
     if (found.GetCount() > 0) {
       const Direction direction = found[0].GetDirection();
       angles.lon = std::atan2(direction.v[1], direction.v[0]);

@@ -41,7 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Camera camera(1);
     camera.CreateDefault();
     const double zoom = camera.GetZoom();
-    if (!camera.ReadSelf(path.c_str(), id)) Require(camera.GetZoom() == zoom, "what is refused changes nothing");
+    if (!camera.ReadSelf(path.c_str(), id))
+      Require(camera.GetZoom() == zoom, "what is refused changes nothing");
     Look(camera);
     scratch.Remove("work/again.data");
     Require(camera.SaveSelfAll("again.data", 3), "a view can be saved");

@@ -30,7 +30,8 @@ void Check(const std::string& text) {
   capsule.place = "untouched";
   std::string error;
   if (!scene::ParseSession(text, capsule, error)) {
-    Require(capsule.place == "untouched" && capsule.view.empty(), "a session that is refused changes nothing");
+    Require(capsule.place == "untouched" && capsule.view.empty(),
+            "a session that is refused changes nothing");
     Require(!error.empty(), "and says why");
     return;
   }

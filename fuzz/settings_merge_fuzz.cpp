@@ -44,7 +44,8 @@ class Comparison : private RandomSettings {
 
   static std::string Write(const char* name, const ModelFile& file) {
     const std::string bytes = file.Bytes();
-    return fuzz::Scratch::Get().Write(name, reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    return fuzz::Scratch::Get().Write(name, reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                      bytes.size());
   }
 
   void Step(int kind) {
@@ -64,7 +65,8 @@ class Comparison : private RandomSettings {
       case 5: {
         const std::string text = NameOf(Random(kNames));
         const bool isDeleted = m_Model.DeleteField(::GetUniqueID(text.c_str()), section);
-        return Require(m_Real.DeleteField(text.c_str(), static_cast<int>(section)) == isDeleted, "both delete");
+        return Require(m_Real.DeleteField(text.c_str(), static_cast<int>(section)) == isDeleted,
+                       "both delete");
       }
       case 6:
         return FindObjects(section);

@@ -18,10 +18,21 @@ namespace {
 
 using fuzz::Require;
 
-constexpr const char* kTables[] = {
-    "stars.txt",         "deepsky.txt",         "ngc_ic.txt",    "constellations.txt", "constellation_lines.txt",
-    "constellation_bounds.txt", "nebula_outlines.txt", "asteroids.txt", "comets.txt",  "names.txt",
-    "asterisms.txt",     "asterism_lines.txt",  "double_stars.txt", "cities.txt",      "moon_features.txt"};
+constexpr const char* kTables[] = {"stars.txt",
+                                   "deepsky.txt",
+                                   "ngc_ic.txt",
+                                   "constellations.txt",
+                                   "constellation_lines.txt",
+                                   "constellation_bounds.txt",
+                                   "nebula_outlines.txt",
+                                   "asteroids.txt",
+                                   "comets.txt",
+                                   "names.txt",
+                                   "asterisms.txt",
+                                   "asterism_lines.txt",
+                                   "double_stars.txt",
+                                   "cities.txt",
+                                   "moon_features.txt"};
 
 bool IsDirection(const scene::Direction& direction) {
   const double square = scene::Dot(direction, direction);
@@ -50,7 +61,8 @@ void LookAtObjects(const scene::SkyCatalogs& catalogs) {
   for (const auto& point : catalogs.nebulaOutlines.points) Require(IsDirection(point), "a vertex");
   for (int i = 0; i < 12; ++i) {
     const int found = catalogs.bounds.Find(scene::MakeDirection(0.5 * i, 0.25 * i - 1.4));
-    Require(found >= -1 && found < static_cast<int>(catalogs.constellations.size()), "a constellation or none");
+    Require(found >= -1 && found < static_cast<int>(catalogs.constellations.size()),
+            "a constellation or none");
   }
   for (const auto& body : catalogs.bodies) Require(scene::GetBodyLabel(body).size() < 4096, "a label");
 }

@@ -59,7 +59,8 @@ ZoneFileBuilder TakeZone(Input& input) {
   for (int count = 1 + input.TakeBelow(20); count > 0; --count) {
     time += 86400LL * (2 + input.TakeBelow(4000)) + input.TakeBelow(65536);
     if (time >= kLast) break;
-    zone.changes.push_back({time, static_cast<unsigned char>(input.TakeBelow(static_cast<int>(zone.types.size())))});
+    zone.changes.push_back(
+        {time, static_cast<unsigned char>(input.TakeBelow(static_cast<int>(zone.types.size())))});
   }
   // The footer's rule goes on from the last change: its standard time is that of the last type.
   const int last = zone.types[zone.changes.empty() ? 0 : zone.changes.back().type].offset;
@@ -96,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const long long first = zone.changes.front().time;
   for (int i = 0; i < 40; ++i) {
     long long moment = first + input.TakeBits<std::uint32_t>() % static_cast<unsigned>(kLast - first);
-    if (i < static_cast<int>(zone.changes.size())) moment = zone.changes[static_cast<std::size_t>(i)].time + i % 3 - 1;
+    if (i < static_cast<int>(zone.changes.size()))
+      moment = zone.changes[static_cast<std::size_t>(i)].time + i % 3 - 1;
     if (moment < first) continue;
     // Whole seconds are further apart than the doubles of Julian dates.
     const double julian = 2440587.5 + static_cast<double>(moment) / 86400.0;
