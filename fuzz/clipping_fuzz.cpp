@@ -66,13 +66,15 @@ void CheckDoubles(Input& input) {
   const double slant = dx == 0.0 || dy == 0.0 ? 0.0 : std::max(dx / dy, dy / dx);
   const double tolerance = 8 * std::numeric_limits<double>::epsilon() * kMost * (1.0 + slant);
   if (!isVisible) {
-    const auto isOnEdge = [](double p, double q, int low, int high) {
+    const auto areBeyond = [](double p, double q, int low, int high) {
       return (p <= low && q <= low) || (p >= high - 1 && q >= high - 1);
     };
-    const bool isAlongEdge = isOnEdge(a.x, b.x, r.left, r.right) || isOnEdge(a.y, b.y, r.top, r.bottom);
+    const auto isOnEdge = [&r](double y) { return y == r.top || y == r.bottom - 1; };
+    const bool touchesEdge = areBeyond(a.x, b.x, r.left, r.right) || areBeyond(a.y, b.y, r.top, r.bottom) ||
+                             isOnEdge(a.y) || isOnEdge(b.y);
     const double length =
         exact ? static_cast<double>(std::hypot(exact->x1 - exact->x0, exact->y1 - exact->y0)) : 0.0;
-    Require(isAlongEdge || length <= 2 * tolerance, "what is refused is certainly invisible");
+    Require(touchesEdge || length <= 2 * tolerance, "what is refused is certainly invisible");
     return;
   }
   if (!exact) return;  // to be drawn is no promise

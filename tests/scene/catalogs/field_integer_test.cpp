@@ -31,8 +31,9 @@ TEST(FieldInteger, NumberThatNoIntHoldsIsMissing) {
 
 TEST(FieldInteger, CityOfMoreInhabitantsThanAnIntHoldsHasNoneThatAreKnown) {
   const test_support::TempRoots roots;
-  roots.dir.Write("data/catalogs/cities.txt",
-                  "ProperName:text\tLatitude:f64\tLongitude:f64\tPopulation:f64\nA\t0\t0\t1e300\nB\t0\t0\t7\n");
+  roots.dir.Write(
+      "data/catalogs/cities.txt",
+      "ProperName:text\tLatitude:f64\tLongitude:f64\tPopulation:f64\nA\t0\t0\t1e300\nB\t0\t0\t7\n");
   const auto cities = LoadCities();
   ASSERT_EQ(cities.size(), 2u);
   EXPECT_EQ(cities[0].population, 0);
