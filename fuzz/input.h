@@ -62,9 +62,9 @@ class Input {
   std::size_t m_Left;
 };
 
-// A message of one line: something, without a line feed and without a zero in it.
+// A message of one line. What it quotes may hold any other byte: whoever prints it makes it printable.
 inline bool IsOneLine(const std::string& text) {
-  return !text.empty() && text.find('\n') == std::string::npos && text.find('\0') == std::string::npos;
+  return !text.empty() && text.find('\n') == std::string::npos;
 }
 
 }  // namespace fuzz

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/commands/skyview.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "skyview/commands/command_table.h"
@@ -33,7 +34,9 @@ std::string RunCommand(const std::vector<std::string>& arguments, const std::str
   return command->run({*command, {first, arguments.end()}, programFolder, clock, diagnostics});
 }
 
-int Fail(const std::string& message, int code, std::ostream& errors) {
+// One line, whatever it quotes.
+int Fail(std::string message, int code, std::ostream& errors) {
+  std::replace(message.begin(), message.end(), '\n', ' ');
   errors << "skyview: " << MakePrintable(message) << "\n";
   return code;
 }
