@@ -15,7 +15,8 @@ namespace CommonInterfaces {
 // - True is no promise: nothing is tested after the clipping in y, and a slanting segment that crosses both
 //   the left and the right edge, or both the top and the bottom, ends beside its true crossing at one of
 //   them. The window's own clipping must stay on.
-// - A point exactly on an edge counts as outside for the two quick tests: a segment along an edge is refused.
+// - A point exactly on an edge counts as outside: a segment along an edge is refused, and so may be one that
+//   begins exactly at the top or bottom edge and leaves the area for good through the opposite one.
 // - The area is taken as it is: one whose right edge lies left of its left edge is not noticed.
 // Neither allocates, fails or keeps anything. Any thread.
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_list.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/view/arcs.h"
@@ -30,7 +31,7 @@ std::vector<Asterism> ReadNames() {
     Asterism asterism = {};
     asterism.key = FieldText(table, kKey);
     asterism.name = asterism.shown = FieldText(table, FieldIds::ProperName);
-    asterism.priority = static_cast<int>(FieldNumber(table, kPriority, 5.0));
+    asterism.priority = FieldInteger(table, kPriority, 5);
     if (!asterism.key.empty() && !asterism.name.empty()) asterisms.push_back(std::move(asterism));
   }
   return asterisms;

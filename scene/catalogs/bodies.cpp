@@ -9,6 +9,7 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/record_conversion.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/object_names.h"
 #include "scene/catalogs/texts.h"
 #include "utils/debug.h"
@@ -103,7 +104,7 @@ void AddTable(const char* name, int kind, BodyList& bodies) {
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     SkyBody body;
-    body.id = SSO_ID(kind, static_cast<int>(FieldNumber(table, CommonInterfaces::FieldIds::Number, -1.0)));
+    body.id = SSO_ID(kind, FieldInteger(table, CommonInterfaces::FieldIds::Number, -1));
     if (body.id == SSO_ID(FourCC("astr"), kPlutoAsAsteroid)) continue;
     taker.taken = false;
     CommonInterfaces::ConvertDBRecord(body.id, &table, nullptr, &taker, kLocateMode);

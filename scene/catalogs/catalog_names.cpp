@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_index.h"
 #include "utils/text.h"
 
@@ -16,7 +17,7 @@ using CommonInterfaces::FieldIds;
 const int kOtherNames = GetUniqueID("OtherNames");  // a column of the NGC alone
 
 std::string Numbered(const char* catalog, const CatalogTable& table, int field) {
-  const int number = static_cast<int>(FieldNumber(table, field, 0.0));
+  const int number = FieldInteger(table, field, 0);
   return number > 0 ? catalog + std::to_string(number) : "";
 }
 

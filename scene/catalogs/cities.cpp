@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_key.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/view/directions.h"
@@ -73,7 +74,7 @@ std::vector<City> LoadCities() {
                  FieldNumber(table, kLatitude, kMissing),
                  FieldNumber(table, kLongitude, kMissing),
                  FieldNumber(table, kHeight, 0.0),
-                 static_cast<int>(FieldNumber(table, kPopulation, 0.0)),
+                 FieldInteger(table, kPopulation, 0),
                  FieldText(table, kZone)};
     if (!city.name.empty() && city.latitude + city.longitude < kMissing) cities.push_back(std::move(city));
   }

@@ -10,6 +10,7 @@
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
+#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -68,17 +69,16 @@ bool Collector::Add(const CatalogTable& table, DeepskyTable from, int record) {
                magnitude = FieldNumber(table, FieldIds::VisMagnitude, kMissing);
   const bool hasMagnitude = magnitude < 99.0;
   if (!(ra + dec < kMissing) || (from == kMessierTable && !hasMagnitude)) return false;
-  const int messier = static_cast<int>(FieldNumber(table, FieldIds::MessierNumber, 0.0));
+  const int messier = FieldInteger(table, FieldIds::MessierNumber, 0);
   const std::string_view designation = FieldText(table, FieldIds::NGC_ICnumber),
                          properName = FieldText(table, FieldIds::ProperName);
   const float largest = static_cast<float>(FieldNumber(table, FieldIds::LargestDimension, 0.0)),
               smallest = static_cast<float>(FieldNumber(table, FieldIds::SmallestDimension, 0.0));
   m_Objects.push_back(
       {MakeDirection(ra, dec), hasMagnitude ? MakeCode(magnitude) : GetCodeOfSize(largest, smallest),
-       GetFOURCC(FieldText(table, FieldIds::Type)),
-       static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0)), largest, smallest,
-       static_cast<float>(FieldNumber(table, kPositionAngle, static_cast<double>(kUnknown))), record, from,
-       CatalogBits(designation, messier), hasMagnitude, nullptr, nullptr, nullptr});
+       GetFOURCC(FieldText(table, FieldIds::Type)), FieldInteger(table, FieldIds::Number, -1), largest,
+       smallest, static_cast<float>(FieldNumber(table, kPositionAngle, static_cast<double>(kUnknown))),
+       record, from, CatalogBits(designation, messier), hasMagnitude, nullptr, nullptr, nullptr});
   Texts texts = {0, AddText(designation), AddText(properName)};
   texts.label = messier > 0           ? AddText("M" + std::to_string(messier))
                 : designation.empty() ? texts.properName

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/optional_table.h"
 #include "utils/text.h"
 
@@ -33,8 +34,8 @@ std::vector<StarPair> LoadStarPairs() {
     table.Select(record);
     const auto separation = FindNumber(table, kSeparation), angle = FindNumber(table, kAngle);
     if (!separation || !angle) continue;
-    pairs.push_back({static_cast<int>(FieldNumber(table, kBrightStar, 0.0)),
-                     static_cast<int>(FieldNumber(table, kHipparcos, 0.0)),
+    pairs.push_back({FieldInteger(table, kBrightStar, 0),
+                     FieldInteger(table, kHipparcos, 0),
                      FieldText(table, kDiscoverer),
                      FieldText(table, kPair),
                      {FindNumber(table, kMagnitudes[0]), FindNumber(table, kMagnitudes[1])},

@@ -9,6 +9,7 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/field_names.h"
+#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 
@@ -71,8 +72,7 @@ class OutlineReader {
   void BeginRing(const CatalogTable& table, int level) {
     const std::string name = FieldText(table, kObject);
     if (m_All.outlines.empty() || name != m_Name) {
-      m_Named[{GetFOURCC(FieldText(table, FieldIds::Type)),
-               static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0))}]
+      m_Named[{GetFOURCC(FieldText(table, FieldIds::Type)), FieldInteger(table, FieldIds::Number, -1)}]
           .push_back(m_All.outlines.size());
       m_All.outlines.push_back({-1, {}, 0.0, static_cast<int>(m_All.areas.size()), 0});
       m_Name = name;

@@ -11,6 +11,7 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/star_data.h"
 #include "common_interfaces/zoom_dependence.h"
+#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 
 namespace scene {
@@ -90,7 +91,7 @@ void StarCatalog::Append(CatalogTable& table, int record) {
   m_Motions.push_back(MakeMotion(ra, dec, east, north));
   m_MaxMotion = std::max(m_MaxMotion, std::hypot(east, north));
   m_Spectra.push_back(CommonInterfaces::GetSpectrType(FieldText(table, FieldIds::SpectrType)));
-  m_Numbers.push_back(static_cast<int>(FieldNumber(table, FieldIds::Number, -1.0)));
+  m_Numbers.push_back(FieldInteger(table, FieldIds::Number, -1));
   const double colour = FieldNumber(table, FieldIds::ColorIndexBV, kMissing);
   m_Colours.push_back(std::fabs(colour) <= kMostColour ? static_cast<float>(colour)
                                                        : std::numeric_limits<float>::quiet_NaN());

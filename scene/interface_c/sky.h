@@ -105,16 +105,19 @@ inline int Fail(SceneSky& sky, int status, std::string why) {
 }
 
 // What `run` returns; what it throws becomes a status and a line. A line that finds no memory is an empty
-// one.
+// one, and one that quotes a text of several lines has blanks for their ends.
 template <class Run>
 int Guard(SceneSky& sky, Run run) noexcept {
   int status = SCENE_FAILURE;
   const auto tell = [&sky](const char* what) {
     sky.error.assign(what, std::min(std::strlen(what), sky.error.capacity()));
   };
-  if (RunContained([&] { status = run(); }, tell) != CallEnd::kNoMemory) return status;
-  sky.error.clear();
-  return SCENE_NO_MEMORY;
+  if (RunContained([&] { status = run(); }, tell) == CallEnd::kNoMemory) {
+    sky.error.clear();
+    return SCENE_NO_MEMORY;
+  }
+  std::replace(sky.error.begin(), sky.error.end(), '\n', ' ');
+  return status;
 }
 
 // A call with an open sky: clears the line of the call before, and refuses a sky that is none.

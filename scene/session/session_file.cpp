@@ -24,6 +24,14 @@ void ClearOptions(SessionCapsule& capsule) {
   capsule.orbits.clear();
 }
 
+bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
+
+// Control characters would end the line or hide in it.
+std::string WithoutControls(std::string text) {
+  std::replace_if(text.begin(), text.end(), IsControl, ' ');
+  return text;
+}
+
 // Reads the lines between the first and the last.
 class SessionReader {
  public:
@@ -41,8 +49,8 @@ class SessionReader {
     for (int line = 2; !body.empty(); ++line) {
       const auto end = body.find('\n');
       if (!TakeLine(body.substr(0, end))) {
-        error =
-            "line " + std::to_string(line) + " '" + std::string(body.substr(0, end)) + "' is not understood";
+        error = "line " + std::to_string(line) + " '" + WithoutControls(std::string(body.substr(0, end))) +
+                "' is not understood";
         return false;
       }
       body.remove_prefix(end + 1);
@@ -59,6 +67,7 @@ class SessionReader {
   bool TakeLine(std::string_view line) {
     const auto blank = line.find(' ');
     if (blank == std::string_view::npos || blank + 1 == line.size()) return false;
+    if (std::any_of(line.begin(), line.end(), IsControl)) return false;  // never written
     const auto word = line.substr(0, blank), value = line.substr(blank + 1);
     if (word == "language") return TakeText(value, m_HasLanguage, m_Capsule.language);
     if (word == "zone") return TakeText(value, m_HasZone, m_Capsule.zone);
@@ -152,14 +161,6 @@ class SessionReader {
   bool m_HasLanguage = false, m_HasSize = false, m_HasZone = false, m_HasPlace = false;
   bool m_HasTle = false, m_HasOrbits = false;
 };
-
-// Control characters would end the line or hide in it.
-std::string WithoutControls(std::string text) {
-  for (char& c : text) {
-    if (static_cast<unsigned char>(c) < ' ') c = ' ';
-  }
-  return text;
-}
 
 std::string FormatFavourite(const SessionFavourite& favourite) {
   return GetCodeText(favourite.kind) + " " + std::to_string(favourite.number);

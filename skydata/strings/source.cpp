@@ -52,8 +52,8 @@ std::optional<unsigned> ScanNumber(const std::string& field) {
 
 std::optional<unsigned> FindIdentifier(CodePage page, const std::string& field) {
   if (const auto number = ScanNumber(field)) return number;
-  std::string bytes = field;  // what the code page lacks is reported elsewhere: here it counts as UTF-8
-  Utf8ToCodePage(page, field, &bytes, nullptr);
+  std::string bytes;  // what the code page lacks is reported elsewhere: here it counts as UTF-8
+  if (!Utf8ToCodePage(page, field, &bytes, nullptr)) bytes = field;
   if (bytes.size() < 4) return std::nullopt;
   unsigned code = 0;
   for (int i = 0; i < 4; ++i)

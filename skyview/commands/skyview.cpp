@@ -35,7 +35,7 @@ std::string RunCommand(const std::vector<std::string>& arguments, const std::str
 }
 
 int Fail(const std::string& message, int code, std::ostream& errors) {
-  errors << "skyview: " << MakePrintable(message) << "\n";
+  errors << "skyview: " << MakePrintable(MakeOneLine(message)) << "\n";
   return code;
 }
 

@@ -7,44 +7,19 @@
 // differ.
 
 #include <cmath>
-#include <optional>
 #include <random>
 
 #include <gtest/gtest.h>
 
 #include "common_interfaces/clipping.h"
+#include "output/exact_clipping.h"
 
 using CommonInterfaces::line_in_rect;
 using CommonInterfaces::line_in_rectD;
+using test_support::CrossesOneEdgeAnAxisAtMost;
+using test_support::ExactPart;
 
 namespace {
-
-struct Line {
-  long double x0, y0, x1, y1;
-};
-
-// The part of the line within the closed area by intersecting parameter intervals (Y.-D. Liang and B. A.
-// Barsky, "A new concept and method for line clipping", 1984); none when it is empty or a point.
-std::optional<Line> ExactPart(const Line& s, tRect<int> r) {
-  long double from = 0, to = 1;
-  const auto cut = [&](long double start, long double change, long double low, long double high) {
-    if (change == 0) return start >= low && start <= high;
-    const long double a = (low - start) / change, b = (high - start) / change;
-    from = std::max(from, std::min(a, b));
-    to = std::min(to, std::max(a, b));
-    return from < to;
-  };
-  const long double dx = s.x1 - s.x0, dy = s.y1 - s.y0;
-  if (!cut(s.x0, dx, r.left, r.right - 1) || !cut(s.y0, dy, r.top, r.bottom - 1)) return std::nullopt;
-  return Line{s.x0 + dx * from, s.y0 + dy * from, s.x0 + dx * to, s.y0 + dy * to};
-}
-
-bool IsBetween(double edge, double a, double b) { return edge > std::min(a, b) && edge < std::max(a, b); }
-
-bool CrossesOneEdgeAnAxisAtMost(double x0, double y0, double x1, double y1, tRect<int> r) {
-  return !(IsBetween(r.left, x0, x1) && IsBetween(r.right - 1, x0, x1)) &&
-         !(IsBetween(r.top, y0, y1) && IsBetween(r.bottom - 1, y0, y1));
-}
 
 TEST(ClippingExactTest, DoublesAgreeWithExactClippingOnSegmentsAcrossOneEdgeAnAxis) {
   std::mt19937_64 random(11);

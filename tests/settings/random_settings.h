@@ -5,8 +5,10 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "settings/settings_bytes.h"
 #include "settings/settings_model.h"
@@ -22,9 +24,12 @@ inline std::string NameOf(int number) { return "Name" + std::to_string(number); 
 
 class RandomSettings {
  public:
-  explicit RandomSettings(unsigned seed) : m_Random(seed) {}
+  explicit RandomSettings(unsigned seed)
+      : m_Next([random = std::mt19937(seed)]() mutable { return static_cast<unsigned>(random()); }) {}
+  // Of numbers that come from elsewhere.
+  explicit RandomSettings(std::function<unsigned()> next) : m_Next(std::move(next)) {}
 
-  int Random(int below) { return static_cast<int>(m_Random() % static_cast<unsigned>(below)); }
+  int Random(int below) { return static_cast<int>(m_Next() % static_cast<unsigned>(below)); }
   unsigned RandomSection() { return kSections[static_cast<std::size_t>(Random(kSections.size()))]; }
   int RandomName() { return ::GetUniqueID(NameOf(Random(kNames)).c_str()); }
   ModelField RandomField();
@@ -33,7 +38,7 @@ class RandomSettings {
   ModelFile RandomFile(bool defaults);
 
  private:
-  std::mt19937 m_Random;
+  std::function<unsigned()> m_Next;
 };
 
 inline ModelField RandomSettings::RandomField() {

@@ -180,6 +180,7 @@ const char* check_settings(const char* data, const char* file) {
   CHECK(count_of(sky, SCENE_POLYLINES) > lines);
   CHECK(scene_change_setting(sky, "grid.RADecGrit=1") == SCENE_BAD_ARGUMENT && has_error(sky, "RADecGrid"));
   CHECK(scene_change_setting(sky, "nonsense") == SCENE_BAD_ARGUMENT && has_error(sky, "SECTION"));
+  CHECK(scene_change_setting(sky, "two\nlines") == SCENE_BAD_ARGUMENT && !strchr(scene_error(sky), '\n'));
   CHECK(scene_read_settings(sky, "views:orion.data") == SCENE_BAD_DATA && has_error(sky, "holds no settings"));
   CHECK(scene_get_field(sky, -1, &field) == SCENE_BAD_ARGUMENT);
   CHECK(scene_get_field(sky, scene_get_field_count(sky), &field) == SCENE_BAD_ARGUMENT);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "scene/session/checksum.h"
 #include "scene/visibility/setting_values.h"
 #include "support/comma_locale.h"
@@ -175,6 +177,20 @@ TEST(SessionFile, ControlCharactersInNamesBecomeBlanks) {
   std::string error;
   ASSERT_TRUE(ParseSession(FormatSession(capsule), back, error)) << error;
   EXPECT_EQ(back.place, "two lines");
+}
+
+// No session that was written has them, and a kind or an orbit with one would be written as one that cannot be read.
+TEST(SessionFile, LineWithAControlCharacterIsNotUnderstoodAndToldWithoutIt) {
+  const std::string start = "skyview session 1\nlanguage en\nsize 1600x1000\nview m_JT=2461056\n";
+  for (const std::string line :
+       {"place A\tB", "favourite a\tbc 5", "orbits planets,\x01", "set star.Draw=0\r"}) {
+    SessionCapsule capsule;
+    std::string error;
+    EXPECT_FALSE(ParseSession(Sealed(start + line + "\n"), capsule, error)) << line;
+    EXPECT_EQ(std::count_if(error.begin(), error.end(), [](char c) { return c >= 0 && c < ' '; }), 0)
+        << error;
+    EXPECT_EQ(error.find("line 5 '"), 0u) << error;
+  }
 }
 
 TEST(FormatExact, IsShortHasAPointAndKeepsEveryBit) {

@@ -35,6 +35,14 @@ TEST_F(StringsReader, AnythingElseIsInTheCodePageOfTheLanguage) {
   EXPECT_EQ(source.entries[0].text, "\u0434\u0435\u043D\u044C");
 }
 
+// Told as a character that the page lacks; the line is an entry all the same.
+TEST_F(StringsReader, AnIdentifierThatThePageLacksCountsByItsBytes) {
+  const StringsSource source = Read("\u044F\u044F\u044F\u044F\tText\n", "en");
+  ASSERT_EQ(source.entries.size(), 1u);
+  EXPECT_EQ(source.entries[0].identifier, 0xD18FD18Fu);
+  EXPECT_TRUE(source.strayTabs.empty());
+}
+
 TEST_F(StringsReader, AnEncodingThatIsGivenIsNotDetected) {
   // Two bytes that are one character of UTF-8 and two of windows-1252.
   EXPECT_EQ(Read("1\t\xC3\xA4\n", "en", StringsEncoding::kCodePage).entries[0].text, "\u00C3\u00A4");

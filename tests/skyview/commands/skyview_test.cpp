@@ -85,6 +85,14 @@ TEST(Skyview, BadOptionIsExitTwoWithOneLineThatNamesItAndTheForm) {
   }
 }
 
+TEST(Skyview, BadOptionOfTwoLinesIsToldInOne) {
+  SmallSky sky;
+  EXPECT_EQ(sky.Run({"--zoom", "1\n2"}), 2);
+  const std::string errors = sky.errors.str();
+  EXPECT_EQ(errors.find('\n'), errors.size() - 1) << errors;
+  EXPECT_TRUE(Contains(errors, "'1 2'")) << errors;
+}
+
 TEST(Skyview, TimeThatTheClocksSkipIsABadOption) {
   SmallSky sky;
   EXPECT_EQ(sky.Run({"--zone", "Europe/Berlin", "--time", "2026-03-29T02:30"}), 2);
