@@ -6,7 +6,6 @@ from __future__ import annotations
 import ctypes
 import os
 import threading
-import weakref
 from collections.abc import Iterator
 from typing import Any
 
@@ -45,30 +44,49 @@ class Memory:
     """Memory of the library as NumPy takes it; as long as an array of it lives the sky stays open."""
 
     def __init__(self, handle: Handle, address: int, size: int) -> None:
-        self.handle = handle
+        self._handle = handle
         self.__array_interface__ = {"data": (address, True), "shape": (size,), "typestr": "|u1", "version": 3}
+        handle.lent.add(id(self))
+
+    def __del__(self) -> None:
+        self._handle.lent.discard(id(self))
+        self._handle.close_when_free()
 
 
 class Handle:
-    """A SceneSky. It is closed when nobody refers to it any more."""
+    """A SceneSky."""
 
     def __init__(self, data: StrPath, work: StrPath | None, language: str | None) -> None:
         self._sky = ctypes.c_void_p()
+        self._is_closing = False
         self._library = load()
         self._thread = threading.get_ident()
-        self._lent: weakref.WeakSet[Memory] = weakref.WeakSet()
+        self.lent: set[int] = set()  # the pieces of memory that are in use
         self.frame = 0  # how many have been computed
         roots = s.make(s.SceneRoots, data=encode(data), work=None if work is None else encode(work),
                        language=None if language is None else encode(language))
         status = self._library.scene_open(ctypes.byref(roots), ctypes.byref(self._sky))
         if status and self._sky:
-            raise self._make_error(status)
+            error = self._make_error(status)
+            self.close()
+            raise error
         if status:
             raise make_error(status, "the sky cannot be opened: one is open already, or still has arrays in use")
 
-    def __del__(self) -> None:
-        if getattr(self, "_sky", None):
+    def close(self) -> None:
+        """Closes the sky as soon as none of its memory is in use."""
+        self._is_closing = True
+        self.close_when_free()
+
+    def close_when_free(self) -> None:
+        """Called whenever a piece of memory comes back. An exception that somebody keeps does not hold a sky open."""
+        if self._is_closing and not self.lent and self._sky:
             self._library.scene_close(self._sky)
+            self._sky = ctypes.c_void_p()
+
+    def __del__(self) -> None:
+        if hasattr(self, "lent"):
+            self.close()
 
     def _make_error(self, status: int) -> SceneError:
         line = self._library.scene_error(self._sky) or b""
@@ -78,6 +96,8 @@ class Handle:
         """What the function returns."""
         if threading.get_ident() != self._thread:
             raise SceneError("a sky is used by the thread that has opened it alone")
+        if self._is_closing:
+            raise SceneError("the sky is closed")
         return getattr(self._library, name)(self._sky, *arguments)
 
     def call(self, name: str, *arguments: object) -> None:
@@ -110,13 +130,11 @@ class Handle:
 
     def lend(self, address: int, size: int) -> npt.NDArray[np.uint8]:
         """Bytes of the last frame, not copied."""
-        memory = Memory(self, address, size)
-        self._lent.add(memory)
-        return np.asarray(memory)
+        return np.asarray(Memory(self, address, size))
 
     def take_back(self) -> None:
         """Before the memory of the last frame goes."""
-        if len(self._lent):
+        if self.lent:
             raise FrameInUse("arrays of the last frame are still in use: keep copies instead (Frame.copy)")
         self.frame += 1
 
@@ -132,10 +150,4 @@ def walk(array: s.SceneArray, kind: type[s.Structure]) -> Iterator[s.Structure]:
 class Part:
     """What a sky can do in one subject; together they are the class Sky."""
 
-    _open: Handle | None = None
-
-    @property
-    def _handle(self) -> Handle:
-        if self._open is None:
-            raise SceneError("the sky is closed")
-        return self._open
+    _handle: Handle

@@ -31,7 +31,7 @@ class Sky(ViewCalls, FrameCalls, ObjectCalls, AlmanacCalls, StateCalls):
     """
 
     def __init__(self, data: StrPath | None = None, work: StrPath | None = None, language: str | None = None) -> None:
-        self._open = Handle(find_data() if data is None else data, work, language)
+        self._handle = Handle(find_data() if data is None else data, work, language)
 
     @property
     def settings(self) -> Settings:
@@ -45,7 +45,7 @@ class Sky(ViewCalls, FrameCalls, ObjectCalls, AlmanacCalls, StateCalls):
 
     def close(self) -> None:
         """Ends it, at once or with the last array of its frame; until then no other sky opens."""
-        self._open = None
+        self._handle.close()
 
     def __enter__(self) -> Sky:
         return self

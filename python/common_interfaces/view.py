@@ -97,7 +97,7 @@ class ViewCalls(Part):
 
     def project(self, directions: npt.ArrayLike) -> Floats:
         """Pixels, shape (..., 2), of directions, shape (..., 3): unit vectors of the mean equator and equinox of J2000,
-        as they stand in the frame without aberration and refraction. What lies opposite to the view is not a number.
+        as they stand in the frame without aberration and refraction. What lies exactly opposite to its middle is not a number.
 
         >>> pixels = sky.project(to_vectors([83.8, 88.8], [-5.4, 7.4]))
         >>> pixels.shape
