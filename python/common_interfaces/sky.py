@@ -3,6 +3,7 @@
 """The sky."""
 from __future__ import annotations
 
+import atexit
 from collections.abc import Callable
 from types import TracebackType
 
@@ -73,3 +74,6 @@ def set_log(receiver: Callable[[str], None] | None) -> None:
         made = Log(lambda text, _: hand_over(text.decode("utf-8", "replace").rstrip("\n")))
     load().scene_set_log(made, None)
     _log = made
+
+
+atexit.register(lambda: set_log(None) if _log else None)  # nobody is there to receive when Python ends

@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 import datetime
 import math
+import subprocess
+import sys
 import threading
 
 import common_interfaces as ci
@@ -156,3 +158,11 @@ def test_code_of_an_object_has_four_characters():
     with pytest.raises(ci.BadArgument):
         ci.Object.of("stars", 1)
     assert not ci.Object(0, 0)
+
+
+def test_program_may_end_with_everything_open():
+    program = ("import common_interfaces as ci; ci.set_log(print); sky = ci.Sky(); points = sky.compute().points; "
+               "sky.read_favourites('no favourite'); print(len(points) > 0)")
+    done = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True)
+    assert (done.returncode, done.stderr) == (0, "")
+    assert done.stdout.endswith("True\n") and len(done.stdout.splitlines()) == 2
