@@ -8,7 +8,7 @@
 
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
-#include "scene/catalog_table.h"
+#include "scene/catalogs/catalog_table.h"
 #include "skydata/files/catalog_reader.h"
 #include "utils/text.h"
 

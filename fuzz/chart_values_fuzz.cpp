@@ -6,11 +6,11 @@
 #include <string>
 
 #include "fuzz/scratch.h"
-#include "scene/chart_values.h"
-#include "scene/image_group_names.h"
-#include "scene/light_curve.h"
-#include "scene/mark_text.h"
-#include "scene/orbit_request.h"
+#include "scene/session/chart_values.h"
+#include "scene/session/image_group_names.h"
+#include "scene/chart/light_curve.h"
+#include "scene/session/mark_text.h"
+#include "scene/session/orbit_request.h"
 
 namespace {
 

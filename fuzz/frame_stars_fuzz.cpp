@@ -12,7 +12,7 @@
 #include "scene/frame/tile_stars.h"
 #include "scene/frame_helpers.h"
 #include "scene/tile_files.h"
-#include "scene/zoom_range.h"
+#include "scene/visibility/zoom_range.h"
 
 namespace {
 

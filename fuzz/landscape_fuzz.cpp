@@ -7,7 +7,7 @@
 
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
-#include "scene/landscape.h"
+#include "scene/catalogs/landscape.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
-#include "scene/moment_text.h"
+#include "scene/words/moment_text.h"
 #include "skyview/options/almanac_group.h"
 #include "skyview/options/chart_group.h"
 #include "skyview/options/command_line.h"

@@ -7,7 +7,7 @@
 
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
-#include "scene/satellites.h"
+#include "scene/catalogs/satellites.h"
 #include "utils/text.h"
 
 using fuzz::Require;

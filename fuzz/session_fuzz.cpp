@@ -8,7 +8,7 @@
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
 #include "scene/session/checksum.h"
-#include "scene/session_file.h"
+#include "scene/session/session_file.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include "fuzz/input.h"
 #include "fuzz/scratch.h"
-#include "scene/setting_change.h"
-#include "scene/setting_values.h"
+#include "scene/visibility/setting_change.h"
+#include "scene/visibility/setting_values.h"
 #include "support/camera_settings.h"
 
 namespace {

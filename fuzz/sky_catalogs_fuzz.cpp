@@ -10,9 +10,9 @@
 
 #include "fuzz/input.h"
 #include "fuzz/small_sky.h"
-#include "scene/cities.h"
-#include "scene/name_key.h"
-#include "scene/object_search.h"
+#include "scene/catalogs/cities.h"
+#include "scene/catalogs/name_key.h"
+#include "scene/search/object_search.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "fuzz/scratch.h"
-#include "scene/data_root.h"
+#include "scene/catalogs/data_root.h"
 #include "scene/small_root.h"
 
 namespace fuzz {

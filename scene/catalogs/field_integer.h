@@ -4,7 +4,7 @@
 
 #include <climits>
 
-#include "scene/catalog_table.h"
+#include "scene/catalogs/catalog_table.h"
 
 namespace scene {
 

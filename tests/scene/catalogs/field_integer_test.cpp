@@ -6,7 +6,7 @@
 
 #include <climits>
 
-#include "scene/cities.h"
+#include "scene/catalogs/cities.h"
 #include "support/temp_dir.h"
 #include "utils/text.h"
 
