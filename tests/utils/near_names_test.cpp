@@ -31,6 +31,11 @@ TEST(NearNames, AThirdOfTheLettersMayDiffer) {
   EXPECT_EQ(FindNearNames("abcdef", {"abcdxy", "abcxyz"}), (Names{"abcdxy"}));
 }
 
+TEST(NearNames, OneLetterMayDifferInTheShortest) {
+  EXPECT_EQ(FindNearNames("az", {"ax", "a", "bx", "xaz"}), (Names{"ax", "a", "xaz"}));
+  EXPECT_EQ(FindNearNames("AZ", {"az", "Az"}), (Names{"az", "Az"}));
+}
+
 TEST(NearNames, AtMostSoManyAndEachOnce) {
   EXPECT_EQ(FindNearNames("visMag", {"VisMagnitude", "VisMagA"}, 1), (Names{"VisMagnitude"}));
   EXPECT_EQ(FindNearNames("Draw", {"Draw", "Drew", "Draw", "Drow", "Drawn"}),
