@@ -34,6 +34,7 @@ TEST(NearNames, AThirdOfTheLettersMayDiffer) {
 TEST(NearNames, OneLetterMayDifferInTheShortest) {
   EXPECT_EQ(FindNearNames("az", {"ax", "a", "bx", "xaz"}), (Names{"ax", "a", "xaz"}));
   EXPECT_EQ(FindNearNames("AZ", {"az", "Az"}), (Names{"az", "Az"}));
+  EXPECT_EQ(FindNearNames("M 3", {"m_31", "M 3"}), (Names{"M 3"}));
 }
 
 TEST(NearNames, AtMostSoManyAndEachOnce) {
