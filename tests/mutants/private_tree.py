@@ -57,6 +57,8 @@ class PrivateTree:
         if subprocess.run(configure, cwd=self.tree, stdout=subprocess.DEVNULL).returncode != 0:
             raise SystemExit("script/mutants: the copy of the sources cannot be configured")
         self.link = self.asked("-t", "commands", target)[-1]
+        if shutil.which("ld.lld"):  # in a fifth of the time
+            self.link = self.link.replace(" -o ", " -fuse-ld=lld -o ", 1)
         words = shlex.split(self.link)
         (self.build / words[words.index("-o") + 1]).unlink(missing_ok=True)  # an earlier run left a fault in it
         made = subprocess.run(["ninja", "-C", self.build, target], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
