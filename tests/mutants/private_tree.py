@@ -109,8 +109,7 @@ class PrivateTree:
         properties = {p["name"]: p["value"] for p in tests[0].get("properties", [])}
         self.command = [word for word in tests[0]["command"] if not word.startswith("--gtest_output")]
         self.folder = properties.get("WORKING_DIRECTORY", self.build)
-        self.environment = dict(os.environ, GTEST_FAIL_FAST="1", GTEST_BRIEF="1", HOME=str(self.scratch),
-                                TMPDIR=str(self.scratch))
+        self.environment = dict(os.environ, GTEST_BRIEF="1", HOME=str(self.scratch), TMPDIR=str(self.scratch))
         self.environment.update(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
 
     def compile(self, name):
@@ -187,10 +186,12 @@ class PrivateTree:
         return f"--gtest_output=xml:{self.scratch}/report.xml"
 
     def case_seconds(self):
-        """How long each case of the last run took, which was started with report(); nothing of a program that writes no
-        report."""
+        """How long each case of the last run took, which was started with report(), and which ones failed; nothing of a
+        program that writes no report."""
         try:
-            cases = xml.etree.ElementTree.parse(self.scratch / "report.xml").getroot().iter("testcase")
-        except OSError:
-            return {}
-        return {case.get("classname") + "." + case.get("name"): float(case.get("time")) for case in cases}
+            cases = list(xml.etree.ElementTree.parse(self.scratch / "report.xml").getroot().iter("testcase"))
+        except (OSError, xml.etree.ElementTree.ParseError):
+            return {}, []
+        names = [case.get("classname") + "." + case.get("name") for case in cases]
+        failed = [name for name, case in zip(names, cases) if case.find("failure") is not None]
+        return {name: float(case.get("time")) for name, case in zip(names, cases) if name not in failed}, failed
