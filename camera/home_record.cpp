@@ -127,13 +127,11 @@ bool WriteLocation(MTextFile& file, const HomeParameters& home) {
   const SphCoor& place = home.location;
   const bool isNamed = home.locationName[0] != '\0';
   const double distance = isNamed ? ConvertUnitFromAU(place.dist, kKilometre) : place.dist;
-  if (!file.Write("%d %d %s %s %s %d %d %d %d%s\n", home.movingType, home.locationType,
-                  FormatGeneral(distance).c_str(), FormatGeneral(place.lon).c_str(),
-                  FormatGeneral(place.lat).c_str(), place.distUnits, place.coorSys, home.observer.kind,
-                  home.observer.number, isNamed ? " 1" : "")) {
-    return false;
-  }
-  return !isNamed || WriteText(file, home.locationName);
+  return file.Write("%d %d %s %s %s %d %d %d %d%s\n", home.movingType, home.locationType,
+                    FormatGeneral(distance).c_str(), FormatGeneral(place.lon).c_str(),
+                    FormatGeneral(place.lat).c_str(), place.distUnits, place.coorSys, home.observer.kind,
+                    home.observer.number, isNamed ? " 1" : "") &&
+         (!isNamed || WriteText(file, home.locationName));
 }
 
 bool WriteView(MTextFile& file, const HomeParameters& home) {
@@ -170,10 +168,9 @@ HomeReading ReadHome(MTextFile& file, HomeParameters& home) {
 }
 
 bool WriteHome(MTextFile& file, const HomeParameters& home) {
-  if (!file.Write("%d\n", home.flags)) return false;
-  if ((home.flags & kHomeLocation) != 0 && !WriteLocation(file, home)) return false;
-  if ((home.flags & kHomeView) != 0 && !WriteView(file, home)) return false;
-  return (home.flags & kHomeTime) == 0 || WriteTime(file, home);
+  const auto lacks = [&home](auto part) { return (home.flags & part) == 0; };
+  return file.Write("%d\n", home.flags) && (lacks(kHomeLocation) || WriteLocation(file, home)) &&
+         (lacks(kHomeView) || WriteView(file, home)) && (lacks(kHomeTime) || WriteTime(file, home));
 }
 
 }  // namespace CommonInterfaces

@@ -65,10 +65,8 @@ bool Decode(std::FILE* file, std::vector<unsigned char>& pixels, int& width, int
 bool SurfaceMap::Load(const std::string& path) {
   m_Levels.clear();
   Level level = {};
-  std::FILE* const file = std::fopen(path.c_str(), "rb");
-  const bool done = file && Decode(file, level.pixels, level.width, level.height);
-  if (file) std::fclose(file);
-  if (!done) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  if (!file || !Decode(file.get(), level.pixels, level.width, level.height)) {
     PrintDebugString("%s: is no picture that can be read, its body is drawn plain\n", path.c_str());
     return false;
   }

@@ -75,6 +75,17 @@ void ExpectContinuous(const Function& at, double from, double to) {
 
 }  // namespace
 
+// Once the Sun lights the air above, each three degrees that it rises bring less than those before.
+TEST(SkyBrightness, DawnSlowsDownAsTheSunRises) {
+  double before = kInfinity;
+  for (const double altitude : {-6.0, -3.0, 0.0, 3.0, 6.0}) {
+    const double gain = Zenith(WithSun(altitude)) - Zenith(WithSun(altitude + 3.0));
+    EXPECT_GT(gain, 0.3) << altitude;
+    EXPECT_LT(gain, before) << altitude;
+    before = gain;
+  }
+}
+
 // 13.6 mag/arcsec2 are 0.39 cd/m2, 21.6 are 2.47e-4 (Garstang 1989, PASP 101, 306: 34.08 nL exp(20.7233 -
 // 0.92104 V), and a nanolambert is 3.183e-6 cd/m2).
 TEST(SkyBrightness, ConvertsMagnitudesToLuminance) {

@@ -2,20 +2,26 @@
 # SPDX-License-Identifier: MIT
 """Plants one fault at a time in the sources of a folder and says which ones its tests do not notice.
 
-usage: script/mutants FOLDER [--count N] [--seed S] [--minutes M] [--again] [--sanitize]
+usage: script/mutants FOLDER [--count N] [--seed S] [--minutes M] [--more] [--again] [--sanitize]
 
 FOLDER: text, camera, companions/utils, scene/view, ... Its own sources and headers, and of the exported headers those
-whose names docs/interface_map.md says its tests check. Faults are planted in a copy below build/mutants, never here.
+whose names docs/interface_map.md says its tests check; no headers that more than ten of the
+program's objects include. Faults are planted in
+a copy below build/mutants, never here.
 
 --count N     so many faults that compile (50)
 --seed S      another choice of faults (1)
 --minutes M   end after that time with what was tried so far
+--more        go on where the last run ended, up to N faults in all
 --again       only those that survived the last time
 --sanitize    in a build with the sanitizers, which notice what is written beside an array
 
+The cases of the tests that bear the name of the source run first, then the others, those that take long last. The next
+fault comes as soon as one case notices.
+
 Writes build/mutants/FOLDER.tsv: what became of the fault, its kind, file, line, and that line before and after.
   caught      a test fails, crashes or takes too long
-  unchanged   the compiler makes the same code of it
+  unchanged   the compiler makes the same code of it: no test runs
   equivalent  survived; tests/mutants/equivalent.tsv says why no behaviour changes
   survived    survived: exit status 1
 """
@@ -30,9 +36,10 @@ from faults import faults_in, lines_at, mixed, planted
 from private_tree import PrivateTree
 
 MADE_BY_A_PROGRAM = re.compile(r"^// (?:Made by|Written by|Generated)", re.MULTILINE)
-SANITIZERS = "address,undefined,float-cast-overflow"
-LEAST_LIMIT = 20  # seconds
+LEAST_LIMIT = 10  # seconds of the processor
 SLOW = 0.2
+MOST_OBJECTS = 10  # a fault in a header that more include takes as long as many others
+SUITE = re.compile(r"^TEST(?:_F|_P)?\((\w+),", re.MULTILINE)
 COLUMNS = "outcome kind file line before after".split()
 Result = collections.namedtuple("Result", COLUMNS)
 
@@ -53,12 +60,12 @@ def exported_headers(root, folder):
 
 
 def faults_of(tree, folder):
-    names = {str(path.relative_to(tree.tree)) for path in (tree.tree / folder).rglob("*") if path.suffix == ".h"}
-    names |= {name for name in tree.compiled if name.startswith(folder + "/")} | exported_headers(tree.tree, folder)
+    """By file, those of the folder's sources and headers that the test program is made of."""
+    names = {name for name in tree.dependents if name.startswith(folder + "/")}
     found = {}
-    for name in names:
+    for name in names | exported_headers(tree.tree, folder) & set(tree.dependents):
         text = (tree.tree / name).read_text(encoding="utf-8")
-        if not MADE_BY_A_PROGRAM.search(text):
+        if len(tree.dependents[name]) <= MOST_OBJECTS and not MADE_BY_A_PROGRAM.search(text):
             found[name] = faults_in(text)
     return found
 
@@ -68,41 +75,68 @@ def read_table(path):
     return [line.split("\t") for line in lines if line and not line.startswith("#")]
 
 
+def likely_suites(root, name):
+    """The suites of the tests that bear the name of a source; where there are none, of those with its first words."""
+    words = pathlib.Path(name).stem.split("_")
+    for count in range(len(words), 0, -1):
+        found = set()
+        for path in (root / "tests").rglob("_".join(words[:count]) + "*_test.cpp"):
+            found |= set(SUITE.findall(path.read_text(encoding="utf-8")))
+        if found:
+            return found
+    return set()
+
+
 class Trial:
     def __init__(self, tree, folder, equivalent):
         self.tree, self.folder = tree, folder
         self.equivalent = {tuple(row[:3]) for row in equivalent}
 
     def measure(self):
-        """Runs the tests without a fault: how long may they take with one, and which cases come second, because most
-        faults are noticed before they are needed?"""
+        """Runs the tests without a fault: how long does each case take? Cases that fail here, where a program runs as
+        nobody and with the lowest priority, are told and left out."""
         begin = time.monotonic()
-        if self.tree.run_test(3600, self.tree.report()) != "passed":
+        passed = self.tree.run_test(3600, self.tree.report()) == "passed"
+        self.whole = time.monotonic() - begin
+        self.seconds, failed = self.tree.case_seconds()
+        for case in failed:
+            print(f"left out, it fails without a fault: {case}", flush=True)
+        if not passed and not (failed and self.seconds):
             raise SystemExit((self.tree.place / "output").read_text(errors="replace")[-2000:] +
                              "\nscript/mutants: the tests fail without a fault")
-        self.seconds = LEAST_LIMIT + 4 * (time.monotonic() - begin)
-        slow = ":".join(self.tree.slow_cases(SLOW))
-        self.passes = [["--gtest_filter=-" + slow], ["--gtest_filter=" + slow]] if slow else [[]]
 
-    def is_noticed(self):
-        return any(self.tree.run_test(self.seconds, *arguments) != "passed" for arguments in self.passes)
+    def passes(self, name):
+        """The cases in the order in which they are asked: likely ones, the others, what takes long."""
+        suites = likely_suites(self.tree.tree, name)
+        steps = [[], [], []]
+        for case, seconds in self.seconds.items():
+            suite = case.partition(".")[0]
+            likely = not suites.isdisjoint(suite.split("/"))
+            steps[2 if seconds > SLOW else 0 if likely else 1].append(case)
+        return [step for step in steps if step] or [[]]
+
+    def is_noticed(self, name):
+        for cases in self.passes(name):
+            seconds = sum(self.seconds[case] for case in cases) if cases else self.whole
+            chosen = ["--gtest_fail_fast", "--gtest_filter=" + ":".join(cases)] if cases else []
+            if self.tree.run_test(LEAST_LIMIT + 4 * seconds, *chosen) != "passed":
+                return True
+        return False
 
     def outcome(self, text, name, fault):
         """What became of this fault; None when it cannot be planted."""
         before = self.tree.write(name, planted(text, fault))
         try:
-            ended, _ = self.tree.make()
-            changed = self.tree.changed_objects()
-            if not ended or not changed:
+            different = self.tree.compile(name)
+            if different is None:
                 return None
-            if not self.tree.differ(changed):
+            if not different:
                 return "unchanged"
-            if self.is_noticed():
-                return "caught"
-            with_fault = self.tree.optimised(changed)
+            if not self.tree.links():
+                return None
+            return "caught" if self.is_noticed(name) else "survived"
         finally:
             self.tree.restore(before)
-        return "unchanged" if None not in with_fault and with_fault == self.tree.optimised(changed) else "survived"
 
     def tried(self, name, fault):
         text = (self.tree.tree / name).read_text(encoding="utf-8")
@@ -113,25 +147,28 @@ class Trial:
         return outcome and Result(outcome, fault.kind, name, str(line), before, after)
 
 
+def chosen_faults(tree, options, rows):
+    """(file, fault) of what this run tries, in its order; rows: what earlier runs did."""
+    known = {row[2:3] + row[4:]: row.outcome for row in rows}
+    for name, fault in mixed(faults_of(tree, options.folder), options.seed):
+        text = (tree.tree / name).read_text(encoding="utf-8")
+        outcome = known.get((name, *lines_at(text, fault)[1:]))
+        if outcome in ("survived", "equivalent") if options.again else outcome is None:
+            yield name, fault
+
+
 def run(root, options):
     place = root / "build" / "mutants"
     place.mkdir(parents=True, exist_ok=True)
-    tree = PrivateTree(root, place, SANITIZERS if options.sanitize else "")
+    tree = PrivateTree(root, place, "sanitize" if options.sanitize else "release")
     tree.prepare(test_program_of(options.folder))
     trial = Trial(tree, options.folder, read_table(root / "tests" / "mutants" / "equivalent.tsv"))
     trial.measure()
-    order = mixed(faults_of(tree, options.folder), options.seed)
     table = place / (options.folder.replace("/", "_") + ".tsv")
-    kept = []
-    if options.again:
-        rows = [Result(*row) for row in read_table(table)]
-        kept = [row for row in rows if row.outcome in ("caught", "unchanged")]
-        wanted = {(row.file, row.before, row.after) for row in rows if row not in kept}
-        order = [(name, fault) for name, fault in order
-                 if (name, *lines_at((tree.tree / name).read_text(encoding="utf-8"), fault)[1:]) in wanted]
+    rows = [Result(*row) for row in read_table(table)] if options.again or options.more else []
+    results = [row for row in rows if not options.again or row.outcome in ("caught", "unchanged")]
     end = time.monotonic() + 60 * options.minutes
-    results = list(kept)
-    for name, fault in order:
+    for name, fault in chosen_faults(tree, options, rows):
         if time.monotonic() > end or (not options.again and len(results) >= options.count):
             break
         result = trial.tried(name, fault)
@@ -139,8 +176,7 @@ def run(root, options):
             results.append(result)
             if result.outcome == "survived":
                 print(f"{result.file}:{result.line}: {result.kind}: {result.before}  ->  {result.after}", flush=True)
-            rows = [COLUMNS, *results]
-            table.write_text("".join("\t".join(row) + "\n" for row in rows), encoding="utf-8")
+            table.write_text("".join("\t".join(row) + "\n" for row in [COLUMNS, *results]), encoding="utf-8")
     return results
 
 
@@ -150,6 +186,7 @@ def main(arguments, root):
     parser.add_argument("--count", type=int, default=50)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--minutes", type=float, default=1e6)
+    parser.add_argument("--more", action="store_true")
     parser.add_argument("--again", action="store_true")
     parser.add_argument("--sanitize", action="store_true")
     options = parser.parse_args(arguments)
@@ -159,7 +196,7 @@ def main(arguments, root):
     results = run(root, options)
     counts = collections.Counter(result.outcome for result in results)
     told = ", ".join(f"{counts[name]} {name}" for name in ("caught", "unchanged", "equivalent", "survived"))
-    print(f"{options.folder}: {len(results)} faults planted: {told}")
+    print(f"{options.folder}, seed {options.seed}: {len(results)} faults planted: {told}")
     return 1 if counts["survived"] or not results else 0
 
 

@@ -89,6 +89,9 @@ TOY = {
     "CMakeLists.txt": "cmake_minimum_required(VERSION 3.25)\nproject(toy LANGUAGES CXX)\nenable_testing()\n"
                       "add_executable(toy_tests toy/toy.cpp tests/toy_test.cpp)\n"
                       "add_test(NAME toy_tests COMMAND toy_tests)\n",
+    "CMakePresets.json": '{"version": 6, "configurePresets": [{"name": "release", "generator": "Ninja", '
+                         '"binaryDir": "${sourceDir}/build/${presetName}", "cacheVariables": '
+                         '{"CMAKE_BUILD_TYPE": "Release", "CMAKE_EXPORT_COMPILE_COMMANDS": "ON"}}]}',
     "toy/toy.h": "int Half(int x);\n",
     "toy/toy.cpp": '#include "toy.h"\nint Half(int x) {\n  if (x < 0) return 0;\n  for (;;) {\n    x = x / 2;\n'
                    "    break;\n  }\n  return x;\n}\nint Unused(int y) { return y + 5; }\n"
@@ -114,7 +117,8 @@ class WhatBecomesOfIt(unittest.TestCase):
         self.folder.cleanup()
 
     def run_all(self, **changed):
-        options = argparse.Namespace(folder="toy", count=1000, seed=1, minutes=10, again=False, sanitize=False)
+        options = argparse.Namespace(folder="toy", count=1000, seed=1, minutes=10, more=False, again=False,
+                                     sanitize=False)
         vars(options).update(changed)
         return {(result.before, result.after): result.outcome for result in mutants.run(self.root, options)}
 
@@ -146,6 +150,20 @@ class WhatBecomesOfIt(unittest.TestCase):
         self.assertEqual(len(again), len(outcomes))
         self.assertEqual(again[unused], "caught")
         self.assertEqual(again["if (x < 0) return 0;", "if (x <= 0) return 0;"], "equivalent")
+
+    def test_more_goes_on_where_the_last_run_ended(self):
+        self.assertEqual(len(self.run_all(count=2)), 2)
+        first = self.run_all(count=2, more=True)
+        longer = self.run_all(count=4, more=True)
+        self.assertEqual(len(longer), 4)
+        self.assertLess(first.items(), longer.items())
+
+    def test_tests_of_the_name_or_of_its_first_words_are_likely(self):
+        (self.root / "tests/toy_box_test.cpp").write_text("TEST(ToyBox, Opens) {\n")
+        (self.root / "tests/toy_test.cpp").write_text("TEST_F(Toy, Halves) {\n")
+        self.assertEqual(mutants.likely_suites(self.root, "toy/toy_box.h"), {"ToyBox"})
+        self.assertEqual(mutants.likely_suites(self.root, "toy/toy_case_posix.cpp"), {"Toy", "ToyBox"})
+        self.assertEqual(mutants.likely_suites(self.root, "toy/other.cpp"), set())
 
     def test_tests_that_fail_by_themselves_end_the_run(self):
         (self.root / "tests/toy_test.cpp").write_text("int main() { return 1; }\n")

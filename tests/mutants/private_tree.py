@@ -2,9 +2,12 @@
 # SPDX-License-Identifier: MIT
 """A copy of the sources with a build of its own, in which one test program is built and run with a fault planted.
 
-The copy stays between runs, so that only what changed is compiled again. A file with a fault goes back to its content
-and time, and so do the objects that were made with it: the next fault compiles nothing but its own file.
+The copy stays between runs, so that only what changed is compiled again. It is built as the preset says, so that most
+objects come from the compiler's cache. A fault costs no more than compiling the sources that include its file and
+linking one program: both commands are given without the build system, which would look at everything else. What a fault
+changed goes back to its content and time, as if nothing had been.
 """
+import collections
 import hashlib
 import json
 import os
@@ -19,16 +22,15 @@ import xml.etree.ElementTree
 MOST_MEMORY = 4 << 30
 LARGEST_FILE = 8 << 30
 NOBODY = 65534
-LONGEST_BUILD = 1200
+WAITING = 6  # times as long as its processor time may a program take
 
 
 class PrivateTree:
-    def __init__(self, source, place, sanitizers=""):
-        self.source, self.place, self.sanitizers = pathlib.Path(source), pathlib.Path(place), sanitizers
-        name = "sanitized" if sanitizers else "build"
-        self.tree, self.build, self.kept = self.place / "tree", self.place / name, self.place / (name + "-kept")
+    def __init__(self, source, place, preset):
+        self.source, self.place, self.preset = pathlib.Path(source), pathlib.Path(place), preset
+        self.tree = self.place / "tree"
+        self.build, self.kept = self.tree / "build" / preset, self.place / (preset + "-kept")
         self.scratch = self.place / "scratch"
-        self.target = None
 
     def refresh(self):
         """Makes the copy what the sources are now. Only files that differ are written."""
@@ -40,7 +42,9 @@ class PrivateTree:
             if not to.exists() or to.read_bytes() != (self.source / name).read_bytes():
                 to.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy(self.source / name, to)
-        for folder, _, files in os.walk(self.tree):
+        for folder, folders, files in os.walk(self.tree):
+            if pathlib.Path(folder) == self.tree and "build" in folders:
+                folders.remove("build")
             for name in files:
                 path = pathlib.Path(folder, name)
                 if str(path.relative_to(self.tree)) not in names:
@@ -48,70 +52,89 @@ class PrivateTree:
 
     def prepare(self, target):
         """Builds the test program without a fault and keeps its objects. Ends the run where that fails."""
-        self.target = target
         self.refresh()
-        subprocess.run(["cmake", "--no-warn-unused-cli", "-S", self.tree, "-B", self.build, "-G", "Ninja",
-                        "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCI_BUILD_BENCHMARKS=OFF",
-                        f"-DCI_SANITIZE={self.sanitizers or 'OFF'}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-                        "-DCMAKE_CXX_COMPILER_LAUNCHER=env"],  # copies that are used once fill no cache
-                       check=True, stdout=subprocess.DEVNULL)
-        ended, output = self.make()
-        if not ended:
-            raise SystemExit(output + "\nscript/mutants: without a fault " + target + " cannot be built")
+        configure = ["cmake", "--preset", self.preset, "-DCI_BUILD_BENCHMARKS=OFF", "--no-warn-unused-cli"]
+        if subprocess.run(configure, cwd=self.tree, stdout=subprocess.DEVNULL).returncode != 0:
+            raise SystemExit("script/mutants: the copy of the sources cannot be configured")
+        self.link = self.asked("-t", "commands", target)[-1]
+        if shutil.which("ld.lld"):  # in a fifth of the time
+            self.link = self.link.replace(" -o ", " -fuse-ld=lld -o ", 1)
+        words = shlex.split(self.link)
+        (self.build / words[words.index("-o") + 1]).unlink(missing_ok=True)  # an earlier run left a fault in it
+        made = subprocess.run(["ninja", "-C", self.build, target], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              text=True, errors="replace")
+        if made.returncode != 0:
+            raise SystemExit(made.stdout + "\nscript/mutants: without a fault " + target + " cannot be built")
         commands = json.loads((self.build / "compile_commands.json").read_text())
-        self.commands = {os.path.join(c["directory"], self.output_of(c)): c for c in commands}
+        self.commands = {self.output_of(c): c for c in commands}
         self.compiled = {os.path.relpath(c["file"], self.tree) for c in commands}
-        shutil.rmtree(self.kept, ignore_errors=True)
-        self.times = {}
-        for path in self.objects():
-            to = self.kept / path.relative_to(self.build)
-            to.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy2(path, to)
-            self.times[path] = path.stat().st_mtime_ns
-        self.read_test()
+        self.read_dependents()
+        self.keep()
+        self.read_test(target)
 
-    @staticmethod
-    def output_of(command):
+    def output_of(self, command):
         words = shlex.split(command["command"])
-        return words[words.index("-o") + 1]
+        return pathlib.Path(os.path.normpath(os.path.join(command["directory"], words[words.index("-o") + 1])))
 
-    def objects(self):
-        return [path for path in self.build.rglob("*.o") if path.is_file()]
+    def asked(self, *question):
+        """What ninja says of its graph, line by line."""
+        return subprocess.run(["ninja", "-C", self.build, *question], check=True, capture_output=True,
+                              text=True).stdout.splitlines()
 
-    def read_test(self):
-        shown = subprocess.run(["ctest", "--test-dir", self.build, "--show-only=json-v1", "-R", f"^{self.target}$"],
+    def read_dependents(self):
+        """Which objects of the program depend on a file of the tree."""
+        linked = {self.build / word for word in shlex.split(self.link) if word.endswith(".o")}
+        self.dependents = collections.defaultdict(list)
+        for line in self.asked("-t", "deps"):
+            if line.startswith("    "):
+                file = os.path.normpath(self.build / line.strip())
+                if made in linked and file.startswith(str(self.tree) + "/"):
+                    self.dependents[os.path.relpath(file, self.tree)].append(made)
+            else:
+                made = self.build / line.partition(": ")[0]
+
+    def keep(self):
+        for path in set().union(*self.dependents.values()):
+            to = self.kept / path.relative_to(self.build)
+            if not to.exists() or to.stat().st_mtime_ns != path.stat().st_mtime_ns:
+                to.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy2(path, to)
+
+    def read_test(self, target):
+        shown = subprocess.run(["ctest", "--test-dir", self.build, "--show-only=json-v1", "-R", f"^{target}$"],
                                check=True, capture_output=True).stdout
-        test = json.loads(shown)["tests"][0]
-        properties = {p["name"]: p["value"] for p in test.get("properties", [])}
-        self.command = [word for word in test["command"] if not word.startswith("--gtest_output")]
+        tests = json.loads(shown)["tests"]
+        if not tests:
+            raise SystemExit(f"script/mutants: there is no test {target}")
+        properties = {p["name"]: p["value"] for p in tests[0].get("properties", [])}
+        self.command = [word for word in tests[0]["command"] if not word.startswith("--gtest_output")]
         self.folder = properties.get("WORKING_DIRECTORY", self.build)
-        self.environment = dict(os.environ, GTEST_FAIL_FAST="1", GTEST_BRIEF="1", HOME=str(self.scratch),
-                                TMPDIR=str(self.scratch))
+        self.environment = dict(os.environ, GTEST_BRIEF="1", HOME=str(self.scratch), TMPDIR=str(self.scratch))
         self.environment.update(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
 
-    def make(self):
-        """(whether the test program was built, what was said about it)"""
-        made = subprocess.run(["ninja", "-C", self.build, "-j1", self.target], stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, text=True, errors="replace", timeout=LONGEST_BUILD)
-        return made.returncode == 0, made.stdout
+    def compile(self, name):
+        """Compiles what includes this file: the objects whose code differs now from what was kept; None where one
+        does not compile. Warnings do not matter."""
+        different = []
+        for path in self.dependents[name]:
+            command = self.commands[path]
+            # A copy that is used once fills no cache.
+            done = subprocess.run(shlex.split(command["command"]) + ["-w"], cwd=command["directory"],
+                                  capture_output=True, env=dict(os.environ, CCACHE_DISABLE="1"))
+            if done.returncode != 0:
+                return None
+            if self.code(path) != self.code(self.kept / path.relative_to(self.build)):
+                different.append(path)
+        return different
 
-    def changed_objects(self):
-        """The objects that were made anew since the tree was prepared."""
-        return [path for path, then in self.times.items() if path.exists() and path.stat().st_mtime_ns != then]
+    def code(self, path):
+        """The digest of an object without what it says to a debugger, where lines and columns stand."""
+        stripped = self.place / "stripped.o"
+        subprocess.run(["objcopy", "--strip-debug", path, stripped], check=True)
+        return hashlib.sha256(stripped.read_bytes()).digest()
 
-    def differ(self, paths):
-        return any(digest(path) != digest(self.kept / path.relative_to(self.build)) for path in paths)
-
-    def optimised(self, objects):
-        """What the compiler makes of these objects' sources when it optimises, one digest each."""
-        digests, out = [], self.scratch / "optimised.o"
-        for path in objects:
-            command = self.commands[str(path)]
-            words = shlex.split(command["command"])
-            words[words.index("-o") + 1] = str(out)
-            done = subprocess.run([*words, "-O2", "-w"], cwd=command["directory"], capture_output=True)
-            digests.append(digest(out) if done.returncode == 0 else None)
-        return digests
+    def links(self):
+        return subprocess.run(self.link, shell=True, cwd=self.build, capture_output=True).returncode == 0
 
     def write(self, name, text):
         """Plants: a file of the tree has this text. What stood there is handed to restore()."""
@@ -125,14 +148,13 @@ class PrivateTree:
         path = self.tree / name
         path.write_bytes(content)
         os.utime(path, ns=(status.st_atime_ns, status.st_mtime_ns))
-        for changed, then in self.times.items():
-            if not changed.exists() or changed.stat().st_mtime_ns != then:
-                shutil.copy(self.kept / changed.relative_to(self.build), changed)
-                self.times[changed] = changed.stat().st_mtime_ns
+        for made in self.dependents[name]:
+            shutil.copy2(self.kept / made.relative_to(self.build), made)
 
     def run_test(self, seconds, *arguments):
-        """"passed", "failed" or "too long". A program with a fault may write, delete and allocate what it likes: it
-        runs as nobody where that can be arranged, within limits, with a folder of its own for what it leaves."""
+        """"passed", "failed" or "too long" for a program that should need so many seconds of the processor. A program
+        with a fault may write, delete and allocate what it likes: it runs as nobody where that can be arranged, within
+        limits, with a folder of its own for what it leaves."""
         shutil.rmtree(self.scratch, ignore_errors=True)
         self.scratch.mkdir()
         as_nobody = {}
@@ -141,16 +163,17 @@ class PrivateTree:
             os.chown(self.scratch, NOBODY, NOBODY)
 
         def limit():
-            if not self.sanitizers:  # which map terabytes that they do not use
+            if self.preset != "sanitize":  # sanitizers map terabytes that they do not use
                 resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
             resource.setrlimit(resource.RLIMIT_FSIZE, (LARGEST_FILE, LARGEST_FILE))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+            resource.setrlimit(resource.RLIMIT_CPU, (int(seconds) + 1, int(seconds) + 1))
         with open(self.place / "output", "wb") as output, \
                 subprocess.Popen([*self.command, *arguments], cwd=self.folder, env=self.environment,
                                  stdin=subprocess.DEVNULL, stdout=output, stderr=output, preexec_fn=limit,
                                  start_new_session=True, **as_nobody) as process:
             try:
-                return "passed" if process.wait(timeout=seconds) == 0 else "failed"
+                return "passed" if process.wait(timeout=WAITING * seconds) == 0 else "failed"
             except subprocess.TimeoutExpired:
                 return "too long"
             finally:
@@ -159,17 +182,16 @@ class PrivateTree:
                 except ProcessLookupError:
                     pass
 
-    def slow_cases(self, seconds):
-        """The cases of the last run, started with report(), that took longer."""
-        try:
-            cases = xml.etree.ElementTree.parse(self.scratch / "report.xml").getroot().iter("testcase")
-        except OSError:
-            return []
-        return [case.get("classname") + "." + case.get("name") for case in cases if float(case.get("time")) > seconds]
-
     def report(self):
         return f"--gtest_output=xml:{self.scratch}/report.xml"
 
-
-def digest(path):
-    return hashlib.sha256(path.read_bytes()).digest()
+    def case_seconds(self):
+        """How long each case of the last run took, which was started with report(), and which ones failed; nothing of a
+        program that writes no report."""
+        try:
+            cases = list(xml.etree.ElementTree.parse(self.scratch / "report.xml").getroot().iter("testcase"))
+        except (OSError, xml.etree.ElementTree.ParseError):
+            return {}, []
+        names = [case.get("classname") + "." + case.get("name") for case in cases]
+        failed = [name for name, case in zip(names, cases) if case.find("failure") is not None]
+        return {name: float(case.get("time")) for name, case in zip(names, cases) if name not in failed}, failed

@@ -91,6 +91,15 @@ TEST_F(AnimationTest, ChunksAreThoseOfAnAnimatedPng) {
   for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(numbers[i], i) << "one count for both kinds";
 }
 
+TEST_F(AnimationTest, NumbersCountOnOverAllFrames) {
+  std::vector<unsigned> numbers;
+  for (const auto& [type, content] : SplitPng(Make(4, 10, {red, blue, red, blue}))) {
+    if (type == "fcTL" || type == "fdAT") numbers.push_back(LoadBE32(content.data()));
+  }
+  ASSERT_GE(numbers.size(), 7u);
+  for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(numbers[i], i);
+}
+
 // The data of the later frames are those of their pictures.
 TEST_F(AnimationTest, LaterFramesHoldTheirPictures) {
   const auto chunks = SplitPng(Make(2, 10, {red, blue}));

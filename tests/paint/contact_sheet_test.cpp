@@ -99,6 +99,27 @@ TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
 
 // One frame of 1600 x 1000 is copied 400 wide, at a quarter: texts of 20 pixels are 5 there, those of 40 are
 // 10. A caption, of 13 pixels, has gone, and so has the ground below it.
+// Lines of one pixel, at 0.4 of their size: each pixel of the copy is made of all that it covers.
+TEST_F(ContactSheetTest, CopiesAreSmooth) {
+  DisplayList list = MakePlain({0, 0, 0, 255}, 1000, 500);
+  for (int x = 0; x < 1000; x += 2) {
+    for (const auto& [right, bottom] : {std::pair(0, 0), {1, 0}, {1, 500}, {0, 500}})
+      list.AddVertex(x + right, bottom);
+    PolygonRecord line = {};
+    line.colour = {255, 255, 255, 255};
+    list.AddArea(Layer::kBackground, line);
+  }
+  paint::ContactSheet sheet(1, 1000, 500);
+  ASSERT_TRUE(sheet.Add(list, "", error)) << error;
+  const Painted picture(Write(sheet));
+  int least = 255, most = 0;
+  for (int x = 20; x < 390; ++x) {
+    least = std::min<int>(least, picture.At(x, 100).red);
+    most = std::max<int>(most, picture.At(x, 100).red);
+  }
+  EXPECT_LE(most - least, 1) << least << " to " << most;
+}
+
 TEST_F(ContactSheetTest, TextsTooSmallToReadAreLeftOut) {
   const auto write = [this](float size, bool ground) {
     DisplayList list = MakePlain({0, 0, 0, 255}, 1600, 1000);

@@ -47,6 +47,27 @@ TEST_F(GlobeRecords, FullOneIsLitAllOver) {
   EXPECT_EQ(picture.At(100, 8), kBlack);
 }
 
+// Globes a thousand times as large as the picture, whose limbs cross it: only what shows is drawn, at its full
+// fineness.
+TEST_F(GlobeRecords, LimbOfAHugeOneIsSharp) {
+  GlobeRecord right = MakeGlobe(1.0f, 0.0f, 1.0f);
+  right.disc.x = 100100.0f;
+  right.disc.radius = 100000.0f;
+  list.Add(Layer::kBodies, right);
+  const Painted across(list);
+  EXPECT_EQ(across.At(97, 50), kBlack);
+  EXPECT_EQ(across.At(103, 50), kRedPixel);
+
+  list.Begin(200, 100, 1.0);
+  GlobeRecord below = MakeGlobe(1.0f, 0.0f, 1.0f);
+  below.disc.y = 100050.0f;
+  below.disc.radius = 100000.0f;
+  list.Add(Layer::kBodies, below);
+  const Painted down(list);
+  EXPECT_EQ(down.At(100, 47), kBlack);
+  EXPECT_EQ(down.At(100, 53), kRedPixel);
+}
+
 TEST_F(GlobeRecords, HalfIsLitOnTheSideOfTheSunAndTheNightKeepsTheDarkColour) {
   list.Add(Layer::kBodies, MakeGlobe(-1.0f, 0.0f, 0.0f));
   const Painted picture(list);

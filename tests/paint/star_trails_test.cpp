@@ -24,13 +24,13 @@ class StarTrailsTest : public testing::Test {
     list.SetStyle(style);
     AddBox(0.0, 100.0, {sky, sky, sky, 255}, Layer::kBackground);
   }
-  void AddStar(int number, double x, double y, const Rgba& colour = kWhite) {
+  void AddStar(int number, double x, double y, const Rgba& colour = kWhite, int kind = kStar) {
     PointRecord point = {};
     point.x = static_cast<float>(x);
     point.y = static_cast<float>(y);
     point.radius = 2.0f;
     point.colour = colour;
-    point.object = {kStar, number};
+    point.object = {kind, number};
     list.Add(Layer::kStars, point);
   }
   void AddBox(double top, double bottom, const Rgba& colour, Layer layer) {
@@ -103,6 +103,35 @@ TEST_F(StarTrailsTest, OtherStarsAndJumpsLeaveNone) {
   const Painted picture(Write());
   EXPECT_EQ(picture.At(40, 20), (Pixel{0, 0, 0}));
   EXPECT_EQ(picture.At(100, 60), (Pixel{0, 0, 0}));
+}
+
+TEST_F(StarTrailsTest, TrailIsAsWideAsItsStar) {
+  for (const double x : {50.0, 80.0}) {
+    Begin(0);
+    AddStar(1, x, 40.0);
+    Add();
+  }
+  const Painted picture(Write());
+  for (const int y : {38, 41}) EXPECT_EQ(picture.At(65, y), (Pixel{255, 255, 255})) << y;
+  for (const int y : {37, 42}) EXPECT_EQ(picture.At(65, y), (Pixel{0, 0, 0})) << y;
+}
+
+// What has no number cannot be found again: two of them are not one that moved.
+TEST_F(StarTrailsTest, LightsOfNoObjectLeaveNone) {
+  for (const double x : {50.0, 80.0}) {
+    Begin(0);
+    AddStar(0, x, 40.0, kWhite, 0);
+    Add();
+  }
+  EXPECT_EQ(Painted(Write()).At(65, 40), (Pixel{0, 0, 0}));
+}
+
+TEST_F(StarTrailsTest, PictureThatCannotBeDrawnIsNamed) {
+  paint::StarTrails huge(1000000, 1000000);
+  const std::string path = dir.Path("huge.png");
+  EXPECT_FALSE(huge.Write(path, error));
+  EXPECT_TRUE(error.starts_with(path + ": cannot be drawn: ")) << error;
+  EXPECT_GT(error.size(), (path + ": cannot be drawn: ").size());
 }
 
 TEST_F(StarTrailsTest, GroundLiesOnThemAndNamesAreLeftOut) {

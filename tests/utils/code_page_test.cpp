@@ -100,6 +100,12 @@ TEST(CodePage, OverlongFormsAreRefused) {
   EXPECT_EQ(BadByteOf("\xF0\x80\x83\xA4"), 0);  // and in four
 }
 
+TEST(CodePage, TheFirstCharacterOfEachLengthIsTaken) {
+  EXPECT_EQ(DecodeUtf8("\xC2\x80", 0, nullptr), 0x80);
+  EXPECT_EQ(DecodeUtf8("\xE0\xA0\x80", 0, nullptr), 0x800);
+  EXPECT_EQ(DecodeUtf8("\xF0\x90\x80\x80", 0, nullptr), 0x10000);
+}
+
 TEST(CodePage, SurrogatesAreRefused) {
   EXPECT_EQ(BadByteOf("\xED\xA0\x80"), 0);
   EXPECT_EQ(BadByteOf("\xED\xBF\xBF"), 0);

@@ -36,4 +36,16 @@ TEST(Json, EveryByteThatIsNoUtf8BecomesTheReplacementCharacter) {
   EXPECT_EQ(JsonString("\xC0\x80"), "\"\xEF\xBF\xBD\xEF\xBF\xBD\"");  // an overlong zero
 }
 
+TEST(Json, MembersOfAnObjectStandOnOneLine) {
+  EXPECT_EQ(JsonObject({}), "{}");
+  EXPECT_EQ(JsonObject({{"a", "1"}}), "{\"a\": 1}");
+  EXPECT_EQ(JsonObject({{"a\"b", "1"}, {"", JsonString("x")}}), R"({"a\"b": 1, "": "x"})");
+}
+
+TEST(Json, ElementsOfAnArrayHaveALineEach) {
+  EXPECT_EQ(JsonArray({}), "[]\n");
+  EXPECT_EQ(JsonArray({"1"}), "[\n 1\n]\n");
+  EXPECT_EQ(JsonArray({"1", "{}"}, "\t"), "[\n\t1,\n\t{}\n]\n");
+}
+
 }  // namespace

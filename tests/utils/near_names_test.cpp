@@ -31,6 +31,12 @@ TEST(NearNames, AThirdOfTheLettersMayDiffer) {
   EXPECT_EQ(FindNearNames("abcdef", {"abcdxy", "abcxyz"}), (Names{"abcdxy"}));
 }
 
+TEST(NearNames, OneLetterMayDifferInTheShortest) {
+  EXPECT_EQ(FindNearNames("az", {"ax", "a", "bx", "xaz"}), (Names{"ax", "a", "xaz"}));
+  EXPECT_EQ(FindNearNames("AZ", {"az", "Az"}), (Names{"az", "Az"}));
+  EXPECT_EQ(FindNearNames("M 3", {"m_31", "M 3"}), (Names{"M 3"}));
+}
+
 TEST(NearNames, AtMostSoManyAndEachOnce) {
   EXPECT_EQ(FindNearNames("visMag", {"VisMagnitude", "VisMagA"}, 1), (Names{"VisMagnitude"}));
   EXPECT_EQ(FindNearNames("Draw", {"Draw", "Drew", "Draw", "Drow", "Drawn"}),

@@ -211,4 +211,12 @@ TEST(GetWorkPath, NameOfVeryManyFoldersGivesNothingAndMakesNone) {
   EXPECT_TRUE(std::filesystem::is_empty(roots.dir.Path("work")));
 }
 
+TEST(GetWorkPath, NoNameGivesNothing) {
+  TempRoots roots;
+  EXPECT_EQ(ZentharPath::GetWorkPath(nullptr), "");
+  EXPECT_EQ(ZentharPath::GetWorkPath(""), "");
+  EXPECT_EQ(ZentharPath::GetWorkPath(":/"), "");
+  EXPECT_EQ(ZentharPath::GetWorkPath("a:..:b"), "");
+}
+
 }  // namespace

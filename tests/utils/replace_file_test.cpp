@@ -151,6 +151,15 @@ TEST(ReplaceFile, FoldersAndMissingFoldersAreRefused) {
   EXPECT_TRUE(file.Commit());
 }
 
+TEST(ReplaceFile, FileWithoutANameIsRefusedBeforeOneIsMade) {
+  FileReplacement file;
+  for (const char* const path : {"", static_cast<const char*>(nullptr)}) {
+    EXPECT_FALSE(file.Open(path));
+    EXPECT_EQ(file.GetReason(), "it has no name");
+    EXPECT_EQ(file.GetNewPath(), "");
+  }
+}
+
 #if !defined(__wasi__)  // which has no permissions
 
 TEST(ReplaceFile, ReadOnlyTargetIsRefused) {

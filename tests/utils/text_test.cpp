@@ -96,6 +96,7 @@ TEST(ParseString2, NeverWritesMoreThanItReads) {
 TEST(ParseString2, NullWritesNothing) {
   char buffer[] = "x";
   EXPECT_EQ(ParseString2(nullptr, buffer), 0);
+  EXPECT_EQ(ParseString2("y", nullptr), 0);
   EXPECT_STREQ(buffer, "x");
 }
 

@@ -41,6 +41,14 @@ TEST_F(WholeFile, EveryByteIsThere) {
   }
 }
 
+TEST_F(WholeFile, TakesNotMuchMoreMemoryThanItsBytes) {
+  ASSERT_TRUE(Read(dir.Write("file", std::string(1000, 'x'))));
+  EXPECT_LT(content.capacity(), 10000u);
+  std::istringstream stream(std::string(1000, 'x'));
+  ASSERT_TRUE(ReadWholeStream(stream, content, reason));
+  EXPECT_LT(content.capacity(), 200000u);
+}
+
 TEST_F(WholeFile, MissingFileAndFolderCannotBeRead) {
   for (const std::string& path : {dir.Path("none"), dir.Path(), std::string()}) {
     content = "before";

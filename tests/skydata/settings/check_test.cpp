@@ -6,6 +6,7 @@
 
 #include "skydata/settings/reader/file_reader.h"
 #include "tests/skydata/settings/bytes.h"
+#include "utils/text.h"
 
 namespace skydata {
 namespace {
@@ -238,6 +239,29 @@ TEST(SettingsCheck, FindingsNameFileOffsetSeverityAndCode) {
   EXPECT_EQ(FormatFindingAsJson("a.data", finding),
             R"({"file": "a.data", "offset": 60, "code": "stray-bytes", "severity": "warning", )"
             R"("text": "say \"what\""})");
+}
+
+// Bodies are listed by a whole number that repeats their section, the others by their bytes.
+TEST(IsListedObject, MoonNamesItsSection) {
+  FileField field;
+  field.section = static_cast<unsigned>(FourCC("moon"));
+  const auto isListed = [&field](unsigned char type, const std::string& values) {
+    field.text.type = type;
+    field.text.size = static_cast<unsigned short>(values.size() / 4);
+    field.text.values = values;
+    return IsListedObject(field);
+  };
+  const std::string own = "noom", other = "raht";  // the lowest byte first
+  for (const unsigned char type : {CommonInterfaces::kFieldInt32, CommonInterfaces::kFieldUInt32}) {
+    EXPECT_TRUE(isListed(type, own));
+    EXPECT_TRUE(isListed(type, own + other));
+    EXPECT_FALSE(isListed(type, other + own));
+    EXPECT_FALSE(isListed(type, ""));
+  }
+  EXPECT_FALSE(isListed(CommonInterfaces::kFieldBytes, own));
+  field.section = static_cast<unsigned>(FourCC("comt"));
+  EXPECT_TRUE(isListed(CommonInterfaces::kFieldBytes, other));
+  EXPECT_FALSE(isListed(CommonInterfaces::kFieldInt32, other));
 }
 
 }  // namespace
