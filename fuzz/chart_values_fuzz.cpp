@@ -6,9 +6,9 @@
 #include <string>
 
 #include "fuzz/scratch.h"
+#include "scene/chart/light_curve.h"
 #include "scene/session/chart_values.h"
 #include "scene/session/image_group_names.h"
-#include "scene/chart/light_curve.h"
 #include "scene/session/mark_text.h"
 #include "scene/session/orbit_request.h"
 
