@@ -59,8 +59,8 @@ class SceneMemory : public testing::Test {
   static SkyMoment Moment(double days = 0.0) { return MakeMoment(Time().day, Time().fraction + days); }
   static std::string StateOf(const SkyCatalogs& catalogs) {
     return std::to_string(catalogs.stars.GetCount()) + ' ' + std::to_string(catalogs.starTiles.size()) + ' ' +
-           std::to_string(catalogs.constellations.size()) + ' ' + std::to_string(catalogs.figures.size()) + ' ' +
-           std::to_string(catalogs.bodies.size());
+           std::to_string(catalogs.constellations.size()) + ' ' + std::to_string(catalogs.figures.size()) +
+           ' ' + std::to_string(catalogs.bodies.size());
   }
 
   host_test::SmallRoot m_Root;
@@ -71,11 +71,13 @@ class SceneMemory : public testing::Test {
 template <class Make>
 void FailText(Make make) {
   FailEveryAllocation([] { return std::make_unique<std::string>("an earlier text"); },
-                      [&](std::string& text) { text = make(); }, [](const std::string& text) { return text; });
+                      [&](std::string& text) { text = make(); },
+                      [](const std::string& text) { return text; });
 }
 
 TEST_F(SceneMemory, DataRootIsOpened) {
-  FailEveryAllocation([] { return std::make_unique<SkyCatalogs>(); }, [this](SkyCatalogs& catalogs) { Open(catalogs); },
+  FailEveryAllocation([] { return std::make_unique<SkyCatalogs>(); },
+                      [this](SkyCatalogs& catalogs) { Open(catalogs); },
                       [](const SkyCatalogs& catalogs) { return StateOf(catalogs); });
 }
 
@@ -123,18 +125,20 @@ TEST_F(SceneMemory, FrameSaysWhenObjectsAreLeftOut) {
 }
 
 TEST_F(SceneMemory, ObjectsAreSearched) {
-  FailMaking<ObjectSearch>([this] { return std::make_unique<ObjectSearch>(m_Catalogs); },
-                           [](const ObjectSearch& search) { return std::to_string(search.Find("Sirius").size()); });
+  FailMaking<ObjectSearch>(
+      [this] { return std::make_unique<ObjectSearch>(m_Catalogs); },
+      [](const ObjectSearch& search) { return std::to_string(search.Find("Sirius").size()); });
   // What is read at the first question is not kept before it is whole.
-  FailEveryAllocation([this] { return std::make_unique<ObjectSearch>(m_Catalogs); },
-                      [](const ObjectSearch& search) {
-                        std::string error;
-                        EXPECT_TRUE(search.FindOne("alpha CMa", error));
-                        EXPECT_FALSE(search.FindOne("Sirrius", error));
-                        EXPECT_FALSE(search.Suggest("b", 5).empty());
-                      },
-                      [](const ObjectSearch& search) { return search.GetTitle(search.Find("Betelgeuse").at(0)); },
-                      Leaves::kNothing);
+  FailEveryAllocation(
+      [this] { return std::make_unique<ObjectSearch>(m_Catalogs); },
+      [](const ObjectSearch& search) {
+        std::string error;
+        EXPECT_TRUE(search.FindOne("alpha CMa", error));
+        EXPECT_FALSE(search.FindOne("Sirrius", error));
+        EXPECT_FALSE(search.Suggest("b", 5).empty());
+      },
+      [](const ObjectSearch& search) { return search.GetTitle(search.Find("Betelgeuse").at(0)); },
+      Leaves::kNothing);
 }
 
 TEST_F(SceneMemory, ObjectsAreDescribed) {
@@ -153,7 +157,8 @@ TEST_F(SceneMemory, EventsAreFound) {
   FailText([&] {
     std::string text;
     for (const char* kinds : {"phases", "planets"}) {
-      const FoundEvents found = FindEvents(FindKinds(kinds), {Moment(), Moment(6.0), kBerlin}, m_Catalogs.bodies);
+      const FoundEvents found =
+          FindEvents(FindKinds(kinds), {Moment(), Moment(6.0), kBerlin}, m_Catalogs.bodies);
       text += std::to_string(found.events.size()) + ' ';
     }
     return text + "events, which are more than a short text";
