@@ -8,8 +8,8 @@
 
 namespace CommonInterfaces {
 
-// Brings a camera's members back to what they were when it was made, unless the operation says that it is through: for
-// operations of several steps that may run out of memory between them.
+// Brings a camera's members back to what they were when it was made, unless the operation says that it is
+// through: for operations of several steps that may run out of memory between them.
 class StateGuard {
  public:
   explicit StateGuard(CameraState& state) : m_State(state), m_Earlier(state) {}

@@ -16,9 +16,9 @@ class FieldInsertions {
   bool IsEmpty() const { return m_Waiting.empty(); }
   int GetCount() const { return static_cast<int>(m_Waiting.size()); }
 
-  // `field` belongs at index `place` of the fields as they are with everything that waits; whoever is there,
-  // and behind, moves by one. At the end it is appended at once, and when many wait they are all inserted first. Without
-  // memory (std::bad_alloc, here and below) fields and what waits are as they were.
+  // `field` belongs at index `place` of the fields as they are with everything that waits; whoever is
+  // there, and behind, moves by one. At the end it is appended at once, and when many wait they are all
+  // inserted first. Without memory (std::bad_alloc, here and below) fields and what waits are as they were.
   void Add(std::vector<SettingField*>& fields, int place, SettingField* field);
 
   // Inserts what waits.

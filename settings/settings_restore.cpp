@@ -35,7 +35,8 @@ bool SettingsData::Restore(const char* fileName) {
   return result;
 }
 
-// All memory that this wants it has before the first field changes. A record of the length that is there wants none.
+// All memory that this wants it has before the first field changes. A record of the length that is there
+// wants none.
 void SettingsData::AssignToCounterparts(const std::vector<SettingField*>& fields) {
   const int current = m_CurSection;
   std::vector<SettingField*> counterparts;

@@ -23,8 +23,8 @@ struct SettingsData::Tables {
   IncompleteFiles incomplete;     // since the last Read
 };
 
-// What a container holds, kept aside while another content is made in it: what cannot be finished for lack of memory comes
-// to nothing, and what there was is back. Takes no memory itself.
+// What a container holds, kept aside while another content is made in it: what cannot be finished for lack
+// of memory comes to nothing, and what there was is back. Takes no memory itself.
 class SettingsData::SetAside {
  public:
   // The container is empty then.

@@ -11,8 +11,9 @@
 
 namespace CommonInterfaces {
 
-// The modify flag follows the last setter of all, deliberately: one that changes nothing clears it again. The value is set
-// by then, so this must not fail: a section for which there is no memory to mark it counts as changed without a mark.
+// The modify flag follows the last setter of all, deliberately: one that changes nothing clears it again.
+// The value is set by then, so this must not fail: a section for which there is no memory to mark it counts
+// as changed without a mark.
 void SettingsData::NoteChange(bool changed, unsigned section) {
   s_ModifyFlag = changed;
   if (changed) static_cast<void>(RunsThrough([&] { SetSectionChanged(section, true); }));

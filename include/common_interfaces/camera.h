@@ -28,8 +28,9 @@ class SettingsData;
 // Usage: construct, CreateDefault, SetWinRect; then ReadSelf restores a saved view.
 //
 // A camera belongs to one thread at a time. Nothing throws but std::bad_alloc, when memory runs out: camera
-// and files are then as they were, but WriteSelf and WriteSelfAll may have appended their record. Angles are radians, vectors three doubles,
-// matrices nine doubles in row order. Pointers passed in are read or written during the call only.
+// and files are then as they were, but WriteSelf and WriteSelfAll may have appended their record. Angles
+// are radians, vectors three doubles, matrices nine doubles in row order. Pointers passed in are read or
+// written during the call only.
 //
 // Matrices
 //
@@ -94,8 +95,9 @@ class COMMON_INTERFACES_API Camera : private CameraState {
   void WriteSelfAll(const char* file, int id);
 
   // The same records, each once and whole or not at all, in the place of an older one of that id
-  // (SettingsData::Save). False, with one line and file and camera as they were, when that fails, and when the settings
-  // object lacks a field of the record; false without a line for a camera without a settings object.
+  // (SettingsData::Save). False, with one line and file and camera as they were, when that fails, and when
+  // the settings object lacks a field of the record; false without a line for a camera without a settings
+  // object.
   bool SaveSelf(const char* file, int id);
   bool SaveSelfAll(const char* file, int id);
 

@@ -80,7 +80,8 @@ class COMMON_INTERFACES_API Engine : public ReferenceCounted {
   // Deletes all items and removes all entries.
   virtual void Clear();
 
-  // Registers the item, which the engine owns from then on. When the key is taken, the earlier item stays and
+  // Registers the item, which the engine owns from then on; without memory (std::bad_alloc) it remains the
+  // caller's and nothing changes. When the key is taken, the earlier item stays and
   // the new one remains the caller's: the returned number of entries is then the same as before. Prints
   // nothing.
   virtual int Add(int key, BaseItem* item);

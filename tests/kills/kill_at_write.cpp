@@ -5,11 +5,12 @@
 //
 // usage: kill_at_write INDEX before|within COMMAND...
 //
-// INDEX counts these calls from 0, of all processes and threads that the program starts: open for writing, write (not to
-// standard output and error), truncate, sync, rename, link, unlink, make or remove a folder, change mode or owner. `before`:
-// nothing of the call is done. `within`: of a write half of the bytes are written, any other call is done and does not come
-// back. The last line on standard output is the name of the call and "killed"; or, when there are not that many calls, their
-// number, "calls" and the exit status, which is this program's too.
+// INDEX counts these calls from 0, of all processes and threads that the program starts: open for writing,
+// write (not to standard output and error), truncate, sync, rename, link, unlink, make or remove a folder,
+// change mode or owner. `before`: nothing of the call is done. `within`: of a write half of the bytes are
+// written, any other call is done and does not come back. The last line on standard output is the name of
+// the call and "killed"; or, when there are not that many calls, their number, "calls" and the exit status,
+// which is this program's too.
 #include <fcntl.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>

@@ -5,8 +5,8 @@
 //
 // usage: save_peer DATA_ROOT WORK_AREA OPERATION 1|2|read
 //
-// 1 and 2 are two contents, one after the other; both come to more than the C library writes at once. Exit status 1 when
-// saving or reading failed. `list` as the only argument names the operations.
+// 1 and 2 are two contents, one after the other; both come to more than the C library writes at once. Exit
+// status 1 when saving or reading failed. `list` as the only argument names the operations.
 #include <cstdio>
 #include <cstring>
 #include <filesystem>

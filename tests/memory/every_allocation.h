@@ -34,10 +34,11 @@ class NoLines {
   NoLines& operator=(const NoLines&) = delete;
 };
 
-// Calls `call(object)` on what `prepare()` gives, a pointer that owns, again and again: first the first allocation in it
-// fails, then the second, and so on, in steps that grow to a fiftieth of the way, until none does. `state(object)` is all
-// that can be read of it, as text. A call that runs out of memory either throws std::bad_alloc, and leaves what `leaves`
-// says, or it returns and has done its work or nothing. Everything that was allocated is freed with the object.
+// Calls `call(object)` on what `prepare()` gives, a pointer that owns, again and again: first the first
+// allocation in it fails, then the second, and so on, in steps that grow to a fiftieth of the way, until
+// none does. `state(object)` is all that can be read of it, as text. A call that runs out of memory either
+// throws std::bad_alloc, and leaves what `leaves` says, or it returns and has done its work or nothing.
+// Everything that was allocated is freed with the object.
 template <class Prepare, class Call, class State>
 void FailEveryAllocation(Prepare prepare, Call call, State state, Leaves leaves = Leaves::kAsItWas) {
   constexpr long long kMostAllocations = 10'000'000;

@@ -4,6 +4,7 @@
 // What a frame is made with while memory runs out: the pool, shadows, display options, records of databases.
 #include <memory>
 
+#include "common_interfaces/item_engine.h"
 #include "common_interfaces/object_outputs.h"
 #include "common_interfaces/object_shadow_map.h"
 #include "common_interfaces/output_pool.h"
@@ -114,6 +115,42 @@ TEST(FrameMemory, PathIsCached) {
                         static_cast<void>(path.path.release());
                       },
                       state);
+}
+
+// The item stays the caller's until the engine has it.
+TEST(FrameMemory, ItemIsAdded) {
+  struct Item : BaseItem {
+    void SetUp(void*) override {}
+    void SetObject(void*) override {}
+    bool Init(void*) override { return true; }
+    void Release() override {}
+    BaseList* Run(BaseList*) override { return nullptr; }
+  };
+  struct Items {
+    Engine engine;
+    int count = 0;
+  };
+  FailEveryAllocation([] { return std::make_unique<Items>(); },
+                      [](Items& items) {
+                        auto item = std::make_unique<Item>();
+                        items.count = items.engine.Add(10, item.get());
+                        static_cast<void>(item.release());
+                      },
+                      [](const Items& items) { return std::to_string(items.count); });
+}
+
+TEST(FrameMemory, RecordsAreConvertedWithoutAny) {
+  const memory_tests::NoLines quiet;
+  MadeUpRecord record;
+  record.SetDouble("RA", 1.0);
+  record.SetDouble("Dec", 0.5);
+  CQXSolSys model;
+  const unsigned long long before = host_test::GetAllocationCount();
+  for (const char* kind : {"star", "gala", "cnst", "comt"}) {
+    SSO_ID id(GetFOURCC(kind), 1);
+    ConvertDBRecord(id, &record, nullptr, &model, kConvertLocateObject);
+  }
+  EXPECT_EQ(host_test::GetAllocationCount(), before);
 }
 
 }  // namespace

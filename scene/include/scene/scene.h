@@ -7,8 +7,9 @@
 // to objects (pick.h).
 //
 // Names are in the namespace scene. Everything belongs to one thread at a time unless its header says
-// otherwise. Nothing throws but what the standard library throws when memory runs out; a failure is a return
-// value, with one line of text where there is something to say.
+// otherwise. Nothing throws but what the standard library throws when memory runs out; a failure is a
+// return value, with one line of text where there is something to say. When memory runs out catalogs,
+// sessions, files and what is found are as they were; a frame is to be computed again.
 #pragma once
 
 #include "scene/almanac/moon_chart.h"
