@@ -62,7 +62,7 @@ class ContainersByTwoThreads : public testing::Test {
   int value = 0;
   std::map<int, unsigned char> favourites;
   std::vector<int> numbers;
-  unsigned char record[CommonInterfaces::kFieldHeaderSize] = {};
+  alignas(CommonInterfaces::FieldData) unsigned char record[CommonInterfaces::kFieldHeaderSize] = {};
 };
 
 TEST_F(ContainersByTwoThreads, EveryOperationOfTheSameContainerIsNoticed) {

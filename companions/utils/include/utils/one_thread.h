@@ -21,6 +21,8 @@
 // without: what is in use is known here, not in the object. Nothing allocates or throws.
 #pragma once
 
+#include <type_traits>
+
 #include "utils/api.h"
 
 // A use of `object`, whose class is named, by `operation`; both texts are literals. Any thread; it ends on
@@ -47,6 +49,7 @@ class UTILS_API ObjectUse {
 using BreachHook = void (*)();
 UTILS_API void SetBreachHook(BreachHook hook);
 
+// The same of the calling function. Any thread.
 template <bool changes>
 struct CheckedUse : private ObjectUse {
   CheckedUse(const void* object, const char* objectClass,
@@ -54,14 +57,19 @@ struct CheckedUse : private ObjectUse {
       : ObjectUse(object, objectClass, operation, changes) {}
 };
 
+// Nothing, whatever is used by whom. Any thread.
 struct [[maybe_unused]] UncheckedUse {
-  constexpr UncheckedUse(const void* /*object*/, const char* /*objectClass*/) noexcept {}
+  constexpr UncheckedUse(const void*, const char*) noexcept {}
 };
 
 #if defined(CI_CHECK_THREADS)
-using ChangesObject = CheckedUse<true>;
-using ReadsObject = CheckedUse<false>;
+constexpr bool kThreadsAreChecked = true;
 #else
-using ChangesObject = UncheckedUse;
-using ReadsObject = UncheckedUse;
+constexpr bool kThreadsAreChecked = false;
 #endif
+
+// What an operation says that changes the object.
+using ChangesObject = std::conditional_t<kThreadsAreChecked, CheckedUse<true>, UncheckedUse>;
+
+// What an operation says that only looks at the object; several threads may do so at once.
+using ReadsObject = std::conditional_t<kThreadsAreChecked, CheckedUse<false>, UncheckedUse>;

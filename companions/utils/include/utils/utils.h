@@ -21,6 +21,7 @@
 #include "utils/mapped_file.h"
 #include "utils/near_names.h"
 #include "utils/numbers.h"
+#include "utils/one_thread.h"
 #include "utils/path.h"
 #include "utils/program.h"
 #include "utils/progress_bar.h"
