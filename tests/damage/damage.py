@@ -124,7 +124,7 @@ class Campaign:
         folder, file = root.folder, root.folder / case.name
         places = {"DATA": folder / "data", "WORK": folder / "work", "OUT": folder / "out", "FILE": file,
                   "SOUND": self.base / "data", "COPY": folder / "out" / "copy",
-                  "ALONE": folder / "out" / "alone", "STEM": file.name.split(".")[0].split("_")[0]}
+                  "ALONE": folder / "out" / "alone", "STEM": file.name.split(".")[0]}
         alone = places["ALONE"] / case.name.partition("/")[2]
         for mark, place in (("@ALONE@", alone), ("@COPY@", places["COPY"])):
             if mark not in case.words:
