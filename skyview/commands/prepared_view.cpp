@@ -3,6 +3,7 @@
 #include "skyview/commands/prepared_view.h"
 
 #include "skyview/commands/start.h"
+#include "skyview/session/defaults.h"
 #include "skyview/session/own_settings.h"
 #include "utils/text.h"
 
@@ -26,6 +27,7 @@ PreparedView::PreparedView(const ViewOptions& options, const SettingsOptions& ch
                            const std::optional<scene::SessionCapsule>& session, const Clock& clock,
                            Diagnostics& diagnostics)
     : settings(kOwner, FourCC("FLTR"), "filters.data"), camera(kOwner) {
+  TellFaultsOfDefaults(diagnostics);
   Require(LoadSettings(changes.settings, settings));
   RestoreSettings(session, diagnostics, settings);
   for (const auto& change : changes.set) {

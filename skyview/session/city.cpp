@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "scene/catalogs/cities.h"
+#include "scene/catalogs/texts.h"
 #include "scene/view/directions.h"
 #include "utils/messages.h"
 
@@ -39,8 +40,13 @@ std::string DescribeChosen(const std::string& asked, const std::vector<scene::Fo
 ViewResult TakeCity(ViewOptions& view, const std::string& language, Diagnostics& diagnostics) {
   if (!view.city) return {};
   const std::string asked = "--place '" + *view.city + "': ";
+  const std::size_t before = diagnostics.lines.size();
   const std::vector<scene::City> cities = scene::LoadCities();
-  if (cities.empty()) return {Failure::kBadData, asked + "the data root has no table of cities"};
+  if (cities.empty()) {
+    const bool isTold = diagnostics.lines.size() > before;
+    return {Failure::kBadData, asked + (isTold ? MakeOneLine(scene::MessageToUtf8(diagnostics.lines[before]))
+                                               : "the data root has no cities, catalogs:cities.txt")};
+  }
   const auto found = scene::FindCities(cities, *view.city);
   if (found.empty()) {
     const std::string near = JoinNames(scene::FindNearCities(cities, *view.city));

@@ -15,6 +15,7 @@
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
+#include "utils/whole_file.h"
 
 namespace skyview {
 namespace {
@@ -45,6 +46,14 @@ class ListEditor {
   }
   ListEditor(const ListEditor&) = delete;
   ListEditor& operator=(const ListEditor&) = delete;
+
+  // A list that is there and that nobody can read must not seem empty.
+  bool IsReadable(std::string& error) const {
+    std::string reason;
+    if (m_WasAbsent || IsBoundedFile(m_Name.c_str(), reason)) return true;
+    error = m_Name + ": " + reason;
+    return false;
+  }
 
   bool Add(const std::string& name, std::string& error) {
     const auto id = Identify(name, error);
@@ -143,6 +152,7 @@ bool AddToFavourites(const std::vector<std::string>& names, const scene::ObjectS
 bool RemoveFromFavourites(const std::vector<std::string>& names, const scene::ObjectSearch& search,
                           const scene::SkyCatalogs& catalogs, std::string& error) {
   ListEditor editor(search, catalogs);
+  if (!editor.IsReadable(error)) return false;
   for (const auto& name : names) {
     if (!editor.Remove(name, error)) return false;
   }

@@ -12,6 +12,7 @@
 #include "scene/view/base_plane.h"
 #include "scene/view/field_of_view.h"
 #include "scene/view/observer_frame.h"
+#include "skyview/session/defaults.h"
 #include "skyview/session/here_and_now.h"
 #include "skyview/session/homes.h"
 #include "skyview/session/session.h"
@@ -43,7 +44,8 @@ ViewResult RestoreView(const ViewFile& view, Camera& camera) {
     return BadData(path + ": holds no view " + number);
   }
   if (!camera.ReadSelf(path.c_str(), static_cast<unsigned>(view.id))) {
-    return BadData(path + ": view " + number + " is damaged");
+    const std::string fault = FindFaultOfViewDefaults();
+    return BadData(fault.empty() ? path + ": view " + number + " is damaged" : fault);
   }
   return {};
 }
@@ -240,7 +242,8 @@ ViewResult ApplyOptions(const ViewOptions& options, const std::optional<SessionC
 bool SaveView(Camera& camera, const ViewFile& view, std::string& error) {
   const std::string target = std::filesystem::absolute(view.path).string();
   if (camera.SaveSelfAll(target.c_str(), view.id)) return true;
-  error = view.path + ": the view cannot be saved there";
+  const std::string fault = FindFaultOfViewDefaults();
+  error = fault.empty() ? view.path + ": the view cannot be saved there" : fault;
   return false;
 }
 

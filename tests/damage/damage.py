@@ -83,6 +83,13 @@ def must_be_refused(case):
     return case.words[0] == "skydata" and "@FILE@" in case.words and case.kind in damages.UNREADABLE[1:]
 
 
+def names_the_cause(case, errors):
+    """Whether a refusal names a damaged file, or the object that was asked for and that the file no longer has."""
+    files = [name.rpartition("/")[2] for name in case.changes]
+    asked = [f"'{word}'" for word in case.words[1:] if not word.startswith("-")]
+    return any(word.encode() in errors for word in files + asked)
+
+
 class Campaign:
     def __init__(self, options):
         self.options = options
@@ -124,7 +131,7 @@ class Campaign:
         folder, file = root.folder, root.folder / case.name
         places = {"DATA": folder / "data", "WORK": folder / "work", "OUT": folder / "out", "FILE": file,
                   "SOUND": self.base / "data", "COPY": folder / "out" / "copy",
-                  "ALONE": folder / "out" / "alone", "STEM": file.name.split(".")[0].split("_")[0]}
+                  "ALONE": folder / "out" / "alone", "STEM": file.name.split(".")[0]}
         alone = places["ALONE"] / case.name.partition("/")[2]
         for mark, place in (("@ALONE@", alone), ("@COPY@", places["COPY"])):
             if mark not in case.words:
@@ -147,6 +154,8 @@ class Campaign:
         found = list(program_runs.problems(words, run, self.limits))
         if run.status == program_runs.DONE and must_be_refused(case):
             found.append("takes what cannot be read")
+        if run.status == program_runs.REFUSED and case.words[0] == "skyview" and not names_the_cause(case, run.errors):
+            found.append("a refusal that does not name the file")
         changed = root.find_changes()
         if changed:
             found.append(f"changed the data root: {changed}")

@@ -83,6 +83,19 @@ class WhatMustBeRefused(unittest.TestCase):
         self.assertFalse(self.refused(damages.FOLDER, "skydata lint @ALONE@", "data/media/maps/mars.jpg"))
 
 
+class WhatARefusalNames(unittest.TestCase):
+    def named(self, errors):
+        words = "skyview favourites add Rigel --work @WORK@".split()
+        case = damage.Case(1, "swapped", "data/catalogs/a.txt", {"data/catalogs/a.txt": b"", "data/b.data": b""}, words)
+        return damage.names_the_cause(case, errors)
+
+    def test_a_damaged_file_or_the_object_asked_for(self):
+        self.assertTrue(self.named(b"skyview: /tmp/r/data/catalogs/a.txt: cannot be read\n"))
+        self.assertTrue(self.named(b"skyview: b.data: damaged\n"))
+        self.assertTrue(self.named(b"skyview: favourites add: 'Rigel': no such object\n"))
+        self.assertFalse(self.named(b"skyview: out/view.data: the view cannot be saved there\n"))
+
+
 class RunsUnderLimits(unittest.TestCase):
     def execute(self, text, seconds=30):
         return program_runs.execute([sys.executable, "-c", text], dict(os.environ), "/", seconds)

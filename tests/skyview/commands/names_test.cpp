@@ -54,7 +54,12 @@ TEST_F(Names, AnUnknownCityIsRefusedWithLikeOnes) {
             "skyview: --place 'Sidney': no such city; similar: Sydney (LAT,LON takes any place)");
   std::filesystem::remove(sky.dir.Path("data/catalogs/cities.txt"));
   EXPECT_EQ(sky.Run({"--place", "Sydney", "--time", "2026-07-01"}), 1);
-  EXPECT_EQ(sky.GetErrorLine(), "skyview: --place 'Sydney': the data root has no table of cities");
+  EXPECT_EQ(sky.GetErrorLine(),
+            "skyview: --place 'Sydney': the data root has no cities, catalogs:cities.txt");
+  std::filesystem::create_directories(sky.dir.Path("data/catalogs/cities.txt"));
+  EXPECT_EQ(sky.Run({"--place", "Sydney", "--time", "2026-07-01"}), 1);
+  EXPECT_NE(sky.GetErrorLine().find("cities.txt"), std::string::npos) << sky.errors.str();
+  EXPECT_NE(sky.GetErrorLine().find("cannot be read"), std::string::npos) << sky.errors.str();
 }
 
 TEST_F(Names, WhatLooksLikeCoordinatesIsNoCity) {

@@ -216,6 +216,25 @@ TEST(Skyview, DamagedViewIsExitOne) {
   EXPECT_TRUE(Contains(sky.GetErrorLine(), "my.data")) << sky.errors.str();
 }
 
+// The readers take what stands before the damage and say nothing of it.
+TEST(Skyview, DamagedDefaultsAreToldAndBlamedForViewsThatCannotBeRestored) {
+  SmallSky sky;
+  ASSERT_EQ(sky.Run(With(kOrion, {"--save-view", sky.dir.Path("view.data")})), 0);
+  const std::string whole = sky.dir.Read("data/filters.data");
+  sky.dir.Write("data/filters.data", whole.substr(0, whole.find("RMAC") - 20));
+  const std::string settings = "filters.data: the defaults of the settings are missing or damaged";
+  const std::string view = "filters.data: the defaults of the view are missing or damaged";
+  EXPECT_EQ(sky.Run({"limits"}), 0);
+  EXPECT_EQ(sky.errors.str(), "skyview: " + settings + "\nskyview: " + view + "\n");
+  sky.dir.Write("data/filters.data", whole.substr(0, whole.find("RMAC")));
+  EXPECT_EQ(sky.Run({"limits"}), 0);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: " + view);
+  EXPECT_EQ(sky.Run({"limits", "--view", sky.dir.Path("view.data")}), 1);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: " + view);
+  EXPECT_EQ(sky.Run(With(kOrion, {"--save-view", sky.dir.Path("view.data")})), 1);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: " + view);
+}
+
 TEST(Skyview, ViewOfAnotherWorldIsRefused) {
   SmallSky sky;
   auto mars = test_support::CameraFields();

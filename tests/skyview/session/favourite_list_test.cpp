@@ -111,6 +111,12 @@ TEST_F(FavouriteList, RemovingWhatIsNotThereIsAnError) {
   EXPECT_EQ(GetFile(), "Vega\t1937006962\t7001\n");
 }
 
+TEST_F(FavouriteList, RemovingFromWhatCannotBeReadNamesTheFile) {
+  std::filesystem::create_directories(sky.dir.Path(kFile));  // a folder in its place
+  EXPECT_EQ(Run({"favourites", "remove", "Vega"}), 1);
+  EXPECT_EQ(sky.GetErrorLine(), "skyview: " + sky.dir.Path(kFile) + ": cannot be read");
+}
+
 TEST_F(FavouriteList, StarWithoutANumberIsRefused) {
   sky.dir.Write("data/catalogs/stars.txt",
                 "RA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\n1.5\t0.1\t1.0\tNova\n");
