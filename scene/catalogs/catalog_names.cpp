@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_index.h"
 #include "utils/text.h"
 

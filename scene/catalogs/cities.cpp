@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_key.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/view/directions.h"

@@ -10,7 +10,7 @@
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

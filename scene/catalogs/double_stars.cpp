@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/optional_table.h"
 #include "utils/text.h"
 

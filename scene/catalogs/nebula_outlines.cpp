@@ -9,7 +9,7 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/catalog_table.h"
+#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

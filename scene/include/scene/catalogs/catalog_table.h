@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <climits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,13 +74,6 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
 
 // The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
 SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
-
-// The same without its fraction; `missing` also for a number that no int holds, since a table may give any
-// column as real numbers.
-inline int FieldInteger(const CatalogTable& record, int fieldId, int missing) {
-  const double number = FieldNumber(record, fieldId, missing);
-  return number > INT_MIN - 1.0 && number < INT_MAX + 1.0 ? static_cast<int>(number) : missing;
-}
 
 // The text of a field, "" when the record lacks it or it is a number.
 SCENE_API const char* FieldText(const CatalogTable& record, int fieldId);
