@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_index.h"
 #include "utils/text.h"
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cstring>
 #include <utility>
 
@@ -296,6 +297,11 @@ const char* CatalogTable::GetText(int fieldId) const {
 
 double FieldNumber(const CatalogTable& record, int fieldId, double missing) {
   return record.GetNumber(fieldId, missing);
+}
+
+int FieldInteger(const CatalogTable& record, int fieldId, int missing) {
+  const double number = record.GetNumber(fieldId, missing);
+  return number > INT_MIN - 1.0 && number < INT_MAX + 1.0 ? static_cast<int>(number) : missing;
 }
 
 const char* FieldText(const CatalogTable& record, int fieldId) { return record.GetText(fieldId); }

@@ -10,7 +10,6 @@
 
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

@@ -4,7 +4,6 @@
 
 #include <limits>
 
-#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/optional_table.h"
 #include "utils/text.h"
 

@@ -9,7 +9,6 @@
 
 #include "astro/vectors.h"
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 #include "utils/text.h"
 

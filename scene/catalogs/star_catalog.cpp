@@ -11,7 +11,6 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/star_data.h"
 #include "common_interfaces/zoom_dependence.h"
-#include "scene/catalogs/field_integer.h"
 #include "utils/debug.h"
 
 namespace scene {

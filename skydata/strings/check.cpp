@@ -10,8 +10,11 @@ namespace skydata {
 
 int StringsReport::GetLastLine() const { return std::max(static_cast<int>(m_Source.lines.size()), 1); }
 
+// A finding is one line: the ends of lines that it quotes stand there as the table writes them.
 void StringsReport::Add(int line, const char* code, bool isError, const std::string& text) {
-  m_Findings.push_back({m_Source.path, line, code, isError, text});
+  std::string written;
+  for (const char c : text) written += c == '\n' ? std::string("\\n") : std::string(1, c);
+  m_Findings.push_back({m_Source.path, line, code, isError, written});
 }
 
 const StringsEntry* FindEntry(const StringsSource& source, unsigned identifier) {

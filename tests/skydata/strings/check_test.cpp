@@ -180,6 +180,13 @@ TEST_F(StringsCheck, BlanksThatAreLostAreAWarning) {
   EXPECT_EQ(CheckLine("900500\ttext\u00A0"), Strings{});
 }
 
+TEST_F(StringsCheck, AFindingThatQuotesTheEndOfALineIsOneLine) {
+  const Strings findings = CheckReplaced("40830", "40830\tDD.MM\\nYY");
+  ASSERT_EQ(findings.size(), 1u);
+  EXPECT_EQ(findings[0].find('\n'), std::string::npos);
+  EXPECT_NE(findings[0].find("'DD.MM\\nYY'"), std::string::npos) << findings[0];
+}
+
 TEST_F(StringsCheck, ADatePatternThatTheLibraryDoesNotKnowIsNamed) {
   EXPECT_EQ(CheckReplaced("40830", "40830\td.m.yyyy"),
             Strings{"error date-pattern: 'd.m.yyyy' is none of dd/mm/yyyy, dd-mm-yyyy, dd.mm.yyyy, d-m-yyyy, "

@@ -38,6 +38,19 @@ std::string Render(int choice, const char* format) {
 
 constexpr const char* kArguments[] = {"dfdf", "fs", "ddfcddfc", ""};
 
+// The format for an int where it says "%ld": the checked formats take either for the integer that there is, the C
+// library reads a long.
+std::string WithoutLengths(const std::string& format) {
+  std::string plain;
+  bool isConversion = false;
+  for (const char c : format) {
+    if (isConversion && c == 'l') continue;
+    plain += c;
+    isConversion = isConversion ? std::strchr("+- #0123456789.", c) != nullptr && c != '\0' : c == '%';
+  }
+  return plain;
+}
+
 // The C library as the oracle, for numbers only: flags of texts and characters are undefined there. By way of
 // a pointer, because the format comes from the input.
 std::string Print(const char* format) {
@@ -65,6 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           "widths and precisions are bounded");
   const bool hasHexadecimal =
       format.find_first_of("aA") != std::string::npos;  // written in more than one way
-  if (choice == 0 && !hasHexadecimal) Require(text == Print(format.c_str()), "numbers are those of printf");
+  if (choice == 0 && !hasHexadecimal)
+    Require(text == Print(WithoutLengths(format).c_str()), "numbers are those of printf");
   return 0;
 }

@@ -48,7 +48,8 @@ void Look(const std::string& path) {
   } catch (const SourceError&) {
     Require(!isSound, "a table without an error is made");
   }
-  const StringsSource pseudo = ReadStrings(Write("data/pseudo/qxstrings.txt", MakePseudoLanguage(source)));
+  const std::string made = Write("data/pseudo/qxstrings.txt", MakePseudoLanguage(source));
+  const StringsSource pseudo = ReadStrings(made, source.language);
   Require(pseudo.entries.size() == source.entries.size(), "a made-up language has the same entries");
 }
 
