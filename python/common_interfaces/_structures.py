@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""The structures of the C interface (scene/include/scene/*_c.h), member by member."""
+"""The structures of the C interface (docs/c_interface.md), member by member."""
 from __future__ import annotations
 
 import ctypes

@@ -5,7 +5,7 @@ import pathlib
 import re
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-HEADERS = sorted((ROOT / "scene/include/scene").glob("*_c.h"))
+HEADERS = sorted((ROOT / "scene/include/scene").rglob("*_c.h"))
 # Size and alignment of the members' types on 64-bit Linux.
 SIZES = {"int32_t": (4, 4), "uint32_t": (4, 4), "double": (8, 8), "char": (1, 1), "pointer": (8, 8)}
 
