@@ -162,7 +162,7 @@ unsigned WaitObject::HandOver(unsigned count) {
 }
 
 bool WaitObject::Release(unsigned count) {
-  if (count == 0 || !Lock()) return false;
+  if (!Lock()) return false;
   const bool fits = count <= kMaximumCount - m_State->count;
   if (fits) m_State->count += count - HandOver(count);
   Unlock();

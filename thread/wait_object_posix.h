@@ -24,7 +24,7 @@ class WaitObject {
 
   // kInfinite and above: no time-out.
   WaitEnd Acquire(unsigned long milliseconds);
-  bool Release(unsigned count);  // semaphore; false past the maximum
+  bool Release(unsigned count);  // semaphore, by 1 or more; false past the maximum
   bool Set();                    // event
   bool Reset();                  // event
 

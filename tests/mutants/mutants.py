@@ -37,15 +37,19 @@ from private_tree import PrivateTree
 
 MADE_BY_A_PROGRAM = re.compile(r"^// (?:Made by|Written by|Generated)", re.MULTILINE)
 LEAST_LIMIT = 10  # seconds of the processor
+LONGEST_FURTHER = 60  # seconds of the processor, of a further program
 SLOW = 0.2
 MOST_OBJECTS = 10  # a fault in a header that more include takes as long as many others
+FURTHER_PROGRAMS = {"thread_tests": ["thread_failure_tests", "thread_memory_tests"]}
 SUITE = re.compile(r"^TEST(?:_F|_P)?\((\w+),", re.MULTILINE)
 COLUMNS = "outcome kind file line before after".split()
 Result = collections.namedtuple("Result", COLUMNS)
 
 
-def test_program_of(folder):
-    return folder.removeprefix("companions/").split("/")[0] + "_tests"
+def test_programs_of(folder):
+    """The one whose cases are asked first, and those that are asked when it has noticed nothing."""
+    first = folder.removeprefix("companions/").split("/")[0] + "_tests"
+    return [first, *FURTHER_PROGRAMS.get(first, [])]
 
 
 def exported_headers(root, folder):
@@ -96,7 +100,7 @@ class Trial:
         """Runs the tests without a fault: how long does each case take? Cases that fail here, where a program runs as
         nobody and with the lowest priority, are told and left out."""
         begin = time.monotonic()
-        passed = self.tree.run_test(3600, self.tree.report()) == "passed"
+        passed = self.tree.run_test(self.tree.programs[0], 3600, self.tree.report()) == "passed"
         self.whole = time.monotonic() - begin
         self.seconds, failed = self.tree.case_seconds()
         for case in failed:
@@ -104,6 +108,8 @@ class Trial:
         if not passed and not (failed and self.seconds):
             raise SystemExit((self.tree.place / "output").read_text(errors="replace")[-2000:] +
                              "\nscript/mutants: the tests fail without a fault")
+        self.further = [program for program in self.tree.programs[1:]
+                        if self.tree.run_test(program, 3600) == "passed"]
 
     def passes(self, name):
         """The cases in the order in which they are asked: likely ones, the others, what takes long."""
@@ -116,12 +122,14 @@ class Trial:
         return [step for step in steps if step] or [[]]
 
     def is_noticed(self, name):
+        first = self.tree.programs[0]
         for cases in self.passes(name):
             seconds = sum(self.seconds[case] for case in cases) if cases else self.whole
             chosen = ["--gtest_fail_fast", "--gtest_filter=" + ":".join(cases)] if cases else []
-            if self.tree.run_test(LEAST_LIMIT + 4 * seconds, *chosen) != "passed":
+            if self.tree.run_test(first, LEAST_LIMIT + 4 * seconds, *chosen) != "passed":
                 return True
-        return False
+        return any(self.tree.links(program) and self.tree.run_test(program, LONGEST_FURTHER) != "passed"
+                   for program in self.further)
 
     def outcome(self, text, name, fault):
         """What became of this fault; None when it cannot be planted."""
@@ -132,7 +140,7 @@ class Trial:
                 return None
             if not different:
                 return "unchanged"
-            if not self.tree.links():
+            if not self.tree.links(self.tree.programs[0]):
                 return None
             return "caught" if self.is_noticed(name) else "survived"
         finally:
@@ -161,7 +169,7 @@ def run(root, options):
     place = root / "build" / "mutants"
     place.mkdir(parents=True, exist_ok=True)
     tree = PrivateTree(root, place, "sanitize" if options.sanitize else "release")
-    tree.prepare(test_program_of(options.folder))
+    tree.prepare(test_programs_of(options.folder))
     trial = Trial(tree, options.folder, read_table(root / "tests" / "mutants" / "equivalent.tsv"))
     trial.measure()
     table = place / (options.folder.replace("/", "_") + ".tsv")

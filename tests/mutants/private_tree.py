@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
-"""A copy of the sources with a build of its own, in which one test program is built and run with a fault planted.
+"""A copy of the sources with a build of its own, in which test programs are built and run with a fault planted.
 
 The copy stays between runs, so that only what changed is compiled again. It is built as the preset says, so that most
 objects come from the compiler's cache. A fault costs no more than compiling the sources that include its file and
-linking one program: both commands are given without the build system, which would look at everything else. What a fault
+linking a program: both commands are given without the build system, which would look at everything else. What a fault
 changed goes back to its content and time, as if nothing had been.
 """
 import collections
@@ -23,6 +23,9 @@ MOST_MEMORY = 4 << 30
 LARGEST_FILE = 8 << 30
 NOBODY = 65534
 WAITING = 6  # times as long as its processor time may a program take
+
+# A test program: what links it, and how it is run.
+Program = collections.namedtuple("Program", "link command folder environment")
 
 
 class PrivateTree:
@@ -50,27 +53,31 @@ class PrivateTree:
                 if str(path.relative_to(self.tree)) not in names:
                     path.unlink()
 
-    def prepare(self, target):
-        """Builds the test program without a fault and keeps its objects. Ends the run where that fails."""
+    def prepare(self, targets):
+        """Builds the test programs without a fault and keeps their objects. Ends the run where that fails."""
         self.refresh()
         configure = ["cmake", "--preset", self.preset, "-DCI_BUILD_BENCHMARKS=OFF", "--no-warn-unused-cli"]
         if subprocess.run(configure, cwd=self.tree, stdout=subprocess.DEVNULL).returncode != 0:
             raise SystemExit("script/mutants: the copy of the sources cannot be configured")
-        self.link = self.asked("-t", "commands", target)[-1]
-        if shutil.which("ld.lld"):  # in a fifth of the time
-            self.link = self.link.replace(" -o ", " -fuse-ld=lld -o ", 1)
-        words = shlex.split(self.link)
-        (self.build / words[words.index("-o") + 1]).unlink(missing_ok=True)  # an earlier run left a fault in it
-        made = subprocess.run(["ninja", "-C", self.build, target], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+        links = [self.read_link(target) for target in targets]
+        made = subprocess.run(["ninja", "-C", self.build, *targets], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               text=True, errors="replace")
         if made.returncode != 0:
-            raise SystemExit(made.stdout + "\nscript/mutants: without a fault " + target + " cannot be built")
+            raise SystemExit(made.stdout + "\nscript/mutants: without a fault " + targets[0] + " cannot be built")
         commands = json.loads((self.build / "compile_commands.json").read_text())
         self.commands = {self.output_of(c): c for c in commands}
-        self.compiled = {os.path.relpath(c["file"], self.tree) for c in commands}
-        self.read_dependents()
+        self.read_dependents(links)
         self.keep()
-        self.read_test(target)
+        self.programs = [self.read_test(target, link) for target, link in zip(targets, links)]
+
+    def read_link(self, target):
+        """The command that links a program, which is removed: an earlier run may have left a fault in it."""
+        link = self.asked("-t", "commands", target)[-1]
+        if shutil.which("ld.lld"):  # in a fifth of the time
+            link = link.replace(" -o ", " -fuse-ld=lld -o ", 1)
+        words = shlex.split(link)
+        (self.build / words[words.index("-o") + 1]).unlink(missing_ok=True)
+        return link
 
     def output_of(self, command):
         words = shlex.split(command["command"])
@@ -81,9 +88,9 @@ class PrivateTree:
         return subprocess.run(["ninja", "-C", self.build, *question], check=True, capture_output=True,
                               text=True).stdout.splitlines()
 
-    def read_dependents(self):
-        """Which objects of the program depend on a file of the tree."""
-        linked = {self.build / word for word in shlex.split(self.link) if word.endswith(".o")}
+    def read_dependents(self, links):
+        """Which objects of the programs depend on a file of the tree."""
+        linked = {self.build / word for link in links for word in shlex.split(link) if word.endswith(".o")}
         self.dependents = collections.defaultdict(list)
         for line in self.asked("-t", "deps"):
             if line.startswith("    "):
@@ -100,17 +107,17 @@ class PrivateTree:
                 to.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy2(path, to)
 
-    def read_test(self, target):
+    def read_test(self, target, link):
         shown = subprocess.run(["ctest", "--test-dir", self.build, "--show-only=json-v1", "-R", f"^{target}$"],
                                check=True, capture_output=True).stdout
         tests = json.loads(shown)["tests"]
         if not tests:
             raise SystemExit(f"script/mutants: there is no test {target}")
         properties = {p["name"]: p["value"] for p in tests[0].get("properties", [])}
-        self.command = [word for word in tests[0]["command"] if not word.startswith("--gtest_output")]
-        self.folder = properties.get("WORKING_DIRECTORY", self.build)
-        self.environment = dict(os.environ, GTEST_BRIEF="1", HOME=str(self.scratch), TMPDIR=str(self.scratch))
-        self.environment.update(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
+        command = [word for word in tests[0]["command"] if not word.startswith("--gtest_output")]
+        environment = dict(os.environ, GTEST_BRIEF="1", HOME=str(self.scratch), TMPDIR=str(self.scratch))
+        environment.update(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
+        return Program(link, command, properties.get("WORKING_DIRECTORY", self.build), environment)
 
     def compile(self, name):
         """Compiles what includes this file: the objects whose code differs now from what was kept; None where one
@@ -133,8 +140,8 @@ class PrivateTree:
         subprocess.run(["objcopy", "--strip-debug", path, stripped], check=True)
         return hashlib.sha256(stripped.read_bytes()).digest()
 
-    def links(self):
-        return subprocess.run(self.link, shell=True, cwd=self.build, capture_output=True).returncode == 0
+    def links(self, program):
+        return subprocess.run(program.link, shell=True, cwd=self.build, capture_output=True).returncode == 0
 
     def write(self, name, text):
         """Plants: a file of the tree has this text. What stood there is handed to restore()."""
@@ -151,7 +158,7 @@ class PrivateTree:
         for made in self.dependents[name]:
             shutil.copy2(self.kept / made.relative_to(self.build), made)
 
-    def run_test(self, seconds, *arguments):
+    def run_test(self, program, seconds, *arguments):
         """"passed", "failed" or "too long" for a program that should need so many seconds of the processor. A program
         with a fault may write, delete and allocate what it likes: it runs as nobody where that can be arranged, within
         limits, with a folder of its own for what it leaves."""
@@ -169,7 +176,7 @@ class PrivateTree:
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
             resource.setrlimit(resource.RLIMIT_CPU, (int(seconds) + 1, int(seconds) + 1))
         with open(self.place / "output", "wb") as output, \
-                subprocess.Popen([*self.command, *arguments], cwd=self.folder, env=self.environment,
+                subprocess.Popen([*program.command, *arguments], cwd=program.folder, env=program.environment,
                                  stdin=subprocess.DEVNULL, stdout=output, stderr=output, preexec_fn=limit,
                                  start_new_session=True, **as_nobody) as process:
             try:

@@ -47,8 +47,8 @@ TEST_F(GlobeRecords, FullOneIsLitAllOver) {
   EXPECT_EQ(picture.At(100, 8), kBlack);
 }
 
-// Globes a thousand times as large as the picture, whose limbs cross it: only what shows is drawn, at its full
-// fineness.
+// Globes a thousand times as large as the picture, whose limbs cross it: only what shows is drawn, at its
+// full fineness.
 TEST_F(GlobeRecords, LimbOfAHugeOneIsSharp) {
   GlobeRecord right = MakeGlobe(1.0f, 0.0f, 1.0f);
   right.disc.x = 100100.0f;

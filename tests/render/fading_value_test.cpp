@@ -34,6 +34,12 @@ TEST(FadingValueTest, IsTheEndValueFromTheEndTimeOn) {
   EXPECT_EQ(fade.GetCurrent(1000.0), 4.0);
 }
 
+// Where the straight line would miss it: 1 - 1e16 is -1e16 to a double.
+TEST(FadingValueTest, IsExactlyTheEndValueAtTheEndTime) {
+  const FadingValue<double> fade = {0.0, 1.0, 1e16, 1.0};
+  EXPECT_EQ(fade.GetCurrent(1.0), 1.0);
+}
+
 TEST(FadingValueTest, BeforeItsStartItIsDeliberatelyNotClamped) {
   const FadingValue<float> fade{10.0, 12.0, 0.5f, 1.0f};
   EXPECT_EQ(fade.GetCurrent(9.0), 0.25f);

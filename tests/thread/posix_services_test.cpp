@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "common_interfaces/thread.h"
+#include "thread/descriptor_posix.h"
 #include "thread/message_of.h"
 
 namespace {
@@ -66,6 +67,14 @@ TEST(PriorityDeathTest, RaisingWithoutPrivilegeIsRefusedAndChangesNothing) {
               : 1);
   };
   EXPECT_EXIT(tryToRaise(), testing::ExitedWithCode(7), "");
+}
+
+TEST(Descriptor, IsClosedOnce) {
+  thread::Descriptor descriptor(dup(2));
+  ASSERT_TRUE(descriptor.IsOpen());
+  descriptor.Close();
+  EXPECT_FALSE(descriptor.IsOpen());
+  EXPECT_EQ(descriptor.Get(), -1) << "another may have got the number";
 }
 
 }  // namespace

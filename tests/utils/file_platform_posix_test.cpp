@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// What this kind of system does below files and their replacement: names that it refuses, devices, folders that somebody
-// else has locked.
+// What this kind of system does below files and their replacement: names that it refuses, devices, folders
+// that somebody else has locked.
 #include "companions/utils/files/file_platform.h"
 
 #include <fcntl.h>
