@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_list.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/view/arcs.h"

@@ -9,7 +9,6 @@
 #include "common_interfaces/field_names.h"
 #include "common_interfaces/planets_and_moons.h"
 #include "common_interfaces/record_conversion.h"
-#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/object_names.h"
 #include "scene/catalogs/texts.h"
 #include "utils/debug.h"

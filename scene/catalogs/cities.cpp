@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "common_interfaces/field_names.h"
-#include "scene/catalogs/field_integer.h"
 #include "scene/catalogs/name_key.h"
 #include "scene/catalogs/optional_table.h"
 #include "scene/view/directions.h"

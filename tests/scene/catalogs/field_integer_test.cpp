@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include "scene/catalog_table.h"
+#include "scene/catalogs/catalog_table.h"
 
 #include <gtest/gtest.h>
 
