@@ -30,7 +30,7 @@ function(check_contents)
 endfunction()
 
 set(libraries common_interfaces astro utils common_interfaces_scene)
-check_contents(include/common_interfaces/camera.h include/astro/astro.h include/utils/utils.h include/scene/scene_c.h
+check_contents(include/common_interfaces/camera.h include/astro/astro.h include/utils/utils.h include/scene/scene.h
   bin/skyview${SUFFIX} bin/skydata${SUFFIX} share/common_interfaces/data/media
   share/doc/common_interfaces/LICENSE share/doc/common_interfaces/NOTICE.md share/doc/common_interfaces/LICENSES/*.txt)
 if(SUFFIX STREQUAL ".exe")
