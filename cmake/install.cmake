@@ -45,6 +45,8 @@ if(MINGW)
     install(FILES /usr/share/doc/${package}/copyright RENAME ${package}.txt
       DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces/runtime)
   endforeach()
+  install(FILES /usr/share/common-licenses/GPL-3 RENAME GPL-3.txt
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces/runtime)
 endif()
 
 install(FILES LICENSE NOTICE.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/common_interfaces)

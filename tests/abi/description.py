@@ -3,6 +3,7 @@
 """What abidw says of a library, without what is not the library's own: of the standard library the names and sizes of
 types remain. So a description takes a fifth of the room, and does not change with a version of the compiler.
 """
+import pathlib
 import subprocess
 import xml.etree.ElementTree as ET
 
@@ -65,6 +66,8 @@ def describe(library, path):
     """Writes the description of `library` to `path`."""
     text = subprocess.run(["abidw", *OPTIONS, str(library)], capture_output=True, check=True, text=True).stdout
     root = ET.fromstring(text)
+    for unit in root.iter("abi-instr"):  # made in a folder that is gone
+        unit.set("path", pathlib.PurePath(unit.get("path")).name)
     drop_unreached(root)
     ET.indent(root, space="")
     path.write_text(ET.tostring(root, encoding="unicode") + "\n", encoding="utf-8")

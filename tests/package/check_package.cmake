@@ -30,7 +30,7 @@ function(check_contents)
 endfunction()
 
 set(libraries common_interfaces astro utils common_interfaces_scene)
-check_contents(include/common_interfaces/camera.h include/astro/astro.h include/utils/utils.h include/scene/scene_c.h
+check_contents(include/common_interfaces/camera.h include/astro/astro.h include/utils/utils.h include/scene/scene.h
   bin/skyview${SUFFIX} bin/skydata${SUFFIX} share/common_interfaces/data/media
   share/doc/common_interfaces/LICENSE share/doc/common_interfaces/NOTICE.md share/doc/common_interfaces/LICENSES/*.txt)
 if(SUFFIX STREQUAL ".exe")
@@ -39,7 +39,8 @@ if(SUFFIX STREQUAL ".exe")
   list(TRANSFORM libraries PREPEND lib/lib OUTPUT_VARIABLE import_libraries)
   list(TRANSFORM import_libraries APPEND .dll.a)
   check_contents(${dlls} ${import_libraries} bin/libstdc++-6.dll bin/libgcc_s_dw2-1.dll bin/libwinpthread-1.dll
-    share/doc/common_interfaces/runtime/*.txt)
+    share/doc/common_interfaces/runtime/gcc*.txt share/doc/common_interfaces/runtime/mingw*.txt
+    share/doc/common_interfaces/runtime/GPL-3.txt)
 endif()
 
 file(GLOB_RECURSE config ${SCRATCH}/moved/common_interfacesConfig.cmake)
