@@ -38,8 +38,8 @@ std::string Render(int choice, const char* format) {
 
 constexpr const char* kArguments[] = {"dfdf", "fs", "ddfcddfc", ""};
 
-// The format for an int where it says "%ld": the checked formats take either for the integer that there is, the C
-// library reads a long.
+// The format for an int where it says "%ld": the checked formats take either for the integer that there is,
+// the C library reads a long.
 std::string WithoutLengths(const std::string& format) {
   std::string plain;
   bool isConversion = false;

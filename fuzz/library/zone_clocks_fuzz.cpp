@@ -73,7 +73,8 @@ ZoneFileBuilder TakeZone(Input& input) {
   return zone;
 }
 
-// The footer's rule in years up to 1970: the GNU C library counts every one of them from the beginning of 1970.
+// The footer's rule in years up to 1970: the GNU C library counts every one of them from the beginning of
+// 1970.
 bool IsBeyondTheOracle(const ZoneFileBuilder& zone, long long seconds) {
   constexpr long long kEndOf1970 = 365 * 86400;
   return seconds >= zone.changes.back().time && seconds < kEndOf1970 + 86400;

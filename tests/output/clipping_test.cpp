@@ -181,8 +181,8 @@ TEST(ClippingOdditiesTest, SlantingSegmentAcrossTopAndBottomEndsBesideItsTrueCro
 
 // The true segment passes below the corner: at x = 0 it is at y = 102.5. The displaced left end lies inside
 // at 99.375 and nothing is tested after the clipping in y.
-// From (0, 100) to (50, 0) it is within the area: the end on the bottom edge counts as outside, and the other one comes
-// to rest on the line of the right edge, above the top.
+// From (0, 100) to (50, 0) it is within the area: the end on the bottom edge counts as outside, and the other
+// one comes to rest on the line of the right edge, above the top.
 TEST(ClippingOdditiesTest, SegmentFromTheBottomEdgeThroughTheTopAndBeyondTheRightIsRefused) {
   for (const double scale : {0.0, 1.0}) {
     Pixels pixels{0, 100, 200, -300};

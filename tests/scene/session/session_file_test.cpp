@@ -179,7 +179,8 @@ TEST(SessionFile, ControlCharactersInNamesBecomeBlanks) {
   EXPECT_EQ(back.place, "two lines");
 }
 
-// No session that was written has them, and a kind or an orbit with one would be written as one that cannot be read.
+// No session that was written has them, and a kind or an orbit with one would be written as one that cannot
+// be read.
 TEST(SessionFile, LineWithAControlCharacterIsNotUnderstoodAndToldWithoutIt) {
   const std::string start = "skyview session 1\nlanguage en\nsize 1600x1000\nview m_JT=2461056\n";
   for (const std::string line :

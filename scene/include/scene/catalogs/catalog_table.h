@@ -75,8 +75,8 @@ class SCENE_API CatalogTable : public CommonInterfaces::BaseDB {
 // The value of a numeric field in any encoding, or `missing` when the record lacks it or it is a text.
 SCENE_API double FieldNumber(const CatalogTable& record, int fieldId, double missing);
 
-// The same without its fraction; `missing` also for a number that no int holds: a table may give any column as
-// real numbers.
+// The same without its fraction; `missing` also for a number that no int holds: a table may give any column
+// as real numbers.
 SCENE_API int FieldInteger(const CatalogTable& record, int fieldId, int missing);
 
 // The text of a field, "" when the record lacks it or it is a number.
