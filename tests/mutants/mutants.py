@@ -175,6 +175,7 @@ def run(root, options):
     table = place / (options.folder.replace("/", "_") + ".tsv")
     rows = [Result(*row) for row in read_table(table)] if options.again or options.more else []
     results = [row for row in rows if not options.again or row.outcome in ("caught", "unchanged")]
+    waiting = {row[2:3] + row[4:]: row for row in rows if row not in results}
     end = time.monotonic() + 60 * options.minutes
     for name, fault in chosen_faults(tree, options, rows):
         if time.monotonic() > end or (not options.again and len(results) >= options.count):
@@ -182,9 +183,11 @@ def run(root, options):
         result = trial.tried(name, fault)
         if result:
             results.append(result)
+            waiting.pop(result[2:3] + result[4:], None)
             if result.outcome == "survived":
                 print(f"{result.file}:{result.line}: {result.kind}: {result.before}  ->  {result.after}", flush=True)
-            table.write_text("".join("\t".join(row) + "\n" for row in [COLUMNS, *results]), encoding="utf-8")
+            table.write_text("".join("\t".join(row) + "\n" for row in [COLUMNS, *results, *waiting.values()]),
+                             encoding="utf-8")
     return results
 
 
