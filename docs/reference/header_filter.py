@@ -35,7 +35,7 @@ def find_group(path):
             if os.path.exists(os.path.join(ROOT, "companions", companion, folder, source)):
                 return f"{companion}_{folder}"
         return companion
-    room = check_includes.storey(ROOT, relative) or "umbrella"
+    room = check_includes.storey(relative) or "umbrella"
     return {"text_base": "text", "text_status": "text", "scene/umbrella": "scene"}.get(room, room.replace("/", "_"))
 
 

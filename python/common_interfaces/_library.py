@@ -16,7 +16,7 @@ from ctypes import POINTER, c_char_p, c_double, c_int32, c_void_p
 
 from . import _structures as s
 
-_NAME = "libcommon_interfaces_scene.so.0"
+_NAME = "libcommon_interfaces_scene.so.0.1"  # docs/versions.md says how it moves
 _CARRIED = pathlib.Path(__file__).parent
 _SYSTEM_DATA = "/usr/share/common_interfaces/data"
 

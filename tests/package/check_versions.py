@@ -64,6 +64,9 @@ def main():
             wrong.append(f"{name}: its name for programs is {soname}, not {name}.{loaded_as(version)}")
         if (build / "lib" / name).resolve().name != f"{name}.{version}":
             wrong.append(f"{name}: its file is not {name}.{version}")
+    python = find(r'^_NAME = "(.*?)"', (source / "python/common_interfaces/_library.py").read_text())
+    if python != f"libcommon_interfaces_scene.so.{loaded_as(version)}":
+        wrong.append(f"the Python package looks for {python}")
     # CMake finds those that a program built for the wanted version runs with, and no others.
     major, minor, patch = map(int, version.split("."))
     for wanted in (version, f"{major}.{minor}.{patch + 1}", f"{major}.{minor + 1}.0", f"{major + 1}.0.0",

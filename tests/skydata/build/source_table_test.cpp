@@ -46,7 +46,7 @@ TEST_F(SourceTableFile, AMissingFileIsNamed) {
 TEST_F(SourceTableFile, EveryCellMistakeNamesLineAndColumn) {
   EXPECT_EQ(CellMessage("x"), "t.tsv:2: A: 'x' is no number");
   EXPECT_EQ(CellMessage("1x"), "t.tsv:2: A: '1x' is no number");
-  EXPECT_EQ(CellMessage("nan"), "t.tsv:2: A: nan is out of range");
+  EXPECT_EQ(CellMessage("nan"), "t.tsv:2: A: 'nan' is no number");
   EXPECT_EQ(CellMessage("11"), "t.tsv:2: A: 11 is out of range");
   EXPECT_EQ(CellMessage("-1"), "t.tsv:2: A: -1 is out of range");
   EXPECT_EQ(CellMessage("1.5"), "t.tsv:2: A: 1.5 is no whole number");
