@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// Real numbers where the standard library has no converter to them: over those of the C library, in the locale
-// that has a point. They take more than a number here is (hexadecimal digits, "inf", blanks in front), so
-// the longest number is found first.
+// Real numbers where the standard library has no converter to them: over those of the C library, in the
+// locale that has a point. They take more than a number here is (hexadecimal digits, "inf", blanks in
+// front), so the longest number is found first.
 #include <locale.h>  // newlocale
 #include <stdlib.h>  // strtod_l
 

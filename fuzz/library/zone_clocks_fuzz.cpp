@@ -73,8 +73,8 @@ ZoneFileBuilder TakeZone(Input& input) {
   return zone;
 }
 
-// What the C library's time does not hold; and the footer's rule in years up to 1970: the GNU C library counts
-// every one of them from the beginning of 1970.
+// What the C library's time does not hold; and the footer's rule in years up to 1970: the GNU C library
+// counts every one of them from the beginning of 1970.
 bool IsBeyondTheOracle(const ZoneFileBuilder& zone, long long seconds) {
   if (static_cast<std::time_t>(seconds) != seconds) return true;
   constexpr long long kEndOf1970 = 365 * 86400;

@@ -20,8 +20,8 @@ struct StarImport {
 // fails, not at all; the folder that leads to it is made. Throws what OpenStarInput does, and
 // std::runtime_error with one line for what cannot be written and for a data root that cannot be read.
 //
-// Memory: what the writer needs (scene/catalogs/star_tile_writer.h), 40 bytes for each star of the data root, and a
-// bit for each number of a table that gives numbers.
+// Memory: what the writer needs (scene/catalogs/star_tile_writer.h), 40 bytes for each star of the data
+// root, and a bit for each number of a table that gives numbers.
 StarImport ImportStars(const std::filesystem::path& file, const std::filesystem::path& dataRoot,
                        const std::filesystem::path& output, ProgressBar& progress);
 

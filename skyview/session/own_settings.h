@@ -16,8 +16,8 @@ namespace skyview {
 // favourites included. `file` is a file of the current folder, else a logical name below the roots.
 ViewResult LoadSettings(const std::optional<std::string>& file, CommonInterfaces::SettingsData& settings);
 
-// One change, as --set has it (scene/visibility/setting_change.h). A bad option, with a line that names the text, when
-// it is not wholly good.
+// One change, as --set has it (scene/visibility/setting_change.h). A bad option, with a line that names the
+// text, when it is not wholly good.
 ViewResult ChangeSetting(const std::string& text, CommonInterfaces::SettingsData& settings);
 
 // A bad option, with one line that says why, for a change of a field that no picture follows.

@@ -91,8 +91,8 @@ SCENE_API int scene_read_view(SceneSky* sky, const char* file, int32_t number);
 /* The file is replaced whole; other views in it stay. */
 SCENE_API int scene_save_view(SceneSky* sky, const char* file, int32_t number);
 
-/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/visibility/setting_change.h has the
- * grammar). */
+/* One change of a setting: "grid.RADecGrid=1", "star.Draw=0", "cnst:off" (scene/visibility/setting_change.h
+ * has the grammar). */
 SCENE_API int scene_change_setting(SceneSky* sky, const char* change);
 /* Settings that are kept in a file, laid over the defaults; kept there, the file replaced whole. */
 SCENE_API int scene_read_settings(SceneSky* sky, const char* file);
