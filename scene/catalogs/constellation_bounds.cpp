@@ -78,8 +78,9 @@ void ConstellationBounds::Fill(CatalogTable& table, const std::vector<Constellat
     AddEdge(sides, ra, dec, endRA, endDec);
     if (isParallel) m_Parallels.push_back({dec, ra, endRA, sides.northOrEast, sides.southOrWest});
   }
-  std::sort(m_Parallels.begin(), m_Parallels.end(),
-            [](const Parallel& a, const Parallel& b) { return a.dec < b.dec; });
+  // Those of one declination stay in the order of the table: files keep it, whatever library sorts.
+  std::stable_sort(m_Parallels.begin(), m_Parallels.end(),
+                   [](const Parallel& a, const Parallel& b) { return a.dec < b.dec; });
   if (left > 0) PrintDebugString("Boundaries of constellations: %d records are no edges, left out\n", left);
 }
 

@@ -13,9 +13,7 @@ namespace test_support {
 namespace {
 
 using namespace CommonInterfaces;
-using memory_tests::FailEveryAllocation;
-using memory_tests::FailMaking;
-using memory_tests::Leaves;
+using namespace memory_tests;
 
 std::string Text(const SSO_ID& object) {
   return std::to_string(object.kind) + '/' + std::to_string(object.number) + object.name + ' ';

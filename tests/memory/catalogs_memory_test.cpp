@@ -24,9 +24,7 @@ namespace test_support {
 namespace {
 
 using namespace CommonInterfaces;
-using memory_tests::FailEveryAllocation;
-using memory_tests::FailMaking;
-using memory_tests::Leaves;
+using namespace memory_tests;
 
 class CatalogsMemory : public testing::Test {
  protected:

@@ -19,9 +19,7 @@ namespace test_support {
 namespace {
 
 using namespace CommonInterfaces;
-using memory_tests::FailEveryAllocation;
-using memory_tests::FailMaking;
-using memory_tests::Leaves;
+using namespace memory_tests;
 
 TEST(FrameMemory, PoolIsMade) {
   FailMaking<OutputPool>([] { return std::make_unique<OutputPool>(1000, 4); },

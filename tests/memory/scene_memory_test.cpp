@@ -22,9 +22,7 @@
 #include "scene/words/object_facts.h"
 
 using namespace scene;
-using memory_tests::FailEveryAllocation;
-using memory_tests::FailMaking;
-using memory_tests::Leaves;
+using namespace memory_tests;
 
 namespace {
 

@@ -11,8 +11,7 @@
 namespace test_support {
 namespace {
 
-using memory_tests::FailEveryAllocation;
-using memory_tests::StateOf;
+using namespace memory_tests;
 
 constexpr int kOther[] = {7, 8, 9};
 

@@ -12,9 +12,7 @@
 namespace test_support {
 namespace {
 
-using memory_tests::FailEveryAllocation;
-using memory_tests::Leaves;
-using memory_tests::StateOf;
+using namespace memory_tests;
 
 // Defaults with two sections, a file with an own block that has favourites, and corrections.
 class SettingsMemory : public testing::Test {

@@ -20,8 +20,7 @@ namespace test_support {
 namespace {
 
 using namespace CommonInterfaces;
-using memory_tests::FailEveryAllocation;
-using memory_tests::Leaves;
+using namespace memory_tests;
 
 std::string Table(const char* word) {
   std::string table;
