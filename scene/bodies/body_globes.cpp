@@ -121,7 +121,10 @@ void BodyGlobes::LoadRing() {
     m_RingOuter = radius;
     m_Ring.push_back({byte(kRed), byte(kGreen), byte(kBlue), byte(kOpacity)});
   }
-  if (!(m_RingInner > 1.0f && m_RingOuter > m_RingInner)) m_Ring.clear();
+  if (m_RingInner > 1.0f && m_RingOuter > m_RingInner && std::isfinite(m_RingOuter)) return;
+  m_Ring.clear();
+  PrintDebugString("%s: holds no ring from a radius beyond Saturn's own outwards: none is drawn\n",
+                   path.c_str());
 }
 
 std::optional<Globe> BodyGlobes::Find(int body, const BodyState& state, const ViewGeometry& geometry,

@@ -3,6 +3,7 @@
 #include "skydata/lint/lint.h"
 
 #include <algorithm>
+#include <fstream>
 
 #include "scene/catalogs/star_tile_record.h"
 #include "skydata/files/object_names.h"
@@ -63,7 +64,11 @@ void AddFile(const fs::path& path, LintRun& run) {
   if (file.kind == DataKind::kOthers) return;
   try {
     const bool isMapped = file.kind == DataKind::kStarTiles || file.kind == DataKind::kPreparedSky;
-    if (!isMapped) file.bytes = ReadFile(path);
+    if (!isMapped) {
+      file.bytes = ReadFile(path);
+    } else if (!std::ifstream(path)) {
+      throw SourceError(file.path, 0, "cannot be read");
+    }
     run.files.push_back(std::move(file));
   } catch (const SourceError& error) {
     LintReport(file.name, run.findings)

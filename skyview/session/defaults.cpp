@@ -2,8 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/session/defaults.h"
 
+#include <string_view>
+#include <vector>
+
 #include "common_interfaces/settings_data.h"
+#include "utils/path.h"
 #include "utils/text.h"
+#include "utils/whole_file.h"
 
 namespace skyview {
 namespace {
@@ -19,6 +24,30 @@ std::string FindFault(unsigned owner, const std::string& whose) {
   return std::string(kFile) + ": the defaults of the " + whose + " are missing or damaged";
 }
 
+// Of the blocks of defaults that begin in the file, as far as it can be read.
+std::vector<unsigned> FindOwners() {
+  constexpr std::string_view kTag = "TLFD";
+  std::vector<unsigned> owners;
+  std::string bytes, reason;
+  if (!ReadWholeFile(ZentharPath::GetPath(kFile).c_str(), bytes, reason)) return owners;
+  const auto byte = [&](std::size_t at) {
+    return static_cast<unsigned>(static_cast<unsigned char>(bytes[at]));
+  };
+  for (auto at = bytes.find(kTag, 4); at != std::string::npos; at = bytes.find(kTag, at + 1)) {
+    owners.push_back(byte(at - 4) | byte(at - 3) << 8 | byte(at - 2) << 16 | byte(at - 1) << 24);
+  }
+  return owners;
+}
+
+// Moving types without a block of their own keep the view as it is: no fault.
+std::string FindFaultOfMovingTypes() {
+  for (const unsigned owner : FindOwners()) {
+    if (owner == FourCC("FLTR") || owner == FourCC("CAMR")) continue;
+    if (std::string fault = FindFault(owner, "moving types"); !fault.empty()) return fault;
+  }
+  return "";
+}
+
 void Tell(const std::string& fault, Diagnostics& diagnostics) {
   if (!fault.empty()) diagnostics.lines.push_back(fault + "\n");
 }
@@ -30,6 +59,7 @@ std::string FindFaultOfViewDefaults() { return FindFault(FourCC("CAMR"), "view")
 void TellFaultsOfDefaults(Diagnostics& diagnostics) {
   Tell(FindFault(FourCC("FLTR"), "settings"), diagnostics);
   Tell(FindFaultOfViewDefaults(), diagnostics);
+  Tell(FindFaultOfMovingTypes(), diagnostics);
 }
 
 }  // namespace skyview

@@ -12,7 +12,8 @@ namespace skyview {
 // The readers take what stands before a damage, and say nothing.
 std::string FindFaultOfViewDefaults();
 
-// A line for the defaults of the settings and one for those of the view, where they are not whole.
+// A line for the defaults of the settings, one for those of the view and one for those of the moving types,
+// where they are not whole. Moving types need not have any.
 void TellFaultsOfDefaults(Diagnostics& diagnostics);
 
 }  // namespace skyview

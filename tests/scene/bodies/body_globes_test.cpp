@@ -112,11 +112,19 @@ TEST_F(BodyGlobesTest, RingCountsInRadiiOfItsPlanet) {
   EXPECT_NEAR(globes.GetRingOuter(), 2.0, 1e-6);
 }
 
-TEST_F(BodyGlobesTest, RingInsideItsPlanetIsNone) {
-  f.sky.dir.Write(
-      "data/catalogs/saturn_ring.txt",
-      "Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n30000\t10\t20\t30\t40\n120536\t50\t60\t70\t80\n");
-  EXPECT_TRUE(BodyGlobes(f.catalogs.bodies).GetRing().empty());
+// Inside the planet, from outside inwards, without breadth, and farther out than the display list can say.
+TEST_F(BodyGlobesTest, RingThatNoPlanetCanHaveIsToldAndLeftOut) {
+  const std::pair<const char*, const char*> kRadii[] = {
+      {"30000", "120536"}, {"120536", "90402"}, {"90402", "90402"}, {"90402", "1e300"}};
+  for (const auto& [inner, outer] : kRadii) {
+    f.diagnostics.lines.clear();
+    f.sky.dir.Write("data/catalogs/saturn_ring.txt",
+                    std::string("Radius:f64\tRed:u8\tGreen:u8\tBlue:u8\tOpacity:u8\n") + inner +
+                        "\t10\t20\t30\t40\n" + outer + "\t50\t60\t70\t80\n");
+    EXPECT_TRUE(BodyGlobes(f.catalogs.bodies).GetRing().empty()) << inner << " " << outer;
+    ASSERT_EQ(f.diagnostics.lines.size(), 1u) << inner << " " << outer;
+    EXPECT_NE(f.diagnostics.lines[0].find("saturn_ring.txt: holds no ring"), std::string::npos);
+  }
 }
 
 TEST_F(BodyGlobesTest, DamagedRingIsToldAndLeftOut) {

@@ -54,7 +54,7 @@ TEST(LintLockedDeathTest, LockedFilesAndFoldersAreToldAndTheOthersChecked) {
 }
 
 // Nobody opens the pipe for writing: whoever reads it waits.
-TEST(LintPlaces, FoldersPipesAndDevicesInPlacesOfFilesAreTold) {
+TEST(LintPlaces, FoldersPipesDevicesAndLinksToNothingInPlacesOfFilesAreTold) {
   const test_support::TempDir dir;
   std::filesystem::create_directories(dir.Path("root/catalogs/milkyway.map"));
   std::filesystem::create_directories(dir.Path("root/catalogs/comets"));     // a folder of the root
@@ -62,6 +62,7 @@ TEST(LintPlaces, FoldersPipesAndDevicesInPlacesOfFilesAreTold) {
   std::filesystem::create_directories(dir.Path("elsewhere"));
   std::filesystem::create_directory_symlink(dir.Path("elsewhere"), dir.Path("root/filters.data"));
   std::filesystem::create_symlink("/dev/null", dir.Path("root/catalogs/stars.prepared"));
+  std::filesystem::create_symlink("nowhere", dir.Path("root/catalogs/stars.tiles"));
   std::filesystem::create_symlink("nowhere", dir.Path("root/catalogs/stars.txt"));
   ASSERT_EQ(mkfifo(dir.Path("root/catalogs/satellites.tle").c_str(), S_IRWXU), 0);
   std::string lines;
@@ -70,6 +71,7 @@ TEST(LintPlaces, FoldersPipesAndDevicesInPlacesOfFilesAreTold) {
             "catalogs/milkyway.map:0:0: error: unreadable: a folder stands in the place of the file\n"
             "catalogs/satellites.tle:0:0: error: unreadable: the file is no regular file\n"
             "catalogs/stars.prepared:0:0: error: unreadable: the file is no regular file\n"
+            "catalogs/stars.tiles:0:0: error: unreadable: the file cannot be read\n"
             "catalogs/stars.txt:0:0: error: unreadable: the file cannot be read\n"
             "filters.data:0:0: error: unreadable: a folder stands in the place of the file\n");
 }

@@ -235,6 +235,28 @@ TEST(Skyview, DamagedDefaultsAreToldAndBlamedForViewsThatCannotBeRestored) {
   EXPECT_EQ(sky.GetErrorLine(), "skyview: " + view);
 }
 
+TEST(Skyview, DamagedDefaultsOfAMovingTypeAreTold) {
+  SmallSky sky;
+  constexpr unsigned kRecord = 0x434C4654;  // "TFLC" in the file's order
+  const std::size_t begin = sky.dir.Read("data/filters.data").size();
+  test_support::AppendBlock(sky.dir.Path("data/filters.data"), kRecord,
+                            CommonInterfaces::SettingsData::kDefaultsTag, test_support::kCameraSection,
+                            test_support::CameraFields());
+  const std::string whole = sky.dir.Read("data/filters.data");
+  for (const std::size_t size : {begin, whole.size()}) {  // none is fine, and so is a whole one
+    sky.dir.Write("data/filters.data", whole.substr(0, size));
+    EXPECT_EQ(sky.Run({"limits"}), 0);
+    EXPECT_EQ(sky.errors.str(), "") << size;
+  }
+  for (const std::size_t size : {begin + 8, begin + 100, whole.size() - 1}) {
+    sky.dir.Write("data/filters.data", whole.substr(0, size));
+    EXPECT_EQ(sky.Run({"limits"}), 0);
+    EXPECT_EQ(sky.errors.str(),
+              "skyview: filters.data: the defaults of the moving types are missing or damaged\n")
+        << size;
+  }
+}
+
 TEST(Skyview, ViewOfAnotherWorldIsRefused) {
   SmallSky sky;
   auto mars = test_support::CameraFields();
