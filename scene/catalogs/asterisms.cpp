@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include "common_interfaces/field_names.h"
 #include "scene/catalogs/name_list.h"
@@ -43,7 +44,7 @@ void ReadLines(std::vector<Asterism>& asterisms) {
   LoadOptionalTable("catalogs:asterism_lines.txt", table);
   std::string lastKey;
   double lastPolyline = 0.0;
-  Direction last{};
+  std::optional<Direction> last;
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     const std::string key = FieldText(table, kKey);
@@ -55,10 +56,10 @@ void ReadLines(std::vector<Asterism>& asterisms) {
     if (asterism == asterisms.end() || !(ra + dec < kMissing)) continue;
     const Direction vertex = MakeDirection(ra, dec);
     for (int i = 0; i < 3; ++i) asterism->direction.v[i] += vertex.v[i];
-    if (key == lastKey && polyline == lastPolyline) {
+    if (last && key == lastKey && polyline == lastPolyline) {
       const int first = static_cast<int>(asterism->points.size());
-      asterism->points.push_back(last);
-      AppendArc(last, vertex, kStep, asterism->points);
+      asterism->points.push_back(*last);
+      AppendArc(*last, vertex, kStep, asterism->points);
       asterism->strokes.push_back({first, static_cast<int>(asterism->points.size()) - first});
     }
     last = vertex;

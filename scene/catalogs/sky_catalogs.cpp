@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -64,16 +65,17 @@ int FindConstellation(const std::string& abbreviation, const std::vector<Constel
 void FillFigures(CatalogTable& table, SkyCatalogs& catalogs) {
   std::string figure, lastFigure;
   double polyline = 0.0, lastPolyline = 0.0;
-  Direction vertex{}, last{};
+  Direction vertex{};
+  std::optional<Direction> last;
   for (int record = 0; record < table.GetCount(); ++record) {
     table.Select(record);
     if (!TakePosition(table, vertex)) continue;
     figure = FieldText(table, CommonInterfaces::FieldIds::Label);
     polyline = FieldNumber(table, CommonInterfaces::FieldIds::Number, 0.0);
-    if (record > 0 && figure == lastFigure && polyline == lastPolyline) {
+    if (last && figure == lastFigure && polyline == lastPolyline) {
       const int first = static_cast<int>(catalogs.figurePoints.size());
-      catalogs.figurePoints.push_back(last);
-      AppendArc(last, vertex, kFigureStep, catalogs.figurePoints);
+      catalogs.figurePoints.push_back(*last);
+      AppendArc(*last, vertex, kFigureStep, catalogs.figurePoints);
       catalogs.figures.push_back({first, static_cast<int>(catalogs.figurePoints.size()) - first,
                                   FindConstellation(figure, catalogs.constellations)});
     }

@@ -104,6 +104,14 @@ TEST_F(SkyCatalogsTest, FiguresAreSplitAlongTheGreatCircle) {
   }
 }
 
+// What lacks its name and number belongs to the figure "" all the same, but no stroke comes from nowhere.
+TEST_F(SkyCatalogsTest, VertexWithoutPositionBeginsNoStroke) {
+  sky.dir.Write("data/catalogs/constellation_lines.txt",
+                "Label:text\tNumber:i32\tRA:f64\tDec:f64\n\t0\n\t0\t1\t0\n");
+  ASSERT_TRUE(Load()) << error;
+  EXPECT_TRUE(catalogs.figures.empty());
+}
+
 TEST_F(SkyCatalogsTest, ADamagedMapOfTheMilkyWayIsNamed) {
   std::string map = sky.dir.Read("data/catalogs/milkyway.map");
   map.back() = 'x';
