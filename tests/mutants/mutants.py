@@ -40,7 +40,10 @@ LEAST_LIMIT = 10  # seconds of the processor
 LONGEST_FURTHER = 60  # seconds of the processor, of a further program
 SLOW = 0.2
 MOST_OBJECTS = 10  # a fault in a header that more include takes as long as many others
-FURTHER_PROGRAMS = {"thread_tests": ["thread_failure_tests", "thread_memory_tests"]}
+FURTHER_PROGRAMS = {"thread_tests": ["thread_failure_tests", "thread_memory_tests"],
+                    "scene_tests": ["scene_exported_tests"],
+                    **{folder + "_tests": ["injection_tests", "memory_tests"]
+                       for folder in ("utils", "text", "settings", "catalogs", "camera")}}
 SUITE = re.compile(r"^TEST(?:_F|_P)?\((\w+),", re.MULTILINE)
 COLUMNS = "outcome kind file line before after".split()
 Result = collections.namedtuple("Result", COLUMNS)

@@ -164,6 +164,18 @@ TEST_F(DatesLimits, MinusOneInTheFileIsNoLimitAndCurrent) {
   EXPECT_EQ(Limits(), Years(-1, 2100));
 }
 
+// There are no lines of notes, and none that ends the file.
+TEST_F(DatesLimits, LineIsTheYearsWhateverItBeginsWith) {
+  Write("! first and last year\n1900\n2100\n");
+  EXPECT_EQ(Limits(), Years(-1, 1900));
+  EXPECT_EQ(debug.lines, Lines{NoYear(1)});
+  ForgetLimits();
+  debug.lines.clear();
+  Write("}\n1900\n");
+  EXPECT_EQ(Limits(), Years(-1, 1900));
+  EXPECT_EQ(debug.lines, Lines{NoYear(1)});
+}
+
 TEST_F(DatesLimits, BlanksNotesAndOtherLineEndsAreAllowed) {
   Write("\xEF\xBB\xBF  -4712 first year\r\n\t+9999! last year\r\n!\n1\n");
   EXPECT_EQ(Limits(), Years(-4712, 9999));
