@@ -77,6 +77,12 @@ TEST_F(SettingsCreate, RecordThatIsNoneIsRefusedWithALine) {
                              "Bad parameter 'size = 65556' in function SettingsData::CreateField\n"}));
 }
 
+TEST_F(SettingsCreate, SmallestAndLargestRecordAreTaken) {
+  EXPECT_EQ(Create(settings, std::string(20, 'x')), 0);
+  EXPECT_EQ(Create(settings, std::string(65555, 'y')), 1);
+  EXPECT_TRUE(debug.lines.empty());
+}
+
 TEST_F(SettingsCreate, DeletedFieldClosesTheGapAndMovesLaterSections) {
   const int name = ::GetUniqueID("Grid");
   for (unsigned section : {kPlnt, kStar, kMoon}) {
@@ -120,6 +126,18 @@ TEST_F(SettingsCreate, FieldsPast65535AreRefusedWithALine) {
   EXPECT_EQ(settings.GetFieldCount(), 65535);
   EXPECT_EQ(debug.lines, (std::vector<std::string>{"No room for field 70000 in section 1000\n",
                                                    "No room for field 70000 in section 706c6e74\n"}));
+}
+
+// A file counts its sections in a signed 16-bit number. Those that are there take fields all the same.
+TEST_F(SettingsCreate, SectionsPast32767AreRefusedWithALine) {
+  settings.Reserve(32770);
+  for (unsigned section = 1; section <= 32767; ++section) {
+    ASSERT_EQ(Create(settings, Int(section, 1, 0)), static_cast<int>(section) - 1);
+  }
+  EXPECT_EQ(Create(settings, Int(kPlnt, 70000, 0)), -1);
+  EXPECT_EQ(Create(settings, Int(1, 2, 0)), 1) << "the first section has room";
+  EXPECT_EQ(Create(settings, Int(32767, 2, 0)), 32768);
+  EXPECT_EQ(debug.lines, std::vector<std::string>{"No room for field 70000 in section 706c6e74\n"});
 }
 
 TEST_F(SettingsCreate, ReserveOfNegativeAndHugeCountsIsHarmless) {

@@ -4,6 +4,7 @@
 // Settings files that are cut or changed. Meant to run under the sanitizers: every operation is tried on what
 // was read, and what stands before the damage must have been read.
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 
@@ -240,6 +241,17 @@ TEST_F(SettingsDamage, FieldCountThatLiesReadsTheFieldsThatAreThere) {
                                        WithLength(Int(kPlnt, 1, 1)))
                                  .c_str()));
   EXPECT_EQ(RecordsOf(settings), std::vector{Int(kPlnt, 1, 1)});
+}
+
+// 24 bytes a field at least: a file of 64 MiB has 2.8 million, whatever it says. Where a process has 2 or
+// 4 GiB, room for many more would not be found.
+TEST_F(SettingsDamage, FieldCountThatLiesTakesNoMoreRoomThanTheFileCanHold) {
+  SettingsData settings(kId, kOwner, "nothing.data");
+  const std::string name = WriteFile(Header(5) + LittleEndian(kOwner, 4) + LittleEndian(kId, 4) +
+                                     LittleEndian(0, 2) + LittleEndian(0x7FFFFFFF, 4));
+  std::filesystem::resize_file(name, 64 << 20);
+  EXPECT_FALSE(settings.Read(name.c_str()));
+  EXPECT_EQ(settings.GetFieldCount(), 0);
 }
 
 TEST_F(SettingsDamage, RecordsThatAreTooShortOrTooLongEndTheRead) {

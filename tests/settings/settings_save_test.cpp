@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "settings/settings_bytes.h"
+#include "utils/path.h"
 #include "utils/version.h"
 
 namespace test_support {
@@ -106,6 +107,19 @@ TEST_F(SettingsSave, WhatWasReadInPartIsNotSavedOverTheFile) {
   EXPECT_TRUE(settings.Save(roots.dir.Path("elsewhere.data").c_str()));
   EXPECT_FALSE(settings.Read(roots.dir.Path("missing.data").c_str()));
   EXPECT_TRUE(settings.Save(name.c_str())) << "it is no longer what the container was read from";
+}
+
+// Once the damaged file is gone, the one of the data root would be the source of the new one.
+TEST_F(SettingsSave, WhatWasReadInPartIsNotSavedOverWhatItHid) {
+  const std::string cut = roots.dir.Write("work/named.data", Header(0) + old.substr(0, old.size() - 1));
+  roots.dir.Write("data/named.data", Header(0) + old + behind);
+  EXPECT_FALSE(settings.Read("named.data"));
+  std::filesystem::remove(cut);
+  EXPECT_FALSE(settings.Save("named.data"));
+  EXPECT_FALSE(std::filesystem::exists(cut));
+  EXPECT_EQ(debug.lines,
+            std::vector<std::string>{"File " + ZentharPath::GetPath("named.data") +
+                                     ": settings not saved, because it could not be read whole\n"});
 }
 
 }  // namespace
