@@ -60,7 +60,7 @@ EclipsePathPoint PointAt(ShadowTrack& shadow, double date) {
   point.southernLimit = FindLimit(shadow, date, point.centre, -1.0);
   double zenith[3];
   sfp(1.0, point.centre.lon + elements.sidereal, point.centre.lat, zenith);
-  point.sunAltitude = std::asin(std::clamp(Dot(zenith, elements.axis), -1.0, 1.0));
+  point.sunAltitude = 0.5 * kPi - VectorsAngle(zenith, elements.axis);
   const ShadowAtPlace centre = ShadowAt(elements, axis.place);
   const Drift drift = DriftAt(shadow, date, point.centre);
   const double speed = std::hypot(drift.u, drift.v);
