@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cmath>
 
 #include "astro/coordinates.h"
