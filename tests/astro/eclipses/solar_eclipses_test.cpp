@@ -152,6 +152,23 @@ TEST(SolarEclipses, WhatIsSeenEndsWithTheSunsSet) {
   EXPECT_EQ(events[0].value, local->magnitudeSeen);
 }
 
+TEST(SolarEclipses, EventsLastFromTheFirstContactToTheLast) {
+  const EarthPlace dallas = At(32.78, -96.8);
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  const auto local = ComputeLocalSolarEclipse(*eclipse, dallas);
+  ASSERT_TRUE(local && local->bestSeen);
+  const auto events = Collect(FindSolarEclipses, {Midnight(2024, 4, 8), Midnight(2024, 4, 9), dallas});
+  ASSERT_EQ(events.size(), 2u);
+  for (const SkyEvent& event : events) {
+    const bool isHere = event.kind == EventKind::kSolarEclipseHere;
+    const double best = event.moment.julianDateTT;
+    EXPECT_EQ(event.sinceBegin, best - (isHere ? local->first.moment : eclipse->begin).julianDateTT);
+    EXPECT_EQ(event.untilEnd, (isHere ? local->last.moment : eclipse->end).julianDateTT - best);
+    EXPECT_NEAR(event.sinceBegin + event.untilEnd, isHere ? 2.66 / 24.0 : 5.17 / 24.0, 0.01 / 24.0);
+  }
+}
+
 TEST(SolarEclipses, NoneWhereAndWhenThereIsNone) {
   EXPECT_FALSE(ComputeSolarEclipse(Midnight(2024, 5, 8)));
   const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
