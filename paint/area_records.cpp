@@ -88,7 +88,6 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
     cairo_set_line_width(context, 0.5 * width * area.softness);
     cairo_stroke_preserve(context);
   }
-  cairo_new_path(context);
   cairo_restore(context);
 }
 

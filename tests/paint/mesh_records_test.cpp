@@ -9,6 +9,7 @@
 using namespace scene;
 using host_test::ExpectNear;
 using host_test::kBlack;
+using host_test::kRed;
 using host_test::Painted;
 using host_test::Pixel;
 
@@ -63,6 +64,16 @@ TEST_F(MeshRecords, LetShineThroughWhatLiesBelow) {
   AddMesh(0, 0, 200, 100, 2, {{0, 0, 200, 255}, {0, 0, 200, 255}, {0, 0, 200, 255}, {0, 0, 200, 255}});
   AddMesh(0, 0, 200, 100, 2, {{200, 0, 0, 51}, {200, 0, 0, 51}, {200, 0, 0, 51}, {200, 0, 0, 51}});
   ExpectNear(Painted(list).At(100, 50), {40, 0, 160}, 2);
+}
+
+// The outline of the area before has no part in it: rings in each other would be holes.
+TEST_F(MeshRecords, AreWholeAfterASoftArea) {
+  AddBox(50, 20, 150, 80);
+  list.AddArea(Layer::kBackground, PolygonRecord{0, 0, kRed, kRed, 2.0f, {}});
+  AddMesh(0, 0, 200, 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(100, 50), (Pixel{9, 9, 9}));
+  EXPECT_EQ(picture.At(20, 50), (Pixel{9, 9, 9}));
 }
 
 // From 10 to 12 over 200 pixels: steps would be 100 wide.

@@ -24,14 +24,15 @@ class StarTrailsTest : public testing::Test {
     list.SetStyle(style);
     AddBox(0.0, 100.0, {sky, sky, sky, 255}, Layer::kBackground);
   }
-  void AddStar(int number, double x, double y, const Rgba& colour = kWhite, int kind = kStar) {
+  void AddStar(int number, double x, double y, const Rgba& colour = kWhite, int kind = kStar,
+               Layer layer = Layer::kStars) {
     PointRecord point = {};
     point.x = static_cast<float>(x);
     point.y = static_cast<float>(y);
     point.radius = 2.0f;
     point.colour = colour;
     point.object = {kind, number};
-    list.Add(Layer::kStars, point);
+    list.Add(layer, point);
   }
   void AddBox(double top, double bottom, const Rgba& colour, Layer layer) {
     list.AddVertex(0.0, top);
@@ -103,6 +104,43 @@ TEST_F(StarTrailsTest, OtherStarsAndJumpsLeaveNone) {
   const Painted picture(Write());
   EXPECT_EQ(picture.At(40, 20), (Pixel{0, 0, 0}));
   EXPECT_EQ(picture.At(100, 60), (Pixel{0, 0, 0}));
+}
+
+// A quarter of 200 + 100 pixels.
+TEST_F(StarTrailsTest, LongestTrailIsAQuarterOfTheSides) {
+  for (const int far : {0, 1}) {
+    Begin(0);
+    AddStar(1, far * 75.0, 20.0);
+    AddStar(2, far * 75.5, 40.0);
+    AddStar(3, 100.0 + far * 60.0, 50.0 + far * 45.0);
+    AddStar(4, 100.0 - far * 60.5, 50.0 + far * 45.0);
+    Add();
+  }
+  const Painted picture(Write());
+  EXPECT_EQ(picture.At(40, 20), (Pixel{255, 255, 255}));
+  EXPECT_EQ(picture.At(40, 40), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(132, 74), (Pixel{255, 255, 255}));
+  EXPECT_EQ(picture.At(68, 74), (Pixel{0, 0, 0}));
+}
+
+// A cursor, and the Moon, whose phase would be smeared.
+TEST_F(StarTrailsTest, MarkersAndDiscsLeaveNone) {
+  for (const double x : {50.0, 80.0}) {
+    Begin(0);
+    AddStar(1, x, 20.0, kWhite, kStar, Layer::kMarkers);
+    DiscRecord disc = {};
+    disc.x = static_cast<float>(x);
+    disc.y = 60.0f;
+    disc.radius = 5.0f;
+    disc.lit = disc.dark = kGrey;
+    disc.object = {kStar, 2};
+    list.Add(Layer::kBodies, disc);
+    Add();
+  }
+  const Painted picture(Write());
+  EXPECT_EQ(picture.At(65, 20), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(65, 60), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(50, 60), (Pixel{100, 100, 100})) << "each exposure shows the disc itself";
 }
 
 TEST_F(StarTrailsTest, TrailIsAsWideAsItsStar) {
