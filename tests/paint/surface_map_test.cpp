@@ -82,7 +82,8 @@ TEST(SurfaceMap, IsReadUpTo8192By4096Pixels) {
 TEST(SurfaceMap, LiesOnTheGlobeByLatitudeAndLongitude) {
   const test_support::TempDir dir;
   const std::string path = dir.Path("map.jpg");
-  WriteMap(path, 64, 32, [](int y) { return 8 * y; }, [](int x) { return 4 * x; });
+  WriteMap(
+      path, 64, 32, [](int y) { return 8 * y; }, [](int x) { return 4 * x; });
   SurfaceMap map;
   ASSERT_TRUE(map.Load(path));
   // Its north up, longitude 0 towards the viewer, lit by a Sun behind the viewer.
