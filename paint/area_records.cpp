@@ -88,6 +88,7 @@ void PaintSoftEdge(const scene::DisplayList& list, const scene::PolygonRecord& a
     cairo_set_line_width(context, 0.5 * width * area.softness);
     cairo_stroke_preserve(context);
   }
+  cairo_new_path(context);
   cairo_restore(context);
 }
 
@@ -98,7 +99,6 @@ bool WritesPaths(cairo_t* context) {
 }
 
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
-  cairo_new_path(context);
   cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
   AddRings(list, area, context);
   SetColour(area.colour, context);
@@ -111,7 +111,6 @@ void PaintGradient(const scene::GradientRecord& gradient, cairo_t* context) {
   AddStop(fill, 0.0, gradient.colour);
   AddStop(fill, gradient.middle, gradient.middleColour);
   AddStop(fill, 1.0, gradient.endColour);
-  cairo_new_path(context);
   for (int i = 0; i < 4; ++i) cairo_line_to(context, gradient.cornerX[i], gradient.cornerY[i]);
   cairo_close_path(context);
   FillWith(fill, context);

@@ -147,8 +147,7 @@ bool GlobeShader::ShadeRing(double x, double y, double pixel, RingLight& light) 
   const double width =
       std::hypot(std::hypot(right.x, right.y) - radius, std::hypot(below.x, below.y) - radius);
   const GlobePixel ring = GetRing(radius, width);
-  if (!(ring.opacity > 0.0f)) return false;
-  const bool seesLitSide = (m_Viewer.z > 0.0) == (m_Sun.z > 0.0);
+  const bool seesLitSide = m_Viewer.z * m_Sun.z > 0.0;
   const double sunlight = (seesLitSide ? 1.0 : kUnlitRing) * (IsInShadowOfBall(there) ? kShadowed : 1.0);
   const float opacity = m_Globe.disc.lit.alpha / 255.0f, bright = static_cast<float>(sunlight) * opacity;
   const float covered = opacity * ring.opacity;

@@ -55,7 +55,6 @@ void PaintGlobe(const scene::DisplayList& list, const scene::GlobeRecord& globe,
       {list.GetColours().data() + globe.firstRingColour, static_cast<std::size_t>(globe.ringColourCount)},
       map);
   const Field field = FindField(list, disc, shader.GetReach(), context);
-  if (field.width == 0 || field.height == 0) return;
   cairo_surface_t* const image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, field.width, field.height);
   unsigned char* const bytes = cairo_image_surface_get_data(image);
   if (bytes) {

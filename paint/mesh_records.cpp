@@ -153,7 +153,6 @@ void PaintMesh(const scene::DisplayList& list, const scene::MeshRecord& mesh, ca
   cairo_translate(context, mesh.left, mesh.top);
   cairo_scale(context, width / columns, height / rows);
   cairo_set_source_surface(context, image, 0.0, 0.0);
-  cairo_new_path(context);
   cairo_rectangle(context, 0.0, 0.0, columns, rows);
   cairo_fill(context);
   cairo_restore(context);

@@ -146,6 +146,21 @@ TEST_F(GlobeRecords, OneBesideThePicturePaintsNothing) {
   }
 }
 
+TEST_F(GlobeRecords, OneThatFillsThePictureReachesItsEdges) {
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0f);
+  globe.disc.radius = 1000.0f;
+  list.Add(Layer::kBodies, globe);
+  const Painted picture(list);
+  for (const auto& [x, y] : {std::pair(0, 0), {199, 0}, {0, 99}, {199, 99}, {100, 0}, {0, 50}})
+    EXPECT_EQ(picture.At(x, y), kRedPixel) << x << " " << y;
+}
+
+// The cosine of a full one may be rounded to more than 1.
+TEST_F(GlobeRecords, PhaseBeyondFullByRoundingIsFull) {
+  const GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 1.0000001f);
+  EXPECT_NEAR(Light(paint::GlobeShader(globe, {}, nullptr).Shade(0.5, 0.0, 0.01)), 1.0, 1e-6);
+}
+
 TEST_F(GlobeRecords, HalfIsLitOnTheSideOfTheSunAndTheNightKeepsTheDarkColour) {
   list.Add(Layer::kBodies, MakeGlobe(-1.0f, 0.0f, 0.0f));
   const Painted picture(list);
@@ -230,6 +245,18 @@ TEST_F(GlobeRecords, SkyShinesBeforeTheShadowOnTheRing) {
   EXPECT_NEAR(255.0 * pixel.red, 60.0, 0.5);
   EXPECT_NEAR(255.0 * pixel.green, 99.9, 0.5);
   EXPECT_NEAR(255.0 * pixel.blue, 140.0, 0.5);
+}
+
+// Edge-on to the Sun it is lit from neither side: a quarter of the light is what shines through.
+TEST_F(GlobeRecords, RingInTheLightOfItsOwnPlaneIsDarkFromBothSides) {
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  for (const double tilt : {0.5235987755982988, -0.5235987755982988}) {
+    GlobeRecord globe = MakeGlobe(-1.0f, 0.0f, 0.0f);
+    Tilt(globe, tilt);
+    globe.ringInner = 1.5f;
+    globe.ringOuter = 2.0f;
+    EXPECT_NEAR(paint::GlobeShader(globe, ring, nullptr).Shade(-1.75, 0.0, 0.01).green, 0.25, 1e-6) << tilt;
+  }
 }
 
 TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {

@@ -76,6 +76,17 @@ TEST_F(MeshRecords, AreWholeAfterASoftArea) {
   EXPECT_EQ(picture.At(20, 50), (Pixel{9, 9, 9}));
 }
 
+TEST_F(MeshRecords, ThinOnesHaveOneRowOrColumn) {
+  AddMesh(0, 50, 200, 50.4f, 2, {{250, 0, 0, 255}, {250, 0, 0, 255}, {250, 0, 0, 255}, {250, 0, 0, 255}});
+  AddMesh(100, 0, 100.4f, 100, 2, {{0, 250, 0, 255}, {0, 250, 0, 255}, {0, 250, 0, 255}, {0, 250, 0, 255}});
+  const Painted picture(list);
+  ASSERT_TRUE(picture.IsGood());
+  EXPECT_GT(picture.At(20, 50).red, 0);
+  EXPECT_GT(picture.At(100, 20).green, 0);
+  EXPECT_EQ(picture.At(20, 51), kBlack);
+  EXPECT_EQ(picture.At(101, 20), kBlack);
+}
+
 // From 10 to 12 over 200 pixels: steps would be 100 wide.
 TEST_F(MeshRecords, ShowNoStepsWhereColoursHardlyDiffer) {
   AddMesh(0, 0, 200, 100, 2, {{10, 10, 10, 255}, {12, 12, 12, 255}, {10, 10, 10, 255}, {12, 12, 12, 255}});

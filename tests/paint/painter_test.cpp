@@ -86,6 +86,21 @@ TEST_F(Painter, WhatIsAddedLaterLiesOnTop) {
   EXPECT_EQ(picture.At(115, 50), kRedPixel);
 }
 
+TEST_F(Painter, EllipseAfterATextHasNoLineToIt) {
+  list.AddText(Layer::kLabels, TextRecord{0.0f, 50.0f, 0.0f, 20.0f, 0, 0, 0, kWhite, {}}, "H");
+  EllipseRecord ellipse = {};
+  ellipse.x = 150.0f;
+  ellipse.y = 50.0f;
+  ellipse.semiMajor = ellipse.semiMinor = 20.0f;
+  ellipse.width = 4.0f;
+  ellipse.colour = kRed;
+  list.Add(Layer::kLabels, ellipse);
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(130, 50), kRedPixel);
+  EXPECT_EQ(picture.At(100, 50), kBlack);
+  EXPECT_EQ(picture.At(150, 50), kBlack);
+}
+
 TEST_F(Painter, NothingIsPaintedBesideTheListWhateverPathTheContextHas) {
   list.Begin(50, 50, 1.0);
   list.Add(Layer::kStars, PointRecord{50.0f, 25.0f, 20.0f, kRed, {}, {}});

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 // The library's header wants the one above first.
@@ -23,10 +24,10 @@ namespace {
 
 constexpr double kDegree = 0.017453292519943295;
 
-// Each pixel red and green as that function of column and row says, and no blue. The file is exact to one or
-// two steps of a colour.
-void WriteMap(const std::string& path, int width, int height, const std::function<int(int)>& redOfRow,
-              const std::function<int(int)>& greenOfColumn) {
+// A JPEG file whose bytes a pixel, one or three, are what the function says of column, row and which of them
+// it is. It is exact to one or two steps of a colour.
+void WriteMap(const std::string& path, int width, int height, int perPixel,
+              const std::function<int(int, int, int)>& byte) {
   jpeg_compress_struct encoder;
   jpeg_error_mgr errors;
   encoder.err = jpeg_std_error(&errors);
@@ -36,17 +37,17 @@ void WriteMap(const std::string& path, int width, int height, const std::functio
   jpeg_stdio_dest(&encoder, file);
   encoder.image_width = static_cast<JDIMENSION>(width);
   encoder.image_height = static_cast<JDIMENSION>(height);
-  encoder.input_components = 3;
-  encoder.in_color_space = JCS_RGB;
+  encoder.input_components = perPixel;
+  encoder.in_color_space = perPixel == 3 ? JCS_RGB : JCS_GRAYSCALE;
   jpeg_set_defaults(&encoder);
   jpeg_set_quality(&encoder, 100, TRUE);
   encoder.comp_info[0].h_samp_factor = encoder.comp_info[0].v_samp_factor = 1;  // colours as fine as light
   jpeg_start_compress(&encoder, TRUE);
-  std::vector<unsigned char> row(3 * static_cast<std::size_t>(width));
+  std::vector<unsigned char> row;
   for (int y = 0; y < height; ++y) {
+    row.clear();
     for (int x = 0; x < width; ++x) {
-      row[3 * static_cast<std::size_t>(x)] = static_cast<unsigned char>(redOfRow(y));
-      row[3 * static_cast<std::size_t>(x) + 1] = static_cast<unsigned char>(greenOfColumn(x));
+      for (int i = 0; i < perPixel; ++i) row.push_back(static_cast<unsigned char>(byte(x, y, i)));
     }
     JSAMPROW rows[] = {row.data()};
     jpeg_write_scanlines(&encoder, rows, 1);
@@ -56,14 +57,23 @@ void WriteMap(const std::string& path, int width, int height, const std::functio
   std::fclose(file);
 }
 
-int None(int) { return 0; }
+// Its north up, longitude 0 towards the viewer, lit by a Sun behind the viewer.
+scene::GlobeRecord MakeFullGlobe() {
+  scene::GlobeRecord globe = {};
+  globe.disc.cosPhase = 1.0f;
+  globe.disc.sunX = 1.0f;
+  globe.disc.lit = {255, 255, 255, 255};
+  const float axes[9] = {0, 0, 1, 1, 0, 0, 0, -1, 0};
+  std::copy(axes, axes + 9, globe.toBody);
+  return globe;
+}
 
 }  // namespace
 
 TEST(SurfaceMap, IsReadUpTo8192By4096Pixels) {
   const test_support::TempDir dir;
   const auto loads = [&dir](int width, int height) {
-    WriteMap(dir.Path("map.jpg"), width, height, None, None);
+    WriteMap(dir.Path("map.jpg"), width, height, 1, [](int, int, int) { return 0; });
     SurfaceMap map;
     return map.Load(dir.Path("map.jpg"));
   };
@@ -82,17 +92,10 @@ TEST(SurfaceMap, IsReadUpTo8192By4096Pixels) {
 TEST(SurfaceMap, LiesOnTheGlobeByLatitudeAndLongitude) {
   const test_support::TempDir dir;
   const std::string path = dir.Path("map.jpg");
-  WriteMap(
-      path, 64, 32, [](int y) { return 8 * y; }, [](int x) { return 4 * x; });
+  WriteMap(path, 64, 32, 3, [](int x, int y, int i) { return i == 0 ? 8 * y : i == 1 ? 4 * x : 0; });
   SurfaceMap map;
   ASSERT_TRUE(map.Load(path));
-  // Its north up, longitude 0 towards the viewer, lit by a Sun behind the viewer.
-  scene::GlobeRecord globe = {};
-  globe.disc.cosPhase = 1.0f;
-  globe.disc.sunX = 1.0f;
-  globe.disc.lit = {255, 255, 255, 255};
-  const float axes[9] = {0, 0, 1, 1, 0, 0, 0, -1, 0};
-  std::copy(axes, axes + 9, globe.toBody);
+  const scene::GlobeRecord globe = MakeFullGlobe();
   const paint::GlobeShader shader(globe, {}, &map);
   for (const double latitude : {-60.0, -30.0, 0.0, 45.0, 70.0}) {
     for (const double longitude : {-60.0, -20.0, 0.0, 50.0}) {
@@ -104,6 +107,18 @@ TEST(SurfaceMap, LiesOnTheGlobeByLatitudeAndLongitude) {
       EXPECT_NEAR(255.0 * pixel.green, 4.0 * (31.5 + longitude / 5.625), 3.0);
     }
   }
+}
+
+TEST(SurfaceMap, OfGreyPixelsIsGrey) {
+  const test_support::TempDir dir;
+  const std::string path = dir.Path("map.jpg");
+  WriteMap(path, 64, 32, 1, [](int x, int, int) { return 4 * x; });
+  SurfaceMap map;
+  ASSERT_TRUE(map.Load(path));
+  const paint::MapColour east = map.GetColour(90.0 * kDegree, 0.0, 1e6);
+  EXPECT_NEAR(east.red, 4.0 * 47.5, 2.0);
+  EXPECT_EQ(east.green, east.red);
+  EXPECT_EQ(east.blue, east.red);
 }
 
 // Tycho (43 S, 11 W) is bright, Mare Crisium (17 N, 59 E) dark, Mare Imbrium (33 N, 16 W) darker than the
