@@ -61,6 +61,15 @@ TEST_F(RoundRecords, GlowIsWholeInsideItsInnerRadius) {
   EXPECT_NEAR(picture.At(130, 50).red, 102.0, 2.0);
 }
 
+// Half-way it is half red and half blue, and at its end blue.
+TEST_F(RoundRecords, GlowMayHaveItsMiddleColourAtItsEnd) {
+  const Glow glow = {0.0f, 40.0f, 1.0f, kRed, kBlue};
+  list.Add(Layer::kStars, PointRecord{100.5f, 50.5f, 2.0f, kRed, glow, {}});
+  const Painted picture(list);
+  ExpectNear(picture.At(120, 50), {127, 0, 128}, 3);
+  ExpectNear(picture.At(138, 50), {13, 0, 242}, 3);
+}
+
 TEST_F(RoundRecords, HalfMoonIsLitOnTheSideOfTheSun) {
   AddDisc(1.0f, 0.0f, 0.0f);
   const Painted picture(list);

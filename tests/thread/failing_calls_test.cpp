@@ -140,6 +140,19 @@ TEST(FailingCalls, LockOfTheNamesIsWaitedFor) {
   EXPECT_EQ(fault.GetCall(), "bind");
 }
 
+// A process that stands in the middle of it for good: ten seconds are 10,000 looks after the first, with a
+// pause before each. These fail too, so that they take no time; the socket, which comes first, does not.
+TEST(FailingCalls, LockOfTheNamesIsWaitedForTenSeconds) {
+  const char* const name = Own("semaphore behind a stopped process");
+  FailingCall fault(1, EADDRINUSE, "", true);
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }),
+            "Can't create semaphore.");
+  fault.Stop();
+  EXPECT_EQ(fault.GetCall(), "bind");
+  EXPECT_EQ(fault.GetFailureCount(), 1 + 2 * 10'000);
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }), "");
+}
+
 TEST(FailingCalls, SemaphoreIsNeitherTakenNorGivenBack) {
   thread::Semaphore semaphore(1ul);
   {
