@@ -42,15 +42,15 @@ void AddSeenRing(std::span<const scene::Vertex> ring, const Surroundings& around
   cairo_line_to(context, ring[0].x, ring[0].y);
   unsigned common =
       around.FindSides(ring[0]);  // sides that all lie beyond since the last vertex that was added
-  for (std::size_t i = 1; i < ring.size(); ++i) {
-    const unsigned sides = around.FindSides(ring[i]);
-    if (i > 1 && (common & sides) == 0) {
-      cairo_line_to(context, ring[i - 1].x, ring[i - 1].y);
-      common = around.FindSides(ring[i - 1]);
+  for (auto at = ring.begin() + 1; at != ring.end(); ++at) {
+    const unsigned sides = around.FindSides(*at);
+    if ((common & sides) == 0) {
+      cairo_line_to(context, at[-1].x, at[-1].y);
+      common = around.FindSides(at[-1]);
     }
     common &= sides;
   }
-  if (ring.size() > 1) cairo_line_to(context, ring.back().x, ring.back().y);
+  cairo_line_to(context, ring.back().x, ring.back().y);
   cairo_close_path(context);
 }
 

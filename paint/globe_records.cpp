@@ -24,7 +24,7 @@ Field FindField(const scene::DisplayList& list, const scene::DiscRecord& disc, d
                 cairo_t* context) {
   double scale = 1.0, across = 0.0;
   cairo_user_to_device_distance(context, &scale, &across);
-  scale = std::clamp(std::hypot(scale, across), 0.05, 4.0);
+  scale = std::min(std::hypot(scale, across), 4.0);
   // Files of lines have no pixels of their own: twice as fine as the picture.
   const auto type = cairo_surface_get_type(cairo_get_target(context));
   if (type != CAIRO_SURFACE_TYPE_IMAGE) scale *= 2.0;

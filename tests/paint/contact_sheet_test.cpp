@@ -96,6 +96,12 @@ TEST_F(ContactSheetTest, MoreFramesThanPlacesAreRefused) {
   EXPECT_EQ(Painted(Write(sheet)).At(100, 100), (Pixel{255, 0, 0}));
 }
 
+TEST_F(ContactSheetTest, FrameThatCannotBeDrawnIsTold) {
+  paint::ContactSheet sheet(1, 100000, 10);  // images end at 32767 pixels
+  EXPECT_FALSE(sheet.Add(MakePlain(kRed, 100000, 10), "", error));
+  EXPECT_NE(error, "");
+}
+
 TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
   const paint::ContactSheet sheet(1, 160, 100);
   const std::string path = dir.Path("nowhere/sheet.png");

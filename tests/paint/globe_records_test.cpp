@@ -133,6 +133,15 @@ TEST_F(GlobeRecords, ImageInAFileOfLinesHasAtMost8192ElementsASide) {
   EXPECT_EQ(FindImageSize(list), std::pair(3, 8192));
 }
 
+// On a sheet ten times as large as the list: 84 pixels of it, 8 elements each.
+TEST_F(GlobeRecords, ImageOnALargeSheetHasAtMostEightElementsAPixel) {
+  list.Add(Layer::kBodies, MakeGlobe(1.0f, 0.0f, 1.0f));
+  std::string bytes, error;
+  ASSERT_TRUE(paint::MakePdf(list, bytes, error, paint::Sheet{2000.0, 1000.0, 0.0})) << error;
+  EXPECT_NE(bytes.find("/Width 672\n"), bytes.npos);
+  EXPECT_NE(bytes.find("/Height 672\n"), bytes.npos);
+}
+
 TEST_F(GlobeRecords, OneBesideThePicturePaintsNothing) {
   for (const auto& [x, y] : {std::pair(-50.0f, 50.0f), {250.0f, 50.0f}, {100.0f, -50.0f}, {100.0f, 150.0f}}) {
     list.Begin(200, 100, 1.0);

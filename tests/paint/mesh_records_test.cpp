@@ -102,6 +102,7 @@ TEST_F(MeshRecords, ShowNoStepsWhereColoursHardlyDiffer) {
 
 TEST_F(MeshRecords, OfNoSizeOrTooFewNodesPaintNothing) {
   AddMesh(50, 20, 50, 60, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
+  AddMesh(50, 20, 90, 20, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, 200, 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, 200, 100, 1, {{9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, std::nanf(""), 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});

@@ -157,6 +157,17 @@ TEST_F(PictureKinds, PdfHasItsTextsInAFont) {
   EXPECT_EQ(Count(bytes, "/Type /Font\n"), 0);
 }
 
+TEST_F(PictureKinds, BytesFromBeforeAreGone) {
+  for (const auto make : {MakePng, MakeSvg}) {
+    bytes = "from before";
+    ASSERT_TRUE(make(list, bytes, error)) << error;
+    EXPECT_EQ(bytes.find("from before"), std::string::npos);
+  }
+  bytes = "from before";
+  ASSERT_TRUE(MakePdf(list, bytes, error)) << error;
+  EXPECT_EQ(bytes.find("from before"), std::string::npos);
+}
+
 TEST_F(PictureKinds, EndingChoosesTheKind) {
   const test_support::TempDir dir;
   const std::pair<const char*, const char*> cases[] = {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "paint/painted.h"
 #include "support/temp_dir.h"
 
@@ -90,6 +92,40 @@ TEST_F(StarTrailsTest, PaleTrailsDoNotAddUp) {
     Add();
   }
   EXPECT_EQ(Painted(Write()).At(100, 50), (Pixel{127, 127, 127}));
+}
+
+// On black; and on paper, where ink is black: 255 * (1 - 102 / 255).
+TEST_F(StarTrailsTest, PaleTrailsHaveTheColourThatIsSeen) {
+  for (const auto& [style, sky, seen] : {std::tuple(ChartStyle::kScreen, 0, Pixel{40, 80, 20}),
+                                         {ChartStyle::kPrint, 255, Pixel{153, 153, 153}}}) {
+    paint::StarTrails pale(200, 100);
+    for (const double x : {50.0, 80.0}) {
+      Begin(static_cast<unsigned char>(sky), style);
+      AddStar(1, x, 40.0, {100, 200, 50, 102});
+      ASSERT_TRUE(pale.Add(list, error)) << error;
+    }
+    ASSERT_TRUE(pale.Write(dir.Path("pale.png"), error)) << error;
+    EXPECT_EQ(Painted(dir.Read("pale.png")).At(65, 40), seen);
+  }
+}
+
+TEST_F(StarTrailsTest, OneFrameIsThePictureOfItsLights) {
+  Begin(30);
+  AddStar(1, 1.0, 1.0);
+  AddStar(2, 100.3, 50.7);
+  Add();
+  const Painted picture(Write()), painted(list);
+  for (int y = 0; y < 100; ++y) {
+    for (int x = 0; x < 200; ++x) ASSERT_EQ(picture.At(x, y), painted.At(x, y)) << x << " " << y;
+  }
+}
+
+// No drawing library scales by 0.
+TEST_F(StarTrailsTest, FrameThatCannotBeDrawnIsTold) {
+  Begin(0);
+  list.Add(Layer::kBodies, DiscRecord{});
+  EXPECT_FALSE(trails.Add(list, error));
+  EXPECT_NE(error, "");
 }
 
 TEST_F(StarTrailsTest, OtherStarsAndJumpsLeaveNone) {

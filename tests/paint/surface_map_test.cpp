@@ -5,13 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 // The library's header wants the one above first.
 #include <jpeglib.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "paint/globe_pixels.h"
@@ -57,16 +60,21 @@ void WriteMap(const std::string& path, int width, int height, int perPixel,
   std::fclose(file);
 }
 
-// Its north up, longitude 0 towards the viewer, lit by a Sun behind the viewer.
-scene::GlobeRecord MakeFullGlobe() {
+// Lit by a Sun behind the viewer. `axes`: those of the body, x, y and z, in the picture.
+scene::GlobeRecord MakeFullGlobe(const std::array<float, 9>& axes) {
   scene::GlobeRecord globe = {};
   globe.disc.cosPhase = 1.0f;
   globe.disc.sunX = 1.0f;
   globe.disc.lit = {255, 255, 255, 255};
-  const float axes[9] = {0, 0, 1, 1, 0, 0, 0, -1, 0};
-  std::copy(axes, axes + 9, globe.toBody);
+  std::copy(axes.begin(), axes.end(), globe.toBody);
   return globe;
 }
+
+// North up, longitude 0 towards the viewer; y counts downwards.
+constexpr std::array<float, 9> kUpright = {0, 0, 1, 1, 0, 0, 0, -1, 0};
+// Of numbers that are all different.
+constexpr std::array<float, 9> kTurned = {2.0f / 7,  3.0f / 7,  6.0f / 7, 6.0f / 7, 2.0f / 7,
+                                          -3.0f / 7, -3.0f / 7, 6.0f / 7, -2.0f / 7};
 
 }  // namespace
 
@@ -95,18 +103,54 @@ TEST(SurfaceMap, LiesOnTheGlobeByLatitudeAndLongitude) {
   WriteMap(path, 64, 32, 3, [](int x, int y, int i) { return i == 0 ? 8 * y : i == 1 ? 4 * x : 0; });
   SurfaceMap map;
   ASSERT_TRUE(map.Load(path));
-  const scene::GlobeRecord globe = MakeFullGlobe();
-  const paint::GlobeShader shader(globe, {}, &map);
-  for (const double latitude : {-60.0, -30.0, 0.0, 45.0, 70.0}) {
-    for (const double longitude : {-60.0, -20.0, 0.0, 50.0}) {
-      const double x = std::cos(latitude * kDegree) * std::sin(longitude * kDegree),
-                   y = -std::sin(latitude * kDegree);
-      const paint::GlobePixel pixel = shader.Shade(x, y, 0.001);
-      SCOPED_TRACE(std::to_string(latitude) + " " + std::to_string(longitude));
-      EXPECT_NEAR(255.0 * pixel.red, 8.0 * (15.5 - latitude / 5.625), 3.0);
-      EXPECT_NEAR(255.0 * pixel.green, 4.0 * (31.5 + longitude / 5.625), 3.0);
+  int seen = 0;
+  for (const auto& m : {kUpright, kTurned}) {
+    const scene::GlobeRecord globe = MakeFullGlobe(m);
+    const paint::GlobeShader shader(globe, {}, &map);
+    for (double latitude = -70.0; latitude < 90.0; latitude += 35.0) {
+      for (double longitude = -160.0; longitude < 170.0; longitude += 40.0) {
+        const double c = std::cos(latitude * kDegree),
+                     body[] = {c * std::cos(longitude * kDegree), c * std::sin(longitude * kDegree),
+                               std::sin(latitude * kDegree)};
+        const auto along = [&](std::size_t axis) {
+          return body[0] * m[axis] + body[1] * m[axis + 3] + body[2] * m[axis + 6];
+        };
+        if (along(2) < 0.2) continue;  // towards the viewer
+        const paint::GlobePixel pixel = shader.Shade(along(0), along(1), 0.001);
+        SCOPED_TRACE(std::to_string(latitude) + " " + std::to_string(longitude));
+        EXPECT_NEAR(255.0 * pixel.red, 8.0 * (15.5 - latitude / 5.625), 3.0);
+        EXPECT_NEAR(255.0 * pixel.green, 4.0 * (31.5 + longitude / 5.625), 3.0);
+        ++seen;
+      }
     }
   }
+  EXPECT_GT(seen, 20);
+}
+
+// A part of the pixels at the limb lies beyond the globe, where nothing is farther north than the pole. The
+// Sun stands above it.
+TEST(SurfaceMap, GoesOnAtTheLimb) {
+  const test_support::TempDir dir;
+  WriteMap(dir.Path("map.jpg"), 16, 8, 1, [](int, int, int) { return 200; });
+  SurfaceMap map;
+  ASSERT_TRUE(map.Load(dir.Path("map.jpg")));
+  scene::GlobeRecord globe = MakeFullGlobe(kUpright);
+  globe.disc.cosPhase = globe.disc.sunX = 0.0f;
+  globe.disc.sunY = -1.0f;
+  const paint::GlobePixel pixel = paint::GlobeShader(globe, {}, &map).Shade(0.0, -1.002, 0.01);
+  EXPECT_NEAR(pixel.opacity, 0.3, 1e-6);
+  EXPECT_NEAR(pixel.red, 0.3 * 200.0 / 255.0, 0.005);
+}
+
+TEST(SurfaceMap, IsReadFromEachFileOfTheData) {
+  int count = 0;
+  for (const auto& file : std::filesystem::directory_iterator(CI_DATA_SOURCE "/maps")) {
+    if (file.path().extension() != ".jpg") continue;
+    SurfaceMap map;
+    EXPECT_TRUE(map.Load(file.path().string())) << file.path();
+    ++count;
+  }
+  EXPECT_GT(count, 15);
 }
 
 TEST(SurfaceMap, OfGreyPixelsIsGrey) {
@@ -119,6 +163,69 @@ TEST(SurfaceMap, OfGreyPixelsIsGrey) {
   EXPECT_NEAR(east.red, 4.0 * 47.5, 2.0);
   EXPECT_EQ(east.green, east.red);
   EXPECT_EQ(east.blue, east.red);
+}
+
+// White by day; its night, brighter by its colours, is no more than white.
+TEST(SurfaceMap, IsNeverBrighterThanWhite) {
+  const test_support::TempDir dir;
+  WriteMap(dir.Path("map.jpg"), 16, 8, 1, [](int, int, int) { return 255; });
+  SurfaceMap map;
+  ASSERT_TRUE(map.Load(dir.Path("map.jpg")));
+  scene::GlobeRecord globe = MakeFullGlobe(kUpright);
+  globe.disc.lit = {50, 50, 50, 255};
+  globe.disc.dark = {200, 200, 200, 255};
+  EXPECT_EQ(paint::GlobeShader(globe, {}, &map).Shade(0.0, 0.0, 0.01).red, 1.0f);
+}
+
+TEST(SurfaceMap, CutOffIsNotRead) {
+  const test_support::TempDir dir;
+  const auto noise = [](int x, int y, int) { return (37 * x + 101 * y) % 256; };
+  WriteMap(dir.Path("map.jpg"), 64, 32, 1, noise);
+  const std::string whole = dir.Read("map.jpg");
+  dir.Write("cut.jpg", whole.substr(0, whole.size() / 2));
+  test_support::DebugCapture diagnostics;
+  SurfaceMap map;
+  EXPECT_TRUE(map.Load(dir.Path("map.jpg")));
+  EXPECT_FALSE(map.Load(dir.Path("cut.jpg")));
+  EXPECT_EQ(diagnostics.lines.size(), 1u);
+}
+
+// Of 16 x 8 pixels: those of the next step are the means of four each, rounded.
+TEST(SurfaceMap, NextStepHasTheMeansOfFourPixels) {
+  const test_support::TempDir dir;
+  WriteMap(dir.Path("map.jpg"), 16, 8, 1,
+           [](int x, int y, int) { return 100 + (7 * x + 5 * y + x * y) % 23; });
+  SurfaceMap map;
+  ASSERT_TRUE(map.Load(dir.Path("map.jpg")));
+  const auto get = [&map](double column, double row, double columns, double perRadian) {
+    return map
+        .GetColour(((column + 0.5) / columns - 0.5) * 360.0 * kDegree,
+                   (0.5 - (row + 0.5) / (columns / 2.0)) * 180.0 * kDegree, perRadian)
+        .green;
+  };
+  for (int y = 0; y < 4; ++y) {
+    for (int x = 0; x < 8; ++x) {
+      double sum = 0.0;
+      for (const auto& [right, down] : {std::pair(0, 0), {1, 0}, {0, 1}, {1, 1}})
+        sum += get(2 * x + right, 2 * y + down, 16.0, 1e6);
+      EXPECT_NEAR(get(x, y, 8.0, 1.0), std::floor(sum / 4.0 + 0.5), 0.01) << x << " " << y;
+    }
+  }
+}
+
+// Of 64 x 8 and of 16 x 64 pixels, one halving makes 32 x 4 and 8 x 32: stripes two pixels wide are still
+// seen.
+TEST(SurfaceMap, IsNotHalvedBelow8ColumnsOr4Rows) {
+  const test_support::TempDir dir;
+  WriteMap(dir.Path("low.jpg"), 64, 8, 1, [](int x, int, int) { return x / 2 % 2 * 200; });
+  WriteMap(dir.Path("narrow.jpg"), 16, 64, 1, [](int, int y, int) { return y / 2 % 2 * 200; });
+  SurfaceMap low, narrow;
+  ASSERT_TRUE(low.Load(dir.Path("low.jpg")) && narrow.Load(dir.Path("narrow.jpg")));
+  for (const int i : {0, 1, 8, 15}) {
+    EXPECT_NEAR(low.GetColour((i + 0.5) / 32.0 * 360.0 * kDegree, 0.0, 0.1).green, i % 2 * 200.0, 2.0) << i;
+    EXPECT_NEAR(narrow.GetColour(0.0, -(i + 0.5) / 32.0 * 180.0 * kDegree, 0.1).green, i % 2 * 200.0, 2.0)
+        << i;
+  }
 }
 
 // Tycho (43 S, 11 W) is bright, Mare Crisium (17 N, 59 E) dark, Mare Imbrium (33 N, 16 W) darker than the

@@ -132,7 +132,7 @@ long syscall(long number, ...) noexcept {
   if (number == SYS_futex) {
     if (const int error = FailingCall::ErrorOf("futex")) {
       errno = error;
-      return -1;
+      return error == FailingCall::kWoken ? 0 : -1;
     }
   }
   return real(number, a[0], a[1], a[2], a[3], a[4], a[5]);

@@ -13,10 +13,13 @@
 namespace thread_tests {
 
 // While it lives, the call number `index` from 0 of the thread that made it (of all counted ones, or of those
-// named `only`), and all further ones when it lasts, fails with that error and does nothing. One at a time for
-// each thread.
+// named `only`), and all further ones when it lasts, fails with that error and does nothing. One at a time
+// for each thread.
 class FailingCall {
  public:
+  // An error for futex alone: a wait returns at once like one that was woken.
+  static constexpr int kWoken = -1;
+
   FailingCall(int index, int error, std::string_view only = "", bool lasts = false);
   ~FailingCall();
   FailingCall(const FailingCall&) = delete;

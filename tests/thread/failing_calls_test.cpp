@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <set>
 #include <string>
+#include <thread>
 
 #include "common_interfaces/thread.h"
 #include "thread/failing_calls_linux.h"
@@ -194,6 +195,22 @@ TEST(FailingCalls, SleepThatASignalEndsGoesOn) {
   }
   const FailingCall fault(0, EINVAL, "futex");
   EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(5); }), "Lock of the semaphore failed.");
+}
+
+// Whoever used the memory before may wake who sleeps on it now. That hands nothing over, be it before or
+// after something was.
+TEST(FailingCalls, SleepThatEndsWithoutAReleaseGoesOn) {
+  thread::Semaphore semaphore(0ul);
+  const auto lockWokenForNothing = [&semaphore] {
+    const FailingCall fault(0, FailingCall::kWoken, "futex");
+    return semaphore.lock(5);
+  };
+  EXPECT_EQ(lockWokenForNothing(), thread::kTimedOut);
+  std::thread waiter([&semaphore] { semaphore.lock(); });
+  thread::sleep(20);  // time enough to fall asleep
+  semaphore.unlock();
+  waiter.join();
+  EXPECT_EQ(lockWokenForNothing(), thread::kTimedOut);
 }
 
 TEST(FailingCalls, EventStaysAsItIs) {
