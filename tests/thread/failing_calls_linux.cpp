@@ -20,6 +20,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <utility>
 
 namespace thread_tests {
 namespace {
@@ -33,6 +34,11 @@ FailingCall::FailingCall(int index, int error, std::string_view only, bool lasts
   t_Active = this;
 }
 
+FailingCall::FailingCall(int index, std::function<void()> action, std::string_view only)
+    : m_Left(index), m_Error(0), m_Only(only), m_Action(std::move(action)) {
+  t_Active = this;
+}
+
 FailingCall::~FailingCall() { Stop(); }
 
 void FailingCall::Stop() { t_Active = nullptr; }
@@ -43,6 +49,7 @@ int FailingCall::ErrorOf(const char* call) {
   if (left > 0 || (left < 0 && !t_Active->m_Lasts)) return 0;
   t_Active->m_Call = call;
   ++t_Active->m_Failures;
+  if (t_Active->m_Action) t_Active->m_Action();
   return t_Active->m_Error;
 }
 

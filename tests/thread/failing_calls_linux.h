@@ -7,6 +7,7 @@
 // memfd_create, ftruncate, mmap, futex, nanosleep.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,8 @@ class FailingCall {
   static constexpr int kWoken = -1;
 
   FailingCall(int index, int error, std::string_view only = "", bool lasts = false);
+  // That call fails in nothing; `action` is called right before it.
+  FailingCall(int index, std::function<void()> action, std::string_view only);
   ~FailingCall();
   FailingCall(const FailingCall&) = delete;
   FailingCall& operator=(const FailingCall&) = delete;
@@ -38,7 +41,8 @@ class FailingCall {
  private:
   int m_Left, m_Error, m_Failures = 0;
   std::string m_Only, m_Call;
-  bool m_Lasts;
+  bool m_Lasts = false;
+  std::function<void()> m_Action;
 };
 
 }  // namespace thread_tests

@@ -197,6 +197,15 @@ TEST(FailingCalls, SleepThatASignalEndsGoesOn) {
   EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(5); }), "Lock of the semaphore failed.");
 }
 
+// Between the look at the count and the sleep.
+TEST(FailingCalls, ReleaseRightBeforeTheSleepIsSeen) {
+  thread::Semaphore semaphore(0ul);
+  const FailingCall meanwhile(
+      0, [&semaphore] { semaphore.unlock(); }, "futex");
+  EXPECT_EQ(semaphore.lock(2000), thread::kSignalled);
+  EXPECT_EQ(meanwhile.GetCall(), "futex");
+}
+
 // Whoever used the memory before may wake who sleeps on it now. That hands nothing over, be it before or
 // after something was.
 TEST(FailingCalls, SleepThatEndsWithoutAReleaseGoesOn) {
