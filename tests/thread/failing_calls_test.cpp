@@ -5,9 +5,13 @@
 // program of its own, because it replaces functions of the C library.
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <time.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <set>
 #include <string>
 #include <thread>
@@ -15,6 +19,7 @@
 #include "common_interfaces/thread.h"
 #include "thread/failing_calls_linux.h"
 #include "thread/message_of.h"
+#include "thread/name_digest.h"
 #include "thread/own_name.h"
 
 namespace {
@@ -152,6 +157,29 @@ TEST(FailingCalls, LockOfTheNamesIsWaitedForTenSeconds) {
   EXPECT_EQ(fault.GetCall(), "bind");
   EXPECT_EQ(fault.GetFailureCount(), 1 + 2 * 10'000);
   EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }), "");
+}
+
+// As a process would that is stopped in the middle of making the one: an abstract socket of the tag of its
+// name.
+TEST(FailingCalls, LockOfOneNameKeepsNoOtherNameBack) {
+  const char *const held = Own("semaphore that another one makes"), *const other = Own("semaphore beside it");
+  const std::string tag =
+      "common_interfaces." + std::to_string(getuid()) + "." + thread::MakeNameDigest(held);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  tag.copy(address.sun_path + 1, tag.size());
+  const int lock = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  ASSERT_EQ(bind(lock, reinterpret_cast<const sockaddr*>(&address),
+                 static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + tag.size())),
+            0);
+  const auto make = [](const char* name) {
+    const FailingCall inNoTime(0, EINTR, "nanosleep", true);
+    return MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); });
+  };
+  EXPECT_EQ(make(held), "Can't create semaphore.");
+  EXPECT_EQ(make(other), "");
+  close(lock);
+  EXPECT_EQ(make(held), "");
 }
 
 TEST(FailingCalls, SemaphoreIsNeitherTakenNorGivenBack) {
