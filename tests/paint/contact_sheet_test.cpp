@@ -97,8 +97,14 @@ TEST_F(ContactSheetTest, MoreFramesThanPlacesAreRefused) {
 }
 
 TEST_F(ContactSheetTest, FrameThatCannotBeDrawnIsTold) {
-  paint::ContactSheet sheet(1, 100000, 10);  // images end at 32767 pixels
-  EXPECT_FALSE(sheet.Add(MakePlain(kRed, 100000, 10), "", error));
+  paint::ContactSheet huge(1, 100000, 10);  // images end at 32767 pixels
+  EXPECT_FALSE(huge.Add(MakePlain(kRed, 100000, 10), "", error));
+  EXPECT_NE(error, "");
+  DisplayList list = MakePlain(kRed, 160, 100);
+  list.Add(Layer::kBodies, DiscRecord{});  // no drawing library scales by 0
+  error = "";
+  paint::ContactSheet sheet(1, 160, 100);
+  EXPECT_FALSE(sheet.Add(list, "", error));
   EXPECT_NE(error, "");
 }
 

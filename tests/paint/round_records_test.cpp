@@ -84,19 +84,6 @@ TEST_F(RoundRecords, GlowHasFadedWhollyAtItsEnd) {
   for (int x = 122; x < 142; ++x) EXPECT_EQ(picture.At(x, 50), kBlack) << x;
 }
 
-TEST_F(RoundRecords, PointWithoutGlowHasNoGradientInAFile) {
-  const auto makeSvg = [this](float radius) {
-    list.Begin(200, 100, 1.0);
-    const Glow glow = {0.0f, radius, 0.5f, kWhite, kWhite};
-    list.Add(Layer::kStars, PointRecord{100.5f, 50.5f, 4.0f, kRed, glow, {}});
-    std::string bytes, error;
-    EXPECT_TRUE(paint::MakeSvg(list, bytes, error)) << error;
-    return bytes;
-  };
-  EXPECT_NE(makeSvg(8.0f).find("radialGradient"), std::string::npos);
-  EXPECT_EQ(makeSvg(0.0f).find("radialGradient"), std::string::npos);
-}
-
 TEST_F(RoundRecords, HalfMoonIsLitOnTheSideOfTheSun) {
   AddDisc(1.0f, 0.0f, 0.0f);
   const Painted picture(list);

@@ -94,14 +94,14 @@ TEST_F(StarTrailsTest, PaleTrailsDoNotAddUp) {
   EXPECT_EQ(Painted(Write()).At(100, 50), (Pixel{127, 127, 127}));
 }
 
-// On black; and on paper, where ink is black: 255 * (1 - 102 / 255).
+// On black, 100 / 255 of it; and on paper, where ink is black: 255 - 100.
 TEST_F(StarTrailsTest, PaleTrailsHaveTheColourThatIsSeen) {
-  for (const auto& [style, sky, seen] : {std::tuple(ChartStyle::kScreen, 0, Pixel{40, 80, 20}),
-                                         {ChartStyle::kPrint, 255, Pixel{153, 153, 153}}}) {
+  for (const auto& [style, sky, seen] : {std::tuple(ChartStyle::kScreen, 0, Pixel{39, 78, 19}),
+                                         {ChartStyle::kPrint, 255, Pixel{155, 155, 155}}}) {
     paint::StarTrails pale(200, 100);
     for (const double x : {50.0, 80.0}) {
       Begin(static_cast<unsigned char>(sky), style);
-      AddStar(1, x, 40.0, {100, 200, 50, 102});
+      AddStar(1, x, 40.0, {100, 200, 50, 100});
       ASSERT_TRUE(pale.Add(list, error)) << error;
     }
     ASSERT_TRUE(pale.Write(dir.Path("pale.png"), error)) << error;

@@ -72,9 +72,9 @@ scene::GlobeRecord MakeFullGlobe(const std::array<float, 9>& axes) {
 
 // North up, longitude 0 towards the viewer; y counts downwards.
 constexpr std::array<float, 9> kUpright = {0, 0, 1, 1, 0, 0, 0, -1, 0};
-// Of numbers that are all different.
-constexpr std::array<float, 9> kTurned = {2.0f / 7,  3.0f / 7,  6.0f / 7, 6.0f / 7, 2.0f / 7,
-                                          -3.0f / 7, -3.0f / 7, 6.0f / 7, -2.0f / 7};
+// Neighbours in it differ.
+constexpr std::array<float, 9> kTurned = {1.0f / 9,  8.0f / 9,  -4.0f / 9, 4.0f / 9, -4.0f / 9,
+                                          -7.0f / 9, -8.0f / 9, -1.0f / 9, -4.0f / 9};
 
 }  // namespace
 
