@@ -131,6 +131,17 @@ TEST_F(GlobeRecords, ImageInAFileOfLinesHasAtMost8192ElementsASide) {
   list.Begin(3, 8192, 1.0);
   list.Add(Layer::kBodies, globe);
   EXPECT_EQ(FindImageSize(list), std::pair(3, 8192));
+
+  // Of one whose limb is the lower, or the right, half of the picture no more than that counts.
+  globe.disc.y = 4096.0f + 100002.0f;
+  list.Begin(3, 8192, 1.0);
+  list.Add(Layer::kBodies, globe);
+  EXPECT_EQ(FindImageSize(list), std::pair(6, 8192));
+  globe.disc.x = 4096.0f + 100002.0f;
+  globe.disc.y = 1.0f;
+  list.Begin(8192, 3, 1.0);
+  list.Add(Layer::kBodies, globe);
+  EXPECT_EQ(FindImageSize(list), std::pair(8192, 6));
 }
 
 // On a sheet ten times as large as the list: 84 pixels of it, 8 elements each.
@@ -209,6 +220,17 @@ TEST_F(GlobeRecords, FlattenedOneIsLowerAlongItsAxis) {
   EXPECT_EQ(shader.Shade(0.95, 0.0, 0.01).opacity, 1.0f);
 }
 
+// A spheroid half as high as wide, lit from the right. At (0.6, 0.2) it stands sqrt(1 - 0.36 - 0.16) towards
+// the viewer, with the normal (0.48 ^ 0.5, 0.6, 0.2 / 0.5 ^ 2) in its own axes.
+TEST_F(GlobeRecords, FlattenedOneIsLitByItsOwnNormals) {
+  GlobeRecord globe = MakeGlobe(1.0f, 0.0f, 0.0f);
+  globe.flattening = 0.5f;
+  const double length = std::sqrt(0.48 + 0.36 + 0.64), toViewer = std::sqrt(0.48) / length,
+               toSun = 0.6 / length;
+  EXPECT_NEAR(Light(paint::GlobeShader(globe, {}, nullptr).Shade(0.6, -0.2, 0.01)),
+              std::pow(2.0 * toSun / (toSun + toViewer), 0.6), 1e-6);
+}
+
 // Opened by 30 degrees, the ring of 1.5 to 2 radii reaches from 0.75 to 1 above and below the middle, and to
 // 2 beside it.
 TEST_F(GlobeRecords, RingLiesBehindTheGlobeAboveAndBeforeItBelow) {
@@ -241,6 +263,21 @@ TEST_F(GlobeRecords, GlobeThrowsItsShadowOnTheRing) {
   EXPECT_LT(shader.Shade(1.75, 0.0, 0.01).green, 0.1f);
 }
 
+// Seen from above the pole, in the light of the ring's own plane: a quarter of it, and of that 6 % in the
+// shadow, which is as wide as the globe.
+TEST_F(GlobeRecords, ShadowOnTheRingEndsWhereTheGlobeDoes) {
+  GlobeRecord globe = MakeGlobe(-1.0f, 0.0f, 0.0f);
+  const float axes[9] = {1, 0, 0, 0, -1, 0, 0, 0, 1};
+  std::copy(axes, axes + 9, globe.toBody);
+  globe.ringInner = 1.5f;
+  globe.ringOuter = 2.0f;
+  const std::vector<Rgba> ring(64, {0, 255, 0, 255});
+  const paint::GlobeShader shader(globe, ring, nullptr);
+  EXPECT_NEAR(shader.Shade(1.5, 0.999, 0.01).green, 0.25 * 0.06, 1e-4);
+  EXPECT_NEAR(shader.Shade(1.5, 1.0, 0.01).green, 0.25, 1e-4);
+  EXPECT_NEAR(shader.Shade(-1.5, 0.999, 0.01).green, 0.25, 1e-4) << "on the side of the Sun";
+}
+
 // In the globe's shadow 6 % of the ring's light are left, and before it stands the sky: 90 + 0.06 * 255 * (1
 // - 90 / 255).
 TEST_F(GlobeRecords, SkyShinesBeforeTheShadowOnTheRing) {
@@ -271,12 +308,13 @@ TEST_F(GlobeRecords, RingInTheLightOfItsOwnPlaneIsDarkFromBothSides) {
 TEST_F(GlobeRecords, RingThrowsItsShadowOnTheGlobe) {
   GlobeRecord globe =
       MakeGlobe(0.0f, -1.0f, 0.8660254f);  // 30 degrees above the ring's plane, which is seen edge-on
+  globe.disc.dark = {0, 0, 0, 255};
   globe.ringInner = 1.05f;
   globe.ringOuter = 3.0f;
   const std::vector<Rgba> ring(64, {0, 255, 0, 255});
   const paint::GlobeShader with(globe, ring, nullptr), without(globe, {}, nullptr);
   // Below the equator, where the way to the Sun goes through the ring.
-  EXPECT_LT(Light(with.Shade(0.0, 0.2, 0.01)), 0.2 * Light(without.Shade(0.0, 0.2, 0.01)));
+  EXPECT_NEAR(Light(with.Shade(0.0, 0.2, 0.01)), 0.06 * Light(without.Shade(0.0, 0.2, 0.01)), 1e-6);
   EXPECT_EQ(Light(with.Shade(0.0, -0.5, 0.01)), Light(without.Shade(0.0, -0.5, 0.01)));
 }
 

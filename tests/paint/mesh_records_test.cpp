@@ -66,6 +66,19 @@ TEST_F(MeshRecords, LetShineThroughWhatLiesBelow) {
   ExpectNear(Painted(list).At(100, 50), {40, 0, 160}, 2);
 }
 
+// Nodes two pixels apart, 0 and 240 in turn: the middle of a pixel lies a quarter of the way behind a node,
+// or before it.
+TEST_F(MeshRecords, BlendWithinAPixelOfTheirNodes) {
+  for (int i = 0; i < 2 * 101; ++i)
+    list.AddColour({static_cast<unsigned char>(i % 101 % 2 * 240), 0, 0, 255});
+  list.AddMesh(Layer::kBackground, {0, 0, 200, 100, 101, 0, 0, {}});
+  const Painted picture(list);
+  for (const int x : {0, 100, 196}) {
+    const int expected[] = {60, 180, 180, 60};
+    for (int i = 0; i < 4; ++i) ExpectNear(picture.At(x + i, 50), {expected[i], 0, 0}, 2);
+  }
+}
+
 // The outline of the area before has no part in it: rings in each other would be holes.
 TEST_F(MeshRecords, AreWholeAfterASoftArea) {
   AddBox(50, 20, 150, 80);

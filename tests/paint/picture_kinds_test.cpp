@@ -80,6 +80,8 @@ class PictureKinds : public testing::Test {
 
 }  // namespace
 
+TEST_F(PictureKinds, CanBeDrawnByABuildWithTheDrawingLibrary) { EXPECT_TRUE(CanDraw()); }
+
 TEST_F(PictureKinds, PngHasThePixelsOfTheList) {
   ASSERT_TRUE(MakePng(list, bytes, error)) << error;
   const Painted read(bytes), painted(list);

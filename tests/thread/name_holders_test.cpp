@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -143,6 +145,20 @@ TEST(NameOfForkedChild, StaysTakenUntilTheChildHasEnded) {
   kill(child, SIGKILL);
   waitpid(child, nullptr, 0);
   EXPECT_EQ(SemaphoreFailure(name), "");
+}
+
+TEST(NameThatIsGone, LeavesNoMemoryMapped) {
+  const char* const name = Own("mapped");
+  const auto isMapped = [name] {
+    std::ifstream file("/proc/self/maps");
+    const std::string maps{std::istreambuf_iterator<char>(file), {}};
+    return maps.find(thread::MakeNameDigest(name)) != maps.npos;
+  };
+  {
+    const Semaphore made(1, name), opened(name);
+    EXPECT_TRUE(isMapped());
+  }
+  EXPECT_FALSE(isMapped());
 }
 
 // How a second semaphore of that name fails when at most `left` descriptors are free.
