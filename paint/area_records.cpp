@@ -42,15 +42,15 @@ void AddSeenRing(std::span<const scene::Vertex> ring, const Surroundings& around
   cairo_line_to(context, ring[0].x, ring[0].y);
   unsigned common =
       around.FindSides(ring[0]);  // sides that all lie beyond since the last vertex that was added
-  for (std::size_t i = 1; i < ring.size(); ++i) {
-    const unsigned sides = around.FindSides(ring[i]);
-    if (i > 1 && (common & sides) == 0) {
-      cairo_line_to(context, ring[i - 1].x, ring[i - 1].y);
-      common = around.FindSides(ring[i - 1]);
+  for (auto at = ring.begin() + 1; at != ring.end(); ++at) {
+    const unsigned sides = around.FindSides(*at);
+    if ((common & sides) == 0) {
+      cairo_line_to(context, at[-1].x, at[-1].y);
+      common = around.FindSides(at[-1]);
     }
     common &= sides;
   }
-  if (ring.size() > 1) cairo_line_to(context, ring.back().x, ring.back().y);
+  cairo_line_to(context, ring.back().x, ring.back().y);
   cairo_close_path(context);
 }
 
@@ -99,7 +99,6 @@ bool WritesPaths(cairo_t* context) {
 }
 
 void PaintPolygon(const scene::DisplayList& list, const scene::PolygonRecord& area, cairo_t* context) {
-  cairo_new_path(context);
   cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
   AddRings(list, area, context);
   SetColour(area.colour, context);
@@ -112,7 +111,6 @@ void PaintGradient(const scene::GradientRecord& gradient, cairo_t* context) {
   AddStop(fill, 0.0, gradient.colour);
   AddStop(fill, gradient.middle, gradient.middleColour);
   AddStop(fill, 1.0, gradient.endColour);
-  cairo_new_path(context);
   for (int i = 0; i < 4; ++i) cairo_line_to(context, gradient.cornerX[i], gradient.cornerY[i]);
   cairo_close_path(context);
   FillWith(fill, context);

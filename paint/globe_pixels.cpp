@@ -79,7 +79,8 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   const double nearest = p.x * p.x + p.y * p.y + p.z * p.z - b * b / a;  // squared distance of the line
   const double cover = std::clamp((1.0 - std::sqrt(std::max(nearest, 0.0))) / pixel + 0.5, 0.0, 1.0);
   if (cover <= 0.0) return {};
-  z = (-b + std::sqrt(a * std::max(1.0 - nearest, 0.0))) / a;
+  const double steepness = std::sqrt(a * std::max(1.0 - nearest, 0.0));
+  z = (steepness - b) / a;
   const Vector unit = {p.x + z * v.x, p.y + z * v.y, p.z + z * v.z};
   const Vector surface = {unit.x, unit.y, unit.z / m_Stretch};
   const Vector steep = {unit.x, unit.y, unit.z * m_Stretch};
@@ -87,7 +88,7 @@ GlobePixel GlobeShader::ShadeBall(double x, double y, double pixel, double& z) c
   const auto along = [&](const Vector& d) {
     return (steep.x * d.x + steep.y * d.y + steep.z * d.z) / length;
   };
-  const double toSun = along(m_Sun), toViewer = std::max(along(m_Viewer), 0.0), limb = m_Globe.limbDarkening;
+  const double toSun = along(m_Sun), toViewer = steepness / length, limb = m_Globe.limbDarkening;
   double light = 0.0;
   if (toSun > 0.0) {
     light = (1.0 - limb) * std::min(1.0, 2.0 * toSun / (toSun + toViewer)) + limb * toSun;
@@ -147,8 +148,7 @@ bool GlobeShader::ShadeRing(double x, double y, double pixel, RingLight& light) 
   const double width =
       std::hypot(std::hypot(right.x, right.y) - radius, std::hypot(below.x, below.y) - radius);
   const GlobePixel ring = GetRing(radius, width);
-  if (!(ring.opacity > 0.0f)) return false;
-  const bool seesLitSide = (m_Viewer.z > 0.0) == (m_Sun.z > 0.0);
+  const bool seesLitSide = m_Viewer.z * m_Sun.z > 0.0;
   const double sunlight = (seesLitSide ? 1.0 : kUnlitRing) * (IsInShadowOfBall(there) ? kShadowed : 1.0);
   const float opacity = m_Globe.disc.lit.alpha / 255.0f, bright = static_cast<float>(sunlight) * opacity;
   const float covered = opacity * ring.opacity;

@@ -24,7 +24,7 @@ Field FindField(const scene::DisplayList& list, const scene::DiscRecord& disc, d
                 cairo_t* context) {
   double scale = 1.0, across = 0.0;
   cairo_user_to_device_distance(context, &scale, &across);
-  scale = std::clamp(std::hypot(scale, across), 0.05, 4.0);
+  scale = std::min(std::hypot(scale, across), 4.0);
   // Files of lines have no pixels of their own: twice as fine as the picture.
   const auto type = cairo_surface_get_type(cairo_get_target(context));
   if (type != CAIRO_SURFACE_TYPE_IMAGE) scale *= 2.0;
@@ -55,7 +55,6 @@ void PaintGlobe(const scene::DisplayList& list, const scene::GlobeRecord& globe,
       {list.GetColours().data() + globe.firstRingColour, static_cast<std::size_t>(globe.ringColourCount)},
       map);
   const Field field = FindField(list, disc, shader.GetReach(), context);
-  if (field.width == 0 || field.height == 0) return;
   cairo_surface_t* const image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, field.width, field.height);
   unsigned char* const bytes = cairo_image_surface_get_data(image);
   if (bytes) {

@@ -35,7 +35,6 @@ void Stroke(const scene::PolylineRecord& style, cairo_t* context) {
 
 void PaintPolylines(const scene::DisplayList& list, std::span<const scene::PolylineRecord> lines,
                     cairo_t* context) {
-  cairo_new_path(context);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     AddLine(list, lines[i], context);
     if (i + 1 == lines.size() || !HaveOneStyle(lines[i], lines[i + 1])) Stroke(lines[i], context);

@@ -61,6 +61,7 @@ void PaintRun(const scene::DisplayList& list, const scene::Run& run, const Paint
 
 void PaintDisplayList(const scene::DisplayList& list, cairo_t* context, const PaintScope& scope) {
   cairo_save(context);
+  cairo_new_path(context);
   cairo_rectangle(context, 0.0, 0.0, list.GetWidth(), list.GetHeight());
   cairo_clip(context);
   for (const auto& run : list.GetRuns()) {

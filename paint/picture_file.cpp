@@ -57,7 +57,6 @@ bool PaintStream(const scene::DisplayList& list, const std::optional<Sheet>& she
 bool CanDraw() { return true; }
 
 bool MakePng(const scene::DisplayList& list, std::string& bytes, std::string& error) {
-  bytes.clear();
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, list.GetWidth(), list.GetHeight()),
                         cairo_surface_destroy);
   return PaintOn(list, std::nullopt, surface.get(), error) && MakePngBytes(surface.get(), bytes, error);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 //
-// The records of a display list, each kind by a function of its own. They leave the context's path, colour
-// and widths changed.
+// The records of a display list, each kind by a function of its own. They find the context without a path and
+// leave it so; they change its colour and widths.
 #pragma once
 
 #include <cairo.h>

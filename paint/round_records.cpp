@@ -17,7 +17,6 @@ scene::Rgba Faded(scene::Rgba colour) {
 }
 
 void FillCircle(double x, double y, double radius, const scene::Rgba& colour, cairo_t* context) {
-  cairo_new_path(context);
   cairo_arc(context, x, y, radius, 0.0, kTurn);
   SetColour(colour, context);
   cairo_fill(context);
@@ -25,7 +24,6 @@ void FillCircle(double x, double y, double radius, const scene::Rgba& colour, ca
 
 // A circle as one point that is stroked with a round end, of four numbers where a filled one has fifty.
 void StrokeDot(double x, double y, double radius, const scene::Rgba& colour, cairo_t* context) {
-  cairo_new_path(context);
   cairo_move_to(context, x, y);
   cairo_line_to(context, x, y);
   SetColour(colour, context);
@@ -43,7 +41,6 @@ void FillLitPart(const scene::DiscRecord& disc, cairo_t* context) {
   cairo_translate(context, disc.x, disc.y);
   cairo_rotate(context, std::atan2(disc.sunY, disc.sunX));
   cairo_scale(context, disc.radius, disc.radius);
-  cairo_new_path(context);
   cairo_arc(context, 0.0, 0.0, 1.0, -kQuarter, kQuarter);  // the Sun is to the right now
   for (int i = 1; i < kSteps; ++i) {
     const double turn = kQuarter - 2.0 * kQuarter * i / kSteps;
@@ -63,7 +60,6 @@ void PaintGlow(double x, double y, const scene::Glow& glow, cairo_t* context) {
   AddStop(shine, 0.0, glow.colour);
   AddStop(shine, glow.middle, glow.middleColour);
   AddStop(shine, 1.0, Faded(glow.colour));
-  cairo_new_path(context);
   cairo_arc(context, x, y, glow.radius, 0.0, kTurn);
   FillWith(shine, context);
 }
@@ -82,7 +78,6 @@ void PaintDisc(const scene::DiscRecord& disc, cairo_t* context) {
 
 void PaintShadow(const scene::ShadowRecord& shadow, cairo_t* context) {
   cairo_save(context);
-  cairo_new_path(context);
   cairo_arc(context, shadow.clipX, shadow.clipY, shadow.clipRadius, 0.0, kTurn);
   cairo_clip(context);
   cairo_pattern_t* shade = cairo_pattern_create_radial(shadow.x, shadow.y, shadow.innerRadius, shadow.x,
@@ -97,7 +92,6 @@ void PaintShadow(const scene::ShadowRecord& shadow, cairo_t* context) {
 
 // The path is made in the frame of the ellipse, the stroke is not: it has one width all around.
 void PaintEllipse(const scene::EllipseRecord& ellipse, cairo_t* context) {
-  cairo_new_path(context);
   cairo_save(context);
   cairo_translate(context, ellipse.x, ellipse.y);
   cairo_rotate(context, ellipse.angle);

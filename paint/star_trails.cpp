@@ -103,7 +103,10 @@ bool StarTrails::Add(const scene::DisplayList& list, std::string& error) {
   cairo_set_source_surface(whole.get(), state.sum.get(), 0.0, 0.0);
   cairo_paint(whole.get());
   PaintDisplayList(list, whole.get(), {kGround, 0.0f});
-  return IsGood(frame.get(), error) && IsGood(sum.get(), error) && IsGood(whole.get(), error);
+  for (cairo_t* const context : {frame.get(), sum.get(), whole.get()}) {
+    if (!IsGood(context, error)) return false;
+  }
+  return true;
 }
 
 bool StarTrails::Write(const std::string& path, std::string& error) {

@@ -27,7 +27,10 @@ struct ErrorExit {
 };
 
 void LeaveDecoder(j_common_ptr decoder) { std::longjmp(reinterpret_cast<ErrorExit*>(decoder->err)->jump, 1); }
-void SayNothing(j_common_ptr, int) {}
+// A warning, which says that data are damaged, has a level below 0.
+void LeaveIfDamaged(j_common_ptr decoder, int level) {
+  if (level < 0) LeaveDecoder(decoder);
+}
 
 // Nothing with a destructor may begin between setjmp and what leaves.
 bool Decode(std::FILE* file, std::vector<unsigned char>& pixels, int& width, int& height) {
@@ -35,7 +38,7 @@ bool Decode(std::FILE* file, std::vector<unsigned char>& pixels, int& width, int
   ErrorExit exit;
   decoder.err = jpeg_std_error(&exit.manager);
   exit.manager.error_exit = LeaveDecoder;
-  exit.manager.emit_message = SayNothing;
+  exit.manager.emit_message = LeaveIfDamaged;
   jpeg_create_decompress(&decoder);
   if (setjmp(exit.jump)) {
     jpeg_destroy_decompress(&decoder);
@@ -43,8 +46,8 @@ bool Decode(std::FILE* file, std::vector<unsigned char>& pixels, int& width, int
   }
   jpeg_stdio_src(&decoder, file);
   jpeg_read_header(&decoder, TRUE);
-  bool done = decoder.image_width <= kMostWidth && decoder.image_height <= kMostHeight;
-  if (done) {
+  const bool fits = decoder.image_width <= kMostWidth && decoder.image_height <= kMostHeight;
+  if (fits) {
     decoder.out_color_space = JCS_RGB;
     jpeg_start_decompress(&decoder);
     width = static_cast<int>(decoder.output_width);
@@ -54,10 +57,10 @@ bool Decode(std::FILE* file, std::vector<unsigned char>& pixels, int& width, int
       JSAMPROW row = pixels.data() + std::size_t{3} * decoder.output_width * decoder.output_scanline;
       jpeg_read_scanlines(&decoder, &row, 1);
     }
-    done = jpeg_finish_decompress(&decoder) && exit.manager.num_warnings == 0;
+    jpeg_finish_decompress(&decoder);
   }
   jpeg_destroy_decompress(&decoder);
-  return done;
+  return fits;
 }
 
 }  // namespace
@@ -77,14 +80,12 @@ bool SurfaceMap::Load(const std::string& path) {
 
 SurfaceMap::Level SurfaceMap::Halve(const Level& level) {
   Level half = {level.width / 2, level.height / 2, {}};
-  half.pixels.resize(std::size_t{3} * half.width * half.height);
   for (int y = 0; y < half.height; ++y) {
     for (int x = 0; x < 3 * half.width; ++x) {
       const int from = 2 * (x / 3) * 3 + x % 3;
       const unsigned char* const upper = level.pixels.data() + std::size_t{6} * y * level.width + from;
       const unsigned char* const lower = upper + std::size_t{3} * level.width;
-      half.pixels[std::size_t{3} * y * half.width + x] =
-          static_cast<unsigned char>((upper[0] + upper[3] + lower[0] + lower[3] + 2) / 4);
+      half.pixels.push_back(static_cast<unsigned char>((upper[0] + upper[3] + lower[0] + lower[3] + 2) / 4));
     }
   }
   return half;

@@ -12,6 +12,7 @@ void PaintText(const scene::DisplayList& list, const scene::TextRecord& text, ca
   cairo_move_to(context, text.x - text.anchor * GetAdvance(utf8, context), text.y);
   SetColour(text.colour, context);
   cairo_show_text(context, utf8);
+  cairo_new_path(context);
 }
 
 }  // namespace paint

@@ -58,7 +58,6 @@ bool LinksTo(const std::string& path, const std::string& expected) {
 
 // An abstract socket address can be bound once; it is free again when its process ends.
 NamedMemory::NameLock::NameLock(const char* name) : m_Socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-  if (!m_Socket.IsOpen()) return;
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   const std::string tag = TagOf(name);
@@ -152,12 +151,11 @@ NamedMemory::~NamedMemory() {
 bool NamedMemory::IsCalled(const char* name) const {
   Header header;
   std::memcpy(&header, m_Base, sizeof header);
-  const std::size_t callerSize = header.callerSize;
   const std::size_t rest = m_Total - kDataOffset;
   const std::size_t nameSize = std::strlen(name) + 1;
-  return std::memcmp(header.magic, kMagic, sizeof kMagic) == 0 && callerSize >= kCommonSize &&
-         callerSize < rest && rest - callerSize == nameSize &&
-         std::memcmp(static_cast<const char*>(Data()) + callerSize, name, nameSize) == 0;
+  return std::memcmp(header.magic, kMagic, sizeof kMagic) == 0 && header.callerSize >= kCommonSize &&
+         std::uint64_t{header.callerSize} + nameSize == rest &&
+         std::memcmp(static_cast<const char*>(Data()) + header.callerSize, name, nameSize) == 0;
 }
 
 bool NamedMemory::HasLayout(std::size_t size) const {

@@ -6,11 +6,12 @@
 #include <ctime>
 
 #include "common_interfaces/thread.h"
+#include "thread/timespec_posix.h"
 
 namespace thread {
 
 bool sleep(unsigned long milliseconds) {
-  timespec rest{static_cast<time_t>(milliseconds / 1000), static_cast<long>(milliseconds % 1000) * 1'000'000};
+  timespec rest = ToTimespec(std::chrono::duration<unsigned long, std::milli>(milliseconds));
   while (clock_nanosleep(CLOCK_MONOTONIC, 0, &rest, &rest) == EINTR) {
   }
   return true;

@@ -9,11 +9,13 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <ctime>
 #include <new>
 
 #include "thread/named_memory_linux.h"
+#include "thread/timespec_posix.h"
 
 namespace thread {
 
@@ -43,16 +45,10 @@ unsigned Wake(std::atomic<unsigned>& word, unsigned count) {
   return woken > 0 ? static_cast<unsigned>(woken) : 0;
 }
 
+// The steady clock is the system's CLOCK_MONOTONIC.
 timespec DeadlineAfter(unsigned long milliseconds) {
-  timespec deadline{};
-  clock_gettime(CLOCK_MONOTONIC, &deadline);
-  deadline.tv_sec += static_cast<time_t>(milliseconds / 1000);
-  deadline.tv_nsec += static_cast<long>(milliseconds % 1000) * 1'000'000;
-  if (deadline.tv_nsec >= 1'000'000'000) {
-    deadline.tv_nsec -= 1'000'000'000;
-    ++deadline.tv_sec;
-  }
-  return deadline;
+  return ToTimespec(std::chrono::steady_clock::now().time_since_epoch() +
+                    std::chrono::milliseconds(milliseconds));
 }
 
 bool InitMutex(pthread_mutex_t* mutex) {

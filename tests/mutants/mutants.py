@@ -40,7 +40,7 @@ LEAST_LIMIT = 10  # seconds of the processor
 LONGEST_FURTHER = 60  # seconds of the processor, of a further program
 SLOW = 0.2
 MOST_OBJECTS = 10  # a fault in a header that more include takes as long as many others
-FURTHER_PROGRAMS = {"thread_tests": ["thread_failure_tests", "thread_memory_tests"],
+FURTHER_PROGRAMS = {"thread_tests": ["thread_failure_tests", "thread_memory_tests", "thread_tests_race"],
                     "scene_tests": ["scene_exported_tests"],
                     **{folder + "_tests": ["injection_tests", "memory_tests"]
                        for folder in ("utils", "text", "settings", "catalogs", "camera")}}

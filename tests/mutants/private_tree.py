@@ -170,7 +170,7 @@ class PrivateTree:
             os.chown(self.scratch, NOBODY, NOBODY)
 
         def limit():
-            if self.preset != "sanitize":  # sanitizers map terabytes that they do not use
+            if "-fsanitize" not in program.link:  # sanitizers map terabytes that they do not use
                 resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
             resource.setrlimit(resource.RLIMIT_FSIZE, (LARGEST_FILE, LARGEST_FILE))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))

@@ -128,6 +128,15 @@ TEST_F(AnimationTest, WhatIsNotWholeLeavesTheFileAsItWas) {
   EXPECT_EQ(dir.Read("a.png"), "before");
 }
 
+TEST_F(AnimationTest, FrameThatCannotBeWrittenIsOneLineThatNamesTheFile) {
+  paint::Animation animation(1, 10);
+  const std::string path = dir.Path("nowhere/a.png");
+  ASSERT_FALSE(animation.Open(path, error));
+  error = "";
+  EXPECT_FALSE(animation.Add(red, error));
+  EXPECT_TRUE(error.starts_with(path + ": cannot be written: ")) << error;
+}
+
 TEST_F(AnimationTest, FrameTooManyIsRefused) {
   paint::Animation animation(1, 10);
   ASSERT_TRUE(animation.Open(dir.Path("b.png"), error));

@@ -125,6 +125,14 @@ TEST_F(AreaRecords, SvgHasNoVerticesFarOutside) {
   EXPECT_LT(makeSvg(3000).size(), makeSvg(3).size() + 100);
 }
 
+TEST_F(AreaRecords, RingWithoutVerticesIsNothingInAFile) {
+  list.EndRing();
+  list.AddArea(Layer::kGround, PolygonRecord{0, 0, kRed, {}, 0.0f, {}});
+  std::string bytes, error;
+  ASSERT_TRUE(paint::MakeSvg(list, bytes, error)) << error;
+  EXPECT_EQ(bytes.find("<path"), bytes.npos);
+}
+
 TEST_F(AreaRecords, GradientHasItsColoursAtItsStopsAndEndsAtItsCorners) {
   list.Add(Layer::kBackground,
            GradientRecord{
@@ -137,6 +145,24 @@ TEST_F(AreaRecords, GradientHasItsColoursAtItsStopsAndEndsAtItsCorners) {
   ExpectNear(picture.At(100, 99), {0, 2, 253}, 2);
   EXPECT_EQ(picture.At(10, 50), kBlack);
   EXPECT_EQ(picture.At(190, 50), kBlack);
+}
+
+// Where the middle one stands at an end, the first or the last colour lies beyond it only.
+TEST_F(AreaRecords, GradientMayHaveItsMiddleColourAtAnEnd) {
+  const auto paint = [this](float middle) {
+    list.Begin(200, 100, 1.0);
+    list.Add(
+        Layer::kBackground,
+        GradientRecord{
+            {0, 200, 200, 0}, {0, 0, 100, 100}, 50, 0, 150, 0, middle, kRed, {0, 255, 0, 255}, kBlue, {}});
+    return std::pair(Painted(list).At(52, 50), Painted(list).At(147, 50));
+  };
+  const auto [startAtStart, endAtStart] = paint(0.0f);
+  ExpectNear(startAtStart, {0, 249, 6}, 3);
+  ExpectNear(endAtStart, {0, 6, 249}, 3);
+  const auto [startAtEnd, endAtEnd] = paint(1.0f);
+  ExpectNear(startAtEnd, {249, 6, 0}, 3);
+  ExpectNear(endAtEnd, {6, 249, 0}, 3);
 }
 
 TEST_F(AreaRecords, GradientGoesOnBeyondItsEnds) {

@@ -65,6 +65,13 @@ TEST_F(ContactSheetTest, CopiesStandInRowsFromTheUpperLeftCorner) {
   EXPECT_TRUE(IsGround(picture.At(420, 288))) << "the fourth place is empty";
 }
 
+// 16 columns and 10 rows of squares, each 1600 / 16 pixels wide, with 8 between them and 18 for the text.
+TEST_F(ContactSheetTest, SheetIsAbout16TimesAsWideAsHigh) {
+  const Painted picture(Write(paint::ContactSheet(160, 10, 10)));
+  EXPECT_EQ(picture.GetWidth(), 16 * (100 + 8) + 8);
+  EXPECT_EQ(picture.GetHeight(), 10 * (100 + 18 + 8) + 8);
+}
+
 TEST_F(ContactSheetTest, TextStandsBelowItsCopy) {
   paint::ContactSheet sheet(1, 160, 100);
   ASSERT_TRUE(sheet.Add(MakePlain(kRed, 160, 100), "HHHHHH", error)) << error;
@@ -89,6 +96,18 @@ TEST_F(ContactSheetTest, MoreFramesThanPlacesAreRefused) {
   EXPECT_EQ(Painted(Write(sheet)).At(100, 100), (Pixel{255, 0, 0}));
 }
 
+TEST_F(ContactSheetTest, FrameThatCannotBeDrawnIsTold) {
+  paint::ContactSheet huge(1, 100000, 10);  // images end at 32767 pixels
+  EXPECT_FALSE(huge.Add(MakePlain(kRed, 100000, 10), "", error));
+  EXPECT_NE(error, "");
+  DisplayList list = MakePlain(kRed, 160, 100);
+  list.Add(Layer::kBodies, DiscRecord{});  // no drawing library scales by 0
+  error = "";
+  paint::ContactSheet sheet(1, 160, 100);
+  EXPECT_FALSE(sheet.Add(list, "", error));
+  EXPECT_NE(error, "");
+}
+
 TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
   const paint::ContactSheet sheet(1, 160, 100);
   const std::string path = dir.Path("nowhere/sheet.png");
@@ -97,8 +116,6 @@ TEST_F(ContactSheetTest, MissingFolderIsOneLineThatNamesTheFile) {
   EXPECT_EQ(error.find('\n'), std::string::npos);
 }
 
-// One frame of 1600 x 1000 is copied 400 wide, at a quarter: texts of 20 pixels are 5 there, those of 40 are
-// 10. A caption, of 13 pixels, has gone, and so has the ground below it.
 // Lines of one pixel, at 0.4 of their size: each pixel of the copy is made of all that it covers.
 TEST_F(ContactSheetTest, CopiesAreSmooth) {
   DisplayList list = MakePlain({0, 0, 0, 255}, 1000, 500);
@@ -120,6 +137,8 @@ TEST_F(ContactSheetTest, CopiesAreSmooth) {
   EXPECT_LE(most - least, 1) << least << " to " << most;
 }
 
+// One frame of 1600 x 1000 is copied 400 wide, at a quarter: texts of 20 pixels are 5 there, those of 40 are
+// 10. A caption, of 13 pixels, has gone, and so has the ground below it.
 TEST_F(ContactSheetTest, TextsTooSmallToReadAreLeftOut) {
   const auto write = [this](float size, bool ground) {
     DisplayList list = MakePlain({0, 0, 0, 255}, 1600, 1000);

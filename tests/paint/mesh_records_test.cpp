@@ -9,6 +9,7 @@
 using namespace scene;
 using host_test::ExpectNear;
 using host_test::kBlack;
+using host_test::kRed;
 using host_test::Painted;
 using host_test::Pixel;
 
@@ -65,6 +66,40 @@ TEST_F(MeshRecords, LetShineThroughWhatLiesBelow) {
   ExpectNear(Painted(list).At(100, 50), {40, 0, 160}, 2);
 }
 
+// Nodes two pixels apart, 0 and 240 in turn: the middle of a pixel lies a quarter of the way behind a node,
+// or before it.
+TEST_F(MeshRecords, BlendWithinAPixelOfTheirNodes) {
+  for (int i = 0; i < 2 * 101; ++i)
+    list.AddColour({static_cast<unsigned char>(i % 101 % 2 * 240), 0, 0, 255});
+  list.AddMesh(Layer::kBackground, {0, 0, 200, 100, 101, 0, 0, {}});
+  const Painted picture(list);
+  for (const int x : {0, 100, 196}) {
+    const int expected[] = {60, 180, 180, 60};
+    for (int i = 0; i < 4; ++i) ExpectNear(picture.At(x + i, 50), {expected[i], 0, 0}, 2);
+  }
+}
+
+// The outline of the area before has no part in it: rings in each other would be holes.
+TEST_F(MeshRecords, AreWholeAfterASoftArea) {
+  AddBox(50, 20, 150, 80);
+  list.AddArea(Layer::kBackground, PolygonRecord{0, 0, kRed, kRed, 2.0f, {}});
+  AddMesh(0, 0, 200, 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(100, 50), (Pixel{9, 9, 9}));
+  EXPECT_EQ(picture.At(20, 50), (Pixel{9, 9, 9}));
+}
+
+TEST_F(MeshRecords, ThinOnesHaveOneRowOrColumn) {
+  AddMesh(0, 50, 200, 50.4f, 2, {{250, 0, 0, 255}, {250, 0, 0, 255}, {250, 0, 0, 255}, {250, 0, 0, 255}});
+  AddMesh(100, 0, 100.4f, 100, 2, {{0, 250, 0, 255}, {0, 250, 0, 255}, {0, 250, 0, 255}, {0, 250, 0, 255}});
+  const Painted picture(list);
+  ASSERT_TRUE(picture.IsGood());
+  EXPECT_GT(picture.At(20, 50).red, 0);
+  EXPECT_GT(picture.At(100, 20).green, 0);
+  EXPECT_EQ(picture.At(20, 51), kBlack);
+  EXPECT_EQ(picture.At(101, 20), kBlack);
+}
+
 // From 10 to 12 over 200 pixels: steps would be 100 wide.
 TEST_F(MeshRecords, ShowNoStepsWhereColoursHardlyDiffer) {
   AddMesh(0, 0, 200, 100, 2, {{10, 10, 10, 255}, {12, 12, 12, 255}, {10, 10, 10, 255}, {12, 12, 12, 255}});
@@ -80,6 +115,7 @@ TEST_F(MeshRecords, ShowNoStepsWhereColoursHardlyDiffer) {
 
 TEST_F(MeshRecords, OfNoSizeOrTooFewNodesPaintNothing) {
   AddMesh(50, 20, 50, 60, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
+  AddMesh(50, 20, 90, 20, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, 200, 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, 200, 100, 1, {{9, 9, 9, 255}, {9, 9, 9, 255}});
   AddMesh(0, 0, std::nanf(""), 100, 2, {{9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}, {9, 9, 9, 255}});

@@ -26,10 +26,10 @@ inline std::ostream& operator<<(std::ostream& out, const Pixel& pixel) {
 // A picture in memory: a display list painted on black, or the bytes of a PNG file.
 class Painted {
  public:
-  explicit Painted(const scene::DisplayList& list)
+  explicit Painted(const scene::DisplayList& list, const paint::PaintScope& scope = {})
       : m_Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, list.GetWidth(), list.GetHeight())) {
     cairo_t* context = cairo_create(m_Surface);
-    paint::PaintDisplayList(list, context);
+    paint::PaintDisplayList(list, context, scope);
     m_Status = cairo_status(context);
     cairo_destroy(context);
     cairo_surface_flush(m_Surface);

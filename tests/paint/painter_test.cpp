@@ -51,6 +51,15 @@ TEST_F(Painter, TextStandsOnItsBaselineInItsColour) {
   EXPECT_TRUE(above);
 }
 
+TEST_F(Painter, TextsAreLeftOutBelowTheLeastSizeAndNotAtIt) {
+  list.AddText(Layer::kLabels, TextRecord{20.0f, 60.0f, 0.0f, 20.0f, 0, 0, 0, kWhite, {}}, "HH");
+  paint::PaintScope scope;
+  scope.leastText = 20.0f;
+  EXPECT_FALSE(Painted(list, scope).IsBlack());
+  scope.leastText = 20.5f;
+  EXPECT_TRUE(Painted(list, scope).IsBlack());
+}
+
 TEST_F(Painter, BoldTextHasMoreInk) {
   const auto ink = [this](unsigned style) {
     list.Begin(200, 100, 1.0);
@@ -75,6 +84,37 @@ TEST_F(Painter, WhatIsAddedLaterLiesOnTop) {
   EXPECT_EQ(picture.At(100, 50), kRedPixel);
   EXPECT_EQ(picture.At(108, 50), kBluePixel);
   EXPECT_EQ(picture.At(115, 50), kRedPixel);
+}
+
+TEST_F(Painter, EllipseAfterATextHasNoLineToIt) {
+  list.AddText(Layer::kLabels, TextRecord{0.0f, 50.0f, 0.0f, 20.0f, 0, 0, 0, kWhite, {}}, "H");
+  EllipseRecord ellipse = {};
+  ellipse.x = 150.0f;
+  ellipse.y = 50.0f;
+  ellipse.semiMajor = ellipse.semiMinor = 20.0f;
+  ellipse.width = 4.0f;
+  ellipse.colour = kRed;
+  list.Add(Layer::kLabels, ellipse);
+  const Painted picture(list);
+  EXPECT_EQ(picture.At(130, 50), kRedPixel);
+  EXPECT_EQ(picture.At(100, 50), kBlack);
+  EXPECT_EQ(picture.At(150, 50), kBlack);
+}
+
+TEST_F(Painter, NothingIsPaintedBesideTheListWhateverPathTheContextHas) {
+  list.Begin(50, 50, 1.0);
+  list.Add(Layer::kStars, PointRecord{50.0f, 25.0f, 20.0f, kRed, {}, {}});
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 100, 50);
+  cairo_t* context = cairo_create(surface);
+  cairo_rectangle(context, 0.0, 0.0, 100.0, 50.0);
+  paint::PaintDisplayList(list, context);
+  cairo_surface_flush(surface);
+  const auto* const row = reinterpret_cast<const std::uint32_t*>(
+      cairo_image_surface_get_data(surface) + 25 * cairo_image_surface_get_stride(surface));
+  EXPECT_EQ(row[45] & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(row[55] & 0xFFFFFF, 0u);
+  cairo_destroy(context);
+  cairo_surface_destroy(surface);
 }
 
 TEST_F(Painter, ContextIsLeftAsItWas) {

@@ -3,8 +3,10 @@
 //
 // A list made by hand as PNG, SVG and PDF.
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <cstdio>
+#include <utility>
 
 #include "paint/font_extents.h"
 #include "paint/painted.h"
@@ -18,6 +20,29 @@ using host_test::Painted;
 using host_test::Pixel;
 
 namespace {
+
+// The first rectangle that the page of a PDF fills, as "left top width height" in points, y downwards.
+std::string FindFirstBox(const std::string& pdf, double pageHeight) {
+  constexpr std::size_t kMost = 100'000;
+  const std::string mark = "stream\n";
+  const auto begin = pdf.find(mark) + mark.size();
+  std::string content(kMost, '\0');
+  uLongf size = kMost;
+  if (uncompress(reinterpret_cast<Bytef*>(content.data()), &size,
+                 reinterpret_cast<const Bytef*>(pdf.data() + begin),
+                 static_cast<uLong>(pdf.find("endstream", begin) - begin)) != Z_OK) {
+    return "not compressed";
+  }
+  content.resize(size);
+  const auto end = content.find(" re f\n");
+  const auto line = content.rfind('\n', end) + 1;
+  double left = 0.0, bottom = 0.0, width = 0.0, height = 0.0;
+  if (std::sscanf(content.c_str() + line, "%lf %lf %lf %lf re", &left, &bottom, &width, &height) != 4)
+    return content;
+  char box[200];
+  std::snprintf(box, sizeof box, "%g %g %g %g", left, pageHeight - bottom - height, width, height);
+  return box;
+}
 
 class PictureKinds : public testing::Test {
  protected:
@@ -54,6 +79,8 @@ class PictureKinds : public testing::Test {
 };
 
 }  // namespace
+
+TEST_F(PictureKinds, CanBeDrawnByABuildWithTheDrawingLibrary) { EXPECT_TRUE(CanDraw()); }
 
 TEST_F(PictureKinds, PngHasThePixelsOfTheList) {
   ASSERT_TRUE(MakePng(list, bytes, error)) << error;
@@ -109,12 +136,38 @@ TEST_F(PictureKinds, PdfOnASheetHasItsTrueSize) {
   EXPECT_EQ(Count(bytes, "/Type /Page\n") + Count(bytes, "/Type /Page "), 1);
 }
 
+// The list is twice as wide as high. Its background is painted first, from edge to edge.
+TEST_F(PictureKinds, PdfOnASheetIsAsLargeAsItsMarginsAllowInTheMiddle) {
+  const std::pair<Sheet, const char*> cases[] = {
+      {{500, 800, 50}, "50 300 400 200"},  // 400 x 700 between the margins: the width is what limits
+      {{800, 300, 50}, "200 50 400 200"},  // 700 x 200: the height
+      {{500, 300, 50}, "50 50 400 200"},   // both
+      {{100, 100, 0}, "0 25 100 50"}};     // smaller than the list, without margins
+  for (const auto& [sheet, box] : cases) {
+    ASSERT_TRUE(MakePdf(list, bytes, error, sheet)) << error;
+    EXPECT_EQ(FindFirstBox(bytes, sheet.height), box);
+  }
+  ASSERT_TRUE(MakePdf(list, bytes, error)) << error;
+  EXPECT_EQ(FindFirstBox(bytes, 100.0), "0 0 200 100") << "without a sheet";
+}
+
 TEST_F(PictureKinds, PdfHasItsTextsInAFont) {
   ASSERT_TRUE(MakePdf(list, bytes, error)) << error;
   EXPECT_GE(Count(bytes, "/Type /Font\n"), 1);
   list.Begin(200, 100, 1.0);
   ASSERT_TRUE(MakePdf(list, bytes, error)) << error;
   EXPECT_EQ(Count(bytes, "/Type /Font\n"), 0);
+}
+
+TEST_F(PictureKinds, BytesFromBeforeAreGone) {
+  for (const auto make : {MakePng, MakeSvg}) {
+    bytes = "from before";
+    ASSERT_TRUE(make(list, bytes, error)) << error;
+    EXPECT_EQ(bytes.find("from before"), std::string::npos);
+  }
+  bytes = "from before";
+  ASSERT_TRUE(MakePdf(list, bytes, error)) << error;
+  EXPECT_EQ(bytes.find("from before"), std::string::npos);
 }
 
 TEST_F(PictureKinds, EndingChoosesTheKind) {

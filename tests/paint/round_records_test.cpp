@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
 #include <numbers>
+#include <string>
+#include <utility>
 
 #include "paint/picture_file.h"
 #include "paint/record_fixture.h"
@@ -61,6 +63,27 @@ TEST_F(RoundRecords, GlowIsWholeInsideItsInnerRadius) {
   EXPECT_NEAR(picture.At(130, 50).red, 102.0, 2.0);
 }
 
+// At the end: half-way it is half red and half blue, and at its end blue. At the beginning: blue there.
+TEST_F(RoundRecords, GlowMayHaveItsMiddleColourAtAnEnd) {
+  const auto paint = [this](float middle) {
+    list.Begin(200, 100, 1.0);
+    const Glow glow = {0.0f, 40.0f, middle, kRed, kBlue};
+    list.Add(Layer::kStars, PointRecord{100.5f, 50.5f, 2.0f, kWhite, glow, {}});
+    return std::pair(Painted(list).At(120, 50), Painted(list).At(138, 50));
+  };
+  const auto [halfWay, atEnd] = paint(1.0f);
+  ExpectNear(halfWay, {127, 0, 128}, 3);
+  ExpectNear(atEnd, {13, 0, 242}, 3);
+  EXPECT_GT(paint(0.0f).first.blue, 60);
+}
+
+TEST_F(RoundRecords, GlowHasFadedWhollyAtItsEnd) {
+  const Glow glow = {0.0f, 40.0f, 0.5f, kWhite, {255, 255, 255, 0}};
+  list.Add(Layer::kStars, PointRecord{100.5f, 50.5f, 2.0f, kRed, glow, {}});
+  const Painted picture(list);
+  for (int x = 122; x < 142; ++x) EXPECT_EQ(picture.At(x, 50), kBlack) << x;
+}
+
 TEST_F(RoundRecords, HalfMoonIsLitOnTheSideOfTheSun) {
   AddDisc(1.0f, 0.0f, 0.0f);
   const Painted picture(list);
@@ -68,6 +91,7 @@ TEST_F(RoundRecords, HalfMoonIsLitOnTheSideOfTheSun) {
   EXPECT_EQ(picture.At(135, 50), kRedPixel);
   EXPECT_EQ(picture.At(97, 50), kBluePixel);
   EXPECT_EQ(picture.At(65, 50), kBluePixel);
+  for (const int y : {10, 89}) EXPECT_EQ(picture.At(97, y).red, 0) << "nor at the horns";
   EXPECT_EQ(picture.At(102, 85), kRedPixel);
   EXPECT_EQ(picture.At(97, 15), kBluePixel);
   EXPECT_EQ(picture.At(145, 50), kBlack);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "paint/painted.h"
 #include "support/temp_dir.h"
 
@@ -24,14 +26,15 @@ class StarTrailsTest : public testing::Test {
     list.SetStyle(style);
     AddBox(0.0, 100.0, {sky, sky, sky, 255}, Layer::kBackground);
   }
-  void AddStar(int number, double x, double y, const Rgba& colour = kWhite, int kind = kStar) {
+  void AddStar(int number, double x, double y, const Rgba& colour = kWhite, int kind = kStar,
+               Layer layer = Layer::kStars) {
     PointRecord point = {};
     point.x = static_cast<float>(x);
     point.y = static_cast<float>(y);
     point.radius = 2.0f;
     point.colour = colour;
     point.object = {kind, number};
-    list.Add(Layer::kStars, point);
+    list.Add(layer, point);
   }
   void AddBox(double top, double bottom, const Rgba& colour, Layer layer) {
     list.AddVertex(0.0, top);
@@ -91,6 +94,40 @@ TEST_F(StarTrailsTest, PaleTrailsDoNotAddUp) {
   EXPECT_EQ(Painted(Write()).At(100, 50), (Pixel{127, 127, 127}));
 }
 
+// On black, 100 / 255 of it; and on paper, where ink is black: 255 - 100.
+TEST_F(StarTrailsTest, PaleTrailsHaveTheColourThatIsSeen) {
+  for (const auto& [style, sky, seen] : {std::tuple(ChartStyle::kScreen, 0, Pixel{39, 78, 19}),
+                                         {ChartStyle::kPrint, 255, Pixel{155, 155, 155}}}) {
+    paint::StarTrails pale(200, 100);
+    for (const double x : {50.0, 80.0}) {
+      Begin(static_cast<unsigned char>(sky), style);
+      AddStar(1, x, 40.0, {100, 200, 50, 100});
+      ASSERT_TRUE(pale.Add(list, error)) << error;
+    }
+    ASSERT_TRUE(pale.Write(dir.Path("pale.png"), error)) << error;
+    EXPECT_EQ(Painted(dir.Read("pale.png")).At(65, 40), seen);
+  }
+}
+
+TEST_F(StarTrailsTest, OneFrameIsThePictureOfItsLights) {
+  Begin(30);
+  AddStar(1, 1.0, 1.0);
+  AddStar(2, 100.3, 50.7);
+  Add();
+  const Painted picture(Write()), painted(list);
+  for (int y = 0; y < 100; ++y) {
+    for (int x = 0; x < 200; ++x) ASSERT_EQ(picture.At(x, y), painted.At(x, y)) << x << " " << y;
+  }
+}
+
+// No drawing library scales by 0.
+TEST_F(StarTrailsTest, FrameThatCannotBeDrawnIsTold) {
+  Begin(0);
+  list.Add(Layer::kBodies, DiscRecord{});
+  EXPECT_FALSE(trails.Add(list, error));
+  EXPECT_NE(error, "");
+}
+
 TEST_F(StarTrailsTest, OtherStarsAndJumpsLeaveNone) {
   Begin(0);
   AddStar(1, 20.0, 20.0);
@@ -103,6 +140,43 @@ TEST_F(StarTrailsTest, OtherStarsAndJumpsLeaveNone) {
   const Painted picture(Write());
   EXPECT_EQ(picture.At(40, 20), (Pixel{0, 0, 0}));
   EXPECT_EQ(picture.At(100, 60), (Pixel{0, 0, 0}));
+}
+
+// A quarter of 200 + 100 pixels.
+TEST_F(StarTrailsTest, LongestTrailIsAQuarterOfTheSides) {
+  for (const int far : {0, 1}) {
+    Begin(0);
+    AddStar(1, far * 75.0, 20.0);
+    AddStar(2, far * 75.5, 40.0);
+    AddStar(3, 100.0 + far * 60.0, 50.0 + far * 45.0);
+    AddStar(4, 100.0 - far * 60.5, 50.0 + far * 45.0);
+    Add();
+  }
+  const Painted picture(Write());
+  EXPECT_EQ(picture.At(40, 20), (Pixel{255, 255, 255}));
+  EXPECT_EQ(picture.At(40, 40), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(132, 74), (Pixel{255, 255, 255}));
+  EXPECT_EQ(picture.At(68, 74), (Pixel{0, 0, 0}));
+}
+
+// A cursor, and the Moon, whose phase would be smeared.
+TEST_F(StarTrailsTest, MarkersAndDiscsLeaveNone) {
+  for (const double x : {50.0, 80.0}) {
+    Begin(0);
+    AddStar(1, x, 20.0, kWhite, kStar, Layer::kMarkers);
+    DiscRecord disc = {};
+    disc.x = static_cast<float>(x);
+    disc.y = 60.0f;
+    disc.radius = 5.0f;
+    disc.lit = disc.dark = kGrey;
+    disc.object = {kStar, 2};
+    list.Add(Layer::kBodies, disc);
+    Add();
+  }
+  const Painted picture(Write());
+  EXPECT_EQ(picture.At(65, 20), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(65, 60), (Pixel{0, 0, 0}));
+  EXPECT_EQ(picture.At(50, 60), (Pixel{100, 100, 100})) << "each exposure shows the disc itself";
 }
 
 TEST_F(StarTrailsTest, TrailIsAsWideAsItsStar) {

@@ -11,19 +11,20 @@
 #include <atomic>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "common_interfaces/thread.h"
 #include "thread/message_of.h"
 
 namespace {
 
-std::function<void()> s_OnSetPriority;  // called on the thread that sets a priority, before the system is
+std::function<void(int)> s_OnSetPriority;  // called with the value of who sets one, before the system is
 
 }  // namespace
 
 // Stands in for the C library's, and does the same.
 extern "C" int setpriority(__priority_which_t which, id_t who, int value) noexcept {
-  if (s_OnSetPriority) s_OnSetPriority();
+  if (s_OnSetPriority) s_OnSetPriority(value);
   return static_cast<int>(syscall(SYS_setpriority, which, who, value));
 }
 
@@ -33,33 +34,52 @@ using thread_tests::MessageOf;
 
 class PriorityHook {
  public:
-  explicit PriorityHook(std::function<void()> action) { s_OnSetPriority = std::move(action); }
+  explicit PriorityHook(std::function<void(int)> action) { s_OnSetPriority = std::move(action); }
   ~PriorityHook() { s_OnSetPriority = nullptr; }
   PriorityHook(const PriorityHook&) = delete;
   PriorityHook& operator=(const PriorityHook&) = delete;
 };
 
-// Tells its number and runs until it may end.
+// Tells its number and runs until it may end. Nothing else is handed over with that, so that ThreadSanitizer
+// sees whether what a thread does at its end is guarded by itself.
 class Waiter : public thread::Runnable {
  public:
   void run() override {
     m_Number = syscall(SYS_gettid);
-    m_MayEnd.wait();
+    while (!m_MayEnd.load(std::memory_order_relaxed)) thread::sleep(1);
   }
 
-  void LetEnd() { m_MayEnd.set(); }
+  void LetEnd() { m_MayEnd.store(true, std::memory_order_relaxed); }
 
   // Before it runs it is none of the process's threads.
   bool Exists() const { return access(("/proc/self/task/" + std::to_string(m_Number)).c_str(), F_OK) == 0; }
 
  private:
-  thread::SyncEvent m_MayEnd{false, true};
+  std::atomic<bool> m_MayEnd{false};
   std::atomic<long> m_Number{0};
 };
 
 void SleepUntil(const std::function<bool()>& condition) {
   for (int i = 0; i < 10'000 && !condition(); ++i) thread::sleep(1);
   ASSERT_TRUE(condition());
+}
+
+// The system may refuse some of them.
+TEST(Priority, IsANicenessOfTheSystem) {
+  Waiter waiter;
+  thread::Thread worker(&waiter);
+  worker.start();
+  std::vector<int> asked;
+  {
+    const PriorityHook hook([&](int value) { asked.push_back(value); });
+    for (unsigned priority = 0; priority < 6; ++priority) {
+      MessageOf<thread::Thread::Error>(
+          [&] { worker.setPriority(static_cast<thread::Thread::Priority>(priority)); });
+    }
+  }
+  EXPECT_EQ(asked, (std::vector<int>{10, 5, 0, -5, -10, -20}));
+  waiter.LetEnd();
+  worker.waitForEnd();
 }
 
 TEST(EndedThread, SystemIsNotAskedToSetThePriorityOfItsNumber) {
@@ -70,7 +90,7 @@ TEST(EndedThread, SystemIsNotAskedToSetThePriorityOfItsNumber) {
   waiter.LetEnd();
   SleepUntil([&] { return !waiter.Exists(); });
   int asked = 0;
-  const PriorityHook hook([&] { ++asked; });
+  const PriorityHook hook([&](int) { ++asked; });
   EXPECT_EQ(MessageOf<thread::Thread::Error>([&] { worker.setPriority(thread::Thread::kLowest); }),
             "Can't set priority.");
   EXPECT_EQ(asked, 0);
@@ -103,7 +123,7 @@ TEST(EndedThread, KeepsItsNumberWhileItsPriorityIsBeingSet) {
   worker.start();
   SleepUntil([&] { return waiter.Exists(); });
   bool existed = false;
-  const PriorityHook hook([&] {
+  const PriorityHook hook([&](int) {
     waiter.LetEnd();
     thread::sleep(50);  // time enough to end
     existed = waiter.Exists();

@@ -20,6 +20,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <utility>
 
 namespace thread_tests {
 namespace {
@@ -28,8 +29,13 @@ thread_local FailingCall* t_Active = nullptr;
 
 }  // namespace
 
-FailingCall::FailingCall(int index, int error, std::string_view only)
-    : m_Left(index), m_Error(error), m_Only(only) {
+FailingCall::FailingCall(int index, int error, std::string_view only, bool lasts)
+    : m_Left(index), m_Error(error), m_Only(only), m_Lasts(lasts) {
+  t_Active = this;
+}
+
+FailingCall::FailingCall(int index, std::function<void()> action, std::string_view only)
+    : m_Left(index), m_Error(0), m_Only(only), m_Action(std::move(action)) {
   t_Active = this;
 }
 
@@ -38,9 +44,12 @@ FailingCall::~FailingCall() { Stop(); }
 void FailingCall::Stop() { t_Active = nullptr; }
 
 int FailingCall::ErrorOf(const char* call) {
-  if (!t_Active || (!t_Active->m_Only.empty() && t_Active->m_Only != call) || t_Active->m_Left-- != 0)
-    return 0;
+  if (!t_Active || (!t_Active->m_Only.empty() && t_Active->m_Only != call)) return 0;
+  const int left = t_Active->m_Left--;
+  if (left > 0 || (left < 0 && !t_Active->m_Lasts)) return 0;
   t_Active->m_Call = call;
+  ++t_Active->m_Failures;
+  if (t_Active->m_Action) t_Active->m_Action();
   return t_Active->m_Error;
 }
 
@@ -86,6 +95,7 @@ FORWARD(int, setpriority, "setpriority", (__priority_which_t which, id_t id, int
 FORWARD(int, socket, "socket", (int domain, int type, int protocol), (domain, type, protocol), noexcept, -1)
 FORWARD(int, bind, "bind", (int s, const struct sockaddr* address, socklen_t length), (s, address, length),
         noexcept, -1)
+FORWARD(int, nanosleep, "nanosleep", (const timespec* time, timespec* rest), (time, rest), , -1)
 FORWARD(DIR*, opendir, "opendir", (const char* path), (path), , nullptr)
 FORWARD(int, fstat, "fstat", (int file, struct stat* info), (file, info), noexcept, -1)
 FORWARD(int, fstat64, "fstat", (int file, struct stat64* info), (file, info), noexcept, -1)
@@ -129,7 +139,7 @@ long syscall(long number, ...) noexcept {
   if (number == SYS_futex) {
     if (const int error = FailingCall::ErrorOf("futex")) {
       errno = error;
-      return -1;
+      return error == FailingCall::kWoken ? 0 : -1;
     }
   }
   return real(number, a[0], a[1], a[2], a[3], a[4], a[5]);

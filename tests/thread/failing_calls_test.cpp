@@ -5,15 +5,21 @@
 // program of its own, because it replaces functions of the C library.
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <time.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <set>
 #include <string>
+#include <thread>
 
 #include "common_interfaces/thread.h"
 #include "thread/failing_calls_linux.h"
 #include "thread/message_of.h"
+#include "thread/name_digest.h"
 #include "thread/own_name.h"
 
 namespace {
@@ -140,6 +146,42 @@ TEST(FailingCalls, LockOfTheNamesIsWaitedFor) {
   EXPECT_EQ(fault.GetCall(), "bind");
 }
 
+// A process that stands in the middle of it for good: ten seconds are 10,000 looks after the first, with a
+// pause before each. These fail too, so that they take no time; the socket, which comes first, does not.
+TEST(FailingCalls, LockOfTheNamesIsWaitedForTenSeconds) {
+  const char* const name = Own("semaphore behind a stopped process");
+  FailingCall fault(1, EADDRINUSE, "", true);
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }),
+            "Can't create semaphore.");
+  fault.Stop();
+  EXPECT_EQ(fault.GetCall(), "bind");
+  EXPECT_EQ(fault.GetFailureCount(), 1 + 2 * 10'000);
+  EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); }), "");
+}
+
+// As a process would that is stopped in the middle of making the one: an abstract socket of the tag of its
+// name.
+TEST(FailingCalls, LockOfOneNameKeepsNoOtherNameBack) {
+  const char *const held = Own("semaphore that another one makes"), *const other = Own("semaphore beside it");
+  const std::string tag =
+      "common_interfaces." + std::to_string(getuid()) + "." + thread::MakeNameDigest(held);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  tag.copy(address.sun_path + 1, tag.size());
+  const int lock = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  ASSERT_EQ(bind(lock, reinterpret_cast<const sockaddr*>(&address),
+                 static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + tag.size())),
+            0);
+  const auto make = [](const char* name) {
+    const FailingCall inNoTime(0, EINTR, "nanosleep", true);
+    return MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore semaphore(1, name); });
+  };
+  EXPECT_EQ(make(held), "Can't create semaphore.");
+  EXPECT_EQ(make(other), "");
+  close(lock);
+  EXPECT_EQ(make(held), "");
+}
+
 TEST(FailingCalls, SemaphoreIsNeitherTakenNorGivenBack) {
   thread::Semaphore semaphore(1ul);
   {
@@ -181,6 +223,31 @@ TEST(FailingCalls, SleepThatASignalEndsGoesOn) {
   }
   const FailingCall fault(0, EINVAL, "futex");
   EXPECT_EQ(MessageOf<thread::Semaphore::Error>([&] { semaphore.lock(5); }), "Lock of the semaphore failed.");
+}
+
+// Between the look at the count and the sleep.
+TEST(FailingCalls, ReleaseRightBeforeTheSleepIsSeen) {
+  thread::Semaphore semaphore(0ul);
+  const FailingCall meanwhile(
+      0, [&semaphore] { semaphore.unlock(); }, "futex");
+  EXPECT_EQ(semaphore.lock(2000), thread::kSignalled);
+  EXPECT_EQ(meanwhile.GetCall(), "futex");
+}
+
+// Whoever used the memory before may wake who sleeps on it now. That hands nothing over, be it before or
+// after something was.
+TEST(FailingCalls, SleepThatEndsWithoutAReleaseGoesOn) {
+  thread::Semaphore semaphore(0ul);
+  const auto lockWokenForNothing = [&semaphore] {
+    const FailingCall fault(0, FailingCall::kWoken, "futex");
+    return semaphore.lock(5);
+  };
+  EXPECT_EQ(lockWokenForNothing(), thread::kTimedOut);
+  std::thread waiter([&semaphore] { semaphore.lock(); });
+  thread::sleep(20);  // time enough to fall asleep
+  semaphore.unlock();
+  waiter.join();
+  EXPECT_EQ(lockWokenForNothing(), thread::kTimedOut);
 }
 
 TEST(FailingCalls, EventStaysAsItIs) {

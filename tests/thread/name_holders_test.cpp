@@ -14,8 +14,11 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "common_interfaces/thread.h"
 #include "thread/child_process.h"
@@ -56,12 +59,13 @@ std::filesystem::path HeldDescriptor(const char* name) {
   return {};
 }
 
-// The memory of a semaphore as a process of the other word size would write it, in a file of the same name.
-// Header: 8 bytes of signature, word size, size of the object's part; at 64 that part, which begins with the
-// kind; then the name.
-class OtherWordSizeRecord {
+// The memory of a semaphore as a process of another word size or another version would write it, in a file of
+// the same name. Header: 8 bytes of signature, word size, size of the object's part; at 64 that part, which
+// begins with the kind; then the name.
+class OtherLayout {
  public:
-  explicit OtherWordSizeRecord(const char* name) {
+  // `partSize` 0: that of this process.
+  OtherLayout(const char* name, std::uint32_t wordSize, std::uint32_t partSize) {
     const Semaphore model(1, name);
     const std::string path = HeldDescriptor(name).string();
     char link[256] = {};
@@ -70,12 +74,11 @@ class OtherWordSizeRecord {
     const std::string fileName =
         target.substr(std::strlen("/memfd:"), target.find(' ') - std::strlen("/memfd:"));
 
-    const std::uint32_t wordSize = sizeof(void*) == 8 ? 4 : 8;
-    const std::uint32_t partSize = sizeof(void*) == 8 ? 40 : 64;
     char start[64 + 4];
     const int own = open(path.c_str(), O_RDONLY);
     EXPECT_EQ(pread(own, start, sizeof start, 0), static_cast<ssize_t>(sizeof start));
     close(own);
+    if (partSize == 0) std::memcpy(&partSize, start + 12, 4);
     std::string record(start, sizeof start);
     std::memcpy(record.data() + 8, &wordSize, 4);
     std::memcpy(record.data() + 12, &partSize, 4);
@@ -84,9 +87,9 @@ class OtherWordSizeRecord {
     m_File = memfd_create(fileName.c_str(), 0);
     EXPECT_EQ(write(m_File, record.data(), record.size()), static_cast<ssize_t>(record.size()));
   }
-  ~OtherWordSizeRecord() { close(m_File); }
-  OtherWordSizeRecord(const OtherWordSizeRecord&) = delete;
-  OtherWordSizeRecord& operator=(const OtherWordSizeRecord&) = delete;
+  ~OtherLayout() { close(m_File); }
+  OtherLayout(const OtherLayout&) = delete;
+  OtherLayout& operator=(const OtherLayout&) = delete;
 
  private:
   int m_File = -1;
@@ -94,11 +97,15 @@ class OtherWordSizeRecord {
 
 TEST(NameOfOtherWordSize, WrittenByHandIsTakenAndCannotBeOpened) {
   const char* const name = Own("other word size by hand");
-  {
-    const OtherWordSizeRecord record(name);
-    ExpectTakenBySemaphoreOfOtherWordSize(name);
+  constexpr std::uint32_t kOwn = sizeof(void*), kOther = kOwn == 8 ? 4 : 8;
+  for (const auto& [wordSize, partSize] :
+       {std::pair(kOther, kOther == 4 ? 40u : 64u), {kOther, 0u}, {kOwn, 96u}}) {
+    {
+      const OtherLayout record(name, wordSize, partSize);
+      ExpectTakenBySemaphoreOfOtherWordSize(name);
+    }
+    EXPECT_EQ(SemaphoreFailure(name), "");
   }
-  EXPECT_EQ(SemaphoreFailure(name), "");
 }
 
 TEST(NameOfOtherWordSize, HeldByAnotherProcessIsTakenAndCannotBeOpened) {
@@ -138,6 +145,20 @@ TEST(NameOfForkedChild, StaysTakenUntilTheChildHasEnded) {
   kill(child, SIGKILL);
   waitpid(child, nullptr, 0);
   EXPECT_EQ(SemaphoreFailure(name), "");
+}
+
+TEST(NameThatIsGone, LeavesNoMemoryMapped) {
+  const char* const name = Own("mapped");
+  const auto isMapped = [name] {
+    std::ifstream file("/proc/self/maps");
+    const std::string maps{std::istreambuf_iterator<char>(file), {}};
+    return maps.find(thread::MakeNameDigest(name)) != maps.npos;
+  };
+  {
+    const Semaphore made(1, name), opened(name);
+    EXPECT_TRUE(isMapped());
+  }
+  EXPECT_FALSE(isMapped());
 }
 
 // How a second semaphore of that name fails when at most `left` descriptors are free.

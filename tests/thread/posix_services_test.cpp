@@ -8,10 +8,12 @@
 #include <atomic>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "common_interfaces/thread.h"
 #include "thread/descriptor_posix.h"
 #include "thread/message_of.h"
+#include "thread/timespec_posix.h"
 
 namespace {
 
@@ -67,6 +69,18 @@ TEST(PriorityDeathTest, RaisingWithoutPrivilegeIsRefusedAndChangesNothing) {
               : 1);
   };
   EXPECT_EXIT(tryToRaise(), testing::ExitedWithCode(7), "");
+}
+
+TEST(TimeOfTheSystem, HasLessThanASecondOfNanoseconds) {
+  const auto read = [](auto time) {
+    const timespec system = thread::ToTimespec(time);
+    return std::pair<long long, long>(system.tv_sec, system.tv_nsec);
+  };
+  using Pair = std::pair<long long, long>;
+  EXPECT_EQ(read(milliseconds(0)), Pair(0, 0));
+  EXPECT_EQ(read(std::chrono::nanoseconds(999'999'999)), Pair(0, 999'999'999));
+  EXPECT_EQ(read(std::chrono::nanoseconds(1'000'000'000)), Pair(1, 0));
+  EXPECT_EQ(read(milliseconds(4'294'967'294)), Pair(4'294'967, 294'000'000)) << "the longest time-out";
 }
 
 TEST(Descriptor, IsClosedOnce) {

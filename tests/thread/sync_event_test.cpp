@@ -132,6 +132,25 @@ TEST(SyncEvent, ThousandRoundsOfPingPongDoNotHang) {
   EXPECT_EQ(ball, 1000);
 }
 
+// ThreadSanitizer sees whether one of them does it beside the others.
+TEST(SyncEvent, MayBeSetResetAndAskedByAllAtOnce) {
+  SyncEvent event(false, true);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 3; ++i) {
+    threads.emplace_back([&event] {
+      for (int round = 0; round < 300; ++round) {
+        event.set();
+        event.wait(0);
+        event.reset();
+      }
+    });
+  }
+  for (auto& each : threads) each.join();
+  EXPECT_EQ(event.wait(0), thread::kTimedOut) << "each has reset it last";
+  event.set();
+  EXPECT_EQ(event.wait(0), thread::kSignalled);
+}
+
 TEST(SyncEventBetweenProcesses, SetReachesTheOtherProcess) {
   SyncEvent event(false, false, Own("event to the other"));
   ChildProcess peer({THREAD_PEER, "wait-for-event", Own("event to the other")});
