@@ -54,11 +54,13 @@ class PrivateTree:
                     path.unlink()
 
     def prepare(self, targets):
-        """Builds the test programs without a fault and keeps their objects. Ends the run where that fails."""
+        """Builds the test programs without a fault and keeps their objects. Ends the run where that fails. Programs
+        behind the first that this build does not have, because the sanitizers define what they define, are left out."""
         self.refresh()
         configure = ["cmake", "--preset", self.preset, "-DCI_BUILD_BENCHMARKS=OFF", "--no-warn-unused-cli"]
         if subprocess.run(configure, cwd=self.tree, stdout=subprocess.DEVNULL).returncode != 0:
             raise SystemExit("script/mutants: the copy of the sources cannot be configured")
+        targets = targets[:1] + [target for target in targets[1:] if self.has(target)]
         links = [self.read_link(target) for target in targets]
         made = subprocess.run(["ninja", "-C", self.build, *targets], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               text=True, errors="replace")
@@ -69,6 +71,9 @@ class PrivateTree:
         self.read_dependents(links)
         self.keep()
         self.programs = [self.read_test(target, link) for target, link in zip(targets, links)]
+
+    def has(self, target):
+        return subprocess.run(["ninja", "-C", self.build, "-t", "query", target], capture_output=True).returncode == 0
 
     def read_link(self, target):
         """The command that links a program, which is removed: an earlier run may have left a fault in it."""
