@@ -26,7 +26,6 @@ unsigned short ReadLow16Bits(const std::string& field) {
 
 PanoramaDesc::PanoramaDesc(const char* path) {
   const std::string resolved = ZentharPath::GetPath(path);
-  if (resolved.empty()) return;
   const std::string folder = FolderOf(resolved);
   ForEachLine(resolved, [&](const char* line) { LoadLine(line, folder); });
 }

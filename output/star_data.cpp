@@ -24,7 +24,6 @@ std::map<int, unsigned char>& SubTypes() {
 unsigned char GetSpectrType(const char* spectrum) {
   if (spectrum == nullptr) return kNoSpectralClass;
   while (*spectrum != '\0' && (*spectrum < 'A' || *spectrum > 'Z')) ++spectrum;
-  if (*spectrum == '\0') return kNoSpectralClass;
   // Only this letter is tried: "Xp" is no class, although a later letter might be one.
   constexpr std::string_view kClasses = "OBAFGKMSRNC";
   const auto position = kClasses.find(*spectrum);

@@ -65,6 +65,10 @@ TEST(RenderSettingsTest, ANewOneHasNothingOn) {
   EXPECT_FALSE(settings.IsPlanetInclude(3));
   EXPECT_FALSE(settings.IsMooonInclude(301));
   EXPECT_FALSE(settings.areConstellationsIn3DFlight());
+  EXPECT_FALSE(settings.m_bOrbitMarks || settings.m_bShadows || settings.m_bComaAndTail ||
+               settings.m_bFavoritesOnly);
+  EXPECT_EQ(settings.m_LabelsDrawn, 0);
+  EXPECT_EQ(settings.m_OrbitsDrawn, 0);
   EXPECT_TRUE(settings.getForcedConstellationList().empty());
   EXPECT_TRUE(settings.GetOrbits().empty());
   EXPECT_EQ(settings.m_StarScale, 1.0f);
