@@ -4,7 +4,6 @@
 // The names that the search takes from lists beside the catalogs: constellations and asterisms in all
 // languages, aliases, features of surfaces.
 #include <algorithm>
-#include <charconv>
 #include <unordered_map>
 
 #include "scene/catalogs/language.h"
@@ -12,6 +11,7 @@
 #include "scene/search/body_name.h"
 #include "scene/search/object_search.h"
 #include "utils/locale.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -20,9 +20,9 @@ namespace {
 // The object that the list calls "plnt 2" or "moon 301"; nothing for another.
 std::optional<FoundObject> FindListedBody(const std::string& object, const SkyCatalogs& catalogs) {
   if (!object.starts_with("plnt ") && !object.starts_with("moon ")) return std::nullopt;
-  int number = 0;
-  std::from_chars(object.data() + 5, object.data() + object.size(), number);
-  const int body = FindBody(catalogs.bodies, SSO_ID(GetFOURCC(object.substr(0, 4).c_str()), number));
+  const auto number = ParseNumber<int>(std::string_view(object).substr(5));
+  if (!number) return std::nullopt;
+  const int body = FindBody(catalogs.bodies, SSO_ID(GetFOURCC(object.substr(0, 4).c_str()), *number));
   return body < 0 ? std::nullopt : std::optional(FoundObject{ObjectGroup::kBody, body});
 }
 
@@ -47,10 +47,11 @@ std::optional<FoundObject> FindListedObject(const std::string& object, const Sky
 
 // Stars that are in the tile catalogs have no names but those of the list.
 std::optional<FoundObject> FindListedTileStar(const std::string& key) {
-  int number = 0;
   if (!key.starts_with("hip")) return std::nullopt;
-  std::from_chars(key.data() + 3, key.data() + key.size(), number);
-  return FoundObject{ObjectGroup::kTileStar, kHipparcosNumbers + number};
+  const auto number =
+      ParseNumber<int>(std::string_view(key).substr(3), 1, kImportedNumbers - kHipparcosNumbers - 1);
+  if (!number) return std::nullopt;
+  return FoundObject{ObjectGroup::kTileStar, kHipparcosNumbers + *number};
 }
 
 // The name in the language of the texts, then the English one.

@@ -3,10 +3,8 @@
 #include "scene/search/object_search.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "common_interfaces/planets_and_moons.h"
@@ -17,6 +15,7 @@
 #include "scene/search/named_objects.h"
 #include "utils/messages.h"
 #include "utils/near_names.h"
+#include "utils/numbers.h"
 #include "utils/text.h"
 
 namespace scene {
@@ -192,11 +191,10 @@ std::optional<FoundObject> ObjectSearch::FindTileStarNamed(const std::string& ke
   } kNames[] = {{"hip", kHipparcosNumbers}, {"star", 0}};
   for (const auto& [prefix, first] : kNames) {
     if (!key.starts_with(prefix)) continue;
-    int number = 0;
-    const char* const end = key.data() + key.size();
-    const auto [rest, fault] = std::from_chars(key.data() + prefix.size(), end, number);
-    if (fault != std::errc() || rest != end || number > std::numeric_limits<int>::max() - first) continue;
-    if (FindTileStar(*m_Catalogs, first + number)) return FoundObject{ObjectGroup::kTileStar, first + number};
+    const auto number = ParseNumber<int>(std::string_view(key).substr(prefix.size()), 1,
+                                         std::numeric_limits<int>::max() - first);
+    if (number && FindTileStar(*m_Catalogs, first + *number))
+      return FoundObject{ObjectGroup::kTileStar, first + *number};
   }
   return std::nullopt;
 }

@@ -132,3 +132,26 @@ TEST(MoonChart, EastIsLeftAndTimeRunsDown) {
   }
   EXPECT_TRUE(found);
 }
+
+// The one ends at the right edge of the field, the other begins at the left one, both on one line above it.
+TEST(MoonChart, EastAndWestStandOverTheirSides) {
+  DisplayList list;
+  DrawMoonChart({{SSO_ID(astro::kMoonKind, 501), {{-4.0f, false}, {4.0f, false}}}}, 1.0,
+                {"", "East", "West", "", {"Io"}, {}}, 1600, 1000, list);
+  const auto find = [&list](const std::string& text) {
+    for (const TextRecord& record : list.GetTexts()) {
+      if (list.GetText(record) == text) return record;
+    }
+    ADD_FAILURE() << text;
+    return TextRecord{};
+  };
+  const TextRecord east = find("East"), west = find("West");
+  EXPECT_EQ(east.anchor, 0.0f);
+  EXPECT_EQ(west.anchor, 1.0f);
+  EXPECT_LT(east.x, 160.0f);
+  EXPECT_GT(west.x, 1440.0f);
+  EXPECT_LE(west.x, 1600.0f);
+  EXPECT_EQ(east.y, west.y);
+  EXPECT_GT(east.y, 0.0f);
+  EXPECT_LT(east.y, 200.0f);
+}

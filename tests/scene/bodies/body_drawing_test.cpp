@@ -277,6 +277,42 @@ TEST_F(BodyDrawing, CoveredSunLeavesItsCorona) {
   EXPECT_EQ(DiscOf(kSun).lit.alpha, 255);
 }
 
+// A disc of 40 pixels and more would look like a lamp in fog.
+TEST_F(BodyDrawing, SmallDiscGlowsAndALargeOneDoesNot) {
+  f.shown.naturalSky = false;
+  f.SetTime(2026, 2, 1, 21, 0);  // an hour before the full Moon
+  f.camera.SetZoom(4.0);
+  LookAt(kMoon);
+  const double perZoom = static_cast<double>(DiscOf(kMoon).radius) / 4.0;
+  f.camera.SetZoom(39.0 / perZoom);
+  f.Compute();
+  ASSERT_NEAR(DiscOf(kMoon).radius, 39.0f, 0.5f);
+  EXPECT_NEAR(DiscOf(kMoon).glow.radius, 2.6f * DiscOf(kMoon).radius, 0.01f);
+  f.camera.SetZoom(41.0 / perZoom);
+  f.Compute();
+  ASSERT_NEAR(DiscOf(kMoon).radius, 41.0f, 0.5f);
+  EXPECT_EQ(DiscOf(kMoon).glow.radius, 0.0f);
+}
+
+// An hour and a half before it sets the Sun has more red than the sky and less blue: its glow has most of
+// each.
+TEST_F(BodyDrawing, GlowOfTheSunIsNowhereDarkerThanTheSunOrTheSky) {
+  f.camera.SetZoom(5.0);
+  f.SetTime(2026, 6, 21, 18, 0);
+  LookAt(kSun);
+  const auto& globes = GetList().GetGlobes();
+  const auto sun = std::find_if(globes.begin(), globes.end(), [](const GlobeRecord& globe) {
+    return globe.disc.object == ObjectRef{kSun.kind, kSun.number};
+  });
+  ASSERT_NE(sun, globes.end());
+  const Rgba &lit = sun->disc.lit, &air = sun->air, &glow = sun->disc.glow.colour;
+  EXPECT_GT(lit.red, air.red);
+  EXPECT_LT(lit.blue, air.blue);
+  EXPECT_EQ(glow.red, std::max(lit.red, air.red));
+  EXPECT_EQ(glow.green, std::max(lit.green, air.green));
+  EXPECT_EQ(glow.blue, std::max(lit.blue, air.blue));
+}
+
 // 2026 June 21 in Berlin: noon at 11:08 UT, sunset at 19:33 UT.
 TEST_F(BodyDrawing, LowSunIsRed) {
   f.camera.SetZoom(20.0);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <random>
 
@@ -219,6 +220,38 @@ TEST_F(PreparedSkyTest, HostileFilesAreTakenSoundOrNotAtAll) {
     EXPECT_GT(taken, kTries / 20) << "some changes are but other names and numbers";
     EXPECT_LT(taken, kTries);
   }
+}
+
+TEST_F(PreparedSkyTest, OutlinesAreSoundWhoseNumbersAreAndLieWithinTheirLists) {
+  NebulaOutlines& all = fromTables.nebulaOutlines;
+  const int objects = static_cast<int>(fromTables.deepsky.size());
+  all.outlines = {{objects - 1, MakeDirection(1.0, 0.1), 0.1, 0, 1}};
+  all.areas = {{3, 0, 1}};
+  all.rings = {{0, 3}};
+  all.points = {MakeDirection(0.9, 0.1), MakeDirection(1.1, 0.1), MakeDirection(1.0, 0.2)};
+  const NebulaOutlines sound = all;
+  EXPECT_TRUE(PreparedParts::AreSound(fromTables));
+  all.outlines[0].object = -1;
+  EXPECT_TRUE(PreparedParts::AreSound(fromTables)) << "a region that is no object";
+  const auto refused = [&](auto spoil) {
+    all = sound;
+    spoil();
+    return !PreparedParts::AreSound(fromTables);
+  };
+  EXPECT_TRUE(refused([&] { all.outlines[0].object = objects; }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].object = -2; }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].centre.v[0] = 1.5; }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].centre.v[1] = std::nan(""); }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].radius = 7.0; }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].firstArea = 1; }));
+  EXPECT_TRUE(refused([&] { all.outlines[0].areaCount = 0; }));
+  EXPECT_TRUE(refused([&] { all.areas[0].level = 4; }));
+  EXPECT_TRUE(refused([&] { all.areas[0].level = 0; }));
+  EXPECT_TRUE(refused([&] { all.areas[0].ringCount = 0; }));
+  EXPECT_TRUE(refused([&] { all.areas[0].ringCount = 2; }));
+  EXPECT_TRUE(refused([&] { all.rings[0].count = 0; }));
+  EXPECT_TRUE(refused([&] { all.rings[0].count = 4; }));
+  EXPECT_TRUE(refused([&] { all.points[2].v[2] = 2.0; }));
 }
 
 TEST_F(PreparedSkyTest, TablesThatCannotBeUsedMakeNone) {

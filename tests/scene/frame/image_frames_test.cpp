@@ -94,6 +94,19 @@ TEST_F(ImageFramesTest, EdgesAreGreatCircles) {
   EXPECT_GT(DistanceFromLines(PixelOf(83.0, 15.0)), 3.0);
 }
 
+// The last corner lies near the middle of the four, 30 degrees from the others.
+TEST_F(ImageFramesTest, OutlineReachesAsFarAsItsFarthestCorner) {
+  f.sky.dir.Write(host_test::kConstellationFile,
+                  host_test::BinaryImages({{"Ori ", {{53, 0}, {83, 15}, {113, 0}, {83, 5}}}}));
+  Load(kConstellationImages);
+  f.camera.SetZoom(12.0);
+  for (const double ra : {53.0, 113.0}) {
+    LookAt(ra, 0.0);
+    f.Compute();
+    EXPECT_LT(DistanceFromLines(PixelOf(ra, 0.0)), 0.1) << ra;
+  }
+}
+
 // The plane that touches the sphere: the half width of 40 minutes leads north, the half height of 20 east.
 TEST_F(ImageFramesTest, DeepskyImageHasItsSizeAndItsAspectRatio) {
   Load(kDeepskyImages);

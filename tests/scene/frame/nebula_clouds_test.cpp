@@ -155,3 +155,27 @@ TEST_F(NebulaCloudsTest, LongEdgesBecomeACurveAndShortOnesStay) {
   EXPECT_GE(inner.second, 16);
   EXPECT_LT(inner.first, 0.5) << "90 degrees before";
 }
+
+// A circle of 400 points with edges of 7 pixels: it would be smoothed if there were room for twice as many.
+TEST_F(NebulaCloudsTest, OutlineForWhosePointsThereIsNoRoomStaysAsItIs) {
+  std::string table = "Object:text\tType:text\tNumber:i32\tLevel:i32\tContour:i32\tRA:f32\tDec:f32\n";
+  char row[120];
+  for (int i = 0; i < 400; ++i) {
+    const double turn = i * kPi / 200.0, radius = 1.7 * kRadiansPerDegree;
+    std::snprintf(row, sizeof row, "%s\t%.7f\t%.7f\n", i == 0 ? "Region\t\t\t1\t0" : "\t\t\t\t",
+                  1.464 + radius * std::cos(turn), -0.0951 + radius * std::sin(turn));
+    table += row;
+  }
+  f.sky.dir.Write("data/catalogs/nebula_outlines.txt", table);
+  std::string error;
+  ASSERT_TRUE(LoadSkyCatalogs(f.catalogs, error)) << error;
+  frame = std::make_unique<SkyFrame>(f.catalogs);
+  ASSERT_EQ(Compute().size(), 1u);
+  const auto& list = frame->GetDisplayList();
+  int vertices = 0;
+  for (const PolygonRecord& area : list.GetPolygons()) {
+    if (area.ringCount == 1)
+      vertices = std::max(vertices, list.GetRings()[static_cast<std::size_t>(area.firstRing)].vertexCount);
+  }
+  EXPECT_EQ(vertices, 400);
+}

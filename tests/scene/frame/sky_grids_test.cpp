@@ -144,6 +144,35 @@ TEST_F(Grids, SpacingFollowsTheZoom) {
   }
 }
 
+// Where steps are seconds a whole turn has a million meridians; those of the first grid must not use up the
+// texts of the second.
+TEST_F(Grids, EveryGridIsLabelledHoweverFineItsSteps) {
+  f.camera.SetZoom(1500.0);
+  f.shown.lines.equatorialGrid = f.shown.lines.horizontalGrid = 1;
+  f.Compute();
+  EXPECT_GE(GetLabels(LabelKind::kEquatorialGrid).size(), 4u);
+  EXPECT_GE(GetLabels(LabelKind::kHorizontalGrid).size(), 4u);
+}
+
+// At the zenith, where all of them meet.
+TEST_F(Grids, EveryMeridianIsDrawnOnceAroundAPole) {
+  f.SetLook(180.0, 90.0);
+  f.shown.lines.horizontalGrid = 1;
+  f.Compute();
+  const auto labels = GetLabels(LabelKind::kHorizontalGrid);
+  for (const char* text : {"0\u00B0", "90\u00B0", "180\u00B0", "270\u00B0"})
+    EXPECT_EQ(labels.count(text), 1u) << text;
+  int radial = 0;
+  const int lines = ForEachLine([&](const PolylineRecord& line) {
+    const auto* v = f.frame.GetDisplayList().GetVertices().data() + line.firstVertex;
+    const auto away = [&](int i) { return std::hypot(v[i].x - 800.0, v[i].y - 500.0); };
+    radial += std::fabs(away(0) - away(line.vertexCount - 1)) > 100.0;
+  });
+  EXPECT_GT(lines, radial);
+  EXPECT_EQ(radial % 4, 0) << "as many in each quarter";
+  EXPECT_GE(radial, 12);
+}
+
 TEST_F(Grids, ThePolesStandWhereTheyAre) {
   f.SetLook(0.0, 52.5);
   f.shown.lines.points = 1;
@@ -161,6 +190,29 @@ TEST_F(Grids, ThePolesStandWhereTheyAre) {
     EXPECT_NEAR(p.y, pole.y, 0.01);
   }
   EXPECT_TRUE(f.HasLabel("North celestial pole"));
+}
+
+// The poles of the equator move along circles about those of the ecliptic.
+TEST_F(Grids, CircleOfPrecessionRunsThroughThePoleOfEitherHemisphere) {
+  f.shown.lines.points = 16;
+  for (const double latitude : {52.5, -52.5}) {
+    f.SetPlace(latitude, 13.4);
+    const double azimuth = latitude > 0.0 ? 0.0 : 180.0;
+    f.SetLook(azimuth, 52.5);
+    f.Compute();
+    const tPoint<double> pole = Project(azimuth, 52.5);
+    double nearest = 1e9;
+    ForEachLine([&](const PolylineRecord& line) {
+      const auto* v = f.frame.GetDisplayList().GetVertices().data() + line.firstVertex;
+      for (int i = 1; i < line.vertexCount; ++i) {
+        const double x = v[i - 1].x, y = v[i - 1].y, dx = v[i].x - x, dy = v[i].y - y;
+        const double toX = pole.x - x, toY = 1000.0 - pole.y - y;
+        const double part = std::clamp((toX * dx + toY * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+        nearest = std::min(nearest, std::hypot(part * dx - toX, part * dy - toY));
+      }
+    });
+    EXPECT_LT(nearest, 1.0) << latitude;
+  }
 }
 
 TEST_F(Grids, MeridianRunsThroughSouthPointAndZenith) {

@@ -146,3 +146,22 @@ TEST_F(TileStarSearch, HipparcosIsTheCatalogueThatListsIt) {
   EXPECT_TRUE(Why("HIP 87937").IsDrawn());
   EXPECT_EQ(Why("Star 100000123").obstacles, unsigned{kFiltered}) << "no catalogue that has a switch";
 }
+
+// Of a list of names an entry whose number is none, or not whole, or nobody's, names nothing.
+TEST_F(TileStarSearch, ListedNameNeedsTheWholeNumberOfItsObject) {
+  ASSERT_TRUE(host_test::WriteTiles(f.sky.dir.Path("data/catalogs/deep_stars.tiles"),
+                                    {{kHipparcosNumbers + 1, 0.1, 0.2, 9.1}, {kImported, 0.3, 0.4, 10.5}}));
+  f.sky.dir.Write(
+      "data/catalogs/names.txt",
+      "Object:text\tLanguage:text\tProperName:text\n"
+      "HIP 87937\ten\tBarnard's Star\nHIP\ten\tNumberless\nHIP 87937x\ten\tMistyped\n"
+      "HIP 1\ten\tFirst\nHIP 0\ten\tNaught\nHIP 99000123\ten\tImported\nHIP 2147483647\ten\tEndless\n"
+      "plnt 2\ten\tEvening Star\nplnt 2nd\ten\tSecond\n");
+  UseCatalogs();
+  EXPECT_EQ(Find("Barnard's Star"), (FoundObject{ObjectGroup::kTileStar, kBarnard}));
+  EXPECT_EQ(Find("First"), (FoundObject{ObjectGroup::kTileStar, kHipparcosNumbers + 1}));
+  EXPECT_EQ(Find("Evening Star"), Find("Venus"));
+  const ObjectSearch search(catalogs);
+  for (const char* name : {"Numberless", "Mistyped", "Naught", "Imported", "Endless", "Second"})
+    EXPECT_TRUE(search.Find(name).empty()) << name;
+}

@@ -14,7 +14,9 @@ TEST(ParseMark, DegreesOrHours) {
   EXPECT_EQ(mark->id, 7);
   ASSERT_TRUE(ParseMark("360,90"));
   EXPECT_FALSE(ParseMark("360,90")->id);
-  for (const char* bad : {"", "1", "1,", "361,0", "25h,0", "0,91", "0,0,", "0,0,-1", "0,0,1.5", "0,0,1,2",
+  ASSERT_TRUE(ParseMark("24h,-90")) << "a whole turn, as 360 degrees are";
+  EXPECT_EQ(ParseMark("24h,-90")->ra, 360.0);
+  for (const char* bad : {"", "1", "1,", "361,0", "24.01h,0", "0,91", "0,0,", "0,0,-1", "0,0,1.5", "0,0,1,2",
                           "nan,0", "0,inf", "h,0"}) {
     EXPECT_FALSE(ParseMark(bad)) << bad;
   }

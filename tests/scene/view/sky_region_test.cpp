@@ -142,6 +142,25 @@ TEST(SkyRegion, NoPointLiesBeyondTheRim) {
   }
 }
 
+// A circle of 100 degrees about the view, behind it all around: its picture is the rim. Steps of five degrees
+// have a point each, of one degree wait until they add up to three.
+TEST(SkyRegion, OutlineAlongTheRimHasAPointEveryThreeDegreesAtMost) {
+  const ViewGeometry geometry(MakeCamera(0.0, 0.5 * kPi, 0.0, 1.0));
+  const auto trace = [&](int count) {
+    std::vector<Direction> ring;
+    for (int i = 0; i < count; ++i)
+      ring.push_back(MakeDirection((i + 0.25) * 2.0 * kPi / count, -10.0 * kRadiansPerDegree));
+    RegionPicture picture;
+    RegionProjector(geometry, SkyFrameOf::kHorizon, {{0.0, 0.0, -1.0}}, picture).AddRing(ring);
+    for (const auto& p : picture.points)
+      EXPECT_NEAR(std::hypot(p.x - kWidth * 0.5, p.y - kHeight * 0.5), picture.rim, 1e-6);
+    return static_cast<int>(picture.points.size());
+  };
+  EXPECT_EQ(trace(72), 72);
+  EXPECT_EQ(trace(90), 90);
+  EXPECT_NEAR(trace(360), 120, 30) << "every third or fourth";
+}
+
 TEST(SkyRegion, CapsOfARingChangeNothingInItsPicture) {
   std::mt19937 random(7);
   std::uniform_real_distribution<double> unit(-1.0, 1.0);

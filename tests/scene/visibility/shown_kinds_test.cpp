@@ -103,6 +103,16 @@ TEST_F(ShownKindsTest, LabelsFollowTheFieldsOfTheirSection) {
   EXPECT_TRUE(shown.GetLabels(FourCC("gala")).shown);
 }
 
+TEST_F(ShownKindsTest, EveryKindHasLabelsOfItsOwn) {
+  const ShownKinds shown;
+  const std::pair<const char*, const LabelRules*> kinds[] = {
+      {"star", &shown.starLabels},      {"clst", &shown.clusterLabels},      {"gala", &shown.galaxyLabels},
+      {"nebu", &shown.nebulaLabels},    {"dsnv", &shown.otherDeepskyLabels}, {"plnt", &shown.planetLabels},
+      {"moon", &shown.moonLabels},      {"astr", &shown.asteroidLabels},     {"comt", &shown.cometLabels},
+      {"scft", &shown.spacecraftLabels}};
+  for (const auto& [kind, labels] : kinds) EXPECT_EQ(&shown.GetLabels(GetFOURCC(kind)), labels) << kind;
+}
+
 TEST_F(ShownKindsTest, ReasonsAreGivenForWhatNoPictureFollowsOnly) {
   EXPECT_STREQ(FindUndrawnReason(FourCC("cnst"), GetUniqueID("ImagesVisible")),
                "images of constellations are not drawn");

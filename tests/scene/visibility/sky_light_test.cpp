@@ -146,6 +146,34 @@ TEST_F(SkyLightTest, TheMilkyWayFadesWithTheSkyBeforeItAndTheAir) {
   EXPECT_EQ(light.FindGlow({800.0, 20.0}), 1.0f);
 }
 
+TEST_F(SkyLightTest, CornersOfThePictureAreThoseOfTheNodesAndWhatLiesBeyondToo) {
+  Compute(WithSun(-14.0));
+  const auto& nodes = light.GetNodes();
+  EXPECT_FLOAT_EQ(light.FindGlow({0.0, 1000.0}), nodes.front().glow);
+  EXPECT_FLOAT_EQ(light.FindGlow({1600.0, 0.0}), nodes.back().glow);
+  EXPECT_FLOAT_EQ(light.FindGlow({1700.0, -50.0}), nodes.back().glow);
+  EXPECT_NE(nodes.front().glow, nodes.back().glow);
+}
+
+// Rigel grows brighter from minute to minute of the dusk, which hides it at first.
+TEST_F(SkyLightTest, StarIsDrawnFaintlyNextToASkyThatHidesIt) {
+  f.SetLook(210.0, 25.0);
+  f.shown.horizon = false;
+  float last = 0.0f;
+  int faint = 0;
+  for (int minute = 0; minute < 90; ++minute) {
+    f.SetTime(2026, 4, 10, 17 + (30 + minute) / 60, (30 + minute) % 60);
+    f.Compute();
+    const DrawnStar* const rigel = f.Find(kRigel);
+    const float opacity = rigel ? rigel->opacity : 0.0f;
+    EXPECT_GE(opacity, last - 0.01f) << minute;
+    faint += opacity > 0.0f && opacity < 0.8f;
+    last = opacity;
+  }
+  EXPECT_EQ(last, 1.0f);
+  EXPECT_GE(faint, 2);
+}
+
 TEST_F(SkyLightTest, LinesAndMilkyWayFade) {
   Compute(WithSun(-7.0));
   EXPECT_GT(light.GetLineStrength(), 0.1);
