@@ -47,6 +47,25 @@ TEST_F(CameraFileWriteTest, ShortRecordNamesTheEarthWhateverTheObserver) {
   EXPECT_EQ(camera.GetObserver(), SSO_ID(FourCC("plnt"), 4));
 }
 
+// What locks the direction, the caller or a change of moving type, leaves no trace in the file.
+TEST_F(CameraFileWriteTest, LockedDirectionIsOne) {
+  WriteCameraDefaults(roots);
+  Camera byCaller(kOwner), inOrbit(kOwner), locked(kOwner);
+  for (Camera* each : {&byCaller, &inOrbit, &locked}) each->CreateDefault();
+  byCaller.SetDirectionLock(true);
+  inOrbit.SetMovingType(4, false);
+  locked.SetDirectionLock(true);
+  locked.SetMovingType(3, false);
+  const std::string view = Path("view.data");
+  int id = 20;
+  for (Camera* each : {&byCaller, &inOrbit, &locked}) {
+    ASSERT_TRUE(each->IsDirectionLocked());
+    ASSERT_TRUE(each->SaveSelfAll(view.c_str(), id));
+    EXPECT_EQ(FieldValue<unsigned char>(view, static_cast<unsigned>(id), "m_dirLock"), 1);
+    ++id;
+  }
+}
+
 TEST_F(CameraFileWriteTest, ShortRecordHoldsTimePlaceAndTimeStep) {
   camera.CreateDefault();
   camera.SetTime({2460000, 0.25, 0});

@@ -46,8 +46,8 @@ TEST(SettingTextTest, NameMayBeItsHexadecimalNumber) {
 
 TEST(SettingTextTest, WhatIsNotOfTheFormIsNothing) {
   for (const char* text :
-       {"", "star", ":on", "star=1", "star=1:on", ".Draw=1", "star.=1", "star.Draw", "star.Draw=",
-        "star.Draw=1,", "star.Draw=,1", "star.[0]=1", "star.Draw[]=1", "star.Draw[x]=1", "star.Draw[-1]=1",
-        "star.Draw[0=1", "star.Draw[0]", "star.Draw[0]:on", "star.Draw[0]x=1"})
+       {"", "star", ":on", "star=1", "star=1:on", ".Draw=1", "star.=1", "star.Draw",
+        "star.Draw=", "star.Draw=1,", "star.Draw=,1", "star.[0]=1", "star.Draw[]=1", "star.Draw[x]=1",
+        "star.Draw[-1]=1", "star.Draw[0=1", "star.Draw[0]", "star.Draw[0]:on", "star.Draw[0]x=1"})
     EXPECT_FALSE(ParseSettingText(text)) << text;
 }
