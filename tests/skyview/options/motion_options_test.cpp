@@ -8,6 +8,7 @@
 
 #include "paint/picture_file.h"
 #include "skyview/small_sky.h"
+#include "utils/messages.h"
 
 using host_test::SmallSky;
 
@@ -153,6 +154,36 @@ TEST(PlayOption, FrameIsThePictureOfItsMoment) {
   EXPECT_FALSE(sky.dir.Read("f-1.png") == sky.dir.Read("f-3.png"));
 }
 
+// Ten frames a second, from the second frame of the animation clock on: a still picture is like the tenth.
+TEST(PlayOption, OrbitsFadeInWithinASecond) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  const Arguments orbits = With(kOrion, {"--orbits", "planets"});
+  ASSERT_EQ(
+      sky.Run(With(orbits, {"--play", "time=1h", "--frames", "11", "--out", sky.dir.Path("f-%02d.png")})), 0)
+      << sky.errors.str();
+  for (const int frame : {1, 9, 10, 11}) {
+    Arguments still = orbits;
+    still[7] = FormatText("2026-01-%02dT%02d:00", frame < 3 ? 15 : 16, (21 + frame) % 24);
+    ASSERT_EQ(sky.Run(With(still, {"--out", sky.dir.Path("still.png")})), 0) << sky.errors.str();
+    const bool same = sky.dir.Read("still.png") == sky.dir.Read(FormatText("f-%02d.png", frame));
+    EXPECT_EQ(same, frame >= 10) << frame;
+  }
+}
+
+TEST(PlayOption, TrailsHoldTheLightOfAllFrames) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  for (const char* frames : {"1", "2", "3"}) {
+    ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h", "--frames", frames, "--trails",
+                                    sky.dir.Path(std::string(frames) + ".png")})),
+              0)
+        << sky.errors.str();
+  }
+  EXPECT_FALSE(sky.dir.Read("1.png") == sky.dir.Read("2.png"));
+  EXPECT_FALSE(sky.dir.Read("2.png") == sky.dir.Read("3.png"));
+}
+
 TEST(PlayOption, WhatIsMissingOrWrongIsNamed) {
   SmallSky sky;
   const std::pair<Arguments, const char*> bad[] = {
@@ -180,6 +211,16 @@ TEST(PlayOption, FrameThatCannotBeWrittenIsExitOne) {
   EXPECT_EQ(
       sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "2", "--out", sky.dir.Path("no/f%d.png")})), 1);
   EXPECT_NE(sky.GetErrorLine().find("f1.png"), std::string::npos) << sky.errors.str();
+}
+
+TEST(PlayOption, FileOfAllFramesThatCannotBeWrittenIsExitOne) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  for (const char* option : {"--contact-sheet", "--animation", "--trails"}) {
+    EXPECT_EQ(
+        sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "2", option, sky.dir.Path("no/all.png")})), 1);
+    EXPECT_NE(sky.GetErrorLine().find("no/all.png"), std::string::npos) << option << sky.errors.str();
+  }
 }
 
 TEST(MarkerOption, MarkersAreDrawn) {
