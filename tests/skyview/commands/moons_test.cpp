@@ -27,8 +27,10 @@ TEST(Moons, EachComesAsFarAsItsOrbitOnEitherSide) {
   const struct {
     const char* name;
     double distance, eccentricity;
-  } moons[] = {
-      {"Io:", 5.900, 0.004}, {"Europa:", 9.387, 0.009}, {"Ganymede:", 14.972, 0.001}, {"Callisto:", 26.334, 0.007}};
+  } moons[] = {{"Io:", 5.900, 0.004},
+               {"Europa:", 9.387, 0.009},
+               {"Ganymede:", 14.972, 0.001},
+               {"Callisto:", 26.334, 0.007}};
   for (const auto& moon : moons) {
     std::string name, east, west;
     char comma = 0;

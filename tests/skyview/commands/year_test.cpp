@@ -27,7 +27,8 @@ struct WrittenText {
 // The number behind `name`, for example of y="12.5".
 double ReadAttribute(const std::string& element, const std::string& name) {
   const auto begin = element.find(" " + name + "=\"") + name.size() + 3;
-  return ParseNumber(element.substr(begin, element.find('"', begin) - begin), 0.0, 1e4).value_or(std::nan(""));
+  return ParseNumber(element.substr(begin, element.find('"', begin) - begin), 0.0, 1e4)
+      .value_or(std::nan(""));
 }
 
 std::optional<WrittenText> FindText(const std::string& svg, const std::string& text) {
