@@ -137,6 +137,24 @@ TEST_F(MilkyWayMap, HasTheMagellanicClouds) {
   EXPECT_LT(Get().Find(AtEquatorial(40.0, -71.0)), 15.0f) << "between them";
 }
 
+// Position angles count from north over east, which is where right ascensions grow: the bar of the Large
+// Cloud lies at 115 degrees, the Small Cloud at 45. On both sides together, since the Large Cloud has its
+// middle beside that of its bar.
+TEST_F(MilkyWayMap, MagellanicCloudsAreLongAtTheirPositionAngles) {
+  const struct { double ra, dec, positionAngle; } clouds[] = {{80.0, -69.5, 115.0}, {13.19, -72.83, 45.0}};
+  for (const auto& cloud : clouds) {
+    const auto along = [&cloud](double positionAngle) {
+      constexpr double kAway = 1.2;
+      const double angle = positionAngle * kRadiansPerDegree;
+      const double east = kAway * std::sin(angle) / std::cos(cloud.dec * kRadiansPerDegree);
+      const double north = kAway * std::cos(angle);
+      return Get().Find(AtEquatorial(cloud.ra + east, cloud.dec + north)) +
+             Get().Find(AtEquatorial(cloud.ra - east, cloud.dec - north));
+    };
+    EXPECT_GT(along(cloud.positionAngle), 1.2f * along(-cloud.positionAngle)) << cloud.ra;
+  }
+}
+
 // Nowhere a step that the eye could take for an edge: a sixth of the scale over the width of the full Moon.
 TEST_F(MilkyWayMap, HasNoEdges) {
   float steepest = 0.0f;
