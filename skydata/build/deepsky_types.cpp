@@ -110,11 +110,11 @@ double GetTypicalColour(std::string_view type) {
 }
 
 std::optional<int> FindEntryNumber(std::string_view name) {
-  const auto blank = std::min(name.find(' '), name.size());
+  const auto blank = name.find(' ');
   const auto catalogue =
       std::find_if(std::begin(kCatalogues), std::end(kCatalogues),
                    [&](const Catalogue& known) { return known.name == name.substr(0, blank); });
-  if (catalogue == std::end(kCatalogues) || blank + 1 >= name.size()) return std::nullopt;
+  if (catalogue == std::end(kCatalogues) || blank == std::string_view::npos) return std::nullopt;
   name.remove_prefix(blank + 1);
   const auto number = TakeInteger(name);
   if (!number || *number > catalogue->most) return std::nullopt;

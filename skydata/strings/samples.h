@@ -20,7 +20,7 @@ using TextSamples = std::vector<TextSample>;
 // table.
 void AddTimeSamples(TextSamples& samples);    // clock, dates, months, numbers of days
 void AddPlaceSamples(TextSamples& samples);   // where the observer is, how far
-void AddViewSamples(TextSamples& samples);    // direction, plane, slope, zoom, field of view, centred object
+void AddViewSamples(TextSamples& samples);    // centred object, direction, plane, slope, zoom, field of view
 void AddObjectSamples(TextSamples& samples);  // types of objects, messages, transliteration
 
 }  // namespace skydata

@@ -80,13 +80,13 @@ Choice ChooseCommand(const std::vector<std::string>& arguments) {
 }
 
 std::string FormatCommands() {
-  constexpr std::size_t kColumn = 21;
+  constexpr std::size_t kColumn = 21;  // two blanks behind the longest name
   std::string text =
       "Restores a saved view of the sky, says what it restored and draws it.\n"
       "Usage: skyview [COMMAND] [OPTIONS]\n\nCommands:\n";
   for (const auto& command : kCommands) {
     std::string line = std::string("  ") + command.name;
-    line.resize(std::max(line.size() + 1, kColumn), ' ');
+    line.resize(kColumn, ' ');
     text += line + command.purpose + "\n";
   }
   return text +

@@ -45,8 +45,7 @@ CurveOptions Parse(const Call& call) {
 }
 
 std::string Describe(const scene::LightCurve& curve) {
-  const auto [least, most] = std::minmax_element(curve.points.begin(), curve.points.end(),
-                                                 [](const auto& a, const auto& b) { return a.y < b.y; });
+  const auto [least, most] = std::ranges::minmax_element(curve.points, {}, &tPoint<double>::y);
   return FormatText("%s: JD %.3f to %.3f, magnitude %.2f to %.2f\n", curve.title.c_str(), curve.first,
                     curve.last, least->y, most->y);
 }

@@ -26,13 +26,11 @@ std::optional<NumberPair> ParsePair(std::string_view text, double firstLow, doub
 
 // Takes exactly `digits` decimal digits off the front.
 std::optional<int> TakeDigits(std::string_view& text, std::size_t digits) {
-  if (text.size() < digits) return std::nullopt;
-  for (char c : text.substr(0, digits)) {
-    if (c < '0' || c > '9') return std::nullopt;
-  }
-  const auto value = ParseNumber<int>(text.substr(0, digits), 0, 9999);
-  text.remove_prefix(digits);
-  return value;
+  const auto written = text.substr(0, digits);
+  if (written.size() < digits || written.find_first_not_of("0123456789") != std::string_view::npos)
+    return std::nullopt;
+  text.remove_prefix(written.size());
+  return ParseNumber<int>(written, 0, 9999);
 }
 
 bool TakeChar(std::string_view& text, char c) {

@@ -61,7 +61,6 @@ std::string NameClass(unsigned cls, int section) {
 }  // namespace
 
 std::string DescribeRule(const scene::FilterRule& rule, int section, const scene::ObjectTraits& traits) {
-  if (rule.quantity == scene::Quantity::kNumber) return "";
   switch (rule.condition) {
     case scene::kRangeCondition:
       return ": it " + DescribeRange(rule, traits);

@@ -146,7 +146,6 @@ void StatusWriter::AddTimes() {
 
 void StatusWriter::AddCentredObject() {
   SSO_ID object = m_Camera.GetCenterObject();
-  if (object.IsEmpty()) return;
   if (!*object.name) {
     std::snprintf(object.name, sizeof object.name, "%s", scene::GetObjectName(object, m_Catalogs).c_str());
   }

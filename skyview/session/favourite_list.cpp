@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/session/favourite_list.h"
 
-#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <optional>
@@ -26,10 +25,10 @@ constexpr const char* kFile = "catalogs:favourites.txt";
 
 // The whole characters of the name that an identifier has room for.
 void SetName(const std::string& name, SSO_ID& id) {
-  std::size_t length = std::min(name.size(), sizeof id.name - 1);
-  while (length < name.size() && length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80) {
-    --length;  // not in the middle of a character
-  }
+  constexpr std::size_t kRoom = sizeof id.name - 1;
+  const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+  std::size_t length = name.size();
+  while (length > kRoom || (length > 0 && isContinuation(name[length]))) --length;
   std::memcpy(id.name, name.data(), length);
   id.name[length] = '\0';
 }

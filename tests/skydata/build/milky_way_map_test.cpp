@@ -32,12 +32,12 @@ Direction AtEquatorial(double ra, double dec) {
 }
 
 // A rectangle in galactic longitude and latitude, corner by corner in steps of a degree.
-std::vector<Direction> Box(int west, int east, int south, int north) {
+std::vector<Direction> Box(int west, int east, double south, double north) {
   std::vector<Direction> ring;
   for (int lon = west; lon < east; ++lon) ring.push_back(AtGalactic(lon, south));
-  for (int lat = south; lat < north; ++lat) ring.push_back(AtGalactic(east, lat));
+  for (double lat = south; lat < north; ++lat) ring.push_back(AtGalactic(east, lat));
   for (int lon = east; lon > west; --lon) ring.push_back(AtGalactic(lon, north));
-  for (int lat = north; lat > south; --lat) ring.push_back(AtGalactic(west, lat));
+  for (double lat = north; lat > south; --lat) ring.push_back(AtGalactic(west, lat));
   return ring;
 }
 
@@ -49,6 +49,19 @@ TEST(GalacticImage, RegionsAreFilledByTheEvenOddRule) {
   EXPECT_EQ(image.Find(AtGalactic(20.0, 8.0)), 1.0f);
   EXPECT_EQ(image.Find(AtGalactic(8.0, 0.0)), 0.0f);
   EXPECT_EQ(image.Find(AtGalactic(190.0, 0.0)), 0.0f);
+}
+
+// Cells are a quarter of a degree high. Those with their middles at 10.125 and -9.875 are covered for 0.05
+// and 0.15 degrees by the one region, that at 5.125 for 0.1 by the other.
+TEST(GalacticImage, CellsAtEdgesCountAsFarAsTheyAreCovered) {
+  GalacticImage wide, thin;
+  wide.AddRegion({Box(10, 30, -9.9, 10.05)});
+  thin.AddRegion({Box(10, 30, 5.1, 5.2)});
+  for (const auto& [lat, covered] :
+       {std::pair{10.375, 0.0}, {10.125, 0.2}, {9.875, 1.0}, {-9.625, 1.0}, {-9.875, 0.6}, {-10.125, 0.0}})
+    EXPECT_NEAR(wide.Find(AtGalactic(20.125, lat)), covered, 1e-3) << lat;
+  for (const auto& [lat, covered] : {std::pair{5.375, 0.0}, {5.125, 0.4}, {4.875, 0.0}})
+    EXPECT_NEAR(thin.Find(AtGalactic(20.125, lat)), covered, 1e-3) << lat;
 }
 
 TEST(GalacticImage, RegionsCrossLongitudeZero) {
@@ -135,6 +148,24 @@ TEST_F(MilkyWayMap, HasTheMagellanicClouds) {
   EXPECT_GT(Get().Find(AtEquatorial(80.9, -69.8)), 60.0f);
   EXPECT_GT(Get().Find(AtEquatorial(13.2, -72.8)), 40.0f);
   EXPECT_LT(Get().Find(AtEquatorial(40.0, -71.0)), 15.0f) << "between them";
+}
+
+// Position angles count from north over east, which is where right ascensions grow: the bar of the Large
+// Cloud lies at 115 degrees, the Small Cloud at 45. On both sides together, since the Large Cloud has its
+// middle beside that of its bar.
+TEST_F(MilkyWayMap, MagellanicCloudsAreLongAtTheirPositionAngles) {
+  const struct { double ra, dec, positionAngle; } clouds[] = {{80.0, -69.5, 115.0}, {13.19, -72.83, 45.0}};
+  for (const auto& cloud : clouds) {
+    const auto along = [&cloud](double positionAngle) {
+      constexpr double kAway = 1.2;
+      const double angle = positionAngle * kRadiansPerDegree;
+      const double east = kAway * std::sin(angle) / std::cos(cloud.dec * kRadiansPerDegree);
+      const double north = kAway * std::cos(angle);
+      return Get().Find(AtEquatorial(cloud.ra + east, cloud.dec + north)) +
+             Get().Find(AtEquatorial(cloud.ra - east, cloud.dec - north));
+    };
+    EXPECT_GT(along(cloud.positionAngle), 1.2f * along(-cloud.positionAngle)) << cloud.ra;
+  }
 }
 
 // Nowhere a step that the eye could take for an edge: a sixth of the scale over the width of the full Moon.

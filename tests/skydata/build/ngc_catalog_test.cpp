@@ -115,9 +115,29 @@ TEST(NgcCatalog, TypesHaveTheirKindAndSubType) {
 }
 
 TEST(NgcCatalog, EntriesOfOtherFormsHaveNoNumber) {
-  for (const char* name :
-       {"", "NGC", "NGC ", "NGC x", "NGC 7841", "NGC 224 ", "NGC 224AB", "NGC 224 NED00", "NGC 224 NED30",
-        "NGC 224 NED1", "NGC -1", "IC 5387", "B 33A", "ESO 56", "ESO 56-", "ESO 56-1150", "M 111", "XYZ 1"}) {
+  for (const char* name : {"",
+                           " ",
+                           " 224",
+                           "M",
+                           "M ",
+                           "B",
+                           "NGC",
+                           "NGC ",
+                           "NGC x",
+                           "NGC 7841",
+                           "NGC 224 ",
+                           "NGC 224AB",
+                           "NGC 224 NED00",
+                           "NGC 224 NED30",
+                           "NGC 224 NED1",
+                           "NGC -1",
+                           "IC 5387",
+                           "B 33A",
+                           "ESO 56",
+                           "ESO 56-",
+                           "ESO 56-1150",
+                           "M 111",
+                           "XYZ 1"}) {
     EXPECT_EQ(FindEntryNumber(name), std::nullopt) << name;
   }
   EXPECT_EQ(FindEntryNumber("NGC 61A"), 1006101);

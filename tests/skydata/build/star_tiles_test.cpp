@@ -85,6 +85,24 @@ TEST(StarTilesFile, BadSourceIsNamed) {
   EXPECT_NE(message("5\t1\t1\t\t\n").find("stars/hipparcos.tsv:2: V_mag"), std::string::npos);
 }
 
+TEST(StarTilesFile, NumbersAreTakenUpToTheirBounds) {
+  const skydata_test::TinySource source;
+  EXPECT_EQ(Make(source, "1\t0\t-90\t-2\t-2\n999999\t360\t90\t30\t10\n").stars, 2);
+  const std::pair<const char*, const char*> bad[] = {{"0\t1\t1\t9\t\n", "HIP: 0"},
+                                                     {"1000000\t1\t1\t9\t\n", "HIP: 1000000"},
+                                                     {"5\t-0.01\t1\t9\t\n", "RA_deg: -0.01"},
+                                                     {"5\t360.01\t1\t9\t\n", "RA_deg: 360.01"},
+                                                     {"5\t1\t-90.01\t9\t\n", "Dec_deg: -90.01"},
+                                                     {"5\t1\t90.01\t9\t\n", "Dec_deg: 90.01"},
+                                                     {"5\t1\t1\t-2.01\t\n", "V_mag: -2.01"},
+                                                     {"5\t1\t1\t30.01\t\n", "V_mag: 30.01"},
+                                                     {"5\t1\t1\t9\t-2.01\n", "B-V_mag: -2.01"},
+                                                     {"5\t1\t1\t9\t10.01\n", "B-V_mag: 10.01"}};
+  for (const auto& [row, told] : bad)
+    EXPECT_EQ(skydata_test::MessageOf(source.dir, [&] { Make(source, row); }),
+              std::string("stars/hipparcos.tsv:2: ") + told + " is out of range");
+}
+
 class ShippedStarTiles : public testing::Test {
  protected:
   static void SetUpTestSuite() {

@@ -79,6 +79,16 @@ TEST(ShowFiles, DeepskyImagesAreInHoursAndDegrees) {
       "42A                 5  5.50000    -5.5000              10      2     1.5      0      0\n");
 }
 
+// With and without a letter behind it: a column of texts, whatever stands in a cell.
+TEST(ShowFiles, NumbersOfDeepskyImagesAreTexts) {
+  const ShownTable shown = ShowDeepskyImages("42A 5 5h 6g 0 0 1 0 0\n42 5 5h 6g 0 0 1 0 0\n");
+  ASSERT_EQ(shown.rows.size(), 2u);
+  for (const auto& row : shown.rows) {
+    EXPECT_FALSE(row[0].isNumber) << row[0].text;
+    EXPECT_TRUE(row[1].isNumber) << row[1].text;
+  }
+}
+
 TEST(ShowFiles, LinesThatAreNoPictureAreCounted) {
   const ShownTable shown = ShowDeepskyImages("plnt\t1\tMercury\n\n! comment\n42H 5 5h 6g 0 0 1 0 0\n42 5\n");
   EXPECT_EQ(shown.rows.size(), 1u);

@@ -66,6 +66,20 @@ TEST_F(StringsShow, EnglishReadsAsItShould) {
   ExpectLine(shown, "973 40830\tlong date\t3 March 2024");
 }
 
+// Times, places, views, objects, and the parts of a view in their order.
+TEST_F(StringsShow, SamplesOfOneThingStandTogether) {
+  const std::string shown = ShowShipped("en");
+  std::size_t before = 0;
+  for (const char* use :
+       {"local time", "coordinates near a surface", "centred object", "direction by hours",
+        "direction at the horizon", "reference plane", "slope", "zoom", "field of view", "message: "}) {
+    const auto found = shown.find(std::string("\t") + use);
+    ASSERT_NE(found, std::string::npos) << use;
+    EXPECT_GT(found, before) << use;
+    before = found;
+  }
+}
+
 TEST_F(StringsShow, GermanReadsAsItShould) {
   const std::string shown = ShowShipped("de");
   ExpectLine(shown, "7208 966 967\tcoordinates near a surface\t8°40'55.56\" O, 50°06'39.24\" N");

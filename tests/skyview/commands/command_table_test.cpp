@@ -7,7 +7,14 @@
 #include <algorithm>
 #include <set>
 
+#include "skyview/options/almanac_group.h"
+#include "skyview/options/chart_group.h"
+#include "skyview/options/picture_group.h"
+#include "skyview/options/root_group.h"
+#include "skyview/options/settings_group.h"
+#include "skyview/options/sky_group.h"
 #include "skyview/options/stop.h"
+#include "skyview/options/view_group.h"
 #include "skyview/small_sky.h"
 
 using namespace skyview;
@@ -65,6 +72,17 @@ TEST(CommandTable, EachIsChosenByItsWordsAndListed) {
   }
 }
 
+TEST(CommandTable, PurposesStandInAColumnTwoBlanksBehindTheLongestName) {
+  std::size_t longest = 0;
+  for (const auto& command : GetCommands()) longest = std::max(longest, std::string(command.name).size());
+  const std::string list = FormatCommands();
+  for (const auto& command : GetCommands()) {
+    const std::string name = command.name;
+    const std::string blanks(longest + 2 - name.size(), ' ');
+    EXPECT_TRUE(Contains(list, "\n  " + name + blanks + command.purpose + "\n")) << list;
+  }
+}
+
 TEST(CommandTable, EachHasItsHelpInThreeSpellings) {
   SmallSky sky;
   for (const auto& command : GetCommands()) {
@@ -83,6 +101,28 @@ TEST(CommandTable, EachHasItsHelpInThreeSpellings) {
     std::ostringstream output, errors;
     ASSERT_EQ(skyview::Run(arguments, "", output, errors), 0) << errors.str();
     EXPECT_EQ(output.str(), help);
+  }
+}
+
+TEST(CommandTable, GroupsOfOptionsStandInTheSameOrderInEachHelp) {
+  SmallSky sky;
+  std::vector<std::string> titles;
+  for (const char* title : {kRootGroup.title, kViewGroup.title, kSettingsGroup.title, kSatelliteGroup.title,
+                            kExtraGroup.title, kChartGroup.title, kPictureGroup.title, kSequenceGroup.title,
+                            kKeepGroup.title, kEquipmentGroup.title, kPageGroup.title, kEventGroup.title})
+    titles.push_back(std::string("\n") + title + ":\n");
+  for (const auto& command : GetCommands()) {
+    auto arguments = Words(command.name);
+    arguments.emplace_back("--help");
+    ASSERT_EQ(sky.Run(arguments), 0) << command.name;
+    std::size_t before = 0;
+    for (const auto& title : titles) {
+      const auto found = sky.output.str().find(title);
+      if (found == std::string::npos) continue;
+      EXPECT_GT(found, before) << title << sky.output.str();
+      before = found;
+    }
+    EXPECT_GT(before, 0u) << command.name;
   }
 }
 

@@ -141,6 +141,17 @@ TEST(Commands, SatellitesCanBeFavourites) {
   EXPECT_TRUE(sky.Printed("Favourites: 1\n  ISS (ZARYA) (scft 25544)\n")) << sky.output.str();
 }
 
+// The station's elements are those of the day 20.9 of 2014.
+TEST(Commands, SatellitesWithOldElementsAreTold) {
+  SmallSky sky;
+  const std::string path = sky.dir.Write("station.tle", host_test::StationSet());
+  const std::string line = "skyview: ISS (ZARYA): its elements are 70 days old, its place is a guess\n";
+  ASSERT_EQ(sky.Run({"why", "Sirius", "--tle", path, "--time", "2014-01-25T00:00Z"}), 0) << sky.errors.str();
+  EXPECT_FALSE(Contains(sky.errors.str(), "ISS")) << sky.errors.str();
+  ASSERT_EQ(sky.Run({"why", "Sirius", "--tle", path, "--time", "2014-04-01T00:00Z"}), 0) << sky.errors.str();
+  EXPECT_TRUE(Contains(sky.errors.str(), line)) << sky.errors.str();
+}
+
 TEST(Commands, StoredHomeIsReportedAndNothingIsDrawn) {
   SmallSky sky;
   ASSERT_EQ(sky.Run({"homes", "store", "--look", "180,30", "--work", sky.dir.Path("work")}), 0)

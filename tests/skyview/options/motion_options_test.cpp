@@ -8,6 +8,7 @@
 
 #include "paint/picture_file.h"
 #include "skyview/small_sky.h"
+#include "utils/messages.h"
 
 using host_test::SmallSky;
 
@@ -25,8 +26,9 @@ Arguments With(Arguments arguments, const Arguments& more) {
   return arguments;
 }
 
-// A record of a moving type in the defaults: the ecliptic seen from 1 au beside the Sun.
-void AddSpaceRecord(SmallSky& sky, int observer) {
+// A record of a moving type in the defaults: the ecliptic seen from 1 au beside the Sun, 57 degrees north and
+// at longitude 37.
+void AddSpaceRecord(SmallSky& sky, int observer, int record = FourCC("CFCN"), bool locked = false) {
   auto fields = test_support::CameraFields();
   using namespace test_support;
   ReplaceField(fields, Int8("m_ObsMovingType", 3));
@@ -36,7 +38,8 @@ void AddSpaceRecord(SmallSky& sky, int observer) {
   ReplaceField(fields, Double("m_alp", 1.0));
   ReplaceField(fields, Double("m_bet", 0.0));
   ReplaceField(fields, UInt8("m_BasePlane", 2));
-  AppendBlock(sky.dir.Path("data/filters.data"), FourCC("CFCN"), CommonInterfaces::SettingsData::kDefaultsTag,
+  ReplaceField(fields, UInt8("m_dirLock", locked ? 1 : 0));
+  AppendBlock(sky.dir.Path("data/filters.data"), record, CommonInterfaces::SettingsData::kDefaultsTag,
               kCameraSection, fields);
 }
 
@@ -65,6 +68,26 @@ TEST(MovingTypeOption, StatusAndPlaneFollow) {
   }
 }
 
+// In orbit the direction is locked on what is circled: from 57 degrees north at longitude 37 the Sun stands
+// at the opposite place. In free flight it is locked on the Earth, of whose place nothing is known.
+TEST(MovingTypeOption, DirectionLockedOnTheBodyTravelledAroundTurnsToIt) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 10, FourCC("CSOL"));
+  ASSERT_EQ(sky.Run({"--moving-type", "4", "--time", "2026-01-15T22:00Z"}), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Direction: longitude 217°00'00.00\", latitude -57°00'00.00\" (ecliptic)\n"))
+      << sky.output.str();
+  EXPECT_TRUE(sky.Printed("Locked on: Sun\n")) << sky.output.str();
+}
+
+TEST(MovingTypeOption, DirectionLockedOnAnotherBodyStaysAndIsCentredOnNothing) {
+  SmallSky sky;
+  AddSpaceRecord(sky, 10, FourCC("CFCN"), true);
+  ASSERT_EQ(sky.Run({"--moving-type", "3", "--time", "2026-01-15T22:00Z"}), 0) << sky.errors.str();
+  EXPECT_TRUE(sky.Printed("Direction: longitude 57°17'44.81\", latitude 0°00'00.00\" (ecliptic)\n"))
+      << sky.output.str();
+  for (const char* text : {"Locked on", "Earth\n"}) EXPECT_FALSE(sky.Printed(text)) << sky.output.str();
+}
+
 TEST(MovingTypeOption, OtherObserversAreRefusedWithOneLine) {
   SmallSky sky;
   AddSpaceRecord(sky, 4);
@@ -88,10 +111,11 @@ TEST(HomeOption, StoredHomeIsShownAndGoneToInTheNextRun) {
   ASSERT_EQ(sky.Run(With({"homes", "store"}, With(kOrion, work))), 0) << sky.errors.str();
   ASSERT_TRUE(fs::exists(sky.dir.Path("work/home_params.ini")));
   ASSERT_EQ(sky.Run(With({"homes"}, work)), 0);
-  for (const char* line : {"Home of plnt 3\n", "azimuth 180.0000°, altitude 30.0000°",
-                           "time: 2026-01-15 21:00 UT, zone Europe/Berlin\n"}) {
-    EXPECT_TRUE(sky.Printed(line)) << line << sky.output.str();
-  }
+  EXPECT_EQ(sky.output.str(),
+            "Home of plnt 3\n"
+            "  place: latitude 52.52°, longitude 13.405°, distance 0 au, moving type 0, location type 2\n"
+            "  view: azimuth 180.0000°, altitude 30.0000°, slope 0.0000°, zoom 0.65\n"
+            "  time: 2026-01-15 21:00 UT, zone Europe/Berlin\n");
   ASSERT_EQ(sky.Run(With(work, {"--home"})), 0) << sky.errors.str();
   for (const char* line : {"Local time: 22:00, 15/01/2026 AD (Europe/Berlin, UT+01:00)\n",
                            "azimuth 180°00'00.00\", altitude 30°00'00.00\" (S)\n", "Zoom: 0.65\n"}) {
@@ -153,6 +177,36 @@ TEST(PlayOption, FrameIsThePictureOfItsMoment) {
   EXPECT_FALSE(sky.dir.Read("f-1.png") == sky.dir.Read("f-3.png"));
 }
 
+// Ten frames a second, from the second frame of the animation clock on: a still picture is like the tenth.
+TEST(PlayOption, OrbitsFadeInWithinASecond) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  const Arguments orbits = With(kOrion, {"--orbits", "planets"});
+  ASSERT_EQ(
+      sky.Run(With(orbits, {"--play", "time=1h", "--frames", "11", "--out", sky.dir.Path("f-%02d.png")})), 0)
+      << sky.errors.str();
+  for (const int frame : {1, 9, 10, 11}) {
+    Arguments still = orbits;
+    still[7] = FormatText("2026-01-%02dT%02d:00", frame < 3 ? 15 : 16, (21 + frame) % 24);
+    ASSERT_EQ(sky.Run(With(still, {"--out", sky.dir.Path("still.png")})), 0) << sky.errors.str();
+    const bool same = sky.dir.Read("still.png") == sky.dir.Read(FormatText("f-%02d.png", frame));
+    EXPECT_EQ(same, frame >= 10) << frame;
+  }
+}
+
+TEST(PlayOption, TrailsHoldTheLightOfAllFrames) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  for (const char* frames : {"1", "2", "3"}) {
+    ASSERT_EQ(sky.Run(With(kOrion, {"--play", "time=1h", "--frames", frames, "--trails",
+                                    sky.dir.Path(std::string(frames) + ".png")})),
+              0)
+        << sky.errors.str();
+  }
+  EXPECT_FALSE(sky.dir.Read("1.png") == sky.dir.Read("2.png"));
+  EXPECT_FALSE(sky.dir.Read("2.png") == sky.dir.Read("3.png"));
+}
+
 TEST(PlayOption, WhatIsMissingOrWrongIsNamed) {
   SmallSky sky;
   const std::pair<Arguments, const char*> bad[] = {
@@ -180,6 +234,16 @@ TEST(PlayOption, FrameThatCannotBeWrittenIsExitOne) {
   EXPECT_EQ(
       sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "2", "--out", sky.dir.Path("no/f%d.png")})), 1);
   EXPECT_NE(sky.GetErrorLine().find("f1.png"), std::string::npos) << sky.errors.str();
+}
+
+TEST(PlayOption, FileOfAllFramesThatCannotBeWrittenIsExitOne) {
+  if (!paint::CanDraw()) GTEST_SKIP() << "built without drawing";
+  SmallSky sky;
+  for (const char* option : {"--contact-sheet", "--animation", "--trails"}) {
+    EXPECT_EQ(
+        sky.Run(With(kOrion, {"--play", "time=1h", "--frames", "2", option, sky.dir.Path("no/all.png")})), 1);
+    EXPECT_NE(sky.GetErrorLine().find("no/all.png"), std::string::npos) << option << sky.errors.str();
+  }
 }
 
 TEST(MarkerOption, MarkersAreDrawn) {

@@ -57,6 +57,11 @@ TEST(FrameNames, NumberIsPaddedToItsWidth) {
   ASSERT_TRUE(names);
   EXPECT_EQ(names->Get(7), "a/sky-007.png");
   EXPECT_EQ(names->Get(12345), "a/sky-12345.png");
+  for (std::size_t width = 1; width <= 9; ++width) {
+    const auto padded = FrameNames::Parse("%0" + std::to_string(width) + "d");
+    ASSERT_TRUE(padded) << width;
+    EXPECT_EQ(padded->Get(7), std::string(width - 1, '0') + "7");
+  }
   ASSERT_TRUE(FrameNames::Parse("%d"));
   EXPECT_EQ(FrameNames::Parse("%d")->Get(10), "10");
 }

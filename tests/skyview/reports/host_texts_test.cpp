@@ -46,13 +46,14 @@ TEST(HostTexts, StandInEveryLanguageAndFitTheirArguments) {
   EXPECT_EQ(seen, 3 * 293);
 }
 
-TEST(HostTexts, AreAscendingInTheRangeOfApplications) {
+TEST(HostTexts, AreRequiredAndAscendingInTheRangeOfApplications) {
   int count = 0;
   const auto* uses = GetHostTexts(&count);
   unsigned last = 899999;
   for (const auto* use = uses; use != uses + count; ++use) {
     EXPECT_GT(use->first, last);
     EXPECT_GE(use->last, use->first);
+    EXPECT_TRUE(use->isRequired) << use->use;
     last = use->last;
   }
   EXPECT_LE(last, 999999u);

@@ -24,6 +24,12 @@ class FavouriteList : public testing::Test {
     return sky.Run(arguments);
   }
   std::string GetFile() const { return sky.dir.Read(kFile); }
+  // The only star of the catalog.
+  void WriteStar(const std::string& name) {
+    sky.dir.Write(
+        "data/catalogs/stars.txt",
+        "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\n7\t1.5\t0.1\t1.0\t" + name + "\n");
+  }
   bool HasFile() const { return std::filesystem::exists(sky.dir.Path(kFile)); }
 
   SmallSky sky;
@@ -79,14 +85,26 @@ TEST_F(FavouriteList, NamesThatAreNoAsciiSurvive) {
   EXPECT_TRUE(sky.Printed("  Звезда Ω (star 7)\n")) << sky.output.str();
 }
 
+// An identifier has room for 79 bytes.
+TEST_F(FavouriteList, NameThatFillsItsRoomIsKeptAndALongerOneIsCut) {
+  for (const std::size_t size : {78, 79, 80, 200}) {
+    const std::string name(size, 'n');
+    WriteStar(name);
+    std::filesystem::remove(sky.dir.Path(kFile));
+    ASSERT_EQ(Run({"favourites", "add", name}), 0) << sky.errors.str();
+    EXPECT_EQ(GetFile(), name.substr(0, 79) + "\t1937006962\t7\n") << size;
+  }
+}
+
 TEST_F(FavouriteList, LongNameIsCutBetweenCharacters) {
   std::string name;
   for (int i = 0; i < 60; ++i) name += "Ж";
-  sky.dir.Write(
-      "data/catalogs/stars.txt",
-      "Number:i32\tRA:f64\tDec:f64\tVisMagnitude:f32\tProperName:text\n7\t1.5\t0.1\t1.0\t" + name + "\n");
-  ASSERT_EQ(Run({"favourites", "add", name}), 0) << sky.errors.str();
-  EXPECT_EQ(GetFile(), name.substr(0, 78) + "\t1937006962\t7\n");
+  for (const auto& [before, kept] : {std::pair("", 78), std::pair("n", 79)}) {
+    WriteStar(before + name);
+    std::filesystem::remove(sky.dir.Path(kFile));
+    ASSERT_EQ(Run({"favourites", "add", before + name}), 0) << sky.errors.str();
+    EXPECT_EQ(GetFile(), (before + name).substr(0, kept) + "\t1937006962\t7\n");
+  }
 }
 
 TEST_F(FavouriteList, EntryThatTheCatalogsLackIsShownAndRemovedByItsName) {
