@@ -101,13 +101,14 @@ bool ContactSheet::Add(const scene::DisplayList& list, const std::string& text, 
   }
   const Context whole(cairo_create(m_Sheet->frame.get()), cairo_destroy);
   PaintDisplayList(list, whole.get(), FindScope(list, m_Sheet->scale));
+  if (!IsGood(cairo_status(whole.get()), error)) return false;
   const int row = m_Sheet->added / m_Sheet->columns, column = m_Sheet->added % m_Sheet->columns;
   const double x = kGap + column * (m_Sheet->copyWidth + kGap);
   const double y = kGap + row * (m_Sheet->copyHeight + kTextHeight + kGap);
   m_Sheet->PaintCopy(x, y);
   m_Sheet->PaintText(text, x, y);
   ++m_Sheet->added;
-  return IsGood(cairo_status(whole.get()), error) && IsGood(cairo_status(m_Sheet->context.get()), error);
+  return IsGood(cairo_status(m_Sheet->context.get()), error);
 }
 
 bool ContactSheet::Write(const std::string& path, std::string& error) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
+#include "utils/bytes.h"
 #include "utils/path.h"
 #include "utils/text.h"
 #include "utils/whole_file.h"
@@ -30,11 +31,8 @@ std::vector<unsigned> FindOwners() {
   std::vector<unsigned> owners;
   std::string bytes, reason;
   if (!ReadWholeFile(ZentharPath::GetPath(kFile).c_str(), bytes, reason)) return owners;
-  const auto byte = [&](std::size_t at) {
-    return static_cast<unsigned>(static_cast<unsigned char>(bytes[at]));
-  };
   for (auto at = bytes.find(kTag, 4); at != std::string::npos; at = bytes.find(kTag, at + 1)) {
-    owners.push_back(byte(at - 4) | byte(at - 3) << 8 | byte(at - 2) << 16 | byte(at - 1) << 24);
+    owners.push_back(LoadLE32(bytes.data() + at - 4));
   }
   return owners;
 }

@@ -145,7 +145,8 @@ TEST(SkyRegion, NoPointLiesBeyondTheRim) {
 // A circle of 100 degrees about the view, behind it all around: its picture is the rim. Steps of five degrees
 // have a point each, of one degree wait until they add up to three.
 TEST(SkyRegion, OutlineAlongTheRimHasAPointEveryThreeDegreesAtMost) {
-  const ViewGeometry geometry(MakeCamera(0.0, 0.5 * kPi, 0.0, 1.0));
+  const auto camera = MakeCamera(0.0, 0.5 * kPi, 0.0, 1.0);
+  const ViewGeometry geometry(camera);
   const auto trace = [&](int count) {
     std::vector<Direction> ring;
     for (int i = 0; i < count; ++i)
