@@ -115,9 +115,10 @@ TEST_F(ReadingFaults, HomesBeforeTheErrorAreThereAndAreNotSavedOverTheFile) {
 // Of the file the second half is lost.
 TEST_F(ReadingFaults, TextsBeforeTheErrorAreThereAndTheErrorIsTold) {
   std::string content;
-  for (unsigned i = 1; i <= 1000; ++i) content += std::to_string(i) + "\ttext\n";
+  for (unsigned i = 1; i <= 1000; ++i) content += std::to_string(i) + "\ttexts\n";
   const std::size_t half = (content.size() + 1) / 2;
   const auto whole = static_cast<unsigned>(std::count(content.begin(), content.begin() + half, '\n'));
+  ASSERT_EQ(content.substr(half - 2, 2), "\tt") << "the error comes within a text";
   roots.dir.Write("data/qxstrings.txt", content);
   QX4Strings::StartLocaleUpdate();
   FaultInjection fault(0, "fread");
@@ -125,8 +126,8 @@ TEST_F(ReadingFaults, TextsBeforeTheErrorAreThereAndTheErrorIsTold) {
   fault.Stop();
   QX4Strings::FinishLocaleUpdate();
   EXPECT_EQ(debug.lines, std::vector<std::string>{"File qxstrings.txt cannot be read to its end\n"});
-  EXPECT_STREQ(QX4Strings::GetString(1, false), "text");
-  EXPECT_STREQ(QX4Strings::GetString(whole, false), "text");
+  EXPECT_STREQ(QX4Strings::GetString(1, false), "texts");
+  EXPECT_STREQ(QX4Strings::GetString(whole, false), "texts");
   EXPECT_EQ(QX4Strings::GetString(whole + 1, true), nullptr);
 }
 
