@@ -159,6 +159,19 @@ TEST(ParseNumber, KeepsToItsBounds) {
   EXPECT_EQ(ParseNumber("5.0000000000000009", 2.0, 5.0), std::nullopt);
 }
 
+template <class T>
+class ParseNumberOf : public testing::Test {};
+using NumberTypes = testing::Types<int, float, double>;
+TYPED_TEST_SUITE(ParseNumberOf, NumberTypes);
+
+TYPED_TEST(ParseNumberOf, KeepsToItsBounds) {
+  const TypeParam least = 2, most = 5;
+  EXPECT_EQ(ParseNumber("2", least, most), least);
+  EXPECT_EQ(ParseNumber("5", least, most), most);
+  EXPECT_EQ(ParseNumber("1", least, most), std::nullopt);
+  EXPECT_EQ(ParseNumber("6", least, most), std::nullopt);
+}
+
 TEST(TakeHexadecimal, DigitsOfEitherCase) {
   EXPECT_EQ(Hexadecimal("1aF g"), (Unsigned{0x1AFu, " g"}));
   EXPECT_EQ(Hexadecimal("FFFFFFFF"), (Unsigned{0xFFFFFFFFu, ""}));
