@@ -187,7 +187,10 @@ TEST(SkyImages, WithoutInstancesTheListIsGone) {
 TEST(SkyImages, FolderInPlaceOfTheFileHasNoImages) {
   TempRoots roots;
   std::filesystem::create_directories(roots.dir.Path(kConstellations));
+  std::filesystem::create_directories(roots.dir.Path(kMilkyWay));
   EXPECT_EQ(CountOf(CSTLImages()), 0);
+  const MWayImages none;
+  EXPECT_EQ(none.GetBegin(), none.GetEnd());
 }
 
 // A copy is one more instance: it keeps the images when the one that it was made from goes.

@@ -61,8 +61,10 @@ bool MayBeReplaced(const std::string& path, std::string& reason) {
     reason = kWriteProtected;
   } else if (access(path.c_str(), W_OK) == 0) {
     return true;
+  } else if (errno == EACCES || errno == EROFS) {
+    reason = kWriteProtected;
   } else {
-    reason = errno == EACCES || errno == EROFS ? kWriteProtected : GetSystemReason();
+    reason = GetSystemReason();
   }
   return false;
 }
