@@ -262,7 +262,8 @@ TEST_F(CameraFileTest, DefaultsWithoutTheCameraSectionAreAFailedRead) {
   EXPECT_FALSE(reader.IsObserverChanged());
 }
 
-// Its own record of the file is damaged, be it the one of the file's defaults: no saved view stands in for it.
+// Its own record of the file is damaged, be it the one of the file's defaults: no saved view stands in for
+// it.
 TEST_F(CameraFileTest, SavedViewDoesNotStandInForADamagedRecordOfAMovingType) {
   AppendBlock(Path("view.data"), kCAMR, kMovingTypeRecord, kCameraSection, CameraFields());
   ASSERT_TRUE(camera.ReadSelf(Path("view.data").c_str(), kMovingTypeRecord)) << "a saved view alone";

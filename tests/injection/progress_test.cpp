@@ -12,8 +12,8 @@
 namespace test_support {
 namespace {
 
-// Four fifths took 10 seconds and a little, the last one takes a quarter of that; a line that is shorter wipes
-// out the one before.
+// Four fifths took 10 seconds and a little, the last one takes a quarter of that; a line that is shorter
+// wipes out the one before.
 TEST(Progress, TheTimeThatIsLeftIsShownFromTheSecondSecondOn) {
   std::ostringstream terminal;
   {

@@ -18,8 +18,8 @@ namespace {
 
 std::string GetSystemReason() { return std::generic_category().message(errno); }
 
-// Where a link leads, "" when `path` is no link or nothing. False when the system does not tell. What fills the
-// buffer is longer than any name that can be opened, and need not be whole.
+// Where a link leads, "" when `path` is no link or nothing. False when the system does not tell. What fills
+// the buffer is longer than any name that can be opened, and need not be whole.
 bool ReadLink(const std::string& path, std::string& to) {
   char buffer[4096];
   const ssize_t length = readlink(path.c_str(), buffer, sizeof buffer);
