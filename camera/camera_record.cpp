@@ -17,7 +17,8 @@ SettingField* FindRecordField(SettingsData& settings, const char* key, unsigned 
 
 bool RecordReader::Take(const char* key, void* out, unsigned width, unsigned count) {
   const SettingField* field = FindRecordField(m_Settings, key, width, count);
-  return field != nullptr && field->GetData(out);
+  if (field != nullptr) field->GetData(out);
+  return field != nullptr;
 }
 
 void RecordWriter::Put(const char* key, const void* in, unsigned width, unsigned count) {

@@ -28,7 +28,8 @@ bool NeedsProtection(const char* text) {
 }
 
 bool WriteText(MTextFile& file, const char* text) {
-  std::string line = NeedsProtection(text) ? std::string("\\") + text : text;
+  std::string line = text;
+  if (NeedsProtection(text)) line.insert(0, 1, '\\');
   for (char& c : line)
     if (c == '\n' || c == '\r') c = ' ';  // a text is one line
   return file.Write("%s\n", line.c_str());
@@ -126,27 +127,28 @@ bool RecordLines::ReadTime(HomeParameters& home) {
 bool WriteLocation(MTextFile& file, const HomeParameters& home) {
   const SphCoor& place = home.location;
   const bool isNamed = home.locationName[0] != '\0';
-  const double distance = isNamed ? ConvertUnitFromAU(place.dist, kKilometre) : place.dist;
-  return file.Write("%d %d %s %s %s %d %d %d %d%s\n", home.movingType, home.locationType,
-                    FormatGeneral(distance).c_str(), FormatGeneral(place.lon).c_str(),
-                    FormatGeneral(place.lat).c_str(), place.distUnits, place.coorSys, home.observer.kind,
+  const std::string dist = FormatGeneral(isNamed ? ConvertUnitFromAU(place.dist, kKilometre) : place.dist);
+  const std::string lon = FormatGeneral(place.lon), lat = FormatGeneral(place.lat);
+  return file.Write("%d %d %s %s %s %d %d %d %d%s\n", home.movingType, home.locationType, dist.c_str(),
+                    lon.c_str(), lat.c_str(), place.distUnits, place.coorSys, home.observer.kind,
                     home.observer.number, isNamed ? " 1" : "") &&
          (!isNamed || WriteText(file, home.locationName));
 }
 
 bool WriteView(MTextFile& file, const HomeParameters& home) {
   constexpr int kWidth = 14;
-  return file.Write("%s %s %s %d\n", FormatFixed(home.alp, kWidth).c_str(),
-                    FormatFixed(home.bet, kWidth).c_str(), FormatFixed(home.slp, kWidth).c_str(),
-                    home.aimingDispType) &&
-         file.Write("%s\n", FormatGeneral(home.zoom).c_str()) &&
+  const std::string alp = FormatFixed(home.alp, kWidth), bet = FormatFixed(home.bet, kWidth);
+  const std::string slp = FormatFixed(home.slp, kWidth), zoom = FormatGeneral(home.zoom);
+  return file.Write("%s %s %s %d\n", alp.c_str(), bet.c_str(), slp.c_str(), home.aimingDispType) &&
+         file.Write("%s\n", zoom.c_str()) &&
          file.Write("%d %d %d\n", home.directionLocked ? 1 : 0, home.centerObject.kind,
                     home.centerObject.number);
 }
 
 bool WriteTime(MTextFile& file, const HomeParameters& home) {
   constexpr int kWidth = 18;
-  return file.Write("%d %s %d\n", home.day, FormatFixed(home.fraction, kWidth).c_str(), home.timeType) &&
+  const std::string fraction = FormatFixed(home.fraction, kWidth);
+  return file.Write("%d %s %d\n", home.day, fraction.c_str(), home.timeType) &&
          WriteText(file, home.timeZoneName[0] != '\0' ? home.timeZoneName : kNoZone);
 }
 

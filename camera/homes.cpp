@@ -96,7 +96,7 @@ bool Camera::StoreHomeParams() {
 
 void Camera::SetLocationName(const char* name) {
   const ChangesObject use(this, "Camera");
-  m_LocationName = name != nullptr ? std::string(name) : std::string();
+  m_LocationName = std::string(name != nullptr ? name : "");
   const auto home = m_Homes.find(m_Observer);
   if (home != m_Homes.end()) CopyText(home->second.locationName, m_LocationName.c_str());
 }

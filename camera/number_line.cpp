@@ -41,9 +41,10 @@ std::string FormatGeneral(double value) {
 std::string FormatFixed(double value, int width) {
   char text[kLongestNumber];
   const auto end = std::to_chars(text, text + sizeof text, Finite(value), std::chars_format::fixed, 8).ptr;
-  const std::string digits(text, end);
+  std::string digits(text, end);
   const auto wanted = static_cast<std::size_t>(width);
-  return digits.size() < wanted ? std::string(wanted - digits.size(), ' ') + digits : digits;
+  if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), ' ');
+  return digits;
 }
 
 }  // namespace CommonInterfaces

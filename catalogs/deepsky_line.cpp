@@ -44,9 +44,9 @@ class Fields {
     if (good) radians = degrees * kRadiansPerDegree;
     return good;
   }
-  // The letter that follows the number at once, 0 without one.
-  unsigned Letter() {
-    const char c = m_NumberEnd ? *m_NumberEnd : '\0';
+  // The letter that follows at once the number that was just read, 0 without one.
+  unsigned Letter() const {
+    const char c = *m_NumberEnd;
     return c >= 'A' && c <= 'G' ? static_cast<unsigned>(c) & 7u : 0u;
   }
 

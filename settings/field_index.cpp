@@ -111,7 +111,6 @@ void FieldIndex::KeepCopy(int section, int nameId, const SettingField& field) {
 }
 
 void FieldIndex::NoteNewSection(unsigned id, int section) {
-  if (!m_SectionsKnown) return;
   m_SectionsKnown = RunsThrough([&] {
     m_ById.Insert(id, section + 1);
     m_ByIdOrAlias.Insert(id, section + 1);  // an earlier section with that alias stays the first

@@ -70,7 +70,7 @@ class FieldIndex {
   // Keeps a copy of the values of that field, if they are short and it is the one of the section.
   void KeepCopy(int section, int nameId, const SettingField& field);
 
-  // A section record was appended; its id is that of no other.
+  // A section record was appended, while the sections are known; its id is that of no other.
   void NoteNewSection(unsigned id, int section);
   // The section, which had no field with that name, got one at its end.
   void NoteNewField(int section, SettingField* field);

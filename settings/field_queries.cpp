@@ -70,9 +70,9 @@ BaseQuery* SettingField::CreateAimQuery(unsigned /*section*/, const SSO_ID& aim)
   return described == aim ? MakeQuery<int>(*m_pFieldData, count) : nullptr;
 }
 
+// Of a label list.
 BaseQuery* SettingField::CreateLabelQuery(const FieldData* data, bool all) {
   const unsigned size = GetSize();
-  if (!IsLabelList(*data, size)) return nullptr;
   unsigned start = 1;
   // Modulo 256, deliberately: with 257 elements nothing is made, with 258 the first label only.
   unsigned count = (size - 1) & 0xFF;

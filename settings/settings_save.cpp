@@ -121,11 +121,12 @@ bool SettingsData::TryReplacement(const char* fileName, FileReplacement& file) {
   const std::string_view content(reinterpret_cast<const char*>(old.data()), old.size());
   RaiseVersion();
   const KeptBytes kept = DropBlock(old, m_Owner, m_ID);
+  const std::vector<unsigned char> head = MakeBlockHead();
   const Sink sink = [&file](const void* bytes, unsigned size) {
     return file.Write({static_cast<const char*>(bytes), size});
   };
   return file.Open(target.c_str()) && WriteHeader(sink) && WriteBytes(sink, kept.before) &&
-         WriteBlock(sink, MakeBlockHead()) && WriteBytes(sink, kept.behind) &&
+         WriteBlock(sink, head) && WriteBytes(sink, kept.behind) &&
          file.CommitOver(source == target ? &content : nullptr);
 }
 

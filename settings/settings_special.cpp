@@ -75,10 +75,11 @@ bool SettingsData::GetIntegrPlnt(SSO_ID* planet) {
   const FieldRun run = GetRunOf(index);
   for (int i = run.begin; i < run.end; ++i) {
     const SettingField& field = *GetFieldAt(i);
-    int flag = 0;
-    if (field.GetType() != kFieldInt32 || field.GetSize() != kFlagElements || field.GetCompareStatus() == 0 ||
-        !LoadInt(field, kPlanetFlag, flag) || flag == 0)
+    if (field.GetType() != kFieldInt32 || field.GetSize() != kFlagElements || field.GetCompareStatus() == 0)
       continue;
+    int flag = 0;
+    LoadInt(field, kPlanetFlag, flag);
+    if (flag == 0) continue;
     LoadInt(field, 0, planet->kind);
     LoadInt(field, 1, planet->number);
     return true;

@@ -29,8 +29,8 @@ bool SettingsData::GetField(int nameId, void* outData) {
 
 bool SettingsData::GetFieldSlowly(int nameId, void* outData) {
   const SettingField* const field = SettingsData::GetAtField(kNoSection, nameId, true);
-  if (!field) return false;
-  if (m_CurSection >= 0) m_Tables->index.KeepCopy(m_CurSection, nameId, *field);
+  if (!field) return false;  // nor is there one without a current section
+  m_Tables->index.KeepCopy(m_CurSection, nameId, *field);
   return field->GetData(outData);
 }
 

@@ -20,11 +20,13 @@ namespace {
 constexpr int kMaxNumber = 1400;
 constexpr int kDefaultPrecision = 6;
 
-bool IsUpper(char letter) { return letter >= 'A' && letter <= 'Z'; }
+// Of a letter.
+bool IsUpper(char letter) { return letter <= 'Z'; }
 
+// Of a number, which has nothing behind the letters.
 void MakeUpper(std::string& text) {
   for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
   }
 }
 

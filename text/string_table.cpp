@@ -128,7 +128,7 @@ void QX4Strings::FinishLocaleUpdate() {
   const ChangesObject use(&s_Strings, "QX4Strings");
   if (!s_PreviousPool) return;
   // Without a reload in between the entries still point into the pool that goes: they go with it.
-  if (!s_Pool && s_Strings) s_Strings->Clear();
+  if (!s_Pool) s_Strings->Clear();
   delete[] s_PreviousPool;
   s_PreviousPool = nullptr;
 }

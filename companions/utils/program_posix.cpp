@@ -24,9 +24,8 @@ unsigned long GetThreadNumber() { return static_cast<unsigned long>(gettid()); }
 }  // namespace utils_internal
 
 std::string GetProgramFolder() {
-  std::error_code failure;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-  return failure ? std::string() : program.parent_path().string();
+  std::error_code failure;  // gives the empty path
+  return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path().string();
 }
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }

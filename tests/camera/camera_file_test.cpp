@@ -262,4 +262,40 @@ TEST_F(CameraFileTest, DefaultsWithoutTheCameraSectionAreAFailedRead) {
   EXPECT_FALSE(reader.IsObserverChanged());
 }
 
+// Its own record of the file is damaged, be it the one of the file's defaults: no saved view stands in for
+// it.
+TEST_F(CameraFileTest, SavedViewDoesNotStandInForADamagedRecordOfAMovingType) {
+  AppendBlock(Path("view.data"), kCAMR, kMovingTypeRecord, kCameraSection, CameraFields());
+  ASSERT_TRUE(camera.ReadSelf(Path("view.data").c_str(), kMovingTypeRecord)) << "a saved view alone";
+  AppendBlock(Path("view.data"), kMovingTypeRecord, kDefaults, 0x61626364, CameraFields());
+  EXPECT_FALSE(camera.ReadSelf(Path("view.data").c_str(), kMovingTypeRecord));
+}
+
+TEST_F(CameraFileTest, DaylightSavingFieldsThatAreMissingKeepWhatTheCameraHas) {
+  RecordFields fields = CameraFields();
+  ReplaceField(fields, Int32("StartYear", 1999));
+  ReplaceField(fields, Int16("IsDST", {1}));
+  ReplaceField(fields, Int16("DateFrom", {1999, 3, 28, 2, 30}));
+  ReplaceField(fields, Int16("DS_Shift", {60, -30}));
+  ReplaceField(fields, Int16("IsCalendarDate", {1, 1}));
+  AppendBlock(Path("view.data"), kCAMR, kOwner, kCameraSection, fields);
+  ASSERT_TRUE(camera.ReadSelf(Path("view.data").c_str(), kCAMR));
+  TempRoots without;
+  RecordFields rest = CameraFields();
+  for (const char* key : {"IsDST", "DateFrom", "DateTo", "DS_Shift", "IsCalendarDate", "IsNorth"})
+    rest.erase(FindField(rest, key));
+  AppendBlock(without.dir.Path("other.data"), kCAMR, kOwner, kCameraSection, rest);
+  WriteCameraDefaults(without, rest);
+  Camera reader(kOwner);
+  reader = camera;
+  ASSERT_TRUE(reader.ReadSelf(without.dir.Path("other.data").c_str(), kCAMR));
+  const auto& dst = *reader.GetDST();
+  EXPECT_EQ(dst.StartYear, 0) << "what is there is read";
+  EXPECT_TRUE(dst.IsDST);
+  EXPECT_EQ(dst.DateFrom.date[2], 28);
+  EXPECT_EQ(dst.DateFrom.time[1], 30);
+  EXPECT_EQ(dst.DS_Shift[1], -30.0f);
+  EXPECT_EQ(dst.IsCalendarDate[1], 1);
+}
+
 }  // namespace

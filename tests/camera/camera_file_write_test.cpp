@@ -258,4 +258,11 @@ TEST_F(CameraFileWriteTest, WhatCannotBeSavedWholeIsNotSavedAndTold) {
   EXPECT_EQ(debug.lines.size(), 5u);
 }
 
+TEST_F(CameraFileWriteTest, WhatLacksFieldsIsToldWithoutANameToo) {
+  const DebugCapture debug;
+  EXPECT_FALSE(camera.SaveSelf(nullptr, 7));
+  EXPECT_EQ(debug.lines,
+            std::vector<std::string>{"View not saved in file : the camera's settings lack fields of it\n"});
+}
+
 }  // namespace

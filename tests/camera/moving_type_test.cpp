@@ -358,4 +358,27 @@ TEST_F(MovingTypeTest, GoingHomeDoesNotTurnToTheBodyThatWasLeft) {
   }
 }
 
+TEST_F(MovingTypeTest, WhoHasBeenAroundTheSunAloneTurnsToIt) {
+  ASSERT_TRUE(camera.ReadSelf(nullptr, kRecords[4].identifier));
+  ASSERT_EQ(camera.GetObserver(), kSunId);
+  camera.SetMovingType(1, false);
+  EXPECT_EQ(camera.GetObserver(), kSunId);
+  EXPECT_EQ(camera.GetCenterObject(), kSunId);
+}
+
+TEST_F(MovingTypeTest, WhoComesFromAStarIsWhereTheRecordIs) {
+  camera.CreateDefault();
+  camera.SetObserver(kStarId);
+  camera.SetMovingType(3, false);
+  EXPECT_EQ(camera.GetObserver(), kSunId);
+  EXPECT_EQ(camera.GetCenterObject(), SSO_ID());
+}
+
+TEST_F(MovingTypeTest, WhoHasNeverStoodAnywhereStandsWhereTheRecordIs) {
+  ASSERT_TRUE(camera.ReadSelf(nullptr, kRecords[4].identifier));
+  camera.SetMovingType(0, false);
+  EXPECT_NEAR(camera.GetLocation().lon / kDegree, 20, 1e-12);
+  EXPECT_NEAR(camera.GetLocation().lat / kDegree, 10, 1e-12);
+}
+
 }  // namespace

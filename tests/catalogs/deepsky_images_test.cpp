@@ -254,4 +254,22 @@ TEST(DeepskyImages, IndependentPicturesAreReleasedByTheLastInstanceAlone) {
   EXPECT_EQ(DSOImages::s_IndependentImages.capacity(), 0u);
 }
 
+// A plus is passed over in front of a number, and a point begins one too.
+TEST(DeepskyImages, PlusStandsInFrontOfANumberOnly) {
+  {
+    Catalog catalog("31 10 10.5 41.25 +2 1 1 0 0 +.25\n");
+    EXPECT_EQ(Only(catalog).rotation, 2.0);
+    EXPECT_EQ(Only(catalog).brightness, 0.25);
+  }
+  Catalog catalog("31 10 10.5 41.25 2 1 1 0 0 +x\n");
+  EXPECT_EQ(Only(catalog).brightness, 1.0);
+}
+
+// Each of the degrees is finite, their sum is not.
+TEST(DeepskyImages, AngleBeyondAllNumbersIsNone) {
+  Catalog catalog("31 10 1e308g1e308g 0 -35 1 1 0 0\n");
+  EXPECT_EQ(Only(catalog).direction[0], 1.0) << "as with a right ascension of 0";
+  EXPECT_EQ(Only(catalog).rotation, -35.0) << "the fields behind it stay in their columns";
+}
+
 }  // namespace

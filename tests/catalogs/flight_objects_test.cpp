@@ -249,4 +249,20 @@ TEST_F(FlightList, AnEmptyFileIsAnEmptyList) {
   EXPECT_TRUE(debug.lines.empty());
 }
 
+TEST_F(FlightObjects, FolderInPlaceOfTheDistancesIsTold) {
+  std::filesystem::create_directories(roots.dir.Path(kDistances));
+  General3DFlightObjectsList list;
+  EXPECT_FALSE(list.objectInList(kGalaxy, 1));
+  ASSERT_EQ(debug.lines.size(), 1u);
+  EXPECT_NE(debug.lines[0].find("File with distance information ("), std::string::npos);
+}
+
+TEST_F(FlightObjects, FolderInPlaceOfTheFlightsIsTold) {
+  std::filesystem::create_directories(roots.dir.Path(kFlights));
+  Voyvane3DFlightObjectsList list;
+  EXPECT_FALSE(list.objectInList(kGalaxy, 1));
+  ASSERT_EQ(debug.lines.size(), 1u);
+  EXPECT_NE(debug.lines[0].find("File with 3d flight information ("), std::string::npos);
+}
+
 }  // namespace

@@ -296,4 +296,11 @@ TEST_F(Selection, TabsLineEndsAndZeroBytesInNames) {
   EXPECT_EQ(roots.dir.Read(kSelectionFile), "a b c d\t1\t2\ne\t3\t4\n");
 }
 
+TEST_F(ObjectLists, EveryListSkipsLinesWhoseNumbersDoNotParse) {
+  const std::string lines = "a\tx\t2\t3\nb\t1\tx\t3\nc\t1\t2\t3\n";
+  EXPECT_EQ(ReadFavourites(lines), Lines{"c|1|2|0|0"});
+  EXPECT_EQ(ReadSelection(lines), Lines{"c|1|2"});
+  EXPECT_EQ(ReadChosen("d\t1\t2\tx\n" + lines), Lines{"c|1|2|0|3"});
+}
+
 }  // namespace

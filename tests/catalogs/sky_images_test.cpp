@@ -184,4 +184,25 @@ TEST(SkyImages, WithoutInstancesTheListIsGone) {
   EXPECT_EQ(pieces.GetBegin(), pieces.GetEnd());
 }
 
+TEST(SkyImages, FolderInPlaceOfTheFileHasNoImages) {
+  TempRoots roots;
+  std::filesystem::create_directories(roots.dir.Path(kConstellations));
+  std::filesystem::create_directories(roots.dir.Path(kMilkyWay));
+  EXPECT_EQ(CountOf(CSTLImages()), 0);
+  const MWayImages none;
+  EXPECT_EQ(none.GetBegin(), none.GetEnd());
+}
+
+// A copy is one more instance: it keeps the images when the one that it was made from goes.
+TEST(SkyImages, CopiesShareTheImagesOfTheMilkyWay) {
+  TempRoots roots;
+  roots.dir.Write(kMilkyWay, Count(2) + Record("0001", 0, 0) + Record("0002", 100000, 0));
+  auto first = std::make_unique<MWayImages>();
+  const MWayImages copy(*first);
+  EXPECT_EQ(copy.GetBegin(), first->GetBegin());
+  first.reset();
+  ASSERT_EQ(copy.GetEnd() - copy.GetBegin(), 2);
+  EXPECT_EQ(std::memcmp(&copy.GetBegin()[1]->id, "0002", 4), 0);
+}
+
 }  // namespace

@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "camera/home_fixture.h"
+#include "common_interfaces/flight_objects.h"
+#include "common_interfaces/object_articles.h"
 #include "common_interfaces/object_lists.h"
 #include "common_interfaces/string_table.h"
 #include "injection/every_call.h"
@@ -20,6 +22,14 @@ using CommonInterfaces::ChoosingObjectsFile;
 using CommonInterfaces::FavouriteObjectsFile;
 using CommonInterfaces::QX4Strings;
 using CommonInterfaces::SelectedObjectsFile;
+
+constexpr int kGalaxyKind = FourCC("gala");
+
+std::string Words(std::initializer_list<int> words) {
+  std::string bytes;
+  for (const int word : words) bytes += LittleEndian(static_cast<unsigned>(word), 4);
+  return bytes;
+}
 
 class ReadingFaults : public testing::Test {
  protected:
@@ -215,6 +225,53 @@ TEST_F(ReadingFaults, SettingsKeepTheOtherBlocksWhenTheFileCannotBeAskedFor) {
     roots.dir.Write("work/named.data", other);
   }
   EXPECT_GE(refused, 4);
+}
+
+// Of the last number half is lost.
+TEST_F(ReadingFaults, NumbersOfFlightsBeforeTheErrorAreThere) {
+  const std::string table = Words({kGalaxyKind, 2, 5, 6});
+  roots.dir.Write("data/media/find/object_distances_table.bin", table);
+  const FaultInjection fault(3, "fread");
+  CommonInterfaces::General3DFlightObjectsList list;
+  EXPECT_TRUE(list.objectInList(kGalaxyKind, 5));
+  EXPECT_FALSE(list.objectInList(kGalaxyKind, 6));
+  EXPECT_EQ(fault.GetCall(), "fread");
+}
+
+TEST_F(ReadingFaults, ArticlesBeforeTheErrorAreThere) {
+  roots.dir.Write("data/media/find/object_articles_table.bin", Words({1, 5, 100, 1, 6, 101}));
+  const FaultInjection fault(1, "fread");
+  const CommonInterfaces::ArticlesInformation articles;
+  EXPECT_EQ(articles.GetArticleId(1, 5), 100);
+  EXPECT_EQ(articles.GetArticleId(1, 6), -1);
+  EXPECT_EQ(fault.GetCall(), "fread");
+}
+
+TEST_F(ReadingFaults, TextsOfAFileWithoutALengthAreNotFound) {
+  roots.dir.Write("data/qxstrings.txt", "7\ttext\n");
+  QX4Strings::StartLocaleUpdate();
+  FaultInjection fault(1, "fstat");  // the first one is that of opening it
+  { QX4Strings strings; }
+  fault.Stop();
+  EXPECT_EQ(fault.GetCall(), "fstat");
+  QX4Strings::FinishLocaleUpdate();
+  EXPECT_EQ(QX4Strings::GetString(7, true), nullptr);
+  EXPECT_EQ(debug.lines, std::vector<std::string>{"File qxstrings.txt not found\n"});
+}
+
+// The half that was read ends within a line: the only one, or the second.
+TEST_F(ReadingFaults, TextThatTheErrorCutsIsNone) {
+  const std::string text(100, 'x');
+  for (const bool isFirst : {true, false}) {
+    roots.dir.Write("data/qxstrings.txt", (isFirst ? "" : "1\tone\n") + ("7\t" + text) + "\n");
+    QX4Strings::StartLocaleUpdate();
+    FaultInjection fault(0, "fread");
+    { QX4Strings strings; }
+    fault.Stop();
+    QX4Strings::FinishLocaleUpdate();
+    EXPECT_EQ(QX4Strings::GetString(7, true), nullptr);
+    EXPECT_EQ(QX4Strings::GetString(1, true) == nullptr, isFirst);
+  }
 }
 
 }  // namespace

@@ -244,5 +244,23 @@ TEST_F(SettingsMemory, FilesAreAskedForBlocks) {
       Leaves::kNothing);
 }
 
+// All fields have been looked through before, so that each new one is noted where it was done.
+TEST_F(SettingsMemory, ManyFieldsAreCreatedAfterALookAtAllOfThem) {
+  const auto prepare = [] {
+    auto settings = MakeRead();
+    int value = 0;
+    EXPECT_TRUE(settings->GetField(6, &value)) << "in a section that is not current";
+    return settings;
+  };
+  const auto create = [](SettingsData& settings) {
+    for (int i = 100; i < 120; ++i) {
+      Create(settings, Int(kPlnt, i, i), true);
+    }
+    int value = 0;
+    for (int i = 100; i < 120; ++i) EXPECT_TRUE(settings.GetField(i, &value) && value == i);
+  };
+  FailEach(prepare, create, Leaves::kValid);
+}
+
 }  // namespace
 }  // namespace test_support

@@ -12,6 +12,7 @@
 
 #include "common_interfaces/record_conversion.h"
 #include "output/recorded_conversion.h"
+#include "output/unusable_record.h"
 #include "support/debug_capture.h"
 
 using namespace CommonInterfaces;
@@ -202,6 +203,14 @@ TEST_F(OrbitRecordsTest, ANullRecordIsUnusableAndOneLineSaysSo) {
     expectLine(FourCC("uSCO"), mode, "Object uSCO 8: no record to convert\n");
   }
   EXPECT_TRUE(model.calls.empty());
+}
+
+// Only the characters of ASCII: from the blank, 32, to the tilde, 126.
+TEST_F(OrbitRecordsTest, KindsThatAreNoTextAreToldWithQuestionMarks) {
+  const DebugCapture capture;
+  CommonInterfaces::PrintUnusable(SSO_ID(0x1F207E7F, 8), "why");
+  CommonInterfaces::PrintUnusable(SSO_ID(-1, 9), "why");
+  EXPECT_EQ(capture.lines, (std::vector<std::string>{"Object ? ~? 8: why\n", "Object ???? 9: why\n"}));
 }
 
 TEST_F(OrbitRecordsTest, AnglesOfTheUsersListsAreDegrees) {

@@ -301,5 +301,12 @@ TEST_F(FieldValues, SwapTwiceIsTheRecordAgain) {
   EXPECT_EQ(Access::RecordBytes(field), parts.Current());
 }
 
+TEST_F(FieldValues, NullInPlaceOfTheOutputTakesNothing) {
+  const SettingField field = FieldOf(IntParts({1, 2}).Current());
+  EXPECT_TRUE(field.GetData(nullptr));
+  EXPECT_TRUE(field.GetElement(nullptr, 1));
+  EXPECT_FALSE(field.GetElement(nullptr, 2));
+}
+
 }  // namespace
 }  // namespace CommonInterfaces

@@ -115,5 +115,14 @@ TEST_F(SettingsObjectLookup, MissingSectionPrintsOnlyWhenVerboseAndLeavesNoneCur
   EXPECT_EQ(debug.lines, std::vector<std::string>{kNotDefined});
 }
 
+// Its number says elsewhere that there is none.
+TEST_F(SettingsObjectLookup, SectionThatIsNoneDoesNotBecomeCurrentAgain) {
+  Create(settings, Int(kNone, 1, 10));
+  settings.SetCurSection(kNone);
+  ASSERT_EQ(settings.GetCurSection(), kNone);
+  settings.GetAtField(earth, true);
+  EXPECT_EQ(settings.GetCurSection(), kPlnt);
+}
+
 }  // namespace
 }  // namespace test_support

@@ -241,7 +241,15 @@ TEST_F(SettingsRead, CorrectionFileThatIsMissingEmptyForeignOrCutIsSilent) {
       Block(kOwner, kDefaults, {Section(kPlnt, 0, 1)}, {Int(kPlnt, 1, 5), Int(kPlnt, 2, 6)});
   roots.dir.Write("data/FilterCorrection.data", whole.substr(0, whole.size() - 1));
   EXPECT_EQ(SettingsData(kId, kOwner, "filters.data").GetCorrectionCount(), 1);
+  roots.dir.Write("data/FilterCorrection.data", whole.substr(0, 12));
+  EXPECT_EQ(SettingsData(kId, kOwner, "filters.data").GetCorrectionCount(), 0) << "cut in its sections";
   EXPECT_TRUE(debug.lines.empty());
+}
+
+TEST_F(SettingsRead, FolderHoldsNoBlock) {
+  const std::string folder = roots.dir.Path("data");
+  EXPECT_FALSE(SettingsData::HoldsBlock(folder.c_str(), kOwner, kDefaults));
+  EXPECT_EQ(SettingsData(kId, kOwner, "filters.data").GetNumberParts(folder.c_str(), kDefaults), 0u);
 }
 
 }  // namespace

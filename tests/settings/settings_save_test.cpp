@@ -122,5 +122,22 @@ TEST_F(SettingsSave, WhatWasReadInPartIsNotSavedOverWhatItHid) {
                                      ": settings not saved, because it could not be read whole\n"});
 }
 
+TEST_F(SettingsSave, FileWithoutATagKeepsAllOfItsBytes) {
+  EXPECT_TRUE(settings.Save(WriteFile(before).c_str()));
+  EXPECT_EQ(roots.dir.Read("named.data"), Header(0) + before + Own());
+  EXPECT_TRUE(settings.Save(WriteFile("some text").c_str()));
+  EXPECT_EQ(roots.dir.Read("named.data"), Header(0) + Own() + "some text");
+}
+
+// It has no length that could be written.
+TEST_F(SettingsSave, FieldThatFailedInsideTheContainerIsNotSaved) {
+  Create(settings, Int(kPlnt, 2, 20));
+  EXPECT_FALSE(settings.GetFieldAt(0)->Read(nullptr));
+  const std::string name = WriteFile(Header(0) + old);
+  EXPECT_FALSE(settings.Save(name.c_str()));
+  EXPECT_EQ(roots.dir.Read("named.data"), Header(0) + old);
+  EXPECT_EQ(debug.lines, std::vector<std::string>{"Settings cannot be saved in file " + name + "\n"});
+}
+
 }  // namespace
 }  // namespace test_support

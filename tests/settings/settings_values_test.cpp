@@ -159,5 +159,20 @@ TEST_F(SettingsValues, SectionThatIsOffIsOnWhileItHoldsTheAim) {
   EXPECT_EQ(settings.GetSectionStatus(kPlnt, true), 6);
 }
 
+TEST_F(SettingsValues, NullInPlaceOfTheOutputOnlyAsksWhetherTheFieldIsThere) {
+  EXPECT_TRUE(settings.GetField(grid, nullptr));
+  EXPECT_FALSE(settings.GetField(99, nullptr));
+}
+
+// Its name is the number 0 then.
+TEST_F(SettingsValues, FieldThatFailedInsideTheContainerHasNoValues) {
+  EXPECT_FALSE(settings.GetFieldAt(1)->Read(nullptr));
+  int value = 77;
+  EXPECT_TRUE(settings.GetField(0, &value));
+  EXPECT_TRUE(settings.GetField(0, &value)) << "the second time";
+  EXPECT_EQ(value, 77);
+  EXPECT_TRUE(settings.GetField(grid, nullptr)) << "the others stay";
+}
+
 }  // namespace
 }  // namespace test_support

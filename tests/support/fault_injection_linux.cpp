@@ -10,7 +10,9 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,11 +26,12 @@ namespace {
 
 FaultInjection* g_Active = nullptr;
 int g_Locked = -1;  // the file that is locked
+int g_SecondsAhead = 0;
 
 bool Fails(const char* call) {
-  if (!g_Active || !g_Active->Takes(call)) return false;
-  errno = EIO;
-  return true;
+  const int error = g_Active ? g_Active->ErrorOf(call) : 0;
+  if (error != 0) errno = error;
+  return error != 0;
 }
 
 // What the C library has under that name.
@@ -45,7 +48,11 @@ void MarkFailed(std::FILE* file) { file->_flags |= _IO_ERR_SEEN; }
 FaultInjection::FaultInjection(int index, const char* only) : m_Left(index), m_Only(only) { g_Active = this; }
 
 FaultInjection::FaultInjection(int index, std::function<void()> between)
-    : m_Left(index), m_Only(nullptr), m_Between(std::move(between)) {
+    : m_Left(index), m_Between(std::move(between)) {
+  g_Active = this;
+}
+
+FaultInjection::FaultInjection(std::function<int(std::string_view call)> error) : m_Error(std::move(error)) {
   g_Active = this;
 }
 
@@ -55,17 +62,20 @@ void FaultInjection::Stop() {
   if (g_Active == this) g_Active = nullptr;
 }
 
-bool FaultInjection::Takes(const char* call) {
-  if (m_Only && std::strcmp(call, m_Only) != 0) return false;
-  if (m_Between && g_Locked >= 0) return false;
-  if (m_Left-- != 0) return false;
-  m_Call = call;
-  if (!m_Between) return true;
+int FaultInjection::ErrorOf(const char* call) {
+  if (m_Only && std::strcmp(call, m_Only) != 0) return 0;
+  if (m_Between && g_Locked >= 0) return 0;
+  if (!m_Error && m_Left-- != 0) return 0;
+  int error = m_Between ? 0 : EIO;
   g_Active = nullptr;
-  m_Between();
+  if (m_Between) m_Between();
+  if (m_Error) error = m_Error(call);
   g_Active = this;
-  return false;
+  if (!m_Error || error != 0) m_Call = call;
+  return error;
 }
+
+void AdvanceSteadyClock(int seconds) { g_SecondsAhead += seconds; }
 
 }  // namespace test_support
 
@@ -100,14 +110,21 @@ FORWARD(ssize_t, readlink, "readlink", (const char* path, char* out, size_t size
 FORWARD(int, mkdir, "mkdir", (const char* path, mode_t mode), (path, mode), noexcept, -1)
 FORWARD(int, rename, "rename", (const char* from, const char* to), (from, to), noexcept, -1)
 FORWARD(int, unlink, "unlink", (const char* path), (path), noexcept, -1)
+FORWARD(char*, getcwd, "getcwd", (char* out, size_t size), (out, size), noexcept, nullptr)
+FORWARD(int, nanosleep, "nanosleep", (const timespec* time, timespec* rest), (time, rest), , -1)
+FORWARD(void*, mmap, "mmap", (void* at, size_t size, int may, int flags, int file, off_t from),
+        (at, size, may, flags, file, from), noexcept, MAP_FAILED)
+FORWARD(void*, mmap64, "mmap", (void* at, size_t size, int may, int flags, int file, off64_t from),
+        (at, size, may, flags, file, from), noexcept, MAP_FAILED)
 
 size_t fread(void* out, size_t size, size_t count, FILE* file) {
   static size_t (*real)(void*, size_t, size_t, FILE*);
   const bool fails = Fails("fread");
+  const int error = errno;
   const size_t read = Find(real, "fread")(out, size, count, file);
   if (!fails) return read;
   MarkFailed(file);
-  errno = EIO;
+  errno = error;
   return read / 2;
 }
 
@@ -128,8 +145,8 @@ int fflush(FILE* file) {
 int fclose(FILE* file) {
   static int (*real)(FILE*);
   const bool fails = Fails("fclose");
-  const int result = Find(real, "fclose")(file);
-  if (fails) errno = EIO;
+  const int error = errno, result = Find(real, "fclose")(file);
+  if (fails) errno = error;
   return fails ? EOF : result;
 }
 
@@ -137,8 +154,8 @@ int close(int file) {
   static int (*real)(int);
   const bool fails = Fails("close");
   if (file == g_Locked) g_Locked = -1;
-  const int result = Find(real, "close")(file);
-  if (fails) errno = EIO;
+  const int error = errno, result = Find(real, "close")(file);
+  if (fails) errno = error;
   return fails ? -1 : result;
 }
 
@@ -147,6 +164,13 @@ int flock(int file, int operation) noexcept {
   if (Fails("flock")) return -1;
   const int result = Find(real, "flock")(file, operation);
   if (result == 0) g_Locked = operation & LOCK_UN ? -1 : file;
+  return result;
+}
+
+int clock_gettime(clockid_t clock, timespec* time) noexcept {
+  static int (*real)(clockid_t, timespec*);
+  const int result = Find(real, "clock_gettime")(clock, time);
+  if (clock == CLOCK_MONOTONIC) time->tv_sec += test_support::g_SecondsAhead;
   return result;
 }
 

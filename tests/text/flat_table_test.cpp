@@ -71,5 +71,13 @@ TEST(FlatTable, KeysThatNearlyAgreeAreToldApart) {
   EXPECT_EQ(table.Find(3), 0);
 }
 
+TEST(FlatTable, ErasingFromAnEmptyOneDoesNothing) {
+  FlatTable<int> table;
+  table.Erase(0);
+  table.Erase(5);
+  EXPECT_EQ(table.GetCount(), 0u);
+  EXPECT_TRUE(table.Insert(5, 1));
+}
+
 }  // namespace
 }  // namespace CommonInterfaces

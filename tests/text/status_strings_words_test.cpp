@@ -164,6 +164,8 @@ TEST(GreekName, WhatIsNoLetterStays) {
   EXPECT_EQ(FormatGreekName("a & b"), "a   b");
   EXPECT_EQ(FormatGreekName("&1&"), " 1&");
   EXPECT_EQ(FormatGreekName("&\xE1"), " \xE1");
+  for (const char* name : {"@", "[", "`", "{"})  // right before and behind the letters
+    EXPECT_EQ(FormatGreekName("&" + std::string(name)), " " + std::string(name));
 }
 
 }  // namespace

@@ -341,5 +341,13 @@ TEST_F(StringTable, BeforeTheFirstLoadNothingIsReported) {
   EXPECT_EQ(debug.lines, Lines{});
 }
 
+TEST_F(StringTable, FirstConstructionWithoutAFileReportsItAndHasNoTexts) {
+  QX4Strings::Done();
+  StringTableTestAccess::ReviveAfterDone();
+  QX4Strings strings;
+  EXPECT_EQ(QX4Strings::GetString(7, false), nullptr);
+  EXPECT_EQ(debug.lines, Lines{"File qxstrings.txt not found\n"});
+}
+
 }  // namespace
 }  // namespace CommonInterfaces

@@ -138,6 +138,37 @@ TEST(FailingCalls, NamedObjectsAreNotOpened) {
   EXPECT_EQ(byEvent, calls);
 }
 
+// Where the process or the system has no room for one more, nobody knows what would have been found.
+TEST(FailingCalls, NamedObjectIsNotOpenedWithoutRoomToLook) {
+  const char* const name = Own("semaphore without room to look");
+  const thread::Semaphore semaphore(1, name);
+  for (const int error : {EMFILE, ENFILE, ENOMEM}) {
+    for (const char* const call : {"opendir", "open"}) {
+      FailingCall fault(call == std::string("opendir") ? 1 : 0, error, call);
+      EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore opened(name); }),
+                "Can't open existing semaphore.");
+      fault.Stop();
+      EXPECT_EQ(fault.GetCall(), call);
+      FailingCall again(call == std::string("opendir") ? 1 : 0, error, call);
+      EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore second(1, name); }),
+                "Can't create semaphore.");
+    }
+  }
+}
+
+// What cannot be opened or asked for, for any other reason, is gone: then there is no object of that name.
+TEST(FailingCalls, MemoryThatCannotBeLookedIntoIsNoObject) {
+  const char* const name = Own("semaphore that is out of reach");
+  const thread::Semaphore semaphore(1, name);
+  for (const char* const call : {"open", "fstat"}) {
+    FailingCall fault(0, EACCES, call, true);
+    EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore opened(name); }),
+              "Can't open existing semaphore.");
+    EXPECT_EQ(fault.GetCall(), call);
+    EXPECT_EQ(MessageOf<thread::Semaphore::Error>([name] { thread::Semaphore second(1, name); }), "");
+  }
+}
+
 // Another process is in the middle of making a named object: it is waited for.
 TEST(FailingCalls, LockOfTheNamesIsWaitedFor) {
   const char* const name = Own("semaphore in a queue");

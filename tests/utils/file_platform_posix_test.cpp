@@ -20,9 +20,13 @@
 
 #include "companions/utils/files/file_owner_posix.h"
 #include "companions/utils/files/replace_file_platform.h"
+#include "companions/utils/zones/zone_folders.h"
+#include "support/debug_capture.h"
 #include "support/temp_dir.h"
+#include "utils/file.h"
 #include "utils/file_presence.h"
 #include "utils/mapped_file.h"
+#include "utils/path.h"
 #include "utils/replace_file.h"
 #include "utils/whole_file.h"
 
@@ -87,6 +91,66 @@ TEST(MappedFilePosix, FileThatTheSystemDoesNotMapIsRefusedWithItsReason) {
   std::string reason;
   EXPECT_FALSE(file.Open(kMadeByTheSystem, reason));
   EXPECT_EQ(reason, "No such device");
+}
+
+// The current folder, until the end of the scope.
+class CurrentFolder {
+ public:
+  explicit CurrentFolder(const std::string& path) : m_Old(open(".", O_RDONLY | O_DIRECTORY)) {
+    EXPECT_EQ(chdir(path.c_str()), 0);
+  }
+  ~CurrentFolder() {
+    EXPECT_EQ(fchdir(m_Old), 0);
+    close(m_Old);
+  }
+
+ private:
+  int m_Old;
+};
+
+TEST(AbsolutePath, BeginsAtTheCurrentFolder) {
+  const TempDir dir;
+  {
+    const CurrentFolder root("/");
+    EXPECT_EQ(GetAbsolutePath("a/b"), "/a/b");
+  }
+  const std::string removed = dir.Path("removed");
+  std::filesystem::create_directory(removed);
+  const CurrentFolder gone(removed);
+  EXPECT_EQ(GetAbsolutePath("a"), removed + "/a");
+  std::filesystem::remove(removed);
+  EXPECT_EQ(GetAbsolutePath("a"), "a") << "it has no name any more";
+}
+
+// Another system's: here it is a name without folders.
+TEST(WorkPath, PathWithADriveNeedsNoFolder) {
+  EXPECT_EQ(ZentharPath::GetWorkPath("q:\\name", false, true), "q:\\name");
+}
+
+// No character of the plain locale. What is printed instead is the format.
+TEST(Formats, TextThatCannotBeFormattedIsNoneAndSpoilsTheFile) {
+  const test_support::DebugCapture debug;
+  const TempDir dir;
+  const std::string path = dir.Write("f", "old");
+  MTextFile file(false, '!', '}', 100);
+  ASSERT_TRUE(file.Open(path.c_str(), true));
+  EXPECT_FALSE(file.Write("<%ls>", L"\x4E00"));
+  EXPECT_FALSE(file.Close());
+  EXPECT_EQ(dir.Read("f"), "old");
+  PrintDebugString("<%ls>\n", L"\x4E00");
+  EXPECT_EQ(debug.lines.back(), "<%ls>\n");
+}
+
+TEST(ZoneFolders, TheOneThatTheEnvironmentNamesComesFirst) {
+  const Variable none("TZDIR", nullptr);
+  const auto usual = utils_internal::GetZoneFolders();
+  EXPECT_EQ(usual.front(), "/usr/share/zoneinfo");
+  const Variable empty("TZDIR", "");
+  EXPECT_EQ(utils_internal::GetZoneFolders(), usual);
+  const Variable named("TZDIR", "/my/zones");
+  const auto folders = utils_internal::GetZoneFolders();
+  EXPECT_EQ(folders.front(), "/my/zones");
+  EXPECT_EQ(folders.size(), usual.size() + 1);
 }
 
 TEST(FolderOf, EndsWithItsSeparator) {

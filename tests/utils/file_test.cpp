@@ -358,4 +358,22 @@ TEST(MmFopen, NullGivesNothing) {
   EXPECT_FALSE(mm_fopen("x", nullptr));
 }
 
+TEST(MFileWrite, NullWritesNothing) {
+  TempDir dir;
+  MFile file;
+  ASSERT_TRUE(file.Open(dir.Path("f").c_str(), MFile::kWrite));
+  EXPECT_EQ(file.Write(nullptr, 3), 0u);
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(dir.Read("f"), "");
+}
+
+TEST(MFileSearch, NullIsFoundOnlyAsTheEmptyKey) {
+  TempDir dir;
+  MFile file;
+  ASSERT_TRUE(file.Open(dir.Write("f", "abc").c_str(), MFile::kRead));
+  EXPECT_FALSE(file.Search(nullptr, 1));
+  EXPECT_TRUE(file.Search(nullptr, 0));
+  EXPECT_EQ(file.Tell(), 0);
+}
+
 }  // namespace

@@ -159,6 +159,20 @@ TEST(ParseNumber, KeepsToItsBounds) {
   EXPECT_EQ(ParseNumber("5.0000000000000009", 2.0, 5.0), std::nullopt);
 }
 
+template <class T>
+void ExpectBounds(T least, T most) {
+  EXPECT_EQ(ParseNumber("2", least, most), least);
+  EXPECT_EQ(ParseNumber("5", least, most), most);
+  EXPECT_EQ(ParseNumber("1", least, most), std::nullopt);
+  EXPECT_EQ(ParseNumber("6", least, most), std::nullopt);
+}
+
+TEST(ParseNumber, KeepsToItsBoundsInEveryType) {
+  ExpectBounds(2, 5);
+  ExpectBounds(2.0f, 5.0f);
+  ExpectBounds(2.0, 5.0);
+}
+
 TEST(TakeHexadecimal, DigitsOfEitherCase) {
   EXPECT_EQ(Hexadecimal("1aF g"), (Unsigned{0x1AFu, " g"}));
   EXPECT_EQ(Hexadecimal("FFFFFFFF"), (Unsigned{0xFFFFFFFFu, ""}));

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -127,6 +128,16 @@ TEST_F(OneThread, AnOperationIsReportedOnceWithAllThatItCalls) {
   ASSERT_EQ(breaches.lines.size(), 1u);
   EXPECT_NE(breaches.lines[0].find(" is in Outer, "), std::string::npos) << breaches.lines[0];
   EXPECT_NE(breaches.lines[0].find(" calls Second\n"), std::string::npos) << breaches.lines[0];
+}
+
+TEST_F(OneThread, UseThatBeganFirstMayEndFirst) {
+  std::optional<Changes> first(std::in_place, &object, "Thing", "First");
+  const Changes second(&another, "Thing", "Second");
+  first.reset();
+  OnAnotherThread([this] { const Changes third(&object, "Thing", "Third"); });
+  EXPECT_EQ(breaches.GetCount(), 0);
+  OnAnotherThread([this] { const Changes fourth(&another, "Thing", "Fourth"); });
+  EXPECT_EQ(breaches.GetCount(), 1);
 }
 
 // Four threads, each with an object of its own, enter and leave as fast as they can.

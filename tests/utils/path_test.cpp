@@ -219,4 +219,17 @@ TEST(GetWorkPath, NoNameGivesNothing) {
   EXPECT_EQ(ZentharPath::GetWorkPath("a:..:b"), "");
 }
 
+TEST(GetPath, PointIsTheSameFolder) {
+  TempRoots roots;
+  roots.dir.Write("data/a/b.txt", "x");
+  EXPECT_EQ(ZentharPath::GetPath("./a/./b.txt"), roots.dir.Path("data") + "/a/b.txt");
+  EXPECT_EQ(ZentharPath::GetPath("."), "");
+}
+
+TEST(SetRoots, RootFolderOfTheSystemKeepsItsSeparator) {
+  const TempRoots restored;
+  ZentharPath::SetRoots(nullptr, "/");
+  EXPECT_EQ(ZentharPath::GetWorkPath("a:b.txt", false, false), "/./a/b.txt");
+}
+
 }  // namespace

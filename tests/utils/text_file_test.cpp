@@ -327,4 +327,14 @@ TEST(MTextFileWrite, NameInUtf8) {
   EXPECT_EQ(MFile::GetLength(path.c_str()), 1);
 }
 
+TEST(MTextFileWrite, NullFormatWritesNothing) {
+  TempDir dir;
+  MTextFile file(false, '!', '}', 100);
+  ASSERT_TRUE(file.Open(dir.Path("f").c_str(), true));
+  bool (MTextFile::*write)(const char*, ...) = &MTextFile::Write;  // the compiler refuses it in a plain call
+  EXPECT_FALSE((file.*write)(nullptr));
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(dir.Read("f"), "");
+}
+
 }  // namespace

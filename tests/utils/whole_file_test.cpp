@@ -106,4 +106,30 @@ TEST_F(WholeFile, LinesEndAtTheBoundAsAtAReadError) {
   EXPECT_EQ(debug.lines, std::vector<std::string>{"File " + path + " " + kTooManyBytes + "\n"});
 }
 
+// A stream that fails for good after its first bytes.
+class BrokenBuffer : public std::streambuf {
+ public:
+  std::istream stream{this};
+
+ private:
+  int_type underflow() override {
+    if (m_Given) {
+      stream.setstate(std::ios::badbit);
+      return traits_type::eof();
+    }
+    m_Given = true;
+    setg(m_Bytes, m_Bytes, m_Bytes + sizeof m_Bytes);
+    return traits_type::to_int_type(m_Bytes[0]);
+  }
+  char m_Bytes[3] = {'a', 'b', 'c'};
+  bool m_Given = false;
+};
+
+TEST_F(WholeFile, StreamThatBreaksCannotBeRead) {
+  BrokenBuffer broken;
+  EXPECT_FALSE(ReadWholeStream(broken.stream, content, reason));
+  EXPECT_EQ(reason, "cannot be read");
+  EXPECT_EQ(content, "");
+}
+
 }  // namespace

@@ -32,7 +32,11 @@ class OpenFile {
 };
 
 bool FailByErrno(std::string& reason) {
-  reason = errno == ENOMEM || errno == EOVERFLOW ? kTooLargeToMap : std::generic_category().message(errno);
+  if (errno == ENOMEM || errno == EOVERFLOW) {
+    reason = kTooLargeToMap;
+  } else {
+    reason = std::generic_category().message(errno);
+  }
   return false;
 }
 

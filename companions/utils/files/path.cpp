@@ -31,8 +31,9 @@ bool MayExist(const std::string& path) { return GetPathKind(path) != PathKind::k
 
 bool IsSlash(char c) { return c == '/' || c == '\\'; }
 
+// Of a path that is not empty.
 bool IsAbsolute(std::string_view path) {
-  if (!path.empty() && IsSlash(path[0])) return true;
+  if (IsSlash(path[0])) return true;
   return path.size() >= 3 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':' &&
          IsSlash(path[2]);
 }
@@ -63,7 +64,9 @@ std::string ParentOf(const std::string& path) {
   return path.substr(0, end);
 }
 
-bool MakeFolders(const std::string& folder) {
+// The folders that lead to `path`.
+bool MakeFoldersAbove(const std::string& path) {
+  const std::string folder = ParentOf(path);
   if (folder.empty() || GetPathKind(folder) == PathKind::kFolder) return true;
   // What fails at the beginning may be no more than the name of a drive or a server.
   bool reached = false;
@@ -80,7 +83,8 @@ std::string CopyRoot(const char* root) {
   std::string copy = root ? root : "";
   // The root folder of a system is the one name that keeps its separator, as "/." so that "/name" can follow.
   while (copy.size() > 1 && IsSeparator(copy.back())) copy.pop_back();
-  return copy == "/" ? "/." : copy;
+  if (copy == "/") copy += '.';
+  return copy;
 }
 
 }  // namespace
@@ -107,6 +111,6 @@ std::string ZentharPath::GetWorkPath(const char* logicalPath, bool mustExist, bo
   const std::string path =
       IsAbsolute(logicalPath) ? logicalPath : BelowRoot(GetRoots().work, GetRelativePath(logicalPath));
   if (path.empty() || path.size() > kMaxPathLength || (mustExist && !MayExist(path))) return "";
-  if (create && !MakeFolders(ParentOf(path))) return "";
+  if (create && !MakeFoldersAbove(path)) return "";
   return path;
 }

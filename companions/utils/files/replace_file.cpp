@@ -53,10 +53,8 @@ void FileReplacement::OpenNewFile(const char* path) {
     m_Reason = "it has no name";
     return;
   }
-  if (!utils_internal::FollowLinks(path, m_Target, m_Reason) ||
-      !utils_internal::MayBeReplaced(m_Target, m_Reason)) {
-    return;
-  }
+  if (!utils_internal::FollowLinks(path, m_Target, m_Reason)) return;
+  if (!utils_internal::MayBeReplaced(m_Target, m_Reason)) return;
   // A name that is not in m_NewPath is never removed: until the file is made it may be somebody else's.
   std::string newPath;
   m_File = utils_internal::CreateBeside(m_Target, newPath, m_Reason);
@@ -67,12 +65,14 @@ void FileReplacement::OpenNewFile(const char* path) {
 bool FileReplacement::Write(std::string_view bytes) noexcept {
   if (!m_File) return Fail(kNothingIsOpen);
   if (bytes.empty()) return !m_Spoiled;  // the address of nothing may be null
-  return (std::fwrite(bytes.data(), 1, bytes.size(), m_File) == bytes.size() || FailByErrno()) && !m_Spoiled;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), m_File) != bytes.size()) return FailByErrno();
+  return !m_Spoiled;
 }
 
 bool FileReplacement::Flush() noexcept {
   if (!m_File) return Fail(kNothingIsOpen);
-  return (std::fflush(m_File) == 0 || FailByErrno()) && !m_Spoiled;
+  if (std::fflush(m_File) != 0) return FailByErrno();
+  return !m_Spoiled;
 }
 
 bool FileReplacement::Commit() noexcept {

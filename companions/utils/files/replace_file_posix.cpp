@@ -18,12 +18,12 @@ namespace {
 
 std::string GetSystemReason() { return std::generic_category().message(errno); }
 
-// Where a link leads, "" when `path` is no link or nothing. False when the system does not tell.
+// Where a link leads, "" when `path` is no link or nothing. False when the system does not tell. What fills
+// the buffer is longer than any name that can be opened, and need not be whole.
 bool ReadLink(const std::string& path, std::string& to) {
   char buffer[4096];
   const ssize_t length = readlink(path.c_str(), buffer, sizeof buffer);
-  if (length == static_cast<ssize_t>(sizeof buffer)) errno = ENAMETOOLONG;
-  if (length <= 0 || length == static_cast<ssize_t>(sizeof buffer)) {
+  if (length <= 0) {
     to.clear();
     return errno == EINVAL || IsAbsence(errno);
   }
@@ -61,8 +61,10 @@ bool MayBeReplaced(const std::string& path, std::string& reason) {
     reason = kWriteProtected;
   } else if (access(path.c_str(), W_OK) == 0) {
     return true;
+  } else if (errno == EACCES || errno == EROFS) {
+    reason = kWriteProtected;
   } else {
-    reason = errno == EACCES || errno == EROFS ? kWriteProtected : GetSystemReason();
+    reason = GetSystemReason();
   }
   return false;
 }

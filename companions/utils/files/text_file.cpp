@@ -42,10 +42,9 @@ struct MTextFile::State {
     readFailed = true;
   }
 
-  bool GiveUp() {
+  void GiveUp() {
     output.Discard();
     PrintDebugString("File %s could not be written and is left as it was\n", outputPath.c_str());
-    return false;
   }
 
   // The next line that is no comment. No bytes at the end of the file, and from the end character on.
@@ -142,5 +141,7 @@ bool MTextFile::Write(const char* format, ...) {
 bool MTextFile::Close() {
   m_State->EndReading();
   if (!m_State->output.IsOpen()) return true;
-  return m_State->output.Commit() || m_State->GiveUp();
+  if (m_State->output.Commit()) return true;
+  m_State->GiveUp();
+  return false;
 }

@@ -21,6 +21,12 @@ bool Refuse(const char* why, std::string& content, std::string& reason) {
   return false;
 }
 
+bool EndReading(bool hasFailed, bool isBounded, std::string& content, std::string& reason) {
+  if (hasFailed) return Refuse(kUnreadable, content, reason);
+  if (!isBounded) return Refuse(kTooManyBytes, content, reason);
+  return true;
+}
+
 // `read(bytes, count)` answers how many came; fewer at the end. Each time one byte more is asked for than is
 // expected, so that the end shows without another reading.
 template <class Read>
@@ -63,8 +69,7 @@ bool ReadWholeFile(const char* path, std::string& content, std::string& reason) 
   };
   const bool isBounded =
       ReadPieces(length > 0 ? static_cast<std::size_t>(length) : kFirstPiece, content, read);
-  if (std::ferror(file.get()) != 0) return Refuse(kUnreadable, content, reason);
-  return isBounded || Refuse(kTooManyBytes, content, reason);
+  return EndReading(std::ferror(file.get()) != 0, isBounded, content, reason);
 }
 
 bool ReadWholeStream(std::istream& stream, std::string& content, std::string& reason) {
@@ -73,6 +78,5 @@ bool ReadWholeStream(std::istream& stream, std::string& content, std::string& re
     return static_cast<std::size_t>(stream.gcount());
   };
   const bool isBounded = ReadPieces(kFirstPiece, content, read);
-  if (stream.bad()) return Refuse(kUnreadable, content, reason);
-  return isBounded || Refuse(kTooManyBytes, content, reason);
+  return EndReading(stream.bad(), isBounded, content, reason);
 }
