@@ -26,8 +26,8 @@ constexpr double kNear = 3.0;  // days
 // At conjunction: a planet that stands farther from the ecliptic passes the Sun.
 constexpr double kLargestLatitude = 0.5 * kRadiansPerDegree;
 
-// The two discs from one observer, at dates about the conjunctions that a finder hands out: those lie so far inside
-// the range of the series that both are known.
+// The two discs from one observer, at dates about the conjunctions that a finder hands out: those lie so far
+// inside the range of the series that both are known.
 class Discs {
  public:
   Discs(const SSO_ID& planet, const std::optional<EarthPlace>& place) : m_Planet(planet), m_Place(place) {

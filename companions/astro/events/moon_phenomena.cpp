@@ -133,8 +133,8 @@ class Passages {
     events.push_back(event);
   }
 
-  // Of a moon that the planet hides from one of Earth and Sun. Their directions from it are never a right angle
-  // apart (from Mars 47 degrees at most): to the other the moon is behind the planet or beside it, never before it.
+  // Of a moon that the planet hides from one of Earth and Sun. Their directions from it are never a right
+  // angle apart (from Mars 47 degrees at most): to the other the moon is behind the planet or beside it.
   bool IsHiddenFrom(Viewer viewer, double date) { return ClearanceAt(date, viewer) < 0.0; }
 
   SSO_ID m_Planet, m_Moon;

@@ -84,6 +84,10 @@ TEST(EventGrid, AJumpOfAnAngleAndWhatIsNotFiniteAreNoZeros) {
   const double nothing = std::numeric_limits<double>::quiet_NaN();
   FindZeros([=](double date) { return date < 5.0 ? -1.0 : nothing; }, 0.0, 10.0, 1.0,
             [](double, bool) { ADD_FAILURE(); });
+  for (const double sign : {-1.0, 1.0}) {
+    const auto known = [=](double date) { return sign * date < sign * 5.0 ? -1.0 : nothing; };
+    FindZerosAndGrazes(known, 0.0, 10.0, 1.0, [](double, bool) { ADD_FAILURE(); });
+  }
   FindZeros(Wave, 30.0, 1.0, 1.0, [](double, bool) { ADD_FAILURE(); });
   FindZeros(Wave, nothing, 1.0, 1.0, [](double, bool) { ADD_FAILURE(); });
 }
@@ -96,6 +100,9 @@ TEST(EventGrid, ASpanOutsideTheSeriesIsCutAndSaysSo) {
   const EventSpan late(SearchOf(kLastPlanetDate - 1000.0, kLastPlanetDate));
   EXPECT_FALSE(late.isWhole);
   EXPECT_LT(late.to, kLastPlanetDate);
+  const EventSpan early(SearchOf(kFirstPlanetDate, kFirstPlanetDate + 1000.0));
+  EXPECT_FALSE(early.isWhole);
+  EXPECT_FALSE(early.Has(kFirstPlanetDate));
   const EventSpan after(SearchOf(kLastPlanetDate + 1.0, kLastPlanetDate + 10.0));
   EXPECT_FALSE(after.isWhole);
   EXPECT_GE(after.from, after.to);
