@@ -185,8 +185,8 @@ TEST(EarthOrientation, WhatIsNotFiniteStaysNotFinite) {
 // A moment before it is 0 the sidereal time is less than a turn by less than a double can tell.
 TEST(EarthOrientation, SiderealTimeIsLessThanATurnUpToTheMomentOfZero) {
   for (int day = 2447893; day < 2447893 + 365; ++day) {
-    double before = -0.5, after = 0.5;  // the turn lies between
-    if (ApparentSiderealTime(day, before, 57.0) < ApparentSiderealTime(day, after, 57.0)) continue;
+    const double turn = (kTurn - ApparentSiderealTime(day, -0.5, 57.0)) / (kTurn * 1.00273781) - 0.5;
+    double before = turn - 0.01, after = turn + 0.01;
     while (std::nextafter(before, after) < after) {
       const double middle = 0.5 * (before + after);
       (ApparentSiderealTime(day, middle, 57.0) > 3.0 ? before : after) = middle;

@@ -500,3 +500,16 @@ TEST(SolarSystem, ABodyFasterThanLightIsSeenOnItsOrbit) {
   EXPECT_GT(seen.sunDistance, elements.a * (1.0 - elements.e) * 0.999);
   EXPECT_LT(seen.sunDistance, elements.a * (1.0 + elements.e) * 1.001);
 }
+
+TEST(SolarSystem, WhatWasGivenIsNotSeenOutsideItsRangeEither) {
+  CQXSolSys model;
+  ASSERT_TRUE(model.SetAimObject(Moon(), nullptr) && model.SetLocateObject(Moon(), nullptr) &&
+              model.SetAdditionalObject(Moon(), nullptr));
+  ObservedBody seen;
+  EXPECT_TRUE(model.ObserveAimObject(seen) && model.ObserveLocateObject(seen) &&
+              model.ObserveAdditionalObject(Moon(), seen));
+  model.SetMoment(kLastPlanetDate + 1.0, 69.2);
+  EXPECT_FALSE(model.ObserveAimObject(seen));
+  EXPECT_FALSE(model.ObserveLocateObject(seen));
+  EXPECT_FALSE(model.ObserveAdditionalObject(Moon(), seen));
+}

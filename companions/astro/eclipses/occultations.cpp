@@ -44,10 +44,10 @@ class Passage {
     return See(date, moon, target) ? VectorsAngle(moon.fromPlace, target.fromPlace) : kPi;
   }
 
-  // Negative: the target is behind the Moon.
+  // Negative: the target is behind the Moon. What is not seen is at no distance.
   double OutsideEdge(double date) {
     PlaceState moon = {}, target = {};
-    if (!See(date, moon, target)) return kPi;
+    See(date, moon, target);
     const double apart = VectorsAngle(moon.fromPlace, target.fromPlace);
     return target.distance < moon.distance ? kPi : apart - std::asin(kMoonRadius / moon.distance);
   }

@@ -172,8 +172,8 @@ TEST(Occultations, AnEmptySpanHasNone) {
   EXPECT_TRUE(Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")}).empty());
 }
 
-// Satellites are too fast for the search, and some of these fall down within the month: whatever it takes them
-// for, the star among them keeps its two moments.
+// Satellites are too fast for the search, and some of these fall down within the month: whatever it takes
+// them for, the star among them keeps its two moments.
 TEST(Occultations, SatellitesAmongTheTargetsTakeNothingFromTheOthers) {
   std::vector<OrbitalElements> satellites;
   for (int i = 0; i < 300; ++i) {

@@ -50,8 +50,8 @@ TEST(LongPasses, WhatDoesNotSetHasNone) {
     const double day = track.DayOf(search.from);
     if (!(track.Altitude(day - 3.0) > 0.3 && track.Altitude(day + 13.0) > 0.3)) continue;
     ++above;
-    EXPECT_TRUE(FindPasses(search, {kId, &elements}, {},
-                           [&](const SatellitePass&) { ADD_FAILURE() << longitude; }));
+    EXPECT_TRUE(
+        FindPasses(search, {kId, &elements}, {}, [&](const SatellitePass&) { ADD_FAILURE() << longitude; }));
   }
   EXPECT_GE(above, 2);
 }

@@ -439,6 +439,18 @@ TEST(MoonPhenomena, ASpanThatATheoryCoversInPartIsNotWhole) {
   }
 }
 
+// Of moons whose theories reach as far as the planets.
+TEST(MoonPhenomena, AtTheEndsOfTheSeriesWhatIsCutIsNone) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (const int planet : {4, 6, 7}) {
+    const auto first = FindMoonEvents(planet, -infinity, kFirstPlanetDate + 9.0);
+    const auto last = FindMoonEvents(planet, kLastPlanetDate - 9.0, infinity);
+    EXPECT_TRUE(planet == 7 || (first.size() > 3u && last.size() > 3u)) << planet;
+    for (const MoonEvent& event : first) EXPECT_GE(event.begin, kFirstPlanetDate);
+    for (const MoonEvent& event : last) EXPECT_LE(event.end, kLastPlanetDate);
+  }
+}
+
 TEST(MoonPhenomena, OnlyPlanetsWithMoonsAreSearchedWithinTheirSeries) {
   const auto none = [](const astro::SkyEvent&) { ADD_FAILURE(); };
   const astro::SkyMoment from = astro::MakeMoment(2460000, 0.0), to = astro::MakeMoment(2460010, 0.0);
