@@ -181,3 +181,22 @@ TEST(EarthOrientation, WhatIsNotFiniteStaysNotFinite) {
   EXPECT_TRUE(std::isnan(MeanObliquity(nan)));
   EXPECT_FALSE(std::isfinite(ApparentSiderealTime(2451545, nan, 64.0)));
 }
+
+// A moment before it is 0 the sidereal time is less than a turn by less than a double can tell.
+TEST(EarthOrientation, SiderealTimeIsLessThanATurnUpToTheMomentOfZero) {
+  for (int day = 2447893; day < 2447893 + 365; ++day) {
+    const double turn = (kTurn - ApparentSiderealTime(day, -0.5, 57.0)) / (kTurn * 1.00273781) - 0.5;
+    double before = turn - 0.01, after = turn + 0.01;
+    while (std::nextafter(before, after) < after) {
+      const double middle = 0.5 * (before + after);
+      (ApparentSiderealTime(day, middle, 57.0) > 3.0 ? before : after) = middle;
+    }
+    double fraction = before;
+    for (int i = 0; i < 20; ++i) fraction = std::nextafter(fraction, -1.0);
+    for (int i = 0; i < 40; ++i, fraction = std::nextafter(fraction, 1.0)) {
+      const double time = ApparentSiderealTime(day, fraction, 57.0);
+      EXPECT_GE(time, 0.0);
+      EXPECT_LT(time, kTurn);
+    }
+  }
+}

@@ -203,3 +203,11 @@ TEST(Stars, AreSeenInEveryYear) {
   EXPECT_EQ(seen.elongation, 0.0);
   EXPECT_LT(VectorsAngle(seen.astrometric, seen.apparent) / kArcSecond, 20.85);
 }
+
+TEST(Constellations, ACentreThatIsNoDirectionIsNotSeen) {
+  const astro_internal::Moment moment = astro_internal::MomentAt(2451545.0, 64.0, {});
+  ObservedBody seen;
+  seen.distance = 77.0;
+  EXPECT_FALSE(astro_internal::ObserveConstellation(moment, ConstellationRecord(), seen));
+  EXPECT_EQ(seen.distance, 77.0);
+}

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "helpers/known_orbits.h"
 #include "helpers/sky_place.h"
 
 using astro_internal::IntegratedObject;
@@ -14,7 +15,7 @@ using astro_test::kDegree;
 
 namespace {
 
-const SSO_ID kCeresId(FourCC("astr"), 1);
+using astro_test::kCeresId;
 const SSO_ID kHalleyId(FourCC("comt"), 1);
 
 OrbitalElements Elements(double epoch, double a, double e, double i, double om, double w, double meanAnomaly,
@@ -203,4 +204,54 @@ TEST(IntegratedObject, GrazingTheSunIsLivedThrough) {
   model.SetMoment(2458849.5 + 300.0, 69.0);
   ASSERT_TRUE(model.ObserveIntegrated(after));
   EXPECT_NEAR(before.sunDistance, after.sunDistance, 0.002);
+}
+
+TEST(IntegratedObject, SatellitesAndEpochsBeforeTheSeriesAreNotIntegrated) {
+  CQXSolSys model;
+  const OrbitalElements satellite = astro_test::Vanguard();
+  const SSO_ID id(FourCC("scft"), 5);
+  ASSERT_TRUE(model.SetAdditionalObject(id, &satellite));
+  EXPECT_FALSE(model.InitIntegr(id, &satellite));
+  OrbitalElements elements = CeresOf2020();
+  elements.epoch = kFirstPlanetDate - 1.0;
+  EXPECT_FALSE(model.InitIntegr(kCeresId, &elements));
+}
+
+TEST(IntegratedObject, GoesNowhereOutsideTheRangeOfThePlanets) {
+  std::optional<IntegratedObject> ceres = Begin(kCeresId, CeresOf2020());
+  ASSERT_TRUE(ceres.has_value());
+  const OrbitState start = ceres->GetState();
+  for (const double date : {kFirstPlanetDate - 1.0, kLastPlanetDate + 1.0})
+    EXPECT_FALSE(ceres->Advance(date));
+  EXPECT_EQ(Distance(start.position, ceres->GetState().position), 0.0);
+}
+
+// Pluto's place is known from 1600 on. In 1590 the others disturb Ceres as ever: in 200 days by some 1e-5 au.
+TEST(IntegratedObject, BeforePlutoIsKnownTheOtherPlanetsDisturb) {
+  OrbitalElements elements = CeresOf2020();
+  elements.epoch = 2301800.5;
+  double pluto[3], undisturbed[3];
+  ASSERT_FALSE(ComputePlanetState(astro_test::Planet(9), elements.epoch, pluto, nullptr));
+  std::optional<IntegratedObject> ceres = Begin(kCeresId, elements);
+  ASSERT_TRUE(ceres.has_value() && ceres->Advance(elements.epoch + 200.0));
+  ASSERT_TRUE(
+      ComputeTwoBodyState(elements, MakeOrbitPlane(elements), elements.epoch + 200.0, undisturbed, nullptr));
+  EXPECT_GT(Distance(ceres->GetState().position, undisturbed), 1e-7);
+  EXPECT_LT(Distance(ceres->GetState().position, undisturbed), 1e-3);
+}
+
+// In the Sun's centre nothing can be integrated, and beyond all stars nothing is seen.
+TEST(IntegratedObject, ImpossibleDistancesAreNotSeen) {
+  CQXSolSys model;
+  model.SetMoment(2458850.5, 69.0);
+  for (const double a : {1e-200, 1e200}) {
+    OrbitalElements elements = CeresOf2020();
+    elements.a = a;
+    ObservedBody seen;
+    seen.distance = 77.0;
+    ASSERT_TRUE(model.InitIntegr(kCeresId, &elements)) << a;
+    EXPECT_FALSE(model.ObserveIntegrated(seen)) << a;
+    EXPECT_FALSE(a > 1.0 && model.Observe(kCeresId, &elements, seen));
+    EXPECT_EQ(seen.distance, 77.0);
+  }
 }

@@ -276,3 +276,18 @@ TEST(JulianDate, AdjustSaturatesAndClearsWhatIsNotFinite) {
   EXPECT_EQ(day, 7);
   EXPECT_EQ(fraction, 0.0);
 }
+
+// What is no time of day counts on from the day, also where it is a whole one.
+TEST(JulianDate, TimesOutsideTheDayCountOn) {
+  const int day = ToMoment(Date(2024, 1, 1)).day;
+  const struct {
+    int hour, minute;
+    double second, hours;
+  } times[] = {{-1, 0, 0.0, -1.0},  {24, 0, 0.0, 24.0},   {0, -1, 0.0, -1.0 / 60.0},
+               {23, 60, 0.0, 24.0}, {0, 0, -3.6, -0.001}, {23, 59, 60.0, 24.0}};
+  for (const auto& time : times) {
+    const Moment moment = ToMoment(Date(2024, 1, 1, time.hour, time.minute, time.second));
+    EXPECT_EQ(moment.day, day);
+    EXPECT_DOUBLE_EQ(moment.fraction, time.hours / 24.0 - 0.5);
+  }
+}

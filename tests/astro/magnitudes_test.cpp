@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "companions/astro/model/far_moons.h"
 #include "helpers/sky_place.h"
 
 using astro_internal::AsteroidMagnitude;
@@ -179,4 +180,14 @@ TEST(Magnitudes, UnknownStaysUnknown) {
   const Illumination touching = {1.0, 0.0, 0.5, 2451545.0, kAxis, kAxis};
   EXPECT_EQ(CometMagnitude(elements, touching), kUnknown);
   EXPECT_EQ(PlanetMagnitude(Planet(4), touching), kUnknown);
+}
+
+TEST(Magnitudes, OfOtherMoonsAndAtNoDistanceThereIsNone) {
+  const Illumination light = {5.2, 4.2, 0.0, 2451545.0, kAxis, kAxis},
+                     nowhere = {0.0, 0.0, 0.0, 2451545.0, kAxis, kAxis};
+  const double unknown = static_cast<double>(kUnknownStarMagnitude);
+  const SSO_ID io(FourCC("moon"), 501);
+  EXPECT_NEAR(astro_internal::FarMoonMagnitude(io, light), -1.68 + 5.0 * std::log10(5.2 * 4.2), 1e-9);
+  EXPECT_EQ(astro_internal::FarMoonMagnitude(io, nowhere), unknown);
+  EXPECT_EQ(astro_internal::FarMoonMagnitude(SSO_ID(FourCC("moon"), 599), light), unknown);
 }

@@ -187,3 +187,73 @@ TEST(OrbitIntegrator, NoTimeNoChange) {
   EXPECT_TRUE(IntegrateOrbit(state, t, 5.0, {}, TwoBodies, nullptr));
   EXPECT_EQ(Separation(state, AtPericentre(0.1)), 0.0);
 }
+
+namespace {
+
+// Nothing pulls, until `until` days.
+struct Quiet {
+  double until = HUGE_VAL;
+  double pull = 0.0;
+  int asked = 0;
+};
+
+bool Stillness(double t, const double /*position*/[3], double acceleration[3], void* context) {
+  Quiet& quiet = *static_cast<Quiet*>(context);
+  ++quiet.asked;
+  for (int k = 0; k < 3; ++k) acceleration[k] = quiet.pull;
+  return t < quiet.until;
+}
+
+// Each sweep finds another pull at its last point, by half as much as the last time.
+bool Unsettled(double /*t*/, const double /*position*/[3], double acceleration[3], void* context) {
+  const int asked = (*static_cast<int*>(context))++;  // 0 at the beginning of the step
+  const double more = asked > 0 && asked % 7 == 0 ? std::pow(0.5, asked / 7) : 0.0;
+  for (int k = 0; k < 3; ++k) acceleration[k] = 1.0 + more;
+  return true;
+}
+
+}  // namespace
+
+// At rest in the origin nothing tells how long a step should be: it is the whole way.
+TEST(OrbitIntegrator, FromRestAtTheOriginItGoesTheWholeWay) {
+  OrbitState state = {};
+  double t = 0.0;
+  Quiet quiet;
+  quiet.pull = 0.5;
+  EXPECT_TRUE(IntegrateOrbit(state, t, 4.0, {}, Stillness, &quiet));
+  EXPECT_EQ(t, 4.0);
+  EXPECT_NEAR(state.position[1], 0.5 * 0.5 * 16.0, 1e-12);
+  EXPECT_NEAR(state.velocity[2], 2.0, 1e-12);
+}
+
+TEST(OrbitIntegrator, APullThatIsNoNumberStopsIt) {
+  OrbitState state = AtPericentre(0.1);
+  double t = 0.0;
+  Quiet quiet;
+  quiet.pull = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_FALSE(IntegrateOrbit(state, t, 10.0, {}, Stillness, &quiet));
+  EXPECT_EQ(quiet.asked, 1);
+}
+
+// The first step is taken; where the next would begin there is no acceleration any more.
+TEST(OrbitIntegrator, AStopAtTheBeginningOfAStepLeavesTheLastOne) {
+  OrbitState once = AtPericentre(0.1), state = once;
+  double first = 0.0, t = 0.0;
+  Quiet quiet;
+  EXPECT_FALSE(IntegrateOrbit(once, first, 1000.0, {1e-15, 1}, Stillness, &quiet));
+  ASSERT_GT(first, 0.0);
+  quiet.until = first;
+  EXPECT_FALSE(IntegrateOrbit(state, t, 1000.0, {}, Stillness, &quiet));
+  EXPECT_EQ(t, first);
+  EXPECT_EQ(Separation(state, once), 0.0);
+}
+
+// One look at the beginning and twelve sweeps over seven points; and one where the next step begins.
+TEST(OrbitIntegrator, AStepThatDoesNotSettleEndsAfterTwelveSweeps) {
+  OrbitState state = AtPericentre(0.1);
+  double t = 0.0;
+  int asked = 0;
+  IntegrateOrbit(state, t, 1000.0, {1e-15, 1}, Unsettled, &asked);
+  EXPECT_GE(asked, 1 + 12 * 7);
+  EXPECT_LE(asked, 2 + 12 * 7);
+}

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "astro/vectors.h"
+#include "companions/astro/model/planet_path.h"
 #include "helpers/measure.h"
 #include "helpers/tsv.h"
 #include "utils/text.h"
@@ -253,4 +254,16 @@ TEST(Planets, MeanRadii) {
   EXPECT_NEAR(GetBodyRadius(SSO_ID(FourCC("moon"), 501)), 1821.5, 0.1);   // Io
   EXPECT_NEAR(GetBodyRadius(SSO_ID(FourCC("moon"), 606)), 2574.8, 0.01);  // Titan
   EXPECT_EQ(GetBodyRadius(SSO_ID(FourCC("moon"), 302)), 0.0);
+}
+
+TEST(Planets, OtherKindsHaveNoRadius) {
+  EXPECT_EQ(GetBodyRadius(SSO_ID(FourCC("star"), 5)), 0.0);
+  EXPECT_EQ(GetBodyRadius(SSO_ID()), 0.0);
+}
+
+TEST(Planets, AreNumbered1To9) {
+  for (int number = -1; number <= 11; ++number) {
+    EXPECT_EQ(astro_internal::IsPlanet(Planet(number)), number >= 1 && number <= 9) << number;
+  }
+  EXPECT_FALSE(astro_internal::IsPlanet(SSO_ID(FourCC("moon"), 5)));
 }

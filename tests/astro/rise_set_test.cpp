@@ -123,3 +123,58 @@ TEST(RiseSet, StandardAltitudes) {
   EXPECT_NEAR(GetRiseAltitude(0.0) / kRadiansPerDegree * 60.0, -34.0, 1e-9);
   EXPECT_NEAR(GetRiseAltitude(16.0 / 60.0 * kRadiansPerDegree) / kRadiansPerDegree * 60.0, -50.0, 1e-9);
 }
+
+namespace {
+
+// A body that rises at 6, stands in the south at 12 and sets at 18 o'clock, and nobody can place for a while.
+FindHorizonPlace Hidden(const SkyMoment& start, double from, double to) {
+  return [=](const SkyMoment& moment) -> std::optional<HorizonPlace> {
+    const double days = moment.day - start.day + moment.fraction - start.fraction;
+    if (days > from && days < to) return std::nullopt;
+    return HorizonPlace{days * kTurn, std::sin((days - 0.25) * kTurn), 0.0};
+  };
+}
+
+}  // namespace
+
+// The transit is found where the gap begins, within the precision: the finder may know the altitude or not.
+TEST(RiseSet, ACrossingWhoseSurroundingsAreKnownIsFoundInAGapToo) {
+  const SkyMoment start = Midnight(2026, 1, 1);
+  int known = 0, unknown = 0;
+  for (double from = 0.47; from < 0.499; from += 0.0007) {
+    const auto find = Hidden(start, from, 0.51);
+    const RiseTransitSet events = FindRiseTransitSet(find, start, 1.0, 0.11);
+    ASSERT_TRUE(events.rise && events.transit && events.set);
+    EXPECT_NEAR(DayFraction(*events.rise), 0.25, 1e-5);
+    EXPECT_NEAR(DayFraction(*events.transit), from, 1e-5);
+    const bool isKnown = find(*events.transit).has_value();
+    EXPECT_EQ(events.transitAltitude != 0.0, isKnown) << "it stands near 1";
+    ++(isKnown ? known : unknown);
+  }
+  EXPECT_GT(known, 0);
+  EXPECT_GT(unknown, 0);
+}
+
+TEST(RiseSet, WhatComesOutOfAGapHasNotRisen) {
+  const SkyMoment start = Midnight(2026, 1, 1);
+  const RiseTransitSet events = FindRiseTransitSet(Hidden(start, -1.0, 0.4), start, 1.0, 0.11);
+  EXPECT_FALSE(events.rise || events.staysUp || events.staysDown);
+  ASSERT_TRUE(events.transit && events.set);
+  EXPECT_NEAR(DayFraction(*events.set), 0.75, 1e-5);
+}
+
+// The looks of a smooth finder count in hours from its start, which soon are too many for a number.
+TEST(RiseSet, SmoothFinderAsksTheFinderItselfAboutFarDates) {
+  const SkyMoment start = Midnight(2026, 1, 1), far = Later(start, 60000.0);
+  int looks = 0;
+  const auto smooth = MakeSmoothFinder(
+      [&looks](const SkyMoment& moment) {
+        ++looks;
+        return HorizonPlace{1.0, moment.fraction, 0.0};
+      },
+      start);
+  const auto place = smooth(far);
+  ASSERT_TRUE(place);
+  EXPECT_EQ(place->altitude, far.fraction);
+  EXPECT_EQ(looks, 1);
+}

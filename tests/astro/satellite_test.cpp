@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "astro/vectors.h"
+#include "companions/astro/satellites/sgp4.h"
 #include "helpers/measure.h"
 #include "helpers/tsv.h"
 #include "helpers/two_lines.h"
@@ -236,4 +237,54 @@ TEST(Satellite, TemeToJ2000OfThePublishedExample) {
   for (int k = 0; k < 3; ++k) difference.Note(j2000[k] - expected[k], 5);
   difference.Expect(0.005);
   EXPECT_NEAR(Vmod(j2000, 3), Vmod(teme, 3), 1e-9);
+}
+
+// In the plane of the equator, westwards: two terms of the model have their poles there.
+TEST(Satellite, BackwardsInTheEquatorTheModelHasNumbers) {
+  for (const int number : {5, 8195}) {
+    const SatelliteModel model(Changed(number, &OrbitalElements::i, astro_test::kTurn / 2.0));
+    ASSERT_EQ(model.GetFault(), SatelliteFault::kNone) << number;
+    for (const double minutes : {0.0, 100.0, 1440.0}) {
+      const State state = At(model, minutes);
+      ASSERT_EQ(state.fault, SatelliteFault::kNone);
+      EXPECT_TRUE(std::isfinite(Vmod(state.position, 3)));
+      EXPECT_NEAR(state.position[2] / Vmod(state.position, 3), 0.0, 0.01);
+      double normal[3];
+      Vprod(state.position, state.velocity, normal);
+      EXPECT_LT(normal[2], 0.0) << "it goes westwards";
+    }
+  }
+}
+
+// An orbit that is nearly a line: after ten of Newton's steps the place counts that they have come to.
+TEST(Satellite, NearlyStraightOrbitsGiveNumbersToo) {
+  constexpr double kAxis = 1e5;  // radii of the Earth: also its parameter is larger than that
+  int found = 0;
+  for (int i = 0; i < 20000; ++i) {
+    const astro_internal::MeanOrbit orbit = {0.99999, 0.0, 0.0, 0.5, astro_test::kTurn * i / 20000.0, 0.004};
+    double position[3], velocity[3];
+    const SatelliteFault fault = astro_internal::ComputePlace(orbit, kAxis, position, velocity);
+    if (fault != SatelliteFault::kNone) continue;
+    ++found;
+    EXPECT_TRUE(std::isfinite(Vmod(position, 3)) && std::isfinite(Vmod(velocity, 3)));
+    EXPECT_LT(Vmod(position, 3), 2.01 * kAxis * 6378.135);
+  }
+  EXPECT_GT(found, 10000);
+}
+
+// Sun and Moon stretch an orbit out that is nearly a line already, until it is none.
+TEST(Satellite, AnOrbitThatIsPulledOpenIsAFault) {
+  OrbitalElements elements = Sets().at(8195);
+  elements.n = astro_test::kTurn / (5.0 * 1440.0);
+  elements.e = 0.99999;
+  elements.dragTerm = 0.0;
+  int pulledOpen = 0;
+  for (int node = 0; node < 12; ++node) {
+    elements.om = astro_test::kTurn * node / 12.0;
+    const SatelliteModel model(elements);
+    for (double minutes = 0.0; minutes < 30.0 * 1440.0; minutes += 360.0) {
+      pulledOpen += At(model, minutes).fault == SatelliteFault::kPerturbedEccentricity;
+    }
+  }
+  EXPECT_GT(pulledOpen, 0);
 }

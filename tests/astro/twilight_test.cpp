@@ -83,3 +83,12 @@ TEST(Twilight, OutsideTheRangeOfTheSunIsAFailure) {
   EXPECT_EQ(twilight.course, SunCourse::kUnknown);
   EXPECT_FALSE(twilight.dawn || twilight.dusk);
 }
+
+TEST(Twilight, OfSeveralDaysTheFirstCounts) {
+  const SkyMoment start = Midnight(2026, 3, 20);
+  const Twilight day = FindTwilight(kGreenwich, start, 1.0, kCivilTwilight);
+  const Twilight days = FindTwilight(kGreenwich, start, 3.0, kCivilTwilight);
+  ASSERT_TRUE(day.dawn && day.dusk && days.dawn && days.dusk);
+  EXPECT_EQ(days.dawn->julianDateTT, day.dawn->julianDateTT);
+  EXPECT_EQ(days.dusk->julianDateTT, day.dusk->julianDateTT);
+}

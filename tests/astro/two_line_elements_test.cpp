@@ -227,3 +227,22 @@ TEST(TwoLineElements, FirstThingThatIsWrongIsNamed) {
   EXPECT_EQ(ErrorOf(Changed(Changed(kLine1, 21, "abc"), 54, "xxxxxxxx"), Changed(kLine2, 9, "x")),
             "line 1, columns 21 to 32: is no number");
 }
+
+TEST(TwoLineElements, SignsAreSignsAndYearsAreWhole) {
+  EXPECT_EQ(ErrorOf(Changed(kLine1, 54, "x11606-4"), kLine2),
+            "line 1, columns 54 to 61: is no number with a power of ten");
+  EXPECT_EQ(ErrorOf(Changed(kLine1, 54,
+                            std::string("\0"
+                                        "11606-4",
+                                        8)),
+                    kLine2),
+            "line 1, columns 54 to 61: is no number with a power of ten");
+  EXPECT_EQ(ErrorOf(Changed(kLine1, 54,
+                            std::string(" 11606\0"
+                                        "4",
+                                        8)),
+                    kLine2),
+            "line 1, columns 54 to 61: is no number with a power of ten");
+  EXPECT_TRUE(Parse(Changed(kLine1, 54, "+11606+0"), kLine2).isGood);
+  EXPECT_EQ(ErrorOf(Changed(kLine1, 19, ".5"), kLine2), "line 1, columns 19 to 20: is no year");
+}

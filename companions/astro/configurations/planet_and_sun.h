@@ -20,6 +20,11 @@ inline bool IsOtherPlanet(const SSO_ID& id) {
          id.number != astro::kEarthNumber;
 }
 
+// Mercury and Venus, which come between the Earth and the Sun.
+inline bool IsInnerPlanet(const SSO_ID& id) {
+  return id.kind == astro::kPlanetKind && (id.number == 1 || id.number == 2);
+}
+
 // Days between two looks. Mercury goes back for 20 days and comes round the Sun in 100; the loops of the
 // outer planets take 60 days (Mars) and more.
 inline double StepFor(const SSO_ID& planet) { return planet.number == 1 ? 2.0 : 4.0; }

@@ -11,6 +11,7 @@
 #include "astro/vectors.h"
 #include "companions/astro/configurations/date_search.h"
 #include "companions/astro/configurations/date_span.h"
+#include "companions/astro/configurations/planet_and_sun.h"
 
 namespace astro {
 
@@ -25,11 +26,8 @@ constexpr double kNear = 3.0;  // days
 // At conjunction: a planet that stands farther from the ecliptic passes the Sun.
 constexpr double kLargestLatitude = 0.5 * kRadiansPerDegree;
 
-bool MayTransit(const SSO_ID& planet) {
-  return planet.kind == kPlanetKind && (planet.number == 1 || planet.number == 2);
-}
-
-// The two discs from one observer.
+// The two discs from one observer, at dates about the conjunctions that a finder hands out: those lie so far
+// inside the range of the series that both are known.
 class Discs {
  public:
   Discs(const SSO_ID& planet, const std::optional<EarthPlace>& place) : m_Planet(planet), m_Place(place) {
@@ -40,26 +38,31 @@ class Discs {
     }
   }
 
-  bool Look(double date) {
+  void Look(double date) {
     const SkyMoment moment = astro::MakeMomentTT(date);
     m_Model.SetMoment(date, moment.deltaT);
-    return m_Model.Observe(m_Planet, nullptr, m_Seen) && m_Model.Observe(kSun, nullptr, m_Sun);
+    m_Model.Observe(m_Planet, nullptr, m_Seen);
+    m_Model.Observe(kSun, nullptr, m_Sun);
   }
 
   double SunRadius() const { return std::asin(std::sin(kSunRadiusAtOneAu) / m_Sun.distance); }
   double PlanetRadius() const { return m_Seen.angularRadius; }
   double Separation() const { return VectorsAngle(m_Seen.apparent, m_Sun.apparent); }
 
-  double SeparationAt(double date) { return Look(date) ? Separation() : kPi; }
+  double SeparationAt(double date) {
+    Look(date);
+    return Separation();
+  }
   // Of the limbs; `side`: +1 from outside, -1 from inside.
   double GapAt(double date, double side) {
-    return Look(date) ? Separation() - SunRadius() - side * PlanetRadius() : kPi;
+    Look(date);
+    return Separation() - SunRadius() - side * PlanetRadius();
   }
 
   TransitContact ContactAt(double date) {
     TransitContact contact;
     contact.moment = astro::MakeMomentTT(date);
-    if (!Look(date)) return contact;
+    Look(date);
     contact.positionAngle = PositionAngle(date);
     if (m_Place) contact.sunAltitude = SunPlace(contact.moment).altitude;
     return contact;
@@ -73,7 +76,7 @@ class Discs {
   }
 
   bool IsSunUp(double date) {
-    if (!Look(date)) return false;
+    Look(date);
     const HorizonPlace stands = SunPlace(astro::MakeMomentTT(date));
     return stands.altitude > stands.eventAltitude;
   }
@@ -154,7 +157,7 @@ std::optional<PlanetTransit> FindPlanetTransit(const SSO_ID& planet, const SkyMo
                                                const std::optional<EarthPlace>& place) {
   std::optional<PlanetTransit> transit;
   const double date = moment.julianDateTT;
-  if (!MayTransit(planet) || !(std::fabs(date - kJ2000) < 1e8)) return transit;
+  if (!IsInnerPlanet(planet) || !(std::fabs(date - kJ2000) < 1e8)) return transit;
   SearchConjunctions(Around(date - kNear, date + kNear), planet,
                      [&](double conjunction) { transit = FindAbout(planet, conjunction, place); });
   return transit;
@@ -162,9 +165,8 @@ std::optional<PlanetTransit> FindPlanetTransit(const SSO_ID& planet, const SkyMo
 
 // The closest moment may lie on the other side of an end of the span than the conjunction.
 bool FindPlanetTransits(const EventSearch& search, const SSO_ID& planet, const EventSink& sink) {
-  if (!MayTransit(planet)) return false;
+  if (!IsInnerPlanet(planet)) return false;
   const DateSpan span = SpanOf(search, planet);
-  if (!(span.from < span.to)) return span.isWhole;
   SearchConjunctions(Around(span.from - kReach, span.to + kReach), planet, [&](double conjunction) {
     const auto transit = FindAbout(planet, conjunction, std::nullopt);
     if (!transit) return;

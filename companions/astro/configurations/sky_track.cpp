@@ -63,7 +63,7 @@ bool SkyTrack::FillPlanet(int number) {
   StateTrack& track = *m_Tracks[number - 1];
   StraightPath& path = sight.path;
   double sightLine[3];
-  for (int step = 0; step < 2; ++step) {
+  for (int step = 0;; ++step) {
     if (!track.GetState(m_Moment.dateTT - path.lightTime, path.position, path.velocity)) return false;
     if (step == 1) break;
     for (int i = 0; i < 3; ++i) sightLine[i] = path.position[i] - m_Moment.earth[i];
@@ -84,7 +84,7 @@ bool SkyTrack::ObserveMoon(ObservedBody& seen) {
     path.position[i] += m_Moment.earth[i] - kMoonLightTime * m_Moment.earthVelocity[i];
   }
   Sight sight;
-  if (!ObserveMoving(m_Moment, false, path, sight, seen)) return false;
+  ObserveMoving(m_Moment, false, path, sight, seen);
   seen.angularRadius = std::asin(GetBodyRadius(astro::kMoon) / astro::kKilometresPerAu / seen.distance);
   return true;
 }

@@ -30,10 +30,6 @@ double LitExtentRate(PlanetAndSun& pair, double date) {
   return LitExtent(pair, date + kHalfInterval) - LitExtent(pair, date - kHalfInterval);
 }
 
-bool IsInner(const SSO_ID& planet) {
-  return planet.kind == kPlanetKind && (planet.number == 1 || planet.number == 2);
-}
-
 }  // namespace
 
 bool FindSunConfigurations(const EventSearch& search, const SSO_ID& planet, const EventSink& sink) {
@@ -50,7 +46,7 @@ bool FindSunConfigurations(const EventSearch& search, const SSO_ID& planet, cons
       event.more = distance;
       sink(event);
     });
-    if (IsInner(planet)) return;
+    if (IsInnerPlanet(planet)) return;
     const auto opposite = [&pair](double date) { return std::remainder(Longitude(pair, date) - kPi, kTurn); };
     FindDates(from, to, step, opposite, [&](double date, bool) {
       SkyEvent event = MakePlanetEvent(EventKind::kOpposition, date, planet);
@@ -64,7 +60,7 @@ bool FindSunConfigurations(const EventSearch& search, const SSO_ID& planet, cons
 }
 
 bool FindGreatestElongations(const EventSearch& search, const SSO_ID& planet, const EventSink& sink) {
-  if (!IsInner(planet)) return false;
+  if (!IsInnerPlanet(planet)) return false;
   return SearchPlanet(search, planet, [&](PlanetAndSun& pair, double from, double to) {
     const auto rate = [&pair](double date) { return pair.SeparationRateOf(kThePlanet, kTheSun, date); };
     FindDates(from, to, StepFor(planet), rate, [&](double date, bool rises) {

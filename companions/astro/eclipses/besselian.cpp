@@ -27,11 +27,12 @@ ShadowTrack::ShadowTrack() : m_Sun(astro::kSun, nullptr), m_Moon(astro::kMoon, n
 
 BesselianElements ShadowTrack::Get(double date) {
   BesselianElements elements = {};
-  BodyState sun, moon;
-  if (!m_Sun.Get(date, sun) || !m_Moon.Get(date, moon)) {
+  BodyState sun = {}, moon = {};
+  if (!m_Sun.Get(date, sun)) {
     elements.x = elements.y = elements.penumbra = elements.umbra = std::numeric_limits<double>::quiet_NaN();
     return elements;
   }
+  m_Moon.Get(date, moon);  // known where the Sun is: its track takes looks that lie nearer to the date
   double fromMoon[3], toMoon[3];
   for (int i = 0; i < 3; ++i) {
     elements.sun[i] = sun.apparent[i] * kRadiiPerAu;

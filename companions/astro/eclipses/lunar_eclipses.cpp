@@ -3,7 +3,8 @@
 #include "astro/lunar_eclipses.h"
 
 #include <cmath>
-#include <limits>
+#include <functional>
+#include <optional>
 
 #include "astro/vectors.h"
 #include "companions/astro/events/body_track.h"
@@ -26,10 +27,12 @@ class EarthShadowTrack {
  public:
   EarthShadowTrack() : m_Sun(kSun, nullptr), m_Moon(kMoon, nullptr) {}
 
+  // About a full moon that was found, both are known.
   LunarEclipseState Get(double date) {
-    astro_internal::BodyState sun, moon;
-    if (m_Sun.Get(date, sun) && m_Moon.Get(date, moon)) return FindLunarEclipse(sun.apparent, moon.apparent);
-    return {};
+    astro_internal::BodyState sun = {}, moon = {};
+    m_Sun.Get(date, sun);
+    m_Moon.Get(date, moon);
+    return FindLunarEclipse(sun.apparent, moon.apparent);
   }
 
  private:
@@ -88,8 +91,7 @@ SkyEvent EventOf(const GlobalLunarEclipse& eclipse) {
 }
 
 // Calls found(eclipse) for the full moons between two dates (TT) that are eclipsed.
-template <class Found>
-void ForEachEclipse(double from, double to, Found found) {
+void ForEachEclipse(double from, double to, const std::function<void(const GlobalLunarEclipse&)>& found) {
   astro_internal::EclipticPlaces places;
   astro_internal::FindSyzygies(places, kPi, from, to, [&](double fullMoon) {
     if (std::fabs(places.Get(kMoon, fullMoon).latitude) > kLargestLatitude) return;

@@ -40,22 +40,23 @@ class Passage {
       : m_Moon(kMoon, nullptr, place), m_Sun(kSun, nullptr, place), m_Target(target.id, target.data, place) {}
 
   double Separation(double date) {
-    PlaceState moon, target;
+    PlaceState moon = {}, target = {};
     return See(date, moon, target) ? VectorsAngle(moon.fromPlace, target.fromPlace) : kPi;
   }
 
-  // Negative: the target is behind the Moon.
+  // Negative: the target is behind the Moon. What is not seen is at no distance.
   double OutsideEdge(double date) {
-    PlaceState moon, target;
-    if (!See(date, moon, target)) return kPi;
+    PlaceState moon = {}, target = {};
+    See(date, moon, target);
     const double apart = VectorsAngle(moon.fromPlace, target.fromPlace);
     return target.distance < moon.distance ? kPi : apart - std::asin(kMoonRadius / moon.distance);
   }
 
   // False while the target is down.
   bool Describe(double date, SkyEvent& event) {
-    PlaceState moon, target, sun;
-    if (!See(date, moon, target) || !m_Sun.Get(date, sun)) return false;
+    PlaceState moon = {}, target = {}, sun = {};
+    if (!See(date, moon, target)) return false;
+    m_Sun.Get(date, sun);  // known at all dates of a span
     if (target.altitude < GetRiseAltitude(0.0)) return false;
     event.moment = MakeMomentTT(date);
     event.value = AngleAt(moon.fromPlace, target.fromPlace);
@@ -68,7 +69,8 @@ class Passage {
 
  private:
   bool See(double date, PlaceState& moon, PlaceState& target) {
-    return m_Moon.Get(date, moon) && m_Target.Get(date, target);
+    m_Moon.Get(date, moon);  // known at all dates of a span
+    return m_Target.Get(date, target);
   }
 
   // The position angle of a direction, seen from another one.
@@ -120,7 +122,7 @@ bool FindOccultations(const EventSearch& search, const std::vector<OccultationTa
     for (std::size_t i = 0; i < targets.size(); ++i) {
       const EclipticPlace target = places.Get(targets[i].id, targets[i].data);
       ahead[i] = {astro_internal::Wrap(moon.longitude - target.longitude), moon.latitude - target.latitude};
-      isKnown = isKnown && std::isfinite(ahead[i].longitude);
+      isKnown &= std::isfinite(ahead[i].longitude);
     }
   };
   if (!(span.from < span.to)) return isKnown;

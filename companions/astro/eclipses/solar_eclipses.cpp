@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 #include "astro/coordinates.h"
 #include "astro/vectors.h"
@@ -123,8 +124,7 @@ SkyEvent EventOf(const LocalSolarEclipse& eclipse) {
 }
 
 // Calls found(eclipse) for the new moons between two dates (TT) that eclipse the Sun.
-template <class Found>
-void ForEachEclipse(double from, double to, Found found) {
+void ForEachEclipse(double from, double to, const std::function<void(const GlobalSolarEclipse&)>& found) {
   astro_internal::EclipticPlaces places;
   astro_internal::FindSyzygies(places, 0.0, from, to, [&](double newMoon) {
     if (std::fabs(places.Get(kMoon, newMoon).latitude) > kLargestLatitude) return;

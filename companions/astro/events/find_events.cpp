@@ -47,7 +47,7 @@ bool FindClosest(const EventSearch& search, const EventChoice& choice, const Eve
 template <bool (*Find)(const EventSearch&, const SSO_ID&, const EventSink&), int... Numbers>
 bool OfPlanets(const EventSearch& search, const EventChoice&, const EventSink& sink) {
   bool isWhole = true;
-  for (const int number : {Numbers...}) isWhole = Find(search, PlanetOf(number), sink) && isWhole;
+  for (const int number : {Numbers...}) isWhole &= Find(search, PlanetOf(number), sink);
   return isWhole;
 }
 
@@ -75,8 +75,8 @@ bool FindAllRisings(const EventSearch& search, const EventChoice&, const EventSi
     return FindRisings(search, body, nullptr, part, sink);
   };
   bool isWhole = find(kSun, RisingPart::kUpperLimb);
-  isWhole = find(kMoon, RisingPart::kUpperLimb) && isWhole;
-  for (const int number : kPlanetNumbers) isWhole = find(PlanetOf(number), RisingPart::kCentre) && isWhole;
+  isWhole &= find(kMoon, RisingPart::kUpperLimb);
+  for (const int number : kPlanetNumbers) isWhole &= find(PlanetOf(number), RisingPart::kCentre);
   return isWhole;
 }
 
@@ -95,7 +95,7 @@ struct Finder {
 // All that there are: a new finder is a line here.
 std::span<const Finder> GetFinders() {
   using enum EventKind;
-  static const Finder kFinders[] = {
+  static constexpr Finder kFinders[] = {
       {MakeEventKinds({kRise, kTransit, kSet}), FindAllRisings},
       {MakeEventKinds({kAstronomicalDawn, kNauticalDawn, kCivilDawn, kCivilDusk, kNauticalDusk,
                        kAstronomicalDusk, kGoldenHourBegins, kGoldenHourEnds}),
@@ -137,7 +137,7 @@ bool FindPiece(const EventSearch& search, const EventChoice& choice, std::vector
     if (choice.kinds.test(static_cast<std::size_t>(event.kind))) events.push_back(event);
   };
   for (const Finder& finder : GetFinders()) {
-    if ((finder.kinds & choice.kinds).any()) isWhole = finder.find(search, choice, collect) && isWhole;
+    if ((finder.kinds & choice.kinds).any()) isWhole &= finder.find(search, choice, collect);
   }
   std::sort(events.begin(), events.end(),
             [](const SkyEvent& a, const SkyEvent& b) { return OrderOf(a) < OrderOf(b); });
@@ -159,7 +159,7 @@ bool FindEvents(const EventSearch& search, const EventChoice& choice, const Even
     const double to = std::min(from + kPiece, span.to);
     std::vector<SkyEvent> events;
     const EventSearch piece = {astro::MakeMomentTT(from), astro::MakeMomentTT(to), search.place};
-    isWhole = FindPiece(piece, choice, events) && isWhole;
+    isWhole &= FindPiece(piece, choice, events);
     for (const SkyEvent& event : events) sink(event);
   }
   return isWhole;

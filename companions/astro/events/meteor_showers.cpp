@@ -30,10 +30,10 @@ constexpr double kStandardLimit = 6.5;
 constexpr double kWatchedAltitude = 60.0 * kRadiansPerDegree, kWatchedAway = 90.0 * kRadiansPerDegree;
 
 double SunLongitude(SeenBodies& sun, double date) {
-  static const double kTilt = MeanObliquity(kJ2000);
+  const double tilt = MeanObliquity(kJ2000);
   const ObservedBody seen = sun.See(0, date);
   const double* v = seen.apparent;
-  return std::atan2(v[1] * std::cos(kTilt) + v[2] * std::sin(kTilt), v[0]);
+  return std::atan2(v[1] * std::cos(tilt) + v[2] * std::sin(tilt), v[0]);
 }
 
 double LimitUnder(double sunAltitude, double moonAltitude, double moonPhaseAngle) {
@@ -62,7 +62,8 @@ class ShowerSky {
     if (night.radiantAltitude <= 0.0) return night;
     ObservedBody sun, moon;
     SetUpModel(night.best, m_Place, m_Model);
-    if (!m_Model.Observe(kSun, nullptr, sun) || !m_Model.Observe(kMoon, nullptr, moon)) return night;
+    if (!m_Model.Observe(kSun, nullptr, sun)) return night;
+    m_Model.Observe(kMoon, nullptr, moon);  // known where the Sun is
     const double sunAltitude = MakeHorizonPlace(axes, sun.apparent, 0.0).altitude;
     night.moonAltitude = MakeHorizonPlace(axes, moon.apparent, 0.0).altitude;
     night.moonlit = 0.5 * (1.0 + std::cos(moon.phaseAngle));

@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <limits>
-
 #include "astro/moon_events.h"
 #include "astro/planets.h"
 #include "astro/vectors.h"
@@ -15,8 +13,8 @@ constexpr double kStep = 4.0;  // days; from perigee to apogee are 12 at least
 
 // Above 0 while the Moon moves away.
 double MovesAway(double date) {
-  double position[3], velocity[3];
-  if (!ComputeMoonState(date, position, velocity)) return std::numeric_limits<double>::quiet_NaN();
+  double position[3] = {}, velocity[3] = {};
+  ComputeMoonState(date, position, velocity);
   return Dot(position, velocity);
 }
 
@@ -25,8 +23,8 @@ double MovesAway(double date) {
 bool FindMoonApsides(const EventSearch& search, const EventSink& sink) {
   const astro_internal::EventSpan span(search);
   astro_internal::FindZeros(MovesAway, span.from, span.to, kStep, [&](double date, bool movesAway) {
-    double position[3];
-    if (!ComputeMoonState(date, position, nullptr)) return;
+    double position[3] = {};
+    ComputeMoonState(date, position, nullptr);
     SkyEvent event;
     event.kind = movesAway ? EventKind::kPerigee : EventKind::kApogee;
     event.moment = MakeMomentTT(date);

@@ -25,11 +25,11 @@ double DaysAlong(const double v[3], const double line[3]) {
 
 bool MakeSpheroid(const SSO_ID& planet, double date, double more, Spheroid& spheroid) {
   const auto rotation = astro::ComputeRotation(planet, date);
-  const auto shape = astro::GetBodyShape(planet);
-  if (!rotation || !shape) return false;
+  const astro::BodyShape shape = astro::GetBodyShape(planet).value_or(astro::BodyShape());
+  if (!rotation) return false;
   std::copy_n(rotation->toBody + 6, 3, spheroid.pole);
-  spheroid.equatorial = shape->a / astro::kKilometresPerAu + more;
-  spheroid.polar = shape->c / astro::kKilometresPerAu + more;
+  spheroid.equatorial = shape.a / astro::kKilometresPerAu + more;
+  spheroid.polar = shape.c / astro::kKilometresPerAu + more;
   return true;
 }
 

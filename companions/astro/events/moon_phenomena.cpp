@@ -92,12 +92,15 @@ class Passages {
   }
 
   bool GetLine(double date, Viewer viewer, MoonLine& line, Spheroid& planet) {
-    return m_Lines.GetLine(date, viewer, line) && MakeSpheroid(m_Planet, date, m_Margin, planet);
+    MakeSpheroid(m_Planet, date, m_Margin, planet);  // is known of every planet that has moons
+    return m_Lines.GetLine(date, viewer, line);
   }
 
+  // At a date at which the line is known.
   bool IsOnTheFarSide(double date, Viewer viewer) {
-    MoonLine line;
-    return m_Lines.GetLine(date, viewer, line) && IsBehind(line);
+    MoonLine line = {};
+    m_Lines.GetLine(date, viewer, line);
+    return IsBehind(line);
   }
 
   void AddPassage(Viewer viewer, double middle, double reach, double from, double to,
@@ -130,9 +133,9 @@ class Passages {
     events.push_back(event);
   }
 
-  bool IsHiddenFrom(Viewer viewer, double date) {
-    return ClearanceAt(date, viewer) < 0.0 && IsOnTheFarSide(date, viewer);
-  }
+  // Of a moon that the planet hides from one of Earth and Sun. Their directions from it are never a right
+  // angle apart (from Mars 47 degrees at most): to the other the moon is behind the planet or beside it.
+  bool IsHiddenFrom(Viewer viewer, double date) { return ClearanceAt(date, viewer) < 0.0; }
 
   SSO_ID m_Planet, m_Moon;
   double m_Margin;  // au

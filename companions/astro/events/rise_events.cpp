@@ -41,8 +41,8 @@ bool FindRisings(const EventSearch& search, const SSO_ID& body, const void* data
   };
   const auto hourAngle = [&](double date) { return look(date, astro_internal::HourAngleOf); };
   const auto report = [&](double date, EventKind kind) {
-    PlaceState state;
-    if (!track.Get(date, state)) return;
+    PlaceState state = {};
+    track.Get(date, state);
     SkyEvent event;
     event.kind = kind;
     event.moment = MakeMomentTT(date);

@@ -42,9 +42,7 @@ SatellitePlace FindSatellitePlace(const SatelliteModel& satellite, double epoch,
   HorizonAxes(moment, place, axes);
   MV3prod(axes, position, found.direction);
   const double length = Vmod(found.direction, 3);
-  if (length > 0.0) {
-    for (double& component : found.direction) component /= length;
-  }
+  for (double& component : found.direction) component /= length;
   found.known = true;
   return found;
 }

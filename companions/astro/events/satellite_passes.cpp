@@ -155,7 +155,7 @@ bool FindSatellitePasses(const EventSearch& search, std::span<const SatelliteTar
       event.detail = pass.best ? 1 : 0;
       sink(event);
     });
-    isWhole = isWhole && found;
+    isWhole &= found;
   }
   return isWhole;
 }

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "astro/sun_events.h"
 
-#include <limits>
-
 #include "companions/astro/events/body_track.h"
 #include "companions/astro/events/event_grid.h"
 
@@ -31,14 +29,14 @@ bool FindSunEvents(const EventSearch& search, const EventSink& sink) {
   astro_internal::PlaceTrack track(kSun, nullptr, *search.place);
   for (const Level& level : kLevels) {
     const auto height = [&](double date) {
-      astro_internal::PlaceState state;
-      return track.Get(date, state) ? state.altitude - level.altitude
-                                    : std::numeric_limits<double>::quiet_NaN();
+      astro_internal::PlaceState state = {};
+      track.Get(date, state);
+      return state.altitude - level.altitude;
     };
     astro_internal::FindZerosAndGrazes(height, span.from, span.to, astro_internal::kHalfTurnStep,
                                        [&](double date, bool rises) {
-                                         astro_internal::PlaceState state;
-                                         if (!track.Get(date, state)) return;
+                                         astro_internal::PlaceState state = {};
+                                         track.Get(date, state);
                                          SkyEvent event;
                                          event.kind = rises ? level.rising : level.sinking;
                                          event.moment = MakeMomentTT(date);

@@ -42,12 +42,13 @@ struct Disturbers {
   }
 };
 
-// The Earth is computed once for itself and the Moon. False outside the range of the planets.
-bool Fill(double date, Disturbers& disturbers) {
-  double earth[3], moon[3];
+// The Earth is computed once for itself and the Moon. The date lies within the range of the planets, as the
+// ends of the integration do.
+void Fill(double date, Disturbers& disturbers) {
+  double earth[3] = {}, moon[3] = {};
   disturbers.count = 0;
-  if (!ComputePlanetState(astro::kEarth, date, earth, nullptr)) return false;
-  if (!ComputeMoonState(date, moon, nullptr)) return false;
+  ComputePlanetState(astro::kEarth, date, earth, nullptr);
+  ComputeMoonState(date, moon, nullptr);
   for (int i = 0; i < 3; ++i) moon[i] += earth[i];
   disturbers.Add(earth, SystemGravity(astro::kEarthNumber));
   disturbers.Add(moon, BodyGravity(astro::kMoon));
@@ -57,7 +58,6 @@ bool Fill(double date, Disturbers& disturbers) {
     if (!ComputePlanetState(SSO_ID(astro::kPlanetKind, number), date, planet, nullptr)) continue;
     disturbers.Add(planet, SystemGravity(number));
   }
-  return true;
 }
 
 // The integrator asks for the same few times again in every sweep over a step, and the planets are nearly all
@@ -66,17 +66,15 @@ class Surroundings {
  public:
   explicit Surroundings(double epoch) : m_Epoch(epoch) {}
 
-  // Null outside the range of the planets.
-  const Disturbers* At(double t) {
+  const Disturbers& At(double t) {
     for (const Disturbers& kept : m_Kept) {
-      if (kept.t == t) return &kept;
+      if (kept.t == t) return kept;
     }
     Disturbers& oldest = m_Kept[m_Next];
     m_Next = (m_Next + 1) % kKept;
-    oldest.t = std::numeric_limits<double>::quiet_NaN();
-    if (!Fill(m_Epoch + t, oldest)) return nullptr;
+    Fill(m_Epoch + t, oldest);
     oldest.t = t;
-    return &oldest;
+    return oldest;
   }
 
  private:
@@ -93,11 +91,10 @@ void Attract(double gravity, const double position[3], double acceleration[3]) {
 
 // `context`: the Surroundings.
 bool Acceleration(double t, const double position[3], double acceleration[3], void* context) {
-  const Disturbers* disturbers = static_cast<Surroundings*>(context)->At(t);
-  if (disturbers == nullptr) return false;
+  const Disturbers& disturbers = static_cast<Surroundings*>(context)->At(t);
   Attract(SystemGravity(astro::kSunNumber), position, acceleration);
-  for (int k = 0; k < disturbers->count; ++k) {
-    Disturb(disturbers->gravity[k], disturbers->place[k], position, acceleration);
+  for (int k = 0; k < disturbers.count; ++k) {
+    Disturb(disturbers.gravity[k], disturbers.place[k], position, acceleration);
   }
   return true;
 }
@@ -114,10 +111,8 @@ std::optional<IntegratedObject> IntegratedObject::Begin(const ModelObject& objec
   if (!(SSO_ID(elements.centralKind, elements.centralNumber) == astro::kSun)) return std::nullopt;
   if (!(elements.epoch >= kFirstPlanetDate && elements.epoch <= kLastPlanetDate)) return std::nullopt;
   IntegratedObject begun(object.id, elements);
-  if (!ComputeTwoBodyState(elements, orbit->plane, elements.epoch, begun.m_State.position,
-                           begun.m_State.velocity)) {
-    return std::nullopt;
-  }
+  // There is one: the object was made ready.
+  ComputeTwoBodyState(elements, orbit->plane, elements.epoch, begun.m_State.position, begun.m_State.velocity);
   return begun;
 }
 

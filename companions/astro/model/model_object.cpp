@@ -75,7 +75,6 @@ bool KeepOrbit(const void* data, ModelObject& object) {
   const OrbitPlane plane = MakeOrbitPlane(elements);
   double position[3], velocity[3];
   if (!ComputeTwoBodyState(elements, plane, elements.epoch, position, velocity)) return false;
-  if (!AreFinite(position[0], position[1], position[2], velocity[0], velocity[1], velocity[2])) return false;
   ReadyOrbit& orbit = object.record.emplace<ReadyOrbit>();
   orbit.elements = elements;
   orbit.plane = plane;
@@ -120,12 +119,12 @@ double AngularRadiusOf(const MovingObject& view, double distance) {
 
 // All but magnitude and size.
 bool SeeMovingObject(const MovingObject& view, const Moment& moment, Sight& sight, ObservedBody& result) {
-  StraightPath path;
-  if (IsPlanet(view.id)) {
-    return MakePlanetPath(moment, view.id, path) && ObserveMoving(moment, false, path, sight, result);
-  }
-  if (IsFarMoon(view.id)) {
-    return MakeFarMoonPath(moment, view.id, path) && ObserveMoving(moment, false, path, sight, result);
+  const bool isPlanet = IsPlanet(view.id);
+  if (isPlanet || IsFarMoon(view.id)) {
+    StraightPath path;
+    const bool known =
+        isPlanet ? MakePlanetPath(moment, view.id, path) : MakeFarMoonPath(moment, view.id, path);
+    return known && ObserveMoving(moment, false, path, sight, result);
   }
   const auto stateBefore = [&view, &moment](double days, double position[3]) {
     return StateOf(view, moment, days, position, nullptr);

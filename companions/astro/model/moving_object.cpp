@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "companions/astro/model/moving_object.h"
 
-#include <cmath>
-
 #include "astro/constants.h"
 #include "astro/planets.h"
 #include "companions/astro/model/far_moons.h"
@@ -15,8 +13,6 @@ namespace {
 using astro::kKilometresPerAu;
 using astro::kMinutesPerDay;
 using astro::kSecondsPerDay;
-
-bool IsFinite(const double v[3]) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
 
 void AddTo(double v[3], const double share[3], double factor) {
   for (int i = 0; i < 3; ++i) v[i] += factor * share[i];
@@ -58,17 +54,11 @@ bool SatelliteState(const MovingObject& object, const Moment& moment, double bef
 
 bool StateOf(const MovingObject& object, const Moment& moment, double before, double position[3],
              double velocity[3]) {
-  bool known = false;
-  if (object.satellite != nullptr) {
-    known = SatelliteState(object, moment, before, position, velocity);
-  } else if (object.elements != nullptr) {
-    known = OrbitState(*object.elements, object.plane, moment.dateTT - before, position, velocity);
-  } else if (IsFarMoon(object.id)) {
-    known = FarMoonState(object.id, moment.dateTT - before, position, velocity);
-  } else {
-    known = ComputePlanetState(object.id, moment.dateTT - before, position, velocity);
-  }
-  return known && IsFinite(position) && (velocity == nullptr || IsFinite(velocity));
+  const double date = moment.dateTT - before;
+  if (object.satellite != nullptr) return SatelliteState(object, moment, before, position, velocity);
+  if (object.elements != nullptr) return OrbitState(*object.elements, object.plane, date, position, velocity);
+  if (IsFarMoon(object.id)) return FarMoonState(object.id, date, position, velocity);
+  return ComputePlanetState(object.id, date, position, velocity);
 }
 
 }  // namespace astro_internal

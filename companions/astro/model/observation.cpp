@@ -16,7 +16,7 @@ constexpr double kBending = 2.0 * 9.870628e-9;
 
 bool Normalize(const double v[3], double unit[3]) {
   const double length = Vmod(v, 3);
-  if (!(length > 0.0) || !std::isfinite(length)) return false;
+  if (!(length > 0.0)) return false;
   for (int i = 0; i < 3; ++i) unit[i] = v[i] / length;
   return true;
 }
@@ -26,8 +26,8 @@ bool Normalize(const double v[3], double unit[3]) {
 // it. Behind the Sun's disc, where no light comes through, the denominator is held at what it is near the
 // limb.
 void Bend(const Moment& moment, const double fromSun[3], double towards[3]) {
-  double observer[3];
-  if (!Normalize(moment.observer, observer)) return;
+  double observer[3] = {};
+  Normalize(moment.observer, observer);
   const double distance = Vmod(moment.observer, 3);
   const double limit = 1e-5 / std::max(1.0, distance * distance);
   const double factor = kBending / distance / std::max(1.0 + astro::Dot(fromSun, observer), limit);

@@ -63,8 +63,7 @@ struct CQXSolSys::Inside {
     if (const auto* star = std::get_if<StarRecord>(&known->record)) return star;
     if (const auto* deepsky = std::get_if<DeepskyRecord>(&known->record)) return deepsky;
     if (const auto* constellation = std::get_if<ConstellationRecord>(&known->record)) return constellation;
-    const auto* orbit = std::get_if<astro_internal::ReadyOrbit>(&known->record);
-    return orbit != nullptr ? &orbit->elements : nullptr;
+    return &std::get<astro_internal::ReadyOrbit>(known->record).elements;
   }
 
   bool Make(const SSO_ID& id, const void* data, ModelObject& object) const {

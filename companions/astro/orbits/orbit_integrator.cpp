@@ -13,6 +13,8 @@
 #include <array>
 #include <cmath>
 
+#include "companions/astro/geometry/finite.h"
+
 namespace astro_internal {
 namespace {
 
@@ -97,7 +99,7 @@ class Integration {
   bool Begin() {
     double place[kAxes];
     for (int axis = 0; axis < kAxes; ++axis) place[axis] = m_Position[axis].value;
-    return m_Acceleration(m_Time.value, place, m_Start, m_Context) && IsFinite(m_Start);
+    return m_Acceleration(m_Time.value, place, m_Start, m_Context) && AreFinite(m_Start);
   }
 
   double FirstStep() const {
@@ -150,10 +152,6 @@ class Integration {
   }
 
  private:
-  static bool IsFinite(const double v[kAxes]) {
-    return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
-  }
-
   // The polynomial of the last step, continued into this one, with the
   // correction that the last prediction needed.
   void Predict(double step) {

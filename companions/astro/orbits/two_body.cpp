@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "astro/constants.h"
+#include "companions/astro/geometry/finite.h"
 #include "companions/astro/orbits/kepler_equation.h"
 
 namespace {
@@ -70,8 +71,6 @@ void ToSpace(const OrbitPlane& plane, double alongP, double alongQ, double resul
   for (int k = 0; k < 3; ++k) result[k] = alongP * plane.p[k] + alongQ * plane.q[k];
 }
 
-bool IsFinite(const double v[3]) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
-
 // Turns the x axis into the ecliptic's line of nodes: components on ecliptic axes to equatorial ones.
 void FromEcliptic(double v[3]) {
   const double sine = std::sin(kObliquity);
@@ -127,11 +126,11 @@ bool ComputeTwoBodyState(const OrbitalElements& elements, const OrbitPlane& plan
 
   double place[3];
   ToSpace(plane, state.x, state.y, place);
-  if (!IsFinite(place)) return false;
+  if (!astro_internal::AreFinite(place)) return false;
   if (velocity != nullptr) {
     double motion[3];
     ToSpace(plane, state.vx, state.vy, motion);
-    if (!IsFinite(motion)) return false;
+    if (!astro_internal::AreFinite(motion)) return false;
     for (int k = 0; k < 3; ++k) velocity[k] = motion[k];
   }
   for (int k = 0; k < 3; ++k) position[k] = place[k];

@@ -55,26 +55,26 @@ std::optional<PhysicalEphemeris> FindPhysicalEphemeris(const SSO_ID& body, const
                                                        double julianDateTT) {
   const double whenLightLeft = julianDateTT - seen.lightTime;
   const std::optional<BodyRotation> rotation = ComputeRotation(body, whenLightLeft);
-  const std::optional<BodyShape> shape = GetBodyShape(body);
-  if (!rotation || !shape || !(seen.distance > 0.0)) return std::nullopt;
+  const BodyShape shape = GetBodyShape(body).value_or(BodyShape());
+  if (!rotation || !(seen.distance > 0.0)) return std::nullopt;
   const bool eastwards = CountsEastwards(body, *rotation);
   double toDate[9];
   PrecessionNutationMatrix(julianDateTT, toDate);
   const double* north = toDate + 6;
   PhysicalEphemeris result;
   const astro_internal::BodyLight light = astro_internal::LightAt(seen);
-  result.observer = PointBelow(light.toObserver, *rotation, *shape, eastwards);
+  result.observer = PointBelow(light.toObserver, *rotation, shape, eastwards);
   result.poleAngle = PositionAngle(rotation->toBody + 6, seen.astrometric, north);
   if (!(body == kSun)) {
-    result.sun = PointBelow(light.toSun, *rotation, *shape, eastwards);
+    result.sun = PointBelow(light.toSun, *rotation, shape, eastwards);
     const double toSun[3] = {-seen.fromSun[0], -seen.fromSun[1], -seen.fromSun[2]};
     result.brightLimbAngle = PositionAngle(toSun, seen.astrometric, north);
     result.phaseAngle = seen.phaseAngle;
     result.illuminated = 0.5 * (1.0 + std::cos(seen.phaseAngle));
   }
   const double sine = std::sin(result.observer.latitude), cosine = std::cos(result.observer.latitude);
-  result.equatorialRadius = AngularSize(shape->a, seen.distance);
-  result.polarRadius = AngularSize(std::hypot(shape->c * cosine, shape->a * sine), seen.distance);
+  result.equatorialRadius = AngularSize(shape.a, seen.distance);
+  result.polarRadius = AngularSize(std::hypot(shape.c * cosine, shape.a * sine), seen.distance);
   result.julianDate = whenLightLeft;
   std::copy_n(rotation->toBody, 9, result.toBody);
   return result;

@@ -100,7 +100,7 @@ void AddRates(const Strengths& r, double rate, const MeanOrbit& orbit, LunarSola
   const double e2 = orbit.e * orbit.e;
   const double sine = std::sin(orbit.i);
   const bool isFlat = orbit.i < kSmallInclination || orbit.i > kPi - kSmallInclination;
-  const double node = isFlat || sine == 0.0 ? 0.0 : -rate * r.s2 * (r.z21 + r.z23) / sine;
+  const double node = isFlat ? 0.0 : -rate * r.s2 * (r.z21 + r.z23) / sine;
   model.eRate += r.s1 * rate * r.s5;
   model.iRate += r.s2 * rate * (r.z11 + r.z13);
   model.anomalyRate += -rate * r.s3 * (r.z1 + r.z3 - 14.0 - 6.0 * e2);

@@ -26,6 +26,8 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
+bool IsSign(char c) { return c == ' ' || c == '+' || c == '-'; }
+
 // Reads the columns of one line. After the first thing that is wrong it stays
 // failed, with the message of that.
 class Line {
@@ -91,8 +93,7 @@ class Line {
     const int last = first + 7;
     const std::string_view text = Columns(first, last);
     if (Trim(text).empty()) return 0.0;
-    const bool isWellFormed = std::strchr(" +-", text[0]) && std::strchr(" +-", text[6]) && text[0] != '\0' &&
-                              text[6] != '\0' && IsDigit(text[7]);
+    const bool isWellFormed = IsSign(text[0]) && IsSign(text[6]) && IsDigit(text[7]);
     if (!isWellFormed) Fail(first, last, "is no number with a power of ten");
     const double power = std::pow(10.0, text[6] == '-' ? '0' - text[7] : text[7] - '0');
     const double size = GetFraction(first + 1, first + 5) * power;

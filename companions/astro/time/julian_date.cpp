@@ -27,6 +27,9 @@ int SaturateToInt(long long value) {
 
 constexpr long long kFirstDay = DayNumber(-32768, 1, 1, kJulianCalendar);
 constexpr long long kLastDay = DayNumber(32767, 12, 31, kGregorianCalendar);
+// Tenths of a millisecond from the midnight of day number 0.
+constexpr long long kFirstMoment = kFirstDay * kTenthsOfMillisecondPerDay;
+constexpr long long kLastMoment = (kLastDay + 1) * kTenthsOfMillisecondPerDay - 1;
 
 void SetDay(long long dayNumber, CalendarDate& date) {
   const Calendar& calendar = dayNumber < utils::kFirstGregorianDay ? kJulianCalendar : kGregorianCalendar;
@@ -55,8 +58,7 @@ void JD(int day, double fraction, CalendarDate& date) {
   // Day number N begins at noon, half a day after midnight.
   const long long sinceMidnight = day * kTenthsOfMillisecondPerDay + kTenthsOfMillisecondPerDay / 2 +
                                   std::llround(moved * static_cast<double>(kTenthsOfMillisecondPerDay));
-  const long long clamped = std::clamp(sinceMidnight, kFirstDay * kTenthsOfMillisecondPerDay,
-                                       (kLastDay + 1) * kTenthsOfMillisecondPerDay - 1);
+  const long long clamped = std::clamp(sinceMidnight, kFirstMoment, kLastMoment);
   const long long dayNumber = FloorDivide(clamped, kTenthsOfMillisecondPerDay);
   const long long timeOfDay = clamped - dayNumber * kTenthsOfMillisecondPerDay;
   SetDay(dayNumber, date);

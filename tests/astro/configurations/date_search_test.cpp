@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <vector>
 
@@ -17,8 +18,8 @@ struct Zero {
   bool rises;
 };
 
-template <class Function>
-std::vector<Zero> ZerosOf(double from, double to, double step, Function function) {
+std::vector<Zero> ZerosOf(double from, double to, double step,
+                          const std::function<double(double)>& function) {
   std::vector<Zero> zeros;
   FindDates(from, to, step, function, [&zeros](double date, bool rises) { zeros.push_back({date, rises}); });
   return zeros;
@@ -72,6 +73,8 @@ TEST(DateSearch, NothingWhereNothingIsKnown) {
   EXPECT_TRUE(ZerosOf(0.0, 10.0, 0.5, [nan](double) { return nan; }).empty());
   const auto later = [nan](double t) { return t < 4.0 ? nan : std::cos(t); };
   EXPECT_EQ(ZerosOf(0.0, 10.0, 0.5, later).size(), 2u);
+  const auto until = [nan](double t) { return t > 8.0 ? nan : std::cos(t); };
+  EXPECT_EQ(ZerosOf(0.0, 12.0, 0.5, until).size(), 3u) << "pi/2, 3pi/2, 5pi/2";
 }
 
 TEST(DateSearch, PiecesCoverTheSpan) {

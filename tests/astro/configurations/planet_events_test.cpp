@@ -14,6 +14,7 @@
 #include "tests/astro/helpers/event_list.h"
 #include "tests/astro/helpers/measure.h"
 #include "tests/astro/helpers/tsv.h"
+#include "utils/text.h"
 
 namespace {
 
@@ -289,4 +290,35 @@ TEST(PlanetEvents, PlutoHasAShorterRange) {
   ASSERT_EQ(events.size(), 1u);
   EXPECT_NEAR(events[0].moment.julianDateTT, Midnight(1989, 9, 5).julianDateTT, 5.0);
   EXPECT_FALSE(find(Years(2199, 2205), [](const SkyEvent&) {}));
+}
+
+// A star whose record is no place is never seen; the others are.
+TEST(PlanetEvents, ATargetThatIsNowhereIsSaid) {
+  StarRecord nowhere;
+  nowhere.ra = std::nan("");
+  const std::vector<astro::SkyTarget> targets = {
+      {Planet(2), nullptr}, {Planet(5), nullptr}, {SSO_ID(FourCC("star"), 1), &nowhere}};
+  int events = 0;
+  EXPECT_FALSE(astro::FindConjunctions(Years(2023, 2023), targets, [&](const SkyEvent& event) {
+    ++events;
+    EXPECT_TRUE(event.other == Planet(5));
+  }));
+  EXPECT_GT(events, 0) << "Venus passed Jupiter on 2023 March 2";
+}
+
+TEST(PlanetEvents, SpansWithoutDatesAreEmpty) {
+  const double bad[] = {std::nan(""), -HUGE_VAL, HUGE_VAL};
+  for (const double date : bad) {
+    EventSearch from = Years(2023, 2023), to = Years(2023, 2023);
+    from.from.julianDateTT = date;
+    to.to.julianDateTT = date;
+    const auto none = [](const SkyEvent&) { ADD_FAILURE(); };
+    EXPECT_TRUE(astro::FindPlanetApsides(from, Planet(3), none)) << date;
+    EXPECT_TRUE(astro::FindPlanetApsides(to, Planet(3), none)) << date;
+  }
+}
+
+TEST(PlanetEvents, OnlyPlanetsHaveElongations) {
+  const auto none = [](const SkyEvent&) { ADD_FAILURE(); };
+  EXPECT_FALSE(astro::FindGreatestElongations(Years(2023, 2023), SSO_ID(FourCC("star"), 2), none));
 }

@@ -11,6 +11,7 @@
 #include "astro/planets.h"
 #include "tests/astro/helpers/event_list.h"
 #include "tests/astro/helpers/measure.h"
+#include "utils/text.h"
 
 namespace {
 
@@ -173,4 +174,26 @@ TEST(PlanetTransits, SpansThatMeetShareThem) {
     const auto behind = TransitsOf(1, {border, Midnight(2017, 1, 1), {}});
     EXPECT_EQ(before.size() + behind.size(), 1u) << offset;
   }
+}
+
+// Venus stood behind the Sun on 2021 March 26 (Astronomical Almanac).
+TEST(PlanetTransits, APlanetBehindTheSunDoesNotCrossIt) {
+  EXPECT_FALSE(FindPlanetTransit(Planet(2), Midnight(2021, 3, 26), {}));
+}
+
+TEST(PlanetTransits, NoneOfOtherBodiesNorAtNoTime) {
+  const auto none = [](const SkyEvent&) { ADD_FAILURE(); };
+  for (const SSO_ID& body : {SSO_ID(FourCC("star"), 2), astro::kMoon, Planet(4)}) {
+    EXPECT_FALSE(FindPlanetTransit(body, Midnight(2012, 6, 6), {})) << body.number;
+    EXPECT_FALSE(FindPlanetTransits(Years(2012, 2012), body, none)) << body.number;
+  }
+  for (const double date : {std::nan(""), -1e9, 1e9}) {
+    SkyMoment moment = Midnight(2012, 6, 6);
+    moment.julianDateTT = date;
+    EXPECT_FALSE(FindPlanetTransit(Planet(2), moment, {})) << date;
+  }
+  const SkyMoment day = Midnight(2012, 6, 6);
+  EXPECT_TRUE(FindPlanetTransits({day, day, {}}, Planet(2), none)) << "an empty span";
+  const EventSearch early = {astro::MakeMoment(100000, 0.0), astro::MakeMoment(100100, 0.0), {}};
+  EXPECT_FALSE(FindPlanetTransits(early, Planet(2), none));
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "astro/planet_events.h"
+#include "astro/planets.h"
 #include "astro/vectors.h"
 #include "tests/astro/helpers/measure.h"
 #include "tests/astro/helpers/sky_place.h"
@@ -75,4 +76,15 @@ TEST(SkyTrack, SeesNothingOutsideTheRangesAndNotTheEarth) {
   EXPECT_FALSE(track.Observe(pluto, 2200000.0, seen));
   EXPECT_EQ(seen.distance, 0.0);
   EXPECT_TRUE(track.Observe(jupiter, 2451545.0, seen));
+}
+
+// At the first date of the series the light left the Moon before it.
+TEST(SkyTrack, TheMoonsLightMustLieWithinTheSeriesToo) {
+  SkyTrack track;
+  ModelObject moon;
+  ASSERT_TRUE(astro_internal::MakeModelObject(astro::kMoon, nullptr, moon));
+  ObservedBody seen;
+  EXPECT_FALSE(track.Observe(moon, kFirstPlanetDate, seen));
+  EXPECT_EQ(seen.distance, 0.0);
+  EXPECT_TRUE(track.Observe(moon, kFirstPlanetDate + 0.1, seen));
 }

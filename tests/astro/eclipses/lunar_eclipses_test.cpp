@@ -103,3 +103,15 @@ TEST(LunarEclipses, AFullMoonAsideHasNone) {
                               std::nullopt};
   EXPECT_TRUE(Collect(FindLunarEclipses, months).empty());
 }
+
+// Of an eclipse the greatest moment decides to which span it belongs.
+TEST(LunarEclipses, SpansThatMeetAtOneShareItOut) {
+  const SkyMoment greatest = ComputeLunarEclipse(astro_test::Midnight(2026, 3, 3)).value().greatest;
+  const auto count = [](const SkyMoment& from, const SkyMoment& to) {
+    return Collect(FindLunarEclipses, EventSearch{from, to, std::nullopt}).size();
+  };
+  EXPECT_EQ(count(Later(greatest, -2.0), greatest), 0u);
+  EXPECT_EQ(count(Later(greatest, -2.0), Later(greatest, 0.01)), 1u);
+  EXPECT_EQ(count(Later(greatest, -0.01), Later(greatest, 2.0)), 1u);
+  EXPECT_EQ(count(Later(greatest, 0.01), Later(greatest, 2.0)), 0u);
+}

@@ -12,6 +12,7 @@
 #include "astro/solar_system.h"
 #include "astro/vectors.h"
 #include "tests/astro/helpers/events.h"
+#include "tests/astro/helpers/known_orbits.h"
 #include "tests/astro/helpers/measure.h"
 #include "tests/astro/helpers/midnight.h"
 #include "tests/astro/helpers/sky_place.h"
@@ -152,4 +153,50 @@ TEST(Occultations, AGrazeIsFoundHoweverShort) {
 TEST(Occultations, WithoutAPlaceNobodyCanTell) {
   EXPECT_FALSE(
       FindOccultations(SearchYears(2026, 2027), AllTargets(), [](const SkyEvent&) { ADD_FAILURE(); }));
+}
+
+// Of a target that the model does not know nothing can be said; the others are found all the same.
+TEST(Occultations, AnUnknownTargetIsSaidAndTakesNothingFromTheOthers) {
+  const EventSearch search = {astro_test::Midnight(2017, 3, 4), astro_test::Midnight(2017, 3, 6),
+                              At(21.31, -157.86)};
+  const std::vector<OccultationTarget> targets = {{SSO_ID(FourCC("star"), 99), nullptr},
+                                                  kTargets.at("Aldebaran")};
+  int events = 0;
+  EXPECT_FALSE(FindOccultations(search, targets, [&events](const SkyEvent&) { ++events; }));
+  EXPECT_EQ(events, 2);
+}
+
+TEST(Occultations, AnEmptySpanHasNone) {
+  const EventSearch search = {astro_test::Midnight(2017, 3, 6), astro_test::Midnight(2017, 3, 4),
+                              At(21.31, -157.86)};
+  EXPECT_TRUE(Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")}).empty());
+}
+
+// Satellites are too fast for the search, and some of these fall down within the month: whatever it takes
+// them for, the star among them keeps its two moments.
+TEST(Occultations, SatellitesAmongTheTargetsTakeNothingFromTheOthers) {
+  std::vector<OrbitalElements> satellites;
+  for (int i = 0; i < 300; ++i) {
+    OrbitalElements elements = astro_test::Vanguard();
+    elements.epoch = astro_test::Midnight(2017, 2, 18).julianDateTT;
+    elements.e = 0.001;
+    elements.n = 15.0 * kTurn / kMinutesPerDay;
+    elements.i = 0.4;
+    elements.M0 = 0.021 * i;
+    elements.dragTerm = i % 3 == 0 ? 0.0 : 0.02 + 0.0003 * i;
+    satellites.push_back(elements);
+  }
+  std::vector<OccultationTarget> targets = {kTargets.at("Aldebaran")};
+  for (const OrbitalElements& elements : satellites) {
+    targets.push_back({SSO_ID(FourCC("scft"), static_cast<int>(targets.size())), &elements});
+  }
+  const EventSearch search = {astro_test::Midnight(2017, 2, 18), astro_test::Midnight(2017, 3, 20),
+                              At(21.31, -157.86)};
+  const auto alone = Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")});
+  ASSERT_EQ(alone.size(), 2u);
+  std::vector<double> moments;
+  EXPECT_FALSE(FindOccultations(search, targets, [&moments](const SkyEvent& event) {
+    if (event.other.kind == FourCC("star")) moments.push_back(event.moment.julianDateTT);
+  }));
+  EXPECT_EQ(moments, (std::vector{alone[0].moment.julianDateTT, alone[1].moment.julianDateTT}));
 }

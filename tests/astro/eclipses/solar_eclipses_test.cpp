@@ -182,3 +182,73 @@ TEST(SolarEclipses, NoneWhereAndWhenThereIsNone) {
   ASSERT_EQ(events.size(), 1u);
   EXPECT_EQ(events[0].kind, EventKind::kSolarEclipse);
 }
+
+TEST(SolarEclipses, SpansThatMeetAtOneShareItOut) {
+  const SkyMoment greatest = ComputeSolarEclipse(Midnight(2024, 4, 8)).value().greatest;
+  const auto count = [](const SkyMoment& from, const SkyMoment& to) {
+    return Collect(FindSolarEclipses, EventSearch{from, to, std::nullopt}).size();
+  };
+  EXPECT_EQ(count(Later(greatest, -2.0), greatest), 0u);
+  EXPECT_EQ(count(Later(greatest, -2.0), Later(greatest, 0.01)), 1u);
+  EXPECT_EQ(count(Later(greatest, -0.01), Later(greatest, 2.0)), 1u);
+  EXPECT_EQ(count(Later(greatest, 0.01), Later(greatest, 2.0)), 0u);
+}
+
+TEST(SolarEclipses, AtADateBeyondTheSeriesNoPlaceSeesOne) {
+  auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  eclipse->greatest.julianDateTT = 1e7;
+  EXPECT_FALSE(ComputeLocalSolarEclipse(*eclipse, At(32.78, -96.8)));
+}
+
+TEST(SolarEclipses, APathNeedsBothItsEndsAndAStep) {
+  const auto eclipse = ComputeSolarEclipse(Midnight(2024, 4, 8));
+  ASSERT_TRUE(eclipse);
+  EXPECT_FALSE(ComputeEclipsePath(*eclipse, 3600.0).empty());
+  for (const double step : {0.0, -60.0, std::nan("")})
+    EXPECT_TRUE(ComputeEclipsePath(*eclipse, step).empty());
+  GlobalSolarEclipse half = *eclipse;
+  half.centralEnd.reset();
+  EXPECT_TRUE(ComputeEclipsePath(half, 3600.0).empty());
+}
+
+// Albuquerque, 35.08 north, 106.65 west, 2023 October 14 (NASA's table of cities, whole minutes of mountain
+// daylight time): partial from 9:13, annular from 10:34 to 10:39, over at 12:09.
+TEST(SolarEclipses, AnnularInAlbuquerque) {
+  const auto eclipse = ComputeSolarEclipse(Midnight(2023, 10, 14));
+  ASSERT_TRUE(eclipse);
+  const auto local = ComputeLocalSolarEclipse(*eclipse, At(35.08, -106.65, 1600.0));
+  ASSERT_TRUE(local && local->second && local->third);
+  EXPECT_EQ(local->kind, SolarEclipse::kAnnular);
+  const auto minutes = [](const EclipseContact& contact) {
+    return astro_test::DayFraction(contact.moment) * kMinutesPerDay - 6.0 * 60.0;
+  };
+  EXPECT_NEAR(minutes(local->first), 9.0 * 60.0 + 13.0, 1.0);
+  EXPECT_NEAR(minutes(*local->second), 10.0 * 60.0 + 34.0, 1.0);
+  EXPECT_NEAR(minutes(*local->third), 10.0 * 60.0 + 39.0, 1.0);
+  EXPECT_NEAR(minutes(local->last), 12.0 * 60.0 + 9.0, 1.0);
+  // The Moon comes from the west: its following edge passes the Sun's there, its leading one in the east.
+  EXPECT_GT(local->second->positionAngle, kPi);
+  EXPECT_LT(local->third->positionAngle, kPi);
+}
+
+// Beside Bering Strait the Sun of 2021 June 10 is down for an hour about midnight, and its greatest part is
+// covered meanwhile: on one side sooner after the set, on the other sooner before the rise.
+TEST(SolarEclipses, OfASetAndARiseTheOneNearerToTheMaximumCounts) {
+  const auto eclipse = ComputeSolarEclipse(Midnight(2021, 6, 10));
+  ASSERT_TRUE(eclipse);
+  for (const double longitude : {-168.0, -164.0}) {
+    const EarthPlace place = At(66.0, longitude);
+    const auto local = ComputeLocalSolarEclipse(*eclipse, place);
+    ASSERT_TRUE(local && local->bestSeen && local->first.isVisible && local->last.isVisible);
+    EXPECT_FALSE(local->maximum.isVisible);
+    const EventSearch day = {local->first.moment, local->last.moment, place};
+    const auto events = Collect(FindRisings, day, kSun, nullptr, RisingPart::kUpperLimb);
+    const auto sets = OfKind(events, EventKind::kSet), rises = OfKind(events, EventKind::kRise);
+    ASSERT_TRUE(sets.size() == 1u && rises.size() == 1u);
+    const double maximum = local->maximum.moment.julianDateTT, set = sets[0].moment.julianDateTT,
+                 rise = rises[0].moment.julianDateTT;
+    EXPECT_EQ(maximum - set < rise - maximum, longitude < -166.0);
+    EXPECT_NEAR(local->bestSeen->julianDateTT, longitude < -166.0 ? set : rise, 1.0 / kSecondsPerDay);
+  }
+}

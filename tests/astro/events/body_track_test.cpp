@@ -78,3 +78,24 @@ TEST(BodyTrack, OutsideTheRangeOfTheModelThereIsNothing) {
   EXPECT_FALSE(stranger.Get(kJ2000, state));
   EXPECT_TRUE(moon.Get(kJ2000, state));
 }
+
+// Io goes round in 1.77 days: its track takes looks that lie 45 minutes apart.
+TEST(BodyTrack, FollowsTheMoonsOfPlanets) {
+  const SSO_ID io(kMoonKind, 501);
+  astro_internal::BodyTrack track(io, nullptr);
+  CQXSolSys model;
+  model.SetObserverAtEarthCentre();
+  astro_test::Largest direction("track of Io against the model", "arc seconds");
+  for (int i = 0; i < 20; ++i) {
+    const SkyMoment moment = MakeMomentTT(2459000.5 + 17.123 * i);
+    astro_internal::BodyState state;
+    ObservedBody seen;
+    model.SetMoment(moment.julianDateTT, moment.deltaT);
+    ASSERT_TRUE(track.Get(moment.julianDateTT, state) && model.Observe(io, nullptr, seen));
+    double toDate[9], expected[3];
+    PrecessionNutationMatrix(moment.julianDateTT, toDate);
+    MV3prod(toDate, seen.apparent, expected);
+    direction.Note(VectorsAngle(expected, state.apparent) / astro_test::kArcSecond, moment.julianDateTT);
+  }
+  direction.Expect(0.01);
+}

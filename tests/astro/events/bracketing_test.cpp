@@ -39,4 +39,15 @@ TEST(Bracketing, MinimaInTheMiddleAndNextToTheEnds) {
   EXPECT_NEAR(FindMinimum([](double x) { return x; }, -5.0, 5.0, 1e-6), -5.0, 1e-6);
 }
 
+// Two doubles that enclose a zero never meet. A third of the rounds halves what is left.
+TEST(Bracketing, EndsAfterAHundredRoundsWhereTheToleranceCannotBeMet) {
+  int calls = 0;
+  const auto counted = [&calls](double x) {
+    ++calls;
+    return x - 1.0 / 3.0;
+  };
+  EXPECT_NEAR(FindZero(counted, 0.0, -1.0 / 3.0, 1.0, 2.0 / 3.0, 0.0), 1.0 / 3.0, std::pow(0.5, 33.0));
+  EXPECT_EQ(calls, 100);
+}
+
 }  // namespace

@@ -146,6 +146,10 @@ TEST(FindEvents, SaysWhenItCannotTell) {
     EXPECT_FALSE(FindEvents(Years(2020, 2020), ChoiceOf(MakeEventKinds({EventKind(kind)})), any)) << kind;
   }
   EXPECT_EQ(PlanetKinds() & ~astro::GetFoundKinds(), EventKinds());
+  EXPECT_TRUE(astro::GetFoundKinds().all()) << "each kind has a finder";
+  const EventSearch moonless = {astro::MakeMoment(2000000, 0.0), astro::MakeMoment(2000001, 0.0), {}};
+  EXPECT_FALSE(FindEvents(moonless, ChoiceOf(MakeEventKinds({EventKind::kMoonTransit})), any))
+      << "before the theory of Jupiter's moons";
   const EventSearch before = {astro::MakeMoment(100000, 0.0), astro::MakeMoment(100100, 0.0), {}};
   EXPECT_FALSE(FindEvents(before, ChoiceOf(PlanetKinds()), any));
   const EventSearch empty = {Midnight(2020, 1, 1), Midnight(2020, 1, 1), {}};

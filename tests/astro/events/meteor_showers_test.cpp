@@ -129,3 +129,9 @@ TEST(MeteorShowers, NothingOutsideTheRange) {
   const EventSearch before = {astro::MakeMoment(100000, 0.0), astro::MakeMoment(100400, 0.0), {}};
   EXPECT_FALSE(astro::FindShowerMaxima(before, GetVisualShowers(), [](const SkyEvent&) { ADD_FAILURE(); }));
 }
+
+// The radiant of the Ursids never sets in Oslo.
+TEST(MeteorShowers, NobodyKnowsANightBeyondTheSeries) {
+  const astro::SkyMoment moment = astro::MakeMoment(4000000, 0.0);
+  EXPECT_FALSE(FindShowerNight(ShowerOf("URS"), moment, At(59.9, 10.8)));
+}

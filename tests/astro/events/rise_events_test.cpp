@@ -11,6 +11,7 @@
 #include "tests/astro/helpers/measure.h"
 #include "tests/astro/helpers/midnight.h"
 #include "tests/astro/helpers/tsv.h"
+#include "utils/text.h"
 
 using namespace astro;
 using astro_test::At;
@@ -140,4 +141,21 @@ TEST(RiseEvents, WithoutAPlaceOrOfASatelliteNobodyCanTell) {
   const EventSearch search = SearchYears(2026, 2027, At(50.0, 0.0));
   EXPECT_FALSE(FindRisings(search, SSO_ID(FourCC("scft"), 1), nullptr, RisingPart::kCentre, none));
   EXPECT_FALSE(FindRisings(search, SSO_ID(FourCC("astr"), 1), nullptr, RisingPart::kCentre, none));
+}
+
+TEST(RiseEvents, NoKindOfSpacecraftIsSearched) {
+  const EventSearch search = {astro_test::Midnight(2026, 1, 1), astro_test::Midnight(2026, 1, 2),
+                              At(50.0, 0.0)};
+  // A record that would be searched: Ceres' orbit, roughly.
+  OrbitalElements elements;
+  elements.epoch = 2459800.5;
+  elements.a = 2.77;
+  elements.e = 0.08;
+  elements.n = 0.2138 * kRadiansPerDegree;
+  for (const int kind : {FourCC("scft"), FourCC("fSCO"), FourCC("uSCO")}) {
+    EXPECT_FALSE(FindRisings(search, SSO_ID(kind, 1), &elements, RisingPart::kCentre, [](const SkyEvent&) {
+      ADD_FAILURE() << "searched";
+    })) << kind;
+  }
+  EXPECT_EQ(Risings(search, SSO_ID(FourCC("astr"), 1), &elements).size(), 3u);
 }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "astro/planets.h"
 #include "astro/rise_set.h"
 #include "astro/satellite_pass.h"
 #include "companions/astro/events/pass_track.h"
@@ -243,4 +244,102 @@ TEST(SatellitePasses, NothingWhereThereIsNothing) {
   const astro::SkyMoment late = astro_test::Midnight(2005, 12, 20);
   EXPECT_FALSE(FindPasses({late, astro::Later(late, 1.0), astro_test::At(50.0, 10.0)}, {kStation, &falling},
                           {}, [](const SatellitePass&) {}));
+}
+
+// The pass of which the culmination lies a second before the span.
+TEST(SatellitePasses, BelongToTheSpanOfTheirCulmination) {
+  const EventSearch search = Nights(3.0);
+  const auto whole = PassesOf(Station(), search);
+  const astro::SkyMoment after = astro::Later(whole[4].culmination.moment, 1.0 / astro::kSecondsPerDay);
+  EXPECT_EQ(PassesOf(Station(), {after, search.to, search.place}).size(), whole.size() - 5);
+}
+
+TEST(SatellitePasses, NoneInASpanWithoutDates) {
+  const OrbitalElements elements = Station();
+  for (const double bad :
+       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+    EventSearch from = Nights(3.0), to = Nights(3.0);
+    from.from.julianDateTT = -bad;
+    to.to.julianDateTT = bad;
+    EXPECT_TRUE(PassesOf(elements, from).empty());
+    EXPECT_TRUE(PassesOf(elements, to).empty());
+  }
+}
+
+// In the year 3003 nobody knows where the Sun stands.
+TEST(SatellitePasses, WithoutASunThereIsNothingToSee) {
+  OrbitalElements elements = Station();
+  elements.epoch = kLastPlanetDate + 1000.0;
+  const astro::SkyMoment from = astro::MakeMoment(static_cast<int>(elements.epoch), 0.0);
+  PassLimits byDay;
+  byDay.sunAltitude = 90.0 * kDegree;
+  const auto passes = PassesOf(elements, {from, astro::Later(from, 3.0), astro_test::At(52.5, 13.4)}, byDay);
+  EXPECT_GT(passes.size(), 5u);
+  for (const SatellitePass& pass : passes) EXPECT_FALSE(pass.best || pass.intoShadow || pass.outOfShadow);
+}
+
+TEST(SatellitePasses, BeyondTheModelThereAreNoNumbers) {
+  const OrbitalElements elements = Station();
+  const EventSearch search = Nights(1.0);
+  astro_internal::PassTrack track(elements, *search.place, search);
+  EXPECT_TRUE(std::isnan(track.Altitude(80000.0)));
+  EXPECT_TRUE(std::isnan(track.LightMargin(80000.0)));
+  const PassPoint nowhere = track.Look(80000.0, -1.8);
+  EXPECT_FALSE(nowhere.sunlit);
+  EXPECT_EQ(nowhere.distance, 0.0);
+}
+
+TEST(SatellitePasses, OfASpanThatBeginsTooEarlyTheRestIsSearched) {
+  OrbitalElements elements = Station();
+  elements.dragTerm = 0.0;
+  const SatelliteTarget target = {kStation, &elements};
+  const astro::SkyMoment first = astro::MakeMoment(static_cast<int>(elements.epoch) - 73050, 0.5);
+  int passes = 0;
+  const auto count = [&passes](const SatellitePass&) { ++passes; };
+  const auto place = astro_test::At(52.5, 13.4);
+  EXPECT_TRUE(FindPasses({astro::Later(first, 1.0), astro::Later(first, 2.0), place}, target, {}, count));
+  EXPECT_GT(passes, 0);
+  const int inside = passes;
+  EXPECT_FALSE(FindPasses({astro::Later(first, -2.0), astro::Later(first, 2.0), place}, target, {}, count));
+  EXPECT_GE(passes, 2 * inside);
+}
+
+// All of them equally bright, as nobody knows how bright: the highest point that is lit.
+TEST(SatellitePasses, OfUnknownMagnitudeTheHighestIsTheBest) {
+  const OrbitalElements elements = Station();
+  PassLimits byDay;
+  byDay.sunAltitude = 90.0 * kDegree;
+  int lit = 0;
+  FindPasses(Nights(3.0), {kStation, &elements}, byDay, [&lit](const SatellitePass& pass) {
+    if (!pass.best || pass.intoShadow || pass.outOfShadow) return;
+    ++lit;
+    EXPECT_EQ(pass.best->moment.julianDateTT, pass.culmination.moment.julianDateTT);
+  });
+  EXPECT_GT(lit, 0);
+}
+
+// In the evening it goes into the shadow, in the morning it comes out of it.
+TEST(SatellitePasses, TheShadowBeginsAndEndsAtTheSunlightsEdge) {
+  const OrbitalElements elements = Station();
+  int into = 0, out = 0;
+  for (const double latitude : {-40.0, -20.0, 50.0}) {
+    EventSearch search = Nights(3.0);
+    search.place = astro_test::At(latitude, 13.4);
+    astro_internal::PassTrack track(elements, *search.place, search);
+    const auto lit = [&track](const PassPoint& edge, double seconds) {
+      return track.LightMargin(track.DayOf(edge.moment) + seconds / astro::kSecondsPerDay) > 0.0;
+    };
+    for (const SatellitePass& pass : PassesOf(elements, search)) {
+      if (pass.intoShadow) {
+        ++into;
+        EXPECT_TRUE(lit(*pass.intoShadow, -1.0) && !lit(*pass.intoShadow, 1.0));
+      }
+      if (pass.outOfShadow) {
+        ++out;
+        EXPECT_TRUE(!lit(*pass.outOfShadow, -1.0) && lit(*pass.outOfShadow, 1.0));
+      }
+    }
+  }
+  EXPECT_GT(into, 0);
+  EXPECT_GT(out, 0);
 }

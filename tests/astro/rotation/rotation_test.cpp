@@ -84,3 +84,24 @@ TEST(Rotation, ShapesOfTheReport) {
   EXPECT_FALSE(GetBodyShape(SSO_ID(FourCC("moon"), 999)));
   EXPECT_FALSE(GetBodyShape(Planet(0)));
 }
+
+TEST(Rotation, CloudsOfOtherKindsAndAtNoTimeHaveNoShift) {
+  EXPECT_FALSE(CloudLongitudeShift(SSO_ID(FourCC("star"), 5), CloudSystem::kFirst, 2451545.0));
+  EXPECT_FALSE(CloudLongitudeShift(Planet(5), CloudSystem::kFirst, std::numeric_limits<double>::quiet_NaN()));
+}
+
+// Who finds a rotation relies on it.
+TEST(Rotation, WhatTurnsHasAShape) {
+  int found = 0;
+  for (const int kind : {FourCC("plnt"), FourCC("moon")}) {
+    for (int number = 0; number < 1000; ++number) {
+      const SSO_ID body(kind, number);
+      if (!ComputeRotation(body, 2451545.0)) continue;
+      ++found;
+      const auto shape = GetBodyShape(body);
+      ASSERT_TRUE(shape) << number;
+      EXPECT_GT(shape->c, 0.0);
+    }
+  }
+  EXPECT_GT(found, 20);
+}

@@ -20,10 +20,11 @@ namespace astro {
 using EventKinds = std::bitset<kEventKinds>;
 
 // The set of those in the list.
-inline EventKinds MakeEventKinds(std::initializer_list<EventKind> list) {
-  EventKinds kinds;
-  for (const EventKind kind : list) kinds.set(static_cast<std::size_t>(kind));
-  return kinds;
+constexpr EventKinds MakeEventKinds(std::initializer_list<EventKind> list) {
+  static_assert(kEventKinds <= 64);
+  unsigned long long kinds = 0;
+  for (const EventKind kind : list) kinds |= 1ULL << static_cast<unsigned>(kind);
+  return EventKinds(kinds);
 }
 
 // What is looked for. What the spans refer to is the caller's.
