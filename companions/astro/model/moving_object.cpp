@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include "companions/astro/model/moving_object.h"
+#include "companions/astro/geometry/finite.h"
 
 #include "astro/constants.h"
 #include "astro/planets.h"
+#include "companions/astro/geometry/finite.h"
 #include "companions/astro/model/far_moons.h"
 
 namespace astro_internal {
@@ -50,15 +52,21 @@ bool SatelliteState(const MovingObject& object, const Moment& moment, double bef
   return true;
 }
 
-}  // namespace
-
-bool StateOf(const MovingObject& object, const Moment& moment, double before, double position[3],
-             double velocity[3]) {
+bool FindState(const MovingObject& object, const Moment& moment, double before, double position[3],
+               double velocity[3]) {
   const double date = moment.dateTT - before;
   if (object.satellite != nullptr) return SatelliteState(object, moment, before, position, velocity);
   if (object.elements != nullptr) return OrbitState(*object.elements, object.plane, date, position, velocity);
   if (IsFarMoon(object.id)) return FarMoonState(object.id, date, position, velocity);
   return ComputePlanetState(object.id, date, position, velocity);
+}
+
+}  // namespace
+
+bool StateOf(const MovingObject& object, const Moment& moment, double before, double position[3],
+             double velocity[3]) {
+  if (!FindState(object, moment, before, position, velocity)) return false;
+  return AreFinite(position) && (velocity == nullptr || AreFinite(velocity));
 }
 
 }  // namespace astro_internal

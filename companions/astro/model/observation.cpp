@@ -16,7 +16,7 @@ constexpr double kBending = 2.0 * 9.870628e-9;
 
 bool Normalize(const double v[3], double unit[3]) {
   const double length = Vmod(v, 3);
-  if (!(length > 0.0)) return false;
+  if (!(length > 0.0) || !std::isfinite(length)) return false;
   for (int i = 0; i < 3; ++i) unit[i] = v[i] / length;
   return true;
 }
