@@ -48,8 +48,8 @@ TEST_F(FavouritesTest, NoneAreTakenFromAnotherBlockOrNoFile) {
   EXPECT_EQ(into.GetFieldCount(), 0);
 }
 
-// As long as the file is cut somewhere in them: the key of 8 bytes, the count of sections, the one section of 13
-// bytes, the count of fields, the first and the second.
+// Header and key have 8 bytes each; then come the count of sections, the section of 13 bytes, the count of
+// fields, the first one and the second.
 TEST_F(FavouritesTest, ThoseBeforeACutAreTaken) {
   const std::string whole = FileWithTwo(kOwner);
   constexpr std::size_t kFields = 8 + 8 + 2 + 13 + 4;
