@@ -13,7 +13,7 @@ a copy below build/mutants, never here.
 --seed S      another choice of faults (1)
 --minutes M   end after that time with what was tried so far
 --more        go on where the last run ended, up to N faults in all
---again       only those that survived the last time
+--again       only those that survived the last time; what is gone from the sources goes from the table
 --sanitize    in a build with the sanitizers, which notice what is written beside an array
 
 The cases of the tests that bear the name of the source run first, then the others, those that take long last. The next
@@ -180,6 +180,11 @@ def run(root, options):
     results = [row for row in rows if not options.again or row.outcome in ("caught", "unchanged")]
     waiting = {row[2:3] + row[4:]: row for row in rows if row not in results}
     end = time.monotonic() + 60 * options.minutes
+
+    def write():
+        table.write_text("".join("\t".join(row) + "\n" for row in [COLUMNS, *results, *waiting.values()]),
+                         encoding="utf-8")
+
     for name, fault in chosen_faults(tree, options, rows):
         if time.monotonic() > end or (not options.again and len(results) >= options.count):
             break
@@ -189,8 +194,10 @@ def run(root, options):
             waiting.pop(result[2:3] + result[4:], None)
             if result.outcome == "survived":
                 print(f"{result.file}:{result.line}: {result.kind}: {result.before}  ->  {result.after}", flush=True)
-            table.write_text("".join("\t".join(row) + "\n" for row in [COLUMNS, *results, *waiting.values()]),
-                             encoding="utf-8")
+            write()
+    else:
+        waiting.clear()  # their lines are gone
+        write()
     return results
 
 
