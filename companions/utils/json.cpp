@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "utils/json.h"
 
-#include "utils/code_page.h"
+#include "utils/utf8.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "utils/code_page.h"
+#include "utils/utf8.h"
 
 namespace {
 

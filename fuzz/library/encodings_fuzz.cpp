@@ -7,6 +7,7 @@
 #include "fuzz/scratch.h"
 #include "utils/code_page.h"
 #include "utils/json.h"
+#include "utils/utf8.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include "utils/code_page.h"
 #include "utils/locale.h"
+#include "utils/utf8.h"
 
 namespace scene {
 namespace {

@@ -1,21 +1,18 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "scene/interface_c/sky.h"
 #include "utils/debug.h"
 #include "utils/numbers.h"
+#include "utils/utf8.h"
 
 namespace {
 
 // The whole characters of the name that an identifier has room for, without what would tear its line.
 void SetName(std::string_view name, SSO_ID& id) {
-  std::size_t length = std::min(name.size(), sizeof id.name - 1);
-  while (length < name.size() && length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80)
-    --length;
-  std::memcpy(id.name, name.data(), length);
+  const std::size_t length = FitUtf8(name, sizeof id.name - 1).copy(id.name, sizeof id.name - 1);
   id.name[length] = '\0';
 }
 

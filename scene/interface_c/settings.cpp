@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: the common_interfaces authors
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 
@@ -12,6 +11,7 @@
 #include "scene/visibility/setting_change.h"
 #include "scene/visibility/setting_form.h"
 #include "scene/visibility/setting_values.h"
+#include "utils/utf8.h"
 
 namespace {
 
@@ -27,10 +27,7 @@ void Copy(const std::string& text, char (&place)[N]) {
 // As much of a text of UTF-8 as there is room for, without half a character at its end.
 template <std::size_t N>
 void CopyText(const std::string& text, char (&place)[N]) {
-  std::size_t length = std::min(text.size(), N - 1);
-  while (length < text.size() && length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
-    --length;
-  Copy(text.substr(0, length), place);
+  Copy(std::string(FitUtf8(text, N - 1)), place);
 }
 
 SceneField Describe(const SettingField& field) {

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "utils/code_page.h"
 #include "utils/text.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

@@ -7,6 +7,7 @@
 #include "skydata/files/object_names.h"
 #include "skydata/files/text_lines.h"
 #include "skydata/strings/rules.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

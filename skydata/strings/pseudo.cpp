@@ -8,6 +8,7 @@
 
 #include "common_interfaces/text_formats.h"
 #include "skydata/strings/rules.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

@@ -8,6 +8,7 @@
 #include "skydata/files/text_lines.h"
 #include "skydata/files/whole_file.h"
 #include "utils/text.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "skydata/files/source_error.h"
 #include "skydata/strings/check.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

@@ -8,11 +8,10 @@
 #include "scene/words/event_title.h"
 #include "skyview/almanac/event_formats.h"
 #include "utils/messages.h"
+#include "utils/utf8.h"
 
 namespace skyview {
 namespace {
-
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 std::string FormatBody(const SSO_ID& id) {
   if (id.IsEmpty()) return "";
@@ -55,8 +54,7 @@ std::string FoldCalendarLine(std::string_view utf8) {
   std::string text;
   std::size_t room = kMost;
   while (utf8.size() > room) {
-    std::size_t end = room;
-    while (end > 0 && IsContinuation(utf8[end])) --end;
+    std::size_t end = FitUtf8(utf8, room).size();
     if (end == 0) end = room;  // no character is that long
     text.append(utf8.substr(0, end)).append("\r\n ");
     utf8.remove_prefix(end);

@@ -4,24 +4,20 @@
 
 #include <algorithm>
 
+#include "utils/utf8.h"
+
 namespace skyview {
 namespace {
-
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), ' '); }
 
 }  // namespace
 
-int CountCharacters(const std::string& utf8) {
-  return static_cast<int>(std::count_if(utf8.begin(), utf8.end(), [](char c) { return !IsContinuation(c); }));
-}
-
 std::string CutTo(const std::string& utf8, int characters) {
   if (CountCharacters(utf8) <= characters) return utf8;
   std::size_t end = 0;
   for (int count = 0; end < utf8.size(); ++end) {
-    if (!IsContinuation(utf8[end]) && ++count == characters) break;
+    if (!ContinuesCharacter(utf8[end]) && ++count == characters) break;
   }
   return utf8.substr(0, end) + ".";
 }

@@ -7,9 +7,7 @@
 
 namespace skyview {
 
-// How many columns of a terminal a text takes: its characters, UTF-8.
-int CountCharacters(const std::string& utf8);
-// The first so many of them, the last one replaced by a full stop where the text is cut.
+// The first so many characters of a text in UTF-8, the last one replaced by a full stop where it is cut.
 std::string CutTo(const std::string& utf8, int characters);
 
 // The items with commas between, on lines of at most so many characters, those behind the first indented.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "skyview/session/favourite_list.h"
 
-#include <cstring>
 #include <filesystem>
 #include <optional>
 
@@ -14,6 +13,7 @@
 #include "utils/messages.h"
 #include "utils/near_names.h"
 #include "utils/path.h"
+#include "utils/utf8.h"
 #include "utils/whole_file.h"
 
 namespace skyview {
@@ -25,11 +25,7 @@ constexpr const char* kFile = "catalogs:favourites.txt";
 
 // The whole characters of the name that an identifier has room for.
 void SetName(const std::string& name, SSO_ID& id) {
-  constexpr std::size_t kRoom = sizeof id.name - 1;
-  const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-  std::size_t length = name.size();
-  while (length > kRoom || (length > 0 && isContinuation(name[length]))) --length;
-  std::memcpy(id.name, name.data(), length);
+  const std::size_t length = FitUtf8(name, sizeof id.name - 1).copy(id.name, sizeof id.name - 1);
   id.name[length] = '\0';
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/utils/code_page_tables.h"
+#include "utils/utf8.h"
 
 namespace {
 
@@ -100,24 +101,9 @@ TEST(CodePage, OverlongFormsAreRefused) {
   EXPECT_EQ(BadByteOf("\xF0\x80\x83\xA4"), 0);  // and in four
 }
 
-TEST(CodePage, TheFirstCharacterOfEachLengthIsTaken) {
-  EXPECT_EQ(DecodeUtf8("\xC2\x80", 0, nullptr), 0x80);
-  EXPECT_EQ(DecodeUtf8("\xE0\xA0\x80", 0, nullptr), 0x800);
-  EXPECT_EQ(DecodeUtf8("\xF0\x90\x80\x80", 0, nullptr), 0x10000);
-}
-
 TEST(CodePage, SurrogatesAreRefused) {
   EXPECT_EQ(BadByteOf("\xED\xA0\x80"), 0);
   EXPECT_EQ(BadByteOf("\xED\xBF\xBF"), 0);
-  EXPECT_EQ(DecodeUtf8("\xED\x9F\xBF", 0, nullptr), 0xD7FF);
-  EXPECT_EQ(DecodeUtf8("\xEE\x80\x80", 0, nullptr), 0xE000);
-}
-
-TEST(CodePage, CharactersBeyondTheLastAreRefused) {
-  EXPECT_EQ(DecodeUtf8("\xF4\x8F\xBF\xBF", 0, nullptr), 0x10FFFF);
-  EXPECT_EQ(DecodeUtf8("\xF4\x90\x80\x80", 0, nullptr), -1);
-  for (const char* first : {"\xF5\x80\x80\x80", "\xF8\x88\x80\x80", "\xFE", "\xFF"})
-    EXPECT_EQ(DecodeUtf8(first, 0, nullptr), -1);
 }
 
 TEST(CodePage, TruncatedCharactersAreRefused) {
@@ -129,21 +115,6 @@ TEST(CodePage, TruncatedCharactersAreRefused) {
 TEST(CodePage, AContinuationByteAloneIsRefused) {
   EXPECT_EQ(BadByteOf("ab\x80"), 2);
   EXPECT_EQ(BadByteOf("\u00E4\xA4"), 2);
-}
-
-TEST(CodePage, DecodingSaysHowManyBytesACharacterHas) {
-  int length = 0;
-  const std::string text = "a\u00E4\u20AC\U0001F52D\x80";
-  EXPECT_EQ(DecodeUtf8(text, 0, &length), 'a');
-  EXPECT_EQ(length, 1);
-  EXPECT_EQ(DecodeUtf8(text, 1, &length), 0xE4);
-  EXPECT_EQ(length, 2);
-  EXPECT_EQ(DecodeUtf8(text, 3, &length), 0x20AC);
-  EXPECT_EQ(length, 3);
-  EXPECT_EQ(DecodeUtf8(text, 6, &length), 0x1F52D);
-  EXPECT_EQ(length, 4);
-  EXPECT_EQ(DecodeUtf8(text, 10, &length), -1);
-  EXPECT_EQ(length, 1);
 }
 
 TEST(CodePage, NullOutputsAreAllowed) {

@@ -9,6 +9,7 @@
 #include "support/temp_dir.h"
 #include "tests/skydata/strings/fixture.h"
 #include "utils/code_page.h"
+#include "utils/utf8.h"
 
 namespace skydata {
 namespace {

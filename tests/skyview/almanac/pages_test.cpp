@@ -11,8 +11,8 @@
 #include <sstream>
 
 #include "paint/picture_file.h"
-#include "skyview/almanac/text_table.h"
 #include "skyview/small_sky.h"
+#include "utils/utf8.h"
 
 using host_test::SmallSky;
 
@@ -31,7 +31,7 @@ void ExpectPage(const std::string& text) {
   std::istringstream in(text);
   int lines = 0;
   for (std::string line; std::getline(in, line); ++lines) {
-    EXPECT_LE(skyview::CountCharacters(line), kPageWidth) << line;
+    EXPECT_LE(CountCharacters(line), kPageWidth) << line;
     EXPECT_FALSE(line.ends_with(' ')) << line;
   }
   EXPECT_LE(lines, kPageLength);

@@ -26,7 +26,3 @@ UTILS_API std::string CodePageToUtf8(CodePage page, const std::string& text);
 // The text in the code page. False, with the offset of the first byte that is no UTF-8 or whose character the
 // page lacks in `badByte` and nothing in `text`; null for either output is allowed.
 UTILS_API bool Utf8ToCodePage(CodePage page, const std::string& utf8, std::string* text, int* badByte);
-
-// The character at byte `at` of a text in UTF-8 (0 <= at < size), with the number of its bytes in `length`;
-// -1 and 1 where none begins, is cut off, overlong or a surrogate. A null `length` is allowed.
-UTILS_API int DecodeUtf8(const std::string& utf8, int at, int* length);
