@@ -24,7 +24,8 @@ bool ReadRecord(SettingsData& settings, const char* file) {
   return settings.GetCurSection() == kCameraSection;
 }
 
-// Whether a record of that identifier is what reading the file would look for and not find.
+// Whether the file has no record of that identifier, which reading it looks for first. What a saved view
+// holds may look like the key of one.
 bool LacksRecord(SettingsData& settings, const char* file, unsigned id) {
   return !SettingsData::HoldsBlock(file, id, settings.GetID()) &&
          !SettingsData::HoldsBlock(file, id, SettingsData::kDefaultsTag);
@@ -35,7 +36,12 @@ bool LacksRecord(SettingsData& settings, const char* file, unsigned id) {
 bool Camera::ReadSelf(const char* file, unsigned id) {
   const ChangesObject use(this, "Camera");
   if (m_Settings == nullptr) return false;
-  if (id == kCameraSettingsId) return ReadFrom(*m_Settings, file, id);
+  if (id == kCameraSettingsId) {
+    if (ReadFrom(*m_Settings, file, id)) return true;
+    // What is left of a damaged file must not be saved with the next view.
+    if (file != nullptr) m_Settings->Read(nullptr);
+    return false;
+  }
   SettingsData settings(m_Owner, id, kSettingsFile);
   return ReadFrom(settings, file, id);
 }

@@ -3,6 +3,7 @@
 //
 // Reading settings files. What becomes of a block beside the defaults is in settings_merge.cpp.
 #include "common_interfaces/settings_data.h"
+#include "settings/block_walk.h"
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
 #include "utils/bytes.h"
@@ -107,7 +108,8 @@ bool SettingsData::HoldsBlock(const char* fileName, unsigned owner, unsigned id)
   MFile file;
   if (path.empty() || !file.Open(path.c_str(), MFile::kRead)) return false;
   ReadSettingsHeader(file);
-  return FindBlock(file, owner, id);
+  Bytes bytes;
+  return FindBlock(file, owner, id) && !(LoadFile(path, bytes) && IsWholeWithout(bytes, owner, id));
 }
 
 unsigned SettingsData::GetNumberParts(const char* fileName, unsigned code) const {

@@ -2,18 +2,16 @@
 // SPDX-License-Identifier: MIT
 //
 // Replacing the container's block in a settings file, so that the file holds it once.
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "common_interfaces/settings_data.h"
+#include "settings/block_walk.h"
 #include "settings/settings_block.h"
 #include "settings/settings_tables.h"
-#include "utils/bytes.h"
 #include "utils/contained_call.h"
 #include "utils/debug.h"
-#include "utils/file.h"
 #include "utils/one_thread.h"
 #include "utils/path.h"
 #include "utils/replace_file.h"
@@ -21,8 +19,6 @@
 namespace CommonInterfaces {
 
 namespace {
-
-using Bytes = std::vector<unsigned char>;
 
 // What stays of a file, to both sides of the place where the new block goes.
 struct KeptBytes {
@@ -34,50 +30,14 @@ void Append(Bytes& to, const Bytes& from, std::size_t begin, std::size_t end) {
             from.begin() + static_cast<std::ptrdiff_t>(end));
 }
 
-// False for a file that exists and cannot be read whole: what cannot be read cannot be kept.
-bool LoadFile(const std::string& path, Bytes& bytes) {
-  if (path.empty()) return true;
-  MFile file;
-  if (!file.Open(path.c_str(), MFile::kRead)) return false;
-  const int length = file.GetLength();
-  if (length < 0) return false;
-  bytes.resize(static_cast<std::size_t>(length));
-  const auto size = static_cast<unsigned>(length);
-  return file.Read(bytes.data(), size) == size;
-}
-
-// Whether a whole block begins at `begin`, and where it ends. Both layouts of field records have one framing.
-bool FindEndOfBlock(const Bytes& bytes, std::size_t begin, std::size_t& end) {
-  std::size_t place = begin;
-  const auto has = [&](std::size_t count) { return bytes.size() - place >= count; };
-  if (!has(kBlockKeySize + 2)) return false;
-  const int sections = static_cast<short>(LoadLE16(bytes.data() + place + kBlockKeySize));
-  place += kBlockKeySize + 2;
-  if (sections < 0 || !has(static_cast<std::size_t>(sections) * kSectionRecordSize + 4)) return false;
-  place += static_cast<std::size_t>(sections) * kSectionRecordSize;
-  const int fields = static_cast<int>(LoadLE32(bytes.data() + place));
-  place += 4;
-  for (int i = 0; i < fields; ++i) {
-    if (!has(kFieldLengthSize)) return false;
-    const unsigned length = LoadLE32(bytes.data() + place);
-    place += kFieldLengthSize;
-    if (length > kMaxFieldRecordSize || !has(length)) return false;
-    place += length;
-  }
-  end = place;
-  return fields >= 0;
-}
-
 // Drops the header and every block with that key. The new block takes the place of the first one, or stands
 // behind the last whole block: bytes that are no block are kept, and never before one that is.
 KeptBytes DropBlock(const Bytes& bytes, unsigned owner, unsigned id) {
   KeptBytes kept;
-  const bool hasHeader =
-      bytes.size() >= sizeof kSettingsFileTag && LoadLE32(bytes.data()) == LoadLE32(kSettingsFileTag);
-  std::size_t place = hasHeader ? std::min<std::size_t>(kSettingsHeaderSize, bytes.size()) : 0;
+  std::size_t place = FindFirstBlock(bytes);
   bool dropped = false;
   for (std::size_t end = 0; FindEndOfBlock(bytes, place, end); place = end) {
-    if (LoadLE32(bytes.data() + place) == owner && LoadLE32(bytes.data() + place + 4) == id) {
+    if (HasKey(bytes, place, owner, id)) {
       dropped = true;
     } else {
       Append(dropped ? kept.behind : kept.before, bytes, place, end);

@@ -241,7 +241,8 @@ class COMMON_INTERFACES_API SettingsData {
 
   // Whether a settings file has a block with exactly that key; the name is resolved as Read does. Owner
   // before id, as in the file, while the constructor takes id before owner: the block of SettingsData(1,
-  // FLTR, ...) is HoldsBlock(..., FLTR, 1).
+  // FLTR, ...) is HoldsBlock(..., FLTR, 1). Bytes inside of a block are no key, as they are for Read, unless
+  // the file is damaged.
   static bool HoldsBlock(const char* fileName, unsigned owner, unsigned id);
 
   // Writes the block so that the file then holds it once: a new file is written beside the one of the work

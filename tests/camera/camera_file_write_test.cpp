@@ -240,6 +240,34 @@ TEST_F(CameraFileWriteTest, SavedAgainAViewStandsOnceAndIsTheNewOne) {
   EXPECT_EQ(FieldValue<int>(view, 7, "m_JT"), 2460001);
 }
 
+TEST_F(CameraFileWriteTest, ViewIsFoundThoughItsValuesLookLikeAKey) {
+  constexpr unsigned kView = 3;
+  const unsigned key[] = {kView, kOwner};
+  double slope;  // 2e-314
+  std::memcpy(&slope, key, sizeof slope);
+  RecordFields fields = CameraFields();
+  ReplaceField(fields, Double("m_slp", slope));
+  ReplaceField(fields, Double("m_Zoom", 4.0));
+  const std::string view = Path("view.data");
+  AppendBlock(view, kCAMR, kView, kCameraSection, fields);
+  camera.CreateDefault();
+  ASSERT_TRUE(camera.ReadSelf(view.c_str(), kView));
+  EXPECT_EQ(camera.GetZoom(), 4.0);
+}
+
+TEST_F(CameraFileWriteTest, NothingOfADamagedFileIsSavedWithTheNextView) {
+  const std::string damaged = Path("damaged.data");
+  AppendBlock(damaged, kCAMR, kOwner, FourCC("junk"), CameraFields());
+  std::filesystem::resize_file(damaged, roots.dir.Read("damaged.data").size() - 1);
+  camera.CreateDefault();
+  ASSERT_TRUE(camera.SaveSelfAll(Path("before.data").c_str(), 7));
+  Camera unlucky(kOwner);
+  unlucky.CreateDefault();
+  ASSERT_FALSE(unlucky.ReadSelf(damaged.c_str(), kCAMR));
+  ASSERT_TRUE(unlucky.SaveSelfAll(Path("after.data").c_str(), 7));
+  EXPECT_EQ(roots.dir.Read("after.data"), roots.dir.Read("before.data"));
+}
+
 TEST_F(CameraFileWriteTest, WhatCannotBeSavedWholeIsNotSavedAndTold) {
   const DebugCapture debug;
   const std::string view = Path("view.data");

@@ -227,6 +227,15 @@ TEST_F(ReadingFaults, SettingsKeepTheOtherBlocksWhenTheFileCannotBeAskedFor) {
   EXPECT_GE(refused, 4);
 }
 
+// What was found and then cannot be looked at more closely is there.
+TEST_F(ReadingFaults, BlockThatIsFoundCountsWhereTheRestCannotBeRead) {
+  roots.dir.Write("work/named.data",
+                  Header(0) + Block(kOwner, kId, {}, {Int(kPlnt, 1, 24), Int(kPlnt, 2, 6)}));
+  ASSERT_FALSE(SettingsData::HoldsBlock("named.data", 24, 24));
+  const FaultInjection fault(1, "fopen");
+  EXPECT_TRUE(SettingsData::HoldsBlock("named.data", 24, 24));
+}
+
 // Of the last number half is lost.
 TEST_F(ReadingFaults, NumbersOfFlightsBeforeTheErrorAreThere) {
   const std::string table = Words({kGalaxyKind, 2, 5, 6});

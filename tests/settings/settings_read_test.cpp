@@ -207,6 +207,21 @@ TEST_F(SettingsRead, HoldsBlockAsksForExactlyThatKey) {
   EXPECT_TRUE(SettingsData::HoldsBlock("filters.data", kOwner, kDefaults));
 }
 
+TEST_F(SettingsRead, BytesInsideOfABlockAreItsKeyOnlyInADamagedFile) {
+  // A value that is followed by the length of the next field, 24: the key (42, 24).
+  const std::string name = "named.data";
+  const std::string file = Header(5) + Block(kOwner, kId, {}, {Int(kPlnt, 1, 42), Int(kPlnt, 2, 6)});
+  const unsigned length = 24;
+  ASSERT_NE(file.find(LittleEndian(42, 4) + LittleEndian(length, 4)), std::string::npos);
+  roots.dir.Write("work/named.data", file);
+  EXPECT_FALSE(SettingsData::HoldsBlock(name.c_str(), 42, length));
+  EXPECT_TRUE(SettingsData::HoldsBlock(name.c_str(), kOwner, kId));
+  roots.dir.Write("work/named.data", file + "x");
+  EXPECT_TRUE(SettingsData::HoldsBlock(name.c_str(), 42, length));
+  roots.dir.Write("work/named.data", file + Block(42, length, {}, {}));
+  EXPECT_TRUE(SettingsData::HoldsBlock(name.c_str(), 42, length));
+}
+
 TEST_F(SettingsRead, CorrectionFieldsAreLoadedAtConstruction) {
   // No header: the block may stand at the very start.
   roots.dir.Write("data/FilterCorrection.data",
