@@ -30,21 +30,40 @@ std::string FormatHours(int seconds) {
   return text;
 }
 
-std::string TakeDay(Input& input) {
-  char text[32];
+// A day of each year as a rule has it, and which one it is, to some days.
+struct RuleDay {
+  std::string text;
+  int number;
+};
+
+RuleDay TakeDay(Input& input) {
+  RuleDay day;
   switch (input.TakeBelow(3)) {
     case 0:
-      std::snprintf(text, sizeof text, "J%d", 1 + input.TakeBelow(365));
+      day.number = 1 + input.TakeBelow(365);
+      day.text = "J" + std::to_string(day.number);
       break;
     case 1:
-      std::snprintf(text, sizeof text, "%d", input.TakeBelow(366));
+      day.number = input.TakeBelow(366);
+      day.text = std::to_string(day.number);
       break;
     default: {
       const int month = 1 + input.TakeBelow(12), week = 1 + input.TakeBelow(5);
-      std::snprintf(text, sizeof text, "M%d.%d.%d", month, week, input.TakeBelow(7));
+      day.number = (month - 1) * 61 / 2 + week * 7 - 3;
+      day.text =
+          "M" + std::to_string(month) + "." + std::to_string(week) + "." + std::to_string(input.TakeBelow(7));
     }
   }
-  return input.TakeBool() ? std::string(text) + "/" + FormatHours(input.TakeBelow(25) * 3600) : text;
+  if (input.TakeBool()) day.text += "/" + FormatHours(input.TakeBelow(25) * 3600);
+  return day;
+}
+
+// Days that change places, or the year, between one year and the next leave it open which of them was the
+// last one: the C library looks at one year alone.
+bool AreApart(const RuleDay& one, const RuleDay& other) {
+  constexpr int kYear = 366, kMost = 14;
+  const int days = std::abs(one.number - other.number);
+  return days > kMost && days < kYear - kMost;
 }
 
 ZoneFileBuilder TakeZone(Input& input) {
@@ -66,8 +85,8 @@ ZoneFileBuilder TakeZone(Input& input) {
   const int last = zone.types[zone.changes.empty() ? 0 : zone.changes.back().type].offset;
   std::string footer = "STD" + FormatHours(-last);
   if (input.TakeBool()) {
-    footer += "DST" + FormatHours(-last - 3600) + "," + TakeDay(input);
-    footer += "," + TakeDay(input);
+    const RuleDay begin = TakeDay(input), end = TakeDay(input);
+    if (AreApart(begin, end)) footer += "DST" + FormatHours(-last - 3600) + "," + begin.text + "," + end.text;
   }
   zone.footer = "\n" + footer + "\n";
   return zone;
