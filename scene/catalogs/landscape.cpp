@@ -157,7 +157,7 @@ bool LoadLandscape(const SSO_ID& body, int choice, Landscape& landscape, std::st
   };
   const auto found = all ? std::find_if(all->begin(), all->end(), isChosen) : decltype(all->begin())();
   if (!all || found == all->end()) {
-    error = "there is no landscape " + std::to_string(choice);
+    error = "media:surface:panoramas.ini has no landscape " + std::to_string(choice);
     return choice == kDefaultLandscape;
   }
   std::string svg;

@@ -93,7 +93,7 @@ bool StoreHome(Camera& camera, Diagnostics& diagnostics, std::string& error) {
 
 ViewResult GoHome(Camera& camera) {
   if (!camera.FindHome(astro::kEarth)) {
-    return {Failure::kBadData, "--home: there is no home on the Earth (homes store makes one)"};
+    return {Failure::kBadData, "--home: home_params.ini has no home on the Earth (homes store makes one)"};
   }
   camera.GoHome(true);
   if (scene::IsNearSurface(camera)) {

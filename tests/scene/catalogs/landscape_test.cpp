@@ -153,7 +153,7 @@ TEST_F(LoadedLandscape, BodyWithoutLandscapesHasPlainGround) {
 
 TEST_F(LoadedLandscape, UnknownChoiceAndBadPictureAreOneLineEach) {
   EXPECT_FALSE(Load(3, 9));
-  EXPECT_EQ(error, "there is no landscape 9");
+  EXPECT_EQ(error, "media:surface:panoramas.ini has no landscape 9");
   EXPECT_FALSE(Load(4, kDefaultLandscape));
   EXPECT_NE(error.find("bad.svg: is no SVG"), std::string::npos) << error;
 }

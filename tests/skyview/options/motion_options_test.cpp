@@ -128,7 +128,7 @@ TEST(HomeOption, WithoutHomesThereIsNothingToShowOrGoTo) {
   ASSERT_EQ(sky.Run({"homes", "show"}), 0);
   EXPECT_EQ(sky.output.str(), "No homes\n");
   EXPECT_EQ(sky.Run({"--home"}), 1);
-  EXPECT_NE(sky.GetErrorLine().find("--home: there is no home"), std::string::npos);
+  EXPECT_NE(sky.GetErrorLine().find("--home: home_params.ini has no home"), std::string::npos);
 }
 
 TEST(HomeOption, StoringWantsAWorkArea) {
