@@ -128,6 +128,8 @@ TEST(SolarSystem, StarsEndAfterAHundredThousandYears) {
     for (const double days : {36525001.0, 1e12, 1e300}) {
       model.SetMoment(2451545.0 + sign * days, 69.0);
       EXPECT_FALSE(model.Observe(id, &star, seen)) << days;
+      ASSERT_TRUE(model.SetAdditionalObject(id, &star));
+      EXPECT_FALSE(model.Observe(id, nullptr, seen)) << days;
     }
     for (const double deltaT : {1.1e7, 1e300, kInfinity, kNaN}) {
       model.SetMoment(2451545.0, sign * deltaT);
@@ -141,10 +143,11 @@ TEST(SolarSystem, PlaceThatIsSetAgainIsThatOfTheNewMoment) {
   CQXSolSys model;
   for (int i = 0; i < 20; ++i) {
     const double date = 2461056.0 + 37.3 * i, lon = 0.3 * (i / 3), height = i % 2 == 0 ? 0.0 : 2000.0;
+    const double lat = i % 5 < 2 ? 0.8 : -0.3;
     CQXSolSys fresh;
     for (CQXSolSys* one : {&model, &fresh}) {
       one->SetMoment(date, 69.0);
-      one->SetObserverOnEarth(lon, 0.8, height);
+      one->SetObserverOnEarth(lon, lat, height);
     }
     ObservedBody seen, wanted;
     ASSERT_TRUE(model.Observe(SSO_ID(FourCC("moon"), 301), nullptr, seen));

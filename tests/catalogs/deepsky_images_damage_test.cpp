@@ -96,6 +96,15 @@ TEST(DeepskyImages, FieldThatIsNoNumberKeepsItsDefaultAndTheNextOnesTheirColumns
   EXPECT_EQ(image.brightness, 2.0);
 }
 
+// 0.5 degrees of right ascension and -0.25 of declination.
+TEST(DeepskyImages, AnglesMayBeginWithTheirPoint) {
+  Catalog catalog("31 1 .5 -.25 0\n");
+  const DSOImageDesc& image = Only(catalog);
+  EXPECT_NEAR(image.direction[0], 0.999952404, 1e-9);
+  EXPECT_NEAR(image.direction[1], 0.008726452, 1e-9);
+  EXPECT_NEAR(image.direction[2], -0.004363309, 1e-9);
+}
+
 TEST(DeepskyImages, WhatClingsToANumberGoesWithIt) {
   Catalog catalog("31 10x5 90.0y 0 7.5z7 2,3 0.5\n");
   const DSOImageDesc& image = Only(catalog);

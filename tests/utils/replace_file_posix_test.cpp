@@ -58,6 +58,17 @@ TEST(ReplaceFilePosix, WhatFailedOnceFailsForGoodAndKeepsItsReason) {
   EXPECT_TRUE(IsOnlyFile(dir));
 }
 
+TEST(ReplaceFilePosix, NameWithoutAFolderIsOneOfTheCurrentFolder) {
+  const TempDir dir;
+  dir.Write("f", "old");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(dir.Path());
+  EXPECT_EQ(Replace("f", "new"), "done");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(dir.Read("f"), "new");
+  EXPECT_TRUE(IsOnlyFile(dir));
+}
+
 TEST(ReplaceFilePosix, ModeIsKept) {
   const TempDir dir;
   const std::string path = dir.Write("f", "old");

@@ -102,6 +102,20 @@ TEST(Occultations, TheWaxingMoonGoesAheadWithItsDarkEdge) {
   EXPECT_GT(events[1].value, kPi);
 }
 
+TEST(Occultations, OfOneThatHasBegunOnlyTheEndIsFound) {
+  EventSearch search = {astro_test::Midnight(2017, 3, 4), astro_test::Midnight(2017, 3, 6),
+                        At(21.31, -157.86)};
+  const auto whole = Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")});
+  ASSERT_EQ(whole.size(), 2u);
+  search.from = whole[0].moment;
+  search.from.fraction += 1.0 / kMinutesPerDay;
+  search.from.julianDateTT += 1.0 / kMinutesPerDay;
+  const auto rest = Collect(FindOccultations, search, std::vector{kTargets.at("Aldebaran")});
+  ASSERT_EQ(rest.size(), 1u);
+  EXPECT_EQ(rest[0].kind, EventKind::kOccultationEnds);
+  EXPECT_NEAR(rest[0].moment.julianDateTT, whole[1].moment.julianDateTT, 1e-6);
+}
+
 // At its contacts a star stands on the Moon's edge as the model has both, and where the angle says.
 TEST(Occultations, AngleAndHeightAreThoseThatTheModelShows) {
   const EarthPlace honolulu = At(21.31, -157.86);
