@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "astro/constants.h"
 #include "astro/julian_date.h"
 #include "scene/interface_c/sky.h"
 #include "scene/interface_c/unprojection.h"
@@ -38,6 +39,12 @@ const char* FindWrong(const SceneView& view) {
     if (!(bounds.value >= bounds.least && bounds.value <= bounds.most)) return bounds.name;
   }
   return nullptr;
+}
+
+// The traveller comes back, and who stands elsewhere.
+void StandOnEarth(Camera& camera) {
+  if (!scene::IsNearSurface(camera)) camera.SetMovingType(0, false);
+  camera.SetObserver(astro::kEarth);
 }
 
 void SetMoment(double julianDate, Camera& camera) {
@@ -101,6 +108,7 @@ int scene_set_view(SceneSky* sky, const SceneView* view) {
       return scene::Fail(*sky, SCENE_BAD_ARGUMENT, std::string(wrong) + " is out of its range");
     Camera& camera = sky->camera;
     camera.SetWinRect({view->width, view->height, view->width, view->height});
+    StandOnEarth(camera);
     SetMoment(view->julian_date, camera);
     SetPlace(*view, camera);
     camera.SetZoom(view->zoom);

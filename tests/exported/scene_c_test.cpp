@@ -8,6 +8,7 @@
 
 #include "exported/scene_c/checks.h"
 #include "scene/scene_c.h"
+#include "support/camera_settings.h"
 #include "support/temp_dir.h"
 #include "utils/path.h"
 
@@ -26,6 +27,20 @@ class SceneC : public testing::Test {
   void Run(Check check) {
     const char* const wrong = check(CI_DATA_ROOT, m_Folder.Path("kept.data").c_str());
     EXPECT_EQ(wrong, nullptr) << wrong << "\n" << m_Lines;
+  }
+
+  void WriteViewsFromElsewhere() {
+    using namespace test_support;
+    constexpr unsigned kTraveller = 1, kOnMars = 2;
+    const auto write = [this](unsigned number, const RecordFields& fields) {
+      AppendBlock(m_Folder.Path("kept.data"), kCAMR, number, kCameraSection, fields);
+    };
+    RecordFields traveller = CameraFields(), onMars = CameraFields();
+    ReplaceField(traveller, Int8("m_ObsMovingType", 5));
+    ReplaceField(onMars, Int32("m_ObsObjID", 4));
+    ReplaceField(onMars, UInt8("m_BasePlane", 1));
+    write(kTraveller, traveller);
+    write(kOnMars, onMars);
   }
 
   test_support::TempDir m_Folder;
@@ -57,6 +72,16 @@ TEST_F(SceneC, HandsOutTextsAndLanguages) { Run(check_texts); }
 TEST_F(SceneC, SetsOptionsByName) { Run(check_options); }
 TEST_F(SceneC, KeepsFavourites) { Run(check_favourites); }
 TEST_F(SceneC, SavesAndReadsSessions) { Run(check_session); }
+TEST_F(SceneC, RefusesEachArgumentThatIsWrong) { Run(check_arguments); }
+TEST_F(SceneC, TakesNumbersUpToTheirBounds) { Run(check_ranges); }
+TEST_F(SceneC, TellsATravellerWhatCanBeTold) {
+  WriteViewsFromElsewhere();
+  Run(check_traveller);
+}
+TEST_F(SceneC, ComesBackToTheEarthFromAnUnknownHorizon) {
+  WriteViewsFromElsewhere();
+  Run(check_unknown_horizon);
+}
 TEST_F(SceneC, KnowsCallersOfOtherVersionsByTheirSizes) { Run(check_sizes); }
 
 }  // namespace

@@ -83,6 +83,7 @@ typedef struct SceneView {
 /* SCENE_BAD_ARGUMENT for a view of a traveller, whose angles count from no horizon: `view` has then all but
  * them. */
 SCENE_API int scene_get_view(SceneSky* sky, SceneView* view);
+/* Wherever the view was from, it is then from the Earth. */
 SCENE_API int scene_set_view(SceneSky* sky, const SceneView* view);
 /* The view of that number in a file of saved views: a path, or a logical name such as "views:orion.data". The
  * size of the picture stays. What the file holds stays the camera's even when it cannot be drawn, which is

@@ -35,6 +35,10 @@ const char* check_texts(const char* data, const char* file);
 const char* check_options(const char* data, const char* file);
 const char* check_favourites(const char* data, const char* file);
 const char* check_session(const char* data, const char* file);
+const char* check_ranges(const char* data, const char* file);
+const char* check_arguments(const char* data, const char* file);
+const char* check_traveller(const char* data, const char* file);
+const char* check_unknown_horizon(const char* data, const char* file);
 
 #ifdef __cplusplus
 }
