@@ -58,12 +58,12 @@ RuleDay TakeDay(Input& input) {
   return day;
 }
 
-// Days that change places, or the year, between one year and the next leave it open which of them was the
-// last one: the C library looks at one year alone.
-bool AreApart(const RuleDay& one, const RuleDay& other) {
-  constexpr int kYear = 366, kMost = 14;
-  const int days = std::abs(one.number - other.number);
-  return days > kMost && days < kYear - kMost;
+// The C library looks at one year alone, that of Universal Time: where days change places between one year
+// and the next, or fall into another year there, it does not say which of them was the last one.
+bool StayInTheirYear(const RuleDay& one, const RuleDay& other) {
+  constexpr int kYear = 366, kMargin = 14;
+  const auto isInside = [](int day) { return day > kMargin && day < kYear - kMargin; };
+  return isInside(one.number) && isInside(other.number) && std::abs(one.number - other.number) > kMargin;
 }
 
 ZoneFileBuilder TakeZone(Input& input) {
@@ -86,7 +86,8 @@ ZoneFileBuilder TakeZone(Input& input) {
   std::string footer = "STD" + FormatHours(-last);
   if (input.TakeBool()) {
     const RuleDay begin = TakeDay(input), end = TakeDay(input);
-    if (AreApart(begin, end)) footer += "DST" + FormatHours(-last - 3600) + "," + begin.text + "," + end.text;
+    if (StayInTheirYear(begin, end))
+      footer += "DST" + FormatHours(-last - 3600) + "," + begin.text + "," + end.text;
   }
   zone.footer = "\n" + footer + "\n";
   return zone;
