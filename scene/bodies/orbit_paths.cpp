@@ -106,7 +106,8 @@ bool OrbitPaths::Show(int body, double duration) {
   if (entry.id == kSun) return false;
   m_Settings.ShowOrbit(entry.id, true, duration);
   constexpr std::size_t kUsualLines = 2 * kArcs;  // room for them now, so that frames need none
-  m_Lines.reserve(m_Settings.GetOrbits().size() * kUsualLines);
+  const std::size_t wanted = m_Settings.GetOrbits().size() * kUsualLines;
+  if (wanted > m_Lines.capacity()) m_Lines.reserve(std::max(wanted, 2 * m_Lines.capacity()));
   return true;
 }
 
