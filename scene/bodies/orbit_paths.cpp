@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scene/bodies/orbit_paths.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "astro/constants.h"
