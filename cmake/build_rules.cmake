@@ -79,12 +79,13 @@ if(CI_SANITIZE)
   set(ci_is_sanitized 1)
 endif()
 set(CI_TEST_OPTIONS -O0 -g1)
-# The preset sanitize looks at the tests too; where UndefinedBehaviorSanitizer is alone it looks at what they test.
-if(CI_SANITIZE AND NOT CI_SANITIZE MATCHES address)
-  list(APPEND CI_TEST_OPTIONS -fno-sanitize=all)
+# AddressSanitizer looks at the tests too, UndefinedBehaviorSanitizer at what they test.
+if(CI_SANITIZE)
+  list(APPEND CI_TEST_OPTIONS -fno-sanitize=undefined,float-cast-overflow)
 endif()
 
 include(cmake/precompiled_headers.cmake)
+include(cmake/compile_units.cmake)
 
 # ci_compile_parsers_fast(SOURCES...): those that include the command line parser, headers only and the longest to
 # compile of all, are not optimised: it reads a few words a run. Without optimisation they cannot use what is
@@ -106,6 +107,7 @@ function(ci_add_objects name)
   target_link_libraries(${name} PRIVATE ci_compile_rules)
   ci_compile_parsers_fast(${ARGN})
   ci_precompile_objects(${name})
+  ci_make_units(${name})
 endfunction()
 
 # ci_add_library_folder(FOLDER SOURCES...): a folder of the library itself, as target FOLDER_objects.

@@ -3,10 +3,9 @@
 #pragma once
 
 #include "camera/home_fixture.h"
+#include "camera/view_helpers.h"
 
 namespace test_support {
-
-inline constexpr double kDegree = 0.017453292519943295;
 
 inline SphCoor Place(double longitude, double latitude, double distance = 0.0) {
   SphCoor place;

@@ -10,6 +10,7 @@ const address = await loadSource('state/address.ts');
 const storage = await loadSource('state/storage.ts');
 const changes = await loadSource('state/changes.ts');
 const { Clock } = await loadSource('state/clock.ts');
+const { Model } = await loadSource('state/model.ts');
 const steps = await loadSource('panels/time_steps.ts');
 
 // Meeus, Astronomical Algorithms, chapter 7: Julian dates of noon.
@@ -283,4 +284,56 @@ test('a sidereal day is shorter by 3 minutes 55.9 seconds', () => {
   const passed =
     steps.takeStep(at('2026-01-15T12:00Z'), step('siderealDay'), 1, 'UTC') - at('2026-01-15T12:00Z');
   assert.ok(Math.abs((1 - passed) * 86400 - 235.909) < 0.01);
+});
+
+// A worker that does one thing after another, each when the page has heard of the one before.
+function makeScene() {
+  const fields = [{ section: 'grid', name: 'RADecGrid', values: '0', isOn: true }];
+  const options = { legend: '' };
+  const calls = {
+    getPanelFields: () => fields.map((field) => ({ ...field })),
+    getOption: (name) => options[name] ?? '',
+    setOption: (name, value) => void (options[name] = value),
+    changeSetting: (change) => {
+      if (!change.startsWith('grid.RADecGrid=')) throw new Error(`unknown: ${change}`);
+      fields[0].values = change.split('=')[1];
+    },
+  };
+  let done = Promise.resolve();
+  const ask = (work) => (done = done.catch(() => {}).then(() => new Promise(setImmediate)).then(work));
+  const sky = new Proxy({}, { get: (_, name) => (...args) => ask(() => calls[name](...args)) }); // prettier-ignore
+  return { sky, ask, defaults: calls.getPanelFields() };
+}
+
+async function changeWhileWatching(change) {
+  const entries = new Map();
+  const keeper = { getItem: (key) => entries.get(key) ?? null, setItem: (key, text) => entries.set(key, text) };
+  const { sky, ask, defaults } = makeScene();
+  const frames = [];
+  const refresh = () => ask(() => new Promise(setImmediate)).then(() => frames.push(storage.readKept(keeper)));
+  const stage = { sky, refresh, view: { julianDate: 2451545 }, onView() {} };
+  const model = new Model(stage, null, keeper, 'en');
+  model.defaults = defaults;
+  let failure = '';
+  model.onFailure.on((text) => (failure = text));
+  model.run(change(model));
+  await ask(() => {});
+  return { frames, failure };
+}
+
+test('a setting that is seen is kept already', async () => {
+  const { frames, failure } = await changeWhileWatching((model) => model.changeSetting('grid.RADecGrid=1'));
+  assert.deepEqual(frames, [{ changes: ['grid.RADecGrid=1'], options: {} }]);
+  assert.equal(failure, '');
+});
+
+test('an option that is seen is kept already', async () => {
+  const { frames } = await changeWhileWatching((model) => model.setOption('legend', 'on'));
+  assert.deepEqual(frames, [{ changes: [], options: { legend: 'on' } }]);
+});
+
+test('a setting that the scene refuses is told, and nothing of it is kept', async () => {
+  const { frames, failure } = await changeWhileWatching((model) => model.changeSetting('grid.Nothing=1'));
+  assert.equal(failure, 'unknown: grid.Nothing=1');
+  assert.deepEqual(frames, [{ changes: [], options: {} }]);
 });

@@ -102,24 +102,24 @@ export class Model {
   }
 
   async changeSetting(change: string): Promise<void> {
-    await this.sky.changeSetting(change);
-    await this.settingsChanged();
+    await Promise.all([this.sky.changeSetting(change), this.settingsChanged()]);
   }
 
   async setOption(name: string, value: string): Promise<void> {
-    await this.sky.setOption(name, value);
-    await this.settingsChanged();
+    await Promise.all([this.sky.setOption(name, value), this.settingsChanged()]);
   }
 
-  // To be called by whoever changed settings or options by a road of their own.
+  // To be called by whoever changed settings or options by a road of their own. The scene answers in the order in which
+  // it is asked: what the browser is to keep first, then the frame. So a change that is seen is kept, whenever the page
+  // is closed.
   async settingsChanged(): Promise<void> {
+    const asked = [this.sky.getPanelFields(), ...kKeptOptions.map((name) => this.sky.getOption(name))] as const;
     this.stage.refresh();
-    const options: Record<string, string> = {};
-    for (const name of kKeptOptions) {
-      const value = await this.sky.getOption(name);
-      if (value) options[name] = value;
-    }
-    this.keep({ changes: differences(this.defaults, await this.sky.getPanelFields()), options });
+    const [fields, ...values] = await Promise.all(asked);
+    const options = Object.fromEntries(
+      kKeptOptions.map((name, i) => [name, values[i]] as const).filter(([, value]) => value),
+    );
+    this.keep({ changes: differences(this.defaults, fields), options });
     this.onSettings.emit();
   }
 
