@@ -19,9 +19,12 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tests/mutants"))
+
+from source_text import code_of  # noqa: E402
+
 HEADER_FOLDERS = [ROOT, ROOT / "tests", ROOT / "include", ROOT / "scene/include",
                   *(ROOT / "companions").glob("*/include")]
-NOT_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'', re.DOTALL)
 UNNAMED = re.compile(r"^namespace \{$.*?^\}  // namespace$", re.MULTILINE | re.DOTALL)
 WORD = re.compile(r"[A-Za-z_]\w*")
 BARE_WORD = re.compile(r"(?<!::)\b[A-Za-z_]\w*")
@@ -39,15 +42,11 @@ ENUMERATORS = re.compile(r"^enum(?! class)[^{;]*\{([^}]*)\}", re.MULTILINE)
 Source = collections.namedtuple("Source", "path own mentioned bare headers directives")
 
 
-def code_of(text):
-    return NOT_CODE.sub(lambda found: '""' if found[0][0] == '"' else " ", text)
-
-
 def declared_by(statement):
     """The names of `int a = f(1, 2), b[3]` and of `std::string Name(int number) {`."""
     before = None
     while before != statement:
-        before, statement = statement, BRACKETS.sub(lambda found: {"<": ""}.get(found[0][0], "="), statement)
+        before, statement = statement, BRACKETS.sub(lambda found: "" if found[0][0] == "<" else "=", statement)
     pieces = statement.partition("{")[0].split(",")
     return [found[1] for found in map(DECLARATOR.match, pieces) if found]
 

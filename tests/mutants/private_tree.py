@@ -57,7 +57,8 @@ class PrivateTree:
         """Builds the test programs without a fault and keeps their objects. Ends the run where that fails. Programs
         behind the first that this build does not have, because the sanitizers define what they define, are left out."""
         self.refresh()
-        configure = ["cmake", "--preset", self.preset, "-DCI_BUILD_BENCHMARKS=OFF", "--no-warn-unused-cli"]
+        configure = ["cmake", "--preset", self.preset, "-DCI_BUILD_BENCHMARKS=OFF", "-DCI_COMPILE_UNITS=OFF",
+                     "--no-warn-unused-cli"]
         if subprocess.run(configure, cwd=self.tree, stdout=subprocess.DEVNULL).returncode != 0:
             raise SystemExit("script/mutants: the copy of the sources cannot be configured")
         targets = targets[:1] + [target for target in targets[1:] if self.has(target)]
