@@ -107,7 +107,7 @@ function(ci_add_objects name)
   target_link_libraries(${name} PRIVATE ci_compile_rules)
   ci_compile_parsers_fast(${ARGN})
   ci_precompile_objects(${name})
-  ci_make_units(${name})
+  ci_make_units(${name} ALL)
 endfunction()
 
 # ci_add_library_folder(FOLDER SOURCES...): a folder of the library itself, as target FOLDER_objects.

@@ -1,28 +1,36 @@
 # SPDX-FileCopyrightText: the common_interfaces authors
 # SPDX-License-Identifier: MIT
 #
-# Sources of a folder that the compiler reads as one (compile_units.py says which): a build from scratch takes a third of
-# the time. Who changes one source wants it compiled alone, so the presets release and debug have no units; they and
-# wasm32 find a source that lives on what another includes.
+# Sources that the compiler reads as one (compile_units.py says which), so that a build from scratch takes half of the
+# time. Who changes a source waits for its unit, so the preset debug has none. The objects of release and wasm32 are
+# compiled one by one: there a source that lives on what another includes is found.
 
-option(CI_COMPILE_UNITS "Compile sources of a folder together" OFF)
+set(CI_COMPILE_UNITS OFF CACHE STRING "Which sources are compiled together: OFF, TESTS, those of test programs, or ALL")
+set_property(CACHE CI_COMPILE_UNITS PROPERTY STRINGS OFF TESTS ALL)
 
 set(ci_most_in_unit 16)
 
-# ci_make_units(TARGET): of the sources that TARGET has by now.
-function(ci_make_units target)
-  if(NOT CI_COMPILE_UNITS)
+# ci_make_units(TARGET KIND): of the sources that TARGET has by now; KIND: TESTS or ALL.
+function(ci_make_units target kind)
+  if(NOT CI_COMPILE_UNITS STREQUAL kind AND NOT CI_COMPILE_UNITS STREQUAL ALL)
     return()
   endif()
-  get_target_property(sources ${target} SOURCES)
-  list(FILTER sources EXCLUDE REGEX "\\$<")
-  list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ REGEX "^[^/]")
+  # A source that another target of the folder has too keeps its unit: a part of a unit is one as well.
+  set(sources "")
+  get_target_property(all_sources ${target} SOURCES)
+  foreach(source IN LISTS all_sources)
+    get_source_file_property(unit ${source} UNITY_GROUP)
+    if(NOT unit AND NOT source MATCHES "\\$<")
+      cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
+      list(APPEND sources ${source})
+    endif()
+  endforeach()
   execute_process(COMMAND python3 ${PROJECT_SOURCE_DIR}/cmake/compile_units.py ${ci_most_in_unit} ${sources}
     OUTPUT_VARIABLE lines OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   string(REPLACE "\n" ";" lines "${lines}")
   foreach(line IN LISTS lines)
     string(REGEX MATCH "^(.*)\t(.*)$" line "${line}")
-    set_source_files_properties(${CMAKE_MATCH_1} PROPERTIES UNITY_GROUP ${CMAKE_MATCH_2})
+    set_source_files_properties(${CMAKE_MATCH_1} PROPERTIES UNITY_GROUP ${target}_${CMAKE_MATCH_2})
   endforeach()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
   # Fixtures in unnamed namespaces: to GCC only the first file of a unit is no header.
