@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
+#include <set>
 
 #include "scene/frame_helpers.h"
 #include "utils/clock.h"
@@ -86,6 +88,20 @@ TEST(OrbitPaths, SunHasNone) {
   EXPECT_FALSE(f.frame.ShowOrbit(kSunBody, 0.0));
   f.Compute();
   EXPECT_TRUE(f.frame.GetParts().solarSystem.GetOrbits().GetLines().empty());
+}
+
+TEST(OrbitPaths, RoomForLinesDoublesAsOrbitsAreAdded) {
+  FrameFixture f;
+  const auto& lines = f.frame.GetParts().solarSystem.GetOrbits().GetLines();
+  std::set<std::size_t> rooms;
+  unsigned shown = 0;
+  for (int body = 0; body < static_cast<int>(f.catalogs.bodies.size()); ++body) {
+    if (!f.frame.ShowOrbit(body, 0.0)) continue;
+    ++shown;
+    rooms.insert(lines.capacity());
+  }
+  ASSERT_GT(shown, 20u);
+  EXPECT_EQ(rooms.size(), 1u + std::bit_width(shown - 1));
 }
 
 TEST(OrbitPaths, FadeInByTheAnimationClock) {
