@@ -109,9 +109,9 @@ export class Model {
     await Promise.all([this.sky.setOption(name, value), this.settingsChanged()]);
   }
 
-  // To be called by whoever changed settings or options by a road of their own. The scene answers in the order in which
-  // it is asked: what the browser is to keep first, then the frame. So a change that is seen is kept, whenever the page
-  // is closed.
+  // To be called by whoever changed settings or options by a road of their own. The scene answers in the order
+  // in which it is asked: what the browser is to keep first, then the frame. So a change that is seen is kept,
+  // whenever the page is closed.
   async settingsChanged(): Promise<void> {
     const asked = [this.sky.getPanelFields(), ...kKeptOptions.map((name) => this.sky.getOption(name))] as const;
     this.stage.refresh();
